@@ -1,0 +1,129 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "control/component.h"
+#include "control/contract/DatabaseReference.h"
+#include "control/contract/LocaleReference.h"
+#include "control/contract/MsgboxClass.h"
+#include "control/contract/WorkingFolderReference.h"
+#include "control/contract/clientDropDownCtrlReference.h"
+#include "control/contract/enumerations.h"
+#include "control/contract/errorClass.h"
+
+namespace autonotify {
+
+/// The one object through which a host reaches the notification library.
+///
+/// Create it, assign errorClass first, then the other five references, then call operations in any
+/// order. All calls come on the host's interface thread. No operation throws PlatformError: a
+/// failure is settled at the error dialog, and an operation that was left gives its default (False,
+/// 0, -1 or empty text).
+///
+/// The references belong to the process, not to the object: they are not owned and must live until
+/// the library is unloaded.
+class clsAutoNotifyCtrl : public ComponentObject {
+ public:
+  // Properties.
+
+  /// Plain storage for the host; operations that open a window overwrite it.
+  virtual bool get_cancelFlag() const = 0;
+  virtual void put_cancelFlag(bool value) = 0;
+  /// The first assignment in the process wins; later ones are ignored. It is handed on to
+  /// GeneralUtilities and ValidationUtilities.
+  virtual void put_errorClass(errorClass* value) = 0;
+  /// The first assignment wins.
+  virtual void put_MsgboxClass(MsgboxClass* value) = 0;
+  /// The first assignment wins.
+  virtual void put_DatabaseReference(DatabaseReference* value) = 0;
+  virtual DatabaseReference* get_DatabaseReference() const = 0;
+  /// The first assignment wins.
+  virtual void put_WorkingFolderReference(WorkingFolderReference* value) = 0;
+  /// The first assignment wins.
+  virtual void put_LocaleReference(LocaleReference* value) = 0;
+  /// Each assignment replaces the reference held before.
+  virtual void put_clientDropDownCtrlReference(clientDropDownCtrlReference* value) = 0;
+
+  // The state of a schedule entry's notifications.
+
+  /// True when a row stands for the client (a `Schedule.ClientNum`), whatever its state.
+  virtual bool cls_doesClientHaveAssociatedUnsentNotifications(Id clientID) = 0;
+  /// Cancels every row of the client, also those already sent.
+  virtual void cls_cancelAllUnsentNotificationsForClientID(Id clientID) = 0;
+  /// The first row of the schedule entry and channel, or -1.
+  virtual Id cls_getNotificationID(Id itemNum, notifyType remittType) = 0;
+  /// True when the channel's bit is set and its row exists; clears a bit without a row.
+  virtual bool cls_getNotificationStatus(Id ScheduleIDNum, notifyType remittType) = 0;
+  /// Moves the row's date, in any state.
+  virtual void cls_ChangeNotificationNotifiedDate(Id notifyNum, DateTime newDate) = 0;
+  /// Sets or clears the channel's bit of the schedule entry. False when there is no such entry.
+  virtual bool cls_changeNotificationStatus(notifyType remittType, changeStatus statusChange,
+                                            Id ScheduleIDNum) = 0;
+  /// True when an unsent row is dated today or earlier.
+  virtual bool cls_needToSendAutoNotificationsToday() = 0;
+  virtual bool cls_IsEmailSelected(std::uint8_t notification) = 0;
+  virtual bool cls_IsFaxSelected(std::uint8_t notification) = 0;
+  virtual bool cls_IsLetterSelected(std::uint8_t notification) = 0;
+  virtual bool cls_IsPhoneSelected(std::uint8_t notification) = 0;
+
+  // Adding and editing, by channel. An add gives the new row's id, or -1; it leaves
+  // `Schedule.notifyType` to the caller. An edit leaves a field alone when its argument is empty;
+  // the letter's text alone is always written.
+
+  virtual Id cls_addNewEmailNotificationFromScheduleIDNum(Id ScheduleIDNum) = 0;
+  virtual Id cls_addNewEmailNotificationFromScheduleNameAndDueDate(
+      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
+      DateTime dueDate, const std::string& templateComment) = 0;
+  virtual void cls_editEmailNotification(Id notificationNum, const std::string& ToStr = {},
+                                         const std::string& CcStr = {},
+                                         const std::string& BccStr = {},
+                                         const std::string& subjectStr = {},
+                                         const std::string& memoStr = {}) = 0;
+  virtual Id cls_addNewFaxNotificationFromScheduleIDNum(Id ScheduleIDNum) = 0;
+  virtual Id cls_addNewFaxNotificationFromScheduleNameAndDueDate(
+      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
+      DateTime dueDate, const std::string& templateComment) = 0;
+  virtual void cls_editFaxNotification(Id notificationNum, const std::string& ToStr = {},
+                                       const std::string& FromStr = {},
+                                       const std::string& SenderFaxStr = {},
+                                       const std::string& ReceiverFaxStr = {},
+                                       const std::string& PagesStr = {},
+                                       const std::string& subjectStr = {},
+                                       const std::string& memoStr = {}) = 0;
+  virtual Id cls_addNewLetterNotificationFromScheduleIDNum(Id ScheduleIDNum) = 0;
+  virtual Id cls_addNewLetterNotificationFromScheduleNameAndDueDate(
+      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
+      DateTime dueDate, const std::string& templateComment) = 0;
+  virtual void cls_editLetterNotification(Id notificationNum, const std::string& memoStr) = 0;
+  virtual Id cls_addNewPhoneNotificationFromScheduleNameAndDueDate(
+      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
+      DateTime dueDate, const std::string& templateComment) = 0;
+  virtual Id cls_addNewPhoneNotificationFromScheduleIDNum(Id ScheduleIDNum) = 0;
+  virtual void cls_editPhoneNotification(Id notificationNum, const std::string& ToStr = {},
+                                         const std::string& PhoneNumberStr = {},
+                                         const std::string& TimesStr = {},
+                                         const std::string& memoStr = {}) = 0;
+
+  // Copying and deleting.
+
+  virtual void cls_copyOldNotificationInfoToNewNotification(Id newNotificationNum,
+                                                            Id oldNotificationNum) = 0;
+  virtual void cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum(Id newNotificationNum,
+                                                                           Id oldScheduleIDNum) = 0;
+  /// The channel's bit of the schedule entry stays; the caller clears it.
+  virtual void cls_deleteNotification(Id NotifyID) = 0;
+
+  // Dates and texts.
+
+  /// Days of the kind of schedule entry: before the due date positive for display, negative for
+  /// calculation.
+  virtual std::int16_t cls_getNotificationPeriod(Id totalNum, Id ScheduleNum,
+                                                 bool getValueForUserDisplay = false) = 0;
+  /// Moves the notifications of an entry whose due date or kind has changed.
+  virtual void cls_refreshNotificationDate(Id ScheduleIDNum) = 0;
+  /// The merged text of the entry's template; RTF when the template is RTF.
+  virtual std::string cls_generateClientAutoNotifyComment(Id scheduleID) = 0;
+};
+
+}  // namespace autonotify

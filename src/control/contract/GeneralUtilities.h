@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "control/contract/HostObject.h"
+#include "control/contract/errorClass.h"
+#include "platform/Value.h"
+
+namespace autonotify {
+
+/// Small helpers of the host for values and lists.
+class GeneralUtilities : public HostObject {
+ public:
+  static constexpr const char* className = "GeneralUtilities";
+  /// Not owned; null takes it away.
+  virtual void put_errorClass(errorClass* value) = 0;
+  /// True for null and for empty text.
+  virtual bool isValueEmpty(const Value& value) = 0;
+  /// The value made safe for text use: empty text for null; otherwise the value as it is.
+  virtual Value textOrDefault(const Value& value, bool defaultFlag) = 0;
+  /// The key as a numeric field accepts it, 0 for a key that it refuses.
+  virtual int filterKeyPress(int keyCode) = 0;
+};
+
+}  // namespace autonotify

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+namespace autonotify {
+
+/// Base of every object that the host lends to the component or that the component creates by
+/// the name of its class.
+class HostObject {
+ public:
+  virtual ~HostObject() = default;
+};
+
+/// Creates host classes by name. Each interface that the component creates itself carries its
+/// name as `className`: FileUtility, GeneralUtilities, ValidationUtilities, GridColumnList,
+/// ItemLinksClass, EmailSender and so on. Names are matched in any case.
+class HostClassRegistry {
+ public:
+  virtual ~HostClassRegistry() = default;
+  /// A new object of the class, owned by the caller. Throws PlatformError (429) for a name unknown.
+  virtual std::unique_ptr<HostObject> create(std::string_view className) = 0;
+};
+
+}  // namespace autonotify

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "control/contract/procedure.h"
+#include "control/contract/references.h"
+
+namespace autonotify {
+
+// The patterns in which all logic reads and writes tables. Each part is a statement of the caller's
+// frame. A handle is closed by the last statement of its pattern; when the person leaves the
+// procedure before that, it stays open until the database object closes it.
+
+// One host call each, with the reserved arguments as the contract wants them.
+
+RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock);
+void updateField(RecordsetHandle handle, const char* column, const std::string& value);
+bool findRecord(RecordsetHandle handle, const char* column, const std::string& value);
+
+/// The current date and time as it is written into stamp columns.
+std::string nowText();
+
+// The kinds of recordsets in use.
+struct Access {
+  CursorMode cursor;
+  LockMode lock;
+};
+inline constexpr Access keysetRead{CursorMode::keyset, LockMode::readOnly};
+inline constexpr Access keysetUpdate{CursorMode::keyset, LockMode::updatable};
+inline constexpr Access forwardRead{CursorMode::forwardOnly, LockMode::readOnly};
+inline constexpr Access forwardUpdate{CursorMode::forwardOnly, LockMode::updatable};
+
+inline bool isDatabaseOpen(Step& step) {
+  return step.value(false, [] { return database().isDatabaseOpen(); });
+}
+
+/// Opens the recordset, runs `body(handle)` when it holds a row, closes it. True when it held one.
+template <class Body>
+bool withFirstRow(Step& step, const std::string& sql, Access access, Body&& body) {
+  RecordsetHandle handle = noRecordset;
+  step.assign(handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
+  const bool found = step.value(false, [&] { return database().hasRecords(handle); });
+  if (found) body(handle);
+  step.run([&] { database().closeRecordset(handle); });
+  return found;
+}
+
+/// Opens the recordset, runs `body(handle)` for each row until it returns False, closes it.
+template <class Body>
+void forEachRow(Step& step, const std::string& sql, Access access, Body&& body) {
+  withFirstRow(step, sql, access, [&](RecordsetHandle handle) {
+    while (!step.value(true, [&] { return database().isEndOfRecordset(handle); })) {
+      if (!body(handle)) return;
+      step.run([&] { database().moveNext(handle); });
+    }
+  });
+}
+
+/// Adds one row through a handle on the whole table: `setFields(handle)` writes its columns; the
+/// generated key is read before the row is saved. Gives the key, or -1 when reading it was skipped.
+template <class SetFields>
+Id addRow(Step& step, const char* table, const char* keyColumn, SetFields&& setFields) {
+  Id key = noId;
+  RecordsetHandle handle = noRecordset;
+  step.assign(handle, [&] {
+    const std::string sql = std::string("SELECT ") + table + ".* FROM " + table + ";";
+    return openRecordset(sql, CursorMode::keyset, LockMode::updatable);
+  });
+  step.run([&] { database().addNewRecord(handle); });
+  setFields(handle);
+  step.assign(key, [&] { return toInteger(database().getFieldValue(handle, keyColumn)); });
+  step.run([&] { database().saveNewRecord(handle); });
+  step.run([&] { database().closeRecordset(handle); });
+  return key;
+}
+
+/// One column of the row being added. `value()` gives its text and is part of the statement.
+template <class TextOf>
+void setField(Step& step, RecordsetHandle handle, const char* column, TextOf&& value) {
+  step.run([&] { database().setFieldValue(handle, column, value()); });
+}
+
+/// One column of the current row, saved at once. `value()` gives its text and is part of the
+/// statement.
+template <class TextOf>
+void writeField(Step& step, RecordsetHandle handle, const char* column, TextOf&& value) {
+  step.run([&] { updateField(handle, column, value()); });
+}
+
+/// A column of the current row; null when the statement is skipped.
+Value readField(Step& step, RecordsetHandle handle, const char* column);
+
+/// True for null and empty text, as the host's utilities see it. A skipped test reads as True.
+bool isEmpty(Step& step, const Value& value);
+
+/// An integer column of the current row, or `fallback` when it is empty or a statement is skipped.
+Id readId(Step& step, RecordsetHandle handle, const char* column, Id fallback = noId);
+
+/// A text column of the current row, empty for NULL.
+std::string readText(Step& step, RecordsetHandle handle, const char* column);
+
+}  // namespace autonotify

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/DateTime.h"
+
+namespace autonotify {
+
+/// The moment in a pattern of the classic letters, in any case: `d dd ddd dddd` (day, two digits,
+/// short and full weekday), `m mm mmm mmmm` (month), `yy yyyy`, `h hh` (12-hour when the pattern
+/// holds `am/pm`), `n nn` (minutes), `s ss`, `am/pm`. `m` or `mm` right after `h` or `hh` means
+/// minutes. Names are English. "\" makes the next character literal, quotes enclose literal text;
+/// all other characters stand for themselves.
+std::string formatDateTime(DateTime moment, std::string_view pattern);
+
+/// The number in a pattern of `0`, `#`, `.`, `,` (thousands) and literal characters, with an
+/// optional second section after `;` for negative numbers (which then get no sign of their own).
+/// Rounds half away from zero.
+std::string formatNumber(double number, std::string_view pattern);
+
+}  // namespace autonotify

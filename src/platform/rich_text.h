@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace autonotify {
+
+/// True for a text that starts as RTF does ("{\rtf").
+bool isRichText(std::string_view text);
+
+/// The plain text of a rich text, UTF-8: paragraphs and lines end in a line feed, tabs stay, `\'hh`
+/// is read in the declared code page (1252 unless told), `\uN` with its fallback skipped, tables by
+/// tabs, pictures and `\*` destinations left out. A text that is no RTF comes back unchanged. Never
+/// fails: broken RTF gives what can be read. Time is linear in the size.
+std::string plainTextOf(std::string_view richText);
+
+/// The text as RTF content: backslash and braces escaped, line ends as "\par \r\n", characters of
+/// code page 1252 above 127 as `\'hh`, all others as `\uN?`.
+std::string escapeForRichText(std::string_view plainText);
+
+/// One character's byte in code page 1252, or -1 when it has none.
+int codePage1252Of(char32_t character);
+/// The character of a byte in code page 1252.
+char32_t characterOfCodePage1252(unsigned char byte);
+
+}  // namespace autonotify
