@@ -1,0 +1,237 @@
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/utf8.h"
+
+namespace autonotify {
+namespace {
+
+constexpr std::size_t npos = std::string_view::npos;
+
+/// Capitals `first` to `last`, `stride` apart; the small letter stands `distance` above its
+/// capital.
+struct CasePairs {
+  char16_t first;
+  char16_t last;
+  int stride;
+  int distance;
+};
+
+// No pair changes the length in bytes, and none leaves ASCII. Positions found in a folded text are
+// therefore positions in the text itself. That is why U+017F (long s) and the dotted and dotless
+// Turkish letters stand alone.
+constexpr CasePairs casePairs[] = {
+    {'A', 'Z', 1, 32},     {0xC0, 0xD6, 1, 32},   {0xD8, 0xDE, 1, 32},   {0x100, 0x12E, 2, 1},
+    {0x132, 0x136, 2, 1},  {0x139, 0x147, 2, 1},  {0x14A, 0x176, 2, 1},  {0x178, 0x178, 1, -121},
+    {0x179, 0x17D, 2, 1},  {0x200, 0x21E, 2, 1},  {0x386, 0x386, 1, 38}, {0x388, 0x38A, 1, 37},
+    {0x38C, 0x38C, 1, 64}, {0x38E, 0x38F, 1, 63}, {0x391, 0x3A1, 1, 32}, {0x3A3, 0x3AB, 1, 32},
+    {0x400, 0x40F, 1, 80}, {0x410, 0x42F, 1, 32}, {0x460, 0x480, 2, 1},  {0x48A, 0x4BE, 2, 1},
+    {0x4C0, 0x4C0, 1, 15}, {0x4C1, 0x4CD, 2, 1},  {0x4D0, 0x52E, 2, 1},
+};
+constexpr char16_t finalSigma = 0x3C2;
+constexpr char16_t capitalSigma = 0x3A3;
+
+using CaseTable = std::array<char16_t, 0x530>;
+
+struct CaseTables {
+  CaseTable upper{};
+  CaseTable lower{};
+  /// One representative, a small letter, of all characters that differ in case alone.
+  CaseTable folded{};
+};
+
+constexpr CaseTables makeCaseTables() {
+  CaseTables tables;
+  for (std::size_t i = 0; i < tables.upper.size(); ++i)
+    tables.upper[i] = tables.lower[i] = static_cast<char16_t>(i);
+  for (const CasePairs& pairs : casePairs) {
+    for (int capital = pairs.first; capital <= pairs.last; capital += pairs.stride) {
+      const int small = capital + pairs.distance;
+      tables.lower[static_cast<std::size_t>(capital)] = static_cast<char16_t>(small);
+      tables.upper[static_cast<std::size_t>(small)] = static_cast<char16_t>(capital);
+    }
+  }
+  tables.upper[finalSigma] = capitalSigma;
+  for (std::size_t i = 0; i < tables.folded.size(); ++i)
+    tables.folded[i] = tables.lower[tables.upper[i]];
+  return tables;
+}
+
+constexpr CaseTables cases = makeCaseTables();
+
+constexpr char32_t mapped(const CaseTable& table, char32_t character) {
+  return character < table.size() ? table[character] : character;
+}
+
+constexpr bool isAscii(char byte) {
+  return static_cast<unsigned char>(byte) < 0x80;
+}
+
+constexpr char foldedAscii(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte;
+}
+
+std::string converted(std::string_view text, const CaseTable& table) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const Utf8Step step = utf8StepAt(text, at);
+    const char32_t character = mapped(table, step.value);
+    if (character == step.value) {
+      result.append(text, at, step.length);
+    } else {
+      appendUtf8(result, character);
+    }
+    at += step.length;
+  }
+  return result;
+}
+
+/// Whether `sought` stands at `at`. Requires: it fits in there.
+bool standsAt(std::string_view text, std::size_t at, std::string_view sought) {
+  for (std::size_t i = 0; i < sought.size();) {
+    const char left = text[at + i];
+    const char right = sought[i];
+    if (isAscii(left) || isAscii(right)) {
+      if (foldedAscii(left) != foldedAscii(right)) return false;
+      ++i;
+      continue;
+    }
+    const Utf8Step leftStep = utf8StepAt(text, at + i);
+    const Utf8Step rightStep = utf8StepAt(sought, i);
+    if (mapped(cases.folded, leftStep.value) != mapped(cases.folded, rightStep.value)) return false;
+    i += rightStep.length;
+  }
+  return true;
+}
+
+/// The places where a text may begin, in either case of its first character: each of its two
+/// possible first bytes is looked for on its own, and a place once found is kept until it is
+/// passed.
+class FirstByteScanner {
+ public:
+  FirstByteScanner(std::string_view text, std::string_view sought, std::size_t from) : text_(text) {
+    const char32_t folded = mapped(cases.folded, utf8StepAt(sought, 0).value);
+    const char32_t capital = mapped(cases.upper, folded);
+    bytes_ = {firstByteOf(folded, sought[0]), firstByteOf(capital, sought[0])};
+    next_[0] = text.find(bytes_[0], from);
+    next_[1] = bytes_[0] == bytes_[1] ? npos : text.find(bytes_[1], from);
+  }
+
+  /// Requires: `from` never falls.
+  std::size_t firstAtOrAfter(std::size_t from) {
+    for (std::size_t i = 0; i < bytes_.size(); ++i)
+      if (next_[i] < from) next_[i] = text_.find(bytes_[i], from);
+    return std::min(next_[0], next_[1]);
+  }
+
+ private:
+  static char firstByteOf(char32_t character, char illFormed) {
+    if (character >= Utf8Step::illFormedBase) return illFormed;
+    std::string bytes;
+    appendUtf8(bytes, character);
+    return bytes[0];
+  }
+
+  std::string_view text_;
+  std::array<char, 2> bytes_{};
+  std::array<std::size_t, 2> next_{};
+};
+
+std::size_t findFrom(std::string_view text, std::string_view sought, std::size_t from,
+                     FirstByteScanner& scanner) {
+  for (;; ++from) {
+    from = scanner.firstAtOrAfter(from);
+    if (from == npos || text.size() - from < sought.size()) return npos;
+    if (standsAt(text, from, sought)) return from;
+  }
+}
+
+/// `find(from)` gives the next occurrence, or npos.
+template <class Find>
+std::string replaced(std::string_view text, std::size_t soughtSize, std::string_view with,
+                     Find find) {
+  std::string result;
+  std::size_t copied = 0;
+  for (std::size_t at = find(0); at != npos; at = find(copied)) {
+    result.append(text, copied, at - copied).append(with);
+    copied = at + soughtSize;
+  }
+  return result.append(text, copied);
+}
+
+}  // namespace
+
+std::string upperCase(std::string_view text) {
+  return converted(text, cases.upper);
+}
+
+std::string lowerCase(std::string_view text) {
+  return converted(text, cases.lower);
+}
+
+std::string_view trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool equalIgnoreCase(std::string_view left, std::string_view right) {
+  return left.size() == right.size() && standsAt(left, 0, right);
+}
+
+int compareIgnoreCase(std::string_view left, std::string_view right) {
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (i < left.size() && j < right.size()) {
+    const Utf8Step a = utf8StepAt(left, i);
+    const Utf8Step b = utf8StepAt(right, j);
+    const char32_t leftCharacter = mapped(cases.folded, a.value);
+    const char32_t rightCharacter = mapped(cases.folded, b.value);
+    if (leftCharacter != rightCharacter) return leftCharacter < rightCharacter ? -1 : 1;
+    i += a.length;
+    j += b.length;
+  }
+  return (i < left.size()) - (j < right.size());
+}
+
+std::size_t findIgnoreCase(std::string_view text, std::string_view sought, std::size_t from) {
+  if (sought.empty()) return from <= text.size() ? from : npos;
+  if (from > text.size() || text.size() - from < sought.size()) return npos;
+  FirstByteScanner scanner(text, sought, from);
+  return findFrom(text, sought, from, scanner);
+}
+
+std::string replaceAll(std::string_view text, std::string_view sought, std::string_view with) {
+  if (sought.empty()) return std::string(text);
+  return replaced(text, sought.size(), with,
+                  [&](std::size_t from) { return text.find(sought, from); });
+}
+
+std::string replaceAllIgnoreCase(std::string_view text, std::string_view sought,
+                                 std::string_view with) {
+  if (sought.empty()) return std::string(text);
+  FirstByteScanner scanner(text, sought, 0);
+  return replaced(text, sought.size(), with,
+                  [&](std::size_t from) { return findFrom(text, sought, from, scanner); });
+}
+
+std::size_t characterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < text.size(); ++count)
+    at += isAscii(text[at]) ? 1 : utf8StepAt(text, at).length;
+  return count;
+}
+
+bool isValidUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const Utf8Step step = utf8StepAt(text, at);
+    if (!step.isWellFormed()) return false;
+    at += step.length;
+  }
+  return true;
+}
+
+}  // namespace autonotify

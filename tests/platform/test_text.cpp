@@ -1,0 +1,172 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "platform/text.h"
+#include "platform/utf8.h"
+
+namespace autonotify {
+namespace {
+
+constexpr std::size_t npos = std::string::npos;
+
+TEST(Text, changesCaseOfFrenchGreekAndCyrillic) {
+  const struct {
+    const char* upper;
+    const char* lower;
+  } pairs[] = {
+      {"ABYZ019@[`{", "abyz019@[`{"},
+      {"ÀÉÏÔÙÞ", "àéïôùþ"},
+      {"ŒUVRE", "œuvre"},
+      {"ŸÝ", "ÿý"},
+      {"ĀĐĲĹŇŊŶŹŽ", "āđĳĺňŋŷźž"},
+      {"ŢȘȚ", "ţșț"},
+      {"ΆΈΏΑΣΩ", "άέώασω"},
+      {"ЀЖЯҐӀ", "ѐжяґӏ"},
+      {"×÷ß€漢😀«»", "×÷ß€漢😀«»"},
+  };
+  for (const auto& pair : pairs) {
+    EXPECT_EQ(upperCase(pair.lower), pair.upper);
+    EXPECT_EQ(lowerCase(pair.upper), pair.lower);
+    EXPECT_EQ(upperCase(pair.upper), pair.upper);
+    EXPECT_TRUE(equalIgnoreCase(pair.upper, pair.lower));
+  }
+  EXPECT_EQ(upperCase("straße"), "STRAßE");
+  EXPECT_EQ(upperCase("ς"), "Σ");
+  EXPECT_TRUE(equalIgnoreCase("ΟΔΟΣ", "οδος"));
+}
+
+TEST(Text, keepsTurkishLettersApart) {
+  EXPECT_EQ(upperCase("ı"), "ı");
+  EXPECT_EQ(lowerCase("İ"), "İ");
+  EXPECT_FALSE(equalIgnoreCase("I", "ı"));
+}
+
+TEST(Text, noCaseChangeAltersALengthOrComesBackDifferent) {
+  for (char32_t c = 0; c <= 0x3000; ++c) {
+    std::string text;
+    appendUtf8(text, c);
+    ASSERT_EQ(upperCase(text).size(), text.size()) << text;
+    ASSERT_EQ(lowerCase(upperCase(text)), lowerCase(upperCase(lowerCase(text)))) << text;
+    ASSERT_TRUE(equalIgnoreCase(upperCase(text), lowerCase(text))) << text;
+  }
+}
+
+TEST(Text, comparesByFoldedCharacters) {
+  const struct {
+    const char* left;
+    const char* right;
+    int sign;
+  } cases[] = {{"", "", 0},           {"a", "", 1},       {"abc", "ABD", -1}, {"ABC", "abc", 0},
+               {"ab", "ABC", -1},     {"Zoé", "zoë", -1}, {"É", "é", 0},      {"z", "é", -1},
+               {"a\xFF", "a\xFE", 1}, {"_", "A", -1}};
+  for (const auto& [left, right, sign] : cases) {
+    const int result = compareIgnoreCase(left, right);
+    EXPECT_EQ((result > 0) - (result < 0), sign) << left << " / " << right;
+    const int reverse = compareIgnoreCase(right, left);
+    EXPECT_EQ((reverse > 0) - (reverse < 0), -sign) << left << " / " << right;
+  }
+}
+
+TEST(Text, findsInAnyCase) {
+  EXPECT_EQ(findIgnoreCase("Dear «Company Name»", "«COMPANY NAME»"), 5u);
+  EXPECT_EQ(findIgnoreCase("aAa", "A", 1), 1u);
+  EXPECT_EQ(findIgnoreCase("xÉté", "été"), 1u);
+  EXPECT_EQ(findIgnoreCase("ŸŸÿ!", "ÿ!"), 4u);
+  EXPECT_EQ(findIgnoreCase("ς", "Σ"), 0u);
+  EXPECT_EQ(findIgnoreCase("abc", "abcd"), npos);
+  EXPECT_EQ(findIgnoreCase("abc", "bc", 2), npos);
+  EXPECT_EQ(findIgnoreCase("abc", "a", 99), npos);
+  EXPECT_EQ(findIgnoreCase("abc", "", 3), 3u);
+  EXPECT_EQ(findIgnoreCase("abc", "", 4), npos);
+}
+
+TEST(Text, halfACharacterIsNotFoundInAWholeOne) {
+  EXPECT_EQ(findIgnoreCase("é", "\xC3"), npos);
+  EXPECT_EQ(findIgnoreCase("é\xC3", "\xC3"), 2u);
+  EXPECT_EQ(findIgnoreCase("x\xC3", "é"), npos);
+}
+
+TEST(Text, replacesEveryOccurrence) {
+  EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba");
+  EXPECT_EQ(replaceAll("aAa", "a", "aa"), "aaAaa");
+  EXPECT_EQ(replaceAll("abc", "", "x"), "abc");
+  EXPECT_EQ(replaceAll("abc", "abc", ""), "");
+  EXPECT_EQ(replaceAllIgnoreCase("Docket, DOCKET; docke", "docket", "Time Entry"),
+            "Time Entry, Time Entry; docke");
+  EXPECT_EQ(replaceAllIgnoreCase("abc", "", "x"), "abc");
+  EXPECT_EQ(replaceAllIgnoreCase("\xC3\xFF"
+                                 "A",
+                                 "a", "é"),
+            "\xC3\xFF"
+            "é");
+}
+
+/// Folds first and looks afterwards: what finding must give by its definition.
+std::size_t plainFind(const std::string& text, const std::string& sought, std::size_t from) {
+  return lowerCase(text).find(lowerCase(sought), from);
+}
+
+TEST(Text, findingAgreesWithFoldingFirst) {
+  const std::string pieces[] = {"a", "A", "b", "B", "é", "É", "ÿ", "Ÿ", "\\", "'"};
+  std::mt19937 random(20260430);
+  const auto text = [&](std::size_t length) {
+    std::string result;
+    while (length-- > 0) result += pieces[random() % std::size(pieces)];
+    return result;
+  };
+  for (int round = 0; round < 20000; ++round) {
+    const std::string haystack = text(random() % 12);
+    const std::string needle = text(1 + random() % 3);
+    const std::size_t from = random() % (haystack.size() + 2);
+    ASSERT_EQ(findIgnoreCase(haystack, needle, from), plainFind(haystack, needle, from))
+        << haystack << " / " << needle;
+    ASSERT_EQ(lowerCase(replaceAllIgnoreCase(haystack, needle, "-")),
+              replaceAll(lowerCase(haystack), lowerCase(needle), "-"));
+  }
+}
+
+TEST(Text, trimsBlanksAlone) {
+  EXPECT_EQ(trim("  a b  "), "a b");
+  EXPECT_EQ(trim("\t a\n"), "\t a\n");
+  EXPECT_EQ(trim("   "), "");
+  EXPECT_EQ(trim(""), "");
+}
+
+TEST(Text, countsCharactersAndIllFormedBytes) {
+  EXPECT_EQ(characterCount(""), 0u);
+  EXPECT_EQ(characterCount("abc"), 3u);
+  EXPECT_EQ(characterCount("é€😀"), 3u);
+  EXPECT_EQ(characterCount("\xC3\xC3\xA9\xFF"), 3u);
+  EXPECT_EQ(characterCount("\xE2\x82"), 2u);
+}
+
+TEST(Text, keepsIllFormedBytes) {
+  for (const char* text : {"\xFF"
+                           "a",
+                           "\xC3", "\xE2\x82z", "\xC0\x80", "\xED\xA0\x80", "\xF8\x88"}) {
+    EXPECT_FALSE(isValidUtf8(text));
+    EXPECT_EQ(lowerCase(text), text);
+  }
+  EXPECT_EQ(upperCase("\xFF"
+                      "a\xC3"),
+            "\xFF"
+            "A\xC3");
+}
+
+TEST(Text, acceptsExactlyTheScalarValues) {
+  for (char32_t c = 0; c <= 0x10FFFF; c += c < 0x11000 ? 1 : 257) {
+    std::string text;
+    appendUtf8(text, c);
+    ASSERT_TRUE(isValidUtf8(text));
+    const bool surrogate = c >= 0xD800 && c < 0xE000;
+    ASSERT_EQ(utf8StepAt(text, 0).value, surrogate ? replacementCharacter : c);
+    ASSERT_EQ(utf8StepAt(text, 0).length, text.size());
+  }
+  EXPECT_FALSE(isValidUtf8("\xF4\x90\x80\x80"));
+  EXPECT_TRUE(isValidUtf8("\xF4\x8F\xBF\xBF"));
+}
+
+}  // namespace
+}  // namespace autonotify
