@@ -1,0 +1,36 @@
+#include "host/services/ClassRegistry.h"
+
+#include <utility>
+
+#include "host/services/HostFileUtility.h"
+#include "host/services/HostGeneralUtilities.h"
+#include "host/services/HostGridColumnList.h"
+#include "host/services/HostItemLinksClass.h"
+#include "host/services/HostValidationUtilities.h"
+#include "platform/PlatformError.h"
+#include "platform/text.h"
+
+namespace autonotify::host {
+
+ClassRegistry::ClassRegistry() {
+  registerClass<HostFileUtility>();
+  registerClass<HostGeneralUtilities>();
+  registerClass<HostValidationUtilities>();
+  registerClass<HostGridColumnList>();
+  registerClass<HostItemLinksClass>();
+}
+
+void ClassRegistry::registerClass(std::string_view name, Factory factory) {
+  factories_[lowerCase(name)] = std::move(factory);
+}
+
+std::unique_ptr<HostObject> ClassRegistry::create(std::string_view className) {
+  const auto found = factories_.find(lowerCase(className));
+  if (found == factories_.end()) {
+    throw PlatformError(error_number::cannotCreateObject, "Cannot create object",
+                        std::string(className));
+  }
+  return found->second();
+}
+
+}  // namespace autonotify::host

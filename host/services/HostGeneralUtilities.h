@@ -1,0 +1,19 @@
+#pragma once
+
+#include "control/contract/GeneralUtilities.h"
+
+namespace autonotify::host {
+
+class HostGeneralUtilities : public GeneralUtilities {
+ public:
+  void put_errorClass(errorClass* value) override { errors_ = value; }
+  bool isValueEmpty(const Value& value) override;
+  Value textOrDefault(const Value& value, bool defaultFlag) override;
+  /// Digits pass, and every code below the blank: backspace, Enter, Tab, the clipboard's keys.
+  int filterKeyPress(int keyCode) override;
+
+ private:
+  errorClass* errors_ = nullptr;
+};
+
+}  // namespace autonotify::host

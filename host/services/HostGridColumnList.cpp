@@ -1,0 +1,145 @@
+#include "host/services/HostGridColumnList.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/services/grid_column_text.h"
+#include "platform/PlatformError.h"
+
+namespace autonotify::host {
+namespace {
+
+[[noreturn]] void failOutOfRange() {
+  throw PlatformError(error_number::subscriptOutOfRange, "Subscript out of range",
+                      GridColumnList::className);
+}
+
+/// Position of an item within its entry.
+std::size_t columnOf(int item) {
+  if (item < 1 || item > GridColumnList::maxItems) failOutOfRange();
+  return static_cast<std::size_t>(item) - 1;
+}
+
+/// The key of the entry at `position` in a list whose keys run from 1.
+Value runningKey(std::size_t position) {
+  return static_cast<std::int64_t>(position) + 1;
+}
+
+}  // namespace
+
+void HostGridColumnList::clearEntries() {
+  keys_.clear();
+  items_.clear();
+  width_ = 0;
+  current_ = 0;
+  isPositioned_ = false;
+  hasRunningKeys_ = true;
+}
+
+void HostGridColumnList::addEntry(const Value& key, std::span<const Value> items) {
+  if (items.size() > maxItems) {
+    throw PlatformError(error_number::invalidProcedureCall, "Too many items", className);
+  }
+  widen(items.size());
+  hasRunningKeys_ = hasRunningKeys_ && key == runningKey(keys_.size());
+  keys_.push_back(key);
+  items_.insert(items_.end(), items.begin(), items.end());
+  items_.resize(keys_.size() * width_);
+}
+
+int HostGridColumnList::getEntryCount() {
+  return static_cast<int>(keys_.size());
+}
+
+bool HostGridColumnList::moveFirst() {
+  current_ = 0;
+  isPositioned_ = true;
+  return !keys_.empty();
+}
+
+void HostGridColumnList::moveNext() {
+  if (!isAtEnd()) ++current_;
+}
+
+bool HostGridColumnList::isAtEnd() {
+  return !isPositioned_ || current_ >= keys_.size();
+}
+
+bool HostGridColumnList::selectEntry(const Value& key) {
+  std::size_t position = keys_.size();
+  if (hasRunningKeys_) {
+    const auto* number = key.getIf<std::int64_t>();
+    if (number && *number >= 1) position = static_cast<std::size_t>(*number) - 1;
+  } else {
+    position = static_cast<std::size_t>(std::find(keys_.begin(), keys_.end(), key) - keys_.begin());
+  }
+  if (position >= keys_.size()) return false;
+  current_ = position;
+  isPositioned_ = true;
+  return true;
+}
+
+int HostGridColumnList::findEntry(int item, const Value& value) {
+  const std::size_t column = columnOf(item);
+  for (std::size_t entry = 0; entry < keys_.size(); ++entry) {
+    const std::span<Value> items = itemsOf(entry);
+    if (column < items.size() ? items[column] == value : value.isNull()) {
+      current_ = entry;
+      isPositioned_ = true;
+      return static_cast<int>(entry);
+    }
+  }
+  return -1;
+}
+
+Value HostGridColumnList::getItem(int item) {
+  const std::size_t column = columnOf(item);
+  const std::span<Value> items = itemsOf(currentEntry());
+  return column < items.size() ? items[column] : Value();
+}
+
+void HostGridColumnList::setItem(int item, const Value& value) {
+  const std::size_t column = columnOf(item);
+  const std::size_t entry = currentEntry();
+  widen(column + 1);
+  itemsOf(entry)[column] = value;
+}
+
+Value HostGridColumnList::getEntryKey() {
+  return keys_[currentEntry()];
+}
+
+std::string HostGridColumnList::toText() {
+  std::vector<GridColumnEntry> entries;
+  for (std::size_t entry = 0; entry < keys_.size(); ++entry) {
+    const std::span<Value> items = itemsOf(entry);
+    entries.push_back({keys_[entry], {items.begin(), items.end()}});
+  }
+  return gridColumnText(entries);
+}
+
+void HostGridColumnList::fromText(const std::string& text) {
+  clearEntries();
+  for (const GridColumnEntry& entry : parseGridColumnText(text)) addEntry(entry.key, entry.items);
+}
+
+std::size_t HostGridColumnList::currentEntry() const {
+  if (!isPositioned_ || current_ >= keys_.size()) failOutOfRange();
+  return current_;
+}
+
+std::span<Value> HostGridColumnList::itemsOf(std::size_t entry) {
+  return std::span(items_).subspan(entry * width_, width_);
+}
+
+void HostGridColumnList::widen(std::size_t width) {
+  if (width <= width_) return;
+  std::vector<Value> wider(keys_.size() * width);
+  for (std::size_t entry = 0; entry < keys_.size(); ++entry) {
+    std::ranges::move(itemsOf(entry), wider.begin() + static_cast<std::ptrdiff_t>(entry * width));
+  }
+  if (!keys_.empty()) items_ = std::move(wider);
+  width_ = width;
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "control/contract/WorkingFolderReference.h"
+
+namespace autonotify::host {
+
+class HostWorkingFolder : public WorkingFolderReference {
+ public:
+  explicit HostWorkingFolder(std::string folder) : folder_(std::move(folder)) {}
+
+  /// Makes the folder when it is missing, for its owner alone: letters and faxes pass through it.
+  /// Throws PlatformError (76) when it cannot be made.
+  std::string getWorkingFolder() override;
+
+ private:
+  std::string folder_;
+};
+
+}  // namespace autonotify::host

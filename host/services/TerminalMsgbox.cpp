@@ -1,0 +1,55 @@
+#include "host/services/TerminalMsgbox.h"
+
+#include <string_view>
+#include <utility>
+
+namespace autonotify::host {
+namespace {
+
+constexpr int yes = 0;
+constexpr int no = 1;
+
+struct StyleWord {
+  int style;
+  std::string_view word;
+};
+constexpr StyleWord styleWords[] = {
+    {message_style::inputRefused, "Please check: "},
+    {message_style::valueRefused, "Please check: "},
+    {message_style::warning, "Warning: "},
+    {message_style::reportError, "Error: "},
+    {message_style::armedConfirmed, "Scheduled: "},
+};
+
+std::string_view wordFor(int style) {
+  for (const StyleWord& each : styleWords) {
+    if (each.style == style) return each.word;
+  }
+  return "Note: ";
+}
+
+}  // namespace
+
+void TerminalMsgbox::showMessage(const std::string& text, int style, HostObject*, int, int, int,
+                                 int, const std::string&, int) {
+  shown_.push_back({text, style, false, false});
+  terminal_.say(std::string(wordFor(style)) + text);
+}
+
+int TerminalMsgbox::askQuestion(const std::string& text, int style, HostObject*, int, int, int, int,
+                                const std::string&, int) {
+  bool saidYes = yesByDefault_;
+  if (terminal_.isInteractive()) {
+    saidYes = terminal_.ask(text + " (y/n)", "yn", yesByDefault_ ? 0 : 1) == 0;
+  } else {
+    terminal_.say(text + (saidYes ? " Yes" : " No"));
+  }
+  shown_.push_back({text, style, true, saidYes});
+  return saidYes ? yes : no;
+}
+
+std::vector<ShownMessage> TerminalMsgbox::takeShown() {
+  return std::exchange(shown_, {});
+}
+
+}  // namespace autonotify::host
