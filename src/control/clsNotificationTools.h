@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "control/component.h"
+#include "control/contract/date_explanation.h"
+#include "platform/Value.h"
+
+namespace autonotify {
+
+/// What hosts without the component's windows need besides clsAutoNotifyCtrl: marking rows, trying
+/// templates and telling why a date is what it is.
+///
+/// Create a clsAutoNotifyCtrl and assign its references first; they serve this object too. Failures
+/// are settled as there.
+class clsNotificationTools : public ComponentObject {
+ public:
+  /// Marks the row sent at the current date and time.
+  virtual void changeNotificationToSent(Id notificationID) = 0;
+  /// Marks the row cancelled and clears its sent time.
+  virtual void cancelNotification(Id notificationID) = 0;
+  /// The message of the template's first fault, empty when it is sound. `isRTF` says which spelling
+  /// of the marks to look for: \'ab and \'bb, or « and ».
+  virtual std::string findTemplateFault(const std::string& templateText, bool isRTF) = 0;
+  /// The template merged with the records of the schedule entry and its client, as its own template
+  /// would be; empty for an entry that does not exist.
+  virtual std::string mergeTemplate(const std::string& templateText, Id scheduleID) = 0;
+  /// Changes nothing.
+  virtual DateExplanation explainNotificationDate(Id scheduleID) = 0;
+};
+
+}  // namespace autonotify
