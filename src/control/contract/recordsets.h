@@ -58,10 +58,9 @@ void forEachRow(Step& step, const std::string& sql, Access access, Body&& body) 
 }
 
 /// Adds one row through a handle on the whole table: `setFields(handle)` writes its columns; the
-/// generated key is read before the row is saved. Gives the key, or -1 when reading it was skipped.
+/// generated key goes to `key` before the row is saved, so that it is held when the person leaves.
 template <class SetFields>
-Id addRow(Step& step, const char* table, const char* keyColumn, SetFields&& setFields) {
-  Id key = noId;
+void addRow(Step& step, Id& key, const char* table, const char* keyColumn, SetFields&& setFields) {
   RecordsetHandle handle = noRecordset;
   step.assign(handle, [&] {
     const std::string sql = std::string("SELECT ") + table + ".* FROM " + table + ";";
@@ -72,6 +71,13 @@ Id addRow(Step& step, const char* table, const char* keyColumn, SetFields&& setF
   step.assign(key, [&] { return toInteger(database().getFieldValue(handle, keyColumn)); });
   step.run([&] { database().saveNewRecord(handle); });
   step.run([&] { database().closeRecordset(handle); });
+}
+
+/// The same; gives the key, or -1 when reading it was skipped.
+template <class SetFields>
+Id addRow(Step& step, const char* table, const char* keyColumn, SetFields&& setFields) {
+  Id key = noId;
+  addRow(step, key, table, keyColumn, std::forward<SetFields>(setFields));
   return key;
 }
 
