@@ -9,12 +9,12 @@ namespace autonotify {
 // In which words a notification starts: the template of its kind of schedule entry, merged with the
 // records of the task and its client. RTF when the template is RTF.
 
-/// The merged text for a schedule entry. Empty when there is no such entry, its kind has no
-/// template, or the database is closed.
+/// The merged text for a schedule entry. Empty when there is no such entry, its kind has no row of
+/// its own nor by fallback, or the database is closed.
 std::string generateClientAutoNotifyComment(Id scheduleID);
 
-/// The template of a kind of schedule entry, by the same fallbacks as its period; empty when no
-/// kind is found.
+/// The template of a kind of schedule entry, by the same fallbacks as its period; the default
+/// comment when the kind's own is empty; empty when no kind is found.
 std::string getNotificationComment(Id totalNum, Id scheduleNum);
 
 /// `templateText` merged with the records of these ids. An id below 0 is not part of the merge.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "platform/DateTime.h"
 #include "platform/Value.h"
@@ -43,14 +42,5 @@ bool isStatutoryHoliday(DateTime date);
 /// each channel, in any state. Knows neither the firm's own rule nor the date of a sibling, and may
 /// leave a row on a closed day.
 void refreshNotificationDate(Id scheduleID);
-
-/// The lowest member above 0 of a family in `ScheduleTypes`, or -1.
-Id getFirstValidScheduleNum(Id totalNum);
-
-/// The statement that finds the row of a kind in `ScheduleTypes`. Replaces a kind that names no row
-/// by the first member of its family or else by the fallback kind (101, 10). `familyRow`: a member
-/// below 1 stands for the row of the family itself and is left as it is.
-std::string getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(Id& totalNum, Id& ScheduleNum,
-                                                                bool familyRow);
 
 }  // namespace autonotify

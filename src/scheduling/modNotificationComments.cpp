@@ -1,0 +1,91 @@
+#include "scheduling/modNotificationComments.h"
+
+#include <memory>
+
+#include "control/contract/recordsets.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "scheduling/clsAutoNotifyTemplate.h"
+#include "store/modNotificationLinks.h"
+
+namespace autonotify {
+namespace {
+
+// The field list of a notification's merge: for a comment, with the fields of a task.
+constexpr int useForComment = 1;
+constexpr int taskFields = 8;
+
+/// Company and contact of a merge. An entry without a client leaves both at 0, and the merge finds
+/// none.
+struct MergeClient {
+  Id companyID = 0;
+  Id contactID = 0;
+};
+
+MergeClient readClient(Step& step, RecordsetHandle handle) {
+  MergeClient client;
+  const Id clientNum = readId(step, handle, "ClientNum");
+  if (clientNum >= 0) {
+    step.assign(client.companyID, [&] { return clients().getCompanyIDFromClientID(clientNum); });
+    step.assign(client.contactID, [&] { return clients().getDefaultContactID(client.companyID); });
+    return client;
+  }
+  const Id contactID = readId(step, handle, "ContactIDNum");
+  if (contactID >= 0) client = {noId, contactID};
+  return client;
+}
+
+}  // namespace
+
+std::string generateClientAutoNotifyComment(Id scheduleID) {
+  return procedure("Morvane.exe-modNotificationComments-generateClientAutoNotifyComment",
+                   std::string{}, [&](Step& step, std::string& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const std::string sql =
+                         "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
+                         "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=" +
+                         std::to_string(scheduleID) + ";";
+                     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+                       const MergeClient client = readClient(step, handle);
+                       const Id totalNum = readId(step, handle, "totalNum");
+                       const Id scheduleNum = readId(step, handle, "scheduleNum");
+                       const std::string text = getNotificationComment(totalNum, scheduleNum);
+                       const Id taskID = getTaskIDFromScheduleID(scheduleID);
+                       result = generateComment(text, scheduleID, taskID, client.companyID,
+                                                client.contactID);
+                     });
+                   });
+}
+
+std::string getNotificationComment(Id totalNum, Id scheduleNum) {
+  return procedure("Morvane.exe-modNotificationComments-getNotificationComment", std::string{},
+                   [&](Step&, std::string& result) {
+                     clsAutoNotifyTemplate kind;
+                     if (kind.openWithTotalNumAndScheduleNum(totalNum, scheduleNum, false)) {
+                       result = kind.get_notificationComment();
+                     }
+                   });
+}
+
+std::string generateComment(const std::string& templateText, Id scheduleID, Id taskID, Id companyID,
+                            Id contactID) {
+  return procedure("Morvane.exe-modNotificationComments-generateComment", std::string{},
+                   [&](Step& step, std::string& result) {
+                     std::unique_ptr<clsInsertFieldsInRTB> merge;
+                     step.assign(merge, [] { return std::make_unique<clsInsertFieldsInRTB>(); });
+                     if (!merge) return;
+                     merge->put_MergeFieldListUse(useForComment);
+                     merge->ListType = taskFields;
+                     merge->TemplateText = templateText;
+                     merge->companyID = companyID;
+                     merge->contactID = contactID;
+                     // Setting the schedule entry fills the task too; the one given wins.
+                     merge->put_scheduleID(scheduleID);
+                     merge->taskID = taskID;
+                     merge->TestComment = false;
+                     merge->ConvertStrToRTF = true;
+                     merge->initializeDataRecordsetsForSingleDocMerge();
+                     result = merge->parseRTBComment();
+                   });
+}
+
+}  // namespace autonotify

@@ -1,0 +1,261 @@
+#include "scheduling/modNotificationDates.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "control/contract/enumerations.h"
+#include "control/contract/firm_rules.h"
+#include "control/contract/recordsets.h"
+#include "platform/text.h"
+#include "scheduling/clsAutoNotifyTemplate.h"
+#include "store/modNotifyClients.h"
+
+namespace autonotify {
+namespace {
+
+constexpr DateTime firstDate = DateTime::of(100, 1, 1);
+constexpr DateTime lastDate = DateTime::of(9999, 12, 31);
+
+/// How often a date that fell on a closed day is moved on.
+constexpr int settlingMoves = 9;
+
+/// The one firm's days by its payment method, a `Schedule.Custom2`.
+struct MethodDays {
+  std::string_view method;
+  int days;
+};
+constexpr std::array<MethodDays, 7> firmMethodDays{{
+    {"6WIRE", -7},
+    {"5RAI", -7},
+    {"4PAP", -6},
+    {"3PAP", -5},
+    {"2PAP", -4},
+    {"1PAP", -4},
+    {"0PAP", -4},
+}};
+constexpr int otherMethodDays = -7;
+
+int daysOfMethod(const std::string& custom2) {
+  const std::string method = upperCase(trim(custom2));
+  for (const MethodDays& row : firmMethodDays) {
+    if (row.method == method) return row.days;
+  }
+  return otherMethodDays;
+}
+
+/// Throws PlatformError (6) for a date outside the years 100 to 9999.
+DateTime movedByDays(DateTime date, int days) {
+  const std::int64_t moved = std::int64_t{date.days()} + days;
+  if (moved < firstDate.days() || moved > lastDate.days()) {
+    throw PlatformError(error_number::overflow, "Overflow", "DateTime");
+  }
+  return date.addDays(days);
+}
+
+/// Moves the date, which fails at the ends of the calendar. False when that was skipped: there is
+/// nowhere left to go, and the walk ends.
+bool moveByDays(Step& step, DateTime& date, int days) {
+  const DateTime before = date;
+  step.assign(date, [&] { return movedByDays(date, days); });
+  return date != before;
+}
+
+bool isWeekend(Step& step, DateTime date) {
+  return step.value(false, [&] { return validation().isWeekend(date); });
+}
+
+bool isClosedDay(Step& step, DateTime date) {
+  return isWeekend(step, date) || isStatutoryHoliday(date);
+}
+
+/// Moves the date by `count` open days in the direction of 1 or -1. False at the end of the
+/// calendar.
+bool countOpenDays(Step& step, DateTime& date, std::int64_t count, int direction) {
+  for (std::int64_t i = 1; i <= count;) {
+    if (!moveByDays(step, date, direction)) return false;
+    if (!isClosedDay(step, date)) ++i;
+  }
+  return true;
+}
+
+void settleOnOpenDay(Step& step, DateTime& date, int direction) {
+  for (int move = 1; move <= settlingMoves && isClosedDay(step, date); ++move) {
+    if (!moveByDays(step, date, direction)) return;
+  }
+}
+
+/// One pass of the way back to an open day. False when it moved nothing.
+bool moveBackOffClosedDay(Step& step, DateTime& date) {
+  constexpr int sunday = 1;
+  bool moved = false;
+  if (isWeekend(step, date)) moved = moveByDays(step, date, date.weekday() == sunday ? -2 : -1);
+  if (isStatutoryHoliday(date)) moved = moveByDays(step, date, -1);
+  return moved;
+}
+
+bool isHolidayType(const Value& type) {
+  if (generalUtilities().isValueEmpty(type)) return true;
+  const Id number = toInteger(type);
+  return number == 1 || number == 3;
+}
+
+/// What a notification date is worked out from. Without `dueDate`, reading it was skipped.
+struct Deadline {
+  std::optional<DateTime> dueDate;
+  Id totalNum = noId;
+  Id scheduleNum = noId;
+};
+
+Deadline readDeadline(Step& step, RecordsetHandle handle) {
+  Deadline result;
+  step.assign(result.dueDate,
+              [&] { return toDateTime(database().getFieldValue(handle, "DueDate")); });
+  result.totalNum = readId(step, handle, "totalNum");
+  result.scheduleNum = readId(step, handle, "scheduleNum");
+  return result;
+}
+
+int readDaysOfMethod(Step& step, RecordsetHandle handle) {
+  return step.value(otherMethodDays, [&] {
+    return daysOfMethod(toText(database().getFieldValue(handle, "Custom2")));
+  });
+}
+
+/// Whether a row of this channel gives its date to a new one, when `lowest` is the channel that
+/// gave it so far. A later fax replaces an earlier one; the first letter and call stay.
+bool doesChannelTakeOver(int channel, int lowest) {
+  switch (channel) {
+    case nt_Email:
+    case nt_Fax:
+      return true;
+    case nt_Letter:
+    case nt_Phone:
+      return lowest > channel;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+std::int16_t getNotificationPeriod(Id totalNum, Id ScheduleNum, bool getValueForUserDisplay) {
+  return procedure("Morvane.exe-modNotificationDates-getNotificationPeriod",
+                   defaultNotificationPeriod, [&](Step& step, std::int16_t& result) {
+                     clsAutoNotifyTemplate kind;
+                     if (kind.openWithTotalNumAndScheduleNum(totalNum, ScheduleNum, false)) {
+                       result = kind.get_notificationPeriod();
+                     }
+                     if (getValueForUserDisplay) return;
+                     step.assign(result, [&] { return toInteger16(Value{-result}); });
+                   });
+}
+
+DateTime determineNotificationDate(Id scheduleID) {
+  return procedure("Morvane.exe-modNotificationDates-determineNotificationDate", DateTime{},
+                   [&](Step& step, DateTime& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const std::string sql =
+                         "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
+                         "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=" +
+                         std::to_string(scheduleID) + ";";
+                     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+                       const Deadline deadline = readDeadline(step, handle);
+                       const int days = step.value(false, hasFirmRules)
+                                            ? readDaysOfMethod(step, handle)
+                                            : getNotificationPeriod(deadline.totalNum,
+                                                                    deadline.scheduleNum, false);
+                       if (!deadline.dueDate) return;
+                       result =
+                           dateAddBusinessDaysWithoutWeekendsAndHolidays(days, *deadline.dueDate);
+                     });
+                   });
+}
+
+DateTime getLastUsedNotificationDate(Id scheduleID, DateTime proposed) {
+  return procedure("Morvane.exe-modNotificationDates-getLastUsedNotificationDate", proposed,
+                   [&](Step& step, DateTime& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     int lowest = 16;
+                     const std::string sql =
+                         "SELECT ClientNotification.* FROM ClientNotification "
+                         "WHERE ScheduleIDNum=" +
+                         std::to_string(scheduleID) + ";";
+                     forEachRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+                       const int channel = step.value(0, [&] {
+                         return toInteger(database().getFieldValue(handle, "NotificationType"));
+                       });
+                       if (doesChannelTakeOver(channel, lowest)) {
+                         step.assign(result, [&] {
+                           return toDateTime(database().getFieldValue(handle, "NotificationDate"));
+                         });
+                         lowest = channel;
+                       }
+                       return channel != nt_Email;
+                     });
+                   });
+}
+
+DateTime adjustDateToFridayIfWeekendOrHoliday(DateTime date) {
+  return procedure("Morvane.exe-modNotificationDates-adjustDateToFridayIfWeekendOrHoliday",
+                   DateTime{}, [&](Step& step, DateTime& result) {
+                     DateTime day = date;
+                     while (moveBackOffClosedDay(step, day)) {
+                     }
+                     result = day;
+                   });
+}
+
+DateTime dateAddBusinessDaysWithoutWeekendsAndHolidays(std::int32_t days, DateTime date) {
+  return procedure("Morvane.exe-modNotificationDates-dateAddBusinessDays", DateTime{},
+                   [&](Step& step, DateTime& result) {
+                     const int direction = days < 0 ? -1 : 1;
+                     DateTime day = date;
+                     if (countOpenDays(step, day, std::int64_t{days} * direction, direction)) {
+                       settleOnOpenDay(step, day, direction);
+                     }
+                     result = day;
+                   });
+}
+
+bool isStatutoryHoliday(DateTime date) {
+  return procedure(
+      "Morvane.exe-modNotificationDates-isStatutoryHoliday", false, [&](Step& step, bool& result) {
+        if (!isDatabaseOpen(step)) return;
+        const std::string day =
+            step.value(std::string{}, [&] { return database().formatDateForSQL(date.dateOnly()); });
+        const std::string sql =
+            "SELECT Holidays.HolidayDate, Holidays.HolidayType FROM Holidays "
+            "WHERE Holidays.HolidayDate = #" +
+            day + "# ;";
+        forEachRow(step, sql, forwardRead, [&](RecordsetHandle handle) {
+          step.assign(result, [&] {
+            return isHolidayType(database().getFieldValue(handle, "HolidayType")) || result;
+          });
+          return true;
+        });
+      });
+}
+
+void refreshNotificationDate(Id scheduleID) {
+  procedure("Morvane.exe-modNotificationDates-refreshNotificationDate", [&](Step& step) {
+    if (!isDatabaseOpen(step)) return;
+    const std::string sql =
+        "SELECT Schedule.ScheduleID, Schedule.DueDate, Schedule.totalNum, Schedule.scheduleNum "
+        "FROM Schedule WHERE ScheduleID=" +
+        std::to_string(scheduleID) + ";";
+    withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+      const Deadline deadline = readDeadline(step, handle);
+      const int days = getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false);
+      if (!deadline.dueDate) return;
+      const DateTime date = dateAddBusinessDaysWithoutWeekendsAndHolidays(days, *deadline.dueDate);
+      for (notifyType channel : {nt_Email, nt_Fax, nt_Letter, nt_Phone}) {
+        const Id notificationID = getNotificationID(scheduleID, channel);
+        if (notificationID >= 0) changeNotificationNotifiedDate(notificationID, date);
+      }
+    });
+  });
+}
+
+}  // namespace autonotify
