@@ -35,15 +35,26 @@ inline bool isDatabaseOpen(Step& step) {
   return step.value(false, [] { return database().isDatabaseOpen(); });
 }
 
-/// Opens the recordset, runs `body(handle)` when it holds a row, closes it. True when it held one.
-template <class Body>
-bool withFirstRow(Step& step, const std::string& sql, Access access, Body&& body) {
+/// Opens the recordset, runs `body(handle)` when it holds a row and `otherwise()` when not, closes
+/// it. True when it held one.
+template <class Body, class Otherwise>
+bool withFirstRow(Step& step, const std::string& sql, Access access, Body&& body,
+                  Otherwise&& otherwise) {
   RecordsetHandle handle = noRecordset;
   step.assign(handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
   const bool found = step.value(false, [&] { return database().hasRecords(handle); });
-  if (found) body(handle);
+  if (found) {
+    body(handle);
+  } else {
+    otherwise();
+  }
   step.run([&] { database().closeRecordset(handle); });
   return found;
+}
+
+template <class Body>
+bool withFirstRow(Step& step, const std::string& sql, Access access, Body&& body) {
+  return withFirstRow(step, sql, access, body, [] {});
 }
 
 /// Opens the recordset, runs `body(handle)` for each row until it returns False, closes it.

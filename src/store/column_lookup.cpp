@@ -1,0 +1,55 @@
+#include "store/column_lookup.h"
+
+namespace autonotify {
+namespace {
+
+bool readFirstRow(Step& step, const ColumnSource& source, Id id, Value& value) {
+  return withFirstRow(
+      step, statementFor(source.statement, id), keysetRead,
+      [&](RecordsetHandle handle) { value = readField(step, handle, source.column); });
+}
+
+template <class Result, class Convert>
+Result lookUp(const ColumnLookup& lookup, Id id, Result none, Convert convert) {
+  return procedure(lookup.tag, std::move(none), [&](Step& step, Result& result) {
+    if (!isDatabaseOpen(step)) return;
+    const Value value = readColumn(step, lookup.first, lookup.second, id);
+    if (!isEmpty(step, value)) step.assign(result, [&] { return convert(value); });
+  });
+}
+
+}  // namespace
+
+std::string statementFor(const char* statement, Id id) {
+  return statement + std::to_string(id) + ";";
+}
+
+Value readColumn(Step& step, const ColumnSource& first, const ColumnSource& second, Id id) {
+  Value value;
+  if (id < 0) return value;
+  const bool found = readFirstRow(step, first, id, value);
+  if (!found && second.statement) readFirstRow(step, second, id, value);
+  return value;
+}
+
+Id lookUpId(const ColumnLookup& lookup, Id id) {
+  return lookUp(lookup, id, noId, toInteger);
+}
+
+std::string lookUpText(const ColumnLookup& lookup, Id id) {
+  return lookUp(lookup, id, std::string{}, toText);
+}
+
+Id idOf(Step& step, const Value& value) {
+  if (isEmpty(step, value)) return noId;
+  return step.value(noId, [&] { return toInteger(value); });
+}
+
+bool isPositiveIdText(const char* tag, const std::string& text) {
+  return procedure(tag, false, [&](Step& step, bool& result) {
+    if (text.empty() || !isNumeric(text)) return;
+    step.assign(result, [&] { return toInteger(toDouble(text)) > 0; });
+  });
+}
+
+}  // namespace autonotify

@@ -1,0 +1,87 @@
+#include <array>
+
+#include "control/contract/enumerations.h"
+#include "store/column_lookup.h"
+#include "store/modNotificationLinks.h"
+#include "store/modNotifyClients.h"
+
+namespace autonotify {
+namespace {
+
+constexpr const char* notificationById =
+    "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
+
+/// A channel field, and the channel whose subject it holds; 0 for none.
+struct CopiedField {
+  const char* column;
+  int subjectOf = 0;
+};
+constexpr std::array<CopiedField, 6> copiedFields{{
+    {"Field1"},
+    {"Field2"},
+    {"Field3"},
+    {"Field4", nt_Email},
+    {"Field5"},
+    {"Field6", nt_Fax},
+}};
+
+void copyFields(Step& step, RecordsetHandle newRow, Id channel, Id oldNotificationId) {
+  if (!isValidNotificationID(std::to_string(oldNotificationId))) return;
+  withFirstRow(step, statementFor(notificationById, oldNotificationId), keysetUpdate,
+               [&](RecordsetHandle oldRow) {
+                 for (const CopiedField& field : copiedFields) {
+                   const Value old = readField(step, oldRow, field.column);
+                   if (isEmpty(step, old) || field.subjectOf == channel) continue;
+                   writeField(step, newRow, field.column, [&] { return toText(old); });
+                 }
+               });
+}
+
+/// Opens the new row by the statement and copies into it from the row that `findOldRow` gives for
+/// its channel.
+template <class FindOldRow>
+void copyIntoRow(Step& step, const char* newRowStatement, Id newNotificationId,
+                 FindOldRow&& findOldRow) {
+  if (!isDatabaseOpen(step)) return;
+  withFirstRow(step, statementFor(newRowStatement, newNotificationId), keysetUpdate,
+               [&](RecordsetHandle newRow) {
+                 const Id channel = readId(step, newRow, "NotificationType", 0);
+                 copyFields(step, newRow, channel, findOldRow(static_cast<notifyType>(channel)));
+               });
+}
+
+}  // namespace
+
+void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotificationId) {
+  procedure("Morvane.exe-modNotificationLinks-copyOldNotificationInfoToNewNotification",
+            [&](Step& step) {
+              // Hosts know this text as it is: whether it selects by key is up to their engine.
+              copyIntoRow(step,
+                          "SELECT ClientNotification.* FROM ClientNotification "
+                          "ClientNotificationID=",
+                          newNotificationId, [&](notifyType) { return oldNotificationId; });
+            });
+}
+
+void copyOldNotificationInfoToNewNotificationByScheduleIDNum(Id newNotificationId,
+                                                             Id oldScheduleId) {
+  procedure(
+      "Morvane.exe-modNotificationLinks-copyOldNotificationInfoToNewNotificationByScheduleIDNum",
+      [&](Step& step) {
+        copyIntoRow(step, notificationById, newNotificationId,
+                    [&](notifyType channel) { return getNotificationID(oldScheduleId, channel); });
+      });
+}
+
+bool deleteNotification(Id notificationId) {
+  return procedure(
+      "Morvane.exe-modNotificationLinks-deleteNotification", false, [&](Step& step, bool& result) {
+        if (!isDatabaseOpen(step)) return;
+        withFirstRow(step, statementFor(notificationById, notificationId), keysetUpdate,
+                     [&](RecordsetHandle handle) {
+                       step.assign(result, [&] { return database().deleteRecord(handle); });
+                     });
+      });
+}
+
+}  // namespace autonotify

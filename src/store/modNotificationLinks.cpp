@@ -1,0 +1,340 @@
+#include "store/modNotificationLinks.h"
+
+#include <algorithm>
+#include <array>
+
+#include "control/contract/enumerations.h"
+#include "store/column_lookup.h"
+#include "store/modNotifyClients.h"
+
+namespace autonotify {
+namespace {
+
+// The lookups of one column, a row each.
+
+constexpr ColumnLookup scheduleOfNotification{
+    "Morvane.exe-modNotificationLinks-getScheduleIDFromNotificationID",
+    {"SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=",
+     "ScheduleIDNum"}};
+constexpr ColumnLookup scheduleOfTask{
+    "Morvane.exe-modNotificationLinks-getScheduleIDFromTaskID",
+    {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE TaskID=", "ScheduleIDNum"}};
+constexpr ColumnLookup taskOfSchedule{
+    "Morvane.exe-modNotificationLinks-getTaskIDFromScheduleID",
+    {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=", "TaskID"},
+    {"SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM archiveTasks WHERE "
+     "ScheduleIDNum=",
+     "oldTaskID"}};
+constexpr ColumnLookup clientDataOfSchedule{
+    "Morvane.exe-modNotificationLinks-getClientDataIDFromScheduleID",
+    {"SELECT Schedule.ScheduleID, Schedule.ClientNum FROM Schedule WHERE ScheduleID=", "ClientNum"},
+    {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ClientNum FROM archiveSchedule WHERE "
+     "oldScheduleID=",
+     "ClientNum"}};
+constexpr ColumnLookup scheduleNumOfSchedule{
+    "Morvane.exe-modNotificationLinks-getScheduleNumFromScheduleID",
+    {"SELECT Schedule.ScheduleID, Schedule.ScheduleNum FROM Schedule WHERE ScheduleID=",
+     "ScheduleNum"},
+    {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ScheduleNum FROM archiveSchedule WHERE "
+     "oldScheduleID=",
+     "ScheduleNum"}};
+constexpr ColumnLookup totalNumOfSchedule{
+    "Morvane.exe-modNotificationLinks-getTotalNumFromScheduleID",
+    {"SELECT Schedule.ScheduleID, Schedule.TotalNum FROM Schedule WHERE ScheduleID=", "TotalNum"},
+    {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.TotalNum FROM archiveSchedule WHERE "
+     "oldScheduleID=",
+     "TotalNum"}};
+constexpr ColumnLookup nameOfSchedule{
+    "Morvane.exe-modNotificationLinks-getScheduleNameFromScheduleID",
+    {"SELECT Schedule.ScheduleID, Schedule.scheduleName FROM Schedule WHERE ScheduleID=",
+     "scheduleName"},
+    {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule "
+     "WHERE oldScheduleID=",
+     "scheduleName"}};
+constexpr ColumnLookup contactOfSchedule{
+    "Morvane.exe-modNotificationLinks-getContactIDFromScheduleID",
+    {"SELECT Schedule.ScheduleID, Schedule.ContactIDNum FROM Schedule WHERE ScheduleID=",
+     "ContactIDNum"},
+    {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ContactIDNum FROM archiveSchedule "
+     "WHERE oldScheduleID=",
+     "ContactIDNum"}};
+constexpr ColumnLookup subjectOfAppointment{
+    "Morvane.exe-modNotificationLinks-getAppointmentSubjectFromAppointmentID",
+    {"SELECT Appointments.AppointmentID, Appointments.Subject FROM Appointments WHERE "
+     "AppointmentID=",
+     "Subject"}};
+constexpr ColumnLookup subjectOfTask{
+    "Morvane.exe-modNotificationLinks-getTaskSubjectFromTaskID",
+    {"SELECT Tasks.TaskID, Tasks.Subject FROM Tasks WHERE TaskID=", "Subject"}};
+constexpr ColumnLookup subjectOfDocket{
+    "Morvane.exe-modNotificationLinks-getDocketSubjectFromDocketID",
+    {"SELECT Dockets.DocketID, Dockets.Subject FROM Dockets WHERE DocketID=", "Subject"}};
+constexpr ColumnLookup companyOfAppointment{
+    "Morvane.exe-modNotificationLinks-getCompanyIDFromAppointmentID",
+    {"SELECT Appointments.AppointmentID, Appointments.CompanyIDNum FROM Appointments WHERE "
+     "AppointmentID=",
+     "CompanyIDNum"}};
+constexpr ColumnLookup contactOfAppointment{
+    "Morvane.exe-modNotificationLinks-getContactIDFromAppointmentID",
+    {"SELECT Appointments.AppointmentID, Appointments.ContactIDNum FROM Appointments WHERE "
+     "AppointmentID=",
+     "ContactIDNum"}};
+
+// The client of a schedule entry.
+
+constexpr ColumnSource clientOfArchived{
+    "SELECT archiveSchedule.oldScheduleID, archiveSchedule.ClientNum FROM archiveSchedule WHERE "
+    "archiveSchedule.oldScheduleID=",
+    "ClientNum"};
+constexpr ColumnSource companyOfClientData{
+    "SELECT ClientData.ClientDataID, ClientData.CompanyIDNum FROM ClientData WHERE ClientDataID=",
+    "CompanyIDNum"};
+
+Id clientNumOf(Step& step, Id scheduleId) {
+  return idOf(step, readColumn(step, clientDataOfSchedule.first, clientOfArchived, scheduleId));
+}
+
+/// The company that the client list knows under a `ClientNum`; -1 for none.
+Id companyOfClient(Step& step, Id clientNum) {
+  if (clientNum < 0) return noId;
+  return step.value(noId, [&] { return clients().getCompanyIDFromClientID(clientNum); });
+}
+
+bool isCompanyClient(Step& step, Id clientNum) {
+  const Id companyId = companyOfClient(step, clientNum);
+  return companyId >= 0 && step.value(false, [&] { return clients().isCompanyClient(companyId); });
+}
+
+bool isContactClient(Step& step, Id contactId) {
+  return contactId >= 0 && step.value(false, [&] { return clients().isContactClient(contactId); });
+}
+
+// The client behind a notification row, by the item that it is linked to.
+
+/// A link column of the row, and where the item of that link names its client.
+struct LinkedClient {
+  const char* link;
+  ColumnSource item;
+  ColumnSource archived = {};
+  bool isClientNum = false;
+};
+
+constexpr std::array<LinkedClient, 4> linkedCompanies{{
+    {"ScheduleIDNum",
+     {"SELECT Schedule.ClientNum, Schedule.ScheduleID FROM Schedule WHERE ScheduleID=",
+      "ClientNum"},
+     {"SELECT archiveSchedule.ClientNum, archiveSchedule.oldScheduleID FROM archiveSchedule WHERE "
+      "oldScheduleID=",
+      "ClientNum"},
+     true},
+    {"ApptIDNum",
+     {"SELECT Appointments.CompanyIDNum, Appointments.AppointmentID FROM Appointments WHERE "
+      "AppointmentID=",
+      "CompanyIDNum"}},
+    {"TaskIDNum",
+     {"SELECT Tasks.CompanyIDNum, Tasks.TaskID FROM Tasks WHERE TaskID=", "CompanyIDNum"}},
+    {"DocketIDNum",
+     {"SELECT Dockets.CompanyIDNum, Dockets.DocketID  FROM Dockets WHERE DocketID=",
+      "CompanyIDNum"}},
+}};
+
+constexpr std::array<LinkedClient, 4> linkedContacts{{
+    {"ScheduleIDNum",
+     {"SELECT Schedule.ContactIDNum, Schedule.ScheduleID FROM Schedule WHERE ScheduleID=",
+      "ContactIDNum"},
+     {"SELECT archiveSchedule.ContactIDNum, archiveSchedule.oldScheduleID FROM archiveSchedule "
+      "WHERE oldScheduleID=",
+      "ContactIDNum"}},
+    {"ApptIDNum",
+     {"SELECT Appointments.ContactIDNum, Appointments.AppointmentID FROM Appointments WHERE "
+      "AppointmentID=",
+      "ContactIDNum"}},
+    {"TaskIDNum",
+     {"SELECT Tasks.ContactIDNum, Tasks.TaskID FROM Tasks WHERE TaskID=", "ContactIDNum"}},
+    {"DocketIDNum",
+     {"SELECT Dockets.ContactIDNum, Dockets.DocketID  FROM Dockets WHERE DocketID=",
+      "ContactIDNum"}},
+}};
+
+/// A procedure that gives the client of a row: the row's own column, then the linked item's.
+Id clientOfNotification(const char* tag, const char* ownColumn,
+                        const std::array<LinkedClient, 4>& links, Id notificationId) {
+  return procedure(tag, noId, [&](Step& step, Id& result) {
+    if (!isDatabaseOpen(step)) return;
+    const LinkedClient* linked = nullptr;
+    Id itemId = noId;
+    withFirstRow(step, statementFor(scheduleOfNotification.first.statement, notificationId),
+                 keysetRead, [&](RecordsetHandle handle) {
+                   result = readId(step, handle, ownColumn);
+                   for (const LinkedClient& link : links) {
+                     linked = &link;
+                     itemId = readId(step, handle, link.link);
+                     if (itemId >= 0) return;
+                   }
+                 });
+    if (itemId < 0) return;
+    Id client = idOf(step, readColumn(step, linked->item, linked->archived, itemId));
+    if (linked->isClientNum) client = companyOfClient(step, client);
+    if (client >= 0) result = client;
+  });
+}
+
+// Company and contact of an item at once.
+
+struct ItemClients {
+  const char* statement;
+  const char* companyColumn;
+  bool isClientNum;
+};
+constexpr std::array<ItemClients, 4> itemClients{{
+    {"SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum FROM Schedule WHERE "
+     "ScheduleID=",
+     "ClientNum", true},
+    {"SELECT Tasks.TaskID, Tasks.CompanyIDNum, Tasks.ContactIDNum FROM Tasks WHERE TaskID=",
+     "CompanyIDNum", false},
+    {"SELECT Appointments.AppointmentID, Appointments.CompanyIDNum, Appointments.ContactIDNum FROM "
+     "Appointments WHERE AppointmentID=",
+     "CompanyIDNum", false},
+    {"SELECT Dockets.DocketID, Dockets.CompanyIDNum, Dockets.ContactIDNum FROM Dockets WHERE "
+     "DocketID=",
+     "CompanyIDNum", false},
+}};
+
+}  // namespace
+
+bool validAppointmentID(const std::string& appointmentId) {
+  return isPositiveIdText("Morvane.exe-modNotificationLinks-validAppointmentID", appointmentId);
+}
+
+bool validDocketID(const std::string& docketId) {
+  return isPositiveIdText("Morvane.exe-modNotificationLinks-validDocketID", docketId);
+}
+
+bool validScheduleID(const std::string& scheduleId) {
+  return isPositiveIdText("Morvane.exe-modNotificationLinks-validScheduleID", scheduleId);
+}
+
+bool validTaskID(const std::string& taskId) {
+  return isPositiveIdText("Morvane.exe-modNotificationLinks-validTaskID", taskId);
+}
+
+Id getScheduleIDFromNotificationID(Id notificationId) {
+  return lookUpId(scheduleOfNotification, notificationId);
+}
+
+Id getScheduleIDFromTaskID(Id taskId) {
+  return lookUpId(scheduleOfTask, taskId);
+}
+
+Id getTaskIDFromScheduleID(Id scheduleId) {
+  return lookUpId(taskOfSchedule, scheduleId);
+}
+
+Id getClientDataIDFromScheduleID(Id scheduleId) {
+  return lookUpId(clientDataOfSchedule, scheduleId);
+}
+
+Id getScheduleNumFromScheduleID(Id scheduleId) {
+  return lookUpId(scheduleNumOfSchedule, scheduleId);
+}
+
+Id getTotalNumFromScheduleID(Id scheduleId) {
+  return lookUpId(totalNumOfSchedule, scheduleId);
+}
+
+std::string getScheduleNameFromScheduleID(Id scheduleId) {
+  return lookUpText(nameOfSchedule, scheduleId);
+}
+
+Id getContactIDFromScheduleID(Id scheduleId) {
+  return lookUpId(contactOfSchedule, scheduleId);
+}
+
+std::string getAppointmentSubjectFromAppointmentID(Id appointmentId) {
+  return lookUpText(subjectOfAppointment, appointmentId);
+}
+
+std::string getTaskSubjectFromTaskID(Id taskId) {
+  return lookUpText(subjectOfTask, taskId);
+}
+
+std::string getDocketSubjectFromDocketID(Id docketId) {
+  return lookUpText(subjectOfDocket, docketId);
+}
+
+Id getCompanyIDFromAppointmentID(Id appointmentId) {
+  return lookUpId(companyOfAppointment, appointmentId);
+}
+
+Id getContactIDFromAppointmentID(Id appointmentId) {
+  return lookUpId(contactOfAppointment, appointmentId);
+}
+
+Id getCompanyIDFromScheduleID(Id scheduleId) {
+  return procedure("Morvane.exe-modNotificationLinks-getCompanyIDFromScheduleID", noId,
+                   [&](Step& step, Id& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const Id clientNum = clientNumOf(step, scheduleId);
+                     result = idOf(step, readColumn(step, companyOfClientData, {}, clientNum));
+                   });
+}
+
+std::string getCompanyNameFromScheduleID(Id scheduleId) {
+  return procedure("Morvane.exe-modNotificationLinks-getCompanyNameFromScheduleID", std::string{},
+                   [&](Step& step, std::string& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const Id clientNum = clientNumOf(step, scheduleId);
+                     if (clientNum < 0) return;
+                     step.assign(result,
+                                 [&] { return clients().getCompanyNameFromClientID(clientNum); });
+                   });
+}
+
+int getClientTypeFromNotificationID(Id notificationId) {
+  return procedure(
+      "Morvane.exe-modNotificationLinks-getClientTypeFromNotificationID", 0,
+      [&](Step& step, int& result) {
+        if (!isDatabaseOpen(step)) return;
+        const Id scheduleId = getScheduleIDFromNotificationID(notificationId);
+        if (!validScheduleID(std::to_string(scheduleId))) return;
+        withFirstRow(step,
+                     statementFor("SELECT Schedule.* FROM Schedule WHERE ScheduleID=", scheduleId),
+                     keysetRead, [&](RecordsetHandle handle) {
+                       if (isCompanyClient(step, readId(step, handle, "ClientNum"))) {
+                         result = enumAutoNotifyCompany;
+                       } else if (isContactClient(step, readId(step, handle, "ContactIDNum"))) {
+                         result = enumAutoNotifyContact;
+                       }
+                     });
+      });
+}
+
+Id getCompanyIDFromAutoNotificationID(Id notificationId) {
+  return clientOfNotification("Morvane.exe-modNotificationLinks-getCompanyIDFromAutoNotificationID",
+                              "CompanyIDNum", linkedCompanies, notificationId);
+}
+
+Id getContactIDFromAutoNotificationID(Id notificationId) {
+  return clientOfNotification("Morvane.exe-modNotificationLinks-getContactIDFromAutoNotificationID",
+                              "ContactIDNum", linkedContacts, notificationId);
+}
+
+CompanyAndContactID getCompanyAndContactIDFromNotificationID(Id scheduleId, Id taskId,
+                                                             Id appointmentId, Id docketId) {
+  return procedure(
+      "Morvane.exe-modNotificationLinks-getCompanyAndContactIDFromNotificationID",
+      CompanyAndContactID{}, [&](Step& step, CompanyAndContactID& result) {
+        const std::array<Id, itemClients.size()> ids{scheduleId, taskId, appointmentId, docketId};
+        const auto item = std::find_if(ids.begin(), ids.end(), [](Id id) { return id >= 0; });
+        if (item == ids.end() || !isDatabaseOpen(step)) return;
+        const ItemClients& source = itemClients[static_cast<size_t>(item - ids.begin())];
+        withFirstRow(
+            step, statementFor(source.statement, *item), keysetRead, [&](RecordsetHandle handle) {
+              const Id client = readId(step, handle, source.companyColumn);
+              result.companyId = source.isClientNum ? companyOfClient(step, client) : client;
+              result.contactId = readId(step, handle, "ContactIDNum");
+            });
+      });
+}
+
+}  // namespace autonotify
