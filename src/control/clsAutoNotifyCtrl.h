@@ -14,6 +14,14 @@
 
 namespace autonotify {
 
+/// What a clsAutoNotifyCtrl may tell its host.
+class clsAutoNotifyCtrlEvents {
+ public:
+  virtual ~clsAutoNotifyCtrlEvents() = default;
+  /// Declared for hosts that have a handler for it; nothing in the library raises it.
+  virtual void ExitProgram() = 0;
+};
+
 /// The one object through which a host reaches the notification library.
 ///
 /// Create it, assign errorClass first, then the other five references, then call operations in any
@@ -44,6 +52,9 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual void put_LocaleReference(LocaleReference* value) = 0;
   /// Each assignment replaces the reference held before.
   virtual void put_clientDropDownCtrlReference(clientDropDownCtrlReference* value) = 0;
+
+  /// Where events go; not owned, null for nowhere.
+  virtual void adviseEvents(clsAutoNotifyCtrlEvents* sink) = 0;
 
   // The state of a schedule entry's notifications.
 

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include "control/clsAutoNotification.h"
+#include "control/clsAutoNotifyCtrl.h"
+#include "control/component.h"
+
+namespace autonotify::host {
+
+/// The component's file cannot be found, cannot be loaded or is not the component.
+class ComponentError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The component hvAutoNotifyCtrl6, loaded from its file and ready to create objects.
+///
+/// Destroying it unloads the library when nothing of it is in use any more; otherwise the library
+/// stays loaded until the process ends, so that objects which outlive their loader stay good.
+class ComponentLibrary {
+ public:
+  static constexpr const char* fileName = "hvAutoNotifyCtrl6.so";
+
+  /// The component's file: `given` when it is not empty (the file, or the folder that holds it),
+  /// otherwise beside the running program, otherwise in ../lib from there. Throws ComponentError,
+  /// which names the places that were tried.
+  static std::filesystem::path locate(const std::filesystem::path& given = {});
+
+  /// Loads the component of that file. `platform` must outlive all its objects. Throws
+  /// ComponentError.
+  ComponentLibrary(const std::filesystem::path& file, const PlatformServices& platform);
+  ~ComponentLibrary();
+  ComponentLibrary(const ComponentLibrary&) = delete;
+  ComponentLibrary& operator=(const ComponentLibrary&) = delete;
+
+  /// A new control or notification. Throws PlatformError when the platform cannot create the host
+  /// classes that the object needs.
+  std::unique_ptr<clsAutoNotifyCtrl> createControl();
+  std::unique_ptr<clsAutoNotification> createNotification();
+
+  ClassObject& classObject() { return *classObject_; }
+  /// True when no object and no lock of the library is left.
+  bool canUnload() const;
+
+ private:
+  template <class Function>
+  Function* entryPoint(const char* name) const;
+  template <class T>
+  std::unique_ptr<T> create(const char* className);
+
+  /// Closes the library, unless something of it is in use.
+  struct Unloader {
+    void operator()(void* handle) const;
+  };
+  std::unique_ptr<void, Unloader> handle_;
+  ClassObject* classObject_ = nullptr;
+};
+
+}  // namespace autonotify::host

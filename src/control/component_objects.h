@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+
+#include "control/component.h"
+
+namespace autonotify {
+
+/// A piece of the library in use: while one lives, DllCanUnloadNow says no.
+class LibraryUse {
+ public:
+  LibraryUse() noexcept;
+  ~LibraryUse();
+  LibraryUse(const LibraryUse&) = delete;
+  LibraryUse& operator=(const LibraryUse&) = delete;
+
+  /// True when none lives.
+  static bool isIdle() noexcept;
+};
+
+// The creatable classes. Each object keeps the library in use. The makers throw PlatformError when
+// the host's registry cannot create what an object needs; the context is then as it was before.
+
+std::unique_ptr<ComponentObject> makeAutoNotifyCtrl();
+std::unique_ptr<ComponentObject> makeAutoNotification();
+
+}  // namespace autonotify
