@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "host/services/HostFileUtility.h"
+#include "host/services/HostWorkingFolder.h"
+#include "host/services/host_errors.h"
+#include "services/temporary_folder.h"
+
+namespace autonotify::host {
+namespace {
+
+namespace fs = std::filesystem;
+using test::TemporaryFolder;
+using test::writeFile;
+
+TEST(FileUtilityTest, filesExistAndFoldersDoNot) {
+  TemporaryFolder folder;
+  HostFileUtility files;
+  writeFile(folder / "Élodie.mvw", "x");
+  EXPECT_TRUE(files.fileExists(folder / "Élodie.mvw"));
+  for (const std::string& path :
+       {folder / "none", folder.path().string(), std::string(), folder / "Élodie.mvw/below"})
+    EXPECT_FALSE(files.fileExists(path)) << path;
+}
+
+TEST(FileUtilityTest, uniqueNamesCountUpBeforeTheExtension) {
+  TemporaryFolder folder;
+  HostFileUtility files;
+  const std::string path = folder / "Fax - Apr 30 2026.mvw";
+  EXPECT_EQ(files.getUniqueFileName(path), path);
+  writeFile(path, "");
+  EXPECT_EQ(files.getUniqueFileName(path), folder / "Fax - Apr 30 2026 (2).mvw");
+  fs::create_symlink("nowhere", folder / "Fax - Apr 30 2026 (2).mvw");
+  EXPECT_EQ(files.getUniqueFileName(path), folder / "Fax - Apr 30 2026 (3).mvw");
+}
+
+TEST(FileUtilityTest, deletesFilesAloneAndTellsWhyNot) {
+  TemporaryFolder folder;
+  HostFileUtility files;
+  const auto numberOf = [&](const std::string& path) {
+    try {
+      files.deleteFile(path);
+    } catch (const PlatformError& error) {
+      EXPECT_NE(error.description().find(path), std::string::npos);
+      return error.number();
+    }
+    return 0;
+  };
+  writeFile(folder / "temp.txt", "x");
+  fs::create_directory(folder / "sub");
+  EXPECT_EQ(numberOf(folder / "temp.txt"), 0);
+  EXPECT_EQ(numberOf(folder / "temp.txt"), error_number::fileNotFound);
+  EXPECT_EQ(numberOf(folder / "sub"), error_number::pathFileAccess);
+  EXPECT_TRUE(fs::exists(folder / "sub"));
+}
+
+TEST(FileUtilityTest, trailingSeparatorOnce) {
+  HostFileUtility files;
+  EXPECT_EQ(files.addTrailingBackslash("/a/b"), "/a/b/");
+  EXPECT_EQ(files.addTrailingBackslash("/a/b/"), "/a/b/");
+  EXPECT_EQ(files.addTrailingBackslash(""), "");
+}
+
+TEST(WorkingFolderTest, isMadeForItsOwnerAlone) {
+  TemporaryFolder folder;
+  HostWorkingFolder working(folder / "a/b");
+  EXPECT_EQ(working.getWorkingFolder(), folder / "a/b");
+  EXPECT_EQ(working.getWorkingFolder(), folder / "a/b");
+  EXPECT_EQ(fs::status(folder / "a/b").permissions(), fs::perms::owner_all);
+}
+
+TEST(WorkingFolderTest, aFileInTheWayIsTold) {
+  TemporaryFolder folder;
+  writeFile(folder / "file", "");
+  for (const char* name : {"file", "file/below"}) {
+    HostWorkingFolder working(folder / name);
+    EXPECT_THROW(working.getWorkingFolder(), PlatformError) << name;
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::host

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "host/services/HostGridColumnList.h"
+#include "platform/PlatformError.h"
+
+namespace autonotify::host {
+namespace {
+
+void add(GridColumnList& list, const Value& key, std::vector<Value> items) {
+  list.addEntry(key, items);
+}
+
+std::vector<Value> keysOf(GridColumnList& list) {
+  std::vector<Value> keys;
+  for (list.moveFirst(); !list.isAtEnd(); list.moveNext()) keys.push_back(list.getEntryKey());
+  return keys;
+}
+
+template <class Call>
+int errorNumberOf(Call&& call) {
+  try {
+    call();
+  } catch (const PlatformError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+TEST(GridColumnListTest, walksInOrderAndEndsOnce) {
+  HostGridColumnList list;
+  EXPECT_FALSE(list.moveFirst());
+  EXPECT_TRUE(list.isAtEnd());
+  add(list, 3, {"c"});
+  add(list, 1, {"a"});
+  EXPECT_TRUE(list.moveFirst());
+  EXPECT_EQ(keysOf(list), (std::vector<Value>{3, 1}));
+  list.moveNext();
+  EXPECT_TRUE(list.isAtEnd());
+  EXPECT_EQ(list.getEntryCount(), 2);
+}
+
+TEST(GridColumnListTest, needsACurrentEntryForItems) {
+  HostGridColumnList list;
+  add(list, 1, {"a"});
+  const int outOfRange = error_number::subscriptOutOfRange;
+  EXPECT_EQ(errorNumberOf([&] { list.getItem(1); }), outOfRange);
+  EXPECT_EQ(errorNumberOf([&] { list.setItem(1, "b"); }), outOfRange);
+  EXPECT_EQ(errorNumberOf([&] { list.getEntryKey(); }), outOfRange);
+  list.moveFirst();
+  EXPECT_EQ(errorNumberOf([&] { list.getItem(0); }), outOfRange);
+  EXPECT_EQ(errorNumberOf([&] { list.getItem(25); }), outOfRange);
+  EXPECT_EQ(errorNumberOf([&] { list.getItem(24); }), 0);
+  list.moveNext();
+  EXPECT_EQ(errorNumberOf([&] { list.getItem(1); }), outOfRange);
+  EXPECT_EQ(errorNumberOf([&] { add(list, 2, std::vector<Value>(25)); }),
+            error_number::invalidProcedureCall);
+  EXPECT_EQ(list.getEntryCount(), 1);
+}
+
+TEST(GridColumnListTest, selectsTheFirstEntryOfAKeyAndKeepsTheCurrentOtherwise) {
+  const std::vector<std::vector<Value>> keySets = {
+      {1, 2, 3, 2}, {7, 2, 9, 2}, {"1", 2, 1, 2}, {2, 2, 5, 2}};
+  for (const std::vector<Value>& keys : keySets) {
+    HostGridColumnList list;
+    for (std::size_t i = 0; i < keys.size(); ++i) add(list, keys[i], {static_cast<int>(i)});
+    ASSERT_TRUE(list.selectEntry(2));
+    EXPECT_EQ(list.getItem(1), Value(keys[0] == Value(2) ? 0 : 1));
+    for (const Value& unknown : {Value(4), Value(0), Value(-1), Value("2"), Value(2.0), Value()})
+      EXPECT_FALSE(list.selectEntry(unknown));
+    EXPECT_EQ(list.getEntryKey(), Value(2));
+  }
+}
+
+TEST(GridColumnListTest, runningKeysAreNotTakenForPositionsOnceTheyStopRunning) {
+  HostGridColumnList list;
+  for (int key : {1, 2, 3}) add(list, key, {});
+  EXPECT_TRUE(list.selectEntry(3));
+  add(list, 99, {});
+  EXPECT_FALSE(list.selectEntry(4));
+  EXPECT_TRUE(list.selectEntry(99));
+  list.clearEntries();
+  add(list, 1, {});
+  EXPECT_TRUE(list.selectEntry(1));
+}
+
+TEST(GridColumnListTest, findsExactlyAndReportsThePosition) {
+  HostGridColumnList list;
+  add(list, 10, {"Due", 1});
+  add(list, 20, {"due", 2, "x"});
+  add(list, 30, {"due", 3});
+  EXPECT_EQ(list.findEntry(1, "due"), 1);
+  EXPECT_EQ(list.getEntryKey(), Value(20));
+  EXPECT_EQ(list.findEntry(1, "DUE"), -1);
+  EXPECT_EQ(list.findEntry(2, "3"), -1);
+  EXPECT_EQ(list.getEntryKey(), Value(20));
+  EXPECT_EQ(list.findEntry(3, Value()), 0);
+  EXPECT_EQ(list.findEntry(24, Value()), 0);
+  EXPECT_EQ(list.findEntry(24, "x"), -1);
+}
+
+TEST(GridColumnListTest, itemsOfOneEntryLeaveTheOthersAlone) {
+  HostGridColumnList list;
+  add(list, 1, {"a", "b"});
+  add(list, 2, {"c"});
+  list.selectEntry(2);
+  list.setItem(24, "z");
+  EXPECT_EQ(list.getItem(1), Value("c"));
+  EXPECT_EQ(list.getItem(2), Value());
+  EXPECT_EQ(list.getItem(24), Value("z"));
+  list.selectEntry(1);
+  EXPECT_EQ(list.getItem(2), Value("b"));
+  EXPECT_EQ(list.getItem(24), Value());
+  list.clearEntries();
+  EXPECT_EQ(list.getEntryCount(), 0);
+  EXPECT_TRUE(list.isAtEnd());
+}
+
+Value anyValue(std::mt19937& random) {
+  switch (random() % 7) {
+    case 0:
+      return {};
+    case 1:
+      return random() % 2 == 0;
+    case 2:
+      return static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -1) * 4294967296;
+    case 3:
+      return std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 100);
+    case 4:
+      return DateTime::fromSerial(static_cast<std::int32_t>(random() % 90000) - 20000,
+                                  static_cast<std::int32_t>(random() % 86400));
+    default: {
+      static const std::string pieces[] = {"\t", "\n", "\r",          "\\", std::string(1, '\0'),
+                                           "é",  "n",  "Client name", "«",  " "};
+      std::string text;
+      for (std::uint32_t i = random() % 6; i > 0; --i) text += pieces[random() % 10];
+      return text;
+    }
+  }
+}
+
+TEST(GridColumnListTest, textFormGivesEveryListBack) {
+  std::mt19937 random(20260430);
+  for (int round = 0; round < 300; ++round) {
+    HostGridColumnList list;
+    for (std::uint32_t i = random() % 8; i > 0; --i) {
+      std::vector<Value> items(random() % 25);
+      for (Value& item : items) item = anyValue(random);
+      list.addEntry(anyValue(random), items);
+    }
+    HostGridColumnList copy;
+    add(copy, "old", {"old"});
+    copy.fromText(list.toText());
+    ASSERT_EQ(copy.toText(), list.toText()) << round;
+    ASSERT_EQ(keysOf(copy), keysOf(list)) << round;
+    for (list.moveFirst(), copy.moveFirst(); !list.isAtEnd(); list.moveNext(), copy.moveNext())
+      for (int item = 1; item <= 24; ++item)
+        ASSERT_EQ(copy.getItem(item), list.getItem(item)) << round << " item " << item;
+  }
+}
+
+TEST(GridColumnListTest, aCutOrForeignTextLeavesTheListEmpty) {
+  HostGridColumnList list;
+  add(list, 1, {"Due \\ date", 1400, true});
+  add(list, 2, {"Client", DateTime::of(2026, 4, 30), 1.5});
+  const std::string whole = list.toText();
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    list.fromText(whole.substr(0, length));
+    ASSERT_EQ(list.getEntryCount(), 0) << whole.substr(0, length);
+  }
+  for (const char* text :
+       {"1,2,3", "columns/2 0\n", "columns/1 1\nx1\n", "columns/1 1\nsa\\q\n", "columns/1 1\ni1x\n",
+        "columns/1 1\nt1:86400\n", "columns/1 -1\n", "columns/1 1\ni1\n\n", "columns/1 1\n\n"}) {
+    list.fromText(text);
+    EXPECT_EQ(list.getEntryCount(), 0) << text;
+  }
+  list.fromText("columns/1 1\r\ni1\tsDue\r\n");
+  EXPECT_EQ(list.getEntryCount(), 1);
+}
+
+}  // namespace
+}  // namespace autonotify::host
