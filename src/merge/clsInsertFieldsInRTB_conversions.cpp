@@ -1,0 +1,144 @@
+#include <cstdlib>
+
+#include "control/contract/enumerations.h"
+#include "control/contract/recordsets.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/province_names.h"
+#include "merge/province_terms.h"
+#include "merge/template_rewrites.h"
+#include "platform/format.h"
+#include "platform/text.h"
+
+namespace autonotify {
+namespace {
+
+constexpr std::string_view openMark = "«";
+constexpr std::string_view closeMark = "»";
+constexpr std::string_view lineEnd = "\r\n";
+
+/// A text with fewer characters may be a field name that lacks its marks.
+constexpr std::size_t bareNameLimit = 41;
+
+bool mayBeBareName(const std::string& text) {
+  constexpr std::size_t longestCharacter = 4;
+  return text.size() < bareNameLimit * longestCharacter && characterCount(text) < bareNameLimit;
+}
+
+std::int64_t minuteOf(DateTime moment) {
+  return std::int64_t{moment.days()} * (24 * 60) + moment.seconds() / 60;
+}
+
+/// What a procedure of this type has ahead of its name; null for a type that is not listed.
+const char* lineStartOf(Id operatingProcedureType) {
+  switch (operatingProcedureType) {
+    case 1:
+      return "\t- ";
+    case 2:
+      return "\t- Document Required - ";
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+std::string clsInsertFieldsInRTB::convertProvinceFields(const std::string& text) {
+  return procedure(
+      "Morvane.exe-clsInsertFieldsInRTB-convertProvinceFields", text,
+      [&](Step& step, std::string& result) {
+        result = generalRewrites().apply(verifyTemplateText(text));
+        int country = 0;
+        step.assign(country, [] { return locale().getCountryCode(); });
+        if (country != countryCanada && country != countryUnitedStates) return;
+        int province = provinceOntario;
+        bool isHarmonized = false;
+        if (country == countryCanada) {
+          step.assign(province, [] { return locale().getProvinceCode(); });
+          step.assign(isHarmonized, [] { return platformClock().today() >= harmonizedSince(); });
+        }
+        result = regionalRewrites(country, province, isHarmonized).apply(std::move(result));
+      });
+}
+
+std::string clsInsertFieldsInRTB::verifyTemplateText(const std::string& text) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-verifyTemplateText", text,
+                   [&](Step&, std::string& result) {
+                     result = headerRemovals().apply(text);
+                     if (!mayBeBareName(result)) return;
+                     if (result.find(openMark) == std::string::npos) result.insert(0, openMark);
+                     if (result.find(closeMark) == std::string::npos) result.append(closeMark);
+                   });
+}
+
+std::string clsInsertFieldsInRTB::getTodaysDate(std::string& format) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getTodaysDate", std::string{},
+                   [&](Step& step, std::string& result) {
+                     step.assign(result, [&] {
+                       return formatDateTime(platformClock().today(),
+                                             format.empty() ? "mmm d, yyyy" : format);
+                     });
+                     if (!result.empty() && ConvertStrToRTF) result = convertToRTF(result);
+                   });
+}
+
+std::string clsInsertFieldsInRTB::getTimeDurationFieldValue(DateTime& from, DateTime& to) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getTimeDurationFieldValue", std::string{},
+                   [&](Step& step, std::string& result) {
+                     step.assign(result, [&] {
+                       const std::int64_t minutes = std::abs(minuteOf(to) - minuteOf(from));
+                       return validation().getDurationText(toInteger(Value(minutes)));
+                     });
+                   });
+}
+
+std::string clsInsertFieldsInRTB::getDocsAndInstructionsList() {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getDocsAndInstructionsList", std::string{},
+                   [&](Step& step, std::string& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const std::string sql =
+                         "SELECT OperatingProcedures.TaskIDNum, "
+                         "OperatingProcedures.OpProcedureScopeType, OperatingProcedures.OrderNum, "
+                         "OperatingProcedures.OpProcedureType, "
+                         "OperatingProcedures.OpProdedureName "
+                         "FROM OperatingProcedures "
+                         "WHERE OperatingProcedures.TaskIDNum =" +
+                         std::to_string(taskID) +
+                         " "
+                         "AND OperatingProcedures.OpProcedureScopeType=2 "
+                         "ORDER BY OperatingProcedures.OrderNum;";
+                     forEachRow(step, sql, forwardRead, [&](RecordsetHandle handle) {
+                       const Value name = readField(step, handle, "OpProdedureName");
+                       if (isEmpty(step, name)) return true;
+                       const char* start = lineStartOf(readId(step, handle, "OpProcedureType"));
+                       if (start) {
+                         step.run([&] { result.append(start + toText(name)).append(lineEnd); });
+                       }
+                       return true;
+                     });
+                   });
+}
+
+std::string clsInsertFieldsInRTB::getAbbreviatedProvince(std::string& province) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getAbbreviatedProvince", province,
+                   [&](Step&, std::string& result) {
+                     const ProvinceName* name = recognizeProvince(province);
+                     if (name) result = name->abbreviation;
+                   });
+}
+
+std::string clsInsertFieldsInRTB::getFullProvinceString(std::string& province) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getFullProvinceString", province,
+                   [&](Step&, std::string& result) {
+                     const ProvinceName* name = recognizeProvince(province);
+                     if (name) result = name->fullName;
+                   });
+}
+
+std::string clsInsertFieldsInRTB::convertToRTF(const std::string& text) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-convertToRTF", text,
+                   [&](Step&, std::string& result) {
+                     result = replaceAll(text, lineEnd, UseWordWrap ? "\\par \r\n" : ", \r\n");
+                   });
+}
+
+}  // namespace autonotify
