@@ -107,47 +107,62 @@ bool standsAt(std::string_view text, std::size_t at, std::string_view sought) {
   return true;
 }
 
-/// The places where a text may begin, in either case of its first character: each of its two
-/// possible first bytes is looked for on its own, and a place once found is kept until it is
-/// passed.
-class FirstByteScanner {
+/// Offset of the byte to look for first: one without case that texts hold seldom, or else the
+/// first.
+std::size_t anchorOf(std::string_view sought) {
+  const auto isSeldom = [](char c) {
+    return isAscii(c) && c != ' ' && c != '\\' && !(foldedAscii(c) >= 'a' && foldedAscii(c) <= 'z');
+  };
+  const auto found = std::find_if(sought.begin(), sought.end(), isSeldom);
+  return found == sought.end() ? 0 : static_cast<std::size_t>(found - sought.begin());
+}
+
+/// Goes through the places of a text where `sought` stands in any case. In either case the anchor
+/// has one of two first bytes; each is looked for on its own, and a place once found is kept until
+/// it is passed.
+class Finder {
  public:
-  FirstByteScanner(std::string_view text, std::string_view sought, std::size_t from) : text_(text) {
-    const char32_t folded = mapped(cases.folded, utf8StepAt(sought, 0).value);
+  /// Requires: `sought` isn't empty, from <= text.size().
+  Finder(std::string_view text, std::string_view sought, std::size_t from)
+      : text_(text), sought_(sought), anchor_(anchorOf(sought)) {
+    const char32_t folded = mapped(cases.folded, utf8StepAt(sought, anchor_).value);
     const char32_t capital = mapped(cases.upper, folded);
-    bytes_ = {firstByteOf(folded, sought[0]), firstByteOf(capital, sought[0])};
-    next_[0] = text.find(bytes_[0], from);
-    next_[1] = bytes_[0] == bytes_[1] ? npos : text.find(bytes_[1], from);
+    bytes_ = {firstByteOf(folded), firstByteOf(capital)};
+    next_[0] = text.find(bytes_[0], from + anchor_);
+    next_[1] = bytes_[0] == bytes_[1] ? npos : text.find(bytes_[1], from + anchor_);
   }
 
-  /// Requires: `from` never falls.
-  std::size_t firstAtOrAfter(std::size_t from) {
+  /// The first place at or after `from`, which never falls; npos when there is none.
+  std::size_t next(std::size_t from) {
+    for (;; ++from) {
+      const std::size_t anchorAt = nextAnchor(from + anchor_);
+      if (anchorAt == npos) return npos;
+      from = anchorAt - anchor_;
+      if (text_.size() - from < sought_.size()) return npos;
+      if (standsAt(text_, from, sought_)) return from;
+    }
+  }
+
+ private:
+  std::size_t nextAnchor(std::size_t from) {
     for (std::size_t i = 0; i < bytes_.size(); ++i)
       if (next_[i] < from) next_[i] = text_.find(bytes_[i], from);
     return std::min(next_[0], next_[1]);
   }
 
- private:
-  static char firstByteOf(char32_t character, char illFormed) {
-    if (character >= Utf8Step::illFormedBase) return illFormed;
+  char firstByteOf(char32_t character) const {
+    if (character >= Utf8Step::illFormedBase) return sought_[anchor_];
     std::string bytes;
     appendUtf8(bytes, character);
     return bytes[0];
   }
 
   std::string_view text_;
+  std::string_view sought_;
+  std::size_t anchor_;
   std::array<char, 2> bytes_{};
   std::array<std::size_t, 2> next_{};
 };
-
-std::size_t findFrom(std::string_view text, std::string_view sought, std::size_t from,
-                     FirstByteScanner& scanner) {
-  for (;; ++from) {
-    from = scanner.firstAtOrAfter(from);
-    if (from == npos || text.size() - from < sought.size()) return npos;
-    if (standsAt(text, from, sought)) return from;
-  }
-}
 
 /// `find(from)` gives the next occurrence, or npos.
 template <class Find>
@@ -200,8 +215,7 @@ int compareIgnoreCase(std::string_view left, std::string_view right) {
 std::size_t findIgnoreCase(std::string_view text, std::string_view sought, std::size_t from) {
   if (sought.empty()) return from <= text.size() ? from : npos;
   if (from > text.size() || text.size() - from < sought.size()) return npos;
-  FirstByteScanner scanner(text, sought, from);
-  return findFrom(text, sought, from, scanner);
+  return Finder(text, sought, from).next(from);
 }
 
 std::string replaceAll(std::string_view text, std::string_view sought, std::string_view with) {
@@ -213,9 +227,8 @@ std::string replaceAll(std::string_view text, std::string_view sought, std::stri
 std::string replaceAllIgnoreCase(std::string_view text, std::string_view sought,
                                  std::string_view with) {
   if (sought.empty()) return std::string(text);
-  FirstByteScanner scanner(text, sought, 0);
-  return replaced(text, sought.size(), with,
-                  [&](std::size_t from) { return findFrom(text, sought, from, scanner); });
+  Finder finder(text, sought, 0);
+  return replaced(text, sought.size(), with, [&](std::size_t from) { return finder.next(from); });
 }
 
 std::size_t characterCount(std::string_view text) {

@@ -109,7 +109,7 @@ std::size_t plainFind(const std::string& text, const std::string& sought, std::s
 }
 
 TEST(Text, findingAgreesWithFoldingFirst) {
-  const std::string pieces[] = {"a", "A", "b", "B", "é", "É", "ÿ", "Ÿ", "\\", "'"};
+  const std::string pieces[] = {"a", "A", "b", "B", "é", "É", "ÿ", "Ÿ", "\\", "'", "«", " "};
   std::mt19937 random(20260430);
   const auto text = [&](std::size_t length) {
     std::string result;
