@@ -1,0 +1,217 @@
+#include "host/database/Recordset.h"
+
+#include <algorithm>
+
+#include "host/database/column_values.h"
+#include "host/database/dialect/DatabaseError.h"
+
+namespace autonotify::host {
+
+Recordset::Recordset(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters,
+                     CursorMode cursor, LockMode lock)
+    : session_(session), rows_(session, std::move(plan), std::move(parameters)), lock_(lock) {
+  // A recordset on a whole table may have been opened only for adding: its rows wait.
+  const bool mayBeForAdding =
+      cursor == CursorMode::keyset && lock == LockMode::updatable && rows_.plan().isWholeTable();
+  if (!mayBeForAdding) rows_.has(0);
+}
+
+std::vector<std::string> Recordset::columnNames() const {
+  std::vector<std::string> names;
+  for (const PlanColumn& column : rows_.plan().columns()) names.push_back(column.name);
+  return names;
+}
+
+std::vector<std::vector<Value>> Recordset::allRows() {
+  std::vector<std::vector<Value>> result;
+  for (std::size_t row = rows_.first(); rows_.has(row); row = rows_.next(row)) {
+    if (!rows_.load(row)) continue;
+    std::vector<Value>& values = result.emplace_back();
+    for (std::size_t i = 0; i < rows_.plan().columns().size(); ++i)
+      values.push_back(rows_.value(row, static_cast<int>(i)));
+  }
+  return result;
+}
+
+void Recordset::appendColumn(const std::string& name, std::vector<Value>& array) {
+  const int index = rows_.plan().columnIndex(name);
+  std::vector<Value> values;
+  for (std::size_t row = rows_.first(); rows_.has(row); row = rows_.next(row))
+    if (rows_.load(row)) values.push_back(rows_.value(row, index));
+  array.insert(array.end(), values.begin(), values.end());
+}
+
+bool Recordset::hasRows() {
+  if (position_ >= RowList::firstAdded && rows_.has(position_) && !isDeleted(position_))
+    return true;
+  std::size_t row = rows_.first();
+  while (rows_.has(row) && isDeleted(row)) row = rows_.next(row);
+  return rows_.has(row);
+}
+
+bool Recordset::isAtEnd() {
+  if (newRow_) return false;
+  if (position_ == 0) position_ = rows_.first();
+  return !rows_.has(position_) || (!deleted_.empty() && !hasRows());
+}
+
+void Recordset::moveNext() {
+  newRow_.reset();
+  if (isAtEnd()) return;
+  std::size_t row = rows_.next(position_);
+  while (rows_.has(row) && !rows_.load(row)) row = rows_.next(row);
+  position_ = row;
+}
+
+bool Recordset::moveTo(std::size_t position) {
+  if (!rows_.has(position)) return false;
+  newRow_.reset();
+  position_ = position;
+  return true;
+}
+
+bool Recordset::find(const std::string& name, const std::string& value) {
+  newRow_.reset();
+  soughtColumn_ = rows_.plan().columnIndex(name);
+  const PlanColumn& sought = column(soughtColumn_);
+  try {
+    soughtText_ = sought.origin ? comparisonText(valueFromText(*sought.origin, value)) : value;
+  } catch (const PlatformError&) {
+    // No row holds what its column cannot hold. Rows beyond the end match nothing either.
+    soughtText_.assign(1, '\0');
+  }
+  return findFrom(rows_.first());
+}
+
+void Recordset::findNext() {
+  if (soughtColumn_ < 0) return moveNext();
+  newRow_.reset();
+  if (!isAtEnd()) findFrom(rows_.next(position_));
+}
+
+bool Recordset::findFrom(std::size_t row) {
+  auto index = std::find_if(indexes_.begin(), indexes_.end(), [&](const ColumnIndex& candidate) {
+    return candidate.column() == soughtColumn_;
+  });
+  if (index != indexes_.end() && !index->isCurrent(session_, rows_)) {
+    indexes_.erase(index);
+    index = indexes_.end();
+  }
+  if (index == indexes_.end())
+    index = indexes_.insert(index, ColumnIndex(session_, rows_, soughtColumn_));
+  const auto found = index->find(rows_, soughtText_, row);
+  position_ = found.value_or(RowList::firstAdded + rows_.count());
+  return found.has_value();
+}
+
+const PlanColumn& Recordset::column(int index) const {
+  return rows_.plan().columns()[static_cast<std::size_t>(index)];
+}
+
+void Recordset::requireCurrentRow() {
+  if (isAtEnd())
+    throw DatabaseError(database_error::noCurrentRow, "The recordset stands on no row");
+}
+
+Value Recordset::value(const std::string& name) {
+  const int index = rows_.plan().columnIndex(name);
+  if (newRow_) return newValue(column(index));
+  requireCurrentRow();
+  if (!rows_.load(position_))
+    throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+  return rows_.value(position_, index);
+}
+
+void Recordset::requireUpdatable() const {
+  if (lock_ != LockMode::updatable)
+    throw DatabaseError(database_error::notUpdatable, "The recordset was opened read-only");
+}
+
+const PlanColumn& Recordset::writableColumn(const std::string& name, bool keyToo) const {
+  requireUpdatable();
+  const PlanColumn& result = column(rows_.plan().columnIndex(name));
+  if (result.tableIndex < 0)
+    throw DatabaseError(database_error::notUpdatable,
+                        "Column " + name + " is of no single row of a table");
+  if (!keyToo && result.origin->kind == ColumnKind::Key)
+    throw DatabaseError(database_error::notUpdatable,
+                        "Column " + name + " is the key of its table");
+  return result;
+}
+
+void Recordset::update(const std::string& name, const std::string& text) {
+  const PlanColumn& target = writableColumn(name, false);
+  const Value value = valueFromText(*target.origin, text);
+  if (newRow_)
+    throw DatabaseError(database_error::noCurrentRow, "The row being added is not saved yet");
+  requireCurrentRow();
+  const Id key = rows_.key(position_, target.tableIndex);
+  if (!session_.updateField(*target.table, *target.origin, key, value))
+    throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+}
+
+void Recordset::remove() {
+  requireUpdatable();
+  if (newRow_ || !rows_.plan().isKeyed())
+    throw DatabaseError(newRow_ ? database_error::noCurrentRow : database_error::notUpdatable,
+                        "There is no row of a table to delete");
+  requireCurrentRow();
+  if (!session_.deleteRow(*rows_.plan().tables().front(), rows_.key(position_, 0)))
+    throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+  deleted_.insert(position_);
+}
+
+const TableDef& Recordset::table() const {
+  if (rows_.plan().tables().size() != 1)
+    throw DatabaseError(database_error::notUpdatable,
+                        "Rows are added to a recordset of a single table only");
+  return *rows_.plan().tables().front();
+}
+
+void Recordset::beginRow() {
+  requireUpdatable();
+  auto row = std::make_unique<NewRow>();
+  row->key = session_.reserveKey(table());
+  newRow_ = std::move(row);
+}
+
+Recordset::NewRow& Recordset::newRow() {
+  if (!newRow_) throw DatabaseError(database_error::noCurrentRow, "No row is being added");
+  return *newRow_;
+}
+
+Value Recordset::newValue(const PlanColumn& wanted) const {
+  if (!wanted.origin) return Null{};
+  if (wanted.origin->kind == ColumnKind::Key) return newRow_->key;
+  const auto set = newRow_->values.find(wanted.origin);
+  return set == newRow_->values.end() ? defaultValue(*wanted.origin) : set->second;
+}
+
+void Recordset::setValue(const std::string& name, const std::string& text) {
+  const PlanColumn& target = writableColumn(name, true);
+  const Value value = valueFromText(*target.origin, text);
+  NewRow& row = newRow();
+  if (target.origin->kind == ColumnKind::Key)
+    row.key = toInteger(value);
+  else
+    row.values[target.origin] = value;
+}
+
+void Recordset::saveRow() {
+  requireUpdatable();
+  const NewRow& row = newRow();
+  std::vector<const ColumnDef*> columns;
+  std::vector<Value> values;
+  // In the table's order, so that the same set of columns is the same statement.
+  for (const ColumnDef& each : table().columns) {
+    const auto set = row.values.find(&each);
+    if (each.kind != ColumnKind::Key && set == row.values.end()) continue;
+    columns.push_back(&each);
+    values.push_back(each.kind == ColumnKind::Key ? Value(row.key) : set->second);
+  }
+  session_.insertRow(table(), columns, values);
+  position_ = rows_.append(row.key);
+  newRow_.reset();
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "control/contract/DatabaseReference.h"
+#include "host/database/ColumnIndex.h"
+#include "host/database/RecordsetObject.h"
+#include "host/database/RowList.h"
+
+namespace autonotify::host {
+
+/// One open recordset: a position among its rows, and a row being added to it.
+///
+/// Which rows belong to it is settled when the statement runs; their values are read when they are
+/// wanted. Both cursor modes behave alike: a forward-only recordset can be searched from its top
+/// and be returned to a bookmark. Rows that someone else has deleted are passed over by moving and
+/// searching; standing on one, reading and writing fail with `rowGone`.
+///
+/// A column is written in the table it comes from, also over joins. deleteRecord deletes the row of
+/// the first table of the FROM clause. Rows are added to recordsets of a single table only; a row
+/// that was saved is the current one and stands behind all others.
+class Recordset : public RecordsetObject {
+ public:
+  Recordset(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters,
+            CursorMode cursor, LockMode lock);
+
+  std::vector<std::string> columnNames() const override;
+  std::vector<std::vector<Value>> allRows() override;
+  void appendColumn(const std::string& name, std::vector<Value>& array);
+
+  std::size_t count() { return rows_.count() - deleted_.size(); }
+  bool hasRows();
+  bool isAtEnd();
+  void moveNext();
+  std::size_t position() const { return position_; }
+  /// False, and no move, when there never was such a row.
+  bool moveTo(std::size_t position);
+  bool find(const std::string& column, const std::string& value);
+  void findNext();
+
+  Value value(const std::string& column);
+  void update(const std::string& column, const std::string& text);
+  void remove();
+
+  void beginRow();
+  void setValue(const std::string& column, const std::string& text);
+  /// On failure the row is still being added, so that saving can be tried again.
+  void saveRow();
+
+ private:
+  /// The row being added.
+  struct NewRow {
+    Id key = noId;
+    std::unordered_map<const ColumnDef*, Value> values;
+  };
+
+  void requireUpdatable() const;
+  /// The single table that rows are added to.
+  const TableDef& table() const;
+  const PlanColumn& column(int index) const;
+  /// A column that can be written: of one row of a table, and not its key unless `keyToo`.
+  const PlanColumn& writableColumn(const std::string& name, bool keyToo) const;
+  void requireCurrentRow();
+  NewRow& newRow();
+  Value newValue(const PlanColumn& column) const;
+  bool isDeleted(std::size_t row) const { return deleted_.count(row) > 0; }
+  bool findFrom(std::size_t row);
+
+  Session& session_;
+  RowList rows_;
+  LockMode lock_;
+  std::size_t position_ = 0;
+  std::set<std::size_t> deleted_;
+  std::unique_ptr<NewRow> newRow_;
+  std::vector<ColumnIndex> indexes_;
+  int soughtColumn_ = -1;  // of the last find, or -1
+  std::string soughtText_;
+};
+
+}  // namespace autonotify::host

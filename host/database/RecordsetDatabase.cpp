@@ -1,0 +1,153 @@
+#include "host/database/RecordsetDatabase.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "platform/date_time_text.h"
+#include "platform/text.h"
+
+namespace autonotify::host {
+
+RecordsetDatabase::RecordsetDatabase(std::unique_ptr<Driver> driver)
+    : driver_(std::move(driver)), session_(*driver_) {}
+
+RecordsetDatabase::~RecordsetDatabase() {
+  RecordsetDatabase::close();
+}
+
+void RecordsetDatabase::close() {
+  recordsets_.clear();
+  session_.clear();
+  driver_.reset();
+}
+
+Driver& RecordsetDatabase::driver() {
+  if (!driver_) throw DatabaseError(database_error::closed, "The database is closed");
+  return *driver_;
+}
+
+Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
+  driver();
+  const auto found = recordsets_.find(handle);
+  if (found == recordsets_.end())
+    throw DatabaseError(database_error::badHandle,
+                        "No recordset is open under handle " + std::to_string(handle));
+  return *found->second;
+}
+
+bool RecordsetDatabase::isDatabaseOpen() {
+  return driver_ && driver_->isUsable();
+}
+
+RecordsetHandle RecordsetDatabase::openRecordset(const std::string& sql, CursorMode cursor,
+                                                 LockMode lock, int, const std::string&, int,
+                                                 bool) {
+  driver();
+  std::vector<Value> parameters;
+  std::shared_ptr<Plan> plan = session_.plan(sql, parameters);
+  auto opened =
+      std::make_unique<Recordset>(session_, std::move(plan), std::move(parameters), cursor, lock);
+  recordsets_.emplace(++lastHandle_, std::move(opened));
+  return lastHandle_;
+}
+
+void RecordsetDatabase::closeRecordset(RecordsetHandle handle) {
+  recordset(handle);
+  recordsets_.erase(handle);
+}
+
+int RecordsetDatabase::getRecordCount(RecordsetHandle handle) {
+  constexpr std::size_t most = std::numeric_limits<int>::max();
+  return static_cast<int>(std::min(recordset(handle).count(), most));
+}
+
+bool RecordsetDatabase::isRecordsetEmpty(RecordsetHandle handle) {
+  return !recordset(handle).hasRows();
+}
+
+bool RecordsetDatabase::isRecordsetOpen(RecordsetHandle handle) {
+  return recordsets_.count(handle) > 0;
+}
+
+HostObject* RecordsetDatabase::getRecordsetObject(RecordsetHandle handle) {
+  return &recordset(handle);
+}
+
+void RecordsetDatabase::readColumnIntoArray(RecordsetHandle handle, std::vector<Value>& array,
+                                            const std::string& fieldName) {
+  recordset(handle).appendColumn(fieldName, array);
+}
+
+bool RecordsetDatabase::isEndOfRecordset(RecordsetHandle handle) {
+  return recordset(handle).isAtEnd();
+}
+
+Bookmark RecordsetDatabase::getBookmark(RecordsetHandle handle) {
+  return static_cast<Bookmark>(recordset(handle).position());
+}
+
+bool RecordsetDatabase::gotoBookmark(RecordsetHandle handle, Bookmark bookmark) {
+  return recordset(handle).moveTo(static_cast<std::size_t>(bookmark));
+}
+
+bool RecordsetDatabase::hasRecords(RecordsetHandle handle) {
+  return recordset(handle).hasRows();
+}
+
+bool RecordsetDatabase::moveNext(RecordsetHandle handle) {
+  recordset(handle).moveNext();
+  return true;
+}
+
+Value RecordsetDatabase::getFieldValue(RecordsetHandle handle, const std::string& fieldName) {
+  return recordset(handle).value(fieldName);
+}
+
+bool RecordsetDatabase::updateFieldValue(RecordsetHandle handle, const std::string& fieldName,
+                                         const std::string& value, bool, bool) {
+  recordset(handle).update(fieldName, value);
+  return true;
+}
+
+bool RecordsetDatabase::deleteRecord(RecordsetHandle handle) {
+  recordset(handle).remove();
+  return true;
+}
+
+bool RecordsetDatabase::addNewRecord(RecordsetHandle handle) {
+  recordset(handle).beginRow();
+  return true;
+}
+
+bool RecordsetDatabase::setFieldValue(RecordsetHandle handle, const std::string& fieldName,
+                                      const std::string& value) {
+  recordset(handle).setValue(fieldName, value);
+  return true;
+}
+
+bool RecordsetDatabase::saveNewRecord(RecordsetHandle handle) {
+  recordset(handle).saveRow();
+  return true;
+}
+
+bool RecordsetDatabase::findRecord(RecordsetHandle handle, const std::string& fieldName,
+                                   const std::string& value, const std::string&, const std::string&,
+                                   const std::string&, const std::string&) {
+  return recordset(handle).find(fieldName, value);
+}
+
+bool RecordsetDatabase::findNextRecord(RecordsetHandle handle) {
+  recordset(handle).findNext();
+  return true;
+}
+
+std::string RecordsetDatabase::formatDateForSQL(DateTime moment) {
+  return dateTimeText(moment);
+}
+
+std::string RecordsetDatabase::formatTextForSQL(const std::string& text) {
+  return replaceAll(text, "'", "''");
+}
+
+}  // namespace autonotify::host

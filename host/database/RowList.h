@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "host/database/Session.h"
+
+namespace autonotify::host {
+
+/// The rows of one execution of a statement, in its order, by their number from 0, followed by the
+/// rows added through the same recordset, which are numbered from `firstAdded`.
+///
+/// The statement begins when the first row is asked for and is stepped no further than needed. Of a
+/// row that has been passed its keys are kept; its values are read again by these keys, so that a
+/// row shows what has been written since. Rows without keys are kept with their values.
+class RowList : private LiveRows {
+ public:
+  static constexpr std::size_t firstAdded = std::size_t{1} << 40;
+
+  RowList(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters);
+  ~RowList() override;
+  RowList(const RowList&) = delete;
+  RowList& operator=(const RowList&) = delete;
+
+  const Plan& plan() const { return *plan_; }
+
+  /// The number of the first row; the result need not be a row.
+  std::size_t first() { return has(0) ? 0 : firstAdded; }
+  /// Whether there is, or was, a row with this number.
+  bool has(std::size_t row);
+  /// The number behind `row` in the order told above; the result need not be a row.
+  std::size_t next(std::size_t row);
+  /// Goes through all rows.
+  std::size_t count();
+
+  /// Makes the row's values readable. False when the row has been deleted. Requires: has(row).
+  bool load(std::size_t row);
+  /// Requires: load(row) gave True, and nothing was called since that moves or writes.
+  Value value(std::size_t row, int column);
+  /// The key of the row in plan().tables()[table]. Requires: has(row), and the plan is keyed.
+  Id key(std::size_t row, int table) const;
+
+  /// A row that was added to the single table; gives its number.
+  std::size_t append(Id key) {
+    added_.push_back(key);
+    return firstAdded + added_.size() - 1;
+  }
+
+ private:
+  using Values = std::vector<Value>;
+  static constexpr std::size_t bufferLimit = 256;
+
+  void settle(Settle how) override;
+  void step();
+  void start();
+  void forget() noexcept;
+  void take(DriverStatement& statement);
+  void drain(std::size_t valuesToKeep);
+  bool isLive(std::size_t row) const { return standsOnRow_ && row + 1 == known_; }
+  bool isBuffered(std::size_t row) const;
+  bool isFresh() const;
+  Values valuesOf(DriverStatement& statement) const;
+  void startBuffer(std::size_t row);
+
+  Session& session_;
+  std::shared_ptr<Plan> plan_;
+  std::vector<Value> parameters_;
+  std::vector<Id> keys_;  // of all tables, row after row
+  std::vector<Id> added_;
+  std::size_t known_ = 0;
+  bool started_ = false;
+  bool complete_ = false;
+  bool standsOnRow_ = false;
+  std::size_t bufferFirst_ = 0;
+  std::vector<Values> buffer_;
+  std::uint64_t bufferVersion_ = 0;
+};
+
+}  // namespace autonotify::host

@@ -1,0 +1,285 @@
+#include "host/database/dialect/Dialect.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "host/database/dialect/Tokenizer.h"
+#include "platform/date_time_text.h"
+#include "platform/text.h"
+
+namespace autonotify::host {
+namespace {
+
+constexpr std::size_t npos = std::string::npos;
+
+constexpr std::string_view aggregates[] = {"avg", "count", "max", "min", "sum"};
+constexpr std::string_view scalarFunctions[] = {"abs",   "coalesce", "length", "lower",
+                                                "round", "trim",     "upper"};
+
+template <class Names>
+bool isOneOf(std::string_view word, const Names& names) {
+  return std::any_of(std::begin(names), std::end(names),
+                     [&](std::string_view name) { return equalIgnoreCase(word, name); });
+}
+
+/// Number literals become parameters inside a condition only: elsewhere they may be positions.
+std::optional<bool> beginsCondition(Keyword keyword) {
+  switch (keyword) {
+    case Keyword::where:
+    case Keyword::on:
+    case Keyword::having:
+      return true;
+    case Keyword::select:
+    case Keyword::from:
+    case Keyword::join:
+    case Keyword::group:
+    case Keyword::order:
+    case Keyword::limit:
+    case Keyword::offset:
+      return false;
+    default:
+      return std::nullopt;
+  }
+}
+
+/// Words after which a result row no longer is one row of each table.
+bool mixesRows(Keyword keyword) {
+  switch (keyword) {
+    case Keyword::distinct:
+    case Keyword::group:
+    case Keyword::having:
+    case Keyword::union_:
+    case Keyword::intersect:
+    case Keyword::except:
+    case Keyword::left:
+    case Keyword::right:
+    case Keyword::full:
+    case Keyword::cross:
+    case Keyword::natural:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool endsFromClause(Keyword keyword) {
+  return keyword == Keyword::where || keyword == Keyword::group || keyword == Keyword::having ||
+         keyword == Keyword::order || keyword == Keyword::limit || keyword == Keyword::union_ ||
+         keyword == Keyword::intersect || keyword == Keyword::except;
+}
+
+class Translator {
+ public:
+  Translator(std::string_view sql, Engine engine) : sql_(sql), tokens_(sql), engine_(engine) {
+    result_.sql.reserve(sql.size() + 16);
+  }
+
+  Translation translate() {
+    Token token = next();
+    if (token.keyword != Keyword::select) refuse("only SELECT is allowed");
+    while (token.kind != TokenKind::end && !token.is(';')) {
+      take(token);
+      previous_ = token;
+      token = next();
+    }
+    if (token.is(';')) token = next();
+    if (token.kind != TokenKind::end) refuse("one statement at a time");
+    if (depth_ != 0) refuse("a parenthesis is not closed");
+    endOrderTerm();
+    if (result_.from != npos && result_.fromEnd == npos) result_.fromEnd = result_.sql.size();
+    return std::move(result_);
+  }
+
+ private:
+  static constexpr std::size_t deepest = 64;
+
+  Token next() {
+    Token token = tokens_.next();
+    if (previous_.is('.')) token.keyword = Keyword::none;
+    return token;
+  }
+
+  [[noreturn]] void refuse(std::string_view why) const {
+    throw DatabaseError(database_error::statementRefused,
+                        "The statement is refused: " + std::string(why), 0, std::string(sql_));
+  }
+
+  void take(const Token& token) {
+    switch (token.kind) {
+      case TokenKind::word:
+        return takeWord(token);
+      case TokenKind::number:
+        return takeNumber(token);
+      case TokenKind::text:
+        return takeText(token);
+      case TokenKind::date:
+        return takeDate(token);
+      case TokenKind::symbol:
+        return takeSymbol(token);
+      case TokenKind::end:
+        return;
+    }
+  }
+
+  void takeWord(const Token& token) {
+    if (token.keyword != Keyword::none) takeKeyword(token);
+    write(token);
+  }
+
+  void takeKeyword(const Token& token) {
+    const Keyword keyword = token.keyword;
+    if (keyword == Keyword::into || keyword == Keyword::for_)
+      refuse("SELECT may not write or lock");
+    if (const auto condition = beginsCondition(keyword)) inCondition_[depth_] = *condition;
+    if (keyword == Keyword::select && depth_ > 0 && result_.fromEnd == npos) mixed();
+    if (mixesRows(keyword)) mixed();
+    if (depth_ == 0) markClause(token);
+    if (keyword == Keyword::limit || keyword == Keyword::offset) endOrderTerm();
+    if (orderDepth_ == depth_) {
+      descending_ = descending_ || keyword == Keyword::desc;
+      orderTold_ = orderTold_ || keyword == Keyword::nulls;
+    }
+    if (keyword == Keyword::order) orderDepth_ = depth_;
+  }
+
+  void markClause(const Token& token) {
+    if (token.keyword == Keyword::from && result_.from == npos)
+      result_.from = result_.sql.size() + (token.spaced ? 1 : 0);
+    else if (endsFromClause(token.keyword) && result_.fromEnd == npos)
+      result_.fromEnd = result_.sql.size();
+  }
+
+  void mixed() { result_.rowsAreTableRows = false; }
+
+  void takeNumber(const Token& token) {
+    std::int32_t number = 0;
+    const char* end = token.content.data() + token.content.size();
+    const auto [stop, fault] = std::from_chars(token.content.data(), end, number);
+    if (!inCondition_[depth_] || stop != end || fault != std::errc()) return write(token);
+    if (signAt_ == npos) return parameter(token, number);
+    result_.sql.resize(signAt_);
+    parameter(token, -number);
+  }
+
+  void takeText(const Token& token) {
+    if (token.content.find('\0') != npos || !isValidUtf8(token.content))
+      throw DatabaseError(database_error::invalidText,
+                          "Text in a statement holds a NUL byte or is no UTF-8");
+    parameter(token, replaceAll(token.content, "''", "'"));
+  }
+
+  void takeDate(const Token& token) {
+    const std::optional<DateTime> moment = parseDateTime(token.content);
+    if (!moment) refuse("#" + std::string(token.content) + "# is no date");
+    parameter(token, *moment);
+  }
+
+  void takeSymbol(const Token& token) {
+    if (token.is('(')) open();
+    if (token.is(')')) close();
+    if (token.is(',') && orderDepth_ == depth_) nextOrderTerm();
+    const std::size_t signAt = result_.sql.size();
+    write(token);
+    signAt_ = token.is('-') && !isOperand(previous_) ? signAt + (token.spaced ? 1 : 0) : npos;
+  }
+
+  void open() {
+    if (previous_.kind == TokenKind::word && previous_.keyword == Keyword::none) {
+      if (isOneOf(previous_.content, aggregates))
+        mixed();
+      else if (!isOneOf(previous_.content, scalarFunctions))
+        refuse("the function " + std::string(previous_.content) + " is unknown");
+    }
+    if (depth_ + 1 == deepest) refuse("parentheses are nested too deep");
+    inCondition_[depth_ + 1] = inCondition_[depth_];
+    ++depth_;
+  }
+
+  void close() {
+    if (depth_ == 0) refuse("a parenthesis is closed that was not opened");
+    if (orderDepth_ == depth_) endOrderTerm();
+    --depth_;
+  }
+
+  static bool isOperand(const Token& token) {
+    return token.kind == TokenKind::symbol ? token.is(')') : token.keyword == Keyword::none;
+  }
+
+  // NULL comes first in ascending order; an engine that has it last is told so at each term.
+  void nextOrderTerm() {
+    if (engine_ == Engine::postgres && !orderTold_)
+      result_.sql += descending_ ? " NULLS LAST" : " NULLS FIRST";
+    descending_ = orderTold_ = false;
+  }
+
+  void endOrderTerm() {
+    if (orderDepth_ == npos) return;
+    nextOrderTerm();
+    orderDepth_ = npos;
+  }
+
+  void write(const Token& token) {
+    if (token.spaced && !result_.sql.empty()) result_.sql += ' ';
+    result_.sql += token.content;
+    signAt_ = npos;
+  }
+
+  void parameter(const Token& token, Value value) {
+    if (result_.fromEnd == npos) mixed();
+    if (token.spaced && signAt_ == npos) result_.sql += ' ';
+    result_.parameters.push_back(std::move(value));
+    if (engine_ == Engine::sqlite)
+      result_.sql += '?';
+    else
+      result_.sql += '$' + std::to_string(result_.parameters.size());
+    signAt_ = npos;
+  }
+
+  std::string_view sql_;
+  Tokenizer tokens_;
+  Engine engine_;
+  Translation result_;
+  Token previous_;
+  std::size_t depth_ = 0;
+  bool inCondition_[deepest] = {};
+  std::size_t orderDepth_ = npos;
+  bool descending_ = false;
+  bool orderTold_ = false;
+  /// Where in the result a minus sign stands that belongs to the number to come.
+  std::size_t signAt_ = npos;
+};
+
+}  // namespace
+
+Translation translate(std::string_view sql, Engine engine) {
+  return Translator(sql, engine).translate();
+}
+
+std::vector<TableReference> tablesOf(std::string_view fromClause) {
+  std::vector<TableReference> tables;
+  Tokenizer tokens(fromClause);
+  bool tableNext = false;
+  bool aliasNext = false;
+  for (Token token = tokens.next(); token.kind != TokenKind::end; token = tokens.next()) {
+    const bool isName = token.kind == TokenKind::word && token.keyword == Keyword::none;
+    if (isName && tableNext) {
+      tables.push_back({std::string(token.content), std::string(token.content)});
+      tableNext = false;
+      aliasNext = true;
+    } else if (isName && aliasNext) {
+      tables.back().alias = token.content;
+      aliasNext = false;
+    } else if (token.keyword == Keyword::from || token.keyword == Keyword::join || token.is(',')) {
+      tableNext = true;
+      aliasNext = false;
+    } else if (token.keyword != Keyword::as && !token.is('(')) {
+      aliasNext = false;
+    }
+  }
+  return tables;
+}
+
+}  // namespace autonotify::host

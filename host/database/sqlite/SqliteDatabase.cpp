@@ -1,0 +1,159 @@
+#include "host/database/sqlite/SqliteDatabase.h"
+
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
+#include <string>
+#include <system_error>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "host/database/schema/Schema.h"
+#include "host/database/sqlite/SqliteDriver.h"
+
+namespace autonotify::host {
+namespace {
+
+namespace files = std::filesystem;
+
+/// Runs a call of the connection; its failure becomes a DatabaseError.
+template <class Call>
+auto translated(Call&& call) {
+  try {
+    return call();
+  } catch (const SQLite::Exception& failure) {
+    const int extended = failure.getExtendedErrorCode();
+    throwSqliteError(extended != 0 && extended != -1 ? extended : failure.getErrorCode(),
+                     failure.what(), {});
+  }
+}
+
+void execute(SQLite::Database& database, const std::string& sql) {
+  translated([&] { return database.exec(sql); });
+}
+
+int pragma(SQLite::Database& database, const char* name) {
+  const std::string sql = std::string("PRAGMA ") + name;
+  return translated([&] { return database.execAndGet(sql).getInt(); });
+}
+
+SQLite::Database connect(const std::string& path, int flags, int busyTimeout) {
+  return translated([&] { return SQLite::Database(path, flags, busyTimeout); });
+}
+
+void requireFile(const files::path& path) {
+  std::error_code ignored;
+  const files::file_status status = files::status(path, ignored);
+  if (!files::exists(status))
+    throw DatabaseError(database_error::missing, "There is no database " + path.string());
+  if (files::is_directory(status))
+    throw DatabaseError(database_error::cannotOpen,
+                        path.string() + " is a folder, not a database file");
+}
+
+void requireOurs(SQLite::Database& database, const std::string& path) {
+  if (pragma(database, "application_id") != applicationId)
+    throw DatabaseError(database_error::foreign, path + " is not a database of this program");
+  const int version = pragma(database, "user_version");
+  if (version > schemaVersion)
+    throw DatabaseError(database_error::newerSchema,
+                        path + " was written by a newer version of this program (schema " +
+                            std::to_string(version) + ", known up to " +
+                            std::to_string(schemaVersion) + ")");
+}
+
+void requireWritable(SQLite::Database& database, const std::string& path) {
+  if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
+    throw DatabaseError(database_error::readOnly, path + " can only be read");
+}
+
+void createTables(SQLite::Database& database) {
+  execute(database, "BEGIN");
+  for (const std::string& statement : schemaStatements(Engine::sqlite))
+    execute(database, statement);
+  execute(database, "PRAGMA application_id=" + std::to_string(applicationId));
+  execute(database, "PRAGMA user_version=" + std::to_string(schemaVersion));
+  execute(database, "COMMIT");
+}
+
+void useLog(SQLite::Database& database) {
+  execute(database, "PRAGMA journal_mode=WAL");
+  execute(database, "PRAGMA synchronous=FULL");
+}
+
+/// The empty database as a block of memory, from which each new one in memory is copied.
+class EmptyImage {
+ public:
+  EmptyImage() {
+    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    createTables(database);
+    bytes_ = sqlite3_serialize(database.getHandle(), "main", &size_, 0);
+    if (!bytes_) throw std::bad_alloc();
+  }
+  ~EmptyImage() { sqlite3_free(bytes_); }
+  EmptyImage(const EmptyImage&) = delete;
+  EmptyImage& operator=(const EmptyImage&) = delete;
+
+  void copyTo(sqlite3* connection) const {
+    const auto size = static_cast<sqlite3_uint64>(size_);
+    auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(size));
+    if (!copy) throw std::bad_alloc();
+    std::copy(bytes_, bytes_ + size_, copy);
+    const int code =
+        sqlite3_deserialize(connection, "main", copy, size_, size_,
+                            SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
+    if (code != SQLITE_OK) throwSqliteError(connection, code, {});
+  }
+
+ private:
+  unsigned char* bytes_ = nullptr;
+  sqlite3_int64 size_ = 0;
+};
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(SQLite::Database connection)
+    : RecordsetDatabase(std::make_unique<SqliteDriver>(std::move(connection))) {}
+
+SQLite::Database& SqliteDatabase::connection() {
+  return static_cast<SqliteDriver&>(driver()).database();
+}
+
+std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
+                                           int busyTimeout) {
+  requireFile(path);
+  const bool writing = mode == OpenMode::readWrite;
+  const std::string name = path.string();
+  SQLite::Database database =
+      connect(name, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
+  requireOurs(database, name);
+  if (writing) {
+    requireWritable(database, name);
+    useLog(database);
+  }
+  return std::make_unique<SqliteDatabase>(std::move(database));
+}
+
+std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
+  if (files::exists(path))
+    throw DatabaseError(database_error::alreadyExists, path.string() + " is there already");
+  SQLite::Database database = connect(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
+                                      SqliteDatabase::busyTimeout);
+  try {
+    createTables(database);
+    useLog(database);
+  } catch (...) {
+    std::error_code ignored;
+    files::remove(path, ignored);
+    throw;
+  }
+  return std::make_unique<SqliteDatabase>(std::move(database));
+}
+
+std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
+  static const EmptyImage image;
+  SQLite::Database database = connect(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 0);
+  image.copyTo(database.getHandle());
+  return std::make_unique<SqliteDatabase>(std::move(database));
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,211 @@
+#include "host/database/sqlite/SqliteDriver.h"
+
+#include <sqlite3.h>
+
+#include <limits>
+#include <string_view>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "platform/date_time_text.h"
+
+namespace autonotify::host {
+namespace {
+
+struct Failure {
+  int code;  // SQLite's, without its extension
+  int number;
+  const char* description;
+};
+
+constexpr Failure failures[] = {
+    {SQLITE_BUSY, database_error::locked, "The database is locked by another user"},
+    {SQLITE_LOCKED, database_error::locked, "The database is locked"},
+    {SQLITE_FULL, database_error::diskFull, "The disk is full"},
+    {SQLITE_READONLY, database_error::readOnly, "The database can only be read"},
+    {SQLITE_CORRUPT, database_error::corrupt, "The database file is damaged"},
+    {SQLITE_NOTADB, database_error::corrupt, "The file is not a database"},
+    {SQLITE_CANTOPEN, database_error::cannotOpen, "The database file cannot be opened"},
+    {SQLITE_PERM, database_error::cannotOpen, "The database file may not be opened"},
+    {SQLITE_IOERR, database_error::inputOutput, "The database file cannot be read or written"},
+    {SQLITE_CONSTRAINT, database_error::constraint, "The row breaks a rule of its table"},
+    {SQLITE_ERROR, database_error::statementFailed, "The database does not accept the statement"},
+};
+
+/// A statement of the engine. The engine's own interface is used here for what the wrapper around
+/// the connection does not give: the table a column comes from, and reading without copies.
+class SqliteStatement : public DriverStatement {
+ public:
+  SqliteStatement(sqlite3* connection, const std::string& sql) : connection_(connection) {
+    check(sqlite3_prepare_v3(connection, sql.c_str(), static_cast<int>(sql.size()) + 1,
+                             SQLITE_PREPARE_PERSISTENT, &statement_, nullptr),
+          sql);
+    try {
+      describe();
+    } catch (...) {
+      sqlite3_finalize(statement_);
+      throw;
+    }
+  }
+  ~SqliteStatement() override { sqlite3_finalize(statement_); }
+  SqliteStatement(const SqliteStatement&) = delete;
+  SqliteStatement& operator=(const SqliteStatement&) = delete;
+
+  const std::vector<ResultColumn>& columns() const override { return columns_; }
+
+  void execute(const std::vector<Value>& parameters) override {
+    sqlite3_reset(statement_);
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+      parameters[i].visit([&](const auto& value) { bind(static_cast<int>(i + 1), value); });
+  }
+
+  bool step() override {
+    const int code = sqlite3_step(statement_);
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) {
+      sqlite3_reset(statement_);
+      return false;
+    }
+    fail(code);
+  }
+
+  Value value(int column, const ColumnDef* origin) const override {
+    const int type = sqlite3_column_type(statement_, column);
+    if (type == SQLITE_NULL) return Null{};
+    if (origin && origin->kind == ColumnKind::Flag)
+      return sqlite3_column_int(statement_, column) != 0;
+    if (type == SQLITE_INTEGER) return std::int64_t{sqlite3_column_int64(statement_, column)};
+    if (type == SQLITE_FLOAT) return sqlite3_column_double(statement_, column);
+    const std::string_view text = this->text(column);
+    if (origin && origin->kind == ColumnKind::DateTime)
+      if (const auto moment = parseDateTime(text)) return *moment;
+    return std::string(text);
+  }
+
+  Id key(int column) const override { return sqlite3_column_int(statement_, column); }
+
+  void reset() noexcept override { sqlite3_reset(statement_); }
+
+  int run(const std::vector<Value>& parameters) override {
+    execute(parameters);
+    step();
+    sqlite3_reset(statement_);
+    return sqlite3_changes(connection_);
+  }
+
+ private:
+  void describe() {
+    const auto text = [](const char* name) { return std::string(name ? name : ""); };
+    for (int i = 0; i < sqlite3_column_count(statement_); ++i)
+      columns_.push_back({text(sqlite3_column_name(statement_, i)),
+                          text(sqlite3_column_table_name(statement_, i)),
+                          text(sqlite3_column_origin_name(statement_, i))});
+  }
+
+  std::string_view text(int column) const {
+    const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+    return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+  }
+
+  void bind(int place, Null) { check(sqlite3_bind_null(statement_, place)); }
+  void bind(int place, bool flag) { check(sqlite3_bind_int(statement_, place, flag)); }
+  void bind(int place, std::int64_t number) {
+    check(sqlite3_bind_int64(statement_, place, number));
+  }
+  void bind(int place, double number) { check(sqlite3_bind_double(statement_, place, number)); }
+  void bind(int place, DateTime moment) { bind(place, dateTimeText(moment)); }
+  void bind(int place, const std::string& text) {
+    check(sqlite3_bind_text64(statement_, place, text.data(), text.size(), SQLITE_TRANSIENT,
+                              SQLITE_UTF8));
+  }
+
+  void check(int code) {
+    if (code != SQLITE_OK) fail(code);
+  }
+  void check(int code, const std::string& sql) {
+    if (code != SQLITE_OK) throwSqliteError(connection_, code, sql);
+  }
+  [[noreturn]] void fail(int code) {
+    const std::string message = sqlite3_errmsg(connection_);
+    const char* sql = sqlite3_sql(statement_);
+    sqlite3_reset(statement_);
+    throwSqliteError(code, message, sql ? sql : "");
+  }
+
+  sqlite3* connection_;
+  sqlite3_stmt* statement_ = nullptr;
+  std::vector<ResultColumn> columns_;
+};
+
+/// Commits within its life are not waited for. A key that a crash takes back was seen by no one:
+/// the row that carries it is written after it, and with that write both last.
+class QuickCommits {
+ public:
+  explicit QuickCommits(SQLite::Database& database) : database_(database) {
+    database_.tryExec("PRAGMA synchronous=NORMAL");
+  }
+  ~QuickCommits() { database_.tryExec("PRAGMA synchronous=FULL"); }
+  QuickCommits(const QuickCommits&) = delete;
+  QuickCommits& operator=(const QuickCommits&) = delete;
+
+ private:
+  SQLite::Database& database_;
+};
+
+constexpr const char* nextKeySql =
+    "UPDATE sqlite_sequence SET seq=seq+1 WHERE name=? RETURNING seq";
+
+}  // namespace
+
+void throwSqliteError(int code, const std::string& message, const std::string& sql) {
+  const Failure* failure = failures;
+  while (failure != std::end(failures) && failure->code != (code & 0xFF)) ++failure;
+  const bool known = failure != std::end(failures);
+  const std::string description = known ? failure->description : "The database failed";
+  throw DatabaseError(known ? failure->number : database_error::engineFailure,
+                      description + ": " + message, code, sql);
+}
+
+void throwSqliteError(sqlite3* connection, int code, const std::string& sql) {
+  throwSqliteError(connection ? sqlite3_extended_errcode(connection) : code,
+                   connection ? sqlite3_errmsg(connection) : sqlite3_errstr(code), sql);
+}
+
+SqliteDriver::SqliteDriver(SQLite::Database database) : database_(std::move(database)) {}
+
+SqliteDriver::~SqliteDriver() = default;
+
+std::unique_ptr<DriverStatement> SqliteDriver::prepare(const std::string& sql) {
+  return std::make_unique<SqliteStatement>(database_.getHandle(), sql);
+}
+
+Id SqliteDriver::nextKey(const std::string& table) {
+  if (!nextKey_) nextKey_ = prepare(nextKeySql);
+  nextKey_->execute({table});
+  if (!nextKey_->step()) return noId;
+  const Value key = nextKey_->value(0, nullptr);
+  nextKey_->step();
+  const std::int64_t* number = key.getIf<std::int64_t>();
+  if (!number || *number > std::numeric_limits<Id>::max())
+    throw DatabaseError(database_error::keysExhausted, "No key is left in table " + table);
+  return static_cast<Id>(*number);
+}
+
+Id SqliteDriver::reserveKey(const TableDef& table) {
+  const QuickCommits quick(database_);
+  const Id key = nextKey(table.name);
+  if (key != noId) return key;
+  beginCounter(table);
+  return nextKey(table.name);
+}
+
+// The engine begins a counter with the first row that it inserts by itself. Two processes that come
+// here together leave one counter, since the test and the insert are one statement.
+void SqliteDriver::beginCounter(const TableDef& table) {
+  const std::string key = table.columns.front().name;
+  prepare("INSERT INTO sqlite_sequence(name, seq) SELECT '" + table.name + "', coalesce(max(" +
+          key + "), 0) FROM " + table.name +
+          " HAVING NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name='" + table.name + "')")
+      ->run({});
+}
+
+}  // namespace autonotify::host

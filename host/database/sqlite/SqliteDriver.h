@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <SQLiteCpp/Database.h>
+
+#include "host/database/Driver.h"
+
+struct sqlite3;
+
+namespace autonotify::host {
+
+/// Throws the failure of an SQLite call as a DatabaseError with a number of its own range.
+[[noreturn]] void throwSqliteError(sqlite3* connection, int code, const std::string& sql);
+/// The same without a connection: `message` is what SQLite said.
+[[noreturn]] void throwSqliteError(int code, const std::string& message, const std::string& sql);
+
+/// One SQLite connection. Keys are counted in the engine's own table of AUTOINCREMENT counters, so
+/// that rows inserted by other means count too.
+class SqliteDriver : public Driver {
+ public:
+  explicit SqliteDriver(SQLite::Database database);
+  ~SqliteDriver() override;
+
+  SQLite::Database& database() { return database_; }
+
+  Engine engine() const override { return Engine::sqlite; }
+  bool isUsable() override { return true; }
+  std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
+  Id reserveKey(const TableDef& table) override;
+
+ private:
+  Id nextKey(const std::string& table);
+  void beginCounter(const TableDef& table);
+
+  SQLite::Database database_;
+  std::unique_ptr<DriverStatement> nextKey_;
+};
+
+}  // namespace autonotify::host
