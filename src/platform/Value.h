@@ -55,8 +55,9 @@ class Value {
 // Conversions. All throw PlatformError: invalidUseOfNull (94) for null, typeMismatch (13) for a
 // content that cannot be read so, overflow (6) for a number outside the target.
 //
-// A flag counts as -1 or 0 where a number is asked for; text is read as a whole decimal number,
-// surrounding blanks allowed; a fraction is rounded to the nearest integer, halves to even.
+// Where a number is asked for, a flag counts as -1 or 0 and a date-time as its serial of days; text
+// is read as one whole decimal number ("12", "-.5", "1e3"), surrounding blanks allowed; a fraction
+// is rounded to the nearest integer, halves to even.
 
 std::int16_t toInteger16(const Value& value);
 std::int32_t toInteger(const Value& value);
@@ -65,11 +66,13 @@ double toDouble(const Value& value);
 /// A number is true unless zero; the texts "True" and "False" are read in any case.
 bool toFlag(const Value& value);
 
-/// A text must hold a date or a time (see parseDateTime); a number is a serial of days.
+/// A text must hold a date or a time (see parseDateTime); a number is a serial of days within the
+/// years 100 to 9999, read to the second.
 DateTime toDateTime(const Value& value);
 
-/// A flag becomes "True" or "False"; an integral double has no decimal point; a date-time takes
-/// its ordinary text form (see dateTimeText).
+/// A flag becomes "True" or "False"; a double takes the fewest digits that read back as the same
+/// number, without a decimal point when it is integral; a date-time takes its ordinary text form
+/// (see dateTimeText).
 std::string toText(const Value& value);
 
 /// True when the whole text is one decimal number, surrounding blanks allowed.

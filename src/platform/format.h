@@ -9,14 +9,16 @@ namespace autonotify {
 
 /// The moment in a pattern of the classic letters, in any case: `d dd ddd dddd` (day, two digits,
 /// short and full weekday), `m mm mmm mmmm` (month), `yy yyyy`, `h hh` (12-hour when the pattern
-/// holds `am/pm`), `n nn` (minutes), `s ss`, `am/pm`. `m` or `mm` right after `h` or `hh` means
-/// minutes. Names are English. "\" makes the next character literal, quotes enclose literal text;
-/// all other characters stand for themselves.
+/// holds `am/pm`), `n nn` (minutes), `s ss`, `am/pm` (written in the pattern's case). `m` or `mm`
+/// as the first letters after `h` or `hh` means minutes. Names are English. "\" makes the next
+/// character literal, quotes enclose literal text; all other characters stand for themselves.
 std::string formatDateTime(DateTime moment, std::string_view pattern);
 
 /// The number in a pattern of `0`, `#`, `.`, `,` (thousands) and literal characters, with an
 /// optional second section after `;` for negative numbers (which then get no sign of their own).
-/// Rounds half away from zero.
+/// Rounds half away from zero, by the shortest decimal number that reads back as `number`: 2.675 in
+/// "0.00" is 2.68. A negative number that rounds to zero is shown as zero. An empty pattern, an
+/// infinity and not-a-number give the number's ordinary text form.
 std::string formatNumber(double number, std::string_view pattern);
 
 }  // namespace autonotify

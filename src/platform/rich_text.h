@@ -9,9 +9,11 @@ namespace autonotify {
 bool isRichText(std::string_view text);
 
 /// The plain text of a rich text, UTF-8: paragraphs and lines end in a line feed, tabs stay, `\'hh`
-/// is read in the declared code page (1252 unless told), `\uN` with its fallback skipped, tables by
-/// tabs, pictures and `\*` destinations left out. A text that is no RTF comes back unchanged. Never
-/// fails: broken RTF gives what can be read. Time is linear in the size.
+/// is read in the declared code page (the font's, the document's, or else 1252), bare bytes as
+/// UTF-8 where they are that and else in the code page, `\uN` with its fallback skipped, cells
+/// separated by tabs and rows ended by a line feed, hidden text, pictures and `\*` destinations
+/// left out. A text that is no RTF comes back unchanged. Never fails: broken RTF gives what can be
+/// read, also behind a brace too many. Time is linear in the size.
 std::string plainTextOf(std::string_view richText);
 
 /// The text as RTF content: backslash and braces escaped, line ends as "\par \r\n", characters of

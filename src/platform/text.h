@@ -7,9 +7,9 @@
 namespace autonotify {
 
 // Text is UTF-8. Case folding is simple (one character to one) and covers ASCII, Latin-1, Latin
-// Extended-A, Greek and Cyrillic. Positions are byte offsets; lengths are counted in characters
-// where a function says so. Bytes that are no UTF-8 are kept as they are and count as one character
-// each.
+// Extended-A, Greek and Cyrillic; it never changes a length in bytes. Positions are byte offsets;
+// lengths are counted in characters where a function says so. Bytes that are no UTF-8 are kept as
+// they are and count as one character each.
 
 std::string upperCase(std::string_view text);
 std::string lowerCase(std::string_view text);
