@@ -16,15 +16,28 @@ struct Company {
   bool hasDefault = false;
 };
 
-std::string companyName(DemoWorld& world, int number, const Industry& industry) {
-  RandomSource& random = world.random;
-  const auto awkward = awkwardCompanyNames();
-  const std::size_t turn = static_cast<std::size_t>(number) / 20;
-  if (number % 20 == 7 && turn < awkward.size()) return std::string(awkward[turn]);
+std::string makeName(RandomSource& random, const Industry& industry) {
   const std::string first(random.percent(60) ? random.pick(placeWords())
                                              : random.pick(lastNames(random.percent(40))));
   return first + ' ' + std::string(industry.trade) + ' ' +
          std::string(random.pick(companyEndings()));
+}
+
+/// A name that no other company has: clients are also looked up by name.
+std::string companyName(DemoWorld& world, int number, const Industry& industry) {
+  const auto awkward = awkwardCompanyNames();
+  const std::size_t turn = static_cast<std::size_t>(number) / 20;
+  std::string name = number % 20 == 7 && turn < awkward.size() ? std::string(awkward[turn])
+                                                               : makeName(world.random, industry);
+  for (int tries = 0; !world.companyNames.insert(name).second; ++tries)
+    name = makeName(world.random, industry) + (tries < 20 ? "" : " #" + std::to_string(number));
+  return name;
+}
+
+/// The company that a subsidiary belongs to; -1 for most.
+Id chooseParent(DemoWorld& world) {
+  const Client* last = world.clients.empty() ? nullptr : &world.clients.back();
+  return last && last->isCompany() && world.random.percent(5) ? last->companyId : noId;
 }
 
 /// Zero to three people; the first is the one to write to, save in a few companies.
@@ -63,6 +76,7 @@ void insertCompany(DemoWorld& world, int number, Company& company) {
   const std::string corporateName = std::to_string(100000 + number) +
                                     (world.region.isCanada() ? " Canada Inc." : " Holdings Inc.");
   Row row{{"CategoryNum", world.businessCategory},
+          {"CompanyNum", chooseParent(world)},
           {"CompanyName", client.name},
           {"CorporateName", corporateName},
           {"ClientIDStr", "B-" + std::to_string(1000 + number)},

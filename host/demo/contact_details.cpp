@@ -103,11 +103,17 @@ std::string mailWord(std::string_view text) {
   return result;
 }
 
+std::string Person::displayName() const {
+  const std::string initial = middleName.empty() ? "" : middleName.substr(0, 1) + ". ";
+  return firstName + ' ' + initial + lastName;
+}
+
 Person makePerson(DemoWorld& world) {
   const FirstName& first = world.random.pick(firstNames());
-  const bool french = first.french;
-  const std::string_view last = world.random.pick(lastNames(french));
-  return {std::string(first.text), std::string(last), first.woman, french};
+  const std::string_view last = world.random.pick(lastNames(first.french));
+  const std::string_view middle = world.random.pick(middleNames());
+  return {std::string(first.text), std::string(middle), std::string(last), first.woman,
+          first.french};
 }
 
 }  // namespace autonotify::host::demo

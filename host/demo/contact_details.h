@@ -31,10 +31,11 @@ std::string makeNumber(DemoWorld& world, int count);
 std::string mailWord(std::string_view text);
 
 struct Person {
-  std::string firstName, lastName;
+  std::string firstName, middleName, lastName;  ///< the middle one is empty for most
   bool woman = false;
   bool french = false;
-  std::string displayName() const { return firstName + ' ' + lastName; }
+  /// First name, initial, last name.
+  std::string displayName() const;
 };
 Person makePerson(DemoWorld& world);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ struct DemoWorld {
   Id businessCategory = noId;
   Id personalCategory = noId;
   std::vector<StaffMember> staff{};
+  std::set<std::string> companyNames{};
   std::vector<Client> clients{};  ///< persons, then companies
 
   DateTime today() const { return options.today.dateOnly(); }

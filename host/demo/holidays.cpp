@@ -38,9 +38,9 @@ bool holds(const std::vector<Holiday>& holidays, DateTime date) {
 
 std::vector<Holiday> sharedByCanada(const SetsByName& sets) {
   std::vector<Holiday> shared = sets.at("CA-ON");
-  for (const auto& [name, holidays] : sets)
-    if (name.starts_with("CA-"))
-      std::erase_if(shared, [&](const Holiday& day) { return !holds(holidays, day.date); });
+  for (const auto& set : sets)
+    if (set.first.starts_with("CA-"))
+      std::erase_if(shared, [&](const Holiday& day) { return !holds(set.second, day.date); });
   return shared;
 }
 

@@ -54,6 +54,7 @@ Client addPerson(DemoWorld& world, const Row& more, int clientNumber) {
   Row row{{"DisplayName", client.name},
           {"NamePrefix", person.woman ? "Ms." : "Mr."},
           {"FirstName", person.firstName},
+          {"MiddleName", textOrNull(person.middleName)},
           {"LastName", person.lastName},
           {"Gender", person.woman ? "Female" : "Male"},
           {"SpokenLanguage", person.french ? "French" : "English"},
@@ -76,16 +77,20 @@ Client addPerson(DemoWorld& world, const Row& more, int clientNumber) {
 void addPersonalClients(DemoWorld& world) {
   for (int number = 1; number <= world.options.contacts; ++number) {
     const Client client = addPerson(world, {}, number);
-    world.clients.push_back(client);
     world.sink.insert("ContactLinks", {{"ContactIDNum", client.contactId},
                                        {"CategoryNum", world.personalCategory},
                                        {"IsPersonalTaxCategory", true}});
     world.sink.insert("Clients", {{"ContactIDNum", client.contactId}});
+    if (number > 1 && world.random.percent(8))
+      world.sink.insert("ContactLinks", {{"ContactIDNum", client.contactId},
+                                         {"ContactNum", world.random.pick(world.clients).contactId},
+                                         {"FamilyRelationship", "Relative"}});
     const bool hasNote = world.random.percent(30);
     world.sink.insert(
         "ContactsNotes",
         {{"ContactNum", client.contactId},
          {"Notes", hasNote ? Value(std::string(world.random.pick(clientNotes()))) : Value()}});
+    world.clients.push_back(client);
   }
 }
 

@@ -17,6 +17,9 @@ constexpr FirstName first[] = {
     {"Benoît", false, true},   {"Zoël", false, true},     {"Étienne", false, true},
 };
 
+constexpr std::string_view middle[] = {"",     "",    "",      "",     "",    "",
+                                       "Jane", "Lee", "Marie", "Paul", "René"};
+
 constexpr std::string_view lastEnglish[] = {
     "Lee",     "Carter",   "O'Brien",      "MacDonald", "Singh",    "Patel",   "Nguyen",
     "D'Amico", "Thompson", "Wright",       "Campbell",  "Kowalski", "Murphy",  "O'Connor",
@@ -100,6 +103,9 @@ constexpr std::string_view notes[] = {
 
 std::span<const FirstName> firstNames() {
   return first;
+}
+std::span<const std::string_view> middleNames() {
+  return middle;
 }
 std::span<const std::string_view> lastNames(bool french) {
   return french ? std::span<const std::string_view>(lastFrench) : lastEnglish;

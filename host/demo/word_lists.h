@@ -13,6 +13,8 @@ struct FirstName {
 };
 
 std::span<const FirstName> firstNames();
+/// Each begins with an ASCII letter; most are empty.
+std::span<const std::string_view> middleNames();
 std::span<const std::string_view> lastNames(bool french);
 std::span<const std::string_view> streetNames(bool french);
 

@@ -4,66 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
-#include <regex>
-#include <set>
 
-#include "host/database/schema/Schema.h"
 #include "host/demo/SqliteRowSink.h"
 #include "host/demo/holidays.h"
-#include "host/demo/region.h"
 #include "platform/date_time_text.h"
+#include "schema/firm_in_memory.h"
 
 namespace autonotify::host {
 namespace {
-
-/// A firm in memory and questions about it.
-class Firm {
- public:
-  Firm() : database_(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE) {
-    for (const std::string& statement : schemaStatements(Engine::sqlite)) database_.exec(statement);
-  }
-  explicit Firm(const DemoOptions& options) : Firm() {
-    SqliteRowSink sink(database_);
-    makeDemoFirm(sink, options);
-  }
-
-  SQLite::Database& database() { return database_; }
-
-  int number(const std::string& select) { return database_.execAndGet(select).getInt(); }
-  int count(const std::string& table) { return number("SELECT COUNT(*) FROM " + table); }
-
-  std::vector<std::string> texts(const std::string& select) {
-    std::vector<std::string> result;
-    SQLite::Statement rows(database_, select);
-    while (rows.executeStep()) result.push_back(rows.getColumn(0).getString());
-    return result;
-  }
-
-  /// Every value of every table.
-  std::string content() {
-    std::string result;
-    for (const TableDef& table : schemaTables()) {
-      SQLite::Statement rows(database_, "SELECT * FROM " + table.name);
-      while (rows.executeStep())
-        for (int i = 0; i < rows.getColumnCount(); ++i)
-          result += rows.getColumn(i).getString() + '|';
-    }
-    return result;
-  }
-
- private:
-  SQLite::Database database_;
-};
-
-DemoOptions small(std::uint64_t seed = 1) {
-  DemoOptions options;
-  options.companies = 12;
-  options.contacts = 10;
-  options.staff = 4;
-  options.seed = seed;
-  return options;
-}
 
 class DefaultFirm : public testing::Test {
  protected:
@@ -92,12 +40,23 @@ TEST(DemoFirm, ATransactionThatFailsLeavesNothing) {
   EXPECT_EQ(firm.count("Companies"), 0);
 }
 
+TEST(DemoFirm, MayHaveNoClients) {
+  DemoOptions options = small();
+  options.companies = options.contacts = 0;
+  options.pastNotifications = 10;
+  Firm firm(options);
+  EXPECT_EQ(firm.count("ClientNotification") + firm.count("Appointments"), 0);
+  EXPECT_EQ(firm.count("AccountantEmployeeInfo"), 4);
+}
+
 TEST_F(DefaultFirm, HasTheSizeOfAFirm) {
   EXPECT_EQ(firm().count("Companies"), 200);
   EXPECT_EQ(firm().count("Clients WHERE ContactIDNum > 0"), 300);
   EXPECT_EQ(firm().count("AccountantEmployeeInfo"), 15);
   EXPECT_EQ(firm().count("Schedule"), firm().count("Tasks"));
   EXPECT_NEAR(firm().count("Schedule"), 4000, 600);
+  EXPECT_EQ(firm().number("SELECT COUNT(DISTINCT CompanyName) FROM Companies"), 200);
+  EXPECT_EQ(firm().number("SELECT COUNT(DISTINCT DisplayName) FROM AccountantEmployeeInfo"), 15);
   EXPECT_GT(firm().count("archiveSchedule"), 500);
   EXPECT_EQ(firm().count("archiveSchedule"), firm().count("archiveTasks"));
   for (const char* table : {"AccountantFirmInfo", "CustomFields", "CustomAddressFields"})
@@ -243,116 +202,6 @@ INSTANTIATE_TEST_SUITE_P(
                     Place{countryCanada, provinceNewfoundland, "HST", "Newfoundland"},
                     Place{countryCanada, provincePrinceEdwardIsland, "GST", "Prince Edward Island"},
                     Place{countryUnitedStates, provinceOntario, "Sales Tax", ""}));
-
-// Templates.
-
-const std::set<std::string>& knownFields() {
-  static const std::set<std::string> names = {"Company Name",
-                                              "Corporate Name",
-                                              "Address",
-                                              "City",
-                                              "Province",
-                                              "Postal Code",
-                                              "State",
-                                              "Zip Code",
-                                              "Todays Date",
-                                              "Contact Display Name",
-                                              "Contact & Spouse Name",
-                                              "Contact First Name",
-                                              "Contact Home Address",
-                                              "Contact Home City",
-                                              "Contact Home Province",
-                                              "Contact Home Postal Code",
-                                              "Contact Home State",
-                                              "Contact Home Zip Code",
-                                              "Contact Personal Email",
-                                              "Contact Personal Phone",
-                                              "Contact Marital Status",
-                                              "Task Name",
-                                              "Task Due Date",
-                                              "Task in-House Due Date",
-                                              "Task Client Info Deadline Date",
-                                              "Task Year",
-                                              "Period End Date",
-                                              "Period Description",
-                                              "Client Documents & Instructions",
-                                              "File Location",
-                                              "Employee Assigned",
-                                              "Estimated Time",
-                                              "Managing Accountant",
-                                              "Supervising Partner",
-                                              "Software Name",
-                                              "Software Version",
-                                              "Data File Saved As",
-                                              "Office Number",
-                                              "Fax Number",
-                                              "Email",
-                                              "Your Company Name",
-                                              "Your Office Number",
-                                              "Business Number",
-                                              "GST Number",
-                                              "HST Number",
-                                              "PST Number",
-                                              "QST Number",
-                                              "WSIB Number",
-                                              "WCB Number",
-                                              "WHSCC Number",
-                                              "NEQ Number",
-                                              "Sellers Permit Number",
-                                              "Federal Employer Identification Number"};
-  return names;
-}
-
-bool isDateFormat(const std::string& format) {
-  static const std::set<std::string> formats = {"dddd, mmmm d yyyy",
-                                                "dddd mmmm d yyyy",
-                                                "mmmm d, yyyy",
-                                                "mmmm d yyyy",
-                                                "mmm d yyyy",
-                                                "dd/mm/yy",
-                                                "mm/dd/yy",
-                                                "d",
-                                                "dddd",
-                                                "mmmm",
-                                                "mmm",
-                                                "yyyy",
-                                                "mmmm yyyy",
-                                                "mmmm d"};
-  return formats.contains(format);
-}
-
-void checkTemplate(const std::string& text) {
-  static const std::regex token(R"(\\'ab(.*?)\\'bb)");
-  static const std::regex mark(R"(\\'(ab|bb))");
-  static const std::regex dated(R"(\((.*?), (.*)\))");
-  EXPECT_EQ(std::ranges::count(text, '{'), std::ranges::count(text, '}')) << text;
-  std::size_t marks = 0;
-  for (std::sregex_iterator found(text.begin(), text.end(), token), end; found != end; ++found) {
-    marks += 2;
-    std::string name = (*found)[1];
-    if (std::smatch parts; std::regex_match(name, parts, dated)) {
-      EXPECT_TRUE(isDateFormat(parts[2])) << name;
-      name = parts[1].str();
-    }
-    EXPECT_TRUE(knownFields().contains(name)) << name;
-    EXPECT_LE(name.size(), 40u) << name;
-  }
-  const std::sregex_iterator first(text.begin(), text.end(), mark);
-  EXPECT_EQ(static_cast<std::size_t>(std::distance(first, {})), marks) << text;
-}
-
-TEST(DemoTemplates, HaveBalancedMarksAndKnownFields) {
-  for (const countryCode country : {countryCanada, countryUnitedStates})
-    for (const provinceCode province : {provinceOntario, provinceQuebec, provinceNewBrunswick}) {
-      DemoOptions options = small();
-      options.country = country;
-      options.province = province;
-      Firm firm(options);
-      const auto templates = firm.texts("SELECT NotificationComment FROM ScheduleTypes");
-      EXPECT_GT(templates.size(), 30u);
-      for (const std::string& text : templates) checkTemplate(text);
-    }
-}
 
 // Holidays and essentials.
 

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <string>
+#include <vector>
+
+#include "host/database/schema/Schema.h"
+#include "host/demo/DemoFirm.h"
+#include "host/demo/SqliteRowSink.h"
+
+namespace autonotify::host {
+
+/// A firm in memory and questions about it.
+class Firm {
+ public:
+  Firm() : database_(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE) {
+    for (const std::string& statement : schemaStatements(Engine::sqlite)) database_.exec(statement);
+  }
+  explicit Firm(const DemoOptions& options) : Firm() {
+    SqliteRowSink sink(database_);
+    makeDemoFirm(sink, options);
+  }
+
+  SQLite::Database& database() { return database_; }
+
+  int number(const std::string& select) { return database_.execAndGet(select).getInt(); }
+  int count(const std::string& table) { return number("SELECT COUNT(*) FROM " + table); }
+
+  std::vector<std::string> texts(const std::string& select) {
+    std::vector<std::string> result;
+    SQLite::Statement rows(database_, select);
+    while (rows.executeStep()) result.push_back(rows.getColumn(0).getString());
+    return result;
+  }
+
+  /// Every value of every table.
+  std::string content() {
+    std::string result;
+    for (const TableDef& table : schemaTables()) {
+      SQLite::Statement rows(database_, "SELECT * FROM " + table.name);
+      while (rows.executeStep())
+        for (int i = 0; i < rows.getColumnCount(); ++i)
+          result += rows.getColumn(i).getString() + '|';
+    }
+    return result;
+  }
+
+ private:
+  SQLite::Database database_;
+};
+
+inline DemoOptions small(std::uint64_t seed = 1) {
+  DemoOptions options;
+  options.companies = 12;
+  options.contacts = 10;
+  options.staff = 4;
+  options.seed = seed;
+  return options;
+}
+
+}  // namespace autonotify::host
