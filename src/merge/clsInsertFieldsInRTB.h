@@ -3,16 +3,22 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "control/contract/GridColumnList.h"
 #include "control/contract/recordsets.h"
+#include "merge/field_claims.h"
+#include "merge/merge_sources.h"
 #include "platform/ListBox.h"
 
 namespace autonotify {
 
 class RichTextBox;
-class Step;
+struct FieldListTarget;
+class TemplateLayout;
+struct MergeMarks;
 
 /// Turns a template into client text: knows all merge fields, finds their values in the client's
 /// records and puts them in place of the tokens between « and ».
@@ -48,7 +54,9 @@ class clsInsertFieldsInRTB {
   bool TestComment = false;
   bool ConvertStrToRTF = true;
   bool ConvertCompanyNameToContactNameForContacts = false;
-  GridColumnList* get_FieldList() const { return fieldList_.get(); }
+  /// The known fields; null after Terminate. From here on the caller may change the list at any
+  /// time, so each merge reads it anew.
+  GridColumnList* get_FieldList();
 
   /// Raised with the message of a template's first fault.
   std::function<void(const std::string& message)> testErrorComment;
@@ -98,10 +106,79 @@ class clsInsertFieldsInRTB {
   bool testStr(const std::string& name);
 
  private:
+  struct DerivedField;
+  struct InheritedField;
+  struct Expression;
+  static const DerivedField derivedFields[];
+  static const InheritedField inheritedFields[];
+  static const DerivedField* findDerivedField(MergeSource source, const std::string& name);
+  static const InheritedField* findInheritedField(const std::string& name);
+
+  /// Throws PlatformError (91) when there is no list.
+  GridColumnList& fields();
+  /// What the blocks of the catalogue are added to.
+  FieldListTarget fieldListTarget(GridColumnList& list, bool noListBox);
+  void createFieldListWithoutListBoxes();
+  void closeAllRecordsets();
+
+  // Parts of the procedures that read and write fields; statements of the caller's frame.
+  bool findField(Step& step, int column, const std::string& name);
+  void readFieldByName(Step& step, int column, const std::string& name, std::string& result);
+  void translateName(Step& step, int from, int to, std::string& name);
+  std::string readCurrentField(Step& step);
+  void formatByType(Step& step, int dataType, const std::string& format, std::string& value);
+  std::optional<MergeSource> sourceOfCurrentField(Step& step);
+  std::string readColumn(Step& step, MergeSource source, const std::string& column);
+  bool isInheritingCompany(Step& step);
+  std::string readInherited(Step& step, const InheritedField& field);
+  std::string readContactAndSpouseName(Step& step, MergeSource source, std::string& fieldName);
+  std::string readAbbreviatedProvince(Step& step, MergeSource source, std::string& fieldName);
+  std::string readCompanyType(Step& step, MergeSource source, std::string& fieldName);
+  std::string readCodedField(Step& step, MergeSource source, std::string& fieldName);
+  std::string readYearEnd(Step& step, MergeSource source, std::string& fieldName);
+  std::string readTimeDuration(Step& step, MergeSource source, std::string& fieldName);
+  void writeInherited(Step& step, const std::string& fieldName, const std::string& value);
+  void writeColumn(Step& step, MergeSource source, const std::string& column,
+                   const std::string& value);
+
+  // The merge by its rules: each field of the list is sought in the text.
+  /// Where the search begins: at a row of the list, and within a date row at a format.
+  struct PassStart {
+    int row = 1;
+    std::size_t format = 0;
+  };
+  bool isMergedForContactAlone() const;
+  std::string withContactNameForCompanyName(std::string text) const;
+  void mergeByRules(Step& step, std::string& text);
+  // True when a field was found, whatever its value.
+  bool mergePass(Step& step, std::string& text, const MergeMarks& marks);
+  bool mergeFields(Step& step, std::string& text, const MergeMarks& marks, PassStart start);
+  bool mergeDate(std::string& text, const MergeMarks& marks, const std::string& name, int index,
+                 std::size_t firstFormat);
+  bool mergeToken(std::string& text, const std::string& token, int index,
+                  const std::string& format);
+
+  // The same text from the tokens that occur, as far as no value brings marks of its own.
+  std::shared_ptr<const TemplateLayout> layoutOfTemplate(Step& step);
+  const std::vector<FieldClaim>* claimsOn(Step& step,
+                                          const std::shared_ptr<const TemplateLayout>& layout);
+  std::string mergeByLayout(Step& step, const TemplateLayout& layout,
+                            const std::vector<FieldClaim>& claims);
+  std::vector<MergeField> readMergeFields();
+
+  // The validation.
+  std::string firstFault(Step& step, const std::string& text, const MergeMarks& marks,
+                         bool skipFieldNames);
+  std::string faultOfElement(Step& step, const std::string& element, Expression& expression);
+  std::string faultOfUnknownName(Step& step, const std::string& name);
+
   int mergeFieldListUse_ = 1;
   std::unique_ptr<GridColumnList> fieldList_;
   /// Rows added to the list since it was last emptied; the key of the newest one.
   int fieldRowCount_ = 0;
+  bool isFieldListLent_ = false;
+  MergeSources sources_{*this};
+  FieldClaims claims_;
 };
 
 }  // namespace autonotify

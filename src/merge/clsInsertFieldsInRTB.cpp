@@ -1,0 +1,65 @@
+#include "merge/clsInsertFieldsInRTB.h"
+
+namespace autonotify {
+namespace {
+
+constexpr int assigningUse = 3;
+constexpr int updatingUse = 5;
+
+}  // namespace
+
+clsInsertFieldsInRTB::clsInsertFieldsInRTB() {
+  procedure("Morvane.exe-clsInsertFieldsInRTB-Class_Initialize", [&](Step& step) {
+    step.assign(fieldList_, [] { return createHostObject<GridColumnList>(); });
+  });
+}
+
+clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
+  try {
+    Terminate();
+  } catch (...) {
+    // Only exhausted memory and programming faults get here; an end cannot report them.
+  }
+}
+
+void clsInsertFieldsInRTB::Terminate() {
+  procedure("Morvane.exe-clsInsertFieldsInRTB-Terminate", [&](Step& step) {
+    claims_.forget();
+    if (fieldList_) {
+      step.run([&] { fieldList_->clearEntries(); });
+      fieldList_.reset();
+    }
+    closeAllRecordsets();
+  });
+}
+
+void clsInsertFieldsInRTB::closeAllRecordsets() {
+  procedure("Morvane.exe-clsInsertFieldsInRTB-closeAllRecordsets",
+            [&](Step& step) { sources_.closeAll(step); });
+}
+
+void clsInsertFieldsInRTB::put_MergeFieldListUse(int use) {
+  mergeFieldListUse_ = use;
+  if (use == assigningUse || use == updatingUse) ShowListCategoryHeaders = false;
+}
+
+void clsInsertFieldsInRTB::put_scheduleID(Id scheduleID) {
+  taskID = getTaskIDFromScheduleIDNum(scheduleID);
+}
+
+GridColumnList* clsInsertFieldsInRTB::get_FieldList() {
+  isFieldListLent_ = true;
+  return fieldList_.get();
+}
+
+GridColumnList& clsInsertFieldsInRTB::fields() {
+  if (!fieldList_) throw PlatformError(error_number::objectNotSet, "Object not set", "FieldList");
+  return *fieldList_;
+}
+
+void clsInsertFieldsInRTB::resetAllItemIDs() {
+  for (Id* id : {&companyID, &contactID, &firmID, &userID, &appointmentID, &docketId, &taskID})
+    *id = noId;
+}
+
+}  // namespace autonotify

@@ -1,0 +1,241 @@
+#include <algorithm>
+#include <iterator>
+
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/field_list_columns.h"
+#include "merge/modCodeTexts.h"
+#include "platform/format.h"
+#include "platform/text.h"
+
+namespace autonotify {
+
+/// A field that is not, or not only, a column of its source.
+struct clsInsertFieldsInRTB::DerivedField {
+  MergeSource source;
+  std::string_view name;
+  /// Gives the value; nullptr for a column that is read as named.
+  std::string (clsInsertFieldsInRTB::*read)(Step& step, MergeSource source, std::string& fieldName);
+  bool anyCase = false;
+  bool isWritten = false;
+};
+
+/// A field of an inheriting contact, the company's column, and which of them is read first.
+struct clsInsertFieldsInRTB::InheritedField {
+  std::string_view contactColumn;
+  const char* companyColumn;
+  bool ownComesFirst = false;
+};
+
+using Self = clsInsertFieldsInRTB;
+
+const Self::InheritedField Self::inheritedFields[] = {
+    {"BusinessPhone_Main", "OfficeNumber", true},
+    {"BusinessPhone_Fax", "FaxNumber", true},
+    {"BusinessAddress", "Address"},
+    {"BusinessCity", "City"},
+    {"BusinessProvince", "Province"},
+    {"BusinessPostalCode", "PostalCode"},
+    {"BusinessCountry", "Country"},
+};
+
+const Self::InheritedField* clsInsertFieldsInRTB::findInheritedField(const std::string& name) {
+  for (const InheritedField& field : inheritedFields)
+    if (field.contactColumn == name) return &field;
+  return nullptr;
+}
+
+namespace {
+
+/// A coded column and the code that an empty one stands for.
+struct CodedField {
+  std::string_view name;
+  std::int16_t startingCode;
+  std::string (*textOf)(std::int16_t& code);
+};
+
+constexpr CodedField codedFields[] = {
+    {"RC59Permission", 0, getRC59PermissionStringFromRC59PermissionNum},
+    {"RC59Status", 0, getRC59FormStatusStringFromRC59FormStatusNum},
+    {"GSTFilingMethod", 0, getGSTFilingMethodStringFromGSTFilingMethodNum},
+    {"FinancialStatements", 1, getFinancialStatementsStringFromFinancialStatementsNum},
+    {"CorporationType", 0, getCorporationTypeStringFromCorporationTypeNum},
+    {"CorporationLevel", 1, getCorporationLevelStringFromCorporationLevelNum},
+};
+
+constexpr std::string_view abbreviationWord = "Abbreviated";
+
+}  // namespace
+
+// "COMPANTYPE" is spelled as the fields have always compared it, so that the catalogue's own
+// CompanyType is read as named.
+const Self::DerivedField Self::derivedFields[] = {
+    {MergeSource::contact, "ContactAndSpouseName", &Self::readContactAndSpouseName},
+    {MergeSource::contact, "AbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::contact, "BusinessAbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::contact, "HomeAbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::contact, "SpouseAbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::contact, "AltAbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::company, "AbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::company, "AltAbbreviatedProvince", &Self::readAbbreviatedProvince, true},
+    {MergeSource::company, "COMPANTYPE", &Self::readCompanyType, true},
+    {MergeSource::clientAccounting, "RC59Permission", &Self::readCodedField},
+    {MergeSource::clientAccounting, "RC59Status", &Self::readCodedField},
+    {MergeSource::clientAccounting, "GSTFilingMethod", &Self::readCodedField},
+    {MergeSource::clientAccounting, "FinancialStatements", &Self::readCodedField},
+    {MergeSource::clientAccounting, "CorporationType", &Self::readCodedField},
+    {MergeSource::clientAccounting, "CorporationLevel", &Self::readCodedField},
+    {MergeSource::clientAccounting, "YearEndDate", &Self::readYearEnd, false, true},
+    {MergeSource::appointment, "TimeDuration", &Self::readTimeDuration},
+    {MergeSource::task, "TimeDuration", &Self::readTimeDuration},
+    {MergeSource::docket, "TimeDuration", &Self::readTimeDuration},
+    {MergeSource::software, "TimeDuration", nullptr},
+    {MergeSource::firm, "TimeDuration", nullptr},
+};
+
+const Self::DerivedField* clsInsertFieldsInRTB::findDerivedField(MergeSource source,
+                                                                 const std::string& name) {
+  for (const DerivedField& field : derivedFields) {
+    if (field.source != source) continue;
+    if (field.anyCase ? equalIgnoreCase(field.name, name) : field.name == name) return &field;
+  }
+  return nullptr;
+}
+
+std::string clsInsertFieldsInRTB::getDataFieldFromRecordset(std::string& fieldName) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getDataFieldFromRecordset", std::string{},
+                   [&](Step& step, std::string& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const auto source = sourceOfCurrentField(step);
+                     if (!source) return;
+                     const InheritedField* const inherited =
+                         *source == MergeSource::contact ? findInheritedField(fieldName) : nullptr;
+                     const DerivedField* const derived = findDerivedField(*source, fieldName);
+                     if (inherited && isInheritingCompany(step)) {
+                       result = readInherited(step, *inherited);
+                     } else if (derived && derived->read) {
+                       result = (this->*derived->read)(step, *source, fieldName);
+                     } else {
+                       result = readColumn(step, *source, fieldName);
+                     }
+                   });
+}
+
+std::optional<MergeSource> clsInsertFieldsInRTB::sourceOfCurrentField(Step& step) {
+  const std::string group =
+      step.value(std::string{}, [&] { return toText(fields().getItem(field_column::group)); });
+  return findMergeSource(group);
+}
+
+/// A column as text; empty for NULL.
+std::string clsInsertFieldsInRTB::readColumn(Step& step, MergeSource source,
+                                             const std::string& column) {
+  return step.value(std::string{}, [&] {
+    const Value value = database().getFieldValue(sources_.handleOf(source), column);
+    return value.isNull() ? std::string{} : toText(value);
+  });
+}
+
+/// True when the contact goes by its company's address and the company's row is current.
+bool clsInsertFieldsInRTB::isInheritingCompany(Step& step) {
+  if (companyID < 0) return false;
+  const bool inherits = step.value(false, [&] {
+    const Value flag =
+        database().getFieldValue(sources_.handleOf(MergeSource::contact), "InheritCompanyInfo");
+    return !flag.isNull() && toFlag(flag);
+  });
+  return inherits && sources_.openOnDemand(step, MergeSource::company) &&
+         sources_.goToRow(step, MergeSource::company);
+}
+
+std::string clsInsertFieldsInRTB::readInherited(Step& step, const InheritedField& field) {
+  const auto read = [&](bool own) {
+    return own ? readColumn(step, MergeSource::contact, std::string(field.contactColumn))
+               : readColumn(step, MergeSource::company, field.companyColumn);
+  };
+  std::string value = read(field.ownComesFirst);
+  return value.empty() ? read(!field.ownComesFirst) : value;
+}
+
+std::string clsInsertFieldsInRTB::readContactAndSpouseName(Step& step, MergeSource, std::string&) {
+  return step.value(std::string{},
+                    [&] { return clients().getContactAndSpouseName(contactID, true, 2); });
+}
+
+std::string clsInsertFieldsInRTB::readAbbreviatedProvince(Step& step, MergeSource source,
+                                                          std::string& fieldName) {
+  fieldName = replaceAllIgnoreCase(fieldName, abbreviationWord, "");
+  std::string province = readColumn(step, source, fieldName);
+  return getAbbreviatedProvince(province);
+}
+
+std::string clsInsertFieldsInRTB::readCompanyType(Step& step, MergeSource, std::string&) {
+  constexpr MergeSource source = MergeSource::clientAccounting;
+  if (!sources_.openOnDemand(step, source) || !sources_.goToRow(step, source)) return {};
+  const std::string code = readColumn(step, source, "CompanyType");
+  if (code.empty()) return {};
+  return step.value(std::string{}, [&] {
+    std::int16_t number = toInteger16(code);
+    return getCompanyTypeStringFromCompanyTypeNum(number);
+  });
+}
+
+std::string clsInsertFieldsInRTB::readCodedField(Step& step, MergeSource source,
+                                                 std::string& fieldName) {
+  const auto field = std::find_if(std::begin(codedFields), std::end(codedFields),
+                                  [&](const CodedField& coded) { return coded.name == fieldName; });
+  std::int16_t code = field->startingCode;
+  const std::string column = readColumn(step, source, fieldName);
+  if (!column.empty()) step.assign(code, [&] { return toInteger16(column); });
+  return field->textOf(code);
+}
+
+/// The day of the year alone.
+std::string clsInsertFieldsInRTB::readYearEnd(Step& step, MergeSource source,
+                                              std::string& fieldName) {
+  std::string date = readColumn(step, source, fieldName);
+  if (!date.empty()) step.assign(date, [&] { return formatDateTime(toDateTime(date), "mmmm d"); });
+  return date;
+}
+
+/// A task's times are read where an appointment's are; without an open appointment that fails, and
+/// the field has no value.
+std::string clsInsertFieldsInRTB::readTimeDuration(Step& step, MergeSource source, std::string&) {
+  const RecordsetHandle handle = sources_.handleOf(
+      source == MergeSource::docket ? MergeSource::docket : MergeSource::appointment);
+  return step.value(std::string{}, [&] {
+    DateTime from = toDateTime(database().getFieldValue(handle, "TimeFrom"));
+    DateTime to = toDateTime(database().getFieldValue(handle, "TimeTo"));
+    return getTimeDurationFieldValue(from, to);
+  });
+}
+
+void clsInsertFieldsInRTB::writeDataToField(const std::string& fieldName,
+                                            const std::string& value) {
+  procedure("Morvane.exe-clsInsertFieldsInRTB-writeDataToField", [&](Step& step) {
+    if (fieldName.empty() || !isDatabaseOpen(step) || !verifyFieldListIsPopulated()) return;
+    if (!findField(step, field_column::databaseField, fieldName)) return;
+    const auto source = sourceOfCurrentField(step);
+    if (!source) return;
+    const DerivedField* const derived = findDerivedField(*source, fieldName);
+    if (derived && !derived->isWritten) return;
+    if (!sources_.openForWriting(step, *source) || !sources_.goToRow(step, *source)) return;
+    if (*source == MergeSource::contact) writeInherited(step, fieldName, value);
+    writeColumn(step, *source, fieldName, value);
+  });
+}
+
+/// A contact that goes by its company's address changes it there as well.
+void clsInsertFieldsInRTB::writeInherited(Step& step, const std::string& fieldName,
+                                          const std::string& value) {
+  const InheritedField* const field = findInheritedField(fieldName);
+  if (!field || !sources_.openForWriting(step, MergeSource::company)) return;
+  if (isInheritingCompany(step))
+    writeColumn(step, MergeSource::company, field->companyColumn, value);
+}
+
+void clsInsertFieldsInRTB::writeColumn(Step& step, MergeSource source, const std::string& column,
+                                       const std::string& value) {
+  step.run([&] { updateField(sources_.handleOf(source), column.c_str(), value); });
+}
+
+}  // namespace autonotify

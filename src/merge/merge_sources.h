@@ -1,0 +1,92 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "control/contract/recordsets.h"
+
+namespace autonotify {
+
+class clsInsertFieldsInRTB;
+
+/// The records that merge fields read, in the order in which a field's group is looked up.
+enum class MergeSource {
+  clientAccounting,
+  company,
+  companyNotes,
+  contact,
+  contactNotes,
+  software,
+  firm,
+  employee,
+  appointment,
+  task,
+  docket,
+};
+inline constexpr std::size_t mergeSourceCount = 11;
+
+/// The source with this group key.
+std::optional<MergeSource> findMergeSource(std::string_view group);
+
+/// The statement for the accounting record of a client, or of all clients for an id below 0.
+/// `statusMode`: 1 active clients, 2 the others, 3 all; `showOnly`: shown clients only.
+std::string getMainBusinessSQLString(bool showOnly, int statusMode, Id clientDataID);
+
+/// The open recordsets of one merge object.
+///
+/// A recordset stays open between merges; whether it is open only the database knows, as a handle
+/// keeps its number after closing. Each holds either the one row of the merge or all rows, in which
+/// the row is then found by the id. All operations are statements of the caller's frame.
+class MergeSources {
+ public:
+  /// The ids and the use of the list are read from `merge` at each call.
+  explicit MergeSources(const clsInsertFieldsInRTB& merge);
+
+  RecordsetHandle handleOf(MergeSource source) const { return at(source).handle; }
+
+  /// Opens the one row of every id that is set, for a single document; the notes are left out.
+  void openForOneDocument(Step& step);
+
+  /// Opens the source for reading unless it is open. False when it is not part of this merge.
+  bool openOnDemand(Step& step, MergeSource source);
+  /// Goes to the row of the merge; False when there is none. Requires: the source is open.
+  bool goToRow(Step& step, MergeSource source);
+  /// Opens the one row for writing unless the source is open. False as for reading.
+  bool openForWriting(Step& step, MergeSource source);
+
+  void closeAll(Step& step);
+
+ private:
+  enum class Rows : int { all = 1, one = 2 };
+  struct Recordset {
+    RecordsetHandle handle = noRecordset;
+    Rows rows = Rows::all;
+    bool isWholeTable = false;
+  };
+  /// The two forms in which a statement's columns are written.
+  enum class Columns { onDemand, full };
+
+  Recordset& at(MergeSource source) { return recordsets_[static_cast<std::size_t>(source)]; }
+  const Recordset& at(MergeSource source) const {
+    return recordsets_[static_cast<std::size_t>(source)];
+  }
+  bool isOpen(Step& step, MergeSource source);
+  bool isBulk() const;
+  Id idOf(MergeSource source) const;
+
+  bool openOneRow(Step& step, MergeSource source, Columns columns, Access access);
+  bool openClientAccounting(Step& step, Access access, bool isWholeTable);
+  void openSoftwareOf(Step& step, MergeSource owner, Access access);
+  void openTaskWithoutSchedule(Step& step, Access access);
+  void openAllRows(Step& step, MergeSource source);
+  bool openSoftwareOnDemand(Step& step);
+  void close(Step& step, RecordsetHandle handle);
+
+  const clsInsertFieldsInRTB& merge_;
+  std::array<Recordset, mergeSourceCount> recordsets_;
+};
+
+}  // namespace autonotify

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace autonotify {
+
+// The spelling of merge fields in a template: "«Company Name»", "«(Task Due Date, mmmm d yyyy)»".
+
+struct MergeMarks {
+  std::string_view open;
+  std::string_view close;
+};
+
+/// « and » as they stand in plain text.
+inline constexpr MergeMarks bareMarks{"\xC2\xAB", "\xC2\xBB"};
+/// The same as RTF holds them.
+inline constexpr MergeMarks escapedMarks{"\\'ab", "\\'bb"};
+
+/// The formats in which a date field may be written; all others are refused. Their numbers, from 1,
+/// are those of the commands that insert today's date.
+inline constexpr std::array<std::string_view, 14> mergeDateFormats{
+    "dddd, mmmm d yyyy",
+    "dddd mmmm d yyyy",
+    "mmmm d, yyyy",
+    "mmmm d yyyy",
+    "mmm d yyyy",
+    "dd/mm/yy",
+    "mm/dd/yy",
+    "d",
+    "dddd",
+    "mmmm",
+    "mmm",
+    "yyyy",
+    "mmmm yyyy",
+    "mmmm d",
+};
+
+/// The name under which today's date is written; no field of the list has it.
+inline constexpr std::string_view todaysDateName = "Todays Date";
+
+/// The pattern that prints a date field written with the format: "dd/mm/yy" names its month.
+constexpr std::string_view printedFormat(std::string_view format) {
+  return format == "dd/mm/yy" ? "dd/mmm/yy" : format;
+}
+
+std::string plainToken(const MergeMarks& marks, std::string_view name);
+std::string dateToken(const MergeMarks& marks, std::string_view name, std::string_view format);
+
+/// True when a value holds a mark, or could form one with the text on either side of it.
+bool mayFormMark(std::string_view value);
+/// True when the text ends in the beginning of a mark.
+bool endsInsideMark(std::string_view text);
+
+}  // namespace autonotify
