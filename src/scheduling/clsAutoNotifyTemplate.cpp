@@ -135,8 +135,7 @@ Id clsAutoNotifyTemplate::saveScheduleTypeInfo() {
   return columns_.scheduleTypeID;
 }
 
-void clsAutoNotifyTemplate::copyConstructor(clsAutoNotifyTemplate& other) {
-  other.get_notificationComment();
+void clsAutoNotifyTemplate::copyConstructor(const clsAutoNotifyTemplate& other) {
   resetAllValues();
   isSavedFlag = other.isSavedFlag;
   isDirtyFlag = other.isDirtyFlag;

@@ -94,9 +94,8 @@ class clsAutoNotifyTemplate {
   /// none. Gives the id.
   Id saveScheduleTypeInfo();
 
-  /// Takes over all values of `other` but `useUpperCaseStart`. An empty comment of `other` is first
-  /// filled with the default.
-  void copyConstructor(clsAutoNotifyTemplate& other);
+  /// Takes over all values of `other` but `useUpperCaseStart`, flags included.
+  void copyConstructor(const clsAutoNotifyTemplate& other);
 
   /// True from -365 to 365; raises notificationDatePeriodError otherwise.
   bool verifyNotificationPeriod(std::int32_t days);
