@@ -1,0 +1,183 @@
+#include <utility>
+
+#include "control/contract/procedure.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/field_list_builder.h"
+
+namespace autonotify {
+namespace {
+
+constexpr int useForAssigning = 3;
+
+constexpr unsigned typeBits(auto... types) {
+  return ((1U << types) | ...);
+}
+constexpr unsigned withCompany = typeBits(1, 2, 5, 6, 8);
+constexpr unsigned withContact = withCompany | typeBits(3);
+
+/// One block of the list under its header.
+struct FieldSection {
+  unsigned listTypes;
+  const char* header;
+  const char* procedureTag;
+  const FieldBlock& block;
+  bool needsCompany = false;
+
+  bool isFor(int listType, Id companyID) const {
+    return listType >= 0 && listType < 32 && (listTypes & (1U << listType)) &&
+           (!needsCompany || companyID >= 0);
+  }
+};
+
+constexpr const char* companyTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createCompanyInfoFieldListStructure";
+constexpr const char* appointmentTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createAppointmentInfoFieldListStructure";
+constexpr const char* taskTag = "Morvane.exe-clsInsertFieldsInRTB-createTaskInfoFieldListStructure";
+constexpr const char* docketTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createDocketInfoFieldListStructure";
+constexpr const char* contactNameTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createContactNameFieldListStructure";
+constexpr const char* accountingTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createAccountingFieldListStructure";
+constexpr const char* softwareTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createSoftwareFieldListStructure";
+constexpr const char* contactTag =
+    "Morvane.exe-clsInsertFieldsInRTB-createContactInfoFieldListStructure";
+
+constexpr FieldSection sections[] = {
+    {typeBits(5), "[Appointment Info]", appointmentTag, appointmentBlock},
+    {typeBits(8), "[Task Info]", taskTag, taskBlock},
+    {typeBits(6), "[Time Entry Info]", docketTag, timeEntryBlock},
+    {withCompany, "[Company Address Info]", companyTag, companyBlock},
+    {typeBits(1, 5, 6, 8), "[Default Contact Name]", contactNameTag, contactNameBlock},
+    {typeBits(2, 3), "[Contact Name]", contactNameTag, contactNameBlock},
+    {withCompany, "[Company Accounting Info]", accountingTag, accountingBlock},
+    {withCompany, "[Company Software Info]", softwareTag, softwareBlock},
+    {withContact, "[More Contact Info]", contactTag, contactBlock},
+    {typeBits(3), "[Company Info]", companyTag, companyBlock, true},
+};
+
+void addFieldBlock(const char* tag, const FieldListTarget& target, const FieldBlock& block) {
+  procedure(tag, [&](Step& step) { FieldListBuilder(step, target).addBlock(block); });
+}
+
+void addFieldSections(const FieldListTarget& target, int listType, Id companyID) {
+  bool isFirst = true;
+  for (const FieldSection& section : sections) {
+    if (!section.isFor(listType, companyID)) continue;
+    if (target.box && target.hasHeaders) addListBoxHeader(*target.box, section.header, isFirst);
+    isFirst = false;
+    addFieldBlock(section.procedureTag, target, section.block);
+  }
+}
+
+/// The first id that is set tells the family of fields; without any, it stays.
+void chooseListTypeByIds(clsInsertFieldsInRTB& fields) {
+  if (fields.appointmentID >= 0) {
+    fields.ListType = 5;
+  } else if (fields.taskID >= 0) {
+    fields.ListType = 8;
+  } else if (fields.docketId >= 0) {
+    fields.ListType = 6;
+  } else if (fields.companyID >= 0 || fields.contactID >= 0) {
+    fields.ListType = 2;
+  }
+}
+
+/// Takes the list boxes away from their owner for a while.
+class ListBoxesDetached {
+ public:
+  explicit ListBoxesDetached(clsInsertFieldsInRTB& owner)
+      : owner_(owner),
+        listBox_(std::exchange(owner.listBox, nullptr)),
+        listBox2_(std::exchange(owner.listBox2, nullptr)) {}
+  ~ListBoxesDetached() {
+    owner_.listBox = listBox_;
+    owner_.listBox2 = listBox2_;
+  }
+  ListBoxesDetached(const ListBoxesDetached&) = delete;
+  ListBoxesDetached& operator=(const ListBoxesDetached&) = delete;
+
+ private:
+  clsInsertFieldsInRTB& owner_;
+  ListBox* listBox_;
+  ListBox* listBox2_;
+};
+
+}  // namespace
+
+FieldListTarget clsInsertFieldsInRTB::fieldListTarget(GridColumnList& list, bool noListBox) {
+  claims_.forget();
+  return {list, noListBox ? nullptr : listBox, ShowListCategoryHeaders, fieldRowCount_,
+          mergeFieldListUse_};
+}
+
+void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool& clearListBox) {
+  procedure("Morvane.exe-clsInsertFieldsInRTB-createDefaultFieldListStructure", [&](Step& step) {
+    noListBox = listBox == nullptr;
+    GridColumnList* list = nullptr;
+    step.assign(list, [&] { return &fields(); });
+    if (!list) return;
+    const FieldListTarget target = fieldListTarget(*list, noListBox);
+    step.run([&] { list->clearEntries(); });
+    fieldRowCount_ = 0;
+    if (listBox && clearListBox) listBox->clear();
+    if (listBox && mergeFieldListUse_ == useForAssigning) addListBoxLine(*listBox, "Not Assigned");
+    addFieldSections(target, ListType, companyID);
+    if (listBox) step.run([&] { listBox->refresh(); });
+    createAccountantFieldListStructure(false, true);
+  });
+}
+
+void clsInsertFieldsInRTB::createCompanyInfoFieldListStructure(GridColumnList& list,
+                                                               bool noListBox) {
+  addFieldBlock(companyTag, fieldListTarget(list, noListBox), companyBlock);
+}
+
+void clsInsertFieldsInRTB::createAppointmentInfoFieldListStructure(GridColumnList& list,
+                                                                   bool noListBox) {
+  addFieldBlock(appointmentTag, fieldListTarget(list, noListBox), appointmentBlock);
+}
+
+void clsInsertFieldsInRTB::createTaskInfoFieldListStructure(GridColumnList& list, bool noListBox) {
+  addFieldBlock(taskTag, fieldListTarget(list, noListBox), taskBlock);
+}
+
+void clsInsertFieldsInRTB::createDocketInfoFieldListStructure(GridColumnList& list,
+                                                              bool noListBox) {
+  addFieldBlock(docketTag, fieldListTarget(list, noListBox), timeEntryBlock);
+}
+
+void clsInsertFieldsInRTB::createAccountantFieldListStructure(bool noListBox, bool clearListBox) {
+  procedure("Morvane.exe-clsInsertFieldsInRTB-createAccountantFieldListStructure", [&](Step& step) {
+    GridColumnList* list = nullptr;
+    step.assign(list, [&] { return &fields(); });
+    if (!list) return;
+    FieldListTarget target = fieldListTarget(*list, true);
+    if (!noListBox) target.box = listBox2;
+    if (target.box && clearListBox) target.box->clear();
+    if (target.box) addListBoxLine(*target.box, "Insert your Letterhead");
+    FieldListBuilder(step, target).addBlock(firmBlock);
+  });
+}
+
+bool clsInsertFieldsInRTB::verifyFieldListIsPopulated() {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-verifyFieldListIsPopulated", false,
+                   [&](Step& step, bool& result) {
+                     const int count = step.value(0, [&] { return fields().getEntryCount(); });
+                     result = count > 0;
+                     if (result) return;
+                     chooseListTypeByIds(*this);
+                     createFieldListWithoutListBoxes();
+                   });
+}
+
+void clsInsertFieldsInRTB::createFieldListWithoutListBoxes() {
+  const ListBoxesDetached detached(*this);
+  bool noListBox = true;
+  bool clearListBox = false;
+  createDefaultFieldListStructure(noListBox, clearListBox);
+}
+
+}  // namespace autonotify
