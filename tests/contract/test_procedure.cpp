@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "control/contract/procedure.h"
+#include "control/contract/recordsets.h"
+#include "support/TestHost.h"
+
+namespace autonotify::test {
+namespace {
+
+constexpr const char* tag = "Morvane.exe-modTest-test";
+
+[[noreturn]] void fail() {
+  throw PlatformError(1000, "It failed", "test");
+}
+
+class Procedure : public testing::Test {
+ protected:
+  Procedure() { host.attach(); }
+  TestHost host;
+};
+
+TEST_F(Procedure, GivesItsResultAndLeavesOnce) {
+  const int result = procedure(tag, 1, [](Step&, int& held) { held = 2; });
+  EXPECT_EQ(result, 2);
+  EXPECT_EQ(host.errors.entered(), 1);
+  EXPECT_EQ(host.errors.left(), 1);
+}
+
+/// What a failing second of three statements makes of the procedure, by choice.
+struct ChoiceRow {
+  int choice;
+  int runsOfSecond;
+  bool thirdRuns;
+  int result;
+};
+
+class Choice : public Procedure, public testing::WithParamInterface<ChoiceRow> {};
+
+TEST_P(Choice, DecidesHowTheProcedureGoesOn) {
+  const ChoiceRow row = GetParam();
+  host.errors.answer({row.choice});
+  int runs = 0;
+  bool thirdRan = false;
+  const int result = procedure(tag, 1, [&](Step& step, int& held) {
+    step.run([&] { held = 10; });
+    step.assign(held, [&] {
+      if (++runs == 1) fail();
+      return 20;
+    });
+    step.run([&] { thirdRan = true; });
+  });
+  EXPECT_EQ(runs, row.runsOfSecond);
+  EXPECT_EQ(thirdRan, row.thirdRuns);
+  EXPECT_EQ(result, row.result);
+  EXPECT_EQ(host.errors.dialogs(), 1);
+  EXPECT_EQ(host.errors.left(), 1);
+  EXPECT_EQ(host.errors.recorded().front().number, 1000);
+  EXPECT_EQ(host.errors.recorded().front().tag, tag);
+}
+
+INSTANTIATE_TEST_SUITE_P(Choices, Choice,
+                         testing::Values(ChoiceRow{error_choice::next, 1, true, 10},
+                                         ChoiceRow{error_choice::leave, 1, false, 10},
+                                         ChoiceRow{error_choice::quit, 2, true, 20},
+                                         ChoiceRow{0, 2, true, 20}, ChoiceRow{7, 2, true, 20}));
+
+TEST_F(Procedure, LeavingTheInnerOneGoesOnInTheOuterOne) {
+  host.errors.answer({error_choice::leave});
+  const int result = procedure(tag, 1, [](Step& step, int& held) {
+    step.assign(held, [] {
+      return procedure(tag, 5, [](Step& inner, int&) { inner.run([] { fail(); }); });
+    });
+    step.run([&] { ++held; });
+  });
+  EXPECT_EQ(result, 6);
+  EXPECT_EQ(host.errors.entered(), 2);
+  EXPECT_EQ(host.errors.left(), 2);
+}
+
+TEST_F(Procedure, AFailureThatPersistsShowsTheDialogAgain) {
+  host.errors.answer({error_choice::quit, error_choice::quit, error_choice::leave});
+  procedure(tag, [](Step& step) { step.run([] { fail(); }); });
+  EXPECT_EQ(host.errors.dialogs(), 3);
+}
+
+TEST_F(Procedure, RepeatsWithoutAnErrorClass) {
+  references().errors = nullptr;
+  int runs = 0;
+  procedure(tag, [&](Step& step) {
+    step.run([&] {
+      if (++runs < 4) fail();
+    });
+  });
+  EXPECT_EQ(runs, 4);
+}
+
+TEST_F(Procedure, ProgrammingFaultsAreNotOfferedForResumption) {
+  EXPECT_THROW(procedure(tag, [](Step& step) { step.run([] { throw std::logic_error("bug"); }); }),
+               std::logic_error);
+  EXPECT_THROW(procedure(tag, [](Step& step) { step.run([] { throw std::bad_alloc(); }); }),
+               std::bad_alloc);
+  EXPECT_EQ(host.errors.dialogs(), 0);
+  EXPECT_EQ(host.errors.left(), 2);
+}
+
+TEST_F(Procedure, AMissingReferenceIsAFailureOfTheStatement) {
+  references().databaseReference = nullptr;
+  host.errors.answer({error_choice::leave});
+  procedure(tag, [](Step& step) { isDatabaseOpen(step); });
+  EXPECT_EQ(host.errors.recorded().front().number, error_number::objectNotSet);
+}
+
+TEST_F(Procedure, WritesNothingWhenTheConversionOfItsTextIsSkipped) {
+  host.errors.answer({error_choice::next});
+  procedure(tag, [&](Step& step) {
+    addRow(step, "ClientNotification", "ClientNotificationID", [&](RecordsetHandle handle) {
+      setField(step, handle, "Field1", []() -> std::string { return toText(Value{}); });
+      setField(step, handle, "Field2", [] { return std::string("cc"); });
+    });
+  });
+  EXPECT_EQ(host.dump("SELECT Field1, Field2 FROM ClientNotification"), "NULL|cc|\n");
+}
+
+TEST_F(Procedure, ALoopEndsWhenItsEndTestIsSkipped) {
+  host.plainDatabase->connection().exec(
+      "INSERT INTO Holidays (HolidayDate) VALUES ('2026-01-01'), ('2026-12-25')");
+  int rows = 0;
+  host.calls.failAt(3);  // opened, has records, then the first test for the end
+  host.errors.answer({error_choice::next});
+  procedure(tag, [&](Step& step) {
+    forEachRow(step, "SELECT Holidays.* FROM Holidays;", forwardRead, [&](RecordsetHandle) {
+      ++rows;
+      return true;
+    });
+  });
+  EXPECT_EQ(rows, 0);
+}
+
+}  // namespace
+}  // namespace autonotify::test

@@ -1,0 +1,112 @@
+#include "support/TestHost.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <cstring>
+#include <filesystem>
+
+#include "host/services/HostGeneralUtilities.h"
+#include "host/services/HostValidationUtilities.h"
+
+namespace autonotify::test {
+namespace {
+
+/// The utilities that the component creates pass the door like the injected services.
+void countUtilities(host::ClassRegistry& registry, HostCalls& calls) {
+  registry.registerClass(GeneralUtilities::className, [&calls] {
+    return std::make_unique<CountedGeneralUtilities>(std::make_unique<host::HostGeneralUtilities>(),
+                                                     calls);
+  });
+  registry.registerClass(ValidationUtilities::className, [&calls] {
+    return std::make_unique<CountedValidation>(std::make_unique<host::HostValidationUtilities>(),
+                                               calls);
+  });
+}
+
+host::LocaleSettings testLocale() {
+  host::LocaleSettings settings;
+  settings.userId = 7;
+  settings.year = 2026;
+  return settings;
+}
+
+std::unique_ptr<host::SqliteDatabase> databaseWith(const std::string* content) {
+  if (!content) return host::createSqliteInMemory();
+  SQLite::Database connection(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  const auto size = static_cast<sqlite3_int64>(content->size());
+  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(content->size()));
+  std::memcpy(copy, content->data(), content->size());
+  sqlite3_deserialize(connection.getHandle(), "main", copy, size, size,
+                      SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
+  return std::make_unique<host::SqliteDatabase>(std::move(connection));
+}
+
+}  // namespace
+
+TestHost::TestHost(const std::string* content)
+    : plainLocale(testLocale()),
+      messages(host::Terminal{}),
+      workingFolder(std::filesystem::temp_directory_path().string()),
+      plainDatabase(databaseWith(content)),
+      plainClients(*plainDatabase),
+      database(*plainDatabase, calls),
+      clients(plainClients, calls),
+      locale(plainLocale, calls) {
+  countUtilities(registry, calls);
+}
+
+TestHost::~TestHost() {
+  if (isAttached_) references() = References{};
+}
+
+void TestHost::attach() {
+  References fresh;
+  fresh.platform = platform();
+  fresh.databaseReference = &database;
+  fresh.errors = &errors;
+  fresh.msgboxClass = &messages;
+  fresh.workingFolderReference = &workingFolder;
+  fresh.localeReference = &locale;
+  fresh.clientDropDown = &clients;
+  references() = std::move(fresh);
+  references().fileUtility = createHostObject<FileUtility>();
+  references().generalUtilities = createHostObject<GeneralUtilities>();
+  references().validationUtilities = createHostObject<ValidationUtilities>();
+  isAttached_ = true;
+}
+
+std::string TestHost::snapshot() {
+  sqlite3_int64 size = 0;
+  unsigned char* bytes =
+      sqlite3_serialize(plainDatabase->connection().getHandle(), "main", &size, 0);
+  std::string content(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
+  sqlite3_free(bytes);
+  return content;
+}
+
+std::string TestHost::dump(const std::string& sql) {
+  std::string text;
+  SQLite::Statement rows(plainDatabase->connection(), sql);
+  while (rows.executeStep()) {
+    for (int i = 0; i < rows.getColumnCount(); ++i) {
+      text += rows.getColumn(i).isNull() ? "NULL" : rows.getColumn(i).getString();
+      text += '|';
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+std::string TestHost::dumpWritten() {
+  return dump("SELECT * FROM ClientNotification ORDER BY ClientNotificationID") +
+         dump("SELECT ScheduleID, notifyType, ScheduleModifiedStamp FROM Schedule") +
+         dump("SELECT * FROM ScheduleTypes ORDER BY ScheduleTypeID") +
+         dump("SELECT * FROM UserGeneralSettings ORDER BY UserIDNum");
+}
+
+int TestHost::notificationCount() {
+  return plainDatabase->connection().execAndGet("SELECT COUNT(*) FROM ClientNotification").getInt();
+}
+
+}  // namespace autonotify::test

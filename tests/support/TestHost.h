@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "control/contract/PlatformServices.h"
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/services/ClassRegistry.h"
+#include "host/services/ClientDirectory.h"
+#include "host/services/HeadlessFormHost.h"
+#include "host/services/HostLocale.h"
+#include "host/services/HostWorkingFolder.h"
+#include "host/services/TerminalMsgbox.h"
+#include "support/fixed_clock.h"
+#include "support/host_calls.h"
+#include "support/host_wrappers.h"
+#include "support/scripted_error_class.h"
+
+namespace autonotify::test {
+
+/// A complete host on an empty database in memory: the real services behind wrappers that count,
+/// record and fail the calls of the component. Host services among themselves do not pass the
+/// wrappers.
+class TestHost {
+ public:
+  /// Starts with a copy of `content`, made by snapshot(); without one with empty tables.
+  explicit TestHost(const std::string* content = nullptr);
+  ~TestHost();
+  TestHost(const TestHost&) = delete;
+  TestHost& operator=(const TestHost&) = delete;
+
+  /// Lends itself to the logic that is linked into the test, with fresh utilities, until it is
+  /// destroyed.
+  void attach();
+
+  /// The tables' content, to start another host with.
+  std::string snapshot();
+
+  /// All rows of the tables that the component writes,.
+  std::string dumpWritten();
+  std::string dump(const std::string& sql);
+  int notificationCount();
+
+  HostCalls calls;
+  ScriptedErrorClass errors;
+  FixedClock clock;
+  host::HostLocale plainLocale;
+  host::TerminalMsgbox messages;
+  host::HostWorkingFolder workingFolder;
+  host::HeadlessFormHost forms;
+  host::ClassRegistry registry;
+  std::unique_ptr<host::SqliteDatabase> plainDatabase;
+  host::ClientDirectory plainClients;
+
+  CountedDatabase database;
+  CountedClients clients;
+  CountedLocale locale;
+
+  PlatformServices platform() { return {&registry, &clock, &forms}; }
+
+ private:
+  bool isAttached_ = false;
+};
+
+}  // namespace autonotify::test

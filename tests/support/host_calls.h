@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/PlatformError.h"
+
+namespace autonotify::test {
+
+/// The door that every wrapped host call passes: counts the calls, records them when asked, and
+/// fails the one that was chosen.
+class HostCalls {
+ public:
+  /// Fails call `n`, counted from 1 since the last reset; `times` calls in a row from there.
+  void failAt(int n, int times = 1) {
+    failFrom_ = n;
+    failTo_ = n + times;
+  }
+  void reset() { *this = HostCalls{}; }
+  void record(bool on) { recording_ = on; }
+
+  /// Called by the wrappers before they forward. Throws PlatformError (1000) for a call that shall
+  /// fail.
+  void pass(std::string_view operation, const std::function<std::string()>& detail = {}) {
+    ++count_;
+    if (recording_) {
+      log_.push_back(std::string(operation) + (detail ? " " + detail() : std::string{}));
+    }
+    if (count_ >= failFrom_ && count_ < failTo_) {
+      ++failures_;
+      throw PlatformError(1000, "The host call failed", std::string(operation));
+    }
+  }
+
+  int count() const { return count_; }
+  /// How many calls were made to fail.
+  int failures() const { return failures_; }
+  const std::vector<std::string>& log() const { return log_; }
+
+ private:
+  int count_ = 0;
+  int failFrom_ = 0;
+  int failTo_ = 0;
+  int failures_ = 0;
+  bool recording_ = false;
+  std::vector<std::string> log_;
+};
+
+}  // namespace autonotify::test

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "control/contract/errorClass.h"
+
+namespace autonotify::test {
+
+/// An errorClass whose person answers from a script. A question beyond the script fails the test,
+/// and is answered with "leave" so that a loop of retries ends.
+class ScriptedErrorClass : public errorClass {
+ public:
+  void answer(std::initializer_list<int> choices) {
+    script_.insert(script_.end(), choices.begin(), choices.end());
+  }
+
+  void enterProcedure(std::string_view tag) override {
+    stack_.emplace_back(tag);
+    ++entered_;
+  }
+  void leaveProcedure() override {
+    ASSERT_FALSE(stack_.empty()) << "a procedure was left that was never entered";
+    stack_.pop_back();
+    ++left_;
+  }
+  void recordError(const PlatformError& error) override {
+    recorded_.push_back({error.number(), error.description(), stack_.empty() ? "" : stack_.back()});
+  }
+  void showErrorDialog() override { ++dialogs_; }
+  int getErrorChoice() override {
+    if (script_.empty()) {
+      ADD_FAILURE() << "nobody expected this error: "
+                    << (recorded_.empty() ? "" : recorded_.back().description) << " in "
+                    << (stack_.empty() ? "" : stack_.back());
+      return error_choice::leave;
+    }
+    const int choice = script_.front();
+    script_.pop_front();
+    return choice;
+  }
+
+  struct Recorded {
+    int number;
+    std::string description;
+    std::string tag;
+  };
+  const std::vector<Recorded>& recorded() const { return recorded_; }
+  int dialogs() const { return dialogs_; }
+  int entered() const { return entered_; }
+  int left() const { return left_; }
+  std::size_t depth() const { return stack_.size(); }
+  std::size_t answersLeft() const { return script_.size(); }
+
+ private:
+  std::vector<std::string> stack_;
+  std::vector<Recorded> recorded_;
+  std::deque<int> script_;
+  int dialogs_ = 0;
+  int entered_ = 0;
+  int left_ = 0;
+};
+
+}  // namespace autonotify::test
