@@ -1,0 +1,95 @@
+#include "host/mail/OutboxEmailSender.h"
+
+#include <utility>
+
+#include "control/contract/DatabaseReference.h"
+#include "host/mail/Outbox.h"
+#include "host/mail/gmime_handles.h"
+#include "platform/PlatformError.h"
+
+namespace autonotify::host {
+namespace {
+
+std::string fieldText(DatabaseReference& database, RecordsetHandle handle, const char* column) {
+  const Value value = database.getFieldValue(handle, column);
+  return value.isNull() ? std::string() : toText(value);
+}
+
+/// The firm's name and address as its own record has them; empty texts without such a record.
+Mailbox firmMailbox(DatabaseReference& database) {
+  const RecordsetHandle handle = database.openRecordset(
+      "SELECT AccountantFirmInfo.CompanyName, AccountantFirmInfo.Email FROM AccountantFirmInfo;",
+      CursorMode::forwardOnly, LockMode::readOnly, -1, "", -1, false);
+  Mailbox firm;
+  if (database.hasRecords(handle))
+    firm = {fieldText(database, handle, "CompanyName"), fieldText(database, handle, "Email")};
+  database.closeRecordset(handle);
+  return firm;
+}
+
+/// The text behind its length, so that no two lists of fields run into one.
+std::string counted(const std::string& text) {
+  return std::to_string(text.size()) + ':' + text;
+}
+
+}  // namespace
+
+OutboxEmailSender::OutboxEmailSender(OutboxSettings settings, Clock& clock)
+    : settings_(std::move(settings)), clock_(clock) {}
+
+bool OutboxEmailSender::send() {
+  lastError_.clear();
+  alreadyDelivered_ = false;
+  try {
+    MailMessage message = compose();
+    const std::string name = messageName(message);
+    message.messageId = name + message.from.address.substr(message.from.address.rfind('@'));
+    alreadyDelivered_ = !Outbox(settings_.folder).put(name, messageText(message));
+    return true;
+  } catch (const MailError& error) {
+    lastError_ = error.what();
+  } catch (const PlatformError& error) {
+    lastError_ = "The firm's email address cannot be read: " + error.description();
+  }
+  return false;
+}
+
+MailMessage OutboxEmailSender::compose() {
+  MailMessage message;
+  message.to = parseRecipients(to_);
+  message.cc = parseRecipients(cc_);
+  message.bcc = parseRecipients(bcc_);
+  if (message.to.empty() && message.cc.empty() && message.bcc.empty())
+    throw MailError("The message has no recipient.");
+  message.from = sender();
+  message.subject = subject_;
+  message.body = body_;
+  message.date = clock_.now();
+  return message;
+}
+
+Mailbox OutboxEmailSender::sender() {
+  Mailbox from = settings_.from;
+  if ((from.name.empty() || from.address.empty()) && database_ && database_->isDatabaseOpen()) {
+    const Mailbox firm = firmMailbox(*database_);
+    if (from.name.empty()) from.name = firm.name;
+    if (from.address.empty()) from.address = firm.address;
+  }
+  const std::vector<Mailbox> mailboxes = parseRecipients(from.address);
+  if (mailboxes.empty()) throw MailError("The firm has no email address to send from.");
+  return {cleanLine(from.name), mailboxes.front().address};
+}
+
+std::string OutboxEmailSender::messageName(const MailMessage& message) const {
+  std::string identity = "identity " + counted(identity_);
+  if (identity_.empty()) {
+    identity = "content " + std::to_string(message.date.days());
+    for (const std::string* field : {&message.from.address, &to_, &cc_, &bcc_, &subject_, &body_})
+      identity += ' ' + counted(*field);
+  }
+  const GText digest(g_compute_checksum_for_string(G_CHECKSUM_SHA256, identity.data(),
+                                                   static_cast<gssize>(identity.size())));
+  return std::string(digest.get()).substr(0, 40);
+}
+
+}  // namespace autonotify::host

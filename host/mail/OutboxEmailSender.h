@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "control/contract/EmailSender.h"
+#include "host/mail/mail_message.h"
+#include "platform/Clock.h"
+
+namespace autonotify::host {
+
+struct OutboxSettings {
+  /// Must exist: see Outbox.
+  std::string folder;
+  /// Who writes. Where empty, the name and the address of the firm's own record.
+  Mailbox from;
+};
+
+/// Sends a message by putting it, as an RFC 5322 file, into an outbox folder.
+///
+/// A message has an identity, from which its Message-ID and its file name come, so that sending the
+/// same notification again, after a crash or by a second click, cannot make a second message: the
+/// one that is there already stays as it is, even if the text was edited in between, and send()
+/// reports success. The identity is the one that the host sets; without one it is the content with
+/// the day of sending, so that the same words may go out again another day.
+class OutboxEmailSender : public EmailSender {
+ public:
+  /// `clock` must outlive this object.
+  OutboxEmailSender(OutboxSettings settings, Clock& clock);
+
+  void put_errorClass(errorClass*) override {}
+  void put_MsgboxClass(MsgboxClass*) override {}
+  void put_LocaleReference(LocaleReference*) override {}
+  void put_DatabaseReference(DatabaseReference* value) override { database_ = value; }
+  void put_workingFolder(const std::string&) override {}
+  void put_to(const std::string& recipients) override { to_ = recipients; }
+  void put_cc(const std::string& recipients) override { cc_ = recipients; }
+  void put_bcc(const std::string& recipients) override { bcc_ = recipients; }
+  void put_subject(const std::string& subject) override { subject_ = subject; }
+  void put_body(const std::string& body) override { body_ = body; }
+  bool send() override;
+  std::string getLastError() override { return lastError_; }
+
+  /// What tells this message from every other for good, such as the database's own id with the
+  /// notification's. Empty for none.
+  void setIdentity(std::string identity) { identity_ = std::move(identity); }
+  /// True when the last send found the message in place, or sent.
+  bool alreadyDelivered() const { return alreadyDelivered_; }
+
+ private:
+  MailMessage compose();
+  Mailbox sender();
+  std::string messageName(const MailMessage& message) const;
+
+  OutboxSettings settings_;
+  Clock& clock_;
+  DatabaseReference* database_ = nullptr;
+  std::string to_;
+  std::string cc_;
+  std::string bcc_;
+  std::string subject_;
+  std::string body_;
+  std::string identity_;
+  std::string lastError_;
+  bool alreadyDelivered_ = false;
+};
+
+}  // namespace autonotify::host

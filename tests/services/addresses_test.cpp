@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "host/mail/addresses.h"
+
+namespace autonotify::host {
+
+void PrintTo(const Mailbox& mailbox, std::ostream* out) {
+  *out << mailbox.name << " <" << mailbox.address << ">";
+}
+
+namespace {
+
+TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
+  struct Case {
+    const char* text;
+    std::vector<Mailbox> mailboxes;
+  };
+  const Case cases[] = {
+      {"", {}},
+      {" ; , ;\r\n", {}},
+      {"jane@client.example", {{"", "jane@client.example"}}},
+      {"a@x.example; b@x.example,c@x.example;",
+       {{"", "a@x.example"}, {"", "b@x.example"}, {"", "c@x.example"}}},
+      {"a@x.example\r\nb@x.example", {{"", "a@x.example"}, {"", "b@x.example"}}},
+      {"Jane Smith <jane@client.example>", {{"Jane Smith", "jane@client.example"}}},
+      {"\"Smith, Jane; CPA\" <jane@client.example>; b@x.example",
+       {{"Smith, Jane; CPA", "jane@client.example"}, {"", "b@x.example"}}},
+      {"\"The \\\"A\\\" Team\" <a@x.example>", {{"The \"A\" Team", "a@x.example"}}},
+      {"Élodie Côté <elodie@client.example>", {{"Élodie Côté", "elodie@client.example"}}},
+      {"o'brien+tax@sub.client.example", {{"", "o'brien+tax@sub.client.example"}}},
+      {"jane@bücher.example", {{"", "jane@xn--bcher-kva.example"}}},
+  };
+  for (const Case& each : cases) EXPECT_EQ(parseRecipients(each.text), each.mailboxes) << each.text;
+}
+
+TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
+  for (const std::string entry : {"jane",
+                                  "jane@",
+                                  "@client.example",
+                                  "jane@@client.example",
+                                  "jane smith@client.example",
+                                  "jane@client..example",
+                                  ".jane@client.example",
+                                  "jane@client example",
+                                  "Jane Smith",
+                                  "Jane <jane@client.example",
+                                  "<>",
+                                  "Jane <>",
+                                  "jane@client.example>",
+
+                                  "team: a@x.example",
+                                  "undisclosed-recipients:",
+                                  "a@x.example b@x.example",
+                                  "élodie@client.example",
+                                  "613-555-0100 <Home Fax>",
+                                  "Bcc: evil@x.example",
+                                  "jane@client.example\x01",
+                                  "jane\xFF@client.example"}) {
+    try {
+      const auto mailboxes = parseRecipients("good@x.example; " + entry);
+      ADD_FAILURE() << entry << " was taken as " << testing::PrintToString(mailboxes);
+    } catch (const MailError& error) {
+      EXPECT_EQ(error.what(), "\"" + entry + "\" is not a valid email address.");
+    }
+  }
+  const std::string longLocal(65, 'a');
+  EXPECT_THROW(parseRecipients(longLocal + "@x.example"), MailError);
+}
+
+}  // namespace
+}  // namespace autonotify::host

@@ -1,0 +1,232 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/mail/OutboxEmailSender.h"
+#include "services/received_mail.h"
+#include "services/temporary_folder.h"
+#include "support/fixed_clock.h"
+
+namespace autonotify::host {
+namespace {
+
+namespace fs = std::filesystem;
+using test::readFile;
+using test::ReceivedMail;
+using test::TemporaryFolder;
+using test::writeFile;
+
+class OutboxEmailSenderTest : public testing::Test {
+ protected:
+  OutboxEmailSender newSender(const std::string& to = "jane@client.example") {
+    OutboxEmailSender sender({folder.path().string(), {"Firm", "office@firm.example"}}, clock);
+    sender.put_to(to);
+    sender.put_subject("Your T4 Summary is due");
+    sender.put_body("Dear Jane,\n");
+    return sender;
+  }
+
+  std::vector<fs::path> files() {
+    std::vector<fs::path> paths;
+    for (const auto& entry : fs::directory_iterator(folder.path()))
+      if (entry.is_regular_file()) paths.push_back(entry.path());
+    return paths;
+  }
+
+  ReceivedMail onlyMail() {
+    EXPECT_EQ(files().size(), 1u);
+    return files().empty() ? ReceivedMail{} : test::readMail(readFile(files().front()));
+  }
+
+  void expectRefused(OutboxEmailSender& sender, const std::string& sentence) {
+    EXPECT_FALSE(sender.send());
+    EXPECT_NE(sender.getLastError().find(sentence), std::string::npos) << sender.getLastError();
+    EXPECT_EQ(sender.getLastError().back(), '.');
+    EXPECT_FALSE(sender.alreadyDelivered());
+  }
+
+  TemporaryFolder folder;
+  test::FixedClock clock;
+};
+
+TEST_F(OutboxEmailSenderTest, putsOneReadableMessageIn) {
+  OutboxEmailSender sender = newSender("jane@client.example; John <john@client.example>");
+  sender.put_cc("cc@client.example");
+  sender.put_bcc("file@firm.example");
+  ASSERT_TRUE(sender.send()) << sender.getLastError();
+  EXPECT_EQ(sender.getLastError(), "");
+  EXPECT_FALSE(sender.alreadyDelivered());
+  const ReceivedMail mail = onlyMail();
+  EXPECT_EQ(mail.from, std::vector<std::string>{"Firm <office@firm.example>"});
+  EXPECT_EQ(mail.to,
+            (std::vector<std::string>{"jane@client.example", "John <john@client.example>"}));
+  EXPECT_EQ(mail.cc, std::vector<std::string>{"cc@client.example"});
+  EXPECT_EQ(mail.bcc, std::vector<std::string>{"file@firm.example"});
+  EXPECT_EQ(mail.subject, "Your T4 Summary is due");
+  EXPECT_EQ(mail.date, "2026-04-15 09:30:00");
+  EXPECT_EQ(mail.body, "Dear Jane,\n");
+  const std::string name = files().front().stem();
+  EXPECT_EQ(mail.messageId, name + "@firm.example");
+  EXPECT_EQ(files().front().extension(), ".eml");
+  EXPECT_EQ(fs::status(files().front()).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(OutboxEmailSenderTest, oneIdentityMakesOneMessage) {
+  for (int round = 0; round < 3; ++round) {
+    OutboxEmailSender sender = newSender();
+    sender.setIdentity("firm-1/17");
+    sender.put_body("version " + std::to_string(round));
+    clock.set(clock.now().addDays(round));
+    ASSERT_TRUE(sender.send()) << sender.getLastError();
+    EXPECT_EQ(sender.alreadyDelivered(), round > 0);
+  }
+  EXPECT_EQ(onlyMail().body, "version 0\n");
+  OutboxEmailSender other = newSender();
+  other.setIdentity("firm-1/18");
+  ASSERT_TRUE(other.send());
+  EXPECT_EQ(files().size(), 2u);
+}
+
+TEST_F(OutboxEmailSenderTest, anIdentityThatWasSentStaysSent) {
+  OutboxEmailSender sender = newSender();
+  sender.setIdentity("firm-1/17");
+  ASSERT_TRUE(sender.send());
+  fs::create_directory(folder / "sent");
+  const fs::path file = files().front();
+  fs::rename(file, fs::path(folder / "sent") / file.filename());
+  ASSERT_TRUE(sender.send());
+  EXPECT_TRUE(sender.alreadyDelivered());
+  EXPECT_TRUE(files().empty());
+}
+
+TEST_F(OutboxEmailSenderTest, withoutAnIdentityContentAndDayTell) {
+  const auto sendAll = [&] {
+    OutboxEmailSender sender = newSender();
+    EXPECT_TRUE(sender.send());
+    return files().size();
+  };
+  EXPECT_EQ(sendAll(), 1u);
+  clock.set(DateTime::of(2026, 4, 15, 17, 0));
+  EXPECT_EQ(sendAll(), 1u) << "the same day";
+  clock.set(DateTime::of(2026, 4, 16, 9, 30));
+  EXPECT_EQ(sendAll(), 2u) << "another day";
+  OutboxEmailSender shifted = newSender();
+  shifted.put_subject("Your T4 Summary is dueD");
+  shifted.put_body("ear Jane,\n");
+  EXPECT_TRUE(shifted.send());
+  EXPECT_EQ(files().size(), 3u) << "other fields of the same letters";
+}
+
+TEST_F(OutboxEmailSenderTest, refusesMessagesThatCannotGo) {
+  struct Case {
+    const char* to;
+    const char* cc;
+    const char* sentence;
+  };
+  const Case cases[] = {
+      {"", "", "The message has no recipient."},
+      {" ; ", "", "The message has no recipient."},
+      {"jane", "", "\"jane\" is not a valid email address."},
+      {"jane@client.example", "x@", "\"x@\" is not a valid email address."},
+      {"jane@client.example\r\nBcc: evil@x.example", "", "\"Bcc: evil@x.example\" is not a valid"},
+  };
+  for (const Case& each : cases) {
+    OutboxEmailSender sender = newSender(each.to);
+    sender.put_cc(each.cc);
+    expectRefused(sender, each.sentence);
+  }
+  EXPECT_EQ(folder.fileCount(), 0u);
+  OutboxEmailSender again = newSender("");
+  EXPECT_FALSE(again.send());
+  again.put_to("jane@client.example");
+  EXPECT_TRUE(again.send());
+  EXPECT_EQ(again.getLastError(), "");
+}
+
+TEST_F(OutboxEmailSenderTest, theFirmsRecordTellsWhoWrites) {
+  const auto database = createSqliteInMemory();
+  OutboxEmailSender sender({folder.path().string(), {}}, clock);
+  sender.put_to("jane@client.example");
+  expectRefused(sender, "The firm has no email address to send from.");
+  sender.put_DatabaseReference(database.get());
+  expectRefused(sender, "The firm has no email address to send from.");
+  database->connection().exec(
+      "INSERT INTO AccountantFirmInfo (CompanyName, Email) VALUES ('Harbour & Pine', 'a b');");
+  expectRefused(sender, "\"a b\" is not a valid email address.");
+  database->connection().exec("UPDATE AccountantFirmInfo SET Email='office@pine.example';");
+  ASSERT_TRUE(sender.send()) << sender.getLastError();
+  EXPECT_EQ(onlyMail().from, std::vector<std::string>{"Harbour & Pine <office@pine.example>"});
+}
+
+TEST_F(OutboxEmailSenderTest, aDatabaseThatFailsIsAReasonForStaff) {
+  const auto database = createSqliteInMemory();
+  database->connection().exec("DROP TABLE AccountantFirmInfo;");
+  OutboxEmailSender sender({folder.path().string(), {}}, clock);
+  sender.put_DatabaseReference(database.get());
+  sender.put_to("jane@client.example");
+  EXPECT_FALSE(sender.send());
+  EXPECT_EQ(sender.getLastError().find("The firm's email address cannot be read: "), 0u);
+}
+
+TEST_F(OutboxEmailSenderTest, anOutboxThatIsNoFolderIsTold) {
+  writeFile(folder / "file", "x");
+  for (const char* name : {"missing", "file"}) {
+    OutboxEmailSender sender({folder / name, {"Firm", "office@firm.example"}}, clock);
+    sender.put_to("jane@client.example");
+    expectRefused(sender, "The outbox folder \"" + folder / name + "\" cannot be opened: ");
+  }
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+TEST_F(OutboxEmailSenderTest, aLinkInTheWayIsNotWrittenThrough) {
+  OutboxEmailSender sender = newSender();
+  ASSERT_TRUE(sender.send());
+  const fs::path file = files().front();
+  for (const char* target : {"victim", "nowhere"}) {
+    fs::remove(file);
+    writeFile(folder / "victim", "untouched");
+    fs::create_symlink(folder / target, file);
+    expectRefused(sender, "is in its way");
+    EXPECT_EQ(readFile(folder / "victim"), "untouched");
+    EXPECT_FALSE(fs::exists(folder / "nowhere"));
+  }
+  fs::remove(file);
+  fs::remove(folder / "victim");
+  writeFile(file, "");
+  expectRefused(sender, "is in its way");
+}
+
+TEST_F(OutboxEmailSenderTest, aDiskThatFillsLeavesNothingBehind) {
+  OutboxEmailSender sender = newSender();
+  sender.put_body(std::string(100000, 'x'));
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  rlimit small = before;
+  small.rlim_cur = 4096;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const bool sent = sender.send();
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_FALSE(sent);
+  EXPECT_NE(sender.getLastError().find("cannot be written into the outbox folder"),
+            std::string::npos);
+  EXPECT_EQ(folder.fileCount(), 0u);
+  EXPECT_TRUE(sender.send());
+}
+
+TEST_F(OutboxEmailSenderTest, aFolderWithoutPermissionIsTold) {
+  if (geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
+  fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+  OutboxEmailSender sender = newSender();
+  expectRefused(sender, "cannot be written into the outbox folder");
+}
+
+}  // namespace
+}  // namespace autonotify::host

@@ -1,0 +1,69 @@
+#include "services/received_mail.h"
+
+#include <gtest/gtest.h>
+
+#include "host/mail/gmime_handles.h"
+#include "platform/text.h"
+
+namespace autonotify::test {
+namespace {
+
+using host::GHandle;
+using host::GText;
+
+std::vector<std::string> mailboxesOf(InternetAddressList* list) {
+  std::vector<std::string> mailboxes;
+  for (int i = 0; i < internet_address_list_length(list); ++i) {
+    InternetAddress* address = internet_address_list_get_address(list, i);
+    const char* name = internet_address_get_name(address);
+    const std::string mailbox =
+        internet_address_mailbox_get_addr(INTERNET_ADDRESS_MAILBOX(address));
+    mailboxes.push_back(name && *name ? std::string(name) + " <" + mailbox + ">" : mailbox);
+  }
+  return mailboxes;
+}
+
+std::vector<std::string> headerNames(GMimeObject* object) {
+  std::vector<std::string> names;
+  GMimeHeaderList* headers = g_mime_object_get_header_list(object);
+  for (int i = 0; i < g_mime_header_list_get_count(headers); ++i)
+    names.emplace_back(g_mime_header_get_name(g_mime_header_list_get_header_at(headers, i)));
+  return names;
+}
+
+std::string dateOf(GMimeMessage* message) {
+  GDateTime* date = g_mime_message_get_date(message);
+  if (!date) return {};
+  const GText text(g_date_time_format(date, "%Y-%m-%d %H:%M:%S"));
+  return text.get();
+}
+
+}  // namespace
+
+ReceivedMail readMail(const std::string& text) {
+  host::initMail();
+  const GHandle<GMimeStream> stream(g_mime_stream_mem_new_with_buffer(text.data(), text.size()));
+  const GHandle<GMimeParser> parser(g_mime_parser_new_with_stream(stream.get()));
+  const GHandle<GMimeMessage> message(g_mime_parser_construct_message(parser.get(), nullptr));
+  ReceivedMail mail;
+  if (!message || !GMIME_IS_TEXT_PART(g_mime_message_get_mime_part(message.get()))) {
+    ADD_FAILURE() << "no plain message: " << text.substr(0, 500);
+    return mail;
+  }
+  GMimeObject* part = g_mime_message_get_mime_part(message.get());
+  const GText body(g_mime_text_part_get_text(GMIME_TEXT_PART(part)));
+  const GText type(g_mime_content_type_encode(g_mime_object_get_content_type(part), nullptr));
+  mail.from = mailboxesOf(g_mime_message_get_from(message.get()));
+  mail.to = mailboxesOf(g_mime_message_get_to(message.get()));
+  mail.cc = mailboxesOf(g_mime_message_get_cc(message.get()));
+  mail.bcc = mailboxesOf(g_mime_message_get_bcc(message.get()));
+  mail.subject = g_mime_message_get_subject(message.get());
+  mail.messageId = g_mime_message_get_message_id(message.get());
+  mail.date = dateOf(message.get());
+  mail.contentType = trim(replaceAll(type.get(), "\n", ""));
+  mail.body = replaceAll(body.get(), "\r\n", "\n");
+  mail.headers = headerNames(GMIME_OBJECT(message.get()));
+  return mail;
+}
+
+}  // namespace autonotify::test
