@@ -4,11 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
-#include <regex>
 #include <set>
 
 namespace autonotify::host {
@@ -30,17 +29,50 @@ struct Literal {
   std::string text;
 };
 
-/// The texts between double quotes in the sources of the component.
+bool isNamePart(char letter) {
+  return std::isalnum(static_cast<unsigned char>(letter)) || letter == '_';
+}
+
+/// The name that starts at a position.
+std::string nameAt(std::string_view text, std::size_t start) {
+  std::size_t end = start;
+  while (end < text.size() && isNamePart(text[end])) ++end;
+  return std::string(text.substr(start, end - start));
+}
+
+/// The name that ends before a position.
+std::string nameBefore(std::string_view text, std::size_t end) {
+  std::size_t start = end;
+  while (start > 0 && isNamePart(text[start - 1])) --start;
+  return std::string(text.substr(start, end - start));
+}
+
+/// The texts between double quotes on one line.
+std::vector<std::string> literalsOf(const std::string& line) {
+  std::vector<std::string> result;
+  bool inside = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (line[i] == '"') {
+      inside = !inside;
+      if (inside) result.emplace_back();
+    } else if (inside) {
+      result.back() += line[i];
+      if (line[i] == '\\') ++i;
+    }
+  }
+  return result;
+}
+
+/// The literals in the sources of the component.
 std::vector<Literal> sourceLiterals() {
-  static const std::regex quoted("\"((?:[^\"\\\\\\n]|\\\\.)*)\"");
   std::vector<Literal> result;
   const std::filesystem::path root = std::filesystem::path(AUTONOTIFY_SOURCE_DIR) / "src";
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
     if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
     std::ifstream stream(entry.path());
-    const std::string text(std::istreambuf_iterator<char>(stream), {});
-    for (std::sregex_iterator found(text.begin(), text.end(), quoted), end; found != end; ++found)
-      result.push_back({entry.path().string(), (*found)[1]});
+    for (std::string line; std::getline(stream, line);)
+      for (std::string& text : literalsOf(line))
+        result.push_back({entry.path().string(), std::move(text)});
   }
   return result;
 }
@@ -195,30 +227,31 @@ TEST(Schema, AccountingFieldsStandInOneTableOfTheirJoin) {
 }
 
 TEST(Schema, HoldsEveryColumnThatTheComponentNames) {
-  static const std::regex reference("\\b([A-Za-z_]\\w*)\\.([A-Za-z_]\\w*)");
   int checked = 0;
-  for (const Literal& literal : sourceLiterals())
-    for (std::sregex_iterator found(literal.text.begin(), literal.text.end(), reference), end;
-         found != end; ++found) {
-      const std::string table = (*found)[1];
-      if (!findTable(table)) continue;
+  for (const auto& [file, text] : sourceLiterals())
+    for (std::size_t dot = text.find('.'); dot != text.npos; dot = text.find('.', dot + 1)) {
+      const std::string table = nameBefore(text, dot);
+      const std::string column = nameAt(text, dot + 1);
+      if (column.empty() || !findTable(table)) continue;
       ++checked;
-      EXPECT_NE(findColumn(table, (*found)[2].str()), nullptr) << literal.file << found->str();
+      EXPECT_NE(findColumn(table, column), nullptr) << file << ": " << table << '.' << column;
     }
   EXPECT_GT(checked, 50);
 }
 
 TEST(Schema, HoldsEveryTableThatTheComponentSelectsFrom) {
-  static const std::regex statementWord("\\b(SELECT|WHERE|JOIN)\\b");
-  static const std::regex selection("\\b(?:FROM|From|JOIN)\\s+\\(*([A-Za-z_]\\w*)");
   int checked = 0;
-  for (const Literal& literal : sourceLiterals()) {
-    std::smatch found;
-    const bool isStatement = std::regex_search(literal.text, statementWord);
-    if (!isStatement || !std::regex_search(literal.text, found, selection)) continue;
-    ++checked;
-    EXPECT_NE(findTable(found[1].str()), nullptr) << literal.file << ": " << literal.text;
-  }
+  for (const auto& [file, text] : sourceLiterals())
+    for (std::string_view word : {"FROM ", "From ", "JOIN "}) {
+      const std::size_t found = text.find(word);
+      const bool isStatement =
+          text.find("SELECT ") != text.npos || text.find("WHERE ") != text.npos;
+      if (!isStatement || found == text.npos) continue;
+      const std::size_t start = text.find_first_not_of("( ", found + word.size());
+      if (start == text.npos) continue;
+      ++checked;
+      EXPECT_NE(findTable(nameAt(text, start)), nullptr) << file << ": " << text;
+    }
   EXPECT_GT(checked, 20);
 }
 
