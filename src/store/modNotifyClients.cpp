@@ -203,11 +203,13 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
         if (item == ids.end() || !isDatabaseOpen(step)) return;
         const AssignedSource& source = assignedSources[static_cast<size_t>(item - ids.begin())];
         const Value assigned = readColumn(step, {source.statement, source.column}, {}, *item);
-        if (isEmpty(step, assigned)) return;
-        step.assign(result, [&] {
-          return source.isUserId ? clients().getUserNameFromID(toInteger(assigned))
-                                 : toText(assigned);
-        });
+        if (!source.isUserId) {
+          if (!isEmpty(step, assigned)) step.assign(result, [&] { return toText(assigned); });
+          return;
+        }
+        const Id userId = idOf(step, assigned);
+        if (userId < 0) return;
+        step.assign(result, [&] { return clients().getUserNameFromID(userId); });
       });
 }
 
