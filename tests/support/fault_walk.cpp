@@ -5,6 +5,9 @@ namespace {
 
 constexpr int unknownChoice = 7;
 
+/// Follow-up failures that a person skips before the test calls it a loop.
+constexpr int mostFollowUps = 100;
+
 struct Outcome {
   std::string result;
   std::string written;
@@ -20,6 +23,7 @@ Outcome runOnce(const FaultWalk& walk, int failedCall, int choice) {
   if (failedCall > 0) {
     host->calls.failAt(failedCall);
     host->errors.answer({choice});
+    if (choice == error_choice::next) host->errors.answerRest(choice, mostFollowUps);
   }
   const int rowsBefore = host->notificationCount();
   Outcome outcome;
@@ -28,7 +32,11 @@ Outcome runOnce(const FaultWalk& walk, int failedCall, int choice) {
   outcome.failures = host->calls.failures();
   EXPECT_EQ(host->errors.entered(), host->errors.left()) << "every procedure is left once";
   EXPECT_EQ(host->errors.depth(), 0u);
-  EXPECT_EQ(host->errors.dialogs(), outcome.failures) << "one dialog for one failure";
+  if (choice == error_choice::next) {
+    EXPECT_GE(host->errors.dialogs(), outcome.failures);
+  } else {
+    EXPECT_EQ(host->errors.dialogs(), outcome.failures) << "one dialog for one failure";
+  }
   outcome.written = walk.written(*host);
   outcome.rowsAdded = host->notificationCount() - rowsBefore;
   return outcome;

@@ -17,6 +17,11 @@ class ScriptedErrorClass : public errorClass {
   void answer(std::initializer_list<int> choices) {
     script_.insert(script_.end(), choices.begin(), choices.end());
   }
+  /// What the person answers to the next `limit` questions beyond the script.
+  void answerRest(int choice, int limit) {
+    restChoice_ = choice;
+    restLeft_ = limit;
+  }
 
   void enterProcedure(std::string_view tag) override {
     stack_.emplace_back(tag);
@@ -33,6 +38,7 @@ class ScriptedErrorClass : public errorClass {
   void showErrorDialog() override { ++dialogs_; }
   int getErrorChoice() override {
     if (script_.empty()) {
+      if (restLeft_-- > 0) return restChoice_;
       ADD_FAILURE() << "nobody expected this error: "
                     << (recorded_.empty() ? "" : recorded_.back().description) << " in "
                     << (stack_.empty() ? "" : stack_.back());
@@ -59,6 +65,8 @@ class ScriptedErrorClass : public errorClass {
   std::vector<std::string> stack_;
   std::vector<Recorded> recorded_;
   std::deque<int> script_;
+  int restChoice_ = error_choice::leave;
+  int restLeft_ = 0;
   int dialogs_ = 0;
   int entered_ = 0;
   int left_ = 0;
