@@ -20,6 +20,10 @@ constexpr std::size_t indexOf(char byte) {
   return static_cast<unsigned char>(byte);
 }
 
+constexpr std::size_t pairOf(char first, char second) {
+  return indexOf(first) * 256 + indexOf(second);
+}
+
 /// Whether the small-letter text `sought` stands at `at`.
 bool standsAt(std::string_view text, std::size_t at, std::string_view sought) {
   if (text.size() - at < sought.size()) return false;
@@ -51,6 +55,8 @@ void RewriteList::addToFamily(std::size_t index) {
   }
   families_[family].prefix = commonPrefix(families_[family].prefix, sought);
   families_[family].members.push_back(index);
+  for (const char first : {sought[0], capital(sought[0])})
+    for (const char second : {sought[1], capital(sought[1])}) starts_.set(pairOf(first, second));
   sought_.push_back(std::move(sought));
 }
 
@@ -77,11 +83,12 @@ std::size_t RewriteList::firstOccurring(std::string_view text, std::size_t first
 }
 
 std::size_t RewriteList::nextStart(std::string_view text, std::size_t from) const {
-  // One family of one spelling, as of the tokens, is what the library's search is fastest at.
+  // One family of one spelling, such as the bare tokens, is what the library's search is best at.
   if (families_.size() == 1 && capital(families_[0].prefix[0]) == families_[0].prefix[0])
     return std::min(text.find(families_[0].prefix[0], from), text.size());
-  while (from < text.size() && familyOf_[indexOf(text[from])] == noFamily) ++from;
-  return from;
+  for (; from + 1 < text.size(); ++from)
+    if (starts_[pairOf(text[from], text[from + 1])]) return from;
+  return text.size();
 }
 
 }  // namespace autonotify

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -10,7 +11,7 @@
 namespace autonotify {
 
 struct Rewrite {
-  /// Not empty; letters outside ASCII stand for themselves in one case only.
+  /// At least two bytes; a letter outside ASCII is found in its own case only.
   std::string from;
   std::string to;
 };
@@ -44,6 +45,7 @@ class RewriteList {
   std::vector<std::string> sought_;  ///< `from` of each in small letters
   std::vector<Family> families_;
   std::array<std::uint8_t, 256> familyOf_;  ///< by the first byte in either case
+  std::bitset<256 * 256> starts_;           ///< the first two bytes of all rewrites in any case
 };
 
 }  // namespace autonotify
