@@ -22,7 +22,7 @@ std::vector<TableReference> keyedTables(const Translation& translation) {
 }  // namespace
 
 std::string placeholder(Engine engine, std::size_t number) {
-  return engine == Engine::sqlite ? "?" : "$" + std::to_string(number);
+  return engine == Engine::sqlite ? std::string(1, '?') : '$' + std::to_string(number);
 }
 
 Plan::Plan(Driver& driver, const Translation& translation) : driver_(driver) {

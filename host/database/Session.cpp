@@ -63,9 +63,9 @@ void Session::insertRow(const TableDef& table, const std::vector<const ColumnDef
   std::string sql = "INSERT INTO " + table.name + " (";
   std::string places;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (i > 0) sql += ',';
+    if (i > 0) sql += ',', places += ',';
     sql += columns[i]->name;
-    places += (i > 0 ? "," : "") + placeholder(driver_.engine(), i + 1);
+    places += placeholder(driver_.engine(), i + 1);
   }
   sql += ") VALUES (" + places + ")";
   const Statement statement = inserts_.get(sql, [&] { return Statement(driver_.prepare(sql)); });

@@ -79,12 +79,16 @@ class Translator {
 
   Translation translate() {
     Token token = next();
+    copied_ = token.begin;
     if (token.keyword != Keyword::select) refuse("only SELECT is allowed");
     while (token.kind != TokenKind::end && !token.is(';')) {
       take(token);
+      const bool isSign = token.is('-') && !isOperand(previous_);
+      sign_ = isSign ? token : Token();
       previous_ = token;
       token = next();
     }
+    copyTo(previous_.end);
     if (token.is(';')) token = next();
     if (token.kind != TokenKind::end) refuse("one statement at a time");
     if (depth_ != 0) refuse("a parenthesis is not closed");
@@ -125,12 +129,8 @@ class Translator {
   }
 
   void takeWord(const Token& token) {
-    if (token.keyword != Keyword::none) takeKeyword(token);
-    write(token);
-  }
-
-  void takeKeyword(const Token& token) {
     const Keyword keyword = token.keyword;
+    if (keyword == Keyword::none) return;
     if (keyword == Keyword::into || keyword == Keyword::for_)
       refuse("SELECT may not write or lock");
     if (const auto condition = beginsCondition(keyword)) inCondition_[depth_] = *condition;
@@ -147,9 +147,9 @@ class Translator {
 
   void markClause(const Token& token) {
     if (token.keyword == Keyword::from && result_.from == npos)
-      result_.from = result_.sql.size() + (token.spaced ? 1 : 0);
+      result_.from = copyTo(token.begin);
     else if (endsFromClause(token.keyword) && result_.fromEnd == npos)
-      result_.fromEnd = result_.sql.size();
+      result_.fromEnd = copyTo(previous_.end);
   }
 
   void mixed() { result_.rowsAreTableRows = false; }
@@ -158,32 +158,30 @@ class Translator {
     std::int32_t number = 0;
     const char* end = token.content.data() + token.content.size();
     const auto [stop, fault] = std::from_chars(token.content.data(), end, number);
-    if (!inCondition_[depth_] || stop != end || fault != std::errc()) return write(token);
-    if (signAt_ == npos) return parameter(token, number);
-    result_.sql.resize(signAt_);
-    parameter(token, -number);
+    if (!inCondition_[depth_] || stop != end || fault != std::errc()) return;
+    if (sign_.kind == TokenKind::end)
+      parameter(token.begin, token.end, number);
+    else
+      parameter(sign_.begin, token.end, -number);
   }
 
   void takeText(const Token& token) {
     if (token.content.find('\0') != npos || !isValidUtf8(token.content))
       throw DatabaseError(database_error::invalidText,
                           "Text in a statement holds a NUL byte or is no UTF-8");
-    parameter(token, replaceAll(token.content, "''", "'"));
+    parameter(token.begin, token.end, replaceAll(token.content, "''", "'"));
   }
 
   void takeDate(const Token& token) {
     const std::optional<DateTime> moment = parseDateTime(token.content);
     if (!moment) refuse("#" + std::string(token.content) + "# is no date");
-    parameter(token, *moment);
+    parameter(token.begin, token.end, *moment);
   }
 
   void takeSymbol(const Token& token) {
     if (token.is('(')) open();
     if (token.is(')')) close();
     if (token.is(',') && orderDepth_ == depth_) nextOrderTerm();
-    const std::size_t signAt = result_.sql.size();
-    write(token);
-    signAt_ = token.is('-') && !isOperand(previous_) ? signAt + (token.spaced ? 1 : 0) : npos;
   }
 
   void open() {
@@ -210,8 +208,10 @@ class Translator {
 
   // NULL comes first in ascending order; an engine that has it last is told so at each term.
   void nextOrderTerm() {
-    if (engine_ == Engine::postgres && !orderTold_)
+    if (engine_ == Engine::postgres && !orderTold_) {
+      copyTo(previous_.end);
       result_.sql += descending_ ? " NULLS LAST" : " NULLS FIRST";
+    }
     descending_ = orderTold_ = false;
   }
 
@@ -221,21 +221,23 @@ class Translator {
     orderDepth_ = npos;
   }
 
-  void write(const Token& token) {
-    if (token.spaced && !result_.sql.empty()) result_.sql += ' ';
-    result_.sql += token.content;
-    signAt_ = npos;
+  /// Copies the statement up to this place; gives the length of the result.
+  std::size_t copyTo(std::size_t place) {
+    if (place > copied_) result_.sql.append(sql_, copied_, place - copied_);
+    copied_ = std::max(copied_, place);
+    return result_.sql.size();
   }
 
-  void parameter(const Token& token, Value value) {
+  /// Puts a placeholder for what stands from `begin` to `end`.
+  void parameter(std::size_t begin, std::size_t end, Value value) {
     if (result_.fromEnd == npos) mixed();
-    if (token.spaced && signAt_ == npos) result_.sql += ' ';
+    copyTo(begin);
+    copied_ = end;
     result_.parameters.push_back(std::move(value));
     if (engine_ == Engine::sqlite)
       result_.sql += '?';
     else
       result_.sql += '$' + std::to_string(result_.parameters.size());
-    signAt_ = npos;
   }
 
   std::string_view sql_;
@@ -248,8 +250,10 @@ class Translator {
   std::size_t orderDepth_ = npos;
   bool descending_ = false;
   bool orderTold_ = false;
-  /// Where in the result a minus sign stands that belongs to the number to come.
-  std::size_t signAt_ = npos;
+  /// The token before, when it is a minus sign that belongs to the number to come.
+  Token sign_;
+  /// How much of the statement has gone into the result or was replaced.
+  std::size_t copied_ = 0;
 };
 
 }  // namespace

@@ -137,9 +137,9 @@ void Tokenizer::refuse(std::string_view why) const {
 }
 
 Token Tokenizer::taken(TokenKind kind, std::size_t length) {
-  Token token{kind, Keyword::none, sql_.substr(at_, length), spaced_};
+  const std::size_t begin = at_;
   at_ += length;
-  return token;
+  return {kind, Keyword::none, sql_.substr(begin, length), begin, at_};
 }
 
 Token Tokenizer::quoted(TokenKind kind, char mark) {
@@ -152,9 +152,9 @@ Token Tokenizer::quoted(TokenKind kind, char mark) {
     if (mark != '\'' || close + 1 >= sql_.size() || sql_[close + 1] != mark) break;
     ++close;
   } while (true);
-  Token token{kind, Keyword::none, sql_.substr(at_ + 1, close - at_ - 1), spaced_};
+  const std::size_t begin = at_;
   at_ = close + 1;
-  return token;
+  return {kind, Keyword::none, sql_.substr(begin + 1, close - begin - 1), begin, at_};
 }
 
 Token Tokenizer::symbol() {
@@ -165,8 +165,7 @@ Token Tokenizer::symbol() {
 }
 
 Token Tokenizer::next() {
-  spaced_ = false;
-  for (; at_ < sql_.size() && classOf(sql_[at_]) == blank; ++at_) spaced_ = true;
+  while (at_ < sql_.size() && classOf(sql_[at_]) == blank) ++at_;
   if (at_ == sql_.size()) return taken(TokenKind::end, 0);
   switch (classOf(sql_[at_])) {
     case letter: {

@@ -70,8 +70,9 @@ struct Token {
   TokenKind kind = TokenKind::end;
   Keyword keyword = Keyword::none;
   std::string_view content;
-  /// Whether white space stands before it.
-  bool spaced = false;
+  /// Where it stands in the statement, with its marks.
+  std::size_t begin = 0;
+  std::size_t end = 0;
 
   bool is(char symbol) const {
     return kind == TokenKind::symbol && content.size() == 1 && content[0] == symbol;
@@ -97,7 +98,6 @@ class Tokenizer {
 
   std::string_view sql_;
   std::size_t at_ = 0;
-  bool spaced_ = false;
 };
 
 }  // namespace autonotify::host

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "control/contract/DatabaseReference.h"
+#include "platform/PlatformError.h"
+
+namespace autonotify::host::conformance {
+
+/// What an engine gives to the suite: a type with a default constructor, a name, and
+///   std::unique_ptr<DatabaseReference> connect();
+/// Each object stands for one new database with the schema's tables and no rows; each call is one
+/// more connection to it, which goes before the object does.
+///
+/// The suite seeds through the contract alone. An engine runs all of it with
+///   INSTANTIATE_TYPED_TEST_SUITE_P(Name, Conformance, Factory);
+template <class Factory>
+class Conformance : public testing::Test {
+ protected:
+  Factory factory;
+  std::unique_ptr<DatabaseReference> first = factory.connect();
+};
+TYPED_TEST_SUITE_P(Conformance);
+
+using Fields = std::vector<std::pair<std::string, std::string>>;
+
+inline RecordsetHandle open(DatabaseReference& database, const std::string& sql,
+                            LockMode lock = LockMode::updatable,
+                            CursorMode cursor = CursorMode::keyset) {
+  return database.openRecordset(sql, cursor, lock, -1, "", -1, false);
+}
+
+inline bool find(DatabaseReference& database, RecordsetHandle rows, const std::string& column,
+                 const std::string& value) {
+  return database.findRecord(rows, column, value, "", "", "", "");
+}
+
+inline void update(DatabaseReference& database, RecordsetHandle rows, const std::string& column,
+                   const std::string& value) {
+  database.updateFieldValue(rows, column, value, false, false);
+}
+
+/// Adds a row as all logic does; gives its key, read while the row is being added.
+inline Id add(DatabaseReference& database, const std::string& table, const std::string& key,
+              const Fields& fields) {
+  const RecordsetHandle rows = open(database, "SELECT " + table + ".* FROM " + table + ";");
+  database.addNewRecord(rows);
+  for (const auto& [column, value] : fields) database.setFieldValue(rows, column, value);
+  const Id result = toInteger(database.getFieldValue(rows, key));
+  database.saveNewRecord(rows);
+  database.closeRecordset(rows);
+  return result;
+}
+
+inline Id addNotification(DatabaseReference& database, const Fields& fields) {
+  return add(database, "ClientNotification", "ClientNotificationID", fields);
+}
+
+inline std::string notification(Id id) {
+  return "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=" +
+         std::to_string(id) + ";";
+}
+
+/// The column of all rows of the statement.
+inline std::vector<Value> column(DatabaseReference& database, const std::string& sql,
+                                 const std::string& name) {
+  const RecordsetHandle rows = open(database, sql, LockMode::readOnly, CursorMode::forwardOnly);
+  std::vector<Value> values;
+  for (; !database.isEndOfRecordset(rows); database.moveNext(rows))
+    values.push_back(database.getFieldValue(rows, name));
+  database.closeRecordset(rows);
+  return values;
+}
+
+inline Value field(DatabaseReference& database, Id id, const std::string& name) {
+  return column(database, notification(id), name).at(0);
+}
+
+/// The number of the PlatformError that the call throws, 0 when it throws none.
+template <class Call>
+int errorOf(Call&& call) {
+  try {
+    call();
+    return 0;
+  } catch (const PlatformError& error) {
+    return error.number();
+  }
+}
+
+inline std::vector<Value> values(std::initializer_list<Value> list) {
+  return list;
+}
+
+}  // namespace autonotify::host::conformance

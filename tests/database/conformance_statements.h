@@ -1,0 +1,164 @@
+#pragma once
+
+#include "host/database/dialect/DatabaseError.h"
+#include "tests/database/conformance.h"
+
+// The statements that the dialect takes, and those that it does not.
+namespace autonotify::host::conformance {
+
+inline const std::vector<std::string>& dialectStatements() {
+  static const std::string clients =
+      "FROM ((((((Companies INNER JOIN ((ClientData INNER JOIN AccountingServices ON "
+      "ClientData.ClientDataID = AccountingServices.AccountingServiceID) INNER JOIN ClientOptions "
+      "ON ClientData.ClientDataID = ClientOptions.ClientOptionID) ON Companies.CompanyID = "
+      "ClientData.CompanyIDNum) INNER JOIN CorpTaxInfo ON ClientData.ClientDataID = "
+      "CorpTaxInfo.CorpTaxInfoID) INNER JOIN LawInfo ON ClientData.ClientDataID = "
+      "LawInfo.LawInfoID) INNER JOIN OtherInfo ON ClientData.ClientDataID = "
+      "OtherInfo.OtherInfoID) INNER JOIN WSIB_EHTInfo ON ClientData.ClientDataID = "
+      "WSIB_EHTInfo.WSIB_EHTInfoID) INNER JOIN CompaniesNotes ON Companies.CompanyID = "
+      "CompaniesNotes.CompanyNum) INNER JOIN Clients ON Companies.CompanyID = "
+      "Clients.CompanyIDNum ";
+  static const std::string clientColumns =
+      "SELECT Clients.ClientID, AccountingServices.*, ClientData.*, ClientOptions.*, Companies.*, "
+      "CorpTaxInfo.*, LawInfo.*, OtherInfo.*, WSIB_EHTInfo.*, CompaniesNotes.BusinessNotes, "
+      "CompaniesNotes.ContactNotes ";
+  static const std::vector<std::string> statements = {
+      clientColumns + clients + ";",
+      clientColumns + clients +
+          "WHERE ClientData.ShowThisClient = True AND NOT ClientData.ActiveStatus=1 AND "
+          "ClientData.ClientDataID=7 ORDER BY Companies.ClientIDStr, Companies.CompanyName;",
+      "SELECT Clients.ClientID, AccountingServices.*, ClientUSInfo.* FROM ((ClientUSInfo INNER "
+      "JOIN (Companies INNER JOIN ((ClientData INNER JOIN AccountingServices ON "
+      "ClientData.ClientDataID = AccountingServices.AccountingServiceID) INNER JOIN ClientOptions "
+      "ON ClientData.ClientDataID = ClientOptions.ClientOptionID) ON Companies.CompanyID = "
+      "ClientData.CompanyIDNum) ON ClientUSInfo.ClientUSInfoID = ClientData.ClientDataID) INNER "
+      "JOIN CompaniesNotes ON Companies.CompanyID = CompaniesNotes.CompanyNum) INNER JOIN Clients "
+      "ON Companies.CompanyID = Clients.CompanyIDNum WHERE NOT ClientData.ActiveStatus=1 ;",
+      "SELECT Companies.*, Companies.Custom1 AS CompanyCustom1, Companies.Custom5 From Companies "
+      "WHERE Companies.CompanyID=-1;",
+      "SELECT SoftwareInfo.* From SoftwareInfo WHERE SoftwareInfo.DefaultSoftware=True AND "
+      "SoftwareInfo.CompanyIDNum=3;",
+      "SELECT Contacts.BusinessEmail, ContactLinks.CompanyNum, ContactLinks.DefaultContact FROM "
+      "Contacts INNER JOIN ContactLinks ON Contacts.ContactID = ContactLinks.ContactIDNum WHERE "
+      "ContactLinks.CompanyNum = 3 AND ContactLinks.DefaultContact=TRUE;",
+      "SELECT Companies.CompanyID FROM ContactLinks INNER JOIN Companies ON "
+      "ContactLinks.CompanyNum = Companies.CompanyID WHERE ContactLinks.ContactIDNum=1 AND Not "
+      "ContactLinks.CompanyNum Is Null;",
+      "SELECT Holidays.HolidayDate, Holidays.HolidayType FROM Holidays WHERE "
+      "Holidays.HolidayDate = #2026-07-01# ;",
+      "select ScheduleTypes.* from ScheduleTypes where TotalNum=101 order by scheduleNum",
+      "SELECT Schedule.* FROM Schedule WHERE Schedule.ClientNum = 4 AND Schedule.Year = 2026 AND "
+      "totalNum = 101 AND Closed=False;",
+      "SELECT ClientNotification.* FROM ClientNotification WHERE CompanyIDNum = 3 AND "
+      "NotificationDate>= #2026-01-01# AND NotificationDate<= #2026-12-31# AND "
+      "(NotificationSentStatus = 1 OR NotificationSentStatus = 2) AND NotificationSent = False "
+      "AND SentByUserIDNum = '7';",
+      "SELECT NotificationType, COUNT(ClientNotificationID) AS Total FROM ClientNotification "
+      "GROUP BY NotificationType HAVING COUNT(ClientNotificationID) > 1 ORDER BY 1;",
+  };
+  return statements;
+}
+
+TYPED_TEST_P(Conformance, StatementsOfTheDialectRunInEveryMode) {
+  for (const std::string& sql : dialectStatements())
+    for (const CursorMode cursor : {CursorMode::keyset, CursorMode::forwardOnly})
+      for (const LockMode lock : {LockMode::readOnly, LockMode::updatable}) {
+        const RecordsetHandle rows = open(*this->first, sql, lock, cursor);
+        EXPECT_FALSE(this->first->hasRecords(rows)) << sql;
+        EXPECT_TRUE(this->first->isRecordsetEmpty(rows)) << sql;
+        EXPECT_TRUE(this->first->isEndOfRecordset(rows)) << sql;
+        EXPECT_EQ(this->first->getRecordCount(rows), 0) << sql;
+        this->first->closeRecordset(rows);
+      }
+}
+
+TYPED_TEST_P(Conformance, OtherStatementsAreRefusedAndHarmNothing) {
+  const Id id = addNotification(*this->first, {{"Field1", "kept"}});
+  const int refused = database_error::statementRefused;
+  const int failed = database_error::statementFailed;
+  const std::vector<std::pair<std::string, int>> statements = {
+      {"", refused},
+      {";", refused},
+      {"DELETE FROM ClientNotification;", refused},
+      {"UPDATE ClientNotification SET Field1='x';", refused},
+      {"DROP TABLE ClientNotification;", refused},
+      {"PRAGMA user_version;", refused},
+      {"WITH x AS (SELECT 1) SELECT * FROM x;", refused},
+      {"SELECT * FROM Holidays; DELETE FROM ClientNotification;", refused},
+      {"SELECT * FROM Holidays;;", refused},
+      {"SELECT * INTO Copies FROM Holidays;", refused},
+      {"SELECT * FROM Holidays FOR UPDATE;", refused},
+      {"SELECT * FROM Holidays -- all", refused},
+      {"SELECT * FROM Holidays /* all */;", refused},
+      {"SELECT * FROM Holidays WHERE HolidayDate=#2026-02-30#;", refused},
+      {"SELECT * FROM Holidays WHERE HolidayDate=#2026-02-28;", refused},
+      {"SELECT * FROM Contacts WHERE DisplayName='O'Brien';", refused},
+      {"SELECT * FROM Contacts WHERE (ContactID=1;", refused},
+      {"SELECT * FROM Contacts WHERE ContactID=1);", refused},
+      {"SELECT * FROM Contacts WHERE ContactID=?;", refused},
+      {"SELECT set_config('a', 'b', False);", refused},
+      {"SELECT ClientNotification.* FROM ClientNotification ClientNotificationID=5;", failed},
+      {"SELECT Nothing.* FROM Nothing;", failed},
+      {"SELECT Contacts.Nothing FROM Contacts;", failed},
+      {"SELECT FROM WHERE;", failed},
+  };
+  for (const auto& [sql, error] : statements)
+    EXPECT_EQ(errorOf([&] { open(*this->first, sql); }), error) << sql;
+  EXPECT_EQ(field(*this->first, id, "Field1"), Value("kept"));
+}
+
+TYPED_TEST_P(Conformance, ConditionsSelectWhatTheySay) {
+  DatabaseReference& desk = *this->first;
+  const auto add = [&](const char* date, const char* sent, const char* user, const char* name) {
+    addNotification(desk, {{"NotificationDate", date},
+                           {"NotificationSent", sent},
+                           {"SentByUserIDNum", user},
+                           {"Field1", name}});
+  };
+  add("2026-04-29 23:59:59", "False", "", "a");
+  add("2026-04-30", "False", "7", "it's");
+  add("2026-04-30 09:00", "True", "8", "c");
+  add("2026-05-01", "True", "-1", "d");
+  const std::string today = desk.formatDateForSQL(DateTime::of(2026, 4, 30));
+  const std::vector<std::pair<std::string, std::vector<Value>>> conditions = {
+      {"NotificationDate <= #" + today + "#", values({"a", "it's"})},
+      {"NotificationDate=#" + today + "#", values({"it's"})},
+      {"NotificationDate>= #4/30/2026 09:00# ", values({"c", "d"})},
+      {"NotificationSent=TRUE", values({"c", "d"})},
+      {"NOT NotificationSent = true", values({"a", "it's"})},
+      {"SentByUserIDNum = '8'", values({"c"})},
+      {"SentByUserIDNum=-1", values({"d"})},
+      {"SentByUserIDNum > - 2 AND Not SentByUserIDNum Is Null", values({"it's", "c", "d"})},
+      {"NOT SentByUserIDNum=7", values({"c", "d"})},
+      {"Field1='" + desk.formatTextForSQL("it's") + "'", values({"it's"})},
+      {"SentByUserIDNum IN (7, 8) AND (Field1='c' OR Field1='d')", values({"c"})},
+      {"SentByUserIDNum Is Null", values({"a"})},
+  };
+  for (const auto& [condition, names] : conditions)
+    EXPECT_EQ(column(desk,
+                     "SELECT Field1 FROM ClientNotification WHERE " + condition +
+                         " ORDER BY ClientNotificationID;",
+                     "Field1"),
+              names)
+        << condition;
+}
+
+TYPED_TEST_P(Conformance, OrderPutsNullFirstAndCountsAreNumbers) {
+  DatabaseReference& desk = *this->first;
+  for (const char* user : {"5", "", "-3", "5"}) addNotification(desk, {{"SentByUserIDNum", user}});
+  const std::string sql = "SELECT SentByUserIDNum FROM ClientNotification ORDER BY SentByUserIDNum";
+  EXPECT_EQ(column(desk, sql + ";", "SentByUserIDNum"), values({Null{}, -3, 5, 5}));
+  EXPECT_EQ(column(desk, sql + " DESC;", "SentByUserIDNum"), values({5, 5, -3, Null{}}));
+  EXPECT_EQ(column(desk,
+                   "SELECT COUNT(ClientNotification.ClientNotificationID) AS Total FROM "
+                   "ClientNotification WHERE SentByUserIDNum=5;",
+                   "total"),
+            values({2}));
+  EXPECT_EQ(column(desk,
+                   "SELECT SentByUserIDNum, COUNT(ClientNotificationID) AS Total FROM "
+                   "ClientNotification GROUP BY SentByUserIDNum ORDER BY SentByUserIDNum;",
+                   "Total"),
+            values({1, 1, 2}));
+}
+
+}  // namespace autonotify::host::conformance

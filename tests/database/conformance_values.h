@@ -1,0 +1,146 @@
+#pragma once
+
+#include "host/database/dialect/DatabaseError.h"
+#include "tests/database/conformance.h"
+
+// What columns take and give, by their kind.
+namespace autonotify::host::conformance {
+
+struct Written {
+  const char* column;
+  std::string text;
+  Value read;
+};
+
+inline const std::vector<Written>& writtenValues() {
+  static const std::vector<Written> rows = {
+      {"ScheduleIDNum", "-1", -1},
+      {"ScheduleIDNum", " 2147483647 ", 2147483647},
+      {"SentByUserIDNum", "", Null{}},
+      {"NotificationType", "8", 8},
+      {"NotificationType", "-32768", -32768},
+      {"NotificationSent", "True", true},
+      {"NotificationSent", "FALSE", false},
+      {"NotificationSent", "1", true},
+      {"NotificationSent", "-1", true},
+      {"NotificationSent", "0", false},
+      {"NotificationDate", "2026-04-30", DateTime::of(2026, 4, 30)},
+      {"NotificationDate", "April 30, 2026", DateTime::of(2026, 4, 30)},
+      {"NotificationDate", "2026-04-30 14:05:09", DateTime::of(2026, 4, 30, 14, 5, 9)},
+      {"NotificationDate", "14:05", DateTime::fromSerial(0, 14 * 3600 + 5 * 60)},
+      {"SentTime", "", Null{}},
+      {"Field1", "", ""},
+      {"Field1", "it's \"quoted\"; -- # ? $1 %", "it's \"quoted\"; -- # ? $1 %"},
+      {"Field1", "True", "True"},
+      {"Field1", "2026-04-30", "2026-04-30"},
+      {"Field2", "Zo\xC3\xAB \xE2\x82\xAC \xF0\x9F\x98\x80",
+       "Zo\xC3\xAB \xE2\x82\xAC \xF0\x9F\x98\x80"},
+      {"Memo", std::string(200000, 'm') + "\r\nend\t", std::string(200000, 'm') + "\r\nend\t"},
+  };
+  return rows;
+}
+
+TYPED_TEST_P(Conformance, ValuesComeBackByTheKindOfTheirColumn) {
+  const Id id = addNotification(*this->first, {{"SentTime", "2026-01-01"}});
+  for (const Written& row : writtenValues()) {
+    SCOPED_TRACE(std::string(row.column) + " = " + row.text.substr(0, 40));
+    const RecordsetHandle rows = open(*this->first, notification(id));
+    update(*this->first, rows, row.column, row.text);
+    EXPECT_EQ(this->first->getFieldValue(rows, row.column), row.read);
+    this->first->closeRecordset(rows);
+    EXPECT_EQ(field(*this->first, id, row.column), row.read);
+    const Id added = addNotification(*this->first, {{row.column, row.text}});
+    EXPECT_EQ(field(*this->first, added, row.column), row.read);
+  }
+}
+
+TYPED_TEST_P(Conformance, DoublesAndMoneyComeBackAsDoubles) {
+  add(*this->first, "Dockets", "DocketID", {{"TotalTimeReal", "1.75"}, {"BillingJobRate", "120"}});
+  const std::string sql = "SELECT Dockets.* FROM Dockets;";
+  EXPECT_EQ(column(*this->first, sql, "TotalTimeReal"), values({1.75}));
+  EXPECT_EQ(column(*this->first, sql, "BillingJobRate"), values({120.0}));
+}
+
+struct Refused {
+  const char* column;
+  std::string text;
+  int error;
+};
+
+inline const std::vector<Refused>& refusedValues() {
+  static const std::vector<Refused> rows = {
+      {"ScheduleIDNum", "many", error_number::typeMismatch},
+      {"ScheduleIDNum", "2147483648", error_number::overflow},
+      {"NotificationType", "32768", error_number::overflow},
+      {"NotificationSent", "perhaps", error_number::typeMismatch},
+      {"NotificationSent", "", error_number::typeMismatch},
+      {"NotificationDate", "31 February 2026", error_number::typeMismatch},
+      {"Field1", std::string("a\0b", 3), database_error::invalidText},
+      {"Memo", "broken \xC3", database_error::invalidText},
+      {"Field7", "x", database_error::unknownColumn},
+      {"ClientNotificationID", "7", database_error::notUpdatable},
+  };
+  return rows;
+}
+
+TYPED_TEST_P(Conformance, ARefusedValueChangesNothing) {
+  const Id id = addNotification(*this->first, {{"ScheduleIDNum", "5"},
+                                               {"NotificationType", "2"},
+                                               {"NotificationDate", "2026-04-30"},
+                                               {"Field1", "old"},
+                                               {"Memo", "old"}});
+  const RecordsetHandle rows = open(*this->first, notification(id));
+  for (const Refused& row : refusedValues()) {
+    SCOPED_TRACE(row.column);
+    EXPECT_EQ(errorOf([&] { update(*this->first, rows, row.column, row.text); }), row.error);
+  }
+  EXPECT_EQ(field(*this->first, id, "ScheduleIDNum"), Value(5));
+  EXPECT_EQ(field(*this->first, id, "NotificationDate"), Value(DateTime::of(2026, 4, 30)));
+  EXPECT_EQ(field(*this->first, id, "Memo"), Value("old"));
+  update(*this->first, rows, "Field1", "new");
+  EXPECT_EQ(field(*this->first, id, "Field1"), Value("new"));
+}
+
+TYPED_TEST_P(Conformance, ColumnNamesMatchInAnyCaseAndByTheirTable) {
+  const Id schedule = add(*this->first, "Schedule", "ScheduleID",
+                          {{"NOTIFYTYPE", "5"}, {"Custom1", "of the schedule"}});
+  add(*this->first, "Tasks", "taskid",
+      {{"ScheduleIDNum", std::to_string(schedule)}, {"Custom1", "of the task"}});
+  const RecordsetHandle rows =
+      open(*this->first,
+           "SELECT Schedule.*, Tasks.*, Tasks.Custom1 AS TaskCustom1, Schedule.notifyType AS Bits "
+           "FROM Schedule INNER JOIN Tasks ON Schedule.ScheduleID = Tasks.ScheduleIDNum;");
+  const std::vector<std::pair<std::string, Value>> expected = {
+      {"notifytype", 5},
+      {"NotifyType", 5},
+      {"bits", 5},
+      {"Custom1", "of the schedule"},
+      {"Tasks.Custom1", "of the task"},
+      {"schedule.CUSTOM1", "of the schedule"},
+      {"TaskCustom1", "of the task"},
+  };
+  for (const auto& [name, value] : expected)
+    EXPECT_EQ(this->first->getFieldValue(rows, name), value) << name;
+  EXPECT_EQ(errorOf([&] { this->first->getFieldValue(rows, "Custom6"); }),
+            database_error::unknownColumn);
+}
+
+TYPED_TEST_P(Conformance, ANewRowShowsItsDefaultsBeforeAndAfterItIsSaved) {
+  const RecordsetHandle rows =
+      open(*this->first, "SELECT ClientNotification.* FROM ClientNotification;");
+  this->first->addNewRecord(rows);
+  this->first->setFieldValue(rows, "notificationtype", "4");
+  for (const bool saved : {false, true}) {
+    SCOPED_TRACE(saved);
+    if (saved) this->first->saveNewRecord(rows);
+    EXPECT_EQ(this->first->getFieldValue(rows, "NotificationType"), Value(4));
+    EXPECT_EQ(this->first->getFieldValue(rows, "NotificationSent"), Value(false));
+    EXPECT_EQ(this->first->getFieldValue(rows, "NotificationSentStatus"), Value(1));
+    EXPECT_EQ(this->first->getFieldValue(rows, "ApptIDNum"), Value(-1));
+    EXPECT_TRUE(this->first->getFieldValue(rows, "SentTime").isNull());
+    EXPECT_GT(toInteger(this->first->getFieldValue(rows, "ClientNotificationID")), 0);
+    EXPECT_EQ(this->first->isEndOfRecordset(rows), false);
+  }
+}
+
+}  // namespace autonotify::host::conformance
