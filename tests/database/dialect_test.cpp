@@ -1,0 +1,162 @@
+#include "host/database/dialect/Dialect.h"
+
+#include <gtest/gtest.h>
+
+#include "host/database/dialect/DatabaseError.h"
+
+namespace autonotify::host {
+namespace {
+
+struct Case {
+  std::string sql;
+  std::string sqlite;
+  std::vector<Value> parameters;
+};
+
+class DialectTranslation : public testing::TestWithParam<Case> {};
+
+TEST_P(DialectTranslation, PutsLiteralsIntoParameters) {
+  const Translation result = translate(GetParam().sql, Engine::sqlite);
+  EXPECT_EQ(result.sql, GetParam().sqlite);
+  EXPECT_EQ(result.parameters, GetParam().parameters);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Literals, DialectTranslation,
+    testing::Values(
+        Case{"SELECT A.* FROM A;", "SELECT A.* FROM A", {}},
+        Case{"  select *\r\n\tFrom A ; ", "select *\r\n\tFrom A", {}},
+        Case{"SELECT * FROM A WHERE K=12", "SELECT * FROM A WHERE K=?", {12}},
+        Case{"SELECT * FROM A WHERE K=-1;", "SELECT * FROM A WHERE K=?", {-1}},
+        Case{"SELECT * FROM A WHERE K = - 1;", "SELECT * FROM A WHERE K = ?", {-1}},
+        Case{"SELECT * FROM A WHERE K-1=L-2;", "SELECT * FROM A WHERE K-?=L-?", {1, 2}},
+        Case{"SELECT * FROM A WHERE (K)-1=0;", "SELECT * FROM A WHERE (K)-?=?", {1, 0}},
+        Case{"SELECT * FROM A WHERE K IN (-1,-2)", "SELECT * FROM A WHERE K IN (?,?)", {-1, -2}},
+        Case{"SELECT * FROM A WHERE K BETWEEN 1 AND -5",
+             "SELECT * FROM A WHERE K BETWEEN ? AND ?",
+             {1, -5}},
+        Case{"SELECT * FROM A WHERE K>2147483648", "SELECT * FROM A WHERE K>2147483648", {}},
+        Case{"SELECT * FROM A WHERE K>1.50", "SELECT * FROM A WHERE K>1.50", {}},
+        Case{"SELECT 1 AS One FROM A WHERE K=1 ORDER BY 1 LIMIT 5;",
+             "SELECT 1 AS One FROM A WHERE K=? ORDER BY 1 LIMIT 5",
+             {1}},
+        Case{"SELECT K, COUNT(K) FROM A GROUP BY 1 HAVING COUNT(K)>2",
+             "SELECT K, COUNT(K) FROM A GROUP BY 1 HAVING COUNT(K)>?",
+             {2}},
+        Case{"SELECT * FROM A INNER JOIN B ON A.K=B.K AND B.T=3 INNER JOIN C ON C.K=A.K",
+             "SELECT * FROM A INNER JOIN B ON A.K=B.K AND B.T=? INNER JOIN C ON C.K=A.K",
+             {3}},
+        Case{"SELECT * FROM A WHERE D<=#2026-04-30# AND D>= #4/30/2026 9:05#;",
+             "SELECT * FROM A WHERE D<=? AND D>= ?",
+             {DateTime::of(2026, 4, 30), DateTime::of(2026, 4, 30, 9, 5)}},
+        Case{"SELECT * FROM A WHERE T='' AND U='it''s' AND V=''''",
+             "SELECT * FROM A WHERE T=? AND U=? AND V=?",
+             {"", "it's", "'"}},
+        Case{"SELECT * FROM A WHERE T='; -- #1# /* \"?$1'",
+             "SELECT * FROM A WHERE T=?",
+             {"; -- #1# /* \"?$1"}},
+        Case{"SELECT * FROM A WHERE F=TRUE OR F = false",
+             "SELECT * FROM A WHERE F=TRUE OR F = false",
+             {}},
+        Case{"SELECT A.Order, A.Into FROM A", "SELECT A.Order, A.Into FROM A", {}}));
+
+TEST(Dialect, PostgresNumbersItsParametersAndPutsNullFirst) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"SELECT * FROM A WHERE K=-1 AND T='x';", "SELECT * FROM A WHERE K=$1 AND T=$2"},
+      {"SELECT * FROM A ORDER BY K, L DESC, M ASC;",
+       "SELECT * FROM A ORDER BY K NULLS FIRST, L DESC NULLS LAST, M ASC NULLS FIRST"},
+      {"SELECT * FROM A ORDER BY COALESCE(K, L) NULLS LAST LIMIT 3",
+       "SELECT * FROM A ORDER BY COALESCE(K, L) NULLS LAST LIMIT 3"},
+      {"SELECT * FROM A WHERE K IN (SELECT K FROM B ORDER BY L) ORDER BY K",
+       "SELECT * FROM A WHERE K IN (SELECT K FROM B ORDER BY L NULLS FIRST) ORDER BY K NULLS "
+       "FIRST"},
+      {"SELECT * FROM A ORDER BY K LIMIT 1", "SELECT * FROM A ORDER BY K NULLS FIRST LIMIT 1"},
+  };
+  for (const auto& [sql, expected] : cases)
+    EXPECT_EQ(translate(sql, Engine::postgres).sql, expected);
+}
+
+TEST(Dialect, TellsTheFromClauseAndItsTables) {
+  struct From {
+    std::string sql;
+    std::string clause;
+    std::string tables;
+    bool rowsAreTableRows;
+  };
+  const std::vector<From> cases = {
+      {"SELECT * FROM A", "FROM A", "A", true},
+      {"SELECT * From A a WHERE K=1", "From A a", "A:a", true},
+      {"SELECT * FROM A AS x, B ORDER BY K", "FROM A AS x, B", "A:x B", true},
+      {"SELECT A.* FROM (A INNER JOIN (B b INNER JOIN C ON b.K = C.K) ON A.K = b.K) WHERE K=1",
+       "FROM (A INNER JOIN (B b INNER JOIN C ON b.K = C.K) ON A.K = b.K)", "A B:b C", true},
+      {"SELECT * FROM A LEFT JOIN B ON A.K=B.K", "FROM A LEFT JOIN B ON A.K=B.K", "A B", false},
+      {"SELECT * FROM A WHERE K IN (SELECT K FROM B)", "FROM A", "A", true},
+      {"SELECT DISTINCT T FROM A", "FROM A", "A", false},
+      {"SELECT T FROM A GROUP BY T", "FROM A", "A", false},
+      {"SELECT max(T) FROM A", "FROM A", "A", false},
+      {"SELECT upper(T) FROM A", "FROM A", "A", true},
+      {"SELECT 'x' AS T FROM A", "FROM A", "A", false},
+      {"SELECT * FROM A INNER JOIN B ON B.T='x'", "FROM A INNER JOIN B ON B.T=?", "", false},
+      {"SELECT T FROM A UNION SELECT T FROM B", "FROM A", "A", false},
+  };
+  for (const From& each : cases) {
+    SCOPED_TRACE(each.sql);
+    const Translation result = translate(each.sql, Engine::sqlite);
+    const std::string clause = result.sql.substr(result.from, result.fromEnd - result.from);
+    EXPECT_EQ(clause, each.clause);
+    EXPECT_EQ(result.rowsAreTableRows, each.rowsAreTableRows);
+    if (each.tables.empty()) continue;
+    std::string tables;
+    for (const TableReference& table : tablesOf(clause)) {
+      if (!tables.empty()) tables += ' ';
+      tables += table.table;
+      if (table.alias != table.table) tables += ':' + table.alias;
+    }
+    EXPECT_EQ(tables, each.tables);
+  }
+}
+
+TEST(Dialect, RefusalsNameTheFault) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"", "only SELECT"},
+      {"INSERT INTO A VALUES (1)", "only SELECT"},
+      {"SELECT * FROM A; SELECT * FROM B", "one statement"},
+      {"SELECT * FROM A WHERE T='x", "a quote is not closed at character 25"},
+      {"SELECT * FROM A WHERE T='x''", "a quote is not closed"},
+      {"SELECT * FROM A WHERE D=#2026-01-01", "a # mark is not closed"},
+      {"SELECT * FROM A WHERE D=##", "## is no date"},
+      {"SELECT * FROM A WHERE (K=1", "a parenthesis is not closed"},
+      {"SELECT * FROM A WHERE K=1)", "closed that was not opened"},
+      {"SELECT * FROM A WHERE K=1x", "a letter within a number"},
+      {"SELECT * FROM \"A\"", "a character without a meaning at character 15"},
+      {"SELECT * FROM A WHERE T=`x`", "a character without a meaning"},
+      {"SELECT * FROM A WHERE T LIKE \xC3\xA9", "a character without a meaning"},
+      {"SELECT pg_sleep(5)", "the function pg_sleep is unknown"},
+      {"SELECT " + std::string(200, '(') + "1" + std::string(200, ')'), "nested too deep"},
+  };
+  for (const auto& [sql, fault] : cases) {
+    try {
+      translate(sql, Engine::sqlite);
+      ADD_FAILURE() << "not refused: " << sql;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.number(), database_error::statementRefused);
+      EXPECT_NE(error.description().find(fault), std::string::npos) << error.description();
+      EXPECT_EQ(error.sql(), sql);
+      EXPECT_FALSE(error.mayRetry());
+    }
+  }
+}
+
+TEST(Dialect, TextsThatNoEngineStoresAreRefused) {
+  for (const std::string& text : {std::string("a\0b", 3), std::string("\xFF")}) {
+    try {
+      translate("SELECT * FROM A WHERE T='" + text + "'", Engine::sqlite);
+      ADD_FAILURE();
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.number(), database_error::invalidText);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::host
