@@ -6,16 +6,17 @@
 #include "control/contract/enumerations.h"
 #include "control/contract/recordsets.h"
 #include "control/contract/references.h"
+#include "merge/field_list_columns.h"
 #include "merge/province_terms.h"
 
 namespace autonotify {
 namespace {
 
-constexpr std::size_t columnCount = 6;
+constexpr std::size_t columnCount = field_column::length;
 using FieldItems = std::array<Value, columnCount>;
 
-constexpr std::size_t displayNameItem = 1;
-constexpr std::size_t sampleItem = 4;
+constexpr std::size_t displayNameItem = field_column::displayName - 1;
+constexpr std::size_t sampleItem = field_column::sample - 1;
 
 FieldItems itemsOf(const std::string& displayName, const std::string& column,
                    std::string_view group, FieldType type, std::string_view sample,
