@@ -26,7 +26,7 @@ struct CountCase {
   std::array<std::size_t, 3> rows;
 };
 
-// Counted by hand from the printed list of fields.
+// Counted apart from the tables that the code is made of.
 constexpr CountCase countCases[] = {
     {0, canada, ontario, {18, 18, 18}},          {1, canada, ontario, {169, 174, 167}},
     {1, unitedStates, alberta, {149, 160, 147}}, {2, canada, quebec, {168, 173, 166}},

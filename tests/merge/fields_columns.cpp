@@ -27,7 +27,7 @@ void insertOneOfEach(DatabaseReference& database) {
       {"OtherInfo", {}},
       {"WSIB_EHTInfo", {}},
       {"ClientUSInfo", {}},
-      {"SoftwareInfo", {{"CompanyIDNum", "1"}, {"DefaultSoftware", "True"}}},
+      {"SoftwareInfo", {{"CompanyIDNum", "1"}, {"CompanyID", "1"}, {"DefaultSoftware", "True"}}},
       {"Contacts", {}},
       {"ContactsNotes", {{"ContactNum", "1"}}},
       {"AccountantFirmInfo", {}},
