@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include <map>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -16,6 +17,18 @@ std::vector<fs::path> candidates(const fs::path& given) {
   const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
   return {folder / ComponentLibrary::fileName,
           folder.parent_path() / "lib" / ComponentLibrary::fileName};
+}
+
+/// How many loaders of this program hold each loaded file.
+std::map<void*, int>& holders() {
+  static std::map<void*, int> held;
+  return held;
+}
+
+void* openLibrary(const fs::path& file) {
+  void* handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (handle) ++holders()[handle];
+  return handle;
 }
 
 std::string lastLoadError() {
@@ -36,7 +49,7 @@ fs::path ComponentLibrary::locate(const fs::path& given) {
 }
 
 ComponentLibrary::ComponentLibrary(const fs::path& file, const PlatformServices& platform)
-    : handle_(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    : handle_(openLibrary(file)) {
   if (!handle_) throw ComponentError("cannot load " + file.string() + ": " + lastLoadError());
   void* object = nullptr;
   const int result = entryPoint<int(const char*, const char*, void**)>("DllGetClassObject")(
@@ -59,6 +72,10 @@ std::unique_ptr<clsAutoNotification> ComponentLibrary::createNotification() {
   return create<clsAutoNotification>(classAutoNotification);
 }
 
+std::unique_ptr<clsNotificationTools> ComponentLibrary::createTools() {
+  return create<clsNotificationTools>(classNotificationTools);
+}
+
 bool ComponentLibrary::canUnload() const {
   return entryPoint<int()>("DllCanUnloadNow")() == componentOk;
 }
@@ -78,8 +95,9 @@ std::unique_ptr<T> ComponentLibrary::create(const char* className) {
 }
 
 void ComponentLibrary::Unloader::operator()(void* handle) const {
+  const bool isLast = --holders()[handle] == 0;
   const auto canUnloadNow = reinterpret_cast<int (*)()>(dlsym(handle, "DllCanUnloadNow"));
-  if (!canUnloadNow || canUnloadNow() == componentOk) dlclose(handle);
+  if (!isLast || !canUnloadNow || canUnloadNow() == componentOk) dlclose(handle);
 }
 
 }  // namespace autonotify::host

@@ -6,6 +6,7 @@
 
 #include "control/clsAutoNotification.h"
 #include "control/clsAutoNotifyCtrl.h"
+#include "control/clsNotificationTools.h"
 #include "control/component.h"
 
 namespace autonotify::host {
@@ -18,8 +19,9 @@ class ComponentError : public std::runtime_error {
 
 /// The component hvAutoNotifyCtrl6, loaded from its file and ready to create objects.
 ///
-/// Destroying it unloads the library when nothing of it is in use any more; otherwise the library
-/// stays loaded until the process ends, so that objects which outlive their loader stay good.
+/// Several of one file share one context. Destroying the last of them unloads the library when
+/// nothing of it is in use any more; otherwise it stays loaded until the process ends, so that
+/// objects which outlive their loader stay good. For one thread.
 class ComponentLibrary {
  public:
   static constexpr const char* fileName = "hvAutoNotifyCtrl6.so";
@@ -40,6 +42,7 @@ class ComponentLibrary {
   /// classes that the object needs.
   std::unique_ptr<clsAutoNotifyCtrl> createControl();
   std::unique_ptr<clsAutoNotification> createNotification();
+  std::unique_ptr<clsNotificationTools> createTools();
 
   ClassObject& classObject() { return *classObject_; }
   /// True when no object and no lock of the library is left.

@@ -16,9 +16,10 @@ struct CreatableClass {
   const char* name;
   std::unique_ptr<ComponentObject> (*make)();
 };
-constexpr std::array<CreatableClass, 2> creatableClasses{{
+constexpr std::array<CreatableClass, 3> creatableClasses{{
     {classAutoNotifyCtrl, makeAutoNotifyCtrl},
     {classAutoNotification, makeAutoNotification},
+    {classNotificationTools, makeNotificationTools},
 }};
 
 const CreatableClass* findClass(std::string_view name) {

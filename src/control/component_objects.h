@@ -23,5 +23,6 @@ class LibraryUse {
 
 std::unique_ptr<ComponentObject> makeAutoNotifyCtrl();
 std::unique_ptr<ComponentObject> makeAutoNotification();
+std::unique_ptr<ComponentObject> makeNotificationTools();
 
 }  // namespace autonotify

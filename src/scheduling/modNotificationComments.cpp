@@ -34,26 +34,37 @@ MergeClient readClient(Step& step, RecordsetHandle handle) {
   return client;
 }
 
+/// Merges with the records of the entry and its client. `templateOf(totalNum, scheduleNum)` gives
+/// the template.
+template <class TemplateOf>
+std::string mergeForEntry(const char* tag, Id scheduleID, TemplateOf&& templateOf) {
+  return procedure(tag, std::string{}, [&](Step& step, std::string& result) {
+    if (!isDatabaseOpen(step)) return;
+    const std::string sql =
+        "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
+        "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=" +
+        std::to_string(scheduleID) + ";";
+    withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+      const MergeClient client = readClient(step, handle);
+      const Id totalNum = readId(step, handle, "totalNum");
+      const Id scheduleNum = readId(step, handle, "scheduleNum");
+      const std::string text = templateOf(totalNum, scheduleNum);
+      const Id taskID = getTaskIDFromScheduleID(scheduleID);
+      result = generateComment(text, scheduleID, taskID, client.companyID, client.contactID);
+    });
+  });
+}
+
 }  // namespace
 
 std::string generateClientAutoNotifyComment(Id scheduleID) {
-  return procedure("Morvane.exe-modNotificationComments-generateClientAutoNotifyComment",
-                   std::string{}, [&](Step& step, std::string& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const std::string sql =
-                         "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
-                         "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=" +
-                         std::to_string(scheduleID) + ";";
-                     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-                       const MergeClient client = readClient(step, handle);
-                       const Id totalNum = readId(step, handle, "totalNum");
-                       const Id scheduleNum = readId(step, handle, "scheduleNum");
-                       const std::string text = getNotificationComment(totalNum, scheduleNum);
-                       const Id taskID = getTaskIDFromScheduleID(scheduleID);
-                       result = generateComment(text, scheduleID, taskID, client.companyID,
-                                                client.contactID);
-                     });
-                   });
+  return mergeForEntry("Morvane.exe-modNotificationComments-generateClientAutoNotifyComment",
+                       scheduleID, getNotificationComment);
+}
+
+std::string generateCommentFromTemplate(const std::string& templateText, Id scheduleID) {
+  return mergeForEntry("Morvane.exe-modNotificationComments-generateCommentFromTemplate",
+                       scheduleID, [&](Id, Id) { return templateText; });
 }
 
 std::string getNotificationComment(Id totalNum, Id scheduleNum) {

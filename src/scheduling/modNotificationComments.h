@@ -13,6 +13,9 @@ namespace autonotify {
 /// its own nor by fallback, or the database is closed.
 std::string generateClientAutoNotifyComment(Id scheduleID);
 
+/// The same with `templateText` in place of the kind's template.
+std::string generateCommentFromTemplate(const std::string& templateText, Id scheduleID);
+
 /// The template of a kind of schedule entry, by the same fallbacks as its period; the default
 /// comment when the kind's own is empty; empty when no kind is found.
 std::string getNotificationComment(Id totalNum, Id scheduleNum);

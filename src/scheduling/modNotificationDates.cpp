@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "control/contract/enumerations.h"
 #include "control/contract/firm_rules.h"
@@ -66,33 +67,67 @@ bool isWeekend(Step& step, DateTime date) {
   return step.value(false, [&] { return validation().isWeekend(date); });
 }
 
-bool isClosedDay(Step& step, DateTime date) {
-  return isWeekend(step, date) || isStatutoryHoliday(date);
+DayStep::Verdict verdictOn(Step& step, DateTime date) {
+  if (isWeekend(step, date)) return DayStep::Verdict::weekend;
+  return isStatutoryHoliday(date) ? DayStep::Verdict::holiday : DayStep::Verdict::counted;
+}
+
+/// The days that a calculation looked at; null when nobody asks.
+using DayLog = std::vector<DayStep>*;
+
+void note(DayLog log, DateTime day, DayStep::Verdict verdict) {
+  if (log) log->push_back({day, verdict});
 }
 
 /// Moves the date by `count` open days in the direction of 1 or -1. False at the end of the
 /// calendar.
-bool countOpenDays(Step& step, DateTime& date, std::int64_t count, int direction) {
+bool countOpenDays(Step& step, DateTime& date, std::int64_t count, int direction, DayLog log) {
   for (std::int64_t i = 1; i <= count;) {
     if (!moveByDays(step, date, direction)) return false;
-    if (!isClosedDay(step, date)) ++i;
+    const DayStep::Verdict verdict = verdictOn(step, date);
+    note(log, date, verdict);
+    if (verdict == DayStep::Verdict::counted) ++i;
   }
   return true;
 }
 
-void settleOnOpenDay(Step& step, DateTime& date, int direction) {
-  for (int move = 1; move <= settlingMoves && isClosedDay(step, date); ++move) {
+void settleOnOpenDay(Step& step, DateTime& date, int direction, DayLog log) {
+  for (int move = 1; move <= settlingMoves; ++move) {
+    const DayStep::Verdict verdict = verdictOn(step, date);
+    if (verdict == DayStep::Verdict::counted) return;
+    note(log, date, verdict);
     if (!moveByDays(step, date, direction)) return;
   }
 }
 
 /// One pass of the way back to an open day. False when it moved nothing.
-bool moveBackOffClosedDay(Step& step, DateTime& date) {
+bool moveBackOffClosedDay(Step& step, DateTime& date, DayLog log) {
   constexpr int sunday = 1;
   bool moved = false;
-  if (isWeekend(step, date)) moved = moveByDays(step, date, date.weekday() == sunday ? -2 : -1);
-  if (isStatutoryHoliday(date)) moved = moveByDays(step, date, -1);
+  if (isWeekend(step, date)) {
+    note(log, date, DayStep::Verdict::weekend);
+    moved = moveByDays(step, date, date.weekday() == sunday ? -2 : -1);
+  }
+  if (isStatutoryHoliday(date)) {
+    note(log, date, DayStep::Verdict::holiday);
+    moved = moveByDays(step, date, -1);
+  }
   return moved;
+}
+
+DateTime walkBusinessDays(Step& step, std::int32_t days, DateTime date, DayLog walk,
+                          DayLog settling) {
+  const int direction = days < 0 ? -1 : 1;
+  if (countOpenDays(step, date, std::int64_t{days} * direction, direction, walk)) {
+    settleOnOpenDay(step, date, direction, settling);
+  }
+  return date;
+}
+
+DateTime backToOpenDay(Step& step, DateTime date, DayLog log) {
+  while (moveBackOffClosedDay(step, date, log)) {
+  }
+  return date;
 }
 
 bool isHolidayType(const Value& type) {
@@ -117,10 +152,27 @@ Deadline readDeadline(Step& step, RecordsetHandle handle) {
   return result;
 }
 
+std::string deadlineStatement(Id scheduleID) {
+  return "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
+         "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=" +
+         std::to_string(scheduleID) + ";";
+}
+
 int readDaysOfMethod(Step& step, RecordsetHandle handle) {
   return step.value(otherMethodDays, [&] {
     return daysOfMethod(toText(database().getFieldValue(handle, "Custom2")));
   });
+}
+
+/// Days for calculation, and who says so.
+struct Period {
+  int days = 0;
+  bool isFirmRule = false;
+};
+
+Period readPeriod(Step& step, RecordsetHandle handle, const Deadline& deadline) {
+  if (step.value(false, hasFirmRules)) return {readDaysOfMethod(step, handle), true};
+  return {getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false), false};
 }
 
 /// Whether a row of this channel gives its date to a new one, when `lowest` is the channel that
@@ -138,6 +190,27 @@ bool doesChannelTakeOver(int channel, int lowest) {
   }
 }
 
+/// Puts the date of the entry's row with the first channel in place of `date`. Gives that channel,
+/// 0 without a row.
+int takeSiblingDate(Step& step, Id scheduleID, DateTime& date) {
+  constexpr int none = 16;
+  int lowest = none;
+  const std::string sql =
+      "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum=" +
+      std::to_string(scheduleID) + ";";
+  forEachRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+    const int channel = step.value(
+        0, [&] { return toInteger(database().getFieldValue(handle, "NotificationType")); });
+    if (doesChannelTakeOver(channel, lowest)) {
+      step.assign(date,
+                  [&] { return toDateTime(database().getFieldValue(handle, "NotificationDate")); });
+      lowest = channel;
+    }
+    return channel != nt_Email;
+  });
+  return lowest == none ? 0 : lowest;
+}
+
 }  // namespace
 
 std::int16_t getNotificationPeriod(Id totalNum, Id ScheduleNum, bool getValueForUserDisplay) {
@@ -153,69 +226,37 @@ std::int16_t getNotificationPeriod(Id totalNum, Id ScheduleNum, bool getValueFor
 }
 
 DateTime determineNotificationDate(Id scheduleID) {
-  return procedure("Morvane.exe-modNotificationDates-determineNotificationDate", DateTime{},
-                   [&](Step& step, DateTime& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const std::string sql =
-                         "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
-                         "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=" +
-                         std::to_string(scheduleID) + ";";
-                     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-                       const Deadline deadline = readDeadline(step, handle);
-                       const int days = step.value(false, hasFirmRules)
-                                            ? readDaysOfMethod(step, handle)
-                                            : getNotificationPeriod(deadline.totalNum,
-                                                                    deadline.scheduleNum, false);
-                       if (!deadline.dueDate) return;
-                       result =
-                           dateAddBusinessDaysWithoutWeekendsAndHolidays(days, *deadline.dueDate);
-                     });
-                   });
+  return procedure(
+      "Morvane.exe-modNotificationDates-determineNotificationDate", DateTime{},
+      [&](Step& step, DateTime& result) {
+        if (!isDatabaseOpen(step)) return;
+        withFirstRow(step, deadlineStatement(scheduleID), keysetRead, [&](RecordsetHandle handle) {
+          const Deadline deadline = readDeadline(step, handle);
+          const Period period = readPeriod(step, handle, deadline);
+          if (!deadline.dueDate) return;
+          result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, *deadline.dueDate);
+        });
+      });
 }
 
 DateTime getLastUsedNotificationDate(Id scheduleID, DateTime proposed) {
   return procedure("Morvane.exe-modNotificationDates-getLastUsedNotificationDate", proposed,
                    [&](Step& step, DateTime& result) {
                      if (!isDatabaseOpen(step)) return;
-                     int lowest = 16;
-                     const std::string sql =
-                         "SELECT ClientNotification.* FROM ClientNotification "
-                         "WHERE ScheduleIDNum=" +
-                         std::to_string(scheduleID) + ";";
-                     forEachRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-                       const int channel = step.value(0, [&] {
-                         return toInteger(database().getFieldValue(handle, "NotificationType"));
-                       });
-                       if (doesChannelTakeOver(channel, lowest)) {
-                         step.assign(result, [&] {
-                           return toDateTime(database().getFieldValue(handle, "NotificationDate"));
-                         });
-                         lowest = channel;
-                       }
-                       return channel != nt_Email;
-                     });
+                     takeSiblingDate(step, scheduleID, result);
                    });
 }
 
 DateTime adjustDateToFridayIfWeekendOrHoliday(DateTime date) {
-  return procedure("Morvane.exe-modNotificationDates-adjustDateToFridayIfWeekendOrHoliday",
-                   DateTime{}, [&](Step& step, DateTime& result) {
-                     DateTime day = date;
-                     while (moveBackOffClosedDay(step, day)) {
-                     }
-                     result = day;
-                   });
+  return procedure(
+      "Morvane.exe-modNotificationDates-adjustDateToFridayIfWeekendOrHoliday", DateTime{},
+      [&](Step& step, DateTime& result) { result = backToOpenDay(step, date, nullptr); });
 }
 
 DateTime dateAddBusinessDaysWithoutWeekendsAndHolidays(std::int32_t days, DateTime date) {
   return procedure("Morvane.exe-modNotificationDates-dateAddBusinessDays", DateTime{},
                    [&](Step& step, DateTime& result) {
-                     const int direction = days < 0 ? -1 : 1;
-                     DateTime day = date;
-                     if (countOpenDays(step, day, std::int64_t{days} * direction, direction)) {
-                       settleOnOpenDay(step, day, direction);
-                     }
-                     result = day;
+                     result = walkBusinessDays(step, days, date, nullptr, nullptr);
                    });
 }
 
@@ -235,6 +276,31 @@ bool isStatutoryHoliday(DateTime date) {
           });
           return true;
         });
+      });
+}
+
+DateExplanation explainNotificationDate(Id scheduleID) {
+  return procedure(
+      "Morvane.exe-modNotificationDates-explainNotificationDate", DateExplanation{},
+      [&](Step& step, DateExplanation& result) {
+        if (!isDatabaseOpen(step)) return;
+        withFirstRow(step, deadlineStatement(scheduleID), keysetRead, [&](RecordsetHandle handle) {
+          const Deadline deadline = readDeadline(step, handle);
+          const Period period = readPeriod(step, handle, deadline);
+          if (!deadline.dueDate) return;
+          result.found = true;
+          result.dueDate = *deadline.dueDate;
+          result.totalNum = deadline.totalNum;
+          result.scheduleNum = deadline.scheduleNum;
+          result.usedFirmRule = period.isFirmRule;
+          result.days = period.days;
+          result.determined = walkBusinessDays(step, period.days, *deadline.dueDate, &result.walk,
+                                               &result.settling);
+        });
+        if (!result.found) return;
+        result.afterSibling = result.determined;
+        result.siblingChannel = takeSiblingDate(step, scheduleID, result.afterSibling);
+        result.result = backToOpenDay(step, result.afterSibling, &result.backToWorkingDay);
       });
 }
 

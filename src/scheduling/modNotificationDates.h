@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "control/contract/date_explanation.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 
@@ -37,6 +38,10 @@ DateTime dateAddBusinessDaysWithoutWeekendsAndHolidays(std::int32_t days, DateTi
 /// True when a row of `Holidays` on that date closes it: type 1, 3 or none. False when the database
 /// is closed.
 bool isStatutoryHoliday(DateTime date);
+
+/// Why the schedule entry's next notification gets its date: the steps of determineNotificationDate,
+/// getLastUsedNotificationDate and adjustDateToFridayIfWeekendOrHoliday, one after the other.
+DateExplanation explainNotificationDate(Id scheduleID);
 
 /// Moves the notifications of a schedule entry whose due date or kind has changed: the first row of
 /// each channel, in any state. Knows neither the firm's own rule nor the date of a sibling, and may

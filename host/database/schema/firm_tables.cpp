@@ -27,6 +27,8 @@ std::vector<TableDef> firmTables() {
              five("TaskCustomName"), five("DocketCustomName"), five("RemittanceLabel")}),
       table("CustomAddressFields",
             {key("CustomAddressFieldsID"), five("CompanyLabel"), five("ContactLabel")}),
+      // One row: what tells this database from every other, whatever its file is called.
+      table("DatabaseIdentity", {key("DatabaseIdentityID"), texts({"UniqueText"})}),
   };
 }
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "control/contract/enumerations.h"
+#include "platform/DateTime.h"
+#include "platform/Value.h"
+
+namespace autonotify::console {
+
+/// Options that stand before the command.
+struct GlobalOptions {
+  std::string database = "hvnotify.db";
+  /// The date that the run pretends to be; the machine's when unset.
+  std::optional<DateTime> today;
+  std::optional<Id> user;
+  /// Empty: the folder beside the database file.
+  std::string outbox;
+  std::string firmCode;
+  bool json = false;
+  /// Ask nobody, even on a terminal.
+  bool batch = false;
+};
+
+/// Arguments of all commands; each command reads its own.
+struct Arguments {
+  Id task = noId;
+  std::vector<Id> notifications;
+  std::vector<notifyType> channels;
+  std::optional<Id> client;
+  std::optional<Id> contact;
+  std::optional<DateTime> until;
+  DateTime date;
+  std::string file;
+  bool due = false;
+  bool dryRun = false;
+  bool plain = false;
+  bool rtf = false;
+  bool force = false;
+  bool demo = false;
+  int clients = 500;
+  std::uint64_t seed = 1;
+  std::string country = "ca";
+  std::string province;
+  std::string firmName = "Our Firm";
+  std::string userName = "Administrator";
+};
+
+}  // namespace autonotify::console

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+
+namespace autonotify::console {
+
+using Json = nlohmann::ordered_json;
+
+/// Exit codes of the program.
+enum ExitCode : int { exitDone = 0, exitRefused = 1, exitUsage = 2, exitDatabase = 3 };
+
+/// What a command has to say: the same once for people and once for programs.
+struct Reply {
+  std::string text;
+  Json data;
+  /// Things that did not work while the rest did; one line each, for standard error.
+  std::vector<std::string> complaints;
+  ExitCode exitCode = exitDone;
+};
+
+/// The command ends here: one clear line for standard error and an exit code.
+class Refusal : public std::runtime_error {
+ public:
+  explicit Refusal(const std::string& message, ExitCode code = exitRefused)
+      : std::runtime_error(message), code_(code) {}
+  ExitCode code() const noexcept { return code_; }
+
+ private:
+  ExitCode code_;
+};
+
+}  // namespace autonotify::console

@@ -1,0 +1,34 @@
+#include <array>
+
+#include "Command.h"
+#include "commands/arming.h"
+#include "commands/changing.h"
+#include "commands/explaining.h"
+#include "commands/founding.h"
+#include "commands/lists.h"
+#include "commands/sending.h"
+#include "commands/texts.h"
+
+namespace autonotify::console {
+
+std::span<const Command> allCommands() {
+  static constexpr std::array commands{
+      Command{"init", "make a new database", describeInit, nullptr, runInit},
+      Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
+      Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
+      Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},
+      Command{"show", "show a notification", describeShow, runShow, nullptr},
+      Command{"due", "list what is to be sent today", describeDue, runDue, nullptr},
+      Command{"merge", "compose the text for a task", describeMerge, runMerge, nullptr},
+      Command{"check", "find the first fault of a template", describeCheck, runCheck, nullptr},
+      Command{"explain", "tell why a task is notified on its date", describeExplain, runExplain,
+              nullptr},
+      Command{"send", "send emails into the outbox", describeSend, runSend, nullptr},
+      Command{"cancel", "cancel a notification", describeCancel, runCancel, nullptr},
+      Command{"move", "give a notification another date", describeMove, runMove, nullptr},
+      Command{"refresh", "work out a task's dates anew", describeRefresh, runRefresh, nullptr},
+  };
+  return commands;
+}
+
+}  // namespace autonotify::console

@@ -1,0 +1,133 @@
+#include "commands/texts.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+#include "commands/arguments.h"
+#include "notifications.h"
+#include "platform/date_time_text.h"
+#include "platform/rich_text.h"
+#include "platform/text.h"
+
+namespace autonotify::console {
+namespace {
+
+/// What the six fields of a channel hold; null for one that it does not use.
+struct FieldNames {
+  notifyType channel;
+  std::array<const char*, 6> names;
+};
+constexpr std::array<FieldNames, 4> fieldNames{{
+    {nt_Email, {"To", "Cc", "Bcc", "Subject", nullptr, nullptr}},
+    {nt_Fax, {"To", "From", "Sender's fax", "Receiver's fax", "Pages", "Subject"}},
+    {nt_Letter, {nullptr, nullptr, nullptr, nullptr, nullptr, nullptr}},
+    {nt_Phone, {"To", "Phone number", "Times to call", nullptr, nullptr, nullptr}},
+}};
+
+std::array<const char*, 6> namesOf(int channel) {
+  for (const FieldNames& row : fieldNames) {
+    if (row.channel == channel) return row.names;
+  }
+  return {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"};
+}
+
+std::string line(const char* name, const std::string& value) {
+  return fmt::format("{:<15} {}\n", std::string(name) + ":", value);
+}
+
+std::string withLineEnd(std::string text) {
+  if (!text.empty() && text.back() != '\n') text += '\n';
+  return text;
+}
+
+/// A template from a file: text that is no UTF-8 and no RTF, or holds a NUL, cannot be one.
+std::string readTemplate(const std::string& path) {
+  std::string text = readFile(path);
+  if (text.find('\0') != std::string::npos) throw Refusal(path + " holds a NUL byte");
+  if (!isValidUtf8(text)) throw Refusal(path + " is not UTF-8 text");
+  return text;
+}
+
+}  // namespace
+
+void describeShow(CLI::App& command, Arguments& arguments) {
+  addNotification(command, arguments);
+  command.add_flag("--rtf", arguments.rtf, "the text as it is stored, not as plain text");
+}
+
+Reply runShow(Session& session, const Arguments& arguments) {
+  const Notification row = loadNotification(session, arguments.notifications.front());
+  const std::string client = clientName(session, row);
+  const std::string item = itemName(session, row);
+  const std::string state = stateName(stateOf(row));
+  const std::string text = arguments.rtf ? row.memo : plainTextOf(row.memo);
+  Reply reply;
+  reply.text = fmt::format("Notification {} by {}, {}\n", row.id, channelName(row.channel), state);
+  reply.text += line("Client", client) + line("Task", item) + line("Date", dayText(row.date));
+  if (!row.sentTime.isZero()) reply.text += line("Sent", dateTimeText(row.sentTime));
+  reply.data = {{"notification", row.id},
+                {"channel", channelName(row.channel)},
+                {"state", state},
+                {"client", client},
+                {"companyId", row.companyId},
+                {"contactId", row.contactId},
+                {"task", row.scheduleId},
+                {"name", item},
+                {"date", dayJson(row.date)},
+                {"sentTime", row.sentTime.isZero() ? Json() : Json(dateTimeText(row.sentTime))}};
+  const auto names = namesOf(row.channel);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (!names[i]) continue;
+    reply.text += line(names[i], row.fields[i]);
+    reply.data["fields"][names[i]] = row.fields[i];
+  }
+  reply.text += "\n" + withLineEnd(text);
+  reply.data["text"] = text;
+  return reply;
+}
+
+void describeMerge(CLI::App& command, Arguments& arguments) {
+  addTask(command, arguments);
+  command.add_option("--template", arguments.file, "a template to try instead of the task's own");
+  command.add_flag("--plain", arguments.plain, "plain text instead of the stored form");
+}
+
+Reply runMerge(Session& session, const Arguments& arguments) {
+  const Task task = loadTask(session, arguments.task);
+  std::string text;
+  const std::string errors = session.errorsOf([&] {
+    text = arguments.file.empty()
+               ? session.control().cls_generateClientAutoNotifyComment(task.id)
+               : session.tools().mergeTemplate(readTemplate(arguments.file), task.id);
+  });
+  if (!errors.empty()) throw Refusal(fmt::format("task {}: {}", task.id, errors));
+  if (arguments.plain) text = plainTextOf(text);
+  Reply reply;
+  reply.text = withLineEnd(text);
+  reply.data = {{"task", task.id}, {"text", text}};
+  return reply;
+}
+
+void describeCheck(CLI::App& command, Arguments& arguments) {
+  command.add_option("FILE", arguments.file, "the template, RTF or plain text")->required();
+}
+
+Reply runCheck(Session& session, const Arguments& arguments) {
+  const std::string text = readTemplate(arguments.file);
+  std::string fault;
+  const std::string errors =
+      session.errorsOf([&] { fault = session.tools().findTemplateFault(text, isRichText(text)); });
+  if (fault.empty()) fault = errors;
+  Reply reply;
+  reply.data = {{"file", arguments.file}, {"sound", fault.empty()}, {"fault", fault}};
+  if (fault.empty()) {
+    reply.text = "The template is sound.\n";
+  } else {
+    reply.exitCode = exitRefused;
+    reply.complaints.push_back(fault);
+  }
+  return reply;
+}
+
+}  // namespace autonotify::console

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Reply.h"
+#include "Session.h"
+#include "control/contract/enumerations.h"
+
+namespace autonotify::console {
+
+/// A row of ClientNotification.
+struct Notification {
+  Id id = noId;
+  int channel = 0;
+  Id scheduleId = noId;
+  Id appointmentId = noId;
+  Id taskId = noId;
+  Id docketId = noId;
+  Id companyId = noId;
+  Id contactId = noId;
+  DateTime date;
+  std::string fields[6];
+  std::string memo;
+  bool sent = false;
+  int sentStatus = 0;
+  DateTime sentTime;
+};
+
+/// Where a row stands. Marking a row sent or cancelled takes several writes: a run that was killed
+/// among them leaves one of the two interrupted states.
+enum class NotificationState { pending, sent, cancelled, interruptedSending, interruptedCancel };
+
+NotificationState stateOf(const Notification& notification);
+std::string stateName(NotificationState state);
+
+/// "email", "fax", "letter" or "phone".
+std::string channelName(int channel);
+/// The channels of a bit set, joined by commas; "-" for none.
+std::string channelNames(int bits);
+/// The four channels in the order of their bits.
+const std::vector<notifyType>& allChannels();
+
+/// The day as people read it: "2026-04-30"; "-" for the zero date.
+std::string dayText(DateTime moment);
+/// The same for programs: null for the zero date.
+Json dayJson(DateTime moment);
+
+/// Throws Refusal when there is no such row.
+Notification loadNotification(Session& session, Id id);
+std::optional<Notification> findNotification(Session& session, Id id);
+
+/// What the notification is about: the schedule entry's name, or the item's subject.
+std::string itemName(Session& session, const Notification& notification);
+/// Who it goes to: the company's or the contact's name; empty when it has neither.
+std::string clientName(Session& session, const Notification& notification);
+
+/// A schedule entry, as the commands name it.
+struct Task {
+  Id id = noId;
+  Id clientNum = noId;
+  Id contactId = noId;
+  std::string name;
+  DateTime dueDate;
+  int channels = 0;
+  bool closed = false;
+};
+
+/// Throws Refusal when there is no such task.
+Task loadTask(Session& session, Id id);
+std::string clientName(Session& session, const Task& task);
+
+}  // namespace autonotify::console

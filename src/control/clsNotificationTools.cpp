@@ -1,0 +1,70 @@
+#include "control/clsNotificationTools.h"
+
+#include "control/component_objects.h"
+#include "control/contract/procedure.h"
+#include "control/contract/references.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "scheduling/modNotificationComments.h"
+#include "scheduling/modNotificationDates.h"
+#include "store/modNotifyClients.h"
+
+namespace autonotify {
+namespace {
+
+// The field list of a notification's template: for a comment, with the fields of a task.
+constexpr int useForComment = 1;
+constexpr int taskFields = 8;
+
+std::string findFault(const std::string& templateText, bool isRTF) {
+  clsInsertFieldsInRTB engine;
+  engine.put_MergeFieldListUse(useForComment);
+  engine.ListType = taskFields;
+  bool noListBox = true;
+  bool clearListBox = false;
+  engine.createDefaultFieldListStructure(noListBox, clearListBox);
+  std::string fault;
+  engine.testErrorComment = [&](const std::string& message) { fault = message; };
+  engine.testRTBComment(templateText, isRTF, true, false);
+  return fault;
+}
+
+class NotificationTools final : public clsNotificationTools {
+ public:
+  void changeNotificationToSent(Id notificationID) override {
+    procedure("Morvane.exe-clsNotificationTools-changeNotificationToSent", [&](Step& step) {
+      DateTime now;
+      step.assign(now, [] { return platformClock().now(); });
+      autonotify::changeNotificationToSent(notificationID, now, true);
+    });
+  }
+
+  void cancelNotification(Id notificationID) override {
+    autonotify::cancelNotification(notificationID);
+  }
+
+  std::string findTemplateFault(const std::string& templateText, bool isRTF) override {
+    return procedure("Morvane.exe-clsNotificationTools-findTemplateFault", std::string{},
+                     [&](Step& step, std::string& result) {
+                       step.assign(result, [&] { return findFault(templateText, isRTF); });
+                     });
+  }
+
+  std::string mergeTemplate(const std::string& templateText, Id scheduleID) override {
+    return generateCommentFromTemplate(templateText, scheduleID);
+  }
+
+  DateExplanation explainNotificationDate(Id scheduleID) override {
+    return autonotify::explainNotificationDate(scheduleID);
+  }
+
+ private:
+  LibraryUse use_;
+};
+
+}  // namespace
+
+std::unique_ptr<ComponentObject> makeNotificationTools() {
+  return std::make_unique<NotificationTools>();
+}
+
+}  // namespace autonotify
