@@ -97,6 +97,7 @@ TEST(Dialect, TellsTheFromClauseAndItsTables) {
       {"SELECT upper(T) FROM A", "FROM A", "A", true},
       {"SELECT 'x' AS T FROM A", "FROM A", "A", false},
       {"SELECT * FROM A INNER JOIN B ON B.T='x'", "FROM A INNER JOIN B ON B.T=?", "", false},
+      {"SELECT K WHERE K=1 FROM A", "FROM A", "A", false},
       {"SELECT T FROM A UNION SELECT T FROM B", "FROM A", "A", false},
   };
   for (const From& each : cases) {

@@ -148,7 +148,7 @@ class Translator {
   void markClause(const Token& token) {
     if (token.keyword == Keyword::from && result_.from == npos)
       result_.from = copyTo(token.begin);
-    else if (endsFromClause(token.keyword) && result_.fromEnd == npos)
+    else if (endsFromClause(token.keyword) && result_.from != npos && result_.fromEnd == npos)
       result_.fromEnd = copyTo(previous_.end);
   }
 
