@@ -208,17 +208,26 @@ void MergeSources::openForOneDocument(Step& step) {
   for (const MergeSource source : {firm, employee, appointment, docket, task}) open(source);
 }
 
+void MergeSources::open(Step& step, MergeSource source, const std::string& sql, Access access,
+                        Rows rows) {
+  Recordset& recordset = at(source);
+  step.assign(recordset.handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
+  recordset.rows = rows;
+  recordset.hasRow = false;
+  step.assign(recordset.hasRow, [&] { return database().hasRecords(recordset.handle); });
+}
+
 bool MergeSources::openOneRow(Step& step, MergeSource source, Columns columns, Access access) {
   if (source == MergeSource::clientAccounting) return openClientAccounting(step, access, false);
   const SourceRow& row = rowOf(source);
-  const bool isFull = columns == Columns::full && row.fullSelect;
-  const std::string sql =
-      statement(std::string(isFull ? row.fullSelect : row.select) + row.where, idOf(source));
-  Recordset& recordset = at(source);
-  step.assign(recordset.handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
-  recordset.rows = Rows::one;
-  recordset.isWholeTable = false;
-  if (source == MergeSource::task) openTaskWithoutSchedule(step, access);
+  const std::string select =
+      columns == Columns::full && row.fullSelect ? row.fullSelect : row.select;
+  open(step, source, statement(select + row.where, idOf(source)), access, Rows::one);
+  // A task that has no schedule entry is missing from the join of both.
+  if (source == MergeSource::task && !at(source).hasRow) {
+    close(step, at(source).handle);
+    open(step, source, statement(taskWithoutSchedule, merge_.taskID), access, Rows::one);
+  }
   return true;
 }
 
@@ -232,39 +241,20 @@ bool MergeSources::openClientAccounting(Step& step, Access access, bool isWholeT
     if (clientDataId < 0) return false;
   }
   const std::string sql = getMainBusinessSQLString(false, allClients, clientDataId);
-  Recordset& recordset = at(MergeSource::clientAccounting);
-  step.assign(recordset.handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
-  recordset.rows = Rows::one;
+  if (sql.empty()) return false;  // the person has left its making
+  open(step, MergeSource::clientAccounting, sql, access, Rows::one);
   return true;
 }
 
 void MergeSources::openSoftwareOf(Step& step, MergeSource owner, Access access) {
-  const char* const where =
-      owner == MergeSource::contact ? softwareOfContact : rowOf(MergeSource::software).where;
-  const std::string sql =
-      statement(std::string(rowOf(MergeSource::software).select) + where, idOf(owner));
-  Recordset& recordset = at(MergeSource::software);
-  step.assign(recordset.handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
-  recordset.rows = Rows::one;
-  recordset.isWholeTable = false;
-}
-
-/// A task that has no schedule entry is missing from the join of both.
-void MergeSources::openTaskWithoutSchedule(Step& step, Access access) {
-  Recordset& recordset = at(MergeSource::task);
-  if (step.value(true, [&] { return database().hasRecords(recordset.handle); })) return;
-  close(step, recordset.handle);
-  const std::string sql = statement(taskWithoutSchedule, merge_.taskID);
-  step.assign(recordset.handle, [&] { return openRecordset(sql, access.cursor, access.lock); });
+  const SourceRow& software = rowOf(MergeSource::software);
+  const std::string where = owner == MergeSource::contact ? softwareOfContact : software.where;
+  open(step, MergeSource::software, statement(software.select + where, idOf(owner)), access,
+       Rows::one);
 }
 
 void MergeSources::openAllRows(Step& step, MergeSource source) {
-  const std::string sql = std::string(rowOf(source).select) + ";";
-  Recordset& recordset = at(source);
-  step.assign(recordset.handle,
-              [&] { return openRecordset(sql, keysetRead.cursor, keysetRead.lock); });
-  recordset.rows = Rows::all;
-  recordset.isWholeTable = true;
+  open(step, source, std::string(rowOf(source).select) + ";", keysetRead, Rows::all);
 }
 
 bool MergeSources::openOnDemand(Step& step, MergeSource source) {
@@ -295,7 +285,7 @@ bool MergeSources::openOnDemand(Step& step, MergeSource source) {
 bool MergeSources::openSoftwareOnDemand(Step& step) {
   if (!isOpen(step, MergeSource::software)) return false;
   const Recordset former = at(MergeSource::software);
-  if (!isBulk() || former.isWholeTable) return true;
+  if (!isBulk() || former.rows == Rows::all) return true;
   openAllRows(step, MergeSource::software);
   if (at(MergeSource::software).handle != former.handle) close(step, former.handle);
   return true;
@@ -306,7 +296,7 @@ bool MergeSources::goToRow(Step& step, MergeSource source) {
   // Software is the reverse of the others: its whole table is read where it stands, and the one row
   // is looked for, under the company.
   const Rows readAtOnce = source == MergeSource::software ? Rows::all : Rows::one;
-  if (recordset.rows == readAtOnce) return true;
+  if (!recordset.hasRow || recordset.rows == readAtOnce) return recordset.hasRow;
   return step.value(false, [&] {
     return findRecord(recordset.handle, rowOf(source).findColumn, std::to_string(idOf(source)));
   });

@@ -64,7 +64,7 @@ class MergeSources {
   struct Recordset {
     RecordsetHandle handle = noRecordset;
     Rows rows = Rows::all;
-    bool isWholeTable = false;
+    bool hasRow = false;
   };
   /// The two forms in which a statement's columns are written.
   enum class Columns { onDemand, full };
@@ -77,10 +77,10 @@ class MergeSources {
   bool isBulk() const;
   Id idOf(MergeSource source) const;
 
+  void open(Step& step, MergeSource source, const std::string& sql, Access access, Rows rows);
   bool openOneRow(Step& step, MergeSource source, Columns columns, Access access);
   bool openClientAccounting(Step& step, Access access, bool isWholeTable);
   void openSoftwareOf(Step& step, MergeSource owner, Access access);
-  void openTaskWithoutSchedule(Step& step, Access access);
   void openAllRows(Step& step, MergeSource source);
   bool openSoftwareOnDemand(Step& step);
   void close(Step& step, RecordsetHandle handle);
