@@ -25,7 +25,7 @@ class TestHost {
  public:
   /// Starts with a copy of `content`, made by snapshot(); without one with empty tables.
   explicit TestHost(const std::string* content = nullptr);
-  ~TestHost();
+  virtual ~TestHost();
   TestHost(const TestHost&) = delete;
   TestHost& operator=(const TestHost&) = delete;
 

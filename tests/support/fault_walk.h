@@ -35,9 +35,9 @@ struct FaultWalkReport {
 
 /// Runs the operation clean, then fails host call n for each n and each choice, on a fresh host
 /// each time, and expects: every procedure entered is left once; one dialog for one failure, but
-/// after "next" also for the failures that follow from what was skipped, which end; after "quit"
-/// and an unknown choice the clean result and the same rows; after "next" and "leave" no more rows
-/// added than a clean run adds.
+/// after "next" and "leave" also for the failures that follow from what is missing, which end;
+/// after "quit" and an unknown choice the clean result and the same rows; after "next" and "leave"
+/// no more rows added than a clean run adds.
 FaultWalkReport walkFaults(const FaultWalk& walk);
 
 }  // namespace autonotify::test

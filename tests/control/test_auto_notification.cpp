@@ -1,0 +1,150 @@
+#include <gmock/gmock.h>
+
+#include "component_host.h"
+#include "host/services/HostItemLinksClass.h"
+
+namespace autonotify::test {
+namespace {
+
+using Interface = clsAutoNotification;
+
+struct Link {
+  ItemLink position;
+  Id (Interface::*get)();
+  void (Interface::*put)(Id);
+};
+const Link links[] = {
+    {ItemLink::ApptIDNum, &Interface::get_ApptIDNum, &Interface::put_ApptIDNum},
+    {ItemLink::TaskIDNum, &Interface::get_TaskIDNum, &Interface::put_TaskIDNum},
+    {ItemLink::DocketIDNum, &Interface::get_DocketIDNum, &Interface::put_DocketIDNum},
+    {ItemLink::ToDoIDNum, &Interface::get_ToDoIDNum, &Interface::put_ToDoIDNum},
+    {ItemLink::ScheduleIDNum, &Interface::get_ScheduleIDNum, &Interface::put_ScheduleIDNum},
+    {ItemLink::ScheduleTypeIDNum, &Interface::get_ScheduleTypeIDNum,
+     &Interface::put_ScheduleTypeIDNum},
+    {ItemLink::OperatingProcedureIDNum, &Interface::get_OperatingProcedureIDNum,
+     &Interface::put_OperatingProcedureIDNum},
+    {ItemLink::ProjectIDNum, &Interface::get_ProjectIDNum, &Interface::put_ProjectIDNum},
+    {ItemLink::projectStepIDNum, &Interface::get_projectStepIDNum,
+     &Interface::put_projectStepIDNum},
+    {ItemLink::PersonalTaxStatusIDNum, &Interface::get_PersonalTaxStatusIDNum,
+     &Interface::put_PersonalTaxStatusIDNum},
+    {ItemLink::MissingInfoIDNum, &Interface::get_MissingInfoIDNum,
+     &Interface::put_MissingInfoIDNum},
+    {ItemLink::CommunicationLogIDNum, &Interface::get_CommunicationLogIDNum,
+     &Interface::put_CommunicationLogIDNum},
+    {ItemLink::DocumentIDNum, &Interface::get_DocumentIDNum, &Interface::put_DocumentIDNum},
+};
+static_assert(std::size(links) == itemLinkCount);
+
+/// Links that tell what is asked of them, and fail on request.
+class LoggedLinks : public host::HostItemLinksClass {
+ public:
+  struct Log {
+    errorClass* errors = nullptr;
+    DatabaseReference* database = nullptr;
+    int puts = 0;
+    int resets = 0;
+    int terminations = 0;
+    int failures = 0;
+  };
+  explicit LoggedLinks(Log& log) : log_(log) {}
+  void put_errorClass(errorClass* value) override { log_.errors = value; }
+  void put_DatabaseReference(DatabaseReference* value) override { log_.database = value; }
+  void put_link(ItemLink link, Id value) override {
+    ++log_.puts;
+    if (log_.failures-- > 0) throw PlatformError(1000, "no");
+    HostItemLinksClass::put_link(link, value);
+  }
+  void resetAllValues() override {
+    ++log_.resets;
+    HostItemLinksClass::resetAllValues();
+  }
+  void Terminate() override { ++log_.terminations; }
+
+ private:
+  Log& log_;
+};
+
+class Notification : public testing::Test {
+ protected:
+  Notification() {
+    host.registry.registerClass(ItemLinksClass::className,
+                                [this] { return std::make_unique<LoggedLinks>(log); });
+    notification = host.library.createNotification();
+  }
+  Id get(const Link& link) { return (notification.get()->*link.get)(); }
+  void put(const Link& link, Id value) { (notification.get()->*link.put)(value); }
+
+  LoggedLinks::Log log;
+  ComponentHost host;
+  std::unique_ptr<clsAutoNotification> notification;
+};
+
+TEST_F(Notification, StartsEmptyWithTheHostsServices) {
+  EXPECT_EQ(log.errors, &host.errors);
+  EXPECT_EQ(log.database, &host.database);
+  EXPECT_EQ(log.resets, 1);
+  EXPECT_FALSE(notification->get_IsDirty());
+  EXPECT_FALSE(notification->get_isSavedFlag());
+  for (const Link& link : links) EXPECT_EQ(get(link), noId);
+  EXPECT_FALSE(host.library.canUnload());
+}
+
+TEST_F(Notification, EachLinkIsItsOwnAndOnlyAChangeIsDirty) {
+  ItemLinksClass* object = notification->get_ItemLinksClass();
+  ASSERT_TRUE(object);
+  Id value = 100;
+  for (const Link& link : links) {
+    notification->put_IsDirty(false);
+    put(link, noId);
+    EXPECT_FALSE(notification->get_IsDirty());
+    put(link, ++value);
+    EXPECT_TRUE(notification->get_IsDirty());
+    notification->put_IsDirty(false);
+    put(link, value);
+    EXPECT_FALSE(notification->get_IsDirty());
+  }
+  EXPECT_EQ(log.puts, itemLinkCount);
+  value = 100;
+  for (const Link& link : links) {
+    EXPECT_EQ(get(link), ++value);
+    EXPECT_EQ(object->get_link(link.position), value);
+  }
+  notification->put_isSavedFlag(true);
+  notification->put_IsDirty(true);
+  notification->resetAllValues();
+  EXPECT_FALSE(notification->get_isSavedFlag());
+  EXPECT_FALSE(notification->get_IsDirty());
+  for (const Link& link : links) EXPECT_EQ(get(link), noId);
+}
+
+TEST_F(Notification, TerminatesItsLinksOnce) {
+  put(links[0], 5);
+  notification->Terminate();
+  EXPECT_EQ(notification->get_ItemLinksClass(), nullptr);
+  EXPECT_EQ(log.terminations, 1);
+  notification->put_IsDirty(false);
+  put(links[0], 6);
+  EXPECT_EQ(get(links[0]), noId);
+  EXPECT_FALSE(notification->get_IsDirty());
+  notification->Terminate();
+  notification.reset();
+  EXPECT_EQ(log.terminations, 1);
+  notification = host.library.createNotification();
+  notification.reset();
+  EXPECT_EQ(log.terminations, 2);
+}
+
+TEST_F(Notification, FailureOfALinkIsSettledAtTheDialog) {
+  log.failures = 2;
+  host.errors.answer({error_choice::quit, error_choice::leave});
+  put(links[3], 5);
+  EXPECT_EQ(log.puts, 2);
+  EXPECT_EQ(get(links[3]), noId);
+  EXPECT_FALSE(notification->get_IsDirty());
+  EXPECT_EQ(host.errors.dialogs(), 2);
+  EXPECT_EQ(host.errors.entered(), host.errors.left());
+}
+
+}  // namespace
+}  // namespace autonotify::test

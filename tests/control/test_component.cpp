@@ -1,0 +1,212 @@
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <stdio.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "component_host.h"
+
+namespace autonotify::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string outputOf(const std::string& command) {
+  std::string output;
+  FILE* pipe = popen(command.c_str(), "r");
+  for (int c = fgetc(pipe); c != EOF; c = fgetc(pipe)) output += static_cast<char>(c);
+  EXPECT_EQ(pclose(pipe), 0) << command;
+  return output;
+}
+
+bool isLoaded() {
+  std::ifstream maps("/proc/self/maps");
+  std::stringstream text;
+  text << maps.rdbuf();
+  return text.str().find(host::ComponentLibrary::fileName) != std::string::npos;
+}
+
+TEST(Component, ExportsTheFourEntryPointsAlone) {
+  std::istringstream symbols(outputOf("nm -D --defined-only --format=posix " COMPONENT_FILE));
+  std::vector<std::string> names;
+  for (std::string line; std::getline(symbols, line);) {
+    names.push_back(line.substr(0, line.find(' ')));
+  }
+  // The measuring of coverage and the sanitizers export symbols of their own.
+  std::erase_if(names, [](const std::string& name) {
+    return name.starts_with("__") || name.starts_with("mangle_path");
+  });
+  EXPECT_THAT(names, testing::UnorderedElementsAre("DllRegisterServer", "DllUnregisterServer",
+                                                   "DllGetClassObject", "DllCanUnloadNow"));
+}
+
+TEST(Component, EntryPointsRefuseWhatTheyDoNotKnow) {
+  void* library = dlopen(COMPONENT_FILE, RTLD_NOW | RTLD_LOCAL);
+  ASSERT_TRUE(library) << dlerror();
+  const auto getClassObject =
+      reinterpret_cast<decltype(&DllGetClassObject)>(dlsym(library, "DllGetClassObject"));
+  struct Case {
+    const char* className;
+    const char* interfaceName;
+    int result;
+  };
+  const Case cases[] = {
+      {classAutoNotifyCtrl, classObjectInterface, componentOk},
+      {"HVAUTONOTIFYCTRL6.CLSAUTONOTIFICATION", classObjectInterface, componentOk},
+      {"hvAutoNotifyCtrl6.clsUnknown", classObjectInterface, componentNoClass},
+      {"", classObjectInterface, componentNoClass},
+      {classAutoNotifyCtrl, "hvAutoNotifyCtrl6.ClassObject/0", componentNoInterface},
+      {nullptr, classObjectInterface, componentBadPointer},
+      {classAutoNotifyCtrl, nullptr, componentBadPointer},
+  };
+  for (const Case& c : cases) {
+    int marker = 0;
+    void* object = &marker;
+    EXPECT_EQ(getClassObject(c.className, c.interfaceName, &object), c.result);
+    EXPECT_EQ(object != nullptr, c.result == componentOk);
+  }
+  EXPECT_EQ(getClassObject(classAutoNotifyCtrl, classObjectInterface, nullptr),
+            componentBadPointer);
+  for (const char* name : {"DllRegisterServer", "DllUnregisterServer", "DllCanUnloadNow"}) {
+    EXPECT_EQ(reinterpret_cast<int (*)()>(dlsym(library, name))(), componentOk) << name;
+  }
+  dlclose(library);
+  EXPECT_FALSE(isLoaded());
+}
+
+TEST(Component, StaysInUseWhileAnObjectOrALockIsLeft) {
+  TestHost services;
+  host::ComponentLibrary library(COMPONENT_FILE, services.platform());
+  EXPECT_TRUE(library.canUnload());
+  auto first = library.createControl();
+  auto second = library.createControl();
+  EXPECT_FALSE(library.canUnload());
+  first.reset();
+  EXPECT_FALSE(library.canUnload());
+  second.reset();
+  EXPECT_TRUE(library.canUnload());
+
+  library.classObject().lockServer(false);
+  library.classObject().lockServer(true);
+  library.classObject().lockServer(true);
+  library.classObject().lockServer(false);
+  EXPECT_FALSE(library.canUnload());
+  library.classObject().lockServer(false);
+  EXPECT_TRUE(library.canUnload());
+}
+
+TEST(Component, CreatesNothingUnknownNorWithoutAPlatform) {
+  TestHost services;
+  const auto numberOf = [](ClassObject& object) {
+    try {
+      object.createInstance(classAutoNotifyCtrl);
+    } catch (const PlatformError& error) {
+      return error.number();
+    }
+    return 0;
+  };
+  const PlatformServices whole = services.platform();
+  const PlatformServices parts[] = {{},
+                                    {nullptr, whole.clock, whole.formHost},
+                                    {whole.classRegistry, nullptr, whole.formHost},
+                                    {whole.classRegistry, whole.clock, nullptr}};
+  for (const PlatformServices& part : parts) {
+    host::ComponentLibrary library(COMPONENT_FILE, part);
+    EXPECT_EQ(library.classObject().createInstance("hvAutoNotifyCtrl6.clsOther"), nullptr);
+    EXPECT_EQ(numberOf(library.classObject()), error_number::objectNotSet);
+    EXPECT_TRUE(library.canUnload());
+  }
+  class EmptyRegistry : public HostClassRegistry {
+    std::unique_ptr<HostObject> create(std::string_view name) override {
+      throw PlatformError(error_number::cannotCreateObject, "unknown", std::string(name));
+    }
+  } empty;
+  host::ComponentLibrary library(COMPONENT_FILE, {&empty, whole.clock, whole.formHost});
+  EXPECT_EQ(numberOf(library.classObject()), error_number::cannotCreateObject);
+  EXPECT_TRUE(library.canUnload());
+}
+
+TEST(Component, LoadsAndUnloadsManyTimes) {
+  for (int i = 0; i < 30; ++i) {
+    {
+      ComponentHost host;
+      EXPECT_TRUE(isLoaded());
+      EXPECT_TRUE(host.control->cls_IsFaxSelected(2));
+      EXPECT_EQ(host.errors.entered(), 2) << "the operation and its procedure";
+    }
+    ASSERT_FALSE(isLoaded());
+  }
+}
+
+TEST(Component, LoadersOfOneFileShareItUntilTheLastIsGone) {
+  TestHost services;
+  auto first = std::make_unique<host::ComponentLibrary>(COMPONENT_FILE, services.platform());
+  {
+    host::ComponentLibrary second(COMPONENT_FILE, services.platform());
+    const auto control = first->createControl();
+    EXPECT_FALSE(second.canUnload());
+  }
+  EXPECT_TRUE(isLoaded());
+  EXPECT_TRUE(first->canUnload());
+  first.reset();
+  EXPECT_FALSE(isLoaded());
+}
+
+TEST(Component, ObjectOutlivesItsLoader) {
+  TestHost services;
+  std::unique_ptr<clsAutoNotifyCtrl> control;
+  {
+    host::ComponentLibrary library(COMPONENT_FILE, services.platform());
+    control = library.createControl();
+  }
+  EXPECT_TRUE(control->cls_IsPhoneSelected(9));
+  control.reset();
+  // Two closings: the one that was left out, and the one of this look.
+  void* library = dlopen(COMPONENT_FILE, RTLD_NOW | RTLD_NOLOAD);
+  ASSERT_TRUE(library);
+  dlclose(library);
+  dlclose(library);
+  EXPECT_FALSE(isLoaded());
+}
+
+// The loader.
+
+class Locating : public testing::Test {
+ protected:
+  Locating() { fs::create_directories(folder); }
+  ~Locating() override { fs::remove_all(folder); }
+  const fs::path folder =
+      fs::temp_directory_path() / ("hvautonotify-locate-" + std::to_string(getpid()));
+};
+
+TEST_F(Locating, TakesAFileOrItsFolder) {
+  const fs::path file = folder / host::ComponentLibrary::fileName;
+  std::ofstream(file) << "no library";
+  EXPECT_EQ(host::ComponentLibrary::locate(file), file);
+  EXPECT_EQ(host::ComponentLibrary::locate(folder), file);
+  TestHost services;
+  EXPECT_THROW(host::ComponentLibrary(file, services.platform()), host::ComponentError);
+}
+
+TEST_F(Locating, NamesThePlacesThatItTried) {
+  try {
+    host::ComponentLibrary::locate(folder / "nowhere");
+    FAIL();
+  } catch (const host::ComponentError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr((folder / "nowhere").string()));
+  }
+}
+
+TEST_F(Locating, AnotherLibraryIsNotTheComponent) {
+  TestHost services;
+  try {
+    host::ComponentLibrary library("libm.so.6", services.platform());
+    FAIL();
+  } catch (const host::ComponentError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("DllGetClassObject"));
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::test

@@ -1,0 +1,272 @@
+#include <gmock/gmock.h>
+
+#include "component_host.h"
+#include "control/contract/enumerations.h"
+#include "support/fault_walk.h"
+
+namespace autonotify::test {
+namespace {
+
+constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
+
+// One office for all operations: a company with a default contact, an entry of it with an email and
+// a fax (the fax sent), a stale bit for a letter, and an older entry with an email.
+constexpr Id client = 1, company = 1, person = 1, entry = 1, oldEntry = 2;
+constexpr Id emailRow = 1, faxRow = 2, oldRow = 3, nextRow = 4;
+
+void fillOffice(ComponentHost& host) {
+  const auto add = [&](const char* table, const char* key, const RowFields& fields) {
+    host.addTestRow(table, key, fields);
+  };
+  add("AccountantFirmInfo", "CompanyID", {{"CompanyName", "Fisher & Lind"}});
+  add("Companies", "CompanyID", {{"CompanyName", "Maple Ltd"}, {"Email", "office@maple.example"}});
+  add("ClientData", "ClientDataID", {{"CompanyIDNum", "1"}});
+  add("Contacts", "ContactID", {{"DisplayName", "Jo Park"}, {"BusinessPhone_Main", "555-0122"}});
+  add("ContactLinks", "ContactLinkID",
+      {{"ContactIDNum", "1"}, {"CompanyNum", "1"}, {"DefaultContact", "True"}});
+  add("ScheduleTypes", "ScheduleTypeID",
+      {{"TotalNum", "103"}, {"ScheduleNum", "1"}, {"NotificationPeriod", "1"}});
+  for (const char* bits : {"7", "1"}) {
+    add("Schedule", "ScheduleID",
+        {{"ClientNum", "1"},
+         {"totalNum", "103"},
+         {"scheduleNum", "1"},
+         {"scheduleName", "GST Return"},
+         {"DueDate", toText(dueDate)},
+         {"notifyType", bits}});
+  }
+  const auto addNotification = [&](const char* schedule, const char* channel, const char* sent) {
+    add("ClientNotification", "ClientNotificationID",
+        {{"ScheduleIDNum", schedule},
+         {"NotificationType", channel},
+         {"NotificationDate", "2026-04-01"},
+         {"Field1", std::string("to ") + schedule + channel},
+         {"NotificationSent", sent}});
+  };
+  addNotification("1", "1", "False");
+  addNotification("1", "2", "True");
+  addNotification("2", "1", "False");
+}
+
+/// An operation of the control, its result in the office, and what is left of it when the person
+/// leaves at the very first host call.
+struct Operation {
+  const char* name;
+  std::function<std::string(clsAutoNotifyCtrl&)> run;
+  std::string result;
+  std::string atOnceLeft;
+  int rowsAdded = 0;
+};
+
+std::string text(bool flag) {
+  return flag ? "True" : "False";
+}
+std::string text(int number) {
+  return std::to_string(number);
+}
+
+/// An operation without a result: what it wrote tells.
+template <class Call>
+Operation action(const char* name, Call call) {
+  return {name,
+          [call](clsAutoNotifyCtrl& control) {
+            call(control);
+            return std::string{};
+          },
+          "", ""};
+}
+
+// The first statement of an add belongs to the date, which is then the zero date; the row is added.
+template <class Call>
+Operation addition(const char* name, Call call) {
+  return {name, [call](clsAutoNotifyCtrl& control) { return text(call(control)); }, text(nextRow),
+          text(nextRow), 1};
+}
+
+template <class Call>
+Operation question(const char* name, Call call, std::string result, std::string atOnceLeft) {
+  return {name, [call](clsAutoNotifyCtrl& control) { return text(call(control)); },
+          std::move(result), std::move(atOnceLeft)};
+}
+
+using Control = clsAutoNotifyCtrl;
+
+const Operation operations[] = {
+    question(
+        "doesClientHave",
+        [](Control& c) { return c.cls_doesClientHaveAssociatedUnsentNotifications(client); },
+        "True", "False"),
+    action("cancelAll", [](Control& c) { c.cls_cancelAllUnsentNotificationsForClientID(client); }),
+    question(
+        "getNotificationID", [](Control& c) { return c.cls_getNotificationID(entry, nt_Fax); }, "2",
+        "-1"),
+    question(
+        "statusOfARow", [](Control& c) { return c.cls_getNotificationStatus(entry, nt_Fax); },
+        "True", "False"),
+    question(
+        "statusOfAStaleBit",
+        [](Control& c) { return c.cls_getNotificationStatus(entry, nt_Letter); }, "False", "False"),
+    action("changeDate",
+           [](Control& c) { c.cls_ChangeNotificationNotifiedDate(emailRow, dueDate); }),
+    question(
+        "addStatus",
+        [](Control& c) { return c.cls_changeNotificationStatus(nt_Phone, nt_AddStatus, entry); },
+        "True", "True"),
+    question(
+        "needToSend", [](Control& c) { return c.cls_needToSendAutoNotificationsToday(); }, "True",
+        "False"),
+    addition("addEmail",
+             [](Control& c) { return c.cls_addNewEmailNotificationFromScheduleIDNum(entry); }),
+    addition("addEmailByName",
+             [](Control& c) {
+               return c.cls_addNewEmailNotificationFromScheduleNameAndDueDate(
+                   entry, -1, company, -1, "GST", dueDate, "Hello");
+             }),
+    action("editEmail",
+           [](Control& c) { c.cls_editEmailNotification(emailRow, "a", "b", "c", "d", "e"); }),
+    addition("addFax",
+             [](Control& c) { return c.cls_addNewFaxNotificationFromScheduleIDNum(entry); }),
+    addition("addFaxByName",
+             [](Control& c) {
+               return c.cls_addNewFaxNotificationFromScheduleNameAndDueDate(
+                   entry, -1, company, -1, "GST", dueDate, "Hello");
+             }),
+    action(
+        "editFax",
+        [](Control& c) { c.cls_editFaxNotification(faxRow, "a", "b", "c", "d", "e", "f", "g"); }),
+    addition("addLetter",
+             [](Control& c) { return c.cls_addNewLetterNotificationFromScheduleIDNum(entry); }),
+    addition("addLetterByName",
+             [](Control& c) {
+               return c.cls_addNewLetterNotificationFromScheduleNameAndDueDate(
+                   entry, -1, company, -1, "GST", dueDate, "Hello");
+             }),
+    action("editLetter", [](Control& c) { c.cls_editLetterNotification(emailRow, ""); }),
+    addition("addPhone",
+             [](Control& c) { return c.cls_addNewPhoneNotificationFromScheduleIDNum(entry); }),
+    addition("addPhoneByName",
+             [](Control& c) {
+               return c.cls_addNewPhoneNotificationFromScheduleNameAndDueDate(
+                   entry, -1, -1, person, "GST", dueDate, "Hello");
+             }),
+    action("editPhone",
+           [](Control& c) { c.cls_editPhoneNotification(emailRow, "a", "b", "c", "d"); }),
+    action("copyBySchedule",
+           [](Control& c) {
+             c.cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum(emailRow, oldEntry);
+           }),
+    action("delete", [](Control& c) { c.cls_deleteNotification(oldRow); }),
+    question(
+        "period", [](Control& c) { return int{c.cls_getNotificationPeriod(103, 1)}; }, "-1", "-15"),
+    action("refreshDate", [](Control& c) { c.cls_refreshNotificationDate(entry); }),
+    {"comment",
+     [](Control& c) { return c.cls_generateClientAutoNotifyComment(entry).empty() ? "" : "text"; },
+     "text", ""},
+};
+
+const std::string& officeContent() {
+  static const std::string content = [] {
+    ComponentHost host;
+    fillOffice(host);
+    return host.snapshot();
+  }();
+  return content;
+}
+
+class Operations : public testing::TestWithParam<Operation> {};
+
+TEST_P(Operations, GiveTheResultOfTheirProcedure) {
+  ComponentHost host(&officeContent());
+  const int before = host.notificationCount();
+  EXPECT_EQ(GetParam().run(*host.control), GetParam().result);
+  const bool deletes = std::string(GetParam().name) == "delete";
+  EXPECT_EQ(host.notificationCount() - before, deletes ? -1 : GetParam().rowsAdded);
+  EXPECT_EQ(host.errors.entered(), host.errors.left());
+  EXPECT_GE(host.errors.entered(), 2) << "the operation's frame and the procedure's";
+  EXPECT_EQ(host.errors.dialogs(), 0);
+}
+
+TEST_P(Operations, SurviveAFailureOfAnyHostCall) {
+  FaultWalk walk;
+  walk.makeHost = [] { return std::make_unique<ComponentHost>(&officeContent()); };
+  walk.run = [](TestHost& host) {
+    return GetParam().run(*static_cast<ComponentHost&>(host).control);
+  };
+  walk.defaultResult = GetParam().atOnceLeft;
+  const FaultWalkReport report = walkFaults(walk);
+  EXPECT_GT(report.hostCalls, 3);
+  RecordProperty("hostCalls", report.hostCalls);
+}
+
+INSTANTIATE_TEST_SUITE_P(Control, Operations, testing::ValuesIn(operations),
+                         [](const auto& operation) { return std::string(operation.param.name); });
+
+TEST(OperationEffects, WriteTheRowsThatTheyName) {
+  ComponentHost host(&officeContent());
+  Control& control = *host.control;
+  control.cls_editEmailNotification(emailRow, "", "cc@maple.example");
+  control.cls_editPhoneNotification(oldRow, "Jo", "", "mornings");
+  control.cls_changeNotificationStatus(nt_Fax, nt_RemoveStatus, entry);
+  control.cls_ChangeNotificationNotifiedDate(faxRow, dueDate);
+  EXPECT_EQ(host.dump("SELECT Field1, Field2, Field3 FROM ClientNotification"),
+            "to 11|cc@maple.example|NULL|\nto 12|NULL|NULL|\nJo|NULL|mornings|\n");
+  EXPECT_EQ(host.dump("SELECT notifyType FROM Schedule"), "5|\n1|\n");
+  for (const bool forDisplay : {true, false}) {
+    EXPECT_EQ(control.cls_getNotificationPeriod(103, 1, forDisplay), forDisplay ? 1 : -1);
+  }
+  const bool selected[] = {control.cls_IsEmailSelected(1), control.cls_IsFaxSelected(2),
+                           control.cls_IsLetterSelected(4), control.cls_IsPhoneSelected(8)};
+  const bool cleared[] = {control.cls_IsEmailSelected(14), control.cls_IsFaxSelected(13),
+                          control.cls_IsLetterSelected(11), control.cls_IsPhoneSelected(7)};
+  EXPECT_THAT(selected, testing::Each(true));
+  EXPECT_THAT(cleared, testing::Each(false));
+}
+
+TEST(OperationEffects, CopyByIdMeetsItsUnfinishedStatement) {
+  ComponentHost host(&officeContent());
+  host.errors.answer({error_choice::leave});
+  host.control->cls_copyOldNotificationInfoToNewNotification(emailRow, oldRow);
+  EXPECT_EQ(host.errors.dialogs(), 1);
+  EXPECT_EQ(host.errors.entered(), host.errors.left());
+}
+
+// Frames.
+
+TEST(Frames, PersistentFailureAsksAgainUntilThePersonLeaves) {
+  ComponentHost host(&officeContent());
+  host.calls.reset();
+  host.calls.failAt(1, 100);
+  host.errors.answer({error_choice::quit, 0, -4, 99, error_choice::leave});
+  EXPECT_EQ(host.control->cls_getNotificationID(entry, nt_Fax), noId);
+  EXPECT_EQ(host.errors.dialogs(), 5);
+  EXPECT_EQ(host.calls.count(), 5) << "each retry repeats the statement";
+  EXPECT_EQ(host.errors.left(), 2);
+  EXPECT_EQ(host.errors.recorded().at(0).tag, "Morvane.exe-modNotifyClients-getNotificationID")
+      << "the innermost procedure is on top";
+}
+
+TEST(Frames, SkippedStatementGoesOnWithTheNext) {
+  const auto moveDate = [](int failedCall) {
+    ComponentHost host(&officeContent());
+    host.calls.reset();
+    host.calls.record(true);
+    if (failedCall > 0) {
+      host.calls.failAt(failedCall);
+      host.errors.answer({error_choice::next});
+    }
+    host.control->cls_ChangeNotificationNotifiedDate(emailRow, dueDate);
+    const auto& log = host.calls.log();
+    const auto stamp = std::find_if(log.begin(), log.end(), [](const std::string& line) {
+      return line.starts_with("updateFieldValue ClientNotificationModifiedStamp");
+    });
+    return std::pair(static_cast<int>(stamp - log.begin()) + 1,
+                     host.dump("SELECT ClientNotificationModifiedStamp IS NULL, NotificationDate "
+                               "FROM ClientNotification WHERE ClientNotificationID=1"));
+  };
+  const auto [stampCall, clean] = moveDate(0);
+  EXPECT_EQ(clean, "0|2026-04-30|\n");
+  EXPECT_EQ(moveDate(stampCall).second, "1|2026-04-30|\n");
+}
+
+}  // namespace
+}  // namespace autonotify::test
