@@ -58,6 +58,10 @@ struct Operation {
   int rowsAdded = 0;
 };
 
+std::ostream& operator<<(std::ostream& out, const Operation& operation) {
+  return out << operation.name;
+}
+
 std::string text(bool flag) {
   return flag ? "True" : "False";
 }

@@ -39,11 +39,12 @@ class Adding : public StoreTest {
   Adding() {
     addTestRow("AccountantFirmInfo", "CompanyID",
                {{"CompanyName", "Fisher & Lind"}, {"FaxNumber", "555-0100"}});
-    addTestRow("ScheduleTypes", "ScheduleTypeID",
-               {{"TotalNum", "103"},
-                {"ScheduleNum", "1"},
-                {"NotificationPeriod", "5"},
-                {"NotificationComment", "{\\rtf1\\ansi Dear client\\par }"}});
+    addTestRow(
+        "ScheduleTypes", "ScheduleTypeID",
+        {{"TotalNum", "103"},
+         {"ScheduleNum", "1"},
+         {"NotificationPeriod", "5"},
+         {"NotificationComment", "{\\rtf1\\ansi Dear client, your return is due soon.\\par }"}});
   }
 
   Id addClient(const RowFields& company) {
@@ -98,6 +99,10 @@ struct RecipientCase {
   RowFields person;   ///< none for a company without a default contact
   std::string email, fax, phone;
 };
+
+std::ostream& operator<<(std::ostream& out, const RecipientCase& recipient) {
+  return out << recipient.name;
+}
 
 const std::string sender = "Fisher & Lind|555-0100|";
 const std::string pages = "|1 (including cover page)|" + subject;
@@ -376,7 +381,9 @@ TEST_F(Adding, FirmRuleNamesTheInHouseDateInTheEmailOfAnEntryAlone) {
 TEST_F(Adding, MemoIsTheMergedTemplateOfTheEntry) {
   const Id entry = addEntry(addClient({{"CompanyName", "Maple Ltd"}}), noId);
   for (const ChannelAdds& adds : allAdds) {
-    EXPECT_EQ(textOf(adds.fromId(entry), "Memo"), generateClientAutoNotifyComment(entry));
+    const std::string memo = textOf(adds.fromId(entry), "Memo");
+    EXPECT_THAT(memo, HasSubstr("Dear client"));
+    EXPECT_EQ(memo, generateClientAutoNotifyComment(entry));
   }
 }
 
