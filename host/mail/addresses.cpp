@@ -72,9 +72,15 @@ bool isAddress(std::string_view address) {
          isDomain(address.substr(at + 1));
 }
 
+/// A closing bracket before an opening one, on which the mail library's parser loses memory.
+bool hasStrayBracket(std::string_view entry) {
+  return !entry.starts_with('"') && entry.find('>') < entry.find('<');
+}
+
 /// The entry when it is one mailbox.
 std::optional<Mailbox> readMailbox(const std::string& entry) {
-  if (!isValidUtf8(entry) || std::ranges::any_of(entry, isControl)) return std::nullopt;
+  if (!isValidUtf8(entry) || std::ranges::any_of(entry, isControl) || hasStrayBracket(entry))
+    return std::nullopt;
   const ParserOptionsHandle options = strictParserOptions();
   const GHandle<InternetAddressList> list(
       internet_address_list_parse(options.get(), entry.c_str()));

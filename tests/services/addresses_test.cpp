@@ -28,6 +28,7 @@ TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
       {"Jane Smith <jane@client.example>", {{"Jane Smith", "jane@client.example"}}},
       {"\"Smith, Jane; CPA\" <jane@client.example>; b@x.example",
        {{"Smith, Jane; CPA", "jane@client.example"}, {"", "b@x.example"}}},
+      {"\"a>b\" <a@x.example>", {{"a>b", "a@x.example"}}},
       {"\"The \\\"A\\\" Team\" <a@x.example>", {{"The \"A\" Team", "a@x.example"}}},
       {"Élodie Côté <elodie@client.example>", {{"Élodie Côté", "elodie@client.example"}}},
       {"o'brien+tax@sub.client.example", {{"", "o'brien+tax@sub.client.example"}}},
@@ -50,6 +51,7 @@ TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
                                   "<>",
                                   "Jane <>",
                                   "jane@client.example>",
+                                  "jane@client.example> <a@x.example>",
 
                                   "team: a@x.example",
                                   "undisclosed-recipients:",

@@ -127,7 +127,7 @@ Value anyValue(std::mt19937& random) {
     case 1:
       return random() % 2 == 0;
     case 2:
-      return static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -1) * 4294967296;
+      return static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -1) * 2147483647;
     case 3:
       return std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 100);
     case 4:
