@@ -125,18 +125,21 @@ class clsInsertFieldsInRTB {
   bool findField(Step& step, int column, const std::string& name);
   void readFieldByName(Step& step, int column, const std::string& name, std::string& result);
   void translateName(Step& step, int from, int to, std::string& name);
-  std::string readCurrentField(Step& step);
-  void formatByType(Step& step, int dataType, const std::string& format, std::string& value);
+  Value readCurrentField(Step& step);
+  bool formatByType(Step& step, const Value& value, int dataType, const std::string& format,
+                    std::string& result);
+  Value fieldValue(std::optional<MergeSource> source, std::string& fieldName);
+  Value readFieldOf(Step& step, MergeSource source, std::string& fieldName);
   std::optional<MergeSource> sourceOfCurrentField(Step& step);
-  std::string readColumn(Step& step, MergeSource source, const std::string& column);
+  Value readColumn(Step& step, MergeSource source, const std::string& column);
   bool isInheritingCompany(Step& step);
-  std::string readInherited(Step& step, const InheritedField& field);
-  std::string readContactAndSpouseName(Step& step, MergeSource source, std::string& fieldName);
-  std::string readAbbreviatedProvince(Step& step, MergeSource source, std::string& fieldName);
-  std::string readCompanyType(Step& step, MergeSource source, std::string& fieldName);
-  std::string readCodedField(Step& step, MergeSource source, std::string& fieldName);
-  std::string readYearEnd(Step& step, MergeSource source, std::string& fieldName);
-  std::string readTimeDuration(Step& step, MergeSource source, std::string& fieldName);
+  Value readInherited(Step& step, const InheritedField& field);
+  Value readContactAndSpouseName(Step& step, MergeSource source, std::string& fieldName);
+  Value readAbbreviatedProvince(Step& step, MergeSource source, std::string& fieldName);
+  Value readCompanyType(Step& step, MergeSource source, std::string& fieldName);
+  Value readCodedField(Step& step, MergeSource source, std::string& fieldName);
+  Value readYearEnd(Step& step, MergeSource source, std::string& fieldName);
+  Value readTimeDuration(Step& step, MergeSource source, std::string& fieldName);
   void writeInherited(Step& step, const std::string& fieldName, const std::string& value);
   void writeColumn(Step& step, MergeSource source, const std::string& column,
                    const std::string& value);
@@ -160,8 +163,8 @@ class clsInsertFieldsInRTB {
 
   // The same text from the tokens that occur, as far as no value brings marks of its own.
   std::shared_ptr<const TemplateLayout> layoutOfTemplate(Step& step);
-  const std::vector<FieldClaim>* claimsOn(Step& step,
-                                          const std::shared_ptr<const TemplateLayout>& layout);
+  std::optional<std::vector<FieldClaim>> claimsOn(
+      Step& step, const std::shared_ptr<const TemplateLayout>& layout);
   std::string mergeByLayout(Step& step, const TemplateLayout& layout,
                             const std::vector<FieldClaim>& claims);
   std::vector<MergeField> readMergeFields();

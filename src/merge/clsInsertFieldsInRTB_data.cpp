@@ -1,6 +1,7 @@
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_catalogue.h"
 #include "merge/field_list_columns.h"
+#include "merge/merge_values.h"
 #include "platform/format.h"
 #include "platform/text.h"
 
@@ -9,6 +10,30 @@ namespace {
 
 constexpr std::string_view documentsGroup = "DocsAndInstructionsInfo";
 constexpr int firstFormattedYear = 1900;
+
+/// Nothing for a value that prints in its text form.
+std::optional<std::string> formattedValue(const Value& value, FieldType type,
+                                          const std::string& format) {
+  switch (type) {
+    case FieldType::date: {
+      const DateTime date = toDateTime(value);
+      if (date.year() < firstFormattedYear) return std::nullopt;
+      return formatDateTime(date, format.empty() ? "mmm d, yyyy" : format);
+    }
+    case FieldType::time:
+      return formatDateTime(toDateTime(value), "h:Nn am/pm");
+    case FieldType::currency:
+      return formatNumber(toDouble(value), "$#,##0.00;$-#,##0.00");
+    case FieldType::yesNo:
+      return toFlag(value) ? "Yes" : "No";
+    case FieldType::duration:
+      return validation().getDurationText(toInteger(Value(toDouble(value) * 60)));
+    case FieldType::text:
+    case FieldType::documentsList:
+      break;
+  }
+  return std::nullopt;
+}
 
 }  // namespace
 
@@ -41,26 +66,25 @@ Id clsInsertFieldsInRTB::getTaskIDFromScheduleIDNum(Id scheduleID) {
 }
 
 std::string clsInsertFieldsInRTB::getDataFieldInfo(int index, const std::string& format) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-getDataFieldInfo", std::string{},
-                   [&](Step& step, std::string& result) {
-                     if (!step.value(false, [&] { return fields().selectEntry(index); })) return;
-                     const int type = step.value(
-                         0, [&] { return toInteger(fields().getItem(field_column::dataType)); });
-                     if (TestComment) {
-                       step.assign(result, [&] {
-                         const Value sample = fields().getItem(field_column::sample);
-                         return toText(generalUtilities().textOrDefault(sample, false));
-                       });
-                     } else if (isDatabaseOpen(step)) {
-                       result = readCurrentField(step);
-                       if (!result.empty()) formatByType(step, type, format, result);
-                     }
-                     if (!result.empty() && ConvertStrToRTF) result = convertToRTF(result);
-                   });
+  return procedure(
+      "Morvane.exe-clsInsertFieldsInRTB-getDataFieldInfo", std::string{},
+      [&](Step& step, std::string& result) {
+        if (!step.value(false, [&] { return fields().selectEntry(index); })) return;
+        const int type =
+            step.value(0, [&] { return toInteger(fields().getItem(field_column::dataType)); });
+        if (TestComment) {
+          step.assign(result, [&] { return textOf(fields().getItem(field_column::sample)); });
+        } else if (isDatabaseOpen(step)) {
+          const Value value = readCurrentField(step);
+          if (!formatByType(step, value, type, format, result))
+            step.assign(result, [&] { return textOf(value); });
+        }
+        if (!result.empty() && ConvertStrToRTF) result = convertToRTF(result);
+      });
 }
 
-/// The field of the list's current row, as text and not yet formatted.
-std::string clsInsertFieldsInRTB::readCurrentField(Step& step) {
+/// The field of the list's current row, not yet formatted.
+Value clsInsertFieldsInRTB::readCurrentField(Step& step) {
   std::string fieldName;
   step.assign(fieldName, [&] { return toText(fields().getItem(field_column::databaseField)); });
   const std::string group =
@@ -71,37 +95,20 @@ std::string clsInsertFieldsInRTB::readCurrentField(Step& step) {
   step.run([] { formHost().pumpMessages(); });
   step.run([] { formHost().pumpMessages(); });
   if (!sources_.goToRow(step, *source)) return {};
-  return getDataFieldFromRecordset(fieldName);
+  return fieldValue(source, fieldName);
 }
 
-void clsInsertFieldsInRTB::formatByType(Step& step, int dataType, const std::string& format,
-                                        std::string& value) {
-  switch (static_cast<FieldType>(dataType)) {
-    case FieldType::date:
-      step.run([&] {
-        const DateTime date = toDateTime(value);
-        if (date.year() < firstFormattedYear) return;
-        value = formatDateTime(date, format.empty() ? "mmm d, yyyy" : format);
-      });
-      break;
-    case FieldType::time:
-      step.assign(value, [&] { return formatDateTime(toDateTime(value), "h:Nn am/pm"); });
-      break;
-    case FieldType::currency:
-      step.assign(value, [&] { return formatNumber(toDouble(value), "$#,##0.00;$-#,##0.00"); });
-      break;
-    case FieldType::yesNo:
-      step.assign(value, [&] { return toFlag(value) ? "Yes" : "No"; });
-      break;
-    case FieldType::duration:
-      step.assign(value, [&] {
-        return validation().getDurationText(toInteger(Value(toDouble(value) * 60)));
-      });
-      break;
-    case FieldType::text:
-    case FieldType::documentsList:
-      break;
-  }
+/// False when the value stays in its text form.
+bool clsInsertFieldsInRTB::formatByType(Step& step, const Value& value, int dataType,
+                                        const std::string& format, std::string& result) {
+  if (isEmptyValue(value)) return false;
+  bool isFormatted = false;
+  step.run([&] {
+    const auto formatted = formattedValue(value, static_cast<FieldType>(dataType), format);
+    isFormatted = formatted.has_value();
+    if (isFormatted) result = *formatted;
+  });
+  return isFormatted;
 }
 
 std::string clsInsertFieldsInRTB::getMergeDataFromFieldName(const std::string& fieldName) {

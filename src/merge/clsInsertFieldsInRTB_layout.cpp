@@ -77,14 +77,15 @@ std::shared_ptr<const TemplateLayout> clsInsertFieldsInRTB::layoutOfTemplate(Ste
   return layout;
 }
 
-/// Nullptr when the text must be merged by the rules.
-const std::vector<FieldClaim>* clsInsertFieldsInRTB::claimsOn(
+/// Nothing when the text must be merged by the rules. A copy, as reading a value handles messages,
+/// which may merge with this object anew.
+std::optional<std::vector<FieldClaim>> clsInsertFieldsInRTB::claimsOn(
     Step& step, const std::shared_ptr<const TemplateLayout>& layout) {
-  if (!layout->isRegular()) return nullptr;
+  if (!layout->isRegular()) return std::nullopt;
   if (isFieldListLent_) claims_.forget();
   if (!claims_.knowsFields()) step.run([&] { claims_.learnFields(readMergeFields()); });
-  if (!claims_.knowsFields() || !claims_.canClaim()) return nullptr;
-  return &claims_.claimsOn(layout);
+  if (!claims_.knowsFields() || !claims_.canClaim()) return std::nullopt;
+  return claims_.claimsOn(layout);
 }
 
 std::vector<MergeField> clsInsertFieldsInRTB::readMergeFields() {

@@ -33,15 +33,15 @@ std::string clsInsertFieldsInRTB::parseRTBComment() {
   return procedure("Morvane.exe-clsInsertFieldsInRTB-parseRTBComment", std::string{},
                    [&](Step& step, std::string& result) {
                      const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate(step);
-                     std::string text = layout->text();
-                     if (!verifyFieldListIsPopulated()) {
-                       result = replaceUnfoundMergeFieldsWithBlanks(text);
-                     } else if (const std::vector<FieldClaim>* claims = claimsOn(step, layout)) {
+                     const bool hasFields = verifyFieldListIsPopulated();
+                     const auto claims = hasFields ? claimsOn(step, layout) : std::nullopt;
+                     if (claims) {
                        result = mergeByLayout(step, *layout, *claims);
-                     } else {
-                       mergeByRules(step, text);
-                       result = replaceUnfoundMergeFieldsWithBlanks(text);
+                       return;
                      }
+                     std::string text = layout->text();
+                     if (hasFields) mergeByRules(step, text);
+                     result = replaceUnfoundMergeFieldsWithBlanks(text);
                    });
 }
 

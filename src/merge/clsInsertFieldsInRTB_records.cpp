@@ -3,6 +3,7 @@
 
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_list_columns.h"
+#include "merge/merge_values.h"
 #include "merge/modCodeTexts.h"
 #include "platform/format.h"
 #include "platform/text.h"
@@ -14,7 +15,7 @@ struct clsInsertFieldsInRTB::DerivedField {
   MergeSource source;
   std::string_view name;
   /// Gives the value; nullptr for a column that is read as named.
-  std::string (clsInsertFieldsInRTB::*read)(Step& step, MergeSource source, std::string& fieldName);
+  Value (clsInsertFieldsInRTB::*read)(Step& step, MergeSource source, std::string& fieldName);
   bool anyCase = false;
   bool isWritten = false;
 };
@@ -96,28 +97,33 @@ const Self::DerivedField* clsInsertFieldsInRTB::findDerivedField(MergeSource sou
                                                                  const std::string& name) {
   for (const DerivedField& field : derivedFields) {
     if (field.source != source) continue;
+    if (field.name.size() != name.size()) continue;
     if (field.anyCase ? equalIgnoreCase(field.name, name) : field.name == name) return &field;
   }
   return nullptr;
 }
 
 std::string clsInsertFieldsInRTB::getDataFieldFromRecordset(std::string& fieldName) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-getDataFieldFromRecordset", std::string{},
-                   [&](Step& step, std::string& result) {
+  return textOf(fieldValue(std::nullopt, fieldName));
+}
+
+/// Without a source that of the list's current row is read.
+Value clsInsertFieldsInRTB::fieldValue(std::optional<MergeSource> source, std::string& fieldName) {
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-getDataFieldFromRecordset", Value{},
+                   [&](Step& step, Value& result) {
                      if (!isDatabaseOpen(step)) return;
-                     const auto source = sourceOfCurrentField(step);
-                     if (!source) return;
-                     const InheritedField* const inherited =
-                         *source == MergeSource::contact ? findInheritedField(fieldName) : nullptr;
-                     const DerivedField* const derived = findDerivedField(*source, fieldName);
-                     if (inherited && isInheritingCompany(step)) {
-                       result = readInherited(step, *inherited);
-                     } else if (derived && derived->read) {
-                       result = (this->*derived->read)(step, *source, fieldName);
-                     } else {
-                       result = readColumn(step, *source, fieldName);
-                     }
+                     if (!source) source = sourceOfCurrentField(step);
+                     if (source) result = readFieldOf(step, *source, fieldName);
                    });
+}
+
+Value clsInsertFieldsInRTB::readFieldOf(Step& step, MergeSource source, std::string& fieldName) {
+  const InheritedField* const inherited =
+      source == MergeSource::contact ? findInheritedField(fieldName) : nullptr;
+  if (inherited && isInheritingCompany(step)) return readInherited(step, *inherited);
+  const DerivedField* const derived = findDerivedField(source, fieldName);
+  if (derived && derived->read) return (this->*derived->read)(step, source, fieldName);
+  return readColumn(step, source, fieldName);
 }
 
 std::optional<MergeSource> clsInsertFieldsInRTB::sourceOfCurrentField(Step& step) {
@@ -126,13 +132,9 @@ std::optional<MergeSource> clsInsertFieldsInRTB::sourceOfCurrentField(Step& step
   return findMergeSource(group);
 }
 
-/// A column as text; empty for NULL.
-std::string clsInsertFieldsInRTB::readColumn(Step& step, MergeSource source,
-                                             const std::string& column) {
-  return step.value(std::string{}, [&] {
-    const Value value = database().getFieldValue(sources_.handleOf(source), column);
-    return value.isNull() ? std::string{} : toText(value);
-  });
+Value clsInsertFieldsInRTB::readColumn(Step& step, MergeSource source, const std::string& column) {
+  return step.value(Value{},
+                    [&] { return database().getFieldValue(sources_.handleOf(source), column); });
 }
 
 /// True when the contact goes by its company's address and the company's row is current.
@@ -147,59 +149,58 @@ bool clsInsertFieldsInRTB::isInheritingCompany(Step& step) {
          sources_.goToRow(step, MergeSource::company);
 }
 
-std::string clsInsertFieldsInRTB::readInherited(Step& step, const InheritedField& field) {
+Value clsInsertFieldsInRTB::readInherited(Step& step, const InheritedField& field) {
   const auto read = [&](bool own) {
     return own ? readColumn(step, MergeSource::contact, std::string(field.contactColumn))
                : readColumn(step, MergeSource::company, field.companyColumn);
   };
-  std::string value = read(field.ownComesFirst);
-  return value.empty() ? read(!field.ownComesFirst) : value;
+  Value value = read(field.ownComesFirst);
+  return isEmptyValue(value) ? read(!field.ownComesFirst) : value;
 }
 
-std::string clsInsertFieldsInRTB::readContactAndSpouseName(Step& step, MergeSource, std::string&) {
+Value clsInsertFieldsInRTB::readContactAndSpouseName(Step& step, MergeSource, std::string&) {
   return step.value(std::string{},
                     [&] { return clients().getContactAndSpouseName(contactID, true, 2); });
 }
 
-std::string clsInsertFieldsInRTB::readAbbreviatedProvince(Step& step, MergeSource source,
-                                                          std::string& fieldName) {
+Value clsInsertFieldsInRTB::readAbbreviatedProvince(Step& step, MergeSource source,
+                                                    std::string& fieldName) {
   fieldName = replaceAllIgnoreCase(fieldName, abbreviationWord, "");
-  std::string province = readColumn(step, source, fieldName);
+  std::string province = textOf(readColumn(step, source, fieldName));
   return getAbbreviatedProvince(province);
 }
 
-std::string clsInsertFieldsInRTB::readCompanyType(Step& step, MergeSource, std::string&) {
+Value clsInsertFieldsInRTB::readCompanyType(Step& step, MergeSource, std::string&) {
   constexpr MergeSource source = MergeSource::clientAccounting;
   if (!sources_.openOnDemand(step, source) || !sources_.goToRow(step, source)) return {};
-  const std::string code = readColumn(step, source, "CompanyType");
-  if (code.empty()) return {};
+  const Value code = readColumn(step, source, "CompanyType");
+  if (isEmptyValue(code)) return {};
   return step.value(std::string{}, [&] {
     std::int16_t number = toInteger16(code);
     return getCompanyTypeStringFromCompanyTypeNum(number);
   });
 }
 
-std::string clsInsertFieldsInRTB::readCodedField(Step& step, MergeSource source,
-                                                 std::string& fieldName) {
+Value clsInsertFieldsInRTB::readCodedField(Step& step, MergeSource source, std::string& fieldName) {
   const auto field = std::find_if(std::begin(codedFields), std::end(codedFields),
                                   [&](const CodedField& coded) { return coded.name == fieldName; });
   std::int16_t code = field->startingCode;
-  const std::string column = readColumn(step, source, fieldName);
-  if (!column.empty()) step.assign(code, [&] { return toInteger16(column); });
+  const Value column = readColumn(step, source, fieldName);
+  if (!isEmptyValue(column)) step.assign(code, [&] { return toInteger16(column); });
   return field->textOf(code);
 }
 
 /// The day of the year alone.
-std::string clsInsertFieldsInRTB::readYearEnd(Step& step, MergeSource source,
-                                              std::string& fieldName) {
-  std::string date = readColumn(step, source, fieldName);
-  if (!date.empty()) step.assign(date, [&] { return formatDateTime(toDateTime(date), "mmmm d"); });
+Value clsInsertFieldsInRTB::readYearEnd(Step& step, MergeSource source, std::string& fieldName) {
+  Value date = readColumn(step, source, fieldName);
+  if (!isEmptyValue(date))
+    step.assign(date, [&] { return Value(formatDateTime(toDateTime(date), "mmmm d")); });
   return date;
 }
 
 /// A task's times are read where an appointment's are; without an open appointment that fails, and
 /// the field has no value.
-std::string clsInsertFieldsInRTB::readTimeDuration(Step& step, MergeSource source, std::string&) {
+Value clsInsertFieldsInRTB::readTimeDuration(Step& step, MergeSource source, std::string&) {
   const RecordsetHandle handle = sources_.handleOf(
       source == MergeSource::docket ? MergeSource::docket : MergeSource::appointment);
   return step.value(std::string{}, [&] {

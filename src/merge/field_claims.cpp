@@ -30,15 +30,12 @@ const std::vector<FieldClaim>& FieldClaims::claimsOn(std::shared_ptr<const Templ
 }
 
 void FieldClaims::claim(const MergeField& field, int row, std::vector<bool>& isTaken) {
-  const std::size_t claimed = claims_.size();
   for (const TemplateLayout::Reading& reading : layout_->readingsOf(field.foldedName)) {
     const bool isPlain = reading.format == TemplateLayout::Reading::plain;
     if (isPlain == field.isDate || isTaken[reading.token]) continue;
     isTaken[reading.token] = true;
     claims_.push_back({row, reading.format, field.index, reading.token});
   }
-  std::sort(claims_.begin() + static_cast<std::ptrdiff_t>(claimed), claims_.end(),
-            [](const FieldClaim& a, const FieldClaim& b) { return a.format < b.format; });
 }
 
 }  // namespace autonotify

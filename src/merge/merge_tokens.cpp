@@ -1,7 +1,5 @@
 #include "merge/merge_tokens.h"
 
-#include <algorithm>
-
 #include "platform/text.h"
 
 namespace autonotify {
@@ -33,8 +31,13 @@ std::string dateToken(const MergeMarks& marks, std::string_view name, std::strin
 
 bool endsInsideMark(std::string_view text) {
   if (text.empty()) return false;
-  const std::string_view tail = text.substr(text.size() - std::min(text.size(), escapedLength - 1));
-  return text.back() == leadByte || tail.find('\\') != std::string_view::npos;
+  if (text.back() == leadByte) return true;
+  const std::size_t backslash = text.rfind('\\');
+  if (backslash == std::string_view::npos) return false;
+  const std::string_view tail = text.substr(backslash);
+  return tail.size() < escapedLength &&
+         (equalIgnoreCase(tail, escapedMarks.open.substr(0, tail.size())) ||
+          equalIgnoreCase(tail, escapedMarks.close.substr(0, tail.size())));
 }
 
 bool mayFormMark(std::string_view value) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 #include "platform/text.h"
 
@@ -15,15 +16,33 @@ bool holdsMark(std::string_view text, const MergeMarks& marks) {
 }
 
 /// The name in "(name, format)", or nothing for another format.
-std::optional<std::string_view> nameWithFormat(std::string_view content, std::string_view format) {
-  const std::size_t tailSize = format.size() + 3;
-  if (content.size() < tailSize + 1 || content.front() != '(' || content.back() != ')')
-    return std::nullopt;
-  const std::string_view tail = content.substr(content.size() - tailSize);
-  if (!tail.starts_with(", ") || !equalIgnoreCase(tail.substr(2, format.size()), format))
-    return std::nullopt;
-  return content.substr(1, content.size() - tailSize - 1);
+std::optional<std::string_view> nameWithFormat(std::string_view foldedContent,
+                                               std::string_view format) {
+  std::string_view rest = foldedContent;
+  for (const std::string_view tail : {std::string_view(")"), format, std::string_view(", ")}) {
+    if (!rest.ends_with(tail)) return std::nullopt;
+    rest.remove_suffix(tail.size());
+  }
+  if (!rest.starts_with('(')) return std::nullopt;
+  return rest.substr(1);
 }
+
+std::size_t shapeOf(std::string_view name) {
+  const unsigned first = name.empty() ? 0 : static_cast<unsigned char>(name.front());
+  return (name.size() * 37 + first) % 256;
+}
+
+struct ByName {
+  bool operator()(const TemplateLayout::Reading& a, const TemplateLayout::Reading& b) const {
+    return std::tie(a.foldedName, a.format) < std::tie(b.foldedName, b.format);
+  }
+  bool operator()(const TemplateLayout::Reading& a, std::string_view name) const {
+    return a.foldedName < name;
+  }
+  bool operator()(std::string_view name, const TemplateLayout::Reading& a) const {
+    return name < a.foldedName;
+  }
+};
 
 }  // namespace
 
@@ -37,6 +56,7 @@ TemplateLayout::TemplateLayout(std::string text) : text_(std::move(text)) {
   if (isBare && isEscaped) return;
   if (isEscaped) marks_ = &escapedMarks;
   isRegular_ = cutAtMarks(*marks_);
+  std::sort(readings_.begin(), readings_.end(), ByName());
 }
 
 bool TemplateLayout::cutAtMarks(const MergeMarks& marks) {
@@ -62,17 +82,24 @@ void TemplateLayout::addSlot(std::size_t begin, std::size_t end) {
   const auto [known, isNew] = tokens_.try_emplace(foldCase(content), firstSlots_.size());
   if (isNew) {
     firstSlots_.push_back(slots_.size());
-    addReadings(content, known->second);
+    addReadings(known->first, known->second);
   }
   slots_.push_back({begin, end, known->second});
 }
 
-void TemplateLayout::addReadings(std::string_view content, std::size_t token) {
+void TemplateLayout::addReadings(std::string_view foldedContent, std::size_t token) {
+  addReading(foldedContent, Reading::plain, token);
+  if (!foldedContent.starts_with('(')) return;
   for (std::size_t format = 0; format < mergeDateFormats.size(); ++format) {
-    const auto name = nameWithFormat(content, mergeDateFormats[format]);
-    if (name) readings_[foldCase(*name)].push_back({format, token});
+    const auto name = nameWithFormat(foldedContent, mergeDateFormats[format]);
+    if (name) addReading(*name, format, token);
   }
-  readings_[foldCase(content)].push_back({Reading::plain, token});
+}
+
+void TemplateLayout::addReading(std::string_view foldedName, std::size_t format,
+                                std::size_t token) {
+  readings_.push_back({foldedName, format, token});
+  nameShapes_.set(shapeOf(foldedName));
 }
 
 std::string TemplateLayout::tokenText(std::size_t token) const {
@@ -80,11 +107,12 @@ std::string TemplateLayout::tokenText(std::size_t token) const {
   return text_.substr(slot.begin, slot.end - slot.begin);
 }
 
-const std::vector<TemplateLayout::Reading>& TemplateLayout::readingsOf(
-    const std::string& foldedName) const {
-  static const std::vector<Reading> none;
-  const auto found = readings_.find(foldedName);
-  return found == readings_.end() ? none : found->second;
+std::span<const TemplateLayout::Reading> TemplateLayout::readingsOf(
+    std::string_view foldedName) const {
+  if (!nameShapes_.test(shapeOf(foldedName))) return {};
+  const auto [first, last] =
+      std::equal_range(readings_.begin(), readings_.end(), foldedName, ByName());
+  return {first, last};
 }
 
 TemplateLayoutCache& TemplateLayoutCache::instance() {

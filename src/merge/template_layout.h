@@ -1,7 +1,9 @@
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -24,14 +26,17 @@ class TemplateLayout {
     std::size_t end;
     std::size_t token;
   };
-  /// What a token means when a field has the name that leads here.
+  /// What a token means when a field has this name.
   struct Reading {
     static constexpr std::size_t plain = mergeDateFormats.size();
+    std::string_view foldedName;
     std::size_t format;  ///< of mergeDateFormats, or plain
     std::size_t token;
   };
 
   explicit TemplateLayout(std::string text);
+  TemplateLayout(const TemplateLayout&) = delete;
+  TemplateLayout& operator=(const TemplateLayout&) = delete;
 
   const std::string& text() const { return text_; }
   bool isRegular() const { return isRegular_; }
@@ -43,20 +48,25 @@ class TemplateLayout {
   /// The token's text as it stands in its first slot.
   std::string tokenText(std::size_t token) const;
   /// By the format. `foldedName`: see foldCase.
-  const std::vector<Reading>& readingsOf(const std::string& foldedName) const;
+  std::span<const Reading> readingsOf(std::string_view foldedName) const;
 
  private:
   bool cutAtMarks(const MergeMarks& marks);
   void addSlot(std::size_t begin, std::size_t end);
-  void addReadings(std::string_view content, std::size_t token);
+  void addReading(std::string_view foldedName, std::size_t format, std::size_t token);
+  void addReadings(std::string_view foldedContent, std::size_t token);
 
   std::string text_;
   const MergeMarks* marks_ = &bareMarks;
   bool isRegular_ = false;
   std::vector<Slot> slots_;
   std::vector<std::size_t> firstSlots_;
+  /// Numbers by folded content, which the readings point into.
   std::unordered_map<std::string, std::size_t> tokens_;
-  std::unordered_map<std::string, std::vector<Reading>> readings_;
+  /// By name, then by format.
+  std::vector<Reading> readings_;
+  /// Most names that no token has are told by their length and first byte.
+  std::bitset<256> nameShapes_;
 };
 
 /// Texts that differ in case alone have the same folded text.

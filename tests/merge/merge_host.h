@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -33,8 +34,13 @@ inline Id addRowTo(TestHost& host, const std::string& table, const char* keyColu
 class CountingFormHost : public FormHost {
  public:
   std::vector<Form*> openForms() override { return {}; }
-  void pumpMessages() override { ++pumps; }
+  void pumpMessages() override {
+    ++pumps;
+    if (auto message = std::exchange(nextMessage, nullptr)) message();
+  }
   int pumps = 0;
+  /// Handled by the next pump, once.
+  std::function<void()> nextMessage;
 };
 
 /// A merge object on a host with an empty database.

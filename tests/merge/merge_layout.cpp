@@ -121,7 +121,7 @@ TEST_F(MergeLayout, GivesWhatTheRulesGiveForWellFormedTemplates) {
   compare(fieldNames, values,
           {R"(\'abA\'bb)", R"(\'ABa\'Bb)", R"(\'abbé\'bb)", R"(\'ab(A, d)\'bb)",
            R"(\'ab(C, d, d)\'bb)", R"(\'ab\'bb)", R"(\'abFoo\'bb)",
-           R"(\'ab(Todays Date, yyyy)\'bb)", " ", "x", "\\par ", "{", "\\b"},
+           R"(\'ab(Todays Date, yyyy)\'bb)", " ", "x", "\\par ", "{", "\\b", "\\b "},
           2000);
 }
 
@@ -174,6 +174,10 @@ TEST_F(MergeLayout, IsRegularWhenMarksOfOneSpellingAlternate) {
       {"\\«A»", false, 0},
       {"\xC2«A»", false, 0},
       {R"(\'abA\'BB)", true, 1},
+      {R"(\b \'abA\'bb\b0 \i\'abA\'bb)", true, 2},
+      {R"(\'\'abA\'bb)", false, 0},
+      {R"(\'A\'abA\'bb)", false, 0},
+      {R"(\'e9\'abA\'bb)", true, 1},
   };
   for (const auto& [text, isRegular, slots] : cases) {
     const TemplateLayout layout{string(text)};
@@ -212,6 +216,20 @@ TEST_F(MergeLayout, NoticesARebuiltList) {
   EXPECT_TRUE(merged(text).starts_with(", "));
   listFields(8);
   EXPECT_EQ(merged(text), ofTask);
+}
+
+TEST_F(MergeLayout, StandsAMergeThatAMessageStartsWithinIt) {
+  merge->companyID =
+      addRow("Companies", "CompanyID", {{"CompanyName", "Elm Ltd."}, {"City", "Guelph"}});
+  merge->ListType = 8;
+  merge->initializeDataRecordsetsForSingleDocMerge();
+  string inner;
+  forms.nextMessage = [&] {
+    inner = merged("«City», «Company Name», «Country», «Email», «Fax Number», «Office Number».");
+  };
+  EXPECT_EQ(merged("Dear «Company Name» of «City», thank you for your visit in spring."),
+            "Dear Elm Ltd. of Guelph, thank you for your visit in spring.");
+  EXPECT_EQ(inner, "Guelph, Elm Ltd., , , , .");
 }
 
 TEST_F(MergeLayout, KeepsAFewTemplatesOfOrdinarySize) {
