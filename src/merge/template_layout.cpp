@@ -47,7 +47,12 @@ struct ByName {
 }  // namespace
 
 std::string foldCase(std::string_view text) {
-  return lowerCase(upperCase(text));
+  std::string folded(text);
+  for (char& byte : folded) {
+    if (static_cast<unsigned char>(byte) >= 0x80) return lowerCase(upperCase(text));
+    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+  }
+  return folded;
 }
 
 TemplateLayout::TemplateLayout(std::string text) : text_(std::move(text)) {
