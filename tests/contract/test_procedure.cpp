@@ -66,6 +66,32 @@ INSTANTIATE_TEST_SUITE_P(Choices, Choice,
                                          ChoiceRow{error_choice::quit, 2, true, 20},
                                          ChoiceRow{0, 2, true, 20}, ChoiceRow{7, 2, true, 20}));
 
+/// Fails after two steps of a calculation that the compiler would like to do right in its target.
+inline DateTime dayAfterTwo(Step& step, DateTime day) {
+  for (int i = 0; i < 3; ++i) {
+    step.assign(day, [&] {
+      if (i == 2) fail();
+      return day.addDays(1);
+    });
+  }
+  return day;
+}
+
+TEST_F(Procedure, TheResultIsUntouchedByACalculationThatWasLeft) {
+  host.errors.answer({error_choice::leave});
+  const DateTime start = DateTime::fromSerial(100, 5);
+  const DateTime result =
+      procedure(tag, start, [&](Step& step, DateTime& held) { held = dayAfterTwo(step, start); });
+  EXPECT_EQ(result, start);
+}
+
+TEST_F(Procedure, ATargetIsUntouchedByAStatementThatFailed) {
+  host.errors.answer({error_choice::next});
+  DateTime target = DateTime::fromSerial(100, 5);
+  procedure(tag, [&](Step& step) { step.assign(target, []() -> DateTime { fail(); }); });
+  EXPECT_EQ(target, DateTime::fromSerial(100, 5));
+}
+
 TEST_F(Procedure, LeavingTheInnerOneGoesOnInTheOuterOne) {
   host.errors.answer({error_choice::leave});
   const int result = procedure(tag, 1, [](Step& step, int& held) {

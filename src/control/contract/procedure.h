@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 
 #include "control/contract/errorClass.h"
 
@@ -35,6 +34,21 @@ namespace autonotify {
 /// throwing, which only the frame catches.
 bool shallRetryAfter(const PlatformError& error);
 
+// Code that may throw is run by a function that the compiler does not look into: g++ 12 otherwise
+// stores the value of an inlined call in its target although the call has thrown, and a target must
+// keep its old value then.
+#if defined(__clang__)
+#define AUTONOTIFY_OPAQUE __attribute__((noinline))
+#else
+#define AUTONOTIFY_OPAQUE __attribute__((noipa))
+#endif
+
+/// Calls `code(arguments...)`, out of the optimizer's sight.
+template <class Code, class... Arguments>
+AUTONOTIFY_OPAQUE void runOpaquely(Code& code, Arguments&... arguments) {
+  code(arguments...);
+}
+
 /// The statements of one procedure. Exists only inside a frame.
 class Step {
  public:
@@ -62,7 +76,7 @@ class Step {
   void attempt(Attempt&& statement) {
     for (;;) {
       try {
-        statement();
+        runOpaquely(statement);
         return;
       } catch (const PlatformError& error) {
         if (!shallRetryAfter(error)) return;
@@ -93,7 +107,7 @@ Result procedure(std::string_view tag, Result result, Body&& body) {
   const ProcedureFrame frame(tag);
   Step step;
   try {
-    std::forward<Body>(body)(step, result);
+    runOpaquely(body, step, result);
   } catch (const LeaveProcedure&) {
   }
   return result;
@@ -105,7 +119,7 @@ void procedure(std::string_view tag, Body&& body) {
   const ProcedureFrame frame(tag);
   Step step;
   try {
-    std::forward<Body>(body)(step);
+    runOpaquely(body, step);
   } catch (const LeaveProcedure&) {
   }
 }
