@@ -10,7 +10,8 @@ constexpr int updatingUse = 5;
 
 clsInsertFieldsInRTB::clsInsertFieldsInRTB() {
   procedure("Morvane.exe-clsInsertFieldsInRTB-Class_Initialize", [&](Step& step) {
-    step.assign(fieldList_, [] { return createHostObject<GridColumnList>(); });
+    step.assign(fieldList_,
+                [] { return std::make_unique<FieldList>(createHostObject<GridColumnList>()); });
   });
 }
 
@@ -24,7 +25,6 @@ clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
 
 void clsInsertFieldsInRTB::Terminate() {
   procedure("Morvane.exe-clsInsertFieldsInRTB-Terminate", [&](Step& step) {
-    claims_.forget();
     if (fieldList_) {
       step.run([&] { fieldList_->clearEntries(); });
       fieldList_.reset();
@@ -48,11 +48,13 @@ void clsInsertFieldsInRTB::put_scheduleID(Id scheduleID) {
 }
 
 GridColumnList* clsInsertFieldsInRTB::get_FieldList() {
-  isFieldListLent_ = true;
-  return fieldList_.get();
+  return procedure("Morvane.exe-clsInsertFieldsInRTB-get_FieldList",
+                   static_cast<GridColumnList*>(nullptr), [&](Step& step, GridColumnList*& result) {
+                     if (fieldList_) result = fieldList_->lend(step);
+                   });
 }
 
-GridColumnList& clsInsertFieldsInRTB::fields() {
+FieldList& clsInsertFieldsInRTB::fields() {
   if (!fieldList_) throw PlatformError(error_number::objectNotSet, "Object not set", "FieldList");
   return *fieldList_;
 }

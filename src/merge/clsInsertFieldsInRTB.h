@@ -115,9 +115,11 @@ class clsInsertFieldsInRTB {
   static const InheritedField* findInheritedField(const std::string& name);
 
   /// Throws PlatformError (91) when there is no list.
-  GridColumnList& fields();
-  /// What the blocks of the catalogue are added to.
-  FieldListTarget fieldListTarget(GridColumnList& list, bool noListBox);
+  FieldList& fields();
+  // What the blocks of the catalogue are added to: the list of this object, or one given from
+  // outside.
+  FieldListTarget ownTarget(ListBox* box);
+  FieldListTarget targetOf(GridColumnList& list, bool noListBox);
   void createFieldListWithoutListBoxes();
   void closeAllRecordsets();
 
@@ -163,11 +165,9 @@ class clsInsertFieldsInRTB {
 
   // The same text from the tokens that occur, as far as no value brings marks of its own.
   std::shared_ptr<const TemplateLayout> layoutOfTemplate(Step& step);
-  std::optional<std::vector<FieldClaim>> claimsOn(
+  std::shared_ptr<const FieldClaims> claimsOnLayout(
       Step& step, const std::shared_ptr<const TemplateLayout>& layout);
-  std::string mergeByLayout(Step& step, const TemplateLayout& layout,
-                            const std::vector<FieldClaim>& claims);
-  std::vector<MergeField> readMergeFields();
+  std::string mergeByLayout(Step& step, const TemplateLayout& layout, const FieldClaims& claims);
 
   // The validation.
   std::string firstFault(Step& step, const std::string& text, const MergeMarks& marks,
@@ -176,12 +176,10 @@ class clsInsertFieldsInRTB {
   std::string faultOfUnknownName(Step& step, const std::string& name);
 
   int mergeFieldListUse_ = 1;
-  std::unique_ptr<GridColumnList> fieldList_;
+  std::unique_ptr<FieldList> fieldList_;
   /// Rows added to the list since it was last emptied; the key of the newest one.
   int fieldRowCount_ = 0;
-  bool isFieldListLent_ = false;
   MergeSources sources_{*this};
-  FieldClaims claims_;
 };
 
 }  // namespace autonotify

@@ -107,24 +107,29 @@ class ListBoxesDetached {
 
 }  // namespace
 
-FieldListTarget clsInsertFieldsInRTB::fieldListTarget(GridColumnList& list, bool noListBox) {
-  claims_.forget();
-  return {list, noListBox ? nullptr : listBox, ShowListCategoryHeaders, fieldRowCount_,
+FieldListTarget clsInsertFieldsInRTB::ownTarget(ListBox* box) {
+  return {[this](Step& step, const SharedFieldRows& rows, int firstKey) {
+            fieldList_->addRows(step, rows, firstKey);
+          },
+          box, ShowListCategoryHeaders, fieldRowCount_, mergeFieldListUse_};
+}
+
+FieldListTarget clsInsertFieldsInRTB::targetOf(GridColumnList& list, bool noListBox) {
+  return {[&list](Step& step, const SharedFieldRows& rows, int firstKey) {
+            addRowsTo(step, list, *rows, firstKey);
+          },
+          noListBox ? nullptr : listBox, ShowListCategoryHeaders, fieldRowCount_,
           mergeFieldListUse_};
 }
 
 void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool& clearListBox) {
   procedure("Morvane.exe-clsInsertFieldsInRTB-createDefaultFieldListStructure", [&](Step& step) {
     noListBox = listBox == nullptr;
-    GridColumnList* list = nullptr;
-    step.assign(list, [&] { return &fields(); });
-    if (!list) return;
-    const FieldListTarget target = fieldListTarget(*list, noListBox);
-    step.run([&] { list->clearEntries(); });
+    step.run([&] { fields().clearEntries(); });
     fieldRowCount_ = 0;
     if (listBox && clearListBox) listBox->clear();
     if (listBox && mergeFieldListUse_ == useForAssigning) addListBoxLine(*listBox, "Not Assigned");
-    addFieldSections(target, ListType, companyID);
+    if (fieldList_) addFieldSections(ownTarget(listBox), ListType, companyID);
     if (listBox) step.run([&] { listBox->refresh(); });
     createAccountantFieldListStructure(false, true);
   });
@@ -132,33 +137,30 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool
 
 void clsInsertFieldsInRTB::createCompanyInfoFieldListStructure(GridColumnList& list,
                                                                bool noListBox) {
-  addFieldBlock(companyTag, fieldListTarget(list, noListBox), companyBlock);
+  addFieldBlock(companyTag, targetOf(list, noListBox), companyBlock);
 }
 
 void clsInsertFieldsInRTB::createAppointmentInfoFieldListStructure(GridColumnList& list,
                                                                    bool noListBox) {
-  addFieldBlock(appointmentTag, fieldListTarget(list, noListBox), appointmentBlock);
+  addFieldBlock(appointmentTag, targetOf(list, noListBox), appointmentBlock);
 }
 
 void clsInsertFieldsInRTB::createTaskInfoFieldListStructure(GridColumnList& list, bool noListBox) {
-  addFieldBlock(taskTag, fieldListTarget(list, noListBox), taskBlock);
+  addFieldBlock(taskTag, targetOf(list, noListBox), taskBlock);
 }
 
 void clsInsertFieldsInRTB::createDocketInfoFieldListStructure(GridColumnList& list,
                                                               bool noListBox) {
-  addFieldBlock(docketTag, fieldListTarget(list, noListBox), timeEntryBlock);
+  addFieldBlock(docketTag, targetOf(list, noListBox), timeEntryBlock);
 }
 
 void clsInsertFieldsInRTB::createAccountantFieldListStructure(bool noListBox, bool clearListBox) {
   procedure("Morvane.exe-clsInsertFieldsInRTB-createAccountantFieldListStructure", [&](Step& step) {
-    GridColumnList* list = nullptr;
-    step.assign(list, [&] { return &fields(); });
-    if (!list) return;
-    FieldListTarget target = fieldListTarget(*list, true);
-    if (!noListBox) target.box = listBox2;
-    if (target.box && clearListBox) target.box->clear();
-    if (target.box) addListBoxLine(*target.box, "Insert your Letterhead");
-    FieldListBuilder(step, target).addBlock(firmBlock);
+    if (!fieldList_) return;
+    ListBox* const box = noListBox ? nullptr : listBox2;
+    if (box && clearListBox) box->clear();
+    if (box) addListBoxLine(*box, "Insert your Letterhead");
+    FieldListBuilder(step, ownTarget(box)).addBlock(firmBlock);
   });
 }
 

@@ -1,6 +1,5 @@
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_catalogue.h"
-#include "merge/field_list_columns.h"
 #include "merge/province_terms.h"
 #include "merge/template_rewrites.h"
 
@@ -77,35 +76,19 @@ std::shared_ptr<const TemplateLayout> clsInsertFieldsInRTB::layoutOfTemplate(Ste
   return layout;
 }
 
-/// Nothing when the text must be merged by the rules. A copy, as reading a value handles messages,
-/// which may merge with this object anew.
-std::optional<std::vector<FieldClaim>> clsInsertFieldsInRTB::claimsOn(
+/// Null when the text must be merged by the rules.
+std::shared_ptr<const FieldClaims> clsInsertFieldsInRTB::claimsOnLayout(
     Step& step, const std::shared_ptr<const TemplateLayout>& layout) {
-  if (!layout->isRegular()) return std::nullopt;
-  if (isFieldListLent_) claims_.forget();
-  if (!claims_.knowsFields()) step.run([&] { claims_.learnFields(readMergeFields()); });
-  if (!claims_.knowsFields() || !claims_.canClaim()) return std::nullopt;
-  return claims_.claimsOn(layout);
-}
-
-std::vector<MergeField> clsInsertFieldsInRTB::readMergeFields() {
-  GridColumnList& list = fields();
-  std::vector<MergeField> result;
-  const int count = list.getEntryCount();
-  result.reserve(static_cast<std::size_t>(count));
-  for (int row = 1; row <= count; ++row) {
-    list.selectEntry(row);
-    const int type = toInteger(list.getItem(field_column::dataType));
-    result.push_back({foldCase(toText(list.getItem(field_column::displayName))),
-                      toInteger(list.getEntryKey()), type == static_cast<int>(FieldType::date)});
-  }
-  return result;
+  if (!layout->isRegular()) return nullptr;
+  std::shared_ptr<const MergeFields> known;
+  step.assign(known, [&] { return fields().mergeFields(); });
+  return known && known->canClaim ? claimsOn(known, layout) : nullptr;
 }
 
 /// Fields are read in the order of the list, as some values depend on those read before. From the
 /// first value on that brings marks, the rules take over where the layout has got to.
 std::string clsInsertFieldsInRTB::mergeByLayout(Step& step, const TemplateLayout& layout,
-                                                const std::vector<FieldClaim>& claims) {
+                                                const FieldClaims& claims) {
   TokenTexts texts(layout);
   for (const FieldClaim& claim : claims) {
     const bool isPlain = claim.format == TemplateLayout::Reading::plain;

@@ -34,7 +34,7 @@ std::string clsInsertFieldsInRTB::parseRTBComment() {
                    [&](Step& step, std::string& result) {
                      const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate(step);
                      const bool hasFields = verifyFieldListIsPopulated();
-                     const auto claims = hasFields ? claimsOn(step, layout) : std::nullopt;
+                     const auto claims = hasFields ? claimsOnLayout(step, layout) : nullptr;
                      if (claims) {
                        result = mergeByLayout(step, *layout, *claims);
                        return;

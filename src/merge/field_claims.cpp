@@ -1,41 +1,41 @@
 #include "merge/field_claims.h"
 
-#include <algorithm>
+#include "merge/recent_entries.h"
 
 namespace autonotify {
+namespace {
 
-void FieldClaims::forget() {
-  knowsFields_ = false;
-  layout_.reset();
-}
+constexpr std::size_t keptClaims = 32;
 
-void FieldClaims::learnFields(std::vector<MergeField> fields) {
-  fields_ = std::move(fields);
-  layout_.reset();
-  knowsFields_ = true;
-  canClaim_ = std::none_of(fields_.begin(), fields_.end(),
-                           [](const MergeField& field) { return mayFormMark(field.foldedName); });
-}
-
-const std::vector<FieldClaim>& FieldClaims::claimsOn(std::shared_ptr<const TemplateLayout> layout) {
-  if (layout_ == layout) return claims_;
-  layout_ = std::move(layout);
-  claims_.clear();
-  std::vector<bool> isTaken(layout_->tokenCount());
-  static const MergeField todaysDate{foldCase(todaysDateName), 0, true};
-  claim(todaysDate, 0, isTaken);
-  for (std::size_t i = 0; i < fields_.size(); ++i)
-    claim(fields_[i], static_cast<int>(i) + 1, isTaken);
-  return claims_;
-}
-
-void FieldClaims::claim(const MergeField& field, int row, std::vector<bool>& isTaken) {
-  for (const TemplateLayout::Reading& reading : layout_->readingsOf(field.foldedName)) {
+void addClaims(const MergeField& field, int row, const TemplateLayout& layout,
+               std::vector<bool>& isTaken, FieldClaims& claims) {
+  for (const TemplateLayout::Reading& reading : layout.readingsOf(field.foldedName)) {
     const bool isPlain = reading.format == TemplateLayout::Reading::plain;
     if (isPlain == field.isDate || isTaken[reading.token]) continue;
     isTaken[reading.token] = true;
-    claims_.push_back({row, reading.format, field.index, reading.token});
+    claims.push_back({row, reading.format, field.index, reading.token});
   }
+}
+
+std::shared_ptr<const FieldClaims> tellClaims(const std::vector<MergeField>& fields,
+                                              const TemplateLayout& layout) {
+  static const MergeField todaysDate{foldCase(todaysDateName), 0, true};
+  auto claims = std::make_shared<FieldClaims>();
+  std::vector<bool> isTaken(layout.tokenCount());
+  addClaims(todaysDate, 0, layout, isTaken, *claims);
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    addClaims(fields[i], static_cast<int>(i) + 1, layout, isTaken, *claims);
+  }
+  return claims;
+}
+
+}  // namespace
+
+std::shared_ptr<const FieldClaims> claimsOn(const std::shared_ptr<const MergeFields>& fields,
+                                            const std::shared_ptr<const TemplateLayout>& layout) {
+  using Key = std::pair<std::shared_ptr<const MergeFields>, std::shared_ptr<const TemplateLayout>>;
+  static RecentEntries<Key, std::shared_ptr<const FieldClaims>> known(keptClaims);
+  return known.findOrMake({fields, layout}, [&] { return tellClaims(fields->fields, *layout); });
 }
 
 }  // namespace autonotify

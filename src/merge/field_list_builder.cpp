@@ -1,57 +1,27 @@
 #include "merge/field_list_builder.h"
 
-#include <map>
-#include <vector>
+#include <utility>
 
 #include "control/contract/enumerations.h"
 #include "control/contract/recordsets.h"
 #include "control/contract/references.h"
 #include "merge/field_list_columns.h"
 #include "merge/province_terms.h"
+#include "merge/recent_entries.h"
 
 namespace autonotify {
 namespace {
 
-constexpr std::size_t columnCount = field_column::length;
-using FieldItems = std::array<Value, columnCount>;
+/// Enough for the parts of the catalogue under a few settings, and a few firms' labels.
+constexpr std::size_t keptParts = 64;
 
-constexpr std::size_t displayNameItem = field_column::displayName - 1;
-constexpr std::size_t sampleItem = field_column::sample - 1;
-
-FieldItems itemsOf(const std::string& displayName, const std::string& column,
-                   std::string_view group, FieldType type, std::string_view sample,
-                   std::int16_t length) {
-  return {Value(column),
-          Value(displayName),
-          Value(std::string(group)),
-          Value(static_cast<std::int16_t>(type)),
-          Value(std::string(sample)),
-          length == untold ? Value() : Value(length)};
-}
-
-struct PreparedField {
-  const FieldDefinition* field;
-  FieldItems items;
-};
-
-std::vector<PreparedField> prepare(const FieldPart& part, std::string_view blockGroup) {
-  std::vector<PreparedField> fields;
-  fields.reserve(part.rows.size());
-  for (const FieldDefinition& row : part.rows) {
-    fields.push_back({&row, itemsOf(std::string(part.displayPrefix).append(row.displayName),
-                                    std::string(part.columnPrefix).append(row.column),
-                                    row.group.empty() ? blockGroup : row.group, row.type,
-                                    row.sample, row.length)});
-  }
-  return fields;
-}
-
-/// The part's rows as the list takes them, made once per process.
-const std::vector<PreparedField>& preparedFields(const FieldPart& part, std::string_view group) {
-  static std::map<const FieldPart*, std::vector<PreparedField>> parts;
-  const auto known = parts.find(&part);
-  if (known != parts.end()) return known->second;
-  return parts.emplace(&part, prepare(part, group)).first->second;
+FieldRow rowOf(const std::string& displayName, const std::string& column, std::string_view group,
+               FieldType type, const std::string& sample, std::int16_t length) {
+  const bool hasLength = length != untold;
+  return {
+      {Value(column), Value(displayName), Value(std::string(group)),
+       Value(static_cast<std::int16_t>(type)), Value(sample), hasLength ? Value(length) : Value()},
+      hasLength ? std::size_t{field_column::length} : std::size_t{field_column::sample}};
 }
 
 std::string federalTaxWord(FederalTax tax, DateTime today) {
@@ -79,6 +49,18 @@ std::string labelSql(const CustomFields& custom) {
 std::string customName(std::string label, int number, const std::string& defaultName) {
   if (label.ends_with(':')) label.pop_back();
   return label.empty() || label == numbered("Custom ", number) ? defaultName : label;
+}
+
+SharedFieldRows customFields(const CustomFields& custom, const std::array<std::string, 5>& names,
+                             std::string_view group) {
+  constexpr std::int16_t customLength = 50;
+  auto rows = std::make_shared<FieldRows>();
+  for (int number = 1; number <= 5; ++number) {
+    rows->push_back(rowOf(names[static_cast<std::size_t>(number - 1)],
+                          numbered(custom.column, number), group, FieldType::text,
+                          numbered("Custom Info ", number), customLength));
+  }
+  return rows;
 }
 
 }  // namespace
@@ -119,43 +101,48 @@ FieldListBuilder::FieldListBuilder(Step& step, const FieldListTarget& target)
 }
 
 void FieldListBuilder::addBlock(const FieldBlock& block) {
+  using PartKey = std::pair<const FieldPart*, FieldListSetting>;
+  static RecentEntries<PartKey, SharedFieldRows> parts(keptParts);
+  using CustomKey = std::pair<const CustomFields*, std::array<std::string, 5>>;
+  static RecentEntries<CustomKey, SharedFieldRows> customs(keptParts);
   for (const FieldPart& part : block.parts) {
     if (!part.header.empty()) {
       if (target_.box && target_.hasHeaders) addListBoxHeader(*target_.box, part.header, false);
     } else if (part.custom) {
-      addCustomFields(*part.custom, block.group);
+      const CustomKey key{part.custom, customNames(*part.custom)};
+      add(customs.findOrMake(key,
+                             [&] { return customFields(*part.custom, key.second, block.group); }));
     } else {
-      addFields(part, block.group);
+      add(parts.findOrMake({&part, setting_}, [&] { return fieldsOf(part, block.group); }));
     }
   }
 }
 
-void FieldListBuilder::addFields(const FieldPart& part, std::string_view group) {
+/// The part's fields that this installation and use have, in the catalogue's order.
+SharedFieldRows FieldListBuilder::fieldsOf(const FieldPart& part, std::string_view group) const {
+  auto rows = std::make_shared<FieldRows>();
   const field_condition::Set holding = setting_.conditions();
-  for (const PreparedField& prepared : preparedFields(part, group)) {
-    const FieldDefinition& field = *prepared.field;
+  for (const FieldDefinition& field : part.rows) {
     if (field.when & ~holding) continue;
-    const std::size_t count = field.length == untold ? columnCount - 1 : columnCount;
-    if (field.label == InstallationLabel::none && field.sampleYear == SampleYear::none) {
-      addRow(std::span(prepared.items).first(count));
-      continue;
-    }
-    FieldItems items = prepared.items;
-    items[displayNameItem] = setting_.wordFor(field.label) + toText(items[displayNameItem]);
+    std::string sample(field.sample);
     if (field.sampleYear != SampleYear::none) {
       const int year = setting_.today.year() - (field.sampleYear == SampleYear::previous ? 1 : 0);
-      items[sampleItem] = numbered(field.sample, year);
+      sample = numbered(field.sample, year);
     }
-    addRow(std::span(items).first(count));
+    rows->push_back(
+        rowOf(setting_.wordFor(field.label).append(part.displayPrefix).append(field.displayName),
+              std::string(part.columnPrefix).append(field.column),
+              field.group.empty() ? group : field.group, field.type, sample, field.length));
   }
+  return rows;
 }
 
-void FieldListBuilder::addCustomFields(const CustomFields& custom, std::string_view group) {
-  constexpr std::int16_t customLength = 50;
-  const std::array<std::string, 5> names = customNames(custom);
-  for (int number = 1; number <= 5; ++number) {
-    addRow(itemsOf(names[static_cast<std::size_t>(number - 1)], numbered(custom.column, number),
-                   group, FieldType::text, numbered("Custom Info ", number), customLength));
+void FieldListBuilder::add(const SharedFieldRows& rows) {
+  target_.addRows(step_, rows, target_.rowCount + 1);
+  for (const FieldRow& row : *rows) {
+    ++target_.rowCount;
+    if (!target_.box) continue;
+    addListBoxLine(*target_.box, toText(row.item(field_column::displayName)), target_.rowCount);
   }
 }
 
@@ -172,12 +159,6 @@ std::array<std::string, 5> FieldListBuilder::customNames(const CustomFields& cus
     }
   });
   return names;
-}
-
-void FieldListBuilder::addRow(std::span<const Value> items) {
-  const int key = ++target_.rowCount;
-  step_.run([&] { target_.list.addEntry(Value(key), items); });
-  if (target_.box) addListBoxLine(*target_.box, toText(items[displayNameItem]), key);
 }
 
 void addListBoxLine(ListBox& box, const std::string& text, int itemData) {

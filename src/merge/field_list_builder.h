@@ -1,12 +1,12 @@
 #pragma once
 
 #include <array>
-#include <span>
+#include <functional>
 #include <string>
 
-#include "control/contract/GridColumnList.h"
 #include "control/contract/procedure.h"
 #include "merge/field_catalogue.h"
+#include "merge/field_table.h"
 #include "platform/DateTime.h"
 #include "platform/ListBox.h"
 
@@ -23,11 +23,14 @@ struct FieldListSetting {
   /// The conditions that hold.
   field_condition::Set conditions() const;
   std::string wordFor(InstallationLabel label) const;
+  /// Settings that are equal have the same fields on the same day.
+  friend bool operator==(const FieldListSetting&, const FieldListSetting&) = default;
 };
 
 /// A field list under construction and what shows it.
 struct FieldListTarget {
-  GridColumnList& list;
+  /// Appends the rows under the keys from `firstKey` on.
+  std::function<void(Step& step, const SharedFieldRows& rows, int firstKey)> addRows;
   ListBox* box;     ///< null: the rows are shown nowhere
   bool hasHeaders;  ///< the list box shows category headers
   int& rowCount;    ///< the key of the row added last; goes on from there
@@ -45,10 +48,8 @@ class FieldListBuilder {
   void addBlock(const FieldBlock& block);
 
  private:
-  void addFields(const FieldPart& part, std::string_view group);
-  void addCustomFields(const CustomFields& custom, std::string_view group);
-  /// `items` are columns 1 onward of the field list.
-  void addRow(std::span<const Value> items);
+  SharedFieldRows fieldsOf(const FieldPart& part, std::string_view group) const;
+  void add(const SharedFieldRows& rows);
   std::array<std::string, 5> customNames(const CustomFields& custom);
 
   Step& step_;
