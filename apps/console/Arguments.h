@@ -28,20 +28,24 @@ struct GlobalOptions {
 /// Arguments of all commands; each command reads its own.
 struct Arguments {
   Id task = noId;
+  Id notification = noId;
   std::vector<Id> notifications;
   std::vector<notifyType> channels;
   std::optional<Id> client;
   std::optional<Id> contact;
   std::optional<DateTime> until;
-  DateTime date;
+  std::optional<DateTime> date;
   std::string file;
   bool due = false;
   bool dryRun = false;
+  bool markOnly = false;
+  bool again = false;
   bool plain = false;
   bool rtf = false;
   bool force = false;
   bool demo = false;
   int clients = 500;
+  int pastNotifications = 0;
   std::uint64_t seed = 1;
   std::string country = "ca";
   std::string province;

@@ -13,12 +13,20 @@ enum ExitCode : int { exitDone = 0, exitRefused = 1, exitUsage = 2, exitDatabase
 
 /// What a command has to say: the same once for people and once for programs.
 struct Reply {
+  /// Line feeds and tabs apart, control characters do not reach the output.
   std::string text;
+  /// Stands after the text and is printed as it is, unless a terminal shows it.
+  std::string document;
   Json data;
   /// Things that did not work while the rest did; one line each, for standard error.
   std::vector<std::string> complaints;
   ExitCode exitCode = exitDone;
 };
+
+/// The words of a failure without what is of use to programmers only, such as its statement.
+inline std::string firstLine(const std::string& description) {
+  return description.substr(0, description.find('\n'));
+}
 
 /// The command ends here: one clear line for standard error and an exit code.
 class Refusal : public std::runtime_error {

@@ -21,7 +21,7 @@ std::unique_ptr<DatabaseReference> openDatabase(const std::string& path) {
   try {
     return host::openSqlite(path);
   } catch (const host::DatabaseError& error) {
-    throw Refusal(error.description(), exitDatabase);
+    throw Refusal(firstLine(error.description()), exitDatabase);
   }
 }
 
@@ -37,10 +37,6 @@ host::Terminal makeTerminal(const GlobalOptions& options) {
   return isInteractive ? host::Terminal{&std::cin, &std::cerr} : host::Terminal{};
 }
 
-std::string outboxFolder(const GlobalOptions& options) {
-  return options.outbox.empty() ? options.database + ".outbox" : options.outbox;
-}
-
 }  // namespace
 
 Session::Session(const GlobalOptions& options)
@@ -52,9 +48,13 @@ Session::Session(const GlobalOptions& options)
       locale_(host::LocaleSettings{}),
       workingFolder_((fs::temp_directory_path() / "hvnotify").string()),
       clients_(std::make_unique<host::ClientDirectory>(*database_)),
-      outbox_(outboxFolder(options)) {
+      hasOwnOutbox_(options.outbox.empty()),
+      outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
   readFirm(options);
-  registry_.registerClass(EmailSender::className, [this] { return newEmailSender(); });
+  registry_.registerClass(EmailSender::className, [this] {
+    makeOutbox();
+    return newEmailSender();
+  });
   loadComponent();
 }
 
@@ -112,10 +112,12 @@ std::string Session::messageIdentity(Id notification) const {
   return fmt::format("{}/notification/{}", databaseIdentity_, notification);
 }
 
+void Session::makeOutbox() {
+  std::error_code leftToTheSender;
+  if (hasOwnOutbox_) fs::create_directory(outbox_, leftToTheSender);
+}
+
 std::unique_ptr<host::OutboxEmailSender> Session::newEmailSender() {
-  std::error_code ignored;
-  fs::create_directories(outbox_,
-                         ignored);  // a folder that cannot be made is the sender's to report
   auto sender =
       std::make_unique<host::OutboxEmailSender>(host::OutboxSettings{outbox_, {}}, *clock_);
   sender->put_errorClass(&errors_);
@@ -129,8 +131,9 @@ std::unique_ptr<host::OutboxEmailSender> Session::newEmailSender() {
 std::string Session::errorLine(const std::vector<host::RecordedError>& errors) {
   if (errors.empty()) return {};
   const host::RecordedError& first = errors.front();
-  std::string line = first.description.substr(0, first.description.find('\n'));
-  if (errors.size() > 1) line += fmt::format(" (and {} more errors)", errors.size() - 1);
+  std::string line = firstLine(first.description);
+  const std::size_t others = errors.size() - 1;
+  if (others > 0) line += fmt::format(" (and {} more error{})", others, others == 1 ? "" : "s");
   return line;
 }
 

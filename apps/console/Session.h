@@ -34,11 +34,12 @@ class Session {
   host::HostLocale& locale() { return locale_; }
   Clock& clock() { return *clock_; }
   DateTime today() { return clock_->today(); }
-  /// Where emails go: the option, or a folder beside the database.
-  const std::string& outbox() const { return outbox_; }
 
   /// The name of a notification's message for all time, unlike that of any other database's.
   std::string messageIdentity(Id notification) const;
+  /// Makes the folder beside the database. One that was named must be there: a folder made in its
+  /// place could hide that a disk is not mounted.
+  void makeOutbox();
   /// A sender with all references set, for one message.
   std::unique_ptr<host::OutboxEmailSender> newEmailSender();
 
@@ -68,6 +69,8 @@ class Session {
   std::unique_ptr<host::ClientDirectory> clients_;
   host::ClassRegistry registry_;
   host::HeadlessFormHost forms_;
+  /// Beside the database, not named by an option.
+  bool hasOwnOutbox_;
   std::string outbox_;
   std::string databaseIdentity_;
   std::unique_ptr<host::ComponentLibrary> library_;

@@ -1,6 +1,10 @@
 #include "TextTable.h"
 
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <numeric>
 
 #include "host/services/Terminal.h"
 #include "platform/text.h"
@@ -8,42 +12,78 @@
 namespace autonotify::console {
 namespace {
 
-constexpr std::size_t widestCell = 40;
+constexpr std::size_t gap = 2;
+constexpr std::size_t widestPadding = 40;
+constexpr std::size_t narrowestColumn = 8;
 
-/// The cell in one line of at most `widestCell` characters, cut with an ellipsis.
-std::string fit(const std::string& cell) {
-  std::string line = host::terminalText(cell);
-  std::replace(line.begin(), line.end(), '\n', ' ');
-  if (characterCount(line) <= widestCell) return line;
+using Widths = std::vector<std::size_t>;
+
+std::size_t terminalWidth() {
+  winsize size{};
+  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
+bool continuesCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// The first `width` characters of what is longer, the last of them an ellipsis.
+std::string cut(const std::string& cell, std::size_t width) {
+  if (characterCount(cell) <= width) return cell;
   std::size_t end = 0;
-  for (std::size_t taken = 0; taken < widestCell - 1; ++taken) {
+  for (std::size_t taken = 0; taken + 1 < width; ++taken) {
     do ++end;
-    while (end < line.size() && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80);
+    while (end < cell.size() && continuesCharacter(cell[end]));
   }
-  return line.substr(0, end) + "…";
+  return cell.substr(0, end) + "…";
+}
+
+/// Takes from the widest column until all fit, or none can give any more.
+void narrow(Widths& widths, std::size_t screenWidth) {
+  const std::size_t gaps = gap * (widths.size() - 1);
+  while (std::accumulate(widths.begin(), widths.end(), gaps) > screenWidth) {
+    const auto widest = std::max_element(widths.begin(), widths.end());
+    if (*widest <= narrowestColumn) return;
+    --*widest;
+  }
 }
 
 }  // namespace
 
-std::string TextTable::toText() const {
-  std::vector<std::vector<std::string>> fitted = rows_;
-  std::vector<std::size_t> widths(rows_.front().size());
-  for (auto& row : fitted) {
+void TextTable::add(std::vector<std::string> cells) {
+  for (std::string& cell : cells) {
+    cell = host::terminalText(cell);
+    std::replace_if(
+        cell.begin(), cell.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
+  }
+  rows_.push_back(std::move(cells));
+}
+
+std::string TextTable::toText(std::size_t screenWidth) const {
+  Widths widths(rows_.front().size());
+  for (const auto& row : rows_) {
     for (std::size_t i = 0; i < row.size(); ++i) {
-      row[i] = fit(row[i]);
-      widths[i] = std::max(widths[i], characterCount(row[i]));
+      const std::size_t width = characterCount(row[i]);
+      if (screenWidth > 0 || width <= widestPadding) widths[i] = std::max(widths[i], width);
     }
   }
+  if (screenWidth > 0) narrow(widths, screenWidth);
   std::string text;
-  for (const auto& row : fitted) {
-    std::string line;
+  for (const auto& row : rows_) {
     for (std::size_t i = 0; i < row.size(); ++i) {
-      line += row[i];
-      if (i + 1 < row.size()) line.append(widths[i] - characterCount(row[i]) + 2, ' ');
+      const std::string cell = screenWidth > 0 ? cut(row[i], widths[i]) : row[i];
+      text += cell;
+      if (i + 1 == row.size()) break;
+      const std::size_t width = characterCount(cell);
+      text.append(std::max(widths[i], width) - width + gap, ' ');
     }
-    text += line + "\n";
+    text += '\n';
   }
   return text;
+}
+
+std::string TextTable::toText() const {
+  return toText(terminalWidth());
 }
 
 }  // namespace autonotify::console

@@ -1,15 +1,22 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace autonotify::console {
 
-/// Rows of text under a heading, in columns as wide as their widest cell (at most 40 characters).
+/// Rows of text under a heading, in columns. A cell is one line.
 class TextTable {
  public:
-  explicit TextTable(std::vector<std::string> headings) : rows_{std::move(headings)} {}
-  void add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+  explicit TextTable(std::vector<std::string> headings) { add(std::move(headings)); }
+  void add(std::vector<std::string> cells);
+  bool isEmpty() const { return rows_.size() < 2; }
+  /// For a screen of `screenWidth` characters the widest columns are narrowed and what does not fit
+  /// is cut with an ellipsis. With 0 every cell is whole; cells beyond 40 characters then push
+  /// their neighbours aside rather than widening every row.
+  std::string toText(std::size_t screenWidth) const;
+  /// As wide as the terminal on standard output; whole cells when there is none.
   std::string toText() const;
 
  private:

@@ -1,19 +1,26 @@
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <iostream>
 
 #include "Command.h"
 #include "Session.h"
 #include "commands/arguments.h"
+#include "host/services/Terminal.h"
+#include "platform/text.h"
+#include "usage.h"
 
 namespace autonotify::console {
 namespace {
 
 void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
-  app.add_option("--database", options.database, "the database file")->envname("HVNOTIFY_DATABASE");
-  addDateOption(app, "--today", options.today, "the date to work with, such as 2026-04-30");
-  app.add_option("--user", options.user, "who works: the id of a member of staff");
-  app.add_option("--outbox", options.outbox, "folder for emails (default: beside the database)");
-  app.add_option("--firm-code", options.firmCode, "the installation's firm code");
+  addText(app, "--database", "FILE", "the database file (default: hvnotify.db)", options.database)
+      ->envname("HVNOTIFY_DATABASE");
+  addDate(app, "--today", "the date to work with, such as 2026-04-30", options.today);
+  addNumber(app, "--user", "who works: the id of a member of staff", options.user);
+  addText(app, "--outbox", "FOLDER", "folder for emails (default: made beside the database)",
+          options.outbox);
+  addText(app, "--firm-code", "CODE", "the installation's firm code", options.firmCode);
   app.add_flag("--json", options.json, "print data as JSON");
   app.add_flag("--batch", options.batch, "ask nobody, even on a terminal");
 }
@@ -24,32 +31,37 @@ Reply run(const Command& command, const GlobalOptions& options, const Arguments&
   return command.run(session, arguments);
 }
 
-/// One line, whatever the message holds.
-std::string oneLine(std::string message) {
+void complain(std::string message) {
   for (char& c : message) {
-    if (c == '\n' || c == '\r') c = ' ';
+    if (c == '\n' || c == '\r' || c == '\t') c = ' ';
   }
-  return message;
+  std::cerr << "hvnotify: " << host::terminalText(message) << '\n';
+}
+
+/// Within JSON the characters that a terminal would obey can only stand in texts.
+std::string jsonText(const Json& data) {
+  const std::string text = data.dump(2, ' ', false, Json::error_handler_t::replace);
+  return replaceAll(replaceAll(text, "\x7F", "\\u007f"), "\xC2\x9B", "\\u009b") + "\n";
 }
 
 int print(const Reply& reply, bool asJson) {
   if (asJson) {
-    std::cout << reply.data.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    std::cout << jsonText(reply.data);
   } else {
-    std::cout << reply.text;
+    std::cout << host::terminalText(reply.text)
+              << (isatty(STDOUT_FILENO) ? host::terminalText(reply.document) : reply.document);
   }
-  for (const std::string& complaint : reply.complaints) {
-    std::cerr << "hvnotify: " << oneLine(complaint) << '\n';
-  }
-  if (!std::cout.flush()) {
-    std::cerr << "hvnotify: cannot write the output\n";
+  const bool written = static_cast<bool>(std::cout.flush());
+  for (const std::string& complaint : reply.complaints) complain(complaint);
+  if (!written) {
+    complain("cannot write the output");
     return exitRefused;
   }
   return reply.exitCode;
 }
 
 int fail(const std::string& message, ExitCode code) {
-  std::cerr << "hvnotify: " << oneLine(message) << '\n';
+  complain(message);
   return code;
 }
 
@@ -59,6 +71,8 @@ int runProgram(int argc, char** argv) {
   CLI::App app("Notices that an accounting firm owes its clients: when, in which words, and sent.",
                "hvnotify");
   app.require_subcommand(1);
+  app.fallthrough();
+  app.footer(usageNotes());
   app.set_version_flag("--version", HVNOTIFY_VERSION);
   addGlobalOptions(app, options);
   const Command* chosen = nullptr;
@@ -73,11 +87,11 @@ int runProgram(int argc, char** argv) {
   } catch (const CLI::Success& wish) {
     return app.exit(wish);
   } catch (const CLI::ParseError& error) {
-    return fail(std::string(error.what()) + " (see: hvnotify --help)", exitUsage);
+    return fail(usageFault(app, error), exitUsage);
   } catch (const Refusal& refusal) {
     return fail(refusal.what(), refusal.code());
   } catch (const PlatformError& error) {
-    return fail(error.description(), exitDatabase);
+    return fail(firstLine(error.description()), exitDatabase);
   } catch (const std::exception& error) {
     return fail(error.what(), exitRefused);
   }

@@ -41,21 +41,10 @@ constexpr const char* archivedName =
     "SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule WHERE "
     "oldScheduleID=";
 
-Notification read(const Row& row) {
-  Notification result;
-  result.id = row.id("ClientNotificationID");
-  result.channel = row.id("NotificationType", 0);
-  result.scheduleId = row.id("ScheduleIDNum");
-  result.appointmentId = row.id("ApptIDNum");
-  result.taskId = row.id("TaskIDNum");
-  result.docketId = row.id("DocketIDNum");
-  result.companyId = row.id("CompanyIDNum");
-  result.contactId = row.id("ContactIDNum");
-  result.date = row.date("NotificationDate");
+Notification readWhole(const Row& row) {
+  Notification result = readSummary(row);
   for (int i = 0; i < 6; ++i) result.fields[i] = row.text(fmt::format("Field{}", i + 1));
   result.memo = row.text("Memo");
-  result.sent = row.flag("NotificationSent");
-  result.sentStatus = row.id("NotificationSentStatus", 0);
   result.sentTime = row.date("SentTime");
   return result;
 }
@@ -66,7 +55,48 @@ std::string nameOf(Session& session, Id companyId, Id contactId) {
   return {};
 }
 
+/// In the order of NotificationState.
+struct StateWords {
+  const char* name;
+  const char* words;
+};
+constexpr std::array<StateWords, 5> stateTable{{
+    {"pending", "is pending"},
+    {"sent", "was sent"},
+    {"cancelled", "is cancelled"},
+    {"interrupted while being sent", "was interrupted while being sent"},
+    {"interrupted while being cancelled", "was interrupted while being cancelled"},
+}};
+
+const StateWords& wordsOf(NotificationState state) {
+  return stateTable.at(static_cast<std::size_t>(state));
+}
+
 }  // namespace
+
+const char* const summaryColumns =
+    "ClientNotification.ClientNotificationID, ClientNotification.NotificationType, "
+    "ClientNotification.ScheduleIDNum, ClientNotification.ApptIDNum, "
+    "ClientNotification.TaskIDNum, ClientNotification.DocketIDNum, "
+    "ClientNotification.CompanyIDNum, ClientNotification.ContactIDNum, "
+    "ClientNotification.NotificationDate, ClientNotification.NotificationSent, "
+    "ClientNotification.NotificationSentStatus";
+
+Notification readSummary(const Row& row) {
+  Notification result;
+  result.id = row.id("ClientNotificationID");
+  result.channel = row.id("NotificationType", 0);
+  result.scheduleId = row.id("ScheduleIDNum");
+  result.appointmentId = row.id("ApptIDNum");
+  result.taskId = row.id("TaskIDNum");
+  result.docketId = row.id("DocketIDNum");
+  result.companyId = row.id("CompanyIDNum");
+  result.contactId = row.id("ContactIDNum");
+  result.date = row.date("NotificationDate");
+  result.sent = row.flag("NotificationSent");
+  result.sentStatus = row.id("NotificationSentStatus", 0);
+  return result;
+}
 
 NotificationState stateOf(const Notification& notification) {
   switch (notification.sentStatus) {
@@ -81,9 +111,11 @@ NotificationState stateOf(const Notification& notification) {
 }
 
 std::string stateName(NotificationState state) {
-  static constexpr std::array names{"pending", "sent", "cancelled", "interrupted while being sent",
-                                    "interrupted while being cancelled"};
-  return names.at(static_cast<std::size_t>(state));
+  return wordsOf(state).name;
+}
+
+std::string stateWords(NotificationState state) {
+  return wordsOf(state).words;
 }
 
 const std::vector<notifyType>& allChannels() {
@@ -121,7 +153,7 @@ std::optional<Notification> findNotification(Session& session, Id id) {
            fmt::format("SELECT ClientNotification.* FROM ClientNotification WHERE "
                        "ClientNotificationID={};",
                        id),
-           [&](const Row& row) { found = read(row); });
+           [&](const Row& row) { found = readWhole(row); });
   return found;
 }
 
@@ -129,6 +161,14 @@ Notification loadNotification(Session& session, Id id) {
   std::optional<Notification> found = findNotification(session, id);
   if (!found) throw Refusal(fmt::format("there is no notification {}", id));
   return *found;
+}
+
+bool isOverdue(Session& session, const Notification& notification) {
+  return stateOf(notification) == NotificationState::pending && notification.date < session.today();
+}
+
+std::string pastNote(Session& session, const Notification& notification) {
+  return isOverdue(session, notification) ? ", which is past: it is due at once" : "";
 }
 
 std::string itemName(Session& session, const Notification& notification) {

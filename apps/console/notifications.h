@@ -10,6 +10,8 @@
 
 namespace autonotify::console {
 
+class Row;
+
 /// A row of ClientNotification.
 struct Notification {
   Id id = noId;
@@ -33,7 +35,10 @@ struct Notification {
 enum class NotificationState { pending, sent, cancelled, interruptedSending, interruptedCancel };
 
 NotificationState stateOf(const Notification& notification);
+/// "pending", "sent": for lists and programs.
 std::string stateName(NotificationState state);
+/// "is pending", "was sent": for sentences.
+std::string stateWords(NotificationState state);
 
 /// "email", "fax", "letter" or "phone".
 std::string channelName(int channel);
@@ -47,9 +52,19 @@ std::string dayText(DateTime moment);
 /// The same for programs: null for the zero date.
 Json dayJson(DateTime moment);
 
+/// The columns that readSummary wants, for a SELECT.
+extern const char* const summaryColumns;
+/// All but the fields and the text, which are large.
+Notification readSummary(const Row& row);
+
 /// Throws Refusal when there is no such row.
 Notification loadNotification(Session& session, Id id);
 std::optional<Notification> findNotification(Session& session, Id id);
+
+/// True for a row that still waits though its date has gone by.
+bool isOverdue(Session& session, const Notification& notification);
+/// ", which is past: ..." for such a row; empty for others.
+std::string pastNote(Session& session, const Notification& notification);
 
 /// What the notification is about: the schedule entry's name, or the item's subject.
 std::string itemName(Session& session, const Notification& notification);

@@ -93,6 +93,12 @@ class HiddenFile {
 
 }  // namespace
 
+bool Outbox::holds(const std::string& name) const {
+  const Descriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return folder.get() >= 0 && (entryAt(folder.get(), name + ".eml") == Entry::file ||
+                               entryAt(folder.get(), "sent/" + name + ".eml") == Entry::file);
+}
+
 bool Outbox::put(const std::string& name, const std::string& content) const {
   const std::string fileName = name + ".eml";
   const Descriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

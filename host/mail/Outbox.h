@@ -20,6 +20,9 @@ class Outbox {
   /// True when the message was put in, False when one of that name is there already or was sent.
   /// Throws MailError when neither is so; nothing is left behind then.
   bool put(const std::string& name, const std::string& content) const;
+  /// True when a message of that name is there or was sent. False as well when the folder cannot
+  /// be read.
+  bool holds(const std::string& name) const;
 
  private:
   std::string folder_;

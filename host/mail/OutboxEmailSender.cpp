@@ -80,13 +80,20 @@ Mailbox OutboxEmailSender::sender() {
   return {cleanLine(from.name), mailboxes.front().address};
 }
 
+bool OutboxEmailSender::isDelivered() const {
+  return !identity_.empty() &&
+         Outbox(settings_.folder).holds(nameFor("identity " + counted(identity_)));
+}
+
 std::string OutboxEmailSender::messageName(const MailMessage& message) const {
-  std::string identity = "identity " + counted(identity_);
-  if (identity_.empty()) {
-    identity = "content " + std::to_string(message.date.days());
-    for (const std::string* field : {&message.from.address, &to_, &cc_, &bcc_, &subject_, &body_})
-      identity += ' ' + counted(*field);
-  }
+  if (!identity_.empty()) return nameFor("identity " + counted(identity_));
+  std::string content = "content " + std::to_string(message.date.days());
+  for (const std::string* field : {&message.from.address, &to_, &cc_, &bcc_, &subject_, &body_})
+    content += ' ' + counted(*field);
+  return nameFor(content);
+}
+
+std::string OutboxEmailSender::nameFor(const std::string& identity) {
   const GText digest(g_compute_checksum_for_string(G_CHECKSUM_SHA256, identity.data(),
                                                    static_cast<gssize>(identity.size())));
   return std::string(digest.get()).substr(0, 40);

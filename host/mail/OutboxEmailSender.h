@@ -44,6 +44,8 @@ class OutboxEmailSender : public EmailSender {
   /// What tells this message from every other for good, such as the database's own id with the
   /// notification's. Empty for none.
   void setIdentity(std::string identity) { identity_ = std::move(identity); }
+  /// True when the message of the identity is in the outbox or was sent; sends nothing.
+  bool isDelivered() const;
   /// True when the last send found the message in place, or sent.
   bool alreadyDelivered() const { return alreadyDelivered_; }
 
@@ -51,6 +53,7 @@ class OutboxEmailSender : public EmailSender {
   MailMessage compose();
   Mailbox sender();
   std::string messageName(const MailMessage& message) const;
+  static std::string nameFor(const std::string& identity);
 
   OutboxSettings settings_;
   Clock& clock_;

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <optional>
+#include <charconv>
+#include <concepts>
+#include <functional>
+#include <limits>
 #include <string>
 
 #include "Arguments.h"
@@ -9,17 +12,53 @@
 
 namespace autonotify::console {
 
-// Arguments that several commands share. A wrong one is a usage error with a clear line.
+// Arguments that several commands share. A wrong one throws CLI::ValidationError, whose line names
+// the argument: "TASK: \"abc\" is no number".
 
+/// An argument that `read` takes as it was typed. Of an option given twice the last counts.
+/// `name` begins with "--" for an option; `kind` stands for the value in the help text.
+CLI::Option* addReader(CLI::App& command, const std::string& name, const char* kind,
+                       const std::string& help, std::function<void(const std::string&)> read);
+
+CLI::Option* addText(CLI::App& command, const std::string& name, const char* kind,
+                     const std::string& help, std::string& target);
+CLI::Option* addDate(CLI::App& command, const std::string& name, const std::string& help,
+                     std::optional<DateTime>& target);
 void addTask(CLI::App& command, Arguments& arguments);
 void addNotification(CLI::App& command, Arguments& arguments);
 /// --channel, once or more, or several names separated by commas.
 void addChannels(CLI::App& command, Arguments& arguments);
-void addDateOption(CLI::App& command, const std::string& name, std::optional<DateTime>& target,
-                   const std::string& help);
 
-/// Throws CLI::ValidationError for a text that is no date.
-DateTime readDate(const std::string& text);
+/// The whole text as a number from `least` to `greatest`.
+template <std::integral Number>
+Number readNumber(const std::string& name, const std::string& text,
+                  Number least = std::numeric_limits<Number>::min(),
+                  Number greatest = std::numeric_limits<Number>::max()) {
+  Number number{};
+  const char* end = text.data() + text.size();
+  const auto [stop, fault] = std::from_chars(text.data(), end, number);
+  if (stop != end || fault == std::errc::invalid_argument) {
+    throw CLI::ValidationError(name, '"' + text + "\" is no number");
+  }
+  if (fault != std::errc{}) throw CLI::ValidationError(name, text + " is out of range");
+  if (number < least || number > greatest) {
+    throw CLI::ValidationError(
+        name, text + " is not from " + std::to_string(least) + " to " + std::to_string(greatest));
+  }
+  return number;
+}
+
+template <class Target>
+CLI::Option* addNumber(CLI::App& command, const std::string& name, const std::string& help,
+                       Target& target) {
+  return addReader(command, name, "NUMBER", help, [&target, name](const std::string& text) {
+    if constexpr (std::integral<Target>) {
+      target = readNumber<Target>(name, text);
+    } else {
+      target = readNumber<typename Target::value_type>(name, text);
+    }
+  });
+}
 
 /// The channels of a bit set by name.
 Json channelList(int bits);

@@ -2,20 +2,21 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "commands/arguments.h"
 #include "notifications.h"
 
 namespace autonotify::console {
 namespace {
 
-/// The row, unless it is done with.
-Notification loadOpen(Session& session, Id id) {
-  const Notification row = loadNotification(session, id);
-  const NotificationState state = stateOf(row);
-  if (state != NotificationState::pending && state != NotificationState::interruptedCancel) {
-    throw Refusal(fmt::format("notification {} is {}", id, stateName(state)));
-  }
-  return row;
+/// Throws Refusal unless the row is in one of the states that may be changed so.
+void requireState(Session& session, Id id, std::initializer_list<NotificationState> allowed,
+                  const char* changed) {
+  const NotificationState state = stateOf(loadNotification(session, id));
+  if (std::find(allowed.begin(), allowed.end(), state) != allowed.end()) return;
+  throw Refusal(fmt::format("notification {} {} and cannot be {}", id, stateWords(state), changed));
 }
 
 template <class Change>
@@ -27,8 +28,8 @@ void changeOrRefuse(Session& session, const std::string& subject, Change&& chang
 Reply describeRow(Session& session, Id id) {
   const Notification row = loadNotification(session, id);
   Reply reply;
-  reply.text = fmt::format("notification {} by {}: {}, date {}\n", id, channelName(row.channel),
-                           stateName(stateOf(row)), dayText(row.date));
+  reply.text = fmt::format("notification {} by {}: {}, date {}{}\n", id, channelName(row.channel),
+                           stateName(stateOf(row)), dayText(row.date), pastNote(session, row));
   reply.data = {{"notification", id},
                 {"channel", channelName(row.channel)},
                 {"state", stateName(stateOf(row))},
@@ -43,7 +44,11 @@ void describeCancel(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runCancel(Session& session, const Arguments& arguments) {
-  const Id id = loadOpen(session, arguments.notifications.front()).id;
+  const Id id = arguments.notification;
+  requireState(session, id,
+               {NotificationState::pending, NotificationState::interruptedCancel,
+                NotificationState::interruptedSending},
+               "cancelled");
   changeOrRefuse(session, fmt::format("notification {}", id),
                  [&] { session.tools().cancelNotification(id); });
   return describeRow(session, id);
@@ -51,17 +56,14 @@ Reply runCancel(Session& session, const Arguments& arguments) {
 
 void describeMove(CLI::App& command, Arguments& arguments) {
   addNotification(command, arguments);
-  command
-      .add_option_function<std::string>(
-          "DATE", [&arguments](const std::string& text) { arguments.date = readDate(text); },
-          "the new date, such as 2026-04-30")
-      ->required();
+  addDate(command, "DATE", "the new date, such as 2026-04-30", arguments.date)->required();
 }
 
 Reply runMove(Session& session, const Arguments& arguments) {
-  const Id id = loadOpen(session, arguments.notifications.front()).id;
+  const Id id = arguments.notification;
+  requireState(session, id, {NotificationState::pending}, "moved");
   changeOrRefuse(session, fmt::format("notification {}", id), [&] {
-    session.control().cls_ChangeNotificationNotifiedDate(id, arguments.date.dateOnly());
+    session.control().cls_ChangeNotificationNotifiedDate(id, *arguments.date);
   });
   return describeRow(session, id);
 }

@@ -31,6 +31,7 @@ host::DemoOptions demoOptions(const Arguments& arguments, const Place& place, Da
   host::DemoOptions demo;
   demo.companies = arguments.clients * companiesOfTen / 10;
   demo.contacts = arguments.clients - demo.companies;
+  demo.pastNotifications = arguments.pastNotifications;
   demo.seed = arguments.seed;
   demo.country = place.country;
   demo.province = place.province;
@@ -51,7 +52,7 @@ void fill(host::SqliteDatabase& database, const GlobalOptions& options,
   const Place place = placeOf(arguments);
   if (arguments.demo) {
     host::SystemClock clock;
-    const DateTime today = options.today ? options.today->dateOnly() : clock.today();
+    const DateTime today = options.today ? *options.today : clock.today();
     host::makeDemoFirm(sink, demoOptions(arguments, place, today));
   } else {
     host::seedEssentials(sink,
@@ -63,9 +64,8 @@ void fill(host::SqliteDatabase& database, const GlobalOptions& options,
 /// A file beside the wanted one, until everything is in it.
 class Draft {
  public:
-  explicit Draft(const fs::path& target) : target_(target), path_(target.string() + ".new") {
-    remove();
-  }
+  explicit Draft(const fs::path& target)
+      : target_(target), path_(fmt::format("{}.{}.new", target.string(), newIdentity())) {}
   ~Draft() { remove(); }
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
@@ -91,30 +91,42 @@ class Draft {
   fs::path path_;
 };
 
-CLI::Validator named(const char* what, bool (*isKnown)(const std::string&)) {
-  return CLI::Validator(
-      [what, isKnown](std::string& text) {
-        return isKnown(text) ? std::string{} : fmt::format("\"{}\" is no {}", text, what);
-      },
-      "");
+/// A country or province by its name.
+template <class Find>
+CLI::Option* addPlace(CLI::App& command, const std::string& name, const char* help,
+                      const char* fault, std::string& target, Find find) {
+  return addReader(
+      command, name, "CODE", help, [&target, name, fault, find](const std::string& text) {
+        if (!find(text)) {
+          throw CLI::ValidationError(name, fmt::format("\"{}\" is no {}", text, fault));
+        }
+        target = text;
+      });
+}
+
+CLI::Option* addCount(CLI::App& command, const std::string& name, const char* help, int least,
+                      int greatest, int& target) {
+  return addReader(command, name, "NUMBER", help,
+                   [&target, name, least, greatest](const std::string& text) {
+                     target = readNumber(name, text, least, greatest);
+                   });
 }
 
 }  // namespace
 
 void describeInit(CLI::App& command, Arguments& arguments) {
   auto* demo = command.add_flag("--demo", arguments.demo, "fill it with an invented firm");
-  command.add_option("--clients", arguments.clients, "clients of the invented firm")
-      ->needs(demo)
-      ->check(CLI::Range(1, 100000));
-  command.add_option("--seed", arguments.seed, "another seed, another firm")->needs(demo);
-  command.add_option("--country", arguments.country, "ca or us")
-      ->check(named("country: ca or us",
-                    [](const std::string& text) { return findCountry(text).has_value(); }));
-  command.add_option("--province", arguments.province, "such as ON or QC")
-      ->check(named("province",
-                    [](const std::string& text) { return findProvince(text).has_value(); }));
-  command.add_option("--firm", arguments.firmName, "the firm's name")->excludes(demo);
-  command.add_option("--first-user", arguments.userName, "who works first")->excludes(demo);
+  addCount(command, "--clients", "clients of the invented firm", 1, 100000, arguments.clients)
+      ->needs(demo);
+  addNumber(command, "--seed", "another seed, another firm", arguments.seed)->needs(demo);
+  addCount(command, "--past-notifications", "notifications of years past, to try a large firm", 0,
+           5000000, arguments.pastNotifications)
+      ->needs(demo);
+  addPlace(command, "--country", "ca or us", "country: ca or us", arguments.country, findCountry);
+  addPlace(command, "--province", "such as ON or QC", "province: give two letters, such as ON",
+           arguments.province, findProvince);
+  addText(command, "--firm", "NAME", "the firm's name", arguments.firmName)->excludes(demo);
+  addText(command, "--first-user", "NAME", "who works first", arguments.userName)->excludes(demo);
 }
 
 Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
@@ -128,7 +140,7 @@ Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
     fill(*database, options, arguments);
     database->close();
   } catch (const host::DatabaseError& error) {
-    throw Refusal(error.description(), exitDatabase);
+    throw Refusal(firstLine(error.description()), exitDatabase);
   }
   draft.finish();
   Reply reply;

@@ -21,7 +21,7 @@ std::string taskStatement(Session& session, const Arguments& arguments) {
   if (arguments.contact) sql += fmt::format("AND Schedule.ContactIDNum={} ", *arguments.contact);
   if (arguments.until) {
     sql += fmt::format("AND Schedule.DueDate <= #{}# ",
-                       session.database().formatDateForSQL(arguments.until->dateOnly()));
+                       session.database().formatDateForSQL(*arguments.until));
   }
   return sql + "ORDER BY Schedule.DueDate, Schedule.ScheduleID;";
 }
@@ -50,30 +50,34 @@ class LookupBatch {
   Session& session_;
 };
 
-std::vector<Id> selectIds(Session& session, const std::string& condition) {
-  std::vector<Id> ids;
-  forEachRow(session.database(),
-             "SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationDate "
-             "FROM ClientNotification " +
-                 condition +
-                 "ORDER BY ClientNotification.NotificationDate, "
-                 "ClientNotification.ClientNotificationID;",
-             [&](const Row& row) { ids.push_back(row.id("ClientNotificationID")); });
-  return ids;
+/// Streams the rows that meet `condition`, by date.
+template <class Visit>
+void forEachNotification(Session& session, const std::string& condition, Visit&& visit) {
+  const std::string sql = fmt::format(
+      "SELECT {} FROM ClientNotification WHERE {} ORDER BY ClientNotification.NotificationDate, "
+      "ClientNotification.ClientNotificationID;",
+      summaryColumns, condition);
+  forEachRow(session.database(), sql, [&](const Row& row) { visit(readSummary(row)); });
 }
 
-std::vector<Id> dueNotifications(Session& session) {
-  return selectIds(session, fmt::format("WHERE ClientNotification.NotificationDate <= #{}# "
-                                        "AND ClientNotification.NotificationSent=False ",
-                                        session.database().formatDateForSQL(session.today())));
+std::string isDue(Session& session) {
+  return fmt::format(
+      "ClientNotification.NotificationDate <= #{}# AND ClientNotification.NotificationSent=False",
+      session.database().formatDateForSQL(session.today()));
+}
+
+std::string isInterrupted() {
+  return fmt::format(
+      "ClientNotification.NotificationSent=True AND ClientNotification.NotificationSentStatus={}",
+      static_cast<int>(enumNotificationSendStatus_NotSent));
 }
 
 }  // namespace
 
 void describeTasks(CLI::App& command, Arguments& arguments) {
-  command.add_option("--client", arguments.client, "only tasks of this business client");
-  command.add_option("--contact", arguments.contact, "only tasks of this personal client");
-  addDateOption(command, "--until", arguments.until, "only tasks due on this date or before");
+  addNumber(command, "--client", "only tasks of this business client", arguments.client);
+  addNumber(command, "--contact", "only tasks of this personal client", arguments.contact);
+  addDate(command, "--until", "only tasks due on this date or before", arguments.until);
 }
 
 Reply runTasks(Session& session, const Arguments& arguments) {
@@ -104,12 +108,10 @@ Reply runTasks(Session& session, const Arguments& arguments) {
 }
 
 std::vector<Id> notificationsToSend(Session& session) {
-  std::vector<Id> ids =
-      selectIds(session, fmt::format("WHERE ClientNotification.NotificationSent=True "
-                                     "AND ClientNotification.NotificationSentStatus={} ",
-                                     static_cast<int>(enumNotificationSendStatus_NotSent)));
-  const std::vector<Id> due = dueNotifications(session);
-  ids.insert(ids.end(), due.begin(), due.end());
+  std::vector<Id> ids;
+  const auto take = [&ids](const Notification& row) { ids.push_back(row.id); };
+  forEachNotification(session, isInterrupted(), take);
+  forEachNotification(session, isDue(session), take);
   return ids;
 }
 
@@ -120,20 +122,18 @@ Reply runDue(Session& session, const Arguments&) {
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "DATE", "CHANNEL", "CLIENT", "TASK"});
   const LookupBatch batch(session);
-  for (const Id id : dueNotifications(session)) {
-    const std::optional<Notification> row = findNotification(session, id);
-    if (!row) continue;
-    const std::string client = clientName(session, *row);
-    const std::string item = itemName(session, *row);
-    table.add({std::to_string(id), dayText(row->date), channelName(row->channel), client, item});
-    reply.data.push_back({{"notification", id},
-                          {"date", dayJson(row->date)},
-                          {"channel", channelName(row->channel)},
+  forEachNotification(session, isDue(session), [&](const Notification& row) {
+    const std::string client = clientName(session, row);
+    const std::string item = itemName(session, row);
+    table.add({std::to_string(row.id), dayText(row.date), channelName(row.channel), client, item});
+    reply.data.push_back({{"notification", row.id},
+                          {"date", dayJson(row.date)},
+                          {"channel", channelName(row.channel)},
                           {"client", client},
-                          {"task", row->scheduleId},
+                          {"task", row.scheduleId},
                           {"name", item}});
-  }
-  reply.text = reply.data.empty() ? "Nothing is due.\n" : table.toText();
+  });
+  reply.text = table.isEmpty() ? "Nothing is due.\n" : table.toText();
   return reply;
 }
 

@@ -2,9 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <array>
+#include <memory>
+
 #include "TextTable.h"
 #include "commands/arguments.h"
 #include "commands/lists.h"
+#include "host/mail/addresses.h"
 #include "notifications.h"
 #include "platform/rich_text.h"
 
@@ -25,105 +29,177 @@ Outcome failed(std::string words) {
   return {Fate::failed, std::move(words)};
 }
 
-Outcome markSent(Session& session, const Notification& row, const std::string& words) {
-  const std::string errors =
-      session.errorsOf([&] { session.tools().changeNotificationToSent(row.id); });
-  if (errors.empty()) return {Fate::sent, words};
-  return failed(fmt::format("{}, but could not be marked sent: {}", words, errors));
+/// Why a channel is not sent by this program.
+struct ByHand {
+  notifyType channel;
+  const char* reason;
+};
+constexpr std::array<ByHand, 3> byHand{{
+    {nt_Fax, "a fax goes out by hand from its text"},
+    {nt_Letter, "a letter goes out by hand from its text"},
+    {nt_Phone, "a telephone call is made by a person"},
+}};
+
+std::string reasonToSkip(int channel) {
+  for (const ByHand& row : byHand) {
+    if (row.channel == channel) return row.reason;
+  }
+  return fmt::format("there is no way to send a notification by {}", channelName(channel));
 }
 
-Outcome sendEmail(Session& session, const Notification& row, bool dryRun) {
-  if (row.fields[0].empty())
-    return failed("There is no email address entered for this notification");
-  if (dryRun) return {Fate::sent, fmt::format("would go to {}", row.fields[0])};
-  const auto sender = session.newEmailSender();
-  sender->setIdentity(session.messageIdentity(row.id));
-  sender->put_to(row.fields[0]);
-  sender->put_cc(row.fields[1]);
-  sender->put_bcc(row.fields[2]);
-  sender->put_subject(row.fields[3]);
-  sender->put_body(plainTextOf(row.memo));
-  if (!sender->send()) return failed(sender->getLastError());
-  return markSent(session, row,
-                  sender->alreadyDelivered() ? "was in the outbox already"
-                                             : fmt::format("to {}", row.fields[0]));
-}
+/// One notification on its way.
+class Sending {
+ public:
+  Sending(Session& session, const Notification& row, const Arguments& arguments)
+      : session_(session), row_(row), arguments_(arguments) {}
 
-Outcome finishCancel(Session& session, const Notification& row, bool dryRun) {
-  if (!dryRun) {
+  Outcome run() {
+    switch (stateOf(row_)) {
+      case NotificationState::sent:
+        return failed("This notification has already been sent.");
+      case NotificationState::cancelled:
+        return failed("it is cancelled");
+      case NotificationState::interruptedCancel:
+        return finishCancel();
+      case NotificationState::interruptedSending:
+        return finishSending();
+      case NotificationState::pending:
+        break;
+    }
+    return sendNow();
+  }
+
+ private:
+  Outcome sendNow() {
+    if (arguments_.markOnly) return markSent("marked only, nothing was sent");
+    if (row_.channel != nt_Email) return {Fate::skipped, reasonToSkip(row_.channel)};
+    return sendEmail();
+  }
+
+  Outcome sendEmail() {
+    if (row_.fields[0].empty())
+      return failed("There is no email address entered for this notification");
+    if (arguments_.dryRun) return rehearse();
+    session_.makeOutbox();
+    const auto sender = newSender();
+    sender->put_to(row_.fields[0]);
+    sender->put_cc(row_.fields[1]);
+    sender->put_bcc(row_.fields[2]);
+    sender->put_subject(row_.fields[3]);
+    sender->put_body(plainTextOf(row_.memo));
+    if (!sender->send()) return failed(sender->getLastError());
+    return markSent(sender->alreadyDelivered() ? inOutbox : "to " + row_.fields[0]);
+  }
+
+  Outcome rehearse() {
+    if (newSender()->isDelivered()) return {Fate::sent, inOutbox};
+    try {
+      for (int field = 0; field < 3; ++field) host::parseRecipients(row_.fields[field]);
+    } catch (const host::MailError& error) {
+      return failed(error.what());
+    }
+    return {Fate::sent, "to " + row_.fields[0]};
+  }
+
+  Outcome finishSending() {
+    if (arguments_.markOnly) return markSent("marked only, nothing was sent");
+    if (arguments_.again) return sendNow();
+    if (row_.channel == nt_Email && newSender()->isDelivered()) return markSent(inOutbox);
+    return failed(
+        "it cannot be known whether it was sent: its marking was interrupted and it is not in the "
+        "outbox (settle it with send --mark-only or send --again)");
+  }
+
+  Outcome finishCancel() {
+    if (!arguments_.dryRun) {
+      const std::string errors =
+          session_.errorsOf([&] { session_.tools().cancelNotification(row_.id); });
+      if (!errors.empty()) return failed("its cancelling was interrupted: " + errors);
+    }
+    return {Fate::skipped, "its cancelling was interrupted; it stays cancelled"};
+  }
+
+  Outcome markSent(const std::string& words) {
+    if (arguments_.dryRun) return {Fate::sent, words};
     const std::string errors =
-        session.errorsOf([&] { session.tools().cancelNotification(row.id); });
-    if (!errors.empty()) return failed("its cancelling was interrupted: " + errors);
+        session_.errorsOf([&] { session_.tools().changeNotificationToSent(row_.id); });
+    if (errors.empty()) return {Fate::sent, words};
+    return failed(fmt::format("{}, but could not be marked sent: {}", words, errors));
   }
-  return {Fate::skipped, "its cancelling was interrupted; it stays cancelled"};
-}
 
-Outcome sendRow(Session& session, const Notification& row, bool dryRun) {
-  switch (stateOf(row)) {
-    case NotificationState::sent:
-      return failed("This notification has already been sent.");
-    case NotificationState::cancelled:
-      return failed("it is cancelled");
-    case NotificationState::interruptedCancel:
-      return finishCancel(session, row, dryRun);
-    case NotificationState::interruptedSending:
-    case NotificationState::pending:
-      break;
+  std::unique_ptr<host::OutboxEmailSender> newSender() {
+    auto sender = session_.newEmailSender();
+    sender->setIdentity(session_.messageIdentity(row_.id));
+    return sender;
   }
-  if (row.channel == nt_Email) return sendEmail(session, row, dryRun);
-  return {Fate::skipped, fmt::format("a {} is sent by a person", channelName(row.channel))};
-}
 
-/// One row, come what may: a failure ends this row and no other.
-Outcome sendOne(Session& session, Id id, bool dryRun) {
+  static constexpr const char* inOutbox = "was in the outbox already";
+
+  Session& session_;
+  const Notification& row_;
+  const Arguments& arguments_;
+};
+
+/// One row, come what may: a failure ends this row and no other. `about` tells whom it concerns.
+Outcome sendOne(Session& session, Id id, const Arguments& arguments, std::string& about) {
   try {
     const std::optional<Notification> row = findNotification(session, id);
-    return row ? sendRow(session, *row, dryRun) : failed("there is no such notification");
+    if (!row) return failed("there is no such notification");
+    about = fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
+    return Sending(session, *row, arguments).run();
   } catch (const PlatformError& error) {
-    return failed(error.description());
+    return failed(firstLine(error.description()));
   }
 }
 
-std::string describeRow(Session& session, Id id) {
-  try {
-    const std::optional<Notification> row = findNotification(session, id);
-    if (!row) return {};
-    return fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
-  } catch (const PlatformError&) {
-    return {};
-  }
+const char* fateName(Fate fate, bool dryRun) {
+  if (dryRun && fate == Fate::sent) return "would be sent";
+  return fateNames[static_cast<int>(fate)];
 }
 
 }  // namespace
 
 void describeSend(CLI::App& command, Arguments& arguments) {
-  auto* ids = command.add_option("NOTIFICATION", arguments.notifications,
-                                 "numbers of notifications (see: hvnotify due)");
-  auto* due = command.add_flag("--due", arguments.due, "all that is due today");
-  ids->excludes(due);
+  auto* ids = command
+                  .add_option_function<std::vector<std::string>>(
+                      "NOTIFICATION",
+                      [&arguments](const std::vector<std::string>& texts) {
+                        for (const std::string& text : texts) {
+                          arguments.notifications.push_back(readNumber<Id>("NOTIFICATION", text));
+                        }
+                      },
+                      "numbers of notifications (see: hvnotify due)")
+                  ->type_name("NUMBER");
+  auto* due = command.add_flag("--due", arguments.due, "all that is due today")->excludes(ids);
   command.add_flag("--dry-run", arguments.dryRun, "only tell what would go out");
-  command.callback([&arguments] {
-    if (!arguments.due && arguments.notifications.empty()) {
-      throw CLI::ValidationError("name notifications, or give --due");
-    }
-  });
+  auto* mark = command.add_flag("--mark-only", arguments.markOnly,
+                                "mark as sent what a person has sent; send nothing");
+  command
+      .add_flag("--again", arguments.again,
+                "send also where it cannot be known whether it was sent")
+      ->excludes(due)
+      ->excludes(mark);
+  mark->excludes(due);
 }
 
 Reply runSend(Session& session, const Arguments& arguments) {
+  if (!arguments.due && arguments.notifications.empty()) {
+    throw Refusal("name notifications, or give --due (see: hvnotify send --help)", exitUsage);
+  }
   const std::vector<Id> ids =
       arguments.due ? notificationsToSend(session) : arguments.notifications;
   Reply reply;
   reply.data = Json::array();
-  TextTable table({"NOTIFICATION", "RESULT", "", "CLIENT AND TASK"});
+  TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
   for (const Id id : ids) {
-    const Outcome outcome = sendOne(session, id, arguments.dryRun);
-    const bool isFault =
-        outcome.fate == Fate::failed || (outcome.fate == Fate::skipped && !arguments.due);
-    const std::string about = describeRow(session, id);
-    const char* fate = fateNames[static_cast<int>(outcome.fate)];
+    std::string about;
+    const Outcome outcome = sendOne(session, id, arguments, about);
+    const char* fate = fateName(outcome.fate, arguments.dryRun);
     table.add({std::to_string(id), fate, outcome.words, about});
     reply.data.push_back(
         {{"notification", id}, {"result", fate}, {"detail", outcome.words}, {"about", about}});
+    const bool isFault =
+        outcome.fate == Fate::failed || (outcome.fate == Fate::skipped && !arguments.due);
     if (!isFault) continue;
     reply.exitCode = exitRefused;
     reply.complaints.push_back(fmt::format("notification {} was not sent: {}", id, outcome.words));

@@ -57,7 +57,7 @@ void describeShow(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runShow(Session& session, const Arguments& arguments) {
-  const Notification row = loadNotification(session, arguments.notifications.front());
+  const Notification row = loadNotification(session, arguments.notification);
   const std::string client = clientName(session, row);
   const std::string item = itemName(session, row);
   const std::string state = stateName(stateOf(row));
@@ -82,14 +82,16 @@ Reply runShow(Session& session, const Arguments& arguments) {
     reply.text += line(names[i], row.fields[i]);
     reply.data["fields"][names[i]] = row.fields[i];
   }
-  reply.text += "\n" + withLineEnd(text);
+  reply.text += "\n";
+  (arguments.rtf ? reply.document : reply.text) += withLineEnd(text);
   reply.data["text"] = text;
   return reply;
 }
 
 void describeMerge(CLI::App& command, Arguments& arguments) {
   addTask(command, arguments);
-  command.add_option("--template", arguments.file, "a template to try instead of the task's own");
+  addText(command, "--template", "FILE", "a template to try instead of the task's own",
+          arguments.file);
   command.add_flag("--plain", arguments.plain, "plain text instead of the stored form");
 }
 
@@ -104,13 +106,13 @@ Reply runMerge(Session& session, const Arguments& arguments) {
   if (!errors.empty()) throw Refusal(fmt::format("task {}: {}", task.id, errors));
   if (arguments.plain) text = plainTextOf(text);
   Reply reply;
-  reply.text = withLineEnd(text);
+  (arguments.plain ? reply.text : reply.document) = withLineEnd(text);
   reply.data = {{"task", task.id}, {"text", text}};
   return reply;
 }
 
 void describeCheck(CLI::App& command, Arguments& arguments) {
-  command.add_option("FILE", arguments.file, "the template, RTF or plain text")->required();
+  addText(command, "FILE", "", "the template, RTF or plain text", arguments.file)->required();
 }
 
 Reply runCheck(Session& session, const Arguments& arguments) {

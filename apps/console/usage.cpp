@@ -1,0 +1,64 @@
+#include "usage.h"
+
+#include <fmt/format.h>
+
+#include "Command.h"
+#include "platform/text.h"
+
+namespace autonotify::console {
+namespace {
+
+std::string commandNames() {
+  std::string names;
+  for (const Command& command : allCommands()) {
+    names += (names.empty() ? "" : ", ") + std::string(command.name);
+  }
+  return names;
+}
+
+/// The first argument that no command or option took; empty for none.
+std::string firstStray(const CLI::App& app) {
+  const std::vector<std::string> strays = app.remaining(true);
+  return strays.empty() ? std::string{} : strays.front();
+}
+
+bool isA(const CLI::ParseError& error, CLI::ExitCodes kind) {
+  return error.get_exit_code() == static_cast<int>(kind);
+}
+
+std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
+  const std::string stray = firstStray(app);
+  const bool isOption = stray.size() > 1 && stray.front() == '-';
+  if (isOption) return fmt::format("there is no option \"{}\"", stray);
+  const bool hasCommand = !app.get_subcommands().empty();
+  if (!hasCommand && !stray.empty()) {
+    return fmt::format("there is no command \"{}\"; commands: {}", stray, commandNames());
+  }
+  const std::string words = error.what();
+  if (isA(error, CLI::ExitCodes::ArgumentMismatch)) {
+    return words.substr(0, words.find(':')) + ": a value is missing";
+  }
+  if (!hasCommand && isA(error, CLI::ExitCodes::RequiredError)) {
+    return "name a command: " + commandNames();
+  }
+  if (isA(error, CLI::ExitCodes::ExtrasError))
+    return fmt::format("\"{}\" is one argument too many", stray);
+  return replaceAll(words, " excludes ", " does not go with ");
+}
+
+}  // namespace
+
+std::string usageFault(const CLI::App& app, const CLI::ParseError& error) {
+  const auto chosen = app.get_subcommands();
+  const std::string command = chosen.empty() ? "" : chosen.front()->get_name() + " ";
+  return fmt::format("{} (see: hvnotify {}--help)", faultOf(app, error), command);
+}
+
+std::string usageNotes() {
+  return "Exit codes: 0 done, 1 refused or nothing found, 2 usage, 3 database unusable.\n"
+         "At a terminal each error of the component is shown and asks whether to continue, to "
+         "leave the\nprocedure or to retry. With --batch, or without a terminal, the procedure is "
+         "left and the error\nis reported with the command's result.\n";
+}
+
+}  // namespace autonotify::console
