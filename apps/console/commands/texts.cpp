@@ -33,7 +33,8 @@ std::array<const char*, 6> namesOf(int channel) {
 }
 
 std::string line(const char* name, const std::string& value) {
-  return fmt::format("{:<15} {}\n", std::string(name) + ":", value);
+  const std::string label = std::string(name) + ":";
+  return value.empty() ? label + "\n" : fmt::format("{:<15} {}\n", label, value);
 }
 
 std::string withLineEnd(std::string text) {
