@@ -20,8 +20,8 @@ COMPONENT = [
 PUBLIC = ["src/platform", "src/control/contract", "src/control"]
 HOST = [
     ("host/database/schema", []),
-    ("host/database/dialect", []),
-    ("host/database", ["host/database/schema", "host/database/dialect"]),
+    ("host/database/dialect", ["host/database/schema"]),
+    ("host/database", ["host/database/dialect"]),
     ("host/database/sqlite", ["host/database"]),
     ("host/demo", ["host/database/schema", "host/database/sqlite"]),
     ("host/loader", []),

@@ -39,8 +39,9 @@ DateTime dateAddBusinessDaysWithoutWeekendsAndHolidays(std::int32_t days, DateTi
 /// is closed.
 bool isStatutoryHoliday(DateTime date);
 
-/// Why the schedule entry's next notification gets its date: the steps of determineNotificationDate,
-/// getLastUsedNotificationDate and adjustDateToFridayIfWeekendOrHoliday, one after the other.
+/// Why the schedule entry's next notification gets its date: the steps of
+/// determineNotificationDate, getLastUsedNotificationDate and adjustDateToFridayIfWeekendOrHoliday,
+/// one after the other.
 DateExplanation explainNotificationDate(Id scheduleID);
 
 /// Moves the notifications of a schedule entry whose due date or kind has changed: the first row of
