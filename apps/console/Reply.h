@@ -28,6 +28,12 @@ inline std::string firstLine(const std::string& description) {
   return description.substr(0, description.find('\n'));
 }
 
+/// The same for a database's file, which the words name.
+inline std::string fileFault(const std::string& path, const std::string& description) {
+  const std::string words = firstLine(description);
+  return words.find(path) == std::string::npos ? path + ": " + words : words;
+}
+
 /// The command ends here: one clear line for standard error and an exit code.
 class Refusal : public std::runtime_error {
  public:

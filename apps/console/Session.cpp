@@ -21,7 +21,7 @@ std::unique_ptr<DatabaseReference> openDatabase(const std::string& path) {
   try {
     return host::openSqlite(path);
   } catch (const host::DatabaseError& error) {
-    throw Refusal(firstLine(error.description()), exitDatabase);
+    throw Refusal(fileFault(path, error.description()), exitDatabase);
   }
 }
 

@@ -140,7 +140,7 @@ Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
     fill(*database, options, arguments);
     database->close();
   } catch (const host::DatabaseError& error) {
-    throw Refusal(firstLine(error.description()), exitDatabase);
+    throw Refusal(fileFault(target.string(), error.description()), exitDatabase);
   }
   draft.finish();
   Reply reply;

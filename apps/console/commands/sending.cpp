@@ -15,7 +15,7 @@
 namespace autonotify::console {
 namespace {
 
-enum class Fate { sent, skipped, failed };
+enum class Fate { sent, skipped, failed, unmarked };
 
 struct Outcome {
   Fate fate = Fate::failed;
@@ -23,7 +23,21 @@ struct Outcome {
   std::string words;
 };
 
-constexpr const char* fateNames[] = {"sent", "skipped", "failed"};
+/// In the order of Fate.
+struct FateWords {
+  const char* name;
+  const char* complaint;
+};
+constexpr std::array<FateWords, 4> fateTable{{
+    {"sent", ""},
+    {"skipped", "was not sent"},
+    {"failed", "was not sent"},
+    {"not marked", "could not be marked sent"},
+}};
+
+const FateWords& wordsOf(Fate fate) {
+  return fateTable.at(static_cast<std::size_t>(fate));
+}
 
 Outcome failed(std::string words) {
   return {Fate::failed, std::move(words)};
@@ -56,9 +70,9 @@ class Sending {
   Outcome run() {
     switch (stateOf(row_)) {
       case NotificationState::sent:
-        return failed("This notification has already been sent.");
+        return done("was sent meanwhile", "This notification has already been sent.");
       case NotificationState::cancelled:
-        return failed("it is cancelled");
+        return done("was cancelled meanwhile", "it is cancelled");
       case NotificationState::interruptedCancel:
         return finishCancel();
       case NotificationState::interruptedSending:
@@ -70,6 +84,11 @@ class Sending {
   }
 
  private:
+  /// A row that was due a moment ago was settled by someone else; one that was named is refused.
+  Outcome done(const char* meanwhile, const char* refusal) const {
+    return arguments_.due ? Outcome{Fate::skipped, meanwhile} : failed(refusal);
+  }
+
   Outcome sendNow() {
     if (arguments_.markOnly) return markSent("marked only, nothing was sent");
     if (row_.channel != nt_Email) return {Fate::skipped, reasonToSkip(row_.channel)};
@@ -124,7 +143,7 @@ class Sending {
     const std::string errors =
         session_.errorsOf([&] { session_.tools().changeNotificationToSent(row_.id); });
     if (errors.empty()) return {Fate::sent, words};
-    return failed(fmt::format("{}, but could not be marked sent: {}", words, errors));
+    return {Fate::unmarked, fmt::format("{}; {}", words, errors)};
   }
 
   std::unique_ptr<host::OutboxEmailSender> newSender() {
@@ -154,7 +173,7 @@ Outcome sendOne(Session& session, Id id, const Arguments& arguments, std::string
 
 const char* fateName(Fate fate, bool dryRun) {
   if (dryRun && fate == Fate::sent) return "would be sent";
-  return fateNames[static_cast<int>(fate)];
+  return wordsOf(fate).name;
 }
 
 }  // namespace
@@ -199,10 +218,11 @@ Reply runSend(Session& session, const Arguments& arguments) {
     reply.data.push_back(
         {{"notification", id}, {"result", fate}, {"detail", outcome.words}, {"about", about}});
     const bool isFault =
-        outcome.fate == Fate::failed || (outcome.fate == Fate::skipped && !arguments.due);
+        outcome.fate != Fate::sent && (outcome.fate != Fate::skipped || !arguments.due);
     if (!isFault) continue;
     reply.exitCode = exitRefused;
-    reply.complaints.push_back(fmt::format("notification {} was not sent: {}", id, outcome.words));
+    reply.complaints.push_back(
+        fmt::format("notification {} {}: {}", id, wordsOf(outcome.fate).complaint, outcome.words));
   }
   reply.text = ids.empty() ? "Nothing is due.\n" : table.toText();
   return reply;

@@ -1,0 +1,212 @@
+"""Files and rows that are not as they should be: one clear line, the right exit code, no harm done."""
+
+import contextlib
+import os
+import shutil
+import sqlite3
+import subprocess
+import time
+
+from console import ConsoleTest, Run, command
+
+NOBODY = 65534
+LOCKED = "The database is locked by another user: database is locked (engine code 5)"
+DAMAGED = "The database file is damaged: database disk image is malformed (engine code 11)"
+
+
+class DatabaseFaultTest(ConsoleTest):
+    def expect_unusable(self, database, words):
+        for arguments in (["due"], ["send", "--due"]):
+            self.expect(arguments, err=words, code=3, database=database)
+
+    def test_no_database_at_all(self):
+        (self.folder / "empty.db").touch()
+        (self.folder / "text.db").write_text("no database " * 200)
+        (self.folder / "folder").mkdir()
+        for name, words in [
+            ("missing.db", "There is no database missing.db"),
+            ("no/where.db", "There is no database no/where.db"),
+            ("folder", "folder is a folder, not a database file"),
+            ("empty.db", "empty.db is not a database of this program"),
+            ("text.db", "text.db: The file is not a database: file is not a database "
+                        "(engine code 26)"),
+        ]:
+            with self.subTest(name):
+                self.expect_unusable(name, words)
+
+    def test_damaged_files(self):
+        whole = (self.folder / "firm.db").read_bytes()
+        (self.folder / "short.db").write_bytes(whole[:60000])
+        (self.folder / "scribbled.db").write_bytes(whole[:4096] + b"Z" * (len(whole) - 4096))
+        for name in ("short.db", "scribbled.db"):
+            with self.subTest(name):
+                self.expect_unusable(name, f"{name}: {DAMAGED}")
+
+    def test_databases_of_others(self):
+        with contextlib.closing(sqlite3.connect(self.folder / "foreign.db")) as foreign:
+            foreign.execute("CREATE TABLE Schedule (ScheduleID)")
+        self.expect_unusable("foreign.db", "foreign.db is not a database of this program")
+        shutil.copy(self.folder / "firm.db", self.folder / "newer.db")
+        with contextlib.closing(sqlite3.connect(self.folder / "newer.db")) as newer:
+            newer.execute("PRAGMA user_version=99")
+        self.expect_unusable("newer.db", "newer.db was written by a newer version of this program "
+                                         "(schema 99, known up to 1)")
+
+    def test_held_by_another_program(self):
+        with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as holder:
+            holder.execute("PRAGMA locking_mode=EXCLUSIVE")
+            holder.execute("BEGIN EXCLUSIVE")
+            begin = time.monotonic()
+            self.expect(["due"], err=f"firm.db: {LOCKED}", code=3)
+            self.assertLess(time.monotonic() - begin, 20)
+
+    def test_written_by_another_program(self):
+        notification, task = self.due_email(), self.free_task()
+        address = self.one("SELECT Field1 FROM ClientNotification WHERE ClientNotificationID=?",
+                           notification)
+        due = self.run_program("due").out
+        with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as writer:
+            writer.execute("BEGIN IMMEDIATE")
+            self.expect(["due"], due)  # readers do not wait
+            self.expect(["arm", task, "--channel", "fax"], err=f"task {task}, fax: {LOCKED}", code=1)
+            run = self.run_program("send", notification)
+            self.assertEqual((1, f"hvnotify: notification {notification} could not be marked sent: "
+                                 f"to {address}; {LOCKED}\n"), (run.code, run.err))
+        run = self.run_program("send", notification)
+        self.assertEqual((0, ""), (run.code, run.err))
+        self.assertIn("was in the outbox already", run.out)
+        self.assertEqual(1, len(self.messages()))
+
+    def test_without_permission(self):
+        self.folder.chmod(0o755)
+        for mode, words in [(0o444, "firm.db: The database can only be read: "),
+                            (0o000, "firm.db: The database file cannot be opened: ")]:
+            (self.folder / "firm.db").chmod(mode)
+            run = self.run_as_nobody("due")
+            self.assertEqual((3, ""), (run.code, run.out))
+            self.assertIn(words, run.err)
+        run = self.run_as_nobody("init", "--database", "new.db")
+        self.assertEqual((3, ""), (run.code, run.out))
+        self.assertIn("hvnotify: new.db: The database file cannot be opened", run.err)
+
+    def run_as_nobody(self, *arguments):
+        user = {"user": NOBODY} if os.geteuid() == 0 else {}
+        try:
+            return Run(subprocess.run(command(*arguments), cwd=self.folder, capture_output=True,
+                                      text=True, **user))
+        except PermissionError:
+            self.skipTest("the program lies where others may not run it")
+
+    def test_init_leaves_what_is_there(self):
+        (self.folder / "notes.txt").write_text("mine")
+        os.symlink("nowhere", self.folder / "link.db")
+        for name in ("firm.db", "notes.txt", "link.db", "."):
+            with self.subTest(name):
+                self.expect(["init", "--demo"], database=name, code=1,
+                            err=f"{name} exists already and stays as it is")
+        self.assertEqual("mine", (self.folder / "notes.txt").read_text())
+        run = self.run_program("init", database="no/where.db")
+        self.assertEqual((3, ""), (run.code, run.out))
+        self.assertEqual({"firm.db", "notes.txt", "link.db"}, set(os.listdir(self.folder)))
+
+
+class RowFaultTest(ConsoleTest):
+    def test_ids_that_do_not_exist(self):
+        for number in (0, -1, -2147483648, 2147483647):
+            for name, rest in [("show", []), ("cancel", []), ("move", ["2026-05-01"])]:
+                with self.subTest(name, number=number):
+                    self.expect([name, number, *rest], err=f"there is no notification {number}",
+                                code=1)
+            for name, rest in [("explain", []), ("merge", []), ("refresh", []),
+                               ("arm", ["--channel", "fax"]), ("disarm", ["--channel", "fax"])]:
+                with self.subTest(name, number=number):
+                    self.expect([name, number, *rest], err=f"there is no task {number}", code=1)
+        self.expect(["--user", 999999, "due"], err="there is no user 999999", code=1)
+        self.expect(["tasks", "--client", 999999], err="no open task found", code=1)
+        self.expect(["--json", "tasks", "--client", 999999], "[]\n", err="no open task found",
+                    code=1)
+
+    def test_quotes_and_number_signs_in_names(self):
+        task, (notification,) = self.arm()
+        for name in ("O'Brien & \"Sons\"", "Studio #9 #2026-01-01#", "a;--", "[x] (y)!"):
+            with self.subTest(name):
+                self.sql("UPDATE Companies SET CompanyName=? WHERE CompanyID=(SELECT "
+                         "CompanyIDNum FROM ClientNotification WHERE ClientNotificationID=?)",
+                         name, notification)
+                shown = self.run_program("--json", "show", notification).json()
+                self.assertEqual(name, shown["client"])
+                merged = self.run_program("merge", task, "--plain")
+                self.assertEqual((0, ""), (merged.code, merged.err))
+                self.assertIn(name, merged.out)
+
+    def test_control_characters_do_not_reach_the_terminal(self):
+        task, (notification,) = self.arm()
+        self.sql("UPDATE ClientNotification SET Field4=?, Memo=?, NotificationDate=? WHERE "
+                 "ClientNotificationID=?", "a\x1b[2Jb", "one\ttwo\n\x07\x9bthree\x7f\r\n",
+                 "2026-04-01", notification)
+        self.sql("UPDATE Schedule SET scheduleName=? WHERE ScheduleID=?", "x\x1b]0;y\x07\nz", task)
+        for arguments in (["show", notification], ["due"], ["tasks"], ["merge", task, "--plain"],
+                          ["explain", task], ["--json", "show", notification],
+                          ["send", notification]):
+            run = self.run_program(*arguments)
+            with self.subTest(arguments):
+                self.assertEqual((0, ""), (run.code, run.err))
+                self.assertNotRegex(run.out, "[\x00-\x08\x0b-\x1f\x7f-\x9f]")
+        shown = self.run_program("show", notification).out
+        self.assertIn("a?[2Jb", shown)
+        self.assertIn("one\ttwo\n??three?\n", shown)
+
+
+class TemplateFaultTest(ConsoleTest):
+    FIELD = "The Morvane Pad did not recognize: «Nonsense» as a valid placeholder field name."
+    OPENING = "You are missing your opening brackets, '«' in one of your expressions"
+    # Content and the fault of a template; None where it is sound.
+    TEMPLATES = [
+        ("Dear «Contact Display Name», your papers are wanted by us.".encode(), None),
+        (b"{\\rtf1\\ansi Dear \\'abContact Display Name\\'bb, this is a letter.\\par }", None),
+        (b"{\\rtf1 no closing brace, but long enough for a template", None),
+        (b"}}}}{{{{\\'zz\\u99999999999?\\bin99999999999 and \\* nothing else {\\", None),
+        ("Dear «Nonsense»".encode(), FIELD),
+        (b"{\\rtf1\\ansi Dear \\'abNonsense\\'bb, this is a letter.\\par }", FIELD),
+        ("We write this to «Contact Display Name without an end".encode(), OPENING),
+        ("By «(Task Due Date, yyyy/dd/mm)», if you please".encode(),
+         "The date format of: 'yyyy/dd/mm' is not valid.  Please see help for valid date formats."),
+        (b"caf\xe9 without an encoding", "template is not UTF-8 text"),
+        (b"Dear \0 client", "template holds a NUL byte"),
+    ]
+
+    def test_check_and_merge_of_every_kind_of_file(self):
+        task = self.free_task()
+        for content, fault in self.TEMPLATES:
+            (self.folder / "template").write_bytes(content)
+            with self.subTest(content):
+                if fault is None:
+                    self.expect(["check", "template"], "The template is sound.\n")
+                else:
+                    self.expect(["check", "template"], err=fault, code=1)
+                unreadable = fault and fault.startswith("template")
+                merged = self.run_program("merge", task, "--template", "template", "--plain")
+                self.assertEqual((1, f"hvnotify: {fault}\n") if unreadable else (0, ""),
+                                 (merged.code, merged.err))
+
+    def test_json_tells_the_fault(self):
+        (self.folder / "t.txt").write_text("Dear «Nonsense»", encoding="utf-8")
+        run = self.run_program("--json", "check", "t.txt")
+        self.assertEqual({"file": "t.txt", "sound": False, "fault": self.FIELD}, run.json())
+
+    def test_no_file(self):
+        for path, reason in [("nowhere", "No such file or directory"), (".", "Is a directory")]:
+            self.expect(["check", path], err=f"cannot read {path}: {reason}", code=1)
+            self.expect(["merge", self.free_task(), "--template", path], code=1,
+                        err=f"cannot read {path}: {reason}")
+
+    def test_a_template_of_a_megabyte_is_quick(self):
+        line = b"Dear \\'abContact Display Name\\'bb, of \\'abCompany Name\\'bb: a letter.\\par\r\n"
+        content = b"{\\rtf1\\ansi " + line * ((1 << 20) // len(line)) + b"}"
+        (self.folder / "large.rtf").write_bytes(content)
+        begin = time.monotonic()
+        self.expect(["check", "large.rtf"], "The template is sound.\n")
+        merged = self.run_program("merge", self.free_task(), "--template", "large.rtf")
+        self.assertEqual((0, ""), (merged.code, merged.err))
+        self.assertNotIn("\\'ab", merged.out)
+        self.assertLess(time.monotonic() - begin, 10)

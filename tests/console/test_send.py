@@ -1,0 +1,167 @@
+"""Sending: each email once, whatever was interrupted, and a clear list of what stayed behind."""
+
+import email
+import email.policy
+import subprocess
+
+from console import ConsoleTest, command
+
+UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
+           "the outbox (settle it with send --mark-only or send --again)")
+REASONS = {2: "a fax goes out by hand from its text", 4: "a letter goes out by hand from its text",
+           8: "a telephone call is made by a person"}
+
+
+class SendTest(ConsoleTest):
+    def due(self):
+        return self.sql("SELECT ClientNotificationID, NotificationType FROM ClientNotification "
+                        "WHERE NotificationSent=0 AND NotificationDate<='2026-04-15' "
+                        "ORDER BY NotificationDate, ClientNotificationID")
+
+    def results(self, *arguments):
+        run = self.run_program("--json", "send", *arguments)
+        return {row["notification"]: (row["result"], row["detail"]) for row in run.json()}, run
+
+    def interrupt(self, notification, sent, status):
+        self.sql("UPDATE ClientNotification SET NotificationSent=?, NotificationSentStatus=?, "
+                 "SentTime=NULL WHERE ClientNotificationID=?", sent, status, notification)
+
+    def test_all_that_is_due(self):
+        due = self.due()
+        emails = [row for row, channel in due if channel == 1]
+        results, run = self.results("--due")
+        self.assertEqual((0, ""), (run.code, run.err))
+        self.assertEqual([row for row, _ in due], list(results))
+        for row, channel in due:
+            self.assertEqual(("sent" if channel == 1 else "skipped"), results[row][0])
+            self.assertEqual(REASONS.get(channel, results[row][1]), results[row][1])
+            self.assertEqual((1, 2) if channel == 1 else (0, 1), self.state(row))
+        self.assertEqual(len(emails), len(self.messages()))
+        again, _ = self.results("--due")
+        self.assertEqual([row for row, channel in due if channel != 1], list(again))
+
+    def test_the_message(self):
+        row = self.due_email()
+        shown = self.run_program("--json", "show", row).json()
+        self.assertEqual(0, self.run_program("send", row).code)
+        (file,) = self.messages()
+        message = email.message_from_bytes(file.read_bytes(), policy=email.policy.default)
+        self.assertEqual(shown["fields"]["Subject"], message["Subject"])
+        self.assertEqual(shown["fields"]["To"], message["To"])
+        self.assertEqual(shown["text"].strip(),
+                         message.get_content().replace("\r\n", "\n").strip())
+        self.assertEqual("2026-04-15", message["Date"].datetime.date().isoformat())
+
+    def test_dry_run_changes_nothing(self):
+        before = (self.folder / "firm.db").read_bytes()
+        results, run = self.results("--due", "--dry-run")
+        self.assertEqual((0, ""), (run.code, run.err))
+        self.assertEqual({"would be sent", "skipped"}, {result for result, _ in results.values()})
+        self.assertFalse((self.folder / "firm.db.outbox").exists())
+        self.assertEqual(before, (self.folder / "firm.db").read_bytes())
+
+    def test_bad_rows_do_not_hold_up_the_others(self):
+        emails = [row for row, channel in self.due() if channel == 1]
+        bad = {emails[0]: (None, "There is no email address entered for this notification"),
+               emails[1]: ("jo@", None), emails[2]: ("a@x.example b@x.example", None)}
+        for row, (address, _) in bad.items():
+            self.sql("UPDATE ClientNotification SET Field1=? WHERE ClientNotificationID=?",
+                     address, row)
+        for options in (["--dry-run"], []):
+            results, run = self.results("--due", *options)
+            self.assertEqual(1, run.code)
+            for row, (_, reason) in bad.items():
+                self.assertEqual("failed", results[row][0])
+                self.assertEqual(reason or results[row][1], results[row][1])
+            self.assertEqual(
+                [f"hvnotify: notification {row} was not sent: {results[row][1]}"
+                 for row in results if row in bad], run.err.splitlines())
+        self.assertEqual(len(emails) - len(bad), len(self.messages()))
+        self.assertEqual({(0, 1)}, {self.state(row) for row in bad})
+
+    def test_named_rows_that_cannot_go(self):
+        row = self.due_email()
+        _, (fax,) = self.arm("fax")
+        self.run_program("send", row)
+        run = self.run_program("send", fax, row, 999999)
+        self.assertEqual((1, [
+            f"hvnotify: notification {fax} was not sent: {REASONS[2]}",
+            f"hvnotify: notification {row} was not sent: This notification has already been sent.",
+            "hvnotify: notification 999999 was not sent: there is no such notification",
+        ]), (run.code, run.err.splitlines()))
+        self.assertEqual(1, len(self.messages()))
+
+    def test_interrupted_between_outbox_and_mark(self):
+        row = self.due_email()
+        self.run_program("send", row)
+        (file,) = self.messages()
+        content = file.read_bytes()
+        for sent, status in [(0, 1), (1, 1)]:
+            self.interrupt(row, sent, status)
+            results, run = self.results("--due")
+            self.assertEqual((0, ("sent", "was in the outbox already")), (run.code, results[row]))
+            self.assertEqual((1, 2), self.state(row))
+            self.assertEqual(content, file.read_bytes())
+        (file.parent / "sent").mkdir()
+        file.rename(file.parent / "sent" / file.name)  # as a mail system does
+        self.interrupt(row, 1, 1)
+        self.assertEqual(("sent", "was in the outbox already"), self.results("--due")[0][row])
+        self.assertNotIn(file, self.messages())
+
+    def test_what_cannot_be_known_is_said_and_not_sent(self):
+        row, (_, (fax,)) = self.due_email(), self.arm("fax")
+        for each in (row, fax):
+            self.interrupt(each, 1, 1)
+            for options in (["--due"], [each], ["--due", "--dry-run"]):
+                results, run = self.results(*options)
+                self.assertEqual((1, ("failed", UNKNOWN)), (run.code, results[each]))
+                self.assertIn(f"hvnotify: notification {each} was not sent: {UNKNOWN}\n", run.err)
+                self.assertEqual((1, 1), self.state(each))
+            self.results(each, "--mark-only")
+            self.assertEqual((1, 2), self.state(each))
+        delivered = self.folder / "firm.db.outbox"
+        count = len(self.messages())
+        self.interrupt(row, 1, 1)
+        self.assertEqual("sent", self.results(row, "--again")[0][row][0])
+        self.assertEqual((count + 1, (1, 2)), (len(list(delivered.glob("*.eml"))), self.state(row)))
+
+    def test_interrupted_cancel_stays_cancelled(self):
+        row = self.due_email()
+        self.interrupt(row, 0, 3)
+        results, run = self.results("--due")
+        self.assertEqual((0, ("skipped", "its cancelling was interrupted; it stays cancelled")),
+                         (run.code, results[row]))
+        self.assertEqual((1, 3), self.state(row))
+
+    def test_mark_only_sends_nothing(self):
+        row, (_, (phone,)) = self.due_email(), self.arm("phone")
+        self.assertEqual(0, self.run_program("send", row, phone, "--mark-only").code)
+        self.assertEqual([(1, 2), (1, 2), []],
+                         [self.state(row), self.state(phone), self.messages()])
+
+    def test_unusable_outboxes(self):
+        row = self.due_email()
+        (self.folder / "file").touch()
+        for name, reason in [("file", "Not a directory"), ("nowhere", "No such file or directory")]:
+            words = f'The outbox folder "{name}" cannot be opened: {reason}.'
+            results, run = self.results(row, "--outbox", name)
+            self.assertEqual((1, ("failed", words)), (run.code, results[row]))
+            self.assertEqual((0, 1), self.state(row))
+
+    def test_several_programs_at_once_send_each_once(self):
+        original = (self.folder / "firm.db").read_bytes()
+        emails = {row for row, channel in self.due() if channel == 1}
+        for round_number in range(6):
+            outbox = f"outbox{round_number}"
+            (self.folder / outbox).mkdir()
+            runs = [subprocess.Popen(command("--outbox", outbox, "send", "--due"),
+                                     cwd=self.folder, stdout=subprocess.PIPE,
+                                     stderr=subprocess.PIPE, text=True) for _ in range(3)]
+            for run in runs:
+                _, errors = run.communicate(timeout=60)
+                self.assertEqual((0, ""), (run.returncode, errors))
+            self.assertEqual(len(emails), len(self.messages(outbox)))
+            self.assertEqual({(1, 2)}, {self.state(row) for row in emails})
+            for ending in ("-wal", "-shm"):
+                (self.folder / f"firm.db{ending}").unlink(missing_ok=True)
+            (self.folder / "firm.db").write_bytes(original)
