@@ -1,0 +1,89 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/services/ClassRegistry.h"
+#include "host/services/ClientDirectory.h"
+#include "host/services/HeadlessFormHost.h"
+#include "host/services/HostLocale.h"
+#include "host/services/HostWorkingFolder.h"
+#include "host/services/TerminalErrorClass.h"
+#include "host/services/TerminalMsgbox.h"
+#include "platform/Clock.h"
+#include "platform/Value.h"
+
+struct sqlite3;
+
+namespace autonotify::bench {
+
+/// The day on which all benchmarks happen.
+class BenchClock : public Clock {
+ public:
+  DateTime now() override { return DateTime::of(2026, 4, 15, 9, 30); }
+};
+
+/// A host as a program would set it up, on a firm's database, for the logic that is linked in.
+class Firm {
+ public:
+  explicit Firm(std::unique_ptr<host::SqliteDatabase> database);
+  ~Firm();
+  Firm(const Firm&) = delete;
+  Firm& operator=(const Firm&) = delete;
+
+  /// From here on the logic works for this firm. Forgets the errors noted before.
+  void attach();
+  /// Throws std::logic_error when the logic met an error since the last attach: a benchmark of
+  /// something that fails would measure the wrong thing.
+  void requireNoErrors() const;
+
+  host::SqliteDatabase& database() { return *database_; }
+  clientDropDownCtrlReference& clients() { return clients_; }
+  /// The same connection, for statements beside the logic. No recordset may be open meanwhile.
+  sqlite3* connection();
+  std::vector<Id> ids(const std::string& select);
+  /// Up to 1,000 schedule entries that have a task and a client, spread over the firm.
+  const std::vector<Id>& entries();
+
+ private:
+  std::unique_ptr<host::SqliteDatabase> database_;
+  host::ClientDirectory clients_;
+  host::TerminalErrorClass errors_;
+  host::TerminalMsgbox messages_;
+  host::HostLocale locale_;
+  host::HostWorkingFolder workingFolder_;
+  host::HeadlessFormHost forms_;
+  host::ClassRegistry registry_;
+  BenchClock clock_;
+  std::vector<Id> entries_;
+};
+
+/// The firms of one run, each made when first asked for.
+class Firms {
+ public:
+  /// Database files are made in `folder`; those of an earlier run are replaced.
+  explicit Firms(std::filesystem::path folder);
+
+  /// 200 companies and 300 people, three years of entries.
+  Firm& inMemory();
+  /// The same in a file, with the settings that every program uses.
+  Firm& onDisk();
+  /// The same in a file with 1,000,000 notifications of years past.
+  Firm& ofManyYears();
+  /// A connection to a fresh copy of the firm in memory.
+  SQLite::Database copyInMemory();
+
+  /// Where the firm of many years is kept for other programs.
+  std::filesystem::path fileOfManyYears() const { return folder_ / "million.db"; }
+
+ private:
+  std::filesystem::path folder_;
+  std::unique_ptr<Firm> inMemory_;
+  std::unique_ptr<Firm> onDisk_;
+  std::unique_ptr<Firm> ofManyYears_;
+};
+
+}  // namespace autonotify::bench

@@ -1,0 +1,75 @@
+#!/usr/bin/env python3
+"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS.json MEMORY.json HVNOTIFY MILLION.db"""
+import json
+import resource
+import statistics
+import subprocess
+import sys
+import time
+
+# Row -> words and the ratio that is aimed at.
+ROWS = [
+    ("single_row", "single row by key: open, read 3 columns, close", "raw prepared SQLite", 2.0),
+    ("merge_seen", "merge of a 1.5 kB letter, 12 fields, template seen before", "ctemplate, parsed once", 3.0),
+    ("merge_new", "the same, template never seen", "ctemplate, parse and render", 4.0),
+    ("comments", "`generateClientAutoNotifyComment`, 1,000 tasks", "the same SELECTs raw", 2.5),
+    ("add_email_disk", "add one email notification, on disk", "its SELECTs and INSERT raw", 2.0),
+    ("add_letter_disk", "add one letter notification, on disk", "its SELECTs and INSERT raw", 2.0),
+    ("add_email_memory", "add one email notification, in memory", "its SELECTs and INSERT raw", 2.0),
+    ("add_letter_memory", "add one letter notification, in memory", "its SELECTs and INSERT raw", 2.0),
+]
+
+
+def readings(results):
+    """Name -> times in nanoseconds, one a repetition; and name -> most bytes in use."""
+    times, memory = {}, {}
+    for run in results["benchmarks"]:
+        if run["run_type"] != "iteration":
+            continue
+        name, _, rest = run["name"].partition("/")
+        part = rest.split("/")[0]
+        elapsed = run["real_time"] if rest.endswith("real_time") else run["cpu_time"]
+        times.setdefault((name, part), []).append(elapsed)
+        memory[name, part] = max(memory.get((name, part), 0), run.get("max_bytes_used", 0))
+    return times, memory
+
+
+def human(nanoseconds):
+    for unit, size in (("ms", 1e6), ("µs", 1e3)):
+        if nanoseconds >= size:
+            return f"{nanoseconds / size:.3g} {unit}"
+    return f"{nanoseconds:.3g} ns"
+
+
+def table(times, memory):
+    yield "| work | ours | floor in the same run | ratio | aim |"
+    yield "|---|---|---|---|---|"
+    for name, words, floor_words, aim in ROWS:
+        ours, floor = (statistics.median(times[name, part]) for part in ("ours", "floor"))
+        yield (f"| {words} | {human(ours)} | {human(floor)} ({floor_words}) | "
+               f"{ours / floor:.2f} x | {aim:.1f} x |")
+    handle = statistics.median(times["adding_handle", "ours"])
+    yield (f"| a handle for adding on 1,000,000 rows | {human(handle)}, "
+           f"{memory['adding_handle', 'ours'] / 1024:.0f} KiB | - | - | 1 ms, 1 MiB |")
+    yield f"| memory of one merge | {memory['merge_new', 'ours'] / 1024:.0f} KiB | - | - | - |"
+
+
+def due_on(hvnotify, database):
+    """What is due among a million rows: time and memory of the whole process."""
+    start = time.monotonic()
+    done = subprocess.run([hvnotify, "--batch", "--database", database, "--today", "2026-04-15", "due"],
+                          capture_output=True, text=True, check=True)
+    seconds = time.monotonic() - start
+    kilobytes = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
+    rows = len(done.stdout.splitlines()) - 1
+    return (f"| `due` among 1,000,000 rows, {rows} due | {seconds:.2f} s, {kilobytes / 1024:.1f} MiB "
+            "(the whole process) | - | - | - |")
+
+
+def load(path):
+    with open(path, encoding="utf-8") as file:
+        return readings(json.load(file))
+
+
+print("\n".join(table(load(sys.argv[1])[0], load(sys.argv[2])[1])))
+print(due_on(sys.argv[3], sys.argv[4]))

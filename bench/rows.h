@@ -1,0 +1,16 @@
+#pragma once
+
+#include "bench/Firm.h"
+
+namespace autonotify::bench {
+
+// Each registers its benchmarks under "row/ours" and "row/floor"; bench/report.py puts the two in
+// proportion. Work whose cost is the disk's is measured in real time, all other in processor time.
+
+void registerSingleRow(Firms& firms);
+void registerMerge(Firms& firms);
+void registerComments(Firms& firms);
+void registerAdding(Firms& firms);
+void registerManyRows(Firms& firms);
+
+}  // namespace autonotify::bench
