@@ -1,0 +1,81 @@
+"""The program with a person before it: output fits the screen, errors are asked about."""
+
+import contextlib
+import fcntl
+import os
+import pty
+import sqlite3
+import struct
+import subprocess
+import termios
+
+from console import ConsoleTest, command
+
+
+class TerminalTest(ConsoleTest):
+    def at_terminal(self, *arguments, columns=80, answers=""):
+        """What a person sees who types `answers`, and the exit code."""
+        screen, terminal = pty.openpty()
+        fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        process = subprocess.Popen(command(*arguments), cwd=self.folder, stdin=terminal,
+                                   stdout=terminal, stderr=terminal)
+        os.close(terminal)
+        os.write(screen, answers.encode())
+        seen = b""
+        with contextlib.suppress(OSError):  # the terminal is gone when the program has ended
+            while chunk := os.read(screen, 65536):
+                seen += chunk
+        os.close(screen)
+        return seen.decode().replace("\r\n", "\n"), process.wait(timeout=60)
+
+    def test_tables_fit_the_screen(self):
+        whole = self.run_program("tasks").out.splitlines()
+        for columns in (200, 80, 50):
+            shown, code = self.at_terminal("tasks", columns=columns)
+            lines = shown.splitlines()
+            self.assertEqual((0, len(whole)), (code, len(lines)))
+            self.assertLessEqual(max(map(len, lines)), columns)
+            self.assertEqual(columns < 100, "…" in shown)
+            self.assertEqual([line.split()[0] for line in whole],
+                             [line.split()[0] for line in lines])
+
+    def test_stored_text_cannot_drive_the_terminal(self):
+        _, (letter,) = self.arm("letter")
+        self.sql("UPDATE ClientNotification SET Memo=? WHERE ClientNotificationID=?",
+                 "{\\rtf1 \x1b]0;title\x07}", letter)
+        self.assertIn("\x1b", self.run_program("show", "--rtf", letter).out)  # as it is stored
+        self.assertNotIn("\x1b", self.at_terminal("show", "--rtf", letter)[0])
+
+    def test_errors_are_asked_about_unless_in_batch(self):
+        question = "1 continue, 2 leave, 3 retry?"
+        task = self.free_task()
+        with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as writer:
+            writer.execute("BEGIN IMMEDIATE")
+            arm = ["arm", task, "--channel", "fax"]
+            shown, code = self.at_terminal(*arm, answers="x\n2\n")
+            self.assertEqual((2, 1), (shown.count(question), code), shown)
+            shown, code = self.at_terminal("--batch", *arm)
+            self.assertEqual((0, 1), (shown.count(question), code), shown)
+        self.assertEqual([], self.sql("SELECT * FROM ClientNotification WHERE ScheduleIDNum=?",
+                                      task))
+
+
+class LargeFirmTest(ConsoleTest):
+    demo = ["--clients", "40", "--seed", "7", "--past-notifications", "100000"]
+
+    def used_by(self, database, *arguments):
+        """Kilobytes at most and seconds of work."""
+        process = subprocess.Popen(command(*arguments, database=database), cwd=self.folder,
+                                   stdout=subprocess.DEVNULL)
+        _, status, used = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        self.assertEqual(0, process.returncode)
+        return used.ru_maxrss, used.ru_utime + used.ru_stime
+
+    def test_a_long_past_costs_no_memory(self):
+        self.run_program("init", "--demo", *self.demo[:4], database="young.db")
+        for arguments in (["due"], ["send", "--due", "--dry-run"]):
+            memory, seconds = self.used_by("firm.db", *arguments)
+            without_past, _ = self.used_by("young.db", *arguments)
+            self.assertLess(memory, without_past + 10_000)
+            self.assertLess(seconds, 5)
