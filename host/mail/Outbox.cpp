@@ -120,6 +120,11 @@ bool Outbox::put(const std::string& name, const std::string& content) const {
     if (error == EEXIST && entryAt(folder.get(), fileName) == Entry::file) return false;
     fail("The message cannot be put into the outbox folder \"" + folder_ + "\"", error);
   }
+  // A mail system may have taken another sender's message of this name since the first look.
+  if (entryAt(folder.get(), "sent/" + fileName) == Entry::file) {
+    ::unlinkat(folder.get(), fileName.c_str(), 0);
+    return false;
+  }
   if (::fsync(folder.get()) != 0)
     fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", errno);
   return true;
