@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "host/loader/ComponentLibrary.h"
-#include "store/rows.h"
 #include "support/TestHost.h"
+#include "support/rows.h"
 
 namespace autonotify::test {
 
@@ -24,10 +24,6 @@ class ComponentHost : public TestHost {
     to.put_WorkingFolderReference(&workingFolder);
     to.put_LocaleReference(&locale);
     to.put_clientDropDownCtrlReference(&clients);
-  }
-
-  Id addTestRow(const char* table, const char* keyColumn, const RowFields& fields) {
-    return addRowTo(*plainDatabase, table, keyColumn, fields);
   }
 
   host::ComponentLibrary library;

@@ -15,37 +15,20 @@ constexpr Id client = 1, company = 1, person = 1, entry = 1, oldEntry = 2;
 constexpr Id emailRow = 1, faxRow = 2, oldRow = 3, nextRow = 4;
 
 void fillOffice(ComponentHost& host) {
-  const auto add = [&](const char* table, const char* key, const RowFields& fields) {
-    host.addTestRow(table, key, fields);
-  };
-  add("AccountantFirmInfo", "CompanyID", {{"CompanyName", "Fisher & Lind"}});
-  add("Companies", "CompanyID", {{"CompanyName", "Maple Ltd"}, {"Email", "office@maple.example"}});
-  add("ClientData", "ClientDataID", {{"CompanyIDNum", "1"}});
-  add("Contacts", "ContactID", {{"DisplayName", "Jo Park"}, {"BusinessPhone_Main", "555-0122"}});
-  add("ContactLinks", "ContactLinkID",
-      {{"ContactIDNum", "1"}, {"CompanyNum", "1"}, {"DefaultContact", "True"}});
-  add("ScheduleTypes", "ScheduleTypeID",
-      {{"TotalNum", "103"}, {"ScheduleNum", "1"}, {"NotificationPeriod", "1"}});
-  for (const char* bits : {"7", "1"}) {
-    add("Schedule", "ScheduleID",
-        {{"ClientNum", "1"},
-         {"totalNum", "103"},
-         {"scheduleNum", "1"},
-         {"scheduleName", "GST Return"},
-         {"DueDate", toText(dueDate)},
-         {"notifyType", bits}});
+  Rows rows(*host.plainDatabase);
+  rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}});
+  rows.addClient("Maple Ltd", "Jo Park");
+  rows.addKind(103, 1, 1);
+  for (const int bits : {7, 1}) {
+    rows.addSchedule(103, 1, dueDate,
+                     {{"ClientNum", client}, {"scheduleName", "GST"}, {"notifyType", bits}});
   }
-  const auto addNotification = [&](const char* schedule, const char* channel, const char* sent) {
-    add("ClientNotification", "ClientNotificationID",
-        {{"ScheduleIDNum", schedule},
-         {"NotificationType", channel},
-         {"NotificationDate", "2026-04-01"},
-         {"Field1", std::string("to ") + schedule + channel},
-         {"NotificationSent", sent}});
-  };
-  addNotification("1", "1", "False");
-  addNotification("1", "2", "True");
-  addNotification("2", "1", "False");
+  for (const auto& [schedule, channel] : {std::pair{entry, 1}, {entry, 2}, {oldEntry, 1}}) {
+    const Id row = rows.addNotification(schedule, channel, DateTime::of(2026, 4, 1), channel == 2);
+    host.plainDatabase->connection().exec("UPDATE ClientNotification SET Field1='to " +
+                                          std::to_string(schedule) + std::to_string(channel) +
+                                          "' WHERE ClientNotificationID=" + std::to_string(row));
+  }
 }
 
 /// An operation of the control, its result in the office, and what is left of it when the person
@@ -93,78 +76,72 @@ Operation question(const char* name, Call call, std::string result, std::string 
           std::move(result), std::move(atOnceLeft)};
 }
 
-using Control = clsAutoNotifyCtrl;
-
 const Operation operations[] = {
     question(
         "doesClientHave",
-        [](Control& c) { return c.cls_doesClientHaveAssociatedUnsentNotifications(client); },
-        "True", "False"),
-    action("cancelAll", [](Control& c) { c.cls_cancelAllUnsentNotificationsForClientID(client); }),
+        [](auto& c) { return c.cls_doesClientHaveAssociatedUnsentNotifications(client); }, "True",
+        "False"),
+    action("cancelAll", [](auto& c) { c.cls_cancelAllUnsentNotificationsForClientID(client); }),
     question(
-        "getNotificationID", [](Control& c) { return c.cls_getNotificationID(entry, nt_Fax); }, "2",
+        "getNotificationID", [](auto& c) { return c.cls_getNotificationID(entry, nt_Fax); }, "2",
         "-1"),
     question(
-        "statusOfARow", [](Control& c) { return c.cls_getNotificationStatus(entry, nt_Fax); },
-        "True", "False"),
+        "statusOfARow", [](auto& c) { return c.cls_getNotificationStatus(entry, nt_Fax); }, "True",
+        "False"),
     question(
-        "statusOfAStaleBit",
-        [](Control& c) { return c.cls_getNotificationStatus(entry, nt_Letter); }, "False", "False"),
-    action("changeDate",
-           [](Control& c) { c.cls_ChangeNotificationNotifiedDate(emailRow, dueDate); }),
+        "statusOfAStaleBit", [](auto& c) { return c.cls_getNotificationStatus(entry, nt_Letter); },
+        "False", "False"),
+    action("changeDate", [](auto& c) { c.cls_ChangeNotificationNotifiedDate(emailRow, dueDate); }),
     question(
         "addStatus",
-        [](Control& c) { return c.cls_changeNotificationStatus(nt_Phone, nt_AddStatus, entry); },
+        [](auto& c) { return c.cls_changeNotificationStatus(nt_Phone, nt_AddStatus, entry); },
         "True", "True"),
     question(
-        "needToSend", [](Control& c) { return c.cls_needToSendAutoNotificationsToday(); }, "True",
+        "needToSend", [](auto& c) { return c.cls_needToSendAutoNotificationsToday(); }, "True",
         "False"),
     addition("addEmail",
-             [](Control& c) { return c.cls_addNewEmailNotificationFromScheduleIDNum(entry); }),
+             [](auto& c) { return c.cls_addNewEmailNotificationFromScheduleIDNum(entry); }),
     addition("addEmailByName",
-             [](Control& c) {
+             [](auto& c) {
                return c.cls_addNewEmailNotificationFromScheduleNameAndDueDate(
                    entry, -1, company, -1, "GST", dueDate, "Hello");
              }),
     action("editEmail",
-           [](Control& c) { c.cls_editEmailNotification(emailRow, "a", "b", "c", "d", "e"); }),
-    addition("addFax",
-             [](Control& c) { return c.cls_addNewFaxNotificationFromScheduleIDNum(entry); }),
+           [](auto& c) { c.cls_editEmailNotification(emailRow, "a", "b", "c", "d", "e"); }),
+    addition("addFax", [](auto& c) { return c.cls_addNewFaxNotificationFromScheduleIDNum(entry); }),
     addition("addFaxByName",
-             [](Control& c) {
+             [](auto& c) {
                return c.cls_addNewFaxNotificationFromScheduleNameAndDueDate(
                    entry, -1, company, -1, "GST", dueDate, "Hello");
              }),
-    action(
-        "editFax",
-        [](Control& c) { c.cls_editFaxNotification(faxRow, "a", "b", "c", "d", "e", "f", "g"); }),
+    action("editFax",
+           [](auto& c) { c.cls_editFaxNotification(faxRow, "a", "b", "c", "d", "e", "f", "g"); }),
     addition("addLetter",
-             [](Control& c) { return c.cls_addNewLetterNotificationFromScheduleIDNum(entry); }),
+             [](auto& c) { return c.cls_addNewLetterNotificationFromScheduleIDNum(entry); }),
     addition("addLetterByName",
-             [](Control& c) {
+             [](auto& c) {
                return c.cls_addNewLetterNotificationFromScheduleNameAndDueDate(
                    entry, -1, company, -1, "GST", dueDate, "Hello");
              }),
-    action("editLetter", [](Control& c) { c.cls_editLetterNotification(emailRow, ""); }),
+    action("editLetter", [](auto& c) { c.cls_editLetterNotification(emailRow, ""); }),
     addition("addPhone",
-             [](Control& c) { return c.cls_addNewPhoneNotificationFromScheduleIDNum(entry); }),
+             [](auto& c) { return c.cls_addNewPhoneNotificationFromScheduleIDNum(entry); }),
     addition("addPhoneByName",
-             [](Control& c) {
+             [](auto& c) {
                return c.cls_addNewPhoneNotificationFromScheduleNameAndDueDate(
                    entry, -1, -1, person, "GST", dueDate, "Hello");
              }),
-    action("editPhone",
-           [](Control& c) { c.cls_editPhoneNotification(emailRow, "a", "b", "c", "d"); }),
+    action("editPhone", [](auto& c) { c.cls_editPhoneNotification(emailRow, "a", "b", "c", "d"); }),
     action("copyBySchedule",
-           [](Control& c) {
+           [](auto& c) {
              c.cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum(emailRow, oldEntry);
            }),
-    action("delete", [](Control& c) { c.cls_deleteNotification(oldRow); }),
+    action("delete", [](auto& c) { c.cls_deleteNotification(oldRow); }),
     question(
-        "period", [](Control& c) { return int{c.cls_getNotificationPeriod(103, 1)}; }, "-1", "-15"),
-    action("refreshDate", [](Control& c) { c.cls_refreshNotificationDate(entry); }),
+        "period", [](auto& c) { return int{c.cls_getNotificationPeriod(103, 1)}; }, "-1", "-15"),
+    action("refreshDate", [](auto& c) { c.cls_refreshNotificationDate(entry); }),
     {"comment",
-     [](Control& c) { return c.cls_generateClientAutoNotifyComment(entry).empty() ? "" : "text"; },
+     [](auto& c) { return c.cls_generateClientAutoNotifyComment(entry).empty() ? "" : "text"; },
      "text", ""},
 };
 
@@ -207,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(Control, Operations, testing::ValuesIn(operations),
 
 TEST(OperationEffects, WriteTheRowsThatTheyName) {
   ComponentHost host(&officeContent());
-  Control& control = *host.control;
+  clsAutoNotifyCtrl& control = *host.control;
   control.cls_editEmailNotification(emailRow, "", "cc@maple.example");
   control.cls_editPhoneNotification(oldRow, "Jo", "", "mornings");
   control.cls_changeNotificationStatus(nt_Fax, nt_RemoveStatus, entry);

@@ -82,7 +82,7 @@ TEST_F(Properties, UtilitiesComeAndGoWithEachControl) {
   EXPECT_THAT(takeLog(), ElementsAre("-FileUtility", "-GeneralUtilities", "-ValidationUtilities"));
   first->put_DatabaseReference(&services.database);
   services.errors.answer({error_choice::leave});
-  const Id entry = addRowTo(*services.plainDatabase, "Schedule", "ScheduleID", {{"Year", "2026"}});
+  const Id entry = Rows(*services.plainDatabase).addRow("Schedule", {{"Year", 2026}});
   EXPECT_FALSE(first->cls_getNotificationStatus(entry, nt_Email));
   EXPECT_EQ(services.errors.recorded().at(0).number, error_number::objectNotSet);
   auto third = library.createControl();
@@ -115,19 +115,17 @@ TEST_F(Properties, FirstAssignmentWinsButForTheClientList) {
   }
   EXPECT_EQ(control->get_DatabaseReference(), &services.database);
 
-  const Id company = addRowTo(*services.plainDatabase, "Companies", "CompanyID", {});
-  const Id client = addRowTo(*services.plainDatabase, "ClientData", "ClientDataID",
-                             {{"CompanyIDNum", std::to_string(company)}});
-  const Id entry = addRowTo(*services.plainDatabase, "Schedule", "ScheduleID",
-                            {{"ClientNum", std::to_string(client)}, {"DueDate", "2026-04-30"}});
+  Rows rows(*services.plainDatabase);
+  const Id entry = rows.addSchedule(101, 1, DateTime::of(2026, 4, 30),
+                                    {{"ClientNum", rows.addClient("Maple Ltd", "Jo").clientNum}});
   other.calls.record(true);
   const Id row = control->cls_addNewLetterNotificationFromScheduleIDNum(entry);
   EXPECT_EQ(services.notificationCount(), 1);
   EXPECT_GT(services.errors.entered(), 0);
   EXPECT_EQ(services.errors.entered(), services.errors.left());
   EXPECT_EQ(other.errors.entered(), 0);
-  EXPECT_EQ(toInteger(readRowOf(*services.plainDatabase, "ClientNotification", "CompanyIDNum",
-                                "ClientNotificationID=" + std::to_string(row))),
+  EXPECT_EQ(toInteger(rows.valueOf("ClientNotification", "CompanyIDNum",
+                                   "ClientNotificationID=" + std::to_string(row))),
             noId)
       << "the second client list does not know the company";
   EXPECT_THAT(other.calls.log(), testing::Contains("isCompanyClient"));

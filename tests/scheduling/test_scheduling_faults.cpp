@@ -1,11 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
-#include "scheduling/rows.h"
 #include "settings/modUserSettings.h"
 #include "support/fault_walk.h"
+#include "support/rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -14,18 +12,16 @@ constexpr DateTime dueDate = DateTime::of(2026, 11, 23);
 constexpr Id user = 7;
 
 /// One schedule entry with two notifications, due after a holiday.
-struct Office {
-  Office() {
-    addHoliday(DateTime::of(2026, 11, 20), "");
-    addKind(103, 1, 2, "{\\rtf1 \\'abCompany Name\\'bb}");
-    const TestClient client = addClient("Acme Ltd.", "Jane Smith");
-    entry = addSchedule(103, 1, dueDate, {{"ClientNum", std::to_string(client.clientNum)}});
-    addTask(entry, "GST Return");
-    addNotification(entry, 8, DateTime::of(2026, 1, 5));
-    addNotification(entry, 2, DateTime::of(2026, 1, 6));
-  }
-  Id entry = noId;
-};
+Id fillOffice(Rows rows) {
+  rows.addHoliday(DateTime::of(2026, 11, 20), "");
+  rows.addKind(103, 1, 2, "{\\rtf1 \\'abCompany Name\\'bb}");
+  const TestClient client = rows.addClient("Acme Ltd.", "Jane Smith");
+  const Id entry = rows.addSchedule(103, 1, dueDate, {{"ClientNum", client.clientNum}});
+  rows.addTask(entry, "GST Return");
+  rows.addNotification(entry, 8, DateTime::of(2026, 1, 5));
+  rows.addNotification(entry, 2, DateTime::of(2026, 1, 6));
+  return entry;
+}
 
 struct Operation {
   const char* name;
@@ -33,9 +29,13 @@ struct Operation {
   std::string defaultResult;
 };
 
-std::string savedTemplates(TestHost& host, Id id) {
+Id saveKind(TestHost& host, Id id) {
+  clsAutoNotifyTemplate kind;
+  kind.put_scheduleTypeID(id);
+  kind.put_totalNum(105);
+  const Id saved = kind.saveScheduleTypeInfo();
   EXPECT_LE(host.dump("SELECT 1 FROM ScheduleTypes WHERE TotalNum=105"), "1|\n");
-  return std::to_string(id);
+  return saved;
 }
 
 const Operation operations[] = {
@@ -57,23 +57,10 @@ const Operation operations[] = {
        return std::string{};
      },
      ""},
-    {"save",
-     [](TestHost& host, Id) {
-       clsAutoNotifyTemplate kind;
-       kind.put_totalNum(105);
-       return savedTemplates(host, kind.saveScheduleTypeInfo());
-     },
-     "-1"},
-    {"save gone",
-     [](TestHost& host, Id) {
-       clsAutoNotifyTemplate kind;
-       kind.put_scheduleTypeID(4711);
-       kind.put_totalNum(105);
-       return savedTemplates(host, kind.saveScheduleTypeInfo());
-     },
-     "4711"},
-    {"get setting", [](TestHost&, Id) { return std::to_string(getShowEmailPreview(user)); }, "1"},
-    {"put setting",
+    {"saveNew", [](TestHost& host, Id) { return std::to_string(saveKind(host, noId)); }, "-1"},
+    {"saveGone", [](TestHost& host, Id) { return std::to_string(saveKind(host, 4711)); }, "4711"},
+    {"getSetting", [](TestHost&, Id) { return std::to_string(getShowEmailPreview(user)); }, "1"},
+    {"putSetting",
      [](TestHost&, Id) {
        putShowMVPreview(true, user);
        return std::string{};
@@ -82,12 +69,16 @@ const Operation operations[] = {
     {"comment", [](TestHost&, Id entry) { return generateClientAutoNotifyComment(entry); }, ""},
 };
 
+void PrintTo(const Operation& operation, std::ostream* out) {
+  *out << operation.name;
+}
+
 class SchedulingFaults : public testing::TestWithParam<Operation> {};
 
 TEST_P(SchedulingFaults, LeaveNothingHalfDone) {
   Id entry = noId;
   FaultWalk walk;
-  walk.prepare = [&](TestHost&) { entry = Office{}.entry; };
+  walk.prepare = [&](TestHost& host) { entry = fillOffice(Rows(*host.plainDatabase)); };
   walk.run = [&](TestHost& host) { return GetParam().run(host, entry); };
   walk.defaultResult = GetParam().defaultResult;
   const FaultWalkReport report = walkFaults(walk);
@@ -95,11 +86,7 @@ TEST_P(SchedulingFaults, LeaveNothingHalfDone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, SchedulingFaults, testing::ValuesIn(operations),
-                         [](const auto& operation) {
-                           std::string name = operation.param.name;
-                           std::replace(name.begin(), name.end(), ' ', '_');
-                           return name;
-                         });
+                         [](const auto& operation) { return std::string(operation.param.name); });
 
 }  // namespace
 }  // namespace autonotify::test

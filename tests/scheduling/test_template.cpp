@@ -1,25 +1,24 @@
-#include <gtest/gtest.h>
-
 #include <functional>
 
 #include "scheduling/clsAutoNotifyTemplate.h"
-#include "scheduling/scheduling_fixture.h"
+#include "support/HostTest.h"
 
 namespace autonotify::test {
 namespace {
 
-class Template : public SchedulingTest {
+using testing::ElementsAre;
+
+class Template : public HostTest {
  protected:
-  static Id addFullKind() {
-    return addTestRow("ScheduleTypes", "ScheduleTypeID",
-                      {{"ScheduleTypeNum", "3"},
-                       {"TotalNum", "103"},
-                       {"ScheduleNum", "2"},
-                       {"ScheduleTypeName", "Sales tax"},
-                       {"NotificationComment", "{\\rtf1 Hello}"},
-                       {"NotificationPeriod", "-4"},
-                       {"Locked", "True"},
-                       {"CustomTaskSchemeIDNum", "77"}});
+  Id addFullKind() {
+    return addRow("ScheduleTypes", {{"ScheduleTypeNum", 3},
+                                    {"TotalNum", 103},
+                                    {"ScheduleNum", 2},
+                                    {"ScheduleTypeName", "Sales tax"},
+                                    {"NotificationComment", "{\\rtf1 Hello}"},
+                                    {"NotificationPeriod", -4},
+                                    {"Locked", "True"},
+                                    {"CustomTaskSchemeIDNum", 77}});
   }
   static void expectFullKind(clsAutoNotifyTemplate& kind, Id id) {
     EXPECT_EQ(kind.get_scheduleTypeID(), id);
@@ -51,7 +50,7 @@ TEST_F(Template, OpensARowByIdKindOrScheme) {
   }
 }
 
-TEST_F(Template, KeepsItsDefaultsWithoutARow) {
+TEST_F(Template, KeepsWhatItHasWithoutARowOrAnEmptyColumn) {
   clsAutoNotifyTemplate kind;
   EXPECT_FALSE(kind.findAndOpenScheduleTypeByCustomTaskSchemeIDNum(77));
   EXPECT_FALSE(kind.openWithTotalNumAndScheduleNum(103, 2, true));
@@ -59,8 +58,11 @@ TEST_F(Template, KeepsItsDefaultsWithoutARow) {
   EXPECT_TRUE(kind.openExistingScheduleType(4711));
   EXPECT_EQ(kind.get_scheduleTypeID(), 4711);
   EXPECT_EQ(kind.get_totalNum(), 103);
-  EXPECT_EQ(kind.get_ScheduleTypeNum(), -1);
   EXPECT_EQ(kind.get_notificationPeriod(), 15);
+  kind.put_ScheduleNum(6);
+  kind.openExistingScheduleType(addRow("ScheduleTypes", {{"TotalNum", 105}}));
+  EXPECT_EQ(kind.get_totalNum(), 105);
+  EXPECT_EQ(kind.get_ScheduleNum(), 6);
 }
 
 TEST_F(Template, OpensTheRowOfTheFamilyOnlyWhenAsked) {
@@ -75,33 +77,22 @@ TEST_F(Template, OpensTheRowOfTheFamilyOnlyWhenAsked) {
   EXPECT_EQ(kind.get_scheduleTypeID(), fallback);
 }
 
-TEST_F(Template, EmptyColumnLeavesWhatWasThere) {
-  const Id id = addTestRow("ScheduleTypes", "ScheduleTypeID", {{"TotalNum", "103"}});
-  clsAutoNotifyTemplate kind;
-  kind.put_totalNum(5);
-  kind.put_ScheduleNum(6);
-  kind.openExistingScheduleType(id);
-  EXPECT_EQ(kind.get_totalNum(), 103);
-  EXPECT_EQ(kind.get_ScheduleNum(), 6);
-}
-
 TEST_F(Template, EveryWriteOfADataPropertyMakesItDirty) {
-  const std::function<void(clsAutoNotifyTemplate&)> writes[] = {
-      [](auto& kind) { kind.put_scheduleTypeID(1); },
-      [](auto& kind) { kind.put_ScheduleTypeNum(1); },
-      [](auto& kind) { kind.put_customTaskSchemeIDNum(1); },
-      [](auto& kind) { kind.put_totalNum(1); },
-      [](auto& kind) { kind.put_ScheduleNum(1); },
-      [](auto& kind) { kind.put_scheduleTypeName("a"); },
-      [](auto& kind) { kind.put_notificationComment("a"); },
-      [](auto& kind) { kind.put_notificationPeriod(1); },
-      [](auto& kind) { kind.put_locked(true); },
-      [](auto& kind) { kind.restoreNotificationComment(); }};
+  using Kind = clsAutoNotifyTemplate;
+  const std::function<void(Kind&)> writes[] = {
+      [](Kind& kind) { kind.put_scheduleTypeID(1); },
+      [](Kind& kind) { kind.put_ScheduleTypeNum(1); },
+      [](Kind& kind) { kind.put_customTaskSchemeIDNum(1); },
+      [](Kind& kind) { kind.put_totalNum(1); },
+      [](Kind& kind) { kind.put_ScheduleNum(1); },
+      [](Kind& kind) { kind.put_scheduleTypeName("a"); },
+      [](Kind& kind) { kind.put_notificationComment("a"); },
+      [](Kind& kind) { kind.put_notificationPeriod(1); },
+      [](Kind& kind) { kind.put_locked(true); },
+      [](Kind& kind) { kind.restoreNotificationComment(); }};
   for (const auto& write : writes) {
-    clsAutoNotifyTemplate kind;
+    Kind kind;
     kind.useUpperCaseStart = true;
-    kind.get_notificationComment();
-    EXPECT_FALSE(kind.isDirtyFlag);
     write(kind);
     EXPECT_TRUE(kind.isDirtyFlag);
     kind.resetAllValues();
@@ -111,61 +102,37 @@ TEST_F(Template, EveryWriteOfADataPropertyMakesItDirty) {
 }
 
 TEST_F(Template, PeriodStaysWithinAYear) {
-  struct Case {
-    std::int16_t days;
-    std::int16_t kept;
-    int messages;
-  };
-  for (const Case& c : {Case{365, 365, 0}, Case{-365, -365, 0}, Case{0, 0, 0}, Case{366, 15, 1},
-                        Case{-366, 15, 1}}) {
+  const std::pair<std::int16_t, std::int16_t> cases[] = {
+      {365, 365}, {-365, -365}, {0, 0}, {366, 15}, {-366, 15}};
+  for (const auto& [days, kept] : cases) {
     clsAutoNotifyTemplate kind;
-    std::vector<std::string> messages;
-    kind.notificationDatePeriodError = [&](const std::string& text) { messages.push_back(text); };
-    kind.put_notificationPeriod(7);
-    kind.put_notificationPeriod(c.days);
-    EXPECT_EQ(kind.get_notificationPeriod(), c.kept);
-    EXPECT_EQ(messages,
-              std::vector<std::string>(c.messages, "You must enter a number between -365 and 365"));
+    std::string message;
+    kind.notificationDatePeriodError = [&](const std::string& text) { message += text; };
+    kind.put_notificationPeriod(days);
+    EXPECT_EQ(kind.get_notificationPeriod(), kept);
+    EXPECT_EQ(message, days == kept ? "" : "You must enter a number between -365 and 365");
   }
 }
 
-TEST_F(Template, SavingAndOpeningGivesTheSame) {
+TEST_F(Template, SavingWritesTheColumnsInOneOrderAndOpeningGivesTheSame) {
   clsAutoNotifyTemplate original;
   original.openExistingScheduleType(addFullKind());
-  original.put_scheduleTypeID(noId);
-  const Id id = original.saveScheduleTypeInfo();
-  EXPECT_TRUE(original.isSavedFlag);
-  EXPECT_FALSE(original.isDirtyFlag);
-
-  clsAutoNotifyTemplate reopened;
-  reopened.openExistingScheduleType(id);
-  expectFullKind(reopened, id);
-
-  reopened.put_locked(false);
-  reopened.put_notificationComment("changed");
-  EXPECT_EQ(reopened.saveScheduleTypeInfo(), id);
-  EXPECT_FALSE(toFlag(valueOf("ScheduleTypes", "Locked", "ScheduleTypeID=" + std::to_string(id))));
-  EXPECT_EQ(rowCount("ScheduleTypes", "ScheduleTypeID>0"), 2);
-}
-
-TEST_F(Template, SavingARowThatHasGoneAddsOne) {
-  clsAutoNotifyTemplate kind;
-  kind.put_scheduleTypeID(4711);
-  kind.put_totalNum(103);
-  const Id id = kind.saveScheduleTypeInfo();
-  EXPECT_NE(id, 4711);
-  EXPECT_EQ(kind.get_scheduleTypeID(), id);
-  EXPECT_EQ(rowCount("ScheduleTypes", "TotalNum=103"), 1);
-}
-
-TEST_F(Template, SavingWritesTheColumnsInOneOrder) {
-  clsAutoNotifyTemplate kind;
-  kind.openExistingScheduleType(addFullKind());
-  EXPECT_EQ(columnsWrittenBy([&] { kind.saveScheduleTypeInfo(); }),
-            (std::vector<std::string>{"ScheduleTypeNum=3", "CustomTaskSchemeIDNum=77",
-                                      "TotalNum=103", "ScheduleNum=2", "ScheduleTypeName=Sales tax",
-                                      "NotificationComment={\\rtf1 Hello}", "NotificationPeriod=-4",
-                                      "Locked=True"}));
+  EXPECT_THAT(
+      columnsWrittenBy([&] { original.saveScheduleTypeInfo(); }),
+      ElementsAre("ScheduleTypeNum=3", "CustomTaskSchemeIDNum=77", "TotalNum=103", "ScheduleNum=2",
+                  "ScheduleTypeName=Sales tax", "NotificationComment={\\rtf1 Hello}",
+                  "NotificationPeriod=-4", "Locked=True"));
+  for (const Id absent : {noId, Id{4711}}) {
+    original.put_scheduleTypeID(absent);
+    const Id id = original.saveScheduleTypeInfo();
+    EXPECT_NE(id, absent) << "a row that is not there, or has gone, is added";
+    EXPECT_TRUE(original.isSavedFlag);
+    EXPECT_FALSE(original.isDirtyFlag);
+    clsAutoNotifyTemplate reopened;
+    reopened.openExistingScheduleType(id);
+    expectFullKind(reopened, id);
+  }
+  EXPECT_EQ(rowCount("ScheduleTypes"), 3);
 }
 
 TEST_F(Template, EmptyCommentShowsAndSavesTheDefault) {

@@ -1,14 +1,12 @@
-#include <gtest/gtest.h>
-
 #include <functional>
 
-#include "scheduling/scheduling_fixture.h"
 #include "settings/modUserSettings.h"
+#include "support/HostTest.h"
 
 namespace autonotify::test {
 namespace {
 
-class UserSettings : public SchedulingTest {};
+class UserSettings : public HostTest {};
 
 TEST_F(UserSettings, FirstTouchMakesTheRowOnce) {
   const std::function<void(Id)> touches[] = {
@@ -20,8 +18,7 @@ TEST_F(UserSettings, FirstTouchMakesTheRowOnce) {
       [](Id user) { putShowEmailPreview(0, user); }};
   Id user = 100;
   for (const auto& touch : touches) {
-    ++user;
-    touch(user);
+    touch(++user);
     getShowMVPreview(user);
     EXPECT_EQ(rowCount("UserGeneralSettings", "UserIDNum=" + std::to_string(user)), 1);
   }
@@ -30,32 +27,25 @@ TEST_F(UserSettings, FirstTouchMakesTheRowOnce) {
 }
 
 TEST_F(UserSettings, EachPersonHasTheirOwnAndEachSettingItsColumn) {
-  addTestRow("UserGeneralSettings", "UserGeneralSettingsID",
-             {{"UserIDNum", "7"}, {"WarningMessagesExitAutomaticNotificationWarning", "True"}});
-  addTestRow("UserGeneralSettings", "UserGeneralSettingsID",
-             {{"UserIDNum", "8"}, {"WarningMessagesCancelAutoNotificationWarning", "True"}});
+  addRow("UserGeneralSettings",
+         {{"UserIDNum", 7}, {"WarningMessagesExitAutomaticNotificationWarning", "True"}});
+  addRow("UserGeneralSettings",
+         {{"UserIDNum", 8}, {"WarningMessagesCancelAutoNotificationWarning", "True"}});
   EXPECT_TRUE(getAutoSendWizardConfirmation(7));
   EXPECT_FALSE(getCancelAutoNotification(7));
   EXPECT_FALSE(getAutoSendWizardConfirmation(8));
   EXPECT_TRUE(getCancelAutoNotification(8));
-  for (bool value : {true, false}) {
+  for (const bool value : {false, true}) {
     putShowMVPreview(value, 7);
     EXPECT_EQ(getShowMVPreview(7), value);
     EXPECT_FALSE(getShowMVPreview(8));
   }
-}
-
-TEST_F(UserSettings, EmptyEmailPreviewMeansTheWindow) {
-  putShowEmailPreview(0, 7);
-  host().plainDatabase->connection().exec("UPDATE UserGeneralSettings SET ShowEmailPreview=NULL");
-  EXPECT_EQ(getShowEmailPreview(7), 1);
-}
-
-TEST_F(UserSettings, ClosedDatabaseGivesTheDefaults) {
-  putShowMVPreview(true, 7);
   putShowEmailPreview(0, 7);
   closeDatabase();
   EXPECT_FALSE(getShowMVPreview(7));
+  EXPECT_EQ(getShowEmailPreview(7), 1);
+  openDatabase();
+  plainDatabase->connection().exec("UPDATE UserGeneralSettings SET ShowEmailPreview=NULL");
   EXPECT_EQ(getShowEmailPreview(7), 1);
 }
 

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/TestHost.h"
+#include "support/rows.h"
+
+namespace autonotify::test {
+
+/// A test on an attached host with an empty database. At its end no expected question may be left
+/// unasked.
+class HostTest : public testing::Test, public TestHost, public Rows {
+ protected:
+  HostTest() : Rows(*plainDatabase) { attach(); }
+  ~HostTest() override { EXPECT_EQ(errors.answersLeft(), 0u); }
+
+  DateTime today() { return clock.today(); }
+
+  /// The component finds the database closed until openDatabase().
+  void closeDatabase() { references().databaseReference = &closed_; }
+  void openDatabase() { references().databaseReference = &database; }
+
+  /// The calls of the operation during the run, without its name.
+  template <class Run>
+  std::vector<std::string> callsOf(const std::string& operation, Run&& run) {
+    calls.reset();
+    calls.record(true);
+    run();
+    return logged(operation);
+  }
+  template <class Run>
+  std::vector<std::string> columnsWrittenBy(Run&& run) {
+    return callsOf("updateFieldValue", run);
+  }
+  template <class Run>
+  std::vector<std::string> statementsOf(Run&& run) {
+    return callsOf("openRecordset", run);
+  }
+  /// The calls of the operation since the recording began.
+  std::vector<std::string> logged(const std::string& operation) {
+    std::vector<std::string> found;
+    for (const std::string& line : calls.log()) {
+      if (line.starts_with(operation + " ")) found.push_back(line.substr(operation.size() + 1));
+    }
+    return found;
+  }
+  /// Which recorded call, counted from 1, was the `nth` that starts with `start`.
+  int callNumber(const std::string& start, int nth) {
+    const auto& log = calls.log();
+    for (std::size_t i = 0; i < log.size(); ++i) {
+      if (log[i].starts_with(start) && --nth == 0) return static_cast<int>(i) + 1;
+    }
+    ADD_FAILURE() << "no such call: " << start;
+    return 0;
+  }
+
+ private:
+  class ClosedDatabase : public CountedDatabase {
+   public:
+    using CountedDatabase::CountedDatabase;
+    bool isDatabaseOpen() override { return false; }
+  };
+  ClosedDatabase closed_{*plainDatabase, calls};
+};
+
+}  // namespace autonotify::test
