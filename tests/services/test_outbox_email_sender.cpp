@@ -21,6 +21,7 @@ using test::readFile;
 using test::ReceivedMail;
 using test::TemporaryFolder;
 using test::writeFile;
+using Texts = std::vector<std::string>;
 
 class OutboxEmailSenderTest : public testing::Test {
  protected:
@@ -60,25 +61,21 @@ TEST_F(OutboxEmailSenderTest, putsOneReadableMessageIn) {
   sender.put_cc("cc@client.example");
   sender.put_bcc("file@firm.example");
   ASSERT_TRUE(sender.send()) << sender.getLastError();
-  EXPECT_EQ(sender.getLastError(), "");
-  EXPECT_FALSE(sender.alreadyDelivered());
   const ReceivedMail mail = onlyMail();
-  EXPECT_EQ(mail.from, std::vector<std::string>{"Firm <office@firm.example>"});
-  EXPECT_EQ(mail.to,
-            (std::vector<std::string>{"jane@client.example", "John <john@client.example>"}));
-  EXPECT_EQ(mail.cc, std::vector<std::string>{"cc@client.example"});
-  EXPECT_EQ(mail.bcc, std::vector<std::string>{"file@firm.example"});
+  EXPECT_EQ(mail.from, Texts{"Firm <office@firm.example>"});
+  EXPECT_EQ(mail.to, (Texts{"jane@client.example", "John <john@client.example>"}));
+  EXPECT_EQ(mail.cc, Texts{"cc@client.example"});
+  EXPECT_EQ(mail.bcc, Texts{"file@firm.example"});
   EXPECT_EQ(mail.subject, "Your T4 Summary is due");
   EXPECT_EQ(mail.date, "2026-04-15 09:30:00");
   EXPECT_EQ(mail.body, "Dear Jane,\n");
-  const std::string name = files().front().stem();
-  EXPECT_EQ(mail.messageId, name + "@firm.example");
-  EXPECT_EQ(files().front().extension(), ".eml");
+  EXPECT_EQ(files().front().filename(),
+            mail.messageId.substr(0, mail.messageId.find('@')) + ".eml");
   EXPECT_EQ(fs::status(files().front()).permissions(),
             fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST_F(OutboxEmailSenderTest, oneIdentityMakesOneMessage) {
+TEST_F(OutboxEmailSenderTest, oneIdentityMakesOneMessageAlsoOnceItWasSent) {
   for (int round = 0; round < 3; ++round) {
     OutboxEmailSender sender = newSender();
     sender.setIdentity("firm-1/17");
@@ -86,30 +83,24 @@ TEST_F(OutboxEmailSenderTest, oneIdentityMakesOneMessage) {
     clock.set(clock.now().addDays(round));
     ASSERT_TRUE(sender.send()) << sender.getLastError();
     EXPECT_EQ(sender.alreadyDelivered(), round > 0);
+    if (round == 2) break;
+    EXPECT_EQ(onlyMail().body, "version 0\n");
+    fs::create_directory(folder / "sent");
+    if (round == 1) {
+      const fs::path sent = files().front();
+      fs::rename(sent, folder.path() / "sent" / sent.filename());
+    }
   }
-  EXPECT_EQ(onlyMail().body, "version 0\n");
+  EXPECT_TRUE(files().empty());
   OutboxEmailSender other = newSender();
   other.setIdentity("firm-1/18");
   ASSERT_TRUE(other.send());
-  EXPECT_EQ(files().size(), 2u);
-}
-
-TEST_F(OutboxEmailSenderTest, anIdentityThatWasSentStaysSent) {
-  OutboxEmailSender sender = newSender();
-  sender.setIdentity("firm-1/17");
-  ASSERT_TRUE(sender.send());
-  fs::create_directory(folder / "sent");
-  const fs::path file = files().front();
-  fs::rename(file, fs::path(folder / "sent") / file.filename());
-  ASSERT_TRUE(sender.send());
-  EXPECT_TRUE(sender.alreadyDelivered());
-  EXPECT_TRUE(files().empty());
+  EXPECT_EQ(files().size(), 1u);
 }
 
 TEST_F(OutboxEmailSenderTest, withoutAnIdentityContentAndDayTell) {
   const auto sendAll = [&] {
-    OutboxEmailSender sender = newSender();
-    EXPECT_TRUE(sender.send());
+    EXPECT_TRUE(newSender().send());
     return files().size();
   };
   EXPECT_EQ(sendAll(), 1u);
@@ -143,18 +134,12 @@ TEST_F(OutboxEmailSenderTest, refusesMessagesThatCannotGo) {
     expectRefused(sender, each.sentence);
   }
   EXPECT_EQ(folder.fileCount(), 0u);
-  OutboxEmailSender again = newSender("");
-  EXPECT_FALSE(again.send());
-  again.put_to("jane@client.example");
-  EXPECT_TRUE(again.send());
-  EXPECT_EQ(again.getLastError(), "");
 }
 
 TEST_F(OutboxEmailSenderTest, theFirmsRecordTellsWhoWrites) {
   const auto database = createSqliteInMemory();
   OutboxEmailSender sender({folder.path().string(), {}}, clock);
   sender.put_to("jane@client.example");
-  expectRefused(sender, "The firm has no email address to send from.");
   sender.put_DatabaseReference(database.get());
   expectRefused(sender, "The firm has no email address to send from.");
   database->connection().exec(
@@ -162,17 +147,10 @@ TEST_F(OutboxEmailSenderTest, theFirmsRecordTellsWhoWrites) {
   expectRefused(sender, "\"a b\" is not a valid email address.");
   database->connection().exec("UPDATE AccountantFirmInfo SET Email='office@pine.example';");
   ASSERT_TRUE(sender.send()) << sender.getLastError();
-  EXPECT_EQ(onlyMail().from, std::vector<std::string>{"Harbour & Pine <office@pine.example>"});
-}
-
-TEST_F(OutboxEmailSenderTest, aDatabaseThatFailsIsAReasonForStaff) {
-  const auto database = createSqliteInMemory();
+  EXPECT_EQ(onlyMail().from, Texts{"Harbour & Pine <office@pine.example>"});
   database->connection().exec("DROP TABLE AccountantFirmInfo;");
-  OutboxEmailSender sender({folder.path().string(), {}}, clock);
-  sender.put_DatabaseReference(database.get());
-  sender.put_to("jane@client.example");
   EXPECT_FALSE(sender.send());
-  EXPECT_EQ(sender.getLastError().find("The firm's email address cannot be read: "), 0u);
+  EXPECT_TRUE(sender.getLastError().starts_with("The firm's email address cannot be read: "));
 }
 
 TEST_F(OutboxEmailSenderTest, anOutboxThatIsNoFolderIsTold) {
@@ -219,13 +197,6 @@ TEST_F(OutboxEmailSenderTest, aDiskThatFillsLeavesNothingBehind) {
             std::string::npos);
   EXPECT_EQ(folder.fileCount(), 0u);
   EXPECT_TRUE(sender.send());
-}
-
-TEST_F(OutboxEmailSenderTest, aFolderWithoutPermissionIsTold) {
-  if (geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
-  fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-  OutboxEmailSender sender = newSender();
-  expectRefused(sender, "cannot be written into the outbox folder");
 }
 
 }  // namespace

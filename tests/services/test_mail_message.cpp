@@ -61,44 +61,23 @@ TEST(MailMessageTest, aMailProgramReadsEveryPartBack) {
   EXPECT_EQ(mail.body, "Dear Jane,\n\nPlease call us.\n");
 }
 
-TEST(MailMessageTest, bodiesArriveAsTheyWereWritten) {
-  const std::string longLine(5000, 'x');
-  const std::string bodies[] = {
-      "",
-      "one line without an end",
-      "From the firm\n.\n..two dots\nFrom me",
-      "Bonjour Élodie, « échéance » le 30 avril — à bientôt\n",
-      "日本語のテキスト\n" + std::string(300, '=') + "\n",
-      longLine + "\nafter\n",
-      "trailing blanks  \nand tab\t\nend",
-      "Subject: no header\n\nX: y\n",
-  };
-  for (const std::string& body : bodies) {
+TEST(MailMessageTest, bodiesArriveCleanedOfWhatNoMailMayHold) {
+  const std::string longLine = std::string(5000, 'x') + " \nafter\t\n";
+  const std::pair<std::string, std::string> cases[] = {
+      {"", ""},
+      {"one line without an end", "one line without an end\n"},
+      {"From the firm\n.\n..two dots\nFrom me\n", "From the firm\n.\n..two dots\nFrom me\n"},
+      {"Subject: « échéance » 日本\n\n=: y\n", "Subject: « échéance » 日本\n\n=: y\n"},
+      {longLine, longLine},
+      {std::string("a\0b\x01\x7F!", 6), "ab!\n"},
+      {"bad \xFF byte", "bad \xEF\xBF\xBD byte\n"},
+      {"mac\rdos\r\nunix\n", "mac\ndos\nunix\n"}};
+  for (const auto& [given, arrived] : cases) {
     MailMessage message = letter();
-    message.body = body;
+    message.body = given;
     const std::string text = messageText(message);
     expectSound(text);
-    EXPECT_EQ(readMail(text).body, body.empty() || body.ends_with('\n') ? body : body + '\n');
-  }
-}
-
-TEST(MailMessageTest, bodiesAreCleanedOfWhatNoMailMayHold) {
-  struct Case {
-    std::string given;
-    std::string body;
-  };
-  const Case cases[] = {{std::string("a\0b\x01\x7F"
-                                     "c",
-                                     6),
-                         "abc\n"},
-                        {"bad \xFF byte", "bad \xEF\xBF\xBD byte\n"},
-                        {"mac\rdos\r\nunix\n", "mac\ndos\nunix\n"}};
-  for (const Case& each : cases) {
-    MailMessage message = letter();
-    message.body = each.given;
-    const std::string text = messageText(message);
-    expectSound(text);
-    EXPECT_EQ(readMail(text).body, each.body);
+    EXPECT_EQ(readMail(text).body, arrived);
   }
 }
 
@@ -112,37 +91,24 @@ TEST(MailMessageTest, aLineBreakInAFieldAddsNoHeader) {
     expectSound(text);
     const ReceivedMail mail = readMail(text);
     EXPECT_EQ(mail.headers, headers);
-    EXPECT_TRUE(mail.bcc.empty());
     EXPECT_EQ(mail.body, "Dear Jane,\n\nPlease call us.\n");
-    EXPECT_EQ(mail.subject.substr(0, 3), "Due");
   }
 }
 
-TEST(MailMessageTest, longAndForeignSubjectsComeThrough) {
-  std::string longFrench;
-  for (int i = 0; i < 60; ++i) longFrench += "échéance à payer ";
-  for (const std::string& subject : {std::string(), std::string(300, 'x'), longFrench + "fin",
+TEST(MailMessageTest, longAndForeignFieldsComeThrough) {
+  std::string french;
+  for (int i = 0; i < 60; ++i) french += "échéance à payer ";
+  for (const std::string& subject : {std::string(), std::string(300, 'x'), french + "fin",
                                      std::string("Rappel : « T1 » — 日本 😀")}) {
     MailMessage message = letter();
     message.subject = subject;
+    message.to.assign(subject.size(), {"Client Émile", "client@x.example"});
     const std::string text = messageText(message);
     expectSound(text);
     EXPECT_EQ(readMail(text).subject, subject);
+    EXPECT_EQ(readMail(text).to,
+              std::vector<std::string>(subject.size(), "Client Émile <client@x.example>"));
   }
-}
-
-TEST(MailMessageTest, fiveThousandRecipientsFold) {
-  MailMessage message = letter();
-  message.to.clear();
-  for (int i = 0; i < 5000; ++i) {
-    message.to.push_back(
-        {"Client Émile " + std::to_string(i), "client" + std::to_string(i) + "@x.example"});
-  }
-  const std::string text = messageText(message);
-  expectSound(text);
-  const ReceivedMail mail = readMail(text);
-  ASSERT_EQ(mail.to.size(), 5000u);
-  EXPECT_EQ(mail.to[4999], "Client Émile 4999 <client4999@x.example>");
 }
 
 }  // namespace

@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+
+#include "host/services/ClassRegistry.h"
+#include "host/services/HostGeneralUtilities.h"
+#include "host/services/HostValidationUtilities.h"
+#include "host/services/clocks.h"
+#include "platform/PlatformError.h"
+#include "support/fixed_clock.h"
+
+namespace autonotify::host {
+namespace {
+
+TEST(GeneralUtilitiesTest, emptyAreNullAndEmptyTextAlone) {
+  HostGeneralUtilities utilities;
+  EXPECT_TRUE(utilities.isValueEmpty(Value()));
+  EXPECT_TRUE(utilities.isValueEmpty(Value("")));
+  for (const Value& value : {Value(" "), Value(0), Value(false), Value(0.0), Value(DateTime())}) {
+    EXPECT_FALSE(utilities.isValueEmpty(value));
+    EXPECT_EQ(utilities.textOrDefault(value, true), value);
+  }
+  EXPECT_EQ(utilities.textOrDefault(Value(), true), Value(""));
+}
+
+TEST(GeneralUtilitiesTest, numericFieldTakesDigitsAndControlKeys) {
+  HostGeneralUtilities utilities;
+  for (int key : {48, 57, 8, 9, 13, 22}) EXPECT_EQ(utilities.filterKeyPress(key), key);
+  for (int key : {47, 58, 32, 45, 46, 97, 0, -1, 0x2460})
+    EXPECT_EQ(utilities.filterKeyPress(key), 0) << key;
+}
+
+TEST(ValidationUtilitiesTest, durationText) {
+  const std::pair<int, const char*> cases[] = {
+      {0, "0 min"},          {59, "59 min"},
+      {60, "1 hr"},          {90, "1 hr 30 min"},
+      {1501, "25 hr 1 min"}, {-31, "-31 min"},
+      {-90, "-1 hr 30 min"}, {INT_MIN, "-35791394 hr 8 min"}};
+  HostValidationUtilities validation;
+  for (const auto& [minutes, text] : cases) EXPECT_EQ(validation.getDurationText(minutes), text);
+}
+
+TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarget) {
+  const DateTime day = DateTime::of(2026, 4, 30), before = DateTime::of(2020, 1, 1);
+  HostValidationUtilities validation;
+  const auto dateOf = [&](const char* text) {
+    DateTime date = before;
+    EXPECT_EQ(validation.parseDateText(text, date), validation.isDateText(text)) << text;
+    return date;
+  };
+  for (const char* text : {"2026-04-30", "April 30, 2026", " thursday, April 30, 2026 ",
+                           "Thu April 30, 2026", "Friday, April 30, 2026"}) {
+    EXPECT_EQ(dateOf(text), day) << text;
+  }
+  for (const char* text : {"", " ", "Thursday", "Thursday, ", "soon", "2026-02-30", "14:05",
+                           "1899-12-30", "Thursday, April 31, 2026"}) {
+    EXPECT_EQ(dateOf(text), before) << text;
+  }
+}
+
+TEST(ValidationUtilitiesTest, weekendsAndYears) {
+  HostValidationUtilities validation;
+  const DateTime monday = DateTime::of(2026, 4, 27);
+  for (int day = 0; day < 14; ++day)
+    EXPECT_EQ(validation.isWeekend(monday.addDays(day)), day % 7 >= 5) << day;
+  for (std::int16_t year : {1900, 2026, 2099}) EXPECT_TRUE(validation.isValidYear(year));
+  for (std::int16_t year : {-1, 0, 26, 1899, 2100}) EXPECT_FALSE(validation.isValidYear(year));
+}
+
+TEST(ClassRegistryTest, createsByNameInAnyCaseAndTakesClassesOfPrograms) {
+  class Marked : public HostObject {};
+  ClassRegistry registry;
+  EXPECT_NE(dynamic_cast<GeneralUtilities*>(registry.create("generalUTILITIES").get()), nullptr);
+  try {
+    registry.create("EmailSender");
+    ADD_FAILURE() << "an unknown class was created";
+  } catch (const PlatformError& error) {
+    EXPECT_EQ(error.number(), error_number::cannotCreateObject);
+  }
+  for (const char* name : {"EmailSender", "FileUtility"}) {
+    registry.registerClass(name, [] { return std::make_unique<Marked>(); });
+    EXPECT_NE(dynamic_cast<Marked*>(registry.create(name).get()), nullptr) << name;
+  }
+}
+
+TEST(ClocksTest, shiftedClockKeepsTheTimeOfDayAndGoesOn) {
+  test::FixedClock base;
+  base.set(DateTime::of(2026, 4, 30, 23, 59, 58));
+  DateShiftedClock clock(base, DateTime::of(2024, 2, 28));
+  EXPECT_EQ(clock.now(), DateTime::of(2024, 2, 28, 23, 59, 58));
+  base.set(DateTime::of(2026, 5, 1, 0, 0, 3));
+  EXPECT_EQ(clock.now(), DateTime::of(2024, 2, 29, 0, 0, 3));
+  EXPECT_EQ(clock.today(), DateTime::of(2024, 2, 29));
+}
+
+}  // namespace
+}  // namespace autonotify::host
