@@ -1,6 +1,7 @@
 #pragma once
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -27,22 +28,19 @@ class Firm {
   int number(const std::string& select) { return database_.execAndGet(select).getInt(); }
   int count(const std::string& table) { return number("SELECT COUNT(*) FROM " + table); }
 
-  std::vector<std::string> texts(const std::string& select) {
-    std::vector<std::string> result;
+  /// Every value that is selected, with a bar behind each.
+  std::string text(const std::string& select) {
+    std::string result;
     SQLite::Statement rows(database_, select);
-    while (rows.executeStep()) result.push_back(rows.getColumn(0).getString());
+    while (rows.executeStep())
+      for (int i = 0; i < rows.getColumnCount(); ++i)
+        result += (rows.isColumnNull(i) ? "NULL" : rows.getColumn(i).getString()) + '|';
     return result;
   }
 
-  /// Every value of every table.
   std::string content() {
     std::string result;
-    for (const TableDef& table : schemaTables()) {
-      SQLite::Statement rows(database_, "SELECT * FROM " + table.name);
-      while (rows.executeStep())
-        for (int i = 0; i < rows.getColumnCount(); ++i)
-          result += rows.getColumn(i).getString() + '|';
-    }
+    for (const TableDef& table : schemaTables()) result += text("SELECT * FROM " + table.name);
     return result;
   }
 

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "control/contract/references.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/field_list_columns.h"
+#include "support/HostTest.h"
+
+namespace autonotify::test {
+
+inline std::vector<std::string> split(const std::string& text, char separator = '|') {
+  std::vector<std::string> parts;
+  std::istringstream stream(text);
+  for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
+  return parts;
+}
+
+class CountingFormHost : public FormHost {
+ public:
+  std::vector<Form*> openForms() override { return {}; }
+  void pumpMessages() override {
+    ++pumps;
+    if (auto message = std::exchange(nextMessage, nullptr)) message();
+  }
+  int pumps = 0;
+  /// Handled by the next pump, once.
+  std::function<void()> nextMessage;
+};
+
+/// A merge object on a host with an empty database.
+class MergeTest : public HostTest {
+ protected:
+  MergeTest() {
+    clock.set(DateTime::of(2026, 4, 30, 14, 5));
+    references().platform.formHost = &windows;
+    merge = std::make_unique<clsInsertFieldsInRTB>();
+  }
+  ~MergeTest() override {
+    merge.reset();
+    EXPECT_EQ(errors.entered(), errors.left());
+  }
+
+  void live(int country, int province) {
+    plainLocale.settings().country = static_cast<countryCode>(country);
+    plainLocale.settings().province = static_cast<provinceCode>(province);
+  }
+
+  /// Builds the list without opening any source and gives its display names in order.
+  std::vector<std::string> build(int listType, int use = 1) {
+    merge->ListType = listType;
+    merge->put_MergeFieldListUse(use);
+    bool noListBox = false;
+    bool clearListBox = true;
+    merge->createDefaultFieldListStructure(noListBox, clearListBox);
+    return column(field_column::displayName);
+  }
+
+  std::vector<std::string> column(int item) {
+    std::vector<std::string> texts;
+    GridColumnList& list = *merge->get_FieldList();
+    for (list.moveFirst(); !list.isAtEnd(); list.moveNext())
+      texts.push_back(list.getItem(item).isNull() ? "" : toText(list.getItem(item)));
+    return texts;
+  }
+
+  struct Field {
+    const char* displayName;
+    const char* sample;
+    int type = 1;
+  };
+  /// Replaces the list by fields that have nothing but a sample, which each merge then prints.
+  void listSamples(const std::vector<Field>& fields) {
+    GridColumnList& list = *merge->get_FieldList();
+    list.clearEntries();
+    int row = 0;
+    for (const Field& field : fields) {
+      const Value items[] = {"Column", field.displayName, "None", field.type, field.sample};
+      list.addEntry(++row, items);
+    }
+    merge->TestComment = true;
+  }
+
+  /// The values that templates of one field each print, of "name|name@format", joined like these.
+  std::string print(const std::string& fields) {
+    std::string values;
+    GridColumnList& list = *merge->get_FieldList();
+    for (const std::string& field : split(fields)) {
+      std::vector<std::string> parts = split(field, '@');
+      EXPECT_GE(list.findEntry(field_column::displayName, parts[0]), 0) << parts[0];
+      parts.resize(2);
+      values += "|" + merge->getDataFieldInfo(toInteger(list.getEntryKey()), parts[1]);
+    }
+    return values.substr(1);
+  }
+
+  std::string merged(const std::string& text) {
+    merge->TemplateText = text;
+    return merge->parseRTBComment();
+  }
+
+  CountingFormHost windows;
+  std::unique_ptr<clsInsertFieldsInRTB> merge;
+};
+
+}  // namespace autonotify::test
