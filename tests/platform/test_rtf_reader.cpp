@@ -25,10 +25,7 @@ std::string tokensOf(std::string_view rtf) {
 }
 
 TEST(RtfReader, splitsATextIntoTokens) {
-  const struct {
-    const char* rtf;
-    const char* tokens;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"{\\rtf1\\b text}", "{ w:rtf=1 w:b t:text }"},
       {"\\fs20 a\\par\r\nb", "w:fs=20 t:a w:par t:b"},
       {"\\li-360\\u-5?", "w:li=-360 w:u=-5 t:?"},
@@ -41,8 +38,7 @@ TEST(RtfReader, splitsATextIntoTokens) {
       {"\\bin9 ab", "b:ab"},
       {"\\u2147483648 \\u-2147483648 ", "w:u=2147483647 w:u=-2147483647"},
       {"a\\", "t:a"},
-      {"", ""},
-  };
+      {"", ""}};
   for (const auto& [rtf, tokens] : cases) EXPECT_EQ(tokensOf(rtf), tokens) << rtf;
 }
 
