@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -17,7 +16,6 @@ namespace {
 
 namespace files = std::filesystem;
 using conformance::errorOf;
-using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr const char* allNotifications = "SELECT ClientNotification.* FROM ClientNotification;";
 
@@ -81,8 +79,7 @@ TEST_F(SqliteFileTest, ADamagedFileFailsWhenTheDamageIsRead) {
   {
     std::fstream content(file, std::ios::in | std::ios::out | std::ios::binary);
     content.seekp(4096);
-    const std::string junk(static_cast<std::size_t>(files::file_size(file)) - 4096, 'x');
-    content << junk;
+    content << std::string(static_cast<std::size_t>(files::file_size(file)) - 4096, 'x');
   }
   const int error = errorOf([&] {
     const auto database = openSqlite(file);
@@ -99,23 +96,13 @@ TEST_F(SqliteFileTest, CreatingNeverOverwrites) {
             database_error::cannotOpen);
 }
 
-TEST_F(SqliteFileTest, RowsLastAfterClosing) {
-  Id id = noId;
-  {
-    const auto database = createSqlite(file);
-    id = conformance::addNotification(*database, {{"Field1", "kept"}});
-    database->close();
-    EXPECT_FALSE(database->isDatabaseOpen());
-    database->close();
-  }
-  const auto database = openSqlite(file, OpenMode::readOnly);
-  EXPECT_EQ(conformance::field(*database, id, "Field1"), Value("kept"));
-}
-
-TEST_F(SqliteFileTest, AReadOnlyDatabaseRefusesWrites) {
+TEST_F(SqliteFileTest, RowsLastAfterClosingAndAReadOnlyDatabaseRefusesWrites) {
   {
     const auto database = createSqlite(file);
     conformance::addNotification(*database, {{"Field1", "kept"}});
+    database->close();
+    EXPECT_FALSE(database->isDatabaseOpen());
+    database->close();
   }
   const auto database = openSqlite(file, OpenMode::readOnly);
   const RecordsetHandle rows = conformance::open(*database, allNotifications);
@@ -176,19 +163,6 @@ TEST(SqliteMemory, KeysGoOnBehindRowsInsertedByOtherMeans) {
   database->connection().exec("UPDATE sqlite_sequence SET seq=2147483647");
   EXPECT_EQ(errorOf([&] { conformance::addNotification(*database, {}); }),
             database_error::keysExhausted);
-}
-
-TEST(SqliteMemory, AHandleForAddingTouchesNoRow) {
-  const auto database = createSqliteInMemory();
-  database->connection().exec(
-      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<200000) "
-      "INSERT INTO ClientNotification(Field1) SELECT 'row ' || i FROM n");
-  conformance::addNotification(*database, {});
-  const auto begin = std::chrono::steady_clock::now();
-  for (int i = 0; i < 20; ++i) conformance::addNotification(*database, {{"Field1", "new"}});
-  const Milliseconds spent = std::chrono::steady_clock::now() - begin;
-  // Going through the rows once takes far longer than this.
-  EXPECT_LT(spent.count(), 20);
 }
 
 TEST(SqliteMemory, LongRandomWalksAgreeWithAModel) {

