@@ -139,28 +139,17 @@ TEST(Component, LoadsAndUnloadsManyTimes) {
   }
 }
 
-TEST(Component, LoadersOfOneFileShareItUntilTheLastIsGone) {
+TEST(Component, IsSharedUntilTheLastLoaderAndObjectAreGone) {
   TestHost services;
   auto first = std::make_unique<host::ComponentLibrary>(COMPONENT_FILE, services.platform());
-  {
-    host::ComponentLibrary second(COMPONENT_FILE, services.platform());
-    const auto control = first->createControl();
-    EXPECT_FALSE(second.canUnload());
-  }
-  EXPECT_TRUE(isLoaded());
-  EXPECT_TRUE(first->canUnload());
-  first.reset();
-  EXPECT_FALSE(isLoaded());
-}
-
-TEST(Component, ObjectOutlivesItsLoader) {
-  TestHost services;
   std::unique_ptr<clsAutoNotifyCtrl> control;
   {
-    host::ComponentLibrary library(COMPONENT_FILE, services.platform());
-    control = library.createControl();
+    host::ComponentLibrary second(COMPONENT_FILE, services.platform());
+    control = first->createControl();
+    EXPECT_FALSE(second.canUnload());
   }
-  EXPECT_TRUE(control->cls_IsPhoneSelected(9));
+  first.reset();
+  EXPECT_TRUE(control->cls_IsPhoneSelected(9)) << "an object outlives its loader";
   control.reset();
   // Two closings: the one that was left out, and the one of this look.
   void* library = dlopen(COMPONENT_FILE, RTLD_NOW | RTLD_NOLOAD);
@@ -170,42 +159,30 @@ TEST(Component, ObjectOutlivesItsLoader) {
   EXPECT_FALSE(isLoaded());
 }
 
-// The loader.
-
-class Locating : public testing::Test {
- protected:
-  Locating() { fs::create_directories(folder); }
-  ~Locating() override { fs::remove_all(folder); }
+TEST(Component, LoaderTakesAFileOrItsFolderAndTellsWhatItTried) {
   const fs::path folder =
       fs::temp_directory_path() / ("hvautonotify-locate-" + std::to_string(getpid()));
-};
-
-TEST_F(Locating, TakesAFileOrItsFolder) {
   const fs::path file = folder / host::ComponentLibrary::fileName;
+  fs::create_directories(folder);
   std::ofstream(file) << "no library";
   EXPECT_EQ(host::ComponentLibrary::locate(file), file);
   EXPECT_EQ(host::ComponentLibrary::locate(folder), file);
   TestHost services;
   EXPECT_THROW(host::ComponentLibrary(file, services.platform()), host::ComponentError);
-}
-
-TEST_F(Locating, NamesThePlacesThatItTried) {
-  try {
-    host::ComponentLibrary::locate(folder / "nowhere");
-    FAIL();
-  } catch (const host::ComponentError& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr((folder / "nowhere").string()));
-  }
-}
-
-TEST_F(Locating, AnotherLibraryIsNotTheComponent) {
-  TestHost services;
-  try {
-    host::ComponentLibrary library("libm.so.6", services.platform());
-    FAIL();
-  } catch (const host::ComponentError& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr("DllGetClassObject"));
-  }
+  fs::remove_all(folder);
+  const auto faultOf = [](auto&& call) -> std::string {
+    try {
+      call();
+    } catch (const host::ComponentError& error) {
+      return error.what();
+    }
+    return "no fault";
+  };
+  EXPECT_THAT(faultOf([&] { host::ComponentLibrary::locate(file); }),
+              testing::HasSubstr(file.string()));
+  EXPECT_THAT(faultOf([&] { host::ComponentLibrary("libm.so.6", services.platform()); }),
+              testing::HasSubstr("DllGetClassObject"))
+      << "another library is not the component";
 }
 
 }  // namespace

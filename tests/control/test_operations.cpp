@@ -11,7 +11,7 @@ constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 
 // One office for all operations: a company with a default contact, an entry of it with an email and
 // a fax (the fax sent), a stale bit for a letter, and an older entry with an email.
-constexpr Id client = 1, company = 1, person = 1, entry = 1, oldEntry = 2;
+constexpr Id client = 1, company = 1, entry = 1, oldEntry = 2;
 constexpr Id emailRow = 1, faxRow = 2, oldRow = 3, nextRow = 4;
 
 void fillOffice(ComponentHost& host) {
@@ -31,18 +31,20 @@ void fillOffice(ComponentHost& host) {
   }
 }
 
+using Control = clsAutoNotifyCtrl;
+
 /// An operation of the control, its result in the office, and what is left of it when the person
 /// leaves at the very first host call.
 struct Operation {
   const char* name;
-  std::function<std::string(clsAutoNotifyCtrl&)> run;
+  std::function<std::string(Control&)> run;
   std::string result;
   std::string atOnceLeft;
   int rowsAdded = 0;
 };
 
-std::ostream& operator<<(std::ostream& out, const Operation& operation) {
-  return out << operation.name;
+void PrintTo(const Operation& operation, std::ostream* out) {
+  *out << operation.name;
 }
 
 std::string text(bool flag) {
@@ -55,94 +57,71 @@ std::string text(int number) {
 /// An operation without a result: what it wrote tells.
 template <class Call>
 Operation action(const char* name, Call call) {
-  return {name,
-          [call](clsAutoNotifyCtrl& control) {
-            call(control);
-            return std::string{};
-          },
-          "", ""};
+  return {name, [call](Control& control) { return call(control), std::string{}; }, "", ""};
 }
 
 // The first statement of an add belongs to the date, which is then the zero date; the row is added.
 template <class Call>
 Operation addition(const char* name, Call call) {
-  return {name, [call](clsAutoNotifyCtrl& control) { return text(call(control)); }, text(nextRow),
+  return {name, [call](Control& control) { return text(call(control)); }, text(nextRow),
           text(nextRow), 1};
 }
 
+template <class Add>
+Operation byName(const char* name, Add add) {
+  return addition(name, [add](Control& control) {
+    return (control.*add)(entry, -1, company, -1, "GST", dueDate, "Hello");
+  });
+}
+
 template <class Call>
-Operation question(const char* name, Call call, std::string result, std::string atOnceLeft) {
-  return {name, [call](clsAutoNotifyCtrl& control) { return text(call(control)); },
-          std::move(result), std::move(atOnceLeft)};
+Operation question(const char* name, std::string result, std::string atOnceLeft, Call call) {
+  return {name, [call](Control& control) { return text(call(control)); }, std::move(result),
+          std::move(atOnceLeft)};
 }
 
 const Operation operations[] = {
-    question(
-        "doesClientHave",
-        [](auto& c) { return c.cls_doesClientHaveAssociatedUnsentNotifications(client); }, "True",
-        "False"),
-    action("cancelAll", [](auto& c) { c.cls_cancelAllUnsentNotificationsForClientID(client); }),
-    question(
-        "getNotificationID", [](auto& c) { return c.cls_getNotificationID(entry, nt_Fax); }, "2",
-        "-1"),
-    question(
-        "statusOfARow", [](auto& c) { return c.cls_getNotificationStatus(entry, nt_Fax); }, "True",
-        "False"),
-    question(
-        "statusOfAStaleBit", [](auto& c) { return c.cls_getNotificationStatus(entry, nt_Letter); },
-        "False", "False"),
-    action("changeDate", [](auto& c) { c.cls_ChangeNotificationNotifiedDate(emailRow, dueDate); }),
-    question(
-        "addStatus",
-        [](auto& c) { return c.cls_changeNotificationStatus(nt_Phone, nt_AddStatus, entry); },
-        "True", "True"),
-    question(
-        "needToSend", [](auto& c) { return c.cls_needToSendAutoNotificationsToday(); }, "True",
-        "False"),
+    question("doesClientHave", "True", "False",
+             [](auto& c) { return c.cls_doesClientHaveAssociatedUnsentNotifications(client); }),
+    question("getNotificationID", "2", "-1",
+             [](auto& c) { return c.cls_getNotificationID(entry, nt_Fax); }),
+    question("statusOfARow", "True", "False",
+             [](auto& c) { return c.cls_getNotificationStatus(entry, nt_Fax); }),
+    question("statusOfAStaleBit", "False", "False",
+             [](auto& c) { return c.cls_getNotificationStatus(entry, nt_Letter); }),
+    question("addStatus", "True", "True",
+             [](auto& c) { return c.cls_changeNotificationStatus(nt_Phone, nt_AddStatus, entry); }),
+    question("needToSend", "True", "False",
+             [](auto& c) { return c.cls_needToSendAutoNotificationsToday(); }),
+    question("period", "-1", "-15",
+             [](auto& c) { return int{c.cls_getNotificationPeriod(103, 1)}; }),
+    question("comment", "True", "False",
+             [](auto& c) { return !c.cls_generateClientAutoNotifyComment(entry).empty(); }),
     addition("addEmail",
              [](auto& c) { return c.cls_addNewEmailNotificationFromScheduleIDNum(entry); }),
-    addition("addEmailByName",
-             [](auto& c) {
-               return c.cls_addNewEmailNotificationFromScheduleNameAndDueDate(
-                   entry, -1, company, -1, "GST", dueDate, "Hello");
-             }),
-    action("editEmail",
-           [](auto& c) { c.cls_editEmailNotification(emailRow, "a", "b", "c", "d", "e"); }),
     addition("addFax", [](auto& c) { return c.cls_addNewFaxNotificationFromScheduleIDNum(entry); }),
-    addition("addFaxByName",
-             [](auto& c) {
-               return c.cls_addNewFaxNotificationFromScheduleNameAndDueDate(
-                   entry, -1, company, -1, "GST", dueDate, "Hello");
-             }),
-    action("editFax",
-           [](auto& c) { c.cls_editFaxNotification(faxRow, "a", "b", "c", "d", "e", "f", "g"); }),
     addition("addLetter",
              [](auto& c) { return c.cls_addNewLetterNotificationFromScheduleIDNum(entry); }),
-    addition("addLetterByName",
-             [](auto& c) {
-               return c.cls_addNewLetterNotificationFromScheduleNameAndDueDate(
-                   entry, -1, company, -1, "GST", dueDate, "Hello");
-             }),
-    action("editLetter", [](auto& c) { c.cls_editLetterNotification(emailRow, ""); }),
     addition("addPhone",
              [](auto& c) { return c.cls_addNewPhoneNotificationFromScheduleIDNum(entry); }),
-    addition("addPhoneByName",
-             [](auto& c) {
-               return c.cls_addNewPhoneNotificationFromScheduleNameAndDueDate(
-                   entry, -1, -1, person, "GST", dueDate, "Hello");
-             }),
+    byName("addEmailByName", &Control::cls_addNewEmailNotificationFromScheduleNameAndDueDate),
+    byName("addFaxByName", &Control::cls_addNewFaxNotificationFromScheduleNameAndDueDate),
+    byName("addLetterByName", &Control::cls_addNewLetterNotificationFromScheduleNameAndDueDate),
+    byName("addPhoneByName", &Control::cls_addNewPhoneNotificationFromScheduleNameAndDueDate),
+    action("editEmail",
+           [](auto& c) { c.cls_editEmailNotification(emailRow, "a", "b", "c", "d", "e"); }),
+    action("editFax",
+           [](auto& c) { c.cls_editFaxNotification(faxRow, "a", "b", "c", "d", "e", "f", "g"); }),
+    action("editLetter", [](auto& c) { c.cls_editLetterNotification(emailRow, ""); }),
     action("editPhone", [](auto& c) { c.cls_editPhoneNotification(emailRow, "a", "b", "c", "d"); }),
+    action("cancelAll", [](auto& c) { c.cls_cancelAllUnsentNotificationsForClientID(client); }),
+    action("changeDate", [](auto& c) { c.cls_ChangeNotificationNotifiedDate(emailRow, dueDate); }),
+    action("refreshDate", [](auto& c) { c.cls_refreshNotificationDate(entry); }),
+    action("delete", [](auto& c) { c.cls_deleteNotification(oldRow); }),
     action("copyBySchedule",
            [](auto& c) {
              c.cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum(emailRow, oldEntry);
            }),
-    action("delete", [](auto& c) { c.cls_deleteNotification(oldRow); }),
-    question(
-        "period", [](auto& c) { return int{c.cls_getNotificationPeriod(103, 1)}; }, "-1", "-15"),
-    action("refreshDate", [](auto& c) { c.cls_refreshNotificationDate(entry); }),
-    {"comment",
-     [](auto& c) { return c.cls_generateClientAutoNotifyComment(entry).empty() ? "" : "text"; },
-     "text", ""},
 };
 
 const std::string& officeContent() {

