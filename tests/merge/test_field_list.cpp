@@ -107,16 +107,11 @@ TEST_F(FieldListTest, SpeaksTheWordsOfItsPlaceAndUse) {
       {1, 0, "GST Number|PST Number|WCB Number|WCB Coverage|Alberta Corp. Tax Number",
        "HST Number|WCB Firm Number|ON Corp. MCBS Number|Quebec ID Number"},
       {1, 1, "HST Filing Method|WCB Premium Rate|BC Corp. Tax Number", "GST Number"},
-      {1, 2, "GST Number|WCB Number|Manitoba Corp. Tax Number", "HST Number"},
       {1, 3, "HST Number|WSIB Firm Number|ON Corp. Tax Number|ON Corp. MCBS Number",
        "GST Number|Quebec ID Number|NEQ Number"},
-      {1, 4, "GST Number|WCB Number|Sask. Corp. Tax Number", "HST Number"},
       {1, 8, "QST Number|NEQ Number|CSST Coverage|Que. Corp. Tax Number|Quebec ID Number",
        "PST Number|CSST Number|CSST Firm Number|ON Corp. MCBS Number"},
-      {1, 9, "HST Number|WCB Number|N.S. Corp. Tax Number", "GST Number"},
       {1, 10, "HST Number|WHSCC Number|N.B. Corp. Tax Number", "WHSCC Firm Number"},
-      {1, 11, "HST Number|WHSCC Premium Rate|Nfld. Corp. Tax Number", "GST Number"},
-      {1, 12, "GST Number|WCB Number|P.E.I. Corp. Tax Number", "HST Number"},
       {1, 77, "GST Number|WSIB Firm Number|ON Corp. MCBS Number", "HST Number|NEQ Number"},
       {1, 1, "GST Number", "HST Number", 1, DateTime::of(2010, 6, 30, 23, 59, 59)},
       {1, 3, "GST Number", "HST Number", 1, DateTime::of(2010, 6, 30, 23, 59, 59)},
@@ -151,22 +146,18 @@ TEST_F(FieldListTest, NoNameHoldsWhatATokenIsMadeOf) {
 
 TEST_F(FieldListTest, LabelsNameTheCustomFields) {
   const std::tuple<const char*, string, string> stems[] = {
-      {"CustomFields", "ApptCustomName", "ApptCustom"},
-      {"CustomFields", "DocketCustomName", "DocketCustom"},
-      {"CustomFields", "RemittanceLabel", "ScheduleCustom"},
-      {"CustomFields", "TaskCustomName", "TaskCustom"},
-      {"CustomFields", "CustomName", "ClientCustom"},
-      {"CustomAddressFields", "ContactLabel", "ContactCustom"},
-      {"CustomAddressFields", "CompanyLabel", "CompanyCustom"},
-      {"CustomAddressFields", "CompanyLabel", "FirmCustom"}};
+      {"", "ApptCustomName", "ApptCustom"},      {"", "DocketCustomName", "DocketCustom"},
+      {"", "RemittanceLabel", "ScheduleCustom"}, {"", "TaskCustomName", "TaskCustom"},
+      {"", "CustomName", "ClientCustom"},        {"Address", "ContactLabel", "ContactCustom"},
+      {"Address", "CompanyLabel", "FirmCustom"}, {"Address", "CompanyLabel", "CompanyCustom"}};
   addRow("CustomFields", {});
   addRow("CustomAddressFields", {});
   std::set<string> expected;
-  for (const auto& [table, label, column] : stems)
+  for (const auto& [kind, label, column] : stems)
     for (const char digit : {'1', '2', '3', '4', '5'}) {
       const string name = label + digit;  // a label that reads like its own column
-      plainDatabase->connection().exec(string("UPDATE ") + table + " SET " + name + "='" + name +
-                                       "'");
+      plainDatabase->connection().exec(string("UPDATE Custom") + kind + "Fields SET " + name +
+                                       "='" + name + "'");
       expected.insert(name + "=" + column + digit);
     }
   std::set<string> found;

@@ -12,41 +12,27 @@ using std::vector;
 class MergeData : public MergeTest {
  protected:
   /// A company with one of everything that its accounts are joined of.
-  Id addAccountingClient(const RowFields& services = {}, const RowFields& tax = {}) {
+  Id addAccountingClient(const RowFields& services = {}) {
     const Id company = addRow("Companies", {{"CompanyName", "Elm Ltd."}});
     addRow("ClientData", {{"CompanyIDNum", company}});
     addRow("Clients", {{"CompanyIDNum", company}});
     addRow("CompaniesNotes", {{"CompanyNum", company}});
     addRow("AccountingServices", services);
-    addRow("CorpTaxInfo", tax);
     for (const char* table :
-         {"ClientOptions", "LawInfo", "OtherInfo", "WSIB_EHTInfo", "ClientUSInfo"})
+         {"CorpTaxInfo", "ClientOptions", "LawInfo", "OtherInfo", "WSIB_EHTInfo", "ClientUSInfo"})
       addRow(table, {});
-    const RowFields keys{{"CompanyIDNum", company}, {"CompanyID", company}};
-    RowFields software{{"DefaultSoftware", "True"}, {"SoftwareName", "Ledger 9"}};
-    software.insert(software.end(), keys.begin(), keys.end());
-    addRow("SoftwareInfo", software);
+    const string id = std::to_string(company);
+    insert(
+        "SoftwareInfo (DefaultSoftware, SoftwareName, CompanyIDNum, CompanyID) VALUES (1, "
+        "'Ledger 9', " +
+        id + ", " + id + ")");
     return company;
   }
 
+  void insert(const string& row) { plainDatabase->connection().exec("INSERT INTO " + row); }
+
   void setUp() { merge->initializeDataRecordsetsForSingleDocMerge(); }
-
-  /// What an operation opens: the modes, the table read and what follows WHERE.
-  template <class Operation>
-  vector<string> opened(Operation operation) {
-    vector<string> sources;
-    for (const string& sql : statementsOf(operation)) {
-      if (sql.find("FROM Custom") != string::npos) continue;  // the labels
-      const string table = sql.substr(11, sql.find_first_of(". ", 11) - 11);
-      const std::size_t where = sql.find(" WHERE ");
-      sources.push_back(sql.substr(0, 4) + table + (where == sql.npos ? ";" : sql.substr(where)));
-    }
-    return sources;
-  }
 };
-
-constexpr char softwareOf[] =
-    " SoftwareInfo WHERE SoftwareInfo.DefaultSoftware=True AND SoftwareInfo.";
 
 /// A field that names no column of its source would ask the person, which fails the test.
 TEST_F(MergeData, EveryFieldReadsFromItsRecord) {
@@ -76,54 +62,36 @@ TEST_F(MergeData, EveryFieldReadsFromItsRecord) {
   EXPECT_GT(read, 2000U);
 }
 
-TEST_F(MergeData, OpensEverySourceOfASingleDocumentInOrderAndClosesIt) {
+TEST_F(MergeData, ClosesWhatItOpens) {
   merge->companyID = addAccountingClient();
-  merge->contactID = 12;
-  merge->firmID = 13;
-  merge->userID = 14;
-  merge->appointmentID = 15;
-  merge->docketId = 16;
-  merge->taskID = 17;
-  const auto closed = [&] {
-    return std::count(calls.log().begin(), calls.log().end(), "closeRecordset");
+  for (Id* id : {&merge->contactID, &merge->firmID, &merge->userID, &merge->appointmentID,
+                 &merge->docketId, &merge->taskID})
+    *id = 1;
+  // The sources opened, without the labels, by a run that must close whatever it opened.
+  const auto sourcesOf = [&](auto run) {
+    auto statements = statementsOf(run);
+    EXPECT_EQ(std::ranges::count(calls.log(), "closeRecordset"), std::ssize(statements));
+    std::erase_if(statements,
+                  [](const string& sql) { return sql.find("FROM Custom") != sql.npos; });
+    return statements.size();
   };
-  plainClients.setListOrder(0);
-  EXPECT_EQ(
-      opened([&] { setUp(); }),
-      (vector<string>{"1,1 Clients WHERE ClientData.ClientDataID=1 ;",
-                      "1,1 Companies WHERE Companies.CompanyID=1;",
-                      string("1,1") + softwareOf + "CompanyIDNum=1;",
-                      "1,1 Contacts WHERE Contacts.ContactID=12;",
-                      "1,1 AccountantFirmInfo WHERE CompanyID=13;",
-                      "1,1 AccountantEmployeeInfo WHERE ContactID=14;",
-                      "1,1 Appointments WHERE Appointments.AppointmentID=15;",
-                      "1,1 Dockets WHERE Dockets.DocketID=16;",
-                      "1,1 Schedule WHERE Tasks.TaskID=17;", "1,1 Tasks WHERE Tasks.TaskID=17;"}));
-  merge->resetAllItemIDs();
-  EXPECT_EQ(opened([&] { setUp(); }), vector<string>{});
-  EXPECT_GE(closed(), 10) << "what the set-up before left open";
-  merge->contactID = 12;
-  merge->put_MergeFieldListUse(5);
-  EXPECT_EQ(opened([&] { setUp(); }),
-            (vector<string>{"1,3 Contacts WHERE Contacts.ContactID=12;",
-                            string("1,3") + softwareOf + "ContactIDNum=12;"}));
-  opened([&] {
-    merge->Terminate();
-    merge->Terminate();
-  });
-  EXPECT_EQ(closed(), 2);
-}
-
-TEST_F(MergeData, OpensOnFirstReadAndKeepsOpen) {
-  merge->companyID = addAccountingClient();
+  const auto setUpTwice = [&] {
+    setUp();
+    merge->resetAllItemIDs();
+    setUp();
+  };
+  EXPECT_EQ(sourcesOf(setUpTwice), 10U) << "none without ids";
+  merge->companyID = 1;
   build(8);
   EXPECT_EQ(print("Software Name"), "") << "not before a client's record has opened it";
   windows.pumps = 0;
-  EXPECT_EQ(opened([&] { EXPECT_EQ(print("Company Name|Company Name"), "Elm Ltd.|Elm Ltd."); }),
-            (vector<string>{"0,1 Companies WHERE Companies.CompanyID=1;",
-                            string("0,1") + softwareOf + "CompanyIDNum=1;"}));
-  EXPECT_EQ(windows.pumps, 4) << "twice a read";
-  EXPECT_EQ(print("Software Name"), "Ledger 9");
+  const auto readAndEnd = [&] {
+    EXPECT_EQ(print("Company Name|Company Name|Software Name"), "Elm Ltd.|Elm Ltd.|Ledger 9");
+    merge->Terminate();
+    merge->Terminate();
+  };
+  EXPECT_EQ(sourcesOf(readAndEnd), 2U) << "kept open";
+  EXPECT_EQ(windows.pumps, 6) << "twice a read";
 }
 
 TEST_F(MergeData, FindsRowsInWholeTablesForABulkMerge) {
@@ -135,28 +103,14 @@ TEST_F(MergeData, FindsRowsInWholeTablesForABulkMerge) {
   merge->firmID = addRow("AccountantFirmInfo", {{"CompanyName", "Birch LLP"}});
   merge->companyID = 5;
   build(8, 2);
-  const auto sources = opened([&] {
-    for (const auto& [contact, name] : {std::pair{2, "Anna Lee"}, {1, "Ben Oak"}, {77, ""}}) {
-      merge->contactID = contact;
-      EXPECT_EQ(print("Contact Display Name"), name);
-    }
-    EXPECT_EQ(print("Company Notes|Software Name|Your Company Name"), "By email|Abacus|Birch LLP");
-  });
-  EXPECT_EQ(
-      sources,
-      (vector<string>{"1,1 Contacts;", "1,1 SoftwareInfo WHERE SoftwareInfo.DefaultSoftware=True;",
-                      "1,1 CompaniesNotes;", "0,1 AccountantFirmInfo WHERE CompanyID=1;"}));
+  calls.record(true);
+  for (const auto& [contact, name] : {std::pair{2, "Anna Lee"}, {1, "Ben Oak"}, {77, ""}}) {
+    merge->contactID = contact;
+    EXPECT_EQ(print("Contact Display Name"), name);
+  }
+  EXPECT_EQ(print("Company Notes|Software Name|Your Company Name"), "By email|Abacus|Birch LLP");
   EXPECT_EQ(logged("findRecord"),
             (vector<string>{"ContactID=2", "ContactID=1", "ContactID=77", "ComapnyNum=5"}));
-}
-
-TEST_F(MergeData, NamesTheFifthCustomFieldInTheSetUpAlone) {
-  merge->companyID = addRow("Companies", {{"Custom1", "One"}, {"Custom5", "Five"}});
-  build(8);
-  errors.answer({error_choice::next});
-  EXPECT_EQ(print("Company Custom Field 1|Company Custom Field 5"), "One|");
-  setUp();
-  EXPECT_EQ(print("Company Custom Field 5"), "Five");
 }
 
 TEST_F(MergeData, MergesATaskThatHasNoScheduleEntryOrAppointment) {
@@ -174,12 +128,13 @@ TEST_F(MergeData, MergesATaskThatHasNoScheduleEntryOrAppointment) {
 }
 
 TEST_F(MergeData, PrintsEachTypeInItsForm) {
-  const RowFields docket{{"Subject", "Bookkeeping"},    {"DateFrom", "2026-04-30"},
-                         {"TimeFrom", "14:05"},         {"TimeTo", "15:36"},
-                         {"DocketLocked", "True"},      {"TotalTimeReal", "1.5"},
-                         {"TotalAmountFinal", "0"},     {"TotalTimeRounded", "0.5167"},
-                         {"TotalAmountReal", "1234.5"}, {"TotalAmountAdjusted", "-3"}};
-  merge->docketId = addRow("Dockets", docket);
+  merge->docketId = addRow("Dockets", {{"Subject", "Bookkeeping"},
+                                       {"DateFrom", "2026-04-30"},
+                                       {"TimeFrom", "14:05"},
+                                       {"TimeTo", "15:36"}});
+  plainDatabase->connection().exec(
+      "UPDATE Dockets SET DocketLocked=1, TotalTimeReal=1.5, TotalTimeRounded=0.5167, "
+      "TotalAmountReal=1234.5, TotalAmountAdjusted=-3, TotalAmountFinal=0");
   merge->contactID =
       addRow("Contacts", {{"Birthday", "1899-06-01"}, {"Anniversary", "1900-01-01"}});
   build(6);
@@ -196,47 +151,36 @@ TEST_F(MergeData, PrintsEachTypeInItsForm) {
   EXPECT_EQ(print("When@d"), "Bookkeeping") << "a value that is not of its type";
 }
 
-TEST_F(MergeData, ShowsSamplesAsTheyStandWithoutAQuery) {
+TEST_F(MergeData, ShowsSamplesAsTheyStand) {
   merge->taskID = 1;
   listSamples({{"Due", "Jan 31, 2026", 2}, {"Paid", "$5.00", 4}, {"Two", "one\r\ntwo\r\n\r\nx\n"}});
-  EXPECT_EQ(opened([&] {
-              EXPECT_EQ(print("Due@yyyy|Paid"), "Jan 31, 2026|$5.00");
-              EXPECT_EQ(print("Two"), "one\\par \r\ntwo\\par \r\n\\par \r\nx\n");
-              merge->UseWordWrap = false;
-              EXPECT_EQ(print("Two"), "one, \r\ntwo, \r\n, \r\nx\n");
-              merge->ConvertStrToRTF = false;
-              EXPECT_EQ(print("Two"), "one\r\ntwo\r\n\r\nx\n");
-            }),
-            vector<string>{});
+  EXPECT_EQ(print("Due@yyyy|Paid"), "Jan 31, 2026|$5.00");
+  EXPECT_EQ(print("Two"), "one\\par \r\ntwo\\par \r\n\\par \r\nx\n");
+  merge->UseWordWrap = false;
+  EXPECT_EQ(print("Two"), "one, \r\ntwo, \r\n, \r\nx\n");
+  merge->ConvertStrToRTF = false;
+  EXPECT_EQ(print("Two"), "one\r\ntwo\r\n\r\nx\n");
 }
 
 TEST_F(MergeData, GivesAnInheritingContactTheAddressOfTheCompany) {
-  const RowFields address{{"OfficeNumber", "555-1000"},
-                          {"FaxNumber", "555-1001"},
-                          {"Address", "1 Elm Street"},
-                          {"City", "Guelph"},
-                          {"Province", "Ontario"}};
-  RowFields contact = {{"BusinessPhone_Main", "555-2000"},
-                       {"BusinessAddress", "2 Oak Street"},
-                       {"BusinessPostalCode", "N1G 2W1"},
-                       {"BusinessProvince", "Quebec"},
-                       {"FirstName", "Anna"},
-                       {"InheritCompanyInfo", "False"}};
+  insert(
+      "Companies (OfficeNumber, FaxNumber, Address, City, Province) VALUES ('555-1000', "
+      "'555-1001', '1 Elm Street', 'Guelph', 'Ontario')");
+  for (const char* inherits : {"0", "1"})
+    insert(string("Contacts (BusinessPhone_Main, BusinessAddress, BusinessPostalCode, "
+                  "BusinessProvince, FirstName, InheritCompanyInfo) VALUES ('555-2000', "
+                  "'2 Oak Street', 'N1G 2W1', 'Quebec', 'Anna', ") +
+           inherits + ")");
   const string fields =
       "Contact Business Phone|Contact Business Fax|Contact Business Address|Contact Business City|"
       "Contact Business Postal Code|Contact Business Province|"
       "Contact Business Abbreviated Province|Contact First Name";
-  const string own = "555-2000||2 Oak Street||N1G 2W1|Quebec|QC|Anna";
-  const Id company = addRow("Companies", address);
-  const Id owning = addRow("Contacts", contact);
-  contact.back().second = "True";
-  const Id inheriting = addRow("Contacts", contact);
+  const char* own = "555-2000||2 Oak Street||N1G 2W1|Quebec|QC|Anna";
   build(8);
   for (const auto& [companyID, contactID, values] :
-       {std::tuple{company, inheriting,
-                   string("555-2000|555-1001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna")},
-        {noId, inheriting, own},
-        {company, owning, own}}) {
+       {std::tuple{1, 2, "555-2000|555-1001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna"},
+        {-1, 2, own},
+        {1, 1, own}}) {
     merge->companyID = companyID;
     merge->contactID = contactID;
     setUp();
@@ -244,27 +188,28 @@ TEST_F(MergeData, GivesAnInheritingContactTheAddressOfTheCompany) {
   }
 }
 
-TEST_F(MergeData, DerivesNamesAndProvincesOfAContact) {
-  merge->contactID = addRow("Contacts", {{"DisplayName", "Anna Lee"},
-                                         {"HomeProvince", "british columbia"},
-                                         {"AltProvince", "Bavaria"}});
+TEST_F(MergeData, NamesTheFifthCustomFieldOfACompanyInTheSetUpAlone) {
+  insert(
+      "Contacts (DisplayName, HomeProvince, AltProvince, Custom5) VALUES ('Anna Lee', "
+      "'british columbia', 'Bavaria', 'Fifth')");
+  insert("Companies (Custom1, Custom5) VALUES ('One', 'Five')");
+  merge->companyID = merge->contactID = 1;
   build(8);
-  EXPECT_EQ(print("Contact & Spouse Name|Contact Alternate Abbreviated Province|"
-                  "Contact Home Abbreviated Province"),
-            "Anna Lee|Bavaria|BC");
-  string name = "HOMEABBREVIATEDPROVINCE";
-  EXPECT_EQ(merge->getDataFieldFromRecordset(name), "BC");
-  EXPECT_EQ(name, "HOMEPROVINCE") << "the column that was read";
+  errors.answer({error_choice::next});
+  const string fields =
+      "Contact & Spouse Name|Contact Alternate Abbreviated Province|Contact Custom Field 5|"
+      "Contact Home Abbreviated Province|Company Custom Field 1|Company Custom Field 5";
+  EXPECT_EQ(print(fields), "Anna Lee|Bavaria|Fifth|BC|One|");
+  setUp();
+  EXPECT_EQ(print(fields), "Anna Lee|Bavaria|Fifth|BC|One|Five");
 }
 
 TEST_F(MergeData, PutsAccountingCodesInWords) {
-  merge->companyID = addAccountingClient({{"RC59Permission", "2"},
-                                          {"RC59Status", "1"},
-                                          {"GSTFilingMethod", "3"},
-                                          {"FinancialStatements", "5"},
-                                          {"YearEndDate", "2025-06-30"}},
-                                         {{"CorporationType", "1"}, {"CorporationLevel", "2"}});
-  plainDatabase->connection().exec("UPDATE Companies SET CompanyType='2'");
+  merge->companyID = addAccountingClient({{"YearEndDate", "2025-06-30"}});
+  plainDatabase->connection().exec(
+      "UPDATE Companies SET CompanyType='2'; UPDATE AccountingServices SET RC59Permission=2, "
+      "RC59Status=1, GSTFilingMethod=3, FinancialStatements=5; UPDATE CorpTaxInfo SET "
+      "CorporationType=1, CorporationLevel=2");
   build(8);
   const string fields =
       "RC59 Permission Level|RC59 Form Status|HST Filing Method|Financial Statements|"
@@ -289,7 +234,6 @@ TEST_F(MergeData, DurationsCountMinuteBoundaries) {
         {at(13, 30, 0), at(12, 0, 0), "1 hr 30 min"},
         {at(11, 59, 59), at(12, 0, 0), "1 min"},
         {at(12, 0, 0), at(12, 0, 59), "0 min"},
-        {at(23, 59, 0), DateTime::of(2026, 5, 1, 0, 30), "31 min"},
         {DateTime::fromSerial(-1, 86399), DateTime(), "1 min"},
         {DateTime::fromSerial(-2'147'483'647), DateTime::fromSerial(2'147'483'647), ""}})
     EXPECT_EQ(merge->getTimeDurationFieldValue(from, to), text);
@@ -298,17 +242,11 @@ TEST_F(MergeData, DurationsCountMinuteBoundaries) {
 
 TEST_F(MergeData, ListsTheDocumentsOfATaskInOrder) {
   merge->taskID = 17;
-  for (const auto& [task, scope, order, type, name] : {std::tuple{17, 2, 5, 1, "Sign"},
-                                                       {17, 2, 1, 1, "Call first"},
-                                                       {17, 2, 2, 2, "Bank statements"},
-                                                       {17, 2, 3, 1, ""},
-                                                       {17, 2, 4, 3, "Of no listed type"},
-                                                       {17, 1, 1, 1, "Of another scope"},
-                                                       {18, 2, 1, 1, "Of another task"}}) {
-    RowFields fields{{"TaskIDNum", task}, {"OpProcedureScopeType", scope}, {"OrderNum", order}};
-    fields.insert(fields.end(), {{"OpProcedureType", type}, {"OpProdedureName", name}});
-    addRow("OperatingProcedures", fields);
-  }
+  insert(
+      "OperatingProcedures (TaskIDNum, OpProcedureScopeType, OrderNum, OpProcedureType, "
+      "OpProdedureName) VALUES (17, 2, 5, 1, 'Sign'), (17, 2, 1, 1, 'Call first'), "
+      "(17, 2, 2, 2, 'Bank statements'), (17, 2, 3, 1, ''), (17, 2, 4, 3, 'Of no listed type'), "
+      "(17, 1, 1, 1, 'Of another scope'), (18, 2, 1, 1, 'Of another task')");
   build(8);
   EXPECT_EQ(print("Client Documents & Instructions"),
             "\t- Call first\\par \r\n\t- Document Required - Bank statements\\par \r\n"
@@ -368,48 +306,35 @@ TEST_F(MergeData, WritesFieldsBackToTheirColumns) {
 
 TEST_F(MergeData, ProvincesAreRecognizedByTheirForms) {
   for (const char* province :
-       {"AB|Alberta|alta.", "BC|British Columbia|BritishColumbia|b.c.", "MB|Manitoba|Man",
-        "ON|Ontario|ont.", "SK|Saskatchewan|Sask", "QC|Quebec|quebec", "NS|Nova Scotia|N.S.",
-        "NB|New Brunswick", "NL|Newfoundland|Newfoundland & Labrador", "YT|Yukon|yt",
-        "PEI|Prince Edward Island|P.E.I.", "NT|Northwest Territories|nwt", "NU|Nunavut",
+       {"BC|British Columbia|BritishColumbia|b.c.", "NL|Newfoundland|Newfoundland & Labrador",
+        "PEI|Prince Edward Island|P.E.I.", "NT|Northwest Territories|nwt", "ON|Ontario|ont.",
         "Newfoundland And Labrador|Newfoundland And Labrador", "Nfld.|Nfld.", "Québec|Québec",
-        "PE|PE", " Ontario| Ontario", "New York|New York"}) {
-    const vector<string> texts = split(province);
-    for (std::size_t i = 1; i < texts.size(); ++i) {
-      string written = texts[i];
-      EXPECT_EQ(merge->getAbbreviatedProvince(written), texts[0]);
-      EXPECT_EQ(merge->getFullProvinceString(written), texts[1]);
+        "PE|PE", " Ontario| Ontario"}) {
+    const vector<string> names = split(province);
+    for (string written : vector<string>(names.begin() + 1, names.end())) {
+      EXPECT_EQ(merge->getAbbreviatedProvince(written), names[0]);
+      EXPECT_EQ(merge->getFullProvinceString(written), names[1]);
     }
   }
 }
 
-TEST_F(MergeData, CodesHaveTexts) {
-  // From code 0 on; the last text also stands for every code beyond.
-  for (const auto& [lookUp, texts] :
-       {std::pair{&getCompanyTypeStringFromCompanyTypeNum,
-                  "Unknown|Corporation|Sole Proprietorship|Partnership|Non Profit|Trust|"
-                  "Joint Venture|S Corporation|LLP|LLC|Fiduciary|Unknown"},
-        {&getFinancialStatementsStringFromFinancialStatementsNum,
-         "Not Specified|Not Specified|Compilation (NTR)|Review Engagement|"
-         "Review Engagement with Differential Reporting|Audit|Not Specified"},
-        {&getRC59FormStatusStringFromRC59FormStatusNum,
-         "Not Filed|Awaiting Signature|CRA Processing|Completed|Not Filed"},
-        {&getRC59PermissionStringFromRC59PermissionNum, "None|Full|Limited|None"},
-        {&getGSTFilingMethodStringFromGSTFilingMethodNum,
-         "Not Specified|Traditional|Simple Method|Quick Method|Not Specified"},
-        {&getCorporationTypeStringFromCorporationTypeNum, "CCPC|Regular Corporation|CCPC"},
-        {&getCorporationLevelStringFromCorporationLevelNum,
-         "Federal Corporation|Federal Corporation|Provincial Corporation|Federal Corporation"}}) {
-    std::int16_t code = 0;
-    for (const string& text : split(texts)) {
-      EXPECT_EQ(lookUp(code), text) << code;
-      ++code;
-    }
-    for (std::int16_t other : {-1, 32767}) EXPECT_EQ(lookUp(other), split(texts).back());
+TEST_F(MergeData, CodesBeyondTheKnownHaveATextToo) {
+  for (const auto& [lookUp, last, known, beyond] :
+       {std::tuple{&getCompanyTypeStringFromCompanyTypeNum, 10, "Fiduciary", "Unknown"},
+        {&getFinancialStatementsStringFromFinancialStatementsNum, 5, "Audit", "Not Specified"},
+        {&getRC59FormStatusStringFromRC59FormStatusNum, 3, "Completed", "Not Filed"},
+        {&getRC59PermissionStringFromRC59PermissionNum, 2, "Limited", "None"},
+        {&getGSTFilingMethodStringFromGSTFilingMethodNum, 3, "Quick Method", "Not Specified"},
+        {&getCorporationTypeStringFromCorporationTypeNum, 1, "Regular Corporation", "CCPC"}}) {
+    auto code = static_cast<std::int16_t>(last);
+    EXPECT_EQ(lookUp(code), known);
+    for (std::int16_t other : {-1, last + 1, 32767}) EXPECT_EQ(lookUp(other), beyond);
   }
   std::int16_t partnership = 3;
-  live(9, 3);
-  EXPECT_EQ(getCompanyTypeStringFromCompanyTypeNum(partnership), "General Partnership");
+  for (const auto& [country, text] : {std::pair{1, "Partnership"}, {9, "General Partnership"}}) {
+    live(country, 3);
+    EXPECT_EQ(getCompanyTypeStringFromCompanyTypeNum(partnership), text);
+  }
 }
 
 TEST_F(MergeData, SelectsAndOrdersTheAccountsThatTheClientListShows) {
@@ -417,12 +342,10 @@ TEST_F(MergeData, SelectsAndOrdersTheAccountsThatTheClientListShows) {
   const string byNumber = "ORDER BY Companies.ClientIDStr, Companies.CompanyName;";
   for (const auto& [showOnly, statusMode, id, order, tail] :
        {std::tuple{true, 1, -1, 0, shown + " AND ClientData.ActiveStatus=1 ;"},
-        {true, 2, -1, 0, shown + " AND NOT ClientData.ActiveStatus=1 ;"},
         {true, 3, 0, 0, shown + " AND ClientData.ClientDataID=0 ;"},
-        {false, 1, -1, 5, "WHERE ClientData.ActiveStatus=1 ;"},
+        {false, 2, -1, 5, "WHERE NOT ClientData.ActiveStatus=1 ;"},
         {false, 3, -1, 1, "Clients.CompanyIDNum ORDER BY Companies.CompanyName;"},
         {false, 3, -1, 2, "ORDER BY Companies.CorporateName;"},
-        {false, 3, -1, 3, byNumber},
         {false, 3, -1, 4, byNumber}}) {
     plainClients.setListOrder(order);
     EXPECT_THAT(getMainBusinessSQLString(showOnly, statusMode, id), testing::EndsWith(tail));

@@ -14,19 +14,18 @@ const string mergedLetter =
 
 /// One client with a task, whose keys are all 1, labels and a document.
 void fill(TestHost& host) {
-  Rows rows(*host.plainDatabase);
-  rows.addRow("Companies", {{"CompanyName", "Elm Ltd."}, {"City", "Guelph"}});
-  rows.addRow("ClientData", {{"CompanyIDNum", "1"}});
-  rows.addRow("Contacts", {{"DisplayName", "Anna Lee"}, {"InheritCompanyInfo", "True"}});
-  rows.addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
-  rows.addTask(1, "GST");
-  rows.addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
-  rows.addRow("CustomFields", {{"ApptCustomName1", "Room:"}, {"ApptCustomName2", "Custom 2:"}});
-  rows.addRow("CustomAddressFields", {{"CompanyLabel3", "Region"}});
-  rows.addRow("OperatingProcedures", {{"TaskIDNum", "1"},
-                                      {"OpProcedureScopeType", "2"},
-                                      {"OpProcedureType", "1"},
-                                      {"OpProdedureName", "Call first"}});
+  Rows(*host.plainDatabase).addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
+  Rows(*host.plainDatabase).addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
+  for (const char* row :
+       {"Companies (CompanyName, City) VALUES ('Elm Ltd.', 'Guelph')",
+        "ClientData (CompanyIDNum) VALUES (1)",
+        "Contacts (DisplayName, InheritCompanyInfo) VALUES ('Anna Lee', 1)",
+        "Tasks (ScheduleIDNum, Subject) VALUES (1, 'GST')",
+        "CustomFields (ApptCustomName1, ApptCustomName2) VALUES ('Room:', 'Custom 2:')",
+        "CustomAddressFields (CompanyLabel3) VALUES ('Region')",
+        "OperatingProcedures (TaskIDNum, OpProcedureScopeType, OpProcedureType, OpProdedureName) "
+        "VALUES (1, 2, 1, 'Call first')"})
+    host.plainDatabase->connection().exec(string("INSERT INTO ") + row);
 }
 
 void setUp(clsInsertFieldsInRTB& merge) {

@@ -19,8 +19,7 @@ class MergeRules : public MergeTest {
                  {"Twice", "second"},
                  {"One", "«Two»"},
                  {"Two", "2"},
-                 {"Three", "«One»"},
-                 {"Four", "»«"}});
+                 {"Three", "«One»"}});
   }
 };
 
@@ -31,37 +30,27 @@ TEST_F(MergeRules, PutEachTokenInItsPlace) {
     string text;
     string result;
   } cases[] = {
-      {"any case", "Dear «CONTACT display name»,", "Dear Anna Lee,"},
+      {"any case", "due «(task due date, MMMM D)» of «TWO»", "due April 30, 2026 of 2"},
       {"rich text", R"({\b \'abTwo\'bb, \'ab(Task Due Date, mmmm d, yyyy)\'bb\par })",
        R"({\b 2, April 30, 2026\par })"},
-      {"a date in any of its formats", "due «(Task Due Date, dd/mm/yy)» or «(task due date, D)»",
-       "due April 30, 2026 or April 30, 2026"},
       {"a format that is none", "due «(Task Due Date, ddd)»!", "due !"},
       {"a date without a format", "due «Task Due Date»!", "due !"},
       {"a format on a field that is no date", "Dear «(Company Name, d)»!", "Dear !"},
-      {"an unknown field", "Dear «Foo» you", "Dear  you"},
-      {"an empty value", "Dear «Empty»you", "Dear you"},
-      {"a blank ahead of a value after another character", "Dear:«Company Name»", "Dear: Elm Ltd."},
-      {"also ahead of an empty one", "Dear:«Empty»you", "Dear: you"},
+      {"a blank also ahead of an empty value", "Dear:«Empty»you", "Dear: you"},
       {"none at the very start", "«Company Name», dear", "Elm Ltd., dear"},
       {"all places go by the first", "a «Two» (by «Two»)", "a 2 (by 2)"},
       {"by the first, the other way round", "(«Two» by «Two»", "( 2 by  2"},
-      {"one value right behind another", "x «Two»«Contact Display Name»", "x 2 Anna Lee"},
       {"the first of two fields with one name", "x «Twice»", "x first"},
       {"a bare field: the escaped ones vanish", "By «Two»" + escaped, "By 2 "},
       {"and stay when an unknown bare one vanished", "By «Two» «Foo»" + escaped,
        R"(By 2  \'abCompany Name\'bb)"},
       {"today's date alone: the escaped ones follow", "On «(Todays Date, yyyy)»" + escaped,
        "On 2026 Elm Ltd."},
-      {"an unknown bare field: the escaped ones follow", "By «Foo»" + escaped, "By  Elm Ltd."},
       {"unknown ones of both: the bare ones vanish", R"(By «Foo» \'abFoo\'bb)",
        R"(By  \'abFoo\'bb)"},
-      {"unknown escaped ones alone vanish", R"(By \'abFoo\'bb\'ABBar\'BB.)", "By ."},
-      {"an opening mark that is never closed", "By «Foo» and «Company Name",
-       "By  and «Company Name"},
+      {"an opening mark that is never closed", "By «Foo» «Company Name", "By  «Company Name"},
       {"a value that brings a field of a later row", "a «One» b", "a 2 b"},
       {"a value that brings a field of an earlier row", "a «Three» b", "a  b"},
-      {"a value that brings marks", "a «Foo» «Four» b", "a  »« b"},
   };
   for (const auto& [why, text, result] : cases)
     EXPECT_EQ(merged(text + longEnough), result + longEnough) << why;
