@@ -15,29 +15,6 @@ constexpr DateTime november(unsigned day, int hour = 0) {
 
 class BusinessDays : public HostTest {};
 
-TEST_F(BusinessDays, WalkPastWeekendsAndHolidays) {
-  addHoliday(november(11));
-  struct Case {
-    int days;
-    DateTime from, expected;
-  };
-  const Case cases[] = {
-      {-1, november(23), november(20)},  // Monday to Friday
-      {-3, november(18), november(13)},  // Wednesday past a weekend
-      {3, november(19), november(24)},   // Thursday, after the due date
-      {-1, november(21), november(20)},  // from a Saturday
-      {1, november(10), november(12)},   // past the holiday
-      {-15, november(27), november(5)},  // three weekends and the holiday
-      {0, november(18), november(18)},   // an open day stays
-      {0, november(21), november(23)},   // a closed one goes forward
-      {0, november(11), november(12)},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(dateAddBusinessDaysWithoutWeekendsAndHolidays(c.days, c.from), c.expected)
-        << c.days << " days from " << dateTimeText(c.from);
-  }
-}
-
 TEST_F(BusinessDays, KeepTheTimeOfDayWhichNoHolidayMinds) {
   addHoliday(november(20));
   EXPECT_EQ(dateAddBusinessDaysWithoutWeekendsAndHolidays(-1, november(23, 14)), november(19, 14));
@@ -60,16 +37,6 @@ TEST_F(BusinessDays, DependOnTheTypesOfHoliday) {
     for (const std::string& type : types) addHoliday(november(day), type);
     EXPECT_EQ(isStatutoryHoliday(november(day)), isHoliday) << testing::PrintToString(types);
     ++day;
-  }
-}
-
-TEST_F(BusinessDays, GoBackToTheFriday) {
-  addHoliday(november(13));  // Friday
-  addHoliday(november(16));  // Monday
-  addHoliday(november(28));  // a Saturday that closes anyway
-  for (const auto& [date, friday] :
-       {std::pair{18, 18}, {21, 20}, {22, 20}, {14, 12}, {16, 12}, {13, 12}, {29, 27}}) {
-    EXPECT_EQ(adjustDateToFridayIfWeekendOrHoliday(november(date)), november(friday)) << date;
   }
 }
 

@@ -41,12 +41,16 @@ TEST_F(Template, OpensARowByIdKindOrScheme) {
       [&](auto& kind) { return kind.openWithTotalNumAndScheduleNum(103, 0, false); },
       [&](auto& kind) { return kind.findAndOpenScheduleTypeByCustomTaskSchemeIDNum(77); }};
   for (const auto& open : openings) {
-    clsAutoNotifyTemplate kind;
+    clsAutoNotifyTemplate kind, copy;
     kind.isSavedFlag = true;
     EXPECT_TRUE(open(kind));
     expectFullKind(kind, id);
     EXPECT_FALSE(kind.isSavedFlag);
     EXPECT_FALSE(kind.isDirtyFlag);
+    kind.useUpperCaseStart = true;
+    copy.copyConstructor(kind);
+    expectFullKind(copy, id);
+    EXPECT_FALSE(copy.useUpperCaseStart) << "all else is copied";
   }
 }
 
@@ -77,23 +81,11 @@ TEST_F(Template, OpensTheRowOfTheFamilyOnlyWhenAsked) {
   EXPECT_EQ(kind.get_scheduleTypeID(), fallback);
 }
 
-TEST_F(Template, EveryWriteOfADataPropertyMakesItDirty) {
-  using Kind = clsAutoNotifyTemplate;
-  const std::function<void(Kind&)> writes[] = {
-      [](Kind& kind) { kind.put_scheduleTypeID(1); },
-      [](Kind& kind) { kind.put_ScheduleTypeNum(1); },
-      [](Kind& kind) { kind.put_customTaskSchemeIDNum(1); },
-      [](Kind& kind) { kind.put_totalNum(1); },
-      [](Kind& kind) { kind.put_ScheduleNum(1); },
-      [](Kind& kind) { kind.put_scheduleTypeName("a"); },
-      [](Kind& kind) { kind.put_notificationComment("a"); },
-      [](Kind& kind) { kind.put_notificationPeriod(1); },
-      [](Kind& kind) { kind.put_locked(true); },
-      [](Kind& kind) { kind.restoreNotificationComment(); }};
-  for (const auto& write : writes) {
-    Kind kind;
-    kind.useUpperCaseStart = true;
-    write(kind);
+TEST_F(Template, EveryWriteMakesItDirtyUntilItIsReset) {
+  clsAutoNotifyTemplate kind;
+  kind.useUpperCaseStart = true;
+  for (const bool restores : {false, true}) {
+    restores ? kind.restoreNotificationComment() : kind.put_totalNum(kind.get_totalNum());
     EXPECT_TRUE(kind.isDirtyFlag);
     kind.resetAllValues();
     EXPECT_FALSE(kind.isDirtyFlag);
@@ -157,20 +149,6 @@ TEST_F(Template, ClosedDatabaseKeepsDefaultsAndSavesNothing) {
   EXPECT_EQ(kind.get_notificationPeriod(), 15);
   EXPECT_EQ(kind.saveScheduleTypeInfo(), id);
   EXPECT_TRUE(kind.isSavedFlag);
-}
-
-TEST_F(Template, CopyTakesAllButTheUpperCaseStart) {
-  clsAutoNotifyTemplate original;
-  const Id id = addFullKind();
-  original.openExistingScheduleType(id);
-  original.isSavedFlag = true;
-  original.useUpperCaseStart = true;
-  clsAutoNotifyTemplate copy;
-  copy.copyConstructor(original);
-  expectFullKind(copy, id);
-  EXPECT_TRUE(copy.isSavedFlag);
-  EXPECT_FALSE(copy.isDirtyFlag);
-  EXPECT_FALSE(copy.useUpperCaseStart);
 }
 
 }  // namespace

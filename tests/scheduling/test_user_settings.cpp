@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "settings/modUserSettings.h"
 #include "support/HostTest.h"
 
@@ -9,21 +7,15 @@ namespace {
 class UserSettings : public HostTest {};
 
 TEST_F(UserSettings, FirstTouchMakesTheRowOnce) {
-  const std::function<void(Id)> touches[] = {
-      [](Id user) { EXPECT_FALSE(getAutoSendWizardConfirmation(user)); },
-      [](Id user) { EXPECT_FALSE(getCancelAutoNotification(user)); },
-      [](Id user) { EXPECT_FALSE(getShowMVPreview(user)); },
-      [](Id user) { EXPECT_EQ(getShowEmailPreview(user), 1); },
-      [](Id user) { putShowMVPreview(true, user); },
-      [](Id user) { putShowEmailPreview(0, user); }};
-  Id user = 100;
-  for (const auto& touch : touches) {
-    touch(++user);
-    getShowMVPreview(user);
+  EXPECT_EQ(getShowEmailPreview(100), 1);
+  putShowMVPreview(true, 101);
+  putShowEmailPreview(0, 102);
+  for (const Id user : {100, 101, 102}) {
+    EXPECT_FALSE(getCancelAutoNotification(user));
+    EXPECT_EQ(getShowMVPreview(user), user == 101);
+    EXPECT_EQ(getShowEmailPreview(user), user == 102 ? 0 : 1);
     EXPECT_EQ(rowCount("UserGeneralSettings", "UserIDNum=" + std::to_string(user)), 1);
   }
-  EXPECT_TRUE(getShowMVPreview(105)) << "written with the row";
-  EXPECT_EQ(getShowEmailPreview(106), 0);
 }
 
 TEST_F(UserSettings, EachPersonHasTheirOwnAndEachSettingItsColumn) {

@@ -30,27 +30,8 @@ TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
   for (const auto& [text, mailboxes] : cases) EXPECT_EQ(parseRecipients(text), mailboxes) << text;
 }
 
-TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
-  const char* const refused[] = {"jane",
-                                 "jane@",
-                                 "jane@@client.example",
-                                 "jane smith@client.example",
-                                 "jane@client..example",
-                                 ".jane@client.example",
-                                 "jane@client example",
-                                 "Jane Smith",
-                                 "Jane <jane@client.example",
-                                 "Jane <>",
-                                 "jane@client.example> <a@x.example>",
-                                 "team: a@x.example",
-                                 "undisclosed-recipients:",
-                                 "a@x.example b@x.example",
-                                 "élodie@client.example",
-                                 "613-555-0100 <Home Fax>",
-                                 "Bcc: evil@x.example",
-                                 "jane@client.example\x01",
-                                 "jane\xFF@client.example"};
-  for (const std::string entry : refused) {
+void expectRefused(const std::vector<std::string>& entries) {
+  for (const std::string& entry : entries) {
     try {
       const auto mailboxes = parseRecipients("good@x.example; " + entry);
       ADD_FAILURE() << entry << " was taken as " << testing::PrintToString(mailboxes);
@@ -58,6 +39,16 @@ TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
       EXPECT_EQ(error.what(), "\"" + entry + "\" is not a valid email address.");
     }
   }
+}
+
+TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
+  expectRefused({"jane", "jane@", "Jane Smith", "Jane <>"});
+  expectRefused({"jane@@client.example", "jane smith@client.example", "jane@client..example",
+                 ".jane@client.example", "jane@client example", "Jane <jane@client.example",
+                 "team: a@x.example", "undisclosed-recipients:", "a@x.example b@x.example",
+                 "élodie@client.example", "613-555-0100 <Home Fax>", "Bcc: evil@x.example",
+                 "jane@client.example\x01", "jane\xFF@client.example"});
+  expectRefused({"jane@client.example> <a@x.example>"});
   const std::string longLocal(65, 'a');
   EXPECT_THROW(parseRecipients(longLocal + "@x.example"), MailError);
 }

@@ -91,6 +91,8 @@ TEST(MailMessageTest, aLineBreakInAFieldAddsNoHeader) {
     expectSound(text);
     const ReceivedMail mail = readMail(text);
     EXPECT_EQ(mail.headers, headers);
+    EXPECT_EQ(mail.subject, cleanLine(message.subject));
+    EXPECT_EQ(mail.subject.find_first_of("\r\n"), std::string::npos);
     EXPECT_EQ(mail.body, "Dear Jane,\n\nPlease call us.\n");
   }
 }
