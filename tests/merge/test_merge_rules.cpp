@@ -84,14 +84,6 @@ TEST_F(MergeRules, WriteADateInEachFormat) {
   }
 }
 
-TEST_F(MergeRules, EndWithoutAClosingMark) {
-  for (const auto& [text, left] :
-       {std::pair{"«", "«"}, {R"(\'ab\'ab)", R"(\'ab\'ab)"}, {"»a«b»c", "»ac"}}) {
-    string changed = text;
-    EXPECT_EQ(merge->replaceUnfoundMergeFieldsWithBlanks(changed), left);
-  }
-}
-
 TEST_F(MergeRules, NameAPersonInPlaceOfTheCompanyThatTheyLack) {
   merge->ConvertCompanyNameToContactNameForContacts = true;
   for (const auto& [contact, company, text, result] :
