@@ -38,8 +38,8 @@ class ComponentLibrary {
   ComponentLibrary(const ComponentLibrary&) = delete;
   ComponentLibrary& operator=(const ComponentLibrary&) = delete;
 
-  /// A new control or notification. Throws PlatformError when the platform cannot create the host
-  /// classes that the object needs.
+  /// A new object. A control that cannot have the host classes it needs throws PlatformError; a
+  /// notification asks at the error dialog, so assign the control's errorClass before.
   std::unique_ptr<clsAutoNotifyCtrl> createControl();
   std::unique_ptr<clsAutoNotification> createNotification();
   std::unique_ptr<clsNotificationTools> createTools();

@@ -59,9 +59,9 @@ class AutoNotification final : public clsAutoNotification {
 
   void resetAllValues() override {
     procedure("Morvane.exe-clsAutoNotification-resetAllValues", [&](Step& step) {
+      if (links_) step.run([&] { links_->resetAllValues(); });
       isSaved_ = false;
       isDirty_ = false;
-      if (links_) step.run([&] { links_->resetAllValues(); });
     });
   }
 

@@ -18,8 +18,9 @@ class LibraryUse {
   static bool isIdle() noexcept;
 };
 
-// The creatable classes. Each object keeps the library in use. The makers throw PlatformError when
-// the host's registry cannot create what an object needs; the context is then as it was before.
+// The creatable classes. Each object keeps the library in use. The control's maker throws
+// PlatformError when the host's registry cannot create what it needs; the context is then as it was
+// before. A notification asks at the error dialog instead.
 
 std::unique_ptr<ComponentObject> makeAutoNotifyCtrl();
 std::unique_ptr<ComponentObject> makeAutoNotification();

@@ -11,10 +11,11 @@ namespace {
 constexpr const char* notificationById =
     "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
 
-/// A channel field, and the channel whose subject it holds; 0 for none.
+/// A channel field, and the channel whose subject it holds.
 struct CopiedField {
+  static constexpr int noChannel = -1;
   const char* column;
-  int subjectOf = 0;
+  int subjectOf = noChannel;
 };
 constexpr std::array<CopiedField, 6> copiedFields{{
     {"Field1"},

@@ -1,4 +1,5 @@
 #include "control/contract/enumerations.h"
+#include "platform/text.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/HostTest.h"
@@ -183,6 +184,28 @@ TEST_F(Copying, ByIdTheUnfinishedStatementIsRefused) {
   errors.answer({error_choice::next, error_choice::next, error_choice::next});
   copyOldNotificationInfoToNewNotification(row, old);
   EXPECT_EQ(fieldsOf(row), "new|new|new|new|new|\n");
+}
+
+/// Reads the unfinished statement as a selection by key.
+class LenientDatabase : public CountedDatabase {
+ public:
+  using CountedDatabase::CountedDatabase;
+  RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock, int r1,
+                                const std::string& r2, int r3, bool r4) override {
+    const std::string finished =
+        replaceAll(sql, "FROM ClientNotification Client", "FROM ClientNotification WHERE Client");
+    return CountedDatabase::openRecordset(finished, cursor, lock, r1, r2, r3, r4);
+  }
+};
+
+TEST_F(Copying, ByIdKeepsNothingBackForARowWithoutAChannel) {
+  LenientDatabase lenient(*plainDatabase, calls);
+  references().databaseReference = &lenient;
+  const Id old = addMarked(70, nt_Email, "old", "to");
+  const Id row = addMarked(71, 0, "new", "new");
+  copyOldNotificationInfoToNewNotification(row, old);
+  EXPECT_EQ(fieldsOf(row), "to|old|old|old|new|\n");
+  openDatabase();
 }
 
 TEST_F(Copying, DeleteTellsWhetherItDid) {

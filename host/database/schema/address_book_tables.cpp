@@ -45,13 +45,13 @@ std::vector<TableDef> addressBookTables() {
             {key("ContactsNoteID"), links({"ContactNum"}),
              memos({"Notes", "BusinessNotes", "PersonalNotes"})},
             {{"ContactNum"}}),
-      // A link of one contact to a company, to another contact or to a category.
-      table(
-          "ContactLinks",
-          {key("ContactLinkID"), links({"ContactIDNum", "ContactNum", "CompanyNum", "CategoryNum"}),
-           flags({"DefaultContact"}), texts({"FamilyRelationship"}),
-           flags({"IsPersonalTaxCategory"})},
-          {{"CompanyNum", "DefaultContact"}, {"ContactIDNum"}, {"CategoryNum"}, {"ContactNum"}}),
+      // A link of one contact to a company, to another contact or to a category; the others are
+      // NULL.
+      table("ContactLinks",
+            {key("ContactLinkID"), links({"ContactIDNum"}),
+             integers({"ContactNum", "CompanyNum", "CategoryNum"}), flags({"DefaultContact"}),
+             texts({"FamilyRelationship"}), flags({"IsPersonalTaxCategory"})},
+            {{"CompanyNum", "DefaultContact"}, {"ContactIDNum"}, {"CategoryNum"}, {"ContactNum"}}),
       table("Categories",
             {key("CategoryID"), links({"CategoryNum"}), texts({"CategoryName"}),
              memos({"CategoryDescription"}), smalls({"CategorySpecialCode"})},
