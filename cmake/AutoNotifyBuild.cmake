@@ -14,6 +14,12 @@ if(AUTONOTIFY_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${AUTONOTIFY_CCACHE}")
 endif()
 
+# g++ 12 drops the old value of a small struct in `x = f()` when f throws; the frame of procedures
+# relies on that value, and so does any code that catches.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  add_compile_options(-fno-tree-dse)
+endif()
+
 add_library(autonotify_options INTERFACE)
 target_compile_options(autonotify_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
 # At -O3 g++ 12 reports both falsely inside std::string and std::variant.
