@@ -138,6 +138,7 @@ Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
   try {
     const auto database = host::createSqlite(draft.path());
     fill(*database, options, arguments);
+    database->emptyLog();
     database->close();
   } catch (const host::DatabaseError& error) {
     throw Refusal(fileFault(target.string(), error.description()), exitDatabase);

@@ -118,6 +118,11 @@ SQLite::Database& SqliteDatabase::connection() {
   return static_cast<SqliteDriver&>(driver()).database();
 }
 
+void SqliteDatabase::emptyLog() {
+  if (pragma(connection(), "wal_checkpoint(TRUNCATE)") != 0)
+    throw DatabaseError(database_error::locked, "The database is locked by another user");
+}
+
 std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
                                            int busyTimeout) {
   requireFile(path);

@@ -26,6 +26,10 @@ class SqliteDatabase : public RecordsetDatabase {
   /// The connection itself, for seeding in bulk. No recordset may be in use meanwhile.
   /// Throws DatabaseError (closed).
   SQLite::Database& connection();
+
+  /// Moves all that was written from the log into the file, which is then whole by itself. Closing
+  /// does so too, but says nothing when the disk is full. Throws DatabaseError.
+  void emptyLog();
 };
 
 // All throw DatabaseError: missing, cannotOpen (a folder, no permission), locked, readOnly (opened
