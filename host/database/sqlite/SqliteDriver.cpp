@@ -26,7 +26,8 @@ constexpr Failure failures[] = {
     {SQLITE_NOTADB, database_error::corrupt, "The file is not a database"},
     {SQLITE_CANTOPEN, database_error::cannotOpen, "The database file cannot be opened"},
     {SQLITE_PERM, database_error::cannotOpen, "The database file may not be opened"},
-    {SQLITE_IOERR, database_error::inputOutput, "The database file cannot be read or written"},
+    {SQLITE_IOERR, database_error::inputOutput,
+     "The database file cannot be read or written; the disk may be full"},
     {SQLITE_CONSTRAINT, database_error::constraint, "The row breaks a rule of its table"},
     {SQLITE_ERROR, database_error::statementFailed, "The database does not accept the statement"},
 };
