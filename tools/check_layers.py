@@ -27,7 +27,8 @@ HOST = [
     ("host/loader", []),
     ("host/services", []),
     ("host/mail", ["host/services"]),
-    ("apps/console", ["host/database/sqlite", "host/demo", "host/loader", "host/mail"]),
+    ("host/desk", ["host/database/sqlite", "host/loader", "host/mail"]),
+    ("apps/console", ["host/desk", "host/demo"]),
 ]
 STANDARD = re.compile(r"<[a-z_0-9]+>$")
 

@@ -2,10 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <memory>
 
 #include "Command.h"
 #include "Session.h"
 #include "commands/arguments.h"
+#include "host/database/dialect/DatabaseError.h"
 #include "host/services/Terminal.h"
 #include "platform/text.h"
 #include "usage.h"
@@ -25,10 +27,17 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--batch", options.batch, "ask nobody, even on a terminal");
 }
 
+std::unique_ptr<Session> openSession(const GlobalOptions& options) {
+  try {
+    return std::make_unique<Session>(options);
+  } catch (const host::DatabaseError& error) {
+    throw Refusal(fileFault(options.database, error.description()), exitDatabase);
+  }
+}
+
 Reply run(const Command& command, const GlobalOptions& options, const Arguments& arguments) {
   if (command.runAlone) return command.runAlone(options, arguments);
-  Session session(options);
-  return command.run(session, arguments);
+  return command.run(*openSession(options), arguments);
 }
 
 void complain(std::string message) {

@@ -1,89 +1,43 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "Reply.h"
 #include "Session.h"
-#include "control/contract/enumerations.h"
+#include "host/desk/notifications.h"
+#include "host/desk/rows.h"
 
 namespace autonotify::console {
 
-class Row;
+using host::allChannels;
+using host::channelName;
+using host::channelNames;
+using host::clientName;
+using host::dayText;
+using host::findNotification;
+using host::firstRow;
+using host::forEachRow;
+using host::isOverdue;
+using host::itemName;
+using host::LookupBatch;
+using host::Notification;
+using host::NotificationState;
+using host::pastNote;
+using host::readSummary;
+using host::readTask;
+using host::Row;
+using host::stateName;
+using host::stateOf;
+using host::stateWords;
+using host::summaryColumns;
+using host::Task;
+using host::taskColumns;
 
-/// A row of ClientNotification.
-struct Notification {
-  Id id = noId;
-  int channel = 0;
-  Id scheduleId = noId;
-  Id appointmentId = noId;
-  Id taskId = noId;
-  Id docketId = noId;
-  Id companyId = noId;
-  Id contactId = noId;
-  DateTime date;
-  std::string fields[6];
-  std::string memo;
-  bool sent = false;
-  int sentStatus = 0;
-  DateTime sentTime;
-};
-
-/// Where a row stands. Marking a row sent or cancelled takes several writes: a run that was killed
-/// among them leaves one of the two interrupted states.
-enum class NotificationState { pending, sent, cancelled, interruptedSending, interruptedCancel };
-
-NotificationState stateOf(const Notification& notification);
-/// "pending", "sent": for lists and programs.
-std::string stateName(NotificationState state);
-/// "is pending", "was sent": for sentences.
-std::string stateWords(NotificationState state);
-
-/// "email", "fax", "letter" or "phone".
-std::string channelName(int channel);
-/// The channels of a bit set, joined by commas; "-" for none.
-std::string channelNames(int bits);
-/// The four channels in the order of their bits.
-const std::vector<notifyType>& allChannels();
-
-/// The day as people read it: "2026-04-30"; "-" for the zero date.
-std::string dayText(DateTime moment);
-/// The same for programs: null for the zero date.
+/// The day for programs: null for the zero date.
 Json dayJson(DateTime moment);
-
-/// The columns that readSummary wants, for a SELECT.
-extern const char* const summaryColumns;
-/// All but the fields and the text, which are large.
-Notification readSummary(const Row& row);
 
 /// Throws Refusal when there is no such row.
 Notification loadNotification(Session& session, Id id);
-std::optional<Notification> findNotification(Session& session, Id id);
-
-/// True for a row that still waits though its date has gone by.
-bool isOverdue(Session& session, const Notification& notification);
-/// ", which is past: ..." for such a row; empty for others.
-std::string pastNote(Session& session, const Notification& notification);
-
-/// What the notification is about: the schedule entry's name, or the item's subject.
-std::string itemName(Session& session, const Notification& notification);
-/// Who it goes to: the company's or the contact's name; empty when it has neither.
-std::string clientName(Session& session, const Notification& notification);
-
-/// A schedule entry, as the commands name it.
-struct Task {
-  Id id = noId;
-  Id clientNum = noId;
-  Id contactId = noId;
-  std::string name;
-  DateTime dueDate;
-  int channels = 0;
-  bool closed = false;
-};
 
 /// Throws Refusal when there is no such task.
 Task loadTask(Session& session, Id id);
-std::string clientName(Session& session, const Task& task);
 
 }  // namespace autonotify::console

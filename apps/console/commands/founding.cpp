@@ -11,8 +11,8 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/demo/DemoFirm.h"
 #include "host/demo/SqliteRowSink.h"
+#include "host/desk/places.h"
 #include "host/services/clocks.h"
-#include "places.h"
 
 namespace autonotify::console {
 namespace {
@@ -27,7 +27,8 @@ std::string newIdentity() {
   return fmt::format("{:08x}{:08x}{:08x}{:08x}", device(), device(), device(), device());
 }
 
-host::DemoOptions demoOptions(const Arguments& arguments, const Place& place, DateTime today) {
+host::DemoOptions demoOptions(const Arguments& arguments, const host::Place& place,
+                              DateTime today) {
   host::DemoOptions demo;
   demo.companies = arguments.clients * companiesOfTen / 10;
   demo.contacts = arguments.clients - demo.companies;
@@ -39,17 +40,17 @@ host::DemoOptions demoOptions(const Arguments& arguments, const Place& place, Da
   return demo;
 }
 
-Place placeOf(const Arguments& arguments) {
-  Place place;
-  place.country = *findCountry(arguments.country);
-  if (!arguments.province.empty()) place.province = *findProvince(arguments.province);
+host::Place placeOf(const Arguments& arguments) {
+  host::Place place;
+  place.country = *host::findCountry(arguments.country);
+  if (!arguments.province.empty()) place.province = *host::findProvince(arguments.province);
   return place;
 }
 
 void fill(host::SqliteDatabase& database, const GlobalOptions& options,
           const Arguments& arguments) {
   host::SqliteRowSink sink(database.connection());
-  const Place place = placeOf(arguments);
+  const host::Place place = placeOf(arguments);
   if (arguments.demo) {
     host::SystemClock clock;
     const DateTime today = options.today ? *options.today : clock.today();
@@ -122,9 +123,10 @@ void describeInit(CLI::App& command, Arguments& arguments) {
   addCount(command, "--past-notifications", "notifications of years past, to try a large firm", 0,
            5000000, arguments.pastNotifications)
       ->needs(demo);
-  addPlace(command, "--country", "ca or us", "country: ca or us", arguments.country, findCountry);
+  addPlace(command, "--country", "ca or us", "country: ca or us", arguments.country,
+           host::findCountry);
   addPlace(command, "--province", "such as ON or QC", "province: give two letters, such as ON",
-           arguments.province, findProvince);
+           arguments.province, host::findProvince);
   addText(command, "--firm", "NAME", "the firm's name", arguments.firmName)->excludes(demo);
   addText(command, "--first-user", "NAME", "who works first", arguments.userName)->excludes(demo);
 }

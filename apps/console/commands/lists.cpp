@@ -7,16 +7,13 @@
 #include "TextTable.h"
 #include "commands/arguments.h"
 #include "notifications.h"
-#include "rows.h"
 
 namespace autonotify::console {
 namespace {
 
 std::string taskStatement(Session& session, const Arguments& arguments) {
   std::string sql =
-      "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
-      "Schedule.scheduleName, Schedule.DueDate, Schedule.notifyType FROM Schedule "
-      "WHERE Schedule.Closed=False ";
+      fmt::format("SELECT {} FROM Schedule WHERE Schedule.Closed=False ", taskColumns);
   if (arguments.client) sql += fmt::format("AND Schedule.ClientNum={} ", *arguments.client);
   if (arguments.contact) sql += fmt::format("AND Schedule.ContactIDNum={} ", *arguments.contact);
   if (arguments.until) {
@@ -25,30 +22,6 @@ std::string taskStatement(Session& session, const Arguments& arguments) {
   }
   return sql + "ORDER BY Schedule.DueDate, Schedule.ScheduleID;";
 }
-
-Task readTask(const Row& row) {
-  return {row.id("ScheduleID"),
-          row.id("ClientNum"),
-          row.id("ContactIDNum"),
-          row.text("scheduleName"),
-          row.date("DueDate"),
-          row.id("notifyType", 0),
-          false};
-}
-
-/// While it lives the client lookup keeps whole tables.
-class LookupBatch {
- public:
-  explicit LookupBatch(Session& session) : session_(session) {
-    session_.clients().setClientLookupBatch(true);
-  }
-  ~LookupBatch() { session_.clients().setClientLookupBatch(false); }
-  LookupBatch(const LookupBatch&) = delete;
-  LookupBatch& operator=(const LookupBatch&) = delete;
-
- private:
-  Session& session_;
-};
 
 /// Streams the rows that meet `condition`, by date.
 template <class Visit>

@@ -1,10 +1,10 @@
-#include "places.h"
+#include "host/desk/places.h"
 
 #include <array>
 
 #include "platform/text.h"
 
-namespace autonotify::console {
+namespace autonotify::host {
 namespace {
 
 template <class Code>
@@ -63,4 +63,4 @@ std::optional<countryCode> findCountry(std::string_view text) {
   return find(countries, text);
 }
 
-}  // namespace autonotify::console
+}  // namespace autonotify::host

@@ -1,6 +1,6 @@
-#include "rows.h"
+#include "host/desk/rows.h"
 
-namespace autonotify::console {
+namespace autonotify::host {
 
 std::string Row::text(const std::string& column) const {
   const Value held = value(column);
@@ -22,4 +22,4 @@ DateTime Row::date(const std::string& column) const {
   return held.isNull() ? DateTime{} : toDateTime(held);
 }
 
-}  // namespace autonotify::console
+}  // namespace autonotify::host

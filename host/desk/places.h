@@ -5,7 +5,7 @@
 
 #include "control/contract/enumerations.h"
 
-namespace autonotify::console {
+namespace autonotify::host {
 
 /// Where a firm is: what the texts and fields of its clients follow.
 struct Place {
@@ -18,4 +18,4 @@ std::optional<provinceCode> findProvince(std::string_view text);
 /// "ca", "us", or a name as it stands in an address.
 std::optional<countryCode> findCountry(std::string_view text);
 
-}  // namespace autonotify::console
+}  // namespace autonotify::host

@@ -4,7 +4,7 @@
 
 #include "control/contract/DatabaseReference.h"
 
-namespace autonotify::console {
+namespace autonotify::host {
 
 /// The current row of a recordset.
 class Row {
@@ -50,4 +50,4 @@ bool firstRow(DatabaseReference& database, const std::string& sql, Visit&& visit
   return found;
 }
 
-}  // namespace autonotify::console
+}  // namespace autonotify::host

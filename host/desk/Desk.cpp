@@ -1,0 +1,113 @@
+#include "host/desk/Desk.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/desk/places.h"
+#include "host/desk/rows.h"
+
+namespace autonotify::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::unique_ptr<Clock> makeClock(Clock& system, const std::optional<DateTime>& today) {
+  if (today) return std::make_unique<DateShiftedClock>(system, *today);
+  return std::make_unique<SystemClock>();
+}
+
+}  // namespace
+
+Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
+    : dialogs_(dialogs),
+      clock_(makeClock(systemClock_, options.today)),
+      database_(openSqlite(options.database)),
+      locale_(LocaleSettings{}),
+      workingFolder_((fs::temp_directory_path() / "hvnotify").string()),
+      clients_(std::make_unique<ClientDirectory>(*database_)),
+      hasOwnOutbox_(options.outbox.empty()),
+      outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
+  readFirm(options);
+  registerClasses();
+  loadComponent();
+}
+
+Desk::~Desk() = default;
+
+void Desk::readFirm(const DeskOptions& options) {
+  LocaleSettings& settings = locale_.settings();
+  settings.firmCode = options.firmCode;
+  settings.year = static_cast<std::int16_t>(today().year());
+  firstRow(*database_,
+           "SELECT AccountantFirmInfo.Country, AccountantFirmInfo.Province FROM "
+           "AccountantFirmInfo;",
+           [&](const Row& row) {
+             settings.country = findCountry(row.text("Country")).value_or(countryCanada);
+             settings.province = findProvince(row.text("Province")).value_or(provinceOntario);
+           });
+  firstRow(*database_, "SELECT DatabaseIdentity.UniqueText FROM DatabaseIdentity;",
+           [&](const Row& row) { databaseIdentity_ = row.text("UniqueText"); });
+  readUser(options);
+}
+
+void Desk::readUser(const DeskOptions& options) {
+  const std::string condition =
+      options.user ? fmt::format("WHERE AccountantEmployeeInfo.ContactID={} ", *options.user) : "";
+  const bool found =
+      firstRow(*database_,
+               "SELECT AccountantEmployeeInfo.ContactID, AccountantEmployeeInfo.UserLevel FROM "
+               "AccountantEmployeeInfo " +
+                   condition + "ORDER BY AccountantEmployeeInfo.ContactID;",
+               [&](const Row& row) {
+                 locale_.settings().userId = row.id("ContactID");
+                 locale_.settings().accessLevel = static_cast<std::int16_t>(row.id("UserLevel", 1));
+               });
+  if (!found && options.user) throw DeskFault(fmt::format("there is no user {}", *options.user));
+}
+
+void Desk::registerClasses() {
+  registry_.registerClass(EmailSender::className, [this] {
+    makeOutbox();
+    return newEmailSender();
+  });
+}
+
+void Desk::loadComponent() {
+  try {
+    library_ = std::make_unique<ComponentLibrary>(
+        ComponentLibrary::locate(), PlatformServices{&registry_, clock_.get(), &dialogs_.forms});
+  } catch (const ComponentError& error) {
+    throw DeskFault(error.what());
+  }
+  control_ = library_->createControl();
+  control_->put_errorClass(&dialogs_.errors);
+  control_->put_MsgboxClass(&dialogs_.messages);
+  control_->put_DatabaseReference(database_.get());
+  control_->put_WorkingFolderReference(&workingFolder_);
+  control_->put_LocaleReference(&locale_);
+  control_->put_clientDropDownCtrlReference(clients_.get());
+  tools_ = library_->createTools();
+}
+
+std::string Desk::messageIdentity(Id notification) const {
+  return fmt::format("{}/notification/{}", databaseIdentity_, notification);
+}
+
+void Desk::makeOutbox() {
+  std::error_code leftToTheSender;
+  if (hasOwnOutbox_) fs::create_directory(outbox_, leftToTheSender);
+}
+
+std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
+  auto sender = std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}}, *clock_);
+  sender->put_errorClass(&dialogs_.errors);
+  sender->put_MsgboxClass(&dialogs_.messages);
+  sender->put_LocaleReference(&locale_);
+  sender->put_DatabaseReference(database_.get());
+  sender->put_workingFolder(workingFolder_.getWorkingFolder());
+  return sender;
+}
+
+}  // namespace autonotify::host

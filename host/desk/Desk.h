@@ -1,0 +1,106 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "control/clsAutoNotifyCtrl.h"
+#include "control/clsNotificationTools.h"
+#include "host/loader/ComponentLibrary.h"
+#include "host/mail/OutboxEmailSender.h"
+#include "host/services/ClassRegistry.h"
+#include "host/services/ClientDirectory.h"
+#include "host/services/HostLocale.h"
+#include "host/services/HostWorkingFolder.h"
+#include "host/services/clocks.h"
+
+namespace autonotify::host {
+
+struct DeskOptions {
+  /// The path of the database file.
+  std::string database;
+  /// The date that the desk pretends to be on; the machine's when unset.
+  std::optional<DateTime> today;
+  /// A member of staff; the first one when unset.
+  std::optional<Id> user;
+  /// A folder for emails, which must be there; empty: one beside the database, made when needed.
+  std::string outbox;
+  /// The installation's firm code.
+  std::string firmCode;
+};
+
+/// How the person at the desk is met. None is owned; all outlive the desk.
+struct DeskDialogs {
+  errorClass& errors;
+  MsgboxClass& messages;
+  FormHost& forms;
+};
+
+/// The desk cannot be taken: a sentence for the person who wanted it.
+class DeskFault : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// A member of staff at work: an open database, the host's services and the component on both.
+class Desk {
+ public:
+  /// Throws DatabaseError when the database cannot be used, DeskFault when there is no such user or
+  /// the component cannot be loaded.
+  Desk(const DeskOptions& options, const DeskDialogs& dialogs);
+  ~Desk();
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+
+  DatabaseReference& database() { return *database_; }
+  clientDropDownCtrlReference& clients() { return *clients_; }
+  clsAutoNotifyCtrl& control() { return *control_; }
+  clsNotificationTools& tools() { return *tools_; }
+  HostLocale& locale() { return locale_; }
+  Clock& clock() { return *clock_; }
+  DateTime today() { return clock_->today(); }
+
+  /// The name of a notification's message for all time, unlike that of any other database's.
+  std::string messageIdentity(Id notification) const;
+  /// Makes the folder beside the database. One that was named must be there: a folder made in its
+  /// place could hide that a disk is not mounted.
+  void makeOutbox();
+  /// A sender with all references set, for one message.
+  std::unique_ptr<OutboxEmailSender> newEmailSender();
+
+ private:
+  void readFirm(const DeskOptions& options);
+  void readUser(const DeskOptions& options);
+  void registerClasses();
+  void loadComponent();
+
+  DeskDialogs dialogs_;
+  SystemClock systemClock_;
+  std::unique_ptr<Clock> clock_;
+  std::unique_ptr<DatabaseReference> database_;
+  HostLocale locale_;
+  HostWorkingFolder workingFolder_;
+  std::unique_ptr<ClientDirectory> clients_;
+  ClassRegistry registry_;
+  /// Beside the database, not named by an option.
+  bool hasOwnOutbox_;
+  std::string outbox_;
+  std::string databaseIdentity_;
+  std::unique_ptr<ComponentLibrary> library_;
+  std::unique_ptr<clsAutoNotifyCtrl> control_;
+  std::unique_ptr<clsNotificationTools> tools_;
+};
+
+/// While it lives the client lookup keeps whole tables.
+class LookupBatch {
+ public:
+  explicit LookupBatch(Desk& desk) : desk_(desk) { desk_.clients().setClientLookupBatch(true); }
+  ~LookupBatch() { desk_.clients().setClientLookupBatch(false); }
+  LookupBatch(const LookupBatch&) = delete;
+  LookupBatch& operator=(const LookupBatch&) = delete;
+
+ private:
+  Desk& desk_;
+};
+
+}  // namespace autonotify::host
