@@ -11,7 +11,7 @@
 #include "control/contract/recordsets.h"
 #include "merge/field_claims.h"
 #include "merge/merge_sources.h"
-#include "platform/ListBox.h"
+#include "platform/controls/ListBox.h"
 
 namespace autonotify {
 

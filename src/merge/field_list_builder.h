@@ -8,7 +8,7 @@
 #include "merge/field_catalogue.h"
 #include "merge/field_table.h"
 #include "platform/DateTime.h"
-#include "platform/ListBox.h"
+#include "platform/controls/ListBox.h"
 
 namespace autonotify {
 

@@ -3,14 +3,9 @@
 #include <memory>
 #include <string_view>
 
-namespace autonotify {
+#include "platform/HostObject.h"
 
-/// Base of every object that the host lends to the component or that the component creates by
-/// the name of its class.
-class HostObject {
- public:
-  virtual ~HostObject() = default;
-};
+namespace autonotify {
 
 /// Creates host classes by name. Each interface that the component creates itself carries its
 /// name as `className`: FileUtility, GeneralUtilities, ValidationUtilities, GridColumnList,

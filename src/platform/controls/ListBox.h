@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/controls/ItemList.h"
+
+namespace autonotify {
+
+/// A list of entries of which one can be chosen.
+class ListBox : public ItemList {
+ public:
+  using ItemList::ItemList;
+};
+
+}  // namespace autonotify

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <algorithm>
+
+#include "platform/controls/Control.h"
+
+namespace autonotify {
+
+/// A tree of nodes with texts and keys. Selecting a node by the program raises no click.
+class TreeView : public Control {
+ public:
+  struct Node {
+    std::string key;
+    std::string text;
+    int parent = -1;  ///< position of the parent, -1 for a root
+  };
+
+  using Control::Control;
+
+  void clear() {
+    nodes_.clear();
+    selected_ = -1;
+    render(Aspect::list);
+  }
+  /// Appends a node, below the parent at that position, and gives its position.
+  int addNode(int parent, std::string key, std::string text) {
+    nodes_.push_back({std::move(key), std::move(text), parent});
+    render(Aspect::list);
+    return static_cast<int>(nodes_.size()) - 1;
+  }
+  const std::vector<Node>& nodes() const { return nodes_; }
+  /// Position of the node with this key, -1 when there is none.
+  int find(const std::string& key) const {
+    const auto found = std::ranges::find(nodes_, key, &Node::key);
+    return found == nodes_.end() ? -1 : static_cast<int>(found - nodes_.begin());
+  }
+
+  /// Position of the selected node, -1 when none is.
+  int selected() const { return selected_; }
+  const Node* selectedNode() const {
+    return selected_ < 0 ? nullptr : &nodes_.at(static_cast<std::size_t>(selected_));
+  }
+  void select(int position) { change(selected_, position, Aspect::value); }
+  /// A person clicks a node.
+  bool acceptChoice(int position) override {
+    if (position < 0 || position >= static_cast<int>(nodes_.size())) return false;
+    select(position);
+    return raise(onClick);
+  }
+
+ private:
+  std::vector<Node> nodes_;
+  int selected_ = -1;
+};
+
+}  // namespace autonotify
