@@ -6,22 +6,11 @@
 
 #include "TextTable.h"
 #include "commands/arguments.h"
+#include "host/desk/task_list.h"
 #include "notifications.h"
 
 namespace autonotify::console {
 namespace {
-
-std::string taskStatement(Session& session, const Arguments& arguments) {
-  std::string sql =
-      fmt::format("SELECT {} FROM Schedule WHERE Schedule.Closed=False ", taskColumns);
-  if (arguments.client) sql += fmt::format("AND Schedule.ClientNum={} ", *arguments.client);
-  if (arguments.contact) sql += fmt::format("AND Schedule.ContactIDNum={} ", *arguments.contact);
-  if (arguments.until) {
-    sql += fmt::format("AND Schedule.DueDate <= #{}# ",
-                       session.database().formatDateForSQL(*arguments.until));
-  }
-  return sql + "ORDER BY Schedule.DueDate, Schedule.ScheduleID;";
-}
 
 /// Streams the rows that meet `condition`, by date.
 template <class Visit>
@@ -31,12 +20,6 @@ void forEachNotification(Session& session, const std::string& condition, Visit&&
       "ClientNotification.ClientNotificationID;",
       summaryColumns, condition);
   forEachRow(session.database(), sql, [&](const Row& row) { visit(readSummary(row)); });
-}
-
-std::string isDue(Session& session) {
-  return fmt::format(
-      "ClientNotification.NotificationDate <= #{}# AND ClientNotification.NotificationSent=False",
-      session.database().formatDateForSQL(session.today()));
 }
 
 std::string isInterrupted() {
@@ -58,8 +41,11 @@ Reply runTasks(Session& session, const Arguments& arguments) {
   reply.data = Json::array();
   TextTable table({"TASK", "DUE", "CHANNELS", "CLIENT", "NAME"});
   const LookupBatch batch(session);
-  forEachRow(session.database(), taskStatement(session, arguments), [&](const Row& row) {
-    const Task task = readTask(row);
+  host::TaskQuery query;
+  query.client = arguments.client;
+  query.contact = arguments.contact;
+  query.until = arguments.until;
+  host::forEachTask(session, query, [&](const Task& task) {
     const std::string client = clientName(session, task);
     table.add({std::to_string(task.id), dayText(task.dueDate), channelNames(task.channels), client,
                task.name});
@@ -84,7 +70,7 @@ std::vector<Id> notificationsToSend(Session& session) {
   std::vector<Id> ids;
   const auto take = [&ids](const Notification& row) { ids.push_back(row.id); };
   forEachNotification(session, isInterrupted(), take);
-  forEachNotification(session, isDue(session), take);
+  forEachNotification(session, host::dueCondition(session), take);
   return ids;
 }
 
@@ -95,7 +81,7 @@ Reply runDue(Session& session, const Arguments&) {
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "DATE", "CHANNEL", "CLIENT", "TASK"});
   const LookupBatch batch(session);
-  forEachNotification(session, isDue(session), [&](const Notification& row) {
+  forEachNotification(session, host::dueCondition(session), [&](const Notification& row) {
     const std::string client = clientName(session, row);
     const std::string item = itemName(session, row);
     table.add({std::to_string(row.id), dayText(row.date), channelName(row.channel), client, item});

@@ -1,0 +1,134 @@
+#include "host/desk/task_list.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+#include "host/desk/rows.h"
+
+namespace autonotify::host {
+namespace {
+
+/// With the names of clients, where the query needs them.
+constexpr const char* tasksAndClients =
+    "((Schedule LEFT JOIN ClientData ON Schedule.ClientNum = ClientData.ClientDataID) "
+    "LEFT JOIN Companies ON ClientData.CompanyIDNum = Companies.CompanyID) "
+    "LEFT JOIN Contacts ON Schedule.ContactIDNum = Contacts.ContactID";
+
+/// The columns of each TaskOrder; the key makes the order complete.
+constexpr std::array<std::array<const char*, 3>, 3> orderColumns{{
+    {"Schedule.DueDate", "Schedule.ScheduleID", nullptr},
+    {"Companies.CompanyName", "Contacts.DisplayName", "Schedule.ScheduleID"},
+    {"Schedule.scheduleName", "Schedule.ScheduleID", nullptr},
+}};
+
+/// The text as the pattern of a LIKE: "%text%", quotes doubled, with "!" before what else would be
+/// a joker. Small are the letters that every engine's LOWER knows.
+std::string likePattern(const std::string& text) {
+  std::string pattern;
+  for (const char c : text) {
+    if (c == '%' || c == '_' || c == '!') pattern += '!';
+    pattern += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    if (c == '\'') pattern += c;
+  }
+  return "'%" + pattern + "%'";
+}
+
+bool needsClients(const TaskQuery& query) {
+  return !query.filter.empty() || query.order == TaskOrder::client;
+}
+
+std::string conditionOf(Desk& desk, const TaskQuery& query) {
+  std::string condition = "Schedule.Closed=False";
+  if (query.client) condition += fmt::format(" AND Schedule.ClientNum={}", *query.client);
+  if (query.contact) condition += fmt::format(" AND Schedule.ContactIDNum={}", *query.contact);
+  if (query.until) {
+    condition += fmt::format(" AND Schedule.DueDate <= #{}#",
+                             desk.database().formatDateForSQL(*query.until));
+  }
+  if (query.filter.empty()) return condition;
+  std::string names;
+  for (const char* column :
+       {"Companies.CompanyName", "Contacts.DisplayName", "Schedule.scheduleName"}) {
+    names += fmt::format("{}LOWER({}) LIKE {} ESCAPE '!'", names.empty() ? "" : " OR ", column,
+                         likePattern(query.filter));
+  }
+  return condition + " AND (" + names + ")";
+}
+
+std::string orderOf(const TaskQuery& query) {
+  std::string order;
+  for (const char* column : orderColumns.at(static_cast<std::size_t>(query.order))) {
+    if (!column) continue;
+    order +=
+        fmt::format("{}{}{}", order.empty() ? "" : ", ", column, query.descending ? " DESC" : "");
+  }
+  return order;
+}
+
+std::string selectTasks(Desk& desk, const char* columns, const TaskQuery& query) {
+  return fmt::format("SELECT {} FROM {} WHERE {}", columns,
+                     needsClients(query) ? tasksAndClients : "Schedule", conditionOf(desk, query));
+}
+
+void readNotifications(Desk& desk, TaskLine& line) {
+  const std::string sql = fmt::format("SELECT {} FROM ClientNotification WHERE ScheduleIDNum={};",
+                                      summaryColumns, line.task.id);
+  forEachRow(desk.database(), sql, [&](const Row& row) {
+    const Notification notification = readSummary(row);
+    const NotificationState state = stateOf(notification);
+    if (state == NotificationState::sent) line.sentChannels |= notification.channel;
+    if (state != NotificationState::pending) return;
+    line.pendingChannels |= notification.channel;
+    if (line.notificationDate.isZero() || notification.date < line.notificationDate)
+      line.notificationDate = notification.date;
+  });
+}
+
+std::size_t count(Desk& desk, const std::string& sql) {
+  std::size_t found = 0;
+  firstRow(desk.database(), sql,
+           [&](const Row& row) { found = static_cast<std::size_t>(row.id("CountOfRows", 0)); });
+  return found;
+}
+
+}  // namespace
+
+std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset,
+                                    std::size_t count) {
+  std::vector<TaskLine> lines;
+  const std::string sql =
+      fmt::format("{} ORDER BY {} LIMIT {} OFFSET {};", selectTasks(desk, taskColumns, query),
+                  orderOf(query), count, offset);
+  forEachRow(desk.database(), sql,
+             [&](const Row& row) { lines.emplace_back().task = readTask(row); });
+  for (TaskLine& line : lines) {
+    line.client = clientName(desk, line.task);
+    readNotifications(desk, line);
+  }
+  return lines;
+}
+
+void forEachTask(Desk& desk, const TaskQuery& query,
+                 const std::function<void(const Task& task)>& visit) {
+  const std::string sql =
+      selectTasks(desk, taskColumns, query) + " ORDER BY " + orderOf(query) + ";";
+  forEachRow(desk.database(), sql, [&](const Row& row) { visit(readTask(row)); });
+}
+
+std::size_t countTasks(Desk& desk, const TaskQuery& query) {
+  return count(desk, selectTasks(desk, "Count(*) AS CountOfRows", query) + ";");
+}
+
+std::string dueCondition(Desk& desk) {
+  return fmt::format(
+      "ClientNotification.NotificationDate <= #{}# AND ClientNotification.NotificationSent=False",
+      desk.database().formatDateForSQL(desk.today()));
+}
+
+std::size_t countDueNotifications(Desk& desk) {
+  return count(desk, "SELECT Count(*) AS CountOfRows FROM ClientNotification WHERE " +
+                         dueCondition(desk) + ";");
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/desk/notifications.h"
+
+namespace autonotify::host {
+
+/// An open task as staff see it in a list.
+struct TaskLine {
+  Task task;
+  std::string client;
+  /// The day of its next notification that waits; the zero date when none does.
+  DateTime notificationDate;
+  /// The channels of the notifications that wait, and of those that were sent.
+  int pendingChannels = 0;
+  int sentChannels = 0;
+};
+
+enum class TaskOrder { dueDate, client, name };
+
+/// Which open tasks, in which order.
+struct TaskQuery {
+  /// Part of the client's or the task's name; capitals don't matter in the letters A to Z. Empty:
+  /// all.
+  std::string filter;
+  std::optional<Id> client;
+  std::optional<Id> contact;
+  /// Due on this day or before.
+  std::optional<DateTime> until;
+  TaskOrder order = TaskOrder::dueDate;
+  bool descending = false;
+};
+
+/// The open tasks from `offset` on, `count` at most. What is read is what is given: the time for
+/// the first ones by due date does not grow with the number of tasks. Throws DatabaseError.
+std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset,
+                                    std::size_t count);
+
+/// Calls `visit` for all of them, streaming, without the notifications.
+void forEachTask(Desk& desk, const TaskQuery& query,
+                 const std::function<void(const Task& task)>& visit);
+
+/// How many open tasks the query has.
+std::size_t countTasks(Desk& desk, const TaskQuery& query);
+
+/// How many notifications are to be sent today: unsent, and dated today or before.
+std::size_t countDueNotifications(Desk& desk);
+
+/// The condition on ClientNotification for those, for a WHERE.
+std::string dueCondition(Desk& desk);
+
+}  // namespace autonotify::host
