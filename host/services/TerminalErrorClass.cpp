@@ -1,7 +1,5 @@
 #include "host/services/TerminalErrorClass.h"
 
-#include <utility>
-
 namespace autonotify::host {
 namespace {
 
@@ -12,35 +10,14 @@ bool isSameFailure(const RecordedError& left, const RecordedError& right) {
 
 }  // namespace
 
-void TerminalErrorClass::enterProcedure(std::string_view tag) {
-  if (depth_ == tags_.size()) tags_.emplace_back();
-  tags_[depth_++].assign(tag);
+void TerminalErrorClass::onLeave() {
+  if (depth() < metAtDepth_) timesMet_ = 0;
 }
 
-void TerminalErrorClass::leaveProcedure() {
-  if (depth_ == 0) return;
-  if (--depth_ < metAtDepth_) timesMet_ = 0;
-}
-
-void TerminalErrorClass::recordError(const PlatformError& error) {
-  current_ = {error.number(), error.description(), error.source(),
-              depth_ > 0 ? tags_[depth_ - 1] : std::string(), error_choice::leave};
-}
-
-void TerminalErrorClass::showErrorDialog() {
-  tell(current_);
-  if (terminal_.isInteractive()) {
-    const std::size_t position = terminal_.ask("1 continue, 2 leave, 3 retry?", "123", 1);
-    choice_ = static_cast<int>(position) + 1;
-  } else {
-    choice_ = choiceByPolicy();
-  }
-  current_.choice = choice_;
-  recorded_.push_back(current_);
-}
-
-std::vector<RecordedError> TerminalErrorClass::takeRecorded() {
-  return std::exchange(recorded_, {});
+int TerminalErrorClass::choose(const RecordedError& error) {
+  tell(error);
+  if (!terminal_.isInteractive()) return choiceByPolicy(error);
+  return static_cast<int>(terminal_.ask("1 continue, 2 leave, 3 retry?", "123", 1)) + 1;
 }
 
 void TerminalErrorClass::tell(const RecordedError& error) {
@@ -49,13 +26,13 @@ void TerminalErrorClass::tell(const RecordedError& error) {
   if (!error.procedure.empty()) terminal_.say("  in: " + error.procedure);
 }
 
-int TerminalErrorClass::choiceByPolicy() {
+int TerminalErrorClass::choiceByPolicy(const RecordedError& error) {
   if (policy_.choice == error_choice::next || policy_.choice == error_choice::leave)
     return policy_.choice;
-  const bool again = timesMet_ > 0 && metAtDepth_ == depth_ && isSameFailure(repeated_, current_);
+  const bool again = timesMet_ > 0 && metAtDepth_ == depth() && isSameFailure(repeated_, error);
   timesMet_ = again ? timesMet_ + 1 : 1;
-  metAtDepth_ = depth_;
-  repeated_ = current_;
+  metAtDepth_ = depth();
+  repeated_ = error;
   return timesMet_ > policy_.repeats ? error_choice::leave : policy_.choice;
 }
 
