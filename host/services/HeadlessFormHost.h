@@ -4,10 +4,9 @@
 
 namespace autonotify::host {
 
-/// A host without a screen: no window is ever open, no message ever waits.
+/// A host without a screen: it shows no window, and no message ever waits.
 class HeadlessFormHost : public FormHost {
  public:
-  std::vector<Form*> openForms() override { return {}; }
   void pumpMessages() override {}
 };
 

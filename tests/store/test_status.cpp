@@ -153,10 +153,9 @@ TEST_F(Status, SentThenSentAgainThenCancelledThenMoved) {
 }
 
 /// A host with one open window, the list.
-struct OpenList : AutoNotifyListForm, FormHost {
-  std::string name() const override { return "FRMAUTONOTIFYLIST"; }
+struct OpenList : FormHost, Form, AutoNotifyListForm {
+  OpenList() : Form(static_cast<FormHost&>(*this), "FRMAUTONOTIFYLIST") {}
   void refreshAutoNotificationRowByAutoNotificationID(Id id) override { refreshed.push_back(id); }
-  std::vector<Form*> openForms() override { return {this}; }
   void pumpMessages() override {}
   std::vector<Id> refreshed;
 };

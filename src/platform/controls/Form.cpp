@@ -1,0 +1,98 @@
+#include "platform/controls/Form.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace autonotify {
+namespace {
+
+constexpr int formWasUnloaded = 364;
+constexpr int formAlreadyShown = 400;
+
+bool canHaveFocus(const Control* control) {
+  return control->takesFocus() && control->isReachable();
+}
+
+}  // namespace
+
+Form::Form(FormHost& host, std::string name, std::string caption)
+    : host_(host), name_(std::move(name)), caption_(std::move(caption)) {
+  host_.addForm(*this);
+}
+
+Form::~Form() {
+  leaveScreen();
+  if (isLoaded_) host_.removeForm(*this);
+}
+
+void Form::setCaption(std::string caption) {
+  caption_ = std::move(caption);
+  if (onRender) onRender();
+}
+
+Control* Form::find(const std::string& name) const {
+  const auto found = std::ranges::find_if(
+      controls_, [&](const Control* control) { return equalIgnoreCase(control->name(), name); });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::showModal(HostObject* windowOwner) {
+  if (!isLoaded_) throw PlatformError(formWasUnloaded, "Object was unloaded", name_);
+  if (isVisible_) throw PlatformError(formAlreadyShown, "Form is already displayed", name_);
+  isVisible_ = true;
+  if (!focused_ || !canHaveFocus(focused_)) {
+    const auto first = std::ranges::find_if(controls_, canHaveFocus);
+    if (first != controls_.end()) giveFocus(**first);
+  }
+  try {
+    if (isVisible_) host_.showModal(*this, windowOwner);
+  } catch (...) {
+    isVisible_ = false;
+    throw;
+  }
+}
+
+void Form::hide() {
+  leaveScreen();
+}
+
+void Form::leaveScreen() {
+  if (!isVisible_) return;
+  isVisible_ = false;
+  host_.formHidden(*this);
+}
+
+bool Form::unload(CloseReason reason) {
+  if (!isLoaded_ || isUnloading_) return true;
+  isUnloading_ = true;
+  const bool agrees = queryUnload(reason);
+  if (agrees) {
+    leaveScreen();
+    onUnload();
+    isLoaded_ = false;
+    host_.removeForm(*this);
+  }
+  isUnloading_ = false;
+  return agrees;
+}
+
+void Form::giveFocus(Control& control) {
+  if (&control == focused_ || !canHaveFocus(&control)) return;
+  Control* const before = std::exchange(focused_, &control);
+  if (before && before->onLostFocus) before->onLostFocus();
+  if (focused_ != &control) return;  // the reaction moved it on
+  control.renderFocus();
+  if (control.onGotFocus) control.onGotFocus();
+}
+
+bool Form::moveFocus(Control& control) {
+  if (&control == focused_) return true;
+  if (focused_ && canHaveFocus(focused_) && focused_->onValidate && focused_->onValidate()) {
+    return false;
+  }
+  giveFocus(control);
+  return true;
+}
+
+}  // namespace autonotify

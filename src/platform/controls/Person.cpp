@@ -1,0 +1,105 @@
+#include "platform/controls/Person.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/controls/DatePicker.h"
+#include "platform/utf8.h"
+
+namespace autonotify {
+
+void Person::requireWithinReach(const Control& control) const {
+  const std::string place = form_.name() + "." + control.name();
+  if (!form_.isVisible()) throw std::logic_error(place + ": the window is not on the screen");
+  if (std::ranges::count(form_.controls(), &control) == 0) {
+    throw std::logic_error(place + " is no control of the window");
+  }
+  if (!control.isReachable()) {
+    throw std::logic_error(place + (control.isShown() ? " is disabled" : " is hidden"));
+  }
+}
+
+void Person::requireKnown(bool isKnown, const char* act, const Control& control) const {
+  if (!isKnown) throw std::logic_error(control.name() + " cannot be " + act);
+}
+
+bool Person::reach(Control& control) {
+  requireWithinReach(control);
+  return !control.takesFocus() || form_.moveFocus(control);
+}
+
+bool Person::click(Control& control) {
+  if (!reach(control)) return false;
+  requireKnown(control.acceptClick(), "clicked", control);
+  return true;
+}
+
+bool Person::doubleClick(Control& control) {
+  if (!reach(control)) return false;
+  requireKnown(control.acceptDoubleClick(), "clicked twice", control);
+  return true;
+}
+
+bool Person::type(Control& control, const std::string& text) {
+  if (!edit(control, {})) return false;
+  std::string typed;
+  for (std::size_t at = 0; at < text.size();) {
+    const Utf8Step step = utf8StepAt(text, at);
+    at += step.length;
+    const int key = pressKey(control, static_cast<int>(step.value));
+    if (key != 0) appendUtf8(typed, static_cast<char32_t>(key));
+    if (key != 0) control.acceptText(typed);
+    releaseKey(control, key);
+  }
+  return true;
+}
+
+bool Person::edit(Control& control, const std::string& text) {
+  if (!reach(control)) return false;
+  requireKnown(control.acceptText(text), "written into", control);
+  return true;
+}
+
+int Person::pressKey(Control& control, int keyCode) {
+  requireWithinReach(control);
+  return control.onKeyPress ? control.onKeyPress(keyCode) : keyCode;
+}
+
+void Person::releaseKey(Control& control, int keyCode, int shift) {
+  if (control.onKeyUp) control.onKeyUp(keyCode, shift);
+}
+
+bool Person::choose(Control& control, int position) {
+  if (!reach(control)) return false;
+  requireKnown(control.acceptChoice(position), "chosen from there", control);
+  return true;
+}
+
+bool Person::dropDown(DatePicker& picker) {
+  if (!reach(picker)) return false;
+  picker.acceptDropDown();
+  return true;
+}
+
+void Person::closeUp(DatePicker& picker, DateTime date) {
+  requireWithinReach(picker);
+  picker.acceptDate(date);
+}
+
+bool Person::pickDate(DatePicker& picker, DateTime date) {
+  if (!dropDown(picker)) return false;
+  closeUp(picker, date);
+  return true;
+}
+
+bool Person::tabTo(Control& control) {
+  if (!control.takesFocus()) requireKnown(false, "given the focus", control);
+  return reach(control);
+}
+
+bool Person::closeBox() {
+  if (!form_.isVisible()) throw std::logic_error(form_.name() + " is not on the screen");
+  return form_.unload(CloseReason::closeBox);
+}
+
+}  // namespace autonotify

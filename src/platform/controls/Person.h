@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "platform/DateTime.h"
+#include "platform/controls/Form.h"
+
+namespace autonotify {
+
+class DatePicker;
+
+/// The one door through which a person's acts reach a window. A renderer passes what its widgets
+/// report; a test acts through it as a person would.
+///
+/// An act moves the focus to its control first, where the control takes it; when the control that
+/// has the focus keeps it, the act does not happen and the answer is False.
+///
+/// An act that no person could do is a fault of the caller and throws std::logic_error: in a window
+/// that is not on the screen, on another window's control, on one that is hidden or disabled,
+/// itself or by its group, or one that knows no such act.
+class Person {
+ public:
+  explicit Person(Form& form) : form_(form) {}
+
+  bool click(Control& control);
+  bool doubleClick(Control& control);
+  /// Writes the text over the field's own, key by key: a key may be changed or refused.
+  bool type(Control& control, const std::string& text);
+  /// The field's text as the person has left it, for a renderer that passes keys by itself.
+  bool edit(Control& control, const std::string& text);
+  /// A key that writes; the code to use instead, 0 for none.
+  int pressKey(Control& control, int keyCode);
+  void releaseKey(Control& control, int keyCode, int shift = 0);
+  /// An entry of a list, a page of a tab control, a node of a tree: by its position.
+  bool choose(Control& control, int position);
+  /// Opens the calendar, picks the date and so closes it.
+  bool pickDate(DatePicker& picker, DateTime date);
+  /// For a renderer whose calendar is open for a while.
+  bool dropDown(DatePicker& picker);
+  void closeUp(DatePicker& picker, DateTime date);
+  /// Moves the focus to the control.
+  bool tabTo(Control& control);
+  /// The window's own close box; False when the window stays.
+  bool closeBox();
+
+ private:
+  bool reach(Control& control);
+  void requireWithinReach(const Control& control) const;
+  void requireKnown(bool isKnown, const char* act, const Control& control) const;
+
+  Form& form_;
+};
+
+}  // namespace autonotify

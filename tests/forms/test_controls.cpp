@@ -1,0 +1,124 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/OptionButton.h"
+#include "platform/controls/TabControl.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/control_array.h"
+
+namespace autonotify::test {
+namespace {
+
+using testing::ElementsAre;
+
+struct NoPump : FormHost {
+  void pumpMessages() override {}
+};
+
+TEST(Controls, ChangesByTheProgramRaiseTheClickOnce) {
+  NoPump host;
+  Form form(host, "frmOptions");
+  std::string clicks;
+  CheckBox box(form, "chk");
+  auto options = controlArray<OptionButton, 3>(form, "opt");
+  ComboBox combo(form, "cbo");
+  TabControl tabs(form, "SSTab1");
+  for (const char* entry : {"a", "b"}) combo.addItem(entry);
+  tabs.setPages({"one", "two"});
+  for (Control* control : form.controls()) {
+    control->onClick = [&clicks, control] { clicks += control->name() + " "; };
+  }
+  struct Change {
+    std::function<void()> act;
+    const char* clicks;
+  };
+  const Change changes[] = {
+      {[&] { box.setValue(true); }, "chk "},
+      {[&] { box.setValue(true); }, ""},
+      {[&] { box.setValue(false); }, "chk "},
+      {[&] { options[1].setValue(true); }, "opt(1) "},
+      {[&] { options[2].setValue(true); }, "opt(2) "},
+      {[&] { options[2].setValue(false); }, ""},
+      {[&] { combo.setListIndex(1); }, "cbo "},
+      {[&] { combo.setListIndex(1); }, ""},
+      {[&] { combo.setText("typed"); }, ""},
+      {[&] { combo.setListIndex(1); }, "cbo "},
+      {[&] { combo.acceptChoice(1); }, "cbo "},
+      {[&] { tabs.setTab(1); }, "SSTab1 "},
+  };
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
+    clicks.clear();
+    changes[i].act();
+    EXPECT_EQ(clicks, changes[i].clicks) << "change " << i;
+  }
+}
+
+TEST(Controls, OptionsExcludeEachOtherWithinTheirGroup) {
+  NoPump host;
+  Form form(host, "frmSearch");
+  Frame group(form, "fraDates");
+  auto sent = controlArray<OptionButton, 2>(form, "optSent");
+  auto dates = controlArray<OptionButton>(form, "optDate", std::array{3, 5});
+  for (auto& option : dates) option.setContainer(group);
+  EXPECT_EQ(chosenOption(dates), -1);
+  sent[0].setValue(true);
+  dates[1].setValue(true);
+  sent[1].setValue(true);
+  EXPECT_EQ(chosenOption(sent), 1);
+  EXPECT_EQ(chosenOption(dates), 1);
+  EXPECT_EQ(form.find("OPTDATE(5)"), &dates[1]);
+}
+
+TEST(Controls, EntriesKeepTheirNumbersAndTheFieldFollowsTheChoice) {
+  ComboBox combo;
+  int changes = 0;
+  combo.onChange = [&] { ++changes; };
+  combo.addItem("a@firm.test");
+  combo.addItem("b@firm.test", 8);
+  combo.setItemData(0, 4);
+  EXPECT_EQ(combo.newIndex(), 1);
+  combo.setListIndex(1);
+  EXPECT_EQ(combo.text(), "b@firm.test");
+  EXPECT_EQ(changes, 0) << "a choice is a click, not a change";
+  combo.setText("c@firm.test");
+  EXPECT_EQ(combo.listIndex(), -1);
+  EXPECT_EQ(changes, 1);
+  ComboBox copy;
+  copy.setText("left over");
+  copy.copyEntries(combo);
+  EXPECT_EQ(copy.entries(), combo.entries());
+  EXPECT_EQ(copy.text(), "");
+  EXPECT_EQ(copy.itemData(1), 8);
+  copy.setEditable(false);
+  EXPECT_FALSE(copy.acceptText("typed"));
+  EXPECT_FALSE(copy.acceptChoice(2));
+  combo.clear();
+  EXPECT_EQ(combo.newIndex(), -1);
+  EXPECT_EQ(combo.text() + std::to_string(combo.listCount()), "0");
+}
+
+TEST(Controls, RendererIsToldWhatChanged) {
+  NoPump host;
+  Form form(host, "frm");
+  TextBox field(form, "txt");
+  ListBox list(form, "lst");
+  std::vector<Aspect> aspects;
+  field.onRender = list.onRender = [&](Aspect aspect) { aspects.push_back(aspect); };
+  field.setText("x");
+  field.setText("x");
+  field.setEnabled(false);
+  field.setBackColor(0x0000FF);
+  list.addItem("entry");
+  list.setListIndex(0);
+  list.setFocus();
+  EXPECT_THAT(aspects, ElementsAre(Aspect::value, Aspect::state, Aspect::state, Aspect::list,
+                                   Aspect::value, Aspect::focus));
+}
+
+}  // namespace
+}  // namespace autonotify::test

@@ -1,0 +1,251 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "control/contract/references.h"
+#include "platform/controls/Button.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/DatePicker.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/Menu.h"
+#include "platform/controls/TabControl.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Timer.h"
+#include "support/HeadlessPerson.h"
+
+namespace autonotify::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// A window that tells all that happens to it.
+class frmSample : public Form {
+ public:
+  explicit frmSample(FormHost& host) : Form(host, "frmSample", "Sample") {
+    for (Control* control : controls()) {
+      const std::string& name = control->name();
+      control->onGotFocus = [this, name] { log += "+" + name + " "; };
+      control->onLostFocus = [this, name] { log += "-" + name + " "; };
+      control->onClick = [this, name] { log += "!" + name + " "; };
+    }
+    cmdCancel.onClick = [this] { hide(); };
+    txtDate.onValidate = [this] {
+      log += "?txtDate ";
+      return txtDate.text() == "bad";
+    };
+    txtOnPage.setContainer(tabs, 1);
+    tabs.setPages({"first", "second"});
+    chkInGroup.setContainer(group);
+    group.setVisible(false);
+    cmdOff.setEnabled(false);
+    mnuEntry.setContainer(mnuList);
+  }
+  void initialize() {
+    showModal(nullptr);
+    log += "back ";
+  }
+
+  TextBox txtDate{*this, "txtDate"};
+  TextBox txtPlain{*this, "txtPlain"};
+  TabControl tabs{*this, "tabs"};
+  TextBox txtOnPage{*this, "txtOnPage"};
+  Frame group{*this, "group"};
+  CheckBox chkInGroup{*this, "chkInGroup"};
+  DatePicker dtp{*this, "dtp"};
+  Button cmdOff{*this, "cmdOff"};
+  Button cmdCancel{*this, "cmdCancel", "Cancel"};
+  Label lbl{*this, "lbl", "Read me"};
+  Menu mnuList{*this, "mnuList"};
+  Menu mnuEntry{*this, "mnuEntry"};
+  Timer tmrStartup{*this, "tmrStartup", 1};
+  bool refuses = false;
+  std::string log;
+
+ protected:
+  bool queryUnload(CloseReason reason) override {
+    log += reason == CloseReason::closeBox ? "box " : "query ";
+    return !refuses;
+  }
+  void onUnload() override { log += "unload "; }
+};
+
+class Windows : public testing::Test {
+ protected:
+  Windows() { references().platform.formHost = &person; }
+  ~Windows() override { references() = References{}; }
+
+  /// What happens when a person does this in the window, up to its end.
+  std::string logOf(const HeadlessPerson::Script& script) {
+    frmSample form(person);
+    person.expectWindow("frmsample", [&](WindowInUse& window) {
+      form.log.clear();
+      script(window);
+      if (form.isVisible()) form.hide();
+    });
+    form.initialize();
+    form.unload();
+    person.finish();
+    return form.log;
+  }
+
+  HeadlessPerson person;
+};
+
+TEST_F(Windows, FocusIsValidatedBeforeItIsLost) {
+  EXPECT_EQ(logOf([](WindowInUse& window) {
+              EXPECT_EQ(window.focus(), "txtDate");
+              EXPECT_TRUE(window.click("lbl"));
+              EXPECT_TRUE(window.type("txtDate", "bad"));
+              EXPECT_FALSE(window.click("cmdCancel"));
+              EXPECT_FALSE(window.type("txtPlain", "never"));
+              EXPECT_EQ(window.read("txtPlain"), "");
+              EXPECT_TRUE(window.type("txtDate", "good"));
+              EXPECT_TRUE(window.click("cmdCancel"));
+            }),
+            "!lbl ?txtDate ?txtDate ?txtDate -txtDate +cmdCancel back query unload ");
+}
+
+TEST_F(Windows, ProgramMovesTheFocusWithoutValidating) {
+  EXPECT_EQ(logOf([](WindowInUse& window) {
+              auto& form = dynamic_cast<frmSample&>(window.form());
+              form.txtDate.setText("bad");
+              form.chkInGroup.setFocus();
+              EXPECT_EQ(window.focus(), "txtDate") << "out of reach";
+              form.txtPlain.onGotFocus = [&form] { form.cmdCancel.setFocus(); };
+              form.txtPlain.setFocus();
+            }),
+            "-txtDate -txtPlain +cmdCancel back query unload ");
+}
+
+TEST_F(Windows, DoorRefusesWhatNobodyCanDo) {
+  logOf([](WindowInUse& window) {
+    const std::vector<std::function<void()>> impossible{
+        [&] { window.click("cmdOff"); },          [&] { window.click("chkInGroup"); },
+        [&] { window.type("txtOnPage", "x"); },   [&] { window.tabTo("lbl"); },
+        [&] { window.type("cmdCancel", "x"); },   [&] { window.choose("tabs", 2); },
+        [&] { window.choose("txtPlain", 0); },    [&] { window.click("cmdNone"); },
+        [&] { window.pickDate("txtPlain", {}); }, [&] { window.choose("tabs", "third"); },
+        [&] { window.click("group"); },
+    };
+    for (std::size_t i = 0; i < impossible.size(); ++i) {
+      EXPECT_THROW(impossible[i](), std::logic_error) << "act " << i;
+    }
+    window.choose("tabs", "second");
+    EXPECT_TRUE(window.type("txtOnPage", "x"));
+    window.form().find("group")->setVisible(true);
+    EXPECT_TRUE(window.click("chkInGroup"));
+    EXPECT_EQ(window.read("chkInGroup"), "yes");
+    window.form().find("group")->setEnabled(false);
+    EXPECT_TRUE(window.sees("chkInGroup"));
+    EXPECT_THROW(window.click("chkInGroup"), std::logic_error);
+    window.form().hide();
+    EXPECT_THROW(window.click("cmdCancel"), std::logic_error);
+    EXPECT_THROW(window.closeBox(), std::logic_error);
+  });
+}
+
+TEST_F(Windows, KeysAreFilteredOneByOne) {
+  std::string keys;
+  logOf([&](WindowInUse& window) {
+    auto& field = dynamic_cast<frmSample&>(window.form()).txtPlain;
+    field.onKeyPress = [](int key) { return key < '0' || key > '9' ? 0 : key; };
+    field.onKeyUp = [&](int key, int) { keys += std::to_string(key) + " "; };
+    window.type("txtPlain", "2\u00e90");
+    EXPECT_EQ(window.read("txtPlain"), "20");
+  });
+  EXPECT_EQ(keys, "50 0 48 ");
+}
+
+TEST_F(Windows, CalendarOpensAndClosesAroundTheDate) {
+  const DateTime date = DateTime::of(2026, 4, 18);
+  logOf([&](WindowInUse& window) {
+    auto& picker = dynamic_cast<frmSample&>(window.form()).dtp;
+    std::vector<DateTime> values;
+    picker.onDropDown = picker.onCloseUp = [&] { values.push_back(picker.value()); };
+    window.pickDate("dtp", date);
+    EXPECT_THAT(values, ElementsAre(DateTime{}, date));
+  });
+}
+
+TEST_F(Windows, CloseBoxAsksTheWindowOnce) {
+  EXPECT_EQ(logOf([](WindowInUse& window) { EXPECT_TRUE(window.closeBox()); }), "box unload back ");
+  EXPECT_EQ(logOf([](WindowInUse& window) {
+              dynamic_cast<frmSample&>(window.form()).refuses = true;
+              EXPECT_FALSE(window.closeBox());
+              EXPECT_TRUE(window.form().isVisible());
+              dynamic_cast<frmSample&>(window.form()).refuses = false;
+            }),
+            "box back query unload ");
+}
+
+TEST_F(Windows, LoadedWindowsAreKnownByNameInAnyCase) {
+  EXPECT_FALSE(isFormLoaded("frmSample"));
+  {
+    frmSample form(person);
+    EXPECT_EQ(findForm("FRMSAMPLE"), &form) << "loaded, though not shown";
+    form.unload();
+    EXPECT_FALSE(isFormLoaded("frmSample"));
+    try {
+      form.initialize();
+      ADD_FAILURE() << "an unloaded window came back";
+    } catch (const PlatformError& error) {
+      EXPECT_EQ(error.number(), 364);
+    }
+  }
+  { const frmSample forgotten(person); }
+  person.finish();
+}
+
+TEST_F(Windows, WindowsNestAndThePumpEntersAgain) {
+  frmSample outer(person);
+  std::string order;
+  person.expectWindow("frmSample", [&](WindowInUse& window) {
+    EXPECT_THROW(outer.showModal(nullptr), PlatformError) << "shown already";
+    person.expectWindow("frmSample", [&](WindowInUse& inner) {
+      order += "inner ";
+      inner.click("cmdCancel");
+    });
+    person.duringPump(2, [&] {
+      frmSample second(person);
+      second.initialize();
+      second.unload();
+    });
+    for (int i = 0; i < 3; ++i) {
+      order += "pump ";
+      formHost().pumpMessages();
+    }
+    window.click("cmdCancel");
+  });
+  outer.initialize();
+  outer.unload();
+  EXPECT_EQ(order, "pump pump inner pump ");
+  EXPECT_EQ(person.windowsShown(), 2);
+  person.finish();
+}
+
+TEST_F(Windows, TimersFireWhileEnabledAndMenusPopUp) {
+  frmSample form(person);
+  std::string log;
+  form.tmrStartup.onTimer = [&] {
+    form.tmrStartup.setEnabled(false);
+    log += "timer ";
+  };
+  form.mnuEntry.onClick = [&] { log += "entry "; };
+  form.tmrStartup.setEnabled(true);
+  person.chooseFromMenu("mnuEntry");
+  person.expectWindow("frmSample", [&](WindowInUse& window) {
+    log += "script ";
+    person.popUpMenu(form, form.mnuList);
+    form.tmrStartup.fire();
+    window.click("cmdCancel");
+  });
+  form.initialize();
+  form.unload();
+  EXPECT_EQ(log, "timer script entry ");
+  person.finish();
+}
+
+}  // namespace
+}  // namespace autonotify::test

@@ -1,0 +1,152 @@
+#include "support/HeadlessPerson.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/Value.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/DatePicker.h"
+#include "platform/controls/Menu.h"
+#include "platform/controls/OptionButton.h"
+#include "platform/controls/TabControl.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Timer.h"
+#include "platform/controls/TreeView.h"
+#include "platform/text.h"
+
+namespace autonotify::test {
+namespace {
+
+/// What can be chosen in the control, from the first position on.
+std::vector<std::string> choicesIn(const Control& control) {
+  std::vector<std::string> texts;
+  if (auto* list = dynamic_cast<const ItemList*>(&control)) {
+    for (const auto& entry : list->entries()) texts.push_back(entry.text);
+  } else if (auto* tree = dynamic_cast<const TreeView*>(&control)) {
+    for (const auto& node : tree->nodes()) texts.push_back(node.text);
+  } else if (auto* tabs = dynamic_cast<const TabControl*>(&control)) {
+    texts = tabs->pages();
+  }
+  return texts;
+}
+
+std::string wordFor(bool flag) {
+  return flag ? "yes" : "no";
+}
+
+}  // namespace
+
+Control& WindowInUse::control(const std::string& name) const {
+  Control* found = form_.find(name);
+  if (!found) throw std::logic_error(form_.name() + " has no control " + name);
+  return *found;
+}
+
+template <class ControlType>
+ControlType& WindowInUse::controlOf(const std::string& name) const {
+  auto* typed = dynamic_cast<ControlType*>(&control(name));
+  if (!typed) throw std::logic_error(name + " is a control of another kind");
+  return *typed;
+}
+
+bool WindowInUse::choose(const std::string& name, const std::string& text) {
+  const auto texts = choicesIn(control(name));
+  const auto found = std::ranges::find(texts, text);
+  if (found == texts.end()) throw std::logic_error(name + " has no entry " + text);
+  return choose(name, static_cast<int>(found - texts.begin()));
+}
+
+bool WindowInUse::pickDate(const std::string& name, DateTime date) {
+  return person_.pickDate(controlOf<DatePicker>(name), date);
+}
+
+std::vector<std::string> WindowInUse::entries(const std::string& name) const {
+  return choicesIn(control(name));
+}
+
+std::string WindowInUse::read(const std::string& name) const {
+  const Control& seen = control(name);
+  if (auto* field = dynamic_cast<const TextBox*>(&seen)) return field->text();
+  if (auto* combo = dynamic_cast<const ComboBox*>(&seen)) return combo->text();
+  if (auto* box = dynamic_cast<const CheckBox*>(&seen)) return wordFor(box->value());
+  if (auto* option = dynamic_cast<const OptionButton*>(&seen)) return wordFor(option->value());
+  if (auto* picker = dynamic_cast<const DatePicker*>(&seen)) return toText(picker->value());
+  return seen.caption();
+}
+
+void HeadlessPerson::expectWindow(std::string formName, Script script) {
+  windows_.push_back({std::move(formName), std::move(script)});
+}
+
+void HeadlessPerson::finish() {
+  for (const auto& window : windows_) ADD_FAILURE() << window.formName << " never came up";
+  for (const auto& message : said_) ADD_FAILURE() << "never said: " << message.text;
+  for (const Form* form : openForms()) ADD_FAILURE() << form->name() << " was not unloaded";
+  EXPECT_TRUE(menuChoices_.empty()) << "a menu never popped up";
+  windows_.clear();
+  said_.clear();
+}
+
+void HeadlessPerson::showModal(Form& form, HostObject*) {
+  ++windowsShown_;
+  if (windows_.empty() || !equalIgnoreCase(windows_.front().formName, form.name())) {
+    ADD_FAILURE() << "nobody expected the window " << form.name();
+    form.unload(CloseReason::hostEnds);
+    return;
+  }
+  const Script script = std::move(windows_.front().script);
+  windows_.pop_front();
+  for (Control* control : form.controls()) {
+    if (auto* timer = dynamic_cast<Timer*>(control); timer && form.isVisible()) timer->fire();
+  }
+  WindowInUse window(form);
+  if (form.isVisible()) script(window);
+  if (!form.isVisible()) return;
+  ADD_FAILURE() << form.name() << " was left open";
+  form.hide();
+}
+
+void HeadlessPerson::popUpMenu(Form& form, Menu& menu) {
+  if (menuChoices_.empty()) {
+    ADD_FAILURE() << "nobody expected the menu " << menu.name();
+    return;
+  }
+  const std::string choice = menuChoices_.front();
+  menuChoices_.pop_front();
+  WindowInUse(form).click(choice);
+}
+
+void HeadlessPerson::pumpMessages() {
+  ++pumps_;
+  const auto due = std::ranges::find(pumpActs_, pumps_, &PumpAct::pump);
+  if (due == pumpActs_.end()) return;
+  const auto act = due->act;
+  pumpActs_.erase(due);
+  act();
+}
+
+int HeadlessPerson::hear(const ExpectedMessage& heard) {
+  if (said_.empty()) {
+    ADD_FAILURE() << "nobody expected: " << heard.text;
+    return 1;
+  }
+  const ExpectedMessage expected = said_.front();
+  said_.pop_front();
+  EXPECT_EQ(heard.text, expected.text);
+  EXPECT_EQ(heard.style, expected.style) << heard.text;
+  EXPECT_EQ(heard.isQuestion, expected.isQuestion) << heard.text;
+  return expected.answer;
+}
+
+void HeadlessPerson::showMessage(const std::string& text, int style, HostObject*, int, int, int,
+                                 int, const std::string&, int) {
+  hear({text, style, false, 0});
+}
+
+int HeadlessPerson::askQuestion(const std::string& text, int style, HostObject*, int, int, int, int,
+                                const std::string&, int) {
+  return hear({text, style, true, 0});
+}
+
+}  // namespace autonotify::test

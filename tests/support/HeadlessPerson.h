@@ -1,0 +1,119 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "control/contract/MsgboxClass.h"
+#include "platform/controls/FormHost.h"
+#include "platform/controls/Person.h"
+
+namespace autonotify::test {
+
+/// A window as a person sees and uses it: its controls by their names. What no person could do
+/// throws std::logic_error.
+class WindowInUse {
+ public:
+  explicit WindowInUse(Form& form) : form_(form), person_(form) {}
+
+  bool click(const std::string& name) { return person_.click(control(name)); }
+  bool type(const std::string& name, const std::string& text) {
+    return person_.type(control(name), text);
+  }
+  bool choose(const std::string& name, int position) {
+    return person_.choose(control(name), position);
+  }
+  /// The list entry, page or node with this text.
+  bool choose(const std::string& name, const std::string& text);
+  bool pickDate(const std::string& name, DateTime date);
+  bool tabTo(const std::string& name) { return person_.tabTo(control(name)); }
+  bool closeBox() { return person_.closeBox(); }
+
+  /// True when the person could act on the control.
+  bool canUse(const std::string& name) const { return control(name).isReachable(); }
+  bool sees(const std::string& name) const { return control(name).isShown(); }
+  /// The text of a field, "yes" or "no" for a tick or option, the caption of all else.
+  std::string read(const std::string& name) const;
+  std::vector<std::string> entries(const std::string& name) const;
+  /// The name of the control with the focus, empty when none has it.
+  std::string focus() const { return form_.focused() ? form_.focused()->name() : std::string{}; }
+  Form& form() { return form_; }
+
+ private:
+  Control& control(const std::string& name) const;
+  template <class ControlType>
+  ControlType& controlOf(const std::string& name) const;
+
+  Form& form_;
+  Person person_;
+};
+
+/// A person without a screen: looks at each window that comes up and answers each message, both
+/// from a script. A window or message that nobody expected, one that differs, and a window left
+/// open by its script fail the test; finish() fails on what was expected and never came.
+class HeadlessPerson : public FormHost, public MsgboxClass {
+ public:
+  using Script = std::function<void(WindowInUse&)>;
+
+  /// The next window that comes up and what the person does in it.
+  void expectWindow(std::string formName, Script script);
+  /// The next message, or question with its answer.
+  void expectMessage(std::string text, int style) { said_.push_back({text, style, false, 0}); }
+  void expectQuestion(std::string text, int style, bool yes) {
+    said_.push_back({text, style, true, yes ? 0 : 1});
+  }
+  /// What happens during the `nth` pump from now, counted from 1: the program is entered again.
+  void duringPump(int nth, std::function<void()> act) { pumpActs_.push_back({pumps_ + nth, act}); }
+  /// The entry of the next menu that pops up.
+  void chooseFromMenu(std::string name) { menuChoices_.push_back(std::move(name)); }
+
+  void finish();
+
+  /// Windows shown so far.
+  int windowsShown() const { return windowsShown_; }
+  int pumps() const { return pumps_; }
+  int repaints() const { return repaints_; }
+  Pointer pointer() const { return pointer_; }
+
+  void showModal(Form& form, HostObject* owner) override;
+  void repaint(Form&) override { ++repaints_; }
+  void popUpMenu(Form& form, Menu& menu) override;
+  void setPointer(Pointer pointer) override { pointer_ = pointer; }
+  void pumpMessages() override;
+
+  void showMessage(const std::string& text, int style, HostObject* owner, int, int, int, int,
+                   const std::string&, int) override;
+  int askQuestion(const std::string& text, int style, HostObject* owner, int, int, int, int,
+                  const std::string&, int) override;
+
+ private:
+  struct ExpectedWindow {
+    std::string formName;
+    Script script;
+  };
+  struct ExpectedMessage {
+    std::string text;
+    int style;
+    bool isQuestion;
+    int answer;
+  };
+  struct PumpAct {
+    int pump;
+    std::function<void()> act;
+  };
+  int hear(const ExpectedMessage& heard);
+
+  std::deque<ExpectedWindow> windows_;
+  std::deque<ExpectedMessage> said_;
+  std::deque<std::string> menuChoices_;
+  std::vector<PumpAct> pumpActs_;
+  Pointer pointer_ = Pointer::standard;
+  int windowsShown_ = 0;
+  int pumps_ = 0;
+  int repaints_ = 0;
+};
+
+}  // namespace autonotify::test
