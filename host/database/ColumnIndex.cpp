@@ -15,15 +15,16 @@ ColumnIndex::ColumnIndex(Session& session, RowList& rows, int column)
   if (isKey) keyOfTable_ = described.tableIndex;
   for (std::size_t row = rows.first(); rows.has(row); row = rows.next(row)) {
     ++count_;
-    if (keyOfTable_ < 0 && !rows.load(row)) continue;
-    entries_.emplace_back(std::hash<std::string>{}(textOf(rows, row)), row);
+    if (const std::optional<std::string> text = textOf(rows, row))
+      entries_.emplace_back(std::hash<std::string>{}(*text), row);
   }
   std::sort(entries_.begin(), entries_.end());
 }
 
-std::string ColumnIndex::textOf(RowList& rows, std::size_t row) const {
-  return keyOfTable_ >= 0 ? std::to_string(rows.key(row, keyOfTable_))
-                          : comparisonText(rows.value(row, column_));
+std::optional<std::string> ColumnIndex::textOf(RowList& rows, std::size_t row) const {
+  if (keyOfTable_ >= 0) return std::to_string(rows.key(row, keyOfTable_));
+  const std::optional<Value> value = rows.value(row, column_);
+  return value ? std::optional(comparisonText(*value)) : std::nullopt;
 }
 
 bool ColumnIndex::isCurrent(const Session& session, RowList& rows) const {
@@ -35,7 +36,7 @@ std::optional<std::size_t> ColumnIndex::find(RowList& rows, const std::string& t
   const std::size_t hash = std::hash<std::string>{}(text);
   auto entry = std::lower_bound(entries_.begin(), entries_.end(), Entry{hash, from});
   for (; entry != entries_.end() && entry->first == hash; ++entry)
-    if (rows.load(entry->second) && textOf(rows, entry->second) == text) return entry->second;
+    if (rows.exists(entry->second) && textOf(rows, entry->second) == text) return entry->second;
   return std::nullopt;
 }
 

@@ -21,13 +21,14 @@ class ColumnIndex {
   /// False when the column or the list may have changed since.
   bool isCurrent(const Session& session, RowList& rows) const;
 
-  /// The first row at or after `from` whose column has this text (see comparisonText), loaded.
+  /// The first row at or after `from` whose column has this text (see comparisonText).
   std::optional<std::size_t> find(RowList& rows, const std::string& text, std::size_t from) const;
 
  private:
   using Entry = std::pair<std::size_t, std::size_t>;  // hash of the text, row
 
-  std::string textOf(RowList& rows, std::size_t row) const;
+  /// Nothing when the row has been deleted.
+  std::optional<std::string> textOf(RowList& rows, std::size_t row) const;
 
   int column_;
   int keyOfTable_ = -1;  // the table whose key the column is, or -1

@@ -19,11 +19,7 @@ class LruCache {
   /// The entry of the key; `make()` gives it when there is none. When make throws nothing changes.
   template <class Make>
   T get(std::string_view key, Make&& make) {
-    const auto found = places_.find(key);
-    if (found != places_.end()) {
-      entries_.splice(entries_.begin(), entries_, found->second);
-      return found->second->second;
-    }
+    if (const T* found = find(key)) return *found;
     entries_.emplace_front(std::string(key), make());
     places_.emplace(entries_.front().first, entries_.begin());
     if (entries_.size() > capacity_) {
@@ -31,6 +27,14 @@ class LruCache {
       entries_.pop_back();
     }
     return entries_.front().second;
+  }
+
+  /// The entry of the key, good until the next call; nullptr when there is none.
+  const T* find(std::string_view key) {
+    const auto found = places_.find(key);
+    if (found == places_.end()) return nullptr;
+    entries_.splice(entries_.begin(), entries_, found->second);
+    return &found->second->second;
   }
 
   void clear() {

@@ -62,7 +62,15 @@ void Plan::describe(std::size_t count) {
       column.tableIndex = static_cast<int>(place - tables_.begin());
     }
     columns_.push_back(std::move(column));
+    if (!isKeyed()) keep(static_cast<int>(i));
   }
+}
+
+void Plan::keep(int column) {
+  PlanColumn& wanted = columns_[static_cast<std::size_t>(column)];
+  if (wanted.keptAt >= 0) return;
+  kept_.push_back(column);
+  wanted.keptAt = static_cast<int>(kept_.size()) - 1;
 }
 
 void Plan::nameColumns() {

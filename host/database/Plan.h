@@ -18,6 +18,8 @@ struct PlanColumn {
   const ColumnDef* origin = nullptr;
   /// The place of its table among Plan::tables; -1 when its rows are not told apart.
   int tableIndex = -1;
+  /// Its place among Plan::kept(), or -1.
+  int keptAt = -1;
 };
 
 /// What is known of a statement before it runs, shared by all recordsets of the same text.
@@ -40,6 +42,11 @@ class Plan {
   /// The place of the first column with this name, in any case, or with this name behind its
   /// table's and a dot. Throws DatabaseError (unknownColumn).
   int columnIndex(std::string_view name) const;
+  /// The columns whose values are kept when a recordset leaves a row, in this order: those that
+  /// were once asked for after the row was left; without keys, all. Columns are added at the end.
+  const std::vector<int>& kept() const { return kept_; }
+  void keep(int column);
+
   /// The key of tables()[table] in the rows of `rows()` and `rowByKeys()`.
   int keyColumn(int table) const { return static_cast<int>(columns_.size()) + table; }
 
@@ -55,6 +62,7 @@ class Plan {
   Driver& driver_;
   std::vector<const TableDef*> tables_;
   std::vector<PlanColumn> columns_;
+  std::vector<int> kept_;
   CaselessMap<int> byName_;
   std::unique_ptr<DriverStatement> rows_;
   std::string rowByKeysSql_;

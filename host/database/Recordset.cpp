@@ -23,12 +23,14 @@ std::vector<std::string> Recordset::columnNames() const {
 }
 
 std::vector<std::vector<Value>> Recordset::allRows() {
+  const std::size_t count = rows_.plan().columns().size();
   std::vector<std::vector<Value>> result;
   for (std::size_t row = rows_.first(); rows_.has(row); row = rows_.next(row)) {
-    if (!rows_.load(row)) continue;
-    std::vector<Value>& values = result.emplace_back();
-    for (std::size_t i = 0; i < rows_.plan().columns().size(); ++i)
-      values.push_back(rows_.value(row, static_cast<int>(i)));
+    std::vector<Value> values;
+    for (std::size_t i = 0; i < count; ++i)
+      if (std::optional<Value> value = rows_.value(row, static_cast<int>(i)))
+        values.push_back(std::move(*value));
+    if (values.size() == count) result.push_back(std::move(values));
   }
   return result;
 }
@@ -37,7 +39,7 @@ void Recordset::appendColumn(const std::string& name, std::vector<Value>& array)
   const int index = rows_.plan().columnIndex(name);
   std::vector<Value> values;
   for (std::size_t row = rows_.first(); rows_.has(row); row = rows_.next(row))
-    if (rows_.load(row)) values.push_back(rows_.value(row, index));
+    if (std::optional<Value> value = rows_.value(row, index)) values.push_back(std::move(*value));
   array.insert(array.end(), values.begin(), values.end());
 }
 
@@ -59,7 +61,7 @@ void Recordset::moveNext() {
   newRow_.reset();
   if (isAtEnd()) return;
   std::size_t row = rows_.next(position_);
-  while (rows_.has(row) && !rows_.load(row)) row = rows_.next(row);
+  while (rows_.has(row) && !rows_.exists(row)) row = rows_.next(row);
   position_ = row;
 }
 
@@ -117,9 +119,9 @@ Value Recordset::value(const std::string& name) {
   const int index = rows_.plan().columnIndex(name);
   if (newRow_) return newValue(column(index));
   requireCurrentRow();
-  if (!rows_.load(position_))
-    throw DatabaseError(database_error::rowGone, "The current row has been deleted");
-  return rows_.value(position_, index);
+  std::optional<Value> value = rows_.value(position_, index);
+  if (!value) throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+  return std::move(*value);
 }
 
 void Recordset::requireUpdatable() const {

@@ -33,7 +33,7 @@ Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
   if (found == recordsets_.end())
     throw DatabaseError(database_error::badHandle,
                         "No recordset is open under handle " + std::to_string(handle));
-  return *found->second;
+  return found->second;
 }
 
 bool RecordsetDatabase::isDatabaseOpen() {
@@ -46,10 +46,9 @@ RecordsetHandle RecordsetDatabase::openRecordset(const std::string& sql, CursorM
   driver();
   std::vector<Value> parameters;
   std::shared_ptr<Plan> plan = session_.plan(sql, parameters);
-  auto opened =
-      std::make_unique<Recordset>(session_, std::move(plan), std::move(parameters), cursor, lock);
-  recordsets_.emplace(++lastHandle_, std::move(opened));
-  return lastHandle_;
+  recordsets_.try_emplace(lastHandle_ + 1, session_, std::move(plan), std::move(parameters), cursor,
+                          lock);
+  return ++lastHandle_;
 }
 
 void RecordsetDatabase::closeRecordset(RecordsetHandle handle) {

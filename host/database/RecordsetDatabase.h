@@ -68,7 +68,7 @@ class RecordsetDatabase : public DatabaseReference {
 
   std::unique_ptr<Driver> driver_;
   Session session_;
-  std::unordered_map<RecordsetHandle, std::unique_ptr<Recordset>> recordsets_;
+  std::unordered_map<RecordsetHandle, Recordset> recordsets_;
   RecordsetHandle lastHandle_ = 0;
 };
 

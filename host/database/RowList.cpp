@@ -97,14 +97,15 @@ void RowList::startBuffer(std::size_t row) {
 
 RowList::Values RowList::valuesOf(DriverStatement& statement) const {
   Values values;
-  values.reserve(plan_->columns().size());
-  for (const PlanColumn& column : plan_->columns())
-    values.push_back(statement.value(static_cast<int>(values.size()), column.origin));
+  values.reserve(plan_->kept().size());
+  for (const int column : plan_->kept())
+    values.push_back(
+        statement.value(column, plan_->columns()[static_cast<std::size_t>(column)].origin));
   return values;
 }
 
-bool RowList::isBuffered(std::size_t row) const {
-  return row >= bufferFirst_ && row - bufferFirst_ < buffer_.size();
+bool RowList::isHeld(std::size_t row) const {
+  return row >= bufferFirst_ && row - bufferFirst_ < buffer_.size() && isFresh();
 }
 
 bool RowList::isFresh() const {
@@ -119,8 +120,7 @@ Id RowList::key(std::size_t row, int table) const {
   return keys_[row * plan_->tables().size() + static_cast<std::size_t>(table)];
 }
 
-bool RowList::load(std::size_t row) {
-  if (isLive(row) || (isBuffered(row) && isFresh())) return true;
+bool RowList::readAgain(std::size_t row) {
   std::vector<Value> keys;
   for (std::size_t table = 0; table < plan_->tables().size(); ++table)
     keys.emplace_back(key(row, static_cast<int>(table)));
@@ -133,10 +133,18 @@ bool RowList::load(std::size_t row) {
   return found;
 }
 
-Value RowList::value(std::size_t row, int column) {
-  if (isLive(row))
-    return plan_->rows().value(column, plan_->columns()[static_cast<std::size_t>(column)].origin);
-  return buffer_[row - bufferFirst_][static_cast<std::size_t>(column)];
+std::optional<Value> RowList::value(std::size_t row, int column) {
+  const PlanColumn& described = plan_->columns()[static_cast<std::size_t>(column)];
+  if (isLive(row)) return plan_->rows().value(column, described.origin);
+  const auto isKept = [&] {
+    return described.keptAt >= 0 &&
+           static_cast<std::size_t>(described.keptAt) < buffer_[row - bufferFirst_].size();
+  };
+  if (!isHeld(row) || !isKept()) {
+    plan_->keep(column);
+    if (!readAgain(row)) return std::nullopt;
+  }
+  return buffer_[row - bufferFirst_][static_cast<std::size_t>(described.keptAt)];
 }
 
 }  // namespace autonotify::host

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "host/database/Session.h"
@@ -13,8 +14,9 @@ namespace autonotify::host {
 /// rows added through the same recordset, which are numbered from `firstAdded`.
 ///
 /// The statement begins when the first row is asked for and is stepped no further than needed. Of a
-/// row that has been passed its keys are kept; its values are read again by these keys, so that a
-/// row shows what has been written since. Rows without keys are kept with their values.
+/// row that has been passed its keys are kept, and of some rows the values that are likely to be
+/// wanted (see Plan::kept). All other values are read again by the keys, so that a row shows what
+/// has been written since. Rows without keys are kept with their values.
 class RowList : private LiveRows {
  public:
   static constexpr std::size_t firstAdded = std::size_t{1} << 40;
@@ -35,10 +37,10 @@ class RowList : private LiveRows {
   /// Goes through all rows.
   std::size_t count();
 
-  /// Makes the row's values readable. False when the row has been deleted. Requires: has(row).
-  bool load(std::size_t row);
-  /// Requires: load(row) gave True, and nothing was called since that moves or writes.
-  Value value(std::size_t row, int column);
+  /// False when the row has been deleted. Requires: has(row).
+  bool exists(std::size_t row) { return isLive(row) || isHeld(row) || readAgain(row); }
+  /// Nothing when the row has been deleted. Requires: has(row).
+  std::optional<Value> value(std::size_t row, int column);
   /// The key of the row in plan().tables()[table]. Requires: has(row), and the plan is keyed.
   Id key(std::size_t row, int table) const;
 
@@ -59,8 +61,9 @@ class RowList : private LiveRows {
   void take(DriverStatement& statement);
   void drain(std::size_t valuesToKeep);
   bool isLive(std::size_t row) const { return standsOnRow_ && row + 1 == known_; }
-  bool isBuffered(std::size_t row) const;
+  bool isHeld(std::size_t row) const;
   bool isFresh() const;
+  bool readAgain(std::size_t row);
   Values valuesOf(DriverStatement& statement) const;
   void startBuffer(std::size_t row);
 
@@ -74,7 +77,7 @@ class RowList : private LiveRows {
   bool complete_ = false;
   bool standsOnRow_ = false;
   std::size_t bufferFirst_ = 0;
-  std::vector<Values> buffer_;
+  std::vector<Values> buffer_;  // each of the first columns of Plan::kept
   std::uint64_t bufferVersion_ = 0;
 };
 

@@ -1,11 +1,17 @@
 #include "host/database/Session.h"
 
+#include "host/database/dialect/literals.h"
+
 namespace autonotify::host {
 
 std::shared_ptr<Plan> Session::plan(const std::string& sql, std::vector<Value>& parameters) {
+  const bool hasSkeleton = splitLiterals(sql, skeleton_, parameters);
+  if (const auto* known = hasSkeleton ? plansBySkeleton_.find(skeleton_) : nullptr) return *known;
   Translation translation = translate(sql, driver_.engine());
   std::shared_ptr<Plan> plan =
       plans_.get(translation.sql, [&] { return std::make_shared<Plan>(driver_, translation); });
+  if (hasSkeleton && translation.literalsAreParameters)
+    plansBySkeleton_.get(skeleton_, [&] { return plan; });
   parameters = std::move(translation.parameters);
   return plan;
 }
@@ -74,6 +80,7 @@ void Session::insertRow(const TableDef& table, const std::vector<const ColumnDef
 
 void Session::clear() {
   plans_.clear();
+  plansBySkeleton_.clear();
   inserts_.clear();
   updates_.clear();
   deletes_.clear();

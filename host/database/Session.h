@@ -35,7 +35,10 @@ class LiveRows {
 class Session {
  public:
   explicit Session(Driver& driver)
-      : driver_(driver), plans_(planCapacity), inserts_(planCapacity) {}
+      : driver_(driver),
+        plans_(planCapacity),
+        plansBySkeleton_(planCapacity),
+        inserts_(planCapacity) {}
 
   /// Translates and plans. `parameters` receives the statement's literals.
   std::shared_ptr<Plan> plan(const std::string& sql, std::vector<Value>& parameters);
@@ -71,7 +74,11 @@ class Session {
   int write(const TableDef& table, DriverStatement& statement, const std::vector<Value>& values);
 
   Driver& driver_;
-  LruCache<std::shared_ptr<Plan>> plans_;
+  LruCache<std::shared_ptr<Plan>> plans_;  // by translation
+  // The same by the text before translation, where that says all. Most statements come again with
+  // other ids, and are found here without being translated.
+  LruCache<std::shared_ptr<Plan>> plansBySkeleton_;
+  std::string skeleton_;  // kept for its room
   LruCache<Statement> inserts_;
   std::unordered_map<const ColumnDef*, Statement> updates_;
   std::unordered_map<const TableDef*, Statement> deletes_;

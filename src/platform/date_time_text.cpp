@@ -1,7 +1,4 @@
 #include "platform/date_time_text.h"
-
-#include <cstdio>
-
 #include "platform/calendar_names.h"
 #include "platform/text.h"
 
@@ -159,16 +156,24 @@ std::optional<int> readTime(Scanner& scanner) {
   return *hour * 3600 + *minute * 60 + *second;
 }
 
+void putDigits(std::string& text, std::size_t at, std::size_t count, int number) {
+  for (std::size_t place = at + count; place-- > at; number /= 10)
+    text[place] = static_cast<char>('0' + number % 10);
+}
+
 }  // namespace
 
 std::string dateTimeText(DateTime moment) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02u", moment.year(), moment.month(), moment.day());
-  std::string result = text;
-  if (moment.seconds() == 0) return result;
-  std::snprintf(text, sizeof text, " %02d:%02d:%02d", moment.hour(), moment.minute(),
-                moment.second());
-  return result + text;
+  std::string text = "0000-00-00";
+  putDigits(text, 0, 4, moment.year());
+  putDigits(text, 5, 2, static_cast<int>(moment.month()));
+  putDigits(text, 8, 2, static_cast<int>(moment.day()));
+  if (moment.seconds() == 0) return text;
+  text += " 00:00:00";
+  putDigits(text, 11, 2, moment.hour());
+  putDigits(text, 14, 2, moment.minute());
+  putDigits(text, 17, 2, moment.second());
+  return text;
 }
 
 std::optional<DateTime> parseDateTime(std::string_view text) {

@@ -1,13 +1,11 @@
 #include "host/database/dialect/Dialect.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
 #include <optional>
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/dialect/Tokenizer.h"
-#include "platform/date_time_text.h"
+#include "host/database/dialect/literals.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -155,25 +153,27 @@ class Translator {
   void mixed() { result_.rowsAreTableRows = false; }
 
   void takeNumber(const Token& token) {
-    std::int32_t number = 0;
-    const char* end = token.content.data() + token.content.size();
-    const auto [stop, fault] = std::from_chars(token.content.data(), end, number);
-    if (!inCondition_[depth_] || stop != end || fault != std::errc()) return;
-    if (sign_.kind == TokenKind::end)
-      parameter(token.begin, token.end, number);
+    const std::optional<Value> number = literalValue(token);
+    const bool isParameter = inCondition_[depth_] && number;
+    const bool isSigned = sign_.kind != TokenKind::end;
+    if (!isParameter || isSigned) result_.literalsAreParameters = false;
+    if (!isParameter) return;
+    if (isSigned)
+      parameter(sign_.begin, token.end, -toInteger(*number));
     else
-      parameter(sign_.begin, token.end, -number);
+      parameter(token.begin, token.end, *number);
   }
 
   void takeText(const Token& token) {
-    if (token.content.find('\0') != npos || !isValidUtf8(token.content))
+    const std::optional<Value> text = literalValue(token);
+    if (!text)
       throw DatabaseError(database_error::invalidText,
                           "Text in a statement holds a NUL byte or is no UTF-8");
-    parameter(token.begin, token.end, replaceAll(token.content, "''", "'"));
+    parameter(token.begin, token.end, *text);
   }
 
   void takeDate(const Token& token) {
-    const std::optional<DateTime> moment = parseDateTime(token.content);
+    const std::optional<Value> moment = literalValue(token);
     if (!moment) refuse("#" + std::string(token.content) + "# is no date");
     parameter(token.begin, token.end, *moment);
   }

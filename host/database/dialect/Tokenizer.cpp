@@ -75,7 +75,7 @@ constexpr auto firstWith = [] {
   return result;
 }();
 
-enum CharacterClass : std::uint8_t { other, blank, letter, digit, punctuation };
+enum CharacterClass : std::uint8_t { other, blank, letter, digit, punctuation, mark };
 
 constexpr auto classes = [] {
   std::array<std::uint8_t, 256> result{};
@@ -85,6 +85,7 @@ constexpr auto classes = [] {
   result['_'] = letter;
   for (int c = '0'; c <= '9'; ++c) result[static_cast<std::size_t>(c)] = digit;
   for (unsigned char c : std::string_view("=<>+-*/(),.;")) result[c] = punctuation;
+  result['\''] = result['#'] = mark;
   return result;
 }();
 
@@ -142,19 +143,29 @@ Token Tokenizer::taken(TokenKind kind, std::size_t length) {
   return {kind, Keyword::none, sql_.substr(begin, length), begin, at_};
 }
 
-Token Tokenizer::quoted(TokenKind kind, char mark) {
+void Tokenizer::skipWord() {
+  while (at_ < sql_.size() && (classOf(sql_[at_]) == letter || classOf(sql_[at_]) == digit)) ++at_;
+}
+
+Token Tokenizer::number() {
+  return taken(TokenKind::number, numberLength(sql_.substr(at_)));
+}
+
+/// Nothing, and no move, when the mark is not closed.
+std::optional<Token> Tokenizer::quoted() {
+  const char mark = sql_[at_];
   std::size_t close = at_;
   do {
     close = sql_.find(mark, close + 1);
-    if (close == std::string_view::npos)
-      refuse(mark == '#' ? "a # mark is not closed" : "a quote is not closed");
+    if (close == std::string_view::npos) return std::nullopt;
     // Two quotes inside a text stand for one.
     if (mark != '\'' || close + 1 >= sql_.size() || sql_[close + 1] != mark) break;
     ++close;
   } while (true);
   const std::size_t begin = at_;
   at_ = close + 1;
-  return {kind, Keyword::none, sql_.substr(begin + 1, close - begin - 1), begin, at_};
+  const TokenKind kind = mark == '#' ? TokenKind::date : TokenKind::text;
+  return Token{kind, Keyword::none, sql_.substr(begin + 1, close - begin - 1), begin, at_};
 }
 
 Token Tokenizer::symbol() {
@@ -169,25 +180,43 @@ Token Tokenizer::next() {
   if (at_ == sql_.size()) return taken(TokenKind::end, 0);
   switch (classOf(sql_[at_])) {
     case letter: {
-      std::size_t end = at_ + 1;
-      while (end < sql_.size() && (classOf(sql_[end]) == letter || classOf(sql_[end]) == digit))
-        ++end;
-      Token token = taken(TokenKind::word, end - at_);
-      token.keyword = keywordOf(token.content);
-      return token;
+      const std::size_t begin = at_;
+      skipWord();
+      const std::string_view word = sql_.substr(begin, at_ - begin);
+      return {TokenKind::word, keywordOf(word), word, begin, at_};
     }
     case digit: {
-      Token token = taken(TokenKind::number, numberLength(sql_.substr(at_)));
+      const Token token = number();
       if (at_ < sql_.size() && classOf(sql_[at_]) == letter) refuse("a letter within a number");
       return token;
     }
     case punctuation:
       return symbol();
+    case mark:
+      if (const std::optional<Token> token = quoted()) return *token;
+      refuse(sql_[at_] == '#' ? "a # mark is not closed" : "a quote is not closed");
     default:
-      if (sql_[at_] == '\'') return quoted(TokenKind::text, '\'');
-      if (sql_[at_] == '#') return quoted(TokenKind::date, '#');
       refuse("a character without a meaning");
   }
+}
+
+std::optional<Token> Tokenizer::nextLiteral() {
+  while (at_ < sql_.size()) {
+    switch (classOf(sql_[at_])) {
+      case letter:
+        skipWord();
+        break;
+      case digit:
+        return number();
+      case mark:
+        return quoted();
+      case other:
+        return std::nullopt;
+      default:
+        ++at_;
+    }
+  }
+  return taken(TokenKind::end, 0);
 }
 
 }  // namespace autonotify::host

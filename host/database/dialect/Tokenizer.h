@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace autonotify::host {
@@ -89,10 +90,15 @@ class Tokenizer {
 
   /// The next token; `end` for ever once the text is used up.
   Token next();
+  /// The next number, text or date, or the end, without a look at the words between. Nothing where
+  /// next() would refuse a mark or a character.
+  std::optional<Token> nextLiteral();
 
  private:
   [[noreturn]] void refuse(std::string_view why) const;
-  Token quoted(TokenKind kind, char mark);
+  void skipWord();
+  Token number();
+  std::optional<Token> quoted();
   Token symbol();
   Token taken(TokenKind kind, std::size_t length);
 

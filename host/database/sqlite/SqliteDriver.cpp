@@ -70,13 +70,13 @@ class SqliteStatement : public DriverStatement {
   }
 
   Value value(int column, const ColumnDef* origin) const override {
-    const int type = sqlite3_column_type(statement_, column);
+    sqlite3_value* const held = sqlite3_column_value(statement_, column);
+    const int type = sqlite3_value_type(held);
     if (type == SQLITE_NULL) return Null{};
-    if (origin && origin->kind == ColumnKind::Flag)
-      return sqlite3_column_int(statement_, column) != 0;
-    if (type == SQLITE_INTEGER) return std::int64_t{sqlite3_column_int64(statement_, column)};
-    if (type == SQLITE_FLOAT) return sqlite3_column_double(statement_, column);
-    const std::string_view text = this->text(column);
+    if (origin && origin->kind == ColumnKind::Flag) return sqlite3_value_int(held) != 0;
+    if (type == SQLITE_INTEGER) return std::int64_t{sqlite3_value_int64(held)};
+    if (type == SQLITE_FLOAT) return sqlite3_value_double(held);
+    const std::string_view text = textOf(held);
     if (origin && origin->kind == ColumnKind::DateTime)
       if (const auto moment = parseDateTime(text)) return *moment;
     return std::string(text);
@@ -102,9 +102,10 @@ class SqliteStatement : public DriverStatement {
                           text(sqlite3_column_origin_name(statement_, i))});
   }
 
-  std::string_view text(int column) const {
-    const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-    return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+  // Asked for text, the engine would copy it to put a NUL byte behind it. Files are UTF-8.
+  static std::string_view textOf(sqlite3_value* held) {
+    const auto* data = static_cast<const char*>(sqlite3_value_blob(held));
+    return {data, static_cast<std::size_t>(sqlite3_value_bytes(held))};
   }
 
   void bind(int place, Null) { check(sqlite3_bind_null(statement_, place)); }
@@ -153,7 +154,7 @@ class QuickCommits {
 };
 
 constexpr const char* nextKeySql =
-    "UPDATE sqlite_sequence SET seq=seq+1 WHERE name=? RETURNING seq";
+    "UPDATE sqlite_sequence SET seq=seq+1 WHERE rowid=? AND name=? RETURNING seq";
 
 }  // namespace
 
@@ -179,9 +180,9 @@ std::unique_ptr<DriverStatement> SqliteDriver::prepare(const std::string& sql) {
   return std::make_unique<SqliteStatement>(database_.getHandle(), sql);
 }
 
-Id SqliteDriver::nextKey(const std::string& table) {
+Id SqliteDriver::nextKey(std::int64_t counter, const std::string& table) {
   if (!nextKey_) nextKey_ = prepare(nextKeySql);
-  nextKey_->execute({table});
+  nextKey_->execute({counter, table});
   if (!nextKey_->step()) return noId;
   const Value key = nextKey_->value(0, nullptr);
   nextKey_->step();
@@ -193,10 +194,18 @@ Id SqliteDriver::nextKey(const std::string& table) {
 
 Id SqliteDriver::reserveKey(const TableDef& table) {
   const QuickCommits quick(database_);
-  const Id key = nextKey(table.name);
+  std::int64_t& counter = counters_[&table];
+  const Id key = nextKey(counter, table.name);
   if (key != noId) return key;
   beginCounter(table);
-  return nextKey(table.name);
+  counter = counterOf(table);
+  return nextKey(counter, table.name);
+}
+
+std::int64_t SqliteDriver::counterOf(const TableDef& table) {
+  const auto counter = prepare("SELECT rowid FROM sqlite_sequence WHERE name='" + table.name + "'");
+  counter->execute({});
+  return counter->step() ? toInteger(counter->value(0, nullptr)) : 0;
 }
 
 // The engine begins a counter with the first row that it inserts by itself. Two processes that come

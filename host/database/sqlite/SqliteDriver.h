@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 #include <SQLiteCpp/Database.h>
 
@@ -31,11 +33,14 @@ class SqliteDriver : public Driver {
   Id reserveKey(const TableDef& table) override;
 
  private:
-  Id nextKey(const std::string& table);
+  Id nextKey(std::int64_t counter, const std::string& table);
   void beginCounter(const TableDef& table);
+  std::int64_t counterOf(const TableDef& table);
 
   SQLite::Database database_;
   std::unique_ptr<DriverStatement> nextKey_;
+  // Where the counters were last seen: the engine has no index on their names.
+  std::unordered_map<const TableDef*, std::int64_t> counters_;
 };
 
 }  // namespace autonotify::host
