@@ -119,6 +119,18 @@ TEST_F(Windows, ProgramMovesTheFocusWithoutValidating) {
             "-txtDate -txtPlain +cmdCancel back query unload ");
 }
 
+TEST_F(Windows, FirstControlWithinReachHasTheFocus) {
+  frmSample form(person);
+  form.orderFirst({&form.cmdOff, &form.lbl, &form.cmdCancel, &form.txtPlain});
+  EXPECT_EQ(form.controls()[3], &form.txtPlain);
+  EXPECT_EQ(form.controls()[4], &form.txtDate);
+  person.expectWindow("frmSample", [](WindowInUse& window) {
+    EXPECT_EQ(window.focus(), "cmdCancel");
+    window.click("cmdCancel");
+  });
+  form.initialize();
+}
+
 TEST_F(Windows, DoorRefusesWhatNobodyCanDo) {
   logOf([](WindowInUse& window) {
     const std::vector<std::function<void()>> impossible{

@@ -4,12 +4,14 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "control/contract/MsgboxClass.h"
 #include "platform/controls/FormHost.h"
 #include "platform/controls/Person.h"
+#include "support/host_calls.h"
 
 namespace autonotify::test {
 
@@ -58,6 +60,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
  public:
   using Script = std::function<void(WindowInUse&)>;
 
+  HeadlessPerson() = default;
+  /// The component's calls pass the door, which may fail them.
+  explicit HeadlessPerson(HostCalls& calls) : calls_(&calls) {}
+
   /// The next window that comes up and what the person does in it.
   void expectWindow(std::string formName, Script script);
   /// The next message, or question with its answer.
@@ -65,6 +71,8 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void expectQuestion(std::string text, int style, bool yes) {
     said_.push_back({text, style, true, yes ? 0 : 1});
   }
+  /// From now on answers each question alike and takes each message as it comes.
+  void answerAll(bool yes) { restAnswer_ = yes; }
   /// What happens during the `nth` pump from now, counted from 1: the program is entered again.
   void duringPump(int nth, std::function<void()> act) { pumpActs_.push_back({pumps_ + nth, act}); }
   /// The entry of the next menu that pops up.
@@ -72,16 +80,17 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
 
   void finish();
 
-  /// Windows shown so far.
   int windowsShown() const { return windowsShown_; }
   int pumps() const { return pumps_; }
-  int repaints() const { return repaints_; }
   Pointer pointer() const { return pointer_; }
 
   void showModal(Form& form, HostObject* owner) override;
-  void repaint(Form&) override { ++repaints_; }
+  void repaint(Form&) override { pass("repaint"); }
   void popUpMenu(Form& form, Menu& menu) override;
-  void setPointer(Pointer pointer) override { pointer_ = pointer; }
+  void setPointer(Pointer pointer) override {
+    pass("setPointer");
+    pointer_ = pointer;
+  }
   void pumpMessages() override;
 
   void showMessage(const std::string& text, int style, HostObject* owner, int, int, int, int,
@@ -104,8 +113,12 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
     int pump;
     std::function<void()> act;
   };
+  void pass(const char* call) {
+    if (calls_) calls_->pass(call);
+  }
   int hear(const ExpectedMessage& heard);
 
+  HostCalls* calls_ = nullptr;
   std::deque<ExpectedWindow> windows_;
   std::deque<ExpectedMessage> said_;
   std::deque<std::string> menuChoices_;
@@ -113,7 +126,7 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   Pointer pointer_ = Pointer::standard;
   int windowsShown_ = 0;
   int pumps_ = 0;
-  int repaints_ = 0;
+  std::optional<bool> restAnswer_;
 };
 
 }  // namespace autonotify::test

@@ -37,6 +37,14 @@ Control* Form::find(const std::string& name) const {
   return found == controls_.end() ? nullptr : *found;
 }
 
+void Form::orderFirst(std::initializer_list<Control*> first) {
+  auto place = controls_.begin();
+  for (Control* control : first) {
+    const auto found = std::find(place, controls_.end(), control);
+    if (found != controls_.end()) std::rotate(place++, found, found + 1);
+  }
+}
+
 void Form::showModal(HostObject* windowOwner) {
   if (!isLoaded_) throw PlatformError(formWasUnloaded, "Object was unloaded", name_);
   if (isVisible_) throw PlatformError(formAlreadyShown, "Form is already displayed", name_);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -53,6 +55,9 @@ class Form : public HostObject, public ControlOwner {
   /// when the window refuses. Nothing happens while it unloads already, or has been unloaded.
   bool unload(CloseReason reason = CloseReason::program);
   bool isLoaded() const { return isLoaded_; }
+
+  /// Moves these controls to the front of the order, in the order given.
+  void orderFirst(std::initializer_list<Control*> first);
 
   /// The control with the focus, nullptr when none has it.
   Control* focused() const { return focused_; }
