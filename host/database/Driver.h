@@ -55,6 +55,9 @@ class Driver {
   virtual std::unique_ptr<DriverStatement> prepare(const std::string& sql) = 0;
   /// A key of the table that no one ever had or will be given again, whichever process asks.
   virtual Id reserveKey(const TableDef& table) = 0;
+  /// A row with this key, which was not reserved, is about to be added: reserveKey goes on behind
+  /// it. Engines that count such rows by themselves need not be told.
+  virtual void takeKey(const TableDef&, Id) {}
 };
 
 }  // namespace autonotify::host

@@ -194,7 +194,7 @@ void Recordset::setValue(const std::string& name, const std::string& text) {
   const Value value = valueFromText(*target.origin, text);
   NewRow& row = newRow();
   if (target.origin->kind == ColumnKind::Key)
-    row.key = toInteger(value);
+    row.key = toInteger(value), row.isKeyGiven = true;
   else
     row.values[target.origin] = value;
 }
@@ -211,6 +211,7 @@ void Recordset::saveRow() {
     columns.push_back(&each);
     values.push_back(each.kind == ColumnKind::Key ? Value(row.key) : set->second);
   }
+  if (row.isKeyGiven) session_.takeKey(table(), row.key);
   session_.insertRow(table(), columns, values);
   position_ = rows_.append(row.key);
   newRow_.reset();

@@ -56,6 +56,7 @@ class Recordset : public RecordsetObject {
   /// The row being added.
   struct NewRow {
     Id key = noId;
+    bool isKeyGiven = false;
     std::unordered_map<const ColumnDef*, Value> values;
   };
 

@@ -43,6 +43,11 @@ Id Session::reserveKey(const TableDef& table) {
   return driver_.reserveKey(table);
 }
 
+void Session::takeKey(const TableDef& table, Id key) {
+  beforeWrite();
+  driver_.takeKey(table, key);
+}
+
 bool Session::updateField(const TableDef& table, const ColumnDef& column, Id key,
                           const Value& value) {
   Statement& statement = updates_[&column];

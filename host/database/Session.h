@@ -56,6 +56,7 @@ class Session {
   std::uint64_t versionOf(const TableDef* table) const;
 
   Id reserveKey(const TableDef& table);
+  void takeKey(const TableDef& table, Id key);
   // Each writes one row and is durable on return. False when there is no such row.
   bool updateField(const TableDef& table, const ColumnDef& column, Id key, const Value& value);
   bool deleteRow(const TableDef& table, Id key);

@@ -35,6 +35,8 @@ inline constexpr int inputOutput = 4030;     ///< the medium failed: trying agai
 inline constexpr int connectionLost = 4031;  ///< the server went away: trying again may help
 inline constexpr int constraint = 4032;      ///< a key twice, or NULL where none may stand
 inline constexpr int engineFailure = 4033;   ///< any other failure of the engine
+inline constexpr int notPermitted = 4034;    ///< the database user has no right to do this
+inline constexpr int unfinished = 4035;      ///< was never filled to its end
 }  // namespace database_error
 
 /// A failure of a database. The description names the fault in words, and where they are known the

@@ -56,7 +56,8 @@ enum class Engine { sqlite, postgres };
 ///
 /// SQLite stores a flag as 0 or 1, and a date-time as text, "YYYY-MM-DD" at midnight and
 /// "YYYY-MM-DD HH:MM:SS" otherwise, so that it sorts and compares as moments do. The tables are
-/// STRICT. PostgreSQL has types of its own for all of them; its names are unquoted and so folded.
+/// STRICT. PostgreSQL has types of its own for all of them; its names are unquoted and so folded,
+/// and its texts compare by their code points, as SQLite's do.
 std::vector<std::string> schemaStatements(Engine engine);
 
 }  // namespace autonotify::host

@@ -1,0 +1,175 @@
+#include "host/database/postgres/PostgresConnection.h"
+
+#include <poll.h>
+
+#include <pqxx/except>
+#include <string_view>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "platform/date_time_text.h"
+
+namespace autonotify::host {
+namespace {
+
+struct Failure {
+  std::string_view state;  // how the SQLSTATE begins
+  int number;
+  const char* description;
+};
+
+// The first row that fits counts.
+constexpr Failure failures[] = {
+    {"08", database_error::connectionLost, "The connection to the database server was lost"},
+    {"57P0", database_error::connectionLost, "The database server has ended the connection"},
+    {"53100", database_error::diskFull, "The disk of the database server is full"},
+    {"53", database_error::locked, "The database server is overloaded"},
+    {"40", database_error::locked, "The row is being changed by another user"},
+    {"55P03", database_error::locked, "The row is being changed by another user"},
+    {"25006", database_error::readOnly, "The database can only be read"},
+    {"42501", database_error::notPermitted, "The database user has no right to do this"},
+    {"2200H", database_error::keysExhausted, "No key is left in the table"},
+    {"23", database_error::constraint, "The row breaks a rule of its table"},
+    {"22", database_error::statementFailed, "The database does not accept a value"},
+    {"42", database_error::statementFailed, "The database does not accept the statement"},
+    {"3F", database_error::statementFailed, "The database has no such schema"},
+    {"58", database_error::inputOutput, "The database server cannot read or write its files"},
+    {"XX0", database_error::corrupt, "The database is damaged"},
+};
+
+const Failure* findFailure(std::string_view state) {
+  for (const Failure& failure : failures)
+    if (state.starts_with(failure.state)) return &failure;
+  return nullptr;
+}
+
+/// The first line of the server's words, without what they begin with.
+std::string wordsOf(const std::exception& error) {
+  std::string_view text = error.what();
+  text = text.substr(0, text.find('\n'));
+  for (const std::string_view start : {"ERROR:", "FATAL:"})
+    if (text.starts_with(start)) text.remove_prefix(start.size());
+  return std::string(text.substr(std::min(text.find_first_not_of(' '), text.size())));
+}
+
+/// Whether the server has hung up. Asks the local socket only.
+bool isGone(pqxx::connection& connection) {
+  pollfd watched{connection.sock(), POLLIN, 0};
+  try {
+    while (connection.is_open() && ::poll(&watched, 1, 0) > 0) connection.get_notifs();
+  } catch (const pqxx::broken_connection&) {
+    return true;
+  }
+  return !connection.is_open();
+}
+
+struct TextOf {
+  std::string operator()(Null) const { return {}; }
+  std::string operator()(bool flag) const { return flag ? "t" : "f"; }
+  std::string operator()(DateTime moment) const { return dateTimeText(moment); }
+  std::string operator()(const std::string& text) const { return text; }
+  template <class Number>
+  std::string operator()(Number number) const {
+    return toText(Value(number));
+  }
+};
+
+}  // namespace
+
+PostgresParameters::PostgresParameters(const std::vector<Value>& values) {
+  texts_.reserve(values.size());
+  pointers_.reserve(values.size());
+  for (const Value& value : values) {
+    texts_.push_back(value.visit(TextOf{}));
+    pointers_.push_back(value.isNull() ? nullptr : texts_.back().c_str());
+  }
+}
+
+PostgresConnection::PostgresConnection(ServerAddress address) : address_(std::move(address)) {
+  connect(database_error::cannotOpen);
+}
+
+// A server may be set not to wait for its disk; what is reported as stored must be.
+void PostgresConnection::connect(int failure) try {
+  link_ = std::make_shared<Link>(address_.parameters());
+  ++generation_;
+  pqxx::nontransaction(link_->connection)
+      .exec(
+          "SELECT set_config('synchronous_commit', 'on', FALSE) WHERE "
+          "current_setting('synchronous_commit') = 'off'");
+} catch (const pqxx::failure& error) {
+  throw DatabaseError(failure, "The database server cannot be reached: " + wordsOf(error));
+}
+
+void PostgresConnection::drop() noexcept {
+  scope_.reset();
+  link_.reset();
+}
+
+PostgresConnection::Link& PostgresConnection::link() {
+  if (link_ && isGone(link_->connection)) drop();
+  if (!link_) connect(database_error::connectionLost);
+  return *link_;
+}
+
+template <class Transaction>
+std::shared_ptr<PostgresConnection::Scope> PostgresConnection::begin() try {
+  link();
+  auto scope = std::make_shared<Scope>(link_, std::make_unique<Transaction>(link_->connection));
+  scope_ = scope;
+  return scope;
+} catch (...) {
+  fail({});
+}
+
+std::shared_ptr<PostgresConnection::Scope> PostgresConnection::beginReading() {
+  if (std::shared_ptr<Scope> shared = scope_.lock()) return shared;
+  return begin<pqxx::read_transaction>();
+}
+
+std::shared_ptr<PostgresConnection::Scope> PostgresConnection::beginWriting() {
+  return begin<pqxx::work>();
+}
+
+void PostgresConnection::commit(Scope& scope) {
+  perform(scope, {}, [](pqxx::transaction_base& transaction) { transaction.commit(); });
+  scope_.reset();
+}
+
+pqxx::result PostgresConnection::execute(const std::string& sql) {
+  return perform(sql, [&](pqxx::transaction_base& transaction) { return transaction.exec(sql); });
+}
+
+pqxx::result PostgresConnection::execute(const std::string& sql,
+                                         const std::vector<Value>& parameters) {
+  const PostgresParameters bound(parameters);
+  return perform(sql, [&](pqxx::transaction_base& transaction) {
+    return transaction.exec_params(sql, bound.all());
+  });
+}
+
+void PostgresConnection::fail(const std::string& sql) {
+  const auto lost = [&](const std::exception& error) {
+    drop();
+    throw DatabaseError(database_error::connectionLost,
+                        "The connection to the database server was lost: " + wordsOf(error), 0,
+                        sql);
+  };
+  try {
+    throw;
+  } catch (const pqxx::sql_error& error) {
+    const Failure* known = findFailure(error.sqlstate());
+    if ((link_ && !link_->connection.is_open()) ||
+        (known && known->number == database_error::connectionLost))
+      lost(error);
+    throw DatabaseError(
+        known ? known->number : database_error::engineFailure,
+        std::string(known ? known->description : "The database failed") + ": " + wordsOf(error) +
+            (error.sqlstate().empty() ? "" : " (SQLSTATE " + error.sqlstate() + ")"),
+        0, sql);
+  } catch (const pqxx::failure& error) {
+    lost(error);
+    throw;
+  }
+}
+
+}  // namespace autonotify::host

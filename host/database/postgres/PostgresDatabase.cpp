@@ -1,0 +1,109 @@
+#include "host/database/postgres/PostgresDatabase.h"
+
+#include <optional>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "host/database/schema/Schema.h"
+
+namespace autonotify::host {
+namespace {
+
+/// What a schema holds.
+struct Content {
+  std::string schema;
+  bool isEmpty = true;
+  /// Of this program's databases only.
+  std::optional<int> version;
+  bool isComplete = false;
+};
+
+constexpr const char* markTable = "autonotify_version";
+
+// The table may belong to another program: its columns are asked for only when they are there.
+Content contentOf(PostgresConnection& connection) {
+  const pqxx::result answer = connection.execute(
+      "SELECT current_schema(), count(c.oid), count(c.oid) FILTER (WHERE c.relname = "
+      "'autonotify_version') FROM (SELECT "
+      "current_schema()::regnamespace AS here) AS n LEFT JOIN pg_class c ON c.relnamespace = "
+      "n.here AND c.relkind IN ('r', 'p', 'v', 'm', 'f')");
+  const pqxx::row row = answer.front();
+  if (row[0].is_null())
+    throw DatabaseError(database_error::foreign,
+                        "The schemas that the address names are not there");
+  Content content{row[0].as<std::string>(), row[1].as<int>() == 0, {}, false};
+  if (row[2].as<int>() == 0) return content;
+  const pqxx::result mark =
+      connection.execute("SELECT application, schema_version, complete FROM autonotify_version");
+  if (mark.empty() || mark.front()[0].as<int>() != applicationId) return content;
+  content.version = mark.front()[1].as<int>();
+  content.isComplete = mark.front()[2].as<bool>();
+  return content;
+}
+
+void requireOurs(const Content& content) {
+  const std::string schema = "The schema \"" + content.schema + '"';
+  if (!content.version)
+    throw DatabaseError(
+        database_error::foreign,
+        schema + (content.isEmpty ? " holds no database" : " is not a database of this program"));
+  if (*content.version > schemaVersion)
+    throw DatabaseError(database_error::newerSchema,
+                        schema + " was written by a newer version of this program (schema " +
+                            std::to_string(*content.version) + ", known up to " +
+                            std::to_string(schemaVersion) + ")");
+  if (!content.isComplete)
+    throw DatabaseError(database_error::unfinished,
+                        schema + " is unfinished: it was never filled to its end");
+}
+
+void requireRoom(const Content& content) {
+  if (content.version && content.isComplete)
+    throw DatabaseError(database_error::alreadyExists,
+                        "The schema \"" + content.schema + "\" holds a database already");
+  if (!content.version && !content.isEmpty)
+    throw DatabaseError(database_error::foreign,
+                        "The schema \"" + content.schema + "\" holds tables of another program");
+}
+
+void createTables(PostgresConnection& connection, const Content& content) {
+  const auto scope = connection.beginWriting();
+  if (content.version) {
+    connection.execute(std::string("DROP TABLE IF EXISTS ") + markTable);
+    for (const TableDef& table : schemaTables())
+      connection.execute("DROP TABLE IF EXISTS " + table.name);
+  }
+  for (const std::string& statement : schemaStatements(Engine::postgres))
+    connection.execute(statement);
+  connection.execute(std::string("CREATE TABLE ") + markTable +
+                     " (application INTEGER PRIMARY KEY, schema_version INTEGER NOT NULL, "
+                     "complete BOOLEAN NOT NULL)");
+  connection.execute(std::string("INSERT INTO ") + markTable + " VALUES ($1, $2, FALSE)",
+                     {applicationId, schemaVersion});
+  connection.commit(*scope);
+}
+
+}  // namespace
+
+PostgresConnection& PostgresDatabase::connection() {
+  return static_cast<PostgresDriver&>(driver()).connection();
+}
+
+std::unique_ptr<PostgresDatabase> openPostgres(const std::string& url) {
+  auto driver = std::make_unique<PostgresDriver>(ServerAddress(url));
+  requireOurs(contentOf(driver->connection()));
+  return std::make_unique<PostgresDatabase>(std::move(driver));
+}
+
+std::unique_ptr<PostgresDatabase> createPostgres(const std::string& url) {
+  auto driver = std::make_unique<PostgresDriver>(ServerAddress(url));
+  const Content content = contentOf(driver->connection());
+  requireRoom(content);
+  createTables(driver->connection(), content);
+  return std::make_unique<PostgresDatabase>(std::move(driver));
+}
+
+void finishPostgres(PostgresDatabase& database) {
+  database.connection().execute(std::string("UPDATE ") + markTable + " SET complete = TRUE");
+}
+
+}  // namespace autonotify::host
