@@ -29,6 +29,7 @@ HOST = [
     ("host/mail", ["host/services"]),
     ("host/desk", ["host/database/sqlite", "host/loader", "host/mail"]),
     ("apps/console", ["host/desk", "host/demo"]),
+    ("apps/desktop", ["host/desk"]),
 ]
 STANDARD = re.compile(r"<[a-z_0-9]+>$")
 

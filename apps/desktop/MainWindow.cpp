@@ -1,0 +1,268 @@
+#include "MainWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+constexpr int filterPauseMs = 200;
+constexpr const char* lastDatabaseKey = "lastDatabase";
+constexpr const char* geometryKey = "mainWindow";
+
+enum Page { noDatabasePage, noTaskPage, taskPage };
+
+}  // namespace
+
+MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
+    : QMainWindow(parent),
+      options_(std::move(options)),
+      forms_(*this),
+      tasks_(new TaskTableModel(this)) {
+  setWindowTitle(tr("Client Notifications"));
+  makeActions();
+  pages_ = new QStackedWidget(this);
+  pages_->addWidget(makeEmptyPage(tr("No database is open"),
+                                  tr("Open your firm's database to see its tasks."), open_));
+  pages_->addWidget(
+      makeEmptyPage(tr("No open task"), tr("No open task fits the filter."), nullptr));
+  pages_->addWidget(makeTaskPage());
+  setCentralWidget(pages_);
+  makeMenus();
+  counts_ = new QLabel(this);
+  statusBar()->addPermanentWidget(counts_);
+  connect(tasks_, &TaskTableModel::failed, this, &MainWindow::tellFault, Qt::QueuedConnection);
+  connect(tasks_, &QAbstractItemModel::modelReset, this, [this] {
+    updatePage();
+    updateCommands();
+  });
+  resize(1000, 640);
+  restoreGeometry(QSettings().value(geometryKey).toByteArray());
+  if (!options_.database.empty()) openDatabase(shown(options_.database));
+  updatePage();
+  updateCommands();
+}
+
+MainWindow::~MainWindow() {
+  QSettings().setValue(geometryKey, saveGeometry());
+  tasks_->setDesk(nullptr);
+}
+
+bool MainWindow::openDatabase(const QString& path) {
+  host::DeskOptions options = options_;
+  options.database = plain(path);
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  QString fault;
+  try {
+    auto desk =
+        std::make_unique<host::Desk>(options, host::DeskDialogs{errors_, messages_, forms_});
+    tasks_->setDesk(desk.get());
+    desk_ = std::move(desk);
+  } catch (const PlatformError& error) {
+    fault = shown(error.description()).section('\n', 0, 0);
+  } catch (const std::exception& error) {
+    fault = shown(error.what());
+  }
+  QApplication::restoreOverrideCursor();
+  if (!fault.isEmpty()) {
+    tellFault(tr("%1 cannot be opened.\n\n%2").arg(path, fault));
+    return false;
+  }
+  options_ = options;
+  QSettings().setValue(lastDatabaseKey, QFileInfo(path).absoluteFilePath());
+  setWindowTitle(tr("%1 - Client Notifications").arg(QFileInfo(path).completeBaseName()));
+  updateCounts();
+  return true;
+}
+
+QAction* MainWindow::addCommand(const QString& text, const QKeySequence& keys,
+                                void (MainWindow::*run)()) {
+  auto* action = new QAction(text, this);
+  action->setShortcut(keys);
+  connect(action, &QAction::triggered, this, run);
+  return action;
+}
+
+void MainWindow::makeActions() {
+  open_ = addCommand(tr("&Open Database..."), QKeySequence::Open, &MainWindow::chooseDatabase);
+  compose_ = addCommand(tr("&Email Now..."), tr("Ctrl+E"), &MainWindow::composeEmail);
+  compose_->setToolTip(tr("Write to the client of the chosen task now"));
+  schedule_ = addCommand(tr("&Schedule Email..."), tr("Ctrl+S"), &MainWindow::scheduleEmail);
+  schedule_->setToolTip(tr("Have the client notified by email on the task's notification date"));
+  refresh_ = addCommand(tr("&Refresh"), QKeySequence::Refresh, &MainWindow::refresh);
+}
+
+void MainWindow::makeMenus() {
+  QMenu* file = menuBar()->addMenu(tr("&File"));
+  file->addAction(open_);
+  file->addSeparator();
+  QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+  quit->setShortcut(QKeySequence::Quit);
+  QMenu* task = menuBar()->addMenu(tr("&Task"));
+  task->addActions({compose_, schedule_});
+  QMenu* view = menuBar()->addMenu(tr("&View"));
+  view->addAction(refresh_);
+  QAction* find = view->addAction(tr("&Find Task"), filter_, [this] {
+    filter_->setFocus(Qt::ShortcutFocusReason);
+    filter_->selectAll();
+  });
+  find->setShortcut(QKeySequence::Find);
+  menuBar()->addMenu(tr("&Help"))->addAction(tr("&About"), this, &MainWindow::showAbout);
+  QToolBar* bar = addToolBar(tr("Commands"));
+  bar->setObjectName("commands");
+  bar->setMovable(false);
+  bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  bar->addActions({compose_, schedule_, refresh_});
+}
+
+QWidget* MainWindow::makeTaskPage() {
+  auto* page = new QWidget(this);
+  filter_ = new QLineEdit(page);
+  filter_->setObjectName("filter");
+  filter_->setPlaceholderText(tr("Find a client or task"));
+  filter_->setClearButtonEnabled(true);
+  filterPause_ = new QTimer(this);
+  filterPause_->setSingleShot(true);
+  filterPause_->setInterval(filterPauseMs);
+  connect(filter_, &QLineEdit::textChanged, filterPause_, qOverload<>(&QTimer::start));
+  connect(filterPause_, &QTimer::timeout, this, [this] { tasks_->setFilter(filter_->text()); });
+  dueBadge_ = new QLabel(page);
+  dueBadge_->setObjectName("dueBadge");
+
+  table_ = new QTableView(page);
+  table_->setObjectName("tasks");
+  table_->setModel(tasks_);
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
+  table_->setAlternatingRowColors(true);
+  table_->setShowGrid(false);
+  table_->setTabKeyNavigation(false);
+  table_->setWordWrap(false);
+  table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+  table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  table_->horizontalHeader()->setHighlightSections(false);
+  table_->horizontalHeader()->setSortIndicator(TaskTableModel::dueDate, Qt::AscendingOrder);
+  table_->setSortingEnabled(true);
+  const int widths[] = {260, 260, 100, 100, 130};
+  for (int column = 0; column < static_cast<int>(std::size(widths)); ++column)
+    table_->setColumnWidth(column, widths[column]);
+  table_->horizontalHeader()->setStretchLastSection(true);
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &MainWindow::updateCommands);
+  connect(table_, &QTableView::activated, this, &MainWindow::scheduleEmail);
+
+  auto* top = new QHBoxLayout;
+  top->addWidget(filter_, 1);
+  top->addWidget(dueBadge_);
+  auto* layout = new QVBoxLayout(page);
+  layout->addLayout(top);
+  layout->addWidget(table_);
+  return page;
+}
+
+QWidget* MainWindow::makeEmptyPage(const QString& title, const QString& hint, QAction* action) {
+  auto* page = new QWidget(this);
+  auto* layout = new QVBoxLayout(page);
+  layout->addStretch();
+  for (const QString& text : {QString("<h2>%1</h2>").arg(title), hint}) {
+    auto* label = new QLabel(text, page);
+    label->setAlignment(Qt::AlignCenter);
+    layout->addWidget(label);
+  }
+  if (action) {
+    auto* button = new QPushButton(action->text(), page);
+    connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    layout->addWidget(button, 0, Qt::AlignCenter);
+  }
+  layout->addStretch();
+  return page;
+}
+
+void MainWindow::chooseDatabase() {
+  const QString path = QFileDialog::getOpenFileName(
+      this, tr("Open Database"), shown(options_.database), tr("Databases (*.db);;All files (*)"));
+  if (!path.isEmpty()) openDatabase(path);
+}
+
+void MainWindow::composeEmail() {}
+
+void MainWindow::scheduleEmail() {}
+
+void MainWindow::refresh() {
+  if (desk_) tasks_->reload();
+  updateCounts();
+}
+
+void MainWindow::showAbout() {
+  QMessageBox::about(
+      this, tr("About Client Notifications"),
+      tr("<h3>Client Notifications %1</h3><p>The notices that an accounting firm owes "
+         "its clients: when, in which words, and sent.</p>")
+          .arg(QApplication::applicationVersion()));
+}
+
+void MainWindow::tellFault(const QString& message) {
+  QMessageBox box(QMessageBox::Critical, tr("Client Notifications"), message, QMessageBox::Ok,
+                  this);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+const host::TaskLine* MainWindow::chosenTask() const {
+  const QModelIndexList rows = table_->selectionModel()->selectedRows();
+  return rows.isEmpty() ? nullptr : &tasks_->lineAt(rows.front());
+}
+
+void MainWindow::updateCommands() {
+  const bool isChosen = chosenTask() != nullptr;
+  compose_->setEnabled(isChosen);
+  schedule_->setEnabled(isChosen);
+  refresh_->setEnabled(desk_ != nullptr);
+}
+
+void MainWindow::updatePage() {
+  // The filter stays in reach while it has text.
+  const bool hasTasks = tasks_->rowCount() > 0 || !filter_->text().isEmpty();
+  pages_->setCurrentIndex(!desk_ && tasks_->rowCount() == 0 ? noDatabasePage
+                          : hasTasks                        ? taskPage
+                                                            : noTaskPage);
+  if (pages_->currentIndex() == taskPage && !table_->currentIndex().isValid()) table_->selectRow(0);
+}
+
+void MainWindow::updateCounts() {
+  if (!desk_) return;
+  // After the first paint: counting takes longer the more there is.
+  QTimer::singleShot(0, this, [this] {
+    if (!desk_) return;
+    try {
+      const auto tasks = host::countTasks(*desk_, {});
+      const auto due = host::countDueNotifications(*desk_);
+      counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
+      dueBadge_->setText(due ? tr("<b>%L1 due today</b>").arg(due) : tr("Nothing is due today"));
+    } catch (const PlatformError& error) {
+      counts_->setText(shown(error.description()).section('\n', 0, 0));
+    }
+  });
+}
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "DialogErrorClass.h"
+#include "DialogMsgbox.h"
+#include "binding/QtFormHost.h"
+#include "host/desk/Desk.h"
+#include "models/TaskTableModel.h"
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QStackedWidget;
+class QTableView;
+class QTimer;
+class QToolButton;
+
+namespace autonotify::desktop {
+
+/// The firm's open tasks, and what can be done about their notifications.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// `options` without a database opens none.
+  explicit MainWindow(host::DeskOptions options, QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  /// Opens the database and shows its tasks; False, with a message, when it cannot be used. The one
+  /// that was open stays then.
+  bool openDatabase(const QString& path);
+  /// Null while no database is open.
+  host::Desk* desk() { return desk_.get(); }
+
+ private:
+  void makeActions();
+  void makeMenus();
+  QWidget* makeTaskPage();
+  QWidget* makeEmptyPage(const QString& title, const QString& hint, QAction* action);
+  QAction* addCommand(const QString& text, const QKeySequence& keys, void (MainWindow::*run)());
+
+  void chooseDatabase();
+  void composeEmail();
+  void scheduleEmail();
+  void refresh();
+  void showAbout();
+  void tellFault(const QString& message);
+
+  /// The task that the commands are for; null when none is chosen.
+  const host::TaskLine* chosenTask() const;
+  void updateCommands();
+  void updatePage();
+  void updateCounts();
+
+  host::DeskOptions options_;
+  DialogErrorClass errors_;
+  DialogMsgbox messages_;
+  QtFormHost forms_;
+  std::unique_ptr<host::Desk> desk_;
+  TaskTableModel* tasks_;
+
+  QAction* open_ = nullptr;
+  QAction* compose_ = nullptr;
+  QAction* schedule_ = nullptr;
+  QAction* refresh_ = nullptr;
+  QLineEdit* filter_ = nullptr;
+  QTableView* table_ = nullptr;
+  QLabel* dueBadge_ = nullptr;
+  QLabel* counts_ = nullptr;
+  QStackedWidget* pages_ = nullptr;
+  QTimer* filterPause_ = nullptr;
+};
+
+}  // namespace autonotify::desktop

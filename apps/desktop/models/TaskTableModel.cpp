@@ -1,0 +1,164 @@
+#include "models/TaskTableModel.h"
+
+#include <QColor>
+#include <QFont>
+#include <QLocale>
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+constexpr std::size_t pageSize = 100;
+
+struct ColumnLook {
+  const char* title;
+  std::optional<host::TaskOrder> order;
+};
+/// In the order of TaskTableModel::Column.
+constexpr std::array<ColumnLook, TaskTableModel::columns> looks{{
+    {QT_TR_NOOP("Client"), host::TaskOrder::client},
+    {QT_TR_NOOP("Task"), host::TaskOrder::name},
+    {QT_TR_NOOP("Due"), host::TaskOrder::dueDate},
+    {QT_TR_NOOP("Notify on"), std::nullopt},
+    {QT_TR_NOOP("Channels"), std::nullopt},
+    {QT_TR_NOOP("State"), std::nullopt},
+}};
+
+const ColumnLook& lookOf(int column) {
+  return looks.at(static_cast<std::size_t>(column));
+}
+
+QString dayText(DateTime day) {
+  return day.isZero() ? QString() : shown(host::dayText(day));
+}
+
+enum class State { none, waiting, due, sent };
+
+State stateOf(const host::TaskLine& line, DateTime today) {
+  if (line.pendingChannels) return line.notificationDate <= today ? State::due : State::waiting;
+  return line.sentChannels ? State::sent : State::none;
+}
+
+QString stateText(State state) {
+  switch (state) {
+    case State::waiting:
+      return QObject::tr("scheduled");
+    case State::due:
+      return QObject::tr("due");
+    case State::sent:
+      return QObject::tr("sent");
+    case State::none:
+      break;
+  }
+  return {};
+}
+
+QString channelsText(const host::TaskLine& line) {
+  const int channels = line.pendingChannels | line.sentChannels;
+  return channels ? shown(host::channelNames(channels)).replace(",", ", ") : QString();
+}
+
+QString textAt(const host::TaskLine& line, int column, DateTime today) {
+  switch (column) {
+    case TaskTableModel::client:
+      return shown(line.client);
+    case TaskTableModel::task:
+      return shown(line.task.name);
+    case TaskTableModel::dueDate:
+      return dayText(line.task.dueDate);
+    case TaskTableModel::notificationDate:
+      return dayText(line.notificationDate);
+    case TaskTableModel::channels:
+      return channelsText(line);
+    default:
+      return stateText(stateOf(line, today));
+  }
+}
+
+}  // namespace
+
+void TaskTableModel::setDesk(host::Desk* desk) {
+  desk_ = desk;
+  reload();
+}
+
+void TaskTableModel::setFilter(const QString& text) {
+  query_.filter = plain(text.trimmed());
+  reload();
+}
+
+void TaskTableModel::reload() {
+  const std::size_t wanted = std::max(lines_.size(), pageSize);
+  beginResetModel();
+  lines_ = readPage(0, wanted);
+  hasMore_ = lines_.size() == wanted;
+  endResetModel();
+}
+
+const host::TaskLine& TaskTableModel::lineAt(const QModelIndex& index) const {
+  return lines_.at(static_cast<std::size_t>(index.row()));
+}
+
+int TaskTableModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+}
+
+int TaskTableModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : Column::columns;
+}
+
+QVariant TaskTableModel::data(const QModelIndex& index, int role) const {
+  const host::TaskLine& line = lineAt(index);
+  if (role == Qt::DisplayRole) return textAt(line, index.column(), desk_->today());
+  const bool isDue = stateOf(line, desk_->today()) == State::due;
+  if (role == Qt::FontRole && index.column() == state && isDue) {
+    QFont bold;
+    bold.setBold(true);
+    return bold;
+  }
+  return {};
+}
+
+QVariant TaskTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return tr(lookOf(section).title);
+}
+
+bool TaskTableModel::canFetchMore(const QModelIndex& parent) const {
+  return !parent.isValid() && hasMore_;
+}
+
+void TaskTableModel::fetchMore(const QModelIndex& parent) {
+  if (!canFetchMore(parent)) return;
+  std::vector<host::TaskLine> page = readPage(lines_.size(), pageSize);
+  hasMore_ = page.size() == pageSize;
+  if (page.empty()) return;
+  const int first = rowCount();
+  beginInsertRows({}, first, first + static_cast<int>(page.size()) - 1);
+  std::ranges::move(page, std::back_inserter(lines_));
+  endInsertRows();
+}
+
+void TaskTableModel::sort(int column, Qt::SortOrder order) {
+  if (column < 0 || column >= Column::columns || !lookOf(column).order) return;
+  query_.order = *lookOf(column).order;
+  query_.descending = order == Qt::DescendingOrder;
+  lines_.clear();
+  reload();
+}
+
+std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t offset, std::size_t most) {
+  if (!desk_) return {};
+  try {
+    return host::readTaskLines(*desk_, query_, offset, most);
+  } catch (const PlatformError& error) {
+    emit failed(shown(error.description()).section('\n', 0, 0));
+    return {};
+  }
+}
+
+}  // namespace autonotify::desktop

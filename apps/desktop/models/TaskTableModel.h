@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <vector>
+
+#include "host/desk/task_list.h"
+
+namespace autonotify::desktop {
+
+/// The open tasks of a firm, read a page at a time as they are scrolled to.
+class TaskTableModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  enum Column { client, task, dueDate, notificationDate, channels, state, columns };
+
+  explicit TaskTableModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+
+  /// Null shows nothing. `desk` must outlive its use here.
+  void setDesk(host::Desk* desk);
+  void setFilter(const QString& text);
+  /// Reads anew what is shown.
+  void reload();
+
+  const host::TaskQuery& query() const { return query_; }
+  /// Requires a valid index of this model.
+  const host::TaskLine& lineAt(const QModelIndex& index) const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  bool canFetchMore(const QModelIndex& parent) const override;
+  void fetchMore(const QModelIndex& parent) override;
+  /// By client, task or due date; the other columns leave the order as it is.
+  void sort(int column, Qt::SortOrder order) override;
+
+ signals:
+  /// The database did not answer; the words are for people.
+  void failed(const QString& message);
+
+ private:
+  std::vector<host::TaskLine> readPage(std::size_t offset, std::size_t most);
+
+  host::Desk* desk_ = nullptr;
+  host::TaskQuery query_;
+  std::vector<host::TaskLine> lines_;
+  bool hasMore_ = false;
+};
+
+}  // namespace autonotify::desktop

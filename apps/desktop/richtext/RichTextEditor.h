@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTextEdit>
+#include <QWidget>
+
+class QAction;
+class QFontComboBox;
+class QComboBox;
+class QToolBar;
+
+namespace autonotify::desktop {
+
+/// A text field with a bar of formats: font, size, bold, italic, underline, colour, alignment,
+/// bullets, undo and redo.
+class RichTextEditor : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit RichTextEditor(QWidget* parent = nullptr);
+
+  QTextEdit& edit() { return *edit_; }
+
+ private:
+  void addCommands();
+  void addFormats();
+  void addAlignments();
+  QAction* addToggle(const QString& name, const QString& text, const QString& tip,
+                     const QKeySequence& keys);
+  void apply(const QTextCharFormat& format);
+  void chooseColor();
+  void toggleBullets(bool on);
+  /// Shows the formats at the caret on the bar.
+  void showFormats();
+
+  QToolBar* bar_;
+  QTextEdit* edit_;
+  QFontComboBox* font_ = nullptr;
+  QComboBox* size_ = nullptr;
+  QAction* bold_ = nullptr;
+  QAction* italic_ = nullptr;
+  QAction* underline_ = nullptr;
+  QAction* bullets_ = nullptr;
+  QList<std::pair<QAction*, Qt::Alignment>> alignments_;
+};
+
+}  // namespace autonotify::desktop

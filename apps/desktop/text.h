@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace autonotify::desktop {
+
+// Texts are UTF-8 in the component and QString on the screen.
+
+inline QString shown(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string plain(const QString& text) {
+  return text.toStdString();
+}
+
+}  // namespace autonotify::desktop
