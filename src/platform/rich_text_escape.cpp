@@ -23,7 +23,7 @@ void appendUnicodeEscape(std::string& text, char32_t character) {
 
 }  // namespace
 
-std::string escapeForRichText(std::string_view plainText) {
+std::string escapeForRichText(std::string_view plainText, const RichTextBreaks& breaks) {
   std::string result;
   result.reserve(plainText.size());
   for (std::size_t at = 0; at < plainText.size();) {
@@ -32,7 +32,9 @@ std::string escapeForRichText(std::string_view plainText) {
     at += step.length;
     if (c == '\r' || c == '\n') {
       if (c == '\r' && plainText.substr(at).starts_with('\n')) ++at;
-      result += "\\par \r\n";
+      result += breaks.line;
+    } else if (c == '\t') {
+      result += breaks.tab;
     } else if (c == '\\' || c == '{' || c == '}') {
       result.append({'\\', c});
     } else if (step.value < 0x80) {
@@ -46,6 +48,10 @@ std::string escapeForRichText(std::string_view plainText) {
     }
   }
   return result;
+}
+
+std::string escapeForRichText(std::string_view plainText) {
+  return escapeForRichText(plainText, {"\\par \r\n", "\t"});
 }
 
 int codePage1252Of(char32_t character) {

@@ -1,0 +1,264 @@
+#include "platform/richtext/RtfParser.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/text.h"
+#include "platform/utf8.h"
+
+namespace autonotify {
+namespace {
+
+constexpr bool isHighSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit < 0xDC00;
+}
+constexpr bool isLowSurrogate(char32_t unit) {
+  return unit >= 0xDC00 && unit < 0xE000;
+}
+
+std::string_view withoutBlanks(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+}  // namespace
+
+void RtfParser::parse(std::string_view rtf) {
+  RtfReader reader(rtf);
+  for (RtfToken token = reader.next(); token.kind != RtfToken::Kind::end; token = reader.next())
+    handle(token);
+  finish();
+}
+
+void RtfParser::handle(const RtfToken& token) {
+  using Kind = RtfToken::Kind;
+  if (token.kind == Kind::groupStart) return startGroup();
+  if (token.kind == Kind::groupEnd) return endGroup();
+  if (isSkipping()) return;
+  if (token.kind == Kind::text) {
+    putBytes(token.text);
+  } else if (!takeFallback(token)) {
+    if (token.kind == Kind::word) {
+      if (const Keyword* keyword = keywordNamed(token.text))
+        (this->*keyword->act)(token, keyword->text);
+    }
+    if (token.kind == Kind::symbol) handleSymbol(token.text[0]);
+    if (token.kind == Kind::hexByte)
+      putCharacter(characterOf(static_cast<unsigned char>(token.parameter), state_.codePage));
+  }
+  atGroupStart_ = false;
+}
+
+void RtfParser::startGroup() {
+  outer_.push_back(state_);
+  fallbackLeft_ = 0;
+  atGroupStart_ = true;
+}
+
+/// A closing brace too many closes nothing, so that text behind it isn't lost.
+void RtfParser::endGroup() {
+  fallbackLeft_ = 0;
+  atGroupStart_ = false;
+  if (outer_.empty()) return;
+  const State inner = std::exchange(state_, outer_.back());
+  outer_.pop_back();
+  if (outer_.empty()) lastFormat_ = inner.format;
+  if (inner.destination == Destination::listMarker &&
+      state_.destination != Destination::listMarker) {
+    const Font* font = fontNumbered(inner.format.characters.font);
+    putListMarker(font && font->isSymbol);
+  }
+}
+
+/// Every control counts as one character of a fallback, but for another `\u`: no fallback holds
+/// one.
+bool RtfParser::takeFallback(const RtfToken& token) {
+  if (fallbackLeft_ == 0) return false;
+  if (token.kind == RtfToken::Kind::word && token.text == "u") return false;
+  --fallbackLeft_;
+  return true;
+}
+
+void RtfParser::handleSymbol(char symbol) {
+  switch (symbol) {
+    case '*':
+      if (atGroupStart_) state_.destination = Destination::skipped;
+      return;
+    case '~':
+      return put("\u00A0");
+    case '_':
+      return put("\u2011");
+    case '\n':
+      return endParagraph({}, {});
+    case '\t':
+      return put("\t");
+  }
+}
+
+void RtfParser::finish() {
+  flushSurrogate();
+  if (state_.destination == Destination::listMarker) putListMarker(false);
+  flushCell();
+  content_.onEnd(outer_.empty() ? lastFormat_ : state_.format);
+}
+
+void RtfParser::endParagraph(const RtfToken&, std::string_view) {
+  if (!isBodyVisible()) return;
+  flushSurrogate();
+  flushCell();
+  content_.onParagraphEnd(state_.format);
+  atParagraphStart_ = true;
+}
+
+void RtfParser::endCell(const RtfToken&, std::string_view) {
+  if (!isBodyVisible()) return;
+  flushSurrogate();
+  flushCell();
+  cellEnded_ = true;
+  atParagraphStart_ = false;
+}
+
+void RtfParser::endRow(const RtfToken&, std::string_view) {
+  if (!isBodyVisible()) return;
+  flushSurrogate();
+  cellEnded_ = false;
+  endParagraph({}, {});
+}
+
+void RtfParser::unicode(const RtfToken& word, std::string_view) {
+  if (!word.hasParameter) return;
+  fallbackLeft_ = state_.fallbackLength;
+  if (state_.hidden) return;
+  const auto unit =
+      static_cast<char32_t>(word.parameter < 0 ? word.parameter + 0x10000 : word.parameter);
+  if (isLowSurrogate(unit) && highSurrogate_ != 0) {
+    const char32_t high = std::exchange(highSurrogate_, 0);
+    return putCharacter(0x10000 + ((high - 0xD800) << 10) + (unit - 0xDC00));
+  }
+  if (!isHighSurrogate(unit)) return putCharacter(unit);
+  flushSurrogate();
+  highSurrogate_ = unit;
+}
+
+void RtfParser::flushSurrogate() {
+  if (std::exchange(highSurrogate_, 0) != 0) putCharacter(replacementCharacter);
+}
+
+void RtfParser::flushCell() {
+  if (std::exchange(cellEnded_, false)) content_.onText("\t", state_.format);
+}
+
+void RtfParser::put(std::string_view utf8) {
+  if (state_.hidden) return;
+  flushSurrogate();
+  switch (state_.destination) {
+    case Destination::body:
+      return putInBody(utf8);
+    case Destination::listMarker:
+      listMarker_ += utf8;
+      return;
+    case Destination::fontTable:
+      return putFontName(utf8);
+    case Destination::colorTable:
+      return putColorEnds(utf8);
+    case Destination::skipped:
+      return;
+  }
+}
+
+void RtfParser::putInBody(std::string_view utf8) {
+  flushCell();
+  content_.onText(utf8, state_.format);
+  atParagraphStart_ = false;
+}
+
+void RtfParser::putCharacter(char32_t character) {
+  if (character == 0) return;
+  std::string utf8;
+  // A line end that comes as a character doesn't end the paragraph.
+  appendUtf8(utf8, character == U'\r' ? U'\n' : character);
+  put(utf8);
+}
+
+/// Bytes above 0x7F that form UTF-8 are taken as such, since values go into a rich text as they
+/// stand; all others belong to the code page.
+void RtfParser::putBytes(std::string_view bytes) {
+  for (; fallbackLeft_ > 0 && !bytes.empty(); --fallbackLeft_)
+    bytes.remove_prefix(utf8StepAt(bytes, 0).length);
+  if (state_.hidden) return;
+  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  while (!bytes.empty()) {
+    const auto end = std::find_if_not(bytes.begin(), bytes.end(), isAscii);
+    const auto asciiLength = static_cast<std::size_t>(end - bytes.begin());
+    if (asciiLength > 0) put(bytes.substr(0, asciiLength));
+    bytes.remove_prefix(asciiLength);
+    if (bytes.empty()) return;
+    const Utf8Step step = utf8StepAt(bytes, 0);
+    putCharacter(step.isWellFormed()
+                     ? step.value
+                     : characterOf(static_cast<unsigned char>(bytes[0]), state_.codePage));
+    bytes.remove_prefix(step.length);
+  }
+}
+
+/// A name ends in a semicolon; what follows belongs to no font until the next `\f`.
+void RtfParser::putFontName(std::string_view utf8) {
+  Font& font = fonts_[fontInTable_];
+  for (const char c : utf8) {
+    if (c == ';') font.hasName = true;
+    const bool isControl = static_cast<unsigned char>(c) < 0x20;
+    if (!font.hasName && !isControl) font.name += c;
+  }
+}
+
+void RtfParser::putColorEnds(std::string_view utf8) {
+  for (const char c : utf8)
+    if (c == ';') colors_.push_back(std::exchange(nextColor_, std::nullopt));
+}
+
+/// The bullets of symbol fonts have codes of their own: all are shown as the one that every font
+/// has.
+void RtfParser::putListMarker(bool isSymbol) {
+  const std::string collected = std::exchange(listMarker_, {});
+  const std::string_view marker = withoutBlanks(collected);
+  if (marker.empty()) return;
+  if (!atParagraphStart_) return putInBody(collected);
+  content_.onListMarker(isSymbol ? "\u2022" : marker);
+  atParagraphStart_ = false;
+}
+
+const RtfParser::Font* RtfParser::fontNumbered(int font) const {
+  const auto found = fonts_.find(font == RtfCharacterFormat::documentFont ? documentFont_ : font);
+  return found == fonts_.end() ? nullptr : &found->second;
+}
+
+CodePageIndex RtfParser::codePageOf(int font) const {
+  const auto found = fonts_.find(font);
+  return found == fonts_.end() ? documentCodePage_
+                               : found->second.codePage.value_or(documentCodePage_);
+}
+
+std::string_view RtfParser::fontName(int font) const {
+  const Font* const found = fontNumbered(font);
+  return found ? withoutBlanks(found->name) : std::string_view{};
+}
+
+std::optional<RichTextColor> RtfParser::colorOf(int color) const {
+  const auto index = static_cast<std::size_t>(color);
+  return color >= 0 && index < colors_.size() ? colors_[index] : std::nullopt;
+}
+
+std::vector<TabStop> RtfParser::tabStopsOf(const RtfParagraphFormat& format) const {
+  std::vector<TabStop> stops;
+  for (int at = format.lastTabStop; at >= 0;) {
+    const TabStopLink& link = tabStops_[static_cast<std::size_t>(at)];
+    stops.push_back(link.stop);
+    at = link.previous;
+  }
+  std::reverse(stops.begin(), stops.end());
+  return stops;
+}
+
+}  // namespace autonotify
