@@ -6,6 +6,7 @@
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostGridColumnList.h"
 #include "host/services/HostItemLinksClass.h"
+#include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 #include "platform/PlatformError.h"
 #include "platform/text.h"
@@ -18,6 +19,7 @@ ClassRegistry::ClassRegistry() {
   registerClass<HostValidationUtilities>();
   registerClass<HostGridColumnList>();
   registerClass<HostItemLinksClass>();
+  registerClass<HostRichTextUtility>();
 }
 
 void ClassRegistry::registerClass(std::string_view name, Factory factory) {
