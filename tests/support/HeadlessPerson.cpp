@@ -9,6 +9,7 @@
 #include "platform/controls/DatePicker.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/OptionButton.h"
+#include "platform/controls/RichTextBox.h"
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Timer.h"
@@ -69,6 +70,7 @@ std::string WindowInUse::read(const std::string& name) const {
   const Control& seen = control(name);
   if (auto* field = dynamic_cast<const TextBox*>(&seen)) return field->text();
   if (auto* combo = dynamic_cast<const ComboBox*>(&seen)) return combo->text();
+  if (auto* rich = dynamic_cast<const RichTextBox*>(&seen)) return rich->text();
   if (auto* box = dynamic_cast<const CheckBox*>(&seen)) return wordFor(box->value());
   if (auto* option = dynamic_cast<const OptionButton*>(&seen)) return wordFor(option->value());
   if (auto* picker = dynamic_cast<const DatePicker*>(&seen)) return toText(picker->value());

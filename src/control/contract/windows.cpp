@@ -59,4 +59,13 @@ void markFocus(Control& control, const std::string& form) {
   control.onLostFocus = styling(control, form, "_LostFocus", &InterfaceStyler::markFocusLost);
 }
 
+void passKeys(Control& control, const std::string& form) {
+  control.onKeyUp = [&control, tag = "Morvane.exe-" + form + "-" + control.name() + "_KeyUp"](
+                        int keyCode, int shift) {
+    procedure(tag, [&](Step& step) {
+      step.run([&] { styler().handleKeyUp(&control, keyCode, shift); });
+    });
+  };
+}
+
 }  // namespace autonotify

@@ -32,6 +32,8 @@ void yieldToHost(Step& step, int times);
 /// the two procedures.
 void markFocus(Control& control, const std::string& form);
 void markFocusGained(Control& control, const std::string& form);
+/// Hands the keys released in the control to the styler.
+void passKeys(Control& control, const std::string& form);
 
 /// Makes a window, lets `use(window)` run its initializer and read its results, and unloads it. A
 /// window that could not be made is not used.
