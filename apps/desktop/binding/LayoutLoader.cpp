@@ -4,15 +4,30 @@
 #include <QUiLoader>
 #include <stdexcept>
 
+#include "richtext/RichTextEditor.h"
 #include "text.h"
 
 namespace autonotify::desktop {
+namespace {
+
+/// Knows the program's own widgets besides Qt's.
+class LayoutLoader : public QUiLoader {
+ public:
+  QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+    if (className != "RichTextEditor") return QUiLoader::createWidget(className, parent, name);
+    auto* editor = new RichTextEditor(parent);
+    editor->setObjectName(name);
+    return editor;
+  }
+};
+
+}  // namespace
 
 QWidget* loadLayout(const QString& name, QWidget* parent) {
   QFile file(":/forms/" + name + ".ui");
   if (!file.open(QIODevice::ReadOnly))
     throw std::logic_error("there is no layout for " + plain(name));
-  QUiLoader loader;
+  LayoutLoader loader;
   QWidget* layout = loader.load(&file, parent);
   if (!layout) throw std::logic_error(plain(name) + ": " + plain(loader.errorString()));
   return layout;

@@ -27,6 +27,7 @@
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
+#include "richtext/RichTextBinding.h"
 #include "text.h"
 
 namespace autonotify::desktop {
@@ -298,6 +299,7 @@ constexpr Maker makers[] = {
     make<ProgressBinding, ProgressBar, QProgressBar>,
     make<TabBinding, TabControl, QTabWidget>,
     make<TreeBinding, TreeView, QTreeWidget>,
+    make<RichTextBinding, RichTextBox, RichTextEditor>,
 };
 
 }  // namespace

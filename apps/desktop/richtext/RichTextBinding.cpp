@@ -1,0 +1,51 @@
+#include "richtext/RichTextBinding.h"
+
+#include "richtext/document_conversion.h"
+
+namespace autonotify::desktop {
+
+RichTextBinding::RichTextBinding(Form& form, RichTextBox& control, RichTextEditor& editor)
+    : Binding(form, control, editor), control_(control), edit_(editor.edit()) {
+  connect(&edit_, &QTextEdit::textChanged, this, &RichTextBinding::passContent);
+  connect(&edit_, &QTextEdit::selectionChanged, this, &RichTextBinding::passSelection);
+  connect(&edit_, &QTextEdit::cursorPositionChanged, this, &RichTextBinding::passSelection);
+}
+
+void RichTextBinding::drawState() {
+  edit_.setReadOnly(!control_.isReachable());
+}
+
+void RichTextBinding::drawValue() {
+  const QTextDocument& document = *edit_.document();
+  if (shown_ != control_.content()) {
+    shown_ = control_.content();
+    showRichText(*edit_.document(), *shown_);
+  }
+  if (!control_.selStart()) return;
+  QTextCursor cursor = edit_.textCursor();
+  const std::size_t start = *control_.selStart();
+  const int first = positionOf(document, start);
+  const int last = positionOf(document, start + control_.selLength());
+  if (cursor.selectionStart() == first && cursor.selectionEnd() == last) return;
+  cursor.setPosition(first);
+  cursor.setPosition(last, QTextCursor::KeepAnchor);
+  edit_.setTextCursor(cursor);
+}
+
+void RichTextBinding::passContent() {
+  pass([this](Person&) {
+    control_.acceptContent(richTextOf(*edit_.document()));
+    shown_ = control_.content();
+  });
+}
+
+void RichTextBinding::passSelection() {
+  pass([this](Person&) {
+    const QTextCursor cursor = edit_.textCursor();
+    const std::size_t start = placeOf(*edit_.document(), cursor.selectionStart());
+    const std::size_t end = placeOf(*edit_.document(), cursor.selectionEnd());
+    control_.acceptSelection(start, end - start);
+  });
+}
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "binding/Binding.h"
+#include "platform/controls/RichTextBox.h"
+#include "richtext/RichTextEditor.h"
+
+namespace autonotify::desktop {
+
+/// Ties a rich-text box to its editor.
+class RichTextBinding : public Binding {
+ public:
+  RichTextBinding(Form& form, RichTextBox& control, RichTextEditor& editor);
+
+ protected:
+  void drawState() override;
+  void drawValue() override;
+
+ private:
+  void passContent();
+  void passSelection();
+
+  RichTextBox& control_;
+  QTextEdit& edit_;
+  /// What the editor shows.
+  std::optional<RichText> shown_;
+};
+
+}  // namespace autonotify::desktop

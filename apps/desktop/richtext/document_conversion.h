@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QTextDocument>
+
+#include "platform/richtext/RichText.h"
+
+namespace autonotify::desktop {
+
+// Rich texts of the component and documents of the screen. Places: a document counts UTF-16 units,
+// a rich text counts characters.
+
+/// Replaces the document's content; there is nothing to undo then.
+void showRichText(QTextDocument& document, const RichText& text);
+
+/// The document's content, with the markers of its lists.
+RichText richTextOf(const QTextDocument& document);
+
+std::size_t placeOf(const QTextDocument& document, int position);
+int positionOf(const QTextDocument& document, std::size_t place);
+
+}  // namespace autonotify::desktop
