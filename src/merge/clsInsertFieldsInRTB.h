@@ -94,6 +94,22 @@ class clsInsertFieldsInRTB {
   std::string getFullProvinceString(std::string& province);
   std::string convertToRTF(const std::string& text);
 
+  // An editor's field list beside its text (clsInsertFieldsInRTB_picking.cpp). `itemData` is that
+  // of the list box's entry: a row of the field list, or below 0 for a header, which gives no text.
+
+  /// The entry's token, with or without marks; a date comes in the format "mmmm d yyyy".
+  std::string parseListItem(int itemData, bool& withMarks);
+  /// The same without marks and with the database field for its name, but for dates.
+  std::string getDBFieldFromListItem(int itemData);
+  /// Inserts the entry's token at the caret of RTB, at 1 when the box cannot tell it. The result is
+  /// that of RichTextUtility::insertTextAt, null when nothing was inserted.
+  Value onListClick(int& itemData);
+  /// Today's date as a token; `formatIndex` from 1 is the place in mergeDateFormats, any other
+  /// number leaves the format empty. Inserts nothing.
+  std::string insertCurrentDateMergeField(int& formatIndex, bool& withMarks);
+  /// Inserts that token with its marks as onListClick does.
+  Value insertCurrentDate(int& formatIndex);
+
   // Merge and validation (clsInsertFieldsInRTB_merge.cpp).
   std::string parseRTBComment();
   bool testRTBComment(const std::string& text, bool isRTF, bool raiseErrors, bool skipFieldNames);
@@ -124,6 +140,7 @@ class clsInsertFieldsInRTB {
   void closeAllRecordsets();
 
   // Parts of the procedures that read and write fields; statements of the caller's frame.
+  std::string tokenOfListItem(Step& step, int itemData, int nameColumn, const MergeMarks& marks);
   bool findField(Step& step, int column, const std::string& name);
   void readFieldByName(Step& step, int column, const std::string& name, std::string& result);
   void translateName(Step& step, int from, int to, std::string& name);
