@@ -36,6 +36,14 @@ class Descriptor {
   int number_;
 };
 
+Descriptor openFolder(const std::string& path) {
+  return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+std::string sentName(const std::string& name) {
+  return "sent/" + name + ".eml";
+}
+
 enum class Entry { none, file, other };
 
 Entry entryAt(int folder, const std::string& name) {
@@ -94,16 +102,39 @@ class HiddenFile {
 }  // namespace
 
 bool Outbox::holds(const std::string& name) const {
-  const Descriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const Descriptor folder = openFolder(folder_);
   return folder.get() >= 0 && (entryAt(folder.get(), name + ".eml") == Entry::file ||
-                               entryAt(folder.get(), "sent/" + name + ".eml") == Entry::file);
+                               entryAt(folder.get(), sentName(name)) == Entry::file);
+}
+
+bool Outbox::wasSent(const std::string& name) const {
+  const Descriptor folder = openFolder(folder_);
+  return folder.get() >= 0 && entryAt(folder.get(), sentName(name)) == Entry::file;
+}
+
+void Outbox::moveToSent(const std::string& name) const {
+  const Descriptor folder = openFolder(folder_);
+  ::mkdirat(folder.get(), "sent", S_IRWXU);
+  const std::string fileName = name + ".eml";
+  if (::renameat(folder.get(), fileName.c_str(), folder.get(), sentName(name).c_str()) != 0)
+    fail("The message was sent, but cannot be put aside in the outbox folder \"" + folder_ + "\"",
+         errno);
+  const Descriptor sent(::openat(folder.get(), "sent", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  ::fsync(sent.get());
+  ::fsync(folder.get());
+}
+
+void Outbox::withdraw(const std::string& name) const {
+  const Descriptor folder = openFolder(folder_);
+  if (::unlinkat(folder.get(), (name + ".eml").c_str(), 0) != 0 && errno != ENOENT)
+    fail("The message cannot be taken out of the outbox folder \"" + folder_ + "\"", errno);
 }
 
 bool Outbox::put(const std::string& name, const std::string& content) const {
   const std::string fileName = name + ".eml";
-  const Descriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const Descriptor folder = openFolder(folder_);
   if (folder.get() < 0) fail("The outbox folder \"" + folder_ + "\" cannot be opened", errno);
-  if (entryAt(folder.get(), "sent/" + fileName) == Entry::file) return false;
+  if (entryAt(folder.get(), sentName(name)) == Entry::file) return false;
   switch (entryAt(folder.get(), fileName)) {
     case Entry::file:
       return false;
@@ -121,7 +152,7 @@ bool Outbox::put(const std::string& name, const std::string& content) const {
     fail("The message cannot be put into the outbox folder \"" + folder_ + "\"", error);
   }
   // A mail system may have taken another sender's message of this name since the first look.
-  if (entryAt(folder.get(), "sent/" + fileName) == Entry::file) {
+  if (entryAt(folder.get(), sentName(name)) == Entry::file) {
     ::unlinkat(folder.get(), fileName.c_str(), 0);
     return false;
   }

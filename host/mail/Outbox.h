@@ -23,6 +23,15 @@ class Outbox {
   /// True when a message of that name is there or was sent. False as well when the folder cannot
   /// be read.
   bool holds(const std::string& name) const;
+  /// True when a message of that name was sent: it is in the folder "sent".
+  bool wasSent(const std::string& name) const;
+
+  // For a sender that takes its messages from here itself. Both throw MailError.
+
+  /// Moves the message into the folder "sent", which is made when it is not there.
+  void moveToSent(const std::string& name) const;
+  /// Takes the message out again.
+  void withdraw(const std::string& name) const;
 
  private:
   std::string folder_;

@@ -44,7 +44,7 @@ bool OutboxEmailSender::send() {
     MailMessage message = compose();
     const std::string name = messageName(message);
     message.messageId = name + message.from.address.substr(message.from.address.rfind('@'));
-    alreadyDelivered_ = !Outbox(settings_.folder).put(name, messageText(message));
+    deliver(name, message);
     return true;
   } catch (const MailError& error) {
     lastError_ = error.what();
@@ -52,6 +52,26 @@ bool OutboxEmailSender::send() {
     lastError_ = "The firm's email address cannot be read: " + error.description();
   }
   return false;
+}
+
+void OutboxEmailSender::deliver(const std::string& name, const MailMessage& message) {
+  const Outbox outbox(settings_.folder);
+  const bool isNew = outbox.put(name, messageText(message));
+  alreadyDelivered_ = !isNew && (!settings_.server || outbox.wasSent(name));
+  if (!settings_.server || alreadyDelivered_) return;
+  if (!isNew && !mayRepeat_)
+    throw MailError(
+        "It is not known whether the message went out: sending it was interrupted, or "
+        "another desk is sending it.");
+  try {
+    submit(*settings_.server, message);
+  } catch (const UncertainMailError&) {
+    throw;
+  } catch (const MailError&) {
+    outbox.withdraw(name);
+    throw;
+  }
+  outbox.moveToSent(name);
 }
 
 MailMessage OutboxEmailSender::compose() {
@@ -81,8 +101,10 @@ Mailbox OutboxEmailSender::sender() {
 }
 
 bool OutboxEmailSender::isDelivered() const {
-  return !identity_.empty() &&
-         Outbox(settings_.folder).holds(nameFor("identity " + counted(identity_)));
+  if (identity_.empty()) return false;
+  const Outbox outbox(settings_.folder);
+  const std::string name = nameFor("identity " + counted(identity_));
+  return settings_.server ? outbox.wasSent(name) : outbox.holds(name);
 }
 
 std::string OutboxEmailSender::messageName(const MailMessage& message) const {

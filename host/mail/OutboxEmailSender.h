@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "control/contract/EmailSender.h"
 #include "host/mail/mail_message.h"
+#include "host/mail/smtp.h"
 #include "platform/Clock.h"
 
 namespace autonotify::host {
@@ -14,9 +16,14 @@ struct OutboxSettings {
   std::string folder;
   /// Who writes. Where empty, the name and the address of the firm's own record.
   Mailbox from;
+  /// Unset: some mail system takes the messages from the folder.
+  std::optional<SmtpServer> server;
 };
 
-/// Sends a message by putting it, as an RFC 5322 file, into an outbox folder.
+/// Sends a message by putting it, as an RFC 5322 file, into an outbox folder, and, where a server
+/// is set, from there to the server; the file then lies in the folder "sent". A message that the
+/// server refuses leaves the outbox again. One of which it cannot be known whether the server took
+/// it stays there, and is not sent again until allowRepeat() or until a person has taken it away.
 ///
 /// A message has an identity, from which its Message-ID and its file name come, so that sending the
 /// same notification again, after a crash or by a second click, cannot make a second message: the
@@ -44,12 +51,16 @@ class OutboxEmailSender : public EmailSender {
   /// What tells this message from every other for good, such as the database's own id with the
   /// notification's. Empty for none.
   void setIdentity(std::string identity) { identity_ = std::move(identity); }
-  /// True when the message of the identity is in the outbox or was sent; sends nothing.
+  /// Sends also a message of which it cannot be known whether it went out.
+  void allowRepeat() { mayRepeat_ = true; }
+  /// True when the message of the identity is out of the program's hands: sent or, without a
+  /// server, in the outbox. Sends nothing.
   bool isDelivered() const;
   /// True when the last send found the message in place, or sent.
   bool alreadyDelivered() const { return alreadyDelivered_; }
 
  private:
+  void deliver(const std::string& name, const MailMessage& message);
   MailMessage compose();
   Mailbox sender();
   std::string messageName(const MailMessage& message) const;
@@ -66,6 +77,7 @@ class OutboxEmailSender : public EmailSender {
   std::string identity_;
   std::string lastError_;
   bool alreadyDelivered_ = false;
+  bool mayRepeat_ = false;
 };
 
 }  // namespace autonotify::host

@@ -1,0 +1,186 @@
+#include "host/mail/smtp.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <charconv>
+#include <memory>
+#include <string_view>
+
+namespace autonotify::host {
+namespace {
+
+struct EasyRelease {
+  void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+};
+struct ListRelease {
+  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+
+struct Scheme {
+  std::string_view name;
+  SmtpSecurity security;
+  int port;
+};
+constexpr Scheme schemes[] = {
+    {"smtp", SmtpSecurity::startTls, 587},
+    {"smtps", SmtpSecurity::tls, 465},
+    {"smtp-plain", SmtpSecurity::none, 25},
+};
+
+const Scheme& schemeOf(SmtpSecurity security) {
+  return *std::ranges::find(schemes, security, &Scheme::security);
+}
+
+struct Sentence {
+  CURLcode code;
+  const char* words;
+};
+constexpr Sentence sentences[] = {
+    {CURLE_COULDNT_RESOLVE_HOST, "The mail server cannot be found."},
+    {CURLE_COULDNT_CONNECT, "The mail server cannot be reached."},
+    {CURLE_OPERATION_TIMEDOUT, "The mail server does not answer."},
+    {CURLE_LOGIN_DENIED, "The mail server does not accept the user's name and password."},
+    {CURLE_PEER_FAILED_VERIFICATION, "The mail server does not prove who it is."},
+    {CURLE_SSL_CONNECT_ERROR, "No safe connection to the mail server comes about."},
+    {CURLE_USE_SSL_FAILED, "The mail server offers no safe connection."},
+    {CURLE_SSL_CACERT_BADFILE, "The file of trusted certificates cannot be read."},
+    {CURLE_SEND_ERROR, "The mail server does not take the message."},
+    {CURLE_RECV_ERROR, "The mail server has broken the connection."},
+    {CURLE_GOT_NOTHING, "The mail server has broken the connection."},
+};
+
+const char* sentenceFor(CURLcode code) {
+  for (const Sentence& each : sentences) {
+    if (each.code == code) return each.words;
+  }
+  return "The mail server does not take the message.";
+}
+
+/// What goes between the program and the server.
+struct Exchange {
+  std::string_view unsent;
+  /// The server's last line.
+  std::string answer;
+};
+
+std::size_t readMessage(char* buffer, std::size_t size, std::size_t count, void* context) {
+  auto& unsent = static_cast<Exchange*>(context)->unsent;
+  const std::size_t length = std::min(size * count, unsent.size());
+  std::copy_n(unsent.data(), length, buffer);
+  unsent.remove_prefix(length);
+  return length;
+}
+
+std::size_t takeAnswer(char* line, std::size_t size, std::size_t count, void* context) {
+  static_cast<Exchange*>(context)->answer = cleanLine({line, size * count});
+  return size * count;
+}
+
+/// All recipients, each once.
+std::unique_ptr<curl_slist, ListRelease> recipientsOf(const MailMessage& message) {
+  std::vector<std::string> addresses;
+  for (const auto* mailboxes : {&message.to, &message.cc, &message.bcc}) {
+    for (const Mailbox& mailbox : *mailboxes) {
+      if (std::ranges::find(addresses, mailbox.address) == addresses.end())
+        addresses.push_back(mailbox.address);
+    }
+  }
+  std::unique_ptr<curl_slist, ListRelease> list;
+  for (const std::string& address : addresses) {
+    curl_slist* longer = curl_slist_append(list.get(), ("<" + address + ">").c_str());
+    if (!longer) throw std::bad_alloc();
+    static_cast<void>(list.release());
+    list.reset(longer);
+  }
+  return list;
+}
+
+void setServer(CURL* curl, const SmtpServer& server) {
+  const bool isTls = server.security == SmtpSecurity::tls;
+  const int port = server.port ? server.port : schemeOf(server.security).port;
+  const std::string url =
+      (isTls ? "smtps://" : "smtp://") + server.host + ':' + std::to_string(port);
+  curl_easy_setopt(curl, CURLOPT_URL, url.c_str());
+  curl_easy_setopt(curl, CURLOPT_USE_SSL,
+                   server.security == SmtpSecurity::none ? CURLUSESSL_NONE : CURLUSESSL_ALL);
+  if (!server.certificates.empty())
+    curl_easy_setopt(curl, CURLOPT_CAINFO, server.certificates.c_str());
+  if (!server.user.empty()) {
+    curl_easy_setopt(curl, CURLOPT_USERNAME, server.user.c_str());
+    curl_easy_setopt(curl, CURLOPT_PASSWORD, server.password.c_str());
+  }
+  curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, static_cast<long>(server.connectTimeout.count()));
+  curl_easy_setopt(curl, CURLOPT_SERVER_RESPONSE_TIMEOUT,
+                   static_cast<long>(server.silenceTimeout.count()));
+  curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
+}
+
+[[noreturn]] void fail(CURLcode code, const Exchange& exchange, const char* detail) {
+  std::string words = sentenceFor(code);
+  const bool isRefusal =
+      !exchange.answer.empty() && exchange.answer.front() >= '4' && exchange.answer.front() <= '5';
+  if (isRefusal) {
+    words += " It says: " + exchange.answer;
+  } else if (*detail) {
+    words += std::string(" (") + detail + ")";
+  }
+  if (exchange.unsent.empty() && !isRefusal)
+    throw UncertainMailError(words + " It may have taken the message all the same.");
+  throw MailError(words);
+}
+
+}  // namespace
+
+SmtpServer parseSmtpServer(const std::string& url) {
+  const std::string fault = "\"" + url + "\" names no mail server; write smtp://host:port.";
+  const std::size_t colon = url.find("://");
+  const auto* scheme =
+      std::ranges::find(schemes, std::string_view(url).substr(0, colon), &Scheme::name);
+  if (colon == std::string::npos || scheme == std::end(schemes)) throw MailError(fault);
+  SmtpServer server;
+  server.security = scheme->security;
+  std::string place = url.substr(colon + 3);
+  const std::size_t at = place.rfind('@');
+  if (at != std::string::npos) {
+    server.user = place.substr(0, at);
+    place.erase(0, at + 1);
+  }
+  const std::size_t portColon = place.rfind(':');
+  if (portColon != std::string::npos && place.find(']', portColon) == std::string::npos) {
+    const char* end = place.data() + place.size();
+    const auto [stop, error] = std::from_chars(place.data() + portColon + 1, end, server.port);
+    if (error != std::errc() || stop != end || server.port < 1 || server.port > 65535)
+      throw MailError(fault);
+    place.erase(portColon);
+  }
+  server.host = place;
+  if (server.host.empty() || server.host.find_first_of("/ \t") != std::string::npos)
+    throw MailError(fault);
+  return server;
+}
+
+void submit(const SmtpServer& server, const MailMessage& message) {
+  static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
+  const std::unique_ptr<CURL, EasyRelease> curl(ready == CURLE_OK ? curl_easy_init() : nullptr);
+  if (!curl) throw MailError("The mail library cannot be started.");
+  MailMessage open = message;
+  open.bcc.clear();
+  const std::string text = messageText(open);
+  const auto recipients = recipientsOf(message);
+  Exchange exchange{text, {}};
+  char detail[CURL_ERROR_SIZE] = "";
+  setServer(curl.get(), server);
+  curl_easy_setopt(curl.get(), CURLOPT_ERRORBUFFER, detail);
+  curl_easy_setopt(curl.get(), CURLOPT_MAIL_FROM, ("<" + message.from.address + ">").c_str());
+  curl_easy_setopt(curl.get(), CURLOPT_MAIL_RCPT, recipients.get());
+  curl_easy_setopt(curl.get(), CURLOPT_UPLOAD, 1L);
+  curl_easy_setopt(curl.get(), CURLOPT_READFUNCTION, readMessage);
+  curl_easy_setopt(curl.get(), CURLOPT_READDATA, &exchange);
+  curl_easy_setopt(curl.get(), CURLOPT_HEADERFUNCTION, takeAnswer);
+  curl_easy_setopt(curl.get(), CURLOPT_HEADERDATA, &exchange);
+  const CURLcode code = curl_easy_perform(curl.get());
+  if (code != CURLE_OK) fail(code, exchange, detail);
+}
+
+}  // namespace autonotify::host

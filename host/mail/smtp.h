@@ -1,0 +1,48 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "host/mail/mail_message.h"
+
+namespace autonotify::host {
+
+enum class SmtpSecurity {
+  none,      ///< nothing is encrypted: for a server on this machine
+  startTls,  ///< the connection is encrypted before anything else is said
+  tls,       ///< encrypted from the first byte
+};
+
+/// A server that takes messages for delivery.
+struct SmtpServer {
+  std::string host;
+  /// 0: 587, or 465 for SmtpSecurity::tls, or 25 for SmtpSecurity::none.
+  int port = 0;
+  SmtpSecurity security = SmtpSecurity::startTls;
+  /// Empty: without a login.
+  std::string user;
+  std::string password;
+  /// A file of certificates to trust instead of the system's.
+  std::string certificates;
+  std::chrono::seconds connectTimeout{20};
+  /// A server that says nothing for so long is given up.
+  std::chrono::seconds silenceTimeout{60};
+};
+
+/// Reads "smtp://host:port" (STARTTLS demanded), "smtps://host:port" (TLS) or
+/// "smtp-plain://host:port" (nothing encrypted), with "user@" before the host where there is a
+/// login. A password is never part of it. Throws MailError.
+SmtpServer parseSmtpServer(const std::string& url);
+
+/// The connection broke after the whole message had gone out: the server may have taken it.
+class UncertainMailError : public MailError {
+ public:
+  using MailError::MailError;
+};
+
+/// Hands the message to the server for all its recipients, who do not learn of the Bcc ones. The
+/// server has taken it when this returns. Throws MailError with a sentence for staff and the
+/// server's own words; the server has taken nothing then, unless it is an UncertainMailError.
+void submit(const SmtpServer& server, const MailMessage& message);
+
+}  // namespace autonotify::host
