@@ -2,10 +2,12 @@
 
 #include <utility>
 
+#include "host/services/HostClientIDClass.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostGridColumnList.h"
 #include "host/services/HostItemLinksClass.h"
+#include "host/services/HostListCleaner.h"
 #include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 #include "platform/PlatformError.h"
@@ -19,6 +21,8 @@ ClassRegistry::ClassRegistry() {
   registerClass<HostValidationUtilities>();
   registerClass<HostGridColumnList>();
   registerClass<HostItemLinksClass>();
+  registerClass<HostClientIDClass>();
+  registerClass<HostListCleaner>();
   registerClass<HostRichTextUtility>();
 }
 

@@ -11,6 +11,10 @@ class HostGeneralUtilities : public GeneralUtilities {
   Value textOrDefault(const Value& value, bool defaultFlag) override;
   /// Digits pass, and every code below the blank: backspace, Enter, Tab, the clipboard's keys.
   int filterKeyPress(int keyCode) override;
+  void fillComboFromList(const std::vector<std::string>& list, ComboBox& combo,
+                         bool clearFirst) override;
+  void selectComboText(ComboBox& combo, const std::string& text, int reserved1,
+                       int reserved2) override;
 
  private:
   errorClass* errors_ = nullptr;

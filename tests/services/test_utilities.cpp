@@ -4,10 +4,13 @@
 #include <string>
 
 #include "host/services/ClassRegistry.h"
+#include "host/services/HostClientIDClass.h"
 #include "host/services/HostGeneralUtilities.h"
+#include "host/services/HostListCleaner.h"
 #include "host/services/HostValidationUtilities.h"
 #include "host/services/clocks.h"
 #include "platform/PlatformError.h"
+#include "platform/controls/ComboBox.h"
 #include "support/fixed_clock.h"
 
 namespace autonotify::host {
@@ -29,6 +32,35 @@ TEST(GeneralUtilitiesTest, numericFieldTakesDigitsAndControlKeys) {
   for (int key : {48, 57, 8, 9, 13, 22}) EXPECT_EQ(utilities.filterKeyPress(key), key);
   for (int key : {47, 58, 32, 45, 46, 97, 0, -1, 0x2460})
     EXPECT_EQ(utilities.filterKeyPress(key), 0) << key;
+}
+
+TEST(GeneralUtilitiesTest, comboIsFilledAndChosenFromAsPeopleRead) {
+  HostGeneralUtilities utilities;
+  ComboBox combo;
+  combo.addItem("old");
+  utilities.fillComboFromList({"a@x.ca", "B@x.ca", "b@x.ca"}, combo, true);
+  EXPECT_EQ(combo.listCount(), 3);
+  utilities.selectComboText(combo, " b@X.ca ", -1, -1);
+  EXPECT_EQ(combo.text(), "B@x.ca");
+  utilities.selectComboText(combo, "c@x.ca", -1, -1);
+  EXPECT_EQ(combo.text(), "B@x.ca");
+  utilities.fillComboFromList({"more"}, combo, false);
+  EXPECT_EQ(combo.listCount(), 4);
+}
+
+TEST(ListCleanerTest, keepsTheFirstSpellingInOrder) {
+  std::vector<std::string> list{"", "Zoë", "b ", " ", "ZOË", "a", " B", "a"};
+  HostListCleaner().cleanList(list);
+  EXPECT_EQ(list, (std::vector<std::string>{"Zoë", "b ", "a"}));
+}
+
+TEST(ClientIDTest, companyComesBeforeContact) {
+  HostClientIDClass client;
+  EXPECT_EQ(client.get_ClientType(), enumAutoNotifyNone);
+  client.put_ContactIDNum(0);
+  EXPECT_EQ(client.get_ClientType(), enumAutoNotifyContact);
+  client.put_CompanyIDNum(0);
+  EXPECT_EQ(client.get_ClientType(), enumAutoNotifyCompany);
 }
 
 TEST(ValidationUtilitiesTest, durationText) {

@@ -261,6 +261,15 @@ class CountedGeneralUtilities : public GeneralUtilities {
     calls_.pass("filterKeyPress");
     return inner_->filterKeyPress(key);
   }
+  void fillComboFromList(const std::vector<std::string>& list, ComboBox& combo,
+                         bool clearFirst) override {
+    calls_.pass("fillComboFromList");
+    inner_->fillComboFromList(list, combo, clearFirst);
+  }
+  void selectComboText(ComboBox& combo, const std::string& text, int r1, int r2) override {
+    calls_.pass("selectComboText", [&] { return text; });
+    inner_->selectComboText(combo, text, r1, r2);
+  }
 
  private:
   std::unique_ptr<GeneralUtilities> inner_;

@@ -33,6 +33,12 @@ Id readId(Step& step, RecordsetHandle handle, const char* column, Id fallback) {
   return step.value(fallback, [&] { return toInteger(value); });
 }
 
+bool readFlag(Step& step, RecordsetHandle handle, const char* column) {
+  const Value value = readField(step, handle, column);
+  if (isEmpty(step, value)) return false;
+  return step.value(false, [&] { return toFlag(value); });
+}
+
 std::string readText(Step& step, RecordsetHandle handle, const char* column) {
   const Value value = readField(step, handle, column);
   return step.value(std::string{},

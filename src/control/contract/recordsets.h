@@ -114,6 +114,9 @@ bool isEmpty(Step& step, const Value& value);
 /// An integer column of the current row, or `fallback` when it is empty or a statement is skipped.
 Id readId(Step& step, RecordsetHandle handle, const char* column, Id fallback = noId);
 
+/// A flag column of the current row; False when it is empty or a statement is skipped.
+bool readFlag(Step& step, RecordsetHandle handle, const char* column);
+
 /// A text column of the current row, empty for NULL.
 std::string readText(Step& step, RecordsetHandle handle, const char* column);
 
