@@ -66,8 +66,10 @@ constexpr Field fields[] = {
 };
 constexpr std::string_view halfOfDay = "am/pm";
 
+/// `letters` are small ones of the alphabet. Most texts differ from most of them at once.
 bool beginsWith(std::string_view text, std::string_view letters) {
-  return equalIgnoreCase(text.substr(0, letters.size()), letters);
+  return !text.empty() && (text[0] | 0x20) == letters[0] &&
+         equalIgnoreCase(text.substr(0, letters.size()), letters);
 }
 
 const Field* fieldAt(std::string_view pattern) {

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "host/database/dialect/DatabaseError.h"
+#include "host/database/dialect/literals.h"
 
 namespace autonotify::host {
 namespace {
@@ -35,6 +38,30 @@ TEST(Dialect, PutsLiteralsIntoParameters) {
     const Translation result = translate("  " + select + each.where + " ; ", Engine::sqlite);
     EXPECT_EQ(result.sql, select + each.translated);
     EXPECT_EQ(result.parameters, each.parameters);
+  }
+}
+
+TEST(Dialect, StatementsOfOneSkeletonTranslateAlike) {
+  const std::pair<std::string, bool> cases[] = {
+      {"K=12", true},    {"K IN (1, 2) AND Custom1=3", true},
+      {"K-1=L-2", true}, {"T='it''s 1 #' AND D>=#4/30/2026 9:05# AND Custom12=''", true},
+      {"K=-1", false},   {"K=1 LIMIT 5", false},
+      {"K>1.5", false},  {"K>2147483648", false},
+  };
+  const std::map<char, std::string> others = {{'?', "70"}, {'\'', "'?#'"}, {'#', "#2001-02-03#"}};
+  for (const auto& [where, isToldBySkeleton] : cases) {
+    const std::string sql = "SELECT A.* FROM A WHERE " + where + ';';
+    const Translation result = translate(sql, Engine::sqlite);
+    std::string skeleton;
+    std::vector<Value> literals;
+    const bool isSplit = splitLiterals(sql, skeleton, literals);
+    EXPECT_EQ(isSplit && result.literalsAreParameters, isToldBySkeleton) << sql;
+    if (!isToldBySkeleton) continue;
+    EXPECT_EQ(literals, result.parameters);
+    std::string other;
+    for (const char each : skeleton)
+      other += others.count(each) ? others.at(each) : std::string(1, each);
+    EXPECT_EQ(translate(other, Engine::sqlite).sql, result.sql);
   }
 }
 

@@ -89,8 +89,30 @@ constexpr auto classes = [] {
   return result;
 }();
 
+constexpr auto endsPlainText = [] {
+  std::array<std::uint8_t, 256> result{};
+  for (std::size_t c = 0; c < result.size(); ++c)
+    result[c] = classes[c] == other || classes[c] == digit || classes[c] == mark;
+  return result;
+}();
+
 std::uint8_t classOf(char character) {
   return classes[static_cast<unsigned char>(character)];
+}
+
+bool isOfWord(char character) {
+  return classOf(character) == letter || classOf(character) == digit;
+}
+
+/// Where, from `at` on, the first character stands that is no letter, blank or punctuation. Most
+/// statements are long and hold one literal: four characters are looked at in a turn.
+std::size_t plainTextEnd(std::string_view text, std::size_t at) {
+  const auto ends = [&](std::size_t place) {
+    return endsPlainText[static_cast<unsigned char>(text[place])];
+  };
+  while (at + 4 <= text.size() && !(ends(at) | ends(at + 1) | ends(at + 2) | ends(at + 3))) at += 4;
+  while (at < text.size() && !ends(at)) ++at;
+  return at;
 }
 
 char lower(char c) {
@@ -143,10 +165,6 @@ Token Tokenizer::taken(TokenKind kind, std::size_t length) {
   return {kind, Keyword::none, sql_.substr(begin, length), begin, at_};
 }
 
-void Tokenizer::skipWord() {
-  while (at_ < sql_.size() && (classOf(sql_[at_]) == letter || classOf(sql_[at_]) == digit)) ++at_;
-}
-
 Token Tokenizer::number() {
   return taken(TokenKind::number, numberLength(sql_.substr(at_)));
 }
@@ -181,7 +199,7 @@ Token Tokenizer::next() {
   switch (classOf(sql_[at_])) {
     case letter: {
       const std::size_t begin = at_;
-      skipWord();
+      while (at_ < sql_.size() && isOfWord(sql_[at_])) ++at_;
       const std::string_view word = sql_.substr(begin, at_ - begin);
       return {TokenKind::word, keywordOf(word), word, begin, at_};
     }
@@ -201,22 +219,15 @@ Token Tokenizer::next() {
 }
 
 std::optional<Token> Tokenizer::nextLiteral() {
-  while (at_ < sql_.size()) {
-    switch (classOf(sql_[at_])) {
-      case letter:
-        skipWord();
-        break;
-      case digit:
-        return number();
-      case mark:
-        return quoted();
-      case other:
-        return std::nullopt;
-      default:
-        ++at_;
-    }
+  for (;; ++at_) {
+    at_ = plainTextEnd(sql_, at_);
+    if (at_ == sql_.size()) return taken(TokenKind::end, 0);
+    const std::uint8_t kind = classOf(sql_[at_]);
+    if (kind == mark) return quoted();
+    if (kind != digit) return std::nullopt;
+    const bool isOfName = at_ > 0 && isOfWord(sql_[at_ - 1]);
+    if (!isOfName) return number();
   }
-  return taken(TokenKind::end, 0);
 }
 
 }  // namespace autonotify::host

@@ -96,7 +96,6 @@ class Tokenizer {
 
  private:
   [[noreturn]] void refuse(std::string_view why) const;
-  void skipWord();
   Token number();
   std::optional<Token> quoted();
   Token symbol();

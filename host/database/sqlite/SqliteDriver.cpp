@@ -54,16 +54,17 @@ class SqliteStatement : public DriverStatement {
   const std::vector<ResultColumn>& columns() const override { return columns_; }
 
   void execute(const std::vector<Value>& parameters) override {
-    sqlite3_reset(statement_);
+    reset();
     for (std::size_t i = 0; i < parameters.size(); ++i)
       parameters[i].visit([&](const auto& value) { bind(static_cast<int>(i + 1), value); });
   }
 
   bool step() override {
+    isUnderWay_ = true;
     const int code = sqlite3_step(statement_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) {
-      sqlite3_reset(statement_);
+      reset();
       return false;
     }
     fail(code);
@@ -84,12 +85,15 @@ class SqliteStatement : public DriverStatement {
 
   Id key(int column) const override { return sqlite3_column_int(statement_, column); }
 
-  void reset() noexcept override { sqlite3_reset(statement_); }
+  void reset() noexcept override {
+    if (isUnderWay_) sqlite3_reset(statement_);
+    isUnderWay_ = false;
+  }
 
   int run(const std::vector<Value>& parameters) override {
     execute(parameters);
     step();
-    sqlite3_reset(statement_);
+    reset();
     return sqlite3_changes(connection_);
   }
 
@@ -129,12 +133,13 @@ class SqliteStatement : public DriverStatement {
   [[noreturn]] void fail(int code) {
     const std::string message = sqlite3_errmsg(connection_);
     const char* sql = sqlite3_sql(statement_);
-    sqlite3_reset(statement_);
+    reset();
     throwSqliteError(code, message, sql ? sql : "");
   }
 
   sqlite3* connection_;
   sqlite3_stmt* statement_ = nullptr;
+  bool isUnderWay_ = false;
   std::vector<ResultColumn> columns_;
 };
 
