@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "host/desk/databases.h"
+
 namespace autonotify::console {
 
 using Json = nlohmann::ordered_json;
@@ -28,9 +30,10 @@ inline std::string firstLine(const std::string& description) {
   return description.substr(0, description.find('\n'));
 }
 
-/// The same for a database's file, which the words name.
-inline std::string fileFault(const std::string& path, const std::string& description) {
+/// The same for a database, which the words name by its file or URL.
+inline std::string fileFault(const std::string& place, const std::string& description) {
   const std::string words = firstLine(description);
+  const std::string path = host::placeShown(place);
   return words.find(path) == std::string::npos ? path + ": " + words : words;
 }
 

@@ -16,7 +16,8 @@ namespace autonotify::console {
 namespace {
 
 void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
-  addText(app, "--database", "FILE", "the database file (default: hvnotify.db)", options.database)
+  addText(app, "--database", "PLACE",
+          "the database: a file, or postgresql://... (default: hvnotify.db)", options.database)
       ->envname("HVNOTIFY_DATABASE");
   addDate(app, "--today", "the date to work with, such as 2026-04-30", options.today);
   addNumber(app, "--user", "who works: the id of a member of staff", options.user);

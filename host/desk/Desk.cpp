@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/desk/databases.h"
 #include "host/desk/places.h"
 #include "host/desk/rows.h"
 
@@ -23,11 +23,11 @@ std::unique_ptr<Clock> makeClock(Clock& system, const std::optional<DateTime>& t
 Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
     : dialogs_(dialogs),
       clock_(makeClock(systemClock_, options.today)),
-      database_(openSqlite(options.database)),
+      database_(openDatabase(options.database)),
       locale_(LocaleSettings{}),
       workingFolder_((fs::temp_directory_path() / "hvnotify").string()),
       clients_(std::make_unique<ClientDirectory>(*database_)),
-      hasOwnOutbox_(options.outbox.empty()),
+      hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
       outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
   readFirm(options);
   registerClasses();
@@ -96,12 +96,17 @@ std::string Desk::messageIdentity(Id notification) const {
 }
 
 void Desk::makeOutbox() {
+  if (outbox_.empty())
+    throw PlatformError(error_number::invalidProcedureCall,
+                        "The emails of a database on a server need an outbox folder that all desks "
+                        "share; name one (--outbox)",
+                        "Desk");
   std::error_code leftToTheSender;
   if (hasOwnOutbox_) fs::create_directory(outbox_, leftToTheSender);
 }
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
-  auto sender = std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}}, *clock_);
+  auto sender = std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}, {}}, *clock_);
   sender->put_errorClass(&dialogs_.errors);
   sender->put_MsgboxClass(&dialogs_.messages);
   sender->put_LocaleReference(&locale_);

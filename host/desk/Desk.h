@@ -18,13 +18,14 @@
 namespace autonotify::host {
 
 struct DeskOptions {
-  /// The path of the database file.
+  /// The path of the database file, or the URL of one on a server (see openDatabase).
   std::string database;
   /// The date that the desk pretends to be on; the machine's when unset.
   std::optional<DateTime> today;
   /// A member of staff; the first one when unset.
   std::optional<Id> user;
-  /// A folder for emails, which must be there; empty: one beside the database, made when needed.
+  /// A folder for emails, which must be there; empty: one beside the database file, made when
+  /// needed. A database on a server has none beside it.
   std::string outbox;
   /// The installation's firm code.
   std::string firmCode;
@@ -63,7 +64,8 @@ class Desk {
   /// The name of a notification's message for all time, unlike that of any other database's.
   std::string messageIdentity(Id notification) const;
   /// Makes the folder beside the database. One that was named must be there: a folder made in its
-  /// place could hide that a disk is not mounted.
+  /// place could hide that a disk is not mounted. Throws PlatformError when none was named for a
+  /// database on a server.
   void makeOutbox();
   /// A sender with all references set, for one message.
   std::unique_ptr<OutboxEmailSender> newEmailSender();

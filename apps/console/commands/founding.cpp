@@ -8,9 +8,12 @@
 
 #include "commands/arguments.h"
 #include "host/database/dialect/DatabaseError.h"
+#include "host/database/postgres/PostgresDatabase.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/demo/DemoFirm.h"
+#include "host/demo/PostgresRowSink.h"
 #include "host/demo/SqliteRowSink.h"
+#include "host/desk/databases.h"
 #include "host/desk/places.h"
 #include "host/services/clocks.h"
 
@@ -47,9 +50,7 @@ host::Place placeOf(const Arguments& arguments) {
   return place;
 }
 
-void fill(host::SqliteDatabase& database, const GlobalOptions& options,
-          const Arguments& arguments) {
-  host::SqliteRowSink sink(database.connection());
+void fill(host::RowSink&& sink, const GlobalOptions& options, const Arguments& arguments) {
   const host::Place place = placeOf(arguments);
   if (arguments.demo) {
     host::SystemClock clock;
@@ -113,6 +114,24 @@ CLI::Option* addCount(CLI::App& command, const std::string& name, const char* he
                    });
 }
 
+void makeFile(const fs::path& target, const GlobalOptions& options, const Arguments& arguments) {
+  if (fs::exists(fs::symlink_status(target))) {
+    throw Refusal(fmt::format("{} exists already and stays as it is", target.string()));
+  }
+  const Draft draft(target);
+  const auto database = host::createSqlite(draft.path());
+  fill(host::SqliteRowSink(database->connection()), options, arguments);
+  database->emptyLog();
+  database->close();
+  draft.finish();
+}
+
+void makeOnServer(const GlobalOptions& options, const Arguments& arguments) {
+  const auto database = host::createPostgres(options.database);
+  fill(host::PostgresRowSink(database->connection()), options, arguments);
+  host::finishPostgres(*database);
+}
+
 }  // namespace
 
 void describeInit(CLI::App& command, Arguments& arguments) {
@@ -132,25 +151,21 @@ void describeInit(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
-  const fs::path target = options.database;
-  if (fs::exists(fs::symlink_status(target))) {
-    throw Refusal(fmt::format("{} exists already and stays as it is", target.string()));
-  }
-  const Draft draft(target);
+  const std::string target = host::placeShown(options.database);
   try {
-    const auto database = host::createSqlite(draft.path());
-    fill(*database, options, arguments);
-    database->emptyLog();
-    database->close();
+    if (host::isFile(options.database))
+      makeFile(options.database, options, arguments);
+    else
+      makeOnServer(options, arguments);
   } catch (const host::DatabaseError& error) {
-    throw Refusal(fileFault(target.string(), error.description()), exitDatabase);
+    const bool isThere = error.number() == host::database_error::alreadyExists;
+    throw Refusal(fileFault(target, error.description()), isThere ? exitRefused : exitDatabase);
   }
-  draft.finish();
   Reply reply;
   reply.text =
-      fmt::format("Made {}{}.\n", target.string(),
+      fmt::format("Made {}{}.\n", target,
                   arguments.demo ? fmt::format(" with {} clients", arguments.clients) : "");
-  reply.data = {{"database", target.string()}, {"demo", arguments.demo}};
+  reply.data = {{"database", target}, {"demo", arguments.demo}};
   return reply;
 }
 

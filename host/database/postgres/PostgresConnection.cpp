@@ -147,6 +147,21 @@ pqxx::result PostgresConnection::execute(const std::string& sql,
   });
 }
 
+pqxx::result PostgresConnection::executeApart(const std::string& sql,
+                                              const std::vector<Value>& parameters) {
+  const std::shared_ptr<Scope> scope = scope_.lock();
+  if (!scope) return execute(sql, parameters);
+  execute("SAVEPOINT apart");
+  try {
+    pqxx::result result = execute(sql, parameters);
+    execute("RELEASE SAVEPOINT apart");
+    return result;
+  } catch (const DatabaseError& error) {
+    if (error.number() != database_error::connectionLost) execute("ROLLBACK TO SAVEPOINT apart");
+    throw;
+  }
+}
+
 void PostgresConnection::fail(const std::string& sql) {
   const auto lost = [&](const std::exception& error) {
     drop();

@@ -44,6 +44,9 @@ class PostgresConnection {
   pqxx::result execute(const std::string& sql);
   pqxx::result execute(const std::string& sql, const std::vector<Value>& parameters);
 
+  /// The same; a failure does not end the transaction under way.
+  pqxx::result executeApart(const std::string& sql, const std::vector<Value>& parameters);
+
   /// Rises with each connection; what was prepared for an older one is gone.
   int generation() const { return generation_; }
 
@@ -85,11 +88,7 @@ class PostgresConnection::Scope {
 class PostgresParameters {
  public:
   explicit PostgresParameters(const std::vector<Value>& values);
-  /// As many NULLs.
-  explicit PostgresParameters(std::size_t count) : pointers_(count, nullptr) {}
-
   auto all() const { return pqxx::prepare::make_dynamic_params(pointers_); }
-  const std::vector<const char*>& pointers() const { return pointers_; }
 
  private:
   std::vector<std::string> texts_;

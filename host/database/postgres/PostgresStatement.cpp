@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstring>
-#include <pqxx/subtransaction>
 #include <string_view>
 
 #include "host/database/dialect/DatabaseError.h"
@@ -81,24 +79,12 @@ PostgresStatement::~PostgresStatement() {
     if (prepared->generation > 0) driver_.forget(std::move(prepared->name));
 }
 
-// A fault of the statement must not end the transaction of a cursor that is open.
 const std::vector<ResultColumn>& PostgresStatement::columns() const {
-  if (!columns_.empty()) return columns_;
-  const PostgresParameters nothing(parameterCount(sql_));
-  const std::string shape = firstRows(sql_, 0);
-  const auto ask = [&](pqxx::transaction_base& transaction) {
-    return transaction.exec_params(shape, nothing.all());
-  };
-  const pqxx::result result =
-      driver_.connection().perform(sql_, [&](pqxx::transaction_base& transaction) {
-        auto* open = dynamic_cast<pqxx::dbtransaction*>(&transaction);
-        if (!open) return ask(transaction);
-        pqxx::subtransaction step(*open);
-        pqxx::result answer = ask(step);
-        step.commit();
-        return answer;
-      });
-  return columns_ = driver_.catalogue().columnsOf(driver_.connection(), result);
+  if (columns_.empty())
+    columns_ = driver_.catalogue().columnsOf(
+        driver_.connection(), driver_.connection().executeApart(
+                                  firstRows(sql_, 0), std::vector<Value>(parameterCount(sql_))));
+  return columns_;
 }
 
 pqxx::result PostgresStatement::executePrepared(Prepared& prepared,
