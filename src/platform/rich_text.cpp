@@ -10,6 +10,9 @@ namespace {
 /// Keeps what a reader of the document would see, without its formats.
 class PlainTextContent final : public RtfContent {
  public:
+  /// Half the size of a letter is words that no reader sees.
+  explicit PlainTextContent(std::size_t rtfSize) { text_.reserve(rtfSize / 2); }
+
   void onText(std::string_view utf8, const RtfFormat&) override { text_ += utf8; }
   void onParagraphEnd(const RtfFormat&) override { text_ += '\n'; }
   void onListMarker(std::string_view utf8) override { (text_ += utf8) += '\t'; }
@@ -29,7 +32,7 @@ bool isRichText(std::string_view text) {
 
 std::string plainTextOf(std::string_view richText) {
   if (!isRichText(richText)) return std::string(richText);
-  PlainTextContent content;
+  PlainTextContent content(richText.size());
   RtfParser(content).parse(richText);
   return content.take();
 }

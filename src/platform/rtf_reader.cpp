@@ -10,8 +10,6 @@ namespace {
 
 using Kind = RtfToken::Kind;
 
-constexpr std::string_view nothings("\r\n\0", 3);
-
 constexpr std::array<bool, 256> makeTextEnds() {
   std::array<bool, 256> ends{};
   for (const char c : {'\\', '{', '}', '\r', '\n', '\0'})
@@ -20,6 +18,9 @@ constexpr std::array<bool, 256> makeTextEnds() {
 }
 constexpr std::array<bool, 256> endsText = makeTextEnds();
 
+constexpr bool isNothing(char c) {
+  return c == '\r' || c == '\n' || c == '\0';
+}
 constexpr bool isLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -43,7 +44,7 @@ std::string_view RtfReader::take(std::size_t length) {
 }
 
 RtfToken RtfReader::next() {
-  while (at_ < rtf_.size() && nothings.find(rtf_[at_]) != std::string_view::npos) ++at_;
+  while (at_ < rtf_.size() && isNothing(rtf_[at_])) ++at_;
   if (at_ == rtf_.size()) return {};
   switch (rtf_[at_]) {
     case '{':
@@ -85,7 +86,8 @@ RtfToken RtfReader::readWord() {
   }
   word.parameter = static_cast<int>(negative ? -value : value);
   if (at_ < rtf_.size() && rtf_[at_] == ' ') ++at_;
-  return word.text == "bin" ? readBinary(word.parameter) : word;
+  if (word.text == "bin") return readBinary(word.parameter);
+  return word;
 }
 
 RtfToken RtfReader::readHexByte() {

@@ -1,6 +1,7 @@
 #include "platform/richtext/RtfParser.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "platform/text.h"
@@ -16,6 +17,17 @@ constexpr bool isLowSurrogate(char32_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
 }
 
+/// How many bytes at the start are ASCII; eight are looked at together.
+std::size_t asciiPrefix(std::string_view bytes) {
+  std::size_t at = 0;
+  for (std::uint64_t eight = 0; at + sizeof eight <= bytes.size(); at += sizeof eight) {
+    std::memcpy(&eight, bytes.data() + at, sizeof eight);
+    if ((eight & 0x8080808080808080U) != 0) break;
+  }
+  while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80) ++at;
+  return at;
+}
+
 std::string_view withoutBlanks(std::string_view text) {
   constexpr std::string_view blanks = " \t\r\n";
   const auto first = text.find_first_not_of(blanks);
@@ -27,8 +39,12 @@ std::string_view withoutBlanks(std::string_view text) {
 
 void RtfParser::parse(std::string_view rtf) {
   RtfReader reader(rtf);
-  for (RtfToken token = reader.next(); token.kind != RtfToken::Kind::end; token = reader.next())
+  for (;;) {
+    // Made in its place each time: copying a token costs more than reading most of them.
+    const RtfToken token = reader.next();
+    if (token.kind == RtfToken::Kind::end) break;
     handle(token);
+  }
   finish();
 }
 
@@ -188,10 +204,8 @@ void RtfParser::putBytes(std::string_view bytes) {
   for (; fallbackLeft_ > 0 && !bytes.empty(); --fallbackLeft_)
     bytes.remove_prefix(utf8StepAt(bytes, 0).length);
   if (state_.hidden) return;
-  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   while (!bytes.empty()) {
-    const auto end = std::find_if_not(bytes.begin(), bytes.end(), isAscii);
-    const auto asciiLength = static_cast<std::size_t>(end - bytes.begin());
+    const std::size_t asciiLength = asciiPrefix(bytes);
     if (asciiLength > 0) put(bytes.substr(0, asciiLength));
     bytes.remove_prefix(asciiLength);
     if (bytes.empty()) return;

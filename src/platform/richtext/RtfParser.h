@@ -83,6 +83,7 @@ class RtfParser {
     std::string_view text = {};
   };
   static const Keyword keywords[];
+  class KeywordIndex;
   static const Keyword* keywordNamed(std::string_view name);
 
   enum class Destination : std::uint8_t { body, listMarker, fontTable, colorTable, skipped };

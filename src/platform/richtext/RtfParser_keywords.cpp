@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "platform/richtext/RtfParser.h"
@@ -131,7 +132,6 @@ void RtfParser::addTabStop(const RtfToken& word, std::string_view) {
   last = static_cast<int>(tabStops_.size()) - 1;
 }
 
-// In the order of the names.
 using P = RtfParser;
 using Characters = RtfCharacterFormat;
 using ParagraphWords = RtfParagraphFormat;
@@ -233,11 +233,52 @@ const P::Keyword P::keywords[] = {
     {"zwnj", &P::insert, "\u200C"},
 };
 
+/// Finds a word by its length and three of its letters, since most words that programs write are
+/// none of these.
+class RtfParser::KeywordIndex {
+ public:
+  KeywordIndex() {
+    std::uint8_t number = 0;
+    for (const Keyword& keyword : keywords) {
+      std::size_t slot = slotOf(keyword.name);
+      while (numbers_[slot] != 0) slot = (slot + 1) % slotCount;
+      numbers_[slot] = ++number;
+    }
+  }
+
+  const Keyword* find(std::string_view name) const {
+    for (std::size_t slot = slotOf(name); numbers_[slot] != 0; slot = (slot + 1) % slotCount) {
+      const Keyword& keyword = keywords[numbers_[slot] - 1];
+      if (isSame(keyword.name, name)) return &keyword;
+    }
+    return nullptr;
+  }
+
+ private:
+  static constexpr std::size_t slotCount = 1024;
+
+  /// Names are too short for a call to compare them.
+  static bool isSame(std::string_view one, std::string_view other) {
+    if (one.size() != other.size()) return false;
+    for (std::size_t at = 0; at < one.size(); ++at)
+      if (one[at] != other[at]) return false;
+    return true;
+  }
+
+  static std::size_t slotOf(std::string_view name) {
+    const auto letter = [&](std::size_t at) { return static_cast<unsigned char>(name[at]); };
+    const std::size_t size = name.size();
+    return (size + letter(0) * 5U + letter(size / 2) * 37U + letter(size - 1) * 139U) % slotCount;
+  }
+
+  /// Of the keywords from 1; 0 in a free slot.
+  std::array<std::uint8_t, slotCount> numbers_{};
+};
+
 const P::Keyword* P::keywordNamed(std::string_view name) {
-  const Keyword* const found = std::lower_bound(
-      std::begin(keywords), std::end(keywords), name,
-      [](const Keyword& keyword, std::string_view sought) { return keyword.name < sought; });
-  return found != std::end(keywords) && found->name == name ? found : nullptr;
+  static_assert(std::size(keywords) < 256);
+  static const KeywordIndex index;
+  return index.find(name);
 }
 
 }  // namespace autonotify

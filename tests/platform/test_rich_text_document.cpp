@@ -1,0 +1,289 @@
+// Rich texts with their formats: reading, writing, cutting and putting together.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/rich_text.h"
+#include "platform/richtext/rich_text_edit.h"
+#include "platform/text.h"
+
+namespace autonotify {
+namespace {
+
+struct Case {
+  std::string rtf;
+  std::string shown;
+};
+
+/// What differs from the standard look, such as "[b,fs24,Symbol]text"; paragraphs end in "|".
+std::string shownFormat(const CharacterFormat& format) {
+  std::string words;
+  const auto add = [&](bool isThere, const std::string& word) {
+    if (isThere) words += (words.empty() ? "" : ",") + word;
+  };
+  add(format.bold, "b");
+  add(format.italic, "i");
+  add(format.underline, "ul");
+  add(format.strike, "strike");
+  add(format.halfPoints != 20, "fs" + std::to_string(format.halfPoints));
+  add(format.color.has_value(), "cf" + std::to_string(format.color.value_or(0)));
+  add(format.background.has_value(), "cb" + std::to_string(format.background.value_or(0)));
+  add(format.font != "Arial", format.font);
+  return words.empty() ? "" : "[" + words + "]";
+}
+
+std::string shownFormat(const ParagraphFormat& format) {
+  std::string words = std::array{"", "qc ", "qr ", "qj "}[static_cast<int>(format.alignment)];
+  const auto add = [&](const char* name, int measure) {
+    if (measure != 0) words += name + std::to_string(measure) + " ";
+  };
+  add("li", format.leftIndent);
+  add("ri", format.rightIndent);
+  add("fi", format.firstLineIndent);
+  add("sb", format.spaceBefore);
+  add("sa", format.spaceAfter);
+  for (const TabStop& stop : format.tabStops)
+    add(std::array{"tx", "tqc", "tqr", "tqdec"}[static_cast<int>(stop.alignment)], stop.position);
+  return words + (format.marker.empty() ? "" : "(" + format.marker + ") ");
+}
+
+std::string shown(const RichText& text) {
+  std::string result;
+  for (const Paragraph& paragraph : text.paragraphs) {
+    if (&paragraph != &text.paragraphs.front()) result += "|";
+    result += shownFormat(paragraph.format);
+    for (const Run& run : paragraph.runs) result += shownFormat(run.format) + run.text;
+  }
+  return result;
+}
+
+/// The one text that all ways give: the document's, the parser's and that of the text rewritten.
+void expectRoundTrip(const std::string& rtf) {
+  const RichText text = readRichText(rtf);
+  const std::string written = writeRichText(text);
+  ASSERT_EQ(readRichText(written), text) << rtf << "\n" << written;
+  ASSERT_EQ(plainTextOf(text), plainTextOf(rtf)) << rtf;
+  ASSERT_EQ(plainTextOf(written), plainTextOf(rtf)) << rtf << "\n" << written;
+}
+
+const std::string head =
+    "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}{\\f1\\froman "
+    "Times;}{\\f2\\fnil\\fcharset2 Symbol;}{\\f3\\fcharset204 Arial Cyr{\\*\\falt Arial};}}"
+    "{\\colortbl ;\\red255\\green0\\blue0;\\red0\\green128\\blue1;}\\fs20 ";
+
+/// A letter in the manner of a large word processor: properties in groups, associated fonts, list
+/// texts, a table, a field, a picture, a footer.
+const std::string wordLetter =
+    "{\\rtf1\\adeflang1025\\ansi\\ansicpg1252\\uc1\\adeff0\\deff0\\stshfdbch0\\deflang1033\r\n"
+    "{\\fonttbl{\\f0\\fbidi \\froman\\fcharset0\\fprq2{\\*\\panose 02020603050405020304}Times New "
+    "Roman;}{\\f3\\fbidi \\froman\\fcharset2\\fprq2 Symbol;}}\r\n"
+    "{\\colortbl;\\red0\\green0\\blue0;\\red192\\green0\\blue0;}\r\n"
+    "{\\stylesheet{\\ql \\fs24 \\snext0 Normal;}{\\s1\\qc\\b\\fs32 heading 1;}}\r\n"
+    "{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u-3913 "
+    "?;}\\f3}}}{\\info{\\title T}}\r\n"
+    "{\\footer \\pard \\qc {\\rtlch Page}\\par}\\pard\\plain \\ltrpar\\s1\\qc\\sb240 \\fs32 "
+    "{\\rtlch\\fcs1 \\af0 \\ltrch\\fcs0 \\b\\insrsid123 Avis\\par }"
+    "\\pard\\plain \\ql\\fs24 {\\insrsid1 Ch\\'e8re \\'abContact }{\\b\\insrsid2 "
+    "Name\\'bb},}{\\par }"
+    "{\\listtext\\pard\\plain\\f3 \\'b7\\tab}\\pard \\li720\\fi-360\\tx720 {les "
+    "relev\\'e9s\\par {\\listtext\\pard\\plain\\f3 \\'b7\\tab}}{\\cf2 urgent}{\\par }"
+    "\\pard \\trowd\\cellx100\\intbl a\\cell b\\cell\\row \\pard {\\field{\\*\\fldinst "
+    "HYPERLINK \"x\"}{\\fldrslt{\\ul www}}}{\\*\\shppict{\\pict\\pngblip 89}}.\\par}";
+
+/// The same in the manner of a small editor, and what a free office suite makes of it.
+const std::string smallEditor =
+    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\nouicompat{\\fonttbl{\\f0\\fnil\\fcharset0 "
+    "Calibri;}{\\f1\\fnil\\fcharset2 Symbol;}}\r\n{\\*\\generator Riched20 10.0}\\viewkind4\\uc1 "
+    "\r\n"
+    "\\pard\\sa200\\b\\f0\\fs22 Bonjour\\b0\\par\r\n"
+    "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\fi-"
+    "360\\li720 "
+    "un\\par\r\n{\\pntext\\f1\\'B7\\tab}deux\\par\r\n\\pard fin\\par\r\n}\r\n";
+const std::string officeSuite =
+    "{\\rtf1\\ansi\\deff3\\adeflang1025{\\fonttbl{\\f0\\froman\\fprq2\\fcharset0 Times;}"
+    "{\\f3\\froman\\fprq2\\fcharset0 Liberation Serif{\\*\\falt Times New Roman};}}\n"
+    "{\\colortbl;\\red0\\green0\\blue0;\\red201\\green33\\blue30;}\n\\pgndec\\pard\\plain "
+    "\\s0\\widctlpar\\hyphpar0\\ltrpar\\cf0\\f3\\fs24\\lang1036{\\loch \nCher M. "
+    "Ren{\\uc1\\u233\\'e9}}{\\cf2\\strike\\loch barr\\u233\\'e9}\n\\par \\pard\\plain "
+    "\\qr{\\loch\\u8364\\'80 12}\n\\par }";
+
+TEST(RichTextDocument, readsWhatProgramsWrite) {
+  const std::vector<Case> cases = {
+      {wordLetter,
+       "qc sb240 [b,fs32,Times New Roman]Avis|[fs24,Times New Roman]Chère «Contact Name»,|"
+       "li720 fi-360 tx720 (•) [fs24,Times New Roman]les relevés|li720 fi-360 tx720 (•) "
+       "[fs24,cf192,Times New Roman]urgent|[fs24,Times New Roman]a\tb|[ul,fs24,Times New "
+       "Roman]www[fs24,Times New Roman].|[fs24,Times New Roman]"},
+      {smallEditor,
+       "sa200 [b,fs22,Calibri]Bonjour|li720 fi-360 (•) [fs22,Calibri]un|li720 fi-360 (•) "
+       "[fs22,Calibri]deux|[fs22,Calibri]fin|[fs22,Calibri]"},
+      {officeSuite,
+       "[fs24,Liberation Serif]Cher M. René[strike,fs24,cf1974729,Liberation Serif]barré|qr "
+       "[fs24,Liberation Serif]€ 12|qr [fs24,Liberation Serif]"}};
+  for (const auto& [rtf, expected] : cases) {
+    EXPECT_EQ(shown(readRichText(rtf)), expected);
+    expectRoundTrip(rtf);
+  }
+}
+
+TEST(RichTextDocument, formatsHoldForTheirGroup) {
+  const std::vector<Case> cases = {
+      {"{\\b a{\\i b}c}d", "[b]a[b,i]b[b]cd"},
+      {"\\b a\\b0 b\\ul c\\ulnone d\\strike e\\plain f", "[b]ab[ul]cd[strike]e[fs24]f"},
+      {"\\cf1 a\\cf2\\highlight1 b\\cf0\\cb0 c\\cf9 d", "[cf255]a[cf98304,cb255]bcd"},
+      {"\\f1\\fs30 a\\f0\\fs0 b\\fs99999 c", "[fs30,Times]a[fs24]b[fs3276]c"},
+      {"\\f3 \\'c6\\f0 \\'c6", "[Arial Cyr]ЖÆ"},
+      {"\\qc a\\par b\\par\\pard\\qj\\li5\\ri6\\fi-7\\sb8\\sa9 c",
+       "qc a|qc b|qj li5 ri6 fi-7 sb8 sa9 c"},
+      {"\\tx9\\tqr\\tx10\\tqdec\\tx11 a\\par{\\tqc\\tx12 b\\par}c",
+       "tx9 tqr10 tqdec11 a|tx9 tqr10 tqdec11 tqc12 b|tx9 tqr10 tqdec11 c"},
+      {"{\\pntext 1.\\tab}a\\par b{\\pntext 2.\\tab}c\\par{\\listtext  }d", "(1.) a|b2.\tc|d"},
+      {"a\\line b\\page c\\'0dd\\par", "a\nb|c\nd|"},
+      {"a\\par{\\b\\qr }\\b\\par\\i", "a|[b]|[b,i]"}};
+  for (const auto& [rtf, expected] : cases) {
+    EXPECT_EQ(shown(readRichText(head + rtf + "}")), expected);
+    expectRoundTrip(head + rtf + "}");
+  }
+}
+
+TEST(RichTextDocument, mergeTokensStayWhole) {
+  const std::string date = "\\'ab(Task Due Date, mmmm d yyyy)\\'bb";
+  const std::vector<Case> cases = {
+      {"Hi \\'abCompany {\\b Name}\\'bb!", "Hi \\'abCompany Name\\'bb!"},
+      {"{\\b\\'ab}Company\\i  Name\\'bb x", "\\'abCompany Name\\'bb"},
+      {"\\'abCom{\\cf1 pany}\\f1  Name\\fs40\\'bb\\fs20 y", "\\'abCompany Name\\'bb"},
+      {"<{\\b <Company} Name>\\b >", "<<Company Name>>"},
+      {"\\'ab(Task{\\ul  Due} Date, mmmm\\b  d yyyy)\\'bb", date},
+      {"\u00ABCompany \\b Name\u00BB", "\\'abCompany Name\\'bb"},
+      {"\\'aba\\'abCompany \\b Name\\'bb\\'bb", "\\'abCompany Name\\'bb"}};
+  for (const auto& [rtf, token] : cases) {
+    const std::string written = writeRichText(readRichText(head + rtf + "}"));
+    EXPECT_NE(written.find(token), std::string::npos) << written;
+    EXPECT_EQ(plainTextOf(written), plainTextOf(head + rtf + "}"));
+  }
+  const std::string quoted = "\u00AB " + std::string(41, 'q') + "{\\b bold} \u00BB";
+  EXPECT_NE(shown(readRichText(head + quoted + "}")).find("[b]bold"), std::string::npos);
+}
+
+/// Any document, in the shape that tidyRuns gives.
+class RandomDocument {
+ public:
+  explicit RandomDocument(unsigned seed) : random_(seed) {}
+
+  RichText make() {
+    RichText text{{}};
+    for (int count = below(6); count >= 0; --count) text.paragraphs.push_back(paragraph());
+    return text;
+  }
+  int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+
+ private:
+  Paragraph paragraph() {
+    Paragraph result{{}, {}};
+    result.format.alignment = static_cast<Alignment>(below(4));
+    result.format.leftIndent = below(3) * 360;
+    result.format.firstLineIndent = below(3) * -180;
+    for (int count = below(3); count > 0; --count)
+      result.format.tabStops.push_back({below(9000), static_cast<TabAlignment>(below(4))});
+    if (below(4) == 0) result.format.marker = std::array{"•", "1.", "(é)", "😀"}[below(4)];
+    for (int count = below(5); count >= 0; --count) result.runs.push_back({words(), format()});
+    tidyRuns(result);
+    return result;
+  }
+  std::string words() {
+    static const std::array pieces{"a",  " ", "\t", "\n", "é",    "«",  "»",
+                                   "Ж",  "😀", "\\", "{",  "}b",   "<<", ">>",
+                                   "-1", "€", ";",  "'",  "\x01", "x0", "\u00A0"};
+    std::string result;
+    for (int count = below(9); count > 0; --count)
+      result += pieces[static_cast<std::size_t>(below(pieces.size()))];
+    return result;
+  }
+  CharacterFormat format() {
+    CharacterFormat result;
+    result.font = std::array{"Arial", "Times New Roman", "Wingdings", "Ünï{code"}[below(4)];
+    result.halfPoints = 16 + below(3) * 4;
+    for (bool* flag : {&result.bold, &result.italic, &result.underline, &result.strike})
+      *flag = below(3) == 0;
+    if (below(3) == 0) result.color = below(1 << 24);
+    if (below(5) == 0) result.background = below(2);
+    return result;
+  }
+
+  std::mt19937 random_;
+};
+
+TEST(RichTextDocument, anyDocumentReadsBackEqual) {
+  for (unsigned seed = 0; seed < 3000; ++seed) {
+    const RichText text = RandomDocument(seed).make();
+    const std::string rtf = writeRichText(text);
+    ASSERT_EQ(readRichText(rtf), text) << seed << "\n" << rtf;
+    ASSERT_EQ(plainTextOf(rtf), plainTextOf(text)) << seed;
+    ASSERT_EQ(writeRichText(readRichText(rtf)), rtf) << seed;
+  }
+}
+
+/// Characters with their look, one by one: what the edits must agree with.
+using Flat = std::vector<std::string>;
+Flat flat(const RichText& text) {
+  Flat result;
+  for (const Paragraph& paragraph : text.paragraphs) {
+    if (&paragraph != &text.paragraphs.front()) result.push_back("\n");
+    for (const Run& run : paragraph.runs)
+      for (std::size_t at = 0; at < characterCount(run.text); ++at)
+        result.push_back(shown(extract({{{{}, {run}}}}, at, at + 1)));
+  }
+  return result;
+}
+
+/// Marks would join the looks of what an edit brings together.
+RichText withoutMarks(RichText text) {
+  for (Paragraph& paragraph : text.paragraphs) {
+    for (Run& run : paragraph.runs)
+      for (const char* mark : {"«", "»", "<<", ">>"}) run.text = replaceAll(run.text, mark, "m");
+    tidyRuns(paragraph);
+  }
+  return text;
+}
+
+TEST(RichTextDocument, editsAgreeWithCharactersInARow) {
+  for (unsigned seed = 0; seed < 1000; ++seed) {
+    RandomDocument random(seed);
+    RichText text = withoutMarks(random.make());
+    Flat expected = flat(text);
+    ASSERT_EQ(expected.size(), lengthOf(text)) << seed;
+    const int length = static_cast<int>(expected.size());
+    const int from = random.below(length + 1);
+    const int to = from + random.below(length - from + 1);
+    const RichText piece = richTextOf("x\r\nÿ", characterFormatAt(text, std::size_t(from)));
+    const Flat inserted = flat(piece);
+    expected.erase(expected.begin() + from, expected.begin() + to);
+    expected.insert(expected.begin() + from, inserted.begin(), inserted.end());
+    replace(text, static_cast<std::size_t>(from), static_cast<std::size_t>(to), piece);
+    ASSERT_EQ(flat(text), expected) << seed;
+  }
+}
+
+TEST(RichTextDocument, aTextCutAnywhereIsReadAsFarAsItGoes) {
+  for (const std::string& rtf : {wordLetter, smallEditor, officeSuite})
+    for (std::size_t length = 0; length <= rtf.size(); ++length) {
+      if (isRichText(rtf.substr(0, length))) expectRoundTrip(rtf.substr(0, length));
+    }
+}
+
+TEST(RichTextDocument, deepNestingIsNoTrouble) {
+  constexpr std::size_t deep = 100'000;
+  std::string rtf = head;
+  for (std::size_t i = 0; i < deep; ++i) rtf += i % 2 ? "{\\b " : "{\\i\\tx9 ";
+  EXPECT_EQ(shown(readRichText(rtf + "a" + std::string(deep, '}') + "c}")), "[b,i]ac");
+  rtf = head;
+  for (std::size_t i = 0; i < deep; ++i) rtf += i % 2 ? "{\\b a" : "{\\b0 a";
+  const RichText text = readRichText(rtf);
+  EXPECT_EQ(text.paragraphs.front().runs.size(), deep);
+  EXPECT_EQ(readRichText(writeRichText(text)), text);
+}
+
+}  // namespace
+}  // namespace autonotify
