@@ -12,10 +12,12 @@ COMPONENT = [
     ("src/control/contract", ["src/platform"]),
     ("src/settings", ["src/control/contract"]),
     ("src/store", ["src/control/contract"]),
+    ("src/contacts", ["src/store"]),
     ("src/merge", ["src/control/contract"]),
     ("src/scheduling", ["src/store", "src/merge"]),
     ("src/store/channels", ["src/scheduling", "src/store"]),
-    ("src/control", ["src/store/channels", "src/settings"]),
+    ("src/wizards", ["src/store/channels", "src/settings", "src/contacts"]),
+    ("src/control", ["src/wizards"]),
 ]
 PUBLIC = ["src/platform", "src/control/contract", "src/control"]
 HOST = [

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "contacts/modAddressFormatting.h"
+#include "control/contract/recordsets.h"
+
+// Reading address records. Each function is made of statements of the caller's frame.
+
+namespace autonotify {
+
+/// Which parts of a record are wanted.
+struct AddressParts {
+  bool address = false;
+  bool phones = false;
+  bool email = false;
+
+  bool hasContactLines() const { return phones || email; }
+};
+
+/// The name that a contact goes by; False, with `name` untouched, when there is no such contact.
+bool readDisplayName(Step& step, Id contactId, std::string& name);
+
+/// See createCompanyAddress.
+void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts& parts,
+                        bool& includePerson, AddressRecord& record);
+
+/// A contact or, with `contactId` below 0, a member of staff.
+struct AddressPerson {
+  Id contactId = noId;
+  Id employeeId = noId;
+};
+
+/// See createBusinessContactAddress. The name of the person is read whatever the parts.
+void readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
+                         const AddressParts& parts, bool includeBusinessName,
+                         AddressRecord& record);
+
+/// See createPersonalContactAddress.
+void readHomeAddress(Step& step, const AddressPerson& person, const AddressParts& parts,
+                     AddressRecord& record);
+
+}  // namespace autonotify

@@ -1,0 +1,106 @@
+#include "contacts/address_records.h"
+#include "contacts/modDefaultContact.h"
+#include "control/contract/RichTextUtility.h"
+#include "platform/controls/RichTextBox.h"
+#include "platform/format.h"
+
+namespace autonotify {
+namespace {
+
+constexpr const char* twoLineEnds = "\r\n\r\n";
+
+void startHeading(std::string& heading, bool includeDate, DateTime date) {
+  heading = " ";
+  if (includeDate) heading += formatDateTime(date, "mmmm d, yyyy") + twoLineEnds;
+}
+
+void appendSalutation(Step& step, std::string& heading, Id contactId) {
+  std::string name;
+  readDisplayName(step, contactId, name);
+  if (!name.empty()) heading += "Dear " + name + "," + twoLineEnds;
+}
+
+void insertHeading(Step& step, RichTextBox& box, const std::string& heading) {
+  if (heading.empty()) return;
+  if (box.text().empty()) step.run([&] { box.setText(" "); });
+  std::unique_ptr<RichTextUtility> helper;
+  step.assign(helper, [] { return createHostObject<RichTextUtility>(); });
+  if (!helper) return;
+  step.run([&] { helper->put_errorClass(references().errors); });
+  step.run([&] { helper->put_LocaleReference(references().localeReference); });
+  step.run([&] { helper->insertTextAt(&box, heading, 0); });
+  step.run([&] { helper->release(); });
+}
+
+void removeHeading(Step& step, RichTextBox& box, const std::string& heading) {
+  if (heading.empty() || box.text().empty()) return;
+  step.run([&] { box.removeRichText(convertToRTF(heading)); });
+}
+
+}  // namespace
+
+std::string createInsertBusinessAddress(Id companyID, bool includeDate, DateTime date,
+                                        bool includeSalutation, bool asRTF) {
+  return procedure("Morvane.exe-modAddressFormatting-createInsertBusinessAddress", std::string{},
+                   [&](Step& step, std::string& result) {
+                     if (companyID < 0 || !isDatabaseOpen(step)) return;
+                     startHeading(result, includeDate, date);
+                     bool includePerson = true;
+                     result += createCompanyAddress(companyID, includePerson, asRTF, noId, true,
+                                                    false, false) +
+                               twoLineEnds;
+                     if (!includeSalutation) return;
+                     appendSalutation(step, result, checkForDefaultContact(companyID, noId));
+                   });
+}
+
+std::string createInsertContactPersonalAddress(Id contactID, bool includeDate, DateTime date,
+                                               bool includeSalutation) {
+  return procedure("Morvane.exe-modAddressFormatting-createInsertContactPersonalAddress",
+                   std::string{}, [&](Step& step, std::string& result) {
+                     if (contactID < 0 || !isDatabaseOpen(step)) return;
+                     startHeading(result, includeDate, date);
+                     result +=
+                         createPersonalContactAddress(contactID, false, noId, true, false, false) +
+                         twoLineEnds;
+                     if (includeSalutation) appendSalutation(step, result, contactID);
+                   });
+}
+
+void insertBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
+                           bool includeSalutation, bool asRTF) {
+  procedure("Morvane.exe-modAddressFormatting-insertBusinessAddress", [&](Step& step) {
+    insertHeading(
+        step, box,
+        createInsertBusinessAddress(companyID, includeDate, date, includeSalutation, asRTF));
+  });
+}
+
+void removeBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
+                           bool includeSalutation, bool asRTF) {
+  procedure("Morvane.exe-modAddressFormatting-removeBusinessAddress", [&](Step& step) {
+    removeHeading(
+        step, box,
+        createInsertBusinessAddress(companyID, includeDate, date, includeSalutation, asRTF));
+  });
+}
+
+void insertContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
+                                  bool includeSalutation) {
+  procedure("Morvane.exe-modAddressFormatting-insertContactPersonalAddress", [&](Step& step) {
+    insertHeading(
+        step, box,
+        createInsertContactPersonalAddress(contactID, includeDate, date, includeSalutation));
+  });
+}
+
+void removeContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
+                                  bool includeSalutation) {
+  procedure("Morvane.exe-modAddressFormatting-removeContactPersonalAddress", [&](Step& step) {
+    removeHeading(
+        step, box,
+        createInsertContactPersonalAddress(contactID, includeDate, date, includeSalutation));
+  });
+}
+
+}  // namespace autonotify

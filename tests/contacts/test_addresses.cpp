@@ -1,0 +1,170 @@
+#include "contacts/modAddressFormatting.h"
+#include "platform/controls/RichTextBox.h"
+#include "platform/text.h"
+#include "support/HostTest.h"
+
+namespace autonotify::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// Line ends as "|", to be read at a glance.
+std::string shown(const std::string& text) {
+  return replaceAll(text, "\r\n", "|");
+}
+
+AddressRecord recordOf(std::initializer_list<std::pair<AddressField, const char*>> fields) {
+  AddressRecord record;
+  for (const auto& [field, text] : fields) record[field] = text;
+  return record;
+}
+
+using enum AddressField;
+
+TEST_F(HostTest, AddressBlocksByTheirFields) {
+  const struct {
+    AddressRecord record;
+    const char* block;
+  } cases[] = {
+      {recordOf({}), ""},
+      {recordOf({{businessName, " Acme "},
+                 {personName, "Jo"},
+                 {street, "1 Elm\r\nSuite 2 "},
+                 {city, "Ottawa"},
+                 {province, "ON"},
+                 {postalCode, "K2G 0Z1"},
+                 {country, "Canada"}}),
+       "Acme|Jo|1 Elm|Suite 2|Ottawa, ON  K2G 0Z1"},
+      {recordOf({{street, "1 Elm"}}), "1 Elm|"},
+      {recordOf({{street, "1 Elm"}, {country, " cda "}}), "1 Elm|"},
+      {recordOf({{street, "1 Elm"}, {city, "Ottawa"}, {postalCode, "K2G"}}), "1 Elm|Ottawa  K2G"},
+      {recordOf({{street, "1 Elm"}, {province, "ON"}, {country, "USA"}}), "1 Elm|ON|USA"},
+      {recordOf({{street, "1 Elm"}, {postalCode, "K2G"}}), "1 Elm|K2G"},
+      {recordOf({{personName, "Jo"}, {city, "Ottawa"}}), "Jo||Ottawa"},
+      {recordOf({{personName, "Jo"}, {province, "ON"}, {country, "can"}}), "Jo|ON"},
+      {recordOf({{country, "Canadas"}}), "|Canadas"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(shown(createAddress(c.record, true, false)), c.block);
+  EXPECT_EQ(createAddress(recordOf({{personName, "Jo"}}), false, false), "");
+}
+
+TEST_F(HostTest, ContactLinesStandInOrderAndRTFConvertsTheBlockTwice) {
+  AddressRecord record = recordOf({{street, "1 Elm"}, {city, "Ottawa"}});
+  const char* texts[] = {"1", "2", "3", "4", "5", "6"};
+  const AddressField fields[] = {phone, fax, cell, homePhone, email, webSite};
+  for (int i = 0; i < 6; ++i) record[fields[i]] = texts[i];
+  EXPECT_EQ(shown(createAddressWithContactInfo(record, true, false)),
+            "1 Elm|Ottawa|Phone: 1|Fax: 2|Cell: 3|Home: 4|Email: 5|Web Site: 6");
+  record.fields[8] = record.fields[9] = record.fields[10] = record.fields[11] = " ";
+  EXPECT_EQ(shown(createAddressWithContactInfo(record, true, true)),
+            "1 Elm\\par \\par |Ottawa\\par |Phone: 1\\par |Web Site: 6");
+  EXPECT_EQ(shown(createAddress(record, true, true)), "1 Elm\\par |Ottawa");
+  clearAddressFields(record);
+  EXPECT_EQ(createAddressWithContactInfo(record, true, true), "");
+}
+
+class Addresses : public HostTest {
+ protected:
+  Id company = addRow("Companies", {{"CompanyName", "Acme"},
+                                    {"Address", "1 Elm"},
+                                    {"City", "Ottawa"},
+                                    {"OfficeNumber", "1"},
+                                    {"FaxNumber", "2"},
+                                    {"Email", "a@x"}});
+  Id contact = addRow("Contacts", {{"DisplayName", "Jo Park"},
+                                   {"BusinessName", "Jo Inc"},
+                                   {"BusinessAddress", "9 Oak"},
+                                   {"BusinessProvince", "QC"},
+                                   {"BusinessPhone_Main", "3"},
+                                   {"BusinessPhone_Cell", "4"},
+                                   {"BusinessEmail", "jo@x"},
+                                   {"InheritCompanyInfo", "True"},
+                                   {"HomeAddress", "5 Fir"},
+                                   {"HomePhone_Main", "6"},
+                                   {"PersonalEmail", "jo@home"}});
+  Id firm = addRow("AccountantFirmInfo",
+                   {{"CompanyName", "Firm"}, {"Address", "7 Ash"}, {"OfficeNumber", "8"}});
+  Id staff = addRow("AccountantEmployeeInfo", {{"DisplayName", "Al"},
+                                               {"CompanyNum", firm},
+                                               {"InheritCompanyInfo", "True"},
+                                               {"HomeAddress", "3 Bay"}});
+  bool person = true;
+};
+
+TEST_F(Addresses, OfACompanyWithAndWithoutDefaultContact) {
+  EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, true, false, false)),
+            "Acme|1 Elm|Ottawa");
+  EXPECT_FALSE(person) << "no default contact";
+  linkDefaultContact(contact, company);
+  person = true;
+  std::string block;
+  EXPECT_THAT(statementsOf([&] {
+                block = createCompanyAddress(company, person, false, noId, true, true, true);
+              }),
+              ElementsAre("1,1 SELECT Companies.* FROM Companies WHERE Companies.CompanyID=1;",
+                          testing::StartsWith("1,1 SELECT ContactLinks.*"),
+                          "1,1 SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE "
+                          "Contacts.ContactID=1;"));
+  EXPECT_EQ(shown(block), "Acme|Jo Park|1 Elm|Ottawa|Phone: 1|Fax: 2|Email: a@x");
+  EXPECT_TRUE(person);
+  EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, false, false, true)),
+            "Jo Park||Email: a@x");
+  EXPECT_EQ(shown(createCompanyAddress(noId, person, false, firm, true, false, false)),
+            "Firm|7 Ash|");
+  closeDatabase();
+  EXPECT_EQ(createCompanyAddress(company, person, false, noId, true, true, true), "");
+}
+
+TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
+  const auto atWork = [&](Id contactId, Id employeeId, Id companyId) {
+    return shown(createBusinessContactAddress(contactId, false, employeeId, companyId, true, true,
+                                              true, true));
+  };
+  EXPECT_EQ(atWork(contact, noId, noId), "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x");
+  EXPECT_EQ(atWork(contact, noId, company),
+            "Jo Inc|Jo Park|1 Elm|Ottawa, QC|Phone: 3|Fax: 2|Cell: 4|Email: jo@x");
+  EXPECT_EQ(atWork(noId, staff, company), "Al|7 Ash||Phone: 8");
+  EXPECT_EQ(atWork(noId, noId, company), "");
+  EXPECT_EQ(atWork(99, noId, company), "");
+  EXPECT_EQ(shown(createBusinessContactAddress(contact, false, noId, company, false, false, false,
+                                               false)),
+            "Jo Park|");
+}
+
+TEST_F(Addresses, AtHome) {
+  EXPECT_EQ(shown(createPersonalContactAddress(contact, false, noId, true, true, true)),
+            "Jo Park|5 Fir||Phone: 6|Email: jo@home");
+  EXPECT_EQ(shown(createPersonalContactAddress(noId, true, staff, true, false, false)),
+            "Al\\par \\par |3 Bay\\par \\par |");
+}
+
+TEST_F(Addresses, HeadingsComeIntoABoxAndOutAgain) {
+  linkDefaultContact(contact, company);
+  const DateTime day = DateTime::of(2026, 4, 5);
+  EXPECT_EQ(shown(createInsertBusinessAddress(company, true, day, true, false)),
+            " April 5, 2026||Acme|Jo Park|1 Elm|Ottawa||Dear Jo Park,||");
+  EXPECT_EQ(shown(createInsertContactPersonalAddress(contact, false, day, true)),
+            " Jo Park|5 Fir|||Dear Jo Park,||");
+  EXPECT_EQ(createInsertBusinessAddress(noId, true, day, true, false), "");
+
+  RichTextBox box;
+  box.setTextRTF("{\\rtf1 Your \\b return\\b0  is due.}");
+  const std::string before = box.textRTF();
+  insertBusinessAddress(box, company, true, day, true, false);
+  EXPECT_EQ(shown(box.text()),
+            " April 5, 2026||Acme|Jo Park|1 Elm|Ottawa||Dear Jo Park,||Your return is due.");
+  const std::string with = box.textRTF();
+  removeBusinessAddress(box, company, true, day.addDays(1), true, false);
+  EXPECT_EQ(box.textRTF(), with) << "the heading is of another day";
+  removeBusinessAddress(box, company, true, day, true, false);
+  EXPECT_EQ(box.textRTF(), before);
+
+  RichTextBox empty;
+  insertContactPersonalAddress(empty, contact, false, day, false);
+  EXPECT_EQ(shown(empty.text()), " Jo Park|5 Fir||| ");
+  removeContactPersonalAddress(empty, contact, false, day, false);
+  EXPECT_EQ(empty.text(), " ");
+}
+
+}  // namespace
+}  // namespace autonotify::test

@@ -1,0 +1,63 @@
+#include "contacts/clsClientAddrBkCatTxt.h"
+#include "support/HostTest.h"
+
+namespace autonotify::test {
+namespace {
+
+class CategoryText : public HostTest {
+ protected:
+  std::string textOf(Id company, bool showMain = false) {
+    clsClientAddrBkCatTxt text;
+    text.put_CompanyIDNum(company);
+    text.ShowMainAddressBookCategory = showMain;
+    text.generateCategoryText();
+    const std::string first = text.CategoryText;
+    text.generateCategoryText();
+    EXPECT_EQ(text.CategoryText, first) << "made anew each time";
+    return first;
+  }
+  Id addCategory(const char* name, Id parent, int code = 0) {
+    return addRow("Categories",
+                  {{"CategoryName", name}, {"CategoryNum", parent}, {"CategorySpecialCode", code}});
+  }
+};
+
+TEST_F(CategoryText, GoesUpFromTheCompany) {
+  const Id main = addCategory("Main", noId, 1);
+  const Id top = addCategory("Clients", main);
+  const Id own = addCategory("Retail", top);
+  const Id parent = addRow("Companies", {{"CompanyName", "Holding"}});
+  const Id company =
+      addRow("Companies", {{"CompanyName", "Acme"}, {"CategoryNum", own}, {"CompanyNum", parent}});
+  const Id child = addRow("Companies", {{"CompanyName", "Sub"}, {"CompanyNum", parent}});
+  const std::string lines = "    Retail\r\n        Holding\r\n            Clients\r\n";
+  EXPECT_EQ(textOf(company), lines);
+  EXPECT_EQ(textOf(company, true), lines + "                Main\r\n");
+  EXPECT_EQ(textOf(child), "    Holding\r\n");
+  EXPECT_EQ(textOf(parent), "");
+  EXPECT_EQ(textOf(noId), "");
+
+  clsClientAddrBkCatTxt ofContact;
+  ofContact.put_ContactIDNum(addRow("Contacts", {{"DisplayName", "Jo"}}));
+  ofContact.generateCategoryText();
+  EXPECT_EQ(ofContact.CategoryText, "");
+  EXPECT_EQ(ofContact.get_ContactIDNum(), 1);
+}
+
+TEST_F(CategoryText, EndsAfterAHundredRounds) {
+  const auto lineCount = [&](Id category) {
+    const std::string text = textOf(addRow("Companies", {{"CategoryNum", category}}));
+    return std::ranges::count(text, '\n');
+  };
+  Id category = noId;
+  for (int i = 0; i < 150; ++i) category = addCategory("C", category);
+  EXPECT_EQ(lineCount(category), 101);
+  EXPECT_EQ(lineCount(40), 40);
+  const Id loop = addCategory("Loop", 0);
+  plainDatabase->connection().exec(
+      "UPDATE Categories SET CategoryNum=CategoryID WHERE CategoryName='Loop'");
+  EXPECT_EQ(lineCount(loop), 101);
+}
+
+}  // namespace
+}  // namespace autonotify::test

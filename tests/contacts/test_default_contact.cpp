@@ -1,0 +1,84 @@
+#include "contacts/modContactSummaries.h"
+#include "contacts/modDefaultContact.h"
+#include "platform/rich_text.h"
+#include "support/HostTest.h"
+
+namespace autonotify::test {
+namespace {
+
+using testing::ElementsAre;
+
+class DefaultContact : public HostTest {
+ protected:
+  DefaultContact() { addRow("CompaniesNotes", {{"CompanyNum", company}}); }
+
+  Id addContact(const char* name, const RowFields& more = {}) {
+    RowFields fields{{"DisplayName", name}};
+    fields.insert(fields.end(), more.begin(), more.end());
+    const Id id = addRow("Contacts", fields);
+    addRow("ContactLinks", {{"ContactIDNum", id}, {"CompanyNum", company}});
+    return id;
+  }
+  std::string defaults() {
+    return dump("SELECT ContactIDNum FROM ContactLinks WHERE DefaultContact<>0 ORDER BY 1");
+  }
+  std::string told() {
+    return dump(
+        "SELECT DefaultContactName, DefaultContactPhoneNumber, DefaultContactFaxNumber, "
+        "DefaultContactEmail FROM Companies");
+  }
+  std::string summary() {
+    return plainTextOf(toText(valueOf("CompaniesNotes", "ContactNotes", "CompanyNum=1")));
+  }
+
+  Id company = addRow("Companies", {{"CompanyName", "Acme"}, {"FaxNumber", "9"}});
+  Id al = addContact("Al", {{"HomePhone_Main", "1"},
+                            {"BusinessPhone_Fax", "2"},
+                            {"BusinessEmail", "al@x"},
+                            {"PersonalEmail", "al@home"}});
+  Id jo = addContact("Zoë", {{"BusinessPhone_Main", "3"}, {"InheritCompanyInfo", "True"}});
+};
+
+TEST_F(DefaultContact, ExactlyOneIsLeft) {
+  EXPECT_EQ(checkForDefaultContact(company, noId), noId);
+  linkDefaultContact(al, company);
+  linkDefaultContact(jo, company);
+  EXPECT_EQ(checkForDefaultContact(company, noId), al);
+  EXPECT_EQ(checkForDefaultContact(company, al), jo);
+  EXPECT_FALSE(setContactAsDefault(company, 99));
+  EXPECT_EQ(defaults(), "1|\n2|\n");
+  EXPECT_TRUE(setContactAsDefault(company, jo));
+  EXPECT_EQ(defaults(), "2|\n");
+  EXPECT_EQ(told(), "Zoë|3|||\n");
+  setNoContactAsDefault(company);
+  EXPECT_EQ(defaults(), "");
+  EXPECT_EQ(told(), "||||\n");
+}
+
+TEST_F(DefaultContact, ColumnsAreWrittenInOrder) {
+  EXPECT_THAT(columnsWrittenBy([&] { setContactAsDefault(company, al); }),
+              ElementsAre("DefaultContact=True", "PortalChangedFlag=True", "DefaultContactName=Al",
+                          "DefaultContactPhoneNumber=1", "DefaultContactFaxNumber=2",
+                          "DefaultContactEmail=al@x"));
+  EXPECT_THAT(columnsWrittenBy([&] { setNoContactAsDefault(company); }),
+              testing::Contains("DefaultContact=0"));
+  closeDatabase();
+  EXPECT_FALSE(setContactAsDefault(company, al));
+}
+
+TEST_F(DefaultContact, SummariesFollowTheDefaultContact) {
+  saveCompanyContactRTF(company);
+  EXPECT_EQ(summary(), "This company has no default contact.");
+  setContactAsDefault(company, jo);
+  saveContactBusinessRTFForAllCompanies(jo);
+  EXPECT_EQ(summary(), "Zoë\nPhone: 3\nFax: 9");
+  saveContactBusinessRTFForAllCompanies(al);
+  EXPECT_EQ(summary(), "Zoë\nPhone: 3\nFax: 9") << "not the default contact";
+  saveContactBusinessRTF(al, company);
+  EXPECT_EQ(summary(), "Al\nFax: 2\nEmail: al@x");
+  saveContactBusinessRTF(99, company);
+  EXPECT_EQ(summary(), "Al\nFax: 2\nEmail: al@x");
+}
+
+}  // namespace
+}  // namespace autonotify::test
