@@ -152,12 +152,6 @@ Deadline readDeadline(Step& step, RecordsetHandle handle) {
   return result;
 }
 
-std::string deadlineStatement(Id scheduleID) {
-  return "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
-         "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=" +
-         std::to_string(scheduleID) + ";";
-}
-
 int readDaysOfMethod(Step& step, RecordsetHandle handle) {
   return step.value(otherMethodDays, [&] {
     return daysOfMethod(toText(database().getFieldValue(handle, "Custom2")));
@@ -173,6 +167,22 @@ struct Period {
 Period readPeriod(Step& step, RecordsetHandle handle, const Deadline& deadline) {
   if (step.value(false, hasFirmRules)) return {readDaysOfMethod(step, handle), true};
   return {getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false), false};
+}
+
+/// Runs `body(deadline, dueDate, period)` for the schedule entry, when there is one with a due
+/// date.
+template <class Body>
+void withDeadline(Step& step, Id scheduleID, Body&& body) {
+  if (!isDatabaseOpen(step)) return;
+  const std::string sql =
+      "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
+      "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=" +
+      std::to_string(scheduleID) + ";";
+  withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+    const Deadline deadline = readDeadline(step, handle);
+    const Period period = readPeriod(step, handle, deadline);
+    if (deadline.dueDate) body(deadline, *deadline.dueDate, period);
+  });
 }
 
 /// Whether a row of this channel gives its date to a new one, when `lowest` is the channel that
@@ -229,12 +239,8 @@ DateTime determineNotificationDate(Id scheduleID) {
   return procedure(
       "Morvane.exe-modNotificationDates-determineNotificationDate", DateTime{},
       [&](Step& step, DateTime& result) {
-        if (!isDatabaseOpen(step)) return;
-        withFirstRow(step, deadlineStatement(scheduleID), keysetRead, [&](RecordsetHandle handle) {
-          const Deadline deadline = readDeadline(step, handle);
-          const Period period = readPeriod(step, handle, deadline);
-          if (!deadline.dueDate) return;
-          result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, *deadline.dueDate);
+        withDeadline(step, scheduleID, [&](const Deadline&, DateTime dueDate, Period period) {
+          result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, dueDate);
         });
       });
 }
@@ -283,19 +289,15 @@ DateExplanation explainNotificationDate(Id scheduleID) {
   return procedure(
       "Morvane.exe-modNotificationDates-explainNotificationDate", DateExplanation{},
       [&](Step& step, DateExplanation& result) {
-        if (!isDatabaseOpen(step)) return;
-        withFirstRow(step, deadlineStatement(scheduleID), keysetRead, [&](RecordsetHandle handle) {
-          const Deadline deadline = readDeadline(step, handle);
-          const Period period = readPeriod(step, handle, deadline);
-          if (!deadline.dueDate) return;
+        withDeadline(step, scheduleID, [&](const Deadline& kind, DateTime dueDate, Period period) {
           result.found = true;
-          result.dueDate = *deadline.dueDate;
-          result.totalNum = deadline.totalNum;
-          result.scheduleNum = deadline.scheduleNum;
+          result.dueDate = dueDate;
+          result.totalNum = kind.totalNum;
+          result.scheduleNum = kind.scheduleNum;
           result.usedFirmRule = period.isFirmRule;
           result.days = period.days;
-          result.determined = walkBusinessDays(step, period.days, *deadline.dueDate, &result.walk,
-                                               &result.settling);
+          result.determined =
+              walkBusinessDays(step, period.days, dueDate, &result.walk, &result.settling);
         });
         if (!result.found) return;
         result.afterSibling = result.determined;
