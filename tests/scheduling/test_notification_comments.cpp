@@ -44,11 +44,11 @@ TEST_F(NotificationComments, TemplateComesByTheFallbacksOfItsKind) {
 }
 
 TEST_F(NotificationComments, TaskOfTheArgumentWins) {
+  const std::string text = "{\\rtf1\\ansi\\deff0 It is \\'abTask Name\\'bb}";
   const Id entry = addEntry(noId, noId);
   const Id task = addTask(addSchedule(103, 1, today()), "Payroll");
-  EXPECT_EQ(
-      generateComment("{\\rtf1\\ansi\\deff0 It is \\'abTask Name\\'bb}", entry, task, noId, noId),
-      "{\\rtf1\\ansi\\deff0 It is Payroll}");
+  EXPECT_EQ(generateComment(text, entry, task, noId, noId), "{\\rtf1\\ansi\\deff0 It is Payroll}");
+  EXPECT_EQ(generateCommentFromTemplate(text, entry), "{\\rtf1\\ansi\\deff0 It is GST Return}");
   EXPECT_EQ(generateComment("", entry, task, noId, noId), "");
 }
 

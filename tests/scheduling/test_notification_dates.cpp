@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cstdlib>
+
 #include "control/contract/firm_rules.h"
 #include "control/contract/recordsets.h"
 #include "scheduling/modNotificationDates.h"
@@ -128,20 +131,41 @@ TEST_F(NotificationDates, RefreshMovesTheFirstRowOfEachChannel) {
   addKind(103, 1, 1);
   const DateTime old = DateTime::of(2026, 1, 5);
   const Id scheduleID = addSchedule(103, 1, monday.addDays(-1));
-  const Id phone = addNotification(scheduleID, 8, old);
-  const Id sentEmail = addNotification(scheduleID, 1, old, true);
+  std::vector<Id> firstRows;
+  for (const int channel : {8, 4, 2, 1}) {
+    firstRows.push_back(addNotification(scheduleID, channel, old, channel == 1));
+  }
   const Id secondEmail = addNotification(scheduleID, 1, old);
   const Id other = addNotification(addSchedule(103, 1, monday), 1, old);
   setFirmCode(firmSpecificCode);
 
   refreshNotificationDate(scheduleID);
 
-  const DateTime friday = monday.addDays(-3);
-  EXPECT_EQ(dateOf(phone), friday);
-  EXPECT_EQ(dateOf(sentEmail), friday);
+  for (const Id row : firstRows) EXPECT_EQ(dateOf(row), monday.addDays(-3));
   EXPECT_EQ(dateOf(secondEmail), old);
   EXPECT_EQ(dateOf(other), old);
-  refreshNotificationDate(4711);
+}
+
+TEST_F(NotificationDates, ExplanationTakesTheStepsOfTheCalculation) {
+  addKind(103, 1, 3);
+  addKind(103, 2, 0);
+  addHoliday(monday.addDays(-3));
+  for (int round = 0; round < 28; ++round) {
+    const bool isFirm = round % 2 == 0, hasSibling = round % 3 == 0;
+    setFirmCode(isFirm ? firmSpecificCode : "another firm");
+    const DateTime dueDate = monday.addDays(round / 4);
+    const Id entry = addSchedule(103, 1 + round / 2 % 2, dueDate, {{"Custom2", "3PAP"}});
+    if (hasSibling) addNotification(entry, nt_Letter, dueDate.addDays(-9));
+    const DateExplanation why = explainNotificationDate(entry);
+    EXPECT_EQ(why.usedFirmRule, isFirm);
+    EXPECT_EQ(why.determined, determineNotificationDate(entry));
+    EXPECT_EQ(why.siblingChannel, hasSibling ? nt_Letter : 0);
+    EXPECT_EQ(why.afterSibling, getLastUsedNotificationDate(entry, why.determined));
+    EXPECT_EQ(why.result, adjustDateToFridayIfWeekendOrHoliday(why.afterSibling));
+    EXPECT_EQ(std::ranges::count(why.walk, DayStep::Verdict::counted, &DayStep::verdict),
+              std::abs(why.days));
+  }
+  EXPECT_FALSE(explainNotificationDate(4711).found);
 }
 
 }  // namespace

@@ -47,9 +47,10 @@ TEST_F(Template, OpensARowByIdKindOrScheme) {
     expectFullKind(kind, id);
     EXPECT_FALSE(kind.isSavedFlag);
     EXPECT_FALSE(kind.isDirtyFlag);
-    kind.useUpperCaseStart = true;
+    kind.useUpperCaseStart = kind.isSavedFlag = kind.isDirtyFlag = true;
     copy.copyConstructor(kind);
     expectFullKind(copy, id);
+    EXPECT_TRUE(copy.isSavedFlag && copy.isDirtyFlag);
     EXPECT_FALSE(copy.useUpperCaseStart) << "all else is copied";
   }
 }
@@ -63,10 +64,17 @@ TEST_F(Template, KeepsWhatItHasWithoutARowOrAnEmptyColumn) {
   EXPECT_EQ(kind.get_scheduleTypeID(), 4711);
   EXPECT_EQ(kind.get_totalNum(), 103);
   EXPECT_EQ(kind.get_notificationPeriod(), 15);
-  kind.put_ScheduleNum(6);
+  EXPECT_TRUE(kind.openExistingScheduleType(addFullKind()));
+  EXPECT_TRUE(kind.openExistingScheduleType(4711));
+  EXPECT_EQ(kind.get_ScheduleTypeNum(), -1);
+  EXPECT_EQ(kind.get_customTaskSchemeIDNum(), 77);
+  EXPECT_EQ(kind.get_ScheduleNum(), 2);
+  EXPECT_EQ(kind.get_scheduleTypeName(), "");
+  EXPECT_EQ(kind.get_notificationComment(), kind.getDefaultNotificationComment());
+  EXPECT_EQ(kind.get_notificationPeriod(), 15);
+  EXPECT_FALSE(kind.get_locked());
   kind.openExistingScheduleType(addRow("ScheduleTypes", {{"TotalNum", 105}}));
   EXPECT_EQ(kind.get_totalNum(), 105);
-  EXPECT_EQ(kind.get_ScheduleNum(), 6);
 }
 
 TEST_F(Template, OpensTheRowOfTheFamilyOnlyWhenAsked) {

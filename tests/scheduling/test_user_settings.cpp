@@ -28,7 +28,8 @@ TEST_F(UserSettings, EachPersonHasTheirOwnAndEachSettingItsColumn) {
   EXPECT_FALSE(getAutoSendWizardConfirmation(8));
   EXPECT_TRUE(getCancelAutoNotification(8));
   for (const bool value : {false, true}) {
-    putShowMVPreview(value, 7);
+    EXPECT_THAT(columnsWrittenBy([&] { putShowMVPreview(value, 7); }),
+                testing::ElementsAre(value ? "ShowMVPreview=True" : "ShowMVPreview=False"));
     EXPECT_EQ(getShowMVPreview(7), value);
     EXPECT_FALSE(getShowMVPreview(8));
   }
