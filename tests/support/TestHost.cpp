@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "host/services/HostGeneralUtilities.h"
+#include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 
 namespace autonotify::test {
@@ -21,6 +22,10 @@ void countUtilities(host::ClassRegistry& registry, HostCalls& calls) {
   registry.registerClass(ValidationUtilities::className, [&calls] {
     return std::make_unique<CountedValidation>(std::make_unique<host::HostValidationUtilities>(),
                                                calls);
+  });
+  registry.registerClass(RichTextUtility::className, [&calls] {
+    return std::make_unique<CountedRichTextUtility>(std::make_unique<host::HostRichTextUtility>(),
+                                                    calls);
   });
 }
 

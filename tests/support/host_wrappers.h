@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "control/contract/RichTextUtility.h"
 #include "control/contract/references.h"
 #include "support/host_calls.h"
 
@@ -273,6 +274,28 @@ class CountedGeneralUtilities : public GeneralUtilities {
 
  private:
   std::unique_ptr<GeneralUtilities> inner_;
+  HostCalls& calls_;
+};
+
+/// Forwards every call to the RichTextUtility inside, through the door.
+class CountedRichTextUtility : public RichTextUtility {
+ public:
+  CountedRichTextUtility(std::unique_ptr<RichTextUtility> inner, HostCalls& calls)
+      : inner_(std::move(inner)), calls_(calls) {}
+  void put_errorClass(errorClass* value) override { inner_->put_errorClass(value); }
+  void put_LocaleReference(LocaleReference* value) override { inner_->put_LocaleReference(value); }
+  Value insertTextAt(RichTextBox* box, const std::string& text, int position) override {
+    calls_.pass("insertTextAt", [&] { return std::to_string(position) + " " + text; });
+    return inner_->insertTextAt(box, text, position);
+  }
+  std::string toPlainText(const std::string& richText) override {
+    calls_.pass("toPlainText");
+    return inner_->toPlainText(richText);
+  }
+  void release() override { inner_->release(); }
+
+ private:
+  std::unique_ptr<RichTextUtility> inner_;
   HostCalls& calls_;
 };
 
