@@ -1,0 +1,52 @@
+#include "contacts/modAddressFormatting.h"
+#include "control/contract/windows.h"
+#include "store/modNotificationLinks.h"
+#include "wizards/NotificationComposer.h"
+
+namespace autonotify {
+
+void NotificationComposer::changeAddress() {
+  procedure(tag("chkAddAddress_Click"), [&](Step& step) {
+    rtbText.setFocus();
+    if (isCompany(step, companyID_)) return putBusinessAddress(step, companyID_);
+    if (isContact(step, contactID_)) {
+      return putPersonalAddress(step, contactID_, !channel_.asksClientList);
+    }
+    const int clientType = getClientTypeFromNotificationID(notifyID_);
+    if (clientType == enumAutoNotifyCompany) {
+      putBusinessAddress(step, getCompanyIDFromAutoNotificationID(notifyID_));
+    } else if (clientType == enumAutoNotifyContact) {
+      putPersonalAddress(step, getContactIDFromAutoNotificationID(notifyID_), false);
+    }
+  });
+}
+
+bool NotificationComposer::isCompany(Step& step, Id id) const {
+  if (!channel_.asksClientList) return id >= 1;
+  return step.value(false, [&] { return clients().isCompanyClient(id); });
+}
+
+bool NotificationComposer::isContact(Step& step, Id id) const {
+  if (!channel_.asksClientList) return id >= 1;
+  return step.value(false, [&] { return clients().isContactClient(id); });
+}
+
+/// A message that goes at once bears today's date, a later one the date on which it goes.
+DateTime NotificationComposer::addressDate(Step& step) const {
+  if (notificationDate.picNotificationDate.visible()) return notificationDate.date();
+  return step.value(notificationDate.date(), [] { return platformClock().today(); });
+}
+
+void NotificationComposer::putBusinessAddress(Step& step, Id id) {
+  const auto put = chkAddAddress.value() ? insertBusinessAddress : removeBusinessAddress;
+  put(rtbText, id, channel_.addressHasDate, addressDate(step), false, false);
+}
+
+/// Where nothing is taken out, unticking puts the address in a second time, as staff know it.
+void NotificationComposer::putPersonalAddress(Step& step, Id id, bool canTakeOut) {
+  const bool takesOut = canTakeOut && !chkAddAddress.value();
+  const auto put = takesOut ? removeContactPersonalAddress : insertContactPersonalAddress;
+  put(rtbText, id, channel_.addressHasDate, addressDate(step), false);
+}
+
+}  // namespace autonotify

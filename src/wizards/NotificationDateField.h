@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "control/contract/procedure.h"
+#include "platform/DateTime.h"
+#include "platform/controls/DatePicker.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/TextBox.h"
+
+namespace autonotify {
+
+/// Such as "Thursday, April 30, 2026".
+std::string longDateText(DateTime date);
+
+/// The date field that all composers share: a text and a picker for the same date.
+///
+/// A date chosen or typed that falls on a weekend may be moved to the Friday before, on a question.
+/// A typed text that is no date is refused when the field shall be left: the text as it stood at
+/// the last loss of focus comes back, and the focus stays.
+class NotificationDateField {
+ public:
+  /// Adds its controls to the window, which outlives it.
+  explicit NotificationDateField(Form& form);
+
+  /// The date that was taken last.
+  DateTime date() const { return date_; }
+  /// Takes the date and shows it in both controls.
+  void show(DateTime date);
+
+  Frame picNotificationDate;
+  Label lblNotificationDate;
+  TextBox txtNotificationField;
+  DatePicker dtpNotification;
+
+ private:
+  void onDropDown();
+  void onCloseUp();
+  bool onValidate();
+  void onLostFocus();
+  void offerFriday(Step& step);
+
+  DateTime date_;
+  std::string previousText_;
+};
+
+}  // namespace autonotify

@@ -1,0 +1,305 @@
+#include "ComposerTest.h"
+#include "settings/modUserSettings.h"
+#include "support/fault_walk.h"
+
+namespace autonotify::test {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr const char* noAddress =
+    "There is no email address entered for this notification.  Do you want to continue anyway?";
+
+void finish(WindowInUse& window) {
+  EXPECT_TRUE(window.click("cmdFinish"));
+}
+void cancel(WindowInUse& window) {
+  EXPECT_TRUE(window.click("cmdCancel"));
+}
+void closeBox(WindowInUse& window) {
+  EXPECT_TRUE(window.closeBox());
+}
+
+TEST_F(ComposerTest, EveryModeEndsAsItShould) {
+  struct Case {
+    ComposerMode mode;
+    void (*end)(WindowInUse&);
+    Result result;
+    const char* after;  ///< "row sent bits", or "gone bits"
+    std::size_t emails;
+  };
+  using enum ComposerMode;
+  const Case cases[] = {
+      {notifyNow, finish, {false, true}, "gone 0", 1},
+      {notifyNow, cancel, {true, false}, "gone 0", 0},
+      {notifyNow, closeBox, {false, false}, "gone 0", 0},
+      {editAuto, finish, {false, false}, "row False 0", 0},
+      {editAuto, cancel, {true, false}, "row False 0", 0},
+      {editAuto, closeBox, {false, false}, "row False 0", 0},
+      {newAuto, finish, {false, false}, "row False 1", 0},
+      {newAuto, cancel, {true, false}, "gone 0", 0},
+      {newAuto, closeBox, {false, false}, "row False 0", 0},
+      {sendAuto, finish, {false, true}, "row False 0", 1},
+      {sendAuto, cancel, {true, false}, "row False 0", 0},
+      {sendAuto, closeBox, {false, false}, "row False 0", 0},
+  };
+  for (std::size_t i = 0; i < std::size(cases); ++i) {
+    const Case& each = cases[i];
+    SCOPED_TRACE(i);
+    row = addRow("ClientNotification", {{"ScheduleIDNum", entry},
+                                        {"NotificationType", 1},
+                                        {"NotificationDate", notifyDate},
+                                        {"Field1", "ann@birch"}});
+    email.calls.clear();
+    EXPECT_EQ(compose(each.mode, each.end), each.result);
+    EXPECT_EQ((rowExists() ? "row " + column("NotificationSent") : std::string("gone")) + " " +
+                  channelBits(),
+              each.after);
+    EXPECT_EQ(std::ranges::count(email.calls, "send="), static_cast<int>(each.emails));
+    plainDatabase->connection().exec("UPDATE Schedule SET notifyType = 0");
+  }
+  EXPECT_EQ(person.pointer(), Pointer::standard);
+}
+
+TEST_F(ComposerTest, FieldsShowTheRowAndTheListsItsClient) {
+  linkDefaultContact(addRow("Contacts", {{"DisplayName", "Ann"}, {"BusinessEmail", "ann@birch"}}),
+                     company);
+  compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+    EXPECT_EQ(window.form().caption(), "Send Notification (Email)");
+    EXPECT_EQ(window.focus(), "cboTo");
+    EXPECT_EQ(window.read("cboTo"), "ann@birch");
+    EXPECT_EQ(window.read("cboCc"), "");
+    EXPECT_EQ(window.read("txtSubject"), "Your GST Return");
+    EXPECT_EQ(window.read("txtNotificationField"), "Thursday, April 23, 2026");
+    EXPECT_EQ(window.read("dtpNotification"), "2026-04-23");
+    for (const char* list : {"cboTo", "cboCc", "cboBcc"}) {
+      EXPECT_THAT(window.entries(list), testing::IsSupersetOf({"office@birch", "ann@birch"}));
+    }
+    EXPECT_FALSE(window.sees("lblScheduled"));
+    EXPECT_TRUE(window.canUse("cmdRefreshComment"));
+    window.choose("cboCc", "office@birch");
+    window.type("txtSubject", "Soon");
+    window.type("cboTo", "");
+    finish(window);
+  });
+  EXPECT_EQ(column("Field1") + "|" + column("Field2") + "|" + column("Field4"),
+            "ann@birch|office@birch|Soon")
+      << "a field that was cleared keeps its column";
+  closeDatabase();
+  compose(ComposerMode::editAuto, [](WindowInUse& window) {
+    EXPECT_EQ(window.read("cboTo"), "");
+    cancel(window);
+  });
+}
+
+TEST_F(ComposerTest, SentRowIsLockedForEditingAlone) {
+  plainDatabase->connection().exec("UPDATE ClientNotification SET NotificationSent = 1");
+  compose(ComposerMode::editAuto, [](WindowInUse& window) {
+    EXPECT_TRUE(window.sees("lblScheduled"));
+    EXPECT_EQ(window.read("lblScheduled"), "This notification has already been sent");
+    for (const char* name :
+         {"cboTo", "cboCc", "cboBcc", "txtSubject", "chkAddAddress", "rtbText", "cmdFinish"}) {
+      EXPECT_FALSE(window.canUse(name)) << name;
+    }
+    cancel(window);
+  });
+  addRow("ClientNotification", {{"SentTime", "2026-04-02 14:05:00"}});
+  plainDatabase->connection().exec(
+      "UPDATE ClientNotification SET SentTime = (SELECT max(SentTime) FROM ClientNotification)");
+  compose(ComposerMode::sendAuto, [](WindowInUse& window) {
+    EXPECT_EQ(window.read("lblScheduled"),
+              "This notification has already been sent on Thursday, April 2, 2026 at 2:05 pm");
+    EXPECT_TRUE(window.canUse("cboTo"));
+    EXPECT_FALSE(window.sees("txtNotificationField"));
+    finish(window);
+  });
+}
+
+TEST_F(ComposerTest, MessageGoesOutInTheOrderOfTheContract) {
+  compose(ComposerMode::sendAuto, [](WindowInUse& window) {
+    window.type("cboBcc", "file@firm");
+    finish(window);
+  });
+  EXPECT_THAT(email.calls, ElementsAre("errorClass=set", "MsgboxClass=set", "locale=set",
+                                       "database=set", "folder=set", "to=ann@birch",
+                                       "cc=", "bcc=file@firm", "subject=Your GST Return",
+                                       testing::StartsWith("body=Your return is due."), "send="));
+}
+
+TEST_F(ComposerTest, MissingAddressIsAskedAbout) {
+  struct Case {
+    ComposerMode mode;
+    bool yes;
+    int yields;
+  };
+  for (const Case& each : {Case{ComposerMode::sendAuto, false, 0},
+                           {ComposerMode::sendAuto, true, 4},
+                           {ComposerMode::notifyNow, true, 6}}) {
+    plainDatabase->connection().exec("UPDATE ClientNotification SET Field1 = NULL");
+    email.calls.clear();
+    const int before = person.pumps();
+    const Result result = compose(each.mode, [&](WindowInUse& window) {
+      window.type("cboCc", "someone@birch");
+      person.expectQuestion(noAddress, message_style::notice, each.yes);
+      finish(window);
+      EXPECT_EQ(window.form().isVisible(), !each.yes);
+      EXPECT_EQ(column("Field2"), "someone@birch") << "stored before the question";
+      if (!each.yes) cancel(window);
+    });
+    EXPECT_EQ(result.sendSuccessfulFlag, each.yes);
+    EXPECT_EQ(person.pumps() - before, each.yields);
+    EXPECT_EQ(email.calls.empty(), !each.yes);
+  }
+}
+
+TEST_F(ComposerTest, MessageSentNowIsMarkedBeforeItsRowGoes) {
+  const auto written = columnsWrittenBy([&] { compose(ComposerMode::notifyNow, finish); });
+  EXPECT_THAT(written, testing::Contains("NotificationSent=True"));
+  EXPECT_THAT(written, testing::Contains("SentTime=" + toText(clock.now())));
+}
+
+TEST_F(ComposerTest, FailedSendShowsTheProgramsWordsAndCloses) {
+  email.sends = false;
+  person.expectMessage("The mail program is closed.", message_style::notice);
+  EXPECT_EQ(compose(ComposerMode::notifyNow, finish), (Result{false, false}));
+  EXPECT_FALSE(rowExists());
+}
+
+TEST_F(ComposerTest, RowIsAddedWhereTheCallerGivesNone) {
+  struct Case {
+    ComposerMode mode;
+    bool hasEntry;
+    bool adds;
+  };
+  const Id oldRow = row;
+  for (const Case& each : {Case{ComposerMode::editAuto, true, true},
+                           {ComposerMode::newAuto, true, true},
+                           {ComposerMode::newAuto, false, false},
+                           {ComposerMode::sendAuto, true, true}}) {
+    const int before = notificationCount();
+    person.expectWindow(formName, closeBox);
+    frmSendNotificationWizardEmail composer;
+    openComposer(composer, each.mode, remittanceNotification, noId, Appointments,
+                 each.hasEntry ? entry : noId);
+    EXPECT_EQ(notificationCount() - before, each.adds ? 1 : 0);
+    EXPECT_EQ(composer.notifyID() > oldRow, each.adds);
+  }
+}
+
+TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
+  struct Case {
+    notificationTypes type;
+    int kind;
+    const char* word;
+  };
+  const Case cases[] = {{remittanceNotification, 13, "task"},
+                        {appointmentNotification, 3, "appointment"},
+                        {appointmentNotification, 13, "time entry"},
+                        {appointmentNotification, 5, "task"},
+                        {remittanceNotification, 77, "task"}};
+  const Id appointment = addRow("Appointments", {{"Subject", "Review"}});
+  const Id docket = addRow("Dockets", {{"Subject", "Review"}});
+  plainDatabase->connection().exec(
+      "UPDATE ClientNotification SET ApptIDNum = " + std::to_string(appointment) +
+      ", DocketIDNum = " + std::to_string(docket) + ", TaskIDNum = 1");
+  for (const bool wants : {false, true}) {
+    for (const Case& each : cases) {
+      if (wants) {
+        person.expectMessage("This client will be notified of their upcoming " +
+                                 std::string(each.word) + " by email on Friday, April 24, 2026",
+                             message_style::armedConfirmed);
+      }
+      compose({ComposerMode::newAuto, each.type, static_cast<CurrentDayTimerType>(each.kind)},
+              [](WindowInUse& window) {
+                window.type("txtNotificationField", "Apr 24 2026");
+                finish(window);
+              });
+      EXPECT_EQ(column("NotificationDate"), "2026-04-24");
+    }
+    getAutoSendWizardConfirmation(7);
+    plainDatabase->connection().exec(
+        "UPDATE UserGeneralSettings SET WarningMessagesExitAutomaticNotificationWarning=1");
+  }
+  EXPECT_EQ(channelBits(), "1");
+}
+
+TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
+  for (const bool yes : {false, true}) {
+    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+      window.type("txtSubject", "not stored");
+      person.expectQuestion(
+          "Are you sure you want to refresh this comment?  This will replace the existing text.",
+          message_style::batchNotice, yes);
+      window.click("cmdRefreshComment");
+      cancel(window);
+    });
+    EXPECT_EQ(column("Memo").find("Please file your return.") != std::string::npos, yes);
+  }
+  EXPECT_EQ(column("Field4"), "Your GST Return");
+}
+
+TEST_F(ComposerTest, AddressGoesInAndForCompaniesOutAgain) {
+  const auto countIn = [](const std::string& text, const std::string& part) {
+    int count = 0;
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+    return count;
+  };
+  const Id contact = addRow("Contacts", {{"DisplayName", "Cara Holm"}, {"HomeCity", "Ottawa"}});
+  const Id company2 = addRow("Companies", {{"CompanyName", "Cedar Inc."}});
+  const Id client2 = addRow("ClientData", {{"CompanyIDNum", company2}});
+  const Id companyEntry = addSchedule(103, 1, notifyDate, {{"ClientNum", client2}});
+  const Id contactEntry = addSchedule(103, 1, notifyDate, {{"ContactIDNum", contact}});
+  struct Case {
+    Id company, contact, entry;
+    const char* name;
+    int whenTicked, whenUnticked;
+  };
+  const Case cases[] = {{company, noId, entry, "Birch Ltd.", 1, 0},
+                        {noId, contact, entry, "Cara Holm", 1, 2},
+                        {noId, noId, companyEntry, "Cedar Inc.", 1, 0},
+                        {noId, noId, contactEntry, "Cara Holm", 1, 2}};
+  for (const Case& each : cases) {
+    row = addRow("ClientNotification", {{"ScheduleIDNum", each.entry},
+                                        {"NotificationType", 1},
+                                        {"NotificationDate", notifyDate},
+                                        {"CompanyIDNum", each.company},
+                                        {"ContactIDNum", each.contact},
+                                        {"Memo", memo}});
+    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+      for (const int times : {each.whenTicked, each.whenUnticked}) {
+        window.click("chkAddAddress");
+        EXPECT_EQ(window.focus(), "rtbText");
+        const std::string text = window.read("rtbText");
+        EXPECT_EQ(countIn(text, each.name), times) << text;
+        EXPECT_EQ(countIn(text, "April 23, 2026"), times) << text;
+        EXPECT_EQ(countIn(text, "Your return is due."), 1) << text;
+      }
+      cancel(window);
+    });
+  }
+}
+
+TEST_F(ComposerTest, InitializersSurviveEveryFault) {
+  using Host = ComposerRows<WindowHost>;
+  for (const ComposerMode mode : {ComposerMode::notifyNow, ComposerMode::newAuto}) {
+    walkFaults({.run =
+                    [&](TestHost& host) {
+                      auto& desk = dynamic_cast<Host&>(host);
+                      desk.person.answerAll(true);
+                      desk.person.expectWindow(Host::formName, [](WindowInUse& window) {
+                        if (window.canUse("cmdFinish")) window.click("cmdFinish");
+                        if (window.form().isVisible()) window.click("cmdCancel");
+                      });
+                      frmSendNotificationWizardEmail composer;
+                      openComposer(composer, mode, remittanceNotification, desk.row, Appointments);
+                      composer.unload();
+                      EXPECT_TRUE(desk.person.openForms().empty());
+                      return std::string(composer.SendSuccessfulFlag() ? "sent" : "not sent");
+                    },
+                .defaultResult = "not sent",
+                .makeHost = [] { return std::make_unique<Host>(); }});
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::test
