@@ -3,11 +3,13 @@
 #include "control/component_objects.h"
 #include "control/contract/procedure.h"
 #include "control/contract/references.h"
+#include "control/open_window.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/channels/modChannelNotifications.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
+#include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify {
 namespace {
@@ -226,6 +228,28 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   std::string cls_generateClientAutoNotifyComment(Id scheduleID) override {
     return forward("cls_generateClientAutoNotifyComment", generateClientAutoNotifyComment,
                    scheduleID);
+  }
+
+  // Windows.
+
+  void cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID) override {
+    openWindow<frmSendNotificationWizardEmail>(
+        "cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify", cancelFlag_,
+        [&](auto& window) {
+          window.InitializeNewAutoNotify(currentNotificationType, NotifyID, dayTimerType,
+                                         scheduleID);
+        });
+  }
+  void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID) override {
+    openWindow<frmSendNotificationWizardEmail>(
+        "cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow", cancelFlag_,
+        [&](auto& window) {
+          window.InitializeNotifyNow(currentNotificationType, NotifyID, dayTimerType, scheduleID);
+        });
   }
 
  private:

@@ -135,6 +135,19 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual void cls_refreshNotificationDate(Id ScheduleIDNum) = 0;
   /// The merged text of the entry's template; RTF when the template is RTF.
   virtual std::string cls_generateClientAutoNotifyComment(Id scheduleID) = 0;
+
+  // Windows. Each operation shows one through the host's FormHost, returns when the person is done,
+  // and leaves the window's outcome in cancelFlag.
+
+  // The composers: what the notification is about, its row, and the schedule entry, -1 for none.
+  /// Arms a new row for its date; a Cancel deletes the row.
+  virtual void cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
+  /// Sends the row at once; it is deleted when the window is done.
+  virtual void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
 };
 
 }  // namespace autonotify
