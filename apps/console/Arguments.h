@@ -36,6 +36,9 @@ struct Arguments {
   std::optional<DateTime> until;
   std::optional<DateTime> date;
   std::string file;
+  std::string from;
+  std::string to;
+  bool anew = false;
   bool due = false;
   bool dryRun = false;
   bool markOnly = false;

@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "commands/arming.h"
 #include "commands/changing.h"
+#include "commands/copying.h"
 #include "commands/explaining.h"
 #include "commands/founding.h"
 #include "commands/lists.h"
@@ -14,6 +15,7 @@ namespace autonotify::console {
 std::span<const Command> allCommands() {
   static constexpr std::array commands{
       Command{"init", "make a new database", describeInit, nullptr, runInit},
+      Command{"copy", "copy a database to another place", describeCopy, nullptr, runCopy},
       Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
       Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
       Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},

@@ -1,11 +1,15 @@
 """The program gives the same on a database on a server as on a file."""
 
+import contextlib
 import os
+import random
+import sqlite3
 import subprocess
+import time
 import unittest
 from pathlib import Path
 
-from console import ConsoleTest, call
+from console import ConsoleTest, call, command
 
 SERVER = os.environ.get("AUTONOTIFY_TEST_DATABASE")
 
@@ -92,3 +96,59 @@ class PostgresTest(ConsoleTest):
         run = call(self.folder, "send", self.due_email(), database=self.url)
         self.assertEqual(1, run.code)
         self.assertIn("name one (--outbox)", run.err)
+
+    def dump(self, file):
+        with contextlib.closing(sqlite3.connect(Path(self.folder, file))) as connection:
+            return sorted(connection.iterdump())
+
+    def copy(self, source, target, *options):
+        return self.run_program("copy", "--from", source, "--to", target, *options)
+
+    def test_a_copy_there_and_back_is_the_same_database(self):
+        # The next key of a table is that of the rows that were deleted.
+        self.sql("DELETE FROM ClientNotification WHERE ClientNotificationID="
+                 "(SELECT max(ClientNotificationID) FROM ClientNotification)")
+        for source, target in (("firm.db", self.url), (self.url, "back.db")):
+            made = self.copy(source, target)
+            self.assertEqual((0, ""), (made.code, made.err))
+            self.assertIn("all are equal", made.out)
+            self.assertEqual(1, self.copy(source, target).code)
+        self.assertEqual(self.dump("firm.db"), self.dump("back.db"))
+        self.compare("tasks")
+        self.compare("arm", self.free_task(), "--channel", "email")
+
+    def test_an_interrupted_copy_is_refused_and_goes_on(self):
+        seed = random.randrange(2**32)
+        for source, target in (("firm.db", self.url), (self.url, "back.db")):
+            start = time.monotonic()
+            self.assertEqual(0, self.copy(source, "whole.db").code)
+            whole = time.monotonic() - start
+            Path(self.folder, "whole.db").unlink()
+            for part in random.Random(seed).choices(range(30, 100), k=6):
+                running = subprocess.Popen(command("copy", "--from", source, "--to", target),
+                                           cwd=self.folder, stdin=subprocess.DEVNULL,
+                                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                with contextlib.suppress(subprocess.TimeoutExpired):
+                    running.wait(whole * part / 100)
+                running.kill()
+                running.wait()
+                run = call(self.folder, "due", database=target)
+                self.assertIn(run.code, (0, 3), f"seed {seed}: {run.err}")
+                if run.code == 0:
+                    break
+                self.assertRegex(run.err, "unfinished|holds no database|There is no database",
+                                 f"seed {seed}")
+            self.copy(source, target)
+        self.assertEqual(self.dump("firm.db"), self.dump("back.db"), f"seed {seed}")
+
+    def test_a_copy_notices_what_it_must_not_take(self):
+        other = self.run_program("init", "--firm", "Other", database="other.db")
+        self.assertEqual(0, other.code)
+        self.assertEqual(0, self.copy("firm.db", self.url).code)
+        self.psql(f"UPDATE {self.schema}.autonotify_version SET complete = FALSE")
+        self.assertIn("unfinished copy of another", self.copy("other.db", self.url).err)
+        self.psql(f"UPDATE {self.schema}.Contacts SET DisplayName = 'x' WHERE ContactID = 3")
+        self.assertIn("differ in table Contacts, key 3", self.copy("firm.db", self.url).err)
+        self.assertEqual(3, self.on_server("due").code)
+        self.assertEqual(0, self.copy("firm.db", self.url, "--anew").code)
+        self.assertEqual(0, self.on_server("due").code)

@@ -2,8 +2,8 @@
 
 from console import ConsoleTest
 
-COMMANDS = ("init, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, move, "
-            "refresh")
+COMMANDS = ("init, copy, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, "
+            "move, refresh")
 
 # Arguments and the line that answers them.
 WRONG = [

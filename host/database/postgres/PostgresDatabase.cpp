@@ -82,6 +82,14 @@ void createTables(PostgresConnection& connection, const Content& content) {
   connection.commit(*scope);
 }
 
+std::unique_ptr<PostgresDatabase> unfinished(const std::string& url, bool anew) {
+  auto driver = std::make_unique<PostgresDriver>(ServerAddress(url));
+  const Content content = contentOf(driver->connection());
+  requireRoom(content);
+  if (anew || content.version != schemaVersion) createTables(driver->connection(), content);
+  return std::make_unique<PostgresDatabase>(std::move(driver));
+}
+
 }  // namespace
 
 PostgresConnection& PostgresDatabase::connection() {
@@ -95,11 +103,11 @@ std::unique_ptr<PostgresDatabase> openPostgres(const std::string& url) {
 }
 
 std::unique_ptr<PostgresDatabase> createPostgres(const std::string& url) {
-  auto driver = std::make_unique<PostgresDriver>(ServerAddress(url));
-  const Content content = contentOf(driver->connection());
-  requireRoom(content);
-  createTables(driver->connection(), content);
-  return std::make_unique<PostgresDatabase>(std::move(driver));
+  return unfinished(url, true);
+}
+
+std::unique_ptr<PostgresDatabase> continuePostgres(const std::string& url) {
+  return unfinished(url, false);
 }
 
 void finishPostgres(PostgresDatabase& database) {

@@ -35,6 +35,10 @@ std::unique_ptr<PostgresDatabase> openPostgres(const std::string& url);
 /// else; on failure nothing has changed.
 std::unique_ptr<PostgresDatabase> createPostgres(const std::string& url);
 
+/// The unfinished database that is there, as it is; a new one where there is none. Throws as
+/// createPostgres does.
+std::unique_ptr<PostgresDatabase> continuePostgres(const std::string& url);
+
 /// The database holds what it was made for, and opens from now on.
 void finishPostgres(PostgresDatabase& database);
 

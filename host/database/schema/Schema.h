@@ -9,6 +9,8 @@ namespace autonotify::host {
 
 /// "hvNo": marks a database file as one of this application (SQLite: PRAGMA application_id).
 constexpr int applicationId = 0x68764E6F;
+/// "hvNu": the same of one that was never filled to its end.
+constexpr int unfinishedApplicationId = 0x68764E75;
 /// Rises with every change of the tables (SQLite: PRAGMA user_version).
 constexpr int schemaVersion = 1;
 

@@ -50,9 +50,15 @@ void requireFile(const files::path& path) {
                         path.string() + " is a folder, not a database file");
 }
 
-void requireOurs(SQLite::Database& database, const std::string& path) {
-  if (pragma(database, "application_id") != applicationId)
+void requireOurs(SQLite::Database& database, const std::string& path, int wanted) {
+  const int id = pragma(database, "application_id");
+  if (id != applicationId && id != unfinishedApplicationId)
     throw DatabaseError(database_error::foreign, path + " is not a database of this program");
+  if (id == unfinishedApplicationId && id != wanted)
+    throw DatabaseError(database_error::unfinished,
+                        path + " is unfinished: it was never filled to its end");
+  if (id != wanted)
+    throw DatabaseError(database_error::alreadyExists, path + " is a finished database");
   const int version = pragma(database, "user_version");
   if (version > schemaVersion)
     throw DatabaseError(database_error::newerSchema,
@@ -66,11 +72,11 @@ void requireWritable(SQLite::Database& database, const std::string& path) {
     throw DatabaseError(database_error::readOnly, path + " can only be read");
 }
 
-void createTables(SQLite::Database& database) {
+void createTables(SQLite::Database& database, int id = applicationId) {
   execute(database, "BEGIN");
   for (const std::string& statement : schemaStatements(Engine::sqlite))
     execute(database, statement);
-  execute(database, "PRAGMA application_id=" + std::to_string(applicationId));
+  execute(database, "PRAGMA application_id=" + std::to_string(id));
   execute(database, "PRAGMA user_version=" + std::to_string(schemaVersion));
   execute(database, "COMMIT");
 }
@@ -123,14 +129,16 @@ void SqliteDatabase::emptyLog() {
     throw DatabaseError(database_error::locked, "The database is locked by another user");
 }
 
-std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
-                                           int busyTimeout) {
+namespace {
+
+std::unique_ptr<SqliteDatabase> open(const files::path& path, OpenMode mode, int busyTimeout,
+                                     int id) {
   requireFile(path);
   const bool writing = mode == OpenMode::readWrite;
   const std::string name = path.string();
   SQLite::Database database =
       connect(name, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
-  requireOurs(database, name);
+  requireOurs(database, name, id);
   if (writing) {
     requireWritable(database, name);
     useLog(database);
@@ -138,13 +146,13 @@ std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mod
   return std::make_unique<SqliteDatabase>(std::move(database));
 }
 
-std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
+std::unique_ptr<SqliteDatabase> create(const files::path& path, int id) {
   if (files::exists(path))
     throw DatabaseError(database_error::alreadyExists, path.string() + " is there already");
   SQLite::Database database = connect(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
                                       SqliteDatabase::busyTimeout);
   try {
-    createTables(database);
+    createTables(database, id);
     useLog(database);
   } catch (...) {
     std::error_code ignored;
@@ -152,6 +160,31 @@ std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
     throw;
   }
   return std::make_unique<SqliteDatabase>(std::move(database));
+}
+
+}  // namespace
+
+std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
+                                           int busyTimeout) {
+  return open(path, mode, busyTimeout, applicationId);
+}
+
+std::unique_ptr<SqliteDatabase> openUnfinishedSqlite(const files::path& path) {
+  return open(path, OpenMode::readWrite, SqliteDatabase::busyTimeout, unfinishedApplicationId);
+}
+
+std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
+  return create(path, applicationId);
+}
+
+std::unique_ptr<SqliteDatabase> createUnfinishedSqlite(const files::path& path) {
+  return create(path, unfinishedApplicationId);
+}
+
+void finishSqlite(SqliteDatabase& database) {
+  database.emptyLog();
+  execute(database.connection(), "PRAGMA application_id=" + std::to_string(applicationId));
+  database.emptyLog();
 }
 
 std::unique_ptr<SqliteDatabase> createSqliteInMemory() {

@@ -34,7 +34,7 @@ class SqliteDatabase : public RecordsetDatabase {
 
 // All throw DatabaseError: missing, cannotOpen (a folder, no permission), locked, readOnly (opened
 // for writing but cannot be), corrupt (damaged or no database), foreign (of another program),
-// newerSchema. Those that create: alreadyExists, and nothing is left behind on failure.
+// newerSchema, unfinished. Those that create: alreadyExists, and nothing is left behind on failure.
 
 std::unique_ptr<SqliteDatabase> openSqlite(const std::filesystem::path& path,
                                            OpenMode mode = OpenMode::readWrite,
@@ -42,6 +42,14 @@ std::unique_ptr<SqliteDatabase> openSqlite(const std::filesystem::path& path,
 
 /// A new file with all tables and no rows, open for writing.
 std::unique_ptr<SqliteDatabase> createSqlite(const std::filesystem::path& path);
+
+// A file whose making may be interrupted: it opens as `unfinished` until it is finished.
+
+std::unique_ptr<SqliteDatabase> createUnfinishedSqlite(const std::filesystem::path& path);
+/// alreadyExists for a finished database.
+std::unique_ptr<SqliteDatabase> openUnfinishedSqlite(const std::filesystem::path& path);
+/// All that was written is in the file, which opens from now on.
+void finishSqlite(SqliteDatabase& database);
 
 /// The same in memory, gone when closed.
 std::unique_ptr<SqliteDatabase> createSqliteInMemory();

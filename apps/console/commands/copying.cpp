@@ -1,0 +1,68 @@
+#include "commands/copying.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "commands/arguments.h"
+#include "host/copy/DatabaseCopy.h"
+#include "host/database/dialect/DatabaseError.h"
+
+namespace autonotify::console {
+namespace {
+
+/// One line on a terminal, written over again and again.
+void showProgress(const char* step, const std::string& table, std::int64_t rows) {
+  if (isatty(STDERR_FILENO))
+    std::cerr << fmt::format("\r\x1b[K{} {}: {} rows", step, table, rows) << std::flush;
+}
+
+void endProgress() {
+  if (isatty(STDERR_FILENO)) std::cerr << "\r\x1b[K" << std::flush;
+}
+
+/// The words of a failure name the end at which it came.
+template <class Open>
+auto opened(const std::string& place, Open open) {
+  try {
+    return open();
+  } catch (const host::DatabaseError& error) {
+    const bool isThere = error.number() == host::database_error::alreadyExists;
+    throw Refusal(fileFault(place, error.description()), isThere ? exitRefused : exitDatabase);
+  }
+}
+
+}  // namespace
+
+void describeCopy(CLI::App& command, Arguments& arguments) {
+  addText(command, "--from", "PLACE", "the database to copy (default: that of --database)",
+          arguments.from);
+  addText(command, "--to", "PLACE", "where the copy goes: a new file, or an empty schema",
+          arguments.to)
+      ->required();
+  command.add_flag("--anew", arguments.anew, "begin an interrupted copy from its start");
+}
+
+Reply runCopy(const GlobalOptions& options, const Arguments& arguments) {
+  const std::string& source = arguments.from.empty() ? options.database : arguments.from;
+  const auto from = opened(source, [&] { return host::openCopySource(source); });
+  const auto to =
+      opened(arguments.to, [&] { return host::openCopyTarget(arguments.to, arguments.anew); });
+  const host::CopyResult result =
+      opened(arguments.to, [&] { return host::copyDatabase(*from, *to, showProgress); });
+  endProgress();
+  Reply reply;
+  const std::string target = host::placeShown(arguments.to);
+  reply.text = fmt::format(
+      "Copied {} rows of {} tables to {}{}; all are equal.\n", result.rows, result.tables, target,
+      result.foundThere > 0 ? fmt::format(", where {} rows were already", result.foundThere) : "");
+  reply.data = {{"database", target},
+                {"rows", result.rows},
+                {"tables", result.tables},
+                {"foundThere", result.foundThere}};
+  return reply;
+}
+
+}  // namespace autonotify::console

@@ -1,0 +1,98 @@
+#include "host/copy/CopyPlace.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <filesystem>
+
+#include "host/database/postgres/PostgresDatabase.h"
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/demo/PostgresRowSink.h"
+#include "host/demo/SqliteRowSink.h"
+#include "host/desk/databases.h"
+#include "platform/text.h"
+
+namespace autonotify::host {
+namespace {
+
+class SqlitePlace : public CopyPlace {
+ public:
+  explicit SqlitePlace(std::unique_ptr<SqliteDatabase> database) : database_(std::move(database)) {}
+
+  RecordsetDatabase& database() override { return *database_; }
+  std::unique_ptr<RowSink> newSink() override {
+    return std::make_unique<SqliteRowSink>(database_->connection());
+  }
+  Id lastKey(const TableDef& table) override {
+    SQLite::Statement ask(database_->connection(),
+                          "SELECT coalesce(max(seq), 0) FROM sqlite_sequence WHERE name=?");
+    ask.bind(1, table.name);
+    ask.executeStep();
+    return ask.getColumn(0).getInt();
+  }
+  void setLastKey(const TableDef& table, Id key) override {
+    database_->connection().exec("DELETE FROM sqlite_sequence WHERE name='" + table.name +
+                                 "'; INSERT INTO sqlite_sequence(name, seq) VALUES ('" +
+                                 table.name + "', " + std::to_string(key) + ")");
+  }
+  void finish() override { finishSqlite(*database_); }
+
+ private:
+  std::unique_ptr<SqliteDatabase> database_;
+};
+
+class PostgresPlace : public CopyPlace {
+ public:
+  explicit PostgresPlace(std::unique_ptr<PostgresDatabase> database)
+      : database_(std::move(database)) {}
+
+  RecordsetDatabase& database() override { return *database_; }
+  std::unique_ptr<RowSink> newSink() override {
+    return std::make_unique<PostgresRowSink>(database_->connection());
+  }
+  Id lastKey(const TableDef& table) override {
+    return call(
+        "SELECT coalesce(pg_sequence_last_value(pg_get_serial_sequence($1, $2)::regclass), "
+        "0)",
+        {lowerCase(table.name), lowerCase(table.columns.front().name)});
+  }
+  void setLastKey(const TableDef& table, Id key) override {
+    call("SELECT setval(pg_get_serial_sequence($1, $2), $3)",
+         {lowerCase(table.name), lowerCase(table.columns.front().name), key});
+  }
+  void finish() override { finishPostgres(*database_); }
+
+ private:
+  Id call(const std::string& sql, const std::vector<Value>& parameters) {
+    return database_->connection().execute(sql, parameters).front()[0].as<Id>();
+  }
+
+  std::unique_ptr<PostgresDatabase> database_;
+};
+
+void removeFile(const std::string& path) {
+  for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path + ending);
+}
+
+std::unique_ptr<SqliteDatabase> openTargetFile(const std::string& path, bool anew) {
+  if (!std::filesystem::exists(path)) return createUnfinishedSqlite(path);
+  auto database = openUnfinishedSqlite(path);
+  if (!anew) return database;
+  database.reset();
+  removeFile(path);
+  return createUnfinishedSqlite(path);
+}
+
+}  // namespace
+
+std::unique_ptr<CopyPlace> openCopySource(const std::string& place) {
+  if (isFile(place)) return std::make_unique<SqlitePlace>(openSqlite(place, OpenMode::readOnly));
+  return std::make_unique<PostgresPlace>(openPostgres(place));
+}
+
+std::unique_ptr<CopyPlace> openCopyTarget(const std::string& place, bool anew) {
+  if (isFile(place)) return std::make_unique<SqlitePlace>(openTargetFile(place, anew));
+  return std::make_unique<PostgresPlace>(anew ? createPostgres(place) : continuePostgres(place));
+}
+
+}  // namespace autonotify::host
