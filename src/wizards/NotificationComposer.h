@@ -109,7 +109,6 @@ class NotificationComposer : public Form {
   void lock();
   FieldTexts fieldTexts() const;
   void edit(CurrentDayTimerType kind, const FieldTexts& fields, const std::string& memo);
-  std::string confirmation() const;
   void cancel();
   void refreshComment();
   void changeAddress();
