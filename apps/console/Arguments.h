@@ -20,6 +20,9 @@ struct GlobalOptions {
   /// Empty: the folder beside the database file.
   std::string outbox;
   std::string firmCode;
+  /// Empty: emails stay in the outbox.
+  std::string mailServer;
+  std::string mailPasswordFile;
   bool json = false;
   /// Ask nobody, even on a terminal.
   bool batch = false;
@@ -35,6 +38,14 @@ struct Arguments {
   std::optional<Id> contact;
   std::optional<DateTime> until;
   std::optional<DateTime> date;
+  /// company, contact or firm.
+  std::string clientKind;
+  std::optional<Id> clientId;
+  /// email, fax, phone or name.
+  std::string recipientKind;
+  bool home = false;
+  bool phones = false;
+  bool email = false;
   std::string file;
   std::string from;
   std::string to;

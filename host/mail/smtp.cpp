@@ -4,8 +4,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <string_view>
+
+#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
@@ -60,8 +64,8 @@ const char* sentenceFor(CURLcode code) {
 /// What goes between the program and the server.
 struct Exchange {
   std::string_view unsent;
-  /// The server's last line.
-  std::string answer;
+  /// The server's first refusal.
+  std::string refusal;
 };
 
 std::size_t readMessage(char* buffer, std::size_t size, std::size_t count, void* context) {
@@ -73,8 +77,11 @@ std::size_t readMessage(char* buffer, std::size_t size, std::size_t count, void*
 }
 
 std::size_t takeAnswer(char* line, std::size_t size, std::size_t count, void* context) {
-  static_cast<Exchange*>(context)->answer = cleanLine({line, size * count});
-  return size * count;
+  std::string& refusal = static_cast<Exchange*>(context)->refusal;
+  const std::size_t length = size * count;
+  if (refusal.empty() && length > 0 && (*line == '4' || *line == '5'))
+    refusal = trim(cleanLine({line, length}));
+  return length;
 }
 
 /// All recipients, each once.
@@ -118,14 +125,12 @@ void setServer(CURL* curl, const SmtpServer& server) {
 
 [[noreturn]] void fail(CURLcode code, const Exchange& exchange, const char* detail) {
   std::string words = sentenceFor(code);
-  const bool isRefusal =
-      !exchange.answer.empty() && exchange.answer.front() >= '4' && exchange.answer.front() <= '5';
-  if (isRefusal) {
-    words += " It says: " + exchange.answer;
+  if (!exchange.refusal.empty()) {
+    words += " It says: " + exchange.refusal;
   } else if (*detail) {
     words += std::string(" (") + detail + ")";
   }
-  if (exchange.unsent.empty() && !isRefusal)
+  if (exchange.unsent.empty() && exchange.refusal.empty())
     throw UncertainMailError(words + " It may have taken the message all the same.");
   throw MailError(words);
 }
@@ -157,6 +162,18 @@ SmtpServer parseSmtpServer(const std::string& url) {
   server.host = place;
   if (server.host.empty() || server.host.find_first_of("/ \t") != std::string::npos)
     throw MailError(fault);
+  return server;
+}
+
+SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile) {
+  SmtpServer server = parseSmtpServer(url);
+  if (const char* certificates = std::getenv("SSL_CERT_FILE")) server.certificates = certificates;
+  if (passwordFile.empty()) return server;
+  std::ifstream file(passwordFile);
+  if (!std::getline(file, server.password))
+    throw MailError("The password for the mail server cannot be read from \"" + passwordFile +
+                    "\".");
+  if (server.password.ends_with('\r')) server.password.pop_back();
   return server;
 }
 

@@ -34,6 +34,10 @@ struct SmtpServer {
 /// login. A password is never part of it. Throws MailError.
 SmtpServer parseSmtpServer(const std::string& url);
 
+/// The same with the password that is the first line of a file, and certificates to trust from the
+/// file that SSL_CERT_FILE names, if it does. An empty name: without a password. Throws MailError.
+SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile);
+
 /// The connection broke after the whole message had gone out: the server may have taken it.
 class UncertainMailError : public MailError {
  public:

@@ -24,11 +24,11 @@ class Run:
         return json.loads(self.out)
 
 
-def call(folder, *arguments, today=TODAY, database="firm.db"):
+def call(folder, *arguments, today=TODAY, database="firm.db", environment=None):
     """The program without a terminal, on a fixed date."""
     return Run(subprocess.run(command(*arguments, today=today, database=database), cwd=folder,
                               capture_output=True, text=True, stdin=subprocess.DEVNULL,
-                              timeout=60))
+                              timeout=60, env={**os.environ, **(environment or {})}))
 
 
 def command(*arguments, today=TODAY, database="firm.db"):

@@ -88,14 +88,18 @@ void TaskTableModel::setDesk(host::Desk* desk) {
 
 void TaskTableModel::setFilter(const QString& text) {
   query_.filter = plain(text.trimmed());
-  reload();
+  show(pageSize);
 }
 
 void TaskTableModel::reload() {
-  const std::size_t wanted = std::max(lines_.size(), pageSize);
+  show(std::max(lines_.size(), pageSize));
+}
+
+void TaskTableModel::show(std::size_t most) {
+  std::vector<host::TaskLine> lines = readPage(0, most);
   beginResetModel();
-  lines_ = readPage(0, wanted);
-  hasMore_ = lines_.size() == wanted;
+  lines_ = std::move(lines);
+  hasMore_ = lines_.size() == most;
   endResetModel();
 }
 
@@ -135,11 +139,14 @@ bool TaskTableModel::canFetchMore(const QModelIndex& parent) const {
 void TaskTableModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
   std::vector<host::TaskLine> page = readPage(lines_.size(), pageSize);
-  hasMore_ = page.size() == pageSize;
+  // A listener may ask for more while the rows come in.
+  hasMore_ = false;
   if (page.empty()) return;
+  const bool isWhole = page.size() == pageSize;
   const int first = rowCount();
   beginInsertRows({}, first, first + static_cast<int>(page.size()) - 1);
   std::ranges::move(page, std::back_inserter(lines_));
+  hasMore_ = isWhole;
   endInsertRows();
 }
 
@@ -147,8 +154,7 @@ void TaskTableModel::sort(int column, Qt::SortOrder order) {
   if (column < 0 || column >= Column::columns || !lookOf(column).order) return;
   query_.order = *lookOf(column).order;
   query_.descending = order == Qt::DescendingOrder;
-  lines_.clear();
-  reload();
+  show(pageSize);
 }
 
 std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t offset, std::size_t most) {

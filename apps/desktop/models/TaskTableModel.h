@@ -40,6 +40,8 @@ class TaskTableModel : public QAbstractTableModel {
   void failed(const QString& message);
 
  private:
+  /// Reads the first lines anew.
+  void show(std::size_t most);
   std::vector<host::TaskLine> readPage(std::size_t offset, std::size_t most);
 
   host::Desk* desk_ = nullptr;

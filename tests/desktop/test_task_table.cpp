@@ -1,0 +1,136 @@
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QTemporaryDir>
+
+#include "DialogErrorClass.h"
+#include "DialogMsgbox.h"
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/demo/DemoFirm.h"
+#include "host/demo/SqliteRowSink.h"
+#include "host/desk/rows.h"
+#include "host/services/HeadlessFormHost.h"
+#include "models/TaskTableModel.h"
+#include "text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+/// A desk at a small demo firm.
+class TaskTable : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    folder_ = std::make_unique<QTemporaryDir>();
+    const auto database = host::createSqlite(path());
+    host::SqliteRowSink sink(database->connection());
+    host::DemoOptions demo;
+    demo.companies = 30;
+    demo.contacts = 40;
+    demo.today = today;
+    host::makeDemoFirm(sink, demo);
+    sink.insert("DatabaseIdentity", {{"UniqueText", "test"}});
+  }
+  static void TearDownTestSuite() { folder_.reset(); }
+
+  TaskTable() : desk_({path(), today, {}, {}, {}}, {errors_, messages_, forms_}) {
+    model_.setDesk(&desk_);
+  }
+
+  static std::string path() { return plain(folder_->filePath("firm.db")); }
+
+  std::vector<Id> fetchAll() {
+    while (model_.canFetchMore({})) model_.fetchMore({});
+    std::vector<Id> ids;
+    for (int row = 0; row < model_.rowCount(); ++row)
+      ids.push_back(model_.lineAt(model_.index(row, 0)).task.id);
+    return ids;
+  }
+  std::vector<Id> idsOf(const std::string& sql) {
+    std::vector<Id> ids;
+    host::forEachRow(desk_.database(), sql,
+                     [&](const host::Row& row) { ids.push_back(row.id("ScheduleID")); });
+    return ids;
+  }
+  QString text(int row, int column) {
+    return model_.data(model_.index(row, column), Qt::DisplayRole).toString();
+  }
+
+  static constexpr DateTime today = DateTime::of(2026, 4, 15);
+  static std::unique_ptr<QTemporaryDir> folder_;
+  DialogErrorClass errors_;
+  DialogMsgbox messages_;
+  host::HeadlessFormHost forms_;
+  host::Desk desk_;
+  TaskTableModel model_;
+};
+
+std::unique_ptr<QTemporaryDir> TaskTable::folder_;
+
+TEST_F(TaskTable, ReadsPageByPageWhatOneStatementGives) {
+  EXPECT_EQ(model_.rowCount(), 100) << "no more than is seen";
+  const std::string open = "SELECT Schedule.ScheduleID FROM Schedule WHERE Schedule.Closed=False ";
+  const std::vector<Id> byDate = idsOf(open + "ORDER BY Schedule.DueDate, Schedule.ScheduleID;");
+  EXPECT_EQ(fetchAll(), byDate);
+  model_.sort(TaskTableModel::dueDate, Qt::DescendingOrder);
+  EXPECT_EQ(fetchAll(), std::vector<Id>(byDate.rbegin(), byDate.rend()));
+  model_.sort(TaskTableModel::task, Qt::AscendingOrder);
+  EXPECT_EQ(fetchAll(), idsOf(open + "ORDER BY Schedule.scheduleName, Schedule.ScheduleID;"));
+  model_.sort(TaskTableModel::client, Qt::AscendingOrder);
+  EXPECT_THAT(fetchAll(), testing::UnorderedElementsAreArray(byDate));
+}
+
+TEST_F(TaskTable, FiltersByClientAndTaskWithoutJokers) {
+  const auto all = fetchAll().size();
+  const QString client = text(3, TaskTableModel::client);
+  model_.setFilter(client.toUpper().left(4));
+  ASSERT_GT(model_.rowCount(), 0);
+  EXPECT_LT(fetchAll().size(), all);
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    EXPECT_TRUE((text(row, TaskTableModel::client) + text(row, TaskTableModel::task))
+                    .contains(client.left(4), Qt::CaseInsensitive));
+  }
+  for (const char* none : {"%", "_", "' OR 1=1 --", "#"}) {
+    model_.setFilter(none);
+    for (const Id id : fetchAll()) EXPECT_NE(id, noId);
+    for (int row = 0; row < model_.rowCount(); ++row) {
+      EXPECT_TRUE(
+          (text(row, TaskTableModel::client) + text(row, TaskTableModel::task)).contains(none))
+          << none;
+    }
+  }
+  model_.setFilter("");
+  EXPECT_EQ(fetchAll().size(), all);
+}
+
+TEST_F(TaskTable, IsAModelAsViewsExpectIt) {
+  const QAbstractItemModelTester tester(&model_,
+                                        QAbstractItemModelTester::FailureReportingMode::Fatal);
+  fetchAll();
+}
+
+TEST_F(TaskTable, TellsTheStateOfEachTask) {
+  std::map<std::string, int> states;
+  fetchAll();
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    const host::TaskLine& line = model_.lineAt(model_.index(row, 0));
+    const QString state = text(row, TaskTableModel::state);
+    ++states[plain(state)];
+    EXPECT_EQ(state == "due", line.pendingChannels != 0 && line.notificationDate <= today);
+    EXPECT_EQ(state == "scheduled", line.pendingChannels != 0 && line.notificationDate > today);
+    EXPECT_EQ(text(row, TaskTableModel::notificationDate).isEmpty(), line.pendingChannels == 0);
+  }
+  for (const char* state : {"", "scheduled", "due", "sent"}) EXPECT_GT(states[state], 0) << state;
+  EXPECT_EQ(states.size(), 4u);
+}
+
+TEST_F(TaskTable, SaysWhenTheDatabaseIsGone) {
+  QString said;
+  QObject::connect(&model_, &TaskTableModel::failed, [&](const QString& words) { said = words; });
+  static_cast<host::RecordsetDatabase&>(desk_.database()).close();
+  model_.reload();
+  EXPECT_EQ(model_.rowCount(), 0);
+  EXPECT_FALSE(said.isEmpty());
+}
+
+}  // namespace
+}  // namespace autonotify::desktop
