@@ -1,6 +1,8 @@
 #include "control/clsNotificationTools.h"
 
+#include "contacts/modDefaultContact.h"
 #include "control/component_objects.h"
+#include "control/contact_tools.h"
 #include "control/contract/procedure.h"
 #include "control/contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
@@ -55,6 +57,20 @@ class NotificationTools final : public clsNotificationTools {
 
   DateExplanation explainNotificationDate(Id scheduleID) override {
     return autonotify::explainNotificationDate(scheduleID);
+  }
+
+  std::string composeAddress(const AddressWish& wish) override {
+    return autonotify::composeAddress(wish);
+  }
+  RecipientOffer listRecipients(enumAutoNotifyClientType clientType, Id clientID,
+                                RecipientKind kind) override {
+    return autonotify::listRecipients(clientType, clientID, kind);
+  }
+  Id checkForDefaultContact(Id companyID) override {
+    return autonotify::checkForDefaultContact(companyID, noId);
+  }
+  bool setDefaultContact(Id companyID, Id contactID) override {
+    return autonotify::setDefaultContact(companyID, contactID);
   }
 
  private:

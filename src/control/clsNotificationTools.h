@@ -3,6 +3,7 @@
 #include <string>
 
 #include "control/component.h"
+#include "control/contract/contact_lists.h"
 #include "control/contract/date_explanation.h"
 #include "platform/Value.h"
 
@@ -27,6 +28,22 @@ class clsNotificationTools : public ComponentObject {
   virtual std::string mergeTemplate(const std::string& templateText, Id scheduleID) = 0;
   /// Changes nothing.
   virtual DateExplanation explainNotificationDate(Id scheduleID) = 0;
+
+  // Contacts.
+
+  /// The address block of the client, of a company with its default contact as the person. Empty
+  /// for a client who does not exist.
+  virtual std::string composeAddress(const AddressWish& wish) = 0;
+  /// What is known of a company, a contact, or (enumAutoNotifyNone) the firm itself, which has fax
+  /// numbers alone. Emails of a client come with the firm's own.
+  virtual RecipientOffer listRecipients(enumAutoNotifyClientType clientType, Id clientID,
+                                        RecipientKind kind) = 0;
+  /// The company's default contact, or -1.
+  virtual Id checkForDefaultContact(Id companyID) = 0;
+  /// Makes the contact the company's only default one, or leaves it without one by -1, and renews
+  /// what the company tells of it. False, with nothing changed, when the contact is not linked to
+  /// the company.
+  virtual bool setDefaultContact(Id companyID, Id contactID) = 0;
 };
 
 }  // namespace autonotify
