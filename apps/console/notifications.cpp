@@ -14,6 +14,13 @@ Notification loadNotification(Session& session, Id id) {
   return *found;
 }
 
+std::unique_ptr<host::Claim> claimItem(Session& session, host::WorkItem item, Id id) {
+  auto claim = session.claims().take(item, id);
+  if (claim) return claim;
+  throw Refusal(fmt::format("another desk is at work on {} {}; try again later",
+                            item == host::WorkItem::task ? "task" : "notification", id));
+}
+
 Task loadTask(Session& session, Id id) {
   const auto found = host::findTask(session, id);
   if (!found) throw Refusal(fmt::format("there is no task {}", id));

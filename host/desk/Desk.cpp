@@ -24,6 +24,7 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
     : dialogs_(dialogs),
       clock_(makeClock(systemClock_, options.today)),
       database_(openDatabase(options.database)),
+      claims_(claimsOf(*database_, options.database)),
       locale_(LocaleSettings{}),
       workingFolder_((fs::temp_directory_path() / "hvnotify").string()),
       clients_(std::make_unique<ClientDirectory>(*database_)),

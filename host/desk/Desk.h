@@ -7,6 +7,7 @@
 
 #include "control/clsAutoNotifyCtrl.h"
 #include "control/clsNotificationTools.h"
+#include "host/desk/claims.h"
 #include "host/loader/ComponentLibrary.h"
 #include "host/mail/OutboxEmailSender.h"
 #include "host/services/ClassRegistry.h"
@@ -54,6 +55,9 @@ class Desk {
   Desk& operator=(const Desk&) = delete;
 
   DatabaseReference& database() { return *database_; }
+  /// Whoever sends, changes or deletes a notification claims it first and reads its state then;
+  /// so does whoever arms or disarms a task.
+  Claims& claims() { return *claims_; }
   clientDropDownCtrlReference& clients() { return *clients_; }
   clsAutoNotifyCtrl& control() { return *control_; }
   clsNotificationTools& tools() { return *tools_; }
@@ -79,7 +83,8 @@ class Desk {
   DeskDialogs dialogs_;
   SystemClock systemClock_;
   std::unique_ptr<Clock> clock_;
-  std::unique_ptr<DatabaseReference> database_;
+  std::unique_ptr<RecordsetDatabase> database_;
+  std::unique_ptr<Claims> claims_;
   HostLocale locale_;
   HostWorkingFolder workingFolder_;
   std::unique_ptr<ClientDirectory> clients_;

@@ -81,6 +81,7 @@ Outcome disarmChannel(Session& session, const Task& task, notifyType channel, bo
   const Id existing = session.control().cls_getNotificationID(task.id, channel);
   if (existing < 0 && !(task.channels & channel)) return refused(noId, "not armed");
   if (existing >= 0) {
+    const auto claim = claimItem(session, host::WorkItem::notification, existing);
     const NotificationState state = stateOf(loadNotification(session, existing));
     const bool mayBeSent =
         state == NotificationState::sent || state == NotificationState::interruptedSending;
@@ -141,6 +142,7 @@ template <class Change>
 Reply forEachChannel(Session& session, const Arguments& arguments, Change&& change) {
   Reply reply;
   reply.data = Json::array();
+  const auto claim = claimItem(session, host::WorkItem::task, arguments.task);
   for (const notifyType channel : arguments.channels) {
     const Task task = loadTask(session, arguments.task);
     const Outcome outcome = change(task, channel);

@@ -45,6 +45,7 @@ void describeCancel(CLI::App& command, Arguments& arguments) {
 
 Reply runCancel(Session& session, const Arguments& arguments) {
   const Id id = arguments.notification;
+  const auto claim = claimItem(session, host::WorkItem::notification, id);
   requireState(session, id,
                {NotificationState::pending, NotificationState::interruptedCancel,
                 NotificationState::interruptedSending},
@@ -61,6 +62,7 @@ void describeMove(CLI::App& command, Arguments& arguments) {
 
 Reply runMove(Session& session, const Arguments& arguments) {
   const Id id = arguments.notification;
+  const auto claim = claimItem(session, host::WorkItem::notification, id);
   requireState(session, id, {NotificationState::pending}, "moved");
   changeOrRefuse(session, fmt::format("notification {}", id), [&] {
     session.control().cls_ChangeNotificationNotifiedDate(id, *arguments.date);
@@ -73,6 +75,7 @@ void describeRefresh(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runRefresh(Session& session, const Arguments& arguments) {
+  const auto claim = claimItem(session, host::WorkItem::task, arguments.task);
   const Task task = loadTask(session, arguments.task);
   changeOrRefuse(session, fmt::format("task {}", task.id),
                  [&] { session.control().cls_refreshNotificationDate(task.id); });

@@ -159,12 +159,20 @@ class Sending {
   const Arguments& arguments_;
 };
 
+Outcome beingSent(const Arguments& arguments) {
+  const char* words = "another desk is at work on it";
+  return arguments.due ? Outcome{Fate::skipped, words} : failed(words);
+}
+
 /// One row, come what may: a failure ends this row and no other. `about` tells whom it concerns.
 Outcome sendOne(Session& session, Id id, const Arguments& arguments, std::string& about) {
   try {
+    std::unique_ptr<host::Claim> claim;
+    if (!arguments.dryRun) claim = session.claims().tryTake(host::WorkItem::notification, id);
     const std::optional<Notification> row = findNotification(session, id);
     if (!row) return failed("there is no such notification");
     about = fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
+    if (!claim && !arguments.dryRun) return beingSent(arguments);
     return Sending(session, *row, arguments).run();
   } catch (const PlatformError& error) {
     return failed(firstLine(error.description()));

@@ -1,0 +1,132 @@
+#include "host/desk/claims.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <thread>
+
+#include "host/database/dialect/DatabaseError.h"
+#include "host/database/postgres/PostgresDatabase.h"
+#include "host/desk/databases.h"
+
+namespace autonotify::host {
+namespace {
+
+/// A lock on one byte of the file for each item; it ends when its descriptor is closed.
+class FileClaim : public Claim {
+ public:
+  explicit FileClaim(int file) : file_(file) {}
+  ~FileClaim() override { ::close(file_); }
+  FileClaim(const FileClaim&) = delete;
+  FileClaim& operator=(const FileClaim&) = delete;
+
+  /// False when someone else has it.
+  bool lock(WorkItem item, Id id) {
+    constexpr off_t idsOfItem = off_t{1} << 32;
+    struct flock range {};
+    range.l_type = F_WRLCK;
+    range.l_whence = SEEK_SET;
+    range.l_start = static_cast<off_t>(item) * idsOfItem + id;
+    range.l_len = 1;
+    return ::fcntl(file_, F_OFD_SETLK, &range) == 0;
+  }
+
+ private:
+  int file_;
+};
+
+[[noreturn]] void failFile(const std::string& path) {
+  throw DatabaseError(database_error::inputOutput,
+                      "The file of claims " + path + " cannot be used: " + std::strerror(errno));
+}
+
+class FileClaims : public Claims {
+ public:
+  explicit FileClaims(const std::string& database)
+      : database_(database), path_(database + ".claims") {}
+
+  std::unique_ptr<Claim> tryTake(WorkItem item, Id id) override {
+    auto claim = std::make_unique<FileClaim>(openFile());
+    if (claim->lock(item, id)) return claim;
+    if (errno != EAGAIN && errno != EACCES) failFile(path_);
+    return nullptr;
+  }
+
+ private:
+  // Whoever may write to the database may claim, whichever user made the file.
+  int openFile() const {
+    const int file = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0) failFile(path_);
+    struct stat status {};
+    if (::stat(database_.c_str(), &status) == 0) {
+      [[maybe_unused]] const int ofAnotherUser = ::fchmod(file, status.st_mode & 0666);
+    }
+    return file;
+  }
+
+  std::string database_;
+  std::string path_;
+};
+
+// The server's locks are of a whole database, whose schemas may hold several firms.
+constexpr const char* lockKey = "(hashtext('autonotify ' || $1 || ' ' || current_schema()), $2)";
+
+class ServerClaim : public Claim {
+ public:
+  ServerClaim(PostgresConnection& connection, std::vector<Value> key)
+      : connection_(connection), key_(std::move(key)), generation_(connection.generation()) {}
+  ~ServerClaim() override {
+    if (generation_ != connection_.generation()) return;
+    try {
+      connection_.execute(std::string("SELECT pg_advisory_unlock") + lockKey, key_);
+    } catch (const DatabaseError&) {
+      // It went with the connection.
+    }
+  }
+  ServerClaim(const ServerClaim&) = delete;
+  ServerClaim& operator=(const ServerClaim&) = delete;
+
+ private:
+  PostgresConnection& connection_;
+  std::vector<Value> key_;
+  int generation_;
+};
+
+class ServerClaims : public Claims {
+ public:
+  explicit ServerClaims(PostgresDatabase& database) : connection_(database.connection()) {}
+
+  std::unique_ptr<Claim> tryTake(WorkItem item, Id id) override {
+    const std::vector<Value> key{std::to_string(static_cast<int>(item)), id};
+    const auto taken =
+        connection_.execute(std::string("SELECT pg_try_advisory_lock") + lockKey, key);
+    if (!taken.front()[0].as<bool>()) return nullptr;
+    return std::make_unique<ServerClaim>(connection_, key);
+  }
+
+ private:
+  PostgresConnection& connection_;
+};
+
+}  // namespace
+
+std::unique_ptr<Claim> Claims::take(WorkItem item, Id id) {
+  using std::chrono::steady_clock;
+  const auto end = steady_clock::now() + std::chrono::seconds(2);
+  while (true) {
+    std::unique_ptr<Claim> claim = tryTake(item, id);
+    if (claim || steady_clock::now() >= end) return claim;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+}
+
+std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database, const std::string& place) {
+  if (isFile(place)) return std::make_unique<FileClaims>(place);
+  return std::make_unique<ServerClaims>(static_cast<PostgresDatabase&>(database));
+}
+
+}  // namespace autonotify::host

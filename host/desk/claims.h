@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/database/RecordsetDatabase.h"
+#include "platform/Value.h"
+
+namespace autonotify::host {
+
+/// What one desk works on at a time.
+enum class WorkItem { notification = 1, task = 2 };
+
+/// Keeps all other desks off an item until it goes. It goes with its desk too, however that ends.
+class Claim {
+ public:
+  virtual ~Claim() = default;
+};
+
+/// Claims of all desks at one database.
+class Claims {
+ public:
+  virtual ~Claims() = default;
+  /// Null when another desk has the item. Throws DatabaseError.
+  virtual std::unique_ptr<Claim> tryTake(WorkItem item, Id id) = 0;
+  /// The same, after a wait of up to two seconds.
+  std::unique_ptr<Claim> take(WorkItem item, Id id);
+};
+
+/// The claims at an open database. For a file: locks on a file beside it, "firm.db.claims", which
+/// holds nothing and may be deleted when no one is at work. On a server: its advisory locks, which
+/// end with the connection.
+std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database, const std::string& place);
+
+}  // namespace autonotify::host
