@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "commands/arming.h"
 #include "commands/changing.h"
+#include "commands/contacts.h"
 #include "commands/copying.h"
 #include "commands/explaining.h"
 #include "commands/founding.h"
@@ -29,6 +30,12 @@ std::span<const Command> allCommands() {
       Command{"cancel", "cancel a notification", describeCancel, runCancel, nullptr},
       Command{"move", "give a notification another date", describeMove, runMove, nullptr},
       Command{"refresh", "work out a task's dates anew", describeRefresh, runRefresh, nullptr},
+      Command{"address", "show the address block of a client", describeAddress, runAddress,
+              nullptr},
+      Command{"recipients", "list what a notification may be addressed to", describeRecipients,
+              runRecipients, nullptr},
+      Command{"contact-default", "show or set a company's default contact", describeContactDefault,
+              runContactDefault, nullptr},
   };
   return commands;
 }

@@ -3,7 +3,7 @@
 from console import ConsoleTest
 
 COMMANDS = ("init, copy, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, "
-            "move, refresh")
+            "move, refresh, address, recipients, contact-default")
 
 # Arguments and the line that answers them.
 WRONG = [
