@@ -47,9 +47,15 @@ void RowList::forget() noexcept {
 
 void RowList::step() try {
   if (!started_) start();
-  standsOnRow_ = false;
-  if (plan_->rows().step()) {
-    take(plan_->rows());
+  if (standsOnRow_) leaveRow();
+  DriverStatement& statement = plan_->rows();
+  if (statement.step()) {
+    if (isAdded(statement)) return;
+    if (plan_->isKeyed())
+      standsOnRow_ = true;
+    else
+      buffer_.push_back(valuesOf(statement));
+    ++known_;
   } else {
     complete_ = true;
     session_.end(*this);
@@ -59,19 +65,16 @@ void RowList::step() try {
   throw;
 }
 
-void RowList::take(DriverStatement& statement) {
-  if (!plan_->isKeyed()) {
-    buffer_.push_back(valuesOf(statement));
-  } else {
-    const Id first = statement.key(plan_->keyColumn(0));
-    // A row added before the statement began is told behind all others, where it was put.
-    if (std::find(added_.begin(), added_.end(), first) != added_.end()) return;
-    keys_.push_back(first);
-    for (std::size_t table = 1; table < plan_->tables().size(); ++table)
-      keys_.push_back(statement.key(plan_->keyColumn(static_cast<int>(table))));
-    standsOnRow_ = true;
-  }
-  ++known_;
+/// A row added before the statement began is told behind all others, where it was put.
+bool RowList::isAdded(DriverStatement& statement) const {
+  return !added_.empty() && std::find(added_.begin(), added_.end(),
+                                      statement.key(plan_->keyColumn(0))) != added_.end();
+}
+
+void RowList::leaveRow() {
+  for (std::size_t table = 0; table < plan_->tables().size(); ++table)
+    keys_.push_back(plan_->rows().key(plan_->keyColumn(static_cast<int>(table))));
+  standsOnRow_ = false;
 }
 
 void RowList::settle(Settle how) {
@@ -117,6 +120,7 @@ bool RowList::isFresh() const {
 
 Id RowList::key(std::size_t row, int table) const {
   if (row >= firstAdded) return added_[row - firstAdded];
+  if (isLive(row)) return plan_->rows().key(plan_->keyColumn(table));
   return keys_[row * plan_->tables().size() + static_cast<std::size_t>(table)];
 }
 

@@ -58,7 +58,8 @@ class RowList : private LiveRows {
   void step();
   void start();
   void forget() noexcept;
-  void take(DriverStatement& statement);
+  bool isAdded(DriverStatement& statement) const;
+  void leaveRow();
   void drain(std::size_t valuesToKeep);
   bool isLive(std::size_t row) const { return standsOnRow_ && row + 1 == known_; }
   bool isHeld(std::size_t row) const;
@@ -70,7 +71,7 @@ class RowList : private LiveRows {
   Session& session_;
   std::shared_ptr<Plan> plan_;
   std::vector<Value> parameters_;
-  std::vector<Id> keys_;  // of all tables, row after row
+  std::vector<Id> keys_;  // of all tables, row after row, up to the one that the statement is on
   std::vector<Id> added_;
   std::size_t known_ = 0;
   bool started_ = false;

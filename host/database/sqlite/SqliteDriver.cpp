@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include "host/database/dialect/DatabaseError.h"
@@ -177,7 +178,9 @@ void throwSqliteError(sqlite3* connection, int code, const std::string& sql) {
                    connection ? sqlite3_errmsg(connection) : sqlite3_errstr(code), sql);
 }
 
-SqliteDriver::SqliteDriver(SQLite::Database database) : database_(std::move(database)) {}
+SqliteDriver::SqliteDriver(SQLite::Database database)
+    : database_(std::move(database)),
+      isInFile_(*sqlite3_db_filename(database_.getHandle(), "main") != 0) {}
 
 SqliteDriver::~SqliteDriver() = default;
 
@@ -198,7 +201,8 @@ Id SqliteDriver::nextKey(std::int64_t counter, const std::string& table) {
 }
 
 Id SqliteDriver::reserveKey(const TableDef& table) {
-  const QuickCommits quick(database_);
+  std::optional<QuickCommits> quick;
+  if (isInFile_) quick.emplace(database_);
   std::int64_t& counter = counters_[&table];
   const Id key = nextKey(counter, table.name);
   if (key != noId) return key;

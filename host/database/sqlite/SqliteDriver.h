@@ -38,6 +38,7 @@ class SqliteDriver : public Driver {
   std::int64_t counterOf(const TableDef& table);
 
   SQLite::Database database_;
+  bool isInFile_;
   std::unique_ptr<DriverStatement> nextKey_;
   // Where the counters were last seen: the engine has no index on their names.
   std::unordered_map<const TableDef*, std::int64_t> counters_;
