@@ -50,6 +50,7 @@ struct Arguments {
   std::string from;
   std::string to;
   bool anew = false;
+  std::string role;
   bool due = false;
   bool dryRun = false;
   bool markOnly = false;

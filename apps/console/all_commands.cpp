@@ -17,6 +17,7 @@ std::span<const Command> allCommands() {
   static constexpr std::array commands{
       Command{"init", "make a new database", describeInit, nullptr, runInit},
       Command{"copy", "copy a database to another place", describeCopy, nullptr, runCopy},
+      Command{"role", "print a role for desks at a server", describeRole, nullptr, runRole},
       Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
       Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
       Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},

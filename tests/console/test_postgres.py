@@ -56,6 +56,9 @@ class PostgresTest(ConsoleTest):
 
     def test_a_day_at_the_desk(self):
         self.make()
+        self.walk()
+
+    def walk(self):
         self.compare("tasks")
         self.compare("due")
         for task in self.sql("SELECT ScheduleID FROM Schedule WHERE Closed=0 AND notifyType=0 AND "
@@ -90,6 +93,21 @@ class PostgresTest(ConsoleTest):
         self.assertNotIn("s3cret", secret.err)
         unnamed = call(self.folder, "init", "--demo", *self.demo, database=self.url)
         self.assertEqual(1, unnamed.code)
+
+    def test_a_role_with_the_rights_of_a_desk_suffices_for_a_day(self):
+        role = f"desk_{os.getpid()}_{self.number}"
+        self.make()
+        self.psql(self.on_server("role", role).out)
+        self.addCleanup(self.psql, f"DROP OWNED BY {role}; DROP ROLE {role}")
+        owner, self.url = self.url, self.url.replace("//firm@", f"//{role}@")
+        self.assertNotEqual(owner, self.url)
+        self.walk()
+        for statement in ("DELETE FROM Companies", "UPDATE Schedule SET DueDate = NULL",
+                          "INSERT INTO Contacts DEFAULT VALUES", "CREATE TABLE own (k INTEGER)",
+                          "UPDATE autonotify_version SET complete = FALSE"):
+            done = subprocess.run(["psql", "-Xq", self.url, "-c", statement], text=True,
+                                  capture_output=True, timeout=60)
+            self.assertIn("permission denied", done.stderr, statement)
 
     def test_emails_need_an_outbox_that_was_named(self):
         self.make()

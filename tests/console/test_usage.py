@@ -2,7 +2,7 @@
 
 from console import ConsoleTest
 
-COMMANDS = ("init, copy, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, "
+COMMANDS = ("init, copy, role, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, "
             "move, refresh, address, recipients, contact-default")
 
 # Arguments and the line that answers them.

@@ -9,6 +9,9 @@
 #include "commands/arguments.h"
 #include "host/copy/DatabaseCopy.h"
 #include "host/database/dialect/DatabaseError.h"
+#include "host/database/postgres/PostgresDatabase.h"
+#include "host/database/postgres/desk_role.h"
+#include "host/desk/databases.h"
 
 namespace autonotify::console {
 namespace {
@@ -62,6 +65,22 @@ Reply runCopy(const GlobalOptions& options, const Arguments& arguments) {
                 {"rows", result.rows},
                 {"tables", result.tables},
                 {"foundThere", result.foundThere}};
+  return reply;
+}
+
+void describeRole(CLI::App& command, Arguments& arguments) {
+  addText(command, "NAME", "TEXT", "the role, such as desk", arguments.role)->required();
+}
+
+Reply runRole(const GlobalOptions& options, const Arguments& arguments) {
+  const std::string& place = options.database;
+  if (host::isFile(place)) throw Refusal(place + " is a file: who may use it, its folder says");
+  Reply reply;
+  opened(place, [&] {
+    const auto database = host::openPostgres(place);
+    reply.document = host::deskRoleStatements(database->connection(), arguments.role);
+  });
+  reply.data = {{"role", arguments.role}, {"statements", reply.document}};
   return reply;
 }
 

@@ -10,4 +10,8 @@ void describeCopy(CLI::App& command, Arguments& arguments);
 /// was interrupted cannot be opened; the same command goes on with it.
 Reply runCopy(const GlobalOptions& options, const Arguments& arguments);
 
+void describeRole(CLI::App& command, Arguments& arguments);
+/// Prints the statements that make a role for desks at a database on a server.
+Reply runRole(const GlobalOptions& options, const Arguments& arguments);
+
 }  // namespace autonotify::console

@@ -1,0 +1,56 @@
+#include "host/database/postgres/desk_role.h"
+
+#include "host/database/schema/Schema.h"
+#include "platform/text.h"
+
+namespace autonotify::host {
+namespace {
+
+struct TableRights {
+  const char* table;
+  const char* rights;
+  bool addsRows;
+};
+
+constexpr TableRights rightsOfADesk[] = {
+    {"ClientNotification", "INSERT, UPDATE, DELETE", true},
+    {"ClientScheduleAutoNotifications", "INSERT, UPDATE", true},
+    {"ScheduleTypes", "INSERT, UPDATE", true},
+    {"UserGeneralSettings", "INSERT, UPDATE", true},
+    {"UserGridSettings2", "INSERT, UPDATE", true},
+    {"Schedule", "UPDATE (notifyType, ScheduleModifiedStamp)", false},
+    {"ContactLinks", "UPDATE (DefaultContact)", false},
+    {"Companies",
+     "UPDATE (DefaultContactName, DefaultContactPhoneNumber, DefaultContactFaxNumber, "
+     "DefaultContactEmail, PortalChangedFlag)",
+     false},
+    {"CompaniesNotes", "UPDATE (ContactNotes)", false},
+};
+
+std::string ask(PostgresConnection& connection, const std::string& sql,
+                const std::vector<Value>& parameters) {
+  return connection.execute(sql, parameters).front()[0].as<std::string>();
+}
+
+}  // namespace
+
+std::string deskRoleStatements(PostgresConnection& connection, const std::string& role) {
+  const std::string name = ask(connection, "SELECT quote_ident($1)", {role});
+  const std::string schema = ask(connection, "SELECT quote_ident(current_schema())", {});
+  const std::string to = " TO " + name + ";\n";
+  std::string sql = "CREATE ROLE " + name + " LOGIN;\n";
+  sql += "GRANT USAGE ON SCHEMA " + schema + to;
+  sql += "GRANT SELECT ON ALL TABLES IN SCHEMA " + schema + to;
+  for (const TableRights& each : rightsOfADesk) {
+    sql += std::string("GRANT ") + each.rights + " ON " + schema + '.' + each.table + to;
+    if (!each.addsRows) continue;
+    const std::string& key = findTable(each.table)->columns.front().name;
+    sql += "GRANT USAGE ON SEQUENCE " +
+           ask(connection, "SELECT pg_get_serial_sequence($1, $2)",
+               {lowerCase(each.table), lowerCase(key)}) +
+           to;
+  }
+  return sql;
+}
+
+}  // namespace autonotify::host
