@@ -17,8 +17,18 @@ host::Terminal makeTerminal(const GlobalOptions& options) {
   return isInteractive ? host::Terminal{&std::cin, &std::cerr} : host::Terminal{};
 }
 
+std::optional<host::SmtpServer> mailServer(const GlobalOptions& options) {
+  if (options.mailServer.empty()) return std::nullopt;
+  try {
+    return host::readSmtpServer(options.mailServer, options.mailPasswordFile);
+  } catch (const host::MailError& error) {
+    throw Refusal(error.what(), exitUsage);
+  }
+}
+
 host::DeskOptions deskOptions(const GlobalOptions& options) {
-  return {options.database, options.today, options.user, options.outbox, options.firmCode};
+  return {options.database, options.today,    options.user,
+          options.outbox,   options.firmCode, mailServer(options)};
 }
 
 }  // namespace

@@ -23,6 +23,13 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
   addNumber(app, "--user", "who works: the id of a member of staff", options.user);
   addText(app, "--outbox", "FOLDER", "folder for emails (default: made beside the database)",
           options.outbox);
+  addText(app, "--smtp", "URL",
+          "send emails through this server: smtp://USER@HOST, smtps://... or smtp-plain://...",
+          options.mailServer)
+      ->envname("HVNOTIFY_SMTP");
+  addText(app, "--smtp-password-file", "FILE", "holds the password for the mail server",
+          options.mailPasswordFile)
+      ->envname("HVNOTIFY_SMTP_PASSWORD_FILE");
   addText(app, "--firm-code", "CODE", "the installation's firm code", options.firmCode);
   app.add_flag("--json", options.json, "print data as JSON");
   app.add_flag("--batch", options.batch, "ask nobody, even on a terminal");

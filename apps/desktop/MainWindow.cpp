@@ -107,6 +107,7 @@ void MainWindow::makeActions() {
   compose_ = addCommand(tr("&Email Now..."), tr("Ctrl+E"), &MainWindow::composeEmail);
   compose_->setToolTip(tr("Write to the client of the chosen task now"));
   schedule_ = addCommand(tr("&Schedule Email..."), tr("Ctrl+S"), &MainWindow::scheduleEmail);
+  schedule_->setObjectName("scheduleEmail");
   schedule_->setToolTip(tr("Have the client notified by email on the task's notification date"));
   refresh_ = addCommand(tr("&Refresh"), QKeySequence::Refresh, &MainWindow::refresh);
 }
@@ -204,9 +205,21 @@ void MainWindow::chooseDatabase() {
   if (!path.isEmpty()) openDatabase(path);
 }
 
-void MainWindow::composeEmail() {}
+void MainWindow::composeEmail() {
+  const host::TaskLine* line = chosenTask();
+  if (!line) return;
+  desk_->control().cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
+      Tasks, remittanceNotification, noId, line->task.id);
+  refresh();
+}
 
-void MainWindow::scheduleEmail() {}
+void MainWindow::scheduleEmail() {
+  const host::TaskLine* line = chosenTask();
+  if (!line) return;
+  desk_->control().cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
+      Tasks, remittanceNotification, noId, line->task.id);
+  refresh();
+}
 
 void MainWindow::refresh() {
   if (desk_) tasks_->reload();

@@ -28,6 +28,7 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       locale_(LocaleSettings{}),
       workingFolder_((fs::temp_directory_path() / "hvnotify").string()),
       clients_(std::make_unique<ClientDirectory>(*database_)),
+      mailServer_(options.mailServer),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
       outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
   readFirm(options);
@@ -107,7 +108,8 @@ void Desk::makeOutbox() {
 }
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
-  auto sender = std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}, {}}, *clock_);
+  auto sender =
+      std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}, mailServer_}, *clock_);
   sender->put_errorClass(&dialogs_.errors);
   sender->put_MsgboxClass(&dialogs_.messages);
   sender->put_LocaleReference(&locale_);

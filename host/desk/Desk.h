@@ -30,6 +30,8 @@ struct DeskOptions {
   std::string outbox;
   /// The installation's firm code.
   std::string firmCode;
+  /// Who takes the emails from the outbox; unset: some other mail system.
+  std::optional<SmtpServer> mailServer = std::nullopt;
 };
 
 /// How the person at the desk is met. None is owned; all outlive the desk.
@@ -89,6 +91,7 @@ class Desk {
   HostWorkingFolder workingFolder_;
   std::unique_ptr<ClientDirectory> clients_;
   ClassRegistry registry_;
+  std::optional<SmtpServer> mailServer_;
   /// Beside the database, not named by an option.
   bool hasOwnOutbox_;
   std::string outbox_;

@@ -17,7 +17,7 @@ struct OutboxSettings {
   /// Who writes. Where empty, the name and the address of the firm's own record.
   Mailbox from;
   /// Unset: some mail system takes the messages from the folder.
-  std::optional<SmtpServer> server;
+  std::optional<SmtpServer> server = std::nullopt;
 };
 
 /// Sends a message by putting it, as an RFC 5322 file, into an outbox folder, and, where a server

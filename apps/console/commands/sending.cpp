@@ -149,6 +149,7 @@ class Sending {
   std::unique_ptr<host::OutboxEmailSender> newSender() {
     auto sender = session_.newEmailSender();
     sender->setIdentity(session_.messageIdentity(row_.id));
+    if (arguments_.again) sender->allowRepeat();
     return sender;
   }
 

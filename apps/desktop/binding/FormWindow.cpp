@@ -15,7 +15,6 @@ FormWindow::FormWindow(Form& form, QWidget* parent) : QDialog(parent), form_(for
   QWidget* layout = loadLayout(shown(form.name()), this);
   setObjectName(shown(form.name()));
   auto* box = new QVBoxLayout(this);
-  box->setContentsMargins(0, 0, 0, 0);
   box->addWidget(layout);
   resize(layout->size());
   const auto drawCaption = [this] { setWindowTitle(shown(form_.caption())); };

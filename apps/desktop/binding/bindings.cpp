@@ -180,7 +180,8 @@ class DateBinding : public BindingOf<DatePicker, QDateEdit> {
   DateBinding(Form& form, DatePicker& control, QDateEdit& widget)
       : BindingOf(form, control, widget) {
     widget.setCalendarPopup(true);
-    widget.calendarWidget()->installEventFilter(this);
+    calendar_ = widget.calendarWidget();
+    calendar_->installEventFilter(this);
   }
 
  protected:
@@ -188,20 +189,23 @@ class DateBinding : public BindingOf<DatePicker, QDateEdit> {
     const QDate date = qtDate(control_.value());
     if (!date.isValid()) return;
     widget_.setDate(date);
-    widget_.calendarWidget()->setSelectedDate(date);
+    calendar_->setSelectedDate(date);
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched != widget_.calendarWidget()) return Binding::eventFilter(watched, event);
+    if (watched != calendar_) return Binding::eventFilter(watched, event);
     if (event->type() == QEvent::Show) pass([this](Person& person) { person.dropDown(control_); });
     if (event->type() == QEvent::Hide) {
       // The calendar goes first: what follows may ask a question.
-      const DateTime picked = modelDate(widget_.calendarWidget()->selectedDate());
+      const DateTime picked = modelDate(calendar_->selectedDate());
       QMetaObject::invokeMethod(
           this, [=, this] { pass([&](Person& person) { person.closeUp(control_, picked); }); },
           Qt::QueuedConnection);
     }
     return false;
   }
+
+ private:
+  QCalendarWidget* calendar_ = nullptr;
 };
 
 class ProgressBinding : public BindingOf<ProgressBar, QProgressBar> {

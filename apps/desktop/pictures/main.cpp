@@ -1,4 +1,6 @@
 // Takes the pictures of the documentation. Usage: desktop_pictures DATABASE FOLDER
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QTextStream>
@@ -38,6 +40,12 @@ int run(int argc, char** argv) {
   MainWindow window(options);
   window.show();
   allTaken = take(window, folder, "desktop-tasks") && allTaken;
+  QTimer::singleShot(300, [&] {
+    QWidget& composer = *QApplication::activeModalWidget();
+    allTaken = take(composer, folder, "email-composer") && allTaken;
+    composer.findChild<QAbstractButton*>("cmdCancel")->click();
+  });
+  window.findChild<QAction*>("scheduleEmail")->trigger();
   return allTaken ? 0 : 1;
 }
 
