@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "host/database/dialect/DatabaseError.h"
 #include "platform/date_time_text.h"
@@ -92,6 +93,9 @@ pqxx::result PostgresStatement::executePrepared(Prepared& prepared,
   const PostgresParameters bound(parameters);
   PostgresConnection& connection = driver_.connection();
   return connection.perform(sql_, [&](pqxx::transaction_base& transaction) {
+    // Preparing is an exchange of its own, which a statement that runs once is spared.
+    if (!std::exchange(prepared.wasUsed, true))
+      return transaction.exec_params(prepared.sql, bound.all());
     if (prepared.generation != connection.generation()) {
       transaction.conn().prepare(prepared.name, prepared.sql);
       prepared.generation = connection.generation();

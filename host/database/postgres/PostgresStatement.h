@@ -25,11 +25,12 @@ class PostgresStatement : public DriverStatement {
 
  private:
   using Reader = Value (*)(const pqxx::field&);
-  /// A text that the server keeps under a name.
+  /// A text that the server keeps under a name from its second use on.
   struct Prepared {
     std::string name;
     std::string sql;
     int generation = 0;
+    bool wasUsed = false;
   };
 
   pqxx::result executePrepared(Prepared& prepared, const std::vector<Value>& parameters);
