@@ -171,6 +171,7 @@ Outcome sendOne(Session& session, Id id, const Arguments& arguments, std::string
     std::unique_ptr<host::Claim> claim;
     if (!arguments.dryRun) claim = session.claims().tryTake(host::WorkItem::notification, id);
     const std::optional<Notification> row = findNotification(session, id);
+    if (!row && arguments.due) return {Fate::skipped, "was deleted meanwhile"};
     if (!row) return failed("there is no such notification");
     about = fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
     if (!claim && !arguments.dryRun) return beingSent(arguments);
