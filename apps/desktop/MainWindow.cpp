@@ -19,6 +19,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "OptionsDialog.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "text.h"
 
@@ -109,6 +110,8 @@ void MainWindow::makeActions() {
   schedule_ = addCommand(tr("&Schedule Email..."), tr("Ctrl+S"), &MainWindow::scheduleEmail);
   schedule_->setObjectName("scheduleEmail");
   schedule_->setToolTip(tr("Have the client notified by email on the task's notification date"));
+  edit_ = addCommand(tr("E&dit Email..."), tr("Ctrl+D"), &MainWindow::editEmail);
+  edit_->setToolTip(tr("Change the email that waits for its date"));
   refresh_ = addCommand(tr("&Refresh"), QKeySequence::Refresh, &MainWindow::refresh);
 }
 
@@ -119,7 +122,7 @@ void MainWindow::makeMenus() {
   QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
   quit->setShortcut(QKeySequence::Quit);
   QMenu* task = menuBar()->addMenu(tr("&Task"));
-  task->addActions({compose_, schedule_});
+  task->addActions({compose_, schedule_, edit_});
   QMenu* view = menuBar()->addMenu(tr("&View"));
   view->addAction(refresh_);
   QAction* find = view->addAction(tr("&Find Task"), filter_, [this] {
@@ -127,12 +130,16 @@ void MainWindow::makeMenus() {
     filter_->selectAll();
   });
   find->setShortcut(QKeySequence::Find);
+  menuBar()
+      ->addMenu(tr("T&ools"))
+      ->addAction(tr("&Options..."), this, &MainWindow::changeOptions)
+      ->setObjectName("options");
   menuBar()->addMenu(tr("&Help"))->addAction(tr("&About"), this, &MainWindow::showAbout);
   QToolBar* bar = addToolBar(tr("Commands"));
   bar->setObjectName("commands");
   bar->setMovable(false);
   bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-  bar->addActions({compose_, schedule_, refresh_});
+  bar->addActions({compose_, schedule_, edit_, refresh_});
 }
 
 QWidget* MainWindow::makeTaskPage() {
@@ -170,7 +177,7 @@ QWidget* MainWindow::makeTaskPage() {
   table_->horizontalHeader()->setStretchLastSection(true);
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &MainWindow::updateCommands);
-  connect(table_, &QTableView::activated, this, &MainWindow::scheduleEmail);
+  connect(table_, &QTableView::activated, this, &MainWindow::openTask);
 
   auto* top = new QHBoxLayout;
   top->addWidget(filter_, 1);
@@ -221,8 +228,29 @@ void MainWindow::scheduleEmail() {
   refresh();
 }
 
+void MainWindow::editEmail() {
+  const host::TaskLine* line = chosenTask();
+  if (!line) return;
+  const Id row = host::findPendingNotification(*desk_, line->task.id, nt_Email);
+  if (row != noId) desk_->tools().editEmailNotification(row);
+  refresh();
+}
+
+void MainWindow::openTask() {
+  (edit_->isEnabled() ? edit_ : schedule_)->trigger();
+}
+
+void MainWindow::changeOptions() {
+  OptionsDialog dialog(desk_.get(), this);
+  if (dialog.exec() != QDialog::Accepted || !desk_) return;
+  // A new desk takes up what has changed.
+  openDatabase(shown(options_.database));
+}
+
 void MainWindow::refresh() {
+  const int row = table_->currentIndex().row();
   if (desk_) tasks_->reload();
+  if (row >= 0 && row < tasks_->rowCount()) table_->selectRow(row);
   updateCounts();
 }
 
@@ -247,9 +275,11 @@ const host::TaskLine* MainWindow::chosenTask() const {
 }
 
 void MainWindow::updateCommands() {
-  const bool isChosen = chosenTask() != nullptr;
-  compose_->setEnabled(isChosen);
-  schedule_->setEnabled(isChosen);
+  const host::TaskLine* line = chosenTask();
+  const bool isScheduled = line && (line->pendingChannels & nt_Email);
+  compose_->setEnabled(line != nullptr);
+  schedule_->setEnabled(line && !isScheduled);
+  edit_->setEnabled(isScheduled);
   refresh_->setEnabled(desk_ != nullptr);
 }
 

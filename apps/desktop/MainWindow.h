@@ -44,6 +44,10 @@ class MainWindow : public QMainWindow {
   void chooseDatabase();
   void composeEmail();
   void scheduleEmail();
+  void editEmail();
+  /// Edits the chosen task's email, or schedules one.
+  void openTask();
+  void changeOptions();
   void refresh();
   void showAbout();
   void tellFault(const QString& message);
@@ -64,6 +68,7 @@ class MainWindow : public QMainWindow {
   QAction* open_ = nullptr;
   QAction* compose_ = nullptr;
   QAction* schedule_ = nullptr;
+  QAction* edit_ = nullptr;
   QAction* refresh_ = nullptr;
   QLineEdit* filter_ = nullptr;
   QTableView* table_ = nullptr;

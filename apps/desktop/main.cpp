@@ -3,7 +3,9 @@
 #include <QIcon>
 #include <QSettings>
 #include <QTextStream>
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "MainWindow.h"
 #include "platform/date_time_text.h"
@@ -12,7 +14,9 @@
 namespace autonotify::desktop {
 namespace {
 
+constexpr int exitNoDisplay = 1;
 constexpr int exitUsage = 2;
+constexpr const char* displayVariables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 
 /// Reads the options; the answer is a fault in words, empty when all is well.
 QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options) {
@@ -34,7 +38,18 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   return {};
 }
 
+/// Without one the toolkit would end the program with words for programmers.
+bool hasDisplay() {
+  return std::any_of(std::begin(displayVariables), std::end(displayVariables),
+                     [](const char* name) { return qEnvironmentVariableIsSet(name); });
+}
+
 int run(int argc, char** argv) {
+  if (!hasDisplay()) {
+    std::fputs("hvnotify-desktop: there is no display; log in to a desktop, or use \"ssh -X\"\n",
+               stderr);
+    return exitNoDisplay;
+  }
   QApplication app(argc, argv);
   QApplication::setApplicationName("hvnotify-desktop");
   QApplication::setOrganizationName("hvnotify");

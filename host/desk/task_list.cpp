@@ -71,11 +71,15 @@ std::string selectTasks(Desk& desk, const char* columns, const TaskQuery& query)
                      needsClients(query) ? tasksAndClients : "Schedule", conditionOf(desk, query));
 }
 
-void readNotifications(Desk& desk, TaskLine& line) {
+template <class Visit>
+void forEachNotification(Desk& desk, Id task, Visit&& visit) {
   const std::string sql = fmt::format("SELECT {} FROM ClientNotification WHERE ScheduleIDNum={};",
-                                      summaryColumns, line.task.id);
-  forEachRow(desk.database(), sql, [&](const Row& row) {
-    const Notification notification = readSummary(row);
+                                      summaryColumns, task);
+  forEachRow(desk.database(), sql, [&](const Row& row) { visit(readSummary(row)); });
+}
+
+void readNotifications(Desk& desk, TaskLine& line) {
+  forEachNotification(desk, line.task.id, [&](const Notification& notification) {
     const NotificationState state = stateOf(notification);
     if (state == NotificationState::sent) line.sentChannels |= notification.channel;
     if (state != NotificationState::pending) return;
@@ -114,6 +118,15 @@ void forEachTask(Desk& desk, const TaskQuery& query,
   const std::string sql =
       selectTasks(desk, taskColumns, query) + " ORDER BY " + orderOf(query) + ";";
   forEachRow(desk.database(), sql, [&](const Row& row) { visit(readTask(row)); });
+}
+
+Id findPendingNotification(Desk& desk, Id task, notifyType channel) {
+  Id found = noId;
+  forEachNotification(desk, task, [&](const Notification& notification) {
+    if (notification.channel == channel && stateOf(notification) == NotificationState::pending)
+      found = notification.id;
+  });
+  return found;
 }
 
 std::size_t countTasks(Desk& desk, const TaskQuery& query) {

@@ -45,6 +45,9 @@ std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::siz
 void forEachTask(Desk& desk, const TaskQuery& query,
                  const std::function<void(const Task& task)>& visit);
 
+/// The task's notification of the channel that waits for its date; noId when none does.
+Id findPendingNotification(Desk& desk, Id task, notifyType channel);
+
 /// How many open tasks the query has.
 std::size_t countTasks(Desk& desk, const TaskQuery& query);
 

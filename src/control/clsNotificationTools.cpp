@@ -5,10 +5,12 @@
 #include "control/contact_tools.h"
 #include "control/contract/procedure.h"
 #include "control/contract/references.h"
+#include "control/contract/windows.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotifyClients.h"
+#include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify {
 namespace {
@@ -42,6 +44,17 @@ class NotificationTools final : public clsNotificationTools {
 
   void cancelNotification(Id notificationID) override {
     autonotify::cancelNotification(notificationID);
+  }
+
+  bool editEmailNotification(Id notificationID) override {
+    return procedure("Morvane.exe-clsNotificationTools-editEmailNotification", false,
+                     [&](Step& step, bool& result) {
+                       withWindow<frmSendNotificationWizardEmail>(step, [&](auto& window) {
+                         window.InitializeEditAutoNotify(remittanceNotification, notificationID,
+                                                         Tasks);
+                         result = !window.cancelFlag();
+                       });
+                     });
   }
 
   std::string findTemplateFault(const std::string& templateText, bool isRTF) override {

@@ -2,7 +2,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
+#include <QTableView>
 #include <QTextStream>
 #include <QTimer>
 
@@ -40,12 +42,20 @@ int run(int argc, char** argv) {
   MainWindow window(options);
   window.show();
   allTaken = take(window, folder, "desktop-tasks") && allTaken;
+  window.findChild<QTableView*>("tasks")->sortByColumn(TaskTableModel::dueDate,
+                                                       Qt::DescendingOrder);
   QTimer::singleShot(300, [&] {
     QWidget& composer = *QApplication::activeModalWidget();
     allTaken = take(composer, folder, "email-composer") && allTaken;
     composer.findChild<QAbstractButton*>("cmdCancel")->click();
   });
   window.findChild<QAction*>("scheduleEmail")->trigger();
+  QTimer::singleShot(300, [&] {
+    auto& dialog = *qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    allTaken = take(dialog, folder, "desktop-options") && allTaken;
+    dialog.reject();
+  });
+  window.findChild<QAction*>("options")->trigger();
   return allTaken ? 0 : 1;
 }
 

@@ -1,0 +1,110 @@
+#include "OptionsDialog.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QVBoxLayout>
+
+#include "host/desk/user_options.h"
+#include "text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+constexpr const char* serverKey = "mail/server";
+constexpr const char* passwordFileKey = "mail/passwordFile";
+
+}  // namespace
+
+std::optional<host::SmtpServer> chosenMailServer() {
+  const QSettings settings;
+  const QString server = settings.value(serverKey).toString();
+  if (server.isEmpty()) return std::nullopt;
+  return host::readSmtpServer(plain(server), plain(settings.value(passwordFileKey).toString()));
+}
+
+OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent), desk_(desk) {
+  setWindowTitle(tr("Options"));
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(makeMailGroup());
+  layout->addWidget(makeUserGroup());
+  layout->addWidget(buttons);
+}
+
+QWidget* OptionsDialog::makeMailGroup() {
+  const QSettings settings;
+  auto* group = new QGroupBox(tr("Emails on this machine"), this);
+  toOutbox_ =
+      new QRadioButton(tr("&Leave them in the outbox folder for another mail system"), group);
+  toServer_ = new QRadioButton(tr("&Send them through a mail server"), group);
+  server_ = new QLineEdit(settings.value(serverKey).toString(), group);
+  server_->setObjectName("server");
+  server_->setMinimumWidth(300);
+  server_->setPlaceholderText("smtp://user@mail.example:587");
+  passwordFile_ = new QLineEdit(settings.value(passwordFileKey).toString(), group);
+  auto* browse = new QPushButton(tr("&Browse..."), group);
+  connect(browse, &QPushButton::clicked, this, &OptionsDialog::choosePasswordFile);
+  auto* password = new QHBoxLayout;
+  password->addWidget(passwordFile_);
+  password->addWidget(browse);
+  auto* layout = new QFormLayout(group);
+  layout->addRow(toOutbox_);
+  layout->addRow(toServer_);
+  layout->addRow(tr("Ser&ver:"), server_);
+  auto* passwordLabel = new QLabel(tr("File with the &password:"), group);
+  passwordLabel->setBuddy(passwordFile_);
+  layout->addRow(passwordLabel, password);
+  for (QWidget* widget : std::initializer_list<QWidget*>{server_, passwordFile_, browse}) {
+    widget->setEnabled(false);
+    connect(toServer_, &QRadioButton::toggled, widget, &QWidget::setEnabled);
+  }
+  (server_->text().isEmpty() ? toOutbox_ : toServer_)->setChecked(true);
+  return group;
+}
+
+QWidget* OptionsDialog::makeUserGroup() {
+  auto* group = new QGroupBox(tr("For me"), this);
+  confirm_ = new QCheckBox(tr("&Confirm each notification that I schedule"), group);
+  confirm_->setObjectName("confirm");
+  confirm_->setEnabled(desk_ != nullptr);
+  if (desk_) confirm_->setChecked(host::confirmsScheduling(*desk_));
+  (new QVBoxLayout(group))->addWidget(confirm_);
+  return group;
+}
+
+void OptionsDialog::choosePasswordFile() {
+  const QString file = QFileDialog::getOpenFileName(this, tr("File with the password"));
+  if (!file.isEmpty()) passwordFile_->setText(file);
+}
+
+void OptionsDialog::accept() {
+  const QString server = toServer_->isChecked() ? server_->text().trimmed() : QString();
+  try {
+    if (toServer_->isChecked()) host::readSmtpServer(plain(server), plain(passwordFile_->text()));
+    if (desk_) host::setConfirmsScheduling(*desk_, confirm_->isChecked());
+  } catch (const host::MailError& error) {
+    QMessageBox::warning(this, windowTitle(), shown(error.what()));
+    return;
+  } catch (const PlatformError& error) {
+    QMessageBox::critical(this, windowTitle(), shown(error.description()).section('\n', 0, 0));
+    return;
+  }
+  QSettings settings;
+  settings.setValue(serverKey, server);
+  settings.setValue(passwordFileKey, server.isEmpty() ? QString() : passwordFile_->text());
+  QDialog::accept();
+}
+
+}  // namespace autonotify::desktop
