@@ -212,6 +212,21 @@ void MainWindow::chooseDatabase() {
   if (!path.isEmpty()) openDatabase(path);
 }
 
+template <class Act>
+void MainWindow::whileClaimed(host::WorkItem item, Id id, Act&& act) {
+  try {
+    const auto claim = desk_->claims().take(item, id);
+    if (claim) {
+      act();
+    } else {
+      tellFault(tr("Another desk is at work on it. Try again in a moment."));
+    }
+  } catch (const PlatformError& error) {
+    tellFault(shown(error.description()).section('\n', 0, 0));
+  }
+  refresh();
+}
+
 void MainWindow::composeEmail() {
   const host::TaskLine* line = chosenTask();
   if (!line) return;
@@ -223,17 +238,22 @@ void MainWindow::composeEmail() {
 void MainWindow::scheduleEmail() {
   const host::TaskLine* line = chosenTask();
   if (!line) return;
-  desk_->control().cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
-      Tasks, remittanceNotification, noId, line->task.id);
-  refresh();
+  const Id task = line->task.id;
+  whileClaimed(host::WorkItem::task, task, [&] {
+    // Another desk may have scheduled one since the list was read.
+    if (host::findPendingNotification(*desk_, task, nt_Email) != noId) return;
+    desk_->control().cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
+        Tasks, remittanceNotification, noId, task);
+  });
 }
 
 void MainWindow::editEmail() {
   const host::TaskLine* line = chosenTask();
   if (!line) return;
   const Id row = host::findPendingNotification(*desk_, line->task.id, nt_Email);
-  if (row != noId) desk_->tools().editEmailNotification(row);
-  refresh();
+  if (row == noId) return refresh();
+  whileClaimed(host::WorkItem::notification, row,
+               [&] { desk_->tools().editEmailNotification(row); });
 }
 
 void MainWindow::openTask() {

@@ -45,6 +45,9 @@ class MainWindow : public QMainWindow {
   void composeEmail();
   void scheduleEmail();
   void editEmail();
+  /// Runs `act` while no other desk may work on the item; says so when one does.
+  template <class Act>
+  void whileClaimed(host::WorkItem item, Id id, Act&& act);
   /// Edits the chosen task's email, or schedules one.
   void openTask();
   void changeOptions();
