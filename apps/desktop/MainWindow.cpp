@@ -19,6 +19,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "MailProgramSender.h"
 #include "OptionsDialog.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "text.h"
@@ -76,6 +77,7 @@ bool MainWindow::openDatabase(const QString& path) {
   try {
     auto desk =
         std::make_unique<host::Desk>(options, host::DeskDialogs{errors_, messages_, forms_});
+    if (mailProgramIsChosen()) desk->classes().registerClass<MailProgramSender>();
     tasks_->setDesk(desk.get());
     desk_ = std::move(desk);
   } catch (const PlatformError& error) {

@@ -21,6 +21,7 @@ namespace autonotify::desktop {
 namespace {
 
 constexpr const char* serverKey = "mail/server";
+constexpr const char* programKey = "mail/program";
 constexpr const char* passwordFileKey = "mail/passwordFile";
 
 }  // namespace
@@ -30,6 +31,10 @@ std::optional<host::SmtpServer> chosenMailServer() {
   const QString server = settings.value(serverKey).toString();
   if (server.isEmpty()) return std::nullopt;
   return host::readSmtpServer(plain(server), plain(settings.value(passwordFileKey).toString()));
+}
+
+bool mailProgramIsChosen() {
+  return QSettings().value(programKey).toBool();
 }
 
 OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent), desk_(desk) {
@@ -48,6 +53,7 @@ QWidget* OptionsDialog::makeMailGroup() {
   auto* group = new QGroupBox(tr("Emails on this machine"), this);
   toOutbox_ =
       new QRadioButton(tr("&Leave them in the outbox folder for another mail system"), group);
+  toProgram_ = new QRadioButton(tr("&Open them in this desktop's mail program"), group);
   toServer_ = new QRadioButton(tr("&Send them through a mail server"), group);
   server_ = new QLineEdit(settings.value(serverKey).toString(), group);
   server_->setObjectName("server");
@@ -61,6 +67,7 @@ QWidget* OptionsDialog::makeMailGroup() {
   password->addWidget(browse);
   auto* layout = new QFormLayout(group);
   layout->addRow(toOutbox_);
+  layout->addRow(toProgram_);
   layout->addRow(toServer_);
   layout->addRow(tr("Ser&ver:"), server_);
   auto* passwordLabel = new QLabel(tr("File with the &password:"), group);
@@ -70,7 +77,9 @@ QWidget* OptionsDialog::makeMailGroup() {
     widget->setEnabled(false);
     connect(toServer_, &QRadioButton::toggled, widget, &QWidget::setEnabled);
   }
-  (server_->text().isEmpty() ? toOutbox_ : toServer_)->setChecked(true);
+  toOutbox_->setChecked(true);
+  toProgram_->setChecked(mailProgramIsChosen());
+  toServer_->setChecked(!server_->text().isEmpty());
   return group;
 }
 
@@ -102,6 +111,7 @@ void OptionsDialog::accept() {
     return;
   }
   QSettings settings;
+  settings.setValue(programKey, toProgram_->isChecked());
   settings.setValue(serverKey, server);
   settings.setValue(passwordFileKey, server.isEmpty() ? QString() : passwordFile_->text());
   QDialog::accept();

@@ -15,6 +15,9 @@ namespace autonotify::desktop {
 /// MailError when the password cannot be read.
 std::optional<host::SmtpServer> chosenMailServer();
 
+/// True when emails are opened in the desktop's own mail program.
+bool mailProgramIsChosen();
+
 /// How emails go out from this machine, and what the user wants to be told.
 class OptionsDialog : public QDialog {
   Q_OBJECT
@@ -33,6 +36,7 @@ class OptionsDialog : public QDialog {
 
   host::Desk* desk_;
   QRadioButton* toOutbox_ = nullptr;
+  QRadioButton* toProgram_ = nullptr;
   QRadioButton* toServer_ = nullptr;
   QLineEdit* server_ = nullptr;
   QLineEdit* passwordFile_ = nullptr;

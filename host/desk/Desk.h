@@ -63,6 +63,8 @@ class Desk {
   clientDropDownCtrlReference& clients() { return *clients_; }
   clsAutoNotifyCtrl& control() { return *control_; }
   clsNotificationTools& tools() { return *tools_; }
+  /// The classes that the component may create; a program may replace them.
+  ClassRegistry& classes() { return registry_; }
   HostLocale& locale() { return locale_; }
   Clock& clock() { return *clock_; }
   DateTime today() { return clock_->today(); }
