@@ -100,6 +100,19 @@ class clsAutoNotifyTemplate {
   /// True from -365 to 365; raises notificationDatePeriodError otherwise.
   bool verifyNotificationPeriod(std::int32_t days);
 
+  // Carrying a changed template into notifications that have not been sent. The host has its turn
+  // after each row; nobody may change the template meanwhile.
+
+  /// Always True. As the statement over the schedule entries does not select their due dates, each
+  /// entry leads to the error dialog; nothing in the program calls this.
+  bool resetNotificationDates();
+  /// Composes the texts of all unsent notifications of the template's kind anew, of the whole
+  /// family when `ScheduleNum` is -1. Always True.
+  bool resetNotificationComments();
+  /// Composes one text anew, whether it was sent or not. That of a client who is a contact only
+  /// stays.
+  void changeNotificationComment(Id notificationID);
+
   // The default comment, RTF.
 
   std::string getDefaultNotificationComment() const;
@@ -128,6 +141,7 @@ class clsAutoNotifyTemplate {
   void writeColumns(Step& step, RecordsetHandle handle);
   RecordsetHandle openRow(Step& step) const;
   void addScheduleType(Step& step);
+  bool coversScheduleEntry(Id scheduleID) const;
 
   Columns columns_;
   /// A missing member is looked up as the row of the family itself.

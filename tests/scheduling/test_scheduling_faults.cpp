@@ -38,6 +38,12 @@ Id saveKind(TestHost& host, Id id) {
   return saved;
 }
 
+std::string propagate(bool (clsAutoNotifyTemplate::*reset)()) {
+  clsAutoNotifyTemplate kind;
+  kind.openWithTotalNumAndScheduleNum(103, 1, true);
+  return (kind.*reset)() ? "done" : "failed";
+}
+
 const Operation operations[] = {
     {"period", [](TestHost&, Id) { return std::to_string(getNotificationPeriod(103, 0, false)); },
      "-15"},
@@ -67,6 +73,9 @@ const Operation operations[] = {
      },
      ""},
     {"comment", [](TestHost&, Id entry) { return generateClientAutoNotifyComment(entry); }, ""},
+    {"propagate",
+     [](TestHost&, Id) { return propagate(&clsAutoNotifyTemplate::resetNotificationComments); },
+     "done"},
 };
 
 void PrintTo(const Operation& operation, std::ostream* out) {

@@ -1,0 +1,122 @@
+#include "scheduling/clsAutoNotifyTemplate.h"
+#include "support/HostTest.h"
+
+namespace autonotify::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::StartsWith;
+
+constexpr const char* newText = "{\\rtf1\\ansi Please file the return of \\'abCompany Name\\'bb.}";
+constexpr DateTime day = DateTime::of(2026, 4, 23);
+
+/// Notifications of two kinds of one family, of another family, of a contact, of nothing, and one
+/// that was sent.
+class Propagation : public HostTest {
+ protected:
+  Propagation() {
+    const TestClient client = addClient("Acme Ltd.", "Jane Smith");
+    const Id person = addRow("Contacts", {{"DisplayName", "Ann Roy"}});
+    kindOne = addSchedule(103, 1, day, {{"ClientNum", client.clientNum}});
+    const Id kindTwo = addSchedule(103, 2, day, {{"ClientNum", client.clientNum}});
+    const Id other = addSchedule(104, 1, day, {{"ClientNum", client.clientNum}});
+    const Id personal = addSchedule(103, 1, day, {{"ContactIDNum", person}});
+    for (const Id entry : {kindOne, kindTwo, other, personal}) addNotification(entry, 1, day);
+    addNotification(kindOne, 2, day);
+    setCell("NotificationSent", "1", 5);
+    addRow("ClientNotification", {{"NotificationType", 1}});
+    plainDatabase->connection().exec("UPDATE ClientNotification SET Memo='old'");
+
+    kind.put_totalNum(103);
+    kind.put_ScheduleNum(1);
+    kind.put_notificationComment(newText);
+    kind.startResetNotificationComments = [this](int rows) { log("start", rows); };
+    kind.incResetNotificationComments = [this] { log("inc", ++rowsDone); };
+    kind.endResetNotificationComments = [this] { log("end", 0); };
+    kind.startResetNotificationDates = kind.startResetNotificationComments;
+    kind.incResetNotificationDates = kind.incResetNotificationComments;
+    kind.endResetNotificationDates = kind.endResetNotificationComments;
+  }
+
+  void log(const char* event, int number) { events.push_back(event + std::to_string(number)); }
+  void setCell(const std::string& column, const std::string& value, Id row) {
+    plainDatabase->connection().exec("UPDATE ClientNotification SET " + column + "=" + value +
+                                     " WHERE ClientNotificationID=" + std::to_string(row));
+  }
+  /// The ids of the notifications whose text was composed anew.
+  std::string rewritten() {
+    return dump(
+        "SELECT ClientNotificationID FROM ClientNotification WHERE Memo LIKE '%Acme Ltd.%'");
+  }
+
+  clsAutoNotifyTemplate kind;
+  Id kindOne = noId;
+  std::vector<std::string> events;
+  int rowsDone = 0;
+};
+
+TEST_F(Propagation, RewritesTheUnsentTextsOfTheKind) {
+  EXPECT_TRUE(kind.resetNotificationComments());
+  EXPECT_EQ(rewritten(), "1|\n");
+  EXPECT_THAT(events, ElementsAre("start5", "inc1", "inc2", "inc3", "inc4", "inc5"));
+  EXPECT_EQ(dump("SELECT COUNT(*) FROM ClientNotification WHERE Memo='old'"), "5|\n");
+}
+
+TEST_F(Propagation, CoversTheWholeFamilyWithoutANumber) {
+  kind.put_ScheduleNum(-1);
+  EXPECT_TRUE(kind.resetNotificationComments());
+  EXPECT_EQ(rewritten(), "1|\n2|\n");
+}
+
+TEST_F(Propagation, ReadsAndWritesInItsOrder) {
+  calls.reset();
+  calls.record(true);
+  kind.changeNotificationComment(1);
+  const auto statements = logged("openRecordset");
+  const auto writes = logged("updateFieldValue");
+  calls.record(false);
+  EXPECT_EQ(statements.front(),
+            "1,3 SELECT ClientNotification.* FROM ClientNotification WHERE "
+            "ClientNotificationID=1;");
+  EXPECT_THAT(writes,
+              ElementsAre(StartsWith("ClientNotificationModifiedStamp"), StartsWith("Memo")));
+  EXPECT_EQ(statementsOf([&] { kind.resetNotificationComments(); }).front(),
+            "1,3 SELECT ClientNotification.* FROM ClientNotification WHERE NotificationSent = "
+            "FALSE;");
+  EXPECT_THAT(statementsOf([&] {
+                errors.answer({1, 1, 1, 1});
+                kind.resetNotificationDates();
+              }),
+              ElementsAre("1,3 SELECT Schedule.ScheduleID, Schedule.TotalNum, "
+                          "Schedule.ScheduleNum FROM Schedule WHERE totalNum = 103 AND "
+                          "scheduleNum = 1;",
+                          "1,3 SELECT ClientNotification.* FROM ClientNotification;"));
+}
+
+TEST_F(Propagation, OfDatesFailsQuietly) {
+  const std::string before = dumpWritten();
+  // Going on, the due date and the notifications' number are missed once for each of two entries.
+  errors.answer({1, 1, 1, 1});
+  EXPECT_TRUE(kind.resetNotificationDates());
+  EXPECT_THAT(events, ElementsAre("start2", "inc1", "inc2", "end0"));
+  events.clear();
+  errors.answer({2});
+  EXPECT_TRUE(kind.resetNotificationDates());
+  events.clear();
+  errors.answer({3, 77, 2});
+  EXPECT_TRUE(kind.resetNotificationDates());
+  EXPECT_EQ(dumpWritten(), before);
+}
+
+TEST_F(Propagation, SaysSoWithTheDatabaseClosed) {
+  closeDatabase();
+  EXPECT_TRUE(kind.resetNotificationComments());
+  EXPECT_TRUE(kind.resetNotificationDates());
+  kind.changeNotificationComment(1);
+  EXPECT_THAT(events, ElementsAre("end0"));
+  openDatabase();
+  EXPECT_EQ(rewritten(), "");
+}
+
+}  // namespace
+}  // namespace autonotify::test
