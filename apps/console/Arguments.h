@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "control/contract/enumerations.h"
+#include "control/contract/merge_fields.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 
@@ -46,6 +47,8 @@ struct Arguments {
   bool home = false;
   bool phones = false;
   bool email = false;
+  std::optional<Id> scheduleType;
+  MergeUse mergeUse = MergeUse::task;
   std::string file;
   std::string from;
   std::string to;

@@ -9,6 +9,7 @@
 #include "commands/founding.h"
 #include "commands/lists.h"
 #include "commands/sending.h"
+#include "commands/templates.h"
 #include "commands/texts.h"
 
 namespace autonotify::console {
@@ -37,6 +38,10 @@ std::span<const Command> allCommands() {
               runRecipients, nullptr},
       Command{"contact-default", "show or set a company's default contact", describeContactDefault,
               runContactDefault, nullptr},
+      Command{"propagate", "carry a changed template into unsent notifications", describePropagate,
+              runPropagate, nullptr},
+      Command{"fields", "list what a template can be filled with", describeFields, runFields,
+              nullptr},
   };
   return commands;
 }

@@ -6,6 +6,7 @@
 #include "control/contract/procedure.h"
 #include "control/contract/references.h"
 #include "control/contract/windows.h"
+#include "control/template_tools.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
@@ -84,6 +85,14 @@ class NotificationTools final : public clsNotificationTools {
   }
   bool setDefaultContact(Id companyID, Id contactID) override {
     return autonotify::setDefaultContact(companyID, contactID);
+  }
+
+  void propagateTemplate(Id scheduleTypeID,
+                         const std::function<void(int rowsDone, int rows)>& progress) override {
+    autonotify::propagateTemplate(scheduleTypeID, progress);
+  }
+  std::vector<MergeFieldInfo> listMergeFields(MergeUse use) override {
+    return autonotify::listMergeFields(use);
   }
 
  private:

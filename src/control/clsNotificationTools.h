@@ -1,10 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "control/component.h"
 #include "control/contract/contact_lists.h"
 #include "control/contract/date_explanation.h"
+#include "control/contract/merge_fields.h"
 #include "platform/Value.h"
 
 namespace autonotify {
@@ -47,6 +50,14 @@ class clsNotificationTools : public ComponentObject {
   /// what the company tells of it. False, with nothing changed, when the contact is not linked to
   /// the company.
   virtual bool setDefaultContact(Id companyID, Id contactID) = 0;
+
+  /// Composes the texts of all unsent notifications of the kind anew, by the template of its
+  /// `ScheduleTypes` row; a client who is a contact only keeps the old text. `progress` hears of
+  /// each unsent notification looked at; it may be empty.
+  virtual void propagateTemplate(Id scheduleTypeID,
+                                 const std::function<void(int rowsDone, int rows)>& progress) = 0;
+  /// The fields that a template for this use can be filled with, in the order of the editor's list.
+  virtual std::vector<MergeFieldInfo> listMergeFields(MergeUse use) = 0;
 };
 
 }  // namespace autonotify

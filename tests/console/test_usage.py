@@ -3,7 +3,7 @@
 from console import ConsoleTest
 
 COMMANDS = ("init, copy, role, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, "
-            "move, refresh, address, recipients, contact-default")
+            "move, refresh, address, recipients, contact-default, propagate, fields")
 
 # Arguments and the line that answers them.
 WRONG = [

@@ -1,0 +1,59 @@
+#include "control/template_tools.h"
+
+#include "control/contract/procedure.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/field_list_columns.h"
+#include "scheduling/clsAutoNotifyTemplate.h"
+
+namespace autonotify {
+namespace {
+
+constexpr int useForComment = 1;
+
+MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row) {
+  const auto item = [&](int column) {
+    return step.value(std::string{},
+                      [&] { return toText(engine.get_FieldList()->getItem(column)); });
+  };
+  MergeFieldInfo field;
+  bool withMarks = true;
+  field.token = engine.parseListItem(row, withMarks);
+  field.group = item(field_column::group);
+  step.assign(field.dataType,
+              [&] { return toInteger(engine.get_FieldList()->getItem(field_column::dataType)); });
+  field.sample = item(field_column::sample);
+  return field;
+}
+
+}  // namespace
+
+void propagateTemplate(Id scheduleTypeID,
+                       const std::function<void(int rowsDone, int rows)>& progress) {
+  clsAutoNotifyTemplate kind;
+  kind.openExistingScheduleType(scheduleTypeID);
+  int rows = 0;
+  int rowsDone = 0;
+  kind.startResetNotificationComments = [&](std::int32_t count) { rows = count; };
+  kind.incResetNotificationComments = [&] {
+    ++rowsDone;
+    if (progress) progress(rowsDone, rows);
+  };
+  kind.resetNotificationComments();
+}
+
+std::vector<MergeFieldInfo> listMergeFields(MergeUse use) {
+  return procedure(
+      "Morvane.exe-clsNotificationTools-listMergeFields", std::vector<MergeFieldInfo>{},
+      [&](Step& step, std::vector<MergeFieldInfo>& result) {
+        clsInsertFieldsInRTB engine;
+        engine.put_MergeFieldListUse(useForComment);
+        engine.ListType = static_cast<int>(use);
+        bool noListBox = true;
+        bool clearListBox = false;
+        engine.createDefaultFieldListStructure(noListBox, clearListBox);
+        const int rows = step.value(0, [&] { return engine.get_FieldList()->getEntryCount(); });
+        for (int row = 1; row <= rows; ++row) result.push_back(readMergeField(step, engine, row));
+      });
+}
+
+}  // namespace autonotify

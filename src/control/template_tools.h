@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "control/contract/merge_fields.h"
+#include "platform/Value.h"
+
+namespace autonotify {
+
+// What clsNotificationTools tells and changes of templates; see there.
+
+void propagateTemplate(Id scheduleTypeID,
+                       const std::function<void(int rowsDone, int rows)>& progress);
+std::vector<MergeFieldInfo> listMergeFields(MergeUse use);
+
+}  // namespace autonotify
