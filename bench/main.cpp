@@ -31,8 +31,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   Firms firms(argv[1]);
-  for (const auto registerRows :
-       {registerSingleRow, registerMerge, registerComments, registerAdding, registerManyRows})
+  for (const auto registerRows : {registerSingleRow, registerMerge, registerComments,
+                                  registerAdding, registerPropagation, registerManyRows})
     registerRows(firms);
   MemoryMeter meter;
   if (isMetered) benchmark::RegisterMemoryManager(&meter);
