@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -21,7 +22,7 @@
 
 #include "MailProgramSender.h"
 #include "OptionsDialog.h"
-#include "host/database/dialect/DatabaseError.h"
+#include "host/desk/databases.h"
 #include "text.h"
 
 namespace autonotify::desktop {
@@ -69,12 +70,15 @@ MainWindow::~MainWindow() {
   tasks_->setDesk(nullptr);
 }
 
-bool MainWindow::openDatabase(const QString& path) {
+bool MainWindow::openDatabase(const QString& place) {
   host::DeskOptions options = options_;
-  options.database = plain(path);
-  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const bool isFile = host::isFile(plain(place));
+  options.database = plain(isFile ? QFileInfo(place).absoluteFilePath() : place);
+  if (options.outbox.empty()) options.outbox = chosenOutbox();
   QString fault;
+  QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
+    options.mailServer = chosenMailServer();
     auto desk =
         std::make_unique<host::Desk>(options, host::DeskDialogs{errors_, messages_, forms_});
     if (mailProgramIsChosen()) desk->classes().registerClass<MailProgramSender>();
@@ -86,13 +90,15 @@ bool MainWindow::openDatabase(const QString& path) {
     fault = shown(error.what());
   }
   QApplication::restoreOverrideCursor();
+  const QString name = shown(host::placeShown(plain(place)));
   if (!fault.isEmpty()) {
-    tellFault(tr("%1 cannot be opened.\n\n%2").arg(path, fault));
+    tellFault(tr("%1 cannot be opened.\n\n%2").arg(name, fault));
     return false;
   }
-  options_ = options;
-  QSettings().setValue(lastDatabaseKey, QFileInfo(path).absoluteFilePath());
-  setWindowTitle(tr("%1 - Client Notifications").arg(QFileInfo(path).completeBaseName()));
+  options_.database = options.database;
+  QSettings().setValue(lastDatabaseKey, shown(options.database));
+  setWindowTitle(
+      tr("%1 - Client Notifications").arg(isFile ? QFileInfo(place).completeBaseName() : name));
   updateCounts();
   return true;
 }
@@ -107,6 +113,7 @@ QAction* MainWindow::addCommand(const QString& text, const QKeySequence& keys,
 
 void MainWindow::makeActions() {
   open_ = addCommand(tr("&Open Database..."), QKeySequence::Open, &MainWindow::chooseDatabase);
+  openServer_ = addCommand(tr("Open Ser&ver..."), {}, &MainWindow::chooseServer);
   compose_ = addCommand(tr("&Email Now..."), tr("Ctrl+E"), &MainWindow::composeEmail);
   compose_->setToolTip(tr("Write to the client of the chosen task now"));
   schedule_ = addCommand(tr("&Schedule Email..."), tr("Ctrl+S"), &MainWindow::scheduleEmail);
@@ -119,7 +126,7 @@ void MainWindow::makeActions() {
 
 void MainWindow::makeMenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
-  file->addAction(open_);
+  file->addActions({open_, openServer_});
   file->addSeparator();
   QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
   quit->setShortcut(QKeySequence::Quit);
@@ -155,8 +162,12 @@ QWidget* MainWindow::makeTaskPage() {
   filterPause_->setInterval(filterPauseMs);
   connect(filter_, &QLineEdit::textChanged, filterPause_, qOverload<>(&QTimer::start));
   connect(filterPause_, &QTimer::timeout, this, [this] { tasks_->setFilter(filter_->text()); });
-  dueBadge_ = new QLabel(page);
+  dueBadge_ = new QPushButton(page);
   dueBadge_->setObjectName("dueBadge");
+  dueBadge_->setCheckable(true);
+  dueBadge_->setAutoDefault(false);
+  dueBadge_->setToolTip(tr("Show only the tasks whose clients are to be notified today"));
+  connect(dueBadge_, &QPushButton::toggled, tasks_, &TaskTableModel::setDueOnly);
 
   table_ = new QTableView(page);
   table_->setObjectName("tasks");
@@ -227,6 +238,16 @@ void MainWindow::whileClaimed(host::WorkItem item, Id id, Act&& act) {
     tellFault(shown(error.description()).section('\n', 0, 0));
   }
   refresh();
+}
+
+void MainWindow::chooseServer() {
+  bool isChosen = false;
+  const QString place =
+      QInputDialog::getText(this, tr("Open Server"),
+                            tr("The address of the database (its password comes from the password "
+                               "file ~/.pgpass):"),
+                            QLineEdit::Normal, "postgresql://user@server/firm", &isChosen);
+  if (isChosen && !place.trimmed().isEmpty()) openDatabase(place.trimmed());
 }
 
 void MainWindow::composeEmail() {
@@ -307,7 +328,8 @@ void MainWindow::updateCommands() {
 
 void MainWindow::updatePage() {
   // The filter stays in reach while it has text.
-  const bool hasTasks = tasks_->rowCount() > 0 || !filter_->text().isEmpty();
+  const bool hasTasks =
+      tasks_->rowCount() > 0 || !filter_->text().isEmpty() || dueBadge_->isChecked();
   pages_->setCurrentIndex(!desk_ && tasks_->rowCount() == 0 ? noDatabasePage
                           : hasTasks                        ? taskPage
                                                             : noTaskPage);
@@ -323,7 +345,10 @@ void MainWindow::updateCounts() {
       const auto tasks = host::countTasks(*desk_, {});
       const auto due = host::countDueNotifications(*desk_);
       counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
-      dueBadge_->setText(due ? tr("<b>%L1 due today</b>").arg(due) : tr("Nothing is due today"));
+      dueBadge_->setText(due ? tr("%L1 due today").arg(due) : tr("Nothing is due today"));
+      QFont font = this->font();
+      font.setBold(due > 0);
+      dueBadge_->setFont(font);
     } catch (const PlatformError& error) {
       counts_->setText(shown(error.description()).section('\n', 0, 0));
     }

@@ -11,11 +11,11 @@
 
 class QAction;
 class QLabel;
+class QPushButton;
 class QLineEdit;
 class QStackedWidget;
 class QTableView;
 class QTimer;
-class QToolButton;
 
 namespace autonotify::desktop {
 
@@ -28,9 +28,9 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(host::DeskOptions options, QWidget* parent = nullptr);
   ~MainWindow() override;
 
-  /// Opens the database and shows its tasks; False, with a message, when it cannot be used. The one
-  /// that was open stays then.
-  bool openDatabase(const QString& path);
+  /// Opens the database, a file or one on a server, and shows its tasks; False, with a message,
+  /// when it cannot be used. The one that was open stays then.
+  bool openDatabase(const QString& place);
   /// Null while no database is open.
   host::Desk* desk() { return desk_.get(); }
 
@@ -42,6 +42,7 @@ class MainWindow : public QMainWindow {
   QAction* addCommand(const QString& text, const QKeySequence& keys, void (MainWindow::*run)());
 
   void chooseDatabase();
+  void chooseServer();
   void composeEmail();
   void scheduleEmail();
   void editEmail();
@@ -69,13 +70,15 @@ class MainWindow : public QMainWindow {
   TaskTableModel* tasks_;
 
   QAction* open_ = nullptr;
+  QAction* openServer_ = nullptr;
   QAction* compose_ = nullptr;
   QAction* schedule_ = nullptr;
   QAction* edit_ = nullptr;
   QAction* refresh_ = nullptr;
   QLineEdit* filter_ = nullptr;
   QTableView* table_ = nullptr;
-  QLabel* dueBadge_ = nullptr;
+  /// Says how many notifications are to be sent today; pressed, shows only their tasks.
+  QPushButton* dueBadge_ = nullptr;
   QLabel* counts_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QTimer* filterPause_ = nullptr;

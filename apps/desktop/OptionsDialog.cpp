@@ -21,6 +21,7 @@ namespace autonotify::desktop {
 namespace {
 
 constexpr const char* serverKey = "mail/server";
+constexpr const char* outboxKey = "mail/outbox";
 constexpr const char* programKey = "mail/program";
 constexpr const char* passwordFileKey = "mail/passwordFile";
 
@@ -31,6 +32,10 @@ std::optional<host::SmtpServer> chosenMailServer() {
   const QString server = settings.value(serverKey).toString();
   if (server.isEmpty()) return std::nullopt;
   return host::readSmtpServer(plain(server), plain(settings.value(passwordFileKey).toString()));
+}
+
+std::string chosenOutbox() {
+  return plain(QSettings().value(outboxKey).toString());
 }
 
 bool mailProgramIsChosen() {
@@ -48,34 +53,49 @@ OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent
   layout->addWidget(buttons);
 }
 
+QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, const QString& path,
+                                  QString (*choose)(QWidget* parent)) {
+  auto* field = new QLineEdit(path, this);
+  auto* browse = new QPushButton(tr("Browse..."), this);
+  connect(browse, &QPushButton::clicked, this, [this, field, choose] {
+    const QString chosen = choose(this);
+    if (!chosen.isEmpty()) field->setText(chosen);
+  });
+  auto* row = new QHBoxLayout;
+  row->addWidget(field);
+  row->addWidget(browse);
+  auto* words = new QLabel(label, this);
+  words->setBuddy(field);
+  layout.addRow(words, row);
+  return field;
+}
+
 QWidget* OptionsDialog::makeMailGroup() {
   const QSettings settings;
   auto* group = new QGroupBox(tr("Emails on this machine"), this);
+  auto* layout = new QFormLayout(group);
   toOutbox_ =
       new QRadioButton(tr("&Leave them in the outbox folder for another mail system"), group);
   toProgram_ = new QRadioButton(tr("&Open them in this desktop's mail program"), group);
   toServer_ = new QRadioButton(tr("&Send them through a mail server"), group);
+  for (QRadioButton* way : {toOutbox_, toProgram_, toServer_}) layout->addRow(way);
   server_ = new QLineEdit(settings.value(serverKey).toString(), group);
   server_->setObjectName("server");
   server_->setMinimumWidth(300);
   server_->setPlaceholderText("smtp://user@mail.example:587");
-  passwordFile_ = new QLineEdit(settings.value(passwordFileKey).toString(), group);
-  auto* browse = new QPushButton(tr("&Browse..."), group);
-  connect(browse, &QPushButton::clicked, this, &OptionsDialog::choosePasswordFile);
-  auto* password = new QHBoxLayout;
-  password->addWidget(passwordFile_);
-  password->addWidget(browse);
-  auto* layout = new QFormLayout(group);
-  layout->addRow(toOutbox_);
-  layout->addRow(toProgram_);
-  layout->addRow(toServer_);
   layout->addRow(tr("Ser&ver:"), server_);
-  auto* passwordLabel = new QLabel(tr("File with the &password:"), group);
-  passwordLabel->setBuddy(passwordFile_);
-  layout->addRow(passwordLabel, password);
-  for (QWidget* widget : std::initializer_list<QWidget*>{server_, passwordFile_, browse}) {
-    widget->setEnabled(false);
-    connect(toServer_, &QRadioButton::toggled, widget, &QWidget::setEnabled);
+  passwordFile_ =
+      addPath(*layout, tr("File with the &password:"), settings.value(passwordFileKey).toString(),
+              [](QWidget* parent) {
+                return QFileDialog::getOpenFileName(parent, tr("File with the password"));
+              });
+  outbox_ = addPath(*layout, tr("Outbox &folder:"), shown(chosenOutbox()), [](QWidget* parent) {
+    return QFileDialog::getExistingDirectory(parent, tr("Outbox folder"));
+  });
+  outbox_->setPlaceholderText(tr("beside the database file"));
+  for (QLineEdit* field : {server_, passwordFile_}) {
+    field->setEnabled(false);
+    connect(toServer_, &QRadioButton::toggled, field, &QWidget::setEnabled);
   }
   toOutbox_->setChecked(true);
   toProgram_->setChecked(mailProgramIsChosen());
@@ -93,11 +113,6 @@ QWidget* OptionsDialog::makeUserGroup() {
   return group;
 }
 
-void OptionsDialog::choosePasswordFile() {
-  const QString file = QFileDialog::getOpenFileName(this, tr("File with the password"));
-  if (!file.isEmpty()) passwordFile_->setText(file);
-}
-
 void OptionsDialog::accept() {
   const QString server = toServer_->isChecked() ? server_->text().trimmed() : QString();
   try {
@@ -113,6 +128,7 @@ void OptionsDialog::accept() {
   QSettings settings;
   settings.setValue(programKey, toProgram_->isChecked());
   settings.setValue(serverKey, server);
+  settings.setValue(outboxKey, outbox_->text().trimmed());
   settings.setValue(passwordFileKey, server.isEmpty() ? QString() : passwordFile_->text());
   QDialog::accept();
 }

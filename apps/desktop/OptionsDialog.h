@@ -2,10 +2,12 @@
 
 #include <QDialog>
 #include <optional>
+#include <string>
 
 #include "host/desk/Desk.h"
 
 class QCheckBox;
+class QFormLayout;
 class QLineEdit;
 class QRadioButton;
 
@@ -14,6 +16,9 @@ namespace autonotify::desktop {
 /// The mail server that was chosen for this machine; unset when emails stay in the outbox. Throws
 /// MailError when the password cannot be read.
 std::optional<host::SmtpServer> chosenMailServer();
+
+/// The outbox folder that was chosen for this machine; empty for the one beside a database file.
+std::string chosenOutbox();
 
 /// True when emails are opened in the desktop's own mail program.
 bool mailProgramIsChosen();
@@ -32,7 +37,9 @@ class OptionsDialog : public QDialog {
  private:
   QWidget* makeMailGroup();
   QWidget* makeUserGroup();
-  void choosePasswordFile();
+  /// A field for a path with a button to look for it.
+  QLineEdit* addPath(QFormLayout& layout, const QString& label, const QString& path,
+                     QString (*choose)(QWidget* parent));
 
   host::Desk* desk_;
   QRadioButton* toOutbox_ = nullptr;
@@ -40,6 +47,7 @@ class OptionsDialog : public QDialog {
   QRadioButton* toServer_ = nullptr;
   QLineEdit* server_ = nullptr;
   QLineEdit* passwordFile_ = nullptr;
+  QLineEdit* outbox_ = nullptr;
   QCheckBox* confirm_ = nullptr;
 };
 

@@ -46,6 +46,12 @@ std::string conditionOf(Desk& desk, const TaskQuery& query) {
     condition += fmt::format(" AND Schedule.DueDate <= #{}#",
                              desk.database().formatDateForSQL(*query.until));
   }
+  if (query.isToNotify) {
+    condition +=
+        " AND Schedule.ScheduleID IN (SELECT ClientNotification.ScheduleIDNum FROM "
+        "ClientNotification WHERE " +
+        dueCondition(desk) + ")";
+  }
   if (query.filter.empty()) return condition;
   std::string names;
   for (const char* column :

@@ -32,6 +32,8 @@ struct TaskQuery {
   std::optional<Id> contact;
   /// Due on this day or before.
   std::optional<DateTime> until;
+  /// Only those with a notification that is to be sent today.
+  bool isToNotify = false;
   TaskOrder order = TaskOrder::dueDate;
   bool descending = false;
 };

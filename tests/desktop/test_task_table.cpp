@@ -123,6 +123,16 @@ TEST_F(TaskTable, TellsTheStateOfEachTask) {
   EXPECT_EQ(states.size(), 4u);
 }
 
+TEST_F(TaskTable, ShowsOnlyWhatIsDueWhenAsked) {
+  const auto all = fetchAll().size();
+  model_.setDueOnly(true);
+  const auto due = fetchAll().size();
+  EXPECT_GT(due, 0u);
+  EXPECT_LT(due, all);
+  for (int row = 0; row < model_.rowCount(); ++row)
+    EXPECT_EQ(text(row, TaskTableModel::state), "due");
+}
+
 TEST_F(TaskTable, SaysWhenTheDatabaseIsGone) {
   QString said;
   QObject::connect(&model_, &TaskTableModel::failed, [&](const QString& words) { said = words; });

@@ -91,6 +91,11 @@ void TaskTableModel::setFilter(const QString& text) {
   show(pageSize);
 }
 
+void TaskTableModel::setDueOnly(bool dueOnly) {
+  query_.isToNotify = dueOnly;
+  show(pageSize);
+}
+
 void TaskTableModel::reload() {
   show(std::max(lines_.size(), pageSize));
 }

@@ -19,6 +19,8 @@ class TaskTableModel : public QAbstractTableModel {
   /// Null shows nothing. `desk` must outlive its use here.
   void setDesk(host::Desk* desk);
   void setFilter(const QString& text);
+  /// Shows only tasks with a notification that is to be sent today.
+  void setDueOnly(bool dueOnly);
   /// Reads anew what is shown.
   void reload();
 
