@@ -1,12 +1,6 @@
 #include "merge/clsInsertFieldsInRTB.h"
 
 namespace autonotify {
-namespace {
-
-constexpr int assigningUse = 3;
-constexpr int updatingUse = 5;
-
-}  // namespace
 
 clsInsertFieldsInRTB::clsInsertFieldsInRTB() {
   procedure("Morvane.exe-clsInsertFieldsInRTB-Class_Initialize", [&](Step& step) {
@@ -40,7 +34,8 @@ void clsInsertFieldsInRTB::closeAllRecordsets() {
 
 void clsInsertFieldsInRTB::put_MergeFieldListUse(int use) {
   mergeFieldListUse_ = use;
-  if (use == assigningUse || use == updatingUse) ShowListCategoryHeaders = false;
+  if (use == field_list_use::assigning || use == field_list_use::updating)
+    ShowListCategoryHeaders = false;
 }
 
 void clsInsertFieldsInRTB::put_scheduleID(Id scheduleID) {

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "control/contract/GridColumnList.h"
 #include "control/contract/recordsets.h"
 #include "merge/field_claims.h"
+#include "merge/field_list_kinds.h"
 #include "merge/merge_sources.h"
 #include "platform/controls/ListBox.h"
 
@@ -34,13 +33,14 @@ class clsInsertFieldsInRTB {
 
   // Properties, set by the caller before the merge.
 
-  int ListType = 0;
+  int ListType = 0;  ///< see field_list_type
+  /// See field_list_use. The uses that assign or update switch ShowListCategoryHeaders off.
   int get_MergeFieldListUse() const { return mergeFieldListUse_; }
   void put_MergeFieldListUse(int use);
-  bool UseWordWrap = true;
+  bool UseWordWrap = true;  ///< lines of a value become paragraphs, else parts between commas
   RichTextBox* RTB = nullptr;
-  ListBox* listBox = nullptr;
-  ListBox* listBox2 = nullptr;
+  ListBox* listBox = nullptr;   ///< shows the fields but for the firm's
+  ListBox* listBox2 = nullptr;  ///< shows the firm's
   bool ShowListCategoryHeaders = true;
   std::string TemplateText;
   Id companyID = noId;
@@ -50,9 +50,11 @@ class clsInsertFieldsInRTB {
   Id appointmentID = noId;
   Id docketId = noId;
   Id taskID = noId;
+  /// Sets taskID to the task of the schedule entry.
   void put_scheduleID(Id scheduleID);
-  bool TestComment = false;
-  bool ConvertStrToRTF = true;
+  bool TestComment = false;     ///< values are the fields' samples
+  bool ConvertStrToRTF = true;  ///< values are prepared for rich text
+  /// In a merge for a contact alone, the company's name in a template stands for the contact's.
   bool ConvertCompanyNameToContactNameForContacts = false;
   /// The known fields; null after Terminate. From here on the caller may change the list at any
   /// time, so each merge reads it anew.
@@ -192,7 +194,7 @@ class clsInsertFieldsInRTB {
   std::string faultOfElement(Step& step, const std::string& element, Expression& expression);
   std::string faultOfUnknownName(Step& step, const std::string& name);
 
-  int mergeFieldListUse_ = 1;
+  int mergeFieldListUse_ = field_list_use::merging;
   std::unique_ptr<FieldList> fieldList_;
   /// Rows added to the list since it was last emptied; the key of the newest one.
   int fieldRowCount_ = 0;

@@ -7,13 +7,14 @@
 namespace autonotify {
 namespace {
 
-constexpr int useForAssigning = 3;
+using namespace field_list_type;
 
 constexpr unsigned typeBits(auto... types) {
   return ((1U << types) | ...);
 }
-constexpr unsigned withCompany = typeBits(1, 2, 5, 6, 8);
-constexpr unsigned withContact = withCompany | typeBits(3);
+constexpr unsigned aboutItems = typeBits(noItem, appointment, timeEntry, task);
+constexpr unsigned withCompany = aboutItems | typeBits(client);
+constexpr unsigned withContact = withCompany | typeBits(contact);
 
 /// One block of the list under its header.
 struct FieldSection {
@@ -46,16 +47,16 @@ constexpr const char* contactTag =
     "Morvane.exe-clsInsertFieldsInRTB-createContactInfoFieldListStructure";
 
 constexpr FieldSection sections[] = {
-    {typeBits(5), "[Appointment Info]", appointmentTag, appointmentBlock},
-    {typeBits(8), "[Task Info]", taskTag, taskBlock},
-    {typeBits(6), "[Time Entry Info]", docketTag, timeEntryBlock},
+    {typeBits(appointment), "[Appointment Info]", appointmentTag, appointmentBlock},
+    {typeBits(task), "[Task Info]", taskTag, taskBlock},
+    {typeBits(timeEntry), "[Time Entry Info]", docketTag, timeEntryBlock},
     {withCompany, "[Company Address Info]", companyTag, companyBlock},
-    {typeBits(1, 5, 6, 8), "[Default Contact Name]", contactNameTag, contactNameBlock},
-    {typeBits(2, 3), "[Contact Name]", contactNameTag, contactNameBlock},
+    {aboutItems, "[Default Contact Name]", contactNameTag, contactNameBlock},
+    {typeBits(client, contact), "[Contact Name]", contactNameTag, contactNameBlock},
     {withCompany, "[Company Accounting Info]", accountingTag, accountingBlock},
     {withCompany, "[Company Software Info]", softwareTag, softwareBlock},
     {withContact, "[More Contact Info]", contactTag, contactBlock},
-    {typeBits(3), "[Company Info]", companyTag, companyBlock, true},
+    {typeBits(contact), "[Company Info]", companyTag, companyBlock, true},
 };
 
 void addFieldBlock(const char* tag, const FieldListTarget& target, const FieldBlock& block) {
@@ -75,13 +76,13 @@ void addFieldSections(const FieldListTarget& target, int listType, Id companyID)
 /// The first id that is set tells the family of fields; without any, it stays.
 void chooseListTypeByIds(clsInsertFieldsInRTB& fields) {
   if (fields.appointmentID >= 0) {
-    fields.ListType = 5;
+    fields.ListType = appointment;
   } else if (fields.taskID >= 0) {
-    fields.ListType = 8;
+    fields.ListType = task;
   } else if (fields.docketId >= 0) {
-    fields.ListType = 6;
+    fields.ListType = timeEntry;
   } else if (fields.companyID >= 0 || fields.contactID >= 0) {
-    fields.ListType = 2;
+    fields.ListType = client;
   }
 }
 
@@ -128,7 +129,8 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool
     step.run([&] { fields().clearEntries(); });
     fieldRowCount_ = 0;
     if (listBox && clearListBox) listBox->clear();
-    if (listBox && mergeFieldListUse_ == useForAssigning) addListBoxLine(*listBox, "Not Assigned");
+    if (listBox && mergeFieldListUse_ == field_list_use::assigning)
+      addListBoxLine(*listBox, "Not Assigned");
     if (fieldList_) addFieldSections(ownTarget(listBox), ListType, companyID);
     if (listBox) step.run([&] { listBox->refresh(); });
     createAccountantFieldListStructure(false, true);

@@ -1,6 +1,3 @@
-#include <algorithm>
-#include <iterator>
-
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_list_columns.h"
 #include "merge/merge_values.h"
@@ -18,6 +15,18 @@ struct clsInsertFieldsInRTB::DerivedField {
   Value (clsInsertFieldsInRTB::*read)(Step& step, MergeSource source, std::string& fieldName);
   bool anyCase = false;
   bool isWritten = false;
+  /// Of a coded column: the code that an empty one stands for, and the texts.
+  std::int16_t startingCode = 0;
+  std::string (*textOf)(std::int16_t& code) = nullptr;
+
+  static constexpr DerivedField coded(std::string_view name, std::int16_t startingCode,
+                                      std::string (*textOf)(std::int16_t& code)) {
+    return {.source = MergeSource::clientAccounting,
+            .name = name,
+            .read = &clsInsertFieldsInRTB::readCodedField,
+            .startingCode = startingCode,
+            .textOf = textOf};
+  }
 };
 
 /// A field of an inheriting contact, the company's column, and which of them is read first.
@@ -45,28 +54,6 @@ const Self::InheritedField* clsInsertFieldsInRTB::findInheritedField(const std::
   return nullptr;
 }
 
-namespace {
-
-/// A coded column and the code that an empty one stands for.
-struct CodedField {
-  std::string_view name;
-  std::int16_t startingCode;
-  std::string (*textOf)(std::int16_t& code);
-};
-
-constexpr CodedField codedFields[] = {
-    {"RC59Permission", 0, getRC59PermissionStringFromRC59PermissionNum},
-    {"RC59Status", 0, getRC59FormStatusStringFromRC59FormStatusNum},
-    {"GSTFilingMethod", 0, getGSTFilingMethodStringFromGSTFilingMethodNum},
-    {"FinancialStatements", 1, getFinancialStatementsStringFromFinancialStatementsNum},
-    {"CorporationType", 0, getCorporationTypeStringFromCorporationTypeNum},
-    {"CorporationLevel", 1, getCorporationLevelStringFromCorporationLevelNum},
-};
-
-constexpr std::string_view abbreviationWord = "Abbreviated";
-
-}  // namespace
-
 // "COMPANTYPE" is spelled as the fields have always compared it, so that the catalogue's own
 // CompanyType is read as named.
 const Self::DerivedField Self::derivedFields[] = {
@@ -79,12 +66,13 @@ const Self::DerivedField Self::derivedFields[] = {
     {MergeSource::company, "AbbreviatedProvince", &Self::readAbbreviatedProvince, true},
     {MergeSource::company, "AltAbbreviatedProvince", &Self::readAbbreviatedProvince, true},
     {MergeSource::company, "COMPANTYPE", &Self::readCompanyType, true},
-    {MergeSource::clientAccounting, "RC59Permission", &Self::readCodedField},
-    {MergeSource::clientAccounting, "RC59Status", &Self::readCodedField},
-    {MergeSource::clientAccounting, "GSTFilingMethod", &Self::readCodedField},
-    {MergeSource::clientAccounting, "FinancialStatements", &Self::readCodedField},
-    {MergeSource::clientAccounting, "CorporationType", &Self::readCodedField},
-    {MergeSource::clientAccounting, "CorporationLevel", &Self::readCodedField},
+    DerivedField::coded("RC59Permission", 0, getRC59PermissionStringFromRC59PermissionNum),
+    DerivedField::coded("RC59Status", 0, getRC59FormStatusStringFromRC59FormStatusNum),
+    DerivedField::coded("GSTFilingMethod", 0, getGSTFilingMethodStringFromGSTFilingMethodNum),
+    DerivedField::coded("FinancialStatements", 1,
+                        getFinancialStatementsStringFromFinancialStatementsNum),
+    DerivedField::coded("CorporationType", 0, getCorporationTypeStringFromCorporationTypeNum),
+    DerivedField::coded("CorporationLevel", 1, getCorporationLevelStringFromCorporationLevelNum),
     {MergeSource::clientAccounting, "YearEndDate", &Self::readYearEnd, false, true},
     {MergeSource::appointment, "TimeDuration", &Self::readTimeDuration},
     {MergeSource::task, "TimeDuration", &Self::readTimeDuration},
@@ -165,7 +153,7 @@ Value clsInsertFieldsInRTB::readContactAndSpouseName(Step& step, MergeSource, st
 
 Value clsInsertFieldsInRTB::readAbbreviatedProvince(Step& step, MergeSource source,
                                                     std::string& fieldName) {
-  fieldName = replaceAllIgnoreCase(fieldName, abbreviationWord, "");
+  fieldName = replaceAllIgnoreCase(fieldName, "Abbreviated", "");
   std::string province = textOf(readColumn(step, source, fieldName));
   return getAbbreviatedProvince(province);
 }
@@ -182,12 +170,11 @@ Value clsInsertFieldsInRTB::readCompanyType(Step& step, MergeSource, std::string
 }
 
 Value clsInsertFieldsInRTB::readCodedField(Step& step, MergeSource source, std::string& fieldName) {
-  const auto field = std::find_if(std::begin(codedFields), std::end(codedFields),
-                                  [&](const CodedField& coded) { return coded.name == fieldName; });
-  std::int16_t code = field->startingCode;
+  const DerivedField& field = *findDerivedField(source, fieldName);
+  std::int16_t code = field.startingCode;
   const Value column = readColumn(step, source, fieldName);
   if (!isEmptyValue(column)) step.assign(code, [&] { return toInteger16(column); });
-  return field->textOf(code);
+  return field.textOf(code);
 }
 
 /// The day of the year alone.

@@ -68,8 +68,8 @@ SharedFieldRows customFields(const CustomFields& custom, const std::array<std::s
 field_condition::Set FieldListSetting::conditions() const {
   using namespace field_condition;
   return (country == countryCanada ? canada : elsewhere) |
-         (mergeFieldListUse == 3 ? assigning : merging) |
-         (mergeFieldListUse == 4 ? always : withNotes) |
+         (mergeFieldListUse == field_list_use::assigning ? assigning : merging) |
+         (mergeFieldListUse == field_list_use::withoutNotes ? always : withNotes) |
          (province == provinceQuebec ? quebec : notQuebec) |
          (usesOntarioTerms(province) ? ontario : always);
 }

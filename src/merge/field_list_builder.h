@@ -6,6 +6,7 @@
 
 #include "control/contract/procedure.h"
 #include "merge/field_catalogue.h"
+#include "merge/field_list_kinds.h"
 #include "merge/field_table.h"
 #include "platform/DateTime.h"
 #include "platform/controls/ListBox.h"
@@ -18,7 +19,7 @@ struct FieldListSetting {
   int country = 0;
   int province = -1;
   DateTime today;
-  int mergeFieldListUse = 1;
+  int mergeFieldListUse = field_list_use::merging;
 
   /// The conditions that hold.
   field_condition::Set conditions() const;

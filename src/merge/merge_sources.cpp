@@ -85,8 +85,6 @@ constexpr const char* taskWithoutSchedule =
     "Tasks.TaskID=";
 
 constexpr int allClients = 3;
-constexpr int bulkUse = 2;
-constexpr int updatingUse = 5;
 
 constexpr const SourceRow& rowOf(MergeSource source) {
   return sourceRows[static_cast<std::size_t>(source)];
@@ -175,7 +173,7 @@ bool MergeSources::isOpen(Step& step, MergeSource source) {
 }
 
 bool MergeSources::isBulk() const {
-  return merge_.get_MergeFieldListUse() == bulkUse;
+  return merge_.get_MergeFieldListUse() == field_list_use::bulkMerging;
 }
 
 Id MergeSources::idOf(MergeSource source) const {
@@ -196,7 +194,8 @@ void MergeSources::closeAll(Step& step) {
 
 void MergeSources::openForOneDocument(Step& step) {
   using enum MergeSource;
-  const Access access = merge_.get_MergeFieldListUse() == updatingUse ? keysetUpdate : keysetRead;
+  const bool isUpdating = merge_.get_MergeFieldListUse() == field_list_use::updating;
+  const Access access = isUpdating ? keysetUpdate : keysetRead;
   const auto open = [&](MergeSource source) {
     if (idOf(source) >= 0) openOneRow(step, source, Columns::full, access);
   };

@@ -338,14 +338,12 @@ TEST_F(MergeData, CodesBeyondTheKnownHaveATextToo) {
 
 TEST_F(MergeData, SelectsAndOrdersTheAccountsThatTheClientListShows) {
   const string shown = "WHERE ClientData.ShowThisClient = True";
-  const string byNumber = "ORDER BY Companies.ClientIDStr, Companies.CompanyName;";
   for (const auto& [showOnly, statusMode, id, order, tail] :
        {std::tuple{true, 1, -1, 0, shown + " AND ClientData.ActiveStatus=1 ;"},
         {true, 3, 0, 0, shown + " AND ClientData.ClientDataID=0 ;"},
         {false, 2, -1, 5, "WHERE NOT ClientData.ActiveStatus=1 ;"},
         {false, 3, -1, 1, "Clients.CompanyIDNum ORDER BY Companies.CompanyName;"},
-        {false, 3, -1, 2, "ORDER BY Companies.CorporateName;"},
-        {false, 3, -1, 4, byNumber}}) {
+        {false, 3, -1, 2, "ORDER BY Companies.CorporateName;"}}) {
     plainClients.setListOrder(order);
     EXPECT_THAT(getMainBusinessSQLString(showOnly, statusMode, id), testing::EndsWith(tail));
   }
