@@ -25,12 +25,14 @@ HOST = [
     ("host/database/dialect", ["host/database/schema"]),
     ("host/database", ["host/database/dialect"]),
     ("host/database/sqlite", ["host/database"]),
-    ("host/demo", ["host/database/schema", "host/database/sqlite"]),
+    ("host/database/postgres", ["host/database"]),
+    ("host/demo", ["host/database/schema", "host/database/sqlite", "host/database/postgres"]),
     ("host/loader", []),
     ("host/services", []),
     ("host/mail", ["host/services"]),
-    ("host/desk", ["host/database/sqlite", "host/loader", "host/mail"]),
-    ("apps/console", ["host/desk", "host/demo"]),
+    ("host/desk", ["host/database/sqlite", "host/database/postgres", "host/loader", "host/mail"]),
+    ("host/copy", ["host/demo", "host/desk"]),
+    ("apps/console", ["host/copy"]),
     ("apps/desktop", ["host/desk"]),
 ]
 STANDARD = re.compile(r"<[a-z_0-9]+>$")
