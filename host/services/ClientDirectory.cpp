@@ -150,7 +150,9 @@ ClientDirectory::ClientDirectory(DatabaseReference& database)
       staff_(database, {"AccountantEmployeeInfo", "ContactID", "ContactID", {"DisplayName"}}),
       categories_(
           database,
-          {"Categories", "CategoryID", "CategoryID", {"CategoryName", "CategorySpecialCode"}}) {}
+          {"Categories", "CategoryID", "CategoryID", {"CategoryName", "CategorySpecialCode"}}),
+      firms_(database,
+             {"AccountantFirmInfo", "CompanyID", "CompanyID", {"CompanyName", "CorporateName"}}) {}
 
 bool ClientDirectory::isCompanyClient(Id companyId) {
   return find(shownCompanies_, companyId).has_value();
@@ -184,6 +186,7 @@ std::string ClientDirectory::getContactDisplayName(Id contactId) {
 }
 
 std::string ClientDirectory::getCompanyNameFromClientID(Id clientId) {
+  if (clientId == clientDataOfFirm) return firmName();
   return getCompanyDisplayName(getCompanyIDFromClientID(clientId));
 }
 
@@ -240,8 +243,16 @@ Id ClientDirectory::getMainAddressBookCategoryID() {
 void ClientDirectory::setClientLookupBatch(bool batch) {
   isBatch_ = batch;
   for (LookupTable* table : {&companies_, &contacts_, &clientData_, &clientDataOfCompany_,
-                             &shownCompanies_, &defaultContacts_, &staff_, &categories_})
+                             &shownCompanies_, &defaultContacts_, &staff_, &categories_, &firms_})
     table->forget();
+}
+
+std::string ClientDirectory::firmName() {
+  for (const auto& [id, firm] : firms_.readAll()) {
+    std::string name = firstText(firm, std::array<int, 2>{CompanyName, CorporateName});
+    if (!name.empty()) return name;
+  }
+  return {};
 }
 
 Id ClientDirectory::linkedId(LookupTable& table, Id key) {

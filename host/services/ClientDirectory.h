@@ -34,6 +34,7 @@ class ClientDirectory : public clientDropDownCtrlReference {
   std::string getCompanyDisplayName(Id companyId) override;
   /// The display name, or first and last name when it is empty.
   std::string getContactDisplayName(Id contactId) override;
+  /// The firm's own name is that of its first record that has one.
   std::string getCompanyNameFromClientID(Id clientId) override;
   /// `withSpouse` False gives the contact's name alone. For `form` 2, "Jane & John Smith" when both
   /// bear one last name or the spouse's is not known; otherwise, and for every other form, both
@@ -60,6 +61,7 @@ class ClientDirectory : public clientDropDownCtrlReference {
  private:
   std::optional<LookupRow> find(LookupTable& table, Id key) { return table.find(key, isBatch_); }
   Id linkedId(LookupTable& table, Id key);
+  std::string firmName();
 
   LookupTable companies_;
   LookupTable contacts_;
@@ -69,6 +71,7 @@ class ClientDirectory : public clientDropDownCtrlReference {
   LookupTable defaultContacts_;
   LookupTable staff_;
   LookupTable categories_;
+  LookupTable firms_;
   bool isBatch_ = false;
   int listOrder_ = 1;
 };

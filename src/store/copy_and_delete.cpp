@@ -1,6 +1,7 @@
 #include <array>
 
 #include "control/contract/enumerations.h"
+#include "store/channel_fields.h"
 #include "store/column_lookup.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
@@ -26,7 +27,23 @@ constexpr std::array<CopiedField, 6> copiedFields{{
     {"Field6", nt_Fax},
 }};
 
-void copyFields(Step& step, RecordsetHandle newRow, Id channel, Id oldNotificationId) {
+/// Opens the new row by the statement and copies into it from the row that `findOldRow` gives for
+/// its channel.
+template <class FindOldRow>
+void copyIntoRow(Step& step, const char* newRowStatement, Id newNotificationId,
+                 FindOldRow&& findOldRow) {
+  if (!isDatabaseOpen(step)) return;
+  withFirstRow(step, statementFor(newRowStatement, newNotificationId), keysetUpdate,
+               [&](RecordsetHandle newRow) {
+                 const Id channel = readId(step, newRow, "NotificationType", 0);
+                 copyChannelFields(step, newRow, channel,
+                                   findOldRow(static_cast<notifyType>(channel)));
+               });
+}
+
+}  // namespace
+
+void copyChannelFields(Step& step, RecordsetHandle newRow, Id channel, Id oldNotificationId) {
   if (!isValidNotificationID(std::to_string(oldNotificationId))) return;
   withFirstRow(step, statementFor(notificationById, oldNotificationId), keysetUpdate,
                [&](RecordsetHandle oldRow) {
@@ -37,21 +54,6 @@ void copyFields(Step& step, RecordsetHandle newRow, Id channel, Id oldNotificati
                  }
                });
 }
-
-/// Opens the new row by the statement and copies into it from the row that `findOldRow` gives for
-/// its channel.
-template <class FindOldRow>
-void copyIntoRow(Step& step, const char* newRowStatement, Id newNotificationId,
-                 FindOldRow&& findOldRow) {
-  if (!isDatabaseOpen(step)) return;
-  withFirstRow(step, statementFor(newRowStatement, newNotificationId), keysetUpdate,
-               [&](RecordsetHandle newRow) {
-                 const Id channel = readId(step, newRow, "NotificationType", 0);
-                 copyFields(step, newRow, channel, findOldRow(static_cast<notifyType>(channel)));
-               });
-}
-
-}  // namespace
 
 void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotificationId) {
   procedure("Morvane.exe-modNotificationLinks-copyOldNotificationInfoToNewNotification",

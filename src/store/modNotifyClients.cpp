@@ -4,6 +4,7 @@
 #include <array>
 
 #include "control/contract/AutoNotifyListForm.h"
+#include "store/channel_bits.h"
 #include "store/column_lookup.h"
 
 namespace autonotify {
@@ -20,24 +21,8 @@ constexpr std::array<ChannelName, 4> channelNames{{
     {nt_Phone, "Phone"},
 }};
 
-bool hasBit(int bits, notifyType channel) {
-  return (bits & channel) != 0;
-}
-
-bool isOneChannel(notifyType channel) {
-  return std::any_of(channelNames.begin(), channelNames.end(),
-                     [&](const ChannelName& row) { return row.channel == channel; });
-}
-
 bool isSelected(const char* tag, std::uint8_t bits, notifyType channel) {
   return procedure(tag, false, [&](Step&, bool& result) { result = hasBit(bits, channel); });
-}
-
-/// The bit set after the change; the same when there is nothing to change.
-int changedBits(int bits, notifyType channel, changeStatus change) {
-  if (!isOneChannel(channel)) return bits;
-  if (change == nt_AddStatus) return hasBit(bits, channel) ? bits : bits + channel;
-  return hasBit(bits, channel) ? bits - channel : bits;
 }
 
 constexpr const char* notificationById =
@@ -114,36 +99,31 @@ bool getNotificationStatus(Id scheduleId, notifyType channel) {
   return procedure(
       "Morvane.exe-modNotifyClients-getNotificationStatus", false, [&](Step& step, bool& result) {
         if (!isDatabaseOpen(step)) return;
-        int bits = 0;
-        withFirstRow(step,
-                     statementFor("SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule "
-                                  "WHERE ScheduleID=",
-                                  scheduleId),
-                     keysetRead,
-                     [&](RecordsetHandle handle) { bits = readId(step, handle, "notifyType", 0); });
-        if (!isOneChannel(channel) || !hasBit(bits, channel)) return;
-        result = isValidNotificationID(std::to_string(getNotificationID(scheduleId, channel)));
-        if (!result) changeNotificationStatus(channel, nt_RemoveStatus, scheduleId);
+        result = readStatus(
+            step,
+            statementFor(
+                "SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule WHERE ScheduleID=",
+                scheduleId),
+            channel, [&] { return getNotificationID(scheduleId, channel); },
+            [&] { changeNotificationStatus(channel, nt_RemoveStatus, scheduleId); });
       });
 }
 
 bool changeNotificationStatus(notifyType channel, changeStatus statusChange, Id scheduleId) {
-  return procedure(
-      "Morvane.exe-modNotifyClients-changeNotificationStatus", true, [&](Step& step, bool& result) {
-        if (!isDatabaseOpen(step)) return;
-        const auto change = [&](RecordsetHandle handle) {
-          const int bits = readId(step, handle, "notifyType", 0);
-          const int changed = changedBits(bits, channel, statusChange);
-          if (changed == bits) return;
-          writeField(step, handle, "ScheduleModifiedStamp", nowText);
-          writeField(step, handle, "notifyType", [&] { return toText(changed); });
-        };
-        withFirstRow(step,
-                     statementFor("SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, "
-                                  "Schedule.notifyType FROM Schedule WHERE ScheduleID=",
-                                  scheduleId),
-                     keysetUpdate, change, [&] { result = false; });
-      });
+  return procedure("Morvane.exe-modNotifyClients-changeNotificationStatus", true,
+                   [&](Step& step, bool& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     withFirstRow(
+                         step,
+                         statementFor("SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, "
+                                      "Schedule.notifyType FROM Schedule WHERE ScheduleID=",
+                                      scheduleId),
+                         keysetUpdate,
+                         [&](RecordsetHandle handle) {
+                           changeBit(step, handle, channel, statusChange, "ScheduleModifiedStamp");
+                         },
+                         [&] { result = false; });
+                   });
 }
 
 Id getNotificationID(Id scheduleId, notifyType channel) {

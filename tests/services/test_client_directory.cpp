@@ -61,6 +61,8 @@ class ClientDirectoryTest : public testing::Test {
         "  'luc@home.example');"
         "INSERT INTO ContactLinks (ContactIDNum, CompanyNum, DefaultContact) VALUES"
         " (20, 11, 0), (21, 11, 1), (20, 11, 1), (20, 10, 0);"
+        "INSERT INTO AccountantFirmInfo (CompanyName, CorporateName) VALUES"
+        " (NULL, ''), ('', 'Fisher & Lind');"
         "INSERT INTO AccountantEmployeeInfo (ContactID, DisplayName) VALUES"
         " (5, 'Émile Côté'), (6, 'Ann Lee');"
         "INSERT INTO Categories (CategoryID, CategoryName, CategorySpecialCode) VALUES"
@@ -95,6 +97,7 @@ TEST_P(ClientDirectoryModes, knowsAndNamesWhoIsAClient) {
   EXPECT_EQ(directory.getCompanyDisplayName(11), "Numbered Ltd.");
   EXPECT_EQ(directory.getCompanyNameFromClientID(100), "Harbour Cafe");
   EXPECT_EQ(directory.getCompanyNameFromClientID(99), "");
+  EXPECT_EQ(directory.getCompanyNameFromClientID(clientDataOfFirm), "Fisher & Lind");
   EXPECT_EQ(directory.getContactDisplayName(21), "Luc Roy");
   EXPECT_EQ(directory.getContactAndSpouseName(20, true, 2), "Jane & John Smith");
   EXPECT_EQ(directory.getContactAndSpouseName(20, true, 1), "Jane Smith & John Smith");

@@ -1,6 +1,7 @@
 #include <functional>
 
 #include "control/contract/recordsets.h"
+#include "store/channels/modApptNotifications.h"
 #include "store/channels/modChannelNotifications.h"
 #include "support/HostTest.h"
 
@@ -14,7 +15,10 @@ TEST_F(Editing, WritesTheStampThenWhatIsNotEmpty) {
   struct Case {
     std::function<void(Id)> edit;
     Writes writes;
+    const char* columns = "ClientNotification.*";
   };
+  // The kind plays no part in an edit.
+  constexpr auto noKind = static_cast<CurrentDayTimerType>(4);
   const Case cases[] = {
       {[](Id id) { editEmailNotification(id, "a", "b", "c", "d", "e"); },
        {"Field1=a", "Field2=b", "Field3=c", "Field4=d", "Memo=e"}},
@@ -27,16 +31,26 @@ TEST_F(Editing, WritesTheStampThenWhatIsNotEmpty) {
        {"Field1=a", "Field2=b", "Field3=c", "Memo=d"}},
       {[](Id id) { editPhoneNotification(id, "", "", "c", ""); }, {"Field3=c"}},
       {[](Id id) { editLetterNotification(id, ""); }, {"Memo="}},
+      {[](Id id) { editApptEmailNotification(noKind, id, "a", "b", "c", "d", "e"); },
+       {"Field1=a", "Field2=b", "Field3=c", "Field4=d", "Memo=e"}},
+      {[](Id id) { editApptFaxNotification(Tasks, id, "a", "b", "c", "d", "", "f", "g"); },
+       {"Field1=a", "Field2=b", "Field3=c", "Field4=d", "Field6=f", "Memo=g"}},
+      {[](Id id) { editApptPhoneNotification(Dockets, id, "a", "b", "c", ""); },
+       {"Field1=a", "Field2=b", "Field3=c"}},
+      {[](Id id) { editApptLetterNotification(noKind, id, ""); },
+       {"Memo="},
+       "ClientNotification.ClientNotificationID, "
+       "ClientNotification.ClientNotificationModifiedStamp, ClientNotification.Memo"},
   };
   const Id row = addRow("ClientNotification", {});
   for (const Case& c : cases) {
     Writes expected{"ClientNotificationModifiedStamp=" + nowText()};
     expected.insert(expected.end(), c.writes.begin(), c.writes.end());
     EXPECT_EQ(columnsWrittenBy([&] { c.edit(row); }), expected);
-    EXPECT_EQ(logged("openRecordset"),
-              Writes{"1,3 SELECT ClientNotification.* FROM ClientNotification WHERE "
-                     "ClientNotificationID=" +
-                     std::to_string(row) + ";"});
+    EXPECT_EQ(
+        logged("openRecordset"),
+        Writes{std::string("1,3 SELECT ") + c.columns +
+               " FROM ClientNotification WHERE ClientNotificationID=" + std::to_string(row) + ";"});
     EXPECT_EQ(columnsWrittenBy([&] {
                 c.edit(999);
                 closeDatabase();

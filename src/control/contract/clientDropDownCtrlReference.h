@@ -20,6 +20,9 @@ inline constexpr std::int16_t defaultContactPhone = 10;
 inline constexpr std::int16_t defaultContactEmail = 12;
 }  // namespace info_item
 
+/// The `ClientNum` that stands for the firm itself.
+inline constexpr Id clientDataOfFirm = 0;
+
 /// The host's cached lookup of clients, contacts and staff. Unknown ids give -1 or empty text.
 class clientDropDownCtrlReference {
  public:
@@ -34,7 +37,8 @@ class clientDropDownCtrlReference {
   virtual Id getDefaultContactID(Id companyId) = 0;
   virtual std::string getCompanyDisplayName(Id companyId) = 0;
   virtual std::string getContactDisplayName(Id contactId) = 0;
-  /// The company's name for a `Schedule.ClientNum`.
+  /// The company's name for a `Schedule.ClientNum`; for clientDataOfFirm the name under which the
+  /// firm meets its clients.
   virtual std::string getCompanyNameFromClientID(Id clientId) = 0;
   /// Both names joined. Callers pass True and 2.
   virtual std::string getContactAndSpouseName(Id contactId, bool option1, int option2) = 0;

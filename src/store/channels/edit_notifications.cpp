@@ -1,5 +1,6 @@
-#include <initializer_list>
+#include <vector>
 
+#include "store/channels/modApptNotifications.h"
 #include "store/channels/modChannelNotifications.h"
 #include "store/column_lookup.h"
 
@@ -13,22 +14,45 @@ struct FieldEdit {
   bool clears = false;
 };
 
-void editNotification(const char* tag, Id notificationId, std::initializer_list<FieldEdit> edits) {
+using FieldEdits = std::vector<FieldEdit>;
+
+constexpr const char* wholeRow =
+    "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
+
+void editNotification(const char* tag, Id notificationId, const FieldEdits& edits,
+                      const char* statement = wholeRow) {
   procedure(tag, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(
-        step,
-        statementFor(
-            "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=",
-            notificationId),
-        keysetUpdate, [&](RecordsetHandle handle) {
-          writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
-          for (const FieldEdit& edit : edits) {
-            if (!edit.clears && isEmpty(step, edit.text)) continue;
-            writeField(step, handle, edit.column, [&] { return edit.text; });
-          }
-        });
+    withFirstRow(step, statementFor(statement, notificationId), keysetUpdate,
+                 [&](RecordsetHandle handle) {
+                   writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
+                   for (const FieldEdit& edit : edits) {
+                     if (!edit.clears && isEmpty(step, edit.text)) continue;
+                     writeField(step, handle, edit.column, [&] { return edit.text; });
+                   }
+                 });
   });
+}
+
+FieldEdits emailEdits(const std::string& to, const std::string& cc, const std::string& bcc,
+                      const std::string& subject, const std::string& memo) {
+  return {{"Field1", to}, {"Field2", cc}, {"Field3", bcc}, {"Field4", subject}, {"Memo", memo}};
+}
+
+FieldEdits faxEdits(const std::string& to, const std::string& from, const std::string& senderFax,
+                    const std::string& receiverFax, const std::string& pages,
+                    const std::string& subject, const std::string& memo) {
+  return {{"Field1", to},    {"Field2", from},    {"Field3", senderFax}, {"Field4", receiverFax},
+          {"Field5", pages}, {"Field6", subject}, {"Memo", memo}};
+}
+
+FieldEdits letterEdits(const std::string& memo) {
+  return {{"Memo", memo, true}};
+}
+
+FieldEdits phoneEdits(const std::string& to, const std::string& number, const std::string& times,
+                      const std::string& memo) {
+  return {{"Field1", to}, {"Field2", number}, {"Field3", times}, {"Memo", memo}};
 }
 
 }  // namespace
@@ -37,38 +61,60 @@ void editEmailNotification(Id notificationNum, const std::string& ToStr, const s
                            const std::string& BccStr, const std::string& subjectStr,
                            const std::string& memoStr) {
   editNotification("Morvane.exe-modChannelNotifications-editEmailNotification", notificationNum,
-                   {{"Field1", ToStr},
-                    {"Field2", CcStr},
-                    {"Field3", BccStr},
-                    {"Field4", subjectStr},
-                    {"Memo", memoStr}});
+                   emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
 }
 
 void editFaxNotification(Id notificationNum, const std::string& ToStr, const std::string& FromStr,
                          const std::string& SenderFaxStr, const std::string& ReceiverFaxStr,
                          const std::string& PagesStr, const std::string& subjectStr,
                          const std::string& memoStr) {
-  editNotification("Morvane.exe-modChannelNotifications-editFaxNotification", notificationNum,
-                   {{"Field1", ToStr},
-                    {"Field2", FromStr},
-                    {"Field3", SenderFaxStr},
-                    {"Field4", ReceiverFaxStr},
-                    {"Field5", PagesStr},
-                    {"Field6", subjectStr},
-                    {"Memo", memoStr}});
+  editNotification(
+      "Morvane.exe-modChannelNotifications-editFaxNotification", notificationNum,
+      faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
 }
 
 void editLetterNotification(Id notificationNum, const std::string& memoStr) {
   editNotification("Morvane.exe-modChannelNotifications-editLetterNotification", notificationNum,
-                   {{"Memo", memoStr, true}});
+                   letterEdits(memoStr));
 }
 
 void editPhoneNotification(Id notificationNum, const std::string& ToStr,
                            const std::string& PhoneNumberStr, const std::string& TimesStr,
                            const std::string& memoStr) {
+  editNotification("Morvane.exe-modChannelNotifications-editPhoneNotification", notificationNum,
+                   phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
+}
+
+void editApptEmailNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
+                               const std::string& CcStr, const std::string& BccStr,
+                               const std::string& subjectStr, const std::string& memoStr) {
+  editNotification("Morvane.exe-modApptNotifications-editApptEmailNotification", notificationNum,
+                   emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
+}
+
+void editApptFaxNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
+                             const std::string& FromStr, const std::string& SenderFaxStr,
+                             const std::string& ReceiverFaxStr, const std::string& PagesStr,
+                             const std::string& subjectStr, const std::string& memoStr) {
   editNotification(
-      "Morvane.exe-modChannelNotifications-editPhoneNotification", notificationNum,
-      {{"Field1", ToStr}, {"Field2", PhoneNumberStr}, {"Field3", TimesStr}, {"Memo", memoStr}});
+      "Morvane.exe-modApptNotifications-editApptFaxNotification", notificationNum,
+      faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
+}
+
+void editApptLetterNotification(CurrentDayTimerType, Id notificationNum,
+                                const std::string& memoStr) {
+  editNotification("Morvane.exe-modApptNotifications-editApptLetterNotification", notificationNum,
+                   letterEdits(memoStr),
+                   "SELECT ClientNotification.ClientNotificationID, "
+                   "ClientNotification.ClientNotificationModifiedStamp, ClientNotification.Memo "
+                   "FROM ClientNotification WHERE ClientNotificationID=");
+}
+
+void editApptPhoneNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
+                               const std::string& PhoneNumberStr, const std::string& TimesStr,
+                               const std::string& memoStr) {
+  editNotification("Morvane.exe-modApptNotifications-editApptPhoneNotification", notificationNum,
+                   phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
 }
 
 }  // namespace autonotify

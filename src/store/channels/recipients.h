@@ -28,8 +28,8 @@ using ChannelFields = std::vector<std::pair<const char*, std::string>>;
 // address of the company serves as told with each; fax and phone fall back only behind a default
 // contact.
 //
-// For a client who is neither company nor contact all but the last two open an empty statement,
-// which the database refuses.
+// For a client who is neither company nor contact the first three open an empty statement, which
+// the database refuses.
 
 /// To: the address of the person; for a company without one, the company's own.
 ChannelFields emailFields(Step& step, const NotificationClient& client);
@@ -39,6 +39,13 @@ ChannelFields faxFields(Step& step, const NotificationClient& client);
 ChannelFields phoneFields(Step& step, const NotificationClient& client);
 /// To, as the client list knows it, without a look into the database.
 ChannelFields listedEmailFields(Step& step, const NotificationClient& client);
+
+// The same for a diary item whose clients are `given`. The first of them that the client list knows
+// counts; for nobody the recipient stays empty. A contact is reached at home rather than at work.
+ChannelFields itemEmailFields(Step& step, const NotificationClient& given);
+ChannelFields itemFaxFields(Step& step, const NotificationClient& given);
+ChannelFields itemPhoneFields(Step& step, const NotificationClient& given);
+
 /// Nothing: a letter carries all in its text.
 ChannelFields letterFields(Step& step, const NotificationClient& client);
 
