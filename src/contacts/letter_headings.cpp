@@ -1,6 +1,6 @@
 #include "contacts/address_records.h"
 #include "contacts/modDefaultContact.h"
-#include "control/contract/RichTextUtility.h"
+#include "control/contract/rich_texts.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/format.h"
 
@@ -21,19 +21,12 @@ void appendSalutation(Step& step, std::string& heading, Id contactId) {
 }
 
 void insertHeading(Step& step, RichTextBox& box, const std::string& heading) {
-  if (heading.empty()) return;
   if (box.text().empty()) step.run([&] { box.setText(" "); });
-  std::unique_ptr<RichTextUtility> helper;
-  step.assign(helper, [] { return createHostObject<RichTextUtility>(); });
-  if (!helper) return;
-  step.run([&] { helper->put_errorClass(references().errors); });
-  step.run([&] { helper->put_LocaleReference(references().localeReference); });
-  step.run([&] { helper->insertTextAt(&box, heading, 0); });
-  step.run([&] { helper->release(); });
+  insertTextAt(step, &box, heading, 0);
 }
 
 void removeHeading(Step& step, RichTextBox& box, const std::string& heading) {
-  if (heading.empty() || box.text().empty()) return;
+  if (box.text().empty()) return;
   step.run([&] { box.removeRichText(convertToRTF(heading)); });
 }
 

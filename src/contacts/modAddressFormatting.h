@@ -88,8 +88,8 @@ std::string createInsertBusinessAddress(Id companyID, bool includeDate, DateTime
 std::string createInsertContactPersonalAddress(Id contactID, bool includeDate, DateTime date,
                                                bool includeSalutation);
 
-/// Puts the heading at the start of the box. An empty box gets a blank behind it. Without a heading
-/// the box stays as it is.
+/// Puts the heading at the start of the box. An empty box gets a blank behind it, also where there
+/// is no heading.
 void insertBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
                            bool includeSalutation, bool asRTF);
 void insertContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,

@@ -123,7 +123,13 @@ TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
   EXPECT_EQ(atWork(contact, noId, noId), "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x");
   EXPECT_EQ(atWork(contact, noId, company),
             "Jo Inc|Jo Park|1 Elm|Ottawa, QC|Phone: 3|Fax: 2|Cell: 4|Email: jo@x");
-  EXPECT_EQ(atWork(noId, staff, company), "Al|7 Ash||Phone: 8");
+  std::string block;
+  EXPECT_THAT(statementsOf([&] { block = atWork(noId, staff, company); }),
+              ElementsAre("1,1 SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
+                          "AccountantEmployeeInfo.ContactID=1;",
+                          "1,1 SELECT AccountantFirmInfo.* FROM AccountantFirmInfo WHERE "
+                          "AccountantFirmInfo.CompanyID=1;"));
+  EXPECT_EQ(block, "Al|7 Ash||Phone: 8");
   EXPECT_EQ(atWork(noId, noId, company), "");
   EXPECT_EQ(atWork(99, noId, company), "");
   EXPECT_EQ(shown(createBusinessContactAddress(contact, false, noId, company, false, false, false,
@@ -164,6 +170,12 @@ TEST_F(Addresses, HeadingsComeIntoABoxAndOutAgain) {
   EXPECT_EQ(shown(empty.text()), " Jo Park|5 Fir||| ");
   removeContactPersonalAddress(empty, contact, false, day, false);
   EXPECT_EQ(empty.text(), " ");
+
+  RichTextBox ofNobody;
+  insertBusinessAddress(ofNobody, noId, true, day, true, false);
+  EXPECT_EQ(ofNobody.text(), " ") << "an empty box gets its blank without a heading as well";
+  removeBusinessAddress(ofNobody, noId, true, day, true, false);
+  EXPECT_EQ(ofNobody.text(), " ");
 }
 
 }  // namespace

@@ -35,6 +35,15 @@ TEST_F(CategoryText, GoesUpFromTheCompany) {
   EXPECT_EQ(textOf(company, true), lines + "                Main\r\n");
   EXPECT_EQ(textOf(child), "    Holding\r\n");
   EXPECT_EQ(textOf(parent), "");
+  clsClientAddrBkCatTxt ofSub;
+  ofSub.put_CompanyIDNum(addRow("Companies", {{"CategoryNum", main}}));
+  EXPECT_THAT(
+      statementsOf([&] { ofSub.generateCategoryText(); }),
+      testing::ElementsAre(
+          "0,1 SELECT Companies.CompanyID, Companies.CompanyNum, Companies.CategoryNum FROM "
+          "Companies WHERE Companies.CompanyID = 4;",
+          "0,1 SELECT Categories.CategoryID, Categories.CategoryNum FROM Categories WHERE "
+          "CategoryID = 1;"));
   EXPECT_EQ(textOf(noId), "");
 
   clsClientAddrBkCatTxt ofContact;

@@ -69,7 +69,7 @@ const Operation operations[] = {
        insertBusinessAddress(box, 1, true, day, true, false);
        return box.text();
      },
-     ""},
+     " "},
     {"removal",
      [] {
        RichTextBox box;

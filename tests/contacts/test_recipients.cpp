@@ -107,23 +107,55 @@ TEST_F(Recipients, OfTheFirmOfNobodyAndOfAClosedDatabase) {
 }
 
 TEST_F(Recipients, StatementsStandAsHostsKnowThem) {
+  const std::string ofCompany = " From Companies WHERE CompanyID = 1;";
+  const std::string ofContact = " FROM Contacts WHERE ContactID = 2;";
+  const auto ofPeople = [](const std::string& columns) {
+    return "1,1 SELECT Contacts.ContactID, " + columns +
+           ", ContactLinks.ContactIDNum, ContactLinks.CompanyNum, ContactLinks.DefaultContact FROM "
+           "Contacts INNER JOIN ContactLinks ON Contacts.ContactID = ContactLinks.ContactIDNum "
+           "WHERE ContactLinks.CompanyNum = 1;";
+  };
   ComboBox combo;
   EXPECT_THAT(
       statementsOf([&] {
         populateCompanyAndContactEmailAddressesInCombo(company, combo, true, true);
+        populateContactEmailAddressesInCombo(contact, combo, false, true);
+        populateCompanyAndContactFaxNumbersInCombo(company, combo, true);
         populateContactFaxNumbersInCombo(contact, combo, true);
+        populateAccountingFirmsAndStaffFaxNumbersInCombo(combo);
+        populateCompanyAndContactPhoneNumbersInCombo(company, combo, true);
+        populateContactPhoneNumbersInCombo(contact, combo, true);
+        populateCompanyAndContactFaxRecipientInCombo(company, combo, true);
+        populateContactContactNamesInCombo(contact, combo, true);
       }),
       ElementsAre(
-          "1,1 SELECT Companies.CompanyID, Companies.Email From Companies WHERE CompanyID = 1;",
-          "1,1 SELECT Contacts.ContactID, Contacts.BusinessEmail, Contacts.PersonalEmail, "
-          "ContactLinks.ContactIDNum, ContactLinks.CompanyNum, ContactLinks.DefaultContact FROM "
-          "Contacts INNER JOIN ContactLinks ON Contacts.ContactID = ContactLinks.ContactIDNum "
-          "WHERE ContactLinks.CompanyNum = 1;",
+          "1,1 SELECT Companies.CompanyID, Companies.Email" + ofCompany,
+          ofPeople("Contacts.BusinessEmail, Contacts.PersonalEmail"),
           "1,1 SELECT AccountantFirmInfo.Email From AccountantFirmInfo;",
           "1,1 SELECT AccountantEmployeeInfo.PersonalEmail, AccountantEmployeeInfo.BusinessEmail "
           "FROM AccountantEmployeeInfo;",
-          "1,1 SELECT Contacts.ContactID, Contacts.HomePhone_Fax, Contacts.BusinessPhone_Fax FROM "
-          "Contacts WHERE ContactID = 2;"));
+          "1,1 SELECT Contacts.ContactID, Contacts.BusinessEmail, Contacts.PersonalEmail, "
+          "Contacts.SpouseEmail" +
+              ofContact,
+          "1,1 SELECT Companies.CompanyID, Companies.FaxNumber" + ofCompany,
+          ofPeople("Contacts.BusinessPhone_Fax, Contacts.HomePhone_Fax"),
+          "1,1 SELECT Contacts.ContactID, Contacts.HomePhone_Fax, Contacts.BusinessPhone_Fax" +
+              ofContact,
+          "1,1 SELECT AccountantFirmInfo.CompanyID, AccountantFirmInfo.FaxNumber From "
+          "AccountantFirmInfo;",
+          "1,1 SELECT AccountantEmployeeInfo.ContactID, AccountantEmployeeInfo.BusinessPhone_Fax, "
+          "AccountantEmployeeInfo.HomePhone_Fax FROM AccountantEmployeeInfo;",
+          "1,1 SELECT Companies.CompanyID, Companies.OfficeNumber" + ofCompany,
+          ofPeople("Contacts.BusinessPhone_Main, Contacts.HomePhone_Main"),
+          "1,1 SELECT Contacts.ContactID, Contacts.HomePhone_Cell, Contacts.HomePhone_Pager, "
+          "Contacts.BusinessAltPhoneNumber, Contacts.PersonalAltPhoneNumber, "
+          "Contacts.SpousePhone_Main, Contacts.SpousePhone_Cell, Contacts.BusinessPhone_Cell, "
+          "Contacts.BusinessPhone_Pager, Contacts.HomePhone_Main, Contacts.BusinessPhone_Main" +
+              ofContact,
+          "1,1 SELECT Companies.CompanyID, Companies.CompanyName" + ofCompany,
+          ofPeople("Contacts.DisplayName"),
+          "1,1 SELECT Contacts.ContactID, Contacts.DisplayName" + ofContact,
+          "1,1 SELECT Contacts.ContactID, Contacts.SpouseName" + ofContact));
 }
 
 }  // namespace
