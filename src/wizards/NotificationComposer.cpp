@@ -14,9 +14,10 @@ namespace {
 /// The kind that a refreshed comment of a diary item is made and stored as, whatever its own is.
 constexpr CurrentDayTimerType refreshedKind = Appointments;
 
-/// The word for the item in a confirmation; nullptr for a kind that has none.
+/// The word for the item in a confirmation; nullptr for a type or kind that has none.
 const char* wordFor(notificationTypes type, CurrentDayTimerType kind) {
   if (type == remittanceNotification) return "task";
+  if (type != appointmentNotification) return nullptr;
   switch (kind) {
     case Appointments:
       return "appointment";

@@ -38,16 +38,18 @@ frmSendNotificationWizardEmail::frmSendNotificationWizardEmail()
 void frmSendNotificationWizardEmail::populateLists() {
   constexpr bool includeFirmAndStaff = true;
   constexpr bool selectDefault = false;
-  if (companyID() >= 1) {
-    populateCompanyAndContactEmailAddressesInCombo(companyID(), cboTo, includeFirmAndStaff,
-                                                   selectDefault);
-  } else if (contactID() > 0) {
-    populateContactEmailAddressesInCombo(contactID(), cboTo, includeFirmAndStaff, selectDefault);
-  } else {
-    return;
-  }
-  cboCc.copyEntries(cboTo);
-  cboBcc.copyEntries(cboTo);
+  procedure(tag("populateEmailAddresses"), [&](Step&) {
+    if (companyID() >= 1) {
+      populateCompanyAndContactEmailAddressesInCombo(companyID(), cboTo, includeFirmAndStaff,
+                                                     selectDefault);
+    } else if (contactID() > 0) {
+      populateContactEmailAddressesInCombo(contactID(), cboTo, includeFirmAndStaff, selectDefault);
+    } else {
+      return;
+    }
+    cboCc.copyEntries(cboTo);
+    cboBcc.copyEntries(cboTo);
+  });
 }
 
 void frmSendNotificationWizardEmail::finish(Step& step) {

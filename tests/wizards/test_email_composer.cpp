@@ -190,13 +190,13 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
   struct Case {
     notificationTypes type;
     int kind;
-    const char* word;
+    const char* word;  ///< null: no confirmation
   };
-  const Case cases[] = {{remittanceNotification, 13, "task"},
-                        {appointmentNotification, 3, "appointment"},
-                        {appointmentNotification, 13, "time entry"},
-                        {appointmentNotification, 5, "task"},
-                        {remittanceNotification, 77, "task"}};
+  const Case cases[] = {
+      {remittanceNotification, 13, "task"},        {appointmentNotification, 3, "appointment"},
+      {appointmentNotification, 13, "time entry"}, {appointmentNotification, 5, "task"},
+      {appointmentNotification, 77, nullptr},      {static_cast<notificationTypes>(3), 3, nullptr},
+      {remittanceNotification, 77, "task"}};
   const Id appointment = addRow("Appointments", {{"Subject", "Review"}});
   const Id docket = addRow("Dockets", {{"Subject", "Review"}});
   plainDatabase->connection().exec(
@@ -204,7 +204,7 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
       ", DocketIDNum = " + std::to_string(docket) + ", TaskIDNum = 1");
   for (const bool wants : {false, true}) {
     for (const Case& each : cases) {
-      if (wants) {
+      if (wants && each.word) {
         person.expectMessage("This client will be notified of their upcoming " +
                                  std::string(each.word) + " by email on Friday, April 24, 2026",
                              message_style::armedConfirmed);
