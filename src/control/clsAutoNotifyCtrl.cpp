@@ -6,6 +6,7 @@
 #include "control/open_window.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
+#include "store/channels/modApptNotifications.h"
 #include "store/channels/modChannelNotifications.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
@@ -213,6 +214,95 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   }
   void cls_deleteNotification(Id NotifyID) override {
     forward("cls_deleteNotification", deleteNotification, NotifyID);
+  }
+
+  // Diary items.
+
+  void cls_deleteApptNotification(CurrentDayTimerType dayTimerType, notifyType remittType,
+                                  Id itemNum) override {
+    forward("cls_deleteApptNotification", deleteApptNotification, dayTimerType, remittType,
+            itemNum);
+  }
+  bool cls_getApptNotificationStatus(CurrentDayTimerType dayTimerType, Id itemNum,
+                                     notifyType remittType) override {
+    return forward("cls_getApptNotificationStatus", getApptNotificationStatus, dayTimerType,
+                   itemNum, remittType);
+  }
+  Id cls_getApptNotificationID(CurrentDayTimerType dayTimerType, Id itemNum,
+                               notifyType remittType) override {
+    return forward("cls_getApptNotificationID", getApptNotificationID, dayTimerType, itemNum,
+                   remittType);
+  }
+  DateTime cls_getApptNotificationDate(Id notificationNum) override {
+    return forward("cls_getApptNotificationDate", getApptNotificationDate, notificationNum);
+  }
+  void cls_resetApptNotificationBody(std::int32_t dayTimerType, Id notificationNum,
+                                     Id itemNum) override {
+    forward("cls_resetApptNotificationBody", resetApptNotificationBody, dayTimerType,
+            notificationNum, itemNum);
+  }
+  bool cls_changeApptNotificationStatus(CurrentDayTimerType dayTimerType, notifyType remittType,
+                                        changeStatus statusChange, Id itemNum) override {
+    return forward("cls_changeApptNotificationStatus", changeApptNotificationStatus, dayTimerType,
+                   remittType, statusChange, itemNum);
+  }
+  void cls_copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(
+      CurrentDayTimerType dayTimerType, Id newNotificationNum, Id oldTaskIDNum) override {
+    forward("cls_copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum",
+            copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum, dayTimerType,
+            newNotificationNum, oldTaskIDNum);
+  }
+  Id cls_addNewApptEmailNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                     DateTime reminderDate, Id notificationNum, Id companyNum,
+                                     Id contactNum) override {
+    return forward("cls_addNewApptEmailNotification", addNewApptEmailNotification, dayTimerType,
+                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
+  }
+  void cls_editApptEmailNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                     const std::string& ToStr, const std::string& CcStr,
+                                     const std::string& BccStr, const std::string& subjectStr,
+                                     const std::string& memoStr) override {
+    forward("cls_editApptEmailNotification", editApptEmailNotification, dayTimerType,
+            notificationNum, ToStr, CcStr, BccStr, subjectStr, memoStr);
+  }
+  Id cls_addNewApptFaxNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                   DateTime reminderDate, Id notificationNum, Id companyNum,
+                                   Id contactNum) override {
+    return forward("cls_addNewApptFaxNotification", addNewApptFaxNotification, dayTimerType,
+                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
+  }
+  void cls_editApptFaxNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                   const std::string& ToStr, const std::string& FromStr,
+                                   const std::string& SenderFaxStr,
+                                   const std::string& ReceiverFaxStr, const std::string& PagesStr,
+                                   const std::string& subjectStr,
+                                   const std::string& memoStr) override {
+    forward("cls_editApptFaxNotification", editApptFaxNotification, dayTimerType, notificationNum,
+            ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr);
+  }
+  Id cls_addNewApptLetterNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                      DateTime reminderDate, Id notificationNum, Id companyNum,
+                                      Id contactNum) override {
+    return forward("cls_addNewApptLetterNotification", addNewApptLetterNotification, dayTimerType,
+                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
+  }
+  void cls_editApptLetterNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                      const std::string& memoStr) override {
+    forward("cls_editApptLetterNotification", editApptLetterNotification, dayTimerType,
+            notificationNum, memoStr);
+  }
+  Id cls_addNewApptPhoneNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                     DateTime reminderDate, Id notificationNum, Id companyNum,
+                                     Id contactNum) override {
+    return forward("cls_addNewApptPhoneNotification", addNewApptPhoneNotification, dayTimerType,
+                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
+  }
+  void cls_editApptPhoneNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                     const std::string& ToStr, const std::string& PhoneNumberStr,
+                                     const std::string& TimesStr,
+                                     const std::string& memoStr) override {
+    forward("cls_editApptPhoneNotification", editApptPhoneNotification, dayTimerType,
+            notificationNum, ToStr, PhoneNumberStr, TimesStr, memoStr);
   }
 
   // Dates and texts.

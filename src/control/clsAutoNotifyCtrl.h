@@ -125,6 +125,65 @@ class clsAutoNotifyCtrl : public ComponentObject {
   /// The channel's bit of the schedule entry stays; the caller clears it.
   virtual void cls_deleteNotification(Id NotifyID) = 0;
 
+  // Diary items: the notifications of appointments, time entries (Dockets) and tasks. A task stands
+  // for its schedule entry: what is done here for a task is done for the entry. Any other kind ends
+  // at the error dialog.
+
+  /// Deletes the item's row of the channel and clears the channel's bit; a task's bit stays.
+  virtual void cls_deleteApptNotification(CurrentDayTimerType dayTimerType, notifyType remittType,
+                                          Id itemNum) = 0;
+  /// True when the channel's bit is set and its row exists; clears a bit without a row.
+  virtual bool cls_getApptNotificationStatus(CurrentDayTimerType dayTimerType, Id itemNum,
+                                             notifyType remittType) = 0;
+  /// The first row of the item and channel, or -1.
+  virtual Id cls_getApptNotificationID(CurrentDayTimerType dayTimerType, Id itemNum,
+                                       notifyType remittType) = 0;
+  /// The zero date when there is none.
+  virtual DateTime cls_getApptNotificationDate(Id notificationNum) = 0;
+  /// Writes the sentences about the item over the row's text. The kind has 32 bits here alone.
+  virtual void cls_resetApptNotificationBody(std::int32_t dayTimerType, Id notificationNum,
+                                             Id itemNum) = 0;
+  /// Sets or clears the channel's bit of the item. False when there is no such item.
+  virtual bool cls_changeApptNotificationStatus(CurrentDayTimerType dayTimerType,
+                                                notifyType remittType, changeStatus statusChange,
+                                                Id itemNum) = 0;
+  /// Takes over the channel fields of the old item's row, except a subject.
+  virtual void cls_copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(
+      CurrentDayTimerType dayTimerType, Id newNotificationNum, Id oldTaskIDNum) = 0;
+  // An add writes the row `notificationNum` anew when it is above 0, and a new row otherwise; it
+  // gives the row's id, or -1. Clients not given are looked up among the appointments: name those
+  // of a time entry.
+  virtual Id cls_addNewApptEmailNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                             DateTime reminderDate, Id notificationNum = noId,
+                                             Id companyNum = noId, Id contactNum = noId) = 0;
+  virtual void cls_editApptEmailNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                             const std::string& ToStr = {},
+                                             const std::string& CcStr = {},
+                                             const std::string& BccStr = {},
+                                             const std::string& subjectStr = {},
+                                             const std::string& memoStr = {}) = 0;
+  virtual Id cls_addNewApptFaxNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                           DateTime reminderDate, Id notificationNum = noId,
+                                           Id companyNum = noId, Id contactNum = noId) = 0;
+  virtual void cls_editApptFaxNotification(
+      CurrentDayTimerType dayTimerType, Id notificationNum, const std::string& ToStr = {},
+      const std::string& FromStr = {}, const std::string& SenderFaxStr = {},
+      const std::string& ReceiverFaxStr = {}, const std::string& PagesStr = {},
+      const std::string& subjectStr = {}, const std::string& memoStr = {}) = 0;
+  virtual Id cls_addNewApptLetterNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                              DateTime reminderDate, Id notificationNum = noId,
+                                              Id companyNum = noId, Id contactNum = noId) = 0;
+  virtual void cls_editApptLetterNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                              const std::string& memoStr) = 0;
+  virtual Id cls_addNewApptPhoneNotification(CurrentDayTimerType dayTimerType, Id itemNum,
+                                             DateTime reminderDate, Id notificationNum = noId,
+                                             Id companyNum = noId, Id contactNum = noId) = 0;
+  virtual void cls_editApptPhoneNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
+                                             const std::string& ToStr = {},
+                                             const std::string& PhoneNumberStr = {},
+                                             const std::string& TimesStr = {},
+                                             const std::string& memoStr = {}) = 0;
+
   // Dates and texts.
 
   /// Days of the kind of schedule entry: before the due date positive for display, negative for

@@ -12,13 +12,22 @@ constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 // One office for all operations: a company with a default contact, an entry of it with an email and
 // a fax (the fax sent), a stale bit for a letter, and an older entry with an email.
 constexpr Id client = 1, company = 1, entry = 1, oldEntry = 2;
-constexpr Id emailRow = 1, faxRow = 2, oldRow = 3, nextRow = 4;
+constexpr Id emailRow = 1, faxRow = 2, oldRow = 3, meetingRow = 4, nextRow = 5;
+// And an appointment with an email, and its twin.
+constexpr Id meeting = 1, twin = 2;
 
 void fillOffice(ComponentHost& host) {
   Rows rows(*host.plainDatabase);
   rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}});
   rows.addClient("Maple Ltd", "Jo Park");
   rows.addKind(103, 1, 1);
+  for (const Id owner : {company, noId}) {
+    rows.addRow("Appointments", {{"CompanyIDNum", owner},
+                                 {"notifyType", 3},
+                                 {"DateFrom", dueDate},
+                                 {"TimeFrom", dueDate},
+                                 {"TimeTo", dueDate}});
+  }
   for (const int bits : {7, 1}) {
     rows.addSchedule(103, 1, dueDate,
                      {{"ClientNum", client}, {"scheduleName", "GST"}, {"notifyType", bits}});
@@ -29,6 +38,10 @@ void fillOffice(ComponentHost& host) {
                                           std::to_string(schedule) + std::to_string(channel) +
                                           "' WHERE ClientNotificationID=" + std::to_string(row));
   }
+  rows.addRow("ClientNotification", {{"ApptIDNum", meeting},
+                                     {"NotificationType", 1},
+                                     {"Field1", "to 1"},
+                                     {"NotificationDate", dueDate}});
 }
 
 using Control = clsAutoNotifyCtrl;
@@ -72,6 +85,15 @@ Operation byName(const char* name, Add add) {
   return addition(name, [add](Control& control) {
     return (control.*add)(entry, -1, company, -1, "GST", dueDate, "Hello");
   });
+}
+
+template <class Add>
+Operation meetingAdd(const char* name, Add add) {
+  return {name,
+          [add](Control& control) {
+            return text((control.*add)(Appointments, twin, dueDate, noId, company, noId));
+          },
+          text(nextRow), text(noId), 1};
 }
 
 template <class Call>
@@ -122,6 +144,28 @@ const Operation operations[] = {
            [](auto& c) {
              c.cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum(emailRow, oldEntry);
            }),
+    meetingAdd("addMeetingEmail", &Control::cls_addNewApptEmailNotification),
+    meetingAdd("addMeetingFax", &Control::cls_addNewApptFaxNotification),
+    meetingAdd("addMeetingLetter", &Control::cls_addNewApptLetterNotification),
+    meetingAdd("addMeetingPhone", &Control::cls_addNewApptPhoneNotification),
+    question(
+        "meetingStatus", "True", "False",
+        [](auto& c) { return c.cls_getApptNotificationStatus(Appointments, meeting, nt_Email); }),
+    question("meetingRow", "4", "-1",
+             [](auto& c) { return c.cls_getApptNotificationID(Appointments, meeting, nt_Email); }),
+    question("meetingDate", "True", "False",
+             [](auto& c) { return c.cls_getApptNotificationDate(meetingRow) == dueDate; }),
+    question("addMeetingStatus", "False", "True",
+             [](auto& c) {
+               return c.cls_changeApptNotificationStatus(Dockets, nt_Phone, nt_AddStatus, meeting);
+             }),
+    action("resetBody",
+           [](auto& c) { c.cls_resetApptNotificationBody(Appointments, meetingRow, twin); }),
+    action("copyMeeting",
+           [](auto& c) {
+             c.cls_copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(Appointments, oldRow,
+                                                                               meeting);
+           }),
 };
 
 const std::string& officeContent() {
@@ -169,7 +213,7 @@ TEST(OperationEffects, WriteTheRowsThatTheyName) {
   control.cls_changeNotificationStatus(nt_Fax, nt_RemoveStatus, entry);
   control.cls_ChangeNotificationNotifiedDate(faxRow, dueDate);
   EXPECT_EQ(host.dump("SELECT Field1, Field2, Field3 FROM ClientNotification"),
-            "to 11|cc@maple.example|NULL|\nto 12|NULL|NULL|\nJo|NULL|mornings|\n");
+            "to 11|cc@maple.example|NULL|\nto 12|NULL|NULL|\nJo|NULL|mornings|\nto 1|NULL|NULL|\n");
   EXPECT_EQ(host.dump("SELECT notifyType FROM Schedule"), "5|\n1|\n");
   for (const bool forDisplay : {true, false}) {
     EXPECT_EQ(control.cls_getNotificationPeriod(103, 1, forDisplay), forDisplay ? 1 : -1);
@@ -180,6 +224,25 @@ TEST(OperationEffects, WriteTheRowsThatTheyName) {
                           control.cls_IsLetterSelected(11), control.cls_IsPhoneSelected(7)};
   EXPECT_THAT(selected, testing::Each(true));
   EXPECT_THAT(cleared, testing::Each(false));
+}
+
+TEST(OperationEffects, TellTheItemsOfADiaryApart) {
+  ComponentHost host(&officeContent());
+  clsAutoNotifyCtrl& control = *host.control;
+  const auto stateOf = [&](const std::string& column) {
+    return host.dump("SELECT " + column + " FROM ClientNotification WHERE ClientNotificationID=4") +
+           host.dump("SELECT notifyType FROM Appointments");
+  };
+  control.cls_editApptEmailNotification(Dockets, meetingRow, "", "cc");
+  control.cls_editApptFaxNotification(Tasks, meetingRow, "", "", "fax");
+  control.cls_editApptPhoneNotification(Appointments, meetingRow, "to");
+  control.cls_editApptLetterNotification(Appointments, meetingRow, "memo");
+  EXPECT_EQ(stateOf("Field1, Field2, Field3, Memo"), "to|cc|fax|memo|\n3|\n3|\n");
+  control.cls_deleteApptNotification(Dockets, nt_Email, meeting);
+  control.cls_deleteApptNotification(Appointments, nt_Fax, meeting);
+  EXPECT_EQ(stateOf("1"), "1|\n3|\n3|\n");
+  control.cls_deleteApptNotification(Appointments, nt_Email, meeting);
+  EXPECT_EQ(stateOf("1"), "2|\n3|\n");
 }
 
 TEST(OperationEffects, CopyByIdMeetsItsUnfinishedStatement) {
