@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "control/contract/windows.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
@@ -44,14 +46,21 @@ void rewrite(Step& step, RecordsetHandle notifications, const char* column, Text
   writeField(step, notifications, column, value);
 }
 
+/// A row whose state cannot be told is not unsent.
+bool isUnsent(Step& step, RecordsetHandle notifications) {
+  return step.value(
+      false, [&] { return !toFlag(database().getFieldValue(notifications, "NotificationSent")); });
+}
+
 /// Gives the date to each unsent row that the schedule entry has among the notifications.
 void moveUnsent(Step& step, RecordsetHandle notifications, Id scheduleID, DateTime date) {
-  bool found = step.value(
+  const bool found = step.value(
       false, [&] { return findRecord(notifications, "ScheduleNum", std::to_string(scheduleID)); });
-  while (found) {
-    if (!readFlag(step, notifications, "NotificationSent"))
+  if (!found) return;
+  while (!step.value(true, [&] { return database().isEndOfRecordset(notifications); })) {
+    if (isUnsent(step, notifications))
       rewrite(step, notifications, "NotificationDate", [&] { return toText(date); });
-    found = step.value(false, [&] { return database().findNextRecord(notifications); });
+    step.run([&] { database().findNextRecord(notifications); });
   }
 }
 
@@ -94,11 +103,11 @@ bool clsAutoNotifyTemplate::resetNotificationComments() {
       forEachRowInSteps(step, handle, incResetNotificationComments, [&] {
         const Id scheduleID = readId(step, handle, "ScheduleIDNum");
         if (scheduleID < 0 || !coversScheduleEntry(scheduleID)) return;
-        Bookmark place = 0;
+        std::optional<Bookmark> place;
         step.assign(place, [&] { return database().getBookmark(handle); });
         const Id notificationID = readId(step, handle, "ClientNotificationID");
         changeNotificationComment(notificationID);
-        step.run([&] { database().gotoBookmark(handle, place); });
+        if (place) step.run([&] { database().gotoBookmark(handle, *place); });
       });
     });
   });

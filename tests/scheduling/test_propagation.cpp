@@ -108,6 +108,31 @@ TEST_F(Propagation, OfDatesFailsQuietly) {
   EXPECT_EQ(dumpWritten(), before);
 }
 
+/// A host whose engine knows the columns that the reset of dates asks for.
+class GenerousDatabase : public CountedDatabase {
+ public:
+  using CountedDatabase::CountedDatabase;
+  Value getFieldValue(RecordsetHandle h, const std::string& field) override {
+    return field == "DueDate" ? Value(day) : CountedDatabase::getFieldValue(h, field);
+  }
+  bool findRecord(RecordsetHandle h, const std::string&, const std::string& value,
+                  const std::string& r1, const std::string& r2, const std::string& r3,
+                  const std::string& r4) override {
+    return CountedDatabase::findRecord(h, "ScheduleIDNum", value, r1, r2, r3, r4);
+  }
+};
+
+TEST_F(Propagation, OfDatesMovesWhatIsUnsentWhereTheEngineGoesAlong) {
+  GenerousDatabase generous(*plainDatabase, calls);
+  references().databaseReference = &generous;
+  addNotification(kindOne, 8, day);
+  kind.put_notificationPeriod(3);
+  kind.resetNotificationDates();
+  EXPECT_EQ(dump("SELECT ClientNotificationID FROM ClientNotification WHERE NotificationDate='" +
+                 dateTimeText(day.addDays(-3)) + "'"),
+            "1|\n4|\n7|\n");
+}
+
 TEST_F(Propagation, SaysSoWithTheDatabaseClosed) {
   closeDatabase();
   EXPECT_TRUE(kind.resetNotificationComments());
