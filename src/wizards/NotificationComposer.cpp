@@ -4,6 +4,7 @@
 #include "platform/format.h"
 #include "scheduling/modNotificationComments.h"
 #include "settings/modUserSettings.h"
+#include "store/channels/modApptNotifications.h"
 #include "store/channels/modChannelNotifications.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
@@ -194,9 +195,7 @@ FieldTexts NotificationComposer::fieldTexts() const {
 void NotificationComposer::edit(CurrentDayTimerType kind, const FieldTexts& fields,
                                 const std::string& memo) {
   if (type_ == remittanceNotification) channel_.editForSchedule(notifyID_, fields, memo);
-  if (type_ == appointmentNotification && channel_.editForItem) {
-    channel_.editForItem(kind, notifyID_, fields, memo);
-  }
+  if (type_ == appointmentNotification) channel_.editForItem(kind, notifyID_, fields, memo);
 }
 
 void NotificationComposer::saveFields() {
@@ -217,6 +216,9 @@ void NotificationComposer::arm(Step& step) {
   if (type_ == remittanceNotification) {
     changeNotificationStatus(channel_.channel, nt_AddStatus,
                              getScheduleIDFromNotificationID(notifyID_));
+  } else if (type_ == appointmentNotification) {
+    changeApptNotificationStatus(kind_, channel_.channel, nt_AddStatus,
+                                 getAppointmentIDFromNotificationID(kind_, notifyID_));
   }
   const Id user = step.value(noId, [] { return locale().getCurrentUserID(); });
   if (!getAutoSendWizardConfirmation(user)) return;
@@ -273,6 +275,8 @@ void NotificationComposer::refreshComment() {
     std::string text;
     if (type_ == remittanceNotification) {
       text = generateClientAutoNotifyComment(getScheduleIDFromNotificationID(notifyID_));
+    } else if (type_ == appointmentNotification) {
+      text = getAppointmentBodyText(refreshedKind, notifyID_);
     }
     rtbText.setTextRTF(text);
     edit(refreshedKind, FieldTexts(fields_.size()), text);

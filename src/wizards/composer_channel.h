@@ -45,13 +45,13 @@ struct ComposerChannel {
   bool addressHasDate;
   /// Stores the texts that are not empty in the row of a schedule entry's notification.
   void (*editForSchedule)(Id notifyID, const FieldTexts& fields, const std::string& memo);
+  /// The same as editForSchedule for the row of a diary item's notification.
+  void (*editForItem)(CurrentDayTimerType kind, Id notifyID, const FieldTexts& fields,
+                      const std::string& memo);
   /// The captions of cmdFinish and cmdCancel when the window is about a send at once; null: the
   /// ordinary ones.
   const char* finishAtOnce = nullptr;
   const char* cancelAtOnce = nullptr;
-  /// The same as editForSchedule for the row of a diary item's notification.
-  void (*editForItem)(CurrentDayTimerType kind, Id notifyID, const FieldTexts& fields,
-                      const std::string& memo) = nullptr;
 };
 
 }  // namespace autonotify

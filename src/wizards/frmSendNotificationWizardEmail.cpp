@@ -2,6 +2,7 @@
 
 #include "contacts/modDatabaseFunctions.h"
 #include "control/contract/windows.h"
+#include "store/channels/modApptNotifications.h"
 #include "store/channels/modChannelNotifications.h"
 #include "wizards/email_sending.h"
 
@@ -21,6 +22,10 @@ constexpr ComposerChannel emailChannel{
     .editForSchedule =
         [](Id id, const FieldTexts& field, const std::string& memo) {
           editEmailNotification(id, field[0], field[1], field[2], field[3], memo);
+        },
+    .editForItem =
+        [](CurrentDayTimerType kind, Id id, const FieldTexts& field, const std::string& memo) {
+          editApptEmailNotification(kind, id, field[0], field[1], field[2], field[3], memo);
         },
 };
 

@@ -209,6 +209,8 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
                                  std::string(each.word) + " by email on Friday, April 24, 2026",
                              message_style::armedConfirmed);
       }
+      // A diary item of an unknown kind has no table to arm it in.
+      if (each.type == appointmentNotification && !each.word) errors.answer({2, 2});
       compose({ComposerMode::newAuto, each.type, static_cast<CurrentDayTimerType>(each.kind)},
               [](WindowInUse& window) {
                 window.type("txtNotificationField", "Apr 24 2026");
@@ -221,6 +223,29 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
         "UPDATE UserGeneralSettings SET WarningMessagesExitAutomaticNotificationWarning=1");
   }
   EXPECT_EQ(channelBits(), "1");
+  for (const char* table : {"Appointments", "Dockets"})
+    EXPECT_EQ(dump(std::string("SELECT notifyType, ClientNotifiedFlag FROM ") + table), "1|1|\n");
+}
+
+TEST_F(ComposerTest, RefreshesAndStoresWhatADiaryItemSays) {
+  // The item's text is sought under the notification's number, as one of an appointment.
+  addRow("Appointments", {{"AppointmentID", row},
+                          {"Subject", "Year end"},
+                          {"DateFrom", notifyDate},
+                          {"TimeFrom", DateTime::of(2026, 4, 23, 9)},
+                          {"TimeTo", DateTime::of(2026, 4, 23, 10)}});
+  compose({ComposerMode::editAuto, appointmentNotification, Dockets}, [&](WindowInUse& window) {
+    person.expectQuestion(
+        "Are you sure you want to refresh this comment?  This will replace the existing text.",
+        message_style::batchNotice, true);
+    window.click("cmdRefreshComment");
+    EXPECT_NE(window.read("rtbText").find("This appointment is regarding Year end."),
+              std::string::npos);
+    window.type("txtSubject", "Our meeting");
+    finish(window);
+  });
+  EXPECT_EQ(column("Field4"), "Our meeting");
+  EXPECT_NE(column("Memo").find("Year end."), std::string::npos);
 }
 
 TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
