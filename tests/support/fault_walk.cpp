@@ -1,5 +1,7 @@
 #include "support/fault_walk.h"
 
+#include <iostream>
+
 namespace autonotify::test {
 namespace {
 
@@ -70,6 +72,8 @@ FaultWalkReport walkFaults(const FaultWalk& walk) {
       if (testing::Test::HasFailure()) return report;
     }
   }
+  std::cout << "[  WALKED  ] " << report.runs << " runs over " << report.hostCalls
+            << " host calls\n";
   return report;
 }
 
