@@ -3,11 +3,17 @@
 #include <QApplication>
 #include <QStandardPaths>
 
+#include "QtRenderer.h"
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  // The platform without a screen says so at every window.
+  qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
   QApplication app(argc, argv);
   QApplication::setOrganizationName("hvnotify-tests");
   QStandardPaths::setTestModeEnabled(true);
+  autonotify::test::QtRenderer renderer;
+  autonotify::test::WindowRenderer::setInUse(renderer);
   testing::InitGoogleMock(&argc, argv);
   return RUN_ALL_TESTS();
 }

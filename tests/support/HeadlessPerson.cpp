@@ -9,6 +9,7 @@
 #include "platform/controls/DatePicker.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/OptionButton.h"
+#include "platform/controls/Person.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
@@ -59,7 +60,7 @@ bool WindowInUse::choose(const std::string& name, const std::string& text) {
 }
 
 bool WindowInUse::pickDate(const std::string& name, DateTime date) {
-  return person_.pickDate(controlOf<DatePicker>(name), date);
+  return driver_.pickDate(controlOf<DatePicker>(name), date);
 }
 
 std::vector<std::string> WindowInUse::entries(const std::string& name) const {
@@ -68,6 +69,7 @@ std::vector<std::string> WindowInUse::entries(const std::string& name) const {
 
 std::string WindowInUse::read(const std::string& name) const {
   const Control& seen = control(name);
+  driver_.look(seen);
   if (auto* field = dynamic_cast<const TextBox*>(&seen)) return field->text();
   if (auto* combo = dynamic_cast<const ComboBox*>(&seen)) return combo->text();
   if (auto* rich = dynamic_cast<const RichTextBox*>(&seen)) return rich->text();
@@ -103,8 +105,10 @@ void HeadlessPerson::showModal(Form& form, HostObject*) {
   for (Control* control : form.controls()) {
     if (auto* timer = dynamic_cast<Timer*>(control); timer && form.isVisible()) timer->fire();
   }
-  WindowInUse window(form);
-  if (form.isVisible()) script(window);
+  WindowRenderer::inUse().show(form, [&](WindowDriver& driver) {
+    WindowInUse window(form, driver);
+    if (form.isVisible()) script(window);
+  });
   if (!form.isVisible()) return;
   ADD_FAILURE() << form.name() << " was left open";
   form.hide();
@@ -117,7 +121,9 @@ void HeadlessPerson::popUpMenu(Form& form, Menu& menu) {
   }
   const std::string choice = menuChoices_.front();
   menuChoices_.pop_front();
-  WindowInUse(form).click(choice);
+  Control* entry = form.find(choice);
+  if (!entry) throw std::logic_error(form.name() + " has no menu " + choice);
+  Person(form).click(*entry);
 }
 
 void HeadlessPerson::pumpMessages() {

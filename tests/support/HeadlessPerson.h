@@ -10,7 +10,7 @@
 
 #include "control/contract/MsgboxClass.h"
 #include "platform/controls/FormHost.h"
-#include "platform/controls/Person.h"
+#include "support/WindowRenderer.h"
 #include "support/host_calls.h"
 
 namespace autonotify::test {
@@ -19,20 +19,20 @@ namespace autonotify::test {
 /// throws std::logic_error.
 class WindowInUse {
  public:
-  explicit WindowInUse(Form& form) : form_(form), person_(form) {}
+  WindowInUse(Form& form, WindowDriver& driver) : form_(form), driver_(driver) {}
 
-  bool click(const std::string& name) { return person_.click(control(name)); }
+  bool click(const std::string& name) { return driver_.click(control(name)); }
   bool type(const std::string& name, const std::string& text) {
-    return person_.type(control(name), text);
+    return driver_.type(control(name), text);
   }
   bool choose(const std::string& name, int position) {
-    return person_.choose(control(name), position);
+    return driver_.choose(control(name), position);
   }
   /// The list entry, page or node with this text.
   bool choose(const std::string& name, const std::string& text);
   bool pickDate(const std::string& name, DateTime date);
-  bool tabTo(const std::string& name) { return person_.tabTo(control(name)); }
-  bool closeBox() { return person_.closeBox(); }
+  bool tabTo(const std::string& name) { return driver_.tabTo(control(name)); }
+  bool closeBox() { return driver_.closeBox(); }
 
   /// True when the person could act on the control.
   bool canUse(const std::string& name) const { return control(name).isReachable(); }
@@ -50,7 +50,7 @@ class WindowInUse {
   ControlType& controlOf(const std::string& name) const;
 
   Form& form_;
-  Person person_;
+  WindowDriver& driver_;
 };
 
 /// A person without a screen: looks at each window that comes up and answers each message, both

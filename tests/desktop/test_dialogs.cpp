@@ -1,0 +1,93 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "DialogErrorClass.h"
+#include "DialogMsgbox.h"
+
+namespace autonotify::desktop {
+namespace {
+
+/// Acts in the message box that comes up next.
+template <class Act>
+void inNextBox(Act&& act) {
+  QTimer::singleShot(0, [act] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    act(*box);
+    if (box->isVisible()) box->reject();
+  });
+}
+
+void press(QMessageBox& box, const QString& text) {
+  for (QAbstractButton* button : box.buttons()) {
+    if (button->text().remove('&') == text) return QTest::mouseClick(button, Qt::LeftButton);
+  }
+  ADD_FAILURE() << "no button " << text.toStdString();
+}
+
+TEST(ErrorDialog, GivesTheChoiceOfTheButton) {
+  const std::pair<const char*, int> cases[] = {{"Continue", error_choice::next},
+                                               {"Try Again", error_choice::quit},
+                                               {"Leave", error_choice::leave},
+                                               {"", error_choice::leave}};
+  for (const auto& [button, choice] : cases) {
+    DialogErrorClass errors;
+    errors.enterProcedure("Morvane.exe-modX-y");
+    errors.recordError(PlatformError(13, "Type mismatch\nStatement: SELECT 1;", "database"));
+    inNextBox([button = button](QMessageBox& box) {
+      EXPECT_EQ(box.text(), "Type mismatch");
+      EXPECT_TRUE(box.detailedText().contains("Morvane.exe-modX-y"));
+      if (*button)
+        press(box, button);
+      else
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    errors.showErrorDialog();
+    EXPECT_EQ(errors.getErrorChoice(), choice) << button;
+    errors.leaveProcedure();
+  }
+}
+
+TEST(MessageBox, LooksAsItsStyleSays) {
+  struct Case {
+    int style;
+    QMessageBox::Icon icon;
+  };
+  const Case cases[] = {{message_style::notice, QMessageBox::Information},
+                        {message_style::inputRefused, QMessageBox::Warning},
+                        {message_style::valueRefused, QMessageBox::Warning},
+                        {message_style::alreadySent, QMessageBox::Question},
+                        {message_style::warning, QMessageBox::Warning},
+                        {message_style::batchNotice, QMessageBox::Warning},
+                        {message_style::reportError, QMessageBox::Critical},
+                        {message_style::armedConfirmed, QMessageBox::Information},
+                        {99, QMessageBox::Information}};
+  DialogMsgbox messages;
+  for (const Case& each : cases) {
+    inNextBox([&](QMessageBox& box) {
+      EXPECT_EQ(box.icon(), each.icon) << each.style;
+      EXPECT_EQ(box.text(), "<b>Fees & more</b>");
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+    });
+    messages.showMessage("<b>Fees & more</b>", each.style, nullptr, 0, 0, 101, 0, "", 0);
+  }
+  const std::pair<const char*, int> answers[] = {{"Yes", 0}, {"No", 1}, {"", 1}};
+  for (const auto& [button, answer] : answers) {
+    inNextBox([button = button](QMessageBox& box) {
+      if (*button)
+        press(box, button);
+      else
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(messages.askQuestion("Sure?", 1, nullptr, 0, 0, 101, 0, "", 0), answer) << button;
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::desktop

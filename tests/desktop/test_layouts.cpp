@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <QSet>
+#include <functional>
+
+#include "binding/FormWindow.h"
+#include "platform/controls/Menu.h"
+#include "platform/controls/Timer.h"
+#include "support/WindowTest.h"
+#include "text.h"
+#include "wizards/frmSendNotificationWizardEmail.h"
+
+namespace autonotify::test {
+namespace {
+
+class Layouts : public WindowTest {};
+
+/// One row for each window of the component.
+const std::function<std::unique_ptr<Form>()> windows[] = {
+    [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
+};
+
+bool isDrawn(const Control& control) {
+  return !dynamic_cast<const Timer*>(&control) && !dynamic_cast<const Menu*>(&control);
+}
+
+/// The names that the layout gives itself: what only decorates begins with "static".
+QSet<QString> namesIn(const QWidget& layout) {
+  QSet<QString> names;
+  for (const QWidget* widget : layout.findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    const bool isPart = name.startsWith("qt_") || name.startsWith("static") || name.isEmpty();
+    bool isInner = false;
+    for (const QWidget* parent = widget->parentWidget(); parent && parent != &layout;
+         parent = parent->parentWidget())
+      isInner = isInner || parent->inherits("QComboBox") || parent->inherits("QDateEdit") ||
+                parent->inherits("autonotify::desktop::RichTextEditor");
+    if (!isPart && !isInner) names.insert(name);
+  }
+  return names;
+}
+
+TEST_F(Layouts, NameWhatTheWindowsNameAndNothingElse) {
+  for (const auto& makeWindow : windows) {
+    const std::unique_ptr<Form> form = makeWindow();
+    SCOPED_TRACE(form->name());
+    desktop::FormWindow window(*form, nullptr);
+    QSet<QString> controls;
+    for (const Control* control : form->controls())
+      if (isDrawn(*control)) controls.insert(desktop::shown(control->name()));
+    QSet<QString> drawn = namesIn(window);
+    drawn.remove(desktop::shown(form->name()));
+    EXPECT_EQ(QStringList((controls - drawn).values()).join(" ").toStdString(), "") << "no widget";
+    EXPECT_EQ(QStringList((drawn - controls).values()).join(" ").toStdString(), "") << "no control";
+    form->unload();
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::test
