@@ -46,6 +46,8 @@ class SmallGeneralUtilities : public autonotify::GeneralUtilities {
     return value.isNull() ? autonotify::Value("") : value;
   }
   int filterKeyPress(int keyCode) override { return keyCode; }
+  void fillComboFromList(const std::vector<std::string>&, autonotify::ComboBox&, bool) override {}
+  void selectComboText(autonotify::ComboBox&, const std::string&, int, int) override {}
 };
 
 class SmallValidation : public autonotify::ValidationUtilities {
