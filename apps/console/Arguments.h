@@ -34,9 +34,12 @@ struct Arguments {
   Id task = noId;
   Id notification = noId;
   std::vector<Id> notifications;
+  std::optional<CurrentDayTimerType> itemKind;
+  Id item = noId;
   std::vector<notifyType> channels;
   std::optional<Id> client;
   std::optional<Id> contact;
+  std::optional<DateTime> since;
   std::optional<DateTime> until;
   std::optional<DateTime> date;
   /// company, contact or firm.

@@ -7,6 +7,7 @@
 #include "commands/copying.h"
 #include "commands/explaining.h"
 #include "commands/founding.h"
+#include "commands/items.h"
 #include "commands/lists.h"
 #include "commands/sending.h"
 #include "commands/templates.h"
@@ -22,6 +23,12 @@ std::span<const Command> allCommands() {
       Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
       Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
       Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},
+      Command{"appointments", "list appointments and time entries", describeAppointments,
+              runAppointments, nullptr},
+      Command{"arm-item", "add reminders to an item of the diary", describeArmItem, runArmItem,
+              nullptr},
+      Command{"disarm-item", "take reminders off an item of the diary", describeDisarmItem,
+              runDisarmItem, nullptr},
       Command{"show", "show a notification", describeShow, runShow, nullptr},
       Command{"due", "list what is to be sent today", describeDue, runDue, nullptr},
       Command{"merge", "compose the text for a task", describeMerge, runMerge, nullptr},

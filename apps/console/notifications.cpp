@@ -3,6 +3,14 @@
 #include <fmt/format.h>
 
 namespace autonotify::console {
+namespace {
+
+const char* workName(host::WorkItem item) {
+  constexpr const char* names[] = {"notification", "task", "appointment", "time entry"};
+  return names[static_cast<std::size_t>(item) - 1];
+}
+
+}  // namespace
 
 Json dayJson(DateTime moment) {
   return moment.isZero() ? Json() : Json(dayText(moment));
@@ -17,8 +25,8 @@ Notification loadNotification(Session& session, Id id) {
 std::unique_ptr<host::Claim> claimItem(Session& session, host::WorkItem item, Id id) {
   auto claim = session.claims().take(item, id);
   if (claim) return claim;
-  throw Refusal(fmt::format("another desk is at work on {} {}; try again later",
-                            item == host::WorkItem::task ? "task" : "notification", id));
+  throw Refusal(
+      fmt::format("another desk is at work on {} {}; try again later", workName(item), id));
 }
 
 Task loadTask(Session& session, Id id) {

@@ -50,7 +50,7 @@ Notification readWhole(const Row& row) {
 }
 
 std::string nameOf(Desk& desk, Id companyId, Id contactId) {
-  if (companyId >= 0) return desk.clients().getCompanyDisplayName(companyId);
+  if (companyId > 0) return desk.clients().getCompanyDisplayName(companyId);
   if (contactId >= 0) return desk.clients().getContactDisplayName(contactId);
   return {};
 }

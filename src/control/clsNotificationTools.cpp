@@ -72,6 +72,9 @@ class NotificationTools final : public clsNotificationTools {
   DateExplanation explainNotificationDate(Id scheduleID) override {
     return autonotify::explainNotificationDate(scheduleID);
   }
+  DateTime lastWorkingDay(DateTime date) override {
+    return adjustDateToFridayIfWeekendOrHoliday(date);
+  }
 
   std::string composeAddress(const AddressWish& wish) override {
     return autonotify::composeAddress(wish);

@@ -34,6 +34,9 @@ class clsNotificationTools : public ComponentObject {
   virtual std::string mergeTemplate(const std::string& templateText, Id scheduleID) = 0;
   /// Changes nothing.
   virtual DateExplanation explainNotificationDate(Id scheduleID) = 0;
+  /// The date if the firm is open then, otherwise the last open day before it: what weekends and
+  /// the holidays of the database leave.
+  virtual DateTime lastWorkingDay(DateTime date) = 0;
 
   // Contacts.
 

@@ -2,7 +2,7 @@
 
 from console import ConsoleTest
 
-COMMANDS = ("init, copy, role, tasks, arm, disarm, show, due, merge, check, explain, send, cancel, "
+COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, merge, check, explain, send, cancel, "
             "move, refresh, address, recipients, contact-default, propagate, fields")
 
 # Arguments and the line that answers them.

@@ -83,6 +83,10 @@ void addChannels(CLI::App& command, Arguments& arguments) {
       ->delimiter(',');
 }
 
+void addForce(CLI::App& command, Arguments& arguments) {
+  command.add_flag("--force", arguments.force, "also delete the record of a sent notification");
+}
+
 Json channelList(int bits) {
   Json names = Json::array();
   for (const notifyType channel : allChannels()) {

@@ -28,6 +28,8 @@ void addTask(CLI::App& command, Arguments& arguments);
 void addNotification(CLI::App& command, Arguments& arguments);
 /// --channel, once or more, or several names separated by commas.
 void addChannels(CLI::App& command, Arguments& arguments);
+/// --force, for a change that would delete the record of a sent notification.
+void addForce(CLI::App& command, Arguments& arguments);
 
 /// The whole text as a number from `least` to `greatest`.
 template <std::integral Number>

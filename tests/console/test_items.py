@@ -1,0 +1,108 @@
+"""Reminders of appointments, time entries and tasks of the diary."""
+
+from console import ConsoleTest
+
+ITEMS = [("appointment", "Appointments", "AppointmentID", "ApptIDNum"),
+         ("time-entry", "Dockets", "DocketID", "DocketIDNum")]
+
+
+class ItemTest(ConsoleTest):
+    def add_item(self, table, day="2026-05-04", company=-1, contact=-1):
+        self.sql(f"INSERT INTO {table} (CompanyIDNum, ContactIDNum, Subject, DateFrom, TimeFrom, "
+                 "TimeTo) VALUES (?, ?, 'Year end', ?, '1899-12-30 09:00:00', "
+                 "'1899-12-30 09:45:00')", company, contact, day)
+        return self.one(f"SELECT max({table.rstrip('s')}ID) FROM {table}")
+
+    def company(self):
+        return self.one("SELECT min(CompanyIDNum) FROM ClientData WHERE ShowThisClient=1")
+
+    def contact(self):
+        return self.one("SELECT min(ContactID) FROM Contacts WHERE PersonalEmail<>''")
+
+    def test_the_last_working_day_before_the_item(self):
+        for kind, table, key, link in ITEMS:
+            item = self.add_item(table, company=self.company())  # a Monday
+            first = self.one("SELECT max(ClientNotificationID)+1 FROM ClientNotification")
+            run = self.run_program("arm-item", kind, item, "--channel", "letter,phone")
+            self.assertEqual((0, ""), (run.code, run.err))
+            self.assertTrue(run.out.startswith(
+                f"letter  armed: notification {first}, to be sent 2026-05-01\n"), run.out)
+            self.assertEqual([(4, "2026-05-01"), (8, "2026-05-01")],
+                             self.sql("SELECT NotificationType, date(NotificationDate) FROM "
+                                      f"ClientNotification WHERE {link}=? ORDER BY 1", item))
+            self.assertEqual((12, 1), self.sql(f"SELECT notifyType, ClientNotifiedFlag FROM {table} "
+                                               f"WHERE {key}=?", item)[0])
+            self.expect(["arm-item", kind, item, "--channel", "letter"],
+                        f"letter  already armed: notification {first}, to be sent 2026-05-01\n")
+            self.expect(["disarm-item", kind, item, "--channel", "letter"], "letter  disarmed\n")
+            (listed,) = [row for row in self.run_program("--json", "appointments").json()
+                         if (row["kind"], row["id"]) == (kind, item)]
+            self.assertEqual(("2026-05-04", "09:00-09:45", ["phone"], "Year end"),
+                             tuple(listed[name] for name in ("date", "time", "channels", "subject")))
+
+    def test_a_time_entry_is_for_its_own_client(self):
+        contact = self.contact()
+        item = self.add_item("Dockets", contact=contact)
+        self.sql("INSERT OR REPLACE INTO Appointments (AppointmentID, CompanyIDNum) VALUES (?, ?)",
+                 item, self.company())
+        (armed,) = self.run_program("--json", "arm-item", "time-entry", item, "--channel", "email",
+                                    "--date", "2026-04-20").json()
+        shown = self.run_program("--json", "show", armed["notification"]).json()
+        self.assertEqual((contact, "2026-04-20"), (shown["contactId"], shown["date"]))
+        self.assertEqual(self.one("SELECT DisplayName FROM Contacts WHERE ContactID=?", contact),
+                         shown["client"])
+        self.assertEqual("", armed["lacks"])
+        firm = self.one("SELECT CompanyName FROM AccountantFirmInfo")
+        self.assertIn(f"a time entry scheduled with {firm}  on Monday, May 4 2026 at 9:00 am.",
+                      shown["text"])
+
+    def test_a_task_is_armed_through_its_entry(self):
+        entry = self.free_task()
+        task = self.one("SELECT TaskID FROM Tasks WHERE ScheduleIDNum=?", entry)
+        (armed,) = self.run_program("--json", "arm-item", "task", task, "--channel", "fax").json()
+        self.assertEqual([(entry, -1)], self.sql("SELECT ScheduleIDNum, TaskIDNum FROM "
+                                                 "ClientNotification WHERE ClientNotificationID=?",
+                                                 armed["notification"]))
+        self.assertEqual(2, self.one("SELECT notifyType FROM Schedule WHERE ScheduleID=?", entry))
+        self.expect(["arm-item", "task", task, "--channel", "fax", "--date", "2026-05-01"], code=2,
+                    err="--date does not go with a task")
+
+    def test_the_list_is_cut_by_date_client_and_kind(self):
+        company, client = self.sql("SELECT CompanyIDNum, ClientDataID FROM ClientData WHERE "
+                                   "CompanyIDNum=?", self.company())[0]
+        for day in ("2026-06-01", "2026-06-02 10:00:00", "2026-06-03"):
+            self.add_item("Appointments", day, company)
+        for options, days in [(["--until", "2026-06-02"], ["2026-06-01", "2026-06-02"]),
+                              (["--until", "2026-06-02", "--since", "2026-06-02"], ["2026-06-02"])]:
+            rows = self.run_program("--json", "appointments", "--client", client, "--kind",
+                                    "Appointment", *options).json()
+            self.assertEqual({company}, {row["companyId"] for row in rows})
+            self.assertEqual(days, [row["date"] for row in rows if row["date"] > "2026-05-31"])
+        self.expect(["appointments", "--since", "2031-01-01"], err="nothing found in the diary",
+                    code=1)
+
+    def test_refusals(self):
+        past = self.add_item("Appointments", "2026-04-01", self.company())
+        lonely = self.add_item("Appointments")
+        timeless = self.add_item("Appointments", company=self.company())
+        self.sql("UPDATE Appointments SET TimeTo=NULL WHERE AppointmentID=?", timeless)
+        self.sql("INSERT INTO Tasks (Subject) VALUES ('Filing')")
+        task = self.one("SELECT max(TaskID) FROM Tasks")
+        ahead = self.add_item("Appointments", company=self.company())
+        before = self.one("SELECT count(*) FROM ClientNotification")
+        for line, words, code in [
+                (f"appointment {past}", f"appointment {past} was on 2026-04-01; give --date to tell "
+                 "the client all the same", 1),
+                (f"appointment {lonely}", f"appointment {lonely} has no client", 1),
+                (f"appointment {timeless}",
+                 f"appointment {timeless} has no time: it needs its start and its end", 1),
+                (f"appointment {ahead} --date 2026-05-05",
+                 f"appointment {ahead} is on 2026-05-04, before that reminder", 1),
+                (f"task {task}",
+                 f"task {task} of the diary belongs to no task that is notified", 1),
+                ("time-entry 99999", "there is no time entry 99999", 1),
+                ("meeting 1", 'KIND: "meeting" is not appointment, time-entry or task (see: '
+                 'hvnotify arm-item --help)', 2)]:
+            with self.subTest(line):
+                self.expect(["arm-item", *line.split(), "--channel", "email"], err=words, code=code)
+        self.assertEqual(before, self.one("SELECT count(*) FROM ClientNotification"))
