@@ -8,6 +8,7 @@
 #include "control/contract/windows.h"
 #include "control/template_tools.h"
 #include "merge/clsInsertFieldsInRTB.h"
+#include "merge/field_list_kinds.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotifyClients.h"
@@ -16,14 +17,10 @@
 namespace autonotify {
 namespace {
 
-// The field list of a notification's template: for a comment, with the fields of a task.
-constexpr int useForComment = 1;
-constexpr int taskFields = 8;
-
 std::string findFault(const std::string& templateText, bool isRTF) {
   clsInsertFieldsInRTB engine;
-  engine.put_MergeFieldListUse(useForComment);
-  engine.ListType = taskFields;
+  engine.put_MergeFieldListUse(field_list_use::merging);
+  engine.ListType = field_list_type::task;
   bool noListBox = true;
   bool clearListBox = false;
   engine.createDefaultFieldListStructure(noListBox, clearListBox);

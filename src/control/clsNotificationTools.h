@@ -12,8 +12,8 @@
 
 namespace autonotify {
 
-/// What hosts without the component's windows need besides clsAutoNotifyCtrl: marking rows, trying
-/// templates and telling why a date is what it is.
+/// What hosts need besides clsAutoNotifyCtrl: marking and editing rows, trying and propagating
+/// templates, a client's addresses, and why a date is what it is.
 ///
 /// Create a clsAutoNotifyCtrl and assign its references first; they serve this object too. Failures
 /// are settled as there.

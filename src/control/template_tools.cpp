@@ -3,12 +3,11 @@
 #include "control/contract/procedure.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_list_columns.h"
+#include "merge/field_list_kinds.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 
 namespace autonotify {
 namespace {
-
-constexpr int useForComment = 1;
 
 MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row) {
   const auto item = [&](int column) {
@@ -46,7 +45,7 @@ std::vector<MergeFieldInfo> listMergeFields(MergeUse use) {
       "Morvane.exe-clsNotificationTools-listMergeFields", std::vector<MergeFieldInfo>{},
       [&](Step& step, std::vector<MergeFieldInfo>& result) {
         clsInsertFieldsInRTB engine;
-        engine.put_MergeFieldListUse(useForComment);
+        engine.put_MergeFieldListUse(field_list_use::merging);
         engine.ListType = static_cast<int>(use);
         bool noListBox = true;
         bool clearListBox = false;

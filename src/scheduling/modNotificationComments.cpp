@@ -4,15 +4,12 @@
 
 #include "control/contract/recordsets.h"
 #include "merge/clsInsertFieldsInRTB.h"
+#include "merge/field_list_kinds.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "store/modNotificationLinks.h"
 
 namespace autonotify {
 namespace {
-
-// The field list of a notification's merge: for a comment, with the fields of a task.
-constexpr int useForComment = 1;
-constexpr int taskFields = 8;
 
 /// Company and contact of a merge. An entry without a client leaves both at 0, and the merge finds
 /// none.
@@ -84,8 +81,8 @@ std::string generateComment(const std::string& templateText, Id scheduleID, Id t
                      std::unique_ptr<clsInsertFieldsInRTB> merge;
                      step.assign(merge, [] { return std::make_unique<clsInsertFieldsInRTB>(); });
                      if (!merge) return;
-                     merge->put_MergeFieldListUse(useForComment);
-                     merge->ListType = taskFields;
+                     merge->put_MergeFieldListUse(field_list_use::merging);
+                     merge->ListType = field_list_type::task;
                      merge->TemplateText = templateText;
                      merge->companyID = companyID;
                      merge->contactID = contactID;
