@@ -19,7 +19,6 @@ class FixedClock : public autonotify::Clock {
 
 class NoForms : public autonotify::FormHost {
  public:
-  std::vector<autonotify::Form*> openForms() override { return {}; }
   void pumpMessages() override {}
 };
 
