@@ -27,8 +27,6 @@ std::string placeholder(Engine engine, std::size_t number) {
 
 Plan::Plan(Driver& driver, const Translation& translation) : driver_(driver) {
   rows_ = driver.prepare(keyedSql(driver, translation));
-  describe(rows_->columns().size() - tables_.size());
-  nameColumns();
   isWholeTable_ = tables_.size() == 1 && translation.fromEnd == translation.sql.size();
 }
 
@@ -51,9 +49,11 @@ std::string Plan::keyedSql(Driver& driver, const Translation& translation) {
   return list + sql.substr(translation.from);
 }
 
-void Plan::describe(std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const ResultColumn& result = rows_->columns()[i];
+void Plan::describe() {
+  if (!columns_.empty()) return;
+  const std::vector<ResultColumn>& results = rows_->columns();
+  for (std::size_t i = 0; i < results.size() - tables_.size(); ++i) {
+    const ResultColumn& result = results[i];
     PlanColumn column{result.name, findTable(result.table)};
     if (column.table) column.origin = findColumn(result.table, result.column);
     // A table that stands twice in the FROM clause leaves open which of its rows a column is of.
@@ -64,6 +64,7 @@ void Plan::describe(std::size_t count) {
     columns_.push_back(std::move(column));
     if (!isKeyed()) keep(static_cast<int>(i));
   }
+  nameColumns();
 }
 
 void Plan::keep(int column) {

@@ -32,6 +32,11 @@ class Plan {
   /// Prepares the statement. Throws DatabaseError when the engine does not accept it.
   Plan(Driver& driver, const Translation& translation);
 
+  /// Learns the columns, once; nothing below can be asked for before, but for tables and rows. An
+  /// engine that is asked over a network knows them for nothing when rows() has been executed.
+  /// Throws DatabaseError when the engine does not accept the statement.
+  void describe();
+
   const std::vector<PlanColumn>& columns() const { return columns_; }
   /// The tables of the FROM clause, each with a key; empty when not keyed.
   const std::vector<const TableDef*>& tables() const { return tables_; }
@@ -56,7 +61,6 @@ class Plan {
 
  private:
   std::string keyedSql(Driver& driver, const Translation& translation);
-  void describe(std::size_t count);
   void nameColumns();
 
   Driver& driver_;

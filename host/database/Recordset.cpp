@@ -13,7 +13,10 @@ Recordset::Recordset(Session& session, std::shared_ptr<Plan> plan, std::vector<V
   // A recordset on a whole table may have been opened only for adding: its rows wait.
   const bool mayBeForAdding =
       cursor == CursorMode::keyset && lock == LockMode::updatable && rows_.plan().isWholeTable();
-  if (!mayBeForAdding) rows_.has(0);
+  if (mayBeForAdding)
+    rows_.describe();
+  else
+    rows_.has(0);
 }
 
 std::vector<std::string> Recordset::columnNames() const {

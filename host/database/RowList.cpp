@@ -33,6 +33,7 @@ void RowList::start() {
   session_.begin(*this);
   started_ = true;
   plan_->rows().execute(parameters_);
+  plan_->describe();
 }
 
 // After a failure the whole execution begins anew, so that the caller may try again.

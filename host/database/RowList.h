@@ -27,6 +27,8 @@ class RowList : private LiveRows {
   RowList& operator=(const RowList&) = delete;
 
   const Plan& plan() const { return *plan_; }
+  /// Learns the columns without beginning. Throws as Plan::describe.
+  void describe() { plan_->describe(); }
 
   /// The number of the first row; the result need not be a row.
   std::size_t first() { return has(0) ? 0 : firstAdded; }

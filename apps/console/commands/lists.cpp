@@ -12,14 +12,23 @@
 namespace autonotify::console {
 namespace {
 
-/// Streams the rows that meet `condition`, by date.
-template <class Visit>
-void forEachNotification(Session& session, const std::string& condition, Visit&& visit) {
+/// The rows that meet `condition`, by date. They are read to the end before anything is looked up
+/// for them: a server is asked anew for each row that was left while something else was read.
+std::vector<Notification> listNotifications(Session& session, const std::string& condition) {
   const std::string sql = fmt::format(
       "SELECT {} FROM ClientNotification WHERE {} ORDER BY ClientNotification.NotificationDate, "
       "ClientNotification.ClientNotificationID;",
       summaryColumns, condition);
-  forEachRow(session.database(), sql, [&](const Row& row) { visit(readSummary(row)); });
+  std::vector<Notification> rows;
+  forEachRow(session.database(), sql, [&](const Row& row) { rows.push_back(readSummary(row)); });
+  return rows;
+}
+
+/// Read to the end, for the same reason.
+std::vector<Task> listTasks(Session& session, const host::TaskQuery& query) {
+  std::vector<Task> tasks;
+  host::forEachTask(session, query, [&](const Task& task) { tasks.push_back(task); });
+  return tasks;
 }
 
 std::string isInterrupted() {
@@ -45,7 +54,7 @@ Reply runTasks(Session& session, const Arguments& arguments) {
   query.client = arguments.client;
   query.contact = arguments.contact;
   query.until = arguments.until;
-  host::forEachTask(session, query, [&](const Task& task) {
+  for (const Task& task : listTasks(session, query)) {
     const std::string client = clientName(session, task);
     table.add({std::to_string(task.id), dayText(task.dueDate), channelNames(task.channels), client,
                task.name});
@@ -56,7 +65,7 @@ Reply runTasks(Session& session, const Arguments& arguments) {
                           {"clientId", task.clientNum},
                           {"contactId", task.contactId},
                           {"name", task.name}});
-  });
+  }
   if (reply.data.empty()) {
     reply.exitCode = exitRefused;
     reply.complaints.push_back("no open task found");
@@ -68,9 +77,8 @@ Reply runTasks(Session& session, const Arguments& arguments) {
 
 std::vector<Id> notificationsToSend(Session& session) {
   std::vector<Id> ids;
-  const auto take = [&ids](const Notification& row) { ids.push_back(row.id); };
-  forEachNotification(session, isInterrupted(), take);
-  forEachNotification(session, host::dueCondition(session), take);
+  for (const std::string& condition : {isInterrupted(), host::dueCondition(session)})
+    for (const Notification& row : listNotifications(session, condition)) ids.push_back(row.id);
   return ids;
 }
 
@@ -81,7 +89,7 @@ Reply runDue(Session& session, const Arguments&) {
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "DATE", "CHANNEL", "CLIENT", "TASK"});
   const LookupBatch batch(session);
-  forEachNotification(session, host::dueCondition(session), [&](const Notification& row) {
+  for (const Notification& row : listNotifications(session, host::dueCondition(session))) {
     const std::string client = clientName(session, row);
     const std::string item = itemName(session, row);
     table.add({std::to_string(row.id), dayText(row.date), channelName(row.channel), client, item});
@@ -91,7 +99,7 @@ Reply runDue(Session& session, const Arguments&) {
                           {"client", client},
                           {"task", row.scheduleId},
                           {"name", item}});
-  });
+  }
   reply.text = table.isEmpty() ? "Nothing is due.\n" : table.toText();
   return reply;
 }

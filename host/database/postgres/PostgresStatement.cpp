@@ -82,10 +82,13 @@ PostgresStatement::~PostgresStatement() {
 
 const std::vector<ResultColumn>& PostgresStatement::columns() const {
   if (columns_.empty())
-    columns_ = driver_.catalogue().columnsOf(
-        driver_.connection(), driver_.connection().executeApart(
-                                  firstRows(sql_, 0), std::vector<Value>(parameterCount(sql_))));
+    describe(driver_.connection().executeApart(firstRows(sql_, 0),
+                                               std::vector<Value>(parameterCount(sql_))));
   return columns_;
+}
+
+void PostgresStatement::describe(const pqxx::result& result) const {
+  columns_ = driver_.catalogue().columnsOf(driver_.connection(), result);
 }
 
 pqxx::result PostgresStatement::executePrepared(Prepared& prepared,
@@ -107,6 +110,7 @@ pqxx::result PostgresStatement::executePrepared(Prepared& prepared,
 void PostgresStatement::execute(const std::vector<Value>& parameters) {
   reset();
   chunk_ = executePrepared(rows_, parameters);
+  if (columns_.empty()) describe(chunk_);
   if (readers_.empty())
     for (int i = 0; i < static_cast<int>(chunk_.columns()); ++i)
       readers_.push_back(readerOf(chunk_.column_type(i)));

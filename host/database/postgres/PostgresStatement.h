@@ -14,7 +14,7 @@ class PostgresStatement : public DriverStatement {
   PostgresStatement(PostgresDriver& driver, std::string sql, const std::string& name);
   ~PostgresStatement() override;
 
-  /// Asks the server at the first call.
+  /// Asks the server, unless the statement has been executed.
   const std::vector<ResultColumn>& columns() const override;
   void execute(const std::vector<Value>& parameters) override;
   bool step() override;
@@ -34,6 +34,7 @@ class PostgresStatement : public DriverStatement {
   };
 
   pqxx::result executePrepared(Prepared& prepared, const std::vector<Value>& parameters);
+  void describe(const pqxx::result& result) const;
   void openCursor(const std::vector<Value>& parameters);
   void fetch();
   static Reader readerOf(pqxx::oid type);
