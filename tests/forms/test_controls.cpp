@@ -120,5 +120,24 @@ TEST(Controls, RendererIsToldWhatChanged) {
                                    Aspect::value, Aspect::focus));
 }
 
+TEST(Controls, AContainerDrawsWhatIsInsideIt) {
+  NoPump host;
+  Form form(host, "frm");
+  TabControl tabs(form, "SSTab1");
+  Frame frame(form, "fra");
+  TextBox inside(form, "txt");
+  tabs.setPages({"one", "two"});
+  frame.setContainer(tabs, 1);
+  inside.setContainer(frame);
+  std::string drawn;
+  inside.onRender = [&](Aspect) { drawn += inside.isReachable() ? '+' : '-'; };
+  tabs.setTab(1);
+  frame.setEnabled(false);
+  frame.setEnabled(true);
+  tabs.setVisible(false);
+  frame.setFocus();
+  EXPECT_EQ(drawn, "+-+-");
+}
+
 }  // namespace
 }  // namespace autonotify::test

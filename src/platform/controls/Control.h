@@ -123,8 +123,13 @@ class Control : public HostObject {
 
  protected:
   ControlOwner* owner() const { return owner_; }
+  /// With a container, what a person finds inside it is drawn anew as well.
   void render(Aspect aspect) {
     if (onRender) onRender(aspect);
+    if (aspect == Aspect::focus || !owner_) return;
+    for (Control* inside : owner_->controls()) {
+      if (inside->container_ == this) inside->render(Aspect::state);
+    }
   }
   /// Calls the reaction, if there is one; always True. The copy keeps the code alive when it
   /// assigns another reaction.
