@@ -24,6 +24,8 @@ struct GlobalOptions {
   /// Empty: emails stay in the outbox.
   std::string mailServer;
   std::string mailPasswordFile;
+  /// Seconds to wait for a mail server that is silent.
+  std::optional<int> mailTimeout;
   bool json = false;
   /// Ask nobody, even on a terminal.
   bool batch = false;

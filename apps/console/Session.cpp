@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <iostream>
 
 #include "Reply.h"
@@ -18,9 +19,13 @@ host::Terminal makeTerminal(const GlobalOptions& options) {
 }
 
 std::optional<host::SmtpServer> mailServer(const GlobalOptions& options) {
+  if (options.mailTimeout && *options.mailTimeout < 1)
+    throw Refusal("--smtp-timeout is a number of seconds from 1 on", exitUsage);
   if (options.mailServer.empty()) return std::nullopt;
   try {
-    return host::readSmtpServer(options.mailServer, options.mailPasswordFile);
+    std::optional<std::chrono::seconds> timeout;
+    if (options.mailTimeout) timeout = std::chrono::seconds(*options.mailTimeout);
+    return host::readSmtpServer(options.mailServer, options.mailPasswordFile, timeout);
   } catch (const host::MailError& error) {
     throw Refusal(error.what(), exitUsage);
   }

@@ -30,6 +30,9 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
   addText(app, "--smtp-password-file", "FILE", "holds the password for the mail server",
           options.mailPasswordFile)
       ->envname("HVNOTIFY_SMTP_PASSWORD_FILE");
+  addNumber(app, "--smtp-timeout", "seconds to wait for a mail server that is silent (default: 60)",
+            options.mailTimeout)
+      ->envname("HVNOTIFY_SMTP_TIMEOUT");
   addText(app, "--firm-code", "CODE", "the installation's firm code", options.firmCode);
   app.add_flag("--json", options.json, "print data as JSON");
   app.add_flag("--batch", options.batch, "ask nobody, even on a terminal");

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <memory>
 #include <string_view>
+#include <unordered_set>
 
 #include "platform/text.h"
 
@@ -61,11 +62,16 @@ const char* sentenceFor(CURLcode code) {
   return "The mail server does not take the message.";
 }
 
+constexpr std::string_view goodbye = "221";
+
 /// What goes between the program and the server.
 struct Exchange {
   std::string_view unsent;
-  /// The server's first refusal.
+  /// The server's refusal of what it was told last.
   std::string refusal;
+  /// The whole message had gone out when it was refused.
+  bool messageIsRefused = false;
+  const std::function<void()>& whileWaiting;
 };
 
 std::size_t readMessage(char* buffer, std::size_t size, std::size_t count, void* context) {
@@ -77,28 +83,39 @@ std::size_t readMessage(char* buffer, std::size_t size, std::size_t count, void*
 }
 
 std::size_t takeAnswer(char* line, std::size_t size, std::size_t count, void* context) {
-  std::string& refusal = static_cast<Exchange*>(context)->refusal;
-  const std::size_t length = size * count;
-  if (refusal.empty() && length > 0 && (*line == '4' || *line == '5'))
-    refusal = trim(cleanLine({line, length}));
-  return length;
+  auto& exchange = *static_cast<Exchange*>(context);
+  const std::string_view answer(line, size * count);
+  const bool isRefusal = answer.starts_with('4') || answer.starts_with('5');
+  if (isRefusal && exchange.refusal.empty()) {
+    exchange.refusal = trim(cleanLine(answer));
+    exchange.messageIsRefused = exchange.unsent.empty();
+  } else if (!isRefusal && !exchange.messageIsRefused && !answer.starts_with(goodbye)) {
+    // Such as of one greeting, after which another was taken.
+    exchange.refusal.clear();
+  }
+  return answer.size();
+}
+
+int noteProgress(void* context, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+  const auto& whileWaiting = static_cast<Exchange*>(context)->whileWaiting;
+  if (whileWaiting) whileWaiting();
+  return 0;
 }
 
 /// All recipients, each once.
 std::unique_ptr<curl_slist, ListRelease> recipientsOf(const MailMessage& message) {
-  std::vector<std::string> addresses;
+  std::unordered_set<std::string_view> known;
+  std::unique_ptr<curl_slist, ListRelease> list;
+  curl_slist* last = nullptr;
   for (const auto* mailboxes : {&message.to, &message.cc, &message.bcc}) {
     for (const Mailbox& mailbox : *mailboxes) {
-      if (std::ranges::find(addresses, mailbox.address) == addresses.end())
-        addresses.push_back(mailbox.address);
+      if (!known.insert(mailbox.address).second) continue;
+      // Appends behind `last` without a walk over the whole list.
+      curl_slist* grown = curl_slist_append(last, ("<" + mailbox.address + ">").c_str());
+      if (!grown) throw std::bad_alloc();
+      if (!list) list.reset(grown);
+      last = last ? last->next : grown;
     }
-  }
-  std::unique_ptr<curl_slist, ListRelease> list;
-  for (const std::string& address : addresses) {
-    curl_slist* longer = curl_slist_append(list.get(), ("<" + address + ">").c_str());
-    if (!longer) throw std::bad_alloc();
-    static_cast<void>(list.release());
-    list.reset(longer);
   }
   return list;
 }
@@ -120,6 +137,9 @@ void setServer(CURL* curl, const SmtpServer& server) {
   curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, static_cast<long>(server.connectTimeout.count()));
   curl_easy_setopt(curl, CURLOPT_SERVER_RESPONSE_TIMEOUT,
                    static_cast<long>(server.silenceTimeout.count()));
+  // A server that stops taking the message is silent as well.
+  curl_easy_setopt(curl, CURLOPT_LOW_SPEED_LIMIT, 1L);
+  curl_easy_setopt(curl, CURLOPT_LOW_SPEED_TIME, static_cast<long>(server.silenceTimeout.count()));
   curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
 }
 
@@ -130,7 +150,7 @@ void setServer(CURL* curl, const SmtpServer& server) {
   } else if (*detail) {
     words += std::string(" (") + detail + ")";
   }
-  if (exchange.unsent.empty() && exchange.refusal.empty())
+  if (exchange.unsent.empty() && !exchange.messageIsRefused)
     throw UncertainMailError(words + " It may have taken the message all the same.");
   throw MailError(words);
 }
@@ -165,8 +185,13 @@ SmtpServer parseSmtpServer(const std::string& url) {
   return server;
 }
 
-SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile) {
+SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile,
+                          std::optional<std::chrono::seconds> timeout) {
   SmtpServer server = parseSmtpServer(url);
+  if (timeout) {
+    server.silenceTimeout = *timeout;
+    server.connectTimeout = std::min(server.connectTimeout, *timeout);
+  }
   if (const char* certificates = std::getenv("SSL_CERT_FILE")) server.certificates = certificates;
   if (passwordFile.empty()) return server;
   std::ifstream file(passwordFile);
@@ -185,7 +210,7 @@ void submit(const SmtpServer& server, const MailMessage& message) {
   open.bcc.clear();
   const std::string text = messageText(open);
   const auto recipients = recipientsOf(message);
-  Exchange exchange{text, {}};
+  Exchange exchange{text, {}, false, server.whileWaiting};
   char detail[CURL_ERROR_SIZE] = "";
   setServer(curl.get(), server);
   curl_easy_setopt(curl.get(), CURLOPT_ERRORBUFFER, detail);
@@ -196,6 +221,9 @@ void submit(const SmtpServer& server, const MailMessage& message) {
   curl_easy_setopt(curl.get(), CURLOPT_READDATA, &exchange);
   curl_easy_setopt(curl.get(), CURLOPT_HEADERFUNCTION, takeAnswer);
   curl_easy_setopt(curl.get(), CURLOPT_HEADERDATA, &exchange);
+  curl_easy_setopt(curl.get(), CURLOPT_NOPROGRESS, 0L);
+  curl_easy_setopt(curl.get(), CURLOPT_XFERINFOFUNCTION, noteProgress);
+  curl_easy_setopt(curl.get(), CURLOPT_XFERINFODATA, &exchange);
   const CURLcode code = curl_easy_perform(curl.get());
   if (code != CURLE_OK) fail(code, exchange, detail);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "host/mail/mail_message.h"
@@ -24,9 +26,14 @@ struct SmtpServer {
   std::string password;
   /// A file of certificates to trust instead of the system's.
   std::string certificates;
+  /// Up to where the message can be told: with the greetings, the encryption and the login.
   std::chrono::seconds connectTimeout{20};
-  /// A server that says nothing for so long is given up.
+  /// A server that says nothing, or takes nothing of the message, for so long is given up,
+  /// a few seconds later at most.
   std::chrono::seconds silenceTimeout{60};
+  /// Called again and again, at least about once a second, until the message is submitted. May be
+  /// empty; must not throw.
+  std::function<void()> whileWaiting = nullptr;
 };
 
 /// Reads "smtp://host:port" (STARTTLS demanded), "smtps://host:port" (TLS) or
@@ -35,8 +42,10 @@ struct SmtpServer {
 SmtpServer parseSmtpServer(const std::string& url);
 
 /// The same with the password that is the first line of a file, and certificates to trust from the
-/// file that SSL_CERT_FILE names, if it does. An empty name: without a password. Throws MailError.
-SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile);
+/// file that SSL_CERT_FILE names, if it does. An empty name: without a password. `timeout` is for
+/// silence, and for connecting where that is less. Throws MailError.
+SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile,
+                          std::optional<std::chrono::seconds> timeout = std::nullopt);
 
 /// The connection broke after the whole message had gone out: the server may have taken it.
 class UncertainMailError : public MailError {

@@ -1,8 +1,9 @@
 """A mail server for the tests. Usage: smtp_server.py MODE FOLDER
 
 Prints the port that it listens on. Modes: take, login, tls (with FOLDER/server.pem), starttls (the
-same), refuse-recipient, refuse-message, silent, drop (in the middle of the message), vanish (after
-the whole message, before the answer). Each message taken is a file in FOLDER: its envelope as
+same), refuse-recipient, refuse-message, drop (in the middle of the message), vanish (after the whole
+message, before the answer), old-vanish (the same, of a server that knows no EHLO), and those that
+say no more from some moment on: silent, silent-data, silent-body, silent-end. Each message taken is a file in FOLDER: its envelope as
 JSON, an empty line, its text.
 """
 
@@ -66,9 +67,13 @@ def serve_badly(listener):
         threading.Thread(target=misbehave, args=(connection,), daemon=True).start()
 
 
+def be_silent():
+    threading.Event().wait()
+
+
 def misbehave(connection):
     if MODE == "silent":
-        threading.Event().wait()
+        be_silent()
     lines = connection.makefile("rwb")
 
     def say(text):
@@ -79,16 +84,21 @@ def misbehave(connection):
     for line in lines:
         if line.upper().startswith(b"DATA"):
             break
-        say(b"250 OK")
+        is_unknown = MODE == "old-vanish" and line.upper().startswith(b"EHLO")
+        say(b"502 What is that?" if is_unknown else b"250 OK")
+    if MODE == "silent-data":
+        be_silent()
     say(b"354 go on")
     for number, line in enumerate(lines):
-        if line == b".\r\n" or (MODE == "drop" and number == 3):
+        if line == b".\r\n" or (MODE in ("drop", "silent-body") and number == 3):
             break
+    if MODE.startswith("silent"):
+        be_silent()
     connection.shutdown(socket.SHUT_RDWR)
     connection.close()
 
 
-if MODE in ("silent", "drop", "vanish"):
+if MODE == "drop" or MODE.endswith("vanish") or MODE.startswith("silent"):
     listening = socket.create_server(("127.0.0.1", 0))
     print(listening.getsockname()[1], flush=True)
     serve_badly(listening)

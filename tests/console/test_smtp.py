@@ -4,6 +4,7 @@ import email
 import email.policy
 import json
 import subprocess
+import time
 import unittest
 from pathlib import Path
 
@@ -44,10 +45,13 @@ class Smtp(ConsoleTest):
                           email.message_from_bytes(text, policy=email.policy.default)))
         return mails
 
-    def certify(self, name):
+    def certify(self, name, address="127.0.0.1", days=2):
         subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2",
-                        "-subj", f"/CN={name}", "-addext", f"subjectAltName=IP:127.0.0.1,DNS:{name}",
+                        "-subj", f"/CN={name}", "-addext", f"subjectAltName=IP:{address},DNS:{name}",
                         "-keyout", self.mails / "key", "-out", self.mails / "server.crt"],
+                       check=True, capture_output=True)
+        subprocess.run(["openssl", "x509", "-in", self.mails / "server.crt", "-days", str(days),
+                        "-signkey", self.mails / "key", "-out", self.mails / "server.crt"],
                        check=True, capture_output=True)
         pem = (self.mails / "key").read_text() + (self.mails / "server.crt").read_text()
         (self.mails / "server.pem").write_text(pem)
@@ -92,11 +96,30 @@ class Smtp(ConsoleTest):
         run = self.send("smtp-plain://127.0.0.1:1")
         self.assertIn("The mail server cannot be reached.", run.err)
 
+    def test_a_silent_server_is_given_up_in_time(self):
+        self.sql("UPDATE ClientNotification SET Memo=? WHERE ClientNotificationID=?",
+                 "one line\n" * 1500000, self.row)
+        for mode in ("silent", "silent-data", "silent-body"):
+            with self.subTest(mode):
+                started = time.monotonic()
+                run = self.send(f"smtp-plain://127.0.0.1:{self.serve(mode)}",
+                                environment={"HVNOTIFY_SMTP_TIMEOUT": "2"})
+                self.assertLess(time.monotonic() - started, 30)
+                self.assertEqual((run.code, self.state(self.row), self.messages()), (1, (0, 1), []))
+                self.assertIn("The mail server does not answer.", run.err)
+        for seconds in ("0", "-1", "x"):
+            self.assertEqual(self.run_program("--smtp-timeout", seconds, "due").code, 2)
+
     def test_what_cannot_be_known_is_said_and_not_sent_again(self):
-        run = self.send(f"smtp-plain://127.0.0.1:{self.serve('vanish')}")
-        self.assertEqual(run.code, 1)
-        self.assertIn("It may have taken the message all the same.", run.err)
-        self.assertEqual(self.state(self.row), (0, 1))
+        for mode in ("vanish", "old-vanish", "silent-end"):
+            with self.subTest(mode):
+                run = self.send(f"smtp-plain://127.0.0.1:{self.serve(mode)}",
+                                environment={"HVNOTIFY_SMTP_TIMEOUT": "2"})
+                self.assertEqual(run.code, 1)
+                self.assertIn("It may have taken the message all the same.", run.err)
+                self.assertEqual((self.state(self.row), len(self.messages())), ((0, 1), 1))
+                if mode != "silent-end":
+                    self.messages()[0].unlink()
         url = f"smtp-plain://127.0.0.1:{self.serve('take')}"
         run = self.send(url)
         self.assertEqual((run.code, self.taken()), (1, []))
@@ -118,8 +141,14 @@ class Smtp(ConsoleTest):
         trusted = {"SSL_CERT_FILE": str(self.mails / "server.crt")}
         self.assertEqual(self.send(url, environment=trusted).code, 0)
         self.assertEqual(len(self.taken()), 1)
-        plain = self.serve("take")
         self.row = self.arm()[1][0]
+        for fault in ({"address": "127.0.0.2"}, {"days": -1}):  # another server's, and run out
+            with self.subTest(fault):
+                self.certify("mail.example", **fault)
+                run = self.send(f"smtps://127.0.0.1:{self.serve('tls')}", environment=trusted)
+                self.assertIn("The mail server does not prove who it is.", run.err)
+                self.assertEqual((len(self.taken()), self.messages()), (1, []))
+        plain = self.serve("take")
         self.assertIn("The mail server offers no safe connection.",
                       self.send(f"smtp://127.0.0.1:{plain}").err)
 
@@ -136,6 +165,18 @@ class Smtp(ConsoleTest):
             self.assertEqual("does not accept the user" in run.err, code == 1)
             self.assertNotIn(password, run.out + run.err)
         self.assertTrue(self.taken()[0][0]["login"])
+
+    def test_thousands_of_recipients_are_each_told_once(self):
+        for separator in (", ", ";"):
+            with self.subTest(separator):
+                recipients = [f"p{number}@x.example" for number in range(5000)]
+                self.sql("UPDATE ClientNotification SET Field1=?, Field2=?, NotificationSent=0 "
+                         "WHERE ClientNotificationID=?", separator.join(recipients),
+                         separator.join(recipients[:9]), self.row)
+                run = self.send(f"smtp-plain://127.0.0.1:{self.serve('take')}")
+                self.assertEqual((run.code, run.err), (0, ""))
+                self.assertEqual(self.taken()[-1][0]["to"], recipients)
+                self.row = self.arm()[1][0]
 
     def test_addresses_of_servers_are_checked(self):
         for url in ("mail.example", "http://mail.example", "smtp://", "smtp://a b", "smtp://h:0",
