@@ -19,6 +19,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "MailProgramSender.h"
 #include "OptionsDialog.h"
@@ -47,7 +48,7 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
   pages_->addWidget(makeEmptyPage(tr("No database is open"),
                                   tr("Open your firm's database to see its tasks."), open_));
   pages_->addWidget(
-      makeEmptyPage(tr("No open task"), tr("No open task fits the filter."), nullptr));
+      makeEmptyPage(tr("No open task"), tr("The firm has nothing left to do."), nullptr));
   pages_->addWidget(makeTaskPage());
   setCentralWidget(pages_);
   makeMenus();
@@ -162,7 +163,7 @@ QWidget* MainWindow::makeTaskPage() {
   filterPause_->setInterval(filterPauseMs);
   connect(filter_, &QLineEdit::textChanged, filterPause_, qOverload<>(&QTimer::start));
   connect(filterPause_, &QTimer::timeout, this, [this] { tasks_->setFilter(filter_->text()); });
-  dueBadge_ = new QPushButton(page);
+  dueBadge_ = new QPushButton(tr("Due today"), page);
   dueBadge_->setObjectName("dueBadge");
   dueBadge_->setCheckable(true);
   dueBadge_->setAutoDefault(false);
@@ -191,6 +192,10 @@ QWidget* MainWindow::makeTaskPage() {
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &MainWindow::updateCommands);
   connect(table_, &QTableView::activated, this, &MainWindow::openTask);
+  auto* nothing = new QLabel(tr("No open task fits."), table_->viewport());
+  (new QVBoxLayout(table_->viewport()))->addWidget(nothing, 0, Qt::AlignCenter);
+  connect(tasks_, &QAbstractItemModel::modelReset, nothing,
+          [this, nothing] { nothing->setVisible(tasks_->rowCount() == 0); });
 
   auto* top = new QHBoxLayout;
   top->addWidget(filter_, 1);
@@ -337,22 +342,29 @@ void MainWindow::updatePage() {
 }
 
 void MainWindow::updateCounts() {
+  countsAreOld_ = true;
+  update();
+}
+
+void MainWindow::paintEvent(QPaintEvent* event) {
+  QMainWindow::paintEvent(event);
+  // Counting takes longer the more there is: the tasks are seen first.
+  if (std::exchange(countsAreOld_, false)) QTimer::singleShot(0, this, &MainWindow::showCounts);
+}
+
+void MainWindow::showCounts() {
   if (!desk_) return;
-  // After the first paint: counting takes longer the more there is.
-  QTimer::singleShot(0, this, [this] {
-    if (!desk_) return;
-    try {
-      const auto tasks = host::countTasks(*desk_, {});
-      const auto due = host::countDueNotifications(*desk_);
-      counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
-      dueBadge_->setText(due ? tr("%L1 due today").arg(due) : tr("Nothing is due today"));
-      QFont font = this->font();
-      font.setBold(due > 0);
-      dueBadge_->setFont(font);
-    } catch (const PlatformError& error) {
-      counts_->setText(shown(error.description()).section('\n', 0, 0));
-    }
-  });
+  try {
+    const auto tasks = host::countTasks(*desk_, {});
+    const auto due = host::countDueNotifications(*desk_);
+    counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
+    dueBadge_->setText(due ? tr("%L1 due today").arg(due) : tr("Nothing is due today"));
+    QFont font = this->font();
+    font.setBold(due > 0);
+    dueBadge_->setFont(font);
+  } catch (const PlatformError& error) {
+    counts_->setText(shown(error.description()).section('\n', 0, 0));
+  }
 }
 
 }  // namespace autonotify::desktop

@@ -34,6 +34,9 @@ class MainWindow : public QMainWindow {
   /// Null while no database is open.
   host::Desk* desk() { return desk_.get(); }
 
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   void makeActions();
   void makeMenus();
@@ -60,7 +63,9 @@ class MainWindow : public QMainWindow {
   const host::TaskLine* chosenTask() const;
   void updateCommands();
   void updatePage();
+  /// The counts follow when the window has been painted.
   void updateCounts();
+  void showCounts();
 
   host::DeskOptions options_;
   DialogErrorClass errors_;
@@ -82,6 +87,7 @@ class MainWindow : public QMainWindow {
   QLabel* counts_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QTimer* filterPause_ = nullptr;
+  bool countsAreOld_ = false;
 };
 
 }  // namespace autonotify::desktop
