@@ -9,7 +9,7 @@
 namespace autonotify::host {
 namespace {
 
-/// With the names of clients, where the query needs them.
+/// With the names of clients, by which they can be ordered.
 constexpr const char* tasksAndClients =
     "((Schedule LEFT JOIN ClientData ON Schedule.ClientNum = ClientData.ClientDataID) "
     "LEFT JOIN Companies ON ClientData.CompanyIDNum = Companies.CompanyID) "
@@ -34,8 +34,17 @@ std::string likePattern(const std::string& text) {
   return "'%" + pattern + "%'";
 }
 
-bool needsClients(const TaskQuery& query) {
-  return !query.filter.empty() || query.order == TaskOrder::client;
+/// Names are searched where each stands once, before the tasks, of which there are many.
+std::string filterCondition(const std::string& filter) {
+  const std::string pattern = likePattern(filter);
+  const auto fits = [&](const char* column) {
+    return fmt::format("LOWER({}) LIKE {} ESCAPE '!'", column, pattern);
+  };
+  return fmt::format(
+      "(Schedule.ClientNum IN (SELECT ClientData.ClientDataID FROM ClientData INNER JOIN Companies "
+      "ON ClientData.CompanyIDNum = Companies.CompanyID WHERE {}) OR Schedule.ContactIDNum IN "
+      "(SELECT Contacts.ContactID FROM Contacts WHERE {}) OR {})",
+      fits("Companies.CompanyName"), fits("Contacts.DisplayName"), fits("Schedule.scheduleName"));
 }
 
 std::string conditionOf(Desk& desk, const TaskQuery& query) {
@@ -52,14 +61,8 @@ std::string conditionOf(Desk& desk, const TaskQuery& query) {
         "ClientNotification WHERE " +
         dueCondition(desk) + ")";
   }
-  if (query.filter.empty()) return condition;
-  std::string names;
-  for (const char* column :
-       {"Companies.CompanyName", "Contacts.DisplayName", "Schedule.scheduleName"}) {
-    names += fmt::format("{}LOWER({}) LIKE {} ESCAPE '!'", names.empty() ? "" : " OR ", column,
-                         likePattern(query.filter));
-  }
-  return condition + " AND (" + names + ")";
+  if (!query.filter.empty()) condition += " AND " + filterCondition(query.filter);
+  return condition;
 }
 
 std::string orderOf(const TaskQuery& query) {
@@ -74,7 +77,8 @@ std::string orderOf(const TaskQuery& query) {
 
 std::string selectTasks(Desk& desk, const char* columns, const TaskQuery& query) {
   return fmt::format("SELECT {} FROM {} WHERE {}", columns,
-                     needsClients(query) ? tasksAndClients : "Schedule", conditionOf(desk, query));
+                     query.order == TaskOrder::client ? tasksAndClients : "Schedule",
+                     conditionOf(desk, query));
 }
 
 template <class Visit>
