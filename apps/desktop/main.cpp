@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
 #include <QSettings>
@@ -8,6 +7,7 @@
 #include <iterator>
 
 #include "MainWindow.h"
+#include "binding/FaultWatch.h"
 #include "platform/date_time_text.h"
 #include "text.h"
 
@@ -50,7 +50,7 @@ int run(int argc, char** argv) {
                stderr);
     return exitNoDisplay;
   }
-  QApplication app(argc, argv);
+  GuardedApplication app(argc, argv);
   QApplication::setApplicationName("hvnotify-desktop");
   QApplication::setOrganizationName("hvnotify");
   QApplication::setApplicationVersion(HVNOTIFY_VERSION);

@@ -1,15 +1,15 @@
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QStandardPaths>
 
 #include "QtRenderer.h"
+#include "binding/FaultWatch.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   // The platform without a screen says so at every window.
   qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
-  QApplication app(argc, argv);
+  autonotify::desktop::GuardedApplication app(argc, argv);
   QApplication::setOrganizationName("hvnotify-tests");
   QStandardPaths::setTestModeEnabled(true);
   autonotify::test::QtRenderer renderer;

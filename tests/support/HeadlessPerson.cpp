@@ -63,20 +63,25 @@ bool WindowInUse::pickDate(const std::string& name, DateTime date) {
   return driver_.pickDate(controlOf<DatePicker>(name), date);
 }
 
+const Control& WindowInUse::seen(const std::string& name) const {
+  const Control& result = control(name);
+  driver_.look(result);
+  return result;
+}
+
 std::vector<std::string> WindowInUse::entries(const std::string& name) const {
-  return choicesIn(control(name));
+  return choicesIn(seen(name));
 }
 
 std::string WindowInUse::read(const std::string& name) const {
-  const Control& seen = control(name);
-  driver_.look(seen);
-  if (auto* field = dynamic_cast<const TextBox*>(&seen)) return field->text();
-  if (auto* combo = dynamic_cast<const ComboBox*>(&seen)) return combo->text();
-  if (auto* rich = dynamic_cast<const RichTextBox*>(&seen)) return rich->text();
-  if (auto* box = dynamic_cast<const CheckBox*>(&seen)) return wordFor(box->value());
-  if (auto* option = dynamic_cast<const OptionButton*>(&seen)) return wordFor(option->value());
-  if (auto* picker = dynamic_cast<const DatePicker*>(&seen)) return toText(picker->value());
-  return seen.caption();
+  const Control* read = &seen(name);
+  if (auto* field = dynamic_cast<const TextBox*>(read)) return field->text();
+  if (auto* combo = dynamic_cast<const ComboBox*>(read)) return combo->text();
+  if (auto* rich = dynamic_cast<const RichTextBox*>(read)) return rich->text();
+  if (auto* box = dynamic_cast<const CheckBox*>(read)) return wordFor(box->value());
+  if (auto* option = dynamic_cast<const OptionButton*>(read)) return wordFor(option->value());
+  if (auto* picker = dynamic_cast<const DatePicker*>(read)) return toText(picker->value());
+  return read->caption();
 }
 
 void HeadlessPerson::expectWindow(std::string formName, Script script) {
@@ -129,6 +134,7 @@ void HeadlessPerson::popUpMenu(Form& form, Menu& menu) {
 void HeadlessPerson::pumpMessages() {
   pass("pumpMessages");
   ++pumps_;
+  WindowRenderer::inUse().pump();
   const auto due = std::ranges::find(pumpActs_, pumps_, &PumpAct::pump);
   if (due == pumpActs_.end()) return;
   const auto act = due->act;

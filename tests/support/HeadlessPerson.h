@@ -35,8 +35,8 @@ class WindowInUse {
   bool closeBox() { return driver_.closeBox(); }
 
   /// True when the person could act on the control.
-  bool canUse(const std::string& name) const { return control(name).isReachable(); }
-  bool sees(const std::string& name) const { return control(name).isShown(); }
+  bool canUse(const std::string& name) const { return seen(name).isReachable(); }
+  bool sees(const std::string& name) const { return seen(name).isShown(); }
   /// The text of a field, "yes" or "no" for a tick or option, the caption of all else.
   std::string read(const std::string& name) const;
   std::vector<std::string> entries(const std::string& name) const;
@@ -46,6 +46,8 @@ class WindowInUse {
 
  private:
   Control& control(const std::string& name) const;
+  /// The control, once what is drawn of it has been held against it.
+  const Control& seen(const std::string& name) const;
   template <class ControlType>
   ControlType& controlOf(const std::string& name) const;
 
@@ -85,6 +87,7 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   Pointer pointer() const { return pointer_; }
 
   void showModal(Form& form, HostObject* owner) override;
+  void formHidden(Form& form) override { WindowRenderer::inUse().hidden(form); }
   void repaint(Form&) override { pass("repaint"); }
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override {

@@ -37,6 +37,9 @@ class WindowRenderer {
   virtual ~WindowRenderer() = default;
   /// Draws the window, runs `use` in it once, and takes it off the screen.
   virtual void show(Form& form, const Use& use) = 0;
+  /// The window on the screen has been hidden by a reaction, which goes on.
+  virtual void hidden(Form&) {}
+  virtual void pump() {}
 
   /// That of the process: without one nothing is drawn.
   static WindowRenderer& inUse();

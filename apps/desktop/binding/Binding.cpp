@@ -3,8 +3,9 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QVariant>
-#include <QWidget>
+#include <QPalette>
+
+#include "binding/key_codes.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -20,6 +21,17 @@ QWidget& focusWidgetOf(QWidget& widget) {
 
 }  // namespace
 
+int Binding::drawings_ = 0;
+
+/// What widgets tell meanwhile is no act of a person.
+class Binding::Drawing {
+ public:
+  Drawing() { ++drawings_; }
+  ~Drawing() { --drawings_; }
+  Drawing(const Drawing&) = delete;
+  Drawing& operator=(const Drawing&) = delete;
+};
+
 Binding::Binding(Form& form, Control& control, QWidget& widget)
     : form_(form), control_(control), widget_(widget) {
   control_.onRender = [this](Aspect aspect) { draw(aspect); };
@@ -31,35 +43,62 @@ Binding::~Binding() {
 }
 
 void Binding::render() {
-  for (const Aspect aspect : {Aspect::list, Aspect::value, Aspect::state}) draw(aspect);
+  drawNewList();
+  for (const Aspect aspect : {Aspect::value, Aspect::state}) draw(aspect);
 }
 
 void Binding::draw(Aspect aspect) {
-  const bool wasDrawing = std::exchange(isDrawing_, true);
   switch (aspect) {
-    case Aspect::state:
-      widget_.setEnabled(control_.isReachable() || !control_.isShown());
+    case Aspect::state: {
+      const Drawing drawing;
+      drawEnabled(control_.isReachable() || !control_.isShown());
       widget_.setVisible(control_.isShown());
-      if (const auto color = control_.backColor()) {
-        QPalette palette = widget_.palette();
-        palette.setColor(widget_.backgroundRole(), colorOf(*color));
-        widget_.setPalette(palette);
-        widget_.setAutoFillBackground(true);
-      }
+      drawColor();
       drawState();
       break;
-    case Aspect::value:
+    }
+    case Aspect::value: {
+      drawNewList();
+      const Drawing drawing;
       drawValue();
       break;
+    }
     case Aspect::list:
-      drawList();
-      drawValue();
+      if (std::exchange(isListNew_, true)) break;
+      QMetaObject::invokeMethod(this, &Binding::render, Qt::QueuedConnection);
       break;
     case Aspect::focus:
       takeFocus();
       break;
   }
-  isDrawing_ = wasDrawing;
+}
+
+void Binding::drawNewList() {
+  if (!std::exchange(isListNew_, false)) return;
+  const Drawing drawing;
+  drawList();
+}
+
+void Binding::drawColor() {
+  const auto color = control_.backColor();
+  if (!color && !isColored_) return;
+  isColored_ = color.has_value();
+  QPalette palette;
+  if (color) {
+    const QColor ground = colorOf(*color);
+    const QColor ink = ground.lightness() > 127 ? Qt::black : Qt::white;
+    for (const auto role : {QPalette::Base, QPalette::Window, QPalette::Button})
+      palette.setColor(role, ground);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+      palette.setColor(role, ink);
+  }
+  colored().setPalette(palette);
+  colored().setAutoFillBackground(isColored_);
+}
+
+bool Binding::hasCaption() {
+  hasCaption_ = hasCaption_ || !control_.caption().empty();
+  return hasCaption_;
 }
 
 void Binding::takeFocus() {
@@ -80,22 +119,22 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
       isMovingFocus_ = false;
       break;
     case QEvent::KeyPress:
-      if (passKey(static_cast<QKeyEvent&>(*event))) return true;
+      if (passKeyPress(static_cast<QKeyEvent&>(*event))) return true;
       break;
-    case QEvent::KeyRelease:
-      if (control_.onKeyUp && form_.isVisible() && control_.isReachable())
-        Person(form_).releaseKey(control_, static_cast<QKeyEvent*>(event)->key());
+    case QEvent::KeyRelease: {
+      const auto& key = static_cast<QKeyEvent&>(*event);
+      Person(form_).releaseKey(control_, keyCodeOf(key), keyShiftOf(key));
       break;
+    }
     default:
       break;
   }
   return QObject::eventFilter(watched, event);
 }
 
-bool Binding::passKey(QKeyEvent& event) {
+bool Binding::passKeyPress(QKeyEvent& event) {
   const QString text = event.text();
-  if (isReplacingKey_ || !control_.onKeyPress || text.isEmpty() || !form_.isVisible() ||
-      !control_.isReachable())
+  if (isReplacingKey_ || !control_.onKeyPress || !isInReach() || !writesCharacter(event))
     return false;
   const int key = text.front().unicode();
   const int accepted = Person(form_).pressKey(control_, key);

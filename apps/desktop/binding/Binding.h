@@ -16,23 +16,31 @@ class Binding : public QObject {
   Binding(Form& form, Control& control, QWidget& widget);
   ~Binding() override;
 
-  /// Draws everything.
+  const Control& control() const { return control_; }
+  QWidget& widget() { return widget_; }
+
+  /// Draws everything at once. Entries are otherwise drawn when the program is done with them.
   void render();
   /// Gives the widget the focus, if its control has it.
   void takeFocus();
 
  protected:
-  /// Caption, colour, enabled and visible are drawn by draw() already.
+  // Enabled, visible and colour are drawn by draw() already.
   virtual void drawState() {}
   virtual void drawValue() {}
   virtual void drawList() {}
+  virtual void drawEnabled(bool isEnabled) { widget_.setEnabled(isEnabled); }
+  /// The part of the widget that a colour is for.
+  virtual QWidget& colored() { return widget_; }
+  /// False while the program has not given the control a caption: the layout's stays.
+  bool hasCaption();
 
-  /// Runs `act(person)` unless the widget changes because the control did, or the window has left
-  /// the screen. Afterwards the widget shows what has become of the control, and the focus is where
-  /// the window has it.
+  /// Runs `act(person)` unless the widget changes because a control did, or the control is out of
+  /// reach. Afterwards the widget shows what has become of the control, and the focus is where the
+  /// window has it.
   template <class Act>
   void pass(Act&& act) {
-    if (isDrawing_ || !form_.isVisible() || !control_.isReachable()) return;
+    if (drawings_ > 0 || !isInReach()) return;
     Person person(form_);
     act(person);
     render();
@@ -42,24 +50,42 @@ class Binding : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  class Drawing;
+
   void draw(Aspect aspect);
+  void drawNewList();
+  void drawColor();
   void renderFocus();
-  bool passKey(class QKeyEvent& event);
+  bool isInReach() const { return form_.isVisible() && control_.isReachable(); }
+  bool passKeyPress(class QKeyEvent& event);
+
+  /// How many controls are being drawn at this moment, of any window.
+  static int drawings_;
 
   Form& form_;
   Control& control_;
   QWidget& widget_;
-  bool isDrawing_ = false;
+  bool hasCaption_ = false;
+  bool isColored_ = false;
+  bool isListNew_ = true;
   bool isMovingFocus_ = false;
   bool isReplacingKey_ = false;
+};
+
+/// A binding that knows the kinds of both sides.
+template <class ControlType, class WidgetType>
+class BindingOf : public Binding {
+ public:
+  BindingOf(Form& form, ControlType& control, WidgetType& widget)
+      : Binding(form, control, widget), control_(control), widget_(widget) {}
+
+ protected:
+  ControlType& control_;
+  WidgetType& widget_;
 };
 
 /// The binding for the kind of control; null for one that is never drawn, such as a timer or a
 /// menu. Throws std::logic_error when the widget is of another kind than the control wants.
 std::unique_ptr<Binding> bindControl(Form& form, Control& control, QWidget& root);
-
-/// The date as Qt has it, and back. The zero date is an invalid one.
-QDate qtDate(DateTime date);
-DateTime modelDate(const QDate& date);
 
 }  // namespace autonotify::desktop

@@ -2,14 +2,38 @@
 
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "binding/FaultWatch.h"
 #include "binding/LayoutLoader.h"
 #include "platform/controls/Timer.h"
 #include "text.h"
 
 namespace autonotify::desktop {
+namespace {
+
+class RunningTimer : public QTimer {
+ public:
+  RunningTimer(Timer& model, QObject* parent) : QTimer(parent), model_(model) {
+    callOnTimeout([this] { model_.fire(); });
+    model_.onRender = [this](Aspect) { obey(); };
+    obey();
+  }
+  ~RunningTimer() override { model_.onRender = nullptr; }
+
+ private:
+  void obey() {
+    setInterval(model_.interval());
+    model_.enabled() && model_.interval() > 0 ? start() : stop();
+  }
+
+  Timer& model_;
+};
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
   QWidget* layout = loadLayout(shown(form.name()), this);
@@ -17,11 +41,11 @@ FormWindow::FormWindow(Form& form, QWidget* parent) : QDialog(parent), form_(for
   auto* box = new QVBoxLayout(this);
   box->addWidget(layout);
   resize(layout->size());
-  const auto drawCaption = [this] { setWindowTitle(shown(form_.caption())); };
-  form_.onRender = drawCaption;
-  drawCaption();
   bindAll(*layout);
+  orderFocus();
   startTimers();
+  form_.onRender = [this] { setWindowTitle(shown(form_.caption())); };
+  form_.onRender();
 }
 
 FormWindow::~FormWindow() {
@@ -34,47 +58,56 @@ void FormWindow::bindAll(QWidget& layout) {
       bindings_.push_back(std::move(binding));
   }
   for (const auto& binding : bindings_) binding->render();
+  for (auto* button : layout.findChildren<QPushButton*>()) button->setAutoDefault(false);
+}
+
+void FormWindow::orderFocus() {
+  QWidget* before = nullptr;
+  for (const auto& binding : bindings_) {
+    if (!binding->control().takesFocus()) continue;
+    if (before) setTabOrder(before, &binding->widget());
+    before = &binding->widget();
+  }
 }
 
 void FormWindow::startTimers() {
   for (Control* control : form_.controls()) {
-    auto* model = dynamic_cast<Timer*>(control);
-    if (!model) continue;
-    auto* timer = new QTimer(this);
-    connect(timer, &QTimer::timeout, this, [model] { model->fire(); });
-    const auto draw = [model, timer](Aspect) {
-      timer->setInterval(model->interval());
-      model->enabled() ? timer->start() : timer->stop();
-    };
-    model->onRender = draw;
-    draw(Aspect::state);
-    connect(this, &QObject::destroyed, timer, [model] { model->onRender = nullptr; });
+    if (auto* model = dynamic_cast<Timer*>(control)) new RunningTimer(*model, this);
   }
 }
 
 void FormWindow::runModally() {
   QEventLoop loop;
+  FaultWatch watch(loop);
   loop_ = &loop;
   setWindowModality(Qt::ApplicationModal);
   show();
   for (const auto& binding : bindings_) binding->takeFocus();
   if (form_.isVisible()) loop.exec(QEventLoop::DialogExec);
   loop_ = nullptr;
-  hide();
+  leave();
+  watch.rethrow();
 }
 
 void FormWindow::leave() {
   hide();
+  for (auto* timer : findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) timer->stop();
   if (loop_) loop_->quit();
+}
+
+void FormWindow::drawNow() {
+  for (const auto& binding : bindings_) binding->render();
+  repaint();
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  reject();
+  if (form_.isVisible()) Person(form_).closeBox();
 }
 
-void FormWindow::reject() {
-  if (form_.isVisible()) Person(form_).closeBox();
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  if (button && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) button->click();
 }
 
 }  // namespace autonotify::desktop

@@ -13,7 +13,7 @@ namespace autonotify::desktop {
 /// A window of the component on the screen, drawn by the layout of its name.
 ///
 /// The layout is the resource ":/forms/<name>.ui"; each of its widgets that bears a control's name
-/// shows that control.
+/// shows that control. Looks are the layout's; the order of the focus is the window's own.
 class FormWindow : public QDialog {
   Q_OBJECT
 
@@ -23,17 +23,23 @@ class FormWindow : public QDialog {
   ~FormWindow() override;
 
   Form& form() { return form_; }
-  /// Shows the window until leave().
+  /// Shows the window until leave(). Throws what a reaction has thrown.
   void runModally();
+  /// Takes the window off the screen and stops its timers.
   void leave();
+  /// Draws what has changed, at once.
+  void drawNow();
 
  protected:
-  /// The close box and the Escape key ask the window itself.
+  /// The close box asks the window itself.
   void closeEvent(QCloseEvent* event) override;
-  void reject() override;
+  /// Escape closes nothing: what is written would be lost. Enter presses the button that has the
+  /// focus and no other.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void bindAll(QWidget& layout);
+  void orderFocus();
   void startTimers();
 
   Form& form_;

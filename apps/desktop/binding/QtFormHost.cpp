@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
+#include <algorithm>
 
 #include "platform/controls/Menu.h"
 #include "text.h"
@@ -30,18 +31,43 @@ void fillMenu(QMenu& drawn, const Form& form, const Menu& menu,
 }  // namespace
 
 void QtFormHost::showModal(Form& form, HostObject*) {
-  windows_.push_back(std::make_unique<FormWindow>(form, topWindow()));
-  // The busy pointer of a window that fills itself ends when it shows.
-  windows_.back()->runModally();
-  std::erase_if(windows_, [&](const auto& window) { return &window->form() == &form; });
+  setPointer(Pointer::standard);
+  FormWindow& window = *windows_.emplace_back(std::make_unique<FormWindow>(form, topWindow()));
+  try {
+    window.runModally();
+  } catch (...) {
+    remove(window);
+    throw;
+  }
+  remove(window);
+}
+
+void QtFormHost::remove(const FormWindow& window) {
+  std::erase_if(windows_, [&](const auto& held) { return held.get() == &window; });
+  if (windows_.empty()) admitProgram();
 }
 
 void QtFormHost::formHidden(Form& form) {
-  if (FormWindow* window = windowOf(form)) window->leave();
+  FormWindow* window = windowOf(form);
+  if (!window) return;
+  window->leave();
+  if (!topVisible()) barProgram();
+}
+
+void QtFormHost::barProgram() {
+  if (!program_.isEnabled()) return;
+  focus_ = program_.focusWidget();
+  program_.setEnabled(false);
+}
+
+void QtFormHost::admitProgram() {
+  if (program_.isEnabled()) return;
+  program_.setEnabled(true);
+  if (focus_) focus_->setFocus();
 }
 
 void QtFormHost::repaint(Form& form) {
-  if (FormWindow* window = windowOf(form)) window->repaint();
+  if (FormWindow* window = windowOf(form)) window->drawNow();
 }
 
 void QtFormHost::popUpMenu(Form& form, Menu& menu) {
@@ -63,7 +89,8 @@ void QtFormHost::setPointer(Pointer pointer) {
 }
 
 void QtFormHost::pumpMessages() {
-  QApplication::processEvents();
+  QApplication::processEvents(topVisible() ? QEventLoop::AllEvents
+                                           : QEventLoop::ExcludeUserInputEvents);
 }
 
 FormWindow* QtFormHost::windowOf(const Form& form) {
@@ -73,8 +100,15 @@ FormWindow* QtFormHost::windowOf(const Form& form) {
   return nullptr;
 }
 
+FormWindow* QtFormHost::topVisible() {
+  const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
+                                  [](const auto& window) { return window->isVisible(); });
+  return found == windows_.rend() ? nullptr : found->get();
+}
+
 QWidget* QtFormHost::topWindow() {
-  return windows_.empty() ? &program_ : windows_.back().get();
+  FormWindow* top = topVisible();
+  return top ? top : &program_;
 }
 
 }  // namespace autonotify::desktop

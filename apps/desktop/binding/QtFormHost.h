@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <memory>
 #include <vector>
 
@@ -9,24 +10,35 @@
 namespace autonotify::desktop {
 
 /// Shows the component's windows as dialogs above a window of the program.
+///
+/// A window that has hidden itself may still be at work; until it is done, the program's window is
+/// out of reach: what a person did there could take the database away beneath it.
 class QtFormHost : public FormHost {
  public:
   /// `program` outlives this object.
   explicit QtFormHost(QWidget& program) : program_(program) {}
 
+  /// A pointer left busy is the standard one again, so that the person sees who is to act.
   void showModal(Form& form, HostObject* owner) override;
   void formHidden(Form& form) override;
   void repaint(Form& form) override;
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override;
+  /// Without a window on the screen, what a person does waits.
   void pumpMessages() override;
 
  private:
   FormWindow* windowOf(const Form& form);
+  FormWindow* topVisible();
   QWidget* topWindow();
+  void remove(const FormWindow& window);
+  void barProgram();
+  void admitProgram();
 
   QWidget& program_;
-  /// The windows on the screen, the topmost last.
+  /// Of the program's window while that is barred.
+  QPointer<QWidget> focus_;
+  /// The windows whose showModal has not returned, the topmost last.
   std::vector<std::unique_ptr<FormWindow>> windows_;
 };
 

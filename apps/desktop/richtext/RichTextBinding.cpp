@@ -5,14 +5,19 @@
 namespace autonotify::desktop {
 
 RichTextBinding::RichTextBinding(Form& form, RichTextBox& control, RichTextEditor& editor)
-    : Binding(form, control, editor), control_(control), edit_(editor.edit()) {
+    : BindingOf(form, control, editor), edit_(editor.edit()) {
   connect(&edit_, &QTextEdit::textChanged, this, &RichTextBinding::passContent);
   connect(&edit_, &QTextEdit::selectionChanged, this, &RichTextBinding::passSelection);
   connect(&edit_, &QTextEdit::cursorPositionChanged, this, &RichTextBinding::passSelection);
 }
 
-void RichTextBinding::drawState() {
-  edit_.setReadOnly(!control_.isReachable());
+// What cannot be changed can still be read to its end.
+void RichTextBinding::drawEnabled(bool isEnabled) {
+  widget_.setReadOnly(!isEnabled);
+}
+
+QWidget& RichTextBinding::colored() {
+  return *edit_.viewport();
 }
 
 void RichTextBinding::drawValue() {
@@ -33,18 +38,18 @@ void RichTextBinding::drawValue() {
 }
 
 void RichTextBinding::passContent() {
-  pass([this](Person&) {
-    control_.acceptContent(richTextOf(*edit_.document()));
+  pass([this](Person& person) {
+    person.editRichText(control_, richTextOf(*edit_.document()));
     shown_ = control_.content();
   });
 }
 
 void RichTextBinding::passSelection() {
-  pass([this](Person&) {
+  pass([this](Person& person) {
     const QTextCursor cursor = edit_.textCursor();
     const std::size_t start = placeOf(*edit_.document(), cursor.selectionStart());
     const std::size_t end = placeOf(*edit_.document(), cursor.selectionEnd());
-    control_.acceptSelection(start, end - start);
+    person.selectText(control_, start, end - start);
   });
 }
 

@@ -7,19 +7,19 @@
 namespace autonotify::desktop {
 
 /// Ties a rich-text box to its editor.
-class RichTextBinding : public Binding {
+class RichTextBinding : public BindingOf<RichTextBox, RichTextEditor> {
  public:
   RichTextBinding(Form& form, RichTextBox& control, RichTextEditor& editor);
 
  protected:
-  void drawState() override;
+  void drawEnabled(bool isEnabled) override;
+  QWidget& colored() override;
   void drawValue() override;
 
  private:
   void passContent();
   void passSelection();
 
-  RichTextBox& control_;
   QTextEdit& edit_;
   /// What the editor shows.
   std::optional<RichText> shown_;

@@ -32,6 +32,13 @@ RichTextEditor::RichTextEditor(QWidget* parent)
   showFormats();
 }
 
+void RichTextEditor::setReadOnly(bool isReadOnly) {
+  edit_->setReadOnly(isReadOnly);
+  edit_->viewport()->setBackgroundRole(isReadOnly ? QPalette::Window : QPalette::Base);
+  bar_->setEnabled(!isReadOnly);
+  for (QAction* action : actions()) action->setEnabled(!isReadOnly);
+}
+
 QAction* RichTextEditor::addToggle(const QString& name, const QString& text, const QString& tip,
                                    const QKeySequence& keys) {
   QAction* action = bar_->addAction(text);

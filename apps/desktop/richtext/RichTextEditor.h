@@ -19,6 +19,8 @@ class RichTextEditor : public QWidget {
   explicit RichTextEditor(QWidget* parent = nullptr);
 
   QTextEdit& edit() { return *edit_; }
+  /// The text can be read and scrolled, not changed.
+  void setReadOnly(bool isReadOnly);
 
  private:
   void addCommands();

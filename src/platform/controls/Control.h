@@ -71,7 +71,8 @@ class Control : public HostObject {
   std::optional<std::int32_t> backColor() const { return backColor_; }
   void setBackColor(std::optional<std::int32_t> color) { change(backColor_, color, Aspect::state); }
 
-  /// The group or tab control around this one, null when there is none, and the page of it.
+  /// The group or tab control around this one, null when there is none, and the page of it. Both
+  /// belong to the same window; a group knows no pages.
   Control* container() const { return container_; }
   int page() const { return page_; }
   void setContainer(Control& container, int page = 0) {
@@ -79,13 +80,11 @@ class Control : public HostObject {
     page_ = page;
     render(Aspect::state);
   }
-  /// False for a page of a tab control that lies behind another one.
-  virtual bool isPageInFront(int) const { return true; }
+  /// Whether people see what is inside this control, on that page of it.
+  virtual bool showsInside(int) const { return isShown(); }
 
   /// True when a person sees the control: it, its containers and its page are shown.
-  bool isShown() const {
-    return visible_ && (!container_ || (container_->isPageInFront(page_) && container_->isShown()));
-  }
+  bool isShown() const { return visible_ && (!container_ || container_->showsInside(page_)); }
   /// True when a person can act on it: it is shown, and it and its containers are enabled.
   bool isReachable() const { return isShown() && isEnabledThroughout(); }
 
@@ -93,16 +92,17 @@ class Control : public HostObject {
     if (owner_) owner_->giveFocus(*this);
   }
   virtual bool takesFocus() const { return true; }
-  /// Asks for the control to be drawn anew.
+  /// Asks for the entries and the value to be drawn anew.
   void refresh() { render(Aspect::list); }
 
-  // Reactions of the program.
+  // Reactions of the program, one for each event.
   std::function<void()> onClick;
   std::function<void()> onDoubleClick;
   /// The value was changed, by a person or by the program.
   std::function<void()> onChange;
   /// A key that writes: its character code; gives the code to use instead, 0 for none.
   std::function<int(int keyCode)> onKeyPress;
+  /// Any key; see key_codes.h.
   std::function<void(int keyCode, int shift)> onKeyUp;
   std::function<void()> onGotFocus;
   std::function<void()> onLostFocus;

@@ -10,6 +10,18 @@ namespace {
 constexpr int formWasUnloaded = 364;
 constexpr int formAlreadyShown = 400;
 
+/// True for the time of a scope.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Raised() { flag_ = false; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 bool canHaveFocus(const Control* control) {
   return control->takesFocus() && control->isReachable();
 }
@@ -47,18 +59,24 @@ void Form::orderFirst(std::initializer_list<Control*> first) {
 
 void Form::showModal(HostObject* windowOwner) {
   if (!isLoaded_) throw PlatformError(formWasUnloaded, "Object was unloaded", name_);
-  if (isVisible_) throw PlatformError(formAlreadyShown, "Form is already displayed", name_);
+  if (isVisible_ || isBeingShown_)
+    throw PlatformError(formAlreadyShown, "Form is already displayed", name_);
+  const Raised beingShown(isBeingShown_);
   isVisible_ = true;
-  if (!focused_ || !canHaveFocus(focused_)) {
-    const auto first = std::ranges::find_if(controls_, canHaveFocus);
-    if (first != controls_.end()) giveFocus(**first);
-  }
   try {
+    focusFirst();
     if (isVisible_) host_.showModal(*this, windowOwner);
   } catch (...) {
     isVisible_ = false;
     throw;
   }
+  if (isVisible_ && !unload(CloseReason::hostEnds)) hide();
+}
+
+void Form::focusFirst() {
+  if (focused_ && canHaveFocus(focused_)) return;
+  const auto first = std::ranges::find_if(controls_, canHaveFocus);
+  if (first != controls_.end()) giveFocus(**first);
 }
 
 void Form::hide() {
@@ -73,16 +91,13 @@ void Form::leaveScreen() {
 
 bool Form::unload(CloseReason reason) {
   if (!isLoaded_ || isUnloading_) return true;
-  isUnloading_ = true;
-  const bool agrees = queryUnload(reason);
-  if (agrees) {
-    leaveScreen();
-    onUnload();
-    isLoaded_ = false;
-    host_.removeForm(*this);
-  }
-  isUnloading_ = false;
-  return agrees;
+  const Raised unloading(isUnloading_);
+  if (!queryUnload(reason)) return false;
+  leaveScreen();
+  onUnload();
+  isLoaded_ = false;
+  host_.removeForm(*this);
+  return true;
 }
 
 void Form::giveFocus(Control& control) {

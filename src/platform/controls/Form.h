@@ -43,9 +43,10 @@ class Form : public HostObject, public ControlOwner {
   /// The control with this name in any case; nullptr when there is none.
   Control* find(const std::string& name) const;
 
-  /// Shows the window until it is hidden or unloaded. The first control within reach has the focus,
-  /// unless another was given it. Throws PlatformError 364 for an unloaded window, 400 for a
-  /// visible one, and what the host throws.
+  /// Shows the window until it is hidden or unloaded; a host that closes down unloads it. The first
+  /// control within reach has the focus, unless another was given it. Throws PlatformError 364 for
+  /// an unloaded window, 400 for one that is visible or whose showModal has not returned, and what
+  /// the host throws.
   void showModal(HostObject* windowOwner);
   bool isVisible() const { return isVisible_; }
   void hide();
@@ -81,6 +82,7 @@ class Form : public HostObject, public ControlOwner {
 
  private:
   void leaveScreen();
+  void focusFirst();
 
   FormHost& host_;
   std::string name_;
@@ -89,6 +91,7 @@ class Form : public HostObject, public ControlOwner {
   Control* focused_ = nullptr;
   bool isLoaded_ = true;
   bool isUnloading_ = false;
+  bool isBeingShown_ = false;
   bool isVisible_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "platform/controls/DatePicker.h"
+#include "platform/controls/RichTextBox.h"
 #include "platform/utf8.h"
 
 namespace autonotify {
@@ -25,7 +26,8 @@ void Person::requireKnown(bool isKnown, const char* act, const Control& control)
 
 bool Person::reach(Control& control) {
   requireWithinReach(control);
-  return !control.takesFocus() || form_.moveFocus(control);
+  if (control.takesFocus() && !form_.moveFocus(control)) return false;
+  return form_.isVisible() && control.isReachable();
 }
 
 bool Person::click(Control& control) {
@@ -66,7 +68,8 @@ int Person::pressKey(Control& control, int keyCode) {
 }
 
 void Person::releaseKey(Control& control, int keyCode, int shift) {
-  if (control.onKeyUp) control.onKeyUp(keyCode, shift);
+  if (control.onKeyUp && form_.isVisible() && control.isReachable())
+    control.onKeyUp(keyCode, shift);
 }
 
 bool Person::choose(Control& control, int position) {
@@ -92,8 +95,20 @@ bool Person::pickDate(DatePicker& picker, DateTime date) {
   return true;
 }
 
+bool Person::editRichText(RichTextBox& box, RichText content) {
+  if (!reach(box)) return false;
+  box.acceptContent(std::move(content));
+  return true;
+}
+
+bool Person::selectText(RichTextBox& box, std::size_t start, std::size_t length) {
+  if (!reach(box)) return false;
+  box.acceptSelection(start, length);
+  return true;
+}
+
 bool Person::tabTo(Control& control) {
-  if (!control.takesFocus()) requireKnown(false, "given the focus", control);
+  requireKnown(control.takesFocus(), "given the focus", control);
   return reach(control);
 }
 

@@ -8,12 +8,15 @@
 namespace autonotify {
 
 class DatePicker;
+class RichTextBox;
+struct RichText;
 
 /// The one door through which a person's acts reach a window. A renderer passes what its widgets
 /// report; a test acts through it as a person would.
 ///
-/// An act moves the focus to its control first, where the control takes it; when the control that
-/// has the focus keeps it, the act does not happen and the answer is False.
+/// An act moves the focus to its control first, where the control takes it. When the control that
+/// has the focus keeps it, or the move takes the control out of reach, the act does not happen and
+/// the answer is False. Keys alone move nothing: they are for the control that has the focus.
 ///
 /// An act that no person could do is a fault of the caller and throws std::logic_error: in a window
 /// that is not on the screen, on another window's control, on one that is hidden or disabled,
@@ -30,6 +33,7 @@ class Person {
   bool edit(Control& control, const std::string& text);
   /// A key that writes; the code to use instead, 0 for none.
   int pressKey(Control& control, int keyCode);
+  /// Nothing when the control is out of reach by then.
   void releaseKey(Control& control, int keyCode, int shift = 0);
   /// An entry of a list, a page of a tab control, a node of a tree: by its position.
   bool choose(Control& control, int position);
@@ -38,6 +42,9 @@ class Person {
   /// For a renderer whose calendar is open for a while.
   bool dropDown(DatePicker& picker);
   void closeUp(DatePicker& picker, DateTime date);
+  /// What a renderer's own editor holds after a person's act, and where the caret is.
+  bool editRichText(RichTextBox& box, RichText content);
+  bool selectText(RichTextBox& box, std::size_t start, std::size_t length);
   /// Moves the focus to the control.
   bool tabTo(Control& control);
   /// The window's own close box; False when the window stays.

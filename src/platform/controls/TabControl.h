@@ -19,7 +19,7 @@ class TabControl : public Control {
   void setTab(int page) {
     if (change(tab_, page, Aspect::value)) raise(onClick);
   }
-  bool isPageInFront(int page) const override { return page == tab_; }
+  bool showsInside(int page) const override { return isShown() && page == tab_; }
   bool acceptChoice(int page) override {
     if (page < 0 || page >= static_cast<int>(pages_.size())) return false;
     setTab(page);

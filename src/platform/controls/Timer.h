@@ -14,7 +14,7 @@ class Timer : public Control {
   }
   bool takesFocus() const override { return false; }
 
-  /// Milliseconds.
+  /// Milliseconds; 0 keeps the timer still.
   int interval() const { return interval_; }
   void setInterval(int interval) { change(interval_, interval, Aspect::state); }
 

@@ -40,7 +40,11 @@ class TreeView : public Control {
   const Node* selectedNode() const {
     return selected_ < 0 ? nullptr : &nodes_.at(static_cast<std::size_t>(selected_));
   }
-  void select(int position) { change(selected_, position, Aspect::value); }
+  /// -1 selects none. Throws std::out_of_range for a position without a node.
+  void select(int position) {
+    if (position >= 0) nodes_.at(static_cast<std::size_t>(position));
+    change(selected_, position, Aspect::value);
+  }
   /// A person clicks a node.
   bool acceptChoice(int position) override {
     if (position < 0 || position >= static_cast<int>(nodes_.size())) return false;

@@ -1,0 +1,149 @@
+#include "binding/list_bindings.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+#include "text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+/// Of QListWidget and QComboBox alike.
+template <class Widget>
+void drawEntries(Widget& widget, const ItemList& list) {
+  widget.clear();
+  for (const ItemList::Entry& entry : list.entries()) widget.addItem(shown(entry.text));
+}
+
+int positionOf(const QTreeWidgetItem* item) {
+  return item ? item->data(0, Qt::UserRole).toInt() : -1;
+}
+
+}  // namespace
+
+ComboBinding::ComboBinding(Form& form, ComboBox& control, QComboBox& widget)
+    : BindingOf(form, control, widget) {
+  widget.setEditable(control.isEditable());
+  widget.setInsertPolicy(QComboBox::NoInsert);
+  connect(&widget, &QComboBox::activated, this, [this](int position) {
+    pass([=, this](Person& person) { person.choose(control_, position); });
+  });
+  if (widget.lineEdit()) bindField(*widget.lineEdit());
+}
+
+// A text that is typed stays a text, also where it reads like an entry: the box would take that for
+// a choice when it is left.
+void ComboBinding::bindField(QLineEdit& field) {
+  widget_.setCompleter(nullptr);
+  disconnect(&field, &QLineEdit::editingFinished, &widget_, nullptr);
+  disconnect(&field, &QLineEdit::returnPressed, &widget_, nullptr);
+  connect(&field, &QLineEdit::textEdited, this, [this](const QString& text) {
+    pass([&](Person& person) { person.edit(control_, plain(text)); });
+  });
+}
+
+void ComboBinding::drawList() {
+  drawEntries(widget_, control_);
+}
+
+void ComboBinding::drawValue() {
+  if (widget_.currentIndex() != control_.listIndex()) widget_.setCurrentIndex(control_.listIndex());
+  const QString text = shown(control_.text());
+  if (widget_.isEditable() && widget_.currentText() != text) widget_.setEditText(text);
+}
+
+QWidget& ComboBinding::colored() {
+  if (QLineEdit* field = widget_.lineEdit()) return *field;
+  return widget_;
+}
+
+template <class ControlType, class WidgetType>
+ItemViewBinding<ControlType, WidgetType>::ItemViewBinding(Form& form, ControlType& control,
+                                                          WidgetType& widget)
+    : BindingOf<ControlType, WidgetType>(form, control, widget) {
+  widget.viewport()->installEventFilter(this);
+}
+
+template <class ControlType, class WidgetType>
+bool ItemViewBinding<ControlType, WidgetType>::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) wasPassed_ = false;
+  if (event->type() == QEvent::MouseButtonDblClick) wasPassed_ = true;
+  if (watched == this->widget_.viewport()) return false;
+  return Binding::eventFilter(watched, event);
+}
+
+template <class ControlType, class WidgetType>
+void ItemViewBinding<ControlType, WidgetType>::itemMoved(int position) {
+  wasPassed_ = true;
+  if (position >= 0) choose(position);
+}
+
+template <class ControlType, class WidgetType>
+void ItemViewBinding<ControlType, WidgetType>::itemClicked(int position) {
+  if (!wasPassed_) choose(position);
+}
+
+template <class ControlType, class WidgetType>
+void ItemViewBinding<ControlType, WidgetType>::itemDoubleClicked() {
+  this->pass([this](Person& person) { person.doubleClick(this->control_); });
+}
+
+template <class ControlType, class WidgetType>
+void ItemViewBinding<ControlType, WidgetType>::choose(int position) {
+  this->pass([=, this](Person& person) { person.choose(this->control_, position); });
+}
+
+ListBinding::ListBinding(Form& form, ListBox& control, QListWidget& widget)
+    : ItemViewBinding(form, control, widget) {
+  connect(&widget, &QListWidget::currentRowChanged, this, [this](int row) { itemMoved(row); });
+  connect(&widget, &QListWidget::itemClicked, this, [this] { itemClicked(widget_.currentRow()); });
+  connect(&widget, &QListWidget::itemDoubleClicked, this, [this] { itemDoubleClicked(); });
+}
+
+void ListBinding::drawList() {
+  drawEntries(widget_, control_);
+}
+
+TreeBinding::TreeBinding(Form& form, TreeView& control, QTreeWidget& widget)
+    : ItemViewBinding(form, control, widget) {
+  widget.setHeaderHidden(true);
+  connect(&widget, &QTreeWidget::currentItemChanged, this,
+          [this](const QTreeWidgetItem* item) { itemMoved(positionOf(item)); });
+  connect(&widget, &QTreeWidget::itemClicked, this,
+          [this](const QTreeWidgetItem* item) { itemClicked(positionOf(item)); });
+  connect(&widget, &QTreeWidget::itemDoubleClicked, this, [this] { itemDoubleClicked(); });
+}
+
+void TreeBinding::drawList() {
+  widget_.clear();
+  items_.clear();
+  for (const TreeView::Node& node : control_.nodes()) {
+    auto* item = new QTreeWidgetItem({shown(node.text)});
+    item->setData(0, Qt::UserRole, static_cast<int>(items_.size()));
+    if (node.parent < 0)
+      widget_.addTopLevelItem(item);
+    else
+      items_[static_cast<std::size_t>(node.parent)]->addChild(item);
+    items_.push_back(item);
+  }
+  widget_.expandAll();
+}
+
+void TreeBinding::drawValue() {
+  const int selected = control_.selected();
+  widget_.setCurrentItem(selected < 0 ? nullptr : items_.at(static_cast<std::size_t>(selected)));
+}
+
+TabBinding::TabBinding(Form& form, TabControl& control, QTabWidget& widget)
+    : BindingOf(form, control, widget) {
+  connect(&widget, &QTabWidget::currentChanged, this,
+          [this](int page) { pass([=, this](Person& person) { person.choose(control_, page); }); });
+}
+
+void TabBinding::drawList() {
+  const auto& pages = control_.pages();
+  for (int page = 0; page < static_cast<int>(pages.size()) && page < widget_.count(); ++page)
+    widget_.setTabText(page, shown(pages[static_cast<std::size_t>(page)]));
+}
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QTabWidget>
+#include <QTreeWidget>
+#include <vector>
+
+#include "binding/Binding.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/TabControl.h"
+#include "platform/controls/TreeView.h"
+
+namespace autonotify::desktop {
+
+class ComboBinding : public BindingOf<ComboBox, QComboBox> {
+ public:
+  ComboBinding(Form& form, ComboBox& control, QComboBox& widget);
+
+ protected:
+  void drawList() override;
+  void drawValue() override;
+  QWidget& colored() override;
+
+ private:
+  void bindField(QLineEdit& field);
+};
+
+/// What a click or an arrow key chooses in a list or tree is passed once.
+template <class ControlType, class WidgetType>
+class ItemViewBinding : public BindingOf<ControlType, WidgetType> {
+ public:
+  ItemViewBinding(Form& form, ControlType& control, WidgetType& widget);
+
+ protected:
+  /// The current item has changed, by a key or a press.
+  void itemMoved(int position);
+  /// The mouse has let go of the item.
+  void itemClicked(int position);
+  void itemDoubleClicked();
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void choose(int position);
+
+  /// Since the mouse was pressed.
+  bool wasPassed_ = false;
+};
+
+class ListBinding : public ItemViewBinding<ListBox, QListWidget> {
+ public:
+  ListBinding(Form& form, ListBox& control, QListWidget& widget);
+
+ protected:
+  void drawList() override;
+  void drawValue() override { widget_.setCurrentRow(control_.listIndex()); }
+};
+
+class TreeBinding : public ItemViewBinding<TreeView, QTreeWidget> {
+ public:
+  TreeBinding(Form& form, TreeView& control, QTreeWidget& widget);
+
+ protected:
+  void drawList() override;
+  void drawValue() override;
+
+ private:
+  std::vector<QTreeWidgetItem*> items_;
+};
+
+class TabBinding : public BindingOf<TabControl, QTabWidget> {
+ public:
+  TabBinding(Form& form, TabControl& control, QTabWidget& widget);
+
+ protected:
+  void drawList() override;
+  void drawValue() override { widget_.setCurrentIndex(control_.tab()); }
+};
+
+}  // namespace autonotify::desktop

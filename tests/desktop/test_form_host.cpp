@@ -1,0 +1,381 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+#include <QTreeWidget>
+#include <functional>
+
+#include "binding/QtFormHost.h"
+#include "platform/PlatformError.h"
+#include "platform/controls/Button.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/DatePicker.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListBox.h"
+#include "platform/controls/OptionButton.h"
+#include "platform/controls/ProgressBar.h"
+#include "platform/controls/RichTextBox.h"
+#include "platform/controls/TabControl.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Timer.h"
+#include "platform/controls/TreeView.h"
+#include "platform/controls/control_array.h"
+#include "richtext/RichTextEditor.h"
+#include "support/HeadlessPerson.h"
+#include "text.h"
+
+namespace autonotify::test {
+namespace {
+
+using desktop::QtFormHost;
+using desktop::shown;
+
+/// A window with a control of every kind that is drawn.
+class frmEveryKind : public Form {
+ public:
+  explicit frmEveryKind(FormHost& host) : Form(host, "frmEveryKind", "Every kind") {
+    txtInGroup.setContainer(fraGroup);
+    for (OptionButton& option : opt) option.setContainer(fraGroup);
+    SSTab1.setPages({"first", "second"});
+    txtFirst.setContainer(SSTab1, 0);
+    txtSecond.setContainer(SSTab1, 1);
+    for (const char* text : {"ann@a", "bob@b", "cyd@c"}) {
+      lstEntries.addItem(text);
+      cboEntries.addItem(text);
+      tvwNodes.addNode(-1, text, text);
+    }
+    DTPicker1.setValue(DateTime::of(2026, 5, 4));
+  }
+
+  Frame fraGroup{*this, "fraGroup"};
+  TextBox txtInGroup{*this, "txtInGroup"};
+  std::array<OptionButton, 2> opt = controlArray<OptionButton, 2>(*this, "opt");
+  TabControl SSTab1{*this, "SSTab1"};
+  TextBox txtFirst{*this, "txtFirst"};
+  TextBox txtSecond{*this, "txtSecond"};
+  Label lblText{*this, "lblText"};
+  ListBox lstEntries{*this, "lstEntries"};
+  TreeView tvwNodes{*this, "tvwNodes"};
+  ComboBox cboEntries{*this, "cboEntries"};
+  TextBox txtLast{*this, "txtLast"};
+  DatePicker DTPicker1{*this, "DTPicker1"};
+  ProgressBar pgb{*this, "pgb"};
+  RichTextBox rtb{*this, "rtb"};
+  Button cmdGo{*this, "cmdGo", "Go"};
+  Timer tmr{*this, "tmr", 1};
+};
+
+class FormHostTest : public testing::Test {
+ protected:
+  FormHostTest() : button_(new QPushButton("of the program", &program_)) {
+    program_.show();
+    QObject::connect(button_, &QPushButton::clicked, [this] { ++programClicks_; });
+  }
+
+  /// Shows the window and runs `act` in it, after which it goes.
+  void use(const std::function<void()>& act) {
+    QObject scope;
+    QTimer::singleShot(0, &scope, [&] {
+      QApplication::setActiveWindow(&window());
+      QApplication::processEvents();
+      act();
+      form_.hide();
+    });
+    form_.showModal(nullptr);
+  }
+
+  static QWidget& window() { return *QApplication::activeModalWidget(); }
+  template <class Widget>
+  Widget& widget(const Control& control) {
+    return *window().findChild<Widget*>(shown(control.name()));
+  }
+  void look(const Control& control) {
+    const QWidget& drawn = widget<QWidget>(control);
+    EXPECT_EQ(drawn.isVisibleTo(&window()), control.isShown()) << control.name();
+    EXPECT_EQ(drawn.isEnabled(), control.isReachable() || !control.isShown()) << control.name();
+  }
+  void clickProgram() { QTest::mouseClick(button_, Qt::LeftButton); }
+
+  QWidget program_;
+  QtFormHost host_{program_};
+  QPushButton* button_;
+  int programClicks_ = 0;
+  frmEveryKind form_{host_};
+};
+
+TEST_F(FormHostTest, WhatIsInsideFollowsItsContainer) {
+  form_.fraGroup.setVisible(false);
+  use([&] {
+    look(form_.txtInGroup);
+    form_.fraGroup.setVisible(true);
+    look(form_.txtInGroup);
+    form_.fraGroup.setEnabled(false);
+    look(form_.txtInGroup);
+    form_.fraGroup.setEnabled(true);
+    look(form_.txtInGroup);
+    auto& tabs = widget<QTabWidget>(form_.SSTab1);
+    QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
+    EXPECT_EQ(form_.SSTab1.tab(), 1);
+    look(form_.txtSecond);
+    form_.txtSecond.setFocus();
+    EXPECT_TRUE(widget<QLineEdit>(form_.txtSecond).hasFocus());
+  });
+}
+
+TEST_F(FormHostTest, TheProgramIsOutOfReachUntilAHiddenWindowIsDone) {
+  form_.cmdGo.onClick = [&] {
+    form_.hide();
+    QTimer::singleShot(0, [&] { clickProgram(); });
+    for (int i = 0; i < 3; ++i) host_.pumpMessages();
+    EXPECT_EQ(programClicks_, 0);
+  };
+  use([&] { QTest::mouseClick(&widget<QPushButton>(form_.cmdGo), Qt::LeftButton); });
+  clickProgram();
+  EXPECT_EQ(programClicks_, 1);
+}
+
+TEST_F(FormHostTest, AFaultEndsTheWindowAndReachesTheCaller) {
+  form_.cmdGo.onClick = [] { throw std::logic_error("fault"); };
+  QTimer::singleShot(0,
+                     [&] { QTest::mouseClick(&widget<QPushButton>(form_.cmdGo), Qt::LeftButton); });
+  EXPECT_THROW(form_.showModal(nullptr), std::logic_error);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_FALSE(form_.isVisible());
+  clickProgram();
+  EXPECT_EQ(programClicks_, 1);
+}
+
+TEST_F(FormHostTest, AWindowThatCannotBeDrawnLeavesNothingBehind) {
+  Button stranger(form_, "cmdStranger");
+  EXPECT_THROW(form_.showModal(nullptr), std::logic_error);
+  form_.setCaption("still alive");
+}
+
+TEST_F(FormHostTest, ShowsAWindowOnceAtATime) {
+  use([&] {
+    form_.hide();
+    EXPECT_THROW(form_.showModal(nullptr), PlatformError);
+  });
+  use([] {});
+}
+
+TEST_F(FormHostTest, AHostThatEndsTheShowUnloadsTheWindow) {
+  QTimer::singleShot(0, [&] { host_.formHidden(form_); });
+  form_.showModal(nullptr);
+  EXPECT_FALSE(form_.isLoaded());
+}
+
+TEST_F(FormHostTest, TimersRunWhileTheWindowIsUpAlone) {
+  int ticks = 0;
+  form_.tmr.onTimer = [&] { ++ticks; };
+  form_.tmr.setEnabled(true);
+  use([&] {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 1; }));
+    form_.tmr.setInterval(0);
+    ticks = 0;
+    QTest::qWait(5);
+    EXPECT_EQ(ticks, 0);
+    form_.tmr.setInterval(1);
+    form_.unload();
+    ticks = 0;
+    QTest::qWait(20);
+    EXPECT_EQ(ticks, 0);
+  });
+}
+
+TEST_F(FormHostTest, TabFollowsTheWindowsOwnOrder) {
+  form_.orderFirst({&form_.txtLast, &form_.txtFirst, &form_.cmdGo});
+  use([&] {
+    std::string order;
+    for (int i = 0; i < 3; ++i) {
+      order += form_.focused()->name() + " ";
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, "txtLast txtFirst cmdGo ");
+  });
+}
+
+TEST_F(FormHostTest, ChoosesInListsOnce) {
+  std::string told;
+  for (Control* control :
+       {static_cast<Control*>(&form_.lstEntries), static_cast<Control*>(&form_.tvwNodes)}) {
+    control->onClick = [&] { told += "click "; };
+    control->onDoubleClick = [&] { told += "double "; };
+  }
+  use([&] {
+    auto& list = widget<QListWidget>(form_.lstEntries);
+    auto& tree = widget<QTreeWidget>(form_.tvwNodes);
+    const auto useView = [&](QAbstractItemView& view, const QRect& second) {
+      QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, second.center());
+      told += "/ ";
+      QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, second.center());
+      told += "/ ";
+      QTest::keyClick(&view, Qt::Key_Down);
+      told += "/ ";
+      QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, second.center());
+      QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, second.center());
+      EXPECT_EQ(std::exchange(told, {}), "click / double / click / click click ");
+    };
+    useView(list, list.visualItemRect(list.item(1)));
+    EXPECT_EQ(form_.lstEntries.listIndex(), 1);
+    useView(tree, tree.visualItemRect(tree.topLevelItem(1)));
+    EXPECT_EQ(form_.tvwNodes.selected(), 1);
+  });
+}
+
+TEST_F(FormHostTest, ATypedTextIsNoChoice) {
+  int clicks = 0;
+  form_.cboEntries.onClick = [&] { ++clicks; };
+  use([&] {
+    auto& combo = widget<QComboBox>(form_.cboEntries);
+    combo.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(combo.lineEdit(), "bob@b");
+    QTest::keyClick(&combo, Qt::Key_Return);
+    QTest::keyClick(&combo, Qt::Key_Tab);
+    EXPECT_EQ(form_.focused()->name(), "txtLast");
+    EXPECT_EQ(form_.cboEntries.text() + std::to_string(form_.cboEntries.listIndex()), "bob@b-1");
+    EXPECT_EQ(clicks, 0);
+    combo.showPopup();
+    combo.view()->setCurrentIndex(combo.model()->index(1, 0));
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+    EXPECT_EQ(form_.cboEntries.listIndex(), 1);
+    EXPECT_EQ(clicks, 1);
+  });
+}
+
+TEST_F(FormHostTest, ADateIsPickedNotTyped) {
+  use([&] {
+    auto& picker = widget<QDateEdit>(form_.DTPicker1);
+    picker.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&picker, Qt::Key_Up);
+    EXPECT_EQ(picker.date(), QDate(2026, 5, 4));
+  });
+}
+
+TEST_F(FormHostTest, CaptionsAndColoursGoAsTheyCame) {
+  use([&] {
+    auto& label = widget<QLabel>(form_.lblText);
+    EXPECT_EQ(label.text(), "from the layout");
+    form_.lblText.setCaption("x");
+    form_.lblText.setCaption("");
+    EXPECT_EQ(label.text(), "");
+    auto& combo = widget<QComboBox>(form_.cboEntries);
+    auto& text = widget<desktop::RichTextEditor>(form_.rtb);
+    for (const auto& [control, drawn] :
+         {std::pair<Control*, QWidget*>(&form_.cboEntries, combo.lineEdit()),
+          {&form_.rtb, text.edit().viewport()}}) {
+      const QColor before = drawn->palette().color(QPalette::Base);
+      control->setBackColor(0x00FFFF);
+      EXPECT_EQ(drawn->palette().color(QPalette::Base), QColor(255, 255, 0));
+      EXPECT_EQ(drawn->palette().color(QPalette::Text), QColor(Qt::black));
+      control->setBackColor(std::nullopt);
+      EXPECT_EQ(drawn->palette().color(QPalette::Base), before);
+    }
+  });
+}
+
+TEST_F(FormHostTest, TextThatCannotBeChangedCanBeReadToItsEnd) {
+  std::string lines;
+  for (int line = 0; line < 300; ++line) lines += "line\r\n";
+  form_.rtb.setText(lines);
+  form_.rtb.setEnabled(false);
+  use([&] {
+    auto& editor = widget<desktop::RichTextEditor>(form_.rtb).edit();
+    EXPECT_TRUE(editor.isReadOnly());
+    EXPECT_TRUE(editor.isEnabled());
+    QTest::keyClicks(&editor, "x");
+    EXPECT_EQ(form_.rtb.text(), lines);
+    editor.verticalScrollBar()->setValue(editor.verticalScrollBar()->maximum());
+    EXPECT_GT(editor.verticalScrollBar()->value(), 0);
+  });
+}
+
+TEST_F(FormHostTest, KeysAreToldByTheirCodes) {
+  std::string told;
+  form_.txtLast.onKeyUp = [&](int key, int shift) {
+    told += std::to_string(key) + "/" + std::to_string(shift) + " ";
+  };
+  form_.txtLast.onKeyPress = [&](int key) { return key == 'x' ? 0 : key == 'y' ? 'z' : key; };
+  use([&] {
+    auto& field = widget<QLineEdit>(form_.txtLast);
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, "axy");
+    told.clear();
+    EXPECT_EQ(form_.txtLast.text(), "az");
+    QTest::keyClick(&field, Qt::Key_Home);
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClick(&field, Qt::Key_F2, Qt::ShiftModifier);
+    QTest::keyClick(&field, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(told, "36/0 46/0 113/1 16/0 81/2 17/0 ");
+    EXPECT_EQ(form_.txtLast.text(), "z");
+  });
+}
+
+TEST_F(FormHostTest, EscapeAndEnterPressNothingByThemselves) {
+  int clicks = 0;
+  form_.cmdGo.onClick = [&] { ++clicks; };
+  use([&] {
+    auto& field = widget<QLineEdit>(form_.txtLast);
+    field.setFocus(Qt::TabFocusReason);
+    for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) QTest::keyClick(&field, key);
+    EXPECT_TRUE(form_.isVisible());
+    EXPECT_EQ(clicks, 0);
+    auto& button = widget<QPushButton>(form_.cmdGo);
+    button.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_EQ(clicks, 1);
+  });
+}
+
+TEST_F(FormHostTest, ALongListIsDrawnOnce) {
+  use([&] {
+    auto& list = widget<QListWidget>(form_.lstEntries);
+    form_.lstEntries.clear();
+    for (int i = 0; i < 5000; ++i) form_.lstEntries.addItem(std::to_string(i));
+    EXPECT_EQ(list.count(), 3);
+    form_.lstEntries.setListIndex(4000);
+    EXPECT_EQ(list.currentItem()->text(), "4000");
+    EXPECT_EQ(list.count(), 5000);
+  });
+}
+
+TEST(EveryKind, IsSeenAndUsedByKeysAndMouse) {
+  HeadlessPerson person;
+  frmEveryKind form(person);
+  form.setCaption("shown");
+  person.expectWindow("frmEveryKind", [&](WindowInUse& window) {
+    window.choose("lstEntries", "bob@b");
+    window.choose("tvwNodes", "cyd@c");
+    window.choose("SSTab1", "second");
+    window.choose("cboEntries", "ann@a");
+    window.click("opt(1)");
+    window.type("rtb", "Dear Ann");
+    window.pickDate("DTPicker1", DateTime::of(2026, 5, 6));
+    for (const Control* control : form.controls())
+      if (!dynamic_cast<const Timer*>(control)) window.read(control->name());
+    EXPECT_EQ(form.lstEntries.listIndex(), 1);
+    EXPECT_EQ(form.tvwNodes.selected(), 2);
+    EXPECT_EQ(form.SSTab1.tab(), 1);
+    EXPECT_EQ(chosenOption(form.opt), 1);
+    EXPECT_EQ(form.rtb.text(), "Dear Ann");
+    form.hide();
+  });
+  form.showModal(nullptr);
+  form.unload();
+  person.finish();
+}
+
+}  // namespace
+}  // namespace autonotify::test
