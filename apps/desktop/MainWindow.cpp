@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -23,6 +24,7 @@
 
 #include "MailProgramSender.h"
 #include "OptionsDialog.h"
+#include "WaitingSender.h"
 #include "host/desk/databases.h"
 #include "text.h"
 
@@ -80,9 +82,14 @@ bool MainWindow::openDatabase(const QString& place) {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
     options.mailServer = chosenMailServer();
+    if (options.mailServer) options.mailServer->whileWaiting = WaitingSender::paintWindows;
     auto desk =
         std::make_unique<host::Desk>(options, host::DeskDialogs{errors_, messages_, forms_});
-    if (mailProgramIsChosen()) desk->classes().registerClass<MailProgramSender>();
+    if (mailProgramIsChosen()) {
+      desk->classes().registerClass<MailProgramSender>();
+    } else {
+      WaitingSender::registerAt(*desk);
+    }
     tasks_->setDesk(desk.get());
     desk_ = std::move(desk);
   } catch (const PlatformError& error) {
@@ -108,8 +115,26 @@ QAction* MainWindow::addCommand(const QString& text, const QKeySequence& keys,
                                 void (MainWindow::*run)()) {
   auto* action = new QAction(text, this);
   action->setShortcut(keys);
-  connect(action, &QAction::triggered, this, run);
+  connect(action, &QAction::triggered, this, [this, run] { perform(run); });
   return action;
+}
+
+void MainWindow::perform(void (MainWindow::*run)()) {
+  if (isAtWork_) return;
+  isAtWork_ = true;
+  try {
+    (this->*run)();
+    // An open file can be written to on and on after someone has deleted it.
+    if (desk_ && host::isFile(options_.database) && !QFileInfo::exists(shown(options_.database)))
+      tellFault(tr("The database file is no longer in its place: nothing that you do is kept."));
+  } catch (const PlatformError& error) {
+    tellFault(shown(error.description()).section('\n', 0, 0));
+  }
+  isAtWork_ = false;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->setAccepted(!isAtWork_);
 }
 
 void MainWindow::makeActions() {
@@ -142,7 +167,7 @@ void MainWindow::makeMenus() {
   find->setShortcut(QKeySequence::Find);
   menuBar()
       ->addMenu(tr("T&ools"))
-      ->addAction(tr("&Options..."), this, &MainWindow::changeOptions)
+      ->addAction(tr("&Options..."), this, [this] { perform(&MainWindow::changeOptions); })
       ->setObjectName("options");
   menuBar()->addMenu(tr("&Help"))->addAction(tr("&About"), this, &MainWindow::showAbout);
   QToolBar* bar = addToolBar(tr("Commands"));
@@ -232,15 +257,10 @@ void MainWindow::chooseDatabase() {
 
 template <class Act>
 void MainWindow::whileClaimed(host::WorkItem item, Id id, Act&& act) {
-  try {
-    const auto claim = desk_->claims().take(item, id);
-    if (claim) {
-      act();
-    } else {
-      tellFault(tr("Another desk is at work on it. Try again in a moment."));
-    }
-  } catch (const PlatformError& error) {
-    tellFault(shown(error.description()).section('\n', 0, 0));
+  if (const auto claim = desk_->claims().take(item, id)) {
+    act();
+  } else {
+    tellFault(tr("Another desk is at work on it. Try again in a moment."));
   }
   refresh();
 }
@@ -272,6 +292,9 @@ void MainWindow::scheduleEmail() {
     if (host::findPendingNotification(*desk_, task, nt_Email) != noId) return;
     desk_->control().cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
         Tasks, remittanceNotification, noId, task);
+    if (!desk_->control().get_cancelFlag() &&
+        host::findPendingNotification(*desk_, task, nt_Email) == noId)
+      tellLoss();
   });
 }
 
@@ -280,8 +303,10 @@ void MainWindow::editEmail() {
   if (!line) return;
   const Id row = host::findPendingNotification(*desk_, line->task.id, nt_Email);
   if (row == noId) return refresh();
-  whileClaimed(host::WorkItem::notification, row,
-               [&] { desk_->tools().editEmailNotification(row); });
+  whileClaimed(host::WorkItem::notification, row, [&] {
+    if (desk_->tools().editEmailNotification(row) && !host::findNotification(*desk_, row))
+      tellLoss();
+  });
 }
 
 void MainWindow::openTask() {
@@ -308,6 +333,11 @@ void MainWindow::showAbout() {
       tr("<h3>Client Notifications %1</h3><p>The notices that an accounting firm owes "
          "its clients: when, in which words, and sent.</p>")
           .arg(QApplication::applicationVersion()));
+}
+
+/// Programs that know nothing of claims may take an email away.
+void MainWindow::tellLoss() {
+  tellFault(tr("The email was deleted by someone else meanwhile. What you wrote is lost."));
 }
 
 void MainWindow::tellFault(const QString& message) {

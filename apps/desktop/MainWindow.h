@@ -36,6 +36,8 @@ class MainWindow : public QMainWindow {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  /// Stays while a command runs.
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void makeActions();
@@ -44,6 +46,9 @@ class MainWindow : public QMainWindow {
   QWidget* makeEmptyPage(const QString& title, const QString& hint, QAction* action);
   QAction* addCommand(const QString& text, const QKeySequence& keys, void (MainWindow::*run)());
 
+  /// Runs the command unless one is running: the component lets events through while its windows
+  /// are on their way out, and the desk must not go from under it.
+  void perform(void (MainWindow::*run)());
   void chooseDatabase();
   void chooseServer();
   void composeEmail();
@@ -57,6 +62,7 @@ class MainWindow : public QMainWindow {
   void changeOptions();
   void refresh();
   void showAbout();
+  void tellLoss();
   void tellFault(const QString& message);
 
   /// The task that the commands are for; null when none is chosen.
@@ -88,6 +94,7 @@ class MainWindow : public QMainWindow {
   QStackedWidget* pages_ = nullptr;
   QTimer* filterPause_ = nullptr;
   bool countsAreOld_ = false;
+  bool isAtWork_ = false;
 };
 
 }  // namespace autonotify::desktop

@@ -3,6 +3,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextList>
+#include <algorithm>
 #include <cmath>
 
 #include "text.h"
@@ -195,6 +196,10 @@ std::vector<Run> runsOf(const QTextBlock& block) {
   return runs;
 }
 
+qsizetype lowSurrogates(const QString& text) {
+  return std::ranges::count_if(text, [](QChar unit) { return unit.isLowSurrogate(); });
+}
+
 }  // namespace
 
 void showRichText(QTextDocument& document, const RichText& text) {
@@ -231,19 +236,27 @@ RichText richTextOf(const QTextDocument& document) {
 
 std::size_t placeOf(const QTextDocument& document, int position) {
   std::size_t place = 0;
-  for (int at = 0; at < position; ++at) {
-    if (!document.characterAt(at).isLowSurrogate()) ++place;
+  for (QTextBlock block = document.begin(); block.isValid() && block.position() < position;
+       block = block.next()) {
+    // The break behind the block is a place too.
+    const int units = std::min(block.length(), position - block.position());
+    place += static_cast<std::size_t>(units - lowSurrogates(block.text().left(units)));
   }
   return place;
 }
 
 int positionOf(const QTextDocument& document, std::size_t place) {
-  const int last = document.characterCount() - 1;
-  int position = 0;
-  while (place > 0 && position < last) {
-    if (!document.characterAt(++position).isLowSurrogate()) --place;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const QString text = block.text();
+    const auto places = static_cast<std::size_t>(block.length() - lowSurrogates(text));
+    if (place >= places) {
+      place -= places;
+      continue;
+    }
+    const auto isHere = [&](QChar unit) { return !unit.isLowSurrogate() && place-- == 0; };
+    return block.position() + static_cast<int>(std::ranges::find_if(text, isHere) - text.begin());
   }
-  return position;
+  return document.characterCount() - 1;
 }
 
 }  // namespace autonotify::desktop

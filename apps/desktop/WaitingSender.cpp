@@ -1,0 +1,26 @@
+#include "WaitingSender.h"
+
+#include <QApplication>
+#include <QCursor>
+
+namespace autonotify::desktop {
+
+bool WaitingSender::send() {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const bool isSent = host::OutboxEmailSender::send();
+  QApplication::restoreOverrideCursor();
+  return isSent;
+}
+
+void WaitingSender::registerAt(host::Desk& desk) {
+  desk.classes().registerClass(EmailSender::className, [&desk] {
+    desk.makeOutbox();
+    return std::make_unique<WaitingSender>(std::move(*desk.newEmailSender()));
+  });
+}
+
+void WaitingSender::paintWindows() {
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace autonotify::desktop

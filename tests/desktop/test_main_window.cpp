@@ -1,0 +1,221 @@
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+
+#include "MainWindow.h"
+#include "host/database/sqlite/SqliteDatabase.h"
+#include "host/demo/DemoFirm.h"
+#include "host/demo/SqliteRowSink.h"
+#include "host/desk/rows.h"
+#include "text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+using testing::HasSubstr;
+
+/// A person at the program's window: acts once in the composer that comes up, and presses the
+/// first of the messages' buttons that leaves things as they are.
+class Visitor {
+ public:
+  using Act = std::function<void(QDialog& composer)>;
+
+  explicit Visitor(Act act) : act_(std::move(act)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
+    timer_.start(5);
+  }
+
+  bool sawComposer() const { return looks_ > 0; }
+  std::vector<std::string> messages;
+
+ private:
+  void look() {
+    QWidget* top = QApplication::activeModalWidget();
+    if (auto* box = qobject_cast<QMessageBox*>(top)) {
+      messages.push_back(plain(box->text()));
+      if (messages.size() > 200) throw std::logic_error("the messages do not end");
+      box->reject();
+    } else if (auto* composer = qobject_cast<QDialog*>(top)) {
+      // Without a window system nobody makes a window the active one.
+      QApplication::setActiveWindow(composer);
+      // On its own: messages may come up during the act, and the timer goes on looking.
+      if (looks_++ == 0) QTimer::singleShot(0, [this, composer] { act_(*composer); });
+      if (looks_ < 200) return;
+      ADD_FAILURE() << "the composer stays";
+      composer->close();
+    }
+  }
+
+  int looks_ = 0;
+  Act act_;
+  QTimer timer_;
+};
+
+void press(QDialog& composer, const char* name) {
+  QTest::mouseClick(composer.findChild<QPushButton*>(name), Qt::LeftButton);
+}
+
+class MainWindowTest : public testing::Test {
+ protected:
+  MainWindowTest() {
+    const auto database = host::createSqlite(path());
+    host::SqliteRowSink sink(database->connection());
+    host::DemoOptions demo;
+    demo.companies = 8;
+    demo.contacts = 8;
+    demo.today = today;
+    host::makeDemoFirm(sink, demo);
+    sink.insert("DatabaseIdentity", {{"UniqueText", "test"}});
+  }
+
+  void open() {
+    window_ = std::make_unique<MainWindow>(host::DeskOptions{path(), today, {}, {}, {}});
+    window_->show();
+    QApplication::processEvents();
+  }
+  std::string path() { return plain(folder_.filePath("firm.db")); }
+
+  /// Runs the command of the toolbar while `act` is done in the composer.
+  std::vector<std::string> run(const char* command, Visitor::Act act) {
+    Visitor visitor(std::move(act));
+    trigger(command);
+    EXPECT_TRUE(visitor.sawComposer()) << command;
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << command;
+    EXPECT_TRUE(window_->isVisible());
+    return visitor.messages;
+  }
+  void trigger(const QString& text) {
+    for (QAction* action : window_->findChildren<QAction*>())
+      if (action->text().remove('&').startsWith(text)) return action->trigger();
+    FAIL() << text.toStdString();
+  }
+
+  /// A task with an email that waits, or one without.
+  void chooseTask(bool isScheduled) {
+    auto* table = window_->findChild<QTableView*>("tasks");
+    auto& tasks = static_cast<TaskTableModel&>(*table->model());
+    for (int row = 0; row < tasks.rowCount(); ++row) {
+      if (bool(tasks.lineAt(tasks.index(row, 0)).pendingChannels & nt_Email) != isScheduled)
+        continue;
+      return table->selectRow(row);
+    }
+    FAIL() << "no such task";
+  }
+
+  /// At another connection, as another desk would.
+  void execute(const char* sql) { host::openSqlite(path())->connection().exec(sql); }
+  int rows() {
+    return host::openSqlite(path())
+        ->connection()
+        .execAndGet("SELECT count(*) FROM ClientNotification")
+        .getInt();
+  }
+
+  static constexpr DateTime today = DateTime::of(2026, 4, 15);
+  QTemporaryDir folder_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+constexpr const char* commands[] = {"Email Now", "Schedule Email", "Edit Email"};
+
+TEST_F(MainWindowTest, ComposersLeaveNothingBehindHoweverTheyAreLeft) {
+  open();
+  const auto closeBox = [](QDialog& composer) { composer.close(); };
+  const auto cancel = [](QDialog& composer) { press(composer, "cmdCancel"); };
+  const std::pair<const char*, Visitor::Act> exits[] = {{"Email Now", closeBox},
+                                                        {"Schedule Email", cancel},
+                                                        {"Edit Email", closeBox},
+                                                        {"Edit Email", cancel}};
+  for (const auto& [command, leave] : exits) {
+    SCOPED_TRACE(command);
+    chooseTask(std::string(command) == "Edit Email");
+    const int before = rows();
+    EXPECT_THAT(run(command, leave), testing::IsEmpty());
+    EXPECT_EQ(rows(), before);
+  }
+}
+
+TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
+  open();
+  auto& connection = static_cast<host::SqliteDatabase&>(window_->desk()->database()).connection();
+  connection.setBusyTimeout(20);
+  const std::pair<const char*, Visitor::Act> exits[] = {
+      {"Finish", [](QDialog& composer) { press(composer, "cmdFinish"); }},
+      {"Cancel", [](QDialog& composer) { press(composer, "cmdCancel"); }},
+      {"close box", [](QDialog& composer) { composer.close(); }},
+  };
+  const auto other = host::openSqlite(path());
+  for (const char* command : commands) {
+    for (const auto& [name, leave] : exits) {
+      SCOPED_TRACE(std::string(command) + ", " + name);
+      chooseTask(std::string(command) == "Edit Email");
+      const auto messages = run(command, [&](QDialog& composer) {
+        other->connection().exec("BEGIN IMMEDIATE");
+        leave(composer);
+        if (composer.isVisible()) composer.close();
+      });
+      other->connection().exec("ROLLBACK");
+      // Leaving an email that is only edited writes nothing.
+      const bool writes = std::string(command) != "Edit Email" || std::string(name) == "Finish";
+      if (writes && name != std::string("close box")) {
+        EXPECT_THAT(messages, testing::Contains(HasSubstr("lock")));
+      }
+    }
+  }
+}
+
+TEST_F(MainWindowTest, AnEmailThatSomeoneDeletedIsMissedAtFinish) {
+  open();
+  for (const char* command : {"Edit Email", "Schedule Email"}) {
+    SCOPED_TRACE(command);
+    chooseTask(std::string(command) == "Edit Email");
+    const auto messages = run(command, [&](QDialog& composer) {
+      execute("DELETE FROM ClientNotification WHERE ScheduleIDNum>=0");
+      press(composer, "cmdFinish");
+    });
+    EXPECT_THAT(messages, testing::Contains(HasSubstr("What you wrote is lost.")));
+  }
+}
+
+TEST_F(MainWindowTest, ALostDatabaseEndsInMessages) {
+  open();
+  chooseTask(false);
+  const auto messages = run("Schedule Email", [&](QDialog& composer) {
+    for (const char* end : {"", "-wal", "-shm"}) QFile::remove(shown(path() + end));
+    press(composer, "cmdFinish");
+    if (composer.isVisible()) composer.close();
+  });
+  EXPECT_THAT(messages, testing::Contains(HasSubstr("no longer in its place")));
+}
+
+TEST_F(MainWindowTest, NothingElseRunsBesideAComposer) {
+  open();
+  chooseTask(false);
+  const host::Desk* desk = window_->desk();
+  EXPECT_THAT(run("Email Now",
+                  [&](QDialog& composer) {
+                    for (const char* each : {"Email Now", "Refresh", "Options", "Open Database"})
+                      trigger(each);
+                    window_->close();
+                    EXPECT_TRUE(window_->isVisible());
+                    EXPECT_EQ(QApplication::activeModalWidget(), &composer);
+                    composer.close();
+                  }),
+              testing::IsEmpty());
+  EXPECT_EQ(window_->desk(), desk);
+  EXPECT_TRUE(window_->close());
+}
+
+}  // namespace
+}  // namespace autonotify::desktop
