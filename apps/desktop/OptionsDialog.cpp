@@ -55,15 +55,17 @@ OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent
 
 QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, const QString& path,
                                   QString (*choose)(QWidget* parent)) {
-  auto* field = new QLineEdit(path, this);
-  auto* browse = new QPushButton(tr("Browse..."), this);
+  auto* row = new QWidget(this);
+  auto* field = new QLineEdit(path, row);
+  auto* browse = new QPushButton(tr("Browse..."), row);
   connect(browse, &QPushButton::clicked, this, [this, field, choose] {
     const QString chosen = choose(this);
     if (!chosen.isEmpty()) field->setText(chosen);
   });
-  auto* row = new QHBoxLayout;
-  row->addWidget(field);
-  row->addWidget(browse);
+  auto* box = new QHBoxLayout(row);
+  box->setContentsMargins(0, 0, 0, 0);
+  box->addWidget(field);
+  box->addWidget(browse);
   auto* words = new QLabel(label, this);
   words->setBuddy(field);
   layout.addRow(words, row);
@@ -93,9 +95,9 @@ QWidget* OptionsDialog::makeMailGroup() {
     return QFileDialog::getExistingDirectory(parent, tr("Outbox folder"));
   });
   outbox_->setPlaceholderText(tr("beside the database file"));
-  for (QLineEdit* field : {server_, passwordFile_}) {
-    field->setEnabled(false);
-    connect(toServer_, &QRadioButton::toggled, field, &QWidget::setEnabled);
+  for (QWidget* part : {static_cast<QWidget*>(server_), passwordFile_->parentWidget()}) {
+    part->setEnabled(false);
+    connect(toServer_, &QRadioButton::toggled, part, &QWidget::setEnabled);
   }
   toOutbox_->setChecked(true);
   toProgram_->setChecked(mailProgramIsChosen());

@@ -15,12 +15,12 @@ constexpr const char* tasksAndClients =
     "LEFT JOIN Companies ON ClientData.CompanyIDNum = Companies.CompanyID) "
     "LEFT JOIN Contacts ON Schedule.ContactIDNum = Contacts.ContactID";
 
-/// The columns of each TaskOrder; the key makes the order complete.
-constexpr std::array<std::array<const char*, 3>, 3> orderColumns{{
-    {"Schedule.DueDate", "Schedule.ScheduleID", nullptr},
-    {"Companies.CompanyName", "Contacts.DisplayName", "Schedule.ScheduleID"},
-    {"Schedule.scheduleName", "Schedule.ScheduleID", nullptr},
-}};
+/// What each TaskOrder goes by; the key makes the order complete.
+constexpr std::array<const char*, 3> orders{
+    "Schedule.DueDate",
+    "LOWER(COALESCE(Companies.CompanyName, Contacts.DisplayName, ''))",
+    "Schedule.scheduleName",
+};
 
 /// The text as the pattern of a LIKE: "%text%", quotes doubled, with "!" before what else would be
 /// a joker. Small are the letters that every engine's LOWER knows.
@@ -66,13 +66,9 @@ std::string conditionOf(Desk& desk, const TaskQuery& query) {
 }
 
 std::string orderOf(const TaskQuery& query) {
-  std::string order;
-  for (const char* column : orderColumns.at(static_cast<std::size_t>(query.order))) {
-    if (!column) continue;
-    order +=
-        fmt::format("{}{}{}", order.empty() ? "" : ", ", column, query.descending ? " DESC" : "");
-  }
-  return order;
+  return fmt::format("{0}{1}, Schedule.ScheduleID{1}",
+                     orders.at(static_cast<std::size_t>(query.order)),
+                     query.descending ? " DESC" : "");
 }
 
 std::string selectTasks(Desk& desk, const char* columns, const TaskQuery& query) {

@@ -47,8 +47,8 @@ class NotificationComposer : public Form {
   RichTextBox rtbText{*this, "rtbText"};
   CheckBox chkAddAddress;
   Label lblScheduled{*this, "lblScheduled"};
-  NotificationDateField notificationDate{*this};
   Button cmdRefreshComment{*this, "cmdRefreshComment", "Refresh Comment"};
+  NotificationDateField notificationDate{*this};
   Button cmdFinish{*this, "cmdFinish", "Finish"};
   Button cmdCancel{*this, "cmdCancel", "Cancel"};
 
