@@ -17,6 +17,9 @@ constexpr std::string_view schemes[] = {"postgresql://", "postgres://"};
 constexpr const char* sessionSettings =
     "-c datestyle=ISO -c extra_float_digits=1 -c idle_in_transaction_session_timeout=0";
 
+/// Others' locks are waited for as long as beside a file, unless the address says otherwise.
+constexpr const char* customarySettings = "-c lock_timeout=5s";
+
 using Options = std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)>;
 
 [[noreturn]] void refuse(const std::string& why) {
@@ -76,8 +79,8 @@ ServerAddress::ServerAddress(const std::string& url) : url_(shown(url)) {
     values[option->keyword] = option->val;
   }
   values["client_encoding"] = "UTF8";
-  std::string& sessionOptions = values["options"];
-  sessionOptions += (sessionOptions.empty() ? "" : " ") + std::string(sessionSettings);
+  std::string& given = values["options"];
+  given = std::string(customarySettings) + ' ' + given + ' ' + sessionSettings;
   for (const auto& [keyword, value] : values)
     parameters_ += (parameters_.empty() ? "" : " ") + keyword + '=' + quoted(value);
 }
