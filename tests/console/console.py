@@ -1,17 +1,18 @@
 """Runs the console program in a folder of its own; shared by the tests."""
 
-import contextlib
 import json
 import os
 import shutil
-import sqlite3
 import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
+import engines
+
 PROGRAM = os.environ["HVNOTIFY"]
 TODAY = "2026-04-15"
+ENGINE = engines.chosen()
 
 
 class Run:
@@ -32,29 +33,41 @@ def call(folder, *arguments, today=TODAY, database="firm.db", environment=None):
 
 
 def command(*arguments, today=TODAY, database="firm.db"):
-    return [PROGRAM, "--database", database, "--today", today, *map(str, arguments)]
+    return [PROGRAM, "--database", database, "--today", today, *ENGINE.options,
+            *map(str, arguments)]
+
+
+def files_only(reason):
+    """Marks a test or a class of tests that means nothing on a server."""
+    return unittest.skipIf(ENGINE.on_server, f"files only: {reason}")
 
 
 class ConsoleTest(unittest.TestCase):
-    """Each test has a fresh copy of one small demo firm, firm.db."""
+    """Each test has a fresh copy of one small demo firm, self.database."""
 
     maxDiff = None
     demo = ["--clients", "40", "--seed", "7"]
 
     @classmethod
     def setUpClass(cls):
-        cls.store = Path(tempfile.mkdtemp(prefix="hvnotify-test-"))
-        cls.addClassCleanup(shutil.rmtree, cls.store)
-        made = call(cls.store, "init", "--demo", *cls.demo)
+        folder = Path(tempfile.mkdtemp(prefix="hvnotify-test-"))
+        cls.addClassCleanup(shutil.rmtree, folder)
+        cls.original = folder, ENGINE.empty(cls)
+        ENGINE.prepare(folder)
+        made = call(folder, "init", "--demo", *cls.demo, database=cls.original[1])
         assert made.code == 0, made.err
 
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp(prefix="hvnotify-test-"))
         self.addCleanup(shutil.rmtree, self.folder)
-        shutil.copy(self.store / "firm.db", self.folder)
+        ENGINE.prepare(self.folder)
+        self.database = ENGINE.copy(self, self.folder, self.original)
+
+    def command(self, *arguments, **options):
+        return command(*arguments, **{"database": self.database, **options})
 
     def run_program(self, *arguments, **options):
-        return call(self.folder, *arguments, **options)
+        return call(self.folder, *arguments, **{"database": self.database, **options})
 
     def expect(self, arguments, out="", err="", code=0, **options):
         """Compares everything that the call gives; an error line comes without its prefix."""
@@ -65,17 +78,19 @@ class ConsoleTest(unittest.TestCase):
 
     def sql(self, statement, *values):
         """Rows of the database, or a change of it behind the program's back."""
-        with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as connection:
-            rows = connection.execute(statement, values).fetchall()
-            connection.commit()
-            return rows
+        with ENGINE.connection(self.folder, self.database) as execute:
+            return execute(statement, values)
+
+    def writes_held(self):
+        """While it lasts, another program is at work on the database: it can be read only."""
+        return ENGINE.held(self.folder, self.database)
 
     def one(self, statement, *values):
         return self.sql(statement, *values)[0][0]
 
     def free_task(self):
         """An open task of a company, due late enough to be told of in time, with no channel."""
-        return self.one("SELECT ScheduleID FROM Schedule WHERE Closed=0 AND notifyType=0 AND "
+        return self.one("SELECT ScheduleID FROM Schedule WHERE Closed=FALSE AND notifyType=0 AND "
                         "ClientNum>=0 AND DueDate>'2026-07-01' ORDER BY ScheduleID LIMIT 1")
 
     def arm(self, channels="email"):
@@ -87,7 +102,7 @@ class ConsoleTest(unittest.TestCase):
     def due_email(self):
         """A notification by email that is due and has an address."""
         return self.one("SELECT ClientNotificationID FROM ClientNotification WHERE "
-                        "NotificationSent=0 AND NotificationType=1 AND Field1 IS NOT NULL AND "
+                        "NotificationSent=FALSE AND NotificationType=1 AND Field1 IS NOT NULL AND "
                         "NotificationDate<='2026-04-15' ORDER BY ClientNotificationID LIMIT 1")
 
     def state(self, notification):

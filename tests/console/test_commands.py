@@ -125,7 +125,7 @@ class ChangeTest(ConsoleTest):
 class ListTest(ConsoleTest):
     def test_due_is_unsent_and_dated_today_or_before(self):
         wanted = self.sql("SELECT ClientNotificationID, date(NotificationDate) FROM "
-                          "ClientNotification WHERE NotificationSent=0 AND NotificationDate<="
+                          "ClientNotification WHERE NotificationSent=FALSE AND NotificationDate<="
                           "'2026-04-15' ORDER BY NotificationDate, ClientNotificationID")
         self.assertTrue(wanted)
         rows = self.run_program("--json", "due").json()
@@ -135,7 +135,7 @@ class ListTest(ConsoleTest):
 
     def test_due_as_a_table(self):
         keep = self.due_email()
-        self.sql("DELETE FROM ClientNotification WHERE NotificationSent=0 AND "
+        self.sql("DELETE FROM ClientNotification WHERE NotificationSent=FALSE AND "
                  "ClientNotificationID<>?", keep)
         company = "A very long name of a company that goes on beyond forty characters Inc."
         self.sql("UPDATE ClientNotification SET ScheduleIDNum=-1, ApptIDNum=-1, TaskIDNum=-1, "
@@ -147,7 +147,7 @@ class ListTest(ConsoleTest):
                              f"{keep:<12}  2026-04-01  email    {company}  \n")
 
     def test_tasks(self):
-        wanted = self.sql("SELECT ScheduleID, notifyType FROM Schedule WHERE Closed=0 AND "
+        wanted = self.sql("SELECT ScheduleID, notifyType FROM Schedule WHERE Closed=FALSE AND "
                           "DueDate<='2026-05-31' ORDER BY DueDate, ScheduleID")
         rows = self.run_program("--json", "tasks", "--until", "2026-05-31").json()
         names = dict(zip(CHANNELS, (1, 2, 4, 8)))

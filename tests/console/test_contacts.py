@@ -7,7 +7,7 @@ class ContactsTest(ConsoleTest):
     def setUp(self):
         super().setUp()
         self.company, self.contact = self.sql(
-            "SELECT CompanyNum, ContactIDNum FROM ContactLinks WHERE DefaultContact=1 AND "
+            "SELECT CompanyNum, ContactIDNum FROM ContactLinks WHERE DefaultContact=TRUE AND "
             "CompanyNum>0 ORDER BY CompanyNum LIMIT 1")[0]
         self.sql("UPDATE Companies SET CompanyName='Acme', Address='1 Elm', City='Ottawa', "
                  "Province='ON', PostalCode='K2G 0Z1', Country='Canada', OfficeNumber='1', "
@@ -17,7 +17,7 @@ class ContactsTest(ConsoleTest):
                  "BusinessCountry='USA', BusinessPhone_Main='3', BusinessPhone_Fax=NULL, "
                  "BusinessPhone_Cell=NULL, BusinessEmail='zoe@x', PersonalEmail='ACME@x', "
                  "HomeAddress='5 Fir', HomeCity=NULL, HomeProvince=NULL, HomePostalCode=NULL, "
-                 "HomeCountry=NULL, InheritCompanyInfo=1 WHERE ContactID=?", self.contact)
+                 "HomeCountry=NULL, InheritCompanyInfo=TRUE WHERE ContactID=?", self.contact)
         self.sql("DELETE FROM ContactLinks WHERE CompanyNum=? AND ContactIDNum<>?", self.company,
                  self.contact)
 
@@ -61,7 +61,7 @@ class ContactsTest(ConsoleTest):
                          run.json())
 
     def default_count(self):
-        return self.one("SELECT count(*) FROM ContactLinks WHERE CompanyNum=? AND DefaultContact=1",
+        return self.one("SELECT count(*) FROM ContactLinks WHERE CompanyNum=? AND DefaultContact=TRUE",
                         self.company)
 
     def test_refusals(self):

@@ -7,14 +7,14 @@ import sqlite3
 import subprocess
 import time
 
-from console import ConsoleTest, Run, command
+from console import ENGINE, ConsoleTest, Run, command, files_only
 
 NOBODY = 65534
-LOCKED = "The database is locked by another user: database is locked (engine code 5)"
 DAMAGED = "The database file is damaged: database disk image is malformed (engine code 11)"
 
 
-class DatabaseFaultTest(ConsoleTest):
+@files_only("whole files are missing, damaged or shut off")
+class DatabaseFileTest(ConsoleTest):
     def expect_unusable(self, database, words):
         for arguments in (["due"], ["send", "--due"]):
             self.expect(arguments, err=words, code=3, database=database)
@@ -57,25 +57,8 @@ class DatabaseFaultTest(ConsoleTest):
             holder.execute("PRAGMA locking_mode=EXCLUSIVE")
             holder.execute("BEGIN EXCLUSIVE")
             begin = time.monotonic()
-            self.expect(["due"], err=f"firm.db: {LOCKED}", code=3)
+            self.expect(["due"], err=f"firm.db: {ENGINE.locked}", code=3)
             self.assertLess(time.monotonic() - begin, 20)
-
-    def test_written_by_another_program(self):
-        notification, task = self.due_email(), self.free_task()
-        address = self.one("SELECT Field1 FROM ClientNotification WHERE ClientNotificationID=?",
-                           notification)
-        due = self.run_program("due").out
-        with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as writer:
-            writer.execute("BEGIN IMMEDIATE")
-            self.expect(["due"], due)  # readers do not wait
-            self.expect(["arm", task, "--channel", "fax"], err=f"task {task}, fax: {LOCKED}", code=1)
-            run = self.run_program("send", notification)
-            self.assertEqual((1, f"hvnotify: notification {notification} could not be marked sent: "
-                                 f"to {address}; {LOCKED}\n"), (run.code, run.err))
-        run = self.run_program("send", notification)
-        self.assertEqual((0, ""), (run.code, run.err))
-        self.assertIn("was in the outbox already", run.out)
-        self.assertEqual(1, len(self.messages()))
 
     def test_without_permission(self):
         self.folder.chmod(0o755)
@@ -108,6 +91,25 @@ class DatabaseFaultTest(ConsoleTest):
         run = self.run_program("init", database="no/where.db")
         self.assertEqual((3, ""), (run.code, run.out))
         self.assertEqual({"firm.db", "notes.txt", "link.db"}, set(os.listdir(self.folder)))
+
+
+class OtherProgramTest(ConsoleTest):
+    def test_written_by_another_program(self):
+        notification, task = self.due_email(), self.free_task()
+        address = self.one("SELECT Field1 FROM ClientNotification WHERE ClientNotificationID=?",
+                           notification)
+        due = self.run_program("due").out
+        with self.writes_held():
+            self.expect(["due"], due)  # readers do not wait
+            self.expect(["arm", task, "--channel", "fax"], code=1,
+                        err=f"task {task}, fax: {ENGINE.locked}")
+            run = self.run_program("send", notification)
+            self.assertEqual((1, f"hvnotify: notification {notification} could not be marked sent: "
+                                 f"to {address}; {ENGINE.locked}\n"), (run.code, run.err))
+        run = self.run_program("send", notification)
+        self.assertEqual((0, ""), (run.code, run.err))
+        self.assertIn("was in the outbox already", run.out)
+        self.assertEqual(1, len(self.messages()))
 
 
 class RowFaultTest(ConsoleTest):

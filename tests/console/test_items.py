@@ -14,7 +14,7 @@ class ItemTest(ConsoleTest):
         return self.one(f"SELECT max({table.rstrip('s')}ID) FROM {table}")
 
     def company(self):
-        return self.one("SELECT min(CompanyIDNum) FROM ClientData WHERE ShowThisClient=1")
+        return self.one("SELECT min(CompanyIDNum) FROM ClientData WHERE ShowThisClient=TRUE")
 
     def contact(self):
         return self.one("SELECT min(ContactID) FROM Contacts WHERE PersonalEmail<>''")
@@ -43,8 +43,9 @@ class ItemTest(ConsoleTest):
     def test_a_time_entry_is_for_its_own_client(self):
         contact = self.contact()
         item = self.add_item("Dockets", contact=contact)
-        self.sql("INSERT OR REPLACE INTO Appointments (AppointmentID, CompanyIDNum) VALUES (?, ?)",
-                 item, self.company())
+        self.sql("DELETE FROM Appointments WHERE AppointmentID=?", item)
+        self.sql("INSERT INTO Appointments (AppointmentID, CompanyIDNum) VALUES (?, ?)", item,
+                 self.company())
         (armed,) = self.run_program("--json", "arm-item", "time-entry", item, "--channel", "email",
                                     "--date", "2026-04-20").json()
         shown = self.run_program("--json", "show", armed["notification"]).json()

@@ -5,7 +5,7 @@ import tempfile
 from pathlib import Path
 import unittest
 
-from console import call
+from console import ENGINE, call
 
 PROVINCES = ["AB", "BC", "MB", "ON", "SK", "QC", "NS", "NB", "NL", "PE"]
 
@@ -17,17 +17,21 @@ class PlaceTest(unittest.TestCase):
             with self.subTest(place):
                 folder = Path(tempfile.mkdtemp(prefix="hvnotify-test-"))
                 self.addCleanup(shutil.rmtree, folder)
-                made = call(folder, "init", "--demo", "--clients", 30, "--seed", 3, *place)
-                self.assertEqual((0, "Made firm.db with 30 clients.\n", ""),
+                ENGINE.prepare(folder)
+                firm = ENGINE.empty(self)
+                made = call(folder, "init", "--demo", "--clients", 30, "--seed", 3, *place,
+                            database=firm)
+                self.assertEqual((0, f"Made {firm} with 30 clients.\n", ""),
                                  (made.code, made.out, made.err))
-                tasks = {row["name"]: row["task"] for row in call(folder, "--json", "tasks").json()}
+                listed = call(folder, "--json", "tasks", database=firm).json()
+                tasks = {row["name"]: row["task"] for row in listed}
                 self.assertGreater(len(tasks), 3)
                 for name, task in tasks.items():
-                    self.check_text(folder, name, task)
+                    self.check_text(folder, firm, name, task)
 
-    def check_text(self, folder, name, task):
+    def check_text(self, folder, firm, name, task):
         for option, marks in [([], ["\\'ab", "\\'bb"]), (["--plain"], ["«", "»", "\\'"])]:
-            merged = call(folder, "merge", task, *option)
+            merged = call(folder, "merge", task, *option, database=firm)
             self.assertEqual((0, ""), (merged.code, merged.err))
             self.assertGreater(len(merged.out), 200)
             for mark in marks:

@@ -4,7 +4,7 @@ import email
 import email.policy
 import subprocess
 
-from console import ConsoleTest, command
+from console import ConsoleTest
 
 UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
            "the outbox (settle it with send --mark-only or send --again)")
@@ -15,7 +15,7 @@ REASONS = {2: "a fax goes out by hand from its text", 4: "a letter goes out by h
 class SendTest(ConsoleTest):
     def due(self):
         return self.sql("SELECT ClientNotificationID, NotificationType FROM ClientNotification "
-                        "WHERE NotificationSent=0 AND NotificationDate<='2026-04-15' "
+                        "WHERE NotificationSent=FALSE AND NotificationDate<='2026-04-15' "
                         "ORDER BY NotificationDate, ClientNotificationID")
 
     def results(self, *arguments):
@@ -24,7 +24,7 @@ class SendTest(ConsoleTest):
 
     def interrupt(self, notification, sent, status):
         self.sql("UPDATE ClientNotification SET NotificationSent=?, NotificationSentStatus=?, "
-                 "SentTime=NULL WHERE ClientNotificationID=?", sent, status, notification)
+                 "SentTime=NULL WHERE ClientNotificationID=?", bool(sent), status, notification)
 
     def test_all_that_is_due(self):
         due = self.due()
@@ -52,13 +52,19 @@ class SendTest(ConsoleTest):
                          message.get_content().replace("\r\n", "\n").strip())
         self.assertEqual("2026-04-15", message["Date"].datetime.date().isoformat())
 
+    def everything(self):
+        """The rows that sending may change, and the names of all files."""
+        return (self.sql("SELECT * FROM ClientNotification ORDER BY 1"),
+                self.sql("SELECT * FROM Schedule ORDER BY 1"),
+                sorted(file.relative_to(self.folder) for file in self.folder.rglob("*")
+                       if not file.name.endswith((".claims", "-wal", "-shm"))))
+
     def test_dry_run_changes_nothing(self):
-        before = (self.folder / "firm.db").read_bytes()
+        before = self.everything()
         results, run = self.results("--due", "--dry-run")
         self.assertEqual((0, ""), (run.code, run.err))
         self.assertEqual({"would be sent", "skipped"}, {result for result, _ in results.values()})
-        self.assertFalse((self.folder / "firm.db.outbox").exists())
-        self.assertEqual(before, (self.folder / "firm.db").read_bytes())
+        self.assertEqual(before, self.everything())
 
     def test_bad_rows_do_not_hold_up_the_others(self):
         emails = [row for row, channel in self.due() if channel == 1]
@@ -149,12 +155,11 @@ class SendTest(ConsoleTest):
             self.assertEqual((0, 1), self.state(row))
 
     def test_several_programs_at_once_send_each_once(self):
-        original = (self.folder / "firm.db").read_bytes()
         emails = {row for row, channel in self.due() if channel == 1}
         for round_number in range(6):
             outbox = f"outbox{round_number}"
             (self.folder / outbox).mkdir()
-            runs = [subprocess.Popen(command("--outbox", outbox, "send", "--due"),
+            runs = [subprocess.Popen(self.command("--outbox", outbox, "send", "--due"),
                                      cwd=self.folder, stdout=subprocess.PIPE,
                                      stderr=subprocess.PIPE, text=True) for _ in range(3)]
             for run in runs:
@@ -162,6 +167,5 @@ class SendTest(ConsoleTest):
                 self.assertEqual((0, ""), (run.returncode, errors))
             self.assertEqual(len(emails), len(self.messages(outbox)))
             self.assertEqual({(1, 2)}, {self.state(row) for row in emails})
-            for ending in ("-wal", "-shm"):
-                (self.folder / f"firm.db{ending}").unlink(missing_ok=True)
-            (self.folder / "firm.db").write_bytes(original)
+            for row in emails:
+                self.interrupt(row, 0, 1)

@@ -170,7 +170,7 @@ class Smtp(ConsoleTest):
         for separator in (", ", ";"):
             with self.subTest(separator):
                 recipients = [f"p{number}@x.example" for number in range(5000)]
-                self.sql("UPDATE ClientNotification SET Field1=?, Field2=?, NotificationSent=0 "
+                self.sql("UPDATE ClientNotification SET Field1=?, Field2=?, NotificationSent=FALSE "
                          "WHERE ClientNotificationID=?", separator.join(recipients),
                          separator.join(recipients[:9]), self.row)
                 run = self.send(f"smtp-plain://127.0.0.1:{self.serve('take')}")

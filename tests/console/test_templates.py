@@ -9,7 +9,7 @@ class Templates(ConsoleTest):
         return self.sql(
             "SELECT ScheduleTypeID, t.TotalNum, t.ScheduleNum FROM ScheduleTypes t JOIN Schedule s "
             "ON s.totalNum=t.TotalNum AND s.scheduleNum=t.ScheduleNum JOIN ClientNotification n ON "
-            "n.ScheduleIDNum=s.ScheduleID WHERE n.NotificationSent=0 AND s.ClientNum>=0 GROUP BY 1 "
+            "n.ScheduleIDNum=s.ScheduleID WHERE n.NotificationSent=FALSE AND s.ClientNum>=0 GROUP BY 1 "
             "ORDER BY COUNT(*) DESC LIMIT 1")[0]
 
     def memos(self):
@@ -26,7 +26,7 @@ class Templates(ConsoleTest):
         changed = {row for row in before if before[row] != after[row]}
         covered = {row for (row,) in self.sql(
             "SELECT ClientNotificationID FROM ClientNotification JOIN Schedule ON "
-            "ScheduleIDNum=ScheduleID WHERE NotificationSent=0 AND ClientNum>=0 AND totalNum=? AND "
+            "ScheduleIDNum=ScheduleID WHERE NotificationSent=FALSE AND ClientNum>=0 AND totalNum=? AND "
             "scheduleNum=?", total, number)}
         self.assertEqual(changed, covered)
         self.assertGreater(len(covered), 0)

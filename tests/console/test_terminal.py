@@ -4,12 +4,11 @@ import contextlib
 import fcntl
 import os
 import pty
-import sqlite3
 import struct
 import subprocess
 import termios
 
-from console import ConsoleTest, command
+from console import ENGINE, ConsoleTest
 
 
 class TerminalTest(ConsoleTest):
@@ -17,7 +16,7 @@ class TerminalTest(ConsoleTest):
         """What a person sees who types `answers`, and the exit code."""
         screen, terminal = pty.openpty()
         fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-        process = subprocess.Popen(command(*arguments), cwd=self.folder, stdin=terminal,
+        process = subprocess.Popen(self.command(*arguments), cwd=self.folder, stdin=terminal,
                                    stdout=terminal, stderr=terminal)
         os.close(terminal)
         os.write(screen, answers.encode())
@@ -49,8 +48,7 @@ class TerminalTest(ConsoleTest):
     def test_errors_are_asked_about_unless_in_batch(self):
         question = "1 continue, 2 leave, 3 retry?"
         task = self.free_task()
-        with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as writer:
-            writer.execute("BEGIN IMMEDIATE")
+        with self.writes_held():
             arm = ["arm", task, "--channel", "fax"]
             shown, code = self.at_terminal(*arm, answers="x\n2\n")
             self.assertEqual((2, 1), (shown.count(question), code), shown)
@@ -65,7 +63,7 @@ class LargeFirmTest(ConsoleTest):
 
     def used_by(self, database, *arguments):
         """Kilobytes at most and seconds of work."""
-        process = subprocess.Popen(command(*arguments, database=database), cwd=self.folder,
+        process = subprocess.Popen(self.command(*arguments, database=database), cwd=self.folder,
                                    stdout=subprocess.DEVNULL)
         _, status, used = os.wait4(process.pid, 0)
         process.returncode = os.waitstatus_to_exitcode(status)
@@ -73,9 +71,10 @@ class LargeFirmTest(ConsoleTest):
         return used.ru_maxrss, used.ru_utime + used.ru_stime
 
     def test_a_long_past_costs_no_memory(self):
-        self.run_program("init", "--demo", *self.demo[:4], database="young.db")
+        young = ENGINE.empty(self, "young.db")
+        self.run_program("init", "--demo", *self.demo[:4], database=young)
         for arguments in (["due"], ["send", "--due", "--dry-run"]):
-            memory, seconds = self.used_by("firm.db", *arguments)
-            without_past, _ = self.used_by("young.db", *arguments)
+            memory, seconds = self.used_by(self.database, *arguments)
+            without_past, _ = self.used_by(young, *arguments)
             self.assertLess(memory, without_past + 10_000)
             self.assertLess(seconds, 5)

@@ -75,7 +75,7 @@ class UsageTest(ConsoleTest):
 
     def test_last_of_repeated_options_counts(self):
         once = self.run_program("due")
-        self.expect(["--database", "firm.db", "--today", "2026-04-15", "due"], once.out,
+        self.expect(["--database", self.database, "--today", "2026-04-15", "due"], once.out,
                     database="nowhere.db", today="2001-01-01")
 
     def test_global_options_may_follow_the_command(self):
