@@ -5,18 +5,15 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHBoxLayout>
-#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QTableView>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -31,7 +28,6 @@
 namespace autonotify::desktop {
 namespace {
 
-constexpr int filterPauseMs = 200;
 constexpr const char* lastDatabaseKey = "lastDatabase";
 constexpr const char* geometryKey = "mainWindow";
 
@@ -40,24 +36,22 @@ enum Page { noDatabasePage, noTaskPage, taskPage };
 }  // namespace
 
 MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
-    : QMainWindow(parent),
-      options_(std::move(options)),
-      forms_(*this),
-      tasks_(new TaskTableModel(this)) {
+    : QMainWindow(parent), options_(std::move(options)), forms_(*this), tasks_(new TaskPage(this)) {
   setWindowTitle(tr("Client Notifications"));
   makeActions();
   pages_ = new QStackedWidget(this);
   pages_->addWidget(makeEmptyPage(tr("No database is open"),
-                                  tr("Open your firm's database to see its tasks."), open_));
-  pages_->addWidget(
-      makeEmptyPage(tr("No open task"), tr("The firm has nothing left to do."), nullptr));
-  pages_->addWidget(makeTaskPage());
+                                  tr("Open your firm's database to see its tasks."),
+                                  {open_, openServer_}));
+  pages_->addWidget(makeEmptyPage(tr("No open task"), tr("The firm has nothing left to do."), {}));
+  pages_->addWidget(tasks_);
   setCentralWidget(pages_);
   makeMenus();
   counts_ = new QLabel(this);
   statusBar()->addPermanentWidget(counts_);
-  connect(tasks_, &TaskTableModel::failed, this, &MainWindow::tellFault, Qt::QueuedConnection);
-  connect(tasks_, &QAbstractItemModel::modelReset, this, [this] {
+  connect(tasks_, &TaskPage::failed, this, &MainWindow::tellFault);
+  connect(tasks_, &TaskPage::activated, this, &MainWindow::openTask);
+  connect(tasks_, &TaskPage::changed, this, [this] {
     updatePage();
     updateCommands();
   });
@@ -73,23 +67,28 @@ MainWindow::~MainWindow() {
   tasks_->setDesk(nullptr);
 }
 
+std::unique_ptr<host::Desk> MainWindow::makeDesk(const host::DeskOptions& options) {
+  host::DeskOptions all = options;
+  if (all.outbox.empty()) all.outbox = chosenOutbox();
+  all.mailServer = chosenMailServer();
+  if (all.mailServer) all.mailServer->whileWaiting = WaitingSender::paintWindows;
+  auto desk = std::make_unique<host::Desk>(all, host::DeskDialogs{errors_, messages_, forms_});
+  if (mailProgramIsChosen()) {
+    desk->classes().registerClass<MailProgramSender>();
+  } else {
+    WaitingSender::registerAt(*desk);
+  }
+  return desk;
+}
+
 bool MainWindow::openDatabase(const QString& place) {
   host::DeskOptions options = options_;
   const bool isFile = host::isFile(plain(place));
   options.database = plain(isFile ? QFileInfo(place).absoluteFilePath() : place);
-  if (options.outbox.empty()) options.outbox = chosenOutbox();
   QString fault;
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
-    options.mailServer = chosenMailServer();
-    if (options.mailServer) options.mailServer->whileWaiting = WaitingSender::paintWindows;
-    auto desk =
-        std::make_unique<host::Desk>(options, host::DeskDialogs{errors_, messages_, forms_});
-    if (mailProgramIsChosen()) {
-      desk->classes().registerClass<MailProgramSender>();
-    } else {
-      WaitingSender::registerAt(*desk);
-    }
+    auto desk = makeDesk(options);
     tasks_->setDesk(desk.get());
     desk_ = std::move(desk);
   } catch (const PlatformError& error) {
@@ -122,6 +121,7 @@ QAction* MainWindow::addCommand(const QString& text, const QKeySequence& keys,
 void MainWindow::perform(void (MainWindow::*run)()) {
   if (isAtWork_) return;
   isAtWork_ = true;
+  const auto done = qScopeGuard([this] { isAtWork_ = false; });
   try {
     (this->*run)();
     // An open file can be written to on and on after someone has deleted it.
@@ -130,7 +130,6 @@ void MainWindow::perform(void (MainWindow::*run)()) {
   } catch (const PlatformError& error) {
     tellFault(shown(error.description()).section('\n', 0, 0));
   }
-  isAtWork_ = false;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -160,11 +159,8 @@ void MainWindow::makeMenus() {
   task->addActions({compose_, schedule_, edit_});
   QMenu* view = menuBar()->addMenu(tr("&View"));
   view->addAction(refresh_);
-  QAction* find = view->addAction(tr("&Find Task"), filter_, [this] {
-    filter_->setFocus(Qt::ShortcutFocusReason);
-    filter_->selectAll();
-  });
-  find->setShortcut(QKeySequence::Find);
+  view->addAction(tr("&Find Task"), tasks_, &TaskPage::focusFilter)
+      ->setShortcut(QKeySequence::Find);
   menuBar()
       ->addMenu(tr("T&ools"))
       ->addAction(tr("&Options..."), this, [this] { perform(&MainWindow::changeOptions); })
@@ -177,61 +173,8 @@ void MainWindow::makeMenus() {
   bar->addActions({compose_, schedule_, edit_, refresh_});
 }
 
-QWidget* MainWindow::makeTaskPage() {
-  auto* page = new QWidget(this);
-  filter_ = new QLineEdit(page);
-  filter_->setObjectName("filter");
-  filter_->setPlaceholderText(tr("Find a client or task"));
-  filter_->setClearButtonEnabled(true);
-  filterPause_ = new QTimer(this);
-  filterPause_->setSingleShot(true);
-  filterPause_->setInterval(filterPauseMs);
-  connect(filter_, &QLineEdit::textChanged, filterPause_, qOverload<>(&QTimer::start));
-  connect(filterPause_, &QTimer::timeout, this, [this] { tasks_->setFilter(filter_->text()); });
-  dueBadge_ = new QPushButton(tr("Due today"), page);
-  dueBadge_->setObjectName("dueBadge");
-  dueBadge_->setCheckable(true);
-  dueBadge_->setAutoDefault(false);
-  dueBadge_->setToolTip(tr("Show only the tasks whose clients are to be notified today"));
-  connect(dueBadge_, &QPushButton::toggled, tasks_, &TaskTableModel::setDueOnly);
-
-  table_ = new QTableView(page);
-  table_->setObjectName("tasks");
-  table_->setModel(tasks_);
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::SingleSelection);
-  table_->setAlternatingRowColors(true);
-  table_->setShowGrid(false);
-  table_->setTabKeyNavigation(false);
-  table_->setWordWrap(false);
-  table_->verticalHeader()->hide();
-  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
-  table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  table_->horizontalHeader()->setHighlightSections(false);
-  table_->horizontalHeader()->setSortIndicator(TaskTableModel::dueDate, Qt::AscendingOrder);
-  table_->setSortingEnabled(true);
-  const int widths[] = {260, 260, 100, 100, 130};
-  for (int column = 0; column < static_cast<int>(std::size(widths)); ++column)
-    table_->setColumnWidth(column, widths[column]);
-  table_->horizontalHeader()->setStretchLastSection(true);
-  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &MainWindow::updateCommands);
-  connect(table_, &QTableView::activated, this, &MainWindow::openTask);
-  auto* nothing = new QLabel(tr("No open task fits."), table_->viewport());
-  (new QVBoxLayout(table_->viewport()))->addWidget(nothing, 0, Qt::AlignCenter);
-  connect(tasks_, &QAbstractItemModel::modelReset, nothing,
-          [this, nothing] { nothing->setVisible(tasks_->rowCount() == 0); });
-
-  auto* top = new QHBoxLayout;
-  top->addWidget(filter_, 1);
-  top->addWidget(dueBadge_);
-  auto* layout = new QVBoxLayout(page);
-  layout->addLayout(top);
-  layout->addWidget(table_);
-  return page;
-}
-
-QWidget* MainWindow::makeEmptyPage(const QString& title, const QString& hint, QAction* action) {
+QWidget* MainWindow::makeEmptyPage(const QString& title, const QString& hint,
+                                   const QList<QAction*>& actions) {
   auto* page = new QWidget(this);
   auto* layout = new QVBoxLayout(page);
   layout->addStretch();
@@ -240,7 +183,7 @@ QWidget* MainWindow::makeEmptyPage(const QString& title, const QString& hint, QA
     label->setAlignment(Qt::AlignCenter);
     layout->addWidget(label);
   }
-  if (action) {
+  for (QAction* action : actions) {
     auto* button = new QPushButton(action->text(), page);
     connect(button, &QPushButton::clicked, action, &QAction::trigger);
     layout->addWidget(button, 0, Qt::AlignCenter);
@@ -276,7 +219,7 @@ void MainWindow::chooseServer() {
 }
 
 void MainWindow::composeEmail() {
-  const host::TaskLine* line = chosenTask();
+  const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
   desk_->control().cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
       Tasks, remittanceNotification, noId, line->task.id);
@@ -284,7 +227,7 @@ void MainWindow::composeEmail() {
 }
 
 void MainWindow::scheduleEmail() {
-  const host::TaskLine* line = chosenTask();
+  const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
   const Id task = line->task.id;
   whileClaimed(host::WorkItem::task, task, [&] {
@@ -299,7 +242,7 @@ void MainWindow::scheduleEmail() {
 }
 
 void MainWindow::editEmail() {
-  const host::TaskLine* line = chosenTask();
+  const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
   const Id row = host::findPendingNotification(*desk_, line->task.id, nt_Email);
   if (row == noId) return refresh();
@@ -321,9 +264,7 @@ void MainWindow::changeOptions() {
 }
 
 void MainWindow::refresh() {
-  const int row = table_->currentIndex().row();
   if (desk_) tasks_->reload();
-  if (row >= 0 && row < tasks_->rowCount()) table_->selectRow(row);
   updateCounts();
 }
 
@@ -347,13 +288,8 @@ void MainWindow::tellFault(const QString& message) {
   box.exec();
 }
 
-const host::TaskLine* MainWindow::chosenTask() const {
-  const QModelIndexList rows = table_->selectionModel()->selectedRows();
-  return rows.isEmpty() ? nullptr : &tasks_->lineAt(rows.front());
-}
-
 void MainWindow::updateCommands() {
-  const host::TaskLine* line = chosenTask();
+  const host::TaskLine* line = tasks_->chosen();
   const bool isScheduled = line && (line->pendingChannels & nt_Email);
   compose_->setEnabled(line != nullptr);
   schedule_->setEnabled(line && !isScheduled);
@@ -362,13 +298,7 @@ void MainWindow::updateCommands() {
 }
 
 void MainWindow::updatePage() {
-  // The filter stays in reach while it has text.
-  const bool hasTasks =
-      tasks_->rowCount() > 0 || !filter_->text().isEmpty() || dueBadge_->isChecked();
-  pages_->setCurrentIndex(!desk_ && tasks_->rowCount() == 0 ? noDatabasePage
-                          : hasTasks                        ? taskPage
-                                                            : noTaskPage);
-  if (pages_->currentIndex() == taskPage && !table_->currentIndex().isValid()) table_->selectRow(0);
+  pages_->setCurrentIndex(tasks_->hasTasks() ? taskPage : desk_ ? noTaskPage : noDatabasePage);
 }
 
 void MainWindow::updateCounts() {
@@ -388,10 +318,7 @@ void MainWindow::showCounts() {
     const auto tasks = host::countTasks(*desk_, {});
     const auto due = host::countDueNotifications(*desk_);
     counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
-    dueBadge_->setText(due ? tr("%L1 due today").arg(due) : tr("Nothing is due today"));
-    QFont font = this->font();
-    font.setBold(due > 0);
-    dueBadge_->setFont(font);
+    tasks_->showDue(due);
   } catch (const PlatformError& error) {
     counts_->setText(shown(error.description()).section('\n', 0, 0));
   }

@@ -5,17 +5,13 @@
 
 #include "DialogErrorClass.h"
 #include "DialogMsgbox.h"
+#include "TaskPage.h"
 #include "binding/QtFormHost.h"
 #include "host/desk/Desk.h"
-#include "models/TaskTableModel.h"
 
 class QAction;
 class QLabel;
-class QPushButton;
-class QLineEdit;
 class QStackedWidget;
-class QTableView;
-class QTimer;
 
 namespace autonotify::desktop {
 
@@ -40,10 +36,10 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options);
   void makeActions();
   void makeMenus();
-  QWidget* makeTaskPage();
-  QWidget* makeEmptyPage(const QString& title, const QString& hint, QAction* action);
+  QWidget* makeEmptyPage(const QString& title, const QString& hint, const QList<QAction*>& actions);
   QAction* addCommand(const QString& text, const QKeySequence& keys, void (MainWindow::*run)());
 
   /// Runs the command unless one is running: the component lets events through while its windows
@@ -65,8 +61,6 @@ class MainWindow : public QMainWindow {
   void tellLoss();
   void tellFault(const QString& message);
 
-  /// The task that the commands are for; null when none is chosen.
-  const host::TaskLine* chosenTask() const;
   void updateCommands();
   void updatePage();
   /// The counts follow when the window has been painted.
@@ -78,7 +72,7 @@ class MainWindow : public QMainWindow {
   DialogMsgbox messages_;
   QtFormHost forms_;
   std::unique_ptr<host::Desk> desk_;
-  TaskTableModel* tasks_;
+  TaskPage* tasks_;
 
   QAction* open_ = nullptr;
   QAction* openServer_ = nullptr;
@@ -86,13 +80,8 @@ class MainWindow : public QMainWindow {
   QAction* schedule_ = nullptr;
   QAction* edit_ = nullptr;
   QAction* refresh_ = nullptr;
-  QLineEdit* filter_ = nullptr;
-  QTableView* table_ = nullptr;
-  /// Says how many notifications are to be sent today; pressed, shows only their tasks.
-  QPushButton* dueBadge_ = nullptr;
   QLabel* counts_ = nullptr;
   QStackedWidget* pages_ = nullptr;
-  QTimer* filterPause_ = nullptr;
   bool countsAreOld_ = false;
   bool isAtWork_ = false;
 };

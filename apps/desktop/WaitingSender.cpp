@@ -2,14 +2,14 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QScopeGuard>
 
 namespace autonotify::desktop {
 
 bool WaitingSender::send() {
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  const bool isSent = host::OutboxEmailSender::send();
-  QApplication::restoreOverrideCursor();
-  return isSent;
+  const auto done = qScopeGuard(QApplication::restoreOverrideCursor);
+  return host::OutboxEmailSender::send();
 }
 
 void WaitingSender::registerAt(host::Desk& desk) {
