@@ -49,13 +49,17 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(const std::string* content) {
 
 }  // namespace
 
-TestHost::TestHost(const std::string* content)
+TestHost::TestHost(const std::string* content) : TestHost(databaseWith(content), nullptr) {}
+
+TestHost::TestHost(DatabaseReference& other) : TestHost(nullptr, &other) {}
+
+TestHost::TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other)
     : plainLocale(testLocale()),
       messages(host::Terminal{}),
       workingFolder(std::filesystem::temp_directory_path().string()),
-      plainDatabase(databaseWith(content)),
-      plainClients(*plainDatabase),
-      database(*plainDatabase, calls),
+      plainDatabase(std::move(own)),
+      plainClients(other ? *other : *plainDatabase),
+      database(other ? *other : *plainDatabase, calls),
       clients(plainClients, calls),
       locale(plainLocale, calls) {
   countUtilities(registry, calls);
@@ -111,7 +115,7 @@ std::string TestHost::dumpWritten() {
 }
 
 int TestHost::notificationCount() {
-  return plainDatabase->connection().execAndGet("SELECT COUNT(*) FROM ClientNotification").getInt();
+  return std::stoi(dump("SELECT COUNT(*) FROM ClientNotification"));
 }
 
 }  // namespace autonotify::test

@@ -25,6 +25,9 @@ class TestHost {
  public:
   /// Starts with a copy of `content`, made by snapshot(); without one with empty tables.
   explicit TestHost(const std::string* content = nullptr);
+  /// On a database of another engine, where `plainDatabase` is null and the derived class gives
+  /// dump().
+  explicit TestHost(DatabaseReference& other);
   virtual ~TestHost();
   TestHost(const TestHost&) = delete;
   TestHost& operator=(const TestHost&) = delete;
@@ -36,9 +39,9 @@ class TestHost {
   /// The tables' content, to start another host with.
   std::string snapshot();
 
-  /// All rows of the tables that the component writes,.
+  /// All rows of the tables that the component writes.
   std::string dumpWritten();
-  std::string dump(const std::string& sql);
+  virtual std::string dump(const std::string& sql);
   int notificationCount();
 
   HostCalls calls;
@@ -59,6 +62,8 @@ class TestHost {
   PlatformServices platform() { return {&registry, &clock, &forms}; }
 
  private:
+  TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other);
+
   bool isAttached_ = false;
 };
 

@@ -4,7 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/database/sqlite/SqliteDatabase.h"
+#include "control/contract/DatabaseReference.h"
+#include "host/database/schema/Schema.h"
 #include "platform/Value.h"
 #include "platform/date_time_text.h"
 
@@ -29,16 +30,18 @@ struct TestClient {
 /// Adds and reads rows past all procedures and all counting.
 class Rows {
  public:
-  explicit Rows(host::SqliteDatabase& database) : database_(&database) {}
+  explicit Rows(DatabaseReference& database) : database_(&database) {}
 
   /// Gives the key of the new row.
   Id addRow(const std::string& table, const RowFields& fields) {
     const RecordsetHandle handle = open("SELECT " + table + ".* FROM " + table + ";");
     database_->addNewRecord(handle);
     for (const auto& [column, text] : fields) database_->setFieldValue(handle, column, text);
+    const std::string& key = host::findTable(table)->columns.front().name;
+    const Id id = toInteger(database_->getFieldValue(handle, key));
     database_->saveNewRecord(handle);
     database_->closeRecordset(handle);
-    return static_cast<Id>(database_->connection().getLastInsertRowid());
+    return id;
   }
   /// The column of the first row where `where` holds; null without a row.
   Value valueOf(const std::string& table, const std::string& column, const std::string& where) {
@@ -49,9 +52,12 @@ class Rows {
     database_->closeRecordset(handle);
     return value;
   }
-  int rowCount(const std::string& table, const std::string& where = "1") {
-    const std::string sql = "SELECT COUNT(*) FROM " + table + " WHERE " + where;
-    return database_->connection().execAndGet(sql).getInt();
+  int rowCount(const std::string& table, const std::string& where = {}) {
+    const RecordsetHandle handle = open("SELECT " + table + ".* FROM " + table +
+                                        (where.empty() ? "" : " WHERE " + where) + ";");
+    const int count = database_->getRecordCount(handle);
+    database_->closeRecordset(handle);
+    return count;
   }
 
   /// A holiday without a type when `type` is empty.
@@ -100,7 +106,7 @@ class Rows {
                                     false);
   }
 
-  host::SqliteDatabase* database_;
+  DatabaseReference* database_;
 };
 
 }  // namespace autonotify::test
