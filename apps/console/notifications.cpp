@@ -10,6 +10,12 @@ const char* workName(host::WorkItem item) {
   return names[static_cast<std::size_t>(item) - 1];
 }
 
+std::unique_ptr<host::Claim> taken(std::unique_ptr<host::Claim> claim, host::WorkItem item, Id id) {
+  if (claim) return claim;
+  throw Refusal(
+      fmt::format("another desk is at work on {} {}; try again later", workName(item), id));
+}
+
 }  // namespace
 
 Json dayJson(DateTime moment) {
@@ -23,10 +29,12 @@ Notification loadNotification(Session& session, Id id) {
 }
 
 std::unique_ptr<host::Claim> claimItem(Session& session, host::WorkItem item, Id id) {
-  auto claim = session.claims().take(item, id);
-  if (claim) return claim;
-  throw Refusal(
-      fmt::format("another desk is at work on {} {}; try again later", workName(item), id));
+  return taken(session.claims().take(item, id), item, id);
+}
+
+std::unique_ptr<host::Claim> claimNotification(Session& session, Id id) {
+  return taken(host::claimNotification(session, loadNotification(session, id)),
+               host::WorkItem::notification, id);
 }
 
 Task loadTask(Session& session, Id id) {

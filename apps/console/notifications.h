@@ -37,8 +37,10 @@ Json dayJson(DateTime moment);
 /// Throws Refusal when there is no such row.
 Notification loadNotification(Session& session, Id id);
 
-/// Throws Refusal when another desk stays at work on it.
+// Each throws Refusal when another desk stays at work on it.
 std::unique_ptr<host::Claim> claimItem(Session& session, host::WorkItem item, Id id);
+/// With what it is about. Throws Refusal when there is no such row, too.
+std::unique_ptr<host::Claim> claimNotification(Session& session, Id id);
 
 /// Throws Refusal when there is no such task.
 Task loadTask(Session& session, Id id);

@@ -221,9 +221,12 @@ void MainWindow::chooseServer() {
 void MainWindow::composeEmail() {
   const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
-  desk_->control().cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
-      Tasks, remittanceNotification, noId, line->task.id);
-  refresh();
+  // The email is a row of the database while it is written: nobody else may send that.
+  const Id task = line->task.id;
+  whileClaimed(host::WorkItem::task, task, [&] {
+    desk_->control().cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
+        Tasks, remittanceNotification, noId, task);
+  });
 }
 
 void MainWindow::scheduleEmail() {

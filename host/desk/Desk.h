@@ -57,8 +57,10 @@ class Desk {
   Desk& operator=(const Desk&) = delete;
 
   DatabaseReference& database() { return *database_; }
-  /// Whoever sends, changes or deletes a notification claims it first and reads its state then;
-  /// so does whoever arms or disarms a task.
+  /// Whoever composes, arms or disarms for a task or an item of the diary claims that first; who
+  /// sends or changes a notification claims it too (claimNotification), and reads its state then.
+  /// Carrying a template into what is unsent claims nothing: what it writes is not told from a
+  /// person's change.
   Claims& claims() { return *claims_; }
   clientDropDownCtrlReference& clients() { return *clients_; }
   clsAutoNotifyCtrl& control() { return *control_; }

@@ -125,8 +125,9 @@ std::unique_ptr<Claim> Claims::take(WorkItem item, Id id) {
 }
 
 std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database, const std::string& place) {
-  if (isFile(place)) return std::make_unique<FileClaims>(place);
-  return std::make_unique<ServerClaims>(static_cast<PostgresDatabase&>(database));
+  if (auto* server = dynamic_cast<PostgresDatabase*>(&database))
+    return std::make_unique<ServerClaims>(*server);
+  return std::make_unique<FileClaims>(place);
 }
 
 }  // namespace autonotify::host

@@ -37,6 +37,22 @@ constexpr std::array<ItemTable, 4> itemTables{{
      "SELECT Dockets.DocketID, Dockets.Subject FROM Dockets WHERE DocketID=", "Subject"},
 }};
 
+struct ClaimedLink {
+  Id Notification::*link;
+  WorkItem item;
+};
+constexpr std::array<ClaimedLink, 3> claimedLinks{{
+    {&Notification::scheduleId, WorkItem::task},
+    {&Notification::appointmentId, WorkItem::appointment},
+    {&Notification::docketId, WorkItem::timeEntry},
+}};
+
+/// Two claims that stand and fall together.
+struct BothClaims : Claim {
+  std::unique_ptr<Claim> item;
+  std::unique_ptr<Claim> notification;
+};
+
 constexpr const char* archivedName =
     "SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule WHERE "
     "oldScheduleID=";
@@ -151,6 +167,20 @@ std::optional<Notification> findNotification(Desk& desk, Id id) {
                        id),
            [&](const Row& row) { found = readWhole(row); });
   return found;
+}
+
+// The item first, as whoever disarms it does: so no two desks wait for each other.
+std::unique_ptr<Claim> claimNotification(Desk& desk, const Notification& notification) {
+  auto both = std::make_unique<BothClaims>();
+  for (const auto& [link, item] : claimedLinks) {
+    if (notification.*link < 0) continue;
+    both->item = desk.claims().take(item, notification.*link);
+    if (!both->item) return nullptr;
+    break;
+  }
+  both->notification = desk.claims().take(WorkItem::notification, notification.id);
+  if (!both->notification) return nullptr;
+  return both;
 }
 
 bool isOverdue(Desk& desk, const Notification& notification) {

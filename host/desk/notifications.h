@@ -56,6 +56,10 @@ Notification readSummary(const Row& row);
 
 std::optional<Notification> findNotification(Desk& desk, Id id);
 
+/// Keeps all other desks off the notification and off what it is about: nobody composes, arms,
+/// sends or changes it meanwhile. Waits as Claims::take does; null when another desk stays at work.
+std::unique_ptr<Claim> claimNotification(Desk& desk, const Notification& notification);
+
 /// True for a row that still waits though its date has gone by.
 bool isOverdue(Desk& desk, const Notification& notification);
 /// ", which is past: ..." for such a row; empty for others.

@@ -2,9 +2,11 @@
 
 import email
 import email.policy
+import fcntl
+import struct
 import subprocess
 
-from console import ConsoleTest
+from console import ConsoleTest, files_only
 
 UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
            "the outbox (settle it with send --mark-only or send --again)")
@@ -51,6 +53,20 @@ class SendTest(ConsoleTest):
         self.assertEqual(shown["text"].strip(),
                          message.get_content().replace("\r\n", "\n").strip())
         self.assertEqual("2026-04-15", message["Date"].datetime.date().isoformat())
+
+    @files_only("a server's claims are its own locks")
+    def test_what_a_colleague_is_writing_stays(self):
+        row = self.due_email()
+        task = self.one("SELECT ScheduleIDNum FROM ClientNotification WHERE "
+                        "ClientNotificationID=?", row)
+        with open(self.folder / "firm.db.claims", "w+b") as claims:
+            of_a_task = struct.pack("hhlli", fcntl.F_WRLCK, 0, (2 << 32) + task, 1, 0)
+            fcntl.fcntl(claims, fcntl.F_OFD_SETLK, of_a_task)
+            results, _ = self.results("--due")
+            self.assertEqual(("skipped", "another desk is at work on it"), results[row])
+            self.expect(["cancel", row], code=1, err=f"another desk is at work on notification "
+                        f"{row}; try again later")
+        self.assertEqual("sent", self.results("--due")[0][row][0])
 
     def everything(self):
         """The rows that sending may change, and the names of all files."""

@@ -45,7 +45,7 @@ void describeCancel(CLI::App& command, Arguments& arguments) {
 
 Reply runCancel(Session& session, const Arguments& arguments) {
   const Id id = arguments.notification;
-  const auto claim = claimItem(session, host::WorkItem::notification, id);
+  const auto claim = claimNotification(session, id);
   requireState(session, id,
                {NotificationState::pending, NotificationState::interruptedCancel,
                 NotificationState::interruptedSending},
@@ -62,7 +62,7 @@ void describeMove(CLI::App& command, Arguments& arguments) {
 
 Reply runMove(Session& session, const Arguments& arguments) {
   const Id id = arguments.notification;
-  const auto claim = claimItem(session, host::WorkItem::notification, id);
+  const auto claim = claimNotification(session, id);
   requireState(session, id, {NotificationState::pending}, "moved");
   changeOrRefuse(session, fmt::format("notification {}", id), [&] {
     session.control().cls_ChangeNotificationNotifiedDate(id, *arguments.date);

@@ -169,12 +169,15 @@ Outcome beingSent(const Arguments& arguments) {
 Outcome sendOne(Session& session, Id id, const Arguments& arguments, std::string& about) {
   try {
     std::unique_ptr<host::Claim> claim;
-    if (!arguments.dryRun) claim = session.claims().tryTake(host::WorkItem::notification, id);
-    const std::optional<Notification> row = findNotification(session, id);
+    std::optional<Notification> row = findNotification(session, id);
+    if (row) about = fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
+    if (row && !arguments.dryRun) {
+      claim = host::claimNotification(session, *row);
+      if (!claim) return beingSent(arguments);
+      row = findNotification(session, id);
+    }
     if (!row && arguments.due) return {Fate::skipped, "was deleted meanwhile"};
     if (!row) return failed("there is no such notification");
-    about = fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
-    if (!claim && !arguments.dryRun) return beingSent(arguments);
     return Sending(session, *row, arguments).run();
   } catch (const PlatformError& error) {
     return failed(firstLine(error.description()));
