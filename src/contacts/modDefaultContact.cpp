@@ -1,6 +1,7 @@
 #include "contacts/modDefaultContact.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "control/contract/recordsets.h"
@@ -36,37 +37,45 @@ std::string firstText(Step& step, RecordsetHandle handle, const InfoColumn& colu
   return text;
 }
 
-ContactInfo readContactInfo(Step& step, Id contactId) {
-  ContactInfo info;
-  if (contactId < 0) return info;
+/// Empty texts without a contact; nothing when the contact's row could not be read.
+std::optional<ContactInfo> readContactInfo(Step& step, Id contactId) {
+  if (contactId < 0) return ContactInfo{};
+  std::optional<ContactInfo> info;
   withFirstRow(step,
                statementFor("SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=", contactId),
                keysetRead, [&](RecordsetHandle handle) {
-                 for (std::size_t i = 0; i < info.size(); ++i)
-                   info[i] = firstText(step, handle, infoColumns[i]);
+                 info.emplace();
+                 for (std::size_t i = 0; i < info->size(); ++i)
+                   (*info)[i] = firstText(step, handle, infoColumns[i]);
                });
   return info;
 }
 
-/// False when the contact is not linked to the company.
+/// False when the contact is not linked to the company, or its link could not be written.
 bool setDefault(Step& step, Id companyId, Id contactId) {
-  bool isLinked = false;
+  bool isSet = false;
   withFirstRow(step, linksStatement(companyId, ""), keysetUpdate, [&](RecordsetHandle handle) {
-    step.assign(isLinked,
-                [&] { return findRecord(handle, "ContactIDNum", std::to_string(contactId)); });
-    if (isLinked) writeField(step, handle, "DefaultContact", [] { return "True"; });
+    const bool isLinked = step.value(
+        false, [&] { return findRecord(handle, "ContactIDNum", std::to_string(contactId)); });
+    if (!isLinked) return;
+    step.run([&] {
+      updateField(handle, "DefaultContact", "True");
+      isSet = true;
+    });
   });
-  return isLinked;
+  return isSet;
 }
 
 /// Clears all defaults of the company but the first one of `keptContactId`. A link whose contact
 /// cannot be read stays.
 void clearDefaults(Step& step, Id companyId, Id keptContactId) {
-  bool isKept = keptContactId < 0;
+  Id keptLink = noId;
   forEachRow(step, linksStatement(companyId, isDefault), keysetUpdate, [&](RecordsetHandle handle) {
     const Id contactId = readId(step, handle, "ContactIDNum");
-    if (!isKept && contactId == keptContactId) {
-      isKept = true;
+    const Id link = readId(step, handle, "ContactLinkID");
+    // A row that could not be left comes twice.
+    if (contactId == keptContactId && (keptLink < 0 || keptLink == link)) {
+      keptLink = link;
     } else if (contactId >= 0) {
       writeField(step, handle, "DefaultContact", [] { return "0"; });
     }
@@ -111,14 +120,15 @@ void setNoContactAsDefault(Id companyID) {
 void updateDefaultContactInfo(Id companyID) {
   procedure("Morvane.exe-modDefaultContact-updateDefaultContactInfo", [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
-    const ContactInfo info = readContactInfo(step, checkForDefaultContact(companyID, noId));
+    const auto info = readContactInfo(step, checkForDefaultContact(companyID, noId));
+    if (!info) return;
     withFirstRow(
         step,
         statementFor("SELECT Companies.* FROM Companies WHERE Companies.CompanyID=", companyID),
         keysetUpdate, [&](RecordsetHandle handle) {
           writeField(step, handle, "PortalChangedFlag", [] { return "True"; });
-          for (std::size_t i = 0; i < info.size(); ++i)
-            writeField(step, handle, infoColumns[i].company, [&] { return info[i]; });
+          for (std::size_t i = 0; i < info->size(); ++i)
+            writeField(step, handle, infoColumns[i].company, [&] { return (*info)[i]; });
         });
   });
 }

@@ -16,14 +16,14 @@ std::string tag(const char* procedureName) {
   return std::string("Morvane.exe-clsAutoNotifyTemplate-") + procedureName;
 }
 
-void raise(const std::function<void()>& event) {
-  if (event) event();
+void raise(Step& step, const std::function<void()>& event) {
+  if (event) step.run([&] { event(); });
 }
 
 void raiseStart(Step& step, const std::function<void(std::int32_t)>& event,
                 RecordsetHandle handle) {
   const int count = step.value(0, [&] { return database().getRecordCount(handle); });
-  if (event) event(count);
+  if (event) step.run([&] { event(count); });
 }
 
 /// Runs `visit()` on each row from the current one on; the listener and the host's messages have
@@ -33,7 +33,7 @@ void forEachRowInSteps(Step& step, RecordsetHandle handle, const std::function<v
                        Visit&& visit) {
   while (!step.value(true, [&] { return database().isEndOfRecordset(handle); })) {
     visit();
-    raise(increment);
+    raise(step, increment);
     step.run([&] { database().moveNext(handle); });
     yieldToHost(step, 2);
   }
@@ -52,14 +52,17 @@ bool isUnsent(Step& step, RecordsetHandle notifications) {
       false, [&] { return !toFlag(database().getFieldValue(notifications, "NotificationSent")); });
 }
 
-/// Gives the date to each unsent row that the schedule entry has among the notifications.
-void moveUnsent(Step& step, RecordsetHandle notifications, Id scheduleID, DateTime date) {
+/// Gives the date, if it is known, to each unsent row that the schedule entry has among the
+/// notifications.
+void moveUnsent(Step& step, RecordsetHandle notifications, Id scheduleID,
+                std::optional<DateTime> date) {
+  if (scheduleID < 0) return;
   const bool found = step.value(
       false, [&] { return findRecord(notifications, "ScheduleNum", std::to_string(scheduleID)); });
-  if (!found) return;
+  if (!found || !date) return;
   while (!step.value(true, [&] { return database().isEndOfRecordset(notifications); })) {
     if (isUnsent(step, notifications))
-      rewrite(step, notifications, "NotificationDate", [&] { return toText(date); });
+      rewrite(step, notifications, "NotificationDate", [&] { return toText(*date); });
     step.run([&] { database().findNextRecord(notifications); });
   }
 }
@@ -81,7 +84,7 @@ bool clsAutoNotifyTemplate::resetNotificationDates() {
         });
         raiseStart(step, startResetNotificationDates, schedule);
         forEachRowInSteps(step, schedule, incResetNotificationDates, [&] {
-          DateTime date;
+          std::optional<DateTime> date;
           step.assign(date, [&] {
             const Value due = database().getFieldValue(schedule, "DueDate");
             return toDateTime(due).addDays(-columns_.notificationPeriod);
@@ -91,7 +94,7 @@ bool clsAutoNotifyTemplate::resetNotificationDates() {
         step.run([&] { database().closeRecordset(notifications); });
       });
     }
-    raise(endResetNotificationDates);
+    raise(step, endResetNotificationDates);
   });
 }
 

@@ -55,6 +55,25 @@ TEST_F(DefaultContact, ExactlyOneIsLeft) {
   EXPECT_EQ(told(), "||||\n");
 }
 
+TEST_F(DefaultContact, ASkippedCallTakesNobodyAway) {
+  linkDefaultContact(al, company);
+  calls.reset();
+  calls.record(true);
+  setContactAsDefault(company, jo);
+  const auto whole = calls.log();
+  const int total = calls.count();
+  for (int n = 1; n <= total; ++n) {
+    setContactAsDefault(company, al);
+    errors.answerRest(1, 9);
+    calls.reset();
+    calls.failAt(n);
+    setContactAsDefault(company, jo);
+    calls.reset();
+    errors.answerRest(1, 0);
+    EXPECT_NE(defaults(), "") << whole[static_cast<std::size_t>(n - 1)];
+  }
+}
+
 TEST_F(DefaultContact, ColumnsAreWrittenInOrder) {
   EXPECT_THAT(columnsWrittenBy([&] { setContactAsDefault(company, al); }),
               ElementsAre("DefaultContact=True", "PortalChangedFlag=True", "DefaultContactName=Al",

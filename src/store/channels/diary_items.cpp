@@ -98,10 +98,10 @@ std::string getAppointmentBodyText(CurrentDayTimerType kind, Id itemId) {
 
 void resetApptNotificationBody(std::int32_t kind, Id notificationId, Id itemId) {
   procedure("Morvane.exe-modApptNotifications-resetApptNotificationBody", [&](Step& step) {
+    if (!isDatabaseOpen(step)) return;
     CurrentDayTimerType narrow{};
     step.assign(narrow, [&] { return static_cast<CurrentDayTimerType>(toInteger16(kind)); });
     const std::string body = getAppointmentBodyText(narrow, itemId);
-    if (!isDatabaseOpen(step)) return;
     withFirstRow(step,
                  statementFor("SELECT ClientNotification.ClientNotificationModifiedStamp, "
                               "ClientNotification.ClientNotificationID, ClientNotification.Memo "
