@@ -5,7 +5,7 @@ set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/hvAutoNotifyCtrl6")
 set(header_dir "${CMAKE_INSTALL_INCLUDEDIR}/hvAutoNotifyCtrl6")
 
 # Headers of the component's inside stay out.
-set(inner_headers "references\\.h$|procedure\\.h$|recordsets\\.h$|rich_texts\\.h$|windows\\.h$|open_window\\.h$|firm_rules\\.h$|Impl\\.h$")
+set(inner_headers "references\\.h$|procedure\\.h$|recordsets\\.h$|rich_texts\\.h$|windows\\.h$|open_window\\.h$|contact_tools\\.h$|template_tools\\.h$|component_objects\\.h$|firm_rules\\.h$|Impl\\.h$")
 foreach(folder platform control)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}" DESTINATION "${header_dir}"
     FILES_MATCHING PATTERN "*.h" REGEX "${inner_headers}" EXCLUDE)

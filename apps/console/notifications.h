@@ -3,11 +3,10 @@
 #include "Reply.h"
 #include "Session.h"
 #include "host/desk/notifications.h"
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 
 namespace autonotify::console {
 
-using host::allChannels;
 using host::channelName;
 using host::channelNames;
 using host::clientName;

@@ -23,7 +23,7 @@ int DialogErrorClass::choose(const host::RecordedError& error) {
   box.setObjectName("errorDialog");
   box.setIcon(QMessageBox::Critical);
   box.setWindowTitle(QObject::tr("Something went wrong"));
-  box.setText(shown(error.description).section('\n', 0, 0));
+  box.setText(faultOf(error.description));
   box.setInformativeText(
       QObject::tr("Continue goes on behind the failed step, Leave ends the operation as far as it "
                   "has come, Try Again repeats the step."));

@@ -8,9 +8,6 @@
 namespace autonotify::desktop {
 namespace {
 
-constexpr int yes = 0;
-constexpr int no = 1;
-
 struct Style {
   int style;
   QMessageBox::Icon icon;
@@ -56,7 +53,7 @@ int DialogMsgbox::askQuestion(const std::string& text, int style, HostObject*, i
                               const std::string&, int) {
   const int answer =
       ask(text, style, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, "question");
-  return answer == QMessageBox::Yes ? yes : no;
+  return answer == QMessageBox::Yes ? message_answer::yes : message_answer::no;
 }
 
 }  // namespace autonotify::desktop

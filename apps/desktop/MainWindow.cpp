@@ -28,7 +28,6 @@
 namespace autonotify::desktop {
 namespace {
 
-constexpr const char* lastDatabaseKey = "lastDatabase";
 constexpr const char* geometryKey = "mainWindow";
 
 enum Page { noDatabasePage, noTaskPage, taskPage };
@@ -92,7 +91,7 @@ bool MainWindow::openDatabase(const QString& place) {
     tasks_->setDesk(desk.get());
     desk_ = std::move(desk);
   } catch (const PlatformError& error) {
-    fault = shown(error.description()).section('\n', 0, 0);
+    fault = faultOf(error.description());
   } catch (const std::exception& error) {
     fault = shown(error.what());
   }
@@ -128,7 +127,7 @@ void MainWindow::perform(void (MainWindow::*run)()) {
     if (desk_ && host::isFile(options_.database) && !QFileInfo::exists(shown(options_.database)))
       tellFault(tr("The database file is no longer in its place: nothing that you do is kept."));
   } catch (const PlatformError& error) {
-    tellFault(shown(error.description()).section('\n', 0, 0));
+    tellFault(faultOf(error.description()));
   }
 }
 
@@ -323,7 +322,7 @@ void MainWindow::showCounts() {
     counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
     tasks_->showDue(due);
   } catch (const PlatformError& error) {
-    counts_->setText(shown(error.description()).section('\n', 0, 0));
+    counts_->setText(faultOf(error.description()));
   }
 }
 

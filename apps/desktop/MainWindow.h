@@ -15,6 +15,9 @@ class QStackedWidget;
 
 namespace autonotify::desktop {
 
+/// The setting that holds the database opened last.
+inline constexpr const char* lastDatabaseKey = "lastDatabase";
+
 /// The firm's open tasks, and what can be done about their notifications.
 class MainWindow : public QMainWindow {
   Q_OBJECT

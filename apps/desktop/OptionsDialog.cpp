@@ -124,7 +124,7 @@ void OptionsDialog::accept() {
     QMessageBox::warning(this, windowTitle(), shown(error.what()));
     return;
   } catch (const PlatformError& error) {
-    QMessageBox::critical(this, windowTitle(), shown(error.description()).section('\n', 0, 0));
+    QMessageBox::critical(this, windowTitle(), faultOf(error.description()));
     return;
   }
   QSettings settings;

@@ -23,7 +23,7 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   const QStringList places = parser.positionalArguments();
   if (places.size() > 1) return QObject::tr("one database at a time");
   options.database =
-      plain(places.isEmpty() ? QSettings().value("lastDatabase").toString() : places.front());
+      plain(places.isEmpty() ? QSettings().value(lastDatabaseKey).toString() : places.front());
   options.outbox = plain(parser.value("outbox"));
   options.firmCode = plain(parser.value("firm-code"));
   if (parser.isSet("today")) {

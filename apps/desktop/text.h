@@ -16,4 +16,9 @@ inline std::string plain(const QString& text) {
   return text.toStdString();
 }
 
+/// What went wrong, for the person; the details on further lines are not.
+inline QString faultOf(std::string_view description) {
+  return shown(description).section('\n', 0, 0);
+}
+
 }  // namespace autonotify::desktop

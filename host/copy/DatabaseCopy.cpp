@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/database/dialect/DatabaseError.h"
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {
@@ -34,25 +34,18 @@ std::vector<Value> valuesOf(const TableDef& table, const Row& row) {
 class Walk {
  public:
   Walk(DatabaseReference& database, const TableDef& table)
-      : database_(database),
-        table_(table),
-        rows_(database.openRecordset(rowsBehind(table, beforeAll), CursorMode::forwardOnly,
-                                     LockMode::readOnly, -1, {}, -1, false)) {}
-  ~Walk() { database_.closeRecordset(rows_); }
-  Walk(const Walk&) = delete;
-  Walk& operator=(const Walk&) = delete;
+      : table_(table), rows_(database, rowsBehind(table, beforeAll)) {}
 
   std::optional<std::vector<Value>> next() {
-    if (database_.isEndOfRecordset(rows_)) return std::nullopt;
-    std::vector<Value> values = valuesOf(table_, Row(database_, rows_));
-    database_.moveNext(rows_);
+    if (rows_.isAtEnd()) return std::nullopt;
+    std::vector<Value> values = valuesOf(table_, rows_.row());
+    rows_.moveNext();
     return values;
   }
 
  private:
-  DatabaseReference& database_;
   const TableDef& table_;
-  RecordsetHandle rows_;
+  OpenRows rows_;
 };
 
 /// One table on its way.

@@ -96,7 +96,7 @@ int chooseChannels(DemoWorld& world, const Client& client) {
 
 int addNotifications(DemoWorld& world, const Client& client, const NotifiedTask& task,
                      int channels) {
-  for (const notifyType channel : {nt_Email, nt_Fax, nt_Letter, nt_Phone}) {
+  for (const notifyType channel : allNotifyTypes) {
     if (!(channels & channel)) continue;
     const DateTime created = task.notificationDate.addDays(-world.random.between(20, 90));
     Row row{{"NotificationType", static_cast<int>(channel)},

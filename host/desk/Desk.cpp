@@ -1,12 +1,13 @@
 #include "host/desk/Desk.h"
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <filesystem>
 
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {
@@ -26,12 +27,14 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       database_(openDatabase(options.database)),
       claims_(claimsOf(*database_, options.database)),
       locale_(LocaleSettings{}),
-      workingFolder_((fs::temp_directory_path() / "hvnotify").string()),
+      workingFolder_(
+          (fs::temp_directory_path() / fmt::format("hvnotify-{}", ::geteuid())).string()),
       clients_(std::make_unique<ClientDirectory>(*database_)),
       mailServer_(options.mailServer),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
       outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
   readFirm(options);
+  readUser(options);
   registerClasses();
   loadComponent();
 }
@@ -51,7 +54,6 @@ void Desk::readFirm(const DeskOptions& options) {
            });
   firstRow(*database_, "SELECT DatabaseIdentity.UniqueText FROM DatabaseIdentity;",
            [&](const Row& row) { databaseIdentity_ = row.text("UniqueText"); });
-  readUser(options);
 }
 
 void Desk::readUser(const DeskOptions& options) {

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 #include "platform/format.h"
 
 namespace autonotify::host {
@@ -132,11 +132,6 @@ std::string stateName(NotificationState state) {
 
 std::string stateWords(NotificationState state) {
   return wordsOf(state).words;
-}
-
-const std::vector<notifyType>& allChannels() {
-  static const std::vector<notifyType> channels{nt_Email, nt_Fax, nt_Letter, nt_Phone};
-  return channels;
 }
 
 std::string channelName(int channel) {

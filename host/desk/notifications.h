@@ -13,6 +13,14 @@ class Row;
 
 /// A row of ClientNotification.
 struct Notification {
+  // Places of `fields` by channel.
+  static constexpr int emailTo = 0;
+  static constexpr int emailCc = 1;
+  static constexpr int emailBcc = 2;
+  static constexpr int emailSubject = 3;
+  static constexpr int faxNumber = 3;
+  static constexpr int phoneNumber = 1;
+
   Id id = noId;
   int channel = 0;
   Id scheduleId = noId;
@@ -43,8 +51,6 @@ std::string stateWords(NotificationState state);
 std::string channelName(int channel);
 /// The channels of a bit set, joined by commas; "-" for none.
 std::string channelNames(int bits);
-/// The four channels in the order of their bits.
-const std::vector<notifyType>& allChannels();
 
 /// The day as people read it: "2026-04-30"; "-" for the zero date.
 std::string dayText(DateTime moment);

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {
@@ -27,8 +27,8 @@ bool confirmsScheduling(Desk& desk) {
 
 void setConfirmsScheduling(Desk& desk, bool confirms) {
   DatabaseReference& database = desk.database();
-  const RecordsetHandle handle = database.openRecordset(
-      rowOfUser(desk, confirmation), CursorMode::keyset, LockMode::updatable, -1, {}, -1, false);
+  OpenRows rows(database, rowOfUser(desk, confirmation), CursorMode::keyset, LockMode::updatable);
+  const RecordsetHandle handle = rows.handle();
   const std::string value = confirms ? "True" : "False";
   if (database.hasRecords(handle)) {
     database.updateFieldValue(handle, confirmation, value, false, false);
@@ -38,7 +38,6 @@ void setConfirmsScheduling(Desk& desk, bool confirms) {
     database.setFieldValue(handle, confirmation, value);
     database.saveNewRecord(handle);
   }
-  database.closeRecordset(handle);
 }
 
 }  // namespace autonotify::host

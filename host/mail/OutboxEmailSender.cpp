@@ -2,28 +2,23 @@
 
 #include <utility>
 
-#include "control/contract/DatabaseReference.h"
 #include "host/mail/Outbox.h"
 #include "host/mail/gmime_handles.h"
+#include "host/services/rows.h"
 #include "platform/PlatformError.h"
 
 namespace autonotify::host {
 namespace {
 
-std::string fieldText(DatabaseReference& database, RecordsetHandle handle, const char* column) {
-  const Value value = database.getFieldValue(handle, column);
-  return value.isNull() ? std::string() : toText(value);
-}
-
 /// The firm's name and address as its own record has them; empty texts without such a record.
 Mailbox firmMailbox(DatabaseReference& database) {
-  const RecordsetHandle handle = database.openRecordset(
-      "SELECT AccountantFirmInfo.CompanyName, AccountantFirmInfo.Email FROM AccountantFirmInfo;",
-      CursorMode::forwardOnly, LockMode::readOnly, -1, "", -1, false);
   Mailbox firm;
-  if (database.hasRecords(handle))
-    firm = {fieldText(database, handle, "CompanyName"), fieldText(database, handle, "Email")};
-  database.closeRecordset(handle);
+  firstRow(
+      database,
+      "SELECT AccountantFirmInfo.CompanyName, AccountantFirmInfo.Email FROM AccountantFirmInfo;",
+      [&](const Row& row) {
+        firm = {row.text("CompanyName"), row.text("Email")};
+      });
   return firm;
 }
 

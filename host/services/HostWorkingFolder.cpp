@@ -1,5 +1,8 @@
 #include "host/services/HostWorkingFolder.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <system_error>
 
@@ -7,11 +10,22 @@
 
 namespace autonotify::host {
 
+namespace {
+
+/// Another user could have made it before, to read what passes through it.
+bool isOursAlone(const std::string& folder) {
+  struct stat status {};
+  return ::lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+         status.st_uid == ::geteuid() && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+}  // namespace
+
 std::string HostWorkingFolder::getWorkingFolder() {
   namespace fs = std::filesystem;
   std::error_code error;
   if (fs::create_directories(folder_, error)) fs::permissions(folder_, fs::perms::owner_all, error);
-  if (error || !fs::is_directory(folder_, error)) {
+  if (error || !isOursAlone(folder_)) {
     throw PlatformError(error_number::pathNotFound, "Cannot make the working folder " + folder_,
                         "WorkingFolderReference");
   }

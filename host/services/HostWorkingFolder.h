@@ -12,7 +12,7 @@ class HostWorkingFolder : public WorkingFolderReference {
   explicit HostWorkingFolder(std::string folder) : folder_(std::move(folder)) {}
 
   /// Makes the folder when it is missing, for its owner alone: letters and faxes pass through it.
-  /// Throws PlatformError (76) when it cannot be made.
+  /// Throws PlatformError (76) when it cannot be made or others may read it.
   std::string getWorkingFolder() override;
 
  private:

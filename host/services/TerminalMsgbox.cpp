@@ -1,13 +1,9 @@
 #include "host/services/TerminalMsgbox.h"
 
 #include <string_view>
-#include <utility>
 
 namespace autonotify::host {
 namespace {
-
-constexpr int yes = 0;
-constexpr int no = 1;
 
 struct StyleWord {
   int style;
@@ -32,11 +28,10 @@ std::string_view wordFor(int style) {
 
 void TerminalMsgbox::showMessage(const std::string& text, int style, HostObject*, int, int, int,
                                  int, const std::string&, int) {
-  shown_.push_back({text, style, false, false});
   terminal_.say(std::string(wordFor(style)) + text);
 }
 
-int TerminalMsgbox::askQuestion(const std::string& text, int style, HostObject*, int, int, int, int,
+int TerminalMsgbox::askQuestion(const std::string& text, int, HostObject*, int, int, int, int,
                                 const std::string&, int) {
   bool saidYes = yesByDefault_;
   if (terminal_.isInteractive()) {
@@ -44,12 +39,7 @@ int TerminalMsgbox::askQuestion(const std::string& text, int style, HostObject*,
   } else {
     terminal_.say(text + (saidYes ? " Yes" : " No"));
   }
-  shown_.push_back({text, style, true, saidYes});
-  return saidYes ? yes : no;
-}
-
-std::vector<ShownMessage> TerminalMsgbox::takeShown() {
-  return std::exchange(shown_, {});
+  return saidYes ? message_answer::yes : message_answer::no;
 }
 
 }  // namespace autonotify::host

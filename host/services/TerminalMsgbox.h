@@ -1,21 +1,11 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "control/contract/MsgboxClass.h"
 #include "host/services/Terminal.h"
 
 namespace autonotify::host {
-
-/// A message or a question as it was shown.
-struct ShownMessage {
-  std::string text;
-  int style = 0;
-  bool isQuestion = false;
-  /// The answer to a question.
-  bool saidYes = false;
-};
 
 /// Messages as lines behind a word for their style; questions answered with y or n.
 ///
@@ -33,14 +23,9 @@ class TerminalMsgbox : public MsgboxClass {
                   int reserved2, int reserved3, int reserved4, const std::string& reserved5,
                   int reserved6) override;
 
-  /// All that was shown since the last takeShown, oldest first.
-  const std::vector<ShownMessage>& shown() const { return shown_; }
-  std::vector<ShownMessage> takeShown();
-
  private:
   Terminal terminal_;
   bool yesByDefault_;
-  std::vector<ShownMessage> shown_;
 };
 
 }  // namespace autonotify::host

@@ -2,39 +2,9 @@
 
 #include <utility>
 
-#include "platform/PlatformError.h"
+#include "host/services/rows.h"
 
 namespace autonotify::host {
-namespace {
-
-/// A forward-only recordset that is closed in any case.
-class Reading {
- public:
-  Reading(DatabaseReference& database, const std::string& sql)
-      : database_(database),
-        handle_(database.openRecordset(sql, CursorMode::forwardOnly, LockMode::readOnly, -1, "", -1,
-                                       false)) {}
-  ~Reading() {
-    try {
-      database_.closeRecordset(handle_);
-    } catch (const PlatformError&) {
-      // What was read is good; the database lets go of the handle itself.
-    }
-  }
-  Reading(const Reading&) = delete;
-  Reading& operator=(const Reading&) = delete;
-
-  bool isAtEnd() { return database_.isEndOfRecordset(handle_); }
-  void moveNext() { database_.moveNext(handle_); }
-  Value field(const char* name) { return database_.getFieldValue(handle_, name); }
-
- private:
-  DatabaseReference& database_;
-  RecordsetHandle handle_;
-};
-
-}  // namespace
-
 LookupTable::LookupTable(DatabaseReference& database, LookupSource source)
     : database_(database), source_(std::move(source)) {}
 
@@ -73,12 +43,13 @@ std::string LookupTable::selectWhere(const std::string& condition) const {
 std::vector<std::pair<Id, LookupRow>> LookupTable::read(const std::string& sql, bool firstOnly) {
   std::vector<std::pair<Id, LookupRow>> rows;
   if (!database_.isDatabaseOpen()) return rows;
-  for (Reading reading(database_, sql); !reading.isAtEnd(); reading.moveNext()) {
-    const Value key = reading.field(source_.key);
+  for (OpenRows open(database_, sql); !open.isAtEnd(); open.moveNext()) {
+    const Row current = open.row();
+    const Value key = current.value(source_.key);
     if (key.isNull()) continue;
     LookupRow row;
     row.reserve(source_.columns.size());
-    for (const char* column : source_.columns) row.push_back(reading.field(column));
+    for (const char* column : source_.columns) row.push_back(current.value(column));
     rows.emplace_back(toInteger(key), std::move(row));
     if (firstOnly) break;
   }

@@ -72,7 +72,6 @@ class FieldList {
 
   /// The host's list with all rows.
   GridColumnList* lend(Step& step);
-  bool isLent() const { return isLent_; }
 
   void clearEntries();
   void addRows(Step& step, const SharedFieldRows& rows, int firstKey);

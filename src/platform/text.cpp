@@ -197,21 +197,6 @@ bool equalIgnoreCase(std::string_view left, std::string_view right) {
   return left.size() == right.size() && standsAt(left, 0, right);
 }
 
-int compareIgnoreCase(std::string_view left, std::string_view right) {
-  std::size_t i = 0;
-  std::size_t j = 0;
-  while (i < left.size() && j < right.size()) {
-    const Utf8Step a = utf8StepAt(left, i);
-    const Utf8Step b = utf8StepAt(right, j);
-    const char32_t leftCharacter = mapped(cases.folded, a.value);
-    const char32_t rightCharacter = mapped(cases.folded, b.value);
-    if (leftCharacter != rightCharacter) return leftCharacter < rightCharacter ? -1 : 1;
-    i += a.length;
-    j += b.length;
-  }
-  return (i < left.size()) - (j < right.size());
-}
-
 std::size_t findIgnoreCase(std::string_view text, std::string_view sought, std::size_t from) {
   if (sought.empty()) return from <= text.size() ? from : npos;
   if (from > text.size() || text.size() - from < sought.size()) return npos;

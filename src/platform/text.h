@@ -17,8 +17,6 @@ std::string lowerCase(std::string_view text);
 std::string_view trim(std::string_view text);
 
 bool equalIgnoreCase(std::string_view left, std::string_view right);
-/// Below 0, 0 or above 0: order by folded characters.
-int compareIgnoreCase(std::string_view left, std::string_view right);
 
 /// Byte offset of the first occurrence at or after `from`, or npos.
 std::size_t findIgnoreCase(std::string_view text, std::string_view sought, std::size_t from = 0);

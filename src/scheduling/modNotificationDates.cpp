@@ -318,7 +318,7 @@ void refreshNotificationDate(Id scheduleID) {
       const int days = getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false);
       if (!deadline.dueDate) return;
       const DateTime date = dateAddBusinessDaysWithoutWeekendsAndHolidays(days, *deadline.dueDate);
-      for (notifyType channel : {nt_Email, nt_Fax, nt_Letter, nt_Phone}) {
+      for (const notifyType channel : allNotifyTypes) {
         const Id notificationID = getNotificationID(scheduleID, channel);
         if (notificationID >= 0) changeNotificationNotifiedDate(notificationID, date);
       }

@@ -17,7 +17,7 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/demo/DemoFirm.h"
 #include "host/demo/SqliteRowSink.h"
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
 #include "text.h"
 
 namespace autonotify::desktop {

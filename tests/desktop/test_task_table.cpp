@@ -8,8 +8,8 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/demo/DemoFirm.h"
 #include "host/demo/SqliteRowSink.h"
-#include "host/desk/rows.h"
 #include "host/services/HeadlessFormHost.h"
+#include "host/services/rows.h"
 #include "models/TaskTableModel.h"
 #include "text.h"
 

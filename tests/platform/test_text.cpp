@@ -43,22 +43,6 @@ TEST(Text, noCaseChangeAltersALengthOrComesBackDifferent) {
   }
 }
 
-TEST(Text, comparesByFoldedCharacters) {
-  const struct {
-    const char* left;
-    const char* right;
-    int sign;
-  } cases[] = {{"", "", 0},           {"a", "", 1},       {"abc", "ABD", -1}, {"ABC", "abc", 0},
-               {"ab", "ABC", -1},     {"Zoé", "zoë", -1}, {"É", "é", 0},      {"z", "é", -1},
-               {"a\xFF", "a\xFE", 1}, {"_", "A", -1}};
-  for (const auto& [left, right, sign] : cases) {
-    const int result = compareIgnoreCase(left, right);
-    EXPECT_EQ((result > 0) - (result < 0), sign) << left << " / " << right;
-    const int reverse = compareIgnoreCase(right, left);
-    EXPECT_EQ((reverse > 0) - (reverse < 0), -sign) << left << " / " << right;
-  }
-}
-
 TEST(Text, findsInAnyCase) {
   EXPECT_EQ(findIgnoreCase("Dear «Company Name»", "«COMPANY NAME»"), 5u);
   EXPECT_EQ(findIgnoreCase("aAa", "A", 1), 1u);

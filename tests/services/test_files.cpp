@@ -53,6 +53,8 @@ TEST(WorkingFolderTest, isMadeForItsOwnerAloneOrToldWhyNot) {
   HostWorkingFolder working(folder / "a/b");
   EXPECT_EQ(working.getWorkingFolder(), folder / "a/b");
   EXPECT_EQ(fs::status(folder / "a/b").permissions(), fs::perms::owner_all);
+  fs::permissions(folder / "a/b", fs::perms::group_read, fs::perm_options::add);
+  EXPECT_THROW(working.getWorkingFolder(), PlatformError) << "others could read it";
   writeFile(folder / "file", "");
   EXPECT_THROW(HostWorkingFolder(folder / "file").getWorkingFolder(), PlatformError);
 }

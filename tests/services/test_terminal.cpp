@@ -98,7 +98,6 @@ TEST(TerminalMsgboxTest, batchGivesTheStatedAnswer) {
     TerminalMsgbox box({nullptr, &out}, yes);
     EXPECT_EQ(ask(box, "Move to Friday?") == 0, yes);
     EXPECT_EQ(out.str(), yes ? "Move to Friday? Yes\n" : "Move to Friday? No\n");
-    EXPECT_EQ(box.shown().at(0).saidYes, yes);
   }
 }
 

@@ -56,7 +56,7 @@ TestHost::TestHost(DatabaseReference& other) : TestHost(nullptr, &other) {}
 TestHost::TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other)
     : plainLocale(testLocale()),
       messages(host::Terminal{}),
-      workingFolder(std::filesystem::temp_directory_path().string()),
+      workingFolder((std::filesystem::temp_directory_path() / "autonotify-tests").string()),
       plainDatabase(std::move(own)),
       plainClients(other ? *other : *plainDatabase),
       database(other ? *other : *plainDatabase, calls),

@@ -16,7 +16,7 @@ namespace {
 constexpr std::uintmax_t largestFile = 16u << 20;
 
 notifyType readChannel(const std::string& name) {
-  for (const notifyType channel : allChannels()) {
+  for (const notifyType channel : allNotifyTypes) {
     if (equalIgnoreCase(trim(name), channelName(channel))) return channel;
   }
   throw CLI::ValidationError(
@@ -89,7 +89,7 @@ void addForce(CLI::App& command, Arguments& arguments) {
 
 Json channelList(int bits) {
   Json names = Json::array();
-  for (const notifyType channel : allChannels()) {
+  for (const notifyType channel : allNotifyTypes) {
     if (bits & channel) names.push_back(channelName(channel));
   }
   return names;

@@ -85,9 +85,9 @@ struct AddressField {
   const char* words;
 };
 constexpr std::array<AddressField, 3> addressFields{{
-    {nt_Email, 0, "an email address"},
-    {nt_Fax, 3, "a fax number"},
-    {nt_Phone, 1, "a telephone number"},
+    {nt_Email, Notification::emailTo, "an email address"},
+    {nt_Fax, Notification::faxNumber, "a fax number"},
+    {nt_Phone, Notification::phoneNumber, "a telephone number"},
 }};
 
 /// What the row still lacks: "an email address"; empty for nothing.

@@ -81,7 +81,7 @@ Reply runRefresh(Session& session, const Arguments& arguments) {
                  [&] { session.control().cls_refreshNotificationDate(task.id); });
   Reply reply;
   reply.data = Json::array();
-  for (const notifyType channel : allChannels()) {
+  for (const notifyType channel : allNotifyTypes) {
     const Id id = session.control().cls_getNotificationID(task.id, channel);
     if (id < 0) continue;
     const Reply row = describeRow(session, id);

@@ -96,28 +96,30 @@ class Sending {
   }
 
   Outcome sendEmail() {
-    if (row_.fields[0].empty())
+    if (row_.fields[Notification::emailTo].empty())
       return failed("There is no email address entered for this notification");
     if (arguments_.dryRun) return rehearse();
     session_.makeOutbox();
     const auto sender = newSender();
-    sender->put_to(row_.fields[0]);
-    sender->put_cc(row_.fields[1]);
-    sender->put_bcc(row_.fields[2]);
-    sender->put_subject(row_.fields[3]);
+    sender->put_to(row_.fields[Notification::emailTo]);
+    sender->put_cc(row_.fields[Notification::emailCc]);
+    sender->put_bcc(row_.fields[Notification::emailBcc]);
+    sender->put_subject(row_.fields[Notification::emailSubject]);
     sender->put_body(plainTextOf(row_.memo));
     if (!sender->send()) return failed(sender->getLastError());
-    return markSent(sender->alreadyDelivered() ? inOutbox : "to " + row_.fields[0]);
+    return markSent(sender->alreadyDelivered() ? inOutbox
+                                               : "to " + row_.fields[Notification::emailTo]);
   }
 
   Outcome rehearse() {
     if (newSender()->isDelivered()) return {Fate::sent, inOutbox};
     try {
-      for (int field = 0; field < 3; ++field) host::parseRecipients(row_.fields[field]);
+      for (const int field : {Notification::emailTo, Notification::emailCc, Notification::emailBcc})
+        host::parseRecipients(row_.fields[field]);
     } catch (const host::MailError& error) {
       return failed(error.what());
     }
-    return {Fate::sent, "to " + row_.fields[0]};
+    return {Fate::sent, "to " + row_.fields[Notification::emailTo]};
   }
 
   Outcome finishSending() {

@@ -167,7 +167,7 @@ std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t offset, std::si
   try {
     return host::readTaskLines(*desk_, query_, offset, most);
   } catch (const PlatformError& error) {
-    emit failed(shown(error.description()).section('\n', 0, 0));
+    emit failed(faultOf(error.description()));
     return {};
   }
 }

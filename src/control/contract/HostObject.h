@@ -7,9 +7,15 @@
 
 namespace autonotify {
 
-/// Creates host classes by name. Each interface that the component creates itself carries its
-/// name as `className`: FileUtility, GeneralUtilities, ValidationUtilities, GridColumnList,
-/// ItemLinksClass, EmailSender and so on. Names are matched in any case.
+/// Creates host classes by name, in any case. Each interface that the component creates itself
+/// carries its name as `className`:
+///
+///   FileUtility, GeneralUtilities, ValidationUtilities   by every clsAutoNotifyCtrl
+///   GridColumnList                                       to merge, and for categories
+///   ItemLinksClass                                       by clsAutoNotification
+///   RichTextUtility, ListCleaner                         by the composers, and for recipients
+///   EmailSender                                          to send an email
+///   ClientIDClass                                        for the text of categories
 class HostClassRegistry {
  public:
   virtual ~HostClassRegistry() = default;

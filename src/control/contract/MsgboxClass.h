@@ -18,6 +18,12 @@ inline constexpr int reportError = 11;     ///< an error text of a report
 inline constexpr int armedConfirmed = 18;  ///< the confirmation that a notification is armed
 }  // namespace message_style
 
+/// Answers to a question.
+namespace message_answer {
+inline constexpr int yes = 0;
+inline constexpr int no = 1;  ///< as is every other value
+}  // namespace message_answer
+
 /// The host's message boxes. The arguments behind `owner` are the same at every call: 0, 0, 101,
 /// 0, empty text, 0. `owner` comes from LocaleReference::getActiveWindow and may be null.
 class MsgboxClass {
@@ -26,7 +32,7 @@ class MsgboxClass {
   virtual void showMessage(const std::string& text, int style, HostObject* owner, int reserved1,
                            int reserved2, int reserved3, int reserved4,
                            const std::string& reserved5, int reserved6) = 0;
-  /// 0 means that the person said yes; any other value is a no.
+  /// One of message_answer.
   virtual int askQuestion(const std::string& text, int style, HostObject* owner, int reserved1,
                           int reserved2, int reserved3, int reserved4, const std::string& reserved5,
                           int reserved6) = 0;

@@ -23,6 +23,8 @@ enum notifyType : int {
   nt_Letter = 4,
   nt_Phone = 8,
 };
+/// In the order of their bits.
+inline constexpr notifyType allNotifyTypes[] = {nt_Email, nt_Fax, nt_Letter, nt_Phone};
 
 enum changeStatus : int {
   nt_AddStatus = 1,     ///< set a channel's bit

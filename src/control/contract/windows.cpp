@@ -6,8 +6,6 @@ namespace {
 /// An argument of each message that no host reads.
 constexpr int reservedNumber = 101;
 
-constexpr int yes = 0;
-
 /// A procedure that shows the styler a control.
 std::function<void()> styling(Control& control, const std::string& form, const char* event,
                               void (InterfaceStyler::*mark)(HostObject*)) {
@@ -31,7 +29,8 @@ bool askQuestion(const std::string& text, int style) {
 }
 
 bool askQuestion(const std::string& text, int style, HostObject* owner) {
-  return messageBox().askQuestion(text, style, owner, 0, 0, reservedNumber, 0, {}, 0) == yes;
+  return messageBox().askQuestion(text, style, owner, 0, 0, reservedNumber, 0, {}, 0) ==
+         message_answer::yes;
 }
 
 InterfaceStyler& styler() {

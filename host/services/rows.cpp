@@ -1,6 +1,20 @@
-#include "host/desk/rows.h"
+#include "host/services/rows.h"
+
+#include "platform/PlatformError.h"
 
 namespace autonotify::host {
+
+OpenRows::OpenRows(DatabaseReference& database, const std::string& sql, CursorMode cursor,
+                   LockMode lock)
+    : database_(database), handle_(database.openRecordset(sql, cursor, lock, -1, {}, -1, false)) {}
+
+OpenRows::~OpenRows() {
+  try {
+    database_.closeRecordset(handle_);
+  } catch (const PlatformError&) {
+    // What was read is good; the database lets go of the handle itself.
+  }
+}
 
 std::string Row::text(const std::string& column) const {
   const Value held = value(column);

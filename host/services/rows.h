@@ -24,29 +24,38 @@ class Row {
   RecordsetHandle handle_;
 };
 
+/// An open recordset, which is closed in any case.
+class OpenRows {
+ public:
+  /// Throws what openRecordset throws.
+  OpenRows(DatabaseReference& database, const std::string& sql,
+           CursorMode cursor = CursorMode::forwardOnly, LockMode lock = LockMode::readOnly);
+  ~OpenRows();
+  OpenRows(const OpenRows&) = delete;
+  OpenRows& operator=(const OpenRows&) = delete;
+
+  RecordsetHandle handle() const { return handle_; }
+  bool isAtEnd() { return database_.isEndOfRecordset(handle_); }
+  void moveNext() { database_.moveNext(handle_); }
+  Row row() { return {database_, handle_}; }
+
+ private:
+  DatabaseReference& database_;
+  RecordsetHandle handle_;
+};
+
 /// Runs the statement and calls `visit(row)` for each row, streaming.
 template <class Visit>
 void forEachRow(DatabaseReference& database, const std::string& sql, Visit&& visit) {
-  const RecordsetHandle handle =
-      database.openRecordset(sql, CursorMode::forwardOnly, LockMode::readOnly, -1, {}, -1, false);
-  struct Closer {
-    DatabaseReference& database;
-    RecordsetHandle handle;
-    ~Closer() { database.closeRecordset(handle); }
-  } closer{database, handle};
-  for (; !database.isEndOfRecordset(handle); database.moveNext(handle)) {
-    visit(Row(database, handle));
-  }
+  for (OpenRows rows(database, sql); !rows.isAtEnd(); rows.moveNext()) visit(rows.row());
 }
 
 /// True when the statement has a row; `visit` sees the first.
 template <class Visit>
 bool firstRow(DatabaseReference& database, const std::string& sql, Visit&& visit) {
-  bool found = false;
-  forEachRow(database, sql, [&](const Row& row) {
-    if (!found) visit(row);
-    found = true;
-  });
+  OpenRows rows(database, sql);
+  const bool found = !rows.isAtEnd();
+  if (found) visit(rows.row());
   return found;
 }
 
