@@ -11,6 +11,7 @@
 #include "merge/field_list_kinds.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
+#include "store/column_lookup.h"
 #include "store/modNotifyClients.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 
@@ -30,6 +31,12 @@ std::string findFault(const std::string& templateText, bool isRTF) {
   return fault;
 }
 
+constexpr ColumnLookup channelOfRow{
+    "Morvane.exe-clsNotificationTools-getNotificationType",
+    {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationType FROM "
+     "ClientNotification WHERE ClientNotificationID=",
+     "NotificationType"}};
+
 class NotificationTools final : public clsNotificationTools {
  public:
   void changeNotificationToSent(Id notificationID) override {
@@ -47,6 +54,7 @@ class NotificationTools final : public clsNotificationTools {
   bool editEmailNotification(Id notificationID) override {
     return procedure("Morvane.exe-clsNotificationTools-editEmailNotification", false,
                      [&](Step& step, bool& result) {
+                       if (lookUpId(channelOfRow, notificationID) != nt_Email) return;
                        withWindow<frmSendNotificationWizardEmail>(step, [&](auto& window) {
                          window.InitializeEditAutoNotify(remittanceNotification, notificationID,
                                                          Tasks);

@@ -23,8 +23,8 @@ class clsNotificationTools : public ComponentObject {
   virtual void changeNotificationToSent(Id notificationID) = 0;
   /// Marks the row cancelled and clears its sent time.
   virtual void cancelNotification(Id notificationID) = 0;
-  /// Opens the composer of an email that waits for its date. False when the person cancelled, the
-  /// row is no email, or the host shows no windows.
+  /// Opens the composer of an email that waits for its date. False when the person cancelled, or
+  /// the row is no email.
   virtual bool editEmailNotification(Id notificationID) = 0;
   /// The message of the template's first fault, empty when it is sound. `isRTF` says which spelling
   /// of the marks to look for: \'ab and \'bb, or « and ».

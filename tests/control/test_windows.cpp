@@ -58,5 +58,18 @@ TEST_F(WindowsOfTheComponent, EmailComposersGiveTheFlagAndUnload) {
   EXPECT_EQ(errors.entered(), errors.left());
 }
 
+TEST_F(WindowsOfTheComponent, EditsEmailsAlone) {
+  const auto tools = library.createTools();
+  const Id entry = addSchedule(103, 1, clock.today(), {{"scheduleName", "GST Return"}});
+  EXPECT_FALSE(tools->editEmailNotification(addNotification(entry, nt_Letter, clock.today())));
+  const Id email = addNotification(entry, nt_Email, clock.today());
+  EXPECT_FALSE(tools->editEmailNotification(email + 1));
+  for (const char* button : {"cmdCancel", "cmdFinish"}) {
+    person.expectWindow("frmSendNotificationWizardEmail",
+                        [&](WindowInUse& window) { window.click(button); });
+    EXPECT_EQ(tools->editEmailNotification(email), button == std::string("cmdFinish"));
+  }
+}
+
 }  // namespace
 }  // namespace autonotify::test
