@@ -66,19 +66,13 @@ bool setDefault(Step& step, Id companyId, Id contactId) {
   return isSet;
 }
 
-/// Clears all defaults of the company but the first one of `keptContactId`. A link whose contact
-/// cannot be read stays.
+/// Clears all defaults of the company but those of `keptContactId`. A link whose contact cannot be
+/// read stays.
 void clearDefaults(Step& step, Id companyId, Id keptContactId) {
-  Id keptLink = noId;
   forEachRow(step, linksStatement(companyId, isDefault), keysetUpdate, [&](RecordsetHandle handle) {
     const Id contactId = readId(step, handle, "ContactIDNum");
-    const Id link = readId(step, handle, "ContactLinkID");
-    // A row that could not be left comes twice.
-    if (contactId == keptContactId && (keptLink < 0 || keptLink == link)) {
-      keptLink = link;
-    } else if (contactId >= 0) {
+    if (contactId >= 0 && contactId != keptContactId)
       writeField(step, handle, "DefaultContact", [] { return "0"; });
-    }
     return true;
   });
 }

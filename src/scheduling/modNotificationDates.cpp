@@ -248,7 +248,7 @@ DateTime determineNotificationDate(Id scheduleID) {
 DateTime getLastUsedNotificationDate(Id scheduleID, DateTime proposed) {
   return procedure("Morvane.exe-modNotificationDates-getLastUsedNotificationDate", proposed,
                    [&](Step& step, DateTime& result) {
-                     if (!isDatabaseOpen(step)) return;
+                     if (scheduleID < 0 || !isDatabaseOpen(step)) return;
                      takeSiblingDate(step, scheduleID, result);
                    });
 }

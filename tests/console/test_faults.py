@@ -170,6 +170,7 @@ class TemplateFaultTest(ConsoleTest):
         (b"}}}}{{{{\\'zz\\u99999999999?\\bin99999999999 and \\* nothing else {\\", None),
         ("Dear «Nonsense»".encode(), FIELD),
         (b"{\\rtf1\\ansi Dear \\'abNonsense\\'bb, this is a letter.\\par }", FIELD),
+        ("{\\rtf1\\ansi Dear «Nonsense» of somewhere long, this is a letter.\\par }".encode(), FIELD),
         ("We write this to «Contact Display Name without an end".encode(), OPENING),
         ("By «(Task Due Date, yyyy/dd/mm)», if you please".encode(),
          "The date format of: 'yyyy/dd/mm' is not valid.  Please see help for valid date formats."),

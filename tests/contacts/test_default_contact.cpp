@@ -20,7 +20,8 @@ class DefaultContact : public HostTest {
     return id;
   }
   std::string defaults() {
-    return dump("SELECT ContactIDNum FROM ContactLinks WHERE DefaultContact<>0 ORDER BY 1");
+    return dump(
+        "SELECT DISTINCT ContactIDNum FROM ContactLinks WHERE DefaultContact<>0 ORDER BY 1");
   }
   std::string told() {
     return dump(

@@ -125,6 +125,8 @@ TEST_F(NotificationDates, NewRowTakesTheDateOfASibling) {
     EXPECT_EQ(getLastUsedNotificationDate(scheduleID, monday).day(), expectedDay)
         << testing::PrintToString(channels);
   }
+  addNotification(noId, nt_Letter, DateTime::of(2026, 11, 3));
+  EXPECT_EQ(getLastUsedNotificationDate(noId, monday), monday) << "no entry, no siblings";
 }
 
 TEST_F(NotificationDates, RefreshMovesTheFirstRowOfEachChannel) {

@@ -50,6 +50,16 @@ std::string readTemplate(const std::string& path) {
   return text;
 }
 
+/// A rich text may spell its marks in both ways, and both are filled.
+std::string findFault(Session& session, const std::string& text) {
+  const bool isRich = isRichText(text);
+  std::string fault = session.tools().findTemplateFault(text, isRich);
+  const bool hasBareMarks = text.find("«") != text.npos || text.find("»") != text.npos;
+  if (fault.empty() && isRich && hasBareMarks)
+    fault = session.tools().findTemplateFault(text, false);
+  return fault;
+}
+
 }  // namespace
 
 void describeShow(CLI::App& command, Arguments& arguments) {
@@ -119,8 +129,7 @@ void describeCheck(CLI::App& command, Arguments& arguments) {
 Reply runCheck(Session& session, const Arguments& arguments) {
   const std::string text = readTemplate(arguments.file);
   std::string fault;
-  const std::string errors =
-      session.errorsOf([&] { fault = session.tools().findTemplateFault(text, isRichText(text)); });
+  const std::string errors = session.errorsOf([&] { fault = findFault(session, text); });
   if (fault.empty()) fault = errors;
   Reply reply;
   reply.data = {{"file", arguments.file}, {"sound", fault.empty()}, {"fault", fault}};
