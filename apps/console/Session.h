@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "Arguments.h"
+#include "Reply.h"
 #include "host/desk/Desk.h"
 #include "host/services/HeadlessFormHost.h"
 #include "host/services/TerminalErrorClass.h"
@@ -33,6 +34,12 @@ class Session : private TerminalDialogs, public host::Desk {
     errors.takeRecorded();
     call();
     return errorLine(errors.takeRecorded());
+  }
+  /// Throws Refusal when the component met errors; `subject` is what they are about: "task 12".
+  template <class Call>
+  void callOrRefuse(const std::string& subject, Call&& call) {
+    const std::string met = errorsOf(call);
+    if (!met.empty()) throw Refusal(subject + ": " + met);
   }
 
  private:

@@ -35,7 +35,7 @@ std::span<const Command> allCommands() {
       Command{"check", "find the first fault of a template", describeCheck, runCheck, nullptr},
       Command{"explain", "tell why a task is notified on its date", describeExplain, runExplain,
               nullptr},
-      Command{"send", "send emails into the outbox", describeSend, runSend, nullptr},
+      Command{"send", "send emails", describeSend, runSend, nullptr},
       Command{"cancel", "cancel a notification", describeCancel, runCancel, nullptr},
       Command{"move", "give a notification another date", describeMove, runMove, nullptr},
       Command{"refresh", "work out a task's dates anew", describeRefresh, runRefresh, nullptr},

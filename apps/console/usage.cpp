@@ -46,12 +46,19 @@ std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
   return replaceAll(words, " excludes ", " does not go with ");
 }
 
+bool isOfGeneralOption(const CLI::App& app, const std::string& fault) {
+  const std::string name = fault.substr(0, fault.find(':'));
+  return name.starts_with("--") && app.get_option_no_throw(name);
+}
+
 }  // namespace
 
 std::string usageFault(const CLI::App& app, const CLI::ParseError& error) {
+  const std::string fault = faultOf(app, error);
   const auto chosen = app.get_subcommands();
-  const std::string command = chosen.empty() ? "" : chosen.front()->get_name() + " ";
-  return fmt::format("{} (see: hvnotify {}--help)", faultOf(app, error), command);
+  const bool isGeneral = chosen.empty() || isOfGeneralOption(app, fault);
+  const std::string command = isGeneral ? "" : chosen.front()->get_name() + " ";
+  return fmt::format("{} (see: hvnotify {}--help)", fault, command);
 }
 
 std::string usageNotes() {

@@ -83,7 +83,7 @@ class ArmTest(ConsoleTest):
 class ChangeTest(ConsoleTest):
     def test_move(self):
         _, (fax,) = self.arm("fax")
-        for day, note in [("2026-06-06", ""), ("2026-04-15", ""),
+        for day, note in [("2026-06-06", "; the firm is closed that day"), ("2026-04-15", ""),
                           ("2026-04-14", ", which is past: it is due at once")]:
             self.expect(["move", fax, day], f"notification {fax} by fax: pending, date {day}{note}\n")
         self.expect(["--json", "move", fax, "2026-05-01"],

@@ -12,12 +12,12 @@ WRONG = [
     ("--nope due", 'there is no option "--nope" (see: hvnotify due --help)'),
     ("due --nope", 'there is no option "--nope" (see: hvnotify due --help)'),
     ("due extra", '"extra" is one argument too many (see: hvnotify due --help)'),
-    ("due --today", "--today: a value is missing (see: hvnotify due --help)"),
+    ("due --today", "--today: a value is missing (see: hvnotify --help)"),
     ("due --today 2026-02-30",
-     '--today: "2026-02-30" is no date; write it as 2026-04-30 (see: hvnotify due --help)'),
+     '--today: "2026-02-30" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
     ("due --today tomorrow",
-     '--today: "tomorrow" is no date; write it as 2026-04-30 (see: hvnotify due --help)'),
-    ("due --user x", '--user: "x" is no number (see: hvnotify due --help)'),
+     '--today: "tomorrow" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
+    ("due --user x", '--user: "x" is no number (see: hvnotify --help)'),
     ("tasks --until 30", '--until: "30" is no date; write it as 2026-04-30 (see: hvnotify tasks '
      '--help)'),
     ("tasks --client 1.5", '--client: "1.5" is no number (see: hvnotify tasks --help)'),
@@ -56,7 +56,7 @@ class UsageTest(ConsoleTest):
 
     def test_empty_database_name_is_refused(self):
         self.expect(["due"], database="", code=2,
-                    err="--database: the value is empty (see: hvnotify due --help)")
+                    err="--database: the value is empty (see: hvnotify --help)")
 
     def test_each_command_has_a_help_of_its_own(self):
         for command in COMMANDS.split(", "):

@@ -19,17 +19,19 @@ void requireState(Session& session, Id id, std::initializer_list<NotificationSta
   throw Refusal(fmt::format("notification {} {} and cannot be {}", id, stateWords(state), changed));
 }
 
-template <class Change>
-void changeOrRefuse(Session& session, const std::string& subject, Change&& change) {
-  const std::string errors = session.errorsOf(change);
-  if (!errors.empty()) throw Refusal(fmt::format("{}: {}", subject, errors));
+/// "; the firm is closed that day" where it is.
+std::string closedNote(Session& session, DateTime date) {
+  DateTime open = date;
+  session.callOrRefuse("the calendar", [&] { open = session.tools().lastWorkingDay(date); });
+  return open == date ? "" : "; the firm is closed that day";
 }
 
-Reply describeRow(Session& session, Id id) {
+Reply describeRow(Session& session, Id id, const std::string& note = {}) {
   const Notification row = loadNotification(session, id);
   Reply reply;
-  reply.text = fmt::format("notification {} by {}: {}, date {}{}\n", id, channelName(row.channel),
-                           stateName(stateOf(row)), dayText(row.date), pastNote(session, row));
+  reply.text =
+      fmt::format("notification {} by {}: {}, date {}{}{}\n", id, channelName(row.channel),
+                  stateName(stateOf(row)), dayText(row.date), pastNote(session, row), note);
   reply.data = {{"notification", id},
                 {"channel", channelName(row.channel)},
                 {"state", stateName(stateOf(row))},
@@ -50,8 +52,8 @@ Reply runCancel(Session& session, const Arguments& arguments) {
                {NotificationState::pending, NotificationState::interruptedCancel,
                 NotificationState::interruptedSending},
                "cancelled");
-  changeOrRefuse(session, fmt::format("notification {}", id),
-                 [&] { session.tools().cancelNotification(id); });
+  session.callOrRefuse(fmt::format("notification {}", id),
+                       [&] { session.tools().cancelNotification(id); });
   return describeRow(session, id);
 }
 
@@ -64,10 +66,10 @@ Reply runMove(Session& session, const Arguments& arguments) {
   const Id id = arguments.notification;
   const auto claim = claimNotification(session, id);
   requireState(session, id, {NotificationState::pending}, "moved");
-  changeOrRefuse(session, fmt::format("notification {}", id), [&] {
+  session.callOrRefuse(fmt::format("notification {}", id), [&] {
     session.control().cls_ChangeNotificationNotifiedDate(id, *arguments.date);
   });
-  return describeRow(session, id);
+  return describeRow(session, id, closedNote(session, *arguments.date));
 }
 
 void describeRefresh(CLI::App& command, Arguments& arguments) {
@@ -77,8 +79,8 @@ void describeRefresh(CLI::App& command, Arguments& arguments) {
 Reply runRefresh(Session& session, const Arguments& arguments) {
   const auto claim = claimItem(session, host::WorkItem::task, arguments.task);
   const Task task = loadTask(session, arguments.task);
-  changeOrRefuse(session, fmt::format("task {}", task.id),
-                 [&] { session.control().cls_refreshNotificationDate(task.id); });
+  session.callOrRefuse(fmt::format("task {}", task.id),
+                       [&] { session.control().cls_refreshNotificationDate(task.id); });
   Reply reply;
   reply.data = Json::array();
   for (const notifyType channel : allNotifyTypes) {

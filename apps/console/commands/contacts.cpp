@@ -70,17 +70,11 @@ const ClientWord& requireClient(Session& session, const std::string& word, Id id
   return client;
 }
 
-template <class Call>
-void callOrRefuse(Session& session, const std::string& subject, Call&& call) {
-  const std::string errors = session.errorsOf(call);
-  if (!errors.empty()) throw Refusal(fmt::format("{}: {}", subject, errors));
-}
-
 Reply describeDefault(Session& session, Id companyId) {
   const std::string company = session.clients().getCompanyDisplayName(companyId);
   Id contact = noId;
-  callOrRefuse(session, fmt::format("company {}", companyId),
-               [&] { contact = session.tools().checkForDefaultContact(companyId); });
+  session.callOrRefuse(fmt::format("company {}", companyId),
+                       [&] { contact = session.tools().checkForDefaultContact(companyId); });
   Reply reply;
   const std::string name =
       contact < 0 ? std::string() : session.clients().getContactDisplayName(contact);
@@ -112,7 +106,7 @@ Reply runAddress(Session& session, const Arguments& arguments) {
     throw Refusal("a company has no home: leave out --home");
   const std::string subject = fmt::format("{} {}", client.word, id);
   std::string block;
-  callOrRefuse(session, subject, [&] {
+  session.callOrRefuse(subject, [&] {
     block = session.tools().composeAddress({client.type, id, arguments.client.value_or(noId),
                                             arguments.home, arguments.rtf, arguments.phones,
                                             arguments.email});
@@ -152,8 +146,8 @@ Reply runRecipients(Session& session, const Arguments& arguments) {
   const std::string subject =
       client.statement ? fmt::format("{} {}", client.word, id) : client.word;
   RecipientOffer offer;
-  callOrRefuse(session, subject,
-               [&] { offer = session.tools().listRecipients(client.type, id, kind.kind); });
+  session.callOrRefuse(subject,
+                       [&] { offer = session.tools().listRecipients(client.type, id, kind.kind); });
   if (offer.texts.empty())
     throw Refusal(fmt::format("no {} of {} is known", kind.meaning, subject));
   Reply reply;
@@ -180,8 +174,9 @@ Reply runContactDefault(Session& session, const Arguments& arguments) {
   requireClient(session, "company", company);
   if (arguments.contact) {
     bool isSet = false;
-    callOrRefuse(session, fmt::format("company {}", company),
-                 [&] { isSet = session.tools().setDefaultContact(company, *arguments.contact); });
+    session.callOrRefuse(fmt::format("company {}", company), [&] {
+      isSet = session.tools().setDefaultContact(company, *arguments.contact);
+    });
     if (!isSet) {
       throw Refusal(
           fmt::format("contact {} does not belong to company {}", *arguments.contact, company));

@@ -1,11 +1,10 @@
 #include "commands/copying.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <iostream>
 
+#include "ProgressLine.h"
 #include "commands/arguments.h"
 #include "host/copy/DatabaseCopy.h"
 #include "host/database/dialect/DatabaseError.h"
@@ -15,16 +14,6 @@
 
 namespace autonotify::console {
 namespace {
-
-/// One line on a terminal, written over again and again.
-void showProgress(const char* step, const std::string& table, std::int64_t rows) {
-  if (isatty(STDERR_FILENO))
-    std::cerr << fmt::format("\r\x1b[K{} {}: {} rows", step, table, rows) << std::flush;
-}
-
-void endProgress() {
-  if (isatty(STDERR_FILENO)) std::cerr << "\r\x1b[K" << std::flush;
-}
 
 /// The words of a failure name the end at which it came.
 template <class Open>
@@ -53,9 +42,13 @@ Reply runCopy(const GlobalOptions& options, const Arguments& arguments) {
   const auto from = opened(source, [&] { return host::openCopySource(source); });
   const auto to =
       opened(arguments.to, [&] { return host::openCopyTarget(arguments.to, arguments.anew); });
-  const host::CopyResult result =
-      opened(arguments.to, [&] { return host::copyDatabase(*from, *to, showProgress); });
-  endProgress();
+  const host::CopyResult result = opened(arguments.to, [&] {
+    ProgressLine line;
+    return host::copyDatabase(*from, *to,
+                              [&](const char* step, const std::string& table, std::int64_t rows) {
+                                line.show(fmt::format("{} {}: {} rows", step, table, rows));
+                              });
+  });
   Reply reply;
   const std::string target = host::placeShown(arguments.to);
   reply.text = fmt::format(
@@ -74,7 +67,9 @@ void describeRole(CLI::App& command, Arguments& arguments) {
 
 Reply runRole(const GlobalOptions& options, const Arguments& arguments) {
   const std::string& place = options.database;
-  if (host::isFile(place)) throw Refusal(place + " is a file: who may use it, its folder says");
+  if (host::isFile(place))
+    throw Refusal("roles are for servers; " + place +
+                  " is a file, which its folder's rights protect");
   Reply reply;
   opened(place, [&] {
     const auto database = host::openPostgres(place);

@@ -60,9 +60,8 @@ void describeExplain(CLI::App& command, Arguments& arguments) {
 Reply runExplain(Session& session, const Arguments& arguments) {
   const Task task = loadTask(session, arguments.task);
   DateExplanation why;
-  const std::string errors =
-      session.errorsOf([&] { why = session.tools().explainNotificationDate(task.id); });
-  if (!errors.empty()) throw Refusal(fmt::format("task {}: {}", task.id, errors));
+  session.callOrRefuse(fmt::format("task {}", task.id),
+                       [&] { why = session.tools().explainNotificationDate(task.id); });
   Reply reply;
   reply.text = fmt::format("{} of {}\n", task.name, clientName(session, task));
   reply.text += fmt::format("Due:    {}\n", longDay(why.dueDate)) + periodText(why);

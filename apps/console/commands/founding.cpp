@@ -152,6 +152,9 @@ void describeInit(CLI::App& command, Arguments& arguments) {
 
 Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
   const std::string target = host::placeShown(options.database);
+  if (!arguments.province.empty() && !arguments.country.empty() &&
+      host::findCountry(arguments.country) != countryCanada)
+    throw Refusal("--province goes with the country ca alone", exitUsage);
   try {
     if (host::isFile(options.database))
       makeFile(options.database, options, arguments);

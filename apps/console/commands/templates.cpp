@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "ProgressLine.h"
 #include "TextTable.h"
 #include "commands/arguments.h"
 #include "notifications.h"
@@ -99,24 +100,6 @@ int countUnsent(Session& session, const Kind& kind, bool ofCompanies) {
   return count;
 }
 
-/// One line on a terminal, written over and over; nothing elsewhere.
-class ProgressLine {
- public:
-  ~ProgressLine() {
-    if (isShown_) std::cerr << "\r\033[K" << std::flush;
-  }
-  void show(int rowsDone, int rows) {
-    if (!isTerminal_ || (rowsDone % 50 != 0 && rowsDone != rows)) return;
-    std::cerr << fmt::format("\r{} of {} unsent notifications looked at", rowsDone, rows)
-              << std::flush;
-    isShown_ = true;
-  }
-
- private:
-  bool isTerminal_ = isatty(STDERR_FILENO) != 0;
-  bool isShown_ = false;
-};
-
 }  // namespace
 
 void describePropagate(CLI::App& command, Arguments& arguments) {
@@ -129,15 +112,13 @@ Reply runPropagate(Session& session, const Arguments& arguments) {
   const Kind kind = loadKind(session, *arguments.scheduleType);
   const int rewritten = countUnsent(session, kind, true);
   const int left = countUnsent(session, kind, false);
-  std::string errors;
-  {
+  session.callOrRefuse(fmt::format("schedule type {}", kind.id), [&] {
     ProgressLine line;
-    errors = session.errorsOf([&] {
-      session.tools().propagateTemplate(kind.id,
-                                        [&](int done, int rows) { line.show(done, rows); });
+    session.tools().propagateTemplate(kind.id, [&](int done, int rows) {
+      if (done % 50 == 0 || done == rows)
+        line.show(fmt::format("{} of {} unsent notifications looked at", done, rows));
     });
-  }
-  if (!errors.empty()) throw Refusal(fmt::format("schedule type {}: {}", kind.id, errors));
+  });
   Reply reply;
   reply.text = fmt::format("{}: {} unsent notification{} composed anew", kind.name, rewritten,
                            rewritten == 1 ? "" : "s");

@@ -109,12 +109,11 @@ void describeMerge(CLI::App& command, Arguments& arguments) {
 Reply runMerge(Session& session, const Arguments& arguments) {
   const Task task = loadTask(session, arguments.task);
   std::string text;
-  const std::string errors = session.errorsOf([&] {
+  session.callOrRefuse(fmt::format("task {}", task.id), [&] {
     text = arguments.file.empty()
                ? session.control().cls_generateClientAutoNotifyComment(task.id)
                : session.tools().mergeTemplate(readTemplate(arguments.file), task.id);
   });
-  if (!errors.empty()) throw Refusal(fmt::format("task {}: {}", task.id, errors));
   if (arguments.plain) text = plainTextOf(text);
   Reply reply;
   (arguments.plain ? reply.text : reply.document) = withLineEnd(text);
