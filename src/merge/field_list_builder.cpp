@@ -1,5 +1,6 @@
 #include "merge/field_list_builder.h"
 
+#include <map>
 #include <utility>
 
 #include "control/contract/enumerations.h"
@@ -34,21 +35,38 @@ std::string numbered(std::string_view stem, int number) {
   return std::string(stem).append(std::to_string(number));
 }
 
-std::string labelSql(const CustomFields& custom) {
-  const std::string table(custom.labelTable);
-  std::string sql = "SELECT ";
-  for (int number = 1; number <= 5; ++number) {
-    if (number > 1) sql += ", ";
-    sql += table + "." + numbered(custom.labelColumn, number);
+using FiveTexts = std::array<std::string, 5>;
+
+FiveTexts fiveNumbered(std::string_view stem) {
+  FiveTexts texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = numbered(stem, static_cast<int>(i) + 1);
+  return texts;
+}
+
+/// Where the firm's labels of five custom fields stand, and what they are called without one.
+struct CustomLabels {
+  explicit CustomLabels(const CustomFields& custom)
+      : columns(fiveNumbered(custom.labelColumn)), defaults(fiveNumbered(custom.defaultName)) {
+    const std::string table(custom.labelTable);
+    for (const std::string& column : columns)
+      sql += (sql.empty() ? "SELECT " : ", ") + table + "." + column;
+    sql += " FROM " + table + ";";
   }
-  return sql + " FROM " + table + ";";
+  FiveTexts columns;
+  FiveTexts defaults;
+  std::string sql;
+};
+
+const CustomLabels& labelsOf(const CustomFields& custom) {
+  static std::map<const CustomFields*, CustomLabels> made;
+  return made.try_emplace(&custom, custom).first->second;
 }
 
 /// An unset label counts as one that the firm never changed: a field without a name would claim the
 /// empty token.
-std::string customName(std::string label, int number, const std::string& defaultName) {
-  if (label.ends_with(':')) label.pop_back();
-  return label.empty() || label == numbered("Custom ", number) ? defaultName : label;
+bool isUnset(std::string_view label, std::size_t place) {
+  static const FiveTexts neverChanged = fiveNumbered("Custom ");
+  return label.empty() || label == neverChanged[place];
 }
 
 SharedFieldRows customFields(const CustomFields& custom, const std::array<std::string, 5>& names,
@@ -147,15 +165,14 @@ void FieldListBuilder::add(const SharedFieldRows& rows) {
 }
 
 std::array<std::string, 5> FieldListBuilder::customNames(const CustomFields& custom) {
-  std::array<std::string, 5> names;
-  for (int number = 1; number <= 5; ++number)
-    names[static_cast<std::size_t>(number - 1)] = numbered(custom.defaultName, number);
+  const CustomLabels& labels = labelsOf(custom);
+  FiveTexts names = labels.defaults;
   if (!isDatabaseOpen(step_)) return names;
-  withFirstRow(step_, labelSql(custom), keysetRead, [&](RecordsetHandle handle) {
-    for (int number = 1; number <= 5; ++number) {
-      std::string& name = names[static_cast<std::size_t>(number - 1)];
-      const std::string column = numbered(custom.labelColumn, number);
-      name = customName(readText(step_, handle, column.c_str()), number, name);
+  withFirstRow(step_, labels.sql, keysetRead, [&](RecordsetHandle handle) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      std::string label = readText(step_, handle, labels.columns[i].c_str());
+      if (label.ends_with(':')) label.pop_back();
+      if (!isUnset(label, i)) names[i] = std::move(label);
     }
   });
   return names;
