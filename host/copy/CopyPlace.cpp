@@ -4,9 +4,12 @@
 #include <SQLiteCpp/Statement.h>
 
 #include <filesystem>
+#include <system_error>
 
+#include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/database/sqlite/SqliteDatabase.h"
+#include "host/database/sqlite/SqliteDriver.h"
 #include "host/demo/PostgresRowSink.h"
 #include "host/demo/SqliteRowSink.h"
 #include "host/desk/databases.h"
@@ -24,16 +27,19 @@ class SqlitePlace : public CopyPlace {
     return std::make_unique<SqliteRowSink>(database_->connection());
   }
   Id lastKey(const TableDef& table) override {
-    SQLite::Statement ask(database_->connection(),
-                          "SELECT coalesce(max(seq), 0) FROM sqlite_sequence WHERE name=?");
-    ask.bind(1, table.name);
-    ask.executeStep();
-    return ask.getColumn(0).getInt();
+    return translated([&] {
+      SQLite::Statement ask(database_->connection(),
+                            "SELECT coalesce(max(seq), 0) FROM sqlite_sequence WHERE name=?");
+      ask.bind(1, table.name);
+      ask.executeStep();
+      return Id{ask.getColumn(0).getInt()};
+    });
   }
   void setLastKey(const TableDef& table, Id key) override {
-    database_->connection().exec("DELETE FROM sqlite_sequence WHERE name='" + table.name +
-                                 "'; INSERT INTO sqlite_sequence(name, seq) VALUES ('" +
-                                 table.name + "', " + std::to_string(key) + ")");
+    const std::string sql = "DELETE FROM sqlite_sequence WHERE name='" + table.name +
+                            "'; INSERT INTO sqlite_sequence(name, seq) VALUES ('" + table.name +
+                            "', " + std::to_string(key) + ")";
+    translated([&] { return database_->connection().exec(sql); });
   }
   void finish() override { finishSqlite(*database_); }
 
@@ -71,11 +77,18 @@ class PostgresPlace : public CopyPlace {
 };
 
 void removeFile(const std::string& path) {
-  for (const char* ending : {"", "-wal", "-shm"}) std::filesystem::remove(path + ending);
+  std::error_code fault;
+  for (const char* ending : {"", "-wal", "-shm"}) {
+    if (!fault) std::filesystem::remove(path + ending, fault);
+  }
+  if (fault)
+    throw DatabaseError(database_error::inputOutput,
+                        path + " cannot be made anew: " + fault.message());
 }
 
 std::unique_ptr<SqliteDatabase> openTargetFile(const std::string& path, bool anew) {
-  if (!std::filesystem::exists(path)) return createUnfinishedSqlite(path);
+  std::error_code ignored;
+  if (!std::filesystem::exists(path, ignored)) return createUnfinishedSqlite(path);
   auto database = openUnfinishedSqlite(path);
   if (!anew) return database;
   database.reset();

@@ -14,7 +14,7 @@ struct Field {
 };
 
 /// Takes new rows into a database, whichever the engine. Columns that are not named get their
-/// defaults. Failures are thrown as PlatformError or as the engine's own exception.
+/// defaults. Failures are thrown as DatabaseError.
 class RowSink {
  public:
   virtual ~RowSink() = default;

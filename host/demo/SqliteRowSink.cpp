@@ -2,6 +2,7 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include "host/database/sqlite/SqliteDriver.h"
 #include "platform/date_time_text.h"
 
 namespace autonotify::host {
@@ -40,11 +41,11 @@ SqliteRowSink::SqliteRowSink(SQLite::Database& database) : database_(database) {
 SqliteRowSink::~SqliteRowSink() = default;
 
 void SqliteRowSink::begin() {
-  transaction_ = std::make_unique<SQLite::Transaction>(database_);
+  transaction_ = translated([&] { return std::make_unique<SQLite::Transaction>(database_); });
 }
 
 void SqliteRowSink::commit() {
-  transaction_->commit();
+  translated([&] { transaction_->commit(); });
   transaction_.reset();
 }
 
@@ -59,12 +60,14 @@ SQLite::Statement& SqliteRowSink::statementFor(std::string_view table,
 }
 
 Id SqliteRowSink::insertRow(std::string_view table, std::span<const Field> fields) {
-  SQLite::Statement& statement = statementFor(table, fields);
-  int index = 0;
-  for (const Field& field : fields) field.value.visit(Binder{statement, ++index});
-  statement.exec();
-  statement.reset();
-  return static_cast<Id>(database_.getLastInsertRowid());
+  return translated([&] {
+    SQLite::Statement& statement = statementFor(table, fields);
+    int index = 0;
+    for (const Field& field : fields) field.value.visit(Binder{statement, ++index});
+    statement.exec();
+    statement.reset();
+    return static_cast<Id>(database_.getLastInsertRowid());
+  });
 }
 
 }  // namespace autonotify::host

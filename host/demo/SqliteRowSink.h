@@ -15,7 +15,7 @@ class Transaction;
 namespace autonotify::host {
 
 /// Rows into an SQLite database that holds the schema. One prepared statement per table and list
-/// of columns is kept for all rows of that shape. Failures are thrown as SQLite::Exception.
+/// of columns is kept for all rows of that shape.
 class SqliteRowSink : public RowSink {
  public:
   /// The database must outlive the sink.

@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import resource
 import shutil
 import sqlite3
 import subprocess
@@ -59,6 +60,17 @@ class DatabaseFileTest(ConsoleTest):
             begin = time.monotonic()
             self.expect(["due"], err=f"firm.db: {ENGINE.locked}", code=3)
             self.assertLess(time.monotonic() - begin, 20)
+
+    def test_a_file_that_may_not_grow(self):
+        small = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (500_000, 500_000))
+        for arguments in (["init", "--demo"], ["copy", "--from", "firm.db", "--to", "new.db"]):
+            done = subprocess.run(command(*arguments, database="new.db"), cwd=self.folder,
+                                  capture_output=True, text=True, preexec_fn=small,
+                                  restore_signals=False)
+            with self.subTest(arguments[0]):
+                self.assertEqual((3, ""), (done.returncode, done.stdout))
+                self.assertIn("hvnotify: new.db: The ", done.stderr)
+                self.assertEqual(1, done.stderr.count("\n"))
 
     def test_without_permission(self):
         self.folder.chmod(0o755)

@@ -1,3 +1,4 @@
+#include "host/database/dialect/DatabaseError.h"
 #include "host/demo/holidays.h"
 #include "platform/date_time_text.h"
 #include "schema/firm_in_memory.h"
@@ -18,7 +19,7 @@ TEST(DemoFirm, ATransactionThatFailsLeavesNothing) {
   firm.database().exec("DROP TABLE Dockets");
   {
     SqliteRowSink sink(firm.database());
-    EXPECT_THROW(makeDemoFirm(sink, small()), SQLite::Exception);
+    EXPECT_THROW(makeDemoFirm(sink, small()), DatabaseError);
   }
   EXPECT_EQ(firm.count("Companies"), 0);
 }

@@ -15,18 +15,6 @@ namespace {
 
 namespace files = std::filesystem;
 
-/// Runs a call of the connection; its failure becomes a DatabaseError.
-template <class Call>
-auto translated(Call&& call) {
-  try {
-    return call();
-  } catch (const SQLite::Exception& failure) {
-    const int extended = failure.getExtendedErrorCode();
-    throwSqliteError(extended != 0 && extended != -1 ? extended : failure.getErrorCode(),
-                     failure.what(), {});
-  }
-}
-
 void execute(SQLite::Database& database, const std::string& sql) {
   translated([&] { return database.exec(sql); });
 }

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
 
 #include "host/database/Driver.h"
 
@@ -17,6 +18,18 @@ namespace autonotify::host {
 [[noreturn]] void throwSqliteError(sqlite3* connection, int code, const std::string& sql);
 /// The same without a connection: `message` is what SQLite said.
 [[noreturn]] void throwSqliteError(int code, const std::string& message, const std::string& sql);
+
+/// Runs calls of a connection; their failure becomes a DatabaseError.
+template <class Call>
+auto translated(Call&& call) {
+  try {
+    return call();
+  } catch (const SQLite::Exception& failure) {
+    const int extended = failure.getExtendedErrorCode();
+    throwSqliteError(extended != 0 && extended != -1 ? extended : failure.getErrorCode(),
+                     failure.what(), {});
+  }
+}
 
 /// One SQLite connection. Keys are counted in the engine's own table of AUTOINCREMENT counters, so
 /// that rows inserted by other means count too.
