@@ -56,7 +56,7 @@ class clsNotificationTools : public ComponentObject {
 
   /// Composes the texts of all unsent notifications of the kind anew, by the template of its
   /// `ScheduleTypes` row; a client who is a contact only keeps the old text. `progress` hears of
-  /// each unsent notification looked at; it may be empty.
+  /// each unsent notification looked at; it may be empty. Nothing happens for a kind without a row.
   virtual void propagateTemplate(Id scheduleTypeID,
                                  const std::function<void(int rowsDone, int rows)>& progress) = 0;
   /// The fields that a template for this use can be filled with, in the order of the editor's list.

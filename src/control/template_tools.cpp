@@ -5,9 +5,15 @@
 #include "merge/field_list_columns.h"
 #include "merge/field_list_kinds.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
+#include "store/column_lookup.h"
 
 namespace autonotify {
 namespace {
+
+constexpr ColumnLookup keyOfKind{
+    "Morvane.exe-clsNotificationTools-propagateTemplate",
+    {"SELECT ScheduleTypes.ScheduleTypeID FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=",
+     "ScheduleTypeID"}};
 
 MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row) {
   const auto item = [&](int column) {
@@ -28,6 +34,8 @@ MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row)
 
 void propagateTemplate(Id scheduleTypeID,
                        const std::function<void(int rowsDone, int rows)>& progress) {
+  // What belongs to no kind has the numbers of one that was never read.
+  if (lookUpId(keyOfKind, scheduleTypeID) < 0) return;
   clsAutoNotifyTemplate kind;
   kind.openExistingScheduleType(scheduleTypeID);
   int rows = 0;

@@ -71,5 +71,14 @@ TEST_F(WindowsOfTheComponent, EditsEmailsAlone) {
   }
 }
 
+TEST_F(WindowsOfTheComponent, NoTemplateIsCarriedForAKindThatIsNotThere) {
+  const Id entry = addSchedule(0, 0, clock.today());
+  addNotification(entry, nt_Letter, clock.today());
+  plainDatabase->connection().exec("UPDATE ClientNotification SET Memo='kept'");
+  int looks = 0;
+  library.createTools()->propagateTemplate(99, [&](int, int) { ++looks; });
+  EXPECT_EQ(looks, 0);
+}
+
 }  // namespace
 }  // namespace autonotify::test
