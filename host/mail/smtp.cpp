@@ -170,8 +170,9 @@ SmtpServer parseSmtpServer(const std::string& url) {
   if (at != std::string::npos) {
     server.user = place.substr(0, at);
     if (server.user.find(':') != std::string::npos)
-      throw MailError("A password in the address of a mail server could be read by others; give it "
-                      "in a file.");
+      throw MailError(
+          "A password in the address of a mail server could be read by others; give it "
+          "in a file.");
     place.erase(0, at + 1);
   }
   const std::size_t portColon = place.rfind(':');

@@ -221,8 +221,7 @@ class QtDriver : public WindowDriver {
     if (!control.isShown()) return;
     EXPECT_EQ(acts(*widget), control.isReachable()) << control.name();
     Sight sight;
-    EXPECT_TRUE(
-        std::ranges::any_of(looks, [&](Look row) { return row(control, *widget, sight); }))
+    EXPECT_TRUE(std::ranges::any_of(looks, [&](Look row) { return row(control, *widget, sight); }))
         << control.name() << ": nobody knows how to look at this";
     EXPECT_EQ(sight.drawn, sight.held) << control.name();
   }
