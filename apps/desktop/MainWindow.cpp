@@ -22,6 +22,7 @@
 #include "MailProgramSender.h"
 #include "OptionsDialog.h"
 #include "WaitingSender.h"
+#include "binding/FaultWatch.h"
 #include "host/desk/databases.h"
 #include "text.h"
 
@@ -121,14 +122,16 @@ void MainWindow::perform(void (MainWindow::*run)()) {
   if (isAtWork_) return;
   isAtWork_ = true;
   const auto done = qScopeGuard([this] { isAtWork_ = false; });
-  try {
-    (this->*run)();
-    // An open file can be written to on and on after someone has deleted it.
-    if (desk_ && host::isFile(options_.database) && !QFileInfo::exists(shown(options_.database)))
-      tellFault(tr("The database file is no longer in its place: nothing that you do is kept."));
-  } catch (const PlatformError& error) {
-    tellFault(faultOf(error.description()));
-  }
+  FaultWatch::guard([&] {
+    try {
+      (this->*run)();
+      // An open file can be written to on and on after someone has deleted it.
+      if (desk_ && host::isFile(options_.database) && !QFileInfo::exists(shown(options_.database)))
+        tellFault(tr("The database file is no longer in its place: nothing that you do is kept."));
+    } catch (const PlatformError& error) {
+      tellFault(faultOf(error.description()));
+    }
+  });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

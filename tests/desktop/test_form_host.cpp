@@ -75,6 +75,14 @@ class frmEveryKind : public Form {
   RichTextBox rtb{*this, "rtb"};
   Button cmdGo{*this, "cmdGo", "Go"};
   Timer tmr{*this, "tmr", 1};
+
+  std::function<void()> onUnloading;
+
+ protected:
+  bool queryUnload(CloseReason) override {
+    if (onUnloading) onUnloading();
+    return true;
+  }
 };
 
 class FormHostTest : public testing::Test {
@@ -147,12 +155,35 @@ TEST_F(FormHostTest, TheProgramIsOutOfReachUntilAHiddenWindowIsDone) {
 }
 
 TEST_F(FormHostTest, AFaultEndsTheWindowAndReachesTheCaller) {
-  form_.cmdGo.onClick = [] { throw std::logic_error("fault"); };
-  QTimer::singleShot(0,
-                     [&] { QTest::mouseClick(&widget<QPushButton>(form_.cmdGo), Qt::LeftButton); });
-  EXPECT_THROW(form_.showModal(nullptr), std::logic_error);
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_FALSE(form_.isVisible());
+  const auto fail = [] { throw std::logic_error("fault"); };
+  const auto type = [&] { QTest::keyClick(&widget<QLineEdit>(form_.txtLast), Qt::Key_A); };
+  form_.cmdGo.onClick = fail;
+  form_.txtLast.onChange = fail;
+  form_.onUnloading = fail;
+  const std::vector<std::function<void()>> acts{
+      [&] { QTest::mouseClick(&widget<QPushButton>(form_.cmdGo), Qt::LeftButton); },
+      type,
+      [&, fail] {
+        form_.txtLast.onKeyPress = [fail](int key) { return fail(), key; };
+        type();
+      },
+      [&, fail] {
+        form_.txtLast.onChange = nullptr;
+        form_.txtLast.onKeyPress = nullptr;
+        form_.txtLast.onKeyUp = [fail](int, int) { fail(); };
+        type();
+      },
+      [&] { window().close(); },
+      [&, fail] {
+        form_.tmr.onTimer = fail;
+        form_.tmr.setEnabled(true);
+      }};
+  for (const auto& act : acts) {
+    QTimer::singleShot(0, act);
+    EXPECT_THROW(form_.showModal(nullptr), std::logic_error) << &act - acts.data();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_FALSE(form_.isVisible());
+  }
   clickProgram();
   EXPECT_EQ(programClicks_, 1);
 }

@@ -123,7 +123,8 @@ bool Binding::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::KeyRelease: {
       const auto& key = static_cast<QKeyEvent&>(*event);
-      Person(form_).releaseKey(control_, keyCodeOf(key), keyShiftOf(key));
+      FaultWatch::guard(
+          [&] { Person(form_).releaseKey(control_, keyCodeOf(key), keyShiftOf(key)); });
       break;
     }
     default:
@@ -137,7 +138,8 @@ bool Binding::passKeyPress(QKeyEvent& event) {
   if (isReplacingKey_ || !control_.onKeyPress || !isInReach() || !writesCharacter(event))
     return false;
   const int key = text.front().unicode();
-  const int accepted = Person(form_).pressKey(control_, key);
+  int accepted = 0;
+  FaultWatch::guard([&] { accepted = Person(form_).pressKey(control_, key); });
   if (accepted == key) return false;
   if (accepted == 0) return true;
   isReplacingKey_ = true;

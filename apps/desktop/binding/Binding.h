@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "binding/FaultWatch.h"
 #include "platform/controls/Person.h"
 
 namespace autonotify::desktop {
@@ -41,10 +42,12 @@ class Binding : public QObject {
   template <class Act>
   void pass(Act&& act) {
     if (drawings_ > 0 || !isInReach()) return;
-    Person person(form_);
-    act(person);
-    render();
-    renderFocus();
+    FaultWatch::guard([&] {
+      Person person(form_);
+      act(person);
+      render();
+      renderFocus();
+    });
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -37,21 +37,24 @@ void FaultWatch::rethrow() {
   if (fault_) std::rethrow_exception(std::exchange(fault_, nullptr));
 }
 
-bool FaultWatch::report(std::exception_ptr fault) {
-  if (!innermost_) return false;
-  if (!innermost_->fault_) innermost_->fault_ = std::move(fault);
-  innermost_->loop_.quit();
-  return true;
+void FaultWatch::end(std::exception_ptr fault) {
+  if (!fault_) fault_ = std::move(fault);
+  loop_.quit();
+}
+
+void FaultWatch::guard(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (...) {
+    const std::exception_ptr fault = std::current_exception();
+    innermost_ ? innermost_->end(fault) : tell(fault);
+  }
 }
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
-  try {
-    return QApplication::notify(receiver, event);
-  } catch (...) {
-    const std::exception_ptr fault = std::current_exception();
-    if (!FaultWatch::report(fault)) tell(fault);
-    return true;
-  }
+  bool isTaken = true;
+  FaultWatch::guard([&] { isTaken = QApplication::notify(receiver, event); });
+  return isTaken;
 }
 
 }  // namespace autonotify::desktop

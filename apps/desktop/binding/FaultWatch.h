@@ -3,12 +3,13 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <exception>
+#include <functional>
 
 namespace autonotify::desktop {
 
 /// Watches the loop of a window for faults of the program. An exception may not pass through the
-/// toolkit's loops: GuardedApplication catches it, ends the innermost watched loop, and rethrow()
-/// throws it on behind the loop. Watches nest as the loops do.
+/// toolkit: what the toolkit calls runs in guard(), which ends the innermost watched loop, and
+/// rethrow() throws the fault on behind the loop. Watches nest as the loops do.
 class FaultWatch {
  public:
   explicit FaultWatch(QEventLoop& loop);
@@ -19,10 +20,12 @@ class FaultWatch {
   /// Throws what the loop ended with, if it was a fault.
   void rethrow();
 
-  /// False when no loop is watched.
-  static bool report(std::exception_ptr fault);
+  /// Runs `act`. Where no loop is watched, its fault is told to the person.
+  static void guard(const std::function<void()>& act);
 
  private:
+  void end(std::exception_ptr fault);
+
   static FaultWatch* innermost_;
 
   QEventLoop& loop_;
@@ -30,8 +33,7 @@ class FaultWatch {
   std::exception_ptr fault_;
 };
 
-/// An application whose windows may meet faults of the program. A fault outside of all watched
-/// windows is told to the person, and the program goes on.
+/// Guards all events, for what reaches the program past the guards of its own.
 class GuardedApplication : public QApplication {
  public:
   using QApplication::QApplication;

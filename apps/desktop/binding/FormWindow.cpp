@@ -18,7 +18,7 @@ namespace {
 class RunningTimer : public QTimer {
  public:
   RunningTimer(Timer& model, QObject* parent) : QTimer(parent), model_(model) {
-    callOnTimeout([this] { model_.fire(); });
+    callOnTimeout([this] { FaultWatch::guard([this] { model_.fire(); }); });
     model_.onRender = [this](Aspect) { obey(); };
     obey();
   }
@@ -102,7 +102,7 @@ void FormWindow::drawNow() {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (form_.isVisible()) Person(form_).closeBox();
+  if (form_.isVisible()) FaultWatch::guard([this] { Person(form_).closeBox(); });
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
