@@ -43,7 +43,7 @@ clsClientAddrBkCatTxt::clsClientAddrBkCatTxt() {
 }
 
 clsClientAddrBkCatTxt::~clsClientAddrBkCatTxt() {
-  Terminate();
+  endQuietly([this] { Terminate(); });
 }
 
 void clsClientAddrBkCatTxt::Terminate() {

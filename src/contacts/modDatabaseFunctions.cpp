@@ -21,7 +21,7 @@ class Recipients {
     std::string sql = source.statement;
     if (!sql.ends_with(';')) {
       if (client < 0) return;
-      sql += std::to_string(client) + ";";
+      sql = statementFor(sql, client);
     }
     withFirstRow(step_, sql, keysetRead, [&](RecordsetHandle handle) {
       if (source.rows == RecipientSource::Rows::first) return takeRow(handle, source);

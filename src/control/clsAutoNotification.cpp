@@ -10,7 +10,9 @@ namespace {
 class AutoNotification final : public clsAutoNotification {
  public:
   AutoNotification() : links_(ItemLinksClassInit()) { resetAllValues(); }
-  ~AutoNotification() override { Terminate(); }
+  ~AutoNotification() override {
+    endQuietly([this] { Terminate(); });
+  }
 
   ItemLinksClass* get_ItemLinksClass() override { return links_.get(); }
 

@@ -7,8 +7,6 @@
 #include "control/contract/references.h"
 #include "control/contract/windows.h"
 #include "control/template_tools.h"
-#include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_kinds.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/column_lookup.h"
@@ -17,19 +15,6 @@
 
 namespace autonotify {
 namespace {
-
-std::string findFault(const std::string& templateText, bool isRTF) {
-  clsInsertFieldsInRTB engine;
-  engine.put_MergeFieldListUse(field_list_use::merging);
-  engine.ListType = field_list_type::task;
-  bool noListBox = true;
-  bool clearListBox = false;
-  engine.createDefaultFieldListStructure(noListBox, clearListBox);
-  std::string fault;
-  engine.testErrorComment = [&](const std::string& message) { fault = message; };
-  engine.testRTBComment(templateText, isRTF, true, false);
-  return fault;
-}
 
 constexpr ColumnLookup channelOfRow{
     "Morvane.exe-clsNotificationTools-getNotificationType",
@@ -64,10 +49,7 @@ class NotificationTools final : public clsNotificationTools {
   }
 
   std::string findTemplateFault(const std::string& templateText, bool isRTF) override {
-    return procedure("Morvane.exe-clsNotificationTools-findTemplateFault", std::string{},
-                     [&](Step& step, std::string& result) {
-                       step.assign(result, [&] { return findFault(templateText, isRTF); });
-                     });
+    return autonotify::findTemplateFault(templateText, isRTF);
   }
 
   std::string mergeTemplate(const std::string& templateText, Id scheduleID) override {

@@ -15,6 +15,14 @@ constexpr ColumnLookup keyOfKind{
     {"SELECT ScheduleTypes.ScheduleTypeID FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=",
      "ScheduleTypeID"}};
 
+void listFields(clsInsertFieldsInRTB& engine, int listType) {
+  engine.put_MergeFieldListUse(field_list_use::merging);
+  engine.ListType = listType;
+  bool noListBox = true;
+  bool clearListBox = false;
+  engine.createDefaultFieldListStructure(noListBox, clearListBox);
+}
+
 MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row) {
   const auto item = [&](int column) {
     return step.value(std::string{},
@@ -31,6 +39,15 @@ MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row)
 }
 
 }  // namespace
+
+std::string findTemplateFault(const std::string& templateText, bool isRTF) {
+  std::string fault;
+  clsInsertFieldsInRTB engine;
+  listFields(engine, field_list_type::task);
+  engine.testErrorComment = [&](const std::string& message) { fault = message; };
+  engine.testRTBComment(templateText, isRTF, true, false);
+  return fault;
+}
 
 void propagateTemplate(Id scheduleTypeID,
                        const std::function<void(int rowsDone, int rows)>& progress) {
@@ -53,11 +70,7 @@ std::vector<MergeFieldInfo> listMergeFields(MergeUse use) {
       "Morvane.exe-clsNotificationTools-listMergeFields", std::vector<MergeFieldInfo>{},
       [&](Step& step, std::vector<MergeFieldInfo>& result) {
         clsInsertFieldsInRTB engine;
-        engine.put_MergeFieldListUse(field_list_use::merging);
-        engine.ListType = static_cast<int>(use);
-        bool noListBox = true;
-        bool clearListBox = false;
-        engine.createDefaultFieldListStructure(noListBox, clearListBox);
+        listFields(engine, static_cast<int>(use));
         const int rows = step.value(0, [&] { return engine.get_FieldList()->getEntryCount(); });
         for (int row = 1; row <= rows; ++row) result.push_back(readMergeField(step, engine, row));
       });

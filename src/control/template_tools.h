@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "control/contract/merge_fields.h"
@@ -10,6 +11,7 @@ namespace autonotify {
 
 // What clsNotificationTools tells and changes of templates; see there.
 
+std::string findTemplateFault(const std::string& templateText, bool isRTF);
 void propagateTemplate(Id scheduleTypeID,
                        const std::function<void(int rowsDone, int rows)>& progress);
 std::vector<MergeFieldInfo> listMergeFields(MergeUse use);

@@ -10,11 +10,7 @@ clsInsertFieldsInRTB::clsInsertFieldsInRTB() {
 }
 
 clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
-  try {
-    Terminate();
-  } catch (...) {
-    // Only exhausted memory and programming faults get here; an end cannot report them.
-  }
+  endQuietly([this] { Terminate(); });
 }
 
 void clsInsertFieldsInRTB::Terminate() {

@@ -24,6 +24,7 @@ struct MergeMarks;
 ///
 /// Set the properties, call initializeDataRecordsetsForSingleDocMerge, then parseRTBComment. Field
 /// list and recordsets stay in place for further merges. An id below 0 is not part of the merge.
+/// Failures are settled at the host's error dialog; what cannot be read is the empty text then.
 class clsInsertFieldsInRTB {
  public:
   clsInsertFieldsInRTB();
@@ -63,37 +64,67 @@ class clsInsertFieldsInRTB {
   /// Raised with the message of a template's first fault.
   std::function<void(const std::string& message)> testErrorComment;
 
+  /// All ids become -1.
   void resetAllItemIDs();
+  /// Gives the field list up and closes all recordsets; nothing can be merged from here on.
   void Terminate();
 
-  // The catalogue of fields (clsInsertFieldsInRTB_fields.cpp).
+  // The catalogue of fields (clsInsertFieldsInRTB_fields.cpp). The four blocks of one kind are
+  // added to `list`, and to listBox unless `noListBox`.
+
+  /// Fills the field list and the list boxes anew with the blocks of ListType, the firm's at the
+  /// end. `noListBox` tells afterwards whether listBox was missing; `clearListBox` empties listBox
+  /// first, listBox2 is always emptied.
   void createDefaultFieldListStructure(bool& noListBox, bool& clearListBox);
   void createCompanyInfoFieldListStructure(GridColumnList& list, bool noListBox);
   void createAppointmentInfoFieldListStructure(GridColumnList& list, bool noListBox);
   void createTaskInfoFieldListStructure(GridColumnList& list, bool noListBox);
   void createDocketInfoFieldListStructure(GridColumnList& list, bool noListBox);
+  /// Adds the firm's block to the field list, and to listBox2 unless `noListBox`.
   void createAccountantFieldListStructure(bool noListBox, bool clearListBox);
+  /// False when the field list was empty: it is filled, by the family of the first id that is set.
   bool verifyFieldListIsPopulated();
 
   // Values from the records (clsInsertFieldsInRTB_data.cpp).
+
+  /// Opens the records of the ids anew and fills the field list.
   void initializeDataRecordsetsForSingleDocMerge();
+  /// The value of the field list's row with this key, printed by its type; `format` is that of a
+  /// date, "mmm d, yyyy" when empty.
   std::string getDataFieldInfo(int index, const std::string& format);
+  /// The field of the records that the list's current row belongs to, as text and not formatted. A
+  /// field that is worked out from others may leave one of those in `fieldName`.
   std::string getDataFieldFromRecordset(std::string& fieldName);
+  // By the name in the database, and by the name in templates; empty for an unknown one, and when
+  // the field list had to be filled first.
   std::string getMergeDataFromFieldName(const std::string& fieldName);
   std::string getMergeDataFromDisplayName(const std::string& displayName);
+  // The one name for the other; an unknown one comes back.
   std::string getDBFieldNameFromDisplayFieldName(std::string& name);
   std::string getDisplayFieldNameFromDBFieldName(std::string& name);
+  /// Writes the text into the record behind the database field, saved at once; the address that a
+  /// contact has of its company is changed there too.
   void writeDataToField(const std::string& fieldName, const std::string& value);
+  /// The task of a schedule entry, also of an archived one; -1 for none.
   Id getTaskIDFromScheduleIDNum(Id scheduleID);
 
   // Conversions (clsInsertFieldsInRTB_conversions.cpp).
+
+  /// The template with today's names for the fields of older templates and of other regions.
   std::string convertProvinceFields(const std::string& text);
+  /// The template without block headers; a text of at most longestFieldName characters gets the
+  /// marks that it lacks.
   std::string verifyTemplateText(const std::string& text);
+  /// Today in the format, "mmm d, yyyy" when empty.
   std::string getTodaysDate(std::string& format);
+  /// The time between two moments in words, whichever comes first.
   std::string getTimeDurationFieldValue(DateTime& from, DateTime& to);
+  /// The documents and instructions of the task, a line each.
   std::string getDocsAndInstructionsList();
+  // A province or state in its short and in its long form; one unknown comes back.
   std::string getAbbreviatedProvince(std::string& province);
   std::string getFullProvinceString(std::string& province);
+  /// The lines of the text as paragraphs, or as parts between commas without UseWordWrap.
   std::string convertToRTF(const std::string& text);
 
   // An editor's field list beside its text (clsInsertFieldsInRTB_picking.cpp). `itemData` is that
@@ -112,15 +143,25 @@ class clsInsertFieldsInRTB {
   /// Inserts that token with its marks as onListClick does.
   Value insertCurrentDate(int& formatIndex);
 
-  // Merge and validation (clsInsertFieldsInRTB_merge.cpp).
+  // Merge and validation (clsInsertFieldsInRTB_merge.cpp, clsInsertFieldsInRTB_validation.cpp).
+
+  /// TemplateText with the values of the records in place of its fields.
   std::string parseRTBComment();
+  /// True when the template has a fault; `raiseErrors` raises testErrorComment with the first.
+  /// `isRTF` looks for escaped marks instead of bare ones, `skipFieldNames` accepts any name.
   bool testRTBComment(const std::string& text, bool isRTF, bool raiseErrors, bool skipFieldNames);
+  /// Puts the value in place of every such token of `text`, in any case; in rich text with a blank
+  /// ahead where the first one has none. Always False.
   bool replaceText(std::string& text, const std::string& token, const std::string& value);
+  // These two change `text` and give it.
   std::string parseTodaysDateInRTBComment(std::string& text, const std::string& openMark,
                                           const std::string& closeMark);
+  /// Takes out what stands between bare marks, or between escaped ones where there is no bare one.
   std::string replaceUnfoundMergeFieldsWithBlanks(std::string& text);
   std::string removeBlankLinesFromRTFText(std::string& text);
+  /// The text with escaped marks for its bare ones.
   std::string convertFieldName(const std::string& text);
+  /// True for the name of a field in the list, and for that of today's date.
   bool testStr(const std::string& name);
 
  private:

@@ -12,20 +12,13 @@
 namespace autonotify {
 namespace {
 
-constexpr std::string_view openMark = "«";
-constexpr std::string_view closeMark = "»";
 constexpr std::string_view lineEnd = "\r\n";
 
-/// A text with fewer characters may be a field name that lacks its marks.
-constexpr std::size_t bareNameLimit = 41;
-
+/// Whether the text may be the name of a field that lacks its marks.
 bool mayBeBareName(const std::string& text) {
   constexpr std::size_t longestCharacter = 4;
-  return text.size() < bareNameLimit * longestCharacter && characterCount(text) < bareNameLimit;
-}
-
-std::int64_t minuteOf(DateTime moment) {
-  return std::int64_t{moment.days()} * (24 * 60) + moment.seconds() / 60;
+  return text.size() <= longestFieldName * longestCharacter &&
+         characterCount(text) <= longestFieldName;
 }
 
 /// What a procedure of this type has ahead of its name; null for a type that is not listed.
@@ -65,8 +58,10 @@ std::string clsInsertFieldsInRTB::verifyTemplateText(const std::string& text) {
                    [&](Step&, std::string& result) {
                      result = headerRemovals().apply(text);
                      if (!mayBeBareName(result)) return;
-                     if (result.find(openMark) == std::string::npos) result.insert(0, openMark);
-                     if (result.find(closeMark) == std::string::npos) result.append(closeMark);
+                     if (result.find(bareMarks.open) == std::string::npos)
+                       result.insert(0, bareMarks.open);
+                     if (result.find(bareMarks.close) == std::string::npos)
+                       result.append(bareMarks.close);
                    });
 }
 
@@ -85,7 +80,8 @@ std::string clsInsertFieldsInRTB::getTimeDurationFieldValue(DateTime& from, Date
   return procedure("Morvane.exe-clsInsertFieldsInRTB-getTimeDurationFieldValue", std::string{},
                    [&](Step& step, std::string& result) {
                      step.assign(result, [&] {
-                       const std::int64_t minutes = std::abs(minuteOf(to) - minuteOf(from));
+                       const std::int64_t minutes =
+                           std::abs(to.totalMinutes() - from.totalMinutes());
                        return validation().getDurationText(toInteger(Value(minutes)));
                      });
                    });

@@ -1,3 +1,4 @@
+#include "control/contract/windows.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_catalogue.h"
 #include "merge/field_list_columns.h"
@@ -51,15 +52,16 @@ Id clsInsertFieldsInRTB::getTaskIDFromScheduleIDNum(Id scheduleID) {
       "Morvane.exe-clsInsertFieldsInRTB-getTaskIDFromScheduleIDNum", noId,
       [&](Step& step, Id& result) {
         if (scheduleID < 0 || !isDatabaseOpen(step)) return;
-        const std::string id = std::to_string(scheduleID) + ";";
         const bool isCurrent = withFirstRow(
-            step, "SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=" + id,
+            step,
+            statementFor("SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=",
+                         scheduleID),
             keysetRead, [&](RecordsetHandle handle) { result = readId(step, handle, "TaskID"); });
         if (isCurrent) return;
         withFirstRow(step,
-                     "SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM archiveTasks "
-                     "WHERE ScheduleIDNum=" +
-                         id,
+                     statementFor("SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM "
+                                  "archiveTasks WHERE ScheduleIDNum=",
+                                  scheduleID),
                      keysetRead,
                      [&](RecordsetHandle handle) { result = readId(step, handle, "oldTaskID"); });
       });
@@ -92,8 +94,7 @@ Value clsInsertFieldsInRTB::readCurrentField(Step& step) {
   if (group == documentsGroup) return taskID >= 0 ? getDocsAndInstructionsList() : std::string{};
   const auto source = findMergeSource(group);
   if (!source || !sources_.openOnDemand(step, *source)) return {};
-  step.run([] { formHost().pumpMessages(); });
-  step.run([] { formHost().pumpMessages(); });
+  yieldToHost(step, 2);
   if (!sources_.goToRow(step, *source)) return {};
   return fieldValue(source, fieldName);
 }

@@ -6,7 +6,6 @@ namespace autonotify {
 namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
-constexpr std::size_t longestName = 40;
 
 constexpr const char* missingOpenMark =
     "You are missing your opening brackets, '«' in one of your expressions";
@@ -89,7 +88,7 @@ std::string clsInsertFieldsInRTB::faultOfElement(Step& step, const std::string& 
   } else {
     expression.name = element;
   }
-  return characterCount(expression.name) > longestName ? missingCloseMark : "";
+  return characterCount(expression.name) > longestFieldName ? missingCloseMark : "";
 }
 
 std::string clsInsertFieldsInRTB::faultOfUnknownName(Step& step, const std::string& name) {

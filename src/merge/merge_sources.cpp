@@ -90,10 +90,6 @@ constexpr const SourceRow& rowOf(MergeSource source) {
   return sourceRows[static_cast<std::size_t>(source)];
 }
 
-std::string statement(const std::string& text, Id id) {
-  return text + std::to_string(id) + ";";
-}
-
 constexpr const char* accountingColumns[] = {
     "SELECT Clients.ClientID, AccountingServices.*, ClientData.*, ClientOptions.*, Companies.*, "
     "CorpTaxInfo.*, LawInfo.*, OtherInfo.*, WSIB_EHTInfo.*, CompaniesNotes.BusinessNotes, "
@@ -221,11 +217,11 @@ bool MergeSources::openOneRow(Step& step, MergeSource source, Columns columns, A
   const SourceRow& row = rowOf(source);
   const std::string select =
       columns == Columns::full && row.fullSelect ? row.fullSelect : row.select;
-  open(step, source, statement(select + row.where, idOf(source)), access, Rows::one);
+  open(step, source, statementFor(select + row.where, idOf(source)), access, Rows::one);
   // A task that has no schedule entry is missing from the join of both.
   if (source == MergeSource::task && !at(source).hasRow) {
     close(step, at(source).handle);
-    open(step, source, statement(taskWithoutSchedule, merge_.taskID), access, Rows::one);
+    open(step, source, statementFor(taskWithoutSchedule, merge_.taskID), access, Rows::one);
   }
   return true;
 }
@@ -248,7 +244,7 @@ bool MergeSources::openClientAccounting(Step& step, Access access, bool isWholeT
 void MergeSources::openSoftwareOf(Step& step, MergeSource owner, Access access) {
   const SourceRow& software = rowOf(MergeSource::software);
   const std::string where = owner == MergeSource::contact ? softwareOfContact : software.where;
-  open(step, MergeSource::software, statement(software.select + where, idOf(owner)), access,
+  open(step, MergeSource::software, statementFor(software.select + where, idOf(owner)), access,
        Rows::one);
 }
 

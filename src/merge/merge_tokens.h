@@ -19,6 +19,9 @@ inline constexpr MergeMarks bareMarks{"\xC2\xAB", "\xC2\xBB"};
 /// The same as RTF holds them.
 inline constexpr MergeMarks escapedMarks{"\\'ab", "\\'bb"};
 
+/// The most characters that the name of a field has.
+inline constexpr std::size_t longestFieldName = 40;
+
 /// The formats in which a date field may be written; all others are refused. Their numbers, from 1,
 /// are those of the commands that insert today's date.
 inline constexpr std::array<std::string_view, 14> mergeDateFormats{

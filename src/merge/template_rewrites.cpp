@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "control/contract/enumerations.h"
+#include "merge/merge_tokens.h"
 #include "merge/province_terms.h"
 
 namespace autonotify {
@@ -21,8 +22,8 @@ struct Surroundings {
   std::string_view after;
 };
 constexpr Surroundings none{"", ""};
-constexpr Surroundings bare{"«", "»"};
-constexpr Surroundings escaped{"\\'ab", "\\'bb"};
+constexpr Surroundings bare{bareMarks.open, bareMarks.close};
+constexpr Surroundings escaped{escapedMarks.open, escapedMarks.close};
 constexpr Surroundings bareDate{"«(", ""};
 constexpr Surroundings escapedDate{"\\'ab(", ""};
 
@@ -34,7 +35,7 @@ constexpr Renaming headers[] = {
     {"[Company Info]", ""},
 };
 
-constexpr Renaming angleMarks[] = {{"<<", "«"}, {">>", "»"}};
+constexpr Renaming angleMarks[] = {{"<<", bareMarks.open}, {">>", bareMarks.close}};
 constexpr Renaming dateNames[] = {
     {"Due Date", "Task Due Date"},
     {"in-House Due Date", "Task in-House Due Date"},

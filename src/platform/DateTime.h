@@ -52,8 +52,9 @@ class DateTime {
   constexpr DateTime addDays(std::int32_t days) const { return fromSerial(days_ + days, seconds_); }
   /// Midnight of the same day.
   constexpr DateTime dateOnly() const { return fromSerial(days_); }
-  /// Seconds since 1899-12-30 00:00.
-  constexpr std::int64_t totalSeconds() const { return std::int64_t{days_} * 86400 + seconds_; }
+
+  /// Whole minutes since 1899-12-30 00:00.
+  constexpr std::int64_t totalMinutes() const { return std::int64_t{days_} * 1440 + seconds_ / 60; }
 
   friend constexpr auto operator<=>(const DateTime&, const DateTime&) = default;
 

@@ -29,8 +29,9 @@ const char* const defaultComment =
     "}";
 
 std::string rowSql(Id scheduleTypeID) {
-  return "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=" +
-         std::to_string(scheduleTypeID) + ";";
+  return statementFor(
+      "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=",
+      scheduleTypeID);
 }
 
 /// A 16-bit column of the current row, or `fallback` when it is empty or a statement is skipped.
@@ -104,10 +105,10 @@ bool clsAutoNotifyTemplate::findAndOpenScheduleTypeByCustomTaskSchemeIDNum(Id sc
       "Morvane.exe-clsAutoNotifyTemplate-findAndOpenScheduleTypeByCustomTaskSchemeIDNum", false,
       [&](Step& step, bool& result) {
         if (!isDatabaseOpen(step)) return;
-        const std::string sql =
+        const std::string sql = statementFor(
             "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.CustomTaskSchemeIDNum "
-            "FROM ScheduleTypes WHERE ScheduleTypes.CustomTaskSchemeIDNum=" +
-            std::to_string(schemeID) + ";";
+            "FROM ScheduleTypes WHERE ScheduleTypes.CustomTaskSchemeIDNum=",
+            schemeID);
         withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
           result = openExistingScheduleType(readId(step, handle, "ScheduleTypeID"));
         });

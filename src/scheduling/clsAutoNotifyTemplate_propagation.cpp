@@ -3,6 +3,7 @@
 #include "control/contract/windows.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
+#include "store/column_lookup.h"
 #include "store/modNotificationLinks.h"
 
 namespace autonotify {
@@ -126,24 +127,23 @@ bool clsAutoNotifyTemplate::coversScheduleEntry(Id scheduleID) const {
 void clsAutoNotifyTemplate::changeNotificationComment(Id notificationID) {
   procedure(tag("changeNotificationComment"), [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    const std::string sql =
-        "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=" +
-        std::to_string(notificationID) + ";";
-    withFirstRow(step, sql, keysetUpdate, [&](RecordsetHandle handle) {
-      const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
-      const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
-      Id contactID = getContactIDFromScheduleID(scheduleID);
-      // The text of a client who is a contact only stays as it is.
-      if (clientDataID < 0) return;
-      Id companyID = noId;
-      step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
-      contactID = noId;  // a company's text goes without the entry's contact
-      if (scheduleID < 0) return;
-      const Id taskID = getTaskIDFromScheduleID(scheduleID);
-      const std::string text =
-          generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID);
-      rewrite(step, handle, "Memo", [&] { return text; });
-    });
+    withFirstRow(
+        step, statementFor(notificationById, notificationID), keysetUpdate,
+        [&](RecordsetHandle handle) {
+          const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
+          const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
+          Id contactID = getContactIDFromScheduleID(scheduleID);
+          // The text of a client who is a contact only stays as it is.
+          if (clientDataID < 0) return;
+          Id companyID = noId;
+          step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
+          contactID = noId;  // a company's text goes without the entry's contact
+          if (scheduleID < 0) return;
+          const Id taskID = getTaskIDFromScheduleID(scheduleID);
+          const std::string text =
+              generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID);
+          rewrite(step, handle, "Memo", [&] { return text; });
+        });
   });
 }
 

@@ -37,10 +37,10 @@ template <class TemplateOf>
 std::string mergeForEntry(const char* tag, Id scheduleID, TemplateOf&& templateOf) {
   return procedure(tag, std::string{}, [&](Step& step, std::string& result) {
     if (!isDatabaseOpen(step)) return;
-    const std::string sql =
+    const std::string sql = statementFor(
         "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
-        "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=" +
-        std::to_string(scheduleID) + ";";
+        "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=",
+        scheduleID);
     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
       const MergeClient client = readClient(step, handle);
       const Id totalNum = readId(step, handle, "totalNum");

@@ -174,10 +174,10 @@ Period readPeriod(Step& step, RecordsetHandle handle, const Deadline& deadline) 
 template <class Body>
 void withDeadline(Step& step, Id scheduleID, Body&& body) {
   if (!isDatabaseOpen(step)) return;
-  const std::string sql =
+  const std::string sql = statementFor(
       "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
-      "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=" +
-      std::to_string(scheduleID) + ";";
+      "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=",
+      scheduleID);
   withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
     const Deadline deadline = readDeadline(step, handle);
     const Period period = readPeriod(step, handle, deadline);
@@ -205,9 +205,8 @@ bool doesChannelTakeOver(int channel, int lowest) {
 int takeSiblingDate(Step& step, Id scheduleID, DateTime& date) {
   constexpr int none = 16;
   int lowest = none;
-  const std::string sql =
-      "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum=" +
-      std::to_string(scheduleID) + ";";
+  const std::string sql = statementFor(
+      "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum=", scheduleID);
   forEachRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
     const int channel = step.value(
         0, [&] { return toInteger(database().getFieldValue(handle, "NotificationType")); });
@@ -309,10 +308,10 @@ DateExplanation explainNotificationDate(Id scheduleID) {
 void refreshNotificationDate(Id scheduleID) {
   procedure("Morvane.exe-modNotificationDates-refreshNotificationDate", [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    const std::string sql =
+    const std::string sql = statementFor(
         "SELECT Schedule.ScheduleID, Schedule.DueDate, Schedule.totalNum, Schedule.scheduleNum "
-        "FROM Schedule WHERE ScheduleID=" +
-        std::to_string(scheduleID) + ";";
+        "FROM Schedule WHERE ScheduleID=",
+        scheduleID);
     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
       const Deadline deadline = readDeadline(step, handle);
       const int days = getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false);

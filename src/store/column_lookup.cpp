@@ -20,10 +20,6 @@ Result lookUp(const ColumnLookup& lookup, Id id, Result none, Convert convert) {
 
 }  // namespace
 
-std::string statementFor(const char* statement, Id id) {
-  return statement + std::to_string(id) + ";";
-}
-
 Value readColumn(Step& step, const ColumnSource& first, const ColumnSource& second, Id id) {
   Value value;
   if (id < 0) return value;

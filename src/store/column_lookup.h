@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 
 #include "control/contract/recordsets.h"
@@ -22,8 +24,9 @@ struct ColumnLookup {
   ColumnSource second = {};
 };
 
-/// The statement with the id and the closing ";" behind it.
-std::string statementFor(const char* statement, Id id);
+/// The whole row of a notification.
+inline constexpr const char* notificationById =
+    "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
 
 /// The column of the first source that has a row. Null when neither has one, for an id below 0, and
 /// for a NULL.
@@ -33,6 +36,26 @@ Value readColumn(Step& step, const ColumnSource& first, const ColumnSource& seco
 Id lookUpId(const ColumnLookup& lookup, Id id);
 /// The whole procedure: the column as a text, or the empty text.
 std::string lookUpText(const ColumnLookup& lookup, Id id);
+
+/// The kinds of items that a notification may be linked to, each with its row of a table.
+template <class Row>
+using ItemTable = std::array<Row, 4>;
+
+template <class Row>
+struct LinkedItem {
+  const Row& row;
+  Id id;
+};
+
+/// The first item that is linked, an id not below 0, in the order schedule entry, task,
+/// appointment, time entry; empty when none is.
+template <class Row>
+std::optional<LinkedItem<Row>> firstItem(const ItemTable<Row>& table, const ItemTable<Id>& ids) {
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    if (ids[i] >= 0) return LinkedItem<Row>{table[i], ids[i]};
+  }
+  return std::nullopt;
+}
 
 /// An id from a value that may be empty; -1 when it is.
 Id idOf(Step& step, const Value& value);

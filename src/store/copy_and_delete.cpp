@@ -9,9 +9,6 @@
 namespace autonotify {
 namespace {
 
-constexpr const char* notificationById =
-    "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
-
 /// A channel field, and the channel whose subject it holds.
 struct CopiedField {
   static constexpr int noChannel = -1;

@@ -1,8 +1,5 @@
 #include "store/modNotificationLinks.h"
 
-#include <algorithm>
-#include <array>
-
 #include "control/contract/enumerations.h"
 #include "store/column_lookup.h"
 #include "store/modNotifyClients.h"
@@ -14,8 +11,7 @@ namespace {
 
 constexpr ColumnLookup scheduleOfNotification{
     "Morvane.exe-modNotificationLinks-getScheduleIDFromNotificationID",
-    {"SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=",
-     "ScheduleIDNum"}};
+    {notificationById, "ScheduleIDNum"}};
 constexpr ColumnLookup scheduleOfTask{
     "Morvane.exe-modNotificationLinks-getScheduleIDFromTaskID",
     {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE TaskID=", "ScheduleIDNum"}};
@@ -100,15 +96,6 @@ Id companyOfClient(Step& step, Id clientNum) {
   return step.value(noId, [&] { return clients().getCompanyIDFromClientID(clientNum); });
 }
 
-bool isCompanyClient(Step& step, Id clientNum) {
-  const Id companyId = companyOfClient(step, clientNum);
-  return companyId >= 0 && step.value(false, [&] { return clients().isCompanyClient(companyId); });
-}
-
-bool isContactClient(Step& step, Id contactId) {
-  return contactId >= 0 && step.value(false, [&] { return clients().isContactClient(contactId); });
-}
-
 // The client behind a notification row, by the item that it is linked to.
 
 /// A link column of the row, and where the item of that link names its client.
@@ -119,7 +106,7 @@ struct LinkedClient {
   bool isClientNum = false;
 };
 
-constexpr std::array<LinkedClient, 4> linkedCompanies{{
+constexpr ItemTable<LinkedClient> linkedCompanies{{
     {"ScheduleIDNum",
      {"SELECT Schedule.ClientNum, Schedule.ScheduleID FROM Schedule WHERE ScheduleID=",
       "ClientNum"},
@@ -138,7 +125,7 @@ constexpr std::array<LinkedClient, 4> linkedCompanies{{
       "CompanyIDNum"}},
 }};
 
-constexpr std::array<LinkedClient, 4> linkedContacts{{
+constexpr ItemTable<LinkedClient> linkedContacts{{
     {"ScheduleIDNum",
      {"SELECT Schedule.ContactIDNum, Schedule.ScheduleID FROM Schedule WHERE ScheduleID=",
       "ContactIDNum"},
@@ -158,7 +145,7 @@ constexpr std::array<LinkedClient, 4> linkedContacts{{
 
 /// A procedure that gives the client of a row: the row's own column, then the linked item's.
 Id clientOfNotification(const char* tag, const char* ownColumn,
-                        const std::array<LinkedClient, 4>& links, Id notificationId) {
+                        const ItemTable<LinkedClient>& links, Id notificationId) {
   return procedure(tag, noId, [&](Step& step, Id& result) {
     if (!isDatabaseOpen(step)) return;
     const LinkedClient* linked = nullptr;
@@ -186,7 +173,7 @@ struct ItemClients {
   const char* companyColumn;
   bool isClientNum;
 };
-constexpr std::array<ItemClients, 4> itemClients{{
+constexpr ItemTable<ItemClients> itemClients{{
     {"SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum FROM Schedule WHERE "
      "ScheduleID=",
      "ClientNum", true},
@@ -300,9 +287,10 @@ int getClientTypeFromNotificationID(Id notificationId) {
         withFirstRow(step,
                      statementFor("SELECT Schedule.* FROM Schedule WHERE ScheduleID=", scheduleId),
                      keysetRead, [&](RecordsetHandle handle) {
-                       if (isCompanyClient(step, readId(step, handle, "ClientNum"))) {
+                       const Id company = companyOfClient(step, readId(step, handle, "ClientNum"));
+                       if (isListedCompany(step, company)) {
                          result = enumAutoNotifyCompany;
-                       } else if (isContactClient(step, readId(step, handle, "ContactIDNum"))) {
+                       } else if (isListedContact(step, readId(step, handle, "ContactIDNum"))) {
                          result = enumAutoNotifyContact;
                        }
                      });
@@ -324,16 +312,16 @@ CompanyAndContactID getCompanyAndContactIDFromNotificationID(Id scheduleId, Id t
   return procedure(
       "Morvane.exe-modNotificationLinks-getCompanyAndContactIDFromNotificationID",
       CompanyAndContactID{}, [&](Step& step, CompanyAndContactID& result) {
-        const std::array<Id, itemClients.size()> ids{scheduleId, taskId, appointmentId, docketId};
-        const auto item = std::find_if(ids.begin(), ids.end(), [](Id id) { return id >= 0; });
-        if (item == ids.end() || !isDatabaseOpen(step)) return;
-        const ItemClients& source = itemClients[static_cast<size_t>(item - ids.begin())];
-        withFirstRow(
-            step, statementFor(source.statement, *item), keysetRead, [&](RecordsetHandle handle) {
-              const Id client = readId(step, handle, source.companyColumn);
-              result.companyId = source.isClientNum ? companyOfClient(step, client) : client;
-              result.contactId = readId(step, handle, "ContactIDNum");
-            });
+        const auto item = firstItem(itemClients, {scheduleId, taskId, appointmentId, docketId});
+        if (!item || !isDatabaseOpen(step)) return;
+        const ItemClients& source = item->row;
+        withFirstRow(step, statementFor(source.statement, item->id), keysetRead,
+                     [&](RecordsetHandle handle) {
+                       const Id client = readId(step, handle, source.companyColumn);
+                       result.companyId =
+                           source.isClientNum ? companyOfClient(step, client) : client;
+                       result.contactId = readId(step, handle, "ContactIDNum");
+                     });
       });
 }
 

@@ -25,9 +25,6 @@ bool isSelected(const char* tag, std::uint8_t bits, notifyType channel) {
   return procedure(tag, false, [&](Step&, bool& result) { result = hasBit(bits, channel); });
 }
 
-constexpr const char* notificationById =
-    "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
-
 void writeStamp(Step& step, RecordsetHandle handle) {
   writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
 }
@@ -38,6 +35,10 @@ void writeCurrentUser(Step& step, RecordsetHandle handle) {
 
 void writeText(Step& step, RecordsetHandle handle, const char* column, const char* text) {
   writeField(step, handle, column, [&] { return text; });
+}
+
+void writeStatus(Step& step, RecordsetHandle handle, enumNotificationSendStatus status) {
+  writeField(step, handle, "NotificationSentStatus", [&] { return toText(int{status}); });
 }
 
 void refreshOpenList(Step& step, Id notificationId) {
@@ -55,7 +56,7 @@ struct AssignedSource {
   const char* column;
   bool isUserId;
 };
-constexpr std::array<AssignedSource, 4> assignedSources{{
+constexpr ItemTable<AssignedSource> assignedSources{{
     {"SELECT Schedule.ScheduleID, Schedule.EmployeeAssigned FROM Schedule WHERE ScheduleID=",
      "EmployeeAssigned", false},
     {"SELECT Tasks.TaskID, Tasks.UserIDNum FROM Tasks WHERE TaskID=", "UserIDNum", true},
@@ -177,12 +178,10 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
   return procedure(
       "Morvane.exe-modNotifyClients-getNotificationEmployeeAssignedFromNotificationIDs",
       std::string("None Assigned"), [&](Step& step, std::string& result) {
-        const std::array<Id, assignedSources.size()> ids{scheduleId, taskId, appointmentId,
-                                                         docketId};
-        const auto item = std::find_if(ids.begin(), ids.end(), [](Id id) { return id >= 0; });
-        if (item == ids.end() || !isDatabaseOpen(step)) return;
-        const AssignedSource& source = assignedSources[static_cast<size_t>(item - ids.begin())];
-        const Value assigned = readColumn(step, {source.statement, source.column}, {}, *item);
+        const auto item = firstItem(assignedSources, {scheduleId, taskId, appointmentId, docketId});
+        if (!item || !isDatabaseOpen(step)) return;
+        const auto& [source, id] = *item;
+        const Value assigned = readColumn(step, {source.statement, source.column}, {}, id);
         if (!source.isUserId) {
           if (!isEmpty(step, assigned)) step.assign(result, [&] { return toText(assigned); });
           return;
@@ -201,7 +200,7 @@ void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTim
                  [&](RecordsetHandle handle) {
                    writeStamp(step, handle);
                    writeText(step, handle, "NotificationSent", "True");
-                   writeText(step, handle, "NotificationSentStatus", "2");
+                   writeStatus(step, handle, enumNotificationSendStatus_Sent);
                    writeCurrentUser(step, handle);
                    if (!sentTime) return;
                    writeField(step, handle, "SentTime", [&] { return toText(*sentTime); });
@@ -216,7 +215,7 @@ void cancelNotification(Id notificationId) {
     withFirstRow(step, statementFor(notificationById, notificationId), keysetUpdate,
                  [&](RecordsetHandle handle) {
                    writeStamp(step, handle);
-                   writeText(step, handle, "NotificationSentStatus", "3");
+                   writeStatus(step, handle, enumNotificationSendStatus_Cancelled);
                    writeText(step, handle, "NotificationSent", "True");
                    writeText(step, handle, "SentTime", "");
                    writeCurrentUser(step, handle);

@@ -126,9 +126,9 @@ void NotificationComposer::populateInfo() {
       companyID_ = noId;
       contactID_ = noId;
       withFirstRow(step,
-                   "SELECT ClientNotification.* FROM ClientNotification Where "
-                   "ClientNotification.ClientNotificationID=" +
-                       std::to_string(notifyID_) + ";",
+                   statementFor("SELECT ClientNotification.* FROM ClientNotification Where "
+                                "ClientNotification.ClientNotificationID=",
+                                notifyID_),
                    keysetRead, [&](RecordsetHandle handle) {
                      readRow(step, handle);
                      showSentState(step, handle);

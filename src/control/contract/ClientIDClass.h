@@ -1,8 +1,8 @@
 #pragma once
 
-#include "control/contract/HostObject.h"
 #include "control/contract/enumerations.h"
 #include "control/contract/errorClass.h"
+#include "platform/HostObject.h"
 #include "platform/Value.h"
 
 namespace autonotify {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/HostObject.h"
 #include "platform/DateTime.h"
+#include "platform/HostObject.h"
 #include "platform/Value.h"
 
 namespace autonotify {

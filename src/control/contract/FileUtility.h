@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "control/contract/HostObject.h"
+#include "platform/HostObject.h"
 
 namespace autonotify {
 

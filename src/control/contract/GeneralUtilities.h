@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/HostObject.h"
 #include "control/contract/errorClass.h"
+#include "platform/HostObject.h"
 #include "platform/Value.h"
 
 namespace autonotify {

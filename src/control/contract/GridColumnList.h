@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "control/contract/HostObject.h"
+#include "platform/HostObject.h"
 #include "platform/Value.h"
 
 namespace autonotify {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "control/contract/HostObject.h"
 #include "control/contract/errorClass.h"
+#include "platform/HostObject.h"
 #include "platform/Value.h"
 
 namespace autonotify {

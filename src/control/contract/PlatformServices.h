@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/HostObject.h"
+#include "control/contract/HostClassRegistry.h"
 #include "platform/Clock.h"
 #include "platform/controls/Form.h"
 

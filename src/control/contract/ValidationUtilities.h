@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "control/contract/HostObject.h"
 #include "control/contract/errorClass.h"
 #include "platform/DateTime.h"
+#include "platform/HostObject.h"
 
 namespace autonotify {
 

@@ -6,11 +6,11 @@
 
 namespace autonotify {
 
-/// Values of errorClass::getErrorChoice. Any other value acts as `retry`.
+/// Values of errorClass::getErrorChoice. Any other value repeats the failed statement.
 namespace error_choice {
 inline constexpr int next = 1;   ///< go on with the statement after the failed one
 inline constexpr int leave = 2;  ///< leave the procedure with the value held so far
-inline constexpr int quit = 3;   ///< ask the program to end, then retry the statement
+inline constexpr int quit = 3;   ///< ask the program to end, then repeat the statement
 }  // namespace error_choice
 
 /// The host's record of errors, and the dialog in which a person settles one.

@@ -5,7 +5,7 @@
 namespace autonotify {
 namespace {
 
-/// The place where a program would end; nothing ends here, so the choice acts as a retry.
+/// The place where a program would end; nothing ends here, so the statement is repeated.
 void quitProgram() {}
 
 }  // namespace

@@ -124,4 +124,14 @@ void procedure(std::string_view tag, Body&& body) {
   }
 }
 
+/// Runs the last procedure of an object's life. What passes the frame, exhausted memory and
+/// programming faults, goes no further: an end cannot report it.
+template <class Procedure>
+void endQuietly(Procedure&& end) noexcept {
+  try {
+    end();
+  } catch (...) {
+  }
+}
+
 }  // namespace autonotify

@@ -15,8 +15,20 @@ bool findRecord(RecordsetHandle handle, const char* column, const std::string& v
   return database().findRecord(handle, column, value, none, none, none, none);
 }
 
+std::string statementFor(const std::string& statement, Id id) {
+  return statement + std::to_string(id) + ";";
+}
+
 std::string nowText() {
   return toText(platformClock().now());
+}
+
+bool isListedCompany(Step& step, Id companyId) {
+  return companyId >= 0 && step.value(false, [&] { return clients().isCompanyClient(companyId); });
+}
+
+bool isListedContact(Step& step, Id contactId) {
+  return contactId >= 0 && step.value(false, [&] { return clients().isContactClient(contactId); });
 }
 
 Value readField(Step& step, RecordsetHandle handle, const char* column) {

@@ -18,6 +18,9 @@ RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMod
 void updateField(RecordsetHandle handle, const char* column, const std::string& value);
 bool findRecord(RecordsetHandle handle, const char* column, const std::string& value);
 
+/// The statement with the id and the closing ";" behind it.
+std::string statementFor(const std::string& statement, Id id);
+
 /// The current date and time as it is written into stamp columns.
 std::string nowText();
 
@@ -34,6 +37,10 @@ inline constexpr Access forwardUpdate{CursorMode::forwardOnly, LockMode::updatab
 inline bool isDatabaseOpen(Step& step) {
   return step.value(false, [] { return database().isDatabaseOpen(); });
 }
+
+/// True when the client list of the host knows the client; False for an id below 0.
+bool isListedCompany(Step& step, Id companyId);
+bool isListedContact(Step& step, Id contactId);
 
 /// Opens the recordset, runs `body(handle)` when it holds a row and `otherwise()` when not, closes
 /// it. True when it held one.

@@ -53,6 +53,10 @@ Clock& platformClock() {
 FormHost& formHost() {
   return require(references().platform.formHost, "FormHost");
 }
+InterfaceStyler& styler() {
+  InterfaceStyler* found = locale().getInterfaceStyler();
+  return require(found, "InterfaceStyler");
+}
 
 Form* findForm(const std::string& name) {
   const std::vector<Form*> forms = formHost().openForms();

@@ -47,6 +47,8 @@ FileUtility& fileUtility();
 HostClassRegistry& classRegistry();
 Clock& platformClock();
 FormHost& formHost();
+/// The host's look and keyboard habits, as its locale gives them.
+InterfaceStyler& styler();
 
 /// A new object of the host's class T, owned by the caller. Throws PlatformError (429) when the
 /// registry does not know the class or gives an object of another one.

@@ -33,14 +33,6 @@ bool askQuestion(const std::string& text, int style, HostObject* owner) {
          message_answer::yes;
 }
 
-InterfaceStyler& styler() {
-  InterfaceStyler* const found = locale().getInterfaceStyler();
-  if (!found) {
-    throw PlatformError(error_number::objectNotSet, "Object variable not set", "InterfaceStyler");
-  }
-  return *found;
-}
-
 void showModal(Form& form) {
   form.showModal(locale().getActiveWindow());
 }

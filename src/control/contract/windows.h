@@ -19,9 +19,6 @@ void showMessage(const std::string& text, int style, HostObject* owner);
 bool askQuestion(const std::string& text, int style);
 bool askQuestion(const std::string& text, int style, HostObject* owner);
 
-/// The host's look and keyboard habits.
-InterfaceStyler& styler();
-
 /// Shows the window above the host's active window until it is hidden or unloaded.
 void showModal(Form& form);
 

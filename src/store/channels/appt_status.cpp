@@ -138,13 +138,9 @@ void copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(CurrentDayTimer
         if (channel < 0) return;
         const Id oldId = getApptNotificationID(kind, oldItemId, static_cast<notifyType>(channel));
         if (!isValidNotificationID(std::to_string(oldId))) return;
-        withFirstRow(step,
-                     statementFor("SELECT ClientNotification.* FROM ClientNotification WHERE "
-                                  "ClientNotificationID=",
-                                  newNotificationId),
-                     keysetUpdate, [&](RecordsetHandle newRow) {
-                       copyChannelFields(step, newRow, channel, oldId);
-                     });
+        withFirstRow(
+            step, statementFor(notificationById, newNotificationId), keysetUpdate,
+            [&](RecordsetHandle newRow) { copyChannelFields(step, newRow, channel, oldId); });
       });
 }
 

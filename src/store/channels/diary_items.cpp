@@ -36,12 +36,6 @@ DateTime readMoment(RecordsetHandle item, const char* column) {
   return toDateTime(database().getFieldValue(item, column));
 }
 
-/// Whole minutes of the clock from one moment to the other.
-std::int64_t minutesBetween(DateTime from, DateTime to) {
-  constexpr int secondsPerMinute = 60;
-  return to.totalSeconds() / secondsPerMinute - from.totalSeconds() / secondsPerMinute;
-}
-
 std::string composeBody(Step& step, const DiaryKind& kind, RecordsetHandle item) {
   std::string body = std::string("Hi,\r\n\r\n") + kind.opening;
   if (kind.namesFirm) body += firmName(step) + " ";
@@ -52,7 +46,7 @@ std::string composeBody(Step& step, const DiaryKind& kind, RecordsetHandle item)
   });
   step.run([&] {
     const DateTime from = readMoment(item, "TimeFrom");
-    const std::int64_t minutes = minutesBetween(from, readMoment(item, "TimeTo"));
+    const std::int64_t minutes = readMoment(item, "TimeTo").totalMinutes() - from.totalMinutes();
     body += kind.beforeMinutes + std::to_string(minutes) + kind.afterMinutes;
   });
   const Value subject = readField(step, item, "Subject");
@@ -69,8 +63,9 @@ const DiaryKind& diaryKind(CurrentDayTimerType kind) {
 }
 
 std::string itemStatement(const DiaryKind& kind, Id itemId) {
-  return std::string("SELECT ") + kind.table + ".* FROM " + kind.table + " WHERE " + kind.key +
-         "=" + std::to_string(itemId) + ";";
+  return statementFor(
+      std::string("SELECT ") + kind.table + ".* FROM " + kind.table + " WHERE " + kind.key + "=",
+      itemId);
 }
 
 std::string itemSubject(Step& step, const DiaryKind& kind, Id itemId) {

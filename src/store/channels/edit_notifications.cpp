@@ -16,11 +16,8 @@ struct FieldEdit {
 
 using FieldEdits = std::vector<FieldEdit>;
 
-constexpr const char* wholeRow =
-    "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=";
-
 void editNotification(const char* tag, Id notificationId, const FieldEdits& edits,
-                      const char* statement = wholeRow) {
+                      const char* statement = notificationById) {
   procedure(tag, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     withFirstRow(step, statementFor(statement, notificationId), keysetUpdate,

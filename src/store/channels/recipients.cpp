@@ -198,14 +198,6 @@ std::string companyItem(Step& step, Id companyId, std::int16_t item) {
   return step.value(std::string{}, [&] { return clients().getCompanyInfoItem(companyId, item); });
 }
 
-bool isListedCompany(Step& step, Id id) {
-  return id >= 0 && step.value(false, [&] { return clients().isCompanyClient(id); });
-}
-
-bool isListedContact(Step& step, Id id) {
-  return id >= 0 && step.value(false, [&] { return clients().isContactClient(id); });
-}
-
 /// The one of the two clients that the client list knows.
 NotificationClient listedClient(Step& step, const NotificationClient& given) {
   if (isListedCompany(step, given.companyId)) return {.companyId = given.companyId};
