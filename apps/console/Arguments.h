@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "control/contract/contact_lists.h"
 #include "control/contract/enumerations.h"
 #include "control/contract/merge_fields.h"
 #include "platform/DateTime.h"
@@ -44,11 +45,10 @@ struct Arguments {
   std::optional<DateTime> since;
   std::optional<DateTime> until;
   std::optional<DateTime> date;
-  /// company, contact or firm.
-  std::string clientKind;
+  /// enumAutoNotifyNone: the firm itself.
+  enumAutoNotifyClientType clientKind = enumAutoNotifyNone;
   std::optional<Id> clientId;
-  /// email, fax, phone or name.
-  std::string recipientKind;
+  RecipientKind recipientKind = RecipientKind::email;
   bool home = false;
   bool phones = false;
   bool email = false;

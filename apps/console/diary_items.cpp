@@ -7,7 +7,6 @@
 
 #include "notifications.h"
 #include "platform/format.h"
-#include "platform/text.h"
 
 namespace autonotify::console {
 namespace {
@@ -76,12 +75,6 @@ bool isAskedFor(const DiaryWord& kind, const DiaryQuery& query) {
 
 std::span<const DiaryWord> diaryWords() {
   return words;
-}
-
-const DiaryWord* findDiaryWord(const std::string& word) {
-  const auto found = std::ranges::find_if(
-      words, [&](const DiaryWord& row) { return equalIgnoreCase(row.word, word); });
-  return found == words.end() ? nullptr : &*found;
 }
 
 const DiaryWord& diaryWord(CurrentDayTimerType kind) {

@@ -23,10 +23,6 @@ struct DiaryWord {
 };
 
 std::span<const DiaryWord> diaryWords();
-/// "appointment, time-entry or task"
-inline constexpr const char* diaryChoices = "appointment, time-entry or task";
-/// In any case; null for another word.
-const DiaryWord* findDiaryWord(const std::string& word);
 const DiaryWord& diaryWord(CurrentDayTimerType kind);
 
 /// An appointment, a time entry or a task of the diary.

@@ -98,6 +98,7 @@ int runProgram(int argc, char** argv) {
   const Command* chosen = nullptr;
   for (const Command& command : allCommands()) {
     CLI::App* subcommand = app.add_subcommand(command.name, command.help);
+    subcommand->footer("Options of all commands: hvnotify --help");
     command.describe(*subcommand, arguments);
     subcommand->final_callback([&chosen, &command] { chosen = &command; });
   }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <iterator>
+
 #include "Reply.h"
 #include "Session.h"
 #include "host/desk/notifications.h"
@@ -32,6 +35,14 @@ using host::taskColumns;
 
 /// The day for programs: null for the zero date.
 Json dayJson(DateTime moment);
+
+/// The row of a table for the channel; null for none.
+template <class Row, std::size_t size>
+const Row* findChannel(const Row (&table)[size], int channel) {
+  const Row* found =
+      std::ranges::find_if(table, [&](const Row& row) { return row.channel == channel; });
+  return found == std::end(table) ? nullptr : found;
+}
 
 /// Throws Refusal when there is no such row.
 Notification loadNotification(Session& session, Id id);

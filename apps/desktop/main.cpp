@@ -8,7 +8,7 @@
 
 #include "MainWindow.h"
 #include "binding/FaultWatch.h"
-#include "platform/date_time_text.h"
+#include "host/desk/read_date.h"
 #include "text.h"
 
 namespace autonotify::desktop {
@@ -27,8 +27,9 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   options.outbox = plain(parser.value("outbox"));
   options.firmCode = plain(parser.value("firm-code"));
   if (parser.isSet("today")) {
-    options.today = parseDateTime(plain(parser.value("today")));
-    if (!options.today) return QObject::tr("\"%1\" is no date").arg(parser.value("today"));
+    const std::string today = plain(parser.value("today"));
+    options.today = host::readDate(today);
+    if (!options.today) return shown(host::dateFault(today));
   }
   if (parser.isSet("user")) {
     bool isNumber = false;

@@ -104,10 +104,12 @@ class ChangeTest(ConsoleTest):
         self.run_program("send", fax, "--mark-only")
         self.expect(["cancel", phone], f"notification {phone} by phone: cancelled, date "
                     f"{self.one('SELECT date(max(NotificationDate)) FROM ClientNotification WHERE ClientNotificationID=?', phone)}\n")
-        for change, word in [(["cancel"], "cancelled"), (["move", "2026-05-01"], "moved")]:
-            for row, state in [(fax, "was sent"), (phone, "is cancelled")]:
-                self.expect([change[0], row, *change[1:]], code=1,
-                            err=f"notification {row} {state} and cannot be {word}")
+        for row, change, words in [
+                (fax, ["cancel"], "was sent and cannot be cancelled"),
+                (phone, ["cancel"], "is cancelled already"),
+                (fax, ["move", "2026-05-01"], "was sent and cannot be moved"),
+                (phone, ["move", "2026-05-01"], "is cancelled and cannot be moved")]:
+            self.expect([change[0], row, *change[1:]], err=f"notification {row} {words}", code=1)
         self.assertEqual([(1, 2), (1, 3), (0, 1)],
                          [self.state(row) for row in (fax, phone, letter)])
 
@@ -203,11 +205,13 @@ class ExplainTest(ConsoleTest):
                 self.assertEqual(due, why["due"])
 
     def test_whole_text(self):
-        task, _ = self.explain("2026-10-15")
+        task, why = self.explain("2026-10-15")
+        self.assertEqual([103, 1], [why["totalNum"], why["scheduleNum"]])
         out = self.run_program("explain", task).out
         self.assertEqual(
             "Due:    Thu 2026-10-15\n"
-            "Period: 5 business days before the due date, by the kind of task (103, 1)\n"
+            "Period: 5 business days before the due date, by the kind of task "
+            "(Quarterly Payroll Remittance)\n"
             "  Wed 2026-10-14  working day 1\n"
             "  Tue 2026-10-13  working day 2\n"
             "  Mon 2026-10-12  holiday, passed\n"

@@ -61,20 +61,18 @@ class TerminalTest(ConsoleTest):
 class LargeFirmTest(ConsoleTest):
     demo = ["--clients", "40", "--seed", "7", "--past-notifications", "100000"]
 
-    def used_by(self, database, *arguments):
-        """Kilobytes at most and seconds of work."""
+    def memory_of(self, database, *arguments):
+        """Kilobytes at most."""
         process = subprocess.Popen(self.command(*arguments, database=database), cwd=self.folder,
                                    stdout=subprocess.DEVNULL)
         _, status, used = os.wait4(process.pid, 0)
         process.returncode = os.waitstatus_to_exitcode(status)
         self.assertEqual(0, process.returncode)
-        return used.ru_maxrss, used.ru_utime + used.ru_stime
+        return used.ru_maxrss
 
     def test_a_long_past_costs_no_memory(self):
         young = ENGINE.empty(self, "young.db")
         self.run_program("init", "--demo", *self.demo[:4], database=young)
         for arguments in (["due"], ["send", "--due", "--dry-run"]):
-            memory, seconds = self.used_by(self.database, *arguments)
-            without_past, _ = self.used_by(young, *arguments)
-            self.assertLess(memory, without_past + 10_000)
-            self.assertLess(seconds, 5)
+            self.assertLess(self.memory_of(self.database, *arguments),
+                            self.memory_of(young, *arguments) + 10_000)

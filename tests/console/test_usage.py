@@ -17,16 +17,18 @@ WRONG = [
      '--today: "2026-02-30" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
     ("due --today tomorrow",
      '--today: "tomorrow" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
+    ("due --today 10:30",
+     '--today: "10:30" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
     ("due --user x", '--user: "x" is no number (see: hvnotify --help)'),
     ("tasks --until 30", '--until: "30" is no date; write it as 2026-04-30 (see: hvnotify tasks '
      '--help)'),
     ("tasks --client 1.5", '--client: "1.5" is no number (see: hvnotify tasks --help)'),
     ("arm", "TASK is required (see: hvnotify arm --help)"),
     ("arm 5", "--channel is required (see: hvnotify arm --help)"),
-    ("arm 5 --channel pigeon", '--channel: there is no channel "pigeon": email, fax, letter or '
-     'phone (see: hvnotify arm --help)'),
-    ("arm 5 --channel email,1", '--channel: there is no channel "1": email, fax, letter or '
-     'phone (see: hvnotify arm --help)'),
+    ("arm 5 --channel pigeon",
+     '--channel: "pigeon" is not email, fax, letter or phone (see: hvnotify arm --help)'),
+    ("arm 5 --channel email,1",
+     '--channel: "1" is not email, fax, letter or phone (see: hvnotify arm --help)'),
     ("show abc", 'NOTIFICATION: "abc" is no number (see: hvnotify show --help)'),
     ("show 12x", 'NOTIFICATION: "12x" is no number (see: hvnotify show --help)'),
     ("show 2147483648", "NOTIFICATION: 2147483648 is out of range (see: hvnotify show --help)"),
@@ -43,7 +45,9 @@ WRONG = [
     ("init --demo --clients 0", "--clients: 0 is not from 1 to 100000 (see: hvnotify init --help)"),
     ("init --demo --seed -1", '--seed: "-1" is no number (see: hvnotify init --help)'),
     ("init --province ZZ",
-     '--province: "ZZ" is no province: give two letters, such as ON (see: hvnotify init --help)'),
+     '--province: "ZZ" is no Canadian province, such as ON or QC (see: hvnotify init --help)'),
+    ("init --demo --country us --province ON", "--province does not go with --country us: firms "
+     "have one in Canada alone (see: hvnotify init --help)"),
     ("init --country fr", '--country: "fr" is no country: ca or us (see: hvnotify init --help)'),
 ]
 
@@ -64,6 +68,7 @@ class UsageTest(ConsoleTest):
                 run = self.run_program(command, "--help")
                 self.assertEqual((0, ""), (run.code, run.err))
                 self.assertIn(f"Usage: hvnotify {command} [OPTIONS]", run.out)
+                self.assertTrue(run.out.endswith("\nOptions of all commands: hvnotify --help\n"))
 
     def test_help_tells_commands_exit_codes_and_who_is_asked(self):
         run = self.run_program("--help")

@@ -6,27 +6,26 @@
 #include <fstream>
 #include <sstream>
 
+#include "host/desk/read_date.h"
 #include "notifications.h"
-#include "platform/date_time_text.h"
-#include "platform/text.h"
 
 namespace autonotify::console {
 namespace {
 
 constexpr std::uintmax_t largestFile = 16u << 20;
 
-notifyType readChannel(const std::string& name) {
-  for (const notifyType channel : allNotifyTypes) {
-    if (equalIgnoreCase(trim(name), channelName(channel))) return channel;
-  }
-  throw CLI::ValidationError(
-      "--channel", fmt::format("there is no channel \"{}\": email, fax, letter or phone", name));
-}
+struct ChannelWord {
+  std::string word;
+  notifyType channel;
+};
 
-DateTime readDate(const std::string& name, const std::string& text) {
-  const std::optional<DateTime> date = parseDateTime(text);
-  if (date && date->days() != 0) return date->dateOnly();
-  throw CLI::ValidationError(name, fmt::format("\"{}\" is no date; write it as 2026-04-30", text));
+const std::vector<ChannelWord>& channelWords() {
+  static const std::vector<ChannelWord> words = [] {
+    std::vector<ChannelWord> rows;
+    for (const notifyType channel : allNotifyTypes) rows.push_back({channelName(channel), channel});
+    return rows;
+  }();
+  return words;
 }
 
 }  // namespace
@@ -49,8 +48,10 @@ CLI::Option* addText(CLI::App& command, const std::string& name, const char* kin
 
 CLI::Option* addDate(CLI::App& command, const std::string& name, const std::string& help,
                      std::optional<DateTime>& target) {
-  return addReader(command, name, "DATE", help,
-                   [&target, name](const std::string& text) { target = readDate(name, text); });
+  return addReader(command, name, "DATE", help, [&target, name](const std::string& text) {
+    target = host::readDate(text);
+    if (!target) throw CLI::ValidationError(name, host::dateFault(text));
+  });
 }
 
 void addTask(CLI::App& command, Arguments& arguments) {
@@ -70,14 +71,14 @@ void addChannels(CLI::App& command, Arguments& arguments) {
           "--channel",
           [&arguments](const std::vector<std::string>& names) {
             for (const std::string& name : names) {
-              const notifyType channel = readChannel(name);
+              const notifyType channel = readChoice("--channel", channelWords(), name).channel;
               auto& known = arguments.channels;
               if (std::find(known.begin(), known.end(), channel) == known.end()) {
                 known.push_back(channel);
               }
             }
           },
-          "email, fax, letter or phone; may be several")
+          choicesOf(channelWords()) + "; may be several")
       ->type_name("CHANNEL")
       ->required()
       ->delimiter(',');

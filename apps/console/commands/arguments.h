@@ -5,10 +5,13 @@
 #include <concepts>
 #include <functional>
 #include <limits>
+#include <ranges>
+#include <span>
 #include <string>
 
 #include "Arguments.h"
 #include "Reply.h"
+#include "platform/text.h"
 
 namespace autonotify::console {
 
@@ -24,6 +27,38 @@ CLI::Option* addText(CLI::App& command, const std::string& name, const char* kin
                      const std::string& help, std::string& target);
 CLI::Option* addDate(CLI::App& command, const std::string& name, const std::string& help,
                      std::optional<DateTime>& target);
+
+/// The words of all rows: "company, contact or firm".
+template <std::ranges::contiguous_range Rows>
+std::string choicesOf(const Rows& rows) {
+  std::string choices;
+  for (const auto& row : rows) {
+    const char* joint = &row == &*std::ranges::rbegin(rows) ? " or " : ", ";
+    choices += (choices.empty() ? "" : joint) + std::string(row.word);
+  }
+  return choices;
+}
+
+/// The row whose `word` is the text, in any case.
+template <std::ranges::contiguous_range Rows>
+const auto& readChoice(const std::string& name, const Rows& rows, const std::string& text) {
+  for (const auto& row : rows) {
+    if (equalIgnoreCase(row.word, trim(text))) return row;
+  }
+  throw CLI::ValidationError(name, '"' + text + "\" is not " + choicesOf(rows));
+}
+
+/// An argument that is the word of one of `rows`, which must outlive the command; `take` gets the
+/// row. The help text is the words and `note`.
+template <std::ranges::contiguous_range Rows, class Take>
+CLI::Option* addChoice(CLI::App& command, const std::string& name, const char* kind,
+                       const Rows& rows, const std::string& note, Take take) {
+  return addReader(command, name, kind, choicesOf(rows) + note,
+                   [name, choices = std::span(rows), take](const std::string& text) {
+                     take(readChoice(name, choices, text));
+                   });
+}
+
 void addTask(CLI::App& command, Arguments& arguments);
 void addNotification(CLI::App& command, Arguments& arguments);
 /// --channel, once or more, or several names separated by commas.

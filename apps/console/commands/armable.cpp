@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <array>
-
 #include "Arguments.h"
 #include "notifications.h"
 
@@ -84,18 +82,16 @@ struct AddressField {
   int field;
   const char* words;
 };
-constexpr std::array<AddressField, 3> addressFields{{
+constexpr AddressField addressFields[] = {
     {nt_Email, Notification::emailTo, "an email address"},
     {nt_Fax, Notification::faxNumber, "a fax number"},
     {nt_Phone, Notification::phoneNumber, "a telephone number"},
-}};
+};
 
 /// What the row still lacks: "an email address"; empty for nothing.
 std::string missingAddress(const Notification& row) {
-  for (const AddressField& each : addressFields) {
-    if (each.channel == row.channel && row.fields[each.field].empty()) return each.words;
-  }
-  return {};
+  const AddressField* needed = findChannel(addressFields, row.channel);
+  return needed && row.fields[needed->field].empty() ? needed->words : "";
 }
 
 void report(Reply& reply, Session& session, const Armable& item, notifyType channel,

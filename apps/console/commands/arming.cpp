@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <array>
-
 #include "commands/arguments.h"
 #include "commands/armable.h"
 #include "notifications.h"
@@ -15,12 +13,12 @@ struct AddOperation {
   notifyType channel;
   Id (clsAutoNotifyCtrl::*add)(Id);
 };
-constexpr std::array<AddOperation, 4> addOperations{{
+constexpr AddOperation addOperations[] = {
     {nt_Email, &clsAutoNotifyCtrl::cls_addNewEmailNotificationFromScheduleIDNum},
     {nt_Fax, &clsAutoNotifyCtrl::cls_addNewFaxNotificationFromScheduleIDNum},
     {nt_Letter, &clsAutoNotifyCtrl::cls_addNewLetterNotificationFromScheduleIDNum},
     {nt_Phone, &clsAutoNotifyCtrl::cls_addNewPhoneNotificationFromScheduleIDNum},
-}};
+};
 
 class ArmableTask : public Armable {
  public:
@@ -34,10 +32,8 @@ class ArmableTask : public Armable {
     return session.control().cls_getNotificationID(id_, channel);
   }
   Id addRow(notifyType channel) override {
-    for (const AddOperation& operation : addOperations) {
-      if (operation.channel == channel) return (session.control().*operation.add)(id_);
-    }
-    return noId;
+    const AddOperation* operation = findChannel(addOperations, channel);
+    return operation ? (session.control().*operation->add)(id_) : noId;
   }
   bool mark(notifyType channel, changeStatus change) override {
     return session.control().cls_changeNotificationStatus(channel, change, id_);

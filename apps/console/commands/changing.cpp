@@ -16,7 +16,10 @@ void requireState(Session& session, Id id, std::initializer_list<NotificationSta
                   const char* changed) {
   const NotificationState state = stateOf(loadNotification(session, id));
   if (std::find(allowed.begin(), allowed.end(), state) != allowed.end()) return;
-  throw Refusal(fmt::format("notification {} {} and cannot be {}", id, stateWords(state), changed));
+  const bool isSoAlready = stateName(state) == changed;
+  throw Refusal(isSoAlready ? fmt::format("notification {} is {} already", id, changed)
+                            : fmt::format("notification {} {} and cannot be {}", id,
+                                          stateWords(state), changed));
 }
 
 /// "; the firm is closed that day" where it is.

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <span>
 
 #include "commands/arguments.h"
 #include "notifications.h"
@@ -24,6 +25,8 @@ constexpr ClientWord clientWords[] = {
      "SELECT Contacts.ContactID FROM Contacts WHERE Contacts.ContactID={};"},
     {"firm", enumAutoNotifyNone, nullptr},
 };
+/// Without the firm.
+constexpr std::span realClients = std::span(clientWords).first<2>();
 
 struct KindWord {
   const char* word;
@@ -37,37 +40,22 @@ constexpr KindWord kindWords[] = {
     {"name", RecipientKind::name, "name"},
 };
 
-/// The row of a table with this word; null when there is none.
-template <class Rows>
-auto findWord(const Rows& rows, const std::string& word) -> decltype(&rows[0]) {
-  const auto found =
-      std::ranges::find_if(rows, [&](const auto& row) { return equalIgnoreCase(row.word, word); });
-  return found == std::end(rows) ? nullptr : &*found;
+void addClient(CLI::App& command, Arguments& arguments, std::span<const ClientWord> words) {
+  addChoice(command, "CLIENT", "KIND", words, "", [&arguments](const ClientWord& row) {
+    arguments.clientKind = row.type;
+  })->required();
 }
 
-void addClient(CLI::App& command, Arguments& arguments, bool orFirm) {
-  const std::string choices = orFirm ? "company, contact or firm" : "company or contact";
-  addReader(command, "CLIENT", "KIND", choices,
-            [&arguments, orFirm, choices](const std::string& text) {
-              const ClientWord* found = findWord(clientWords, text);
-              if (!found || (!found->statement && !orFirm)) {
-                throw CLI::ValidationError("CLIENT",
-                                           fmt::format("\"{}\" is not {}", text, choices));
-              }
-              arguments.clientKind = found->word;
-            })
-      ->required();
+const ClientWord& clientWord(enumAutoNotifyClientType type) {
+  return *std::ranges::find(clientWords, type, &ClientWord::type);
 }
 
 /// Throws Refusal when there is no such client.
-const ClientWord& requireClient(Session& session, const std::string& word, Id id) {
-  const ClientWord& client = *findWord(clientWords, word);
-  if (client.statement) {
-    const std::string sql = fmt::format(fmt::runtime(client.statement), id);
-    const bool isThere = firstRow(session.database(), sql, [](const Row&) {});
-    if (!isThere) throw Refusal(fmt::format("there is no {} {}", word, id));
-  }
-  return client;
+void requireClient(Session& session, const ClientWord& client, Id id) {
+  if (!client.statement) return;
+  const std::string sql = fmt::format(fmt::runtime(client.statement), id);
+  const bool isThere = firstRow(session.database(), sql, [](const Row&) {});
+  if (!isThere) throw Refusal(fmt::format("there is no {} {}", client.word, id));
 }
 
 Reply describeDefault(Session& session, Id companyId) {
@@ -89,7 +77,7 @@ Reply describeDefault(Session& session, Id companyId) {
 }  // namespace
 
 void describeAddress(CLI::App& command, Arguments& arguments) {
-  addClient(command, arguments, false);
+  addClient(command, arguments, realClients);
   addNumber(command, "ID", "number of the company or contact", arguments.clientId)->required();
   command.add_flag("--home", arguments.home, "of a contact at home, not at work");
   addNumber(command, "--company", "the company that a contact at work may inherit from",
@@ -101,7 +89,8 @@ void describeAddress(CLI::App& command, Arguments& arguments) {
 
 Reply runAddress(Session& session, const Arguments& arguments) {
   const Id id = *arguments.clientId;
-  const ClientWord& client = requireClient(session, arguments.clientKind, id);
+  const ClientWord& client = clientWord(arguments.clientKind);
+  requireClient(session, client, id);
   if (arguments.home && client.type == enumAutoNotifyCompany)
     throw Refusal("a company has no home: leave out --home");
   const std::string subject = fmt::format("{} {}", client.word, id);
@@ -120,29 +109,22 @@ Reply runAddress(Session& session, const Arguments& arguments) {
 }
 
 void describeRecipients(CLI::App& command, Arguments& arguments) {
-  addClient(command, arguments, true);
+  addClient(command, arguments, clientWords);
   addNumber(command, "ID", "number of the company or contact", arguments.clientId);
-  addReader(command, "--kind", "KIND", "email, fax, phone or name",
-            [&arguments](const std::string& text) {
-              const KindWord* found = findWord(kindWords, text);
-              if (!found) {
-                throw CLI::ValidationError(
-                    "--kind", fmt::format("\"{}\" is not email, fax, phone or name", text));
-              }
-              arguments.recipientKind = found->word;
-            })
-      ->required();
+  addChoice(command, "--kind", "KIND", kindWords, "", [&arguments](const KindWord& row) {
+    arguments.recipientKind = row.kind;
+  })->required();
 }
 
 Reply runRecipients(Session& session, const Arguments& arguments) {
-  const ClientWord& asked = *findWord(clientWords, arguments.clientKind);
-  const KindWord& kind = *findWord(kindWords, arguments.recipientKind);
+  const ClientWord& client = clientWord(arguments.clientKind);
+  const KindWord& kind = *std::ranges::find(kindWords, arguments.recipientKind, &KindWord::kind);
   const Id id = arguments.clientId.value_or(noId);
-  if (asked.statement && !arguments.clientId)
-    throw Refusal(fmt::format("name the {} by its number", asked.word), exitUsage);
-  if (!asked.statement && kind.kind != RecipientKind::fax)
+  if (client.statement && !arguments.clientId)
+    throw Refusal(fmt::format("name the {} by its number", client.word), exitUsage);
+  if (!client.statement && kind.kind != RecipientKind::fax)
     throw Refusal("the firm has a list of fax numbers only", exitUsage);
-  const ClientWord& client = requireClient(session, asked.word, id);
+  requireClient(session, client, id);
   const std::string subject =
       client.statement ? fmt::format("{} {}", client.word, id) : client.word;
   RecipientOffer offer;
@@ -171,7 +153,7 @@ void describeContactDefault(CLI::App& command, Arguments& arguments) {
 
 Reply runContactDefault(Session& session, const Arguments& arguments) {
   const Id company = *arguments.clientId;
-  requireClient(session, "company", company);
+  requireClient(session, clientWord(enumAutoNotifyCompany), company);
   if (arguments.contact) {
     bool isSet = false;
     session.callOrRefuse(fmt::format("company {}", company), [&] {

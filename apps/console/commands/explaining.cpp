@@ -43,12 +43,23 @@ Json dayList(const std::vector<DayStep>& steps) {
   return list;
 }
 
-std::string periodText(const DateExplanation& why) {
+/// The kind's name; empty for one that the firm has no name for.
+std::string kindName(Session& session, const DateExplanation& why) {
+  std::string name;
+  firstRow(session.database(),
+           fmt::format("SELECT ScheduleTypes.ScheduleTypeName FROM ScheduleTypes WHERE "
+                       "ScheduleTypes.TotalNum={} AND ScheduleTypes.ScheduleNum={};",
+                       why.totalNum, why.scheduleNum),
+           [&](const Row& row) { name = row.text("ScheduleTypeName"); });
+  return name;
+}
+
+std::string periodText(const DateExplanation& why, const std::string& kind) {
   const char* source = why.usedFirmRule ? "by the firm's own rule" : "by the kind of task";
   const int count = why.days < 0 ? -why.days : why.days;
-  return fmt::format("Period: {} business day{} {} the due date, {} ({}, {})\n", count,
-                     count == 1 ? "" : "s", why.days > 0 ? "after" : "before", source, why.totalNum,
-                     why.scheduleNum);
+  return fmt::format("Period: {} business day{} {} the due date, {}{}\n", count,
+                     count == 1 ? "" : "s", why.days > 0 ? "after" : "before", source,
+                     kind.empty() ? "" : fmt::format(" ({})", kind));
 }
 
 }  // namespace
@@ -62,9 +73,10 @@ Reply runExplain(Session& session, const Arguments& arguments) {
   DateExplanation why;
   session.callOrRefuse(fmt::format("task {}", task.id),
                        [&] { why = session.tools().explainNotificationDate(task.id); });
+  const std::string kind = kindName(session, why);
   Reply reply;
   reply.text = fmt::format("{} of {}\n", task.name, clientName(session, task));
-  reply.text += fmt::format("Due:    {}\n", longDay(why.dueDate)) + periodText(why);
+  reply.text += fmt::format("Due:    {}\n", longDay(why.dueDate)) + periodText(why, kind);
   reply.text += dayLines(why.walk);
   if (!why.settling.empty()) {
     reply.text += "Not a working day, so on in the same direction:\n" + dayLines(why.settling);
@@ -82,6 +94,9 @@ Reply runExplain(Session& session, const Arguments& arguments) {
   reply.data = {{"task", task.id},
                 {"due", dayJson(why.dueDate)},
                 {"days", why.days},
+                {"kind", kind},
+                {"totalNum", why.totalNum},
+                {"scheduleNum", why.scheduleNum},
                 {"firmRule", why.usedFirmRule},
                 {"walk", dayList(why.walk)},
                 {"settling", dayList(why.settling)},

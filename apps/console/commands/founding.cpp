@@ -144,17 +144,18 @@ void describeInit(CLI::App& command, Arguments& arguments) {
       ->needs(demo);
   addPlace(command, "--country", "ca or us", "country: ca or us", arguments.country,
            host::findCountry);
-  addPlace(command, "--province", "such as ON or QC", "province: give two letters, such as ON",
-           arguments.province, host::findProvince);
+  addPlace(command, "--province", "of Canada, such as ON or QC",
+           "Canadian province, such as ON or QC", arguments.province, host::findProvince);
   addText(command, "--firm", "NAME", "the firm's name", arguments.firmName)->excludes(demo);
   addText(command, "--first-user", "NAME", "who works first", arguments.userName)->excludes(demo);
 }
 
 Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
   const std::string target = host::placeShown(options.database);
-  if (!arguments.province.empty() && !arguments.country.empty() &&
-      host::findCountry(arguments.country) != countryCanada)
-    throw Refusal("--province goes with the country ca alone", exitUsage);
+  if (!arguments.province.empty() && host::findCountry(arguments.country) != countryCanada)
+    throw Refusal("--province does not go with --country " + arguments.country +
+                      ": firms have one in Canada alone (see: hvnotify init --help)",
+                  exitUsage);
   try {
     if (host::isFile(options.database))
       makeFile(options.database, options, arguments);

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <array>
-
 #include "TextTable.h"
 #include "commands/arguments.h"
 #include "commands/armable.h"
@@ -13,33 +11,26 @@
 namespace autonotify::console {
 namespace {
 
-void addKind(CLI::App& command, Arguments& arguments, const std::string& name,
-             const std::string& help) {
-  CLI::Option* option =
-      addReader(command, name, "KIND", help, [&arguments, name](const std::string& text) {
-        const DiaryWord* found = findDiaryWord(text);
-        if (!found)
-          throw CLI::ValidationError(name, fmt::format("\"{}\" is not {}", text, diaryChoices));
-        arguments.itemKind = found->kind;
-      });
-  option->required(!name.starts_with("--"));
-}
-
 void addItem(CLI::App& command, Arguments& arguments) {
-  addKind(command, arguments, "KIND", diaryChoices);
+  addChoice(command, "KIND", "KIND", diaryWords(), "", [&arguments](const DiaryWord& row) {
+    arguments.itemKind = row.kind;
+  })->required();
   addNumber(command, "ID", "number of the item (see: hvnotify appointments)", arguments.item)
       ->required();
 }
 
 // Arming.
 
-using Add = Id (clsAutoNotifyCtrl::*)(CurrentDayTimerType, Id, DateTime, Id, Id, Id);
-constexpr std::array<std::pair<notifyType, Add>, 4> adds{{
+struct AddOperation {
+  notifyType channel;
+  Id (clsAutoNotifyCtrl::*add)(CurrentDayTimerType, Id, DateTime, Id, Id, Id);
+};
+constexpr AddOperation addOperations[] = {
     {nt_Email, &clsAutoNotifyCtrl::cls_addNewApptEmailNotification},
     {nt_Fax, &clsAutoNotifyCtrl::cls_addNewApptFaxNotification},
     {nt_Letter, &clsAutoNotifyCtrl::cls_addNewApptLetterNotification},
     {nt_Phone, &clsAutoNotifyCtrl::cls_addNewApptPhoneNotification},
-}};
+};
 
 /// For a client that a time entry lacks the component would look among the appointments. No company
 /// and no contact has this number.
@@ -58,12 +49,10 @@ class ArmableItem : public Armable {
     return session.control().cls_getApptNotificationID(item_.kind, item_.id, channel);
   }
   Id addRow(notifyType channel) override {
-    for (const auto& [value, add] : adds) {
-      if (value != channel) continue;
-      return (session.control().*add)(item_.kind, item_.id, date_, noId, given(item_.companyId),
-                                      given(item_.contactId));
-    }
-    return noId;
+    const AddOperation* operation = findChannel(addOperations, channel);
+    if (!operation) return noId;
+    return (session.control().*operation->add)(item_.kind, item_.id, date_, noId,
+                                               given(item_.companyId), given(item_.contactId));
   }
   bool mark(notifyType channel, changeStatus change) override {
     return session.control().cls_changeApptNotificationStatus(item_.kind, channel, change,
@@ -113,8 +102,9 @@ DateTime reminderDate(Session& session, const DiaryItem& item, const Arguments& 
 }  // namespace
 
 void describeAppointments(CLI::App& command, Arguments& arguments) {
-  addKind(command, arguments, "--kind",
-          std::string("only ") + diaryChoices + "; otherwise appointments and time entries");
+  addChoice(command, "--kind", "KIND", diaryWords(),
+            " alone (default: appointments and time entries)",
+            [&arguments](const DiaryWord& row) { arguments.itemKind = row.kind; });
   addNumber(command, "--client", "only those of this business client", arguments.client);
   addNumber(command, "--contact", "only those of this contact", arguments.contact);
   addDate(command, "--since", "from this date on (default: today)", arguments.since);

@@ -48,16 +48,14 @@ struct ByHand {
   notifyType channel;
   const char* reason;
 };
-constexpr std::array<ByHand, 3> byHand{{
+constexpr ByHand byHand[] = {
     {nt_Fax, "a fax goes out by hand from its text"},
     {nt_Letter, "a letter goes out by hand from its text"},
     {nt_Phone, "a telephone call is made by a person"},
-}};
+};
 
 std::string reasonToSkip(int channel) {
-  for (const ByHand& row : byHand) {
-    if (row.channel == channel) return row.reason;
-  }
+  if (const ByHand* row = findChannel(byHand, channel)) return row->reason;
   return fmt::format("there is no way to send a notification by {}", channelName(channel));
 }
 

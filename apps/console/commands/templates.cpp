@@ -129,17 +129,8 @@ Reply runPropagate(Session& session, const Arguments& arguments) {
 }
 
 void describeFields(CLI::App& command, Arguments& arguments) {
-  addReader(command, "--type", "TYPE", "appointment, task, time-entry or client (default: task)",
-            [&arguments](const std::string& text) {
-              const auto* found = std::ranges::find_if(
-                  useWords, [&](const UseWord& row) { return equalIgnoreCase(row.word, text); });
-              if (found == std::end(useWords)) {
-                throw CLI::ValidationError(
-                    "--type",
-                    fmt::format("\"{}\" is not appointment, task, time-entry or client", text));
-              }
-              arguments.mergeUse = found->use;
-            });
+  addChoice(command, "--type", "TYPE", useWords, " (default: task)",
+            [&arguments](const UseWord& row) { arguments.mergeUse = row.use; });
 }
 
 Reply runFields(Session& session, const Arguments& arguments) {

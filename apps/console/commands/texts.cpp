@@ -18,17 +18,15 @@ struct FieldNames {
   notifyType channel;
   std::array<const char*, 6> names;
 };
-constexpr std::array<FieldNames, 4> fieldNames{{
+constexpr FieldNames fieldNames[] = {
     {nt_Email, {"To", "Cc", "Bcc", "Subject", nullptr, nullptr}},
     {nt_Fax, {"To", "From", "Sender's fax", "Receiver's fax", "Pages", "Subject"}},
     {nt_Letter, {nullptr, nullptr, nullptr, nullptr, nullptr, nullptr}},
     {nt_Phone, {"To", "Phone number", "Times to call", nullptr, nullptr, nullptr}},
-}};
+};
 
 std::array<const char*, 6> namesOf(int channel) {
-  for (const FieldNames& row : fieldNames) {
-    if (row.channel == channel) return row.names;
-  }
+  if (const FieldNames* row = findChannel(fieldNames, channel)) return row->names;
   return {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"};
 }
 

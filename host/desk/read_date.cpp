@@ -1,0 +1,20 @@
+#include "host/desk/read_date.h"
+
+#include <fmt/format.h>
+
+#include "platform/date_time_text.h"
+
+namespace autonotify::host {
+
+std::optional<DateTime> readDate(std::string_view text) {
+  const std::optional<DateTime> moment = parseDateTime(text);
+  // A time alone stands on the zero date.
+  if (!moment || moment->days() == 0) return std::nullopt;
+  return moment->dateOnly();
+}
+
+std::string dateFault(std::string_view text) {
+  return fmt::format("\"{}\" is no date; write it as 2026-04-30", text);
+}
+
+}  // namespace autonotify::host
