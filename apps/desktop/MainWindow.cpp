@@ -237,7 +237,8 @@ void MainWindow::scheduleEmail() {
   const Id task = line->task.id;
   whileClaimed(host::WorkItem::task, task, [&] {
     // Another desk may have scheduled one since the list was read.
-    if (host::findPendingNotification(*desk_, task, nt_Email) != noId) return;
+    if (host::findPendingNotification(*desk_, task, nt_Email) != noId)
+      return tellFault(tr("The email is scheduled already."));
     desk_->control().cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
         Tasks, remittanceNotification, noId, task);
     if (!desk_->control().get_cancelFlag() &&

@@ -59,13 +59,8 @@ TEST(MessageBox, LooksAsItsStyleSays) {
     QMessageBox::Icon icon;
   };
   const Case cases[] = {{message_style::notice, QMessageBox::Information},
-                        {message_style::inputRefused, QMessageBox::Warning},
-                        {message_style::valueRefused, QMessageBox::Warning},
-                        {message_style::alreadySent, QMessageBox::Question},
                         {message_style::warning, QMessageBox::Warning},
-                        {message_style::batchNotice, QMessageBox::Warning},
                         {message_style::reportError, QMessageBox::Critical},
-                        {message_style::armedConfirmed, QMessageBox::Information},
                         {99, QMessageBox::Information}};
   DialogMsgbox messages;
   for (const Case& each : cases) {

@@ -14,9 +14,8 @@
 #include <QTimer>
 
 #include "MainWindow.h"
+#include "demo_firm.h"
 #include "host/database/sqlite/SqliteDatabase.h"
-#include "host/demo/DemoFirm.h"
-#include "host/demo/SqliteRowSink.h"
 #include "host/services/rows.h"
 #include "text.h"
 
@@ -68,16 +67,7 @@ void press(QDialog& composer, const char* name) {
 
 class MainWindowTest : public testing::Test {
  protected:
-  MainWindowTest() {
-    const auto database = host::createSqlite(path());
-    host::SqliteRowSink sink(database->connection());
-    host::DemoOptions demo;
-    demo.companies = 8;
-    demo.contacts = 8;
-    demo.today = today;
-    host::makeDemoFirm(sink, demo);
-    sink.insert("DatabaseIdentity", {{"UniqueText", "test"}});
-  }
+  MainWindowTest() { makeDemoFirm(path(), 8, 8, today); }
 
   void open() {
     window_ = std::make_unique<MainWindow>(host::DeskOptions{path(), today, {}, {}, {}});
@@ -102,19 +92,21 @@ class MainWindowTest : public testing::Test {
   }
 
   /// A task with an email that waits, or one without.
-  void chooseTask(bool isScheduled) {
+  Id chooseTask(bool isScheduled) {
     auto* table = window_->findChild<QTableView*>("tasks");
     auto& tasks = static_cast<TaskTableModel&>(*table->model());
     for (int row = 0; row < tasks.rowCount(); ++row) {
-      if (bool(tasks.lineAt(tasks.index(row, 0)).pendingChannels & nt_Email) != isScheduled)
-        continue;
-      return table->selectRow(row);
+      const host::TaskLine& line = tasks.lineAt(tasks.index(row, 0));
+      if (bool(line.pendingChannels & nt_Email) != isScheduled) continue;
+      table->selectRow(row);
+      return line.task.id;
     }
-    FAIL() << "no such task";
+    ADD_FAILURE() << "no such task";
+    return noId;
   }
 
   /// At another connection, as another desk would.
-  void execute(const char* sql) { host::openSqlite(path())->connection().exec(sql); }
+  void execute(const std::string& sql) { host::openSqlite(path())->connection().exec(sql); }
   int rows() {
     return host::openSqlite(path())
         ->connection()
@@ -186,6 +178,17 @@ TEST_F(MainWindowTest, AnEmailThatSomeoneDeletedIsMissedAtFinish) {
     });
     EXPECT_THAT(messages, testing::Contains(HasSubstr("What you wrote is lost.")));
   }
+}
+
+TEST_F(MainWindowTest, AnEmailThatSomeoneElseScheduledIsLeftAlone) {
+  open();
+  const Id task = chooseTask(false);
+  execute("UPDATE ClientNotification SET ScheduleIDNum=" + std::to_string(task) +
+          " WHERE NotificationType=1 AND NotificationSent=0");
+  Visitor visitor([](QDialog& composer) { composer.close(); });
+  trigger("Schedule Email");
+  EXPECT_FALSE(visitor.sawComposer());
+  EXPECT_THAT(visitor.messages, testing::ElementsAre("The email is scheduled already."));
 }
 
 TEST_F(MainWindowTest, ALostDatabaseEndsInMessages) {

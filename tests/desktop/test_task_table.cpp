@@ -5,9 +5,7 @@
 
 #include "DialogErrorClass.h"
 #include "DialogMsgbox.h"
-#include "host/database/sqlite/SqliteDatabase.h"
-#include "host/demo/DemoFirm.h"
-#include "host/demo/SqliteRowSink.h"
+#include "demo_firm.h"
 #include "host/services/HeadlessFormHost.h"
 #include "host/services/rows.h"
 #include "models/TaskTableModel.h"
@@ -21,14 +19,7 @@ class TaskTable : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     folder_ = std::make_unique<QTemporaryDir>();
-    const auto database = host::createSqlite(path());
-    host::SqliteRowSink sink(database->connection());
-    host::DemoOptions demo;
-    demo.companies = 30;
-    demo.contacts = 40;
-    demo.today = today;
-    host::makeDemoFirm(sink, demo);
-    sink.insert("DatabaseIdentity", {{"UniqueText", "test"}});
+    makeDemoFirm(path(), 30, 40, today);
   }
   static void TearDownTestSuite() { folder_.reset(); }
 
