@@ -6,8 +6,8 @@
 #include <stdexcept>
 
 #include "control/contract/references.h"
+#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
-#include "host/demo/SqliteRowSink.h"
 
 namespace autonotify::bench {
 namespace {

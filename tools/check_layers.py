@@ -26,13 +26,13 @@ HOST = [
     ("host/database", ["host/database/dialect"]),
     ("host/database/sqlite", ["host/database"]),
     ("host/database/postgres", ["host/database"]),
-    ("host/demo", ["host/database/schema", "host/database/sqlite", "host/database/postgres"]),
+    ("host/demo", ["host/database/sqlite", "host/database/postgres"]),
     ("host/loader", []),
     ("host/services", []),
     ("host/mail", ["host/services"]),
     ("host/desk", ["host/database/sqlite", "host/database/postgres", "host/loader", "host/mail"]),
-    ("host/copy", ["host/demo", "host/desk"]),
-    ("apps/console", ["host/copy"]),
+    ("host/copy", ["host/desk"]),
+    ("apps/console", ["host/copy", "host/demo"]),
     ("apps/desktop", ["host/desk"]),
 ]
 STANDARD = re.compile(r"<[a-z_0-9]+>$")

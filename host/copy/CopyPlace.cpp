@@ -8,12 +8,11 @@
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
+#include "host/database/postgres/PostgresRowSink.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/database/sqlite/SqliteDriver.h"
-#include "host/demo/PostgresRowSink.h"
-#include "host/demo/SqliteRowSink.h"
+#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/desk/databases.h"
-#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
@@ -57,14 +56,11 @@ class PostgresPlace : public CopyPlace {
     return std::make_unique<PostgresRowSink>(database_->connection());
   }
   Id lastKey(const TableDef& table) override {
-    return call(
-        "SELECT coalesce(pg_sequence_last_value(pg_get_serial_sequence($1, $2)::regclass), "
-        "0)",
-        {lowerCase(table.name), lowerCase(table.columns.front().name)});
+    return call("SELECT coalesce(pg_sequence_last_value(" + sequenceOf(table) + "::regclass), 0)",
+                {});
   }
   void setLastKey(const TableDef& table, Id key) override {
-    call("SELECT setval(pg_get_serial_sequence($1, $2), $3)",
-         {lowerCase(table.name), lowerCase(table.columns.front().name), key});
+    call("SELECT setval(" + sequenceOf(table) + ", $1)", {key});
   }
   void finish() override { finishPostgres(*database_); }
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "host/database/RecordsetDatabase.h"
+#include "host/database/RowSink.h"
 #include "host/database/schema/Schema.h"
-#include "host/demo/RowSink.h"
 
 namespace autonotify::host {
 

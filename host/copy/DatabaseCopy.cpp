@@ -14,13 +14,9 @@ namespace {
 constexpr int portion = 1000;
 constexpr Id beforeAll = -std::numeric_limits<Id>::max();
 
-const std::string& keyOf(const TableDef& table) {
-  return table.columns.front().name;
-}
-
 std::string rowsBehind(const TableDef& table, Id key) {
-  return "SELECT " + table.name + ".* FROM " + table.name + " WHERE " + keyOf(table) + ">" +
-         std::to_string(key) + " ORDER BY " + keyOf(table) + ";";
+  return "SELECT " + table.name + ".* FROM " + table.name + " WHERE " + table.key() + ">" +
+         std::to_string(key) + " ORDER BY " + table.key() + ";";
 }
 
 std::vector<Value> valuesOf(const TableDef& table, const Row& row) {
@@ -82,7 +78,7 @@ class TableCopy {
   Id greatestKeyThere() {
     Id key = beforeAll;
     firstRow(to_.database(),
-             "SELECT MAX(" + keyOf(table_) + ") AS Greatest FROM " + table_.name + ";",
+             "SELECT MAX(" + table_.key() + ") AS Greatest FROM " + table_.name + ";",
              [&](const Row& row) { key = row.id("Greatest", key); });
     return key;
   }
@@ -151,7 +147,7 @@ void beginCopy(CopyPlace& from, CopyPlace& to, RowSink& sink, const CopyProgress
 std::int64_t rowsIn(RecordsetDatabase& database) {
   std::int64_t rows = 0;
   for (const TableDef& table : schemaTables())
-    firstRow(database, "SELECT COUNT(" + keyOf(table) + ") AS Total FROM " + table.name + ";",
+    firstRow(database, "SELECT COUNT(" + table.key() + ") AS Total FROM " + table.name + ";",
              [&](const Row& row) { rows += row.id("Total", 0); });
   return rows;
 }

@@ -50,8 +50,6 @@ class Driver {
 
   /// The words that it understands; placeholders are ? for SQLite and $1, $2 ... for PostgreSQL.
   virtual Engine engine() const = 0;
-  /// Whether it can be used at this moment.
-  virtual bool isUsable() = 0;
   virtual std::unique_ptr<DriverStatement> prepare(const std::string& sql) = 0;
   /// A key of the table that no one ever had or will be given again, whichever process asks.
   virtual Id reserveKey(const TableDef& table) = 0;

@@ -21,10 +21,6 @@ std::vector<TableReference> keyedTables(const Translation& translation) {
 
 }  // namespace
 
-std::string placeholder(Engine engine, std::size_t number) {
-  return engine == Engine::sqlite ? std::string(1, '?') : '$' + std::to_string(number);
-}
-
 Plan::Plan(Driver& driver, const Translation& translation) : driver_(driver) {
   rows_ = driver.prepare(keyedSql(driver, translation));
   isWholeTable_ = tables_.size() == 1 && translation.fromEnd == translation.sql.size();
@@ -37,7 +33,7 @@ std::string Plan::keyedSql(Driver& driver, const Translation& translation) {
   for (const TableReference& reference : keyedTables(translation)) {
     const TableDef* table = findTable(reference.table);
     tables_.push_back(table);
-    const std::string key = reference.alias + '.' + table->columns.front().name;
+    const std::string key = reference.alias + '.' + table->key();
     keys += ", " + key;
     condition += condition.empty() ? " WHERE " : " AND ";
     condition += key + '=' + placeholder(driver.engine(), tables_.size());

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/database/Driver.h"
-#include "host/database/caseless.h"
 #include "host/database/dialect/Dialect.h"
+#include "host/database/schema/caseless.h"
 
 namespace autonotify::host {
 
@@ -73,8 +73,5 @@ class Plan {
   std::unique_ptr<DriverStatement> rowByKeys_;
   bool isWholeTable_ = false;
 };
-
-/// The placeholder of the n-th parameter, from 1.
-std::string placeholder(Engine engine, std::size_t number);
 
 }  // namespace autonotify::host

@@ -196,10 +196,12 @@ void Recordset::setValue(const std::string& name, const std::string& text) {
   const PlanColumn& target = writableColumn(name, true);
   const Value value = valueFromText(*target.origin, text);
   NewRow& row = newRow();
-  if (target.origin->kind == ColumnKind::Key)
-    row.key = toInteger(value), row.isKeyGiven = true;
-  else
+  if (target.origin->kind == ColumnKind::Key) {
+    row.key = toInteger(value);
+    row.isKeyGiven = true;
+  } else {
     row.values[target.origin] = value;
+  }
 }
 
 void Recordset::saveRow() {

@@ -37,7 +37,7 @@ Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
 }
 
 bool RecordsetDatabase::isDatabaseOpen() {
-  return driver_ && driver_->isUsable();
+  return driver_ != nullptr;
 }
 
 RecordsetHandle RecordsetDatabase::openRecordset(const std::string& sql, CursorMode cursor,

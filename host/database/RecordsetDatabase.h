@@ -27,6 +27,7 @@ class RecordsetDatabase : public DatabaseReference {
   /// Closes all recordsets and the connection; may be called again.
   virtual void close();
 
+  /// True until it is closed, also while its server is away.
   bool isDatabaseOpen() override;
   RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock,
                                 int reserved1, const std::string& reserved2, int reserved3,

@@ -54,8 +54,8 @@ bool Session::updateField(const TableDef& table, const ColumnDef& column, Id key
   if (!statement) {
     const Engine engine = driver_.engine();
     statement = driver_.prepare("UPDATE " + table.name + " SET " + column.name + "=" +
-                                placeholder(engine, 1) + " WHERE " + table.columns.front().name +
-                                "=" + placeholder(engine, 2));
+                                placeholder(engine, 1) + " WHERE " + table.key() + "=" +
+                                placeholder(engine, 2));
   }
   return write(table, *statement, {value, key}) > 0;
 }
@@ -63,9 +63,8 @@ bool Session::updateField(const TableDef& table, const ColumnDef& column, Id key
 bool Session::deleteRow(const TableDef& table, Id key) {
   Statement& statement = deletes_[&table];
   if (!statement)
-    statement =
-        driver_.prepare("DELETE FROM " + table.name + " WHERE " + table.columns.front().name + "=" +
-                        placeholder(driver_.engine(), 1));
+    statement = driver_.prepare("DELETE FROM " + table.name + " WHERE " + table.key() + "=" +
+                                placeholder(driver_.engine(), 1));
   return write(table, *statement, {key}) > 0;
 }
 
@@ -74,9 +73,9 @@ void Session::insertRow(const TableDef& table, const std::vector<const ColumnDef
   std::string sql = "INSERT INTO " + table.name + " (";
   std::string places;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (i > 0) sql += ',', places += ',';
-    sql += columns[i]->name;
-    places += placeholder(driver_.engine(), i + 1);
+    const char* const separator = i > 0 ? "," : "";
+    sql += separator + columns[i]->name;
+    places += separator + placeholder(driver_.engine(), i + 1);
   }
   sql += ") VALUES (" + places + ")";
   const Statement statement = inserts_.get(sql, [&] { return Statement(driver_.prepare(sql)); });

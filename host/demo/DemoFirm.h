@@ -4,7 +4,7 @@
 #include <string>
 
 #include "control/contract/enumerations.h"
-#include "host/demo/RowSink.h"
+#include "host/database/RowSink.h"
 #include "platform/DateTime.h"
 
 namespace autonotify::host {

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "host/database/schema/caseless.h"
 #include "host/services/rows.h"
 
 namespace autonotify::host {
@@ -28,7 +29,7 @@ std::string likePattern(const std::string& text) {
   std::string pattern;
   for (const char c : text) {
     if (c == '%' || c == '_' || c == '!') pattern += '!';
-    pattern += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    pattern += lowerAscii(c);
     if (c == '\'') pattern += c;
   }
   return "'%" + pattern + "%'";

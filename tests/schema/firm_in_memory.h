@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "host/database/schema/Schema.h"
+#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
-#include "host/demo/SqliteRowSink.h"
 
 namespace autonotify::host {
 

@@ -234,10 +234,7 @@ class Translator {
     copyTo(begin);
     copied_ = end;
     result_.parameters.push_back(std::move(value));
-    if (engine_ == Engine::sqlite)
-      result_.sql += '?';
-    else
-      result_.sql += '$' + std::to_string(result_.parameters.size());
+    result_.sql += placeholder(engine_, result_.parameters.size());
   }
 
   std::string_view sql_;
@@ -260,6 +257,10 @@ class Translator {
 
 Translation translate(std::string_view sql, Engine engine) {
   return Translator(sql, engine).translate();
+}
+
+std::string placeholder(Engine engine, std::size_t number) {
+  return engine == Engine::sqlite ? "?" : '$' + std::to_string(number);
 }
 
 std::vector<TableReference> tablesOf(std::string_view fromClause) {

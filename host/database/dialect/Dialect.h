@@ -39,6 +39,9 @@ struct Translation {
 
 Translation translate(std::string_view sql, Engine engine);
 
+/// How the engine writes the place of the parameter with this number, from 1.
+std::string placeholder(Engine engine, std::size_t number);
+
 struct TableReference {
   std::string table;
   /// The name by which the statement calls it: its alias, or its own name.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/database/schema/caseless.h"
 
 namespace autonotify::host {
 namespace {
@@ -118,18 +119,14 @@ std::size_t plainTextEnd(std::string_view text, std::size_t at) {
   return at;
 }
 
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
 bool sameWord(std::string_view word, std::string_view keyword) {
   if (word.size() != keyword.size()) return false;
   for (std::size_t i = 1; i < word.size(); ++i)
-    if (lower(word[i]) != keyword[i]) return false;
+    if (lowerAscii(word[i]) != keyword[i]) return false;
   return true;
 }
 
-/// Length of the digits, the fraction and the exponent at the beginning of the text.
+/// Length of the digits and the fraction at the beginning of the text.
 std::size_t numberLength(std::string_view text) {
   std::size_t at = 0;
   const auto digits = [&] {
@@ -147,7 +144,7 @@ std::size_t numberLength(std::string_view text) {
 
 Keyword keywordOf(std::string_view word) {
   if (word.empty() || word.size() > longestKeyword) return Keyword::none;
-  const int first = lower(word[0]) - 'a';
+  const int first = lowerAscii(word[0]) - 'a';
   if (first < 0 || first >= 26) return Keyword::none;
   const auto bucket = static_cast<std::size_t>(first);
   for (std::size_t i = firstWith[bucket]; i < firstWith[bucket + 1]; ++i)

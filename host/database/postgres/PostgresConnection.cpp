@@ -162,28 +162,27 @@ pqxx::result PostgresConnection::executeApart(const std::string& sql,
   }
 }
 
+void PostgresConnection::failLost(const std::exception& error, const std::string& sql) {
+  drop();
+  throw DatabaseError(database_error::connectionLost,
+                      "The connection to the database server was lost: " + wordsOf(error), 0, sql);
+}
+
 void PostgresConnection::fail(const std::string& sql) {
-  const auto lost = [&](const std::exception& error) {
-    drop();
-    throw DatabaseError(database_error::connectionLost,
-                        "The connection to the database server was lost: " + wordsOf(error), 0,
-                        sql);
-  };
   try {
     throw;
   } catch (const pqxx::sql_error& error) {
     const Failure* known = findFailure(error.sqlstate());
     if ((link_ && !link_->connection.is_open()) ||
         (known && known->number == database_error::connectionLost))
-      lost(error);
+      failLost(error, sql);
     throw DatabaseError(
         known ? known->number : database_error::engineFailure,
         std::string(known ? known->description : "The database failed") + ": " + wordsOf(error) +
             (error.sqlstate().empty() ? "" : " (SQLSTATE " + error.sqlstate() + ")"),
         0, sql);
   } catch (const pqxx::failure& error) {
-    lost(error);
-    throw;
+    failLost(error, sql);
   }
 }
 

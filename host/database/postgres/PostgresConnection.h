@@ -65,6 +65,8 @@ class PostgresConnection {
   std::shared_ptr<Scope> begin();
   /// Throws the exception being handled as a DatabaseError.
   [[noreturn]] void fail(const std::string& sql);
+  /// Lets go of the connection and throws connectionLost.
+  [[noreturn]] void failLost(const std::exception& error, const std::string& sql);
 
   ServerAddress address_;
   std::shared_ptr<Link> link_;

@@ -17,13 +17,14 @@ struct Content {
   bool isComplete = false;
 };
 
-constexpr const char* markTable = "autonotify_version";
+const std::string markTable = "autonotify_version";
 
 // The table may belong to another program: its columns are asked for only when they are there.
 Content contentOf(PostgresConnection& connection) {
   const pqxx::result answer = connection.execute(
-      "SELECT current_schema(), count(c.oid), count(c.oid) FILTER (WHERE c.relname = "
-      "'autonotify_version') FROM (SELECT "
+      "SELECT current_schema(), count(c.oid), count(c.oid) FILTER (WHERE c.relname = '" +
+      markTable +
+      "') FROM (SELECT "
       "current_schema()::regnamespace AS here) AS n LEFT JOIN pg_class c ON c.relnamespace = "
       "n.here AND c.relkind IN ('r', 'p', 'v', 'm', 'f')");
   const pqxx::row row = answer.front();
@@ -33,7 +34,7 @@ Content contentOf(PostgresConnection& connection) {
   Content content{row[0].as<std::string>(), row[1].as<int>() == 0, {}, false};
   if (row[2].as<int>() == 0) return content;
   const pqxx::result mark =
-      connection.execute("SELECT application, schema_version, complete FROM autonotify_version");
+      connection.execute("SELECT application, schema_version, complete FROM " + markTable);
   if (mark.empty() || mark.front()[0].as<int>() != applicationId) return content;
   content.version = mark.front()[1].as<int>();
   content.isComplete = mark.front()[2].as<bool>();
@@ -47,13 +48,8 @@ void requireOurs(const Content& content) {
         database_error::foreign,
         schema + (content.isEmpty ? " holds no database" : " is not a database of this program"));
   if (*content.version > schemaVersion)
-    throw DatabaseError(database_error::newerSchema,
-                        schema + " was written by a newer version of this program (schema " +
-                            std::to_string(*content.version) + ", known up to " +
-                            std::to_string(schemaVersion) + ")");
-  if (!content.isComplete)
-    throw DatabaseError(database_error::unfinished,
-                        schema + " is unfinished: it was never filled to its end");
+    throw DatabaseError(database_error::newerSchema, newerSchemaText(schema, *content.version));
+  if (!content.isComplete) throw DatabaseError(database_error::unfinished, unfinishedText(schema));
 }
 
 void requireRoom(const Content& content) {
@@ -68,16 +64,16 @@ void requireRoom(const Content& content) {
 void createTables(PostgresConnection& connection, const Content& content) {
   const auto scope = connection.beginWriting();
   if (content.version) {
-    connection.execute(std::string("DROP TABLE IF EXISTS ") + markTable);
+    connection.execute("DROP TABLE IF EXISTS " + markTable);
     for (const TableDef& table : schemaTables())
       connection.execute("DROP TABLE IF EXISTS " + table.name);
   }
   for (const std::string& statement : schemaStatements(Engine::postgres))
     connection.execute(statement);
-  connection.execute(std::string("CREATE TABLE ") + markTable +
+  connection.execute("CREATE TABLE " + markTable +
                      " (application INTEGER PRIMARY KEY, schema_version INTEGER NOT NULL, "
                      "complete BOOLEAN NOT NULL)");
-  connection.execute(std::string("INSERT INTO ") + markTable + " VALUES ($1, $2, FALSE)",
+  connection.execute("INSERT INTO " + markTable + " VALUES ($1, $2, FALSE)",
                      {applicationId, schemaVersion});
   connection.commit(*scope);
 }
@@ -111,7 +107,7 @@ std::unique_ptr<PostgresDatabase> continuePostgres(const std::string& url) {
 }
 
 void finishPostgres(PostgresDatabase& database) {
-  database.connection().execute(std::string("UPDATE ") + markTable + " SET complete = TRUE");
+  database.connection().execute("UPDATE " + markTable + " SET complete = TRUE");
 }
 
 }  // namespace autonotify::host

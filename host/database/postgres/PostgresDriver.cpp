@@ -1,8 +1,8 @@
 #include "host/database/postgres/PostgresDriver.h"
 
-#include "host/database/caseless.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresStatement.h"
+#include "host/database/schema/caseless.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -13,13 +13,12 @@ constexpr const char* catalogueSql =
     "a.attrelid = c.oid WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind = 'r' "
     "AND a.attnum > 0 AND NOT a.attisdropped";
 
-/// The sequence behind the key of a table, as an expression.
-std::string sequenceOf(const TableDef& table) {
-  return "pg_get_serial_sequence('" + lowerCase(table.name) + "', '" +
-         lowerCase(table.columns.front().name) + "')";
-}
-
 }  // namespace
+
+std::string sequenceOf(const TableDef& table) {
+  return "pg_get_serial_sequence('" + lowerCase(table.name) + "', '" + lowerCase(table.key()) +
+         "')";
+}
 
 void PostgresCatalogue::read(PostgresConnection& connection) {
   for (const pqxx::row& row : connection.execute(catalogueSql)) {

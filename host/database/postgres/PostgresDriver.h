@@ -10,6 +10,9 @@
 
 namespace autonotify::host {
 
+/// The sequence behind the key of a table, as an expression.
+std::string sequenceOf(const TableDef& table);
+
 /// The names of the tables and columns of a schema by the server's numbers.
 class PostgresCatalogue {
  public:
@@ -30,8 +33,8 @@ class PostgresCatalogue {
 ///
 /// A result of at most `window` rows comes in one exchange. A longer one is read through a cursor,
 /// a window at a time, within a transaction that only reads. Keys come from the sequences of the
-/// tables' identity columns. Being usable means not being closed: a server that is away shows as
-/// an error of the call that needs it, which may be tried again.
+/// tables' identity columns. A server that is away shows as an error of the call that needs it,
+/// which may be tried again.
 class PostgresDriver : public Driver {
  public:
   static constexpr int window = 256;
@@ -45,7 +48,6 @@ class PostgresDriver : public Driver {
   void forget(std::string statement) { forgotten_.push_back(std::move(statement)); }
 
   Engine engine() const override { return Engine::postgres; }
-  bool isUsable() override { return true; }
   std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
   Id reserveKey(const TableDef& table) override;
   void takeKey(const TableDef& table, Id key) override;

@@ -1,7 +1,7 @@
 #include "host/database/postgres/desk_role.h"
 
+#include "host/database/postgres/PostgresDriver.h"
 #include "host/database/schema/Schema.h"
-#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
@@ -44,11 +44,8 @@ std::string deskRoleStatements(PostgresConnection& connection, const std::string
   for (const TableRights& each : rightsOfADesk) {
     sql += std::string("GRANT ") + each.rights + " ON " + schema + '.' + each.table + to;
     if (!each.addsRows) continue;
-    const std::string& key = findTable(each.table)->columns.front().name;
     sql += "GRANT USAGE ON SEQUENCE " +
-           ask(connection, "SELECT pg_get_serial_sequence($1, $2)",
-               {lowerCase(each.table), lowerCase(key)}) +
-           to;
+           ask(connection, "SELECT " + sequenceOf(*findTable(each.table)), {}) + to;
   }
   return sql;
 }

@@ -1,37 +1,11 @@
 #include "host/database/schema/Schema.h"
 
-#include <unordered_map>
-
+#include "host/database/schema/caseless.h"
 #include "host/database/schema/schema_builder.h"
 
 namespace autonotify::host {
 
 namespace {
-
-char lower(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-struct CaselessHash {
-  std::size_t operator()(std::string_view text) const {
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (char letter : text)
-      hash = (hash ^ static_cast<unsigned char>(lower(letter))) * 0x100000001b3;
-    return static_cast<std::size_t>(hash);
-  }
-};
-
-struct CaselessEqual {
-  bool operator()(std::string_view left, std::string_view right) const {
-    if (left.size() != right.size()) return false;
-    for (std::size_t i = 0; i < left.size(); ++i)
-      if (lower(left[i]) != lower(right[i])) return false;
-    return true;
-  }
-};
-
-template <class T>
-using CaselessMap = std::unordered_map<std::string_view, T, CaselessHash, CaselessEqual>;
 
 struct TableEntry {
   const TableDef* table;
@@ -104,6 +78,15 @@ std::string createIndex(const TableDef& table, const std::vector<std::string>& c
 }
 
 }  // namespace
+
+std::string newerSchemaText(const std::string& place, int version) {
+  return place + " was written by a newer version of this program (schema " +
+         std::to_string(version) + ", known up to " + std::to_string(schemaVersion) + ")";
+}
+
+std::string unfinishedText(const std::string& place) {
+  return place + " is unfinished: it was never filled to its end";
+}
 
 const std::vector<TableDef>& schemaTables() {
   static const std::vector<TableDef> tables = [] {

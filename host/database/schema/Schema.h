@@ -14,6 +14,10 @@ constexpr int unfinishedApplicationId = 0x68764E75;
 /// Rises with every change of the tables (SQLite: PRAGMA user_version).
 constexpr int schemaVersion = 1;
 
+// Why a database cannot be opened, with the words for where it is at the beginning.
+std::string newerSchemaText(const std::string& place, int version);
+std::string unfinishedText(const std::string& place);
+
 /// What a column holds, independent of the engine.
 enum class ColumnKind {
   Key,           ///< generated 32-bit key; a given value is taken as it is; never used twice
@@ -41,6 +45,8 @@ struct TableDef {
   std::vector<ColumnDef> columns;
   /// Each a list of columns, in order.
   std::vector<std::vector<std::string>> indexes;
+
+  const std::string& key() const { return columns.front().name; }
 };
 
 /// Every table of a firm's database, in order of creation. There are no foreign keys: a link of -1

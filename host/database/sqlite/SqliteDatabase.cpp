@@ -43,16 +43,12 @@ void requireOurs(SQLite::Database& database, const std::string& path, int wanted
   if (id != applicationId && id != unfinishedApplicationId)
     throw DatabaseError(database_error::foreign, path + " is not a database of this program");
   if (id == unfinishedApplicationId && id != wanted)
-    throw DatabaseError(database_error::unfinished,
-                        path + " is unfinished: it was never filled to its end");
+    throw DatabaseError(database_error::unfinished, unfinishedText(path));
   if (id != wanted)
     throw DatabaseError(database_error::alreadyExists, path + " is a finished database");
   const int version = pragma(database, "user_version");
   if (version > schemaVersion)
-    throw DatabaseError(database_error::newerSchema,
-                        path + " was written by a newer version of this program (schema " +
-                            std::to_string(version) + ", known up to " +
-                            std::to_string(schemaVersion) + ")");
+    throw DatabaseError(database_error::newerSchema, newerSchemaText(path, version));
 }
 
 void requireWritable(SQLite::Database& database, const std::string& path) {
@@ -165,6 +161,13 @@ std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
   return create(path, applicationId);
 }
 
+std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
+  static const EmptyImage image;
+  SQLite::Database database = connect(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 0);
+  image.copyTo(database.getHandle());
+  return std::make_unique<SqliteDatabase>(std::move(database));
+}
+
 std::unique_ptr<SqliteDatabase> createUnfinishedSqlite(const files::path& path) {
   return create(path, unfinishedApplicationId);
 }
@@ -173,13 +176,6 @@ void finishSqlite(SqliteDatabase& database) {
   database.emptyLog();
   execute(database.connection(), "PRAGMA application_id=" + std::to_string(applicationId));
   database.emptyLog();
-}
-
-std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
-  static const EmptyImage image;
-  SQLite::Database database = connect(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 0);
-  image.copyTo(database.getHandle());
-  return std::make_unique<SqliteDatabase>(std::move(database));
 }
 
 }  // namespace autonotify::host

@@ -42,6 +42,8 @@ std::unique_ptr<SqliteDatabase> openSqlite(const std::filesystem::path& path,
 
 /// A new file with all tables and no rows, open for writing.
 std::unique_ptr<SqliteDatabase> createSqlite(const std::filesystem::path& path);
+/// The same in memory, gone when closed.
+std::unique_ptr<SqliteDatabase> createSqliteInMemory();
 
 // A file whose making may be interrupted: it opens as `unfinished` until it is finished.
 
@@ -50,8 +52,5 @@ std::unique_ptr<SqliteDatabase> createUnfinishedSqlite(const std::filesystem::pa
 std::unique_ptr<SqliteDatabase> openUnfinishedSqlite(const std::filesystem::path& path);
 /// All that was written is in the file, which opens from now on.
 void finishSqlite(SqliteDatabase& database);
-
-/// The same in memory, gone when closed.
-std::unique_ptr<SqliteDatabase> createSqliteInMemory();
 
 }  // namespace autonotify::host

@@ -220,7 +220,7 @@ std::int64_t SqliteDriver::counterOf(const TableDef& table) {
 // The engine begins a counter with the first row that it inserts by itself. Two processes that come
 // here together leave one counter, since the test and the insert are one statement.
 void SqliteDriver::beginCounter(const TableDef& table) {
-  const std::string key = table.columns.front().name;
+  const std::string key = table.key();
   prepare("INSERT INTO sqlite_sequence(name, seq) SELECT '" + table.name + "', coalesce(max(" +
           key + "), 0) FROM " + table.name +
           " HAVING NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name='" + table.name + "')")

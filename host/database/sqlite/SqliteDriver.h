@@ -41,7 +41,6 @@ class SqliteDriver : public Driver {
   SQLite::Database& database() { return database_; }
 
   Engine engine() const override { return Engine::sqlite; }
-  bool isUsable() override { return true; }
   std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
   Id reserveKey(const TableDef& table) override;
 

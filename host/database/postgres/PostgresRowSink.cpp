@@ -1,9 +1,10 @@
-#include "host/demo/PostgresRowSink.h"
+#include "host/database/postgres/PostgresRowSink.h"
 
 #include <algorithm>
 
-#include "host/database/Plan.h"
 #include "host/database/dialect/DatabaseError.h"
+#include "host/database/dialect/Dialect.h"
+#include "host/database/postgres/PostgresDriver.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -12,10 +13,6 @@ namespace {
 const TableDef& tableNamed(std::string_view name) {
   if (const TableDef* table = findTable(name)) return *table;
   throw DatabaseError(database_error::statementFailed, "There is no table " + std::string(name));
-}
-
-const std::string& keyOf(const TableDef& table) {
-  return table.columns.front().name;
 }
 
 }  // namespace
@@ -41,7 +38,7 @@ Id PostgresRowSink::insertRow(std::string_view name, std::span<const Field> fiel
   }
   const TableDef& table = tableNamed(name);
   const auto given = std::find_if(fields.begin(), fields.end(), [&](const Field& field) {
-    return equalIgnoreCase(field.column, keyOf(table));
+    return equalIgnoreCase(field.column, table.key());
   });
   Id& last = lastKeyOf(table);
   const Id key = given == fields.end() ? last + 1 : toInteger(given->value);
@@ -63,7 +60,7 @@ PostgresRowSink::Batch& PostgresRowSink::batchOf(const TableDef& table,
   Batch& batch = place->second;
   if (!isNew) return batch;
   for (const Field& field : fields) (batch.insert += ", ") += field.column;
-  if (withKey) batch.insert += ", " + keyOf(table);
+  if (withKey) batch.insert += ", " + table.key();
   batch.insert = "INSERT INTO " + table.name + " (" + batch.insert.substr(2) + ") VALUES ";
   return batch;
 }
@@ -72,7 +69,7 @@ Id& PostgresRowSink::lastKeyOf(const TableDef& table) {
   const auto [place, isNew] = lastKeys_.try_emplace(&table, 0);
   if (isNew)
     place->second =
-        connection_.execute("SELECT coalesce(max(" + keyOf(table) + "), 0) FROM " + table.name)
+        connection_.execute("SELECT coalesce(max(" + table.key() + "), 0) FROM " + table.name)
             .front()[0]
             .as<Id>();
   return place->second;
@@ -95,9 +92,7 @@ void PostgresRowSink::send(Batch& batch) {
 
 void PostgresRowSink::moveSequences() {
   for (const auto& [table, key] : lastKeys_)
-    if (key > 0)
-      connection_.execute("SELECT setval(pg_get_serial_sequence($1, $2), $3)",
-                          {lowerCase(table->name), lowerCase(keyOf(*table)), key});
+    if (key > 0) connection_.execute("SELECT setval(" + sequenceOf(*table) + ", $1)", {key});
 }
 
 }  // namespace autonotify::host

@@ -1,4 +1,4 @@
-#include "host/demo/SqliteRowSink.h"
+#include "host/database/sqlite/SqliteRowSink.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
