@@ -5,12 +5,13 @@
 #include <span>
 
 #include "host/services/person_names.h"
+#include "host/services/rows.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
 
-// Positions in the rows of the lookup tables; the order of the names in the constructor's lists.
+// Positions in the rows of the lookup tables.
 enum CompanyColumn {
   CompanyName,
   CorporateName,
@@ -43,6 +44,60 @@ enum ContactColumn {
   BusinessEmail,
   PersonalEmail,
 };
+
+struct NamedColumn {
+  int position;
+  const char* name;
+};
+constexpr NamedColumn companyColumns[] = {
+    {CompanyName, "CompanyName"},
+    {CorporateName, "CorporateName"},
+    {CompanyClientId, "ClientIDStr"},
+    {CompanyPartner, "PartnerName"},
+    {CompanyAccountant, "AccountantName"},
+    {OfficeNumber, "OfficeNumber"},
+    {CompanyFax, "FaxNumber"},
+    {CompanyEmail, "Email"},
+    {DefaultContactName, "DefaultContactName"},
+    {DefaultContactPhone, "DefaultContactPhoneNumber"},
+    {DefaultContactEmail, "DefaultContactEmail"},
+};
+constexpr NamedColumn contactColumns[] = {
+    {DisplayName, "DisplayName"},
+    {FirstName, "FirstName"},
+    {LastName, "LastName"},
+    {SpouseFirstName, "SpouseFirstName"},
+    {SpouseLastName, "SpouseLastName"},
+    {SpouseName, "SpouseName"},
+    {ContactClientId, "ClientIDStr"},
+    {ContactPartner, "PartnerName"},
+    {ContactAccountant, "AccountantName"},
+    {BusinessPhone, "BusinessPhone_Main"},
+    {BusinessCell, "BusinessPhone_Cell"},
+    {HomePhone, "HomePhone_Main"},
+    {HomeCell, "HomePhone_Cell"},
+    {BusinessFax, "BusinessPhone_Fax"},
+    {HomeFax, "HomePhone_Fax"},
+    {BusinessEmail, "BusinessEmail"},
+    {PersonalEmail, "PersonalEmail"},
+};
+
+constexpr bool isInOrder(std::span<const NamedColumn> columns) {
+  int position = 0;
+  for (const NamedColumn& column : columns)
+    if (column.position != position++) return false;
+  return true;
+}
+static_assert(isInOrder(companyColumns) && isInOrder(contactColumns));
+
+std::vector<const char*> columnNames(std::span<const NamedColumn> columns) {
+  std::vector<const char*> names;
+  for (const NamedColumn& column : columns) names.push_back(column.name);
+  return names;
+}
+
+/// A company's names, the one to show first. The firm's rows hold these two, in the same places.
+constexpr std::array<int, 2> companyNames{CompanyName, CorporateName};
 
 constexpr int mainCategoryCode = 1;
 
@@ -80,8 +135,7 @@ const std::vector<InfoItem>& contactItems() {
 }
 
 std::string textAt(const LookupRow& row, int column) {
-  const Value& value = row[static_cast<std::size_t>(column)];
-  return value.isNull() ? std::string() : toText(value);
+  return textOf(row[static_cast<std::size_t>(column)]);
 }
 
 std::string firstText(const LookupRow& row, std::span<const int> columns) {
@@ -119,21 +173,8 @@ PersonNames namesOf(const LookupRow& contact) {
 }  // namespace
 
 ClientDirectory::ClientDirectory(DatabaseReference& database)
-    : companies_(database,
-                 {"Companies",
-                  "CompanyID",
-                  "CompanyID",
-                  {"CompanyName", "CorporateName", "ClientIDStr", "PartnerName", "AccountantName",
-                   "OfficeNumber", "FaxNumber", "Email", "DefaultContactName",
-                   "DefaultContactPhoneNumber", "DefaultContactEmail"}}),
-      contacts_(database,
-                {"Contacts",
-                 "ContactID",
-                 "ContactID",
-                 {"DisplayName", "FirstName", "LastName", "SpouseFirstName", "SpouseLastName",
-                  "SpouseName", "ClientIDStr", "PartnerName", "AccountantName",
-                  "BusinessPhone_Main", "BusinessPhone_Cell", "HomePhone_Main", "HomePhone_Cell",
-                  "BusinessPhone_Fax", "HomePhone_Fax", "BusinessEmail", "PersonalEmail"}}),
+    : companies_(database, {"Companies", "CompanyID", "CompanyID", columnNames(companyColumns)}),
+      contacts_(database, {"Contacts", "ContactID", "ContactID", columnNames(contactColumns)}),
       clientData_(database, {"ClientData", "ClientDataID", "ClientDataID", {"CompanyIDNum"}}),
       clientDataOfCompany_(database,
                            {"ClientData", "CompanyIDNum", "ClientDataID", {"ClientDataID"}}),
@@ -176,8 +217,7 @@ Id ClientDirectory::getDefaultContactID(Id companyId) {
 
 std::string ClientDirectory::getCompanyDisplayName(Id companyId) {
   const std::optional<LookupRow> company = find(companies_, companyId);
-  return company ? firstText(*company, std::array<int, 2>{CompanyName, CorporateName})
-                 : std::string();
+  return company ? firstText(*company, companyNames) : std::string();
 }
 
 std::string ClientDirectory::getContactDisplayName(Id contactId) {
@@ -249,7 +289,7 @@ void ClientDirectory::setClientLookupBatch(bool batch) {
 
 std::string ClientDirectory::firmName() {
   for (const auto& [id, firm] : firms_.readAll()) {
-    std::string name = firstText(firm, std::array<int, 2>{CompanyName, CorporateName});
+    std::string name = firstText(firm, companyNames);
     if (!name.empty()) return name;
   }
   return {};

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/calendar_names.h"
 #include "platform/date_time_text.h"
 #include "platform/text.h"
 
@@ -14,16 +15,13 @@ namespace {
 constexpr int sunday = 1;
 constexpr int saturday = 7;
 
-constexpr std::string_view weekdays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                         "Thursday", "Friday", "Saturday"};
-
 bool isWeekday(std::string_view word) {
-  for (const std::string_view name : weekdays) {
-    if (equalIgnoreCase(word, name) || equalIgnoreCase(word, name.substr(0, 3))) return true;
-  }
-  return false;
+  return std::ranges::any_of(weekdayNames, [&](std::string_view name) {
+    return equalIgnoreCase(word, name) || equalIgnoreCase(word, name.substr(0, shortNameLength));
+  });
 }
 
+// parseDateTime knows a weekday ahead of the name of a month only.
 std::string_view withoutWeekday(std::string_view text) {
   text = trim(text);
   const std::size_t end = text.find_first_of(", ");

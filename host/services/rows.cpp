@@ -16,9 +16,12 @@ OpenRows::~OpenRows() {
   }
 }
 
+std::string textOf(const Value& value) {
+  return value.isNull() ? std::string{} : toText(value);
+}
+
 std::string Row::text(const std::string& column) const {
-  const Value held = value(column);
-  return held.isNull() ? std::string{} : toText(held);
+  return textOf(value(column));
 }
 
 Id Row::id(const std::string& column, Id fallback) const {

@@ -6,6 +6,9 @@
 
 namespace autonotify::host {
 
+/// The value as text, empty for NULL.
+std::string textOf(const Value& value);
+
 /// The current row of a recordset.
 class Row {
  public:

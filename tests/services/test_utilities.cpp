@@ -82,7 +82,7 @@ TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarg
     return date;
   };
   for (const char* text : {"2026-04-30", "April 30, 2026", " thursday, April 30, 2026 ",
-                           "Thu April 30, 2026", "Friday, April 30, 2026"}) {
+                           "Thu April 30, 2026", "Friday, April 30, 2026", "Thu, 4/30/2026"}) {
     EXPECT_EQ(dateOf(text), day) << text;
   }
   for (const char* text : {"", " ", "Thursday", "Thursday, ", "soon", "2026-02-30", "14:05",
