@@ -14,16 +14,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::unique_ptr<Clock> makeClock(Clock& system, const std::optional<DateTime>& today) {
-  if (today) return std::make_unique<DateShiftedClock>(system, *today);
-  return std::make_unique<SystemClock>();
-}
-
 }  // namespace
 
 Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
     : dialogs_(dialogs),
-      clock_(makeClock(systemClock_, options.today)),
       database_(openDatabase(options.database)),
       claims_(claimsOf(*database_, options.database)),
       locale_(LocaleSettings{}),
@@ -33,6 +27,7 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       mailServer_(options.mailServer),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
       outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
+  if (options.today) shiftedClock_.emplace(systemClock_, *options.today);
   readFirm(options);
   readUser(options);
   registerClasses();
@@ -81,7 +76,7 @@ void Desk::registerClasses() {
 void Desk::loadComponent() {
   try {
     library_ = std::make_unique<ComponentLibrary>(
-        ComponentLibrary::locate(), PlatformServices{&registry_, clock_.get(), &dialogs_.forms});
+        ComponentLibrary::locate(), PlatformServices{&registry_, &clock(), &dialogs_.forms});
   } catch (const ComponentError& error) {
     throw DeskFault(error.what());
   }
@@ -111,7 +106,7 @@ void Desk::makeOutbox() {
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
   auto sender =
-      std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}, mailServer_}, *clock_);
+      std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}, mailServer_}, clock());
   sender->put_errorClass(&dialogs_.errors);
   sender->put_MsgboxClass(&dialogs_.messages);
   sender->put_LocaleReference(&locale_);

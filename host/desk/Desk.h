@@ -68,8 +68,8 @@ class Desk {
   /// The classes that the component may create; a program may replace them.
   ClassRegistry& classes() { return registry_; }
   HostLocale& locale() { return locale_; }
-  Clock& clock() { return *clock_; }
-  DateTime today() { return clock_->today(); }
+  Clock& clock() { return shiftedClock_ ? static_cast<Clock&>(*shiftedClock_) : systemClock_; }
+  DateTime today() { return clock().today(); }
 
   /// The name of a notification's message for all time, unlike that of any other database's.
   std::string messageIdentity(Id notification) const;
@@ -88,7 +88,8 @@ class Desk {
 
   DeskDialogs dialogs_;
   SystemClock systemClock_;
-  std::unique_ptr<Clock> clock_;
+  /// Set when the desk pretends to be on another date.
+  std::optional<DateShiftedClock> shiftedClock_;
   std::unique_ptr<RecordsetDatabase> database_;
   std::unique_ptr<Claims> claims_;
   HostLocale locale_;
