@@ -41,23 +41,26 @@ constexpr std::string_view closing[] = {
     R"(\'abYour Office Number\'bb)",
 };
 
+/// The list of what the client is to send or bring.
+constexpr std::string_view documents = R"(\'abClient Documents & Instructions\'bb)";
+
 constexpr std::string_view salesTax[] = {
     R"(Your \b \'abTask Name\'bb\b0  for \'abPeriod Description\'bb is due on \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb. Your registration number is \'ab{taxNumber}\'bb.)",
     "",
     R"(To file in time we plan to finish by \'ab(Task in-House Due Date, mmmm d, yyyy)\'bb. Please let us have the following by \'ab(Task Client Info Deadline Date, dddd, mmmm d yyyy)\'bb:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view provincialTax[] = {
     R"(Your \b \'abTask Name\'bb\b0  for \'abPeriod Description\'bb is due on \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb, under number \'ab{salesTaxNumber}\'bb. By \'ab(Task Client Info Deadline Date, mmmm d, yyyy)\'bb we need:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view payroll[] = {
     R"(It is time to prepare your \b \'abTask Name\'bb\b0 . The period ends on \'ab(Period End Date, mmmm d, yyyy)\'bb and the filing is due on \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb.)",
     "",
     R"(Our records show \'ab{businessNumber}\'bb as your number with the {authority}. Please send us:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view yearEnd[] = {
@@ -66,7 +69,7 @@ constexpr std::string_view yearEnd[] = {
     R"(\'abManaging Accountant\'bb will manage the engagement and \'abSupervising Partner\'bb will review it. We keep your file at \'abFile Location\'bb. You use \'abSoftware Name\'bb \'abSoftware Version\'bb: a backup of its data file (\'abData File Saved As\'bb) is all that we need from it.)",
     "",
     R"(Please bring us by \'ab(Task Client Info Deadline Date, mmmm d, yyyy)\'bb:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
     "",
     R"(We reach you at \'abOffice Number\'bb, by fax at \'abFax Number\'bb or by email at \'abEmail\'bb. Tell us if any of these has changed.)",
 };
@@ -75,22 +78,22 @@ constexpr std::string_view corporateTax[] = {
     R"(The \b \'abTask Name\'bb\b0  of \'abCorporate Name\'bb must reach the {authority} by \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb. Your number is \'ab{businessNumber}\'bb.)",
     "",
     R"(Any balance owing is \i due earlier than the return\i0 . Please call \'abEmployee Assigned\'bb before \'ab(Task in-House Due Date, mmmm d, yyyy)\'bb and have ready:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view safety[] = {
     R"(The {safety} asks for your \b \'abTask Name\'bb\b0  by \'ab(Task Due Date, mmmm d, yyyy)\'bb. Your number there is \'ab{safetyNumber}\'bb.)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view legal[] = {
     R"(Your \b \'abTask Name\'bb\b0  to the {lawSociety} for \'abTask Year\'bb is due on \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb. The trust reconciliations must be on file before we can sign.)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view personalTax[] = {
     R"(Your \b \'abTask Name\'bb\b0  for \'abPeriod Description\'bb is due on \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb. So that nobody has to wait in April, please let us have your papers by \'ab(Task Client Info Deadline Date, mmmm d, yyyy)\'bb:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
     "",
     R"(We have your email as \'abContact Personal Email\'bb and your telephone as \'abContact Personal Phone\'bb. Your marital status in our file is: \'abContact Marital Status\'bb.)",
     "",
@@ -99,22 +102,22 @@ constexpr std::string_view personalTax[] = {
 
 constexpr std::string_view meeting[] = {
     R"(The \b \'abTask Name\'bb\b0  of \'abCorporate Name\'bb should be signed by \'ab(Task Due Date, mmmm d, yyyy)\'bb. We will prepare them from last year's minute book.)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view project[] = {
     R"(We have set aside \'abEstimated Time\'bb for your \b \'abTask Name\'bb\b0 , to be completed by \'ab(Task Due Date, dddd, mmmm d yyyy)\'bb. It looks at the time up to \'ab(Period End Date, mmm d yyyy)\'bb.)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view bookkeeping[] = {
     R"(Our bookkeeper is ready for \b \'abTask Name\'bb\b0  (\'abPeriod Description\'bb). Please drop off by \'ab(Task Due Date, mmmm d, yyyy)\'bb:)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 constexpr std::string_view general[] = {
     R"(This is a friendly word about \b \'abTask Name\'bb\b0 , dated \'ab(Task Due Date, mmmm d, yyyy)\'bb.)",
-    R"(\'abClient Documents & Instructions\'bb)",
+    documents,
 };
 
 using Lines = std::span<const std::string_view>;

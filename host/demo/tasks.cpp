@@ -68,9 +68,6 @@ std::string periodText(const PlannedTask& task) {
   return lead + formatDateTime(task.periodEnd, pattern);
 }
 
-Id clientNumOf(const Client& client) {
-  return client.clientDataId;
-}
 Id contactOf(const Client& client) {
   return client.isCompany() ? noId : client.contactId;
 }
@@ -85,16 +82,22 @@ NotifiedTask notified(const DemoWorld& world, Id id, const PlannedTask& task, Fa
   return {id, task.name, task.due, assigneeOf(world, task).name, fate == Fate::open, date};
 }
 
+/// What an entry and its archived copy both hold, without their keys, which have different names.
+Row entryColumns(const PlannedTask& task, bool closed) {
+  return {{"ClientNum", task.client->clientDataId},
+          {"ContactIDNum", contactOf(*task.client)},
+          {"totalNum", task.kind->totalNum},
+          {"scheduleNum", task.kind->scheduleNum},
+          {"scheduleName", task.name},
+          {"DueDate", task.due},
+          {"Closed", closed},
+          {"Year", task.due.year()}};
+}
+
 void addArchived(DemoWorld& world, Id id, const PlannedTask& task) {
-  world.sink.insert("archiveSchedule", {{"oldScheduleID", id},
-                                        {"ClientNum", clientNumOf(*task.client)},
-                                        {"ContactIDNum", contactOf(*task.client)},
-                                        {"totalNum", task.kind->totalNum},
-                                        {"scheduleNum", task.kind->scheduleNum},
-                                        {"scheduleName", task.name},
-                                        {"DueDate", task.due},
-                                        {"Closed", true},
-                                        {"Year", task.due.year()}});
+  Row row = entryColumns(task, true);
+  row.push_back({"oldScheduleID", id});
+  world.sink.insertRow("archiveSchedule", row);
   world.sink.insert("archiveTasks",
                     {{"oldTaskID", id}, {"ScheduleIDNum", id}, {"Subject", task.name}});
 }
@@ -105,27 +108,20 @@ void addSchedule(DemoWorld& world, Id id, const PlannedTask& task, Fate fate, in
   const DateTime done = std::min(inHouse.addDays(world.random.between(-10, 3)), world.today());
   constexpr const char* methods[] = {"0PAP", "2PAP", "3PAP", "6WIRE", ""};
   const bool received = closed || world.random.percent(20);
-  Row row{{"ScheduleID", id},
-          {"ClientNum", clientNumOf(*task.client)},
-          {"ContactIDNum", contactOf(*task.client)},
-          {"totalNum", task.kind->totalNum},
-          {"scheduleNum", task.kind->scheduleNum},
-          {"scheduleName", task.name},
-          {"DueDate", task.due},
-          {"inHouseDueDate", inHouse},
-          {"InfoDeadlineDate", world.calendar.workingDaysBefore(task.due, 10)},
-          {"CalendarDate", world.calendar.workingDayOnOrBefore(task.due)},
-          {"EmployeeAssigned", assigneeOf(world, task).name},
-          {"notifyType", channels},
-          {"Closed", closed},
-          {"OverdueFlag", !closed && task.due < world.today()},
-          {"Year", task.due.year()},
-          {"PeriodEndDate", task.periodEnd},
-          {"PeriodDescription", periodText(task)},
-          {"ReceivedAllDocs", received},
-          {"EstimatedTime", task.kind->hours},
-          {"FileLocation", "Cabinet " + std::to_string(world.random.between(1, 40))},
-          {"Custom2", std::string(world.random.pick(methods))}};
+  Row row = entryColumns(task, closed);
+  row.insert(row.end(), {{"ScheduleID", id},
+                         {"inHouseDueDate", inHouse},
+                         {"InfoDeadlineDate", world.calendar.workingDaysBefore(task.due, 10)},
+                         {"CalendarDate", world.calendar.workingDayOnOrBefore(task.due)},
+                         {"EmployeeAssigned", assigneeOf(world, task).name},
+                         {"notifyType", channels},
+                         {"OverdueFlag", !closed && task.due < world.today()},
+                         {"PeriodEndDate", task.periodEnd},
+                         {"PeriodDescription", periodText(task)},
+                         {"ReceivedAllDocs", received},
+                         {"EstimatedTime", task.kind->hours},
+                         {"FileLocation", "Cabinet " + std::to_string(world.random.between(1, 40))},
+                         {"Custom2", std::string(world.random.pick(methods))}});
   if (received) row.push_back({"ReceivedDocsDate", done.addDays(-7)});
   if (closed)
     row.insert(row.end(), {{"PersonCompleted", assigneeOf(world, task).name},
