@@ -40,8 +40,12 @@ Descriptor openFolder(const std::string& path) {
   return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
+std::string fileName(const std::string& name) {
+  return name + ".eml";
+}
+
 std::string sentName(const std::string& name) {
-  return "sent/" + name + ".eml";
+  return "sent/" + fileName(name);
 }
 
 enum class Entry { none, file, other };
@@ -103,7 +107,7 @@ class HiddenFile {
 
 bool Outbox::holds(const std::string& name) const {
   const Descriptor folder = openFolder(folder_);
-  return folder.get() >= 0 && (entryAt(folder.get(), name + ".eml") == Entry::file ||
+  return folder.get() >= 0 && (entryAt(folder.get(), fileName(name)) == Entry::file ||
                                entryAt(folder.get(), sentName(name)) == Entry::file);
 }
 
@@ -115,10 +119,11 @@ bool Outbox::wasSent(const std::string& name) const {
 void Outbox::moveToSent(const std::string& name) const {
   const Descriptor folder = openFolder(folder_);
   ::mkdirat(folder.get(), "sent", S_IRWXU);
-  const std::string fileName = name + ".eml";
-  if (::renameat(folder.get(), fileName.c_str(), folder.get(), sentName(name).c_str()) != 0)
+  if (::renameat(folder.get(), fileName(name).c_str(), folder.get(), sentName(name).c_str()) != 0)
     fail("The message was sent, but cannot be put aside in the outbox folder \"" + folder_ + "\"",
          errno);
+  // Not being able to make the move last is no failure: a crash that undoes it leaves a message of
+  // which it is not known whether it went out, and that is not sent again by itself.
   const Descriptor sent(::openat(folder.get(), "sent", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   ::fsync(sent.get());
   ::fsync(folder.get());
@@ -126,38 +131,42 @@ void Outbox::moveToSent(const std::string& name) const {
 
 void Outbox::withdraw(const std::string& name) const {
   const Descriptor folder = openFolder(folder_);
-  if (::unlinkat(folder.get(), (name + ".eml").c_str(), 0) != 0 && errno != ENOENT)
+  if (::unlinkat(folder.get(), fileName(name).c_str(), 0) != 0 && errno != ENOENT)
     fail("The message cannot be taken out of the outbox folder \"" + folder_ + "\"", errno);
 }
 
 bool Outbox::put(const std::string& name, const std::string& content) const {
-  const std::string fileName = name + ".eml";
+  const std::string own = fileName(name);
   const Descriptor folder = openFolder(folder_);
   if (folder.get() < 0) fail("The outbox folder \"" + folder_ + "\" cannot be opened", errno);
   if (entryAt(folder.get(), sentName(name)) == Entry::file) return false;
-  switch (entryAt(folder.get(), fileName)) {
+  switch (entryAt(folder.get(), own)) {
     case Entry::file:
       return false;
     case Entry::other:
-      fail("The message cannot be put into the outbox, \"" + fileName + "\" is in its way", EEXIST);
+      fail("The message cannot be put into the outbox, \"" + own + "\" is in its way", EEXIST);
     case Entry::none:
       break;
   }
   HiddenFile file(folder.get(), name);
   if (!file.write(content))
     fail("The message cannot be written into the outbox folder \"" + folder_ + "\"", errno);
-  if (!file.giveName(fileName)) {
+  if (!file.giveName(own)) {
     const int error = errno;
-    if (error == EEXIST && entryAt(folder.get(), fileName) == Entry::file) return false;
+    if (error == EEXIST && entryAt(folder.get(), own) == Entry::file) return false;
     fail("The message cannot be put into the outbox folder \"" + folder_ + "\"", error);
   }
   // A mail system may have taken another sender's message of this name since the first look.
   if (entryAt(folder.get(), sentName(name)) == Entry::file) {
-    ::unlinkat(folder.get(), fileName.c_str(), 0);
+    ::unlinkat(folder.get(), own.c_str(), 0);
     return false;
   }
-  if (::fsync(folder.get()) != 0)
-    fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", errno);
+  if (::fsync(folder.get()) != 0) {
+    const int error = errno;
+    // Left there, it would pass for one that was put in, though it may not last.
+    ::unlinkat(folder.get(), own.c_str(), 0);
+    fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", error);
+  }
   return true;
 }
 

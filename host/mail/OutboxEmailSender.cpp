@@ -98,16 +98,20 @@ Mailbox OutboxEmailSender::sender() {
 bool OutboxEmailSender::isDelivered() const {
   if (identity_.empty()) return false;
   const Outbox outbox(settings_.folder);
-  const std::string name = nameFor("identity " + counted(identity_));
+  const std::string name = identityName();
   return settings_.server ? outbox.wasSent(name) : outbox.holds(name);
 }
 
 std::string OutboxEmailSender::messageName(const MailMessage& message) const {
-  if (!identity_.empty()) return nameFor("identity " + counted(identity_));
+  if (!identity_.empty()) return identityName();
   std::string content = "content " + std::to_string(message.date.days());
   for (const std::string* field : {&message.from.address, &to_, &cc_, &bcc_, &subject_, &body_})
     content += ' ' + counted(*field);
   return nameFor(content);
+}
+
+std::string OutboxEmailSender::identityName() const {
+  return nameFor("identity " + counted(identity_));
 }
 
 std::string OutboxEmailSender::nameFor(const std::string& identity) {

@@ -64,6 +64,7 @@ class OutboxEmailSender : public EmailSender {
   MailMessage compose();
   Mailbox sender();
   std::string messageName(const MailMessage& message) const;
+  std::string identityName() const;
   static std::string nameFor(const std::string& identity);
 
   OutboxSettings settings_;

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -12,6 +15,21 @@
 #include "services/received_mail.h"
 #include "services/temporary_folder.h"
 #include "support/fixed_clock.h"
+
+namespace {
+
+bool foldersCannotBeKept = false;
+
+}  // namespace
+
+/// In place of the C library's: the medium of folders may fail.
+extern "C" int fsync(int file) {
+  struct stat status {};
+  if (!foldersCannotBeKept || ::fstat(file, &status) != 0 || !S_ISDIR(status.st_mode))
+    return static_cast<int>(::syscall(SYS_fsync, file));
+  errno = EIO;
+  return -1;
+}
 
 namespace autonotify::host {
 namespace {
@@ -197,6 +215,20 @@ TEST_F(OutboxEmailSenderTest, aDiskThatFillsLeavesNothingBehind) {
             std::string::npos);
   EXPECT_EQ(folder.fileCount(), 0u);
   EXPECT_TRUE(sender.send());
+}
+
+TEST_F(OutboxEmailSenderTest, aMessageThatMayNotLastIsNotLeftToPassForOneThatDoes) {
+  OutboxEmailSender sender = newSender();
+  sender.setIdentity("firm-1/17");
+  foldersCannotBeKept = true;
+  for (int round = 0; round < 2; ++round) {
+    expectRefused(sender, "The message may not be kept in the outbox folder");
+    EXPECT_EQ(folder.fileCount(), 0u);
+    EXPECT_FALSE(sender.isDelivered());
+  }
+  foldersCannotBeKept = false;
+  EXPECT_TRUE(sender.send());
+  EXPECT_FALSE(sender.alreadyDelivered());
 }
 
 }  // namespace
