@@ -163,9 +163,11 @@ bool Outbox::put(const std::string& name, const std::string& content) const {
   }
   if (::fsync(folder.get()) != 0) {
     const int error = errno;
-    // Left there, it would pass for one that was put in, though it may not last.
-    ::unlinkat(folder.get(), own.c_str(), 0);
-    fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", error);
+    // Left there, it would pass for one that was put in, though it may not last. Where it is gone
+    // already, a mail system has it.
+    const bool isTaken = ::unlinkat(folder.get(), own.c_str(), 0) != 0 && errno == ENOENT;
+    if (!isTaken)
+      fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", error);
   }
   return true;
 }
