@@ -5,7 +5,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-BUILD = pathlib.Path(os.environ.get("BUILD", ROOT / "build/bench"))
+BUILD = pathlib.Path(os.environ.get("BUILD", ROOT / "build/bench")).resolve()
 
 
 def build(*targets, packages=("build", "bench")):

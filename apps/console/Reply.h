@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "host/database/dialect/DatabaseError.h"
 #include "host/desk/databases.h"
 
 namespace autonotify::console {
@@ -30,13 +31,6 @@ inline std::string firstLine(const std::string& description) {
   return description.substr(0, description.find('\n'));
 }
 
-/// The same for a database, which the words name by its file or URL.
-inline std::string fileFault(const std::string& place, const std::string& description) {
-  const std::string words = firstLine(description);
-  const std::string path = host::placeShown(place);
-  return words.find(path) == std::string::npos ? path + ": " + words : words;
-}
-
 /// The command ends here: one clear line for standard error and an exit code.
 class Refusal : public std::runtime_error {
  public:
@@ -47,5 +41,16 @@ class Refusal : public std::runtime_error {
  private:
   ExitCode code_;
 };
+
+/// For a database that cannot be used, named by its file or URL. `advice` stands behind the words.
+inline Refusal databaseRefusal(const std::string& place, const host::DatabaseError& error,
+                               const std::string& advice = {}) {
+  const std::string words = firstLine(error.description());
+  const std::string path = host::placeShown(place);
+  const bool isNamed = words.find(path) != std::string::npos;
+  const bool isThere = error.number() == host::database_error::alreadyExists;
+  return Refusal((isNamed ? "" : path + ": ") + words + advice,
+                 isThere ? exitRefused : exitDatabase);
+}
 
 }  // namespace autonotify::console

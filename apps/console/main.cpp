@@ -7,7 +7,6 @@
 #include "Command.h"
 #include "Session.h"
 #include "commands/arguments.h"
-#include "host/database/dialect/DatabaseError.h"
 #include "host/services/Terminal.h"
 #include "platform/text.h"
 #include "usage.h"
@@ -42,7 +41,8 @@ std::unique_ptr<Session> openSession(const GlobalOptions& options) {
   try {
     return std::make_unique<Session>(options);
   } catch (const host::DatabaseError& error) {
-    throw Refusal(fileFault(options.database, error.description()), exitDatabase);
+    const bool isMissing = error.number() == host::database_error::missing;
+    throw databaseRefusal(options.database, error, isMissing ? "; hvnotify init makes one" : "");
   }
 }
 

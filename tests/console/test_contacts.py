@@ -67,6 +67,7 @@ class ContactsTest(ConsoleTest):
     def test_refusals(self):
         for line, words, code in [
                 ("address company 9999", "there is no company 9999", 1),
+                (f"address contact {self.contact} --company 9999", "there is no company 9999", 1),
                 (f"address company {self.company} --home",
                  "a company has no home: leave out --home", 1),
                 ("address firm 1", 'CLIENT: "firm" is not company or contact (see: hvnotify address '

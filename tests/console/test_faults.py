@@ -25,8 +25,8 @@ class DatabaseFileTest(ConsoleTest):
         (self.folder / "text.db").write_text("no database " * 200)
         (self.folder / "folder").mkdir()
         for name, words in [
-            ("missing.db", "There is no database missing.db"),
-            ("no/where.db", "There is no database no/where.db"),
+            ("missing.db", "There is no database missing.db; hvnotify init makes one"),
+            ("no/where.db", "There is no database no/where.db; hvnotify init makes one"),
             ("folder", "folder is a folder, not a database file"),
             ("empty.db", "empty.db is not a database of this program"),
             ("text.db", "text.db: The file is not a database: file is not a database "
@@ -174,6 +174,7 @@ class RowFaultTest(ConsoleTest):
 class TemplateFaultTest(ConsoleTest):
     FIELD = "The Morvane Pad did not recognize: «Nonsense» as a valid placeholder field name."
     OPENING = "You are missing your opening brackets, '«' in one of your expressions"
+    EMPTY = "template gives an empty text; a short template is read as the name of one field"
     # Content and the fault of a template; None where it is sound.
     TEMPLATES = [
         ("Dear «Contact Display Name», your papers are wanted by us.".encode(), None),
@@ -203,6 +204,8 @@ class TemplateFaultTest(ConsoleTest):
                 merged = self.run_program("merge", task, "--template", "template", "--plain")
                 self.assertEqual((1, f"hvnotify: {fault}\n") if unreadable else (0, ""),
                                  (merged.code, merged.err))
+        (self.folder / "template").write_text("hello")
+        self.expect(["merge", task, "--template", "template"], err=self.EMPTY, code=1)
 
     def test_json_tells_the_fault(self):
         (self.folder / "t.txt").write_text("Dear «Nonsense»", encoding="utf-8")

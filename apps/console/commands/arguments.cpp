@@ -71,11 +71,7 @@ void addChannels(CLI::App& command, Arguments& arguments) {
           "--channel",
           [&arguments](const std::vector<std::string>& names) {
             for (const std::string& name : names) {
-              const notifyType channel = readChoice("--channel", channelWords(), name).channel;
-              auto& known = arguments.channels;
-              if (std::find(known.begin(), known.end(), channel) == known.end()) {
-                known.push_back(channel);
-              }
+              addOnce(arguments.channels, readChoice("--channel", channelWords(), name).channel);
             }
           },
           choicesOf(channelWords()) + "; may be several")

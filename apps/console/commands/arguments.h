@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <concepts>
 #include <functional>
@@ -27,6 +28,12 @@ CLI::Option* addText(CLI::App& command, const std::string& name, const char* kin
                      const std::string& help, std::string& target);
 CLI::Option* addDate(CLI::App& command, const std::string& name, const std::string& help,
                      std::optional<DateTime>& target);
+
+/// What is named twice counts once.
+template <class Value>
+void addOnce(std::vector<Value>& known, Value value) {
+  if (std::ranges::find(known, value) == known.end()) known.push_back(value);
+}
 
 /// The words of all rows: "company, contact or firm".
 template <std::ranges::contiguous_range Rows>

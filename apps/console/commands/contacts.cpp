@@ -91,6 +91,8 @@ Reply runAddress(Session& session, const Arguments& arguments) {
   const Id id = *arguments.clientId;
   const ClientWord& client = clientWord(arguments.clientKind);
   requireClient(session, client, id);
+  if (arguments.client)
+    requireClient(session, clientWord(enumAutoNotifyCompany), *arguments.client);
   if (arguments.home && client.type == enumAutoNotifyCompany)
     throw Refusal("a company has no home: leave out --home");
   const std::string subject = fmt::format("{} {}", client.word, id);

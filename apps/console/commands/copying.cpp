@@ -7,7 +7,6 @@
 #include "ProgressLine.h"
 #include "commands/arguments.h"
 #include "host/copy/DatabaseCopy.h"
-#include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/database/postgres/desk_role.h"
 #include "host/desk/databases.h"
@@ -22,7 +21,8 @@ auto opened(const std::string& place, Open open) {
     return open();
   } catch (const host::DatabaseError& error) {
     const bool isThere = error.number() == host::database_error::alreadyExists;
-    throw Refusal(fileFault(place, error.description()), isThere ? exitRefused : exitDatabase);
+    throw databaseRefusal(place, error,
+                          isThere ? " and stays as it is; the copy goes to a new place" : "");
   }
 }
 

@@ -7,7 +7,6 @@
 #include <random>
 
 #include "commands/arguments.h"
-#include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/demo/DemoFirm.h"
@@ -162,13 +161,13 @@ Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
     else
       makeOnServer(options, arguments);
   } catch (const host::DatabaseError& error) {
-    const bool isThere = error.number() == host::database_error::alreadyExists;
-    throw Refusal(fileFault(target, error.description()), isThere ? exitRefused : exitDatabase);
+    throw databaseRefusal(options.database, error);
   }
   Reply reply;
-  reply.text =
-      fmt::format("Made {}{}.\n", target,
-                  arguments.demo ? fmt::format(" with {} clients", arguments.clients) : "");
+  reply.text = fmt::format("Made {}{}.\n", target,
+                           arguments.demo ? fmt::format(" with {} client{}", arguments.clients,
+                                                        arguments.clients == 1 ? "" : "s")
+                                          : "");
   reply.data = {{"database", target}, {"demo", arguments.demo}};
   return reply;
 }

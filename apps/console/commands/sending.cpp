@@ -88,7 +88,7 @@ class Sending {
   }
 
   Outcome sendNow() {
-    if (arguments_.markOnly) return markSent("marked only, nothing was sent");
+    if (arguments_.markOnly) return markSent("marked only; nothing goes out");
     if (row_.channel != nt_Email) return {Fate::skipped, reasonToSkip(row_.channel)};
     return sendEmail();
   }
@@ -121,7 +121,7 @@ class Sending {
   }
 
   Outcome finishSending() {
-    if (arguments_.markOnly) return markSent("marked only, nothing was sent");
+    if (arguments_.markOnly) return markSent("marked only; nothing goes out");
     if (arguments_.again) return sendNow();
     if (row_.channel == nt_Email && newSender()->isDelivered()) return markSent(inOutbox);
     return failed(
@@ -197,7 +197,7 @@ void describeSend(CLI::App& command, Arguments& arguments) {
                       "NOTIFICATION",
                       [&arguments](const std::vector<std::string>& texts) {
                         for (const std::string& text : texts) {
-                          arguments.notifications.push_back(readNumber<Id>("NOTIFICATION", text));
+                          addOnce(arguments.notifications, readNumber<Id>("NOTIFICATION", text));
                         }
                       },
                       "numbers of notifications (see: hvnotify due)")

@@ -116,6 +116,12 @@ Reply runMerge(Session& session, const Arguments& arguments) {
   Reply reply;
   (arguments.plain ? reply.text : reply.document) = withLineEnd(text);
   reply.data = {{"task", task.id}, {"text", text}};
+  if (text.empty() && !arguments.file.empty()) {
+    reply.exitCode = exitRefused;
+    reply.complaints.push_back(
+        fmt::format("{} gives an empty text; a short template is read as the name of one field",
+                    arguments.file));
+  }
   return reply;
 }
 
