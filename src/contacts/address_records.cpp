@@ -110,12 +110,11 @@ void readBusinessFields(Step& step, RecordsetHandle row, const AddressParts& par
 
 bool readDisplayName(Step& step, Id contactId, std::string& name) {
   if (contactId < 0) return false;
-  return withFirstRow(
+  return withRow(
       step,
-      statementFor(
-          "SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE Contacts.ContactID=",
-          contactId),
-      keysetRead, [&](RecordsetHandle handle) { name = readText(step, handle, "DisplayName"); });
+      "SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE Contacts.ContactID=",
+      contactId, keysetRead,
+      [&](RecordsetHandle handle) { name = readText(step, handle, "DisplayName"); });
 }
 
 void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts& parts,
@@ -143,11 +142,11 @@ void readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
     if (isStaff) companyId = readId(step, row, "CompanyNum");
     readBusinessFields(step, row, parts, includeBusinessName, record);
     if (companyId < 0) return;
-    withFirstRow(step, statementFor(isStaff ? firmStatement : companyStatement, companyId),
-                 keysetRead, [&](RecordsetHandle company) {
-                   if (readFlag(step, row, "InheritCompanyInfo"))
-                     inheritFromCompany(step, company, parts, record);
-                 });
+    withRow(step, isStaff ? firmStatement : companyStatement, companyId, keysetRead,
+            [&](RecordsetHandle company) {
+              if (readFlag(step, row, "InheritCompanyInfo"))
+                inheritFromCompany(step, company, parts, record);
+            });
   });
 }
 

@@ -77,34 +77,29 @@ void clsClientAddrBkCatTxt::climb(Step& step) {
 }
 
 Id clsClientAddrBkCatTxt::getParentCategoryIDFromCompanyIDNum(Id companyId) {
-  return procedure(
-      "Morvane.exe-clsClientAddrBkCatTxt-getParentCategoryIDFromCompanyIDNum", noId,
-      [&](Step& step, Id& result) {
-        if (companyId < 0 || !isDatabaseOpen(step)) return;
-        withFirstRow(
-            step,
-            statementFor("SELECT Companies.CompanyID, Companies.CompanyNum, "
-                         "Companies.CategoryNum FROM Companies WHERE Companies.CompanyID = ",
-                         companyId),
-            forwardRead, [&](RecordsetHandle handle) {
-              result = addLevel(step, handle, "CategoryNum", level::category);
-              addLevel(step, handle, "CompanyNum", level::company);
-            });
-      });
+  return procedure("Morvane.exe-clsClientAddrBkCatTxt-getParentCategoryIDFromCompanyIDNum", noId,
+                   [&](Step& step, Id& result) {
+                     if (companyId < 0 || !isDatabaseOpen(step)) return;
+                     withRow(step,
+                             "SELECT Companies.CompanyID, Companies.CompanyNum, "
+                             "Companies.CategoryNum FROM Companies WHERE Companies.CompanyID = ",
+                             companyId, forwardRead, [&](RecordsetHandle handle) {
+                               result = addLevel(step, handle, "CategoryNum", level::category);
+                               addLevel(step, handle, "CompanyNum", level::company);
+                             });
+                   });
 }
 
 Id clsClientAddrBkCatTxt::getParentCategoryIDFromCategoryNum(Id categoryId) {
   return procedure("Morvane.exe-clsClientAddrBkCatTxt-getParentCategoryIDFromCategoryNum", noId,
                    [&](Step& step, Id& result) {
                      if (!isDatabaseOpen(step)) return;
-                     withFirstRow(
-                         step,
-                         statementFor("SELECT Categories.CategoryID, Categories.CategoryNum FROM "
-                                      "Categories WHERE CategoryID = ",
-                                      categoryId),
-                         forwardRead, [&](RecordsetHandle handle) {
-                           result = addLevel(step, handle, "CategoryNum", level::category);
-                         });
+                     withRow(step,
+                             "SELECT Categories.CategoryID, Categories.CategoryNum FROM "
+                             "Categories WHERE CategoryID = ",
+                             categoryId, forwardRead, [&](RecordsetHandle handle) {
+                               result = addLevel(step, handle, "CategoryNum", level::category);
+                             });
                    });
 }
 

@@ -23,13 +23,11 @@ std::string summaryOf(const AddressRecord& record) {
 }
 
 void saveSummary(Step& step, Id companyId, const std::string& summary) {
-  withFirstRow(
-      step,
-      statementFor("SELECT CompaniesNotes.* FROM CompaniesNotes WHERE CompaniesNotes.CompanyNum=",
-                   companyId),
-      keysetUpdate, [&](RecordsetHandle handle) {
-        writeField(step, handle, "ContactNotes", [&] { return summary; });
-      });
+  withRow(step,
+          "SELECT CompaniesNotes.* FROM CompaniesNotes WHERE CompaniesNotes.CompanyNum=", companyId,
+          keysetUpdate, [&](RecordsetHandle handle) {
+            writeField(step, handle, "ContactNotes", [&] { return summary; });
+          });
 }
 
 }  // namespace

@@ -41,13 +41,12 @@ std::string firstText(Step& step, RecordsetHandle handle, const InfoColumn& colu
 std::optional<ContactInfo> readContactInfo(Step& step, Id contactId) {
   if (contactId < 0) return ContactInfo{};
   std::optional<ContactInfo> info;
-  withFirstRow(step,
-               statementFor("SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=", contactId),
-               keysetRead, [&](RecordsetHandle handle) {
-                 info.emplace();
-                 for (std::size_t i = 0; i < info->size(); ++i)
-                   (*info)[i] = firstText(step, handle, infoColumns[i]);
-               });
+  withRow(step, "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=", contactId, keysetRead,
+          [&](RecordsetHandle handle) {
+            info.emplace();
+            for (std::size_t i = 0; i < info->size(); ++i)
+              (*info)[i] = firstText(step, handle, infoColumns[i]);
+          });
   return info;
 }
 
@@ -116,14 +115,12 @@ void updateDefaultContactInfo(Id companyID) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     const auto info = readContactInfo(step, checkForDefaultContact(companyID, noId));
     if (!info) return;
-    withFirstRow(
-        step,
-        statementFor("SELECT Companies.* FROM Companies WHERE Companies.CompanyID=", companyID),
-        keysetUpdate, [&](RecordsetHandle handle) {
-          writeField(step, handle, "PortalChangedFlag", [] { return "True"; });
-          for (std::size_t i = 0; i < info->size(); ++i)
-            writeField(step, handle, infoColumns[i].company, [&] { return (*info)[i]; });
-        });
+    withRow(step, "SELECT Companies.* FROM Companies WHERE Companies.CompanyID=", companyID,
+            keysetUpdate, [&](RecordsetHandle handle) {
+              writeField(step, handle, "PortalChangedFlag", [] { return "True"; });
+              for (std::size_t i = 0; i < info->size(); ++i)
+                writeField(step, handle, infoColumns[i].company, [&] { return (*info)[i]; });
+            });
   });
 }
 

@@ -188,7 +188,7 @@ class clsInsertFieldsInRTB {
   void readFieldByName(Step& step, int column, const std::string& name, std::string& result);
   void translateName(Step& step, int from, int to, std::string& name);
   Value readCurrentField(Step& step);
-  bool formatByType(Step& step, const Value& value, int dataType, const std::string& format,
+  void formatByType(Step& step, const Value& value, int dataType, const std::string& format,
                     std::string& result);
   Value fieldValue(std::optional<MergeSource> source, std::string& fieldName);
   Value readFieldOf(Step& step, MergeSource source, std::string& fieldName);
@@ -224,7 +224,8 @@ class clsInsertFieldsInRTB {
                   const std::string& format);
 
   // The same text from the tokens that occur, as far as no value brings marks of its own.
-  std::shared_ptr<const TemplateLayout> layoutOfTemplate(Step& step);
+  std::shared_ptr<const TemplateLayout> layoutOfTemplate();
+  Region regionOfInstallation();
   std::shared_ptr<const FieldClaims> claimsOnLayout(
       Step& step, const std::shared_ptr<const TemplateLayout>& layout);
   std::string mergeByLayout(Step& step, const TemplateLayout& layout, const FieldClaims& claims);

@@ -21,6 +21,18 @@ bool mayBeBareName(const std::string& text) {
          characterCount(text) <= longestFieldName;
 }
 
+constexpr const char* convertProvinceFieldsTag =
+    "Morvane.exe-clsInsertFieldsInRTB-convertProvinceFields";
+
+Region readRegion(Step& step) {
+  Region region;
+  step.assign(region.country, [] { return locale().getCountryCode(); });
+  if (region.country != countryCanada) return region;
+  step.assign(region.province, [] { return locale().getProvinceCode(); });
+  step.assign(region.isHarmonized, [] { return platformClock().today() >= harmonizedSince(); });
+  return region;
+}
+
 /// What a procedure of this type has ahead of its name; null for a type that is not listed.
 const char* lineStartOf(Id operatingProcedureType) {
   switch (operatingProcedureType) {
@@ -35,22 +47,17 @@ const char* lineStartOf(Id operatingProcedureType) {
 
 }  // namespace
 
+/// The region as far as convertProvinceFields gets to know it.
+Region clsInsertFieldsInRTB::regionOfInstallation() {
+  return procedure(convertProvinceFieldsTag, Region{},
+                   [](Step& step, Region& result) { result = readRegion(step); });
+}
+
 std::string clsInsertFieldsInRTB::convertProvinceFields(const std::string& text) {
-  return procedure(
-      "Morvane.exe-clsInsertFieldsInRTB-convertProvinceFields", text,
-      [&](Step& step, std::string& result) {
-        result = generalRewrites().apply(verifyTemplateText(text));
-        int country = 0;
-        step.assign(country, [] { return locale().getCountryCode(); });
-        if (country != countryCanada && country != countryUnitedStates) return;
-        int province = provinceOntario;
-        bool isHarmonized = false;
-        if (country == countryCanada) {
-          step.assign(province, [] { return locale().getProvinceCode(); });
-          step.assign(isHarmonized, [] { return platformClock().today() >= harmonizedSince(); });
-        }
-        result = regionalRewrites(country, province, isHarmonized).apply(std::move(result));
-      });
+  return procedure(convertProvinceFieldsTag, text, [&](Step& step, std::string& result) {
+    result = generalRewrites().apply(verifyTemplateText(text));
+    result = regionalRewrites(readRegion(step)).apply(std::move(result));
+  });
 }
 
 std::string clsInsertFieldsInRTB::verifyTemplateText(const std::string& text) {

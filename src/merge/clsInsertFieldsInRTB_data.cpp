@@ -52,18 +52,16 @@ Id clsInsertFieldsInRTB::getTaskIDFromScheduleIDNum(Id scheduleID) {
       "Morvane.exe-clsInsertFieldsInRTB-getTaskIDFromScheduleIDNum", noId,
       [&](Step& step, Id& result) {
         if (scheduleID < 0 || !isDatabaseOpen(step)) return;
-        const bool isCurrent = withFirstRow(
+        const bool isCurrent = withRow(
             step,
-            statementFor("SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=",
-                         scheduleID),
+            "SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=", scheduleID,
             keysetRead, [&](RecordsetHandle handle) { result = readId(step, handle, "TaskID"); });
         if (isCurrent) return;
-        withFirstRow(step,
-                     statementFor("SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM "
-                                  "archiveTasks WHERE ScheduleIDNum=",
-                                  scheduleID),
-                     keysetRead,
-                     [&](RecordsetHandle handle) { result = readId(step, handle, "oldTaskID"); });
+        withRow(step,
+                "SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM "
+                "archiveTasks WHERE ScheduleIDNum=",
+                scheduleID, keysetRead,
+                [&](RecordsetHandle handle) { result = readId(step, handle, "oldTaskID"); });
       });
 }
 
@@ -78,8 +76,8 @@ std::string clsInsertFieldsInRTB::getDataFieldInfo(int index, const std::string&
           step.assign(result, [&] { return textOf(fields().getItem(field_column::sample)); });
         } else if (isDatabaseOpen(step)) {
           const Value value = readCurrentField(step);
-          if (!formatByType(step, value, type, format, result))
-            step.assign(result, [&] { return textOf(value); });
+          step.assign(result, [&] { return textOf(value); });
+          formatByType(step, value, type, format, result);
         }
         if (!result.empty() && ConvertStrToRTF) result = convertToRTF(result);
       });
@@ -99,17 +97,13 @@ Value clsInsertFieldsInRTB::readCurrentField(Step& step) {
   return fieldValue(source, fieldName);
 }
 
-/// False when the value stays in its text form.
-bool clsInsertFieldsInRTB::formatByType(Step& step, const Value& value, int dataType,
+/// Leaves the result alone where the value stays in its text form.
+void clsInsertFieldsInRTB::formatByType(Step& step, const Value& value, int dataType,
                                         const std::string& format, std::string& result) {
-  if (isEmptyValue(value)) return false;
-  bool isFormatted = false;
-  step.run([&] {
-    const auto formatted = formattedValue(value, static_cast<FieldType>(dataType), format);
-    isFormatted = formatted.has_value();
-    if (isFormatted) result = *formatted;
+  if (isEmptyValue(value)) return;
+  step.assign(result, [&] {
+    return formattedValue(value, static_cast<FieldType>(dataType), format).value_or(result);
   });
-  return isFormatted;
 }
 
 std::string clsInsertFieldsInRTB::getMergeDataFromFieldName(const std::string& fieldName) {

@@ -1,6 +1,5 @@
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/field_catalogue.h"
-#include "merge/province_terms.h"
 #include "merge/template_rewrites.h"
 
 namespace autonotify {
@@ -54,25 +53,15 @@ class TokenTexts {
 }  // namespace
 
 /// The template with its field names brought up to date; never null.
-std::shared_ptr<const TemplateLayout> clsInsertFieldsInRTB::layoutOfTemplate(Step& step) {
-  const auto rewritten = [&](std::string text) {
-    if (isMergedForContactAlone()) text = withContactNameForCompanyName(std::move(text));
-    return std::make_shared<const TemplateLayout>(std::move(text));
-  };
-  std::optional<TemplateLayoutCache::Setting> setting;
-  step.assign(setting, [&] {
-    return TemplateLayoutCache::Setting{locale().getCountryCode(), locale().getProvinceCode(),
-                                        platformClock().today() >= harmonizedSince(),
-                                        isMergedForContactAlone()};
-  });
-  if (!setting) return rewritten(convertProvinceFields(TemplateText));
-
+std::shared_ptr<const TemplateLayout> clsInsertFieldsInRTB::layoutOfTemplate() {
+  const TemplateLayoutCache::Setting setting{regionOfInstallation(), isMergedForContactAlone()};
   TemplateLayoutCache& cache = TemplateLayoutCache::instance();
-  std::shared_ptr<const TemplateLayout> layout = cache.find(TemplateText, *setting);
-  if (layout) return layout;
-  layout = rewritten(regionalRewrites(setting->country, setting->province, setting->isHarmonized)
-                         .apply(generalRewrites().apply(verifyTemplateText(TemplateText))));
-  cache.keep(TemplateText, *setting, layout);
+  if (auto known = cache.find(TemplateText, setting)) return known;
+  std::string text = generalRewrites().apply(verifyTemplateText(TemplateText));
+  text = regionalRewrites(setting.region).apply(std::move(text));
+  if (setting.isForContactAlone) text = withContactNameForCompanyName(std::move(text));
+  const auto layout = std::make_shared<const TemplateLayout>(std::move(text));
+  cache.keep(TemplateText, setting, layout);
   return layout;
 }
 

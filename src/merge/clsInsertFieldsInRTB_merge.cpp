@@ -32,7 +32,7 @@ bool removeTokens(std::string& text, const MergeMarks& marks) {
 std::string clsInsertFieldsInRTB::parseRTBComment() {
   return procedure("Morvane.exe-clsInsertFieldsInRTB-parseRTBComment", std::string{},
                    [&](Step& step, std::string& result) {
-                     const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate(step);
+                     const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate();
                      const bool hasFields = verifyFieldListIsPopulated();
                      const auto claims = hasFields ? claimsOnLayout(step, layout) : nullptr;
                      if (claims) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "merge/merge_tokens.h"
+#include "merge/template_rewrites.h"
 
 namespace autonotify {
 
@@ -77,9 +78,7 @@ class TemplateLayoutCache {
  public:
   /// What besides the template decides how its field names are brought up to date.
   struct Setting {
-    int country = 0;
-    int province = 0;
-    bool isHarmonized = false;
+    Region region;
     bool isForContactAlone = false;
     friend bool operator==(const Setting&, const Setting&) = default;
   };

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <span>
-#include <tuple>
 
 #include "control/contract/enumerations.h"
 #include "merge/merge_tokens.h"
@@ -180,11 +179,11 @@ void addProvince(std::vector<Rewrite>& rewrites, const ProvinceTerms& terms, boo
   if (terms.code == provinceOntario) add(rewrites, bare, toOntarioId);
 }
 
-std::vector<Rewrite> makeRegional(int country, int province, bool isHarmonized) {
+std::vector<Rewrite> makeRegional(const Region& region) {
   std::vector<Rewrite> rewrites;
-  if (country == countryUnitedStates) add(rewrites, bare, nationalNames);
-  if (country == countryCanada) {
-    addProvince(rewrites, provinceTerms(province), isHarmonized);
+  if (region.country == countryUnitedStates) add(rewrites, bare, nationalNames);
+  if (region.country == countryCanada) {
+    addProvince(rewrites, provinceTerms(region.province), region.isHarmonized);
     for (const Renaming& name : nationalNames) add(rewrites, bare, name.to, name.from);
   }
   return rewrites;
@@ -214,13 +213,11 @@ const RewriteList& generalRewrites() {
   return list;
 }
 
-const RewriteList& regionalRewrites(int country, int province, bool isHarmonized) {
-  static std::map<std::tuple<int, int, bool>, RewriteList> lists;
-  const std::tuple key{country, province, isHarmonized};
-  const auto known = lists.find(key);
+const RewriteList& regionalRewrites(const Region& region) {
+  static std::map<Region, RewriteList> lists;
+  const auto known = lists.find(region);
   if (known != lists.end()) return known->second;
-  return lists.emplace(key, RewriteList(makeRegional(country, province, isHarmonized)))
-      .first->second;
+  return lists.emplace(region, RewriteList(makeRegional(region))).first->second;
 }
 
 }  // namespace autonotify

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <compare>
+
+#include "control/contract/enumerations.h"
 #include "merge/rewrite_list.h"
 
 namespace autonotify {
@@ -12,8 +15,16 @@ const RewriteList& headerRemovals();
 /// Brings marks, date formats and names of earlier versions up to date.
 const RewriteList& generalRewrites();
 
-/// The names of one country and province, in bare marks only. `isHarmonized` tells whether today
-/// lies on or after harmonizedSince(). A country without names of its own has an empty list.
-const RewriteList& regionalRewrites(int country, int province, bool isHarmonized);
+/// What decides the names of a region.
+struct Region {
+  int country = 0;
+  int province = provinceOntario;  ///< of Canada alone
+  bool isHarmonized = false;       ///< today lies on or after harmonizedSince(); of Canada alone
+  friend auto operator<=>(const Region&, const Region&) = default;
+};
+
+/// The names of the region, in bare marks only. A country without names of its own has an empty
+/// list.
+const RewriteList& regionalRewrites(const Region& region);
 
 }  // namespace autonotify

@@ -105,11 +105,10 @@ bool clsAutoNotifyTemplate::findAndOpenScheduleTypeByCustomTaskSchemeIDNum(Id sc
       "Morvane.exe-clsAutoNotifyTemplate-findAndOpenScheduleTypeByCustomTaskSchemeIDNum", false,
       [&](Step& step, bool& result) {
         if (!isDatabaseOpen(step)) return;
-        const std::string sql = statementFor(
+        const char* const statement =
             "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.CustomTaskSchemeIDNum "
-            "FROM ScheduleTypes WHERE ScheduleTypes.CustomTaskSchemeIDNum=",
-            schemeID);
-        withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+            "FROM ScheduleTypes WHERE ScheduleTypes.CustomTaskSchemeIDNum=";
+        withRow(step, statement, schemeID, keysetRead, [&](RecordsetHandle handle) {
           result = openExistingScheduleType(readId(step, handle, "ScheduleTypeID"));
         });
       });

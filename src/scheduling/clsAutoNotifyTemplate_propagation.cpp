@@ -127,23 +127,21 @@ bool clsAutoNotifyTemplate::coversScheduleEntry(Id scheduleID) const {
 void clsAutoNotifyTemplate::changeNotificationComment(Id notificationID) {
   procedure(tag("changeNotificationComment"), [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(
-        step, statementFor(notificationById, notificationID), keysetUpdate,
-        [&](RecordsetHandle handle) {
-          const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
-          const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
-          Id contactID = getContactIDFromScheduleID(scheduleID);
-          // The text of a client who is a contact only stays as it is.
-          if (clientDataID < 0) return;
-          Id companyID = noId;
-          step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
-          contactID = noId;  // a company's text goes without the entry's contact
-          if (scheduleID < 0) return;
-          const Id taskID = getTaskIDFromScheduleID(scheduleID);
-          const std::string text =
-              generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID);
-          rewrite(step, handle, "Memo", [&] { return text; });
-        });
+    withRow(step, notificationById, notificationID, keysetUpdate, [&](RecordsetHandle handle) {
+      const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
+      const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
+      Id contactID = getContactIDFromScheduleID(scheduleID);
+      // The text of a client who is a contact only stays as it is.
+      if (clientDataID < 0) return;
+      Id companyID = noId;
+      step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
+      contactID = noId;  // a company's text goes without the entry's contact
+      if (scheduleID < 0) return;
+      const Id taskID = getTaskIDFromScheduleID(scheduleID);
+      const std::string text =
+          generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID);
+      rewrite(step, handle, "Memo", [&] { return text; });
+    });
   });
 }
 

@@ -37,11 +37,10 @@ template <class TemplateOf>
 std::string mergeForEntry(const char* tag, Id scheduleID, TemplateOf&& templateOf) {
   return procedure(tag, std::string{}, [&](Step& step, std::string& result) {
     if (!isDatabaseOpen(step)) return;
-    const std::string sql = statementFor(
+    const char* const statement =
         "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
-        "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=",
-        scheduleID);
-    withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+        "Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE ScheduleID=";
+    withRow(step, statement, scheduleID, keysetRead, [&](RecordsetHandle handle) {
       const MergeClient client = readClient(step, handle);
       const Id totalNum = readId(step, handle, "totalNum");
       const Id scheduleNum = readId(step, handle, "scheduleNum");

@@ -124,8 +124,9 @@ DateTime walkBusinessDays(Step& step, std::int32_t days, DateTime date, DayLog w
   return date;
 }
 
+/// The zero date, which is none, stays.
 DateTime backToOpenDay(Step& step, DateTime date, DayLog log) {
-  while (moveBackOffClosedDay(step, date, log)) {
+  while (!date.isZero() && moveBackOffClosedDay(step, date, log)) {
   }
   return date;
 }
@@ -174,11 +175,10 @@ Period readPeriod(Step& step, RecordsetHandle handle, const Deadline& deadline) 
 template <class Body>
 void withDeadline(Step& step, Id scheduleID, Body&& body) {
   if (!isDatabaseOpen(step)) return;
-  const std::string sql = statementFor(
+  const char* const statement =
       "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
-      "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=",
-      scheduleID);
-  withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+      "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=";
+  withRow(step, statement, scheduleID, keysetRead, [&](RecordsetHandle handle) {
     const Deadline deadline = readDeadline(step, handle);
     const Period period = readPeriod(step, handle, deadline);
     if (deadline.dueDate) body(deadline, *deadline.dueDate, period);
@@ -308,11 +308,10 @@ DateExplanation explainNotificationDate(Id scheduleID) {
 void refreshNotificationDate(Id scheduleID) {
   procedure("Morvane.exe-modNotificationDates-refreshNotificationDate", [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    const std::string sql = statementFor(
+    const char* const statement =
         "SELECT Schedule.ScheduleID, Schedule.DueDate, Schedule.totalNum, Schedule.scheduleNum "
-        "FROM Schedule WHERE ScheduleID=",
-        scheduleID);
-    withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
+        "FROM Schedule WHERE ScheduleID=";
+    withRow(step, statement, scheduleID, keysetRead, [&](RecordsetHandle handle) {
       const Deadline deadline = readDeadline(step, handle);
       const int days = getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false);
       if (!deadline.dueDate) return;

@@ -22,10 +22,11 @@ void addUserRow(Step& step, RecordsetHandle handle, Id userId) {
 /// Runs `body(handle)` on the person's row, which is added when there is none.
 template <class Body>
 void withUserRow(Step& step, const char* column, Id userId, Body&& body) {
-  if (!isDatabaseOpen(step)) return;
+  if (userId < 0 || !isDatabaseOpen(step)) return;
   const std::string sql =
-      std::string("SELECT UserGeneralSettings.UserIDNum, UserGeneralSettings.") + column +
-      " FROM UserGeneralSettings WHERE UserIDNum=" + std::to_string(userId) + ";";
+      statementFor(std::string("SELECT UserGeneralSettings.UserIDNum, UserGeneralSettings.") +
+                       column + " FROM UserGeneralSettings WHERE UserIDNum=",
+                   userId);
   const auto open = [&] { return openRecordset(sql, CursorMode::keyset, LockMode::updatable); };
   RecordsetHandle handle = noRecordset;
   step.assign(handle, open);

@@ -19,14 +19,14 @@ bool isOneChannel(notifyType channel);
 void changeBit(Step& step, RecordsetHandle handle, notifyType channel, changeStatus change,
                const char* stampColumn = nullptr);
 
-/// True when the row that the statement selects has the channel's bit and `findRow()` gives a
-/// notification. A bit without one is stale, and `clearBit()` is called.
+/// True when the row that the statement selects for the id has the channel's bit and `findRow()`
+/// gives a notification. A bit without one is stale, and `clearBit()` is called.
 template <class FindRow, class ClearBit>
-bool readStatus(Step& step, const std::string& sql, notifyType channel, FindRow&& findRow,
-                ClearBit&& clearBit) {
+bool readStatus(Step& step, const std::string& statement, Id id, notifyType channel,
+                FindRow&& findRow, ClearBit&& clearBit) {
   int bits = 0;
-  withFirstRow(step, sql, keysetRead,
-               [&](RecordsetHandle handle) { bits = readId(step, handle, "notifyType", 0); });
+  withRow(step, statement, id, keysetRead,
+          [&](RecordsetHandle handle) { bits = readId(step, handle, "notifyType", 0); });
   if (!isOneChannel(channel) || !hasBit(bits, channel)) return false;
   if (isValidNotificationID(std::to_string(findRow()))) return true;
   clearBit();

@@ -4,9 +4,8 @@ namespace autonotify {
 namespace {
 
 bool readFirstRow(Step& step, const ColumnSource& source, Id id, Value& value) {
-  return withFirstRow(
-      step, statementFor(source.statement, id), keysetRead,
-      [&](RecordsetHandle handle) { value = readField(step, handle, source.column); });
+  return withRow(step, source.statement, id, keysetRead,
+                 [&](RecordsetHandle handle) { value = readField(step, handle, source.column); });
 }
 
 template <class Result, class Convert>

@@ -30,26 +30,23 @@ template <class FindOldRow>
 void copyIntoRow(Step& step, const char* newRowStatement, Id newNotificationId,
                  FindOldRow&& findOldRow) {
   if (!isDatabaseOpen(step)) return;
-  withFirstRow(step, statementFor(newRowStatement, newNotificationId), keysetUpdate,
-               [&](RecordsetHandle newRow) {
-                 const Id channel = readId(step, newRow, "NotificationType", 0);
-                 copyChannelFields(step, newRow, channel,
-                                   findOldRow(static_cast<notifyType>(channel)));
-               });
+  withRow(step, newRowStatement, newNotificationId, keysetUpdate, [&](RecordsetHandle newRow) {
+    const Id channel = readId(step, newRow, "NotificationType", 0);
+    copyChannelFields(step, newRow, channel, findOldRow(static_cast<notifyType>(channel)));
+  });
 }
 
 }  // namespace
 
 void copyChannelFields(Step& step, RecordsetHandle newRow, Id channel, Id oldNotificationId) {
   if (!isValidNotificationID(std::to_string(oldNotificationId))) return;
-  withFirstRow(step, statementFor(notificationById, oldNotificationId), keysetUpdate,
-               [&](RecordsetHandle oldRow) {
-                 for (const CopiedField& field : copiedFields) {
-                   const Value old = readField(step, oldRow, field.column);
-                   if (isEmpty(step, old) || field.subjectOf == channel) continue;
-                   writeField(step, newRow, field.column, [&] { return toText(old); });
-                 }
-               });
+  withRow(step, notificationById, oldNotificationId, keysetUpdate, [&](RecordsetHandle oldRow) {
+    for (const CopiedField& field : copiedFields) {
+      const Value old = readField(step, oldRow, field.column);
+      if (isEmpty(step, old) || field.subjectOf == channel) continue;
+      writeField(step, newRow, field.column, [&] { return toText(old); });
+    }
+  });
 }
 
 void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotificationId) {
@@ -77,10 +74,9 @@ bool deleteNotification(Id notificationId) {
   return procedure(
       "Morvane.exe-modNotificationLinks-deleteNotification", false, [&](Step& step, bool& result) {
         if (!isDatabaseOpen(step)) return;
-        withFirstRow(step, statementFor(notificationById, notificationId), keysetUpdate,
-                     [&](RecordsetHandle handle) {
-                       step.assign(result, [&] { return database().deleteRecord(handle); });
-                     });
+        withRow(step, notificationById, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+          step.assign(result, [&] { return database().deleteRecord(handle); });
+        });
       });
 }
 

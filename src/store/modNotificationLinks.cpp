@@ -150,15 +150,15 @@ Id clientOfNotification(const char* tag, const char* ownColumn,
     if (!isDatabaseOpen(step)) return;
     const LinkedClient* linked = nullptr;
     Id itemId = noId;
-    withFirstRow(step, statementFor(scheduleOfNotification.first.statement, notificationId),
-                 keysetRead, [&](RecordsetHandle handle) {
-                   result = readId(step, handle, ownColumn);
-                   for (const LinkedClient& link : links) {
-                     linked = &link;
-                     itemId = readId(step, handle, link.link);
-                     if (itemId >= 0) return;
-                   }
-                 });
+    withRow(step, scheduleOfNotification.first.statement, notificationId, keysetRead,
+            [&](RecordsetHandle handle) {
+              result = readId(step, handle, ownColumn);
+              for (const LinkedClient& link : links) {
+                linked = &link;
+                itemId = readId(step, handle, link.link);
+                if (itemId >= 0) return;
+              }
+            });
     if (itemId < 0) return;
     Id client = idOf(step, readColumn(step, linked->item, linked->archived, itemId));
     if (linked->isClientNum) client = companyOfClient(step, client);
@@ -284,16 +284,15 @@ int getClientTypeFromNotificationID(Id notificationId) {
         if (!isDatabaseOpen(step)) return;
         const Id scheduleId = getScheduleIDFromNotificationID(notificationId);
         if (!validScheduleID(std::to_string(scheduleId))) return;
-        withFirstRow(step,
-                     statementFor("SELECT Schedule.* FROM Schedule WHERE ScheduleID=", scheduleId),
-                     keysetRead, [&](RecordsetHandle handle) {
-                       const Id company = companyOfClient(step, readId(step, handle, "ClientNum"));
-                       if (isListedCompany(step, company)) {
-                         result = enumAutoNotifyCompany;
-                       } else if (isListedContact(step, readId(step, handle, "ContactIDNum"))) {
-                         result = enumAutoNotifyContact;
-                       }
-                     });
+        withRow(step, "SELECT Schedule.* FROM Schedule WHERE ScheduleID=", scheduleId, keysetRead,
+                [&](RecordsetHandle handle) {
+                  const Id company = companyOfClient(step, readId(step, handle, "ClientNum"));
+                  if (isListedCompany(step, company)) {
+                    result = enumAutoNotifyCompany;
+                  } else if (isListedContact(step, readId(step, handle, "ContactIDNum"))) {
+                    result = enumAutoNotifyContact;
+                  }
+                });
       });
 }
 
@@ -315,13 +314,11 @@ CompanyAndContactID getCompanyAndContactIDFromNotificationID(Id scheduleId, Id t
         const auto item = firstItem(itemClients, {scheduleId, taskId, appointmentId, docketId});
         if (!item || !isDatabaseOpen(step)) return;
         const ItemClients& source = item->row;
-        withFirstRow(step, statementFor(source.statement, item->id), keysetRead,
-                     [&](RecordsetHandle handle) {
-                       const Id client = readId(step, handle, source.companyColumn);
-                       result.companyId =
-                           source.isClientNum ? companyOfClient(step, client) : client;
-                       result.contactId = readId(step, handle, "ContactIDNum");
-                     });
+        withRow(step, source.statement, item->id, keysetRead, [&](RecordsetHandle handle) {
+          const Id client = readId(step, handle, source.companyColumn);
+          result.companyId = source.isClientNum ? companyOfClient(step, client) : client;
+          result.contactId = readId(step, handle, "ContactIDNum");
+        });
       });
 }
 

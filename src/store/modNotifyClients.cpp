@@ -101,11 +101,8 @@ bool getNotificationStatus(Id scheduleId, notifyType channel) {
       "Morvane.exe-modNotifyClients-getNotificationStatus", false, [&](Step& step, bool& result) {
         if (!isDatabaseOpen(step)) return;
         result = readStatus(
-            step,
-            statementFor(
-                "SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule WHERE ScheduleID=",
-                scheduleId),
-            channel, [&] { return getNotificationID(scheduleId, channel); },
+            step, "SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule WHERE ScheduleID=",
+            scheduleId, channel, [&] { return getNotificationID(scheduleId, channel); },
             [&] { changeNotificationStatus(channel, nt_RemoveStatus, scheduleId); });
       });
 }
@@ -114,12 +111,11 @@ bool changeNotificationStatus(notifyType channel, changeStatus statusChange, Id 
   return procedure("Morvane.exe-modNotifyClients-changeNotificationStatus", true,
                    [&](Step& step, bool& result) {
                      if (!isDatabaseOpen(step)) return;
-                     withFirstRow(
+                     withRow(
                          step,
-                         statementFor("SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, "
-                                      "Schedule.notifyType FROM Schedule WHERE ScheduleID=",
-                                      scheduleId),
-                         keysetUpdate,
+                         "SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, "
+                         "Schedule.notifyType FROM Schedule WHERE ScheduleID=",
+                         scheduleId, keysetUpdate,
                          [&](RecordsetHandle handle) {
                            changeBit(step, handle, channel, statusChange, "ScheduleModifiedStamp");
                          },
@@ -196,15 +192,14 @@ void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTim
                               bool refreshList) {
   procedure("Morvane.exe-modNotifyClients-changeNotificationToSent", [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(step, statementFor(notificationById, notificationId), keysetUpdate,
-                 [&](RecordsetHandle handle) {
-                   writeStamp(step, handle);
-                   writeText(step, handle, "NotificationSent", "True");
-                   writeStatus(step, handle, enumNotificationSendStatus_Sent);
-                   writeCurrentUser(step, handle);
-                   if (!sentTime) return;
-                   writeField(step, handle, "SentTime", [&] { return toText(*sentTime); });
-                 });
+    withRow(step, notificationById, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+      writeStamp(step, handle);
+      writeText(step, handle, "NotificationSent", "True");
+      writeStatus(step, handle, enumNotificationSendStatus_Sent);
+      writeCurrentUser(step, handle);
+      if (!sentTime) return;
+      writeField(step, handle, "SentTime", [&] { return toText(*sentTime); });
+    });
     if (refreshList) refreshOpenList(step, notificationId);
   });
 }
@@ -212,45 +207,41 @@ void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTim
 void cancelNotification(Id notificationId) {
   procedure("Morvane.exe-modNotifyClients-cancelNotification", [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(step, statementFor(notificationById, notificationId), keysetUpdate,
-                 [&](RecordsetHandle handle) {
-                   writeStamp(step, handle);
-                   writeStatus(step, handle, enumNotificationSendStatus_Cancelled);
-                   writeText(step, handle, "NotificationSent", "True");
-                   writeText(step, handle, "SentTime", "");
-                   writeCurrentUser(step, handle);
-                 });
+    withRow(step, notificationById, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+      writeStamp(step, handle);
+      writeStatus(step, handle, enumNotificationSendStatus_Cancelled);
+      writeText(step, handle, "NotificationSent", "True");
+      writeText(step, handle, "SentTime", "");
+      writeCurrentUser(step, handle);
+    });
   });
 }
 
 void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
   procedure("Morvane.exe-modNotifyClients-changeNotificationNotifiedDate", [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(step,
-                 statementFor("SELECT ClientNotification.ClientNotificationID, "
-                              "ClientNotification.ClientNotificationModifiedStamp, "
-                              "ClientNotification.NotificationDate FROM ClientNotification "
-                              "WHERE ClientNotificationID=",
-                              notificationId),
-                 keysetUpdate, [&](RecordsetHandle handle) {
-                   writeStamp(step, handle);
-                   writeField(step, handle, "NotificationDate", [&] { return toText(newDate); });
-                 });
+    withRow(step,
+            "SELECT ClientNotification.ClientNotificationID, "
+            "ClientNotification.ClientNotificationModifiedStamp, "
+            "ClientNotification.NotificationDate FROM ClientNotification "
+            "WHERE ClientNotificationID=",
+            notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+              writeStamp(step, handle);
+              writeField(step, handle, "NotificationDate", [&] { return toText(newDate); });
+            });
   });
 }
 
 bool doesClientHaveAssociatedUnsentNotifications(Id clientId) {
-  return procedure(
-      "Morvane.exe-modNotifyClients-doesClientHaveAssociatedUnsentNotifications", false,
-      [&](Step& step, bool& result) {
-        if (clientId < 0 || !isDatabaseOpen(step)) return;
-        withFirstRow(step,
-                     statementFor("SELECT Schedule.ClientNum FROM ClientNotification INNER JOIN "
-                                  "Schedule ON ClientNotification.ScheduleIDNum = "
-                                  "Schedule.ScheduleID WHERE Schedule.ClientNum=",
-                                  clientId),
-                     keysetRead, [&](RecordsetHandle) { result = true; });
-      });
+  return procedure("Morvane.exe-modNotifyClients-doesClientHaveAssociatedUnsentNotifications",
+                   false, [&](Step& step, bool& result) {
+                     if (clientId < 0 || !isDatabaseOpen(step)) return;
+                     withRow(step,
+                             "SELECT Schedule.ClientNum FROM ClientNotification INNER JOIN "
+                             "Schedule ON ClientNotification.ScheduleIDNum = "
+                             "Schedule.ScheduleID WHERE Schedule.ClientNum=",
+                             clientId, keysetRead, [&](RecordsetHandle) { result = true; });
+                   });
 }
 
 void cancelAllUnsentNotificationsForClientID(Id clientId) {

@@ -125,14 +125,13 @@ void NotificationComposer::populateInfo() {
     if (isDatabaseOpen(step)) {
       companyID_ = noId;
       contactID_ = noId;
-      withFirstRow(step,
-                   statementFor("SELECT ClientNotification.* FROM ClientNotification Where "
-                                "ClientNotification.ClientNotificationID=",
-                                notifyID_),
-                   keysetRead, [&](RecordsetHandle handle) {
-                     readRow(step, handle);
-                     showSentState(step, handle);
-                   });
+      withRow(step,
+              "SELECT ClientNotification.* FROM ClientNotification Where "
+              "ClientNotification.ClientNotificationID=",
+              notifyID_, keysetRead, [&](RecordsetHandle handle) {
+                readRow(step, handle);
+                showSentState(step, handle);
+              });
       if (isSent_ && mode_ == ComposerMode::editAuto) lock();
     }
     cmdRefreshComment.setVisible(true);

@@ -17,7 +17,7 @@ void fill(TestHost& host) {
   Rows(*host.plainDatabase).addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
   Rows(*host.plainDatabase).addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
   for (const char* row :
-       {"Companies (CompanyName, City) VALUES ('Elm Ltd.', 'Guelph')",
+       {"Companies (CompanyName, City, Province) VALUES ('Elm Ltd.', 'Guelph', 'ON')",
         "ClientData (CompanyIDNum) VALUES (1)",
         "Contacts (DisplayName, InheritCompanyInfo) VALUES ('Anna Lee', 1)",
         "Tasks (ScheduleIDNum, Subject) VALUES (1, 'GST')",
@@ -117,10 +117,10 @@ TEST_F(MergeFault, AFailedReadCostsOneFieldAtMost) {
 }
 
 TEST_F(MergeFault, AFailureIsNotRememberedWithTheTemplate) {
-  merge->TemplateText = "A fresh one: " + letter;
-  EXPECT_EQ(mergedWithFailure(1, error_choice::leave), "");
-  mergedWithFailure(1, error_choice::next);
-  EXPECT_EQ(merge->parseRTBComment(), "A fresh one: " + mergedLetter);
+  merge->TemplateText = "Of «State»: " + letter;
+  for (const int choice : {error_choice::leave, error_choice::next})
+    EXPECT_EQ(mergedWithFailure(1, choice), "Of : " + mergedLetter);
+  EXPECT_EQ(merge->parseRTBComment(), "Of ON: " + mergedLetter);
 }
 
 }  // namespace

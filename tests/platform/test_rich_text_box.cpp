@@ -93,6 +93,19 @@ TEST_F(RichTextBoxTest, aHeadingIsFoundAgainWhereItWasPutIn) {
   }
 }
 
+TEST_F(RichTextBoxTest, aBlankThatEndsAControlWordIsNoPartOfAHeading) {
+  for (const char* body :
+       {"{\\rtf1\\ansi\\b May 1\\par and more}", "{\\rtf1\\ansi\\fs20 May 1\\par 2026}"}) {
+    box.setTextRTF(body);
+    const RichText before = box.content();
+    EXPECT_FALSE(box.removeRichText(" May 1\\par \r\n"));
+    EXPECT_FALSE(box.removeRichText("b May"));
+    EXPECT_EQ(box.content(), before);
+    EXPECT_TRUE(box.removeRichText("May 1\\par \r\n"));
+    EXPECT_FALSE(box.text().starts_with("May"));
+  }
+}
+
 TEST_F(RichTextBoxTest, whatAPersonDoesIsNotDrawnAgain) {
   RichText edited = box.content();
   edited.paragraphs.pop_back();

@@ -78,6 +78,7 @@ TEST_F(NotificationDates, DueDateIsMovedByThePeriodOfItsKind) {
   EXPECT_EQ(determineNotificationDate(addSchedule(103, 2, monday.addDays(-4))), monday.addDays(1));
   EXPECT_EQ(determineNotificationDate(addSchedule(103, 3, monday)), monday.addDays(-21));
   EXPECT_TRUE(determineNotificationDate(4711).isZero());
+  EXPECT_TRUE(adjustDateToFridayIfWeekendOrHoliday({}).isZero()) << "a Saturday of 1899";
 }
 
 TEST_F(NotificationDates, FirmRuleGoesByTheMethodInsteadOfTheKind) {

@@ -16,6 +16,8 @@ TEST_F(UserSettings, FirstTouchMakesTheRowOnce) {
     EXPECT_EQ(getShowEmailPreview(user), user == 102 ? 0 : 1);
     EXPECT_EQ(rowCount("UserGeneralSettings", "UserIDNum=" + std::to_string(user)), 1);
   }
+  EXPECT_FALSE(getAutoSendWizardConfirmation(noId));
+  EXPECT_EQ(rowCount("UserGeneralSettings"), 3);
 }
 
 TEST_F(UserSettings, EachPersonHasTheirOwnAndEachSettingItsColumn) {

@@ -209,8 +209,8 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
                                  std::string(each.word) + " by email on Friday, April 24, 2026",
                              message_style::armedConfirmed);
       }
-      // A diary item of an unknown kind has no table to arm it in.
-      if (each.type == appointmentNotification && !each.word) errors.answer({2, 2});
+      // A diary item of an unknown kind has no table.
+      if (each.type == appointmentNotification && !each.word) errors.answer({2});
       compose({ComposerMode::newAuto, each.type, static_cast<CurrentDayTimerType>(each.kind)},
               [](WindowInUse& window) {
                 window.type("txtNotificationField", "Apr 24 2026");

@@ -64,6 +64,20 @@ bool withFirstRow(Step& step, const std::string& sql, Access access, Body&& body
   return withFirstRow(step, sql, access, body, [] {});
 }
 
+/// The same for the statement of one id; an id below 0 is not looked up, as if it had no row.
+template <class Body, class Otherwise>
+bool withRow(Step& step, const std::string& statement, Id id, Access access, Body&& body,
+             Otherwise&& otherwise) {
+  if (id >= 0) return withFirstRow(step, statementFor(statement, id), access, body, otherwise);
+  otherwise();
+  return false;
+}
+
+template <class Body>
+bool withRow(Step& step, const std::string& statement, Id id, Access access, Body&& body) {
+  return withRow(step, statement, id, access, body, [] {});
+}
+
 /// Opens the recordset, runs `body(handle)` for each row until it returns False, closes it.
 template <class Body>
 void forEachRow(Step& step, const std::string& sql, Access access, Body&& body) {

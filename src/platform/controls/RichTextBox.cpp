@@ -27,6 +27,27 @@ std::string withEscapedCharacters(std::string_view piece) {
   return result;
 }
 
+/// Whether the place lies within a control word or right behind one, where a blank is no text.
+bool isInControlWord(std::string_view rtf, std::size_t place) {
+  const auto skipBack = [&](auto&& isPart) {
+    while (place > 0 && isPart(rtf[place - 1])) --place;
+  };
+  skipBack([](char c) { return (c >= '0' && c <= '9') || c == '-'; });
+  skipBack([](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+  const std::size_t wordBegin = place;
+  skipBack([](char c) { return c == '\\'; });
+  return (wordBegin - place) % 2 == 1;
+}
+
+/// The first place where the RTF has the piece as text, in any case; npos for none.
+std::size_t findPiece(std::string_view rtf, std::string_view piece) {
+  const std::string folded = lowerCase(rtf);
+  const std::string sought = lowerCase(piece);
+  std::size_t at = folded.find(sought);
+  while (at != std::string::npos && isInControlWord(rtf, at)) at = folded.find(sought, at + 1);
+  return at;
+}
+
 }  // namespace
 
 std::string RichTextBox::text() const {
@@ -84,7 +105,7 @@ void RichTextBox::formatParagraphs(const std::function<void(ParagraphFormat&)>& 
 bool RichTextBox::removeRichText(std::string_view piece) {
   const std::string rtf = textRTF();
   const std::string sought = withEscapedCharacters(piece);
-  const std::size_t at = lowerCase(rtf).find(lowerCase(sought));
+  const std::size_t at = findPiece(rtf, sought);
   if (sought.empty() || at == std::string::npos) return false;
   setTextRTF(rtf.substr(0, at) + rtf.substr(at + sought.size()));
   return true;

@@ -51,13 +51,12 @@ std::string subjectText(const std::string& scheduleName, DateTime dueDate) {
 
 std::string subjectFromEntry(Step& step, const Channel& channel, Id scheduleId) {
   std::string subject;
-  withFirstRow(step, statementFor(channel.subjectStatement, scheduleId), keysetRead,
-               [&](RecordsetHandle handle) {
-                 const bool inHouse = channel.hasFirmSubject && step.value(false, hasFirmRules);
-                 const std::string name = readText(step, handle, "scheduleName");
-                 const Value date = readField(step, handle, inHouse ? "inHouseDueDate" : "DueDate");
-                 step.assign(subject, [&] { return subjectText(name, toDateTime(date)); });
-               });
+  withRow(step, channel.subjectStatement, scheduleId, keysetRead, [&](RecordsetHandle handle) {
+    const bool inHouse = channel.hasFirmSubject && step.value(false, hasFirmRules);
+    const std::string name = readText(step, handle, "scheduleName");
+    const Value date = readField(step, handle, inHouse ? "inHouseDueDate" : "DueDate");
+    step.assign(subject, [&] { return subjectText(name, toDateTime(date)); });
+  });
   return subject;
 }
 

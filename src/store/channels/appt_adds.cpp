@@ -99,16 +99,15 @@ void addItemRow(Step& step, const ChannelFields& row, Id& key) {
 }
 
 void updateItemRow(Step& step, const ChannelFields& row, Id notificationId, Id& key) {
-  withFirstRow(step,
-               statementFor("SELECT ClientNotification.* FROM ClientNotification WHERE "
-                            "ClientNotificationID=",
-                            notificationId),
-               keysetUpdate, [&](RecordsetHandle handle) {
-                 for (const auto& [column, text] : row) {
-                   writeField(step, handle, column, [&] { return text; });
-                 }
-                 key = readId(step, handle, "ClientNotificationID");
-               });
+  withRow(step,
+          "SELECT ClientNotification.* FROM ClientNotification WHERE "
+          "ClientNotificationID=",
+          notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+            for (const auto& [column, text] : row) {
+              writeField(step, handle, column, [&] { return text; });
+            }
+            key = readId(step, handle, "ClientNotificationID");
+          });
 }
 
 Id addOrUpdate(const char* tag, const ItemChannel& channel, const Wish& wish) {

@@ -71,7 +71,7 @@ bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType c
         }
         if (!isDatabaseOpen(step)) return;
         result = readStatus(
-            step, itemStatement(diaryKind(kind), itemId), channel,
+            step, itemStatement(diaryKind(kind)), itemId, channel,
             [&] { return getApptNotificationID(kind, itemId, channel); },
             [&] { changeApptNotificationStatus(kind, channel, nt_RemoveStatus, itemId); });
       });
@@ -87,8 +87,8 @@ bool changeApptNotificationStatus(CurrentDayTimerType kind, notifyType channel,
                        return;
                      }
                      if (!isDatabaseOpen(step)) return;
-                     withFirstRow(
-                         step, itemStatement(diaryKind(kind), itemId), keysetUpdate,
+                     withRow(
+                         step, itemStatement(diaryKind(kind)), itemId, keysetUpdate,
                          [&](RecordsetHandle item) {
                            changeBit(step, item, channel, statusChange);
                            const int bits = readId(step, item, "notifyType", 0);
@@ -107,7 +107,7 @@ void deleteApptNotification(CurrentDayTimerType kind, notifyType channel, Id ite
       return;
     }
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(step, itemStatement(diaryKind(kind), itemId), keysetUpdate, [&](RecordsetHandle) {
+    withRow(step, itemStatement(diaryKind(kind)), itemId, keysetUpdate, [&](RecordsetHandle) {
       const Id notificationId = getApptNotificationID(kind, itemId, channel);
       if (notificationId < 0 || !deleteNotification(notificationId)) return;
       changeApptNotificationStatus(kind, channel, nt_RemoveStatus, itemId);
@@ -138,9 +138,8 @@ void copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(CurrentDayTimer
         if (channel < 0) return;
         const Id oldId = getApptNotificationID(kind, oldItemId, static_cast<notifyType>(channel));
         if (!isValidNotificationID(std::to_string(oldId))) return;
-        withFirstRow(
-            step, statementFor(notificationById, newNotificationId), keysetUpdate,
-            [&](RecordsetHandle newRow) { copyChannelFields(step, newRow, channel, oldId); });
+        withRow(step, notificationById, newNotificationId, keysetUpdate,
+                [&](RecordsetHandle newRow) { copyChannelFields(step, newRow, channel, oldId); });
       });
 }
 

@@ -62,15 +62,13 @@ const DiaryKind& diaryKind(CurrentDayTimerType kind) {
   return found == diaryKinds.end() ? noKind : *found;
 }
 
-std::string itemStatement(const DiaryKind& kind, Id itemId) {
-  return statementFor(
-      std::string("SELECT ") + kind.table + ".* FROM " + kind.table + " WHERE " + kind.key + "=",
-      itemId);
+std::string itemStatement(const DiaryKind& kind) {
+  return std::string("SELECT ") + kind.table + ".* FROM " + kind.table + " WHERE " + kind.key + "=";
 }
 
 std::string itemSubject(Step& step, const DiaryKind& kind, Id itemId) {
   std::string subject;
-  withFirstRow(step, itemStatement(kind, itemId), keysetRead, [&](RecordsetHandle item) {
+  withRow(step, itemStatement(kind), itemId, keysetRead, [&](RecordsetHandle item) {
     const Value date = readField(step, item, "DateFrom");
     const std::string name = firmName(step);
     step.assign(subject, [&] {
@@ -85,9 +83,8 @@ std::string getAppointmentBodyText(CurrentDayTimerType kind, Id itemId) {
                    [&](Step& step, std::string& result) {
                      if (!isDatabaseOpen(step)) return;
                      const DiaryKind& row = diaryKind(kind);
-                     withFirstRow(
-                         step, itemStatement(row, itemId), keysetRead,
-                         [&](RecordsetHandle item) { result = composeBody(step, row, item); });
+                     withRow(step, itemStatement(row), itemId, keysetRead,
+                             [&](RecordsetHandle item) { result = composeBody(step, row, item); });
                    });
 }
 
@@ -97,15 +94,14 @@ void resetApptNotificationBody(std::int32_t kind, Id notificationId, Id itemId) 
     CurrentDayTimerType narrow{};
     step.assign(narrow, [&] { return static_cast<CurrentDayTimerType>(toInteger16(kind)); });
     const std::string body = getAppointmentBodyText(narrow, itemId);
-    withFirstRow(step,
-                 statementFor("SELECT ClientNotification.ClientNotificationModifiedStamp, "
-                              "ClientNotification.ClientNotificationID, ClientNotification.Memo "
-                              "FROM ClientNotification WHERE ClientNotificationID=",
-                              notificationId),
-                 keysetUpdate, [&](RecordsetHandle handle) {
-                   writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
-                   writeField(step, handle, "Memo", [&] { return body; });
-                 });
+    withRow(step,
+            "SELECT ClientNotification.ClientNotificationModifiedStamp, "
+            "ClientNotification.ClientNotificationID, ClientNotification.Memo "
+            "FROM ClientNotification WHERE ClientNotificationID=",
+            notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+              writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
+              writeField(step, handle, "Memo", [&] { return body; });
+            });
   });
 }
 

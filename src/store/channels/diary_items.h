@@ -30,7 +30,7 @@ struct DiaryKind {
 const DiaryKind& diaryKind(CurrentDayTimerType kind);
 
 /// The statement for all columns of one item.
-std::string itemStatement(const DiaryKind& kind, Id itemId);
+std::string itemStatement(const DiaryKind& kind);
 
 /// The subject of a notification, of an item that exists.
 std::string itemSubject(Step& step, const DiaryKind& kind, Id itemId);

@@ -20,14 +20,13 @@ void editNotification(const char* tag, Id notificationId, const FieldEdits& edit
                       const char* statement = notificationById) {
   procedure(tag, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withFirstRow(step, statementFor(statement, notificationId), keysetUpdate,
-                 [&](RecordsetHandle handle) {
-                   writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
-                   for (const FieldEdit& edit : edits) {
-                     if (!edit.clears && isEmpty(step, edit.text)) continue;
-                     writeField(step, handle, edit.column, [&] { return edit.text; });
-                   }
-                 });
+    withRow(step, statement, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+      writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
+      for (const FieldEdit& edit : edits) {
+        if (!edit.clears && isEmpty(step, edit.text)) continue;
+        writeField(step, handle, edit.column, [&] { return edit.text; });
+      }
+    });
   });
 }
 

@@ -112,7 +112,7 @@ void withPerson(Step& step, const Recipient& recipient, Body&& body) {
   } else if (client.isCompany()) {
     withFirstRow(step, defaultContactStatement(recipient), keysetRead, body);
   } else if (client.isContact()) {
-    withFirstRow(step, statementFor(recipient.source.contact, client.contactId), keysetRead, body);
+    withRow(step, recipient.source.contact, client.contactId, keysetRead, body);
   } else if (!recipient.isOfItem) {
     withFirstRow(step, std::string{}, keysetRead, body);
   }
@@ -122,7 +122,7 @@ template <class Body>
 void withCompany(Step& step, const Recipient& recipient, Body&& body) {
   const NotificationClient& client = recipient.client;
   if (!client.isCompany()) return;
-  withFirstRow(step, statementFor(recipient.source.company, client.companyId), keysetRead, body);
+  withRow(step, recipient.source.company, client.companyId, keysetRead, body);
 }
 
 /// The column's text, or `fallback` when it is empty.
