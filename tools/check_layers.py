@@ -26,7 +26,7 @@ HOST = [
     ("host/database", ["host/database/dialect"]),
     ("host/database/sqlite", ["host/database"]),
     ("host/database/postgres", ["host/database"]),
-    ("host/demo", ["host/database/sqlite", "host/database/postgres"]),
+    ("host/demo", ["host/database"]),
     ("host/loader", []),
     ("host/services", []),
     ("host/mail", ["host/services"]),

@@ -1,8 +1,8 @@
 #include "demo_firm.h"
 
 #include "host/database/sqlite/SqliteDatabase.h"
+#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
-#include "host/demo/SqliteRowSink.h"
 
 namespace autonotify::desktop {
 

@@ -1,7 +1,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
-#include "host/demo/SqliteRowSink.h"
 #include "merge/MergeTest.h"
 
 namespace autonotify::test {

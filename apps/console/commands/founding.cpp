@@ -8,10 +8,10 @@
 
 #include "commands/arguments.h"
 #include "host/database/postgres/PostgresDatabase.h"
+#include "host/database/postgres/PostgresRowSink.h"
 #include "host/database/sqlite/SqliteDatabase.h"
+#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
-#include "host/demo/PostgresRowSink.h"
-#include "host/demo/SqliteRowSink.h"
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
 #include "host/services/clocks.h"

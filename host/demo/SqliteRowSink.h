@@ -1,4 +1,0 @@
-#pragma once
-
-// The way by which programs that make a demo firm include it.
-#include "host/database/sqlite/SqliteRowSink.h"
