@@ -1,4 +1,4 @@
-#include "contacts/modAddressFormatting.h"
+#include "contacts/address_records.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/text.h"
 #include "support/HostTest.h"
@@ -37,6 +37,7 @@ TEST_F(HostTest, AddressBlocksByTheirFields) {
        "Acme|Jo|1 Elm|Suite 2|Ottawa, ON  K2G 0Z1"},
       {recordOf({{street, "1 Elm"}}), "1 Elm|"},
       {recordOf({{street, "1 Elm"}, {country, " cda "}}), "1 Elm|"},
+      {recordOf({{street, "1 Elm"}, {country, "Ca"}}), "1 Elm|"},
       {recordOf({{street, "1 Elm"}, {city, "Ottawa"}, {postalCode, "K2G"}}), "1 Elm|Ottawa  K2G"},
       {recordOf({{street, "1 Elm"}, {province, "ON"}, {country, "USA"}}), "1 Elm|ON|USA"},
       {recordOf({{street, "1 Elm"}, {postalCode, "K2G"}}), "1 Elm|K2G"},
@@ -137,6 +138,61 @@ TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
             "Jo Park|");
 }
 
+TEST_F(Addresses, AtWorkHaveThePartsThatAreAskedFor) {
+  const Id other = addRow(
+      "Contacts", {{"DisplayName", "Ed"}, {"BusinessAddress", "2 Fir"}, {"BusinessName", "Ed Co"}});
+  const Id otherStaff =
+      addRow("AccountantEmployeeInfo",
+             {{"DisplayName", "Cy"}, {"CompanyNum", firm}, {"InheritCompanyInfo", "False"}});
+  const struct {
+    AddressPerson person;
+    AddressParts parts;
+    bool includeBusinessName;
+    const char* block;
+  } cases[] = {
+      {{contact, noId}, {}, true, "Jo Inc|Jo Park|"},
+      {{contact, noId}, {.address = true}, false, "Jo Inc|Jo Park|1 Elm|Ottawa, QC"},
+      {{contact, noId}, {.phones = true}, false, "Jo Park||Phone: 3|Fax: 2|Cell: 4"},
+      {{contact, noId}, {.email = true}, false, "Jo Park||Email: jo@x"},
+      {{other, noId}, {true, true, true}, true, "Ed Co|Ed|2 Fir|"},
+      {{noId, otherStaff}, {true, true, true}, true, "Cy|"},
+  };
+  for (const auto& [who, parts, includeBusinessName, block] : cases)
+    EXPECT_EQ(shown(createBusinessContactAddress(who.contactId, false, who.employeeId, company,
+                                                 parts.address, parts.phones, parts.email,
+                                                 includeBusinessName)),
+              block);
+}
+
+TEST_F(Addresses, PutEachColumnInItsPlace) {
+  const Id full = addNamedByColumn(
+      "Contacts",
+      {"BusinessName",      "DisplayName",        "BusinessAddress", "BusinessCity",
+       "BusinessProvince",  "BusinessPostalCode", "BusinessCountry", "BusinessPhone_Main",
+       "BusinessPhone_Fax", "BusinessPhone_Cell", "BusinessEmail",   "HomeAddress",
+       "HomeCity",          "HomeProvince",       "HomePostalCode",  "HomeCountry",
+       "HomePhone_Main",    "HomePhone_Fax",      "HomePhone_Cell",  "PersonalEmail"});
+  const Id fullCompany =
+      addNamedByColumn("Companies", {"CompanyName", "Address", "City", "Province", "PostalCode",
+                                     "Country", "OfficeNumber", "FaxNumber", "Email"});
+  const Id heir = addRow("Contacts", {{"InheritCompanyInfo", "True"}});
+  const auto atWork = [](Id id, Id ofCompany) {
+    return shown(createBusinessContactAddress(id, false, noId, ofCompany, true, true, true, true));
+  };
+  EXPECT_EQ(atWork(full, noId),
+            "BusinessName|DisplayName|BusinessAddress|BusinessCity, BusinessProvince  "
+            "BusinessPostalCode|BusinessCountry|Phone: BusinessPhone_Main|Fax: BusinessPhone_Fax|"
+            "Cell: BusinessPhone_Cell|Email: BusinessEmail");
+  EXPECT_EQ(shown(createPersonalContactAddress(full, false, noId, true, true, true)),
+            "DisplayName|HomeAddress|HomeCity, HomeProvince  HomePostalCode|HomeCountry|"
+            "Phone: HomePhone_Main|Fax: HomePhone_Fax|Cell: HomePhone_Cell|Email: PersonalEmail");
+  const std::string place = "Address|City, Province  PostalCode|Country|";
+  const std::string numbers = "Phone: OfficeNumber|Fax: FaxNumber";
+  EXPECT_EQ(atWork(heir, fullCompany), place + numbers);
+  EXPECT_EQ(shown(createCompanyAddress(fullCompany, person, false, noId, true, true, true)),
+            "CompanyName|" + place + numbers + "|Email: Email");
+}
+
 TEST_F(Addresses, AtHome) {
   EXPECT_EQ(shown(createPersonalContactAddress(contact, false, noId, true, true, true)),
             "Jo Park|5 Fir||Phone: 6|Email: jo@home");
@@ -145,8 +201,13 @@ TEST_F(Addresses, AtHome) {
 }
 
 TEST_F(Addresses, HeadingsComeIntoABoxAndOutAgain) {
-  linkDefaultContact(contact, company);
   const DateTime day = DateTime::of(2026, 4, 5);
+  EXPECT_EQ(shown(createInsertBusinessAddress(company, false, day, true, false)),
+            " Acme|1 Elm|Ottawa||")
+      << "nobody to greet";
+  linkDefaultContact(contact, company);
+  EXPECT_EQ(shown(createInsertBusinessAddress(company, false, day, false, true)),
+            " Acme\\par |Jo Park\\par |1 Elm\\par |Ottawa||");
   EXPECT_EQ(shown(createInsertBusinessAddress(company, true, day, true, false)),
             " April 5, 2026||Acme|Jo Park|1 Elm|Ottawa||Dear Jo Park,||");
   EXPECT_EQ(shown(createInsertContactPersonalAddress(contact, false, day, true)),

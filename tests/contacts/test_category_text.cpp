@@ -34,6 +34,15 @@ TEST_F(CategoryText, GoesUpFromTheCompany) {
   EXPECT_EQ(textOf(company), lines);
   EXPECT_EQ(textOf(company, true), lines + "                Main\r\n");
   EXPECT_EQ(textOf(child), "    Holding\r\n");
+  const auto textIn = [&](Id category, Id parentCompany) {
+    return textOf(addRow("Companies", {{"CategoryNum", category}, {"CompanyNum", parentCompany}}));
+  };
+  ASSERT_EQ(child, own);
+  EXPECT_EQ(textIn(noId, child), "    Sub\r\n") << "the id is no category's";
+  EXPECT_EQ(textIn(main, parent), "    Holding\r\n") << "a line left out takes no blanks";
+  plainDatabase->connection().exec(
+      "INSERT INTO Categories (CategoryID, CategoryName, CategoryNum) VALUES (0, 'Zero', 2)");
+  EXPECT_EQ(textIn(0, noId), "    Zero\r\n        Clients\r\n");
   EXPECT_EQ(textOf(parent), "");
   clsClientAddrBkCatTxt ofSub;
   ofSub.put_CompanyIDNum(addRow("Companies", {{"CategoryNum", main}}));
@@ -41,7 +50,7 @@ TEST_F(CategoryText, GoesUpFromTheCompany) {
       statementsOf([&] { ofSub.generateCategoryText(); }),
       testing::ElementsAre(
           "0,1 SELECT Companies.CompanyID, Companies.CompanyNum, Companies.CategoryNum FROM "
-          "Companies WHERE Companies.CompanyID = 4;",
+          "Companies WHERE Companies.CompanyID = 7;",
           "0,1 SELECT Categories.CategoryID, Categories.CategoryNum FROM Categories WHERE "
           "CategoryID = 1;"));
   EXPECT_EQ(textOf(noId), "");

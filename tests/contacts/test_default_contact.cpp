@@ -37,7 +37,9 @@ class DefaultContact : public HostTest {
                             {"BusinessPhone_Fax", "2"},
                             {"BusinessEmail", "al@x"},
                             {"PersonalEmail", "al@home"}});
-  Id jo = addContact("Zoë", {{"BusinessPhone_Main", "3"}, {"InheritCompanyInfo", "True"}});
+  Id jo = addContact(
+      "Zoë",
+      {{"BusinessPhone_Main", "3"}, {"PersonalEmail", "zoe@x"}, {"InheritCompanyInfo", "True"}});
 };
 
 TEST_F(DefaultContact, ExactlyOneIsLeft) {
@@ -50,7 +52,7 @@ TEST_F(DefaultContact, ExactlyOneIsLeft) {
   EXPECT_EQ(defaults(), "1|\n2|\n");
   EXPECT_TRUE(setContactAsDefault(company, jo));
   EXPECT_EQ(defaults(), "2|\n");
-  EXPECT_EQ(told(), "Zoë|3|||\n");
+  EXPECT_EQ(told(), "Zoë|3||zoe@x|\n");
   setNoContactAsDefault(company);
   EXPECT_EQ(defaults(), "");
   EXPECT_EQ(told(), "||||\n");

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "contacts/modDatabaseFunctions.h"
 #include "platform/controls/ComboBox.h"
 #include "support/HostTest.h"
@@ -27,6 +29,12 @@ class Recipients : public HostTest {
     if (!combo.text().empty()) list.push_back("-> " + combo.text());
     return list;
   }
+  const List columnsOfContact = {
+      "BusinessEmail",          "PersonalEmail",       "BusinessPhone_Fax",
+      "HomePhone_Fax",          "BusinessPhone_Main",  "BusinessPhone_Cell",
+      "BusinessAltPhoneNumber", "BusinessPhone_Pager", "HomePhone_Main",
+      "HomePhone_Cell",         "HomePhone_Pager",     "PersonalAltPhoneNumber",
+      "SpousePhone_Main",       "SpousePhone_Cell"};
   void makeDefault() { linkDefaultContact(contact, company); }
 
   Id company = addRow(
@@ -71,6 +79,8 @@ TEST_F(Recipients, ListsOfACompany) {
   EXPECT_EQ(filled(phones), (List{"20", "22", "21", "-> 22"})) << "column by column";
   EXPECT_EQ(filled(allNames), (List{"Acme", "Al", "Jo", "-> Jo"}));
   EXPECT_EQ(filled(names), (List{"Al", "Jo", "-> Jo"}));
+  linkDefaultContact(plain, company);
+  EXPECT_EQ(filled(names).back(), "-> Jo") << "the first of two defaults";
 }
 
 TEST_F(Recipients, ListsOfAContactCarryLabels) {
@@ -94,6 +104,64 @@ TEST_F(Recipients, ListsOfAContactCarryLabels) {
   EXPECT_EQ(
       filled([&](ComboBox& combo) { populateContactContactNamesInCombo(contact, combo, false); }),
       (List{"Jo", "Sam"}));
+}
+
+TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
+  const auto emailsOfCompany = [](Id id, ComboBox& combo, bool select) {
+    populateCompanyAndContactEmailAddressesInCombo(id, combo, true, select);
+  };
+  const auto emailsOfContact = [](Id id, ComboBox& combo, bool select) {
+    populateContactEmailAddressesInCombo(id, combo, true, select);
+  };
+  const struct {
+    bool isCompany;
+    void (*fill)(Id id, ComboBox& combo, bool select);
+    List likeliest;
+  } cases[] = {
+      {true, emailsOfCompany, {"BusinessEmail", "Email", "PersonalEmail"}},
+      {false, emailsOfContact, {"BusinessEmail", "PersonalEmail"}},
+      {true,
+       populateCompanyAndContactFaxNumbersInCombo,
+       {"BusinessPhone_Fax", "FaxNumber", "HomePhone_Fax"}},
+      {false, populateContactFaxNumbersInCombo, {"BusinessPhone_Fax", "HomePhone_Fax"}},
+      {true,
+       populateCompanyAndContactPhoneNumbersInCombo,
+       {"BusinessPhone_Main", "OfficeNumber", "HomePhone_Main"}},
+      {false,
+       populateContactPhoneNumbersInCombo,
+       {"BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber", "HomePhone_Main",
+        "HomePhone_Cell", "PersonalAltPhoneNumber"}},
+  };
+  const List columnsOfCompany = {"Email", "FaxNumber", "OfficeNumber"};
+  for (const auto& [isCompany, fill, likeliest] : cases) {
+    const Id full = addNamedByColumn("Companies", columnsOfCompany);
+    const Id person = addNamedByColumn("Contacts", columnsOfContact);
+    linkDefaultContact(person, full);
+    const auto chosen = [&](bool select) {
+      ComboBox combo;
+      fill(isCompany ? full : person, combo, select);
+      return combo.text();
+    };
+    for (const std::string& column : likeliest) {
+      EXPECT_THAT(chosen(true), testing::StartsWith(column));
+      EXPECT_EQ(chosen(false), "");
+      const bool isOfCompany = std::ranges::count(columnsOfCompany, column) > 0;
+      plainDatabase->connection().exec(
+          (isOfCompany ? "UPDATE Companies SET " : "UPDATE Contacts SET ") + column + "=NULL");
+    }
+    EXPECT_EQ(chosen(true), "");
+  }
+}
+
+TEST_F(Recipients, PhonesOfAContactStandInTheirOrder) {
+  const Id full = addNamedByColumn("Contacts", columnsOfContact);
+  EXPECT_EQ(
+      filled([&](ComboBox& combo) { populateContactPhoneNumbersInCombo(full, combo, false); }),
+      (List{"BusinessPhone_Main <Business Phone>", "BusinessPhone_Cell <Business Cell>",
+            "BusinessAltPhoneNumber <Business Alt Phone>", "BusinessPhone_Pager <Business Pager>",
+            "HomePhone_Main <Home Phone>", "HomePhone_Cell <Home Cell>",
+            "PersonalAltPhoneNumber <Personal Alt Phone>", "HomePhone_Pager <Home Pager>",
+            "SpousePhone_Main <Spouse Phone>", "SpousePhone_Cell <Spouse Cell>"}));
 }
 
 TEST_F(Recipients, OfTheFirmOfNobodyAndOfAClosedDatabase) {

@@ -43,6 +43,12 @@ class Rows {
     database_->closeRecordset(handle);
     return id;
   }
+  /// A row whose texts are the names of their columns.
+  Id addNamedByColumn(const std::string& table, const std::vector<std::string>& columns) {
+    RowFields fields;
+    for (const std::string& column : columns) fields.emplace_back(column.c_str(), column);
+    return addRow(table, fields);
+  }
   /// The column of the first row where `where` holds; null without a row.
   Value valueOf(const std::string& table, const std::string& column, const std::string& where) {
     const RecordsetHandle handle =
