@@ -144,20 +144,14 @@ TEST_F(Addresses, AtWorkHaveThePartsThatAreAskedFor) {
   const Id otherStaff =
       addRow("AccountantEmployeeInfo",
              {{"DisplayName", "Cy"}, {"CompanyNum", firm}, {"InheritCompanyInfo", "False"}});
-  const struct {
-    AddressPerson person;
-    AddressParts parts;
-    bool includeBusinessName;
-    const char* block;
-  } cases[] = {
-      {{contact, noId}, {}, true, "Jo Inc|Jo Park|"},
-      {{contact, noId}, {.address = true}, false, "Jo Inc|Jo Park|1 Elm|Ottawa, QC"},
-      {{contact, noId}, {.phones = true}, false, "Jo Park||Phone: 3|Fax: 2|Cell: 4"},
-      {{contact, noId}, {.email = true}, false, "Jo Park||Email: jo@x"},
-      {{other, noId}, {true, true, true}, true, "Ed Co|Ed|2 Fir|"},
-      {{noId, otherStaff}, {true, true, true}, true, "Cy|"},
-  };
-  for (const auto& [who, parts, includeBusinessName, block] : cases)
+  const AddressParts all{true, true, true};
+  for (const auto& [who, parts, includeBusinessName, block] :
+       {std::tuple{AddressPerson{contact, noId}, AddressParts{}, true, "Jo Inc|Jo Park|"},
+        {{contact, noId}, {.address = true}, false, "Jo Inc|Jo Park|1 Elm|Ottawa, QC"},
+        {{contact, noId}, {.phones = true}, false, "Jo Park||Phone: 3|Fax: 2|Cell: 4"},
+        {{contact, noId}, {.email = true}, false, "Jo Park||Email: jo@x"},
+        {{other, noId}, all, true, "Ed Co|Ed|2 Fir|"},
+        {{noId, otherStaff}, all, true, "Cy|"}})
     EXPECT_EQ(shown(createBusinessContactAddress(who.contactId, false, who.employeeId, company,
                                                  parts.address, parts.phones, parts.email,
                                                  includeBusinessName)),

@@ -144,6 +144,21 @@ TEST_F(FieldListTest, NoNameHoldsWhatATokenIsMadeOf) {
     }
 }
 
+TEST_F(FieldListTest, NoTwoFieldsReadOneColumn) {
+  for (const int country : {canada, unitedStates})
+    for (const int listType : {5, 6, 8}) {
+      live(country, ontario);
+      build(listType);
+      const vector<string> groups = column(field_column::group);
+      const vector<string> columns = column(field_column::databaseField);
+      std::set<string> read;
+      for (std::size_t i = 0; i < columns.size(); ++i) {
+        const string one = groups[i] + "." + columns[i];
+        EXPECT_TRUE(read.insert(one).second || one == "TaskInfo.Subject") << one;
+      }
+    }
+}
+
 TEST_F(FieldListTest, LabelsNameTheCustomFields) {
   const std::tuple<const char*, string, string> stems[] = {
       {"", "ApptCustomName", "ApptCustom"},      {"", "DocketCustomName", "DocketCustom"},

@@ -113,6 +113,42 @@ TEST_F(MergeData, FindsRowsInWholeTablesForABulkMerge) {
             (vector<string>{"ContactID=2", "ContactID=1", "ContactID=77", "ComapnyNum=5"}));
 }
 
+TEST_F(MergeData, LooksForTheSoftwareOfOneClientAndReadsTheFirstOfABulkMerge) {
+  addRow("SoftwareInfo",
+         {{"CompanyID", "9"}, {"DefaultSoftware", "True"}, {"SoftwareName", "Abacus"}});
+  merge->companyID = addAccountingClient();
+  merge->ListType = 8;
+  setUp();
+  calls.record(true);
+  EXPECT_EQ(print("Software Name"), "Ledger 9");
+  EXPECT_EQ(logged("findRecord"), vector<string>{"CompanyID=1"});
+  merge->put_MergeFieldListUse(2);
+  EXPECT_EQ(print("Software Name"), "Abacus");
+}
+
+TEST_F(MergeData, AsksAClosedDatabaseForNothing) {
+  merge->companyID = addAccountingClient();
+  addTask(40, "Call");
+  merge->ListType = 8;
+  setUp();
+  string field = "CompanyName";
+  ASSERT_EQ(print("Company Name"), "Elm Ltd.");
+  closeDatabase();
+  EXPECT_EQ(merge->getDataFieldFromRecordset(field), "");
+  windows.pumps = 0;
+  EXPECT_EQ(statementsOf([&] {
+              merge->put_scheduleID(40);
+              EXPECT_EQ(merge->taskID, noId);
+              merge->taskID = 1;
+              setUp();
+              EXPECT_EQ(print("Company Name|Task Name"), "|");
+              EXPECT_EQ(merge->getDocsAndInstructionsList(), "");
+              merge->writeDataToField("City", "Elora");
+            }),
+            vector<string>{});
+  EXPECT_EQ(windows.pumps, 0);
+}
+
 TEST_F(MergeData, MergesATaskThatHasNoScheduleEntryOrAppointment) {
   merge->taskID = addRow("Tasks", {{"Subject", "Call"}, {"TimeFrom", "9:30"}, {"TimeTo", "10:00"}});
   build(8);
@@ -147,8 +183,8 @@ TEST_F(MergeData, PrintsEachTypeInItsForm) {
             "Yes|No|1 hr 30 min|31 min||$1,234.50|$-3.00|$0.00|1 hr 31 min");
   const Value items[] = {"Subject", "When", "DocketInfo", 2, ""};
   merge->get_FieldList()->addEntry(1000, items);
-  errors.answer({error_choice::next});
-  EXPECT_EQ(print("When@d"), "Bookkeeping") << "a value that is not of its type";
+  errors.answer({error_choice::next, error_choice::leave});
+  EXPECT_EQ(print("When@d|When@d"), "Bookkeeping|Bookkeeping") << "a value that is not of its type";
 }
 
 TEST_F(MergeData, ShowsSamplesAsTheyStand) {
@@ -164,8 +200,8 @@ TEST_F(MergeData, ShowsSamplesAsTheyStand) {
 
 TEST_F(MergeData, GivesAnInheritingContactTheAddressOfTheCompany) {
   insert(
-      "Companies (OfficeNumber, FaxNumber, Address, City, Province) VALUES ('555-1000', "
-      "'555-1001', '1 Elm Street', 'Guelph', 'Ontario')");
+      "Companies (OfficeNumber, FaxNumber, Address, City, Province, Country) VALUES "
+      "('555-1000', '555-1001', '1 Elm Street', 'Guelph', 'Ontario', 'Canada')");
   for (const char* inherits : {"0", "1"})
     insert(string("Contacts (BusinessPhone_Main, BusinessAddress, BusinessPostalCode, "
                   "BusinessProvince, FirstName, InheritCompanyInfo) VALUES ('555-2000', "
@@ -174,11 +210,11 @@ TEST_F(MergeData, GivesAnInheritingContactTheAddressOfTheCompany) {
   const string fields =
       "Contact Business Phone|Contact Business Fax|Contact Business Address|Contact Business City|"
       "Contact Business Postal Code|Contact Business Province|"
-      "Contact Business Abbreviated Province|Contact First Name";
-  const char* own = "555-2000||2 Oak Street||N1G 2W1|Quebec|QC|Anna";
+      "Contact Business Abbreviated Province|Contact First Name|Contact Business Country";
+  const char* own = "555-2000||2 Oak Street||N1G 2W1|Quebec|QC|Anna|";
   build(8);
   for (const auto& [companyID, contactID, values] :
-       {std::tuple{1, 2, "555-2000|555-1001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna"},
+       {std::tuple{1, 2, "555-2000|555-1001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna|Canada"},
         {-1, 2, own},
         {1, 1, own}}) {
     merge->companyID = companyID;
@@ -206,14 +242,18 @@ TEST_F(MergeData, NamesTheFifthCustomFieldOfACompanyInTheSetUpAlone) {
 
 TEST_F(MergeData, PutsAccountingCodesInWords) {
   merge->companyID = addAccountingClient({{"YearEndDate", "2025-06-30"}});
-  plainDatabase->connection().exec(
-      "UPDATE Companies SET CompanyType='2'; UPDATE AccountingServices SET RC59Permission=2, "
-      "RC59Status=1, GSTFilingMethod=3, FinancialStatements=5; UPDATE CorpTaxInfo SET "
-      "CorporationType=1, CorporationLevel=2");
   build(8);
   const string fields =
       "RC59 Permission Level|RC59 Form Status|HST Filing Method|Financial Statements|"
       "Corporation Type|Corporation Level|Year End Date|Company Type";
+  EXPECT_EQ(print(fields),
+            "None|Not Filed|Not Specified|Not Specified|CCPC|Federal Corporation|June 30|")
+      << "of empty columns";
+  plainDatabase->connection().exec(
+      "UPDATE Companies SET CompanyType='2'; UPDATE AccountingServices SET RC59Permission=2, "
+      "RC59Status=1, GSTFilingMethod=3, FinancialStatements=5; UPDATE CorpTaxInfo SET "
+      "CorporationType=1, CorporationLevel=2");
+  setUp();
   EXPECT_EQ(print(fields),
             "Limited|Awaiting Signature|Quick Method|Audit|Regular Corporation|"
             "Provincial Corporation|June 30|2");
@@ -241,12 +281,12 @@ TEST_F(MergeData, DurationsCountMinuteBoundaries) {
 }
 
 TEST_F(MergeData, ListsTheDocumentsOfATaskInOrder) {
-  merge->taskID = 17;
+  merge->taskID = 0;
   insert(
       "OperatingProcedures (TaskIDNum, OpProcedureScopeType, OrderNum, OpProcedureType, "
-      "OpProdedureName) VALUES (17, 2, 5, 1, 'Sign'), (17, 2, 1, 1, 'Call first'), "
-      "(17, 2, 2, 2, 'Bank statements'), (17, 2, 3, 1, ''), (17, 2, 4, 3, 'Of no listed type'), "
-      "(17, 1, 1, 1, 'Of another scope'), (18, 2, 1, 1, 'Of another task')");
+      "OpProdedureName) VALUES (0, 2, 5, 1, 'Sign'), (0, 2, 1, 1, 'Call first'), "
+      "(0, 2, 2, 2, 'Bank statements'), (0, 2, 3, 1, ''), (0, 2, 4, 3, 'Of no listed type'), "
+      "(0, 1, 1, 1, 'Of another scope'), (18, 2, 1, 1, 'Of another task')");
   build(8);
   EXPECT_EQ(print("Client Documents & Instructions"),
             "\t- Call first\\par \r\n\t- Document Required - Bank statements\\par \r\n"
@@ -288,26 +328,33 @@ TEST_F(MergeData, LooksFieldsUpByEitherName) {
 }
 
 TEST_F(MergeData, WritesFieldsBackToTheirColumns) {
-  merge->companyID = addRow("Companies", {{"City", "Guelph"}});
+  merge->companyID = addAccountingClient();
   merge->contactID = addRow("Contacts", {{"InheritCompanyInfo", "True"}});
   addRow("ContactsNotes", {{"ContactNum", "1"}});
   merge->put_MergeFieldListUse(5);
   merge->ListType = 8;
   setUp();
+  ASSERT_EQ(print("Company Notes"), "") << "opened for reading";
   const auto written = columnsWrittenBy([&] {
     for (const char* field : {"BusinessCity", "FirstName", "Notes", "HomeAbbreviatedProvince",
                               "ContactAndSpouseName", "Nothing", ""})
       merge->writeDataToField(field, "Elora");
+    merge->writeDataToField("YearEndDate", "2025-06-30");
   });
-  EXPECT_EQ(written, (vector<string>{"City=Elora", "BusinessCity=Elora", "FirstName=Elora"}));
-  EXPECT_EQ(dump("SELECT City, BusinessCity, FirstName FROM Companies, Contacts"),
-            "Elora|Elora|Elora|\n");
+  EXPECT_EQ(written, (vector<string>{"City=Elora", "BusinessCity=Elora", "FirstName=Elora",
+                                     "Notes=Elora", "YearEndDate=2025-06-30"}));
+  EXPECT_EQ(dump("SELECT City, BusinessCity, FirstName, CompaniesNotes.Notes FROM Companies, "
+                 "Contacts, CompaniesNotes"),
+            "Elora|Elora|Elora|Elora|\n");
 }
 
 TEST_F(MergeData, ProvincesAreRecognizedByTheirForms) {
   for (const char* province :
        {"BC|British Columbia|BritishColumbia|b.c.", "NL|Newfoundland|Newfoundland & Labrador",
-        "PEI|Prince Edward Island|P.E.I.", "NT|Northwest Territories|nwt", "ON|Ontario|ont.",
+        "AB|Alberta|Alta.|alta|ab", "MB|Manitoba|man.|Man|mb", "SK|Saskatchewan|Sask.|sask|sk",
+        "QC|Quebec|Que.|que|qc", "NS|Nova Scotia|NovaScotia|N.S.|ns", "NU|Nunavut|nu",
+        "NB|New Brunswick|NewBrunswick|N.B.|nb", "YT|Yukon|yt", "PEI|Prince Edward Island|P.E.I.",
+        "NT|Northwest Territories|nwt", "ON|Ontario|ont.",
         "Newfoundland And Labrador|Newfoundland And Labrador", "Nfld.|Nfld.", "Québec|Québec",
         "PE|PE", " Ontario| Ontario"}) {
     const vector<string> names = split(province);
@@ -318,35 +365,31 @@ TEST_F(MergeData, ProvincesAreRecognizedByTheirForms) {
   }
 }
 
-TEST_F(MergeData, CodesBeyondTheKnownHaveATextToo) {
-  for (const auto& [lookUp, last, text] :
-       {std::tuple{&getCompanyTypeStringFromCompanyTypeNum, 10, "Unknown"},
-        {&getFinancialStatementsStringFromFinancialStatementsNum, 5, "Not Specified"},
-        {&getRC59FormStatusStringFromRC59FormStatusNum, 3, "Not Filed"},
-        {&getRC59PermissionStringFromRC59PermissionNum, 2, "None"},
-        {&getGSTFilingMethodStringFromGSTFilingMethodNum, 3, "Not Specified"},
-        {&getCorporationTypeStringFromCorporationTypeNum, 1, "CCPC"}}) {
-    auto known = static_cast<std::int16_t>(last);
-    EXPECT_NE(lookUp(known), text);
-    for (std::int16_t other : {-1, last + 1, 32767}) EXPECT_EQ(lookUp(other), text);
+TEST_F(MergeData, CodesHaveTheirTextsAndOneForTheRest) {
+  // Of the codes from 0 on; the last is that of all others too.
+  for (const auto& [lookUp, texts] :
+       {std::pair{&getCompanyTypeStringFromCompanyTypeNum,
+                  "Unknown|Corporation|Sole Proprietorship|Partnership|Non Profit|Trust|Joint "
+                  "Venture|S Corporation|LLP|LLC|Fiduciary|Unknown"},
+        {&getFinancialStatementsStringFromFinancialStatementsNum,
+         "Not Specified|Not Specified|Compilation (NTR)|Review Engagement|Review Engagement with "
+         "Differential Reporting|Audit|Not Specified"},
+        {&getRC59FormStatusStringFromRC59FormStatusNum,
+         "Not Filed|Awaiting Signature|CRA Processing|Completed|Not Filed"},
+        {&getRC59PermissionStringFromRC59PermissionNum, "None|Full|Limited|None"},
+        {&getGSTFilingMethodStringFromGSTFilingMethodNum,
+         "Not Specified|Traditional|Simple Method|Quick Method|Not Specified"},
+        {&getCorporationTypeStringFromCorporationTypeNum, "CCPC|Regular Corporation|CCPC"},
+        {&getCorporationLevelStringFromCorporationLevelNum,
+         "Federal Corporation|Federal Corporation|Provincial Corporation|Federal Corporation"}}) {
+    const vector<string> expected = split(texts);
+    for (std::int16_t code = 0; code < std::ssize(expected); ++code)
+      EXPECT_EQ(lookUp(code), expected[static_cast<std::size_t>(code)]) << code;
+    for (std::int16_t other : {-1, 32767}) EXPECT_EQ(lookUp(other), expected.back());
   }
   std::int16_t partnership = 3;
-  EXPECT_EQ(getCompanyTypeStringFromCompanyTypeNum(partnership), "Partnership");
   live(9, 3);
   EXPECT_EQ(getCompanyTypeStringFromCompanyTypeNum(partnership), "General Partnership");
-}
-
-TEST_F(MergeData, SelectsAndOrdersTheAccountsThatTheClientListShows) {
-  const string shown = "WHERE ClientData.ShowThisClient = True";
-  for (const auto& [showOnly, statusMode, id, order, tail] :
-       {std::tuple{true, 1, -1, 0, shown + " AND ClientData.ActiveStatus=1 ;"},
-        {true, 3, 0, 0, shown + " AND ClientData.ClientDataID=0 ;"},
-        {false, 2, -1, 5, "WHERE NOT ClientData.ActiveStatus=1 ;"},
-        {false, 3, -1, 1, "Clients.CompanyIDNum ORDER BY Companies.CompanyName;"},
-        {false, 3, -1, 2, "ORDER BY Companies.CorporateName;"}}) {
-    plainClients.setListOrder(order);
-    EXPECT_THAT(getMainBusinessSQLString(showOnly, statusMode, id), testing::EndsWith(tail));
-  }
 }
 
 }  // namespace

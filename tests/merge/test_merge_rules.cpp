@@ -69,6 +69,8 @@ TEST_F(MergeRules, WriteADateInEachFormat) {
   merge->docketId = addRow("Dockets", {{"DateFrom", "2026-04-05"}});
   build(6);
   merge->TestComment = false;
+  string none;
+  EXPECT_EQ(merge->getTodaysDate(none), "Apr 5, 2026");
   const auto formats = split(
       "dddd, mmmm d yyyy|dddd mmmm d yyyy|mmmm d, yyyy|mmmm d yyyy|mmm d yyyy|mm/dd/yy|d|dddd|"
       "mmmm|mmm|yyyy|mmmm yyyy|MMMM d|dd/mm/yy");
@@ -82,6 +84,13 @@ TEST_F(MergeRules, WriteADateInEachFormat) {
         "«(Todays Date, " + formats[i] + ")» «(Time Entry Date, " + formats[i] + ")»";
     EXPECT_EQ(merged(text + longEnough), dates[i] + " " + ofField + longEnough);
   }
+}
+
+TEST_F(MergeRules, SpellMarksForRichTextAndKeepBlankLines) {
+  EXPECT_EQ(merge->convertFieldName("«One», «Two"), R"(\'abOne\'bb, \'abTwo)");
+  string text = "a\\par \r\n\\par \r\nb\r\n\r\n";
+  const string before = text;
+  EXPECT_EQ(merge->removeBlankLinesFromRTFText(text), before);
 }
 
 TEST_F(MergeRules, NameAPersonInPlaceOfTheCompanyThatTheyLack) {

@@ -144,5 +144,18 @@ TEST_F(MergeStatements, OfAContactAloneReadTheContactsSoftware) {
             inMode("1,1", {contact, replaceAll(software, "CompanyIDNum=1", "ContactIDNum=2")}));
 }
 
+TEST_F(MergeStatements, SelectsAndOrdersTheAccountsThatTheClientListShows) {
+  const string shown = "WHERE ClientData.ShowThisClient = True";
+  for (const auto& [showOnly, statusMode, id, order, tail] :
+       {std::tuple{true, 1, -1, 0, shown + " AND ClientData.ActiveStatus=1 ;"},
+        {true, 3, 0, 0, shown + " AND ClientData.ClientDataID=0 ;"},
+        {false, 2, -1, 5, "WHERE NOT ClientData.ActiveStatus=1 ;"},
+        {false, 3, -1, 1, "Clients.CompanyIDNum ORDER BY Companies.CompanyName;"},
+        {false, 3, -1, 2, "ORDER BY Companies.CorporateName;"}}) {
+    plainClients.setListOrder(order);
+    EXPECT_THAT(getMainBusinessSQLString(showOnly, statusMode, id), testing::EndsWith(tail));
+  }
+}
+
 }  // namespace
 }  // namespace autonotify::test
