@@ -134,6 +134,15 @@ TEST_F(FormHostTest, TabFollowsTheWindowsOwnOrder) {
   });
 }
 
+TEST_F(FormHostTest, FocusMovesOnFromAButtonThatTurnsItselfOff) {
+  form_.cmdGo.onClick = [&] { form_.cmdGo.setEnabled(false); };
+  use([&] {
+    QTest::mouseClick(&widget<QPushButton>(form_.cmdGo), Qt::LeftButton);
+    EXPECT_EQ(form_.focused(), &form_.txtInGroup);
+    EXPECT_TRUE(widget<QLineEdit>(form_.txtInGroup).hasFocus());
+  });
+}
+
 TEST_F(FormHostTest, ChoosesInListsOnce) {
   std::string told;
   for (Control* control :

@@ -119,6 +119,21 @@ TEST_F(Windows, ProgramMovesTheFocusWithoutValidating) {
             "-txtDate -txtPlain +cmdCancel back query unload ");
 }
 
+TEST_F(Windows, FocusMovesOnFromAControlThatGoesOutOfReach) {
+  EXPECT_EQ(logOf([](WindowInUse& window) {
+              auto& form = dynamic_cast<frmSample&>(window.form());
+              form.group.setVisible(true);
+              form.chkInGroup.onClick = [&form] { form.group.setVisible(false); };
+              EXPECT_TRUE(window.click("chkInGroup"));
+              EXPECT_EQ(window.focus(), "dtp");
+              form.cmdCancel.onClick = [&form] { form.cmdCancel.setEnabled(false); };
+              EXPECT_TRUE(window.click("cmdCancel"));
+              EXPECT_EQ(window.focus(), "txtDate");
+            }),
+            "?txtDate -txtDate +chkInGroup -chkInGroup +dtp -dtp +cmdCancel -cmdCancel +txtDate "
+            "back query unload ");
+}
+
 TEST_F(Windows, FirstControlWithinReachHasTheFocus) {
   frmSample form(person);
   form.orderFirst({&form.cmdOff, &form.lbl, &form.cmdCancel, &form.txtPlain});

@@ -109,6 +109,14 @@ void Form::giveFocus(Control& control) {
   if (control.onGotFocus) control.onGotFocus();
 }
 
+void Form::settleFocus() {
+  if (!isVisible_ || !focused_ || canHaveFocus(focused_)) return;
+  const auto at = std::ranges::find(controls_, focused_);
+  auto next = std::find_if(at, controls_.end(), canHaveFocus);
+  if (next == controls_.end()) next = std::find_if(controls_.begin(), at, canHaveFocus);
+  if (next != controls_.end() && next != at) giveFocus(**next);
+}
+
 bool Form::moveFocus(Control& control) {
   if (&control == focused_) return true;
   if (focused_ && canHaveFocus(focused_) && focused_->onValidate && focused_->onValidate()) {

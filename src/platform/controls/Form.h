@@ -67,6 +67,8 @@ class Form : public HostObject, public ControlOwner {
   /// Moves the focus as a person's act does: the control that has it may keep it (onValidate), in
   /// which case the answer is False. Lost focus is told before gained focus.
   bool moveFocus(Control& control);
+  /// Moves the focus on to the next control within reach, where the one that has it no longer is.
+  void settleFocus();
 
   void adopt(Control& control) override { controls_.push_back(&control); }
 

@@ -30,16 +30,19 @@ bool Person::reach(Control& control) {
   return form_.isVisible() && control.isReachable();
 }
 
-bool Person::click(Control& control) {
+bool Person::act(Control& control, const char* name, const std::function<bool()>& accept) {
   if (!reach(control)) return false;
-  requireKnown(control.acceptClick(), "clicked", control);
+  requireKnown(accept(), name, control);
+  form_.settleFocus();
   return true;
 }
 
+bool Person::click(Control& control) {
+  return act(control, "clicked", [&] { return control.acceptClick(); });
+}
+
 bool Person::doubleClick(Control& control) {
-  if (!reach(control)) return false;
-  requireKnown(control.acceptDoubleClick(), "clicked twice", control);
-  return true;
+  return act(control, "clicked twice", [&] { return control.acceptDoubleClick(); });
 }
 
 bool Person::type(Control& control, const std::string& text) {
@@ -57,9 +60,7 @@ bool Person::type(Control& control, const std::string& text) {
 }
 
 bool Person::edit(Control& control, const std::string& text) {
-  if (!reach(control)) return false;
-  requireKnown(control.acceptText(text), "written into", control);
-  return true;
+  return act(control, "written into", [&] { return control.acceptText(text); });
 }
 
 int Person::pressKey(Control& control, int keyCode) {
@@ -73,9 +74,7 @@ void Person::releaseKey(Control& control, int keyCode, int shift) {
 }
 
 bool Person::choose(Control& control, int position) {
-  if (!reach(control)) return false;
-  requireKnown(control.acceptChoice(position), "chosen from there", control);
-  return true;
+  return act(control, "chosen from there", [&] { return control.acceptChoice(position); });
 }
 
 bool Person::dropDown(DatePicker& picker) {
@@ -87,6 +86,7 @@ bool Person::dropDown(DatePicker& picker) {
 void Person::closeUp(DatePicker& picker, DateTime date) {
   requireWithinReach(picker);
   picker.acceptDate(date);
+  form_.settleFocus();
 }
 
 bool Person::pickDate(DatePicker& picker, DateTime date) {

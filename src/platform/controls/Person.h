@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/DateTime.h"
@@ -16,7 +17,8 @@ struct RichText;
 ///
 /// An act moves the focus to its control first, where the control takes it. When the control that
 /// has the focus keeps it, or the move takes the control out of reach, the act does not happen and
-/// the answer is False. Keys alone move nothing: they are for the control that has the focus.
+/// the answer is False. Keys alone move nothing: they are for the control that has the focus. An
+/// act that takes the control with the focus out of reach moves the focus on.
 ///
 /// An act that no person could do is a fault of the caller and throws std::logic_error: in a window
 /// that is not on the screen, on another window's control, on one that is hidden or disabled,
@@ -51,6 +53,7 @@ class Person {
   bool closeBox();
 
  private:
+  bool act(Control& control, const char* name, const std::function<bool()>& accept);
   bool reach(Control& control);
   void requireWithinReach(const Control& control) const;
   void requireKnown(bool isKnown, const char* act, const Control& control) const;
