@@ -24,7 +24,7 @@ class WindowsOfTheComponent : public testing::Test, public TestHost, public Rows
   }
   ~WindowsOfTheComponent() override { person.finish(); }
 
-  HeadlessPerson person;
+  HeadlessPerson person{calls, plainLocale.getActiveWindow()};
   host::ComponentLibrary library;
   std::unique_ptr<clsAutoNotifyCtrl> control;
 };

@@ -32,6 +32,38 @@ TEST_F(NotificationComments, ClientOfTheEntryIsMerged) {
   EXPECT_EQ(merged(entry), "");
 }
 
+/// The firm itself may be a client, and has the number 0.
+TEST_F(NotificationComments, ClientNumberedZeroIsAClient) {
+  addRow("Companies", {{"CompanyID", 0}, {"CompanyName", "Our Firm"}});
+  addRow("ClientData", {{"ClientDataID", 0}, {"CompanyIDNum", 0}});
+  addRow("Contacts", {{"ContactID", 0}, {"DisplayName", "Zoe"}});
+  const std::tuple<Id, Id, const char*> cases[] = {
+      {0, 0, " of Our Firm"}, {noId, 0, "Zoe of "}, {noId, noId, "Zoe of Our Firm"}};
+  for (const auto& [clientNum, contactID, named] : cases) {
+    EXPECT_EQ(generateClientAutoNotifyComment(addEntry(clientNum, contactID)),
+              std::string("{\\rtf1 ") + named + ": GST Return}");
+  }
+}
+
+TEST_F(NotificationComments, DefaultCommentReadsAsALetter) {
+  addKind(101, 10, 5);
+  const Id entry = addSchedule(101, 10, DateTime::of(2026, 4, 30),
+                               {{"ClientNum", addClient("Acme Ltd.", "Jane Smith").clientNum},
+                                {"PeriodDescription", "1st Quarter"},
+                                {"InfoDeadlineDate", DateTime::of(2026, 4, 20)}});
+  addTask(entry, "GST Return");
+  EXPECT_EQ(
+      createHostObject<RichTextUtility>()->toPlainText(generateClientAutoNotifyComment(entry)),
+      "Hi Jane Smith,\r\n\r\n"
+      "Your GST Return is due on Thursday, April 30 2026.\r\n\r\n"
+      "Please arrange to submit to us all paper work that we need to allow us to complete the "
+      "return.  The following is a list of what we need from you:\r\n\r\n\r\n\r\n"
+      "This represents all paperwork in the period of 1st Quarter.\r\n\r\n"
+      "Please submit to us all the required documents we need by April 20 2026 as per our "
+      "agreement and to make sure we can get your return completed in a timely manner.\r\n\r\n"
+      "You can call our office if you need any assistance or have any questions.\r\n");
+}
+
 TEST_F(NotificationComments, TemplateComesByTheFallbacksOfItsKind) {
   addKind(101, 10, 5, "fallback");
   addKind(104, 1, 5);
@@ -44,11 +76,12 @@ TEST_F(NotificationComments, TemplateComesByTheFallbacksOfItsKind) {
 }
 
 TEST_F(NotificationComments, TaskOfTheArgumentWins) {
-  const std::string text = "{\\rtf1\\ansi\\deff0 It is \\'abTask Name\\'bb}";
+  const std::string text = "{\\rtf1\\ansi\\deff0 It is \\b\\'abTask Name\\'bb}";
   const Id entry = addEntry(noId, noId);
-  const Id task = addTask(addSchedule(103, 1, today()), "Payroll");
-  EXPECT_EQ(generateComment(text, entry, task, noId, noId), "{\\rtf1\\ansi\\deff0 It is Payroll}");
-  EXPECT_EQ(generateCommentFromTemplate(text, entry), "{\\rtf1\\ansi\\deff0 It is GST Return}");
+  const Id task = addTask(addSchedule(103, 1, today()), "Pay\r\nroll");
+  EXPECT_EQ(generateComment(text, entry, task, noId, noId),
+            "{\\rtf1\\ansi\\deff0 It is \\b Pay\\par \r\nroll}");
+  EXPECT_EQ(generateCommentFromTemplate(text, entry), "{\\rtf1\\ansi\\deff0 It is \\b GST Return}");
   EXPECT_EQ(generateComment("", entry, task, noId, noId), "");
 }
 

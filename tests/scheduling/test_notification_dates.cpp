@@ -29,6 +29,10 @@ TEST_F(NotificationDates, PeriodHasOneSignForDisplayAndOneForCalculation) {
     EXPECT_EQ(getNotificationPeriod(103, scheduleNum, true), shown);
     EXPECT_EQ(getNotificationPeriod(103, scheduleNum, false), -shown);
   }
+  const std::int16_t lowest = -32768;
+  addKind(103, 5, lowest);
+  errors.answer({error_choice::leave});
+  EXPECT_EQ(getNotificationPeriod(103, 5, false), lowest) << "has no positive counterpart";
 }
 
 TEST_F(NotificationDates, KindWithoutARowFallsBack) {
@@ -105,10 +109,28 @@ TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
     errors.answer({choice});
     EXPECT_TRUE(determineNotificationDate(noDueDate).isZero());
   }
+  const Id row = addNotification(noDueDate, nt_Email, monday);
+  errors.answer({error_choice::next});
+  refreshNotificationDate(noDueDate);
+  EXPECT_EQ(dateOf(row), monday) << "stays rather than being taken for due in 1899";
   setFirmCode(firmSpecificCode);
   errors.answer({error_choice::leave});
   EXPECT_TRUE(determineNotificationDate(noMethod).isZero());
   EXPECT_EQ(errors.recorded().back().number, error_number::invalidUseOfNull);
+}
+
+TEST_F(NotificationDates, ClosedDatabaseIsAskedNothing) {
+  addKind(103, 1, 1);
+  const Id entry = addSchedule(103, 1, monday);
+  addNotification(entry, nt_Email, monday.addDays(-9));
+  closeDatabase();
+  EXPECT_THAT(statementsOf([&] {
+                EXPECT_TRUE(determineNotificationDate(entry).isZero());
+                EXPECT_EQ(getLastUsedNotificationDate(entry, monday), monday);
+                EXPECT_EQ(getFirstValidScheduleNum(103), noId);
+                refreshNotificationDate(entry);
+              }),
+              testing::IsEmpty());
 }
 
 TEST_F(NotificationDates, NewRowTakesTheDateOfASibling) {

@@ -108,6 +108,7 @@ TEST_F(Template, PeriodStaysWithinAYear) {
     clsAutoNotifyTemplate kind;
     std::string message;
     kind.notificationDatePeriodError = [&](const std::string& text) { message += text; };
+    kind.put_notificationPeriod(7);
     kind.put_notificationPeriod(days);
     EXPECT_EQ(kind.get_notificationPeriod(), kept);
     EXPECT_EQ(message, days == kept ? "" : "You must enter a number between -365 and 365");

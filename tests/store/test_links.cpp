@@ -1,5 +1,7 @@
 #include "control/contract/enumerations.h"
+#include "host/services/HostClientIDClass.h"
 #include "platform/text.h"
+#include "store/modItemLinks.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/HostTest.h"
@@ -66,11 +68,30 @@ TEST_F(Links, LookupsOfAScheduleEntryGoOnToTheArchive) {
   EXPECT_EQ(getScheduleIDFromTaskID(task), live);
 }
 
+struct NotedClient : host::HostClientIDClass {
+  void put_clientDropDownCtrlReference(clientDropDownCtrlReference* given) override {
+    list = given;
+  }
+  clientDropDownCtrlReference* list = nullptr;
+};
+
+TEST_F(Links, ClientObjectTakesTheClientList) {
+  registry.registerClass<NotedClient>();
+  const auto client = ClientIDClassInit();
+  EXPECT_EQ(dynamic_cast<NotedClient&>(*client).list, &clients);
+}
+
 TEST_F(Links, LookupStatementsStandAsHostsKnowThem) {
+  const Id row = addRow("ClientNotification", {{"DocketIDNum", 7}});
+  const std::string ofRow =
+      "1,1 SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=" +
+      std::to_string(row) + ";";
   EXPECT_THAT(
-      statementsOf([] {
+      statementsOf([&] {
         getTaskIDFromScheduleID(900);
         getCompanyIDFromScheduleID(900);
+        getCompanyIDFromAutoNotificationID(row);
+        getContactIDFromAutoNotificationID(row);
       }),
       ElementsAre(
           "1,1 SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=900;",
@@ -78,7 +99,14 @@ TEST_F(Links, LookupStatementsStandAsHostsKnowThem) {
           "ScheduleIDNum=900;",
           "1,1 SELECT Schedule.ScheduleID, Schedule.ClientNum FROM Schedule WHERE ScheduleID=900;",
           "1,1 SELECT archiveSchedule.oldScheduleID, archiveSchedule.ClientNum FROM "
-          "archiveSchedule WHERE archiveSchedule.oldScheduleID=900;"));
+          "archiveSchedule WHERE archiveSchedule.oldScheduleID=900;",
+          ofRow,
+          "1,1 SELECT Dockets.CompanyIDNum, Dockets.DocketID  FROM Dockets WHERE DocketID=7;",
+          ofRow,
+          "1,1 SELECT Dockets.ContactIDNum, Dockets.DocketID  FROM Dockets WHERE DocketID=7;"));
+  plainDatabase->connection().exec("UPDATE ClientNotification SET ScheduleIDNum=8");
+  EXPECT_THAT(statementsOf([&] { getClientTypeFromNotificationID(row); }),
+              ElementsAre(ofRow, "1,1 SELECT Schedule.* FROM Schedule WHERE ScheduleID=8;"));
 }
 
 TEST_F(Links, ClientComesFromTheLinkedItemBeforeTheRow) {
@@ -96,6 +124,7 @@ TEST_F(Links, ClientComesFromTheLinkedItemBeforeTheRow) {
   const Id docket = addRow("Dockets", item);
   const Id bareTask = addRow("Tasks", {{"Subject", "x"}});
   EXPECT_EQ(getAppointmentSubjectFromAppointmentID(appointment), "Review");
+  EXPECT_EQ(getTaskSubjectFromTaskID(bareTask), "x");
   EXPECT_EQ(getDocketSubjectFromDocketID(docket), "Review");
   EXPECT_EQ(getDocketSubjectFromDocketID(999), "");
   EXPECT_EQ(getCompanyNameFromScheduleID(900), "Maple Ltd");
@@ -144,32 +173,37 @@ class Copying : public HostTest {
   Id addMarked(Id schedule, int channel, const std::string& mark, const std::string& field1 = {}) {
     RowFields fields{
         {"ScheduleIDNum", schedule}, {"NotificationType", channel}, {"Field1", field1}};
-    for (const char* name : {"Field2", "Field4", "Field6", "Memo"}) fields.emplace_back(name, mark);
+    for (const char* name : {"Field2", "Field3", "Field4", "Field5", "Field6", "Memo"})
+      fields.emplace_back(name, mark);
     return addRow("ClientNotification", fields);
   }
   std::string fieldsOf(Id row) {
     return dump(
-        "SELECT Field1, Field2, Field4, Field6, Memo FROM ClientNotification WHERE "
-        "ClientNotificationID=" +
+        "SELECT Field1, Field2, Field3, Field4, Field5, Field6, Memo FROM ClientNotification "
+        "WHERE ClientNotificationID=" +
         std::to_string(row));
   }
 };
 
 TEST_F(Copying, ByScheduleKeepsSubjectTextAndEmptyOldFields) {
-  const std::pair<int, const char*> cases[] = {{nt_Email, "new|old|new|old|new|\n"},
-                                               {nt_Fax, "new|old|old|new|new|\n"},
-                                               {nt_Phone, "new|old|old|old|new|\n"}};
+  const std::pair<int, const char*> cases[] = {{nt_Email, "new|old|old|new|old|old|new|\n"},
+                                               {nt_Fax, "new|old|old|old|old|new|new|\n"},
+                                               {nt_Phone, "new|old|old|old|old|old|new|\n"}};
   for (const auto& [channel, expected] : cases) {
-    addMarked(70, channel, "old");
+    const Id old = addMarked(70, channel, "old");
     const Id row = addMarked(71, channel, "new", "new");
     EXPECT_THAT(
         columnsWrittenBy([&] { copyOldNotificationInfoToNewNotificationByScheduleIDNum(row, 70); }),
         Not(Contains(HasSubstr("ClientNotificationModifiedStamp"))));
     EXPECT_EQ(fieldsOf(row), expected);
+    EXPECT_EQ(
+        logged("openRecordset").back(),
+        "1,3 SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=" +
+            std::to_string(old) + ";");
   }
   const Id lone = addMarked(71, nt_Letter, "new");
   copyOldNotificationInfoToNewNotificationByScheduleIDNum(lone, 70);
-  EXPECT_EQ(fieldsOf(lone), "|new|new|new|new|\n") << "no old row of the channel";
+  EXPECT_EQ(fieldsOf(lone), "|new|new|new|new|new|new|\n") << "no old row of the channel";
 }
 
 TEST_F(Copying, ByIdTheUnfinishedStatementIsRefused) {
@@ -183,7 +217,7 @@ TEST_F(Copying, ByIdTheUnfinishedStatementIsRefused) {
   // Going on past open, test and close.
   errors.answer({error_choice::next, error_choice::next, error_choice::next});
   copyOldNotificationInfoToNewNotification(row, old);
-  EXPECT_EQ(fieldsOf(row), "new|new|new|new|new|\n");
+  EXPECT_EQ(fieldsOf(row), "new|new|new|new|new|new|new|\n");
 }
 
 /// Reads the unfinished statement as a selection by key.
@@ -204,7 +238,7 @@ TEST_F(Copying, ByIdKeepsNothingBackForARowWithoutAChannel) {
   const Id old = addMarked(70, nt_Email, "old", "to");
   const Id row = addMarked(71, 0, "new", "new");
   copyOldNotificationInfoToNewNotification(row, old);
-  EXPECT_EQ(fieldsOf(row), "to|old|old|old|new|\n");
+  EXPECT_EQ(fieldsOf(row), "to|old|old|old|old|old|new|\n");
   openDatabase();
 }
 

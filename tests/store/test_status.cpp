@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "control/contract/AutoNotifyListForm.h"
@@ -152,22 +153,57 @@ TEST_F(Status, SentThenSentAgainThenCancelledThenMoved) {
               ElementsAre(stamp, "NotificationDate=" + toText(moved)));
 }
 
+TEST_F(Status, StatementsStandAsHostsKnowThem) {
+  const auto personInCharge = getNotificationEmployeeAssignedFromNotificationIDs;
+  const std::string joined =
+      " FROM ClientNotification INNER JOIN Schedule ON ClientNotification.ScheduleIDNum = "
+      "Schedule.ScheduleID WHERE Schedule.ClientNum=7;";
+  EXPECT_THAT(
+      statementsOf([&] {
+        changeNotificationStatus(nt_Email, nt_AddStatus, 7);
+        changeNotificationNotifiedDate(7, today());
+        doesClientHaveAssociatedUnsentNotifications(7);
+        cancelAllUnsentNotificationsForClientID(7);
+        personInCharge(7, -1, -1, -1, -1);
+        personInCharge(-1, 7, -1, -1, -1);
+        personInCharge(-1, -1, 7, -1, -1);
+        personInCharge(-1, -1, -1, 7, -1);
+      }),
+      ElementsAre(
+          "1,3 SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, Schedule.notifyType "
+          "FROM Schedule WHERE ScheduleID=7;",
+          "1,3 SELECT ClientNotification.ClientNotificationID, "
+          "ClientNotification.ClientNotificationModifiedStamp, "
+          "ClientNotification.NotificationDate FROM ClientNotification WHERE "
+          "ClientNotificationID=7;",
+          "1,1 SELECT Schedule.ClientNum" + joined,
+          "1,3 SELECT ClientNotification.ClientNotificationID, Schedule.ClientNum" + joined,
+          "1,1 SELECT Schedule.ScheduleID, Schedule.EmployeeAssigned FROM Schedule WHERE "
+          "ScheduleID=7;",
+          "1,1 SELECT Tasks.TaskID, Tasks.UserIDNum FROM Tasks WHERE TaskID=7;",
+          "1,1 SELECT Appointments.AppointmentID, Appointments.UserIDNum FROM Appointments WHERE "
+          "AppointmentID=7;",
+          "1,1 SELECT Dockets.DocketID, Dockets.UserIDNum FROM Dockets WHERE DocketID=7;"));
+}
+
 /// A host with one open window, the list.
 struct OpenList : FormHost, Form, AutoNotifyListForm {
   OpenList() : Form(static_cast<FormHost&>(*this), "FRMAUTONOTIFYLIST") {}
-  void refreshAutoNotificationRowByAutoNotificationID(Id id) override { refreshed.push_back(id); }
+  void refreshAutoNotificationRowByAutoNotificationID(Id id) override { refresh(id); }
   void pumpMessages() override {}
-  std::vector<Id> refreshed;
+  std::function<void(Id)> refresh;
 };
 
-TEST_F(Status, OpenListIsRefreshedOnRequestAlone) {
+TEST_F(Status, OpenListIsRefreshedOnRequestAloneWithWhatIsWritten) {
   OpenList list;
+  std::vector<std::string> seen;
+  list.refresh = [&](Id id) { seen.push_back(std::to_string(id) + ": " + stateOf(id)); };
   references().platform.formHost = &list;
   const Id row = addNotification(addEntry(1), nt_Email, today());
-  changeNotificationToSent(row, std::nullopt, false);
+  changeNotificationToSent(addNotification(noId, nt_Email, today()), std::nullopt, false);
   changeNotificationToSent(row, std::nullopt, true);
   changeNotificationToSent(999, std::nullopt, true);
-  EXPECT_THAT(list.refreshed, ElementsAre(row, 999));
+  EXPECT_THAT(seen, ElementsAre(std::to_string(row) + ": 1|2|NULL|\n", "999: "));
 }
 
 TEST_F(Status, ClientsRowsAreCancelledWhateverTheirState) {
@@ -178,8 +214,16 @@ TEST_F(Status, ClientsRowsAreCancelledWhateverTheirState) {
   EXPECT_TRUE(doesClientHaveAssociatedUnsentNotifications(50));
   EXPECT_FALSE(doesClientHaveAssociatedUnsentNotifications(52));
   EXPECT_FALSE(doesClientHaveAssociatedUnsentNotifications(noId));
+  calls.record(true);
   cancelAllUnsentNotificationsForClientID(50);
   cancelAllUnsentNotificationsForClientID(noId);
+  const std::string write = "updateFieldValue NotificationSentStatus=3";
+  std::vector<std::string> steps;
+  std::ranges::copy_if(calls.log(), std::back_inserter(steps), [&](const std::string& line) {
+    return line == write || line.ends_with("Bookmark") || line == "moveNext";
+  });
+  EXPECT_THAT(steps, ElementsAre("getBookmark", write, "gotoBookmark", "moveNext",  //
+                                 "getBookmark", write, "gotoBookmark", "moveNext"));
   for (const Id row : {pending, sent}) EXPECT_EQ(stateOf(row), "1|3|NULL|\n");
   for (const Id row : {others, personal}) EXPECT_EQ(stateOf(row), "0|1|NULL|\n");
   EXPECT_TRUE(doesClientHaveAssociatedUnsentNotifications(50)) << "a cancelled row counts too";

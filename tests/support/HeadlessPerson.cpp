@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <tuple>
 
 #include "platform/Value.h"
 #include "platform/controls/CheckBox.h"
@@ -36,6 +37,10 @@ std::vector<std::string> choicesIn(const Control& control) {
 std::string wordFor(bool flag) {
   return flag ? "yes" : "no";
 }
+
+/// The arguments of a message that no host reads.
+using Reserved = std::tuple<int, int, int, int, std::string, int>;
+const Reserved fixedArguments{0, 0, 101, 0, "", 0};
 
 }  // namespace
 
@@ -97,8 +102,9 @@ void HeadlessPerson::finish() {
   said_.clear();
 }
 
-void HeadlessPerson::showModal(Form& form, HostObject*) {
+void HeadlessPerson::showModal(Form& form, HostObject* owner) {
   pass("showModal");
+  EXPECT_EQ(owner, activeWindow_) << form.name();
   ++windowsShown_;
   if (windows_.empty() || !equalIgnoreCase(windows_.front().formName, form.name())) {
     ADD_FAILURE() << "nobody expected the window " << form.name();
@@ -156,15 +162,19 @@ int HeadlessPerson::hear(const ExpectedMessage& heard) {
   return expected.answer;
 }
 
-void HeadlessPerson::showMessage(const std::string& text, int style, HostObject*, int, int, int,
-                                 int, const std::string&, int) {
+void HeadlessPerson::showMessage(const std::string& text, int style, HostObject* owner, int r1,
+                                 int r2, int r3, int r4, const std::string& r5, int r6) {
   pass("showMessage");
+  EXPECT_EQ(owner, activeWindow_) << text;
+  EXPECT_EQ(Reserved(r1, r2, r3, r4, r5, r6), fixedArguments) << text;
   hear({text, style, false, 0});
 }
 
-int HeadlessPerson::askQuestion(const std::string& text, int style, HostObject*, int, int, int, int,
-                                const std::string&, int) {
+int HeadlessPerson::askQuestion(const std::string& text, int style, HostObject* owner, int r1,
+                                int r2, int r3, int r4, const std::string& r5, int r6) {
   pass("askQuestion");
+  EXPECT_EQ(owner, activeWindow_) << text;
+  EXPECT_EQ(Reserved(r1, r2, r3, r4, r5, r6), fixedArguments) << text;
   return hear({text, style, true, 0});
 }
 

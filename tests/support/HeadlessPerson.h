@@ -63,8 +63,9 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   using Script = std::function<void(WindowInUse&)>;
 
   HeadlessPerson() = default;
-  /// The component's calls pass the door, which may fail them.
-  explicit HeadlessPerson(HostCalls& calls) : calls_(&calls) {}
+  /// The component's calls pass the door, which may fail them, and name the active window as owner.
+  HeadlessPerson(HostCalls& calls, HostObject* activeWindow)
+      : calls_(&calls), activeWindow_(activeWindow) {}
 
   /// The next window that comes up and what the person does in it.
   void expectWindow(std::string formName, Script script);
@@ -96,10 +97,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   }
   void pumpMessages() override;
 
-  void showMessage(const std::string& text, int style, HostObject* owner, int, int, int, int,
-                   const std::string&, int) override;
-  int askQuestion(const std::string& text, int style, HostObject* owner, int, int, int, int,
-                  const std::string&, int) override;
+  void showMessage(const std::string& text, int style, HostObject* owner, int r1, int r2, int r3,
+                   int r4, const std::string& r5, int r6) override;
+  int askQuestion(const std::string& text, int style, HostObject* owner, int r1, int r2, int r3,
+                  int r4, const std::string& r5, int r6) override;
 
  private:
   struct ExpectedWindow {
@@ -122,6 +123,7 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   int hear(const ExpectedMessage& heard);
 
   HostCalls* calls_ = nullptr;
+  HostObject* activeWindow_ = nullptr;
   std::deque<ExpectedWindow> windows_;
   std::deque<ExpectedMessage> said_;
   std::deque<std::string> menuChoices_;

@@ -18,6 +18,16 @@
 
 namespace autonotify::test {
 
+/// A locale with a window that is active.
+class TestLocale : public host::HostLocale {
+ public:
+  using HostLocale::HostLocale;
+  HostObject* getActiveWindow() override { return &window_; }
+
+ private:
+  HostObject window_;
+};
+
 /// A complete host on an empty database in memory: the real services behind wrappers that count,
 /// record and fail the calls of the component. Host services among themselves do not pass the
 /// wrappers.
@@ -47,7 +57,7 @@ class TestHost {
   HostCalls calls;
   ScriptedErrorClass errors;
   FixedClock clock;
-  host::HostLocale plainLocale;
+  TestLocale plainLocale;
   host::TerminalMsgbox messages;
   host::HostWorkingFolder workingFolder;
   host::HeadlessFormHost forms;

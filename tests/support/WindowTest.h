@@ -51,7 +51,7 @@ class NotedEmail : public EmailSender {
 /// Puts a person and an email program into a host that is attached.
 class Desk {
  public:
-  explicit Desk(TestHost& host) : person(host.calls) {
+  explicit Desk(TestHost& host) : person(host.calls, host.plainLocale.getActiveWindow()) {
     references().platform.formHost = &person;
     references().msgboxClass = &person;
     host.registry.registerClass(EmailSender::className, [this, &host] {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -11,7 +14,8 @@
 
 namespace autonotify::test {
 
-/// Forwards every call to the DatabaseReference inside, through the door.
+/// Forwards every call to the DatabaseReference inside, through the door. Reserved arguments that
+/// are not the fixed ones fail the test.
 class CountedDatabase : public DatabaseReference {
  public:
   CountedDatabase(DatabaseReference& inner, HostCalls& calls) : inner_(&inner), calls_(calls) {}
@@ -25,6 +29,7 @@ class CountedDatabase : public DatabaseReference {
       return std::to_string(static_cast<int>(cursor)) + "," +
              std::to_string(static_cast<int>(lock)) + " " + sql;
     });
+    EXPECT_EQ(std::tuple(r1, r2, r3, r4), std::tuple(-1, std::string{}, -1, false)) << sql;
     return inner_->openRecordset(sql, cursor, lock, r1, r2, r3, r4);
   }
   void closeRecordset(RecordsetHandle h) override {
@@ -76,6 +81,7 @@ class CountedDatabase : public DatabaseReference {
   bool updateFieldValue(RecordsetHandle h, const std::string& field, const std::string& value,
                         bool r1, bool r2) override {
     calls_.pass("updateFieldValue", [&] { return field + "=" + value; });
+    EXPECT_FALSE(r1 || r2) << field;
     return inner_->updateFieldValue(h, field, value, r1, r2);
   }
   bool deleteRecord(RecordsetHandle h) override {
@@ -99,6 +105,7 @@ class CountedDatabase : public DatabaseReference {
                   const std::string& r1, const std::string& r2, const std::string& r3,
                   const std::string& r4) override {
     calls_.pass("findRecord", [&] { return field + "=" + value; });
+    EXPECT_EQ(r1 + r2 + r3 + r4, "") << field;
     return inner_->findRecord(h, field, value, r1, r2, r3, r4);
   }
   bool findNextRecord(RecordsetHandle h) override {

@@ -11,7 +11,8 @@
 namespace autonotify::test {
 
 /// An errorClass whose person answers from a script. A question beyond the script fails the test,
-/// and is answered with "leave" so that a loop of retries ends.
+/// and is answered with "leave" so that a loop of retries ends. A failure that is not recorded,
+/// then shown, then asked about fails it too.
 class ScriptedErrorClass : public errorClass {
  public:
   void answer(std::initializer_list<int> choices) {
@@ -33,10 +34,12 @@ class ScriptedErrorClass : public errorClass {
     ++left_;
   }
   void recordError(const PlatformError& error) override {
+    EXPECT_EQ(asked_, std::ssize(recorded_));
     recorded_.push_back({error.number(), error.description(), stack_.empty() ? "" : stack_.back()});
   }
-  void showErrorDialog() override { ++dialogs_; }
+  void showErrorDialog() override { EXPECT_EQ(++dialogs_, std::ssize(recorded_)); }
   int getErrorChoice() override {
+    EXPECT_EQ(++asked_, dialogs_);
     if (script_.empty()) {
       if (restLeft_-- > 0) return restChoice_;
       ADD_FAILURE() << "nobody expected this error: "
@@ -68,6 +71,7 @@ class ScriptedErrorClass : public errorClass {
   int restChoice_ = error_choice::leave;
   int restLeft_ = 0;
   int dialogs_ = 0;
+  int asked_ = 0;
   int entered_ = 0;
   int left_ = 0;
 };
