@@ -109,7 +109,6 @@ void readBusinessFields(Step& step, RecordsetHandle row, const AddressParts& par
 }  // namespace
 
 bool readDisplayName(Step& step, Id contactId, std::string& name) {
-  if (contactId < 0) return false;
   return withRow(
       step,
       "SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE Contacts.ContactID=",
@@ -121,17 +120,15 @@ void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts&
                         bool& includePerson, AddressRecord& record) {
   const bool isFirm = firmId >= 0;
   if ((companyId < 0 && !isFirm) || !isDatabaseOpen(step)) return;
-  withFirstRow(
-      step,
-      isFirm ? statementFor(firmStatement, firmId) : statementFor(companyStatement, companyId),
-      keysetRead, [&](RecordsetHandle row) {
-        if (parts.address) readFields(step, row, ofCompany, addressRange, record);
-        if (includePerson) {
-          includePerson = readDisplayName(step, checkForDefaultContact(companyId, noId),
-                                          record[AddressField::personName]);
-        }
-        readContactLines(step, row, ofCompany, parts, record);
-      });
+  withRow(step, isFirm ? firmStatement : companyStatement, isFirm ? firmId : companyId, keysetRead,
+          [&](RecordsetHandle row) {
+            if (parts.address) readFields(step, row, ofCompany, addressRange, record);
+            if (includePerson) {
+              includePerson = readDisplayName(step, checkForDefaultContact(companyId, noId),
+                                              record[AddressField::personName]);
+            }
+            readContactLines(step, row, ofCompany, parts, record);
+          });
 }
 
 void readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
@@ -141,7 +138,6 @@ void readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
     const bool isStaff = person.contactId < 0;
     if (isStaff) companyId = readId(step, row, "CompanyNum");
     readBusinessFields(step, row, parts, includeBusinessName, record);
-    if (companyId < 0) return;
     withRow(step, isStaff ? firmStatement : companyStatement, companyId, keysetRead,
             [&](RecordsetHandle company) {
               if (readFlag(step, row, "InheritCompanyInfo"))

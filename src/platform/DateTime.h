@@ -52,7 +52,6 @@ class DateTime {
   constexpr DateTime addDays(std::int32_t days) const { return fromSerial(days_ + days, seconds_); }
   /// Midnight of the same day.
   constexpr DateTime dateOnly() const { return fromSerial(days_); }
-
   /// Whole minutes since 1899-12-30 00:00.
   constexpr std::int64_t totalMinutes() const { return std::int64_t{days_} * 1440 + seconds_ / 60; }
 

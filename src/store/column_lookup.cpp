@@ -21,7 +21,6 @@ Result lookUp(const ColumnLookup& lookup, Id id, Result none, Convert convert) {
 
 Value readColumn(Step& step, const ColumnSource& first, const ColumnSource& second, Id id) {
   Value value;
-  if (id < 0) return value;
   const bool found = readFirstRow(step, first, id, value);
   if (!found && second.statement) readFirstRow(step, second, id, value);
   return value;

@@ -64,19 +64,13 @@ void Form::showModal(HostObject* windowOwner) {
   const Raised beingShown(isBeingShown_);
   isVisible_ = true;
   try {
-    focusFirst();
+    settleFocus();
     if (isVisible_) host_.showModal(*this, windowOwner);
   } catch (...) {
     isVisible_ = false;
     throw;
   }
   if (isVisible_ && !unload(CloseReason::hostEnds)) hide();
-}
-
-void Form::focusFirst() {
-  if (focused_ && canHaveFocus(focused_)) return;
-  const auto first = std::ranges::find_if(controls_, canHaveFocus);
-  if (first != controls_.end()) giveFocus(**first);
 }
 
 void Form::hide() {
@@ -110,11 +104,11 @@ void Form::giveFocus(Control& control) {
 }
 
 void Form::settleFocus() {
-  if (!isVisible_ || !focused_ || canHaveFocus(focused_)) return;
-  const auto at = std::ranges::find(controls_, focused_);
-  auto next = std::find_if(at, controls_.end(), canHaveFocus);
-  if (next == controls_.end()) next = std::find_if(controls_.begin(), at, canHaveFocus);
-  if (next != controls_.end() && next != at) giveFocus(**next);
+  if (!isVisible_ || (focused_ && canHaveFocus(focused_))) return;
+  const auto from = std::ranges::find(controls_, focused_);
+  auto next = std::find_if(from, controls_.end(), canHaveFocus);
+  if (next == controls_.end()) next = std::ranges::find_if(controls_, canHaveFocus);
+  if (next != controls_.end()) giveFocus(**next);
 }
 
 bool Form::moveFocus(Control& control) {

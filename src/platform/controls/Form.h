@@ -67,7 +67,8 @@ class Form : public HostObject, public ControlOwner {
   /// Moves the focus as a person's act does: the control that has it may keep it (onValidate), in
   /// which case the answer is False. Lost focus is told before gained focus.
   bool moveFocus(Control& control);
-  /// Moves the focus on to the next control within reach, where the one that has it no longer is.
+  /// Moves the focus on to the next control within reach, the first behind the last, unless the one
+  /// that has it is within reach.
   void settleFocus();
 
   void adopt(Control& control) override { controls_.push_back(&control); }
@@ -84,7 +85,6 @@ class Form : public HostObject, public ControlOwner {
 
  private:
   void leaveScreen();
-  void focusFirst();
 
   FormHost& host_;
   std::string name_;
