@@ -5,7 +5,7 @@
 
 #include <stdexcept>
 
-#include "control/contract/references.h"
+#include "contract/references.h"
 #include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
 

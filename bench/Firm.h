@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
+#include "host/dialogs/TerminalErrorClass.h"
+#include "host/dialogs/TerminalMsgbox.h"
 #include "host/services/ClassRegistry.h"
-#include "host/services/ClientDirectory.h"
 #include "host/services/HeadlessFormHost.h"
 #include "host/services/HostLocale.h"
 #include "host/services/HostWorkingFolder.h"
-#include "host/services/TerminalErrorClass.h"
-#include "host/services/TerminalMsgbox.h"
 #include "platform/Clock.h"
 #include "platform/Value.h"
 

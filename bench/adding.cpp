@@ -1,8 +1,8 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/Replay.h"
-#include "bench/rows.h"
-#include "store/channels/modChannelNotifications.h"
+#include "bench/raw_rows.h"
+#include "channels/modChannelNotifications.h"
 
 // A notification from end to end, by channel: date, recipient, text and the new row. In a file the
 // disk's share is the same on both sides, as one connection serves both.

@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/Replay.h"
-#include "bench/rows.h"
+#include "bench/raw_rows.h"
 #include "scheduling/modNotificationComments.h"
 
 // The text of a notification from end to end, for 1,000 tasks.

@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "bench/rows.h"
+#include "bench/raw_rows.h"
 
 // A handle for adding on a table of a million rows, up to the key of the new row. No row is saved.
 

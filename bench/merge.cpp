@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "bench/rows.h"
-#include "control/contract/references.h"
+#include "bench/raw_rows.h"
+#include "contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "store/modNotificationLinks.h"
 

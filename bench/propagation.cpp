@@ -2,8 +2,8 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include "bench/rows.h"
-#include "control/contract/recordsets.h"
+#include "bench/raw_rows.h"
+#include "contract/recordsets.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "store/modNotificationLinks.h"

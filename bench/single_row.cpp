@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/Replay.h"
-#include "bench/rows.h"
+#include "bench/raw_rows.h"
 
 // A row by its key: open, read three columns, close.
 

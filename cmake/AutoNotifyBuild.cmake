@@ -42,12 +42,66 @@ if(AUTONOTIFY_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# autonotify_folder(TARGET folder [DEPENDS ...]): a static library of all sources right in the folder.
-# Symbols are hidden: the component exports its entry points and nothing else.
-function(autonotify_folder target folder)
-  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp")
+# The table of folders; its rows become AUTONOTIFY_FOLDERS and, per folder, its lists of what it may
+# include and of its libraries.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_CURRENT_LIST_DIR}/folders.txt")
+file(STRINGS "${CMAKE_CURRENT_LIST_DIR}/folders.txt" rows REGEX "^[a-z]+/")
+foreach(row IN LISTS rows)
+  string(REGEX MATCH "^([^ ]+) \\| ([^|]*)\\| ([^|]*)\\|" matched "${row}")
+  set(folder "${CMAKE_MATCH_1}")
+  list(APPEND AUTONOTIFY_FOLDERS "${folder}")
+  separate_arguments(AUTONOTIFY_BELOW_${folder} UNIX_COMMAND "${CMAKE_MATCH_2}")
+  string(CONFIGURE "${CMAKE_MATCH_3}" libraries)
+  separate_arguments(AUTONOTIFY_LIBRARIES_${folder} UNIX_COMMAND "${libraries}")
+endforeach()
+
+# The target of a folder: "host/database/sqlite" is autonotify_database_sqlite.
+function(autonotify_target folder result)
+  string(REGEX REPLACE "^[a-z]+/(.*)" "autonotify_\\1" name "${folder}")
+  string(REPLACE "/" "_" name "${name}")
+  set(${result} "${name}" PARENT_SCOPE)
+endfunction()
+
+# All sources of a folder but those of folders below it that have rows of their own.
+function(autonotify_sources folder result)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.cpp")
+  foreach(other IN LISTS AUTONOTIFY_FOLDERS)
+    if(other MATCHES "^${folder}/")
+      list(FILTER sources EXCLUDE REGEX "^${PROJECT_SOURCE_DIR}/${other}/")
+    endif()
+  endforeach()
+  set(${result} "${sources}" PARENT_SCOPE)
+endfunction()
+
+# What the folder's row names: the targets of the folders that it may include, and its libraries.
+function(autonotify_dependencies folder result)
+  set(names ${AUTONOTIFY_LIBRARIES_${folder}})
+  foreach(other IN LISTS AUTONOTIFY_BELOW_${folder})
+    autonotify_target("${other}" target)
+    list(APPEND names "${target}")
+  endforeach()
+  set(${result} "${names}" PARENT_SCOPE)
+endfunction()
+
+# A static library of the folder. Symbols are hidden: the component exports its entry points and
+# nothing else.
+function(autonotify_folder folder)
+  autonotify_target("${folder}" target)
+  autonotify_sources("${folder}" sources)
+  autonotify_dependencies("${folder}" dependencies)
   add_library(${target} STATIC ${sources})
-  target_link_libraries(${target} PUBLIC autonotify_options ${ARG_DEPENDS})
+  target_link_libraries(${target} PUBLIC autonotify_options ${dependencies})
+  if(folder MATCHES "^host/")
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
+  endif()
   set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
+# The libraries of all folders below `top` ("src", "host"), but of those named behind it.
+function(autonotify_folders top)
+  foreach(folder IN LISTS AUTONOTIFY_FOLDERS)
+    if(folder MATCHES "^${top}/" AND NOT folder IN_LIST ARGN)
+      autonotify_folder("${folder}")
+    endif()
+  endforeach()
 endfunction()

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/contact_lists.h"
-#include "control/contract/enumerations.h"
-#include "control/contract/merge_fields.h"
+#include "contract/contact_lists.h"
+#include "contract/enumerations.h"
+#include "contract/merge_fields.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 

@@ -6,9 +6,9 @@
 #include "Arguments.h"
 #include "Reply.h"
 #include "host/desk/Desk.h"
+#include "host/dialogs/TerminalErrorClass.h"
+#include "host/dialogs/TerminalMsgbox.h"
 #include "host/services/HeadlessFormHost.h"
-#include "host/services/TerminalErrorClass.h"
-#include "host/services/TerminalMsgbox.h"
 
 namespace autonotify::console {
 

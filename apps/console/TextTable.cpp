@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "host/services/Terminal.h"
+#include "host/dialogs/Terminal.h"
 #include "platform/text.h"
 
 namespace autonotify::console {

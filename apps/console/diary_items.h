@@ -6,7 +6,7 @@
 #include <string>
 
 #include "Session.h"
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "host/desk/claims.h"
 
 namespace autonotify::console {

@@ -5,8 +5,8 @@
 
 #include "Reply.h"
 #include "Session.h"
+#include "host/clients/record_rows.h"
 #include "host/desk/notifications.h"
-#include "host/services/rows.h"
 
 namespace autonotify::console {
 

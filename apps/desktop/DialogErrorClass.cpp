@@ -4,7 +4,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

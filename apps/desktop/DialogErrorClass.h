@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/services/RecordingErrorClass.h"
+#include "host/dialogs/RecordingErrorClass.h"
 
 namespace autonotify::desktop {
 

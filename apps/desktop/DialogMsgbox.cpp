@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

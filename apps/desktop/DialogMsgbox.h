@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/MsgboxClass.h"
+#include "contract/MsgboxClass.h"
 
 namespace autonotify::desktop {
 

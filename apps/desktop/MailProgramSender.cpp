@@ -4,7 +4,7 @@
 
 #include "host/mail/addresses.h"
 #include "host/mail/mail_message.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

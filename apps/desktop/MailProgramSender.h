@@ -2,7 +2,7 @@
 
 #include <QUrl>
 
-#include "control/contract/EmailSender.h"
+#include "contract/EmailSender.h"
 
 namespace autonotify::desktop {
 

@@ -24,7 +24,7 @@
 #include "WaitingSender.h"
 #include "binding/FaultWatch.h"
 #include "host/desk/databases.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

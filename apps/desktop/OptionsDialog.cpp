@@ -15,7 +15,7 @@
 #include <QVBoxLayout>
 
 #include "host/desk/user_options.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

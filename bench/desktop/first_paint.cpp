@@ -18,7 +18,7 @@
 #include <functional>
 
 #include "MainWindow.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "control/contract/DatabaseReference.h"
+#include "contract/DatabaseReference.h"
 
 /// The smallest database that answers: every statement finds the same row. A real host puts its own
 /// engine behind this interface.

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "control/contract/FileUtility.h"
-#include "control/contract/GeneralUtilities.h"
-#include "control/contract/PlatformServices.h"
-#include "control/contract/ValidationUtilities.h"
+#include "contract/FileUtility.h"
+#include "contract/GeneralUtilities.h"
+#include "contract/PlatformServices.h"
+#include "contract/ValidationUtilities.h"
 
 // The services that a host without windows, files and dialogs gets by with.
 

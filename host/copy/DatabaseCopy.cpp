@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "host/clients/record_rows.h"
 #include "host/database/dialect/DatabaseError.h"
-#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "control/contract/DatabaseReference.h"
+#include "contract/DatabaseReference.h"
 #include "host/database/ColumnIndex.h"
 #include "host/database/RecordsetObject.h"
 #include "host/database/RowList.h"

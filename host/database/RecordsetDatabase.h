@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "control/contract/DatabaseReference.h"
+#include "contract/DatabaseReference.h"
 #include "host/database/Recordset.h"
 #include "host/database/Session.h"
 

@@ -1,7 +1,7 @@
 #include "host/demo/DemoFirm.h"
 
+#include "host/demo/demo_schedule_kinds.h"
 #include "host/demo/demo_world.h"
-#include "host/demo/schedule_kinds.h"
 
 namespace autonotify::host {
 

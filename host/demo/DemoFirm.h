@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "host/database/RowSink.h"
 #include "platform/DateTime.h"
 

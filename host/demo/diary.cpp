@@ -1,6 +1,6 @@
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
+#include "host/demo/demo_notifications.h"
 #include "host/demo/demo_world.h"
-#include "host/demo/notifications.h"
 #include "host/demo/word_lists.h"
 #include "platform/format.h"
 

@@ -1,6 +1,6 @@
 #include <array>
 
-#include "host/demo/schedule_kinds.h"
+#include "host/demo/demo_schedule_kinds.h"
 
 namespace autonotify::host::demo {
 

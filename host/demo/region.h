@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 
 namespace autonotify::host::demo {
 

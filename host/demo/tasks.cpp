@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include "host/demo/demo_notifications.h"
+#include "host/demo/demo_schedule_kinds.h"
 #include "host/demo/demo_world.h"
-#include "host/demo/notifications.h"
-#include "host/demo/schedule_kinds.h"
 #include "platform/format.h"
 
 namespace autonotify::host::demo {

@@ -5,9 +5,9 @@
 
 #include <filesystem>
 
+#include "host/clients/record_rows.h"
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
-#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {

@@ -7,11 +7,11 @@
 
 #include "control/clsAutoNotifyCtrl.h"
 #include "control/clsNotificationTools.h"
+#include "host/clients/ClientDirectory.h"
 #include "host/desk/claims.h"
 #include "host/loader/ComponentLibrary.h"
 #include "host/mail/OutboxEmailSender.h"
 #include "host/services/ClassRegistry.h"
-#include "host/services/ClientDirectory.h"
 #include "host/services/HostLocale.h"
 #include "host/services/HostWorkingFolder.h"
 #include "host/services/clocks.h"

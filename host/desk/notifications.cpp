@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "host/services/rows.h"
+#include "host/clients/record_rows.h"
 #include "platform/format.h"
 
 namespace autonotify::host {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "host/desk/Desk.h"
 
 namespace autonotify::host {

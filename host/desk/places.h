@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 
 namespace autonotify::host {
 

@@ -4,8 +4,8 @@
 
 #include <array>
 
+#include "host/clients/record_rows.h"
 #include "host/database/schema/caseless.h"
-#include "host/services/rows.h"
 
 namespace autonotify::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "host/services/rows.h"
+#include "host/clients/record_rows.h"
 
 namespace autonotify::host {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "host/clients/record_rows.h"
 #include "host/mail/Outbox.h"
 #include "host/mail/gmime_handles.h"
-#include "host/services/rows.h"
 #include "platform/PlatformError.h"
 
 namespace autonotify::host {

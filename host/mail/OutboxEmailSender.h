@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/EmailSender.h"
+#include "contract/EmailSender.h"
 #include "host/mail/mail_message.h"
 #include "host/mail/smtp.h"
 #include "platform/Clock.h"

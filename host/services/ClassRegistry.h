@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "control/contract/HostClassRegistry.h"
+#include "contract/HostClassRegistry.h"
 
 namespace autonotify::host {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/PlatformServices.h"
+#include "contract/PlatformServices.h"
 
 namespace autonotify::host {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/ClientIDClass.h"
+#include "contract/ClientIDClass.h"
 
 namespace autonotify::host {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/FileUtility.h"
+#include "contract/FileUtility.h"
 
 namespace autonotify::host {
 

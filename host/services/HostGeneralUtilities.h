@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/GeneralUtilities.h"
+#include "contract/GeneralUtilities.h"
 
 namespace autonotify::host {
 

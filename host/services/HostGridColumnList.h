@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "control/contract/GridColumnList.h"
+#include "contract/GridColumnList.h"
 
 namespace autonotify::host {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "control/contract/ItemLinksClass.h"
+#include "contract/ItemLinksClass.h"
 
 namespace autonotify::host {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/ListCleaner.h"
+#include "contract/ListCleaner.h"
 
 namespace autonotify::host {
 

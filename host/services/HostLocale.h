@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "control/contract/LocaleReference.h"
-#include "control/contract/enumerations.h"
+#include "contract/LocaleReference.h"
+#include "contract/enumerations.h"
 
 namespace autonotify::host {
 

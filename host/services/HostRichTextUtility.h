@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/RichTextUtility.h"
+#include "contract/RichTextUtility.h"
 
 namespace autonotify::host {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/ValidationUtilities.h"
+#include "contract/ValidationUtilities.h"
 
 namespace autonotify::host {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "control/contract/WorkingFolderReference.h"
+#include "contract/WorkingFolderReference.h"
 
 namespace autonotify::host {
 

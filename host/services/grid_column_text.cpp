@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-#include "control/contract/GridColumnList.h"
+#include "contract/GridColumnList.h"
 
 namespace autonotify::host {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "contacts/modAddressFormatting.h"
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 
 // Reading address records. Each function is made of statements of the caller's frame.
 

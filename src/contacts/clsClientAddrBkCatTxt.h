@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "control/contract/ClientIDClass.h"
-#include "control/contract/GridColumnList.h"
-#include "control/contract/recordsets.h"
+#include "contract/ClientIDClass.h"
+#include "contract/GridColumnList.h"
+#include "contract/recordsets.h"
 
 namespace autonotify {
 

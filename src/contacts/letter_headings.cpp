@@ -1,6 +1,6 @@
 #include "contacts/address_records.h"
 #include "contacts/modDefaultContact.h"
-#include "control/contract/rich_texts.h"
+#include "contract/rich_texts.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/format.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 #include "platform/text.h"
 
 namespace autonotify {

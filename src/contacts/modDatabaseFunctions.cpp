@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "contacts/recipient_lists.h"
-#include "control/contract/ListCleaner.h"
-#include "control/contract/recordsets.h"
+#include "contract/ListCleaner.h"
+#include "contract/recordsets.h"
 #include "platform/controls/ComboBox.h"
 
 namespace autonotify {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 #include "store/column_lookup.h"
 
 namespace autonotify {

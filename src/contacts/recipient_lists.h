@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 #include "platform/Value.h"
 
 // The one pattern of all lists of recipients, and their rows.

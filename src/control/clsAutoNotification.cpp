@@ -1,7 +1,7 @@
 #include "control/clsAutoNotification.h"
 
+#include "contract/procedure.h"
 #include "control/component_objects.h"
-#include "control/contract/procedure.h"
 #include "store/modItemLinks.h"
 
 namespace autonotify {

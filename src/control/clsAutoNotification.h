@@ -1,7 +1,7 @@
 #pragma once
 
+#include "contract/ItemLinksClass.h"
 #include "control/component.h"
-#include "control/contract/ItemLinksClass.h"
 #include "platform/Value.h"
 
 namespace autonotify {

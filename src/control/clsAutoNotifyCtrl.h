@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <string>
 
+#include "contract/DatabaseReference.h"
+#include "contract/LocaleReference.h"
+#include "contract/MsgboxClass.h"
+#include "contract/WorkingFolderReference.h"
+#include "contract/clientDropDownCtrlReference.h"
+#include "contract/enumerations.h"
+#include "contract/errorClass.h"
 #include "control/component.h"
-#include "control/contract/DatabaseReference.h"
-#include "control/contract/LocaleReference.h"
-#include "control/contract/MsgboxClass.h"
-#include "control/contract/WorkingFolderReference.h"
-#include "control/contract/clientDropDownCtrlReference.h"
-#include "control/contract/enumerations.h"
-#include "control/contract/errorClass.h"
 
 namespace autonotify {
 

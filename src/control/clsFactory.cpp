@@ -3,8 +3,8 @@
 #include <atomic>
 #include <vector>
 
+#include "contract/references.h"
 #include "control/component_objects.h"
-#include "control/contract/references.h"
 #include "platform/text.h"
 
 namespace autonotify {

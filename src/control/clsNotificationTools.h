@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "contract/contact_lists.h"
+#include "contract/date_explanation.h"
+#include "contract/merge_fields.h"
 #include "control/component.h"
-#include "control/contract/contact_lists.h"
-#include "control/contract/date_explanation.h"
-#include "control/contract/merge_fields.h"
 #include "platform/Value.h"
 
 namespace autonotify {

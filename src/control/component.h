@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "control/contract/PlatformServices.h"
+#include "contract/PlatformServices.h"
 
 // The border of the component hvAutoNotifyCtrl6: a shared library with four entry points and
 // nothing else. A host loads the library, asks DllGetClassObject for the class object, hands over

@@ -6,7 +6,7 @@
 #include "contacts/modContactSummaries.h"
 #include "contacts/modDatabaseFunctions.h"
 #include "contacts/modDefaultContact.h"
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 #include "platform/controls/ComboBox.h"
 
 namespace autonotify {

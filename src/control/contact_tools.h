@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/contact_lists.h"
+#include "contract/contact_lists.h"
 
 namespace autonotify {
 

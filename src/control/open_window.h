@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "control/contract/windows.h"
+#include "contract/windows.h"
 
 namespace autonotify {
 

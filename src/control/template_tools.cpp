@@ -1,9 +1,9 @@
 #include "control/template_tools.h"
 
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_columns.h"
-#include "merge/field_list_kinds.h"
+#include "merge/fields/field_list_columns.h"
+#include "merge/fields/field_list_kinds.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "store/column_lookup.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/merge_fields.h"
+#include "contract/merge_fields.h"
 #include "platform/Value.h"
 
 namespace autonotify {

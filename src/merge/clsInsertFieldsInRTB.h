@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "control/contract/GridColumnList.h"
-#include "control/contract/recordsets.h"
-#include "merge/field_claims.h"
-#include "merge/field_list_kinds.h"
+#include "contract/GridColumnList.h"
+#include "contract/recordsets.h"
+#include "merge/fields/field_claims.h"
+#include "merge/fields/field_list_kinds.h"
 #include "merge/merge_sources.h"
 #include "platform/controls/ListBox.h"
 

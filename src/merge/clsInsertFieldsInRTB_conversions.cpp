@@ -1,11 +1,11 @@
 #include <cstdlib>
 
-#include "control/contract/enumerations.h"
-#include "control/contract/recordsets.h"
+#include "contract/enumerations.h"
+#include "contract/recordsets.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/province_names.h"
-#include "merge/province_terms.h"
-#include "merge/template_rewrites.h"
+#include "merge/templates/province_names.h"
+#include "merge/templates/province_terms.h"
+#include "merge/templates/template_rewrites.h"
 #include "platform/format.h"
 #include "platform/text.h"
 

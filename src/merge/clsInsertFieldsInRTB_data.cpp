@@ -1,8 +1,8 @@
-#include "control/contract/windows.h"
+#include "contract/windows.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_catalogue.h"
-#include "merge/field_list_columns.h"
-#include "merge/merge_values.h"
+#include "merge/fields/field_catalogue.h"
+#include "merge/fields/field_list_columns.h"
+#include "merge/records/merge_values.h"
 #include "platform/format.h"
 #include "platform/text.h"
 

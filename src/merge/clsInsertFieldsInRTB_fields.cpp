@@ -1,8 +1,8 @@
 #include <utility>
 
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_builder.h"
+#include "merge/fields/field_list_builder.h"
 
 namespace autonotify {
 namespace {

@@ -1,6 +1,6 @@
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_catalogue.h"
-#include "merge/template_rewrites.h"
+#include "merge/fields/field_catalogue.h"
+#include "merge/templates/template_rewrites.h"
 
 namespace autonotify {
 namespace {

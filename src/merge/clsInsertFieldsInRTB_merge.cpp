@@ -1,6 +1,6 @@
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_catalogue.h"
-#include "merge/field_list_columns.h"
+#include "merge/fields/field_catalogue.h"
+#include "merge/fields/field_list_columns.h"
 #include "platform/text.h"
 
 namespace autonotify {

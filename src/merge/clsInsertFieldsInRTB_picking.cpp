@@ -1,9 +1,9 @@
-#include "control/contract/references.h"
-#include "control/contract/rich_texts.h"
+#include "contract/references.h"
+#include "contract/rich_texts.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_catalogue.h"
-#include "merge/field_list_columns.h"
-#include "merge/merge_tokens.h"
+#include "merge/fields/field_catalogue.h"
+#include "merge/fields/field_list_columns.h"
+#include "merge/templates/merge_tokens.h"
 #include "platform/controls/RichTextBox.h"
 
 namespace autonotify {

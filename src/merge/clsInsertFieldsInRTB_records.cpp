@@ -1,7 +1,7 @@
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_columns.h"
-#include "merge/merge_values.h"
-#include "merge/modCodeTexts.h"
+#include "merge/fields/field_list_columns.h"
+#include "merge/records/merge_values.h"
+#include "merge/records/modCodeTexts.h"
 #include "platform/format.h"
 #include "platform/text.h"
 

@@ -1,5 +1,5 @@
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_columns.h"
+#include "merge/fields/field_list_columns.h"
 #include "platform/text.h"
 
 namespace autonotify {

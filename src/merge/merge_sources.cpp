@@ -1,6 +1,6 @@
 #include "merge/merge_sources.h"
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "merge/clsInsertFieldsInRTB.h"
 
 namespace autonotify {

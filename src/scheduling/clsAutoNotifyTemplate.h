@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "control/contract/procedure.h"
-#include "control/contract/recordsets.h"
+#include "contract/procedure.h"
+#include "contract/recordsets.h"
 #include "platform/Value.h"
 
 namespace autonotify {

@@ -1,6 +1,6 @@
 #include <optional>
 
-#include "control/contract/windows.h"
+#include "contract/windows.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "store/column_lookup.h"

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_kinds.h"
+#include "merge/fields/field_list_kinds.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "store/modNotificationLinks.h"
 

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "control/contract/enumerations.h"
-#include "control/contract/firm_rules.h"
-#include "control/contract/recordsets.h"
+#include "contract/enumerations.h"
+#include "contract/firm_rules.h"
+#include "contract/recordsets.h"
 #include "platform/text.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "store/modNotifyClients.h"

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "control/contract/date_explanation.h"
+#include "contract/date_explanation.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 

@@ -1,6 +1,6 @@
 #include "scheduling/schedule_kinds.h"
 
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 
 namespace autonotify {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 
 namespace autonotify {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "control/contract/enumerations.h"
-#include "control/contract/recordsets.h"
+#include "contract/enumerations.h"
+#include "contract/recordsets.h"
 #include "store/modNotifyClients.h"
 
 // The set of channel bits that a schedule entry or a diary item keeps in its column `notifyType`.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 
 namespace autonotify {
 

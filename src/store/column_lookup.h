@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 
 // The one pattern of all lookups and validators of the notification store.
 

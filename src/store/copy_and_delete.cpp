@@ -1,6 +1,6 @@
 #include <array>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "store/channel_fields.h"
 #include "store/column_lookup.h"
 #include "store/modNotificationLinks.h"

@@ -1,7 +1,7 @@
 #include "store/modItemLinks.h"
 
-#include "control/contract/procedure.h"
-#include "control/contract/references.h"
+#include "contract/procedure.h"
+#include "contract/references.h"
 
 namespace autonotify {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "control/contract/ClientIDClass.h"
-#include "control/contract/ItemLinksClass.h"
+#include "contract/ClientIDClass.h"
+#include "contract/ItemLinksClass.h"
 
 namespace autonotify {
 

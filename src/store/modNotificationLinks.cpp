@@ -1,6 +1,6 @@
 #include "store/modNotificationLinks.h"
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "store/column_lookup.h"
 #include "store/modNotifyClients.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "control/contract/AutoNotifyListForm.h"
+#include "contract/AutoNotifyListForm.h"
 #include "store/channel_bits.h"
 #include "store/column_lookup.h"
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 

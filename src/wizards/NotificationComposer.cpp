@@ -1,11 +1,11 @@
 #include "wizards/NotificationComposer.h"
 
-#include "control/contract/windows.h"
+#include "channels/modApptNotifications.h"
+#include "channels/modChannelNotifications.h"
+#include "contract/windows.h"
 #include "platform/format.h"
 #include "scheduling/modNotificationComments.h"
 #include "settings/modUserSettings.h"
-#include "store/channels/modApptNotifications.h"
-#include "store/channels/modChannelNotifications.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 

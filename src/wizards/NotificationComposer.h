@@ -4,8 +4,8 @@
 #include <variant>
 #include <vector>
 
-#include "control/contract/procedure.h"
-#include "control/contract/recordsets.h"
+#include "contract/procedure.h"
+#include "contract/recordsets.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"

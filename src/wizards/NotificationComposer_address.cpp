@@ -1,5 +1,5 @@
 #include "contacts/modAddressFormatting.h"
-#include "control/contract/windows.h"
+#include "contract/windows.h"
 #include "store/modNotificationLinks.h"
 #include "wizards/NotificationComposer.h"
 

@@ -1,6 +1,6 @@
 #include "wizards/NotificationDateField.h"
 
-#include "control/contract/windows.h"
+#include "contract/windows.h"
 #include "platform/Value.h"
 #include "platform/format.h"
 #include "scheduling/modNotificationDates.h"

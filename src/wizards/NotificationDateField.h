@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 #include "platform/DateTime.h"
 #include "platform/controls/DatePicker.h"
 #include "platform/controls/Form.h"

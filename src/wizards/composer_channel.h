@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "platform/Value.h"
 
 namespace autonotify {

@@ -1,7 +1,7 @@
 #include "wizards/email_sending.h"
 
-#include "control/contract/EmailSender.h"
-#include "control/contract/windows.h"
+#include "contract/EmailSender.h"
+#include "contract/windows.h"
 
 namespace autonotify {
 namespace {

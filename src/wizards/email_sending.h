@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "control/contract/procedure.h"
+#include "contract/procedure.h"
 
 namespace autonotify {
 

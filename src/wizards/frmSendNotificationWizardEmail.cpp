@@ -1,9 +1,9 @@
 #include "wizards/frmSendNotificationWizardEmail.h"
 
+#include "channels/modApptNotifications.h"
+#include "channels/modChannelNotifications.h"
 #include "contacts/modDatabaseFunctions.h"
-#include "control/contract/windows.h"
-#include "store/channels/modApptNotifications.h"
-#include "store/channels/modChannelNotifications.h"
+#include "contract/windows.h"
 #include "wizards/email_sending.h"
 
 namespace autonotify {

@@ -6,7 +6,7 @@
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/RichTextBox.h"
 #include "support/fault_walk.h"
-#include "support/rows.h"
+#include "support/table_rows.h"
 
 namespace autonotify::test {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "control/contract/procedure.h"
-#include "control/contract/recordsets.h"
+#include "contract/procedure.h"
+#include "contract/recordsets.h"
 #include "support/TestHost.h"
 
 namespace autonotify::test {

@@ -4,7 +4,7 @@
 
 #include "host/loader/ComponentLibrary.h"
 #include "support/TestHost.h"
-#include "support/rows.h"
+#include "support/table_rows.h"
 
 namespace autonotify::test {
 

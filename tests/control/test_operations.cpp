@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "component_host.h"
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "support/fault_walk.h"
 
 namespace autonotify::test {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "control/contract/DatabaseReference.h"
+#include "contract/DatabaseReference.h"
 #include "platform/PlatformError.h"
 
 namespace autonotify::host::conformance {

@@ -23,7 +23,7 @@
 #include "platform/controls/Timer.h"
 #include "platform/controls/TreeView.h"
 #include "platform/controls/control_array.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::test {
 using desktop::QtFormHost;

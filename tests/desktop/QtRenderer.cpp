@@ -37,8 +37,8 @@
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
+#include "qt_text.h"
 #include "richtext/RichTextEditor.h"
-#include "text.h"
 
 namespace autonotify::test {
 namespace {

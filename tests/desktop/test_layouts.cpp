@@ -6,8 +6,8 @@
 #include "binding/FormWindow.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/Timer.h"
+#include "qt_text.h"
 #include "support/WindowTest.h"
-#include "text.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify::test {

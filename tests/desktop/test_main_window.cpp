@@ -15,9 +15,9 @@
 
 #include "MainWindow.h"
 #include "demo_firm.h"
+#include "host/clients/record_rows.h"
 #include "host/database/sqlite/SqliteDatabase.h"
-#include "host/services/rows.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

@@ -6,10 +6,10 @@
 #include "DialogErrorClass.h"
 #include "DialogMsgbox.h"
 #include "demo_firm.h"
+#include "host/clients/record_rows.h"
 #include "host/services/HeadlessFormHost.h"
-#include "host/services/rows.h"
 #include "models/TaskTableModel.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

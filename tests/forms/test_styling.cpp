@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "control/contract/windows.h"
+#include "contract/windows.h"
 #include "host/services/HostLocale.h"
 #include "platform/controls/TextBox.h"
 #include "support/HeadlessPerson.h"

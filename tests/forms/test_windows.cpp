@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "control/contract/references.h"
+#include "contract/references.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/DatePicker.h"

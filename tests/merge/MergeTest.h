@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "control/contract/references.h"
+#include "contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
-#include "merge/field_list_columns.h"
+#include "merge/fields/field_list_columns.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {

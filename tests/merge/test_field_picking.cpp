@@ -1,6 +1,6 @@
 // A field picked from the list beside a text: its token, and where it goes.
 #include "merge/MergeTest.h"
-#include "merge/merge_tokens.h"
+#include "merge/templates/merge_tokens.h"
 #include "platform/controls/RichTextBox.h"
 #include "support/fault_walk.h"
 

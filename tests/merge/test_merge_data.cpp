@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "merge/MergeTest.h"
-#include "merge/modCodeTexts.h"
+#include "merge/records/modCodeTexts.h"
 
 namespace autonotify::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <random>
 
 #include "merge/MergeTest.h"
-#include "merge/template_layout.h"
+#include "merge/templates/template_layout.h"
 #include "platform/text.h"
 
 namespace autonotify::test {

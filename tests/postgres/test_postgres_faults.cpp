@@ -2,10 +2,10 @@
 #include <memory>
 #include <string>
 
+#include "channels/modChannelNotifications.h"
 #include "host/database/schema/Schema.h"
 #include "platform/text.h"
 #include "store/DiaryItemTest.h"
-#include "store/channels/modChannelNotifications.h"
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
 #include "tests/postgres/PostgresSchema.h"

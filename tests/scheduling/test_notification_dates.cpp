@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "control/contract/firm_rules.h"
-#include "control/contract/recordsets.h"
+#include "contract/firm_rules.h"
+#include "contract/recordsets.h"
 #include "scheduling/modNotificationDates.h"
 #include "scheduling/schedule_kinds.h"
 #include "support/HostTest.h"

@@ -3,7 +3,7 @@
 #include "scheduling/modNotificationDates.h"
 #include "settings/modUserSettings.h"
 #include "support/fault_walk.h"
-#include "support/rows.h"
+#include "support/table_rows.h"
 
 namespace autonotify::test {
 namespace {

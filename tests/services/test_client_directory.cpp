@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
+#include "host/clients/ClientDirectory.h"
+#include "host/clients/person_names.h"
 #include "host/database/sqlite/SqliteDatabase.h"
-#include "host/services/ClientDirectory.h"
-#include "host/services/person_names.h"
 #include "platform/PlatformError.h"
 #include "support/host_wrappers.h"
 

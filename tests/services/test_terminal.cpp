@@ -3,8 +3,8 @@
 #include <sstream>
 #include <string>
 
-#include "host/services/TerminalErrorClass.h"
-#include "host/services/TerminalMsgbox.h"
+#include "host/dialogs/TerminalErrorClass.h"
+#include "host/dialogs/TerminalMsgbox.h"
 
 namespace autonotify::host {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "store/channels/modApptNotifications.h"
+#include "channels/modApptNotifications.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {

@@ -1,7 +1,7 @@
-#include "control/contract/enumerations.h"
-#include "control/contract/firm_rules.h"
-#include "control/contract/recordsets.h"
-#include "store/channels/modChannelNotifications.h"
+#include "channels/modChannelNotifications.h"
+#include "contract/enumerations.h"
+#include "contract/firm_rules.h"
+#include "contract/recordsets.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {

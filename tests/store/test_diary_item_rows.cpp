@@ -1,6 +1,6 @@
-#include "control/contract/recordsets.h"
+#include "channels/modChannelNotifications.h"
+#include "contract/recordsets.h"
 #include "store/DiaryItemTest.h"
-#include "store/channels/modChannelNotifications.h"
 #include "store/modNotifyClients.h"
 
 namespace autonotify::test {

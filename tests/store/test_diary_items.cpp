@@ -1,4 +1,4 @@
-#include "control/contract/recordsets.h"
+#include "contract/recordsets.h"
 #include "store/DiaryItemTest.h"
 
 namespace autonotify::test {

@@ -1,8 +1,8 @@
 #include <functional>
 
-#include "control/contract/recordsets.h"
-#include "store/channels/modApptNotifications.h"
-#include "store/channels/modChannelNotifications.h"
+#include "channels/modApptNotifications.h"
+#include "channels/modChannelNotifications.h"
+#include "contract/recordsets.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {

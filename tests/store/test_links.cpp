@@ -1,4 +1,4 @@
-#include "control/contract/enumerations.h"
+#include "contract/enumerations.h"
 #include "host/services/HostClientIDClass.h"
 #include "platform/text.h"
 #include "store/modItemLinks.h"

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <array>
 
-#include "control/contract/AutoNotifyListForm.h"
-#include "control/contract/recordsets.h"
+#include "contract/AutoNotifyListForm.h"
+#include "contract/recordsets.h"
 #include "store/modNotifyClients.h"
 #include "support/HostTest.h"
 

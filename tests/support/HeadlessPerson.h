@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/MsgboxClass.h"
+#include "contract/MsgboxClass.h"
 #include "platform/controls/FormHost.h"
 #include "support/WindowRenderer.h"
 #include "support/host_calls.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "support/TestHost.h"
-#include "support/rows.h"
+#include "support/table_rows.h"
 
 namespace autonotify::test {
 

@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
-#include "control/contract/PlatformServices.h"
+#include "contract/PlatformServices.h"
+#include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
+#include "host/dialogs/TerminalMsgbox.h"
 #include "host/services/ClassRegistry.h"
-#include "host/services/ClientDirectory.h"
 #include "host/services/HeadlessFormHost.h"
 #include "host/services/HostLocale.h"
 #include "host/services/HostWorkingFolder.h"
-#include "host/services/TerminalMsgbox.h"
 #include "support/fixed_clock.h"
 #include "support/host_calls.h"
 #include "support/host_wrappers.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/EmailSender.h"
+#include "contract/EmailSender.h"
 #include "support/HeadlessPerson.h"
 #include "support/HostTest.h"
 

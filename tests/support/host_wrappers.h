@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "control/contract/RichTextUtility.h"
-#include "control/contract/references.h"
+#include "contract/RichTextUtility.h"
+#include "contract/references.h"
 #include "support/host_calls.h"
 
 namespace autonotify::test {

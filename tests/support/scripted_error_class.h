@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "control/contract/errorClass.h"
+#include "contract/errorClass.h"
 
 namespace autonotify::test {
 

@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 #include <QPalette>
 
-#include "binding/key_codes.h"
+#include "binding/qt_key_codes.h"
 
 namespace autonotify::desktop {
 namespace {

@@ -10,7 +10,7 @@
 #include "binding/FaultWatch.h"
 #include "binding/LayoutLoader.h"
 #include "platform/controls/Timer.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

@@ -4,8 +4,8 @@
 #include <QUiLoader>
 #include <stdexcept>
 
+#include "qt_text.h"
 #include "richtext/RichTextEditor.h"
-#include "text.h"
 
 namespace autonotify::desktop {
 namespace {

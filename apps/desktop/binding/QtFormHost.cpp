@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "platform/controls/Menu.h"
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

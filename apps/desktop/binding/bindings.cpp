@@ -18,8 +18,8 @@
 #include "platform/controls/OptionButton.h"
 #include "platform/controls/ProgressBar.h"
 #include "platform/controls/TextBox.h"
+#include "qt_text.h"
 #include "richtext/RichTextBinding.h"
-#include "text.h"
 
 namespace autonotify::desktop {
 namespace {

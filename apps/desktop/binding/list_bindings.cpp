@@ -3,7 +3,7 @@
 #include <QEvent>
 #include <QLineEdit>
 
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

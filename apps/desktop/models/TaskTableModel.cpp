@@ -7,7 +7,7 @@
 #include <array>
 #include <optional>
 
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "text.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {

@@ -1,0 +1,126 @@
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+
+#include "Command.h"
+#include "Session.h"
+#include "commands/arguments.h"
+#include "host/dialogs/Terminal.h"
+#include "platform/text.h"
+#include "usage.h"
+
+namespace autonotify::console {
+namespace {
+
+void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
+  addText(app, "--database", "PLACE",
+          "the database: a file, or postgresql://... (default: hvnotify.db)", options.database)
+      ->envname("HVNOTIFY_DATABASE");
+  addDate(app, "--today", "the date to work with, such as 2026-04-30", options.today);
+  addNumber(app, "--user", "who works: the id of a member of staff", options.user);
+  addText(app, "--outbox", "FOLDER", "folder for emails (default: made beside the database)",
+          options.outbox);
+  addText(app, "--smtp", "URL",
+          "send emails through this server: smtp://USER@HOST, smtps://... or smtp-plain://...",
+          options.mailServer)
+      ->envname("HVNOTIFY_SMTP");
+  addText(app, "--smtp-password-file", "FILE", "holds the password for the mail server",
+          options.mailPasswordFile)
+      ->envname("HVNOTIFY_SMTP_PASSWORD_FILE");
+  addNumber(app, "--smtp-timeout", "seconds to wait for a mail server that is silent (default: 60)",
+            options.mailTimeout)
+      ->envname("HVNOTIFY_SMTP_TIMEOUT");
+  addText(app, "--firm-code", "CODE", "the installation's firm code", options.firmCode);
+  app.add_flag("--json", options.json, "print data as JSON");
+  app.add_flag("--batch", options.batch, "ask nobody, even on a terminal");
+}
+
+std::unique_ptr<Session> openSession(const GlobalOptions& options) {
+  try {
+    return std::make_unique<Session>(options);
+  } catch (const host::DatabaseError& error) {
+    const bool isMissing = error.number() == host::database_error::missing;
+    throw databaseRefusal(options.database, error, isMissing ? "; hvnotify init makes one" : "");
+  }
+}
+
+Reply run(const Command& command, const GlobalOptions& options, const Arguments& arguments) {
+  if (command.runAlone) return command.runAlone(options, arguments);
+  return command.run(*openSession(options), arguments);
+}
+
+void complain(std::string message) {
+  for (char& c : message) {
+    if (c == '\n' || c == '\r' || c == '\t') c = ' ';
+  }
+  std::cerr << "hvnotify: " << host::terminalText(message) << '\n';
+}
+
+/// Within JSON the characters that a terminal would obey can only stand in texts.
+std::string jsonText(const Json& data) {
+  const std::string text = data.dump(2, ' ', false, Json::error_handler_t::replace);
+  return replaceAll(replaceAll(text, "\x7F", "\\u007f"), "\xC2\x9B", "\\u009b") + "\n";
+}
+
+int print(const Reply& reply, bool asJson) {
+  if (asJson) {
+    std::cout << jsonText(reply.data);
+  } else {
+    std::cout << host::terminalText(reply.text)
+              << (isatty(STDOUT_FILENO) ? host::terminalText(reply.document) : reply.document);
+  }
+  const bool written = static_cast<bool>(std::cout.flush());
+  for (const std::string& complaint : reply.complaints) complain(complaint);
+  if (!written) {
+    complain("cannot write the output");
+    return exitRefused;
+  }
+  return reply.exitCode;
+}
+
+int fail(const std::string& message, ExitCode code) {
+  complain(message);
+  return code;
+}
+
+int runProgram(int argc, char** argv) {
+  GlobalOptions options;
+  Arguments arguments;
+  CLI::App app("Notices that an accounting firm owes its clients: when, in which words, and sent.",
+               "hvnotify");
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.footer(usageNotes());
+  app.set_version_flag("--version", HVNOTIFY_VERSION);
+  addGlobalOptions(app, options);
+  const Command* chosen = nullptr;
+  for (const Command& command : allCommands()) {
+    CLI::App* subcommand = app.add_subcommand(command.name, command.help);
+    subcommand->footer("Options of all commands: hvnotify --help");
+    command.describe(*subcommand, arguments);
+    subcommand->final_callback([&chosen, &command] { chosen = &command; });
+  }
+  try {
+    app.parse(argc, argv);
+    return print(run(*chosen, options, arguments), options.json);
+  } catch (const CLI::Success& wish) {
+    return app.exit(wish);
+  } catch (const CLI::ParseError& error) {
+    return fail(usageFault(app, error), exitUsage);
+  } catch (const Refusal& refusal) {
+    return fail(refusal.what(), refusal.code());
+  } catch (const PlatformError& error) {
+    return fail(firstLine(error.description()), exitDatabase);
+  } catch (const std::exception& error) {
+    return fail(error.what(), exitRefused);
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::console
+
+int main(int argc, char** argv) {
+  return autonotify::console::runProgram(argc, argv);
+}

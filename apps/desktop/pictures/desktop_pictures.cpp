@@ -1,0 +1,123 @@
+// Takes the pictures of the documentation. Usage: desktop_pictures [--dark] DATABASE FOLDER
+// With --dark in dark colours, and each with "-dark" in its name.
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QPalette>
+#include <QTableView>
+#include <QTextStream>
+#include <QTimer>
+#include <functional>
+
+#include "MainWindow.h"
+#include "qt_text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+QPalette darkPalette() {
+  QPalette palette(QColor(53, 53, 53));
+  palette.setColor(QPalette::Base, QColor(35, 35, 35));
+  palette.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
+  palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  palette.setColor(QPalette::Link, QColor(90, 170, 250));
+  for (const auto role :
+       {QPalette::WindowText, QPalette::ButtonText, QPalette::Text, QPalette::PlaceholderText})
+    palette.setColor(QPalette::Disabled, role, QColor(127, 127, 127));
+  return palette;
+}
+
+class Photographer {
+ public:
+  Photographer(QString folder, QString ending)
+      : folder_(std::move(folder)), ending_(std::move(ending)) {}
+
+  void take(QWidget& window, const QString& name) {
+    // The counts and the first page come after the first paint.
+    for (int round = 0; round < 5; ++round) QApplication::processEvents();
+    if (!window.grab().save(QDir(folder_).filePath(name + ending_ + ".png")))
+      tellFault("cannot write " + name);
+  }
+  /// Does `act`, which must open a window of its own; takes that and closes it with `close`.
+  template <class Window>
+  void takeModal(const QString& name, const std::function<void()>& act,
+                 const std::function<void(Window&)>& close) {
+    bool isTaken = false;
+    QTimer::singleShot(300, [&] {
+      auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+      if (!window) return;
+      take(*window, name);
+      isTaken = true;
+      close(*window);
+    });
+    act();
+    if (!isTaken) tellFault("no window came up for " + name);
+  }
+  bool hasFailed() const { return hasFailed_; }
+
+ private:
+  void tellFault(const QString& words) {
+    QTextStream(stderr) << words << Qt::endl;
+    hasFailed_ = true;
+  }
+
+  QString folder_;
+  QString ending_;
+  bool hasFailed_ = false;
+};
+
+/// Chooses the first task that waits for no email.
+void chooseFreeTask(QTableView& table) {
+  const auto& tasks = static_cast<const TaskTableModel&>(*table.model());
+  for (int row = 0; row < tasks.rowCount(); ++row) {
+    if (tasks.lineAt(tasks.index(row, 0)).pendingChannels & nt_Email) continue;
+    return table.selectRow(row);
+  }
+}
+
+void takeAll(Photographer& photographer, const QString& database) {
+  host::DeskOptions options;
+  options.today = DateTime::of(2026, 4, 15);
+  MainWindow empty(options);
+  empty.show();
+  photographer.take(empty, "desktop-empty");
+  empty.hide();
+  options.database = plain(database);
+  MainWindow window(options);
+  window.show();
+  photographer.take(window, "desktop-tasks");
+  auto& table = *window.findChild<QTableView*>("tasks");
+  table.sortByColumn(TaskTableModel::dueDate, Qt::DescendingOrder);
+  chooseFreeTask(table);
+  photographer.takeModal<QDialog>(
+      "email-composer", [&] { window.findChild<QAction*>("scheduleEmail")->trigger(); },
+      [](QDialog& composer) { composer.findChild<QAbstractButton*>("cmdCancel")->click(); });
+  photographer.takeModal<QDialog>(
+      "desktop-options", [&] { window.findChild<QAction*>("options")->trigger(); },
+      [](QDialog& dialog) { dialog.reject(); });
+}
+
+int run(int argc, char** argv) {
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("hvnotify-pictures");
+  QApplication::setStyle("fusion");
+  QStringList arguments = QApplication::arguments().mid(1);
+  const bool isDark = arguments.removeAll("--dark") > 0;
+  if (arguments.size() != 2) {
+    QTextStream(stderr) << "usage: desktop_pictures [--dark] DATABASE FOLDER" << Qt::endl;
+    return 2;
+  }
+  if (isDark) QApplication::setPalette(darkPalette());
+  Photographer photographer(arguments[1], isDark ? "-dark" : "");
+  takeAll(photographer, arguments[0]);
+  return photographer.hasFailed() ? 1 : 0;
+}
+
+}  // namespace
+}  // namespace autonotify::desktop
+
+int main(int argc, char** argv) {
+  return autonotify::desktop::run(argc, argv);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "contract/DatabaseReference.h"
+
+namespace autonotify::host {
+
+/// Where a kind of lookup is read from.
+struct LookupSource {
+  const char* table;
+  /// An integer column; of several rows with one value the first by `order` counts.
+  const char* key;
+  const char* order;
+  std::vector<const char*> columns;
+  /// A condition on the rows, or empty.
+  const char* filter = "";
+};
+
+/// The values of a row, in the order of LookupSource::columns.
+using LookupRow = std::vector<Value>;
+
+/// Rows of one table by an integer key, read one by one or all at once.
+///
+/// With a closed database no row is found. Otherwise failures of the database pass through.
+class LookupTable {
+ public:
+  /// `database` must outlive this object.
+  LookupTable(DatabaseReference& database, LookupSource source);
+
+  /// The key's row, or nothing. Reads that row alone, unless `wholeTable` is set: then the first
+  /// call reads the table and later ones read nothing until forget().
+  std::optional<LookupRow> find(Id key, bool wholeTable);
+  /// All rows by key, read now.
+  std::vector<std::pair<Id, LookupRow>> readAll();
+  void forget() { held_.reset(); }
+
+ private:
+  std::string selectWhere(const std::string& condition) const;
+  std::vector<std::pair<Id, LookupRow>> read(const std::string& sql, bool firstOnly);
+
+  DatabaseReference& database_;
+  LookupSource source_;
+  std::optional<std::unordered_map<Id, LookupRow>> held_;
+};
+
+}  // namespace autonotify::host

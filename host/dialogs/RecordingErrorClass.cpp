@@ -1,0 +1,33 @@
+#include "host/dialogs/RecordingErrorClass.h"
+
+#include <utility>
+
+namespace autonotify::host {
+
+void RecordingErrorClass::enterProcedure(std::string_view tag) {
+  if (depth_ == tags_.size()) tags_.emplace_back();
+  tags_[depth_++].assign(tag);
+}
+
+void RecordingErrorClass::leaveProcedure() {
+  if (depth_ == 0) return;
+  --depth_;
+  onLeave();
+}
+
+void RecordingErrorClass::recordError(const PlatformError& error) {
+  current_ = {error.number(), error.description(), error.source(),
+              depth_ > 0 ? tags_[depth_ - 1] : std::string(), error_choice::leave};
+}
+
+void RecordingErrorClass::showErrorDialog() {
+  choice_ = choose(current_);
+  current_.choice = choice_;
+  recorded_.push_back(current_);
+}
+
+std::vector<RecordedError> RecordingErrorClass::takeRecorded() {
+  return std::exchange(recorded_, {});
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,155 @@
+#include <array>
+
+#include "channels/diary_items.h"
+#include "channels/modApptNotifications.h"
+#include "channels/modChannelNotifications.h"
+#include "channels/recipients.h"
+#include "platform/format.h"
+#include "store/column_lookup.h"
+#include "store/modNotificationLinks.h"
+#include "store/modNotifyClients.h"
+
+namespace autonotify {
+namespace {
+
+/// Columns that are written one after the other.
+enum ColumnGroup { type, link, clientIds, date, fields, memo, groupCount };
+
+/// A channel's way to its row.
+struct ItemChannel {
+  notifyType value;
+  ChannelFields (*recipient)(Step&, const NotificationClient&);
+  /// Absent where there is no subject.
+  const char* subjectColumn;
+  /// Clients that are not given are looked up.
+  bool findsClient;
+  std::array<ColumnGroup, groupCount> order;
+  /// The add of a task's schedule entry.
+  Id (*addForSchedule)(Id);
+};
+
+constexpr ItemChannel email{nt_Email,
+                            itemEmailFields,
+                            "Field4",
+                            true,
+                            {type, link, date, fields, memo, clientIds},
+                            addNewEmailNotificationFromScheduleIDNum};
+constexpr ItemChannel fax{nt_Fax,
+                          itemFaxFields,
+                          "Field6",
+                          true,
+                          {type, link, clientIds, date, fields, memo},
+                          addNewFaxNotificationFromScheduleIDNum};
+constexpr ItemChannel letter{nt_Letter,
+                             letterFields,
+                             nullptr,
+                             false,
+                             {type, clientIds, link, date, fields, memo},
+                             addNewLetterNotificationFromScheduleIDNum};
+constexpr ItemChannel phone{nt_Phone,
+                            itemPhoneFields,
+                            nullptr,
+                            true,
+                            {type, clientIds, link, date, fields, memo},
+                            addNewPhoneNotificationFromScheduleIDNum};
+
+/// What the caller of an add has said.
+struct Wish {
+  CurrentDayTimerType kind;
+  Id itemId;
+  DateTime reminderDate;
+  Id notificationId;
+  NotificationClient client;
+};
+
+NotificationClient clientOf(const ItemChannel& channel, const Wish& wish) {
+  NotificationClient client = wish.client;
+  if (!channel.findsClient) return client;
+  if (client.companyId < 0) client.companyId = getCompanyIDFromAppointmentID(wish.itemId);
+  if (client.contactId < 0) client.contactId = getContactIDFromAppointmentID(wish.itemId);
+  return client;
+}
+
+/// All columns with their texts, in the order of the channel.
+ChannelFields composeRow(Step& step, const ItemChannel& channel, const Wish& wish) {
+  const DiaryKind& kind = diaryKind(wish.kind);
+  const NotificationClient client = clientOf(channel, wish);
+  std::array<ChannelFields, groupCount> groups;
+  groups[fields] = channel.recipient(step, client);
+  if (channel.subjectColumn) {
+    groups[fields].emplace_back(channel.subjectColumn, itemSubject(step, kind, wish.itemId));
+  }
+  groups[memo] = {{"Memo", getAppointmentBodyText(wish.kind, wish.itemId)}};
+  groups[type] = {{"NotificationType", toText(int{channel.value})}};
+  groups[link] = {{kind.link, toText(wish.itemId)}};
+  groups[clientIds] = {{"CompanyIDNum", toText(client.companyId)},
+                       {"ContactIDNum", toText(client.contactId)}};
+  groups[date] = {{"NotificationDate", formatDateTime(wish.reminderDate, "mmm d yyyy")}};
+  ChannelFields row;
+  for (const ColumnGroup group : channel.order) {
+    row.insert(row.end(), groups[group].begin(), groups[group].end());
+  }
+  return row;
+}
+
+void addItemRow(Step& step, const ChannelFields& row, Id& key) {
+  addRow(step, key, "ClientNotification", "ClientNotificationID", [&](RecordsetHandle handle) {
+    for (const auto& [column, text] : row) setField(step, handle, column, [&] { return text; });
+  });
+}
+
+void updateItemRow(Step& step, const ChannelFields& row, Id notificationId, Id& key) {
+  withRow(step,
+          "SELECT ClientNotification.* FROM ClientNotification WHERE "
+          "ClientNotificationID=",
+          notificationId, keysetUpdate, [&](RecordsetHandle handle) {
+            for (const auto& [column, text] : row) {
+              writeField(step, handle, column, [&] { return text; });
+            }
+            key = readId(step, handle, "ClientNotificationID");
+          });
+}
+
+Id addOrUpdate(const char* tag, const ItemChannel& channel, const Wish& wish) {
+  return procedure(tag, noId, [&](Step& step, Id& result) {
+    if (wish.kind == Tasks) {
+      result = channel.addForSchedule(getScheduleIDFromTaskID(wish.itemId));
+      return;
+    }
+    if (!isDatabaseOpen(step)) return;
+    const ChannelFields row = composeRow(step, channel, wish);
+    if (isValidNotificationID(std::to_string(wish.notificationId))) {
+      updateItemRow(step, row, wish.notificationId, result);
+    } else {
+      addItemRow(step, row, result);
+    }
+  });
+}
+
+}  // namespace
+
+Id addNewApptEmailNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
+                               Id notificationNum, Id companyNum, Id contactNum) {
+  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptEmailNotification", email,
+                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+}
+
+Id addNewApptFaxNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
+                             Id notificationNum, Id companyNum, Id contactNum) {
+  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptFaxNotification", fax,
+                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+}
+
+Id addNewApptLetterNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
+                                Id notificationNum, Id companyNum, Id contactNum) {
+  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptLetterNotification", letter,
+                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+}
+
+Id addNewApptPhoneNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
+                               Id notificationNum, Id companyNum, Id contactNum) {
+  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptPhoneNotification", phone,
+                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+}
+
+}  // namespace autonotify

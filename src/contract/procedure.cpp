@@ -1,0 +1,39 @@
+#include "contract/procedure.h"
+
+#include "contract/references.h"
+
+namespace autonotify {
+namespace {
+
+/// The place where a program would end; nothing ends here, so the statement is repeated.
+void quitProgram() {}
+
+}  // namespace
+
+bool shallRetryAfter(const PlatformError& error) {
+  errorClass* errors = references().errors;
+  if (!errors) return true;
+  errors->recordError(error);
+  errors->showErrorDialog();
+  switch (errors->getErrorChoice()) {
+    case error_choice::next:
+      return false;
+    case error_choice::leave:
+      throw LeaveProcedure{};
+    case error_choice::quit:
+      quitProgram();
+      return true;
+    default:
+      return true;
+  }
+}
+
+ProcedureFrame::ProcedureFrame(std::string_view tag) : entered_(references().errors) {
+  if (entered_) entered_->enterProcedure(tag);
+}
+
+ProcedureFrame::~ProcedureFrame() {
+  if (entered_) entered_->leaveProcedure();
+}
+
+}  // namespace autonotify

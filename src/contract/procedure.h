@@ -1,0 +1,137 @@
+#pragma once
+
+#include <string_view>
+
+#include "contract/errorClass.h"
+
+namespace autonotify {
+
+// The frame of every procedure with logic, and its error protocol.
+//
+//   bool hasRow(Id id) {
+//     return procedure("Morvane.exe-modExample-hasRow", false, [&](Step& step, bool& result) {
+//       RecordsetHandle handle = noRecordset;
+//       step.assign(handle, [&] { return openKeyset(sqlFor(id)); });
+//       step.assign(result, [&] { return database().hasRecords(handle); });
+//       step.run([&] { database().closeRecordset(handle); });
+//     });
+//   }
+//
+// A failure (a PlatformError) never leaves the procedure. The person at the error dialog decides
+// what becomes of the failed statement: 1 skips it and its target keeps its old value; 2 leaves the
+// procedure with the result held so far; 3 and all else repeat it. Without an errorClass a failed
+// statement is repeated.
+//
+// Rules for bodies:
+//  - One effect a statement, and the effect last: a repeated statement runs from its start.
+//  - All that can fail stands in a statement: host calls and conversions.
+//  - A test that was skipped reads as not met, and a skipped end-of-rows test as the end, so that
+//    every loop ends.
+//  - Everything else (exhausted memory, programming faults) passes through the frame, which is
+//  still left once.
+
+/// Settles a failure of one statement: True to repeat it, False to skip it. Leaves the procedure by
+/// throwing, which only the frame catches.
+bool shallRetryAfter(const PlatformError& error);
+
+// Code that may throw is run by a function that the compiler does not look into: g++ 12 otherwise
+// stores the value of an inlined call in its target although the call has thrown, and a target must
+// keep its old value then.
+#if defined(__clang__)
+#define AUTONOTIFY_OPAQUE __attribute__((noinline))
+#else
+#define AUTONOTIFY_OPAQUE __attribute__((noipa))
+#endif
+
+/// Calls `code(arguments...)`, out of the optimizer's sight.
+template <class Code, class... Arguments>
+AUTONOTIFY_OPAQUE void runOpaquely(Code& code, Arguments&... arguments) {
+  code(arguments...);
+}
+
+/// The statements of one procedure. Exists only inside a frame.
+class Step {
+ public:
+  /// Runs a statement without a target.
+  template <class Statement>
+  void run(Statement&& statement) {
+    attempt([&] { statement(); });
+  }
+
+  /// Stores the statement's value in `target`; when skipped, `target` keeps its old value.
+  template <class Target, class Statement>
+  void assign(Target& target, Statement&& statement) {
+    attempt([&] { target = statement(); });
+  }
+
+  /// The statement's value, or `old` when it is skipped.
+  template <class Old, class Statement>
+  Old value(Old old, Statement&& statement) {
+    assign(old, statement);
+    return old;
+  }
+
+ private:
+  template <class Attempt>
+  void attempt(Attempt&& statement) {
+    for (;;) {
+      try {
+        runOpaquely(statement);
+        return;
+      } catch (const PlatformError& error) {
+        if (!shallRetryAfter(error)) return;
+      }
+    }
+  }
+};
+
+/// Enters the procedure on the host's stack when made and leaves it when destroyed, each once.
+class ProcedureFrame {
+ public:
+  explicit ProcedureFrame(std::string_view tag);
+  ~ProcedureFrame();
+  ProcedureFrame(const ProcedureFrame&) = delete;
+  ProcedureFrame& operator=(const ProcedureFrame&) = delete;
+
+ private:
+  errorClass* entered_;
+};
+
+/// The person chose to leave the procedure. Thrown by shallRetryAfter, caught by the innermost
+/// frame.
+class LeaveProcedure {};
+
+/// Runs `body(step, result)` in a frame and gives the result, which starts as `result`.
+template <class Result, class Body>
+Result procedure(std::string_view tag, Result result, Body&& body) {
+  const ProcedureFrame frame(tag);
+  Step step;
+  try {
+    runOpaquely(body, step, result);
+  } catch (const LeaveProcedure&) {
+  }
+  return result;
+}
+
+/// The same for a procedure without a result: `body(step)`.
+template <class Body>
+void procedure(std::string_view tag, Body&& body) {
+  const ProcedureFrame frame(tag);
+  Step step;
+  try {
+    runOpaquely(body, step);
+  } catch (const LeaveProcedure&) {
+  }
+}
+
+/// Runs the last procedure of an object's life. What passes the frame, exhausted memory and
+/// programming faults, goes no further: an end cannot report it.
+template <class Procedure>
+void endQuietly(Procedure&& end) noexcept {
+  try {
+    end();
+  } catch (...) {
+  }
+}
+
+}  // namespace autonotify

@@ -1,0 +1,60 @@
+#include "contract/recordsets.h"
+
+namespace autonotify {
+
+RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock) {
+  return database().openRecordset(sql, cursor, lock, -1, std::string{}, -1, false);
+}
+
+void updateField(RecordsetHandle handle, const char* column, const std::string& value) {
+  database().updateFieldValue(handle, column, value, false, false);
+}
+
+bool findRecord(RecordsetHandle handle, const char* column, const std::string& value) {
+  const std::string none;
+  return database().findRecord(handle, column, value, none, none, none, none);
+}
+
+std::string statementFor(const std::string& statement, Id id) {
+  return statement + std::to_string(id) + ";";
+}
+
+std::string nowText() {
+  return toText(platformClock().now());
+}
+
+bool isListedCompany(Step& step, Id companyId) {
+  return companyId >= 0 && step.value(false, [&] { return clients().isCompanyClient(companyId); });
+}
+
+bool isListedContact(Step& step, Id contactId) {
+  return contactId >= 0 && step.value(false, [&] { return clients().isContactClient(contactId); });
+}
+
+Value readField(Step& step, RecordsetHandle handle, const char* column) {
+  return step.value(Value{}, [&] { return database().getFieldValue(handle, column); });
+}
+
+bool isEmpty(Step& step, const Value& value) {
+  return step.value(true, [&] { return generalUtilities().isValueEmpty(value); });
+}
+
+Id readId(Step& step, RecordsetHandle handle, const char* column, Id fallback) {
+  const Value value = readField(step, handle, column);
+  if (isEmpty(step, value)) return fallback;
+  return step.value(fallback, [&] { return toInteger(value); });
+}
+
+bool readFlag(Step& step, RecordsetHandle handle, const char* column) {
+  const Value value = readField(step, handle, column);
+  if (isEmpty(step, value)) return false;
+  return step.value(false, [&] { return toFlag(value); });
+}
+
+std::string readText(Step& step, RecordsetHandle handle, const char* column) {
+  const Value value = readField(step, handle, column);
+  return step.value(std::string{},
+                    [&] { return toText(generalUtilities().textOrDefault(value, false)); });
+}
+
+}  // namespace autonotify

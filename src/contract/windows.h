@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "contract/procedure.h"
+#include "contract/references.h"
+#include "platform/controls/Form.h"
+
+namespace autonotify {
+
+// What windows do with their host. Each function that throws PlatformError is one statement of the
+// caller's frame.
+
+/// Shows the message above `owner`, or above the host's active window.
+void showMessage(const std::string& text, int style);
+void showMessage(const std::string& text, int style, HostObject* owner);
+/// True when the person said yes.
+bool askQuestion(const std::string& text, int style);
+bool askQuestion(const std::string& text, int style, HostObject* owner);
+
+/// Shows the window above the host's active window until it is hidden or unloaded.
+void showModal(Form& form);
+
+/// Lets the host handle its messages, `times` over.
+void yieldToHost(Step& step, int times);
+
+/// Tells the styler when the control gains and when it loses the focus. `form` begins the tags of
+/// the two procedures.
+void markFocus(Control& control, const std::string& form);
+void markFocusGained(Control& control, const std::string& form);
+/// Hands the keys released in the control to the styler.
+void passKeys(Control& control, const std::string& form);
+
+/// Makes a window, lets `use(window)` run its initializer and read its results, and unloads it. A
+/// window that could not be made is not used.
+template <class Window, class Use>
+void withWindow(Step& step, Use&& use) {
+  std::unique_ptr<Window> window;
+  step.run([&] { window = std::make_unique<Window>(); });
+  if (!window) return;
+  use(*window);
+  window->unload();
+}
+
+}  // namespace autonotify

@@ -1,0 +1,95 @@
+#include "merge/records/modCodeTexts.h"
+
+#include <span>
+#include <string_view>
+
+#include "contract/enumerations.h"
+#include "contract/procedure.h"
+#include "contract/references.h"
+
+namespace autonotify {
+namespace {
+
+struct CodeText {
+  std::int16_t code;
+  std::string_view text;
+};
+
+constexpr std::int16_t partnership = 3;
+
+constexpr CodeText companyTypes[] = {
+    {1, "Corporation"},   {2, "Sole Proprietorship"}, {4, "Non Profit"}, {5, "Trust"},
+    {6, "Joint Venture"}, {7, "S Corporation"},       {8, "LLP"},        {9, "LLC"},
+    {10, "Fiduciary"},
+};
+constexpr CodeText financialStatements[] = {
+    {2, "Compilation (NTR)"},
+    {3, "Review Engagement"},
+    {4, "Review Engagement with Differential Reporting"},
+    {5, "Audit"},
+};
+constexpr CodeText formStatuses[] = {
+    {1, "Awaiting Signature"}, {2, "CRA Processing"}, {3, "Completed"}};
+constexpr CodeText permissions[] = {{1, "Full"}, {2, "Limited"}};
+constexpr CodeText filingMethods[] = {
+    {1, "Traditional"}, {2, "Simple Method"}, {3, "Quick Method"}};
+constexpr CodeText corporationTypes[] = {{1, "Regular Corporation"}};
+constexpr CodeText corporationLevels[] = {{2, "Provincial Corporation"}};
+
+std::string textOf(std::int16_t code, std::span<const CodeText> texts, std::string_view otherwise) {
+  for (const CodeText& row : texts)
+    if (row.code == code) return std::string(row.text);
+  return std::string(otherwise);
+}
+
+std::string lookUp(std::string_view tag, std::int16_t code, std::span<const CodeText> texts,
+                   std::string_view otherwise) {
+  return procedure(tag, std::string(otherwise),
+                   [&](Step&, std::string& result) { result = textOf(code, texts, otherwise); });
+}
+
+}  // namespace
+
+std::string getCompanyTypeStringFromCompanyTypeNum(std::int16_t& code) {
+  return procedure("Morvane.exe-modCodeTexts-getCompanyTypeStringFromCompanyTypeNum",
+                   std::string("Unknown"), [&](Step& step, std::string& result) {
+                     if (code != partnership) {
+                       result = textOf(code, companyTypes, "Unknown");
+                       return;
+                     }
+                     const int country = step.value(0, [] { return locale().getCountryCode(); });
+                     result = country == countryCanada ? "Partnership" : "General Partnership";
+                   });
+}
+
+std::string getFinancialStatementsStringFromFinancialStatementsNum(std::int16_t& code) {
+  return lookUp("Morvane.exe-modCodeTexts-getFinancialStatementsStringFromFinancialStatementsNum",
+                code, financialStatements, "Not Specified");
+}
+
+std::string getRC59FormStatusStringFromRC59FormStatusNum(std::int16_t& code) {
+  return lookUp("Morvane.exe-modCodeTexts-getRC59FormStatusStringFromRC59FormStatusNum", code,
+                formStatuses, "Not Filed");
+}
+
+std::string getRC59PermissionStringFromRC59PermissionNum(std::int16_t& code) {
+  return lookUp("Morvane.exe-modCodeTexts-getRC59PermissionStringFromRC59PermissionNum", code,
+                permissions, "None");
+}
+
+std::string getGSTFilingMethodStringFromGSTFilingMethodNum(std::int16_t& code) {
+  return lookUp("Morvane.exe-modCodeTexts-getGSTFilingMethodStringFromGSTFilingMethodNum", code,
+                filingMethods, "Not Specified");
+}
+
+std::string getCorporationTypeStringFromCorporationTypeNum(std::int16_t& code) {
+  return lookUp("Morvane.exe-modCodeTexts-getCorporationTypeStringFromCorporationTypeNum", code,
+                corporationTypes, "CCPC");
+}
+
+std::string getCorporationLevelStringFromCorporationLevelNum(std::int16_t& code) {
+  return lookUp("Morvane.exe-modCodeTexts-getCorporationLevelStringFromCorporationLevelNum", code,
+                corporationLevels, "Federal Corporation");
+}
+
+}  // namespace autonotify

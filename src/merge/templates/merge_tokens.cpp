@@ -1,0 +1,53 @@
+#include "merge/templates/merge_tokens.h"
+
+#include "platform/text.h"
+
+namespace autonotify {
+namespace {
+
+constexpr char leadByte = bareMarks.open[0];
+constexpr std::size_t escapedLength = escapedMarks.open.size();
+
+bool isBareTail(char byte) {
+  return byte == bareMarks.open[1] || byte == bareMarks.close[1];
+}
+
+bool startsWithEscapedMark(std::string_view text) {
+  const std::string_view head = text.substr(0, escapedLength);
+  return equalIgnoreCase(head, escapedMarks.open) || equalIgnoreCase(head, escapedMarks.close);
+}
+
+}  // namespace
+
+std::string plainToken(const MergeMarks& marks, std::string_view name) {
+  std::string token(marks.open);
+  return token.append(name).append(marks.close);
+}
+
+std::string dateToken(const MergeMarks& marks, std::string_view name, std::string_view format) {
+  std::string token(marks.open);
+  return token.append("(").append(name).append(", ").append(format).append(")").append(marks.close);
+}
+
+bool endsInsideMark(std::string_view text) {
+  if (text.empty()) return false;
+  if (text.back() == leadByte) return true;
+  const std::size_t backslash = text.rfind('\\');
+  if (backslash == std::string_view::npos) return false;
+  const std::string_view tail = text.substr(backslash);
+  return tail.size() < escapedLength &&
+         (equalIgnoreCase(tail, escapedMarks.open.substr(0, tail.size())) ||
+          equalIgnoreCase(tail, escapedMarks.close.substr(0, tail.size())));
+}
+
+bool mayFormMark(std::string_view value) {
+  if (value.empty()) return false;
+  if (isBareTail(value.front()) || endsInsideMark(value)) return true;
+  for (std::size_t i = value.find(leadByte); i < value.size(); i = value.find(leadByte, i + 1))
+    if (isBareTail(value[i + 1])) return true;
+  for (std::size_t i = value.find('\\'); i < value.size(); i = value.find('\\', i + 1))
+    if (startsWithEscapedMark(value.substr(i))) return true;
+  return false;
+}
+
+}  // namespace autonotify

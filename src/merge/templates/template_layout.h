@@ -1,0 +1,108 @@
+#pragma once
+
+#include <bitset>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "merge/templates/merge_tokens.h"
+#include "merge/templates/template_rewrites.h"
+
+namespace autonotify {
+
+/// A template, its field names brought up to date, cut at its marks.
+///
+/// In a regular template marks of one spelling alone open and close in turn, and no text beside a
+/// token could make up a mark with what takes the token's place. Then the tokens that stand in it
+/// are all that a merge will ever find, as long as no value brings marks of its own.
+class TemplateLayout {
+ public:
+  /// One occurrence of a token, marks included.
+  struct Slot {
+    std::size_t begin;
+    std::size_t end;
+    std::size_t token;
+  };
+  /// What a token means when a field has this name.
+  struct Reading {
+    static constexpr std::size_t plain = mergeDateFormats.size();
+    std::string_view foldedName;
+    std::size_t format;  ///< of mergeDateFormats, or plain
+    std::size_t token;
+  };
+
+  explicit TemplateLayout(std::string text);
+  TemplateLayout(const TemplateLayout&) = delete;
+  TemplateLayout& operator=(const TemplateLayout&) = delete;
+
+  const std::string& text() const { return text_; }
+  bool isRegular() const { return isRegular_; }
+  const MergeMarks& marks() const { return *marks_; }
+  const std::vector<Slot>& slots() const { return slots_; }
+  /// Tokens that differ by more than case, numbered from 0.
+  std::size_t tokenCount() const { return firstSlots_.size(); }
+  std::size_t firstSlotOf(std::size_t token) const { return firstSlots_[token]; }
+  /// The token's text as it stands in its first slot.
+  std::string tokenText(std::size_t token) const;
+  /// By the format. `foldedName`: see foldCase.
+  std::span<const Reading> readingsOf(std::string_view foldedName) const;
+
+ private:
+  bool cutAtMarks(const MergeMarks& marks);
+  void addSlot(std::size_t begin, std::size_t end);
+  void addReading(std::string_view foldedName, std::size_t format, std::size_t token);
+  void addReadings(std::string_view foldedContent, std::size_t token);
+
+  std::string text_;
+  const MergeMarks* marks_ = &bareMarks;
+  bool isRegular_ = false;
+  std::vector<Slot> slots_;
+  std::vector<std::size_t> firstSlots_;
+  /// Numbers by folded content, which the readings point into.
+  std::unordered_map<std::string, std::size_t> tokens_;
+  /// By name, then by format.
+  std::vector<Reading> readings_;
+  /// Most names that no token has are told by their length and first byte.
+  std::bitset<256> nameShapes_;
+};
+
+/// Texts that differ in case alone have the same folded text.
+std::string foldCase(std::string_view text);
+
+/// The layouts of the templates merged last. Bounded in number and size of templates.
+class TemplateLayoutCache {
+ public:
+  /// What besides the template decides how its field names are brought up to date.
+  struct Setting {
+    Region region;
+    bool isForContactAlone = false;
+    friend bool operator==(const Setting&, const Setting&) = default;
+  };
+
+  /// The one cache of the process; used by its interface thread alone.
+  static TemplateLayoutCache& instance();
+
+  /// Nullptr when it is not held.
+  std::shared_ptr<const TemplateLayout> find(std::string_view templateText, const Setting& setting);
+  void keep(std::string_view templateText, const Setting& setting,
+            std::shared_ptr<const TemplateLayout> layout);
+  std::size_t size() const { return entries_.size(); }
+
+  static constexpr std::size_t maxEntries = 32;
+  static constexpr std::size_t maxTemplateSize = 64 * 1024;
+
+ private:
+  struct Entry {
+    std::string templateText;
+    Setting setting;
+    std::shared_ptr<const TemplateLayout> layout;
+  };
+  /// The one used last comes first.
+  std::vector<Entry> entries_;
+};
+
+}  // namespace autonotify
