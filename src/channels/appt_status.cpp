@@ -90,7 +90,7 @@ bool changeApptNotificationStatus(CurrentDayTimerType kind, notifyType channel,
                      withRow(
                          step, itemStatement(diaryKind(kind)), itemId, keysetUpdate,
                          [&](RecordsetHandle item) {
-                           changeBit(step, item, channel, statusChange);
+                           changeBit(Row(step, item), channel, statusChange);
                            const int bits = readId(step, item, "notifyType", 0);
                            if (!isOneChannel(channel) || !hasBit(bits, channel)) return;
                            writeField(step, item, "ClientNotifiedFlag",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "contract/errorClass.h"
@@ -52,23 +53,32 @@ AUTONOTIFY_OPAQUE void runOpaquely(Code& code, Arguments&... arguments) {
 /// The statements of one procedure. Exists only inside a frame.
 class Step {
  public:
+  // A statement is a callable and its arguments, which are evaluated before it: what can fail in
+  // them belongs into the callable.
+
   /// Runs a statement without a target.
-  template <class Statement>
-  void run(Statement&& statement) {
-    attempt([&] { statement(); });
+  template <class Statement, class... Arguments>
+  void run(Statement&& statement, Arguments&&... arguments) {
+    attempt([&] { std::invoke(statement, arguments...); });
   }
 
   /// Stores the statement's value in `target`; when skipped, `target` keeps its old value.
-  template <class Target, class Statement>
-  void assign(Target& target, Statement&& statement) {
-    attempt([&] { target = statement(); });
+  template <class Target, class Statement, class... Arguments>
+  void assign(Target& target, Statement&& statement, Arguments&&... arguments) {
+    attempt([&] { target = std::invoke(statement, arguments...); });
   }
 
   /// The statement's value, or `old` when it is skipped.
-  template <class Old, class Statement>
-  Old value(Old old, Statement&& statement) {
-    assign(old, statement);
+  template <class Old, class Statement, class... Arguments>
+  Old value(Old old, Statement&& statement, Arguments&&... arguments) {
+    assign(old, statement, arguments...);
     return old;
+  }
+
+  /// A test; one that was skipped reads as not met.
+  template <class Test, class... Arguments>
+  bool holds(Test&& test, Arguments&&... arguments) {
+    return value(false, test, arguments...);
   }
 
  private:

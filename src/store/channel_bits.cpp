@@ -20,13 +20,12 @@ bool isOneChannel(notifyType channel) {
   return channel == nt_Email || channel == nt_Fax || channel == nt_Letter || channel == nt_Phone;
 }
 
-void changeBit(Step& step, RecordsetHandle handle, notifyType channel, changeStatus change,
-               const char* stampColumn) {
-  const int bits = readId(step, handle, "notifyType", 0);
+void changeBit(const Row& row, notifyType channel, changeStatus change, const char* stampColumn) {
+  const int bits = row.id("notifyType", 0);
   const int changed = changedBits(bits, channel, change);
   if (changed == bits) return;
-  if (stampColumn) writeField(step, handle, stampColumn, nowText);
-  writeField(step, handle, "notifyType", [&] { return toText(changed); });
+  if (stampColumn) row.write(stampColumn, nowText);
+  row.write("notifyType", changed);
 }
 
 }  // namespace autonotify

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "contract/enumerations.h"
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 #include "store/modNotifyClients.h"
 
 // The set of channel bits that a schedule entry or a diary item keeps in its column `notifyType`.
@@ -16,7 +16,7 @@ bool isOneChannel(notifyType channel);
 
 /// Sets (nt_AddStatus) or clears (anything else) the channel's bit of the current row. When
 /// something changes, `stampColumn` is written first, if there is one.
-void changeBit(Step& step, RecordsetHandle handle, notifyType channel, changeStatus change,
+void changeBit(const Row& row, notifyType channel, changeStatus change,
                const char* stampColumn = nullptr);
 
 /// True when the row that the statement selects for the id has the channel's bit and `findRow()`
@@ -25,8 +25,7 @@ template <class FindRow, class ClearBit>
 bool readStatus(Step& step, const std::string& statement, Id id, notifyType channel,
                 FindRow&& findRow, ClearBit&& clearBit) {
   int bits = 0;
-  withRow(step, statement, id, keysetRead,
-          [&](RecordsetHandle handle) { bits = readId(step, handle, "notifyType", 0); });
+  if (Rows row(step, statement, id, keysetRead); row) bits = row.id("notifyType", 0);
   if (!isOneChannel(channel) || !hasBit(bits, channel)) return false;
   if (isValidNotificationID(std::to_string(findRow()))) return true;
   clearBit();

@@ -4,8 +4,9 @@ namespace autonotify {
 namespace {
 
 bool readFirstRow(Step& step, const ColumnSource& source, Id id, Value& value) {
-  return withRow(step, source.statement, id, keysetRead,
-                 [&](RecordsetHandle handle) { value = readField(step, handle, source.column); });
+  const Rows row(step, source.statement, id, keysetRead);
+  if (row) value = row.value(source.column);
+  return static_cast<bool>(row);
 }
 
 template <class Result, class Convert>
@@ -13,7 +14,7 @@ Result lookUp(const ColumnLookup& lookup, Id id, Result none, Convert convert) {
   return procedure(lookup.tag, std::move(none), [&](Step& step, Result& result) {
     if (!isDatabaseOpen(step)) return;
     const Value value = readColumn(step, lookup.first, lookup.second, id);
-    if (!isEmpty(step, value)) step.assign(result, [&] { return convert(value); });
+    if (!isEmpty(step, value)) step.assign(result, convert, value);
   });
 }
 
@@ -36,10 +37,10 @@ std::string lookUpText(const ColumnLookup& lookup, Id id) {
 
 Id idOf(Step& step, const Value& value) {
   if (isEmpty(step, value)) return noId;
-  return step.value(noId, [&] { return toInteger(value); });
+  return step.value(noId, toInteger, value);
 }
 
-bool isPositiveIdText(const char* tag, const std::string& text) {
+bool isPositiveIdText(std::string_view tag, const std::string& text) {
   return procedure(tag, false, [&](Step& step, bool& result) {
     if (text.empty() || !isNumeric(text)) return;
     step.assign(result, [&] { return toInteger(toDouble(text)) > 0; });

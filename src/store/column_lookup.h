@@ -3,8 +3,9 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 
 // The one pattern of all lookups and validators of the notification store.
 
@@ -19,7 +20,7 @@ struct ColumnSource {
 /// A lookup procedure: where it reads, and where it goes on when there is no row; the second source
 /// may be absent.
 struct ColumnLookup {
-  const char* tag;
+  std::string_view tag;
   ColumnSource first;
   ColumnSource second = {};
 };
@@ -61,6 +62,6 @@ std::optional<LinkedItem<Row>> firstItem(const ItemTable<Row>& table, const Item
 Id idOf(Step& step, const Value& value);
 
 /// The whole procedure: True when the text is a number that is above 0 as an integer.
-bool isPositiveIdText(const char* tag, const std::string& text);
+bool isPositiveIdText(std::string_view tag, const std::string& text);
 
 }  // namespace autonotify

@@ -4,11 +4,16 @@
 #include <array>
 
 #include "contract/AutoNotifyListForm.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 #include "store/channel_bits.h"
 #include "store/column_lookup.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modNotifyClients", name>;
 
 struct ChannelName {
   notifyType channel;
@@ -21,24 +26,17 @@ constexpr std::array<ChannelName, 4> channelNames{{
     {nt_Phone, "Phone"},
 }};
 
-bool isSelected(const char* tag, std::uint8_t bits, notifyType channel) {
-  return procedure(tag, false, [&](Step&, bool& result) { result = hasBit(bits, channel); });
+bool isSelected(std::string_view procedureTag, std::uint8_t bits, notifyType channel) {
+  return procedure(procedureTag, false,
+                   [&](Step&, bool& result) { result = hasBit(bits, channel); });
 }
 
-void writeStamp(Step& step, RecordsetHandle handle) {
-  writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
+void writeStamp(const Row& row) {
+  row.write("ClientNotificationModifiedStamp", nowText);
 }
 
-void writeCurrentUser(Step& step, RecordsetHandle handle) {
-  writeField(step, handle, "SentByUserIDNum", [] { return toText(locale().getCurrentUserID()); });
-}
-
-void writeText(Step& step, RecordsetHandle handle, const char* column, const char* text) {
-  writeField(step, handle, column, [&] { return text; });
-}
-
-void writeStatus(Step& step, RecordsetHandle handle, enumNotificationSendStatus status) {
-  writeField(step, handle, "NotificationSentStatus", [&] { return toText(int{status}); });
+void writeCurrentUser(const Row& row) {
+  row.write("SentByUserIDNum", [] { return locale().getCurrentUserID(); });
 }
 
 void refreshOpenList(Step& step, Id notificationId) {
@@ -47,7 +45,8 @@ void refreshOpenList(Step& step, Id notificationId) {
     return dynamic_cast<AutoNotifyListForm*>(findForm(AutoNotifyListForm::formName));
   });
   if (!list) return;
-  step.run([&] { list->refreshAutoNotificationRowByAutoNotificationID(notificationId); });
+  step.run(&AutoNotifyListForm::refreshAutoNotificationRowByAutoNotificationID, list,
+           notificationId);
 }
 
 /// Where an item names the person in charge: by name, or by the number of a user.
@@ -66,30 +65,47 @@ constexpr ItemTable<AssignedSource> assignedSources{{
     {"SELECT Dockets.DocketID, Dockets.UserIDNum FROM Dockets WHERE DocketID=", "UserIDNum", true},
 }};
 
+constexpr const char* entryWithChannels =
+    "SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, Schedule.notifyType FROM Schedule "
+    "WHERE ScheduleID=";
+
+constexpr const char* notificationsOfClient =
+    "SELECT ClientNotification.ClientNotificationID, Schedule.ClientNum FROM ClientNotification "
+    "INNER JOIN Schedule ON ClientNotification.ScheduleIDNum = Schedule.ScheduleID WHERE "
+    "Schedule.ClientNum=";
+
+std::string unsentStatement() {
+  return "SELECT ClientNotification.NotificationSent, ClientNotification.NotificationDate FROM "
+         "ClientNotification WHERE ClientNotification.NotificationDate <= #" +
+         database().formatDateForSQL(platformClock().today()) +
+         "# AND ClientNotification.NotificationSent=False ORDER BY NotificationSent, "
+         "NotificationDate;";
+}
+
 }  // namespace
 
 bool IsEmailSelected(std::uint8_t notification) {
-  return isSelected("Morvane.exe-modNotifyClients-IsEmailSelected", notification, nt_Email);
+  return isSelected(tag<"IsEmailSelected">, notification, nt_Email);
 }
 
 bool IsFaxSelected(std::uint8_t notification) {
-  return isSelected("Morvane.exe-modNotifyClients-IsFaxSelected", notification, nt_Fax);
+  return isSelected(tag<"IsFaxSelected">, notification, nt_Fax);
 }
 
 bool IsLetterSelected(std::uint8_t notification) {
-  return isSelected("Morvane.exe-modNotifyClients-IsLetterSelected", notification, nt_Letter);
+  return isSelected(tag<"IsLetterSelected">, notification, nt_Letter);
 }
 
 bool IsPhoneSelected(std::uint8_t notification) {
-  return isSelected("Morvane.exe-modNotifyClients-IsPhoneSelected", notification, nt_Phone);
+  return isSelected(tag<"IsPhoneSelected">, notification, nt_Phone);
 }
 
 std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notificationTypeNum) {
-  return procedure("Morvane.exe-modNotifyClients-getNotificationTypeNameFromNotificationTypeNum",
-                   std::string("Unknown"), [&](Step&, std::string& result) {
+  return procedure(tag<"getNotificationTypeNameFromNotificationTypeNum">, std::string("Unknown"),
+                   [&](Step&, std::string& result) {
                      if (notificationTypeNum == 0) result = "None";
-                     const auto named = std::find_if(
-                         channelNames.begin(), channelNames.end(), [&](const ChannelName& row) {
+                     const auto named =
+                         std::ranges::find_if(channelNames, [&](const ChannelName& row) {
                            return hasBit(notificationTypeNum, row.channel);
                          });
                      if (named != channelNames.end()) result = named->name;
@@ -97,74 +113,55 @@ std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notifica
 }
 
 bool getNotificationStatus(Id scheduleId, notifyType channel) {
-  return procedure(
-      "Morvane.exe-modNotifyClients-getNotificationStatus", false, [&](Step& step, bool& result) {
-        if (!isDatabaseOpen(step)) return;
-        result = readStatus(
-            step, "SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule WHERE ScheduleID=",
-            scheduleId, channel, [&] { return getNotificationID(scheduleId, channel); },
-            [&] { changeNotificationStatus(channel, nt_RemoveStatus, scheduleId); });
-      });
+  return procedure(tag<"getNotificationStatus">, false, [&](Step& step, bool& result) {
+    if (!isDatabaseOpen(step)) return;
+    result = readStatus(
+        step, "SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule WHERE ScheduleID=",
+        scheduleId, channel, [&] { return getNotificationID(scheduleId, channel); },
+        [&] { changeNotificationStatus(channel, nt_RemoveStatus, scheduleId); });
+  });
 }
 
 bool changeNotificationStatus(notifyType channel, changeStatus statusChange, Id scheduleId) {
-  return procedure("Morvane.exe-modNotifyClients-changeNotificationStatus", true,
-                   [&](Step& step, bool& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     withRow(
-                         step,
-                         "SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, "
-                         "Schedule.notifyType FROM Schedule WHERE ScheduleID=",
-                         scheduleId, keysetUpdate,
-                         [&](RecordsetHandle handle) {
-                           changeBit(step, handle, channel, statusChange, "ScheduleModifiedStamp");
-                         },
-                         [&] { result = false; });
-                   });
+  return procedure(tag<"changeNotificationStatus">, true, [&](Step& step, bool& result) {
+    if (!isDatabaseOpen(step)) return;
+    if (Rows entry(step, entryWithChannels, scheduleId, keysetUpdate); entry) {
+      changeBit(entry, channel, statusChange, "ScheduleModifiedStamp");
+    } else {
+      result = false;
+    }
+  });
 }
 
 Id getNotificationID(Id scheduleId, notifyType channel) {
-  return procedure("Morvane.exe-modNotifyClients-getNotificationID", noId,
-                   [&](Step& step, Id& result) {
-                     if (scheduleId < 0 || !isDatabaseOpen(step)) return;
-                     const std::string sql =
-                         "SELECT ClientNotification.* FROM ClientNotification WHERE "
-                         "ScheduleIDNum = " +
-                         std::to_string(scheduleId) +
-                         " AND NotificationType = " + std::to_string(int{channel}) + ";";
-                     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-                       result = readId(step, handle, "ClientNotificationID");
-                     });
-                   });
+  return procedure(tag<"getNotificationID">, noId, [&](Step& step, Id& result) {
+    if (scheduleId < 0 || !isDatabaseOpen(step)) return;
+    const std::string sql =
+        "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum = " +
+        std::to_string(scheduleId) + " AND NotificationType = " + std::to_string(int{channel}) +
+        ";";
+    if (Rows row(step, sql, keysetRead); row) result = row.id("ClientNotificationID");
+  });
 }
 
 bool isValidNotificationID(const std::string& notificationId) {
-  return isPositiveIdText("Morvane.exe-modNotifyClients-isValidNotificationID", notificationId);
+  return isPositiveIdText(tag<"isValidNotificationID">, notificationId);
 }
 
 int getNumberOfUnsentNotifications() {
-  return procedure(
-      "Morvane.exe-modNotifyClients-getNumberOfUnsentNotifications", 0,
-      [&](Step& step, int& result) {
-        if (!isDatabaseOpen(step)) return;
-        RecordsetHandle handle = noRecordset;
-        step.assign(handle, [] {
-          const std::string today = database().formatDateForSQL(platformClock().today());
-          return openRecordset(
-              "SELECT ClientNotification.NotificationSent, ClientNotification.NotificationDate "
-              "FROM ClientNotification WHERE ClientNotification.NotificationDate <= #" +
-                  today +
-                  "# AND ClientNotification.NotificationSent=False "
-                  "ORDER BY NotificationSent, NotificationDate;",
-              keysetRead.cursor, keysetRead.lock);
-        });
-        step.assign(result, [&] { return database().getRecordCount(handle); });
-        step.run([&] { database().closeRecordset(handle); });
-      });
+  return procedure(tag<"getNumberOfUnsentNotifications">, 0, [&](Step& step, int& result) {
+    if (!isDatabaseOpen(step)) return;
+    RecordsetHandle handle = noRecordset;
+    step.assign(handle, [] {
+      return openRecordset(unsentStatement(), keysetRead.cursor, keysetRead.lock);
+    });
+    step.assign(result, [&] { return database().getRecordCount(handle); });
+    step.run([&] { database().closeRecordset(handle); });
+  });
 }
 
 bool needToSendAutoNotificationsToday() {
-  return procedure("Morvane.exe-modNotifyClients-needToSendAutoNotificationsToday", false,
+  return procedure(tag<"needToSendAutoNotificationsToday">, false,
                    [&](Step&, bool& result) { result = getNumberOfUnsentNotifications() > 0; });
 }
 
@@ -172,14 +169,14 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
                                                                Id appointmentId, Id docketId,
                                                                Id /*unused*/) {
   return procedure(
-      "Morvane.exe-modNotifyClients-getNotificationEmployeeAssignedFromNotificationIDs",
-      std::string("None Assigned"), [&](Step& step, std::string& result) {
+      tag<"getNotificationEmployeeAssignedFromNotificationIDs">, std::string("None Assigned"),
+      [&](Step& step, std::string& result) {
         const auto item = firstItem(assignedSources, {scheduleId, taskId, appointmentId, docketId});
         if (!item || !isDatabaseOpen(step)) return;
         const auto& [source, id] = *item;
         const Value assigned = readColumn(step, {source.statement, source.column}, {}, id);
         if (!source.isUserId) {
-          if (!isEmpty(step, assigned)) step.assign(result, [&] { return toText(assigned); });
+          if (!isEmpty(step, assigned)) step.assign(result, toText, assigned);
           return;
         }
         const Id userId = idOf(step, assigned);
@@ -190,78 +187,70 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
 
 void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTime,
                               bool refreshList) {
-  procedure("Morvane.exe-modNotifyClients-changeNotificationToSent", [&](Step& step) {
+  procedure(tag<"changeNotificationToSent">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withRow(step, notificationById, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-      writeStamp(step, handle);
-      writeText(step, handle, "NotificationSent", "True");
-      writeStatus(step, handle, enumNotificationSendStatus_Sent);
-      writeCurrentUser(step, handle);
-      if (!sentTime) return;
-      writeField(step, handle, "SentTime", [&] { return toText(*sentTime); });
-    });
+    if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
+      writeStamp(row);
+      row.write("NotificationSent", "True");
+      row.write("NotificationSentStatus", int{enumNotificationSendStatus_Sent});
+      writeCurrentUser(row);
+      if (sentTime) row.write("SentTime", *sentTime);
+    }
     if (refreshList) refreshOpenList(step, notificationId);
   });
 }
 
 void cancelNotification(Id notificationId) {
-  procedure("Morvane.exe-modNotifyClients-cancelNotification", [&](Step& step) {
+  procedure(tag<"cancelNotification">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withRow(step, notificationById, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-      writeStamp(step, handle);
-      writeStatus(step, handle, enumNotificationSendStatus_Cancelled);
-      writeText(step, handle, "NotificationSent", "True");
-      writeText(step, handle, "SentTime", "");
-      writeCurrentUser(step, handle);
-    });
+    if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
+      writeStamp(row);
+      row.write("NotificationSentStatus", int{enumNotificationSendStatus_Cancelled});
+      row.write("NotificationSent", "True");
+      row.write("SentTime", "");
+      writeCurrentUser(row);
+    }
   });
 }
 
 void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
-  procedure("Morvane.exe-modNotifyClients-changeNotificationNotifiedDate", [&](Step& step) {
+  procedure(tag<"changeNotificationNotifiedDate">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withRow(step,
-            "SELECT ClientNotification.ClientNotificationID, "
-            "ClientNotification.ClientNotificationModifiedStamp, "
-            "ClientNotification.NotificationDate FROM ClientNotification "
-            "WHERE ClientNotificationID=",
-            notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-              writeStamp(step, handle);
-              writeField(step, handle, "NotificationDate", [&] { return toText(newDate); });
-            });
+    if (Rows row(step,
+                 "SELECT ClientNotification.ClientNotificationID, "
+                 "ClientNotification.ClientNotificationModifiedStamp, "
+                 "ClientNotification.NotificationDate FROM ClientNotification "
+                 "WHERE ClientNotificationID=",
+                 notificationId, keysetUpdate);
+        row) {
+      writeStamp(row);
+      row.write("NotificationDate", newDate);
+    }
   });
 }
 
 bool doesClientHaveAssociatedUnsentNotifications(Id clientId) {
-  return procedure("Morvane.exe-modNotifyClients-doesClientHaveAssociatedUnsentNotifications",
-                   false, [&](Step& step, bool& result) {
-                     if (clientId < 0 || !isDatabaseOpen(step)) return;
-                     withRow(step,
-                             "SELECT Schedule.ClientNum FROM ClientNotification INNER JOIN "
-                             "Schedule ON ClientNotification.ScheduleIDNum = "
-                             "Schedule.ScheduleID WHERE Schedule.ClientNum=",
-                             clientId, keysetRead, [&](RecordsetHandle) { result = true; });
-                   });
+  return procedure(
+      tag<"doesClientHaveAssociatedUnsentNotifications">, false, [&](Step& step, bool& result) {
+        if (clientId < 0 || !isDatabaseOpen(step)) return;
+        const Rows found(step,
+                         "SELECT Schedule.ClientNum FROM ClientNotification INNER JOIN Schedule ON "
+                         "ClientNotification.ScheduleIDNum = Schedule.ScheduleID WHERE "
+                         "Schedule.ClientNum=",
+                         clientId, keysetRead);
+        if (found) result = true;
+      });
 }
 
 void cancelAllUnsentNotificationsForClientID(Id clientId) {
-  procedure("Morvane.exe-modNotifyClients-cancelAllUnsentNotificationsForClientID",
-            [&](Step& step) {
-              if (clientId < 0 || !isDatabaseOpen(step)) return;
-              const std::string sql = statementFor(
-                  "SELECT ClientNotification.ClientNotificationID, Schedule.ClientNum FROM "
-                  "ClientNotification INNER JOIN Schedule ON ClientNotification.ScheduleIDNum = "
-                  "Schedule.ScheduleID WHERE Schedule.ClientNum=",
-                  clientId);
-              forEachRow(step, sql, keysetUpdate, [&](RecordsetHandle handle) {
-                std::optional<Bookmark> row;
-                step.assign(row, [&] { return database().getBookmark(handle); });
-                cancelNotification(readId(step, handle, "ClientNotificationID"));
-                // The cancelling opened the same table, which may have moved this position.
-                if (row) step.run([&] { database().gotoBookmark(handle, *row); });
-                return true;
-              });
-            });
+  procedure(tag<"cancelAllUnsentNotificationsForClientID">, [&](Step& step) {
+    if (clientId < 0 || !isDatabaseOpen(step)) return;
+    for (const Row& row : Rows(step, notificationsOfClient, clientId, keysetUpdate)) {
+      const auto place = row.place();
+      cancelNotification(row.id("ClientNotificationID"));
+      row.goTo(place);  // the cancelling opened the same table, which may have moved this position
+    }
+  });
 }
 
 }  // namespace autonotify
