@@ -2,6 +2,7 @@
 #include "channels/recipients.h"
 #include "contract/enumerations.h"
 #include "contract/firm_rules.h"
+#include "contract/tags.h"
 #include "platform/format.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
@@ -9,6 +10,9 @@
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modChannelNotifications", name>;
 
 /// A channel's way to its row.
 struct Channel {
@@ -51,12 +55,12 @@ std::string subjectText(const std::string& scheduleName, DateTime dueDate) {
 
 std::string subjectFromEntry(Step& step, const Channel& channel, Id scheduleId) {
   std::string subject;
-  withRow(step, channel.subjectStatement, scheduleId, keysetRead, [&](RecordsetHandle handle) {
-    const bool inHouse = channel.hasFirmSubject && step.value(false, hasFirmRules);
-    const std::string name = readText(step, handle, "scheduleName");
-    const Value date = readField(step, handle, inHouse ? "inHouseDueDate" : "DueDate");
+  if (Rows entry(step, channel.subjectStatement, scheduleId, keysetRead); entry) {
+    const bool inHouse = channel.hasFirmSubject && step.holds(hasFirmRules);
+    const std::string name = entry.text("scheduleName");
+    const Value date = entry.value(inHouse ? "inHouseDueDate" : "DueDate");
     step.assign(subject, [&] { return subjectText(name, toDateTime(date)); });
-  });
+  }
   return subject;
 }
 
@@ -67,28 +71,25 @@ DateTime dateOfNewNotification(Id scheduleId) {
 
 void writeNewRow(Step& step, Id& key, const Channel& channel, Id scheduleId, DateTime date,
                  const Contents& contents) {
-  addRow(step, key, "ClientNotification", "ClientNotificationID", [&](RecordsetHandle handle) {
-    const auto set = [&](const char* column, const Value& value) {
-      setField(step, handle, column, [&] { return toText(value); });
-    };
-    set("NotificationType", int{channel.value});
-    set("ScheduleIDNum", scheduleId);
-    set("NotificationDate", date);
-    for (const auto& [column, text] : contents.fields) set(column, text);
-    set("Memo", contents.memo);
-    set("CompanyIDNum", contents.client.companyId);
-    set("ContactIDNum", contents.client.contactId);
-    setField(step, handle, "DateCreated", nowText);
-    setField(step, handle, "CreatedByUserIDNum",
-             [] { return toText(locale().getCurrentUserID()); });
-  });
+  NewRow row(step, "ClientNotification");
+  row.set("NotificationType", int{channel.value});
+  row.set("ScheduleIDNum", scheduleId);
+  row.set("NotificationDate", date);
+  for (const auto& [column, text] : contents.fields) row.set(column, text);
+  row.set("Memo", contents.memo);
+  row.set("CompanyIDNum", contents.client.companyId);
+  row.set("ContactIDNum", contents.client.contactId);
+  row.set("DateCreated", nowText);
+  row.set("CreatedByUserIDNum", [] { return locale().getCurrentUserID(); });
+  row.save(key, "ClientNotificationID");
 }
 
 /// The steps of all eight adds; `find(step)` gives the contents. The date comes first, also when
 /// the database turns out to be closed.
 template <class Find>
-Id addNotification(const char* tag, const Channel& channel, Id scheduleId, Find&& find) {
-  return procedure(tag, noId, [&](Step& step, Id& result) {
+Id addNotification(std::string_view procedureTag, const Channel& channel, Id scheduleId,
+                   Find&& find) {
+  return procedure(procedureTag, noId, [&](Step& step, Id& result) {
     const DateTime date = dateOfNewNotification(scheduleId);
     if (!isDatabaseOpen(step)) return;
     const Contents contents = find(step);
@@ -96,8 +97,8 @@ Id addNotification(const char* tag, const Channel& channel, Id scheduleId, Find&
   });
 }
 
-Id addFromScheduleId(const char* tag, const Channel& channel, Id scheduleId) {
-  return addNotification(tag, channel, scheduleId, [&](Step& step) {
+Id addFromScheduleId(std::string_view procedureTag, const Channel& channel, Id scheduleId) {
+  return addNotification(procedureTag, channel, scheduleId, [&](Step& step) {
     Contents contents;
     contents.client = clientOfScheduleEntry(step, scheduleId);
     contents.fields = channel.fieldsFromEntry(step, contents.client);
@@ -110,11 +111,11 @@ Id addFromScheduleId(const char* tag, const Channel& channel, Id scheduleId) {
   });
 }
 
-Id addFromName(const char* tag, const Channel& channel, Id scheduleId,
+Id addFromName(std::string_view procedureTag, const Channel& channel, Id scheduleId,
                const NotificationClient& client, const std::string& scheduleName, DateTime dueDate,
-               const std::string& templateComment) {
-  return addNotification(tag, channel, scheduleId, [&](Step& step) {
-    Contents contents{client, channel.fieldsFromIds(step, client), templateComment};
+               const std::string& text) {
+  return addNotification(procedureTag, channel, scheduleId, [&](Step& step) {
+    Contents contents{client, channel.fieldsFromIds(step, client), text};
     if (channel.subjectColumn) {
       contents.fields.emplace_back(channel.subjectColumn, subjectText(scheduleName, dueDate));
     }
@@ -125,66 +126,47 @@ Id addFromName(const char* tag, const Channel& channel, Id scheduleId,
 }  // namespace
 
 Id addNewEmailNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(
-      "Morvane.exe-modChannelNotifications-addNewEmailNotificationFromScheduleIDNum", email,
-      scheduleID);
+  return addFromScheduleId(tag<"addNewEmailNotificationFromScheduleIDNum">, email, scheduleID);
 }
 
 Id addNewFaxNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(
-      "Morvane.exe-modChannelNotifications-addNewFaxNotificationFromScheduleIDNum", fax,
-      scheduleID);
+  return addFromScheduleId(tag<"addNewFaxNotificationFromScheduleIDNum">, fax, scheduleID);
 }
 
 Id addNewLetterNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(
-      "Morvane.exe-modChannelNotifications-addNewLetterNotificationFromScheduleIDNum", letter,
-      scheduleID);
+  return addFromScheduleId(tag<"addNewLetterNotificationFromScheduleIDNum">, letter, scheduleID);
 }
 
 Id addNewPhoneNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(
-      "Morvane.exe-modChannelNotifications-addNewPhoneNotificationFromScheduleIDNum", phone,
-      scheduleID);
+  return addFromScheduleId(tag<"addNewPhoneNotificationFromScheduleIDNum">, phone, scheduleID);
 }
 
-Id addNewEmailNotificationFromScheduleNameAndDueDate(Id scheduleID, Id /*taskID*/, Id CompanyIDNum,
-                                                     Id ContactIDNum,
-                                                     const std::string& scheduleName,
-                                                     DateTime dueDate,
-                                                     const std::string& templateComment) {
-  return addFromName(
-      "Morvane.exe-modChannelNotifications-addNewEmailNotificationFromScheduleNameAndDueDate",
-      email, scheduleID, {CompanyIDNum, ContactIDNum}, scheduleName, dueDate, templateComment);
+Id addNewEmailNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
+                                                     const std::string& name, DateTime dueDate,
+                                                     const std::string& text) {
+  return addFromName(tag<"addNewEmailNotificationFromScheduleNameAndDueDate">, email, scheduleID,
+                     {company, contact}, name, dueDate, text);
 }
 
-Id addNewFaxNotificationFromScheduleNameAndDueDate(Id scheduleID, Id /*taskID*/, Id CompanyIDNum,
-                                                   Id ContactIDNum, const std::string& scheduleName,
-                                                   DateTime dueDate,
-                                                   const std::string& templateComment) {
-  return addFromName(
-      "Morvane.exe-modChannelNotifications-addNewFaxNotificationFromScheduleNameAndDueDate", fax,
-      scheduleID, {CompanyIDNum, ContactIDNum}, scheduleName, dueDate, templateComment);
+Id addNewFaxNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
+                                                   const std::string& name, DateTime dueDate,
+                                                   const std::string& text) {
+  return addFromName(tag<"addNewFaxNotificationFromScheduleNameAndDueDate">, fax, scheduleID,
+                     {company, contact}, name, dueDate, text);
 }
 
-Id addNewLetterNotificationFromScheduleNameAndDueDate(Id scheduleID, Id /*taskID*/, Id CompanyIDNum,
-                                                      Id ContactIDNum,
-                                                      const std::string& scheduleName,
-                                                      DateTime dueDate,
-                                                      const std::string& templateComment) {
-  return addFromName(
-      "Morvane.exe-modChannelNotifications-addNewLetterNotificationFromScheduleNameAndDueDate",
-      letter, scheduleID, {CompanyIDNum, ContactIDNum}, scheduleName, dueDate, templateComment);
+Id addNewLetterNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
+                                                      const std::string& name, DateTime dueDate,
+                                                      const std::string& text) {
+  return addFromName(tag<"addNewLetterNotificationFromScheduleNameAndDueDate">, letter, scheduleID,
+                     {company, contact}, name, dueDate, text);
 }
 
-Id addNewPhoneNotificationFromScheduleNameAndDueDate(Id scheduleID, Id /*taskID*/, Id CompanyIDNum,
-                                                     Id ContactIDNum,
-                                                     const std::string& scheduleName,
-                                                     DateTime dueDate,
-                                                     const std::string& templateComment) {
-  return addFromName(
-      "Morvane.exe-modChannelNotifications-addNewPhoneNotificationFromScheduleNameAndDueDate",
-      phone, scheduleID, {CompanyIDNum, ContactIDNum}, scheduleName, dueDate, templateComment);
+Id addNewPhoneNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
+                                                     const std::string& name, DateTime dueDate,
+                                                     const std::string& text) {
+  return addFromName(tag<"addNewPhoneNotificationFromScheduleNameAndDueDate">, phone, scheduleID,
+                     {company, contact}, name, dueDate, text);
 }
 
 }  // namespace autonotify

@@ -4,6 +4,7 @@
 #include "channels/modApptNotifications.h"
 #include "channels/modChannelNotifications.h"
 #include "channels/recipients.h"
+#include "contract/tags.h"
 #include "platform/format.h"
 #include "store/column_lookup.h"
 #include "store/modNotificationLinks.h"
@@ -12,8 +13,16 @@
 namespace autonotify {
 namespace {
 
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
+
 /// Columns that are written one after the other.
 enum ColumnGroup { type, link, clientIds, date, fields, memo, groupCount };
+using ColumnOrder = std::array<ColumnGroup, groupCount>;
+
+constexpr ColumnOrder clientsLast{type, link, date, fields, memo, clientIds};
+constexpr ColumnOrder clientsBehindLink{type, link, clientIds, date, fields, memo};
+constexpr ColumnOrder clientsBeforeLink{type, clientIds, link, date, fields, memo};
 
 /// A channel's way to its row.
 struct ItemChannel {
@@ -23,35 +32,22 @@ struct ItemChannel {
   const char* subjectColumn;
   /// Clients that are not given are looked up.
   bool findsClient;
-  std::array<ColumnGroup, groupCount> order;
+  ColumnOrder order;
   /// The add of a task's schedule entry.
   Id (*addForSchedule)(Id);
 };
 
-constexpr ItemChannel email{nt_Email,
-                            itemEmailFields,
-                            "Field4",
-                            true,
-                            {type, link, date, fields, memo, clientIds},
-                            addNewEmailNotificationFromScheduleIDNum};
-constexpr ItemChannel fax{nt_Fax,
-                          itemFaxFields,
-                          "Field6",
-                          true,
-                          {type, link, clientIds, date, fields, memo},
-                          addNewFaxNotificationFromScheduleIDNum};
-constexpr ItemChannel letter{nt_Letter,
-                             letterFields,
-                             nullptr,
-                             false,
-                             {type, clientIds, link, date, fields, memo},
-                             addNewLetterNotificationFromScheduleIDNum};
-constexpr ItemChannel phone{nt_Phone,
-                            itemPhoneFields,
-                            nullptr,
-                            true,
-                            {type, clientIds, link, date, fields, memo},
-                            addNewPhoneNotificationFromScheduleIDNum};
+constexpr std::array<ItemChannel, 4> channels{{
+    {nt_Email, itemEmailFields, "Field4", true, clientsLast,
+     addNewEmailNotificationFromScheduleIDNum},
+    {nt_Fax, itemFaxFields, "Field6", true, clientsBehindLink,
+     addNewFaxNotificationFromScheduleIDNum},
+    {nt_Letter, letterFields, nullptr, false, clientsBeforeLink,
+     addNewLetterNotificationFromScheduleIDNum},
+    {nt_Phone, itemPhoneFields, nullptr, true, clientsBeforeLink,
+     addNewPhoneNotificationFromScheduleIDNum},
+}};
+const auto& [email, fax, letter, phone] = channels;
 
 /// What the caller of an add has said.
 struct Wish {
@@ -92,26 +88,21 @@ ChannelFields composeRow(Step& step, const ItemChannel& channel, const Wish& wis
   return row;
 }
 
-void addItemRow(Step& step, const ChannelFields& row, Id& key) {
-  addRow(step, key, "ClientNotification", "ClientNotificationID", [&](RecordsetHandle handle) {
-    for (const auto& [column, text] : row) setField(step, handle, column, [&] { return text; });
-  });
+void addItemRow(Step& step, const ChannelFields& columns, Id& key) {
+  NewRow row(step, "ClientNotification");
+  for (const auto& [column, text] : columns) row.set(column, text);
+  row.save(key, "ClientNotificationID");
 }
 
-void updateItemRow(Step& step, const ChannelFields& row, Id notificationId, Id& key) {
-  withRow(step,
-          "SELECT ClientNotification.* FROM ClientNotification WHERE "
-          "ClientNotificationID=",
-          notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-            for (const auto& [column, text] : row) {
-              writeField(step, handle, column, [&] { return text; });
-            }
-            key = readId(step, handle, "ClientNotificationID");
-          });
+void updateItemRow(Step& step, const ChannelFields& columns, Id notificationId, Id& key) {
+  const Rows row(step, notificationById, notificationId, keysetUpdate);
+  if (!row) return;
+  for (const auto& [column, text] : columns) row.write(column, text);
+  key = row.id("ClientNotificationID");
 }
 
-Id addOrUpdate(const char* tag, const ItemChannel& channel, const Wish& wish) {
-  return procedure(tag, noId, [&](Step& step, Id& result) {
+Id addOrUpdate(std::string_view procedureTag, const ItemChannel& channel, const Wish& wish) {
+  return procedure(procedureTag, noId, [&](Step& step, Id& result) {
     if (wish.kind == Tasks) {
       result = channel.addForSchedule(getScheduleIDFromTaskID(wish.itemId));
       return;
@@ -130,25 +121,25 @@ Id addOrUpdate(const char* tag, const ItemChannel& channel, const Wish& wish) {
 
 Id addNewApptEmailNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
                                Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptEmailNotification", email,
+  return addOrUpdate(tag<"addNewApptEmailNotification">, email,
                      {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
 }
 
 Id addNewApptFaxNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
                              Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptFaxNotification", fax,
+  return addOrUpdate(tag<"addNewApptFaxNotification">, fax,
                      {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
 }
 
 Id addNewApptLetterNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
                                 Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptLetterNotification", letter,
+  return addOrUpdate(tag<"addNewApptLetterNotification">, letter,
                      {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
 }
 
 Id addNewApptPhoneNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
                                Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate("Morvane.exe-modApptNotifications-addNewApptPhoneNotification", phone,
+  return addOrUpdate(tag<"addNewApptPhoneNotification">, phone,
                      {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
 }
 

@@ -1,5 +1,6 @@
 #include "channels/diary_items.h"
 #include "channels/modApptNotifications.h"
+#include "contract/tags.h"
 #include "store/channel_bits.h"
 #include "store/channel_fields.h"
 #include "store/column_lookup.h"
@@ -8,139 +9,126 @@
 namespace autonotify {
 namespace {
 
-/// The first row of ClientNotification where `column` holds the id, with the kind's link.
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
+
+constexpr ColumnLookup dateOfNotification{
+    tag<"getApptNotificationDate">,
+    {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationDate FROM "
+     "ClientNotification WHERE ClientNotificationID=",
+     "NotificationDate"}};
+constexpr ColumnSource typeOfNotification{
+    "SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationType FROM "
+    "ClientNotification WHERE ClientNotificationID=",
+    "NotificationType"};
+
+/// The rows of ClientNotification that meet the condition, with the kind's link.
 std::string linkStatement(const DiaryKind& kind, const std::string& condition) {
   return std::string("SELECT ClientNotification.ClientNotificationID, ClientNotification.") +
          kind.link + " FROM ClientNotification WHERE " + condition + ";";
 }
 
+/// An item with the channel's bit counts as notified, for good.
+void raiseFlag(const Row& item, notifyType channel) {
+  const int bits = item.id("notifyType", 0);
+  if (isOneChannel(channel) && hasBit(bits, channel)) item.write("ClientNotifiedFlag", true);
+}
+
 }  // namespace
 
 Id getApptNotificationID(CurrentDayTimerType kind, Id itemId, notifyType channel) {
-  return procedure(
-      "Morvane.exe-modApptNotifications-getApptNotificationID", noId, [&](Step& step, Id& result) {
-        if (kind == Tasks) {
-          result = getNotificationID(getScheduleIDFromTaskID(itemId), channel);
-          return;
-        }
-        if (itemId < 0 || !isDatabaseOpen(step)) return;
-        const DiaryKind& row = diaryKind(kind);
-        const std::string condition = std::string(row.link) + "=" + std::to_string(itemId) +
-                                      " AND NotificationType = " + std::to_string(int{channel});
-        withFirstRow(step, linkStatement(row, condition), keysetRead, [&](RecordsetHandle handle) {
-          result = readId(step, handle, "ClientNotificationID");
-        });
-      });
+  return procedure(tag<"getApptNotificationID">, noId, [&](Step& step, Id& result) {
+    if (kind == Tasks) {
+      result = getNotificationID(getScheduleIDFromTaskID(itemId), channel);
+      return;
+    }
+    if (itemId < 0 || !isDatabaseOpen(step)) return;
+    const DiaryKind& items = diaryKind(kind);
+    const std::string condition = std::string(items.link) + "=" + std::to_string(itemId) +
+                                  " AND NotificationType = " + std::to_string(int{channel});
+    if (Rows row(step, linkStatement(items, condition), keysetRead); row)
+      result = row.id("ClientNotificationID");
+  });
 }
 
 Id getAppointmentIDFromNotificationID(CurrentDayTimerType kind, Id notificationId) {
-  return procedure(
-      "Morvane.exe-modApptNotifications-getAppointmentIDFromNotificationID", noId,
-      [&](Step& step, Id& result) {
-        if (notificationId < 0 || !isDatabaseOpen(step)) return;
-        const DiaryKind& row = diaryKind(kind);
-        const std::string condition = "ClientNotificationID=" + std::to_string(notificationId);
-        withFirstRow(step, linkStatement(row, condition), keysetRead,
-                     [&](RecordsetHandle handle) { result = readId(step, handle, row.link); });
-      });
+  return procedure(tag<"getAppointmentIDFromNotificationID">, noId, [&](Step& step, Id& result) {
+    if (notificationId < 0 || !isDatabaseOpen(step)) return;
+    const DiaryKind& items = diaryKind(kind);
+    const std::string condition = "ClientNotificationID=" + std::to_string(notificationId);
+    if (Rows row(step, linkStatement(items, condition), keysetRead); row)
+      result = row.id(items.link);
+  });
 }
 
 DateTime getApptNotificationDate(Id notificationId) {
-  return procedure("Morvane.exe-modApptNotifications-getApptNotificationDate", DateTime{},
-                   [&](Step& step, DateTime& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const Value date = readColumn(
-                         step,
-                         {"SELECT ClientNotification.ClientNotificationID, "
-                          "ClientNotification.NotificationDate FROM ClientNotification WHERE "
-                          "ClientNotificationID=",
-                          "NotificationDate"},
-                         {}, notificationId);
-                     if (!isEmpty(step, date))
-                       step.assign(result, [&] { return toDateTime(date); });
-                   });
+  return lookUpDate(dateOfNotification, notificationId);
 }
 
 bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType channel) {
-  return procedure(
-      "Morvane.exe-modApptNotifications-getApptNotificationStatus", false,
-      [&](Step& step, bool& result) {
-        if (kind == Tasks) {
-          result = getNotificationStatus(getScheduleIDFromTaskID(itemId), channel);
-          return;
-        }
-        if (!isDatabaseOpen(step)) return;
-        result = readStatus(
-            step, itemStatement(diaryKind(kind)), itemId, channel,
-            [&] { return getApptNotificationID(kind, itemId, channel); },
-            [&] { changeApptNotificationStatus(kind, channel, nt_RemoveStatus, itemId); });
-      });
+  return procedure(tag<"getApptNotificationStatus">, false, [&](Step& step, bool& result) {
+    if (kind == Tasks) {
+      result = getNotificationStatus(getScheduleIDFromTaskID(itemId), channel);
+      return;
+    }
+    if (!isDatabaseOpen(step)) return;
+    result = readStatus(
+        step, itemStatement(diaryKind(kind)), itemId, channel,
+        [&] { return getApptNotificationID(kind, itemId, channel); },
+        [&] { changeApptNotificationStatus(kind, channel, nt_RemoveStatus, itemId); });
+  });
 }
 
 bool changeApptNotificationStatus(CurrentDayTimerType kind, notifyType channel,
                                   changeStatus statusChange, Id itemId) {
-  return procedure("Morvane.exe-modApptNotifications-changeApptNotificationStatus", true,
-                   [&](Step& step, bool& result) {
-                     if (kind == Tasks) {
-                       const Id scheduleId = getScheduleIDFromTaskID(itemId);
-                       result = changeNotificationStatus(channel, statusChange, scheduleId);
-                       return;
-                     }
-                     if (!isDatabaseOpen(step)) return;
-                     withRow(
-                         step, itemStatement(diaryKind(kind)), itemId, keysetUpdate,
-                         [&](RecordsetHandle item) {
-                           changeBit(Row(step, item), channel, statusChange);
-                           const int bits = readId(step, item, "notifyType", 0);
-                           if (!isOneChannel(channel) || !hasBit(bits, channel)) return;
-                           writeField(step, item, "ClientNotifiedFlag",
-                                      [] { return toText(true); });
-                         },
-                         [&] { result = false; });
-                   });
+  return procedure(tag<"changeApptNotificationStatus">, true, [&](Step& step, bool& result) {
+    if (kind == Tasks) {
+      const Id scheduleId = getScheduleIDFromTaskID(itemId);
+      result = changeNotificationStatus(channel, statusChange, scheduleId);
+      return;
+    }
+    if (!isDatabaseOpen(step)) return;
+    if (Rows item(step, itemStatement(diaryKind(kind)), itemId, keysetUpdate); item) {
+      changeBit(item, channel, statusChange);
+      raiseFlag(item, channel);
+    } else {
+      result = false;
+    }
+  });
 }
 
 void deleteApptNotification(CurrentDayTimerType kind, notifyType channel, Id itemId) {
-  procedure("Morvane.exe-modApptNotifications-deleteApptNotification", [&](Step& step) {
+  procedure(tag<"deleteApptNotification">, [&](Step& step) {
     if (kind == Tasks) {
       deleteNotification(getApptNotificationID(kind, itemId, channel));
       return;
     }
     if (!isDatabaseOpen(step)) return;
-    withRow(step, itemStatement(diaryKind(kind)), itemId, keysetUpdate, [&](RecordsetHandle) {
-      const Id notificationId = getApptNotificationID(kind, itemId, channel);
-      if (notificationId < 0 || !deleteNotification(notificationId)) return;
-      changeApptNotificationStatus(kind, channel, nt_RemoveStatus, itemId);
-    });
+    const Rows item(step, itemStatement(diaryKind(kind)), itemId, keysetUpdate);
+    if (!item) return;
+    const Id notificationId = getApptNotificationID(kind, itemId, channel);
+    if (notificationId < 0 || !deleteNotification(notificationId)) return;
+    changeApptNotificationStatus(kind, channel, nt_RemoveStatus, itemId);
   });
 }
 
 void copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(CurrentDayTimerType kind,
                                                                  Id newNotificationId,
                                                                  Id oldItemId) {
-  procedure(
-      "Morvane.exe-modApptNotifications-"
-      "copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum",
-      [&](Step& step) {
-        if (kind == Tasks) {
-          copyOldNotificationInfoToNewNotificationByScheduleIDNum(
-              newNotificationId, getScheduleIDFromTaskID(oldItemId));
-          return;
-        }
-        if (!isDatabaseOpen(step)) return;
-        const Value type = readColumn(step,
-                                      {"SELECT ClientNotification.ClientNotificationID, "
-                                       "ClientNotification.NotificationType FROM "
-                                       "ClientNotification WHERE ClientNotificationID=",
-                                       "NotificationType"},
-                                      {}, newNotificationId);
-        const Id channel = idOf(step, type);
-        if (channel < 0) return;
-        const Id oldId = getApptNotificationID(kind, oldItemId, static_cast<notifyType>(channel));
-        if (!isValidNotificationID(std::to_string(oldId))) return;
-        withRow(step, notificationById, newNotificationId, keysetUpdate,
-                [&](RecordsetHandle newRow) { copyChannelFields(step, newRow, channel, oldId); });
-      });
+  procedure(tag<"copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum">, [&](Step& step) {
+    if (kind == Tasks) {
+      copyOldNotificationInfoToNewNotificationByScheduleIDNum(newNotificationId,
+                                                              getScheduleIDFromTaskID(oldItemId));
+      return;
+    }
+    if (!isDatabaseOpen(step)) return;
+    const Id channel = idOf(step, readColumn(step, typeOfNotification, {}, newNotificationId));
+    if (channel < 0) return;
+    const Id oldId = getApptNotificationID(kind, oldItemId, static_cast<notifyType>(channel));
+    if (!isValidNotificationID(std::to_string(oldId))) return;
+    if (Rows newRow(step, notificationById, newNotificationId, keysetUpdate); newRow)
+      copyChannelFields(newRow, channel, oldId);
+  });
 }
 
 }  // namespace autonotify

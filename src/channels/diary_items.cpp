@@ -4,11 +4,15 @@
 #include <array>
 
 #include "channels/modApptNotifications.h"
+#include "contract/tags.h"
 #include "platform/format.h"
 #include "store/column_lookup.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
 
 constexpr std::array<DiaryKind, 3> diaryKinds{{
     {Appointments, "Appointments", "AppointmentID", "ApptIDNum", "You have an appointment on ",
@@ -26,6 +30,11 @@ constexpr DiaryKind noKind{{}, "", "", "", "", "", false, "", "", ""};
 
 constexpr const char* dayPattern = "dddd, mmmm d yyyy";
 
+constexpr const char* textOfNotification =
+    "SELECT ClientNotification.ClientNotificationModifiedStamp, "
+    "ClientNotification.ClientNotificationID, ClientNotification.Memo FROM ClientNotification "
+    "WHERE ClientNotificationID=";
+
 /// The firm's side of a meeting.
 std::string firmName(Step& step) {
   return step.value(std::string{},
@@ -36,20 +45,25 @@ DateTime readMoment(RecordsetHandle item, const char* column) {
   return toDateTime(database().getFieldValue(item, column));
 }
 
-std::string composeBody(Step& step, const DiaryKind& kind, RecordsetHandle item) {
+std::string whenText(RecordsetHandle item) {
+  const std::string day = formatDateTime(readMoment(item, "DateFrom"), dayPattern);
+  const std::string time = formatDateTime(readMoment(item, "TimeFrom"), "h:nn am/pm");
+  return " on " + day + " at " + time + ".  ";
+}
+
+std::string lengthText(const DiaryKind& kind, RecordsetHandle item) {
+  const std::int64_t from = readMoment(item, "TimeFrom").totalMinutes();
+  const std::int64_t minutes = readMoment(item, "TimeTo").totalMinutes() - from;
+  return kind.beforeMinutes + std::to_string(minutes) + kind.afterMinutes;
+}
+
+std::string composeBody(const DiaryKind& kind, const Row& item) {
+  Step& step = item.step();
   std::string body = std::string("Hi,\r\n\r\n") + kind.opening;
   if (kind.namesFirm) body += firmName(step) + " ";
-  step.run([&] {
-    const std::string day = formatDateTime(readMoment(item, "DateFrom"), dayPattern);
-    body +=
-        " on " + day + " at " + formatDateTime(readMoment(item, "TimeFrom"), "h:nn am/pm") + ".  ";
-  });
-  step.run([&] {
-    const DateTime from = readMoment(item, "TimeFrom");
-    const std::int64_t minutes = readMoment(item, "TimeTo").totalMinutes() - from.totalMinutes();
-    body += kind.beforeMinutes + std::to_string(minutes) + kind.afterMinutes;
-  });
-  const Value subject = readField(step, item, "Subject");
+  body += step.value(std::string{}, whenText, item.handle());
+  body += step.value(std::string{}, lengthText, kind, item.handle());
+  const Value subject = item.value("Subject");
   if (!isEmpty(step, subject)) step.run([&] { body += kind.about + toText(subject) + ".  "; });
   return body;
 }
@@ -68,40 +82,35 @@ std::string itemStatement(const DiaryKind& kind) {
 
 std::string itemSubject(Step& step, const DiaryKind& kind, Id itemId) {
   std::string subject;
-  withRow(step, itemStatement(kind), itemId, keysetRead, [&](RecordsetHandle item) {
-    const Value date = readField(step, item, "DateFrom");
+  if (Rows item(step, itemStatement(kind), itemId, keysetRead); item) {
+    const Value date = item.value("DateFrom");
     const std::string name = firmName(step);
     step.assign(subject, [&] {
       return kind.subject + formatDateTime(toDateTime(date), dayPattern) + " with " + name;
     });
-  });
+  }
   return subject;
 }
 
 std::string getAppointmentBodyText(CurrentDayTimerType kind, Id itemId) {
-  return procedure("Morvane.exe-modApptNotifications-getAppointmentBodyText", std::string{},
-                   [&](Step& step, std::string& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const DiaryKind& row = diaryKind(kind);
-                     withRow(step, itemStatement(row), itemId, keysetRead,
-                             [&](RecordsetHandle item) { result = composeBody(step, row, item); });
-                   });
+  return procedure(tag<"getAppointmentBodyText">, std::string{}, [&](Step& step, auto& result) {
+    if (!isDatabaseOpen(step)) return;
+    const DiaryKind& row = diaryKind(kind);
+    const Rows item(step, itemStatement(row), itemId, keysetRead);
+    if (item) result = composeBody(row, item);
+  });
 }
 
 void resetApptNotificationBody(std::int32_t kind, Id notificationId, Id itemId) {
-  procedure("Morvane.exe-modApptNotifications-resetApptNotificationBody", [&](Step& step) {
+  procedure(tag<"resetApptNotificationBody">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     CurrentDayTimerType narrow{};
     step.assign(narrow, [&] { return static_cast<CurrentDayTimerType>(toInteger16(kind)); });
     const std::string body = getAppointmentBodyText(narrow, itemId);
-    withRow(step,
-            "SELECT ClientNotification.ClientNotificationModifiedStamp, "
-            "ClientNotification.ClientNotificationID, ClientNotification.Memo "
-            "FROM ClientNotification WHERE ClientNotificationID=",
-            notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-              writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
-              writeField(step, handle, "Memo", [&] { return body; });
-            });
+    if (Rows row(step, textOfNotification, notificationId, keysetUpdate); row) {
+      row.write("ClientNotificationModifiedStamp", nowText);
+      row.write("Memo", body);
+    }
   });
 }
 

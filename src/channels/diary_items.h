@@ -3,7 +3,7 @@
 #include <string>
 
 #include "contract/enumerations.h"
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 
 namespace autonotify {
 

@@ -2,10 +2,21 @@
 
 #include "channels/modApptNotifications.h"
 #include "channels/modChannelNotifications.h"
+#include "contract/tags.h"
 #include "store/column_lookup.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modChannelNotifications", name>;
+template <FixedText name>
+constexpr std::string_view itemTag = procedureTag<"modApptNotifications", name>;
+
+constexpr const char* textOfNotification =
+    "SELECT ClientNotification.ClientNotificationID, "
+    "ClientNotification.ClientNotificationModifiedStamp, ClientNotification.Memo FROM "
+    "ClientNotification WHERE ClientNotificationID=";
 
 /// A field of an edit. `clears` lets an empty text through, which otherwise means: leave it.
 struct FieldEdit {
@@ -16,17 +27,16 @@ struct FieldEdit {
 
 using FieldEdits = std::vector<FieldEdit>;
 
-void editNotification(const char* tag, Id notificationId, const FieldEdits& edits,
+void editNotification(std::string_view procedureTag, Id notificationId, const FieldEdits& edits,
                       const char* statement = notificationById) {
-  procedure(tag, [&](Step& step) {
+  procedure(procedureTag, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    withRow(step, statement, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-      writeField(step, handle, "ClientNotificationModifiedStamp", nowText);
-      for (const FieldEdit& edit : edits) {
-        if (!edit.clears && isEmpty(step, edit.text)) continue;
-        writeField(step, handle, edit.column, [&] { return edit.text; });
-      }
-    });
+    const Rows row(step, statement, notificationId, keysetUpdate);
+    if (!row) return;
+    row.write("ClientNotificationModifiedStamp", nowText);
+    for (const FieldEdit& edit : edits) {
+      if (edit.clears || !isEmpty(step, edit.text)) row.write(edit.column, edit.text);
+    }
   });
 }
 
@@ -56,7 +66,7 @@ FieldEdits phoneEdits(const std::string& to, const std::string& number, const st
 void editEmailNotification(Id notificationNum, const std::string& ToStr, const std::string& CcStr,
                            const std::string& BccStr, const std::string& subjectStr,
                            const std::string& memoStr) {
-  editNotification("Morvane.exe-modChannelNotifications-editEmailNotification", notificationNum,
+  editNotification(tag<"editEmailNotification">, notificationNum,
                    emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
 }
 
@@ -65,26 +75,25 @@ void editFaxNotification(Id notificationNum, const std::string& ToStr, const std
                          const std::string& PagesStr, const std::string& subjectStr,
                          const std::string& memoStr) {
   editNotification(
-      "Morvane.exe-modChannelNotifications-editFaxNotification", notificationNum,
+      tag<"editFaxNotification">, notificationNum,
       faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
 }
 
 void editLetterNotification(Id notificationNum, const std::string& memoStr) {
-  editNotification("Morvane.exe-modChannelNotifications-editLetterNotification", notificationNum,
-                   letterEdits(memoStr));
+  editNotification(tag<"editLetterNotification">, notificationNum, letterEdits(memoStr));
 }
 
 void editPhoneNotification(Id notificationNum, const std::string& ToStr,
                            const std::string& PhoneNumberStr, const std::string& TimesStr,
                            const std::string& memoStr) {
-  editNotification("Morvane.exe-modChannelNotifications-editPhoneNotification", notificationNum,
+  editNotification(tag<"editPhoneNotification">, notificationNum,
                    phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
 }
 
 void editApptEmailNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
                                const std::string& CcStr, const std::string& BccStr,
                                const std::string& subjectStr, const std::string& memoStr) {
-  editNotification("Morvane.exe-modApptNotifications-editApptEmailNotification", notificationNum,
+  editNotification(itemTag<"editApptEmailNotification">, notificationNum,
                    emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
 }
 
@@ -93,23 +102,20 @@ void editApptFaxNotification(CurrentDayTimerType, Id notificationNum, const std:
                              const std::string& ReceiverFaxStr, const std::string& PagesStr,
                              const std::string& subjectStr, const std::string& memoStr) {
   editNotification(
-      "Morvane.exe-modApptNotifications-editApptFaxNotification", notificationNum,
+      itemTag<"editApptFaxNotification">, notificationNum,
       faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
 }
 
 void editApptLetterNotification(CurrentDayTimerType, Id notificationNum,
                                 const std::string& memoStr) {
-  editNotification("Morvane.exe-modApptNotifications-editApptLetterNotification", notificationNum,
-                   letterEdits(memoStr),
-                   "SELECT ClientNotification.ClientNotificationID, "
-                   "ClientNotification.ClientNotificationModifiedStamp, ClientNotification.Memo "
-                   "FROM ClientNotification WHERE ClientNotificationID=");
+  editNotification(itemTag<"editApptLetterNotification">, notificationNum, letterEdits(memoStr),
+                   textOfNotification);
 }
 
 void editApptPhoneNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
                                const std::string& PhoneNumberStr, const std::string& TimesStr,
                                const std::string& memoStr) {
-  editNotification("Morvane.exe-modApptNotifications-editApptPhoneNotification", notificationNum,
+  editNotification(itemTag<"editApptPhoneNotification">, notificationNum,
                    phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
 }
 

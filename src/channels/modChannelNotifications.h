@@ -25,25 +25,13 @@ Id addNewPhoneNotificationFromScheduleIDNum(Id scheduleID);
 // From what the caller knows already: the client's ids, stored as given (a company not below 0
 // comes before a contact), the parts of the subject and the text. `taskID` is not used.
 
-Id addNewEmailNotificationFromScheduleNameAndDueDate(Id scheduleID, Id taskID, Id CompanyIDNum,
-                                                     Id ContactIDNum,
-                                                     const std::string& scheduleName,
-                                                     DateTime dueDate,
-                                                     const std::string& templateComment);
-Id addNewFaxNotificationFromScheduleNameAndDueDate(Id scheduleID, Id taskID, Id CompanyIDNum,
-                                                   Id ContactIDNum, const std::string& scheduleName,
-                                                   DateTime dueDate,
-                                                   const std::string& templateComment);
-Id addNewLetterNotificationFromScheduleNameAndDueDate(Id scheduleID, Id taskID, Id CompanyIDNum,
-                                                      Id ContactIDNum,
-                                                      const std::string& scheduleName,
-                                                      DateTime dueDate,
-                                                      const std::string& templateComment);
-Id addNewPhoneNotificationFromScheduleNameAndDueDate(Id scheduleID, Id taskID, Id CompanyIDNum,
-                                                     Id ContactIDNum,
-                                                     const std::string& scheduleName,
-                                                     DateTime dueDate,
-                                                     const std::string& templateComment);
+using AddFromNameAndDueDate = Id(Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum,
+                                 const std::string& scheduleName, DateTime dueDate,
+                                 const std::string& templateComment);
+AddFromNameAndDueDate addNewEmailNotificationFromScheduleNameAndDueDate;
+AddFromNameAndDueDate addNewFaxNotificationFromScheduleNameAndDueDate;
+AddFromNameAndDueDate addNewLetterNotificationFromScheduleNameAndDueDate;
+AddFromNameAndDueDate addNewPhoneNotificationFromScheduleNameAndDueDate;
 
 // Editing. An empty argument leaves its field alone, so that a field cannot be cleared; only the
 // letter's text is always written. The modified stamp is written even when no field changes.

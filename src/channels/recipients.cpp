@@ -86,6 +86,9 @@ struct Recipient {
   }
 };
 
+constexpr const char* firmAndFaxNumber =
+    "SELECT AccountantFirmInfo.CompanyName, AccountantFirmInfo.FaxNumber FROM AccountantFirmInfo;";
+
 std::string defaultContactStatement(const Recipient& recipient) {
   return std::string("SELECT ") + recipient.source.defaultContact +
          ", ContactLinks.CompanyNum, ContactLinks.DefaultContact "
@@ -94,86 +97,73 @@ std::string defaultContactStatement(const Recipient& recipient) {
          std::to_string(recipient.client.companyId) + " AND ContactLinks.DefaultContact=True;";
 }
 
-template <class Body>
-void withMarkedDefaultContact(Step& step, const Recipient& recipient, Body&& body) {
-  forEachRow(step, defaultContactStatement(recipient), keysetRead, [&](RecordsetHandle handle) {
-    const bool isDefault = readFlag(step, handle, "DefaultContact");
-    if (isDefault) body(handle);
-    return !isDefault;
-  });
+/// The rows among which the person stands who receives: a company's default contact, or the contact
+/// itself.
+Rows openPerson(Step& step, const Recipient& recipient) {
+  const auto& [client, source, isOfItem] = recipient;
+  if (client.isCompany()) return Rows(step, defaultContactStatement(recipient), keysetRead);
+  if (client.isContact() || isOfItem)
+    return Rows(step, source.contact, client.contactId, keysetRead);
+  return Rows(step, std::string{}, keysetRead);
 }
 
-/// The person who receives: a company's default contact, or the contact itself.
-template <class Body>
-void withPerson(Step& step, const Recipient& recipient, Body&& body) {
-  const NotificationClient& client = recipient.client;
-  if (recipient.isOfItem && client.isCompany()) {
-    withMarkedDefaultContact(step, recipient, body);
-  } else if (client.isCompany()) {
-    withFirstRow(step, defaultContactStatement(recipient), keysetRead, body);
-  } else if (client.isContact()) {
-    withRow(step, recipient.source.contact, client.contactId, keysetRead, body);
-  } else if (!recipient.isOfItem) {
-    withFirstRow(step, std::string{}, keysetRead, body);
+/// True when the rows hold the person, on whom they stand then.
+bool findPerson(Rows& rows, const Recipient& recipient) {
+  const bool isMarked = recipient.isOfItem && recipient.client.isCompany();
+  if (!isMarked) return static_cast<bool>(rows);
+  for (const Row& row : rows) {
+    if (row.flag("DefaultContact")) return true;
   }
+  return false;
 }
 
-template <class Body>
-void withCompany(Step& step, const Recipient& recipient, Body&& body) {
-  const NotificationClient& client = recipient.client;
-  if (!client.isCompany()) return;
-  withRow(step, recipient.source.company, client.companyId, keysetRead, body);
+/// The company's own row; for no company nothing is opened.
+Rows openCompany(Step& step, const Recipient& recipient) {
+  return Rows(step, recipient.source.company, recipient.client.companyId, keysetRead);
 }
 
-/// The column's text, or `fallback` when it is empty.
-std::string textOr(Step& step, RecordsetHandle handle, const char* column, std::string fallback) {
-  const Value value = readField(step, handle, column);
-  if (isEmpty(step, value)) return fallback;
-  return step.value(std::move(fallback), [&] { return toText(value); });
+/// The column's text, empty when the statement is skipped.
+std::string readColumnText(const Row& row, const char* column) {
+  const Value value = row.value(column);
+  if (isEmpty(row.step(), value)) return {};
+  return row.step().value(std::string{}, toText, value);
 }
 
 /// The first of the columns that is not empty, or `fallback`.
-std::string firstTextOr(Step& step, RecordsetHandle handle, const Columns& columns,
-                        const std::string& fallback) {
+std::string firstTextOr(const Row& row, const Columns& columns, const std::string& fallback) {
   std::string text;
   for (const char* column : columns) {
-    if (column && text.empty()) text = textOr(step, handle, column, {});
+    if (column && text.empty()) text = readColumnText(row, column);
   }
   return text.empty() ? fallback : text;
 }
 
 ChannelFields emailFields(Step& step, const Recipient& recipient) {
   std::string to;
-  withPerson(step, recipient, [&](RecordsetHandle handle) {
-    to = firstTextOr(step, handle, recipient.columns(), {});
-  });
+  if (Rows person = openPerson(step, recipient); findPerson(person, recipient))
+    to = firstTextOr(person, recipient.columns(), {});
   if (to.empty()) {
-    withCompany(step, recipient,
-                [&](RecordsetHandle handle) { to = readText(step, handle, "Email"); });
+    if (Rows company = openCompany(step, recipient); company) to = company.text("Email");
   }
   return {{"Field1", to}};
 }
 
 ChannelFields faxFields(Step& step, const Recipient& recipient) {
   std::string from, senderFax;
-  withFirstRow(step,
-               "SELECT AccountantFirmInfo.CompanyName, AccountantFirmInfo.FaxNumber FROM "
-               "AccountantFirmInfo;",
-               keysetRead, [&](RecordsetHandle handle) {
-                 from = readText(step, handle, "CompanyName");
-                 senderFax = readText(step, handle, "FaxNumber");
-               });
-  std::string to, companyFax;
-  withCompany(step, recipient, [&](RecordsetHandle handle) {
-    to = readText(step, handle, "CompanyName");
-    companyFax = readText(step, handle, "FaxNumber");
-  });
-  std::string receiverFax;
-  withPerson(step, recipient, [&](RecordsetHandle handle) {
-    const std::string name = textOr(step, handle, "DisplayName", {});
+  if (Rows firm(step, firmAndFaxNumber, keysetRead); firm) {
+    from = firm.text("CompanyName");
+    senderFax = firm.text("FaxNumber");
+  }
+  std::string to, companyFax, receiverFax;
+  if (Rows company = openCompany(step, recipient); company) {
+    to = company.text("CompanyName");
+    companyFax = company.text("FaxNumber");
+  }
+  if (Rows person = openPerson(step, recipient); findPerson(person, recipient)) {
+    const std::string name = readColumnText(person, "DisplayName");
     if (!name.empty()) to = to.empty() ? name : to + " c/o " + name;
-    receiverFax = firstTextOr(step, handle, recipient.columns(), companyFax);
-  });
+    receiverFax = firstTextOr(person, recipient.columns(), companyFax);
+  }
   return {{"Field1", to},
           {"Field2", from},
           {"Field3", senderFax},
@@ -182,20 +172,21 @@ ChannelFields faxFields(Step& step, const Recipient& recipient) {
 }
 
 ChannelFields phoneFields(Step& step, const Recipient& recipient) {
-  std::string officeNumber;
-  withCompany(step, recipient, [&](RecordsetHandle handle) {
-    officeNumber = readText(step, handle, "OfficeNumber");
-  });
-  std::string to, number;
-  withPerson(step, recipient, [&](RecordsetHandle handle) {
-    to = readText(step, handle, "DisplayName");
-    number = firstTextOr(step, handle, recipient.columns(), officeNumber);
-  });
+  std::string officeNumber, to, number;
+  if (Rows company = openCompany(step, recipient); company)
+    officeNumber = company.text("OfficeNumber");
+  if (Rows person = openPerson(step, recipient); findPerson(person, recipient)) {
+    to = person.text("DisplayName");
+    number = firstTextOr(person, recipient.columns(), officeNumber);
+  }
   return {{"Field1", to}, {"Field2", number}};
 }
 
-std::string companyItem(Step& step, Id companyId, std::int16_t item) {
-  return step.value(std::string{}, [&] { return clients().getCompanyInfoItem(companyId, item); });
+std::string companyItem(Id companyId, std::int16_t item) {
+  return clients().getCompanyInfoItem(companyId, item);
+}
+std::string contactItem(Id contactId, std::int16_t item) {
+  return clients().getContactInfoItem(contactId, item);
 }
 
 /// The one of the two clients that the client list knows.
@@ -228,11 +219,10 @@ ChannelFields phoneFields(Step& step, const NotificationClient& client) {
 ChannelFields listedEmailFields(Step& step, const NotificationClient& client) {
   std::string to;
   if (client.isCompany()) {
-    to = companyItem(step, client.companyId, info_item::defaultContactEmail);
-    if (to.empty()) to = companyItem(step, client.companyId, info_item::email);
+    step.assign(to, companyItem, client.companyId, info_item::defaultContactEmail);
+    if (to.empty()) step.assign(to, companyItem, client.companyId, info_item::email);
   } else if (client.isContact()) {
-    step.assign(to,
-                [&] { return clients().getContactInfoItem(client.contactId, info_item::email); });
+    step.assign(to, contactItem, client.contactId, info_item::email);
   }
   return {{"Field1", to}};
 }

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 
 namespace autonotify {
 

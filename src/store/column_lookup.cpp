@@ -35,6 +35,10 @@ std::string lookUpText(const ColumnLookup& lookup, Id id) {
   return lookUp(lookup, id, std::string{}, toText);
 }
 
+DateTime lookUpDate(const ColumnLookup& lookup, Id id) {
+  return lookUp(lookup, id, DateTime{}, toDateTime);
+}
+
 Id idOf(Step& step, const Value& value) {
   if (isEmpty(step, value)) return noId;
   return step.value(noId, toInteger, value);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,25 +36,30 @@ Value readColumn(Step& step, const ColumnSource& first, const ColumnSource& seco
 Id lookUpId(const ColumnLookup& lookup, Id id);
 /// The whole procedure: the column as a text, or the empty text.
 std::string lookUpText(const ColumnLookup& lookup, Id id);
+/// The whole procedure: the column as a date, or the zero date.
+DateTime lookUpDate(const ColumnLookup& lookup, Id id);
 
-/// The kinds of items that a notification may be linked to, each with its row of a table.
-template <class Row>
-using ItemTable = std::array<Row, 4>;
+/// The kinds of items that a notification may be linked to, each with where it is read.
+template <class Source>
+using ItemTable = std::array<Source, 4>;
 
-template <class Row>
+/// An item that a notification is linked to: false when it is linked to none.
+template <class Source>
 struct LinkedItem {
-  const Row& row;
-  Id id;
+  const Source* source = nullptr;
+  Id id = noId;
+
+  explicit operator bool() const { return source != nullptr; }
 };
 
 /// The first item that is linked, an id not below 0, in the order schedule entry, task,
-/// appointment, time entry; empty when none is.
-template <class Row>
-std::optional<LinkedItem<Row>> firstItem(const ItemTable<Row>& table, const ItemTable<Id>& ids) {
+/// appointment, time entry.
+template <class Source>
+LinkedItem<Source> firstItem(const ItemTable<Source>& table, const ItemTable<Id>& ids) {
   for (std::size_t i = 0; i < ids.size(); ++i) {
-    if (ids[i] >= 0) return LinkedItem<Row>{table[i], ids[i]};
+    if (ids[i] >= 0) return {&table[i], ids[i]};
   }
-  return std::nullopt;
+  return {};
 }
 
 /// An id from a value that may be empty; -1 when it is.

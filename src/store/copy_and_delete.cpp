@@ -1,6 +1,7 @@
 #include <array>
 
 #include "contract/enumerations.h"
+#include "contract/tags.h"
 #include "store/channel_fields.h"
 #include "store/column_lookup.h"
 #include "store/modNotificationLinks.h"
@@ -8,6 +9,13 @@
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modNotificationLinks", name>;
+
+/// Hosts know this text as it is: whether it selects by key is up to their engine.
+constexpr const char* unfinishedStatement =
+    "SELECT ClientNotification.* FROM ClientNotification ClientNotificationID=";
 
 /// A channel field, and the channel whose subject it holds.
 struct CopiedField {
@@ -24,60 +32,53 @@ constexpr std::array<CopiedField, 6> copiedFields{{
     {"Field6", nt_Fax},
 }};
 
-/// Opens the new row by the statement and copies into it from the row that `findOldRow` gives for
-/// its channel.
+/// The new row opened by the statement takes the fields of the row that `findOldRow` gives for its
+/// channel.
 template <class FindOldRow>
 void copyIntoRow(Step& step, const char* newRowStatement, Id newNotificationId,
                  FindOldRow&& findOldRow) {
   if (!isDatabaseOpen(step)) return;
-  withRow(step, newRowStatement, newNotificationId, keysetUpdate, [&](RecordsetHandle newRow) {
-    const Id channel = readId(step, newRow, "NotificationType", 0);
-    copyChannelFields(step, newRow, channel, findOldRow(static_cast<notifyType>(channel)));
-  });
+  if (Rows row(step, newRowStatement, newNotificationId, keysetUpdate); row) {
+    const Id channel = row.id("NotificationType", 0);
+    copyChannelFields(row, channel, findOldRow(static_cast<notifyType>(channel)));
+  }
 }
 
 }  // namespace
 
-void copyChannelFields(Step& step, RecordsetHandle newRow, Id channel, Id oldNotificationId) {
+void copyChannelFields(const Row& newRow, Id channel, Id oldNotificationId) {
   if (!isValidNotificationID(std::to_string(oldNotificationId))) return;
-  withRow(step, notificationById, oldNotificationId, keysetUpdate, [&](RecordsetHandle oldRow) {
-    for (const CopiedField& field : copiedFields) {
-      const Value old = readField(step, oldRow, field.column);
-      if (isEmpty(step, old) || field.subjectOf == channel) continue;
-      writeField(step, newRow, field.column, [&] { return toText(old); });
-    }
-  });
+  Step& step = newRow.step();
+  const Rows oldRow(step, notificationById, oldNotificationId, keysetUpdate);
+  if (!oldRow) return;
+  for (const CopiedField& field : copiedFields) {
+    const Value old = oldRow.value(field.column);
+    if (!isEmpty(step, old) && field.subjectOf != channel) newRow.write(field.column, old);
+  }
 }
 
 void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotificationId) {
-  procedure("Morvane.exe-modNotificationLinks-copyOldNotificationInfoToNewNotification",
-            [&](Step& step) {
-              // Hosts know this text as it is: whether it selects by key is up to their engine.
-              copyIntoRow(step,
-                          "SELECT ClientNotification.* FROM ClientNotification "
-                          "ClientNotificationID=",
-                          newNotificationId, [&](notifyType) { return oldNotificationId; });
-            });
+  procedure(tag<"copyOldNotificationInfoToNewNotification">, [&](Step& step) {
+    copyIntoRow(step, unfinishedStatement, newNotificationId,
+                [&](notifyType) { return oldNotificationId; });
+  });
 }
 
 void copyOldNotificationInfoToNewNotificationByScheduleIDNum(Id newNotificationId,
                                                              Id oldScheduleId) {
-  procedure(
-      "Morvane.exe-modNotificationLinks-copyOldNotificationInfoToNewNotificationByScheduleIDNum",
-      [&](Step& step) {
-        copyIntoRow(step, notificationById, newNotificationId,
-                    [&](notifyType channel) { return getNotificationID(oldScheduleId, channel); });
-      });
+  procedure(tag<"copyOldNotificationInfoToNewNotificationByScheduleIDNum">, [&](Step& step) {
+    copyIntoRow(step, notificationById, newNotificationId,
+                [&](notifyType channel) { return getNotificationID(oldScheduleId, channel); });
+  });
 }
 
 bool deleteNotification(Id notificationId) {
-  return procedure(
-      "Morvane.exe-modNotificationLinks-deleteNotification", false, [&](Step& step, bool& result) {
-        if (!isDatabaseOpen(step)) return;
-        withRow(step, notificationById, notificationId, keysetUpdate, [&](RecordsetHandle handle) {
-          step.assign(result, [&] { return database().deleteRecord(handle); });
-        });
-      });
+  return procedure(tag<"deleteNotification">, false, [&](Step& step, bool& result) {
+    if (!isDatabaseOpen(step)) return;
+    if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
+      step.assign(result, [&] { return database().deleteRecord(row.handle()); });
+    }
+  });
 }
 
 }  // namespace autonotify

@@ -1,77 +1,80 @@
 #include "store/modNotificationLinks.h"
 
 #include "contract/enumerations.h"
+#include "contract/tags.h"
 #include "store/column_lookup.h"
 #include "store/modNotifyClients.h"
 
 namespace autonotify {
 namespace {
 
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modNotificationLinks", name>;
+
 // The lookups of one column, a row each.
 
-constexpr ColumnLookup scheduleOfNotification{
-    "Morvane.exe-modNotificationLinks-getScheduleIDFromNotificationID",
-    {notificationById, "ScheduleIDNum"}};
+constexpr ColumnLookup scheduleOfNotification{tag<"getScheduleIDFromNotificationID">,
+                                              {notificationById, "ScheduleIDNum"}};
 constexpr ColumnLookup scheduleOfTask{
-    "Morvane.exe-modNotificationLinks-getScheduleIDFromTaskID",
+    tag<"getScheduleIDFromTaskID">,
     {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE TaskID=", "ScheduleIDNum"}};
 constexpr ColumnLookup taskOfSchedule{
-    "Morvane.exe-modNotificationLinks-getTaskIDFromScheduleID",
+    tag<"getTaskIDFromScheduleID">,
     {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=", "TaskID"},
     {"SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM archiveTasks WHERE "
      "ScheduleIDNum=",
      "oldTaskID"}};
 constexpr ColumnLookup clientDataOfSchedule{
-    "Morvane.exe-modNotificationLinks-getClientDataIDFromScheduleID",
+    tag<"getClientDataIDFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.ClientNum FROM Schedule WHERE ScheduleID=", "ClientNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ClientNum FROM archiveSchedule WHERE "
      "oldScheduleID=",
      "ClientNum"}};
 constexpr ColumnLookup scheduleNumOfSchedule{
-    "Morvane.exe-modNotificationLinks-getScheduleNumFromScheduleID",
+    tag<"getScheduleNumFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.ScheduleNum FROM Schedule WHERE ScheduleID=",
      "ScheduleNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ScheduleNum FROM archiveSchedule WHERE "
      "oldScheduleID=",
      "ScheduleNum"}};
 constexpr ColumnLookup totalNumOfSchedule{
-    "Morvane.exe-modNotificationLinks-getTotalNumFromScheduleID",
+    tag<"getTotalNumFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.TotalNum FROM Schedule WHERE ScheduleID=", "TotalNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.TotalNum FROM archiveSchedule WHERE "
      "oldScheduleID=",
      "TotalNum"}};
 constexpr ColumnLookup nameOfSchedule{
-    "Morvane.exe-modNotificationLinks-getScheduleNameFromScheduleID",
+    tag<"getScheduleNameFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.scheduleName FROM Schedule WHERE ScheduleID=",
      "scheduleName"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule "
      "WHERE oldScheduleID=",
      "scheduleName"}};
 constexpr ColumnLookup contactOfSchedule{
-    "Morvane.exe-modNotificationLinks-getContactIDFromScheduleID",
+    tag<"getContactIDFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.ContactIDNum FROM Schedule WHERE ScheduleID=",
      "ContactIDNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ContactIDNum FROM archiveSchedule "
      "WHERE oldScheduleID=",
      "ContactIDNum"}};
 constexpr ColumnLookup subjectOfAppointment{
-    "Morvane.exe-modNotificationLinks-getAppointmentSubjectFromAppointmentID",
+    tag<"getAppointmentSubjectFromAppointmentID">,
     {"SELECT Appointments.AppointmentID, Appointments.Subject FROM Appointments WHERE "
      "AppointmentID=",
      "Subject"}};
 constexpr ColumnLookup subjectOfTask{
-    "Morvane.exe-modNotificationLinks-getTaskSubjectFromTaskID",
+    tag<"getTaskSubjectFromTaskID">,
     {"SELECT Tasks.TaskID, Tasks.Subject FROM Tasks WHERE TaskID=", "Subject"}};
 constexpr ColumnLookup subjectOfDocket{
-    "Morvane.exe-modNotificationLinks-getDocketSubjectFromDocketID",
+    tag<"getDocketSubjectFromDocketID">,
     {"SELECT Dockets.DocketID, Dockets.Subject FROM Dockets WHERE DocketID=", "Subject"}};
 constexpr ColumnLookup companyOfAppointment{
-    "Morvane.exe-modNotificationLinks-getCompanyIDFromAppointmentID",
+    tag<"getCompanyIDFromAppointmentID">,
     {"SELECT Appointments.AppointmentID, Appointments.CompanyIDNum FROM Appointments WHERE "
      "AppointmentID=",
      "CompanyIDNum"}};
 constexpr ColumnLookup contactOfAppointment{
-    "Morvane.exe-modNotificationLinks-getContactIDFromAppointmentID",
+    tag<"getContactIDFromAppointmentID">,
     {"SELECT Appointments.AppointmentID, Appointments.ContactIDNum FROM Appointments WHERE "
      "AppointmentID=",
      "ContactIDNum"}};
@@ -143,26 +146,32 @@ constexpr ItemTable<LinkedClient> linkedContacts{{
       "ContactIDNum"}},
 }};
 
+/// The item of the first link of the row that is set.
+LinkedItem<LinkedClient> firstLink(const Row& row, const ItemTable<LinkedClient>& links) {
+  for (const LinkedClient& linked : links) {
+    if (const Id id = row.id(linked.link); id >= 0) return {&linked, id};
+  }
+  return {};
+}
+
+Id clientOfItem(Step& step, const LinkedItem<LinkedClient>& item) {
+  const LinkedClient& linked = *item.source;
+  const Id client = idOf(step, readColumn(step, linked.item, linked.archived, item.id));
+  return linked.isClientNum ? companyOfClient(step, client) : client;
+}
+
 /// A procedure that gives the client of a row: the row's own column, then the linked item's.
-Id clientOfNotification(const char* tag, const char* ownColumn,
+Id clientOfNotification(std::string_view procedureTag, const char* ownColumn,
                         const ItemTable<LinkedClient>& links, Id notificationId) {
-  return procedure(tag, noId, [&](Step& step, Id& result) {
+  return procedure(procedureTag, noId, [&](Step& step, Id& result) {
     if (!isDatabaseOpen(step)) return;
-    const LinkedClient* linked = nullptr;
-    Id itemId = noId;
-    withRow(step, scheduleOfNotification.first.statement, notificationId, keysetRead,
-            [&](RecordsetHandle handle) {
-              result = readId(step, handle, ownColumn);
-              for (const LinkedClient& link : links) {
-                linked = &link;
-                itemId = readId(step, handle, link.link);
-                if (itemId >= 0) return;
-              }
-            });
-    if (itemId < 0) return;
-    Id client = idOf(step, readColumn(step, linked->item, linked->archived, itemId));
-    if (linked->isClientNum) client = companyOfClient(step, client);
-    if (client >= 0) result = client;
+    LinkedItem<LinkedClient> item;
+    if (Rows row(step, notificationById, notificationId, keysetRead); row) {
+      result = row.id(ownColumn);
+      item = firstLink(row, links);
+    }
+    if (!item) return;
+    if (const Id client = clientOfItem(step, item); client >= 0) result = client;
   });
 }
 
@@ -187,22 +196,35 @@ constexpr ItemTable<ItemClients> itemClients{{
      "CompanyIDNum", false},
 }};
 
+Id companyOfItem(const Row& item, const ItemClients& source) {
+  const Id client = item.id(source.companyColumn);
+  return source.isClientNum ? companyOfClient(item.step(), client) : client;
+}
+
+/// The kind of client that the list knows the entry's client as; 0 for none.
+int clientTypeOf(const Row& entry) {
+  Step& step = entry.step();
+  if (isListedCompany(step, companyOfClient(step, entry.id("ClientNum"))))
+    return enumAutoNotifyCompany;
+  return isListedContact(step, entry.id("ContactIDNum")) ? enumAutoNotifyContact : 0;
+}
+
 }  // namespace
 
 bool validAppointmentID(const std::string& appointmentId) {
-  return isPositiveIdText("Morvane.exe-modNotificationLinks-validAppointmentID", appointmentId);
+  return isPositiveIdText(tag<"validAppointmentID">, appointmentId);
 }
 
 bool validDocketID(const std::string& docketId) {
-  return isPositiveIdText("Morvane.exe-modNotificationLinks-validDocketID", docketId);
+  return isPositiveIdText(tag<"validDocketID">, docketId);
 }
 
 bool validScheduleID(const std::string& scheduleId) {
-  return isPositiveIdText("Morvane.exe-modNotificationLinks-validScheduleID", scheduleId);
+  return isPositiveIdText(tag<"validScheduleID">, scheduleId);
 }
 
 bool validTaskID(const std::string& taskId) {
-  return isPositiveIdText("Morvane.exe-modNotificationLinks-validTaskID", taskId);
+  return isPositiveIdText(tag<"validTaskID">, taskId);
 }
 
 Id getScheduleIDFromNotificationID(Id notificationId) {
@@ -258,67 +280,55 @@ Id getContactIDFromAppointmentID(Id appointmentId) {
 }
 
 Id getCompanyIDFromScheduleID(Id scheduleId) {
-  return procedure("Morvane.exe-modNotificationLinks-getCompanyIDFromScheduleID", noId,
-                   [&](Step& step, Id& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const Id clientNum = clientNumOf(step, scheduleId);
-                     result = idOf(step, readColumn(step, companyOfClientData, {}, clientNum));
-                   });
+  return procedure(tag<"getCompanyIDFromScheduleID">, noId, [&](Step& step, Id& result) {
+    if (!isDatabaseOpen(step)) return;
+    const Id clientNum = clientNumOf(step, scheduleId);
+    result = idOf(step, readColumn(step, companyOfClientData, {}, clientNum));
+  });
 }
 
 std::string getCompanyNameFromScheduleID(Id scheduleId) {
-  return procedure("Morvane.exe-modNotificationLinks-getCompanyNameFromScheduleID", std::string{},
-                   [&](Step& step, std::string& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const Id clientNum = clientNumOf(step, scheduleId);
-                     if (clientNum < 0) return;
-                     step.assign(result,
-                                 [&] { return clients().getCompanyNameFromClientID(clientNum); });
-                   });
-}
-
-int getClientTypeFromNotificationID(Id notificationId) {
   return procedure(
-      "Morvane.exe-modNotificationLinks-getClientTypeFromNotificationID", 0,
-      [&](Step& step, int& result) {
+      tag<"getCompanyNameFromScheduleID">, std::string{}, [&](Step& step, std::string& result) {
         if (!isDatabaseOpen(step)) return;
-        const Id scheduleId = getScheduleIDFromNotificationID(notificationId);
-        if (!validScheduleID(std::to_string(scheduleId))) return;
-        withRow(step, "SELECT Schedule.* FROM Schedule WHERE ScheduleID=", scheduleId, keysetRead,
-                [&](RecordsetHandle handle) {
-                  const Id company = companyOfClient(step, readId(step, handle, "ClientNum"));
-                  if (isListedCompany(step, company)) {
-                    result = enumAutoNotifyCompany;
-                  } else if (isListedContact(step, readId(step, handle, "ContactIDNum"))) {
-                    result = enumAutoNotifyContact;
-                  }
-                });
+        const Id clientNum = clientNumOf(step, scheduleId);
+        if (clientNum < 0) return;
+        step.assign(result, [&] { return clients().getCompanyNameFromClientID(clientNum); });
       });
 }
 
+int getClientTypeFromNotificationID(Id notificationId) {
+  return procedure(tag<"getClientTypeFromNotificationID">, 0, [&](Step& step, int& result) {
+    if (!isDatabaseOpen(step)) return;
+    const Id scheduleId = getScheduleIDFromNotificationID(notificationId);
+    if (!validScheduleID(std::to_string(scheduleId))) return;
+    const Rows entry(step, "SELECT Schedule.* FROM Schedule WHERE ScheduleID=", scheduleId,
+                     keysetRead);
+    if (entry) result = clientTypeOf(entry);
+  });
+}
+
 Id getCompanyIDFromAutoNotificationID(Id notificationId) {
-  return clientOfNotification("Morvane.exe-modNotificationLinks-getCompanyIDFromAutoNotificationID",
-                              "CompanyIDNum", linkedCompanies, notificationId);
+  return clientOfNotification(tag<"getCompanyIDFromAutoNotificationID">, "CompanyIDNum",
+                              linkedCompanies, notificationId);
 }
 
 Id getContactIDFromAutoNotificationID(Id notificationId) {
-  return clientOfNotification("Morvane.exe-modNotificationLinks-getContactIDFromAutoNotificationID",
-                              "ContactIDNum", linkedContacts, notificationId);
+  return clientOfNotification(tag<"getContactIDFromAutoNotificationID">, "ContactIDNum",
+                              linkedContacts, notificationId);
 }
 
 CompanyAndContactID getCompanyAndContactIDFromNotificationID(Id scheduleId, Id taskId,
                                                              Id appointmentId, Id docketId) {
   return procedure(
-      "Morvane.exe-modNotificationLinks-getCompanyAndContactIDFromNotificationID",
-      CompanyAndContactID{}, [&](Step& step, CompanyAndContactID& result) {
+      tag<"getCompanyAndContactIDFromNotificationID">, CompanyAndContactID{},
+      [&](Step& step, CompanyAndContactID& result) {
         const auto item = firstItem(itemClients, {scheduleId, taskId, appointmentId, docketId});
         if (!item || !isDatabaseOpen(step)) return;
-        const ItemClients& source = item->row;
-        withRow(step, source.statement, item->id, keysetRead, [&](RecordsetHandle handle) {
-          const Id client = readId(step, handle, source.companyColumn);
-          result.companyId = source.isClientNum ? companyOfClient(step, client) : client;
-          result.contactId = readId(step, handle, "ContactIDNum");
-        });
+        if (Rows row(step, item.source->statement, item.id, keysetRead); row) {
+          result.companyId = companyOfItem(row, *item.source);
+          result.contactId = row.id("ContactIDNum");
+        }
       });
 }
 

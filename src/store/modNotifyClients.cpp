@@ -1,6 +1,5 @@
 #include "store/modNotifyClients.h"
 
-#include <algorithm>
 #include <array>
 
 #include "contract/AutoNotifyListForm.h"
@@ -26,6 +25,14 @@ constexpr std::array<ChannelName, 4> channelNames{{
     {nt_Phone, "Phone"},
 }};
 
+const char* channelName(std::uint8_t bits) {
+  if (bits == 0) return "None";
+  for (const auto& [channel, name] : channelNames) {
+    if (hasBit(bits, channel)) return name;
+  }
+  return "Unknown";
+}
+
 bool isSelected(std::string_view procedureTag, std::uint8_t bits, notifyType channel) {
   return procedure(procedureTag, false,
                    [&](Step&, bool& result) { result = hasBit(bits, channel); });
@@ -39,11 +46,13 @@ void writeCurrentUser(const Row& row) {
   row.write("SentByUserIDNum", [] { return locale().getCurrentUserID(); });
 }
 
+AutoNotifyListForm* findOpenList() {
+  return dynamic_cast<AutoNotifyListForm*>(findForm(AutoNotifyListForm::formName));
+}
+
 void refreshOpenList(Step& step, Id notificationId) {
   AutoNotifyListForm* list = nullptr;
-  step.assign(list, [] {
-    return dynamic_cast<AutoNotifyListForm*>(findForm(AutoNotifyListForm::formName));
-  });
+  step.assign(list, findOpenList);
   if (!list) return;
   step.run(&AutoNotifyListForm::refreshAutoNotificationRowByAutoNotificationID, list,
            notificationId);
@@ -51,28 +60,45 @@ void refreshOpenList(Step& step, Id notificationId) {
 
 /// Where an item names the person in charge: by name, or by the number of a user.
 struct AssignedSource {
-  const char* statement;
-  const char* column;
+  ColumnSource column;
   bool isUserId;
 };
 constexpr ItemTable<AssignedSource> assignedSources{{
-    {"SELECT Schedule.ScheduleID, Schedule.EmployeeAssigned FROM Schedule WHERE ScheduleID=",
-     "EmployeeAssigned", false},
-    {"SELECT Tasks.TaskID, Tasks.UserIDNum FROM Tasks WHERE TaskID=", "UserIDNum", true},
-    {"SELECT Appointments.AppointmentID, Appointments.UserIDNum FROM Appointments WHERE "
-     "AppointmentID=",
-     "UserIDNum", true},
-    {"SELECT Dockets.DocketID, Dockets.UserIDNum FROM Dockets WHERE DocketID=", "UserIDNum", true},
+    {{"SELECT Schedule.ScheduleID, Schedule.EmployeeAssigned FROM Schedule WHERE ScheduleID=",
+      "EmployeeAssigned"},
+     false},
+    {{"SELECT Tasks.TaskID, Tasks.UserIDNum FROM Tasks WHERE TaskID=", "UserIDNum"}, true},
+    {{"SELECT Appointments.AppointmentID, Appointments.UserIDNum FROM Appointments WHERE "
+      "AppointmentID=",
+      "UserIDNum"},
+     true},
+    {{"SELECT Dockets.DocketID, Dockets.UserIDNum FROM Dockets WHERE DocketID=", "UserIDNum"},
+     true},
 }};
 
 constexpr const char* entryWithChannels =
     "SELECT Schedule.ScheduleModifiedStamp, Schedule.ScheduleID, Schedule.notifyType FROM Schedule "
     "WHERE ScheduleID=";
 
+constexpr const char* dateOfNotification =
+    "SELECT ClientNotification.ClientNotificationID, "
+    "ClientNotification.ClientNotificationModifiedStamp, ClientNotification.NotificationDate FROM "
+    "ClientNotification WHERE ClientNotificationID=";
+
+constexpr const char* clientNumOfNotifications =
+    "SELECT Schedule.ClientNum FROM ClientNotification INNER JOIN Schedule ON "
+    "ClientNotification.ScheduleIDNum = Schedule.ScheduleID WHERE Schedule.ClientNum=";
+
 constexpr const char* notificationsOfClient =
     "SELECT ClientNotification.ClientNotificationID, Schedule.ClientNum FROM ClientNotification "
     "INNER JOIN Schedule ON ClientNotification.ScheduleIDNum = Schedule.ScheduleID WHERE "
     "Schedule.ClientNum=";
+
+void findNotifications(Step& step, Id clientId, bool& found) {
+  if (clientId < 0 || !isDatabaseOpen(step)) return;
+  const Rows rows(step, clientNumOfNotifications, clientId, keysetRead);
+  if (rows) found = true;
+}
 
 std::string unsentStatement() {
   return "SELECT ClientNotification.NotificationSent, ClientNotification.NotificationDate FROM "
@@ -101,15 +127,8 @@ bool IsPhoneSelected(std::uint8_t notification) {
 }
 
 std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notificationTypeNum) {
-  return procedure(tag<"getNotificationTypeNameFromNotificationTypeNum">, std::string("Unknown"),
-                   [&](Step&, std::string& result) {
-                     if (notificationTypeNum == 0) result = "None";
-                     const auto named =
-                         std::ranges::find_if(channelNames, [&](const ChannelName& row) {
-                           return hasBit(notificationTypeNum, row.channel);
-                         });
-                     if (named != channelNames.end()) result = named->name;
-                   });
+  return procedure(tag<"getNotificationTypeNameFromNotificationTypeNum">, std::string{},
+                   [&](Step&, std::string& result) { result = channelName(notificationTypeNum); });
 }
 
 bool getNotificationStatus(Id scheduleId, notifyType channel) {
@@ -173,15 +192,12 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
       [&](Step& step, std::string& result) {
         const auto item = firstItem(assignedSources, {scheduleId, taskId, appointmentId, docketId});
         if (!item || !isDatabaseOpen(step)) return;
-        const auto& [source, id] = *item;
-        const Value assigned = readColumn(step, {source.statement, source.column}, {}, id);
-        if (!source.isUserId) {
+        const Value assigned = readColumn(step, item.source->column, {}, item.id);
+        if (!item.source->isUserId) {
           if (!isEmpty(step, assigned)) step.assign(result, toText, assigned);
-          return;
+        } else if (const Id userId = idOf(step, assigned); userId >= 0) {
+          step.assign(result, [&] { return clients().getUserNameFromID(userId); });
         }
-        const Id userId = idOf(step, assigned);
-        if (userId < 0) return;
-        step.assign(result, [&] { return clients().getUserNameFromID(userId); });
       });
 }
 
@@ -216,13 +232,7 @@ void cancelNotification(Id notificationId) {
 void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
   procedure(tag<"changeNotificationNotifiedDate">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    if (Rows row(step,
-                 "SELECT ClientNotification.ClientNotificationID, "
-                 "ClientNotification.ClientNotificationModifiedStamp, "
-                 "ClientNotification.NotificationDate FROM ClientNotification "
-                 "WHERE ClientNotificationID=",
-                 notificationId, keysetUpdate);
-        row) {
+    if (Rows row(step, dateOfNotification, notificationId, keysetUpdate); row) {
       writeStamp(row);
       row.write("NotificationDate", newDate);
     }
@@ -230,16 +240,8 @@ void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
 }
 
 bool doesClientHaveAssociatedUnsentNotifications(Id clientId) {
-  return procedure(
-      tag<"doesClientHaveAssociatedUnsentNotifications">, false, [&](Step& step, bool& result) {
-        if (clientId < 0 || !isDatabaseOpen(step)) return;
-        const Rows found(step,
-                         "SELECT Schedule.ClientNum FROM ClientNotification INNER JOIN Schedule ON "
-                         "ClientNotification.ScheduleIDNum = Schedule.ScheduleID WHERE "
-                         "Schedule.ClientNum=",
-                         clientId, keysetRead);
-        if (found) result = true;
-      });
+  return procedure(tag<"doesClientHaveAssociatedUnsentNotifications">, false,
+                   [&](Step& step, bool& result) { findNotifications(step, clientId, result); });
 }
 
 void cancelAllUnsentNotificationsForClientID(Id clientId) {
