@@ -51,7 +51,7 @@ Id getApptNotificationID(CurrentDayTimerType kind, Id itemId, notifyType channel
   });
 }
 
-Id getAppointmentIDFromNotificationID(CurrentDayTimerType kind, Id notificationId) {
+Id getAppointmentIDFromNotificationID(std::int32_t kind, Id notificationId) {
   return procedure(tag<"getAppointmentIDFromNotificationID">, noId, [&](Step& step, Id& result) {
     if (notificationId < 0 || !isDatabaseOpen(step)) return;
     const DiaryKind& items = diaryKind(kind);
@@ -79,8 +79,8 @@ bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType c
   });
 }
 
-bool changeApptNotificationStatus(CurrentDayTimerType kind, notifyType channel,
-                                  changeStatus statusChange, Id itemId) {
+bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus statusChange,
+                                  Id itemId) {
   return procedure(tag<"changeApptNotificationStatus">, true, [&](Step& step, bool& result) {
     if (kind == Tasks) {
       const Id scheduleId = getScheduleIDFromTaskID(itemId);

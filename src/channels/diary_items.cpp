@@ -70,7 +70,7 @@ std::string composeBody(const DiaryKind& kind, const Row& item) {
 
 }  // namespace
 
-const DiaryKind& diaryKind(CurrentDayTimerType kind) {
+const DiaryKind& diaryKind(std::int32_t kind) {
   const auto found =
       std::ranges::find_if(diaryKinds, [&](const DiaryKind& row) { return row.value == kind; });
   return found == diaryKinds.end() ? noKind : *found;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "contract/enumerations.h"
@@ -27,7 +28,7 @@ struct DiaryKind {
 };
 
 /// The row of the kind. For a kind that is none of the three all is empty, also the table's name.
-const DiaryKind& diaryKind(CurrentDayTimerType kind);
+const DiaryKind& diaryKind(std::int32_t kind);
 
 /// The statement for all columns of one item.
 std::string itemStatement(const DiaryKind& kind);

@@ -90,14 +90,14 @@ void editPhoneNotification(Id notificationNum, const std::string& ToStr,
                    phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
 }
 
-void editApptEmailNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
+void editApptEmailNotification(std::int32_t, Id notificationNum, const std::string& ToStr,
                                const std::string& CcStr, const std::string& BccStr,
                                const std::string& subjectStr, const std::string& memoStr) {
   editNotification(itemTag<"editApptEmailNotification">, notificationNum,
                    emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
 }
 
-void editApptFaxNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
+void editApptFaxNotification(std::int32_t, Id notificationNum, const std::string& ToStr,
                              const std::string& FromStr, const std::string& SenderFaxStr,
                              const std::string& ReceiverFaxStr, const std::string& PagesStr,
                              const std::string& subjectStr, const std::string& memoStr) {
@@ -106,13 +106,12 @@ void editApptFaxNotification(CurrentDayTimerType, Id notificationNum, const std:
       faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
 }
 
-void editApptLetterNotification(CurrentDayTimerType, Id notificationNum,
-                                const std::string& memoStr) {
+void editApptLetterNotification(std::int32_t, Id notificationNum, const std::string& memoStr) {
   editNotification(itemTag<"editApptLetterNotification">, notificationNum, letterEdits(memoStr),
                    textOfNotification);
 }
 
-void editApptPhoneNotification(CurrentDayTimerType, Id notificationNum, const std::string& ToStr,
+void editApptPhoneNotification(std::int32_t, Id notificationNum, const std::string& ToStr,
                                const std::string& PhoneNumberStr, const std::string& TimesStr,
                                const std::string& memoStr) {
   editNotification(itemTag<"editApptPhoneNotification">, notificationNum,

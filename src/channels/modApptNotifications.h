@@ -12,7 +12,8 @@
 // They stand in the same table as those of schedule entries, under the link column of their kind.
 // A task is only a door to its schedule entry: every procedure that takes an item does for it what
 // the entry's own procedure does, and a task without an entry gets that procedure's default. A kind
-// that is none of the three has no table, and its statements lead to the error dialog.
+// that is none of the three has no table, and its statements lead to the error dialog. What a
+// composer calls takes any number as the kind: composers are given wider ones than items have.
 //
 // With the database closed all give their default: False (changeApptNotificationStatus: True), -1,
 // the zero date or empty text.
@@ -24,7 +25,7 @@ namespace autonotify {
 /// The first row of the item and channel, or -1.
 Id getApptNotificationID(CurrentDayTimerType kind, Id itemId, notifyType channel);
 /// The item that the row is linked to as one of this kind, or -1.
-Id getAppointmentIDFromNotificationID(CurrentDayTimerType kind, Id notificationId);
+Id getAppointmentIDFromNotificationID(std::int32_t kind, Id notificationId);
 /// The day on which the row falls due; the zero date when there is none.
 DateTime getApptNotificationDate(Id notificationId);
 
@@ -34,8 +35,8 @@ bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType c
 /// Sets (nt_AddStatus) or clears (anything else) the channel's bit of the item, without any stamp.
 /// A bit that is set in the end sets `ClientNotifiedFlag` too, which nothing clears. False when
 /// there is no such item.
-bool changeApptNotificationStatus(CurrentDayTimerType kind, notifyType channel,
-                                  changeStatus statusChange, Id itemId);
+bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus statusChange,
+                                  Id itemId);
 /// Deletes the item's row of the channel and clears the bit; that of a task's entry stays.
 void deleteApptNotification(CurrentDayTimerType kind, notifyType channel, Id itemId);
 /// Copies the channel fields of the old item's row of the new row's channel that hold anything,
@@ -67,24 +68,22 @@ Id addNewApptPhoneNotification(CurrentDayTimerType kind, Id itemId, DateTime rem
 /// The fixed sentences about the item; empty when there is no such item. An item without a date or
 /// one of its times leads to the error dialog.
 std::string getAppointmentBodyText(CurrentDayTimerType kind, Id itemId);
-/// Writes the modified stamp and those sentences over the text of the row. The kind is wider here
-/// than anywhere else, and hosts rely on it.
+/// Writes the modified stamp and those sentences over the text of the row. Hosts rely on the wide
+/// kind here.
 void resetApptNotificationBody(std::int32_t kind, Id notificationId, Id itemId);
 
 // Editing, as for schedule entries; the kind plays no part.
 
-void editApptEmailNotification(CurrentDayTimerType kind, Id notificationNum,
-                               const std::string& ToStr, const std::string& CcStr,
-                               const std::string& BccStr, const std::string& subjectStr,
-                               const std::string& memoStr);
-void editApptFaxNotification(CurrentDayTimerType kind, Id notificationNum, const std::string& ToStr,
+void editApptEmailNotification(std::int32_t kind, Id notificationNum, const std::string& ToStr,
+                               const std::string& CcStr, const std::string& BccStr,
+                               const std::string& subjectStr, const std::string& memoStr);
+void editApptFaxNotification(std::int32_t kind, Id notificationNum, const std::string& ToStr,
                              const std::string& FromStr, const std::string& SenderFaxStr,
                              const std::string& ReceiverFaxStr, const std::string& PagesStr,
                              const std::string& subjectStr, const std::string& memoStr);
-void editApptLetterNotification(CurrentDayTimerType kind, Id notificationNum,
-                                const std::string& memoStr);
-void editApptPhoneNotification(CurrentDayTimerType kind, Id notificationNum,
-                               const std::string& ToStr, const std::string& PhoneNumberStr,
-                               const std::string& TimesStr, const std::string& memoStr);
+void editApptLetterNotification(std::int32_t kind, Id notificationNum, const std::string& memoStr);
+void editApptPhoneNotification(std::int32_t kind, Id notificationNum, const std::string& ToStr,
+                               const std::string& PhoneNumberStr, const std::string& TimesStr,
+                               const std::string& memoStr);
 
 }  // namespace autonotify
