@@ -138,31 +138,5 @@ TEST_F(Procedure, AMissingReferenceIsAFailureOfTheStatement) {
   EXPECT_EQ(host.errors.recorded().front().number, error_number::objectNotSet);
 }
 
-TEST_F(Procedure, WritesNothingWhenTheConversionOfItsTextIsSkipped) {
-  host.errors.answer({error_choice::next});
-  procedure(tag, [&](Step& step) {
-    addRow(step, "ClientNotification", "ClientNotificationID", [&](RecordsetHandle handle) {
-      setField(step, handle, "Field1", []() -> std::string { return toText(Value{}); });
-      setField(step, handle, "Field2", [] { return std::string("cc"); });
-    });
-  });
-  EXPECT_EQ(host.dump("SELECT Field1, Field2 FROM ClientNotification"), "NULL|cc|\n");
-}
-
-TEST_F(Procedure, ALoopEndsWhenItsEndTestIsSkipped) {
-  host.plainDatabase->connection().exec(
-      "INSERT INTO Holidays (HolidayDate) VALUES ('2026-01-01'), ('2026-12-25')");
-  int rows = 0;
-  host.calls.failAt(3);  // opened, has records, then the first test for the end
-  host.errors.answer({error_choice::next});
-  procedure(tag, [&](Step& step) {
-    forEachRow(step, "SELECT Holidays.* FROM Holidays;", forwardRead, [&](RecordsetHandle) {
-      ++rows;
-      return true;
-    });
-  });
-  EXPECT_EQ(rows, 0);
-}
-
 }  // namespace
 }  // namespace autonotify::test
