@@ -1,0 +1,420 @@
+#include <algorithm>
+#include <array>
+#include <functional>
+
+#include "channels/modApptNotifications.h"
+#include "channels/modChannelNotifications.h"
+#include "contract/enumerations.h"
+#include "platform/text.h"
+#include "store/modNotificationLinks.h"
+#include "store/modNotifyClients.h"
+#include "support/fault_walk.h"
+#include "support/golden_file.h"
+#include "support/table_rows.h"
+
+namespace autonotify::test {
+namespace {
+
+// The procedures of the store and the channels on one office.
+
+constexpr DateTime day = DateTime::of(2026, 4, 30);
+constexpr DateTime reminder = DateTime::of(2026, 4, 9, 14, 30);
+
+constexpr Id company = 1, bareCompany = 2, contact = 2, nobody = 4711;
+constexpr Id ofCompany = 1, ofContact = 2, ofNobody = 3, archived = 900;
+constexpr Id bareTask = 1, task = 2, appointment = 1, docket = 2;
+constexpr Id faxRow = 2, otherEmail = 3, appointmentRow = 4, docketRow = 5;
+constexpr auto noKind = static_cast<CurrentDayTimerType>(4);
+
+struct Notification {
+  const char* link;
+  Id item;
+  notifyType channel;
+};
+constexpr Notification notifications[] = {
+    {"ScheduleIDNum", ofCompany, nt_Email}, {"ScheduleIDNum", ofCompany, nt_Fax},
+    {"ScheduleIDNum", ofContact, nt_Email}, {"ApptIDNum", appointment, nt_Email},
+    {"DocketIDNum", docket, nt_Fax},        {"TaskIDNum", task, nt_Email},
+    {"ScheduleIDNum", archived, nt_Letter}, {"OperatingProcedureIDNum", 3, nt_Email},
+    {"ScheduleIDNum", ofCompany, nt_Email}, {"TaskIDNum", bareTask, nt_Email},
+    {"ScheduleIDNum", nobody, nt_Email}};
+constexpr Id lastRow = std::size(notifications);
+
+void addClients(Rows& rows) {
+  rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}, {"FaxNumber", "555-0100"}});
+  rows.addRow("AccountantEmployeeInfo", {{"DisplayName", "Ann"}});
+  for (const char* name : {"Maple Ltd", "Bare Ltd"}) {
+    const Id id = rows.addRow("Companies", {{"CompanyName", name}, {"Email", "office@m.example"}});
+    rows.addRow("ClientData", {{"CompanyIDNum", id}, {"ShowThisClient", "True"}});
+  }
+  rows.addRow("Contacts", {{"DisplayName", "Lee"}});
+  rows.addRow("Contacts", {{"DisplayName", "Jo Park"},
+                           {"BusinessEmail", "jo@m.example"},
+                           {"BusinessPhone_Main", "555-0122"}});
+  rows.linkDefaultContact(contact, company);
+}
+
+void addEntries(Rows& rows) {
+  rows.addKind(103, 6, 5, "{\\rtf1\\ansi Dear client.\\par }");
+  const std::pair<Id, Id> clients[] = {{company, noId}, {noId, contact}, {noId, noId}};
+  for (const auto& [clientNum, contactID] : clients) {
+    rows.addSchedule(103, 6, day,
+                     {{"ClientNum", clientNum},
+                      {"ContactIDNum", contactID},
+                      {"scheduleName", "GST Return"},
+                      {"notifyType", clientNum == company ? 7 : 0},
+                      {"EmployeeAssigned", clientNum == company ? "Bo" : ""}});
+  }
+  rows.addRow("archiveSchedule", {{"oldScheduleID", archived},
+                                  {"ClientNum", bareCompany},
+                                  {"ContactIDNum", 41},
+                                  {"totalNum", 104},
+                                  {"scheduleNum", 5},
+                                  {"scheduleName", "Old GST"}});
+  rows.addRow("archiveTasks", {{"oldTaskID", 77}, {"ScheduleIDNum", archived}});
+}
+
+void addItems(Rows& rows) {
+  RowFields item{{"DateFrom", day},
+                 {"TimeFrom", DateTime::of(2026, 4, 30, 9, 0)},
+                 {"TimeTo", DateTime::of(2026, 4, 30, 9, 45)},
+                 {"Subject", "Year end"},
+                 {"CompanyIDNum", company},
+                 {"ContactIDNum", contact},
+                 {"UserIDNum", 1}};
+  rows.addTask(ofCompany, "GST Return");
+  rows.addRow("Tasks", item);
+  item.emplace_back("notifyType", 3);
+  // The clients of a time entry are looked up among the appointments of its number.
+  for (const char* table : {"Appointments", "Dockets", "Dockets"}) rows.addRow(table, item);
+  rows.addRow("Appointments", {{"CompanyIDNum", bareCompany}, {"ContactIDNum", 1}});
+}
+
+void fillOffice(Rows rows) {
+  addClients(rows);
+  addEntries(rows);
+  addItems(rows);
+  for (const Notification& row : notifications) {
+    rows.addRow("ClientNotification", {{row.link, row.item},
+                                       {"NotificationType", int{row.channel}},
+                                       {"NotificationDate", day},
+                                       {"CompanyIDNum", 8},
+                                       {"ContactIDNum", 9},
+                                       {"Field1", "to"},
+                                       {"Field3", "three"},
+                                       {"Field4", "four"},
+                                       {"Field6", "six"},
+                                       {"Memo", "text"}});
+  }
+}
+
+std::string text(const CompanyAndContactID& ids) {
+  return toText(ids.companyId) + "/" + toText(ids.contactId);
+}
+std::string text(const std::optional<DateTime>& date) {
+  return date ? toText(*date) : "";
+}
+template <class Given>
+std::string text(const Given& given) {
+  if constexpr (std::is_enum_v<Given>)
+    return toText(int{given});
+  else
+    return toText(given);
+}
+
+struct Operation {
+  std::string arguments;
+  std::function<std::string()> run;
+};
+
+using Operations = std::vector<Operation>;
+
+template <class Result, class... Parameters, class... Given>
+Operation call(Result (*procedure)(Parameters...), Given... given) {
+  std::string arguments;
+  ((arguments += (arguments.empty() ? "" : ", ") + text(std::decay_t<Parameters>(given))), ...);
+  return {arguments, [=] {
+            if constexpr (std::is_void_v<Result>) {
+              procedure(given...);
+              return std::string{};
+            } else {
+              return text(procedure(given...));
+            }
+          }};
+}
+
+/// The adds for schedule entries, which add a row even when the person leaves their date.
+Operations entryAdds() {
+  Operations all;
+  for (const auto add :
+       {addNewEmailNotificationFromScheduleIDNum, addNewFaxNotificationFromScheduleIDNum,
+        addNewLetterNotificationFromScheduleIDNum, addNewPhoneNotificationFromScheduleIDNum}) {
+    for (const Id entry : {ofCompany, ofContact}) all.push_back(call(add, entry));
+  }
+  for (const auto add : {addNewEmailNotificationFromScheduleNameAndDueDate,
+                         addNewFaxNotificationFromScheduleNameAndDueDate,
+                         addNewLetterNotificationFromScheduleNameAndDueDate,
+                         addNewPhoneNotificationFromScheduleNameAndDueDate}) {
+    all.push_back(call(add, ofCompany, task, company, 44, "GST Return", day, "Hello"));
+  }
+  return all;
+}
+
+using ItemAdd = Id (*)(CurrentDayTimerType, Id, DateTime, Id, Id, Id);
+constexpr ItemAdd itemAdds[] = {addNewApptEmailNotification, addNewApptFaxNotification,
+                                addNewApptLetterNotification, addNewApptPhoneNotification};
+
+/// What takes the kind of a diary item.
+void addItemOperations(Operations& all, CurrentDayTimerType kind, Id item, Id row) {
+  for (const ItemAdd add : itemAdds) {
+    all.push_back(call(add, kind, item, reminder, noId, company, noId));
+  }
+  all.insert(
+      all.end(),
+      {call(addNewApptFaxNotification, kind, item, reminder, row, nobody, contact),
+       call(addNewApptLetterNotification, kind, item, reminder, nobody, noId, noId),
+       call(getApptNotificationID, kind, item, nt_Fax),
+       call(getApptNotificationID, kind, noId, nt_Fax),
+       call(getAppointmentIDFromNotificationID, kind, row),
+       call(getApptNotificationStatus, kind, item, nt_Email),
+       call(changeApptNotificationStatus, kind, nt_Phone, nt_AddStatus, item),
+       call(changeApptNotificationStatus, kind, nt_Fax, nt_RemoveStatus, item),
+       call(deleteApptNotification, kind, nt_Email, item),
+       call(copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum, kind, otherEmail, item),
+       call(copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum, kind, faxRow, item),
+       call(getAppointmentBodyText, kind, item), call(resetApptNotificationBody, kind, row, item)});
+}
+
+void addRowOperations(Operations& all, Id row) {
+  all.insert(
+      all.end(),
+      {call(getApptNotificationDate, row),
+       call(editEmailNotification, row, "a", "b", "c", "d", "e"),
+       call(editFaxNotification, row, "a", "b", "c", "d", "e", "f", "g"),
+       call(editLetterNotification, row, ""), call(editPhoneNotification, row, "a", "b", "c", "d"),
+       call(editApptEmailNotification, Tasks, row, "", "", "c", "", "e"),
+       call(editApptFaxNotification, Tasks, row, "a", "", "", "d", "", "f", ""),
+       call(editApptLetterNotification, Tasks, row, ""),
+       call(editApptPhoneNotification, Tasks, row, "", "b", "", ""),
+       call(changeNotificationToSent, row, reminder, false),
+       call(changeNotificationToSent, row, std::nullopt, false), call(cancelNotification, row),
+       call(changeNotificationNotifiedDate, row, reminder), call(deleteNotification, row),
+       call(copyOldNotificationInfoToNewNotificationByScheduleIDNum, row, ofCompany)});
+}
+
+void addEntryOperations(Operations& all, Id entry) {
+  all.insert(
+      all.end(),
+      {call(getCompanyIDFromScheduleID, entry), call(getCompanyNameFromScheduleID, entry),
+       call(getNotificationID, entry, nt_Email), call(getNotificationStatus, entry, nt_Fax),
+       call(getNotificationStatus, entry, nt_Letter), call(getNotificationStatus, entry, nt_Phone),
+       call(getNotificationStatus, entry, static_cast<notifyType>(3)),
+       call(changeNotificationStatus, nt_Phone, nt_AddStatus, entry),
+       call(changeNotificationStatus, nt_Fax, nt_RemoveStatus, entry),
+       call(doesClientHaveAssociatedUnsentNotifications, entry),
+       call(cancelAllUnsentNotificationsForClientID, entry)});
+  for (const auto lookup :
+       {getScheduleIDFromTaskID, getTaskIDFromScheduleID, getClientDataIDFromScheduleID,
+        getScheduleNumFromScheduleID, getTotalNumFromScheduleID, getContactIDFromScheduleID}) {
+    all.push_back(call(lookup, entry));
+  }
+  all.push_back(call(getScheduleNameFromScheduleID, entry));
+}
+
+/// What takes the ids of all items: those from the `first`th on are given.
+void addLinkOperations(Operations& all, std::size_t first) {
+  std::array<Id, 4> ids{ofCompany, task, appointment, docket};
+  std::fill_n(ids.begin(), first, noId);
+  const auto& [entry, ofTask, ofAppointment, ofDocket] = ids;
+  all.push_back(
+      call(getCompanyAndContactIDFromNotificationID, entry, ofTask, ofAppointment, ofDocket));
+  all.push_back(call(getNotificationEmployeeAssignedFromNotificationIDs, entry, ofTask,
+                     ofAppointment, ofDocket, noId));
+}
+
+Operations storeOperations() {
+  Operations all;
+  addItemOperations(all, Appointments, appointment, appointmentRow);
+  addItemOperations(all, Dockets, docket, docketRow);
+  for (const Id row : {appointmentRow, nobody}) addRowOperations(all, row);
+  for (const Id entry : {ofCompany, archived, noId}) addEntryOperations(all, entry);
+  for (const auto subject : {getAppointmentSubjectFromAppointmentID, getTaskSubjectFromTaskID,
+                             getDocketSubjectFromDocketID}) {
+    all.push_back(call(subject, 1));
+  }
+  all.push_back(call(getCompanyIDFromAppointmentID, appointment));
+  all.push_back(call(getContactIDFromAppointmentID, appointment));
+  for (Id row = faxRow; row <= lastRow; ++row) {
+    all.push_back(call(getCompanyIDFromAutoNotificationID, row));
+    all.push_back(call(getContactIDFromAutoNotificationID, row));
+    all.push_back(call(getClientTypeFromNotificationID, row));
+  }
+  for (std::size_t first = 0; first <= 4; ++first) addLinkOperations(all, first);
+  all.push_back(call(getNotificationEmployeeAssignedFromNotificationIDs, ofContact, bareTask, noId,
+                     noId, noId));
+  all.push_back(
+      call(getNotificationEmployeeAssignedFromNotificationIDs, noId, bareTask, noId, noId, noId));
+  all.push_back(call(getNumberOfUnsentNotifications));
+  return all;
+}
+
+/// Operations whose statements the database refuses.
+Operations refusedOperations() {
+  return {call(copyOldNotificationInfoToNewNotification, appointmentRow, otherEmail),
+          call(addNewEmailNotificationFromScheduleIDNum, ofNobody),
+          call(addNewPhoneNotificationFromScheduleIDNum, ofNobody),
+          call(addNewApptFaxNotification, noKind, 7, reminder, noId, company, contact),
+          call(getApptNotificationID, noKind, 7, nt_Fax),
+          call(getAppointmentIDFromNotificationID, Appointments + (1 << 16), appointmentRow),
+          call(getApptNotificationStatus, noKind, 7, nt_Email),
+          call(changeApptNotificationStatus, Dockets + (1 << 16), nt_Phone, nt_AddStatus, 7),
+          call(deleteApptNotification, noKind, nt_Email, 7),
+          call(getAppointmentBodyText, noKind, 7),
+          call(resetApptNotificationBody, Dockets + (1 << 16), appointmentRow, docket)};
+}
+
+const std::string& officeContent() {
+  static const std::string content = [] {
+    TestHost host;
+    fillOffice(Rows(*host.plainDatabase));
+    return host.snapshot();
+  }();
+  return content;
+}
+
+/// Writes down the procedures of the store and the channels that run, each with the statements that
+/// it opens and what it writes; one called by another that does neither is left out. The person
+/// goes on past every failure.
+class Recorder : public ScriptedErrorClass {
+ public:
+  explicit Recorder(HostCalls& calls) : calls_(calls) {
+    calls_.record(true);
+    answerRest(error_choice::next, 100);
+  }
+  void enterProcedure(std::string_view tag) override {
+    writeCalls();
+    ScriptedErrorClass::enterProcedure(tag);
+    names_.push_back(std::string(tag.substr(tag.find('-') + 1)));
+    if (depth() == 1) writeNames();
+  }
+  void leaveProcedure() override {
+    writeCalls();
+    names_.pop_back();
+    written_ = std::min(written_, names_.size());
+    ScriptedErrorClass::leaveProcedure();
+  }
+  void recordError(const PlatformError& error) override {
+    writeCalls();
+    write("error " + toText(error.number()));
+    ScriptedErrorClass::recordError(error);
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  static bool startsWithOneOf(const std::string& text, std::initializer_list<const char*> starts) {
+    return std::ranges::any_of(starts, [&](const char* start) { return text.starts_with(start); });
+  }
+  void writeCalls() {
+    for (; seen_ < calls_.log().size(); ++seen_) {
+      const std::string& line = calls_.log()[seen_];
+      if (startsWithOneOf(line, {"openRecordset", "setFieldValue", "updateFieldValue",
+                                 "saveNewRecord", "deleteRecord", "gotoBookmark"}))
+        write(line);
+    }
+  }
+  void write(const std::string& line) {
+    if (!startsWithOneOf(names_.back(),
+                         {"modAppt", "modChannel", "modNotificationLinks", "modNotifyClients"}))
+      return;
+    writeNames();
+    text_ += std::string(2 * names_.size(), ' ') + line + "\n";
+  }
+  void writeNames() {
+    for (; written_ < names_.size(); ++written_) {
+      text_ += std::string(2 * written_, ' ') + names_[written_] + "\n";
+    }
+  }
+
+  HostCalls& calls_;
+  std::vector<std::string> names_;
+  std::size_t written_ = 0;
+  std::size_t seen_ = 0;
+  std::string text_;
+};
+
+/// The operation's procedure with its arguments, what it called, and its result.
+std::string calledBy(const Operation& operation) {
+  TestHost host(&officeContent());
+  host.attach();
+  Recorder recorder(host.calls);
+  references().errors = &recorder;
+  const std::string result = operation.run();
+  std::string text = recorder.text();
+  text.insert(text.find('\n'), "(" + operation.arguments + ")");
+  return text + "= " + result;
+}
+
+struct ClosedDatabase : CountedDatabase {
+  using CountedDatabase::CountedDatabase;
+  bool isDatabaseOpen() override { return false; }
+};
+
+/// The result when the database is closed, which nothing is asked of then.
+std::string resultWithClosedDatabase(const Operation& operation) {
+  TestHost host(&officeContent());
+  host.attach();
+  ClosedDatabase closed(*host.plainDatabase, host.calls);
+  references().databaseReference = &closed;
+  host.calls.record(true);
+  const std::string result = operation.run();
+  for (const std::string& line : host.calls.log()) {
+    EXPECT_FALSE(line.starts_with("openRecordset")) << line;
+  }
+  return result;
+}
+
+TEST(StoreOperations, CallTheHostAsItKnowsThem) {
+  std::vector<std::string> blocks;
+  for (const auto& operations : {entryAdds(), refusedOperations(), storeOperations()}) {
+    for (const Operation& operation : operations) {
+      const std::string block =
+          calledBy(operation) + ", closed: " + resultWithClosedDatabase(operation) + "\n";
+      blocks.push_back(replaceAll(block, "\r\n", "\\n"));
+    }
+  }
+  expectGolden(GOLDEN_FILE, blocks);
+}
+
+/// The operations in parts, each a test of its own, so that they may run side by side.
+constexpr int parts = 8;
+class StoreFaults : public testing::TestWithParam<int> {};
+
+FaultWalk walkOf(const Operation& operation) {
+  FaultWalk walk;
+  walk.makeHost = [] {
+    auto host = std::make_unique<TestHost>(&officeContent());
+    host->attach();
+    return host;
+  };
+  walk.run = [&](TestHost&) { return operation.run(); };
+  walk.written = [](TestHost& host) {
+    return host.dumpWritten() +
+           host.dump("SELECT notifyType, ClientNotifiedFlag FROM Appointments") +
+           host.dump("SELECT notifyType, ClientNotifiedFlag FROM Dockets");
+  };
+  walk.defaultResult = resultWithClosedDatabase(operation);
+  return walk;
+}
+
+TEST_P(StoreFaults, LeaveNothingHalfDone) {
+  const Operations all = storeOperations();
+  for (std::size_t i = GetParam(); i < all.size(); i += parts) {
+    SCOPED_TRACE("(" + all[i].arguments + ") of the " + std::to_string(i) + "th");
+    walkFaults(walkOf(all[i]));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Parts, StoreFaults, testing::Range(0, parts));
+
+}  // namespace
+}  // namespace autonotify::test
