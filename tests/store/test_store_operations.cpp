@@ -6,6 +6,7 @@
 #include "channels/modChannelNotifications.h"
 #include "contract/enumerations.h"
 #include "platform/text.h"
+#include "store/CallRecorder.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
@@ -160,13 +161,10 @@ Operations entryAdds() {
   return all;
 }
 
-using ItemAdd = Id (*)(CurrentDayTimerType, Id, DateTime, Id, Id, Id);
-constexpr ItemAdd itemAdds[] = {addNewApptEmailNotification, addNewApptFaxNotification,
-                                addNewApptLetterNotification, addNewApptPhoneNotification};
-
 /// What takes the kind of a diary item.
 void addItemOperations(Operations& all, CurrentDayTimerType kind, Id item, Id row) {
-  for (const ItemAdd add : itemAdds) {
+  for (const auto add : {addNewApptEmailNotification, addNewApptFaxNotification,
+                         addNewApptLetterNotification, addNewApptPhoneNotification}) {
     all.push_back(call(add, kind, item, reminder, noId, company, noId));
   }
   all.insert(
@@ -282,76 +280,26 @@ const std::string& officeContent() {
   return content;
 }
 
-/// Writes down the procedures of the store and the channels that run, each with the statements that
-/// it opens and what it writes; one called by another that does neither is left out. The person
-/// goes on past every failure.
-class Recorder : public ScriptedErrorClass {
- public:
-  explicit Recorder(HostCalls& calls) : calls_(calls) {
-    calls_.record(true);
-    answerRest(error_choice::next, 100);
-  }
-  void enterProcedure(std::string_view tag) override {
-    writeCalls();
-    ScriptedErrorClass::enterProcedure(tag);
-    names_.push_back(std::string(tag.substr(tag.find('-') + 1)));
-    if (depth() == 1) writeNames();
-  }
-  void leaveProcedure() override {
-    writeCalls();
-    names_.pop_back();
-    written_ = std::min(written_, names_.size());
-    ScriptedErrorClass::leaveProcedure();
-  }
-  void recordError(const PlatformError& error) override {
-    writeCalls();
-    write("error " + toText(error.number()));
-    ScriptedErrorClass::recordError(error);
-  }
-  const std::string& text() const { return text_; }
+/// What is held of the result when the person leaves at the operation's last host call.
+std::string resultWhenLeft(const Operation& operation, int lastCall) {
+  TestHost host(&officeContent());
+  host.attach();
+  host.calls.failAt(lastCall);
+  host.errors.answerRest(error_choice::leave, 100);
+  return operation.run();
+}
 
- private:
-  static bool startsWithOneOf(const std::string& text, std::initializer_list<const char*> starts) {
-    return std::ranges::any_of(starts, [&](const char* start) { return text.starts_with(start); });
-  }
-  void writeCalls() {
-    for (; seen_ < calls_.log().size(); ++seen_) {
-      const std::string& line = calls_.log()[seen_];
-      if (startsWithOneOf(line, {"openRecordset", "setFieldValue", "updateFieldValue",
-                                 "saveNewRecord", "deleteRecord", "gotoBookmark"}))
-        write(line);
-    }
-  }
-  void write(const std::string& line) {
-    if (!startsWithOneOf(names_.back(),
-                         {"modAppt", "modChannel", "modNotificationLinks", "modNotifyClients"}))
-      return;
-    writeNames();
-    text_ += std::string(2 * names_.size(), ' ') + line + "\n";
-  }
-  void writeNames() {
-    for (; written_ < names_.size(); ++written_) {
-      text_ += std::string(2 * written_, ' ') + names_[written_] + "\n";
-    }
-  }
-
-  HostCalls& calls_;
-  std::vector<std::string> names_;
-  std::size_t written_ = 0;
-  std::size_t seen_ = 0;
-  std::string text_;
-};
-
-/// The operation's procedure with its arguments, what it called, and its result.
+/// The operation's procedure with its arguments, what it called, and its results.
 std::string calledBy(const Operation& operation) {
   TestHost host(&officeContent());
   host.attach();
-  Recorder recorder(host.calls);
+  CallRecorder recorder(host.calls);
   references().errors = &recorder;
   const std::string result = operation.run();
   std::string text = recorder.text();
   text.insert(text.find('\n'), "(" + operation.arguments + ")");
-  return text + "= " + result;
+  const std::string held = resultWhenLeft(operation, host.calls.count());
+  return text + "= " + result + (held == result ? "" : ", left at last: " + held);
 }
 
 struct ClosedDatabase : CountedDatabase {
