@@ -136,6 +136,22 @@ TEST_P(Recipients, AreThoseOfTheClient) {
 INSTANTIATE_TEST_SUITE_P(Clients, Recipients, testing::ValuesIn(recipients),
                          [](const auto& recipient) { return recipient.param.name; });
 
+TEST_F(Adding, OfACompanysItemTheContactCountsThatReadsAsItsDefault) {
+  addCompanyEntry(maple);
+  linkDefaultContact(addRow("Contacts", jo), company);
+  const Id item =
+      addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
+  const auto add = [&] {
+    return addNewApptEmailNotification(Dockets, item, dueDate, noId, company, noId);
+  };
+  callsOf("getFieldValue", add);
+  const int read = callNumber("getFieldValue DefaultContact", 1);
+  calls.reset();
+  calls.failAt(read);
+  errors.answer({error_choice::next});
+  EXPECT_EQ(textOf(add(), "Field1"), "office@m.example|\n");
+}
+
 TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
   addCompanyEntry(maple);
   const Id person = addRow("Contacts", jo);
