@@ -62,6 +62,23 @@ class Row {
     step_->run([&] { updateField(handle_, column, columnText(given)); });
   }
 
+  /// Whether the recordset has a row; `otherwise` when the statement is skipped.
+  bool exists(bool otherwise = false) const {
+    return step_->value(otherwise, [&] { return database().hasRecords(handle_); });
+  }
+  /// A skipped test reads as the end.
+  bool isAtEnd() const {
+    return step_->value(true, [&] { return database().isEndOfRecordset(handle_); });
+  }
+  void moveNext() const {
+    step_->run([&] { database().moveNext(handle_); });
+  }
+
+  /// For a recordset that no `Rows` holds, which closes its own.
+  void close() const {
+    step_->run([&] { database().closeRecordset(handle_); });
+  }
+
   /// Where the recordset stands; empty when the statement is skipped.
   std::optional<Bookmark> place() const {
     std::optional<Bookmark> held;
@@ -93,8 +110,7 @@ class Rows : public Row {
   }
   /// Closing may fail, and the person may leave the procedure there.
   ~Rows() noexcept(false) {
-    if (isOpen_ && std::uncaught_exceptions() == exceptions_)
-      step_->run([&] { database().closeRecordset(handle_); });
+    if (isOpen_ && std::uncaught_exceptions() == exceptions_) close();
   }
   Rows(const Rows&) = delete;
   Rows& operator=(const Rows&) = delete;
@@ -106,9 +122,7 @@ class Rows : public Row {
    public:
     explicit Walk(Rows& rows) : rows_(rows) {}
     const Row& operator*() const { return rows_; }
-    void operator++() {
-      rows_.step_->run([&] { database().moveNext(rows_.handle_); });
-    }
+    void operator++() { rows_.moveNext(); }
     bool operator!=(End) const { return rows_.found_ && !rows_.isAtEnd(); }
 
    private:
@@ -120,11 +134,8 @@ class Rows : public Row {
  private:
   void open(const std::string& sql, Access access) {
     step_->assign(handle_, [&] { return openRecordset(sql, access.cursor, access.lock); });
-    found_ = step_->value(false, [&] { return database().hasRecords(handle_); });
+    found_ = exists();
     isOpen_ = true;
-  }
-  bool isAtEnd() const {
-    return step_->value(true, [&] { return database().isEndOfRecordset(handle_); });
   }
 
   bool found_ = false;
