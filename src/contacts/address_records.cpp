@@ -1,7 +1,7 @@
 #include "contacts/address_records.h"
 
 #include "contacts/modDefaultContact.h"
-#include "store/column_lookup.h"
+#include "contract/rows.h"
 
 namespace autonotify {
 namespace {
@@ -44,31 +44,39 @@ void forEachColumn(AddressSource source, FieldRange range, Body&& body) {
   }
 }
 
-void readFields(Step& step, RecordsetHandle handle, AddressSource source, FieldRange range,
-                AddressRecord& record) {
-  forEachColumn(source, range, [&](AddressField field, const char* column) {
-    record[field] = readText(step, handle, column);
-  });
+void readFields(const Row& row, AddressSource source, FieldRange range, AddressRecord& record) {
+  const auto read = [&](AddressField field, const char* column) {
+    record[field] = row.text(column);
+  };
+  forEachColumn(source, range, read);
 }
 
-void readContactLines(Step& step, RecordsetHandle handle, AddressSource source,
-                      const AddressParts& parts, AddressRecord& record) {
-  if (parts.phones) readFields(step, handle, source, phoneRange, record);
-  if (parts.email) readFields(step, handle, source, emailRange, record);
+void readContactLines(const Row& row, AddressSource source, const AddressParts& parts,
+                      AddressRecord& record) {
+  if (parts.phones) readFields(row, source, phoneRange, record);
+  if (parts.email) readFields(row, source, emailRange, record);
+}
+
+void readBusinessFields(const Row& row, const AddressParts& parts, bool includeBusinessName,
+                        AddressRecord& record) {
+  const AddressField nameAlone = AddressField::businessName;
+  if (includeBusinessName) readFields(row, ofBusiness, {nameAlone, nameAlone}, record);
+  record[AddressField::personName] = row.text("DisplayName");
+  if (parts.address) readFields(row, ofBusiness, addressRange, record);
+  readContactLines(row, ofBusiness, parts, record);
 }
 
 /// The company's place comes before the person's own, its numbers behind them.
-void inheritFromCompany(Step& step, RecordsetHandle company, const AddressParts& parts,
-                        AddressRecord& record) {
+void inheritFromCompany(const Row& company, const AddressParts& parts, AddressRecord& record) {
   if (parts.address) {
     forEachColumn(ofCompany, placeRange, [&](AddressField field, const char* column) {
-      const std::string text = readText(step, company, column);
+      const std::string text = company.text(column);
       if (!text.empty()) record[field] = text;
     });
   }
   if (parts.phones) {
     forEachColumn(ofCompany, phoneRange, [&](AddressField field, const char* column) {
-      if (record[field].empty()) record[field] = readText(step, company, column);
+      if (record[field].empty()) record[field] = company.text(column);
     });
   }
 }
@@ -77,81 +85,68 @@ constexpr const char* companyStatement =
     "SELECT Companies.* FROM Companies WHERE Companies.CompanyID=";
 constexpr const char* firmStatement =
     "SELECT AccountantFirmInfo.* FROM AccountantFirmInfo WHERE AccountantFirmInfo.CompanyID=";
+constexpr const char* contactStatement =
+    "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=";
+constexpr const char* staffStatement =
+    "SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
+    "AccountantEmployeeInfo.ContactID=";
+constexpr const char* displayNameStatement =
+    "SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE Contacts.ContactID=";
 
 std::string personStatement(const AddressPerson& person) {
-  if (person.contactId >= 0) {
-    return statementFor("SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=",
-                        person.contactId);
-  }
-  return statementFor(
-      "SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
-      "AccountantEmployeeInfo.ContactID=",
-      person.employeeId);
+  if (person.contactId >= 0) return statementFor(contactStatement, person.contactId);
+  return statementFor(staffStatement, person.employeeId);
 }
 
-/// Runs `body(handle)` on the person's row.
-template <class Body>
-void withPerson(Step& step, const AddressPerson& person, Body&& body) {
-  if (person.contactId < 0 && person.employeeId < 0) return;
-  if (!isDatabaseOpen(step)) return;
-  withFirstRow(step, personStatement(person), keysetRead, body);
-}
-
-void readBusinessFields(Step& step, RecordsetHandle row, const AddressParts& parts,
-                        bool includeBusinessName, AddressRecord& record) {
-  const AddressField nameAlone = AddressField::businessName;
-  if (includeBusinessName) readFields(step, row, ofBusiness, {nameAlone, nameAlone}, record);
-  record[AddressField::personName] = readText(step, row, "DisplayName");
-  if (parts.address) readFields(step, row, ofBusiness, addressRange, record);
-  readContactLines(step, row, ofBusiness, parts, record);
+bool canLookUp(Step& step, const AddressPerson& person) {
+  return (person.contactId >= 0 || person.employeeId >= 0) && isDatabaseOpen(step);
 }
 
 }  // namespace
 
-bool readDisplayName(Step& step, Id contactId, std::string& name) {
-  return withRow(
-      step,
-      "SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE Contacts.ContactID=",
-      contactId, keysetRead,
-      [&](RecordsetHandle handle) { name = readText(step, handle, "DisplayName"); });
+std::optional<std::string> readDisplayName(Step& step, Id contactId) {
+  const Rows contact(step, displayNameStatement, contactId, keysetRead);
+  if (!contact) return std::nullopt;
+  return contact.text("DisplayName");
 }
 
 void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts& parts,
                         bool& includePerson, AddressRecord& record) {
   const bool isFirm = firmId >= 0;
   if ((companyId < 0 && !isFirm) || !isDatabaseOpen(step)) return;
-  withRow(step, isFirm ? firmStatement : companyStatement, isFirm ? firmId : companyId, keysetRead,
-          [&](RecordsetHandle row) {
-            if (parts.address) readFields(step, row, ofCompany, addressRange, record);
-            if (includePerson) {
-              includePerson = readDisplayName(step, checkForDefaultContact(companyId, noId),
-                                              record[AddressField::personName]);
-            }
-            readContactLines(step, row, ofCompany, parts, record);
-          });
+  const char* const statement = isFirm ? firmStatement : companyStatement;
+  const Rows row(step, statement, isFirm ? firmId : companyId, keysetRead);
+  if (!row) return;
+  if (parts.address) readFields(row, ofCompany, addressRange, record);
+  if (includePerson) {
+    const auto name = readDisplayName(step, checkForDefaultContact(companyId, noId));
+    record[AddressField::personName] = name.value_or("");
+    includePerson = name.has_value();
+  }
+  readContactLines(row, ofCompany, parts, record);
 }
 
-void readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
+bool readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
                          const AddressParts& parts, bool includeBusinessName,
                          AddressRecord& record) {
-  withPerson(step, person, [&](RecordsetHandle row) {
-    const bool isStaff = person.contactId < 0;
-    if (isStaff) companyId = readId(step, row, "CompanyNum");
-    readBusinessFields(step, row, parts, includeBusinessName, record);
-    withRow(step, isStaff ? firmStatement : companyStatement, companyId, keysetRead,
-            [&](RecordsetHandle company) {
-              if (readFlag(step, row, "InheritCompanyInfo"))
-                inheritFromCompany(step, company, parts, record);
-            });
-  });
+  if (!canLookUp(step, person)) return false;
+  const Rows row(step, personStatement(person), keysetRead);
+  if (!row) return false;
+  const bool isStaff = person.contactId < 0;
+  if (isStaff) companyId = row.id("CompanyNum");
+  readBusinessFields(row, parts, includeBusinessName, record);
+  const Rows company(step, isStaff ? firmStatement : companyStatement, companyId, keysetRead);
+  if (company && row.flag("InheritCompanyInfo")) inheritFromCompany(company, parts, record);
+  return true;
 }
 
 void readHomeAddress(Step& step, const AddressPerson& person, const AddressParts& parts,
                      AddressRecord& record) {
-  withPerson(step, person, [&](RecordsetHandle row) {
-    if (parts.address) readFields(step, row, ofHome, addressRange, record);
-    readContactLines(step, row, ofHome, parts, record);
-  });
+  if (!canLookUp(step, person)) return;
+  const Rows row(step, personStatement(person), keysetRead);
+  if (!row) return;
+  if (parts.address) readFields(row, ofHome, addressRange, record);
+  readContactLines(row, ofHome, parts, record);
 }
 
 }  // namespace autonotify

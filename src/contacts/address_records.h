@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "contacts/modAddressFormatting.h"
-#include "contract/recordsets.h"
+#include "contract/procedure.h"
 
 // Reading address records. Each function is made of statements of the caller's frame.
 
@@ -16,8 +18,8 @@ struct AddressParts {
   bool hasContactLines() const { return phones || email; }
 };
 
-/// The name that a contact goes by; False, with `name` untouched, when there is no such contact.
-bool readDisplayName(Step& step, Id contactId, std::string& name);
+/// The name that a contact goes by; empty when there is no such contact.
+std::optional<std::string> readDisplayName(Step& step, Id contactId);
 
 /// See createCompanyAddress.
 void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts& parts,
@@ -29,8 +31,9 @@ struct AddressPerson {
   Id employeeId = noId;
 };
 
-/// See createBusinessContactAddress. The name of the person is read whatever the parts.
-void readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
+/// See createBusinessContactAddress. The name of the person is read whatever the parts. False
+/// without such a person.
+bool readBusinessAddress(Step& step, const AddressPerson& person, Id companyId,
                          const AddressParts& parts, bool includeBusinessName,
                          AddressRecord& record);
 

@@ -2,11 +2,15 @@
 
 #include <array>
 
-#include "store/column_lookup.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 #include "store/modItemLinks.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsClientAddrBkCatTxt", name>;
 
 namespace level {
 constexpr int contact = 1;
@@ -22,6 +26,12 @@ constexpr int id = 2;
 constexpr int mostRounds = 100;
 constexpr const char* deeper = "    ";
 
+constexpr const char* companyWithParents =
+    "SELECT Companies.CompanyID, Companies.CompanyNum, Companies.CategoryNum FROM Companies WHERE "
+    "Companies.CompanyID = ";
+constexpr const char* categoryWithParent =
+    "SELECT Categories.CategoryID, Categories.CategoryNum FROM Categories WHERE CategoryID = ";
+
 std::string nameOf(int levelType, Id id) {
   switch (levelType) {
     case level::category:
@@ -36,9 +46,9 @@ std::string nameOf(int levelType, Id id) {
 }  // namespace
 
 clsClientAddrBkCatTxt::clsClientAddrBkCatTxt() {
-  procedure("Morvane.exe-clsClientAddrBkCatTxt-Class_Initialize", [&](Step& step) {
+  procedure(tag<"Class_Initialize">, [&](Step& step) {
     client_ = ClientIDClassInit();
-    step.assign(chain_, [] { return createHostObject<GridColumnList>(); });
+    step.assign(chain_, createHostObject<GridColumnList>);
   });
 }
 
@@ -47,27 +57,27 @@ clsClientAddrBkCatTxt::~clsClientAddrBkCatTxt() {
 }
 
 void clsClientAddrBkCatTxt::Terminate() {
-  procedure("Morvane.exe-clsClientAddrBkCatTxt-Terminate", [&](Step& step) {
-    if (client_) step.run([&] { client_->Terminate(); });
+  procedure(tag<"Terminate">, [&](Step& step) {
+    if (client_) step.run(&ClientIDClass::Terminate, client_);
     client_.reset();
     chain_.reset();
   });
 }
 
 void clsClientAddrBkCatTxt::generateCategoryText() {
-  procedure("Morvane.exe-clsClientAddrBkCatTxt-generateCategoryText", [&](Step& step) {
+  procedure(tag<"generateCategoryText">, [&](Step& step) {
     CategoryText.clear();
     if (!client_ || !chain_) return;
-    if (!step.value(false, [&] { return client_->get_ClientType() == enumAutoNotifyCompany; }))
-      return;
-    step.run([&] { chain_->clearEntries(); });
+    const auto type = step.value(enumAutoNotifyNone, &ClientIDClass::get_ClientType, client_);
+    if (type != enumAutoNotifyCompany) return;
+    step.run(&GridColumnList::clearEntries, chain_);
     climb(step);
     appendLines(step);
   });
 }
 
 void clsClientAddrBkCatTxt::climb(Step& step) {
-  const Id companyId = step.value(noId, [&] { return client_->get_CompanyIDNum(); });
+  const Id companyId = step.value(noId, &ClientIDClass::get_CompanyIDNum, client_);
   Id categoryId = getParentCategoryIDFromCompanyIDNum(companyId);
   if (categoryId < 0) return;
   for (int round = 0; round < mostRounds; ++round) {
@@ -77,60 +87,53 @@ void clsClientAddrBkCatTxt::climb(Step& step) {
 }
 
 Id clsClientAddrBkCatTxt::getParentCategoryIDFromCompanyIDNum(Id companyId) {
-  return procedure("Morvane.exe-clsClientAddrBkCatTxt-getParentCategoryIDFromCompanyIDNum", noId,
-                   [&](Step& step, Id& result) {
-                     if (companyId < 0 || !isDatabaseOpen(step)) return;
-                     withRow(step,
-                             "SELECT Companies.CompanyID, Companies.CompanyNum, "
-                             "Companies.CategoryNum FROM Companies WHERE Companies.CompanyID = ",
-                             companyId, forwardRead, [&](RecordsetHandle handle) {
-                               result = addLevel(step, handle, "CategoryNum", level::category);
-                               addLevel(step, handle, "CompanyNum", level::company);
-                             });
-                   });
+  return procedure(tag<"getParentCategoryIDFromCompanyIDNum">, noId, [&](Step& step, Id& result) {
+    if (companyId < 0 || !isDatabaseOpen(step)) return;
+    const Rows company(step, companyWithParents, companyId, forwardRead);
+    if (!company) return;
+    result = addLevel(company, "CategoryNum", level::category);
+    addLevel(company, "CompanyNum", level::company);
+  });
 }
 
 Id clsClientAddrBkCatTxt::getParentCategoryIDFromCategoryNum(Id categoryId) {
-  return procedure("Morvane.exe-clsClientAddrBkCatTxt-getParentCategoryIDFromCategoryNum", noId,
-                   [&](Step& step, Id& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     withRow(step,
-                             "SELECT Categories.CategoryID, Categories.CategoryNum FROM "
-                             "Categories WHERE CategoryID = ",
-                             categoryId, forwardRead, [&](RecordsetHandle handle) {
-                               result = addLevel(step, handle, "CategoryNum", level::category);
-                             });
-                   });
+  return procedure(tag<"getParentCategoryIDFromCategoryNum">, noId, [&](Step& step, Id& result) {
+    if (!isDatabaseOpen(step)) return;
+    const Rows category(step, categoryWithParent, categoryId, forwardRead);
+    if (category) result = addLevel(category, "CategoryNum", level::category);
+  });
 }
 
 /// The id in the column, which becomes an entry of the chain; -1 when there is none.
-Id clsClientAddrBkCatTxt::addLevel(Step& step, RecordsetHandle handle, const char* column,
-                                   int levelType) {
-  const Id id = readId(step, handle, column);
+Id clsClientAddrBkCatTxt::addLevel(const Row& row, const char* column, int levelType) {
+  const Id id = row.id(column);
   if (id < 0) return noId;
-  step.run([&] {
+  row.step().run([&] {
     chain_->addEntry(chain_->getEntryCount() + 1, std::array<Value, 2>{levelType, id});
   });
   return id;
 }
 
+Id clsClientAddrBkCatTxt::item(int number) const {
+  return toInteger(chain_->getItem(number));
+}
+
 bool clsClientAddrBkCatTxt::isShown(Step& step, int levelType, Id id) {
   if (levelType != level::category || ShowMainAddressBookCategory) return true;
-  return !step.value(false, [&] { return clients().getMainAddressBookCategoryID() == id; });
+  return !step.holds([&] { return clients().getMainAddressBookCategoryID() == id; });
 }
 
 void clsClientAddrBkCatTxt::appendLines(Step& step) {
   std::string indent = deeper;
-  step.run([&] { chain_->moveFirst(); });
-  while (!step.value(true, [&] { return chain_->isAtEnd(); })) {
-    const int type = step.value(0, [&] { return toInteger(chain_->getItem(level_item::type)); });
-    const Id id = step.value(noId, [&] { return toInteger(chain_->getItem(level_item::id)); });
+  step.run(&GridColumnList::moveFirst, chain_);
+  while (!step.value(true, &GridColumnList::isAtEnd, chain_)) {
+    const int type = step.value(0, &clsClientAddrBkCatTxt::item, this, level_item::type);
+    const Id id = step.value(noId, &clsClientAddrBkCatTxt::item, this, level_item::id);
     if (id >= 0 && isShown(step, type, id)) {
-      const std::string name = step.value(std::string{}, [&] { return nameOf(type, id); });
-      CategoryText += indent + name + "\r\n";
+      CategoryText += indent + step.value(std::string{}, nameOf, type, id) + "\r\n";
       indent += deeper;
     }
-    step.run([&] { chain_->moveNext(); });
+    step.run(&GridColumnList::moveNext, chain_);
   }
 }
 

@@ -5,7 +5,7 @@
 
 #include "contract/ClientIDClass.h"
 #include "contract/GridColumnList.h"
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 
 namespace autonotify {
 
@@ -47,8 +47,10 @@ class clsClientAddrBkCatTxt {
  private:
   Id getParentCategoryIDFromCompanyIDNum(Id companyId);
   Id getParentCategoryIDFromCategoryNum(Id categoryId);
-  Id addLevel(Step& step, RecordsetHandle handle, const char* column, int levelType);
+  Id addLevel(const Row& row, const char* column, int levelType);
   void climb(Step& step);
+  /// An item of the chain's current entry.
+  Id item(int number) const;
   bool isShown(Step& step, int levelType, Id id);
   void appendLines(Step& step);
 

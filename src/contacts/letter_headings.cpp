@@ -1,11 +1,16 @@
 #include "contacts/address_records.h"
 #include "contacts/modDefaultContact.h"
 #include "contract/rich_texts.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/format.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modAddressFormatting", name>;
 
 constexpr const char* twoLineEnds = "\r\n\r\n";
 
@@ -15,8 +20,7 @@ void startHeading(std::string& heading, bool includeDate, DateTime date) {
 }
 
 void appendSalutation(Step& step, std::string& heading, Id contactId) {
-  std::string name;
-  readDisplayName(step, contactId, name);
+  const std::string name = readDisplayName(step, contactId).value_or("");
   if (!name.empty()) heading += "Dear " + name + "," + twoLineEnds;
 }
 
@@ -34,35 +38,33 @@ void removeHeading(Step& step, RichTextBox& box, const std::string& heading) {
 
 std::string createInsertBusinessAddress(Id companyID, bool includeDate, DateTime date,
                                         bool includeSalutation, bool asRTF) {
-  return procedure("Morvane.exe-modAddressFormatting-createInsertBusinessAddress", std::string{},
-                   [&](Step& step, std::string& result) {
-                     if (companyID < 0 || !isDatabaseOpen(step)) return;
-                     startHeading(result, includeDate, date);
-                     bool includePerson = true;
-                     result += createCompanyAddress(companyID, includePerson, asRTF, noId, true,
-                                                    false, false) +
-                               twoLineEnds;
-                     if (!includeSalutation) return;
-                     appendSalutation(step, result, checkForDefaultContact(companyID, noId));
-                   });
+  return procedure(
+      tag<"createInsertBusinessAddress">, std::string{}, [&](Step& step, std::string& result) {
+        if (companyID < 0 || !isDatabaseOpen(step)) return;
+        startHeading(result, includeDate, date);
+        bool person = true;
+        result += createCompanyAddress(companyID, person, asRTF, noId, true, false, false);
+        result += twoLineEnds;
+        if (!includeSalutation) return;
+        appendSalutation(step, result, checkForDefaultContact(companyID, noId));
+      });
 }
 
 std::string createInsertContactPersonalAddress(Id contactID, bool includeDate, DateTime date,
                                                bool includeSalutation) {
-  return procedure("Morvane.exe-modAddressFormatting-createInsertContactPersonalAddress",
-                   std::string{}, [&](Step& step, std::string& result) {
-                     if (contactID < 0 || !isDatabaseOpen(step)) return;
-                     startHeading(result, includeDate, date);
-                     result +=
-                         createPersonalContactAddress(contactID, false, noId, true, false, false) +
-                         twoLineEnds;
-                     if (includeSalutation) appendSalutation(step, result, contactID);
-                   });
+  return procedure(
+      tag<"createInsertContactPersonalAddress">, std::string{}, [&](Step& step, auto& result) {
+        if (contactID < 0 || !isDatabaseOpen(step)) return;
+        startHeading(result, includeDate, date);
+        result += createPersonalContactAddress(contactID, false, noId, true, false, false);
+        result += twoLineEnds;
+        if (includeSalutation) appendSalutation(step, result, contactID);
+      });
 }
 
 void insertBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
                            bool includeSalutation, bool asRTF) {
-  procedure("Morvane.exe-modAddressFormatting-insertBusinessAddress", [&](Step& step) {
+  procedure(tag<"insertBusinessAddress">, [&](Step& step) {
     insertHeading(
         step, box,
         createInsertBusinessAddress(companyID, includeDate, date, includeSalutation, asRTF));
@@ -71,7 +73,7 @@ void insertBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, Dat
 
 void removeBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
                            bool includeSalutation, bool asRTF) {
-  procedure("Morvane.exe-modAddressFormatting-removeBusinessAddress", [&](Step& step) {
+  procedure(tag<"removeBusinessAddress">, [&](Step& step) {
     removeHeading(
         step, box,
         createInsertBusinessAddress(companyID, includeDate, date, includeSalutation, asRTF));
@@ -80,7 +82,7 @@ void removeBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, Dat
 
 void insertContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
                                   bool includeSalutation) {
-  procedure("Morvane.exe-modAddressFormatting-insertContactPersonalAddress", [&](Step& step) {
+  procedure(tag<"insertContactPersonalAddress">, [&](Step& step) {
     insertHeading(
         step, box,
         createInsertContactPersonalAddress(contactID, includeDate, date, includeSalutation));
@@ -89,7 +91,7 @@ void insertContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDa
 
 void removeContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
                                   bool includeSalutation) {
-  procedure("Morvane.exe-modAddressFormatting-removeContactPersonalAddress", [&](Step& step) {
+  procedure(tag<"removeContactPersonalAddress">, [&](Step& step) {
     removeHeading(
         step, box,
         createInsertContactPersonalAddress(contactID, includeDate, date, includeSalutation));

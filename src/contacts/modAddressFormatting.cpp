@@ -3,10 +3,14 @@
 #include <algorithm>
 
 #include "contract/procedure.h"
+#include "contract/tags.h"
 #include "platform/text.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modAddressFormatting", name>;
 
 constexpr const char* lineEnd = "\r\n";
 
@@ -67,31 +71,28 @@ void clearAddressFields(AddressRecord& record) {
 }
 
 std::string convertToRTF(const std::string& text) {
-  return procedure("Morvane.exe-modAddressFormatting-convertToRTF", std::string{},
-                   [&](Step&, std::string& result) {
-                     result = replaceAll(text, lineEnd, std::string("\\par ") + lineEnd);
-                   });
+  return procedure(tag<"convertToRTF">, std::string{}, [&](Step&, std::string& result) {
+    result = replaceAll(text, lineEnd, std::string("\\par ") + lineEnd);
+  });
 }
 
 std::string createAddress(const AddressRecord& record, bool includePerson, bool asRTF) {
-  return procedure("Morvane.exe-modAddressFormatting-createAddress", std::string{},
-                   [&](Step&, std::string& result) {
-                     result = addressBlock(record, includePerson);
-                     if (asRTF) result = convertToRTF(result);
-                   });
+  return procedure(tag<"createAddress">, std::string{}, [&](Step&, std::string& result) {
+    result = addressBlock(record, includePerson);
+    if (asRTF) result = convertToRTF(result);
+  });
 }
 
 std::string createAddressWithContactInfo(const AddressRecord& record, bool includePerson,
                                          bool asRTF) {
-  return procedure("Morvane.exe-modAddressFormatting-createAddressWithContactInfo", std::string{},
-                   [&](Step&, std::string& result) {
-                     result = createAddress(record, includePerson, asRTF);
-                     for (const ContactLine& line : contactLines) {
-                       const std::string text = textOf(record, line.field);
-                       if (!text.empty()) result += lineEnd + (line.label + text);
-                     }
-                     if (asRTF) result = convertToRTF(result);
-                   });
+  return procedure(tag<"createAddressWithContactInfo">, std::string{}, [&](Step&, auto& result) {
+    result = createAddress(record, includePerson, asRTF);
+    for (const ContactLine& line : contactLines) {
+      const std::string text = textOf(record, line.field);
+      if (!text.empty()) result += lineEnd + (line.label + text);
+    }
+    if (asRTF) result = convertToRTF(result);
+  });
 }
 
 }  // namespace autonotify

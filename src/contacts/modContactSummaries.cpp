@@ -2,13 +2,19 @@
 
 #include "contacts/address_records.h"
 #include "contacts/modDefaultContact.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 #include "platform/richtext/RichText.h"
 #include "platform/richtext/rich_text_edit.h"
-#include "store/column_lookup.h"
 
 namespace autonotify {
 namespace {
 
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modContactSummaries", name>;
+
+constexpr const char* notesOfCompany =
+    "SELECT CompaniesNotes.* FROM CompaniesNotes WHERE CompaniesNotes.CompanyNum=";
 constexpr const char* noDefaultComment = "This company has no default contact.";
 
 /// The contact lines of a block stand below an empty block, so they begin with a line end.
@@ -23,17 +29,14 @@ std::string summaryOf(const AddressRecord& record) {
 }
 
 void saveSummary(Step& step, Id companyId, const std::string& summary) {
-  withRow(step,
-          "SELECT CompaniesNotes.* FROM CompaniesNotes WHERE CompaniesNotes.CompanyNum=", companyId,
-          keysetUpdate, [&](RecordsetHandle handle) {
-            writeField(step, handle, "ContactNotes", [&] { return summary; });
-          });
+  const Rows notes(step, notesOfCompany, companyId, keysetUpdate);
+  if (notes) notes.write("ContactNotes", summary);
 }
 
 }  // namespace
 
 void saveContactBusinessRTF(Id contactID, Id companyID) {
-  procedure("Morvane.exe-modContactSummaries-saveContactBusinessRTF", [&](Step& step) {
+  procedure(tag<"saveContactBusinessRTF">, [&](Step& step) {
     if (contactID < 0 || companyID < 0 || !isDatabaseOpen(step)) return;
     AddressRecord record;
     readBusinessAddress(step, {.contactId = contactID}, companyID, {.phones = true, .email = true},
@@ -43,22 +46,19 @@ void saveContactBusinessRTF(Id contactID, Id companyID) {
 }
 
 void saveContactBusinessRTFForAllCompanies(Id contactID) {
-  procedure("Morvane.exe-modContactSummaries-saveContactBusinessRTFForAllCompanies",
-            [&](Step& step) {
-              if (contactID < 0 || !isDatabaseOpen(step)) return;
-              const std::string sql =
-                  "SELECT ContactLinks.* FROM ContactLinks WHERE ContactLinks.ContactIDNum=" +
-                  std::to_string(contactID) +
-                  " AND ContactLinks.DefaultContact=True AND Not ContactLinks.CompanyNum Is Null;";
-              forEachRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-                saveCompanyContactRTF(readId(step, handle, "CompanyNum"));
-                return true;
-              });
-            });
+  procedure(tag<"saveContactBusinessRTFForAllCompanies">, [&](Step& step) {
+    if (contactID < 0 || !isDatabaseOpen(step)) return;
+    const std::string sql =
+        "SELECT ContactLinks.* FROM ContactLinks WHERE ContactLinks.ContactIDNum=" +
+        std::to_string(contactID) +
+        " AND ContactLinks.DefaultContact=True AND Not ContactLinks.CompanyNum Is Null;";
+    for (const Row& link : Rows(step, sql, keysetRead))
+      saveCompanyContactRTF(link.id("CompanyNum"));
+  });
 }
 
 void saveCompanyContactRTF(Id companyID) {
-  procedure("Morvane.exe-modContactSummaries-saveCompanyContactRTF", [&](Step& step) {
+  procedure(tag<"saveCompanyContactRTF">, [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     const Id contact = checkForDefaultContact(companyID, noId);
     if (contact < 0) {
@@ -70,7 +70,7 @@ void saveCompanyContactRTF(Id companyID) {
 }
 
 void saveNoDefaultComment(Id companyID) {
-  procedure("Morvane.exe-modContactSummaries-saveNoDefaultComment", [&](Step& step) {
+  procedure(tag<"saveNoDefaultComment">, [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     saveSummary(step, companyID, writeRichText(richTextOf(noDefaultComment)));
   });

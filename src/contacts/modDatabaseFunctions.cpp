@@ -6,11 +6,17 @@
 
 #include "contacts/recipient_lists.h"
 #include "contract/ListCleaner.h"
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 #include "platform/controls/ComboBox.h"
 
 namespace autonotify {
 namespace {
+
+std::vector<Value> columnValues(RecordsetHandle handle, const char* column) {
+  std::vector<Value> values;
+  database().readColumnIntoArray(handle, values, column);
+  return values;
+}
 
 /// Gathers the texts of one list, and by column the ones that may become the default.
 class Recipients {
@@ -18,22 +24,20 @@ class Recipients {
   explicit Recipients(Step& step) : step_(step) {}
 
   void gather(const RecipientSource& source, Id client) {
-    std::string sql = source.statement;
-    if (!sql.ends_with(';')) {
-      if (client < 0) return;
-      sql = statementFor(sql, client);
-    }
-    withFirstRow(step_, sql, keysetRead, [&](RecordsetHandle handle) {
-      if (source.rows == RecipientSource::Rows::first) return takeRow(handle, source);
-      if (source.rows == RecipientSource::Rows::people) keepDefaultContact(handle, source);
-      for (const RecipientColumn& column : source.columns) takeColumn(handle, column);
-    });
+    const std::string statement = source.statement;
+    const bool isWhole = statement.ends_with(';');
+    if (!isWhole && client < 0) return;
+    Rows rows(step_, isWhole ? statement : statementFor(statement, client), keysetRead);
+    if (!rows) return;
+    if (source.rows == RecipientSource::Rows::first) return takeRow(rows, source);
+    if (source.rows == RecipientSource::Rows::people) keepDefaultContact(rows, source);
+    for (const RecipientColumn& column : source.columns) takeColumn(rows, column);
   }
 
   void clean() {
     std::unique_ptr<ListCleaner> cleaner;
-    step_.assign(cleaner, [] { return createHostObject<ListCleaner>(); });
-    if (cleaner) step_.run([&] { cleaner->cleanList(texts_); });
+    step_.assign(cleaner, createHostObject<ListCleaner>);
+    if (cleaner) step_.run(&ListCleaner::cleanList, cleaner, texts_);
   }
 
   const std::vector<std::string>& texts() const { return texts_; }
@@ -48,36 +52,31 @@ class Recipients {
   }
 
  private:
-  void takeRow(RecordsetHandle handle, const RecipientSource& source) {
-    for (const RecipientColumn& column : source.columns) {
-      const std::string text = labelled(readField(step_, handle, column.name), column);
-      if (!text.empty()) texts_.push_back(text);
-      kept_[column.name] = text;
+  void takeRow(const Row& row, const RecipientSource& source) {
+    for (const RecipientColumn& column : source.columns)
+      kept_[column.name] = take(row.value(column.name), column);
+  }
+
+  void takeColumn(const Row& row, const RecipientColumn& column) {
+    for (const Value& value :
+         step_.value(std::vector<Value>{}, columnValues, row.handle(), column.name))
+      take(value, column);
+  }
+
+  void keepDefaultContact(Rows& people, const RecipientSource& source) {
+    for (const Row& person : people) {
+      if (!person.flag("DefaultContact")) continue;
+      for (const RecipientColumn& column : source.columns)
+        kept_[column.name] = labelled(person.value(column.name), column);
+      return;
     }
   }
 
-  void takeColumn(RecordsetHandle handle, const RecipientColumn& column) {
-    std::vector<Value> values;
-    step_.assign(values, [&] {
-      std::vector<Value> read;
-      database().readColumnIntoArray(handle, read, column.name);
-      return read;
-    });
-    for (const Value& value : values) {
-      const std::string text = labelled(value, column);
-      if (!text.empty()) texts_.push_back(text);
-    }
-  }
-
-  void keepDefaultContact(RecordsetHandle handle, const RecipientSource& source) {
-    while (!step_.value(true, [&] { return database().isEndOfRecordset(handle); })) {
-      if (readFlag(step_, handle, "DefaultContact")) {
-        for (const RecipientColumn& column : source.columns)
-          kept_[column.name] = labelled(readField(step_, handle, column.name), column);
-        return;
-      }
-      step_.run([&] { database().moveNext(handle); });
-    }
+  /// Puts the text into the list, but an empty one, and gives it.
+  std::string take(const Value& value, const RecipientColumn& column) {
+    std::string text = labelled(value, column);
+    if (!text.empty()) texts_.push_back(text);
+    return text;
   }
 
   /// Empty for an empty value.

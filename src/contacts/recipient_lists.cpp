@@ -1,5 +1,7 @@
 #include "contacts/recipient_lists.h"
 
+#include "contract/tags.h"
+
 // Rows of the lists. People of a company come through their links.
 
 #define AUTONOTIFY_PEOPLE(columns)                                                           \
@@ -10,6 +12,9 @@
 
 namespace autonotify::recipient_list {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modDatabaseFunctions", name>;
 
 using enum RecipientSource::Rows;
 using Columns = RecipientColumn;
@@ -109,30 +114,26 @@ constexpr const char* nameDefaults[] = {"DisplayName"};
 
 }  // namespace
 
-#define AUTONOTIFY_TAG(member) "Morvane.exe-modDatabaseFunctions-" member
-
-const RecipientList contactEmails{AUTONOTIFY_TAG("populateContactEmailAddressesInCombo"),
-                                  contactEmailSources, contactEmailDefaults};
-const RecipientList companyEmails{AUTONOTIFY_TAG("populateCompanyAndContactEmailAddressesInCombo"),
+const RecipientList contactEmails{tag<"populateContactEmailAddressesInCombo">, contactEmailSources,
+                                  contactEmailDefaults};
+const RecipientList companyEmails{tag<"populateCompanyAndContactEmailAddressesInCombo">,
                                   companyEmailSources, companyEmailDefaults};
-const RecipientList contactFaxes{AUTONOTIFY_TAG("populateContactFaxNumbersInCombo"),
-                                 contactFaxSources, contactFaxDefaults};
-const RecipientList companyFaxes{AUTONOTIFY_TAG("populateCompanyAndContactFaxNumbersInCombo"),
+const RecipientList contactFaxes{tag<"populateContactFaxNumbersInCombo">, contactFaxSources,
+                                 contactFaxDefaults};
+const RecipientList companyFaxes{tag<"populateCompanyAndContactFaxNumbersInCombo">,
                                  companyFaxSources, companyFaxDefaults};
-const RecipientList firmFaxes{AUTONOTIFY_TAG("populateAccountingFirmsAndStaffFaxNumbersInCombo"),
+const RecipientList firmFaxes{tag<"populateAccountingFirmsAndStaffFaxNumbersInCombo">,
                               firmFaxSources};
-const RecipientList contactFaxRecipient{AUTONOTIFY_TAG("populateContactFaxRecipientInCombo"),
+const RecipientList contactFaxRecipient{tag<"populateContactFaxRecipientInCombo">,
                                         std::span(contactNameSources).first(1)};
-const RecipientList companyFaxRecipients{
-    AUTONOTIFY_TAG("populateCompanyAndContactFaxRecipientInCombo"), companyNameSources,
-    nameDefaults};
-const RecipientList contactNames{AUTONOTIFY_TAG("populateContactContactNamesInCombo"),
-                                 contactNameSources};
-const RecipientList companyNames{AUTONOTIFY_TAG("populateCompanyContactNamesInCombo"),
+const RecipientList companyFaxRecipients{tag<"populateCompanyAndContactFaxRecipientInCombo">,
+                                         companyNameSources, nameDefaults};
+const RecipientList contactNames{tag<"populateContactContactNamesInCombo">, contactNameSources};
+const RecipientList companyNames{tag<"populateCompanyContactNamesInCombo">,
                                  std::span(companyNameSources).last(1), nameDefaults};
-const RecipientList contactPhones{AUTONOTIFY_TAG("populateContactPhoneNumbersInCombo"),
-                                  contactPhoneSources, contactPhoneDefaults};
-const RecipientList companyPhones{AUTONOTIFY_TAG("populateCompanyAndContactPhoneNumbersInCombo"),
+const RecipientList contactPhones{tag<"populateContactPhoneNumbersInCombo">, contactPhoneSources,
+                                  contactPhoneDefaults};
+const RecipientList companyPhones{tag<"populateCompanyAndContactPhoneNumbersInCombo">,
                                   companyPhoneSources, companyPhoneDefaults};
 const std::span<const RecipientSource> firmAndStaffEmails = firmEmailSources;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 
 #include "contract/procedure.h"
 #include "platform/Value.h"
@@ -35,7 +36,7 @@ struct RecipientSource {
 /// A list: its sources in order, and the columns whose text may become the default, the likeliest
 /// first.
 struct RecipientList {
-  const char* tag;
+  std::string_view tag;
   std::span<const RecipientSource> sources;
   std::span<const char* const> defaults = {};
 };
