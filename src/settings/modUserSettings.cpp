@@ -3,93 +3,93 @@
 #include <string>
 #include <string_view>
 
-#include "contract/recordsets.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modUserSettings", name>;
 
 constexpr const char* exitWarningColumn = "WarningMessagesExitAutomaticNotificationWarning";
 constexpr const char* cancelWarningColumn = "WarningMessagesCancelAutoNotificationWarning";
 constexpr const char* previewColumn = "ShowMVPreview";
 constexpr const char* emailPreviewColumn = "ShowEmailPreview";
 
+/// Through the handle of the person's statement, which must be opened anew to show the row.
 void addUserRow(Step& step, RecordsetHandle handle, Id userId) {
   step.run([&] { database().addNewRecord(handle); });
-  setField(step, handle, "UserIDNum", [&] { return std::to_string(userId); });
+  step.run([&] { database().setFieldValue(handle, "UserIDNum", std::to_string(userId)); });
   step.run([&] { database().saveNewRecord(handle); });
 }
 
-/// Runs `body(handle)` on the person's row, which is added when there is none.
+/// Runs `body(row)` on the person's row, which is added when there is none.
 template <class Body>
 void withUserRow(Step& step, const char* column, Id userId, Body&& body) {
   if (userId < 0 || !isDatabaseOpen(step)) return;
-  const std::string sql =
-      statementFor(std::string("SELECT UserGeneralSettings.UserIDNum, UserGeneralSettings.") +
-                       column + " FROM UserGeneralSettings WHERE UserIDNum=",
-                   userId);
-  const auto open = [&] { return openRecordset(sql, CursorMode::keyset, LockMode::updatable); };
-  RecordsetHandle handle = noRecordset;
-  step.assign(handle, open);
-  if (step.value(false, [&] { return !database().hasRecords(handle); })) {
+  const std::string statement =
+      std::string("SELECT UserGeneralSettings.UserIDNum, UserGeneralSettings.") + column +
+      " FROM UserGeneralSettings WHERE UserIDNum=";
+  const auto open = [sql = statementFor(statement, userId)] {
+    return openRecordset(sql, keysetUpdate.cursor, keysetUpdate.lock);
+  };
+  RecordsetHandle handle = step.value(noRecordset, open);
+  const Row before(step, handle);
+  if (!before.exists(true)) {
     addUserRow(step, handle, userId);
-    step.run([&] { database().closeRecordset(handle); });
+    before.close();
     step.assign(handle, open);
   }
-  if (step.value(false, [&] { return database().hasRecords(handle); })) body(handle);
-  step.run([&] { database().closeRecordset(handle); });
+  const Row row(step, handle);
+  if (row.exists()) body(row);
+  row.close();
 }
 
 /// `convert(value)` turns the column's value into the setting and is part of the statement.
 template <class Setting, class Convert>
-Setting getSetting(std::string_view tag, const char* column, Id userId, Setting byDefault,
+Setting getSetting(std::string_view procedureTag, const char* column, Id userId, Setting byDefault,
                    Convert&& convert) {
-  return procedure(tag, byDefault, [&](Step& step, Setting& result) {
-    withUserRow(step, column, userId, [&](RecordsetHandle handle) {
-      step.assign(result, [&] { return convert(database().getFieldValue(handle, column)); });
-    });
+  return procedure(procedureTag, byDefault, [&](Step& step, Setting& result) {
+    withUserRow(step, column, userId, [&](const Row& row) { row.read(result, column, convert); });
   });
 }
 
-void putSetting(std::string_view tag, const char* column, Id userId, const Value& value) {
-  procedure(tag, [&](Step& step) {
-    withUserRow(step, column, userId, [&](RecordsetHandle handle) {
-      writeField(step, handle, column, [&] { return toText(value); });
-    });
+template <class Setting>
+void putSetting(std::string_view procedureTag, const char* column, Id userId, Setting value) {
+  procedure(procedureTag, [&](Step& step) {
+    withUserRow(step, column, userId, [&](const Row& row) { row.write(column, value); });
   });
 }
 
 }  // namespace
 
 bool getAutoSendWizardConfirmation(Id userId) {
-  return getSetting("Morvane.exe-modUserSettings-getAutoSendWizardConfirmation", exitWarningColumn,
-                    userId, false, toFlag);
+  return getSetting(tag<"getAutoSendWizardConfirmation">, exitWarningColumn, userId, false, toFlag);
 }
 
 bool getCancelAutoNotification(Id userId) {
-  return getSetting("Morvane.exe-modUserSettings-getCancelAutoNotification", cancelWarningColumn,
-                    userId, false, toFlag);
+  return getSetting(tag<"getCancelAutoNotification">, cancelWarningColumn, userId, false, toFlag);
 }
 
 bool getShowMVPreview(Id userId) {
-  return getSetting("Morvane.exe-modUserSettings-getShowMVPreview", previewColumn, userId, false,
-                    toFlag);
+  return getSetting(tag<"getShowMVPreview">, previewColumn, userId, false, toFlag);
 }
 
 void putShowMVPreview(bool value, Id userId) {
-  putSetting("Morvane.exe-modUserSettings-putShowMVPreview", previewColumn, userId, value);
+  putSetting(tag<"putShowMVPreview">, previewColumn, userId, value);
 }
 
 std::int16_t getShowEmailPreview(Id userId) {
   constexpr std::int16_t showWindow = 1;
-  return getSetting("Morvane.exe-modUserSettings-getShowEmailPreview", emailPreviewColumn, userId,
-                    showWindow, [&](const Value& value) {
-                      return generalUtilities().isValueEmpty(value) ? showWindow
-                                                                    : toInteger16(value);
-                    });
+  const auto convert = [&](const Value& value) {
+    return generalUtilities().isValueEmpty(value) ? showWindow : toInteger16(value);
+  };
+  return getSetting(tag<"getShowEmailPreview">, emailPreviewColumn, userId, showWindow, convert);
 }
 
 void putShowEmailPreview(std::int16_t value, Id userId) {
-  putSetting("Morvane.exe-modUserSettings-putShowEmailPreview", emailPreviewColumn, userId, value);
+  putSetting(tag<"putShowEmailPreview">, emailPreviewColumn, userId, value);
 }
 
 }  // namespace autonotify
