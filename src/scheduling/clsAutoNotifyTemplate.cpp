@@ -1,9 +1,13 @@
 #include "scheduling/clsAutoNotifyTemplate.h"
 
+#include "contract/tags.h"
 #include "scheduling/schedule_kinds.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsAutoNotifyTemplate", name>;
 
 constexpr std::int32_t longestPeriod = 365;
 
@@ -28,18 +32,22 @@ const char* const defaultComment =
     "\\par\r\n"
     "}";
 
-std::string rowSql(Id scheduleTypeID) {
-  return statementFor(
-      "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=",
-      scheduleTypeID);
+constexpr const char* kindById =
+    "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=";
+constexpr const char* kindByScheme =
+    "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.CustomTaskSchemeIDNum "
+    "FROM ScheduleTypes WHERE ScheduleTypes.CustomTaskSchemeIDNum=";
+
+Id findKind(Step& step, const std::string& sql) {
+  const Rows kind(step, sql, keysetRead);
+  return kind ? kind.id("ScheduleTypeID") : noId;
 }
 
-/// A 16-bit column of the current row, or `fallback` when it is empty or a statement is skipped.
-std::int16_t readShort(Step& step, RecordsetHandle handle, const char* column,
-                       std::int16_t fallback) {
-  const Value value = readField(step, handle, column);
-  if (isEmpty(step, value)) return fallback;
-  return step.value(fallback, [&] { return toInteger16(value); });
+/// A 16-bit column, or `fallback` when it is empty or a statement is skipped.
+std::int16_t readShort(const Row& row, const char* column, std::int16_t fallback) {
+  const Value value = row.value(column);
+  if (isEmpty(row.step(), value)) return fallback;
+  return row.step().value(fallback, toInteger16, value);
 }
 
 }  // namespace
@@ -73,64 +81,52 @@ void clsAutoNotifyTemplate::resetAllValues() {
 
 bool clsAutoNotifyTemplate::openWithTotalNumAndScheduleNum(Id totalNum, Id scheduleNum,
                                                            bool exactOnly) {
-  return procedure("Morvane.exe-clsAutoNotifyTemplate-openWithTotalNumAndScheduleNum", false,
-                   [&](Step& step, bool& result) {
-                     columns_.totalNum = totalNum;
-                     columns_.ScheduleNum = scheduleNum;
-                     exactOnly_ = exactOnly;
-                     if (!isDatabaseOpen(step)) return;
-                     const std::string sql = getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(
-                         totalNum, scheduleNum, exactOnly_);
-                     Id found = noId;
-                     withFirstRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-                       found = readId(step, handle, "ScheduleTypeID");
-                     });
-                     if (found >= 0) result = openExistingScheduleType(found);
-                   });
+  return procedure(tag<"openWithTotalNumAndScheduleNum">, false, [&](Step& step, bool& result) {
+    columns_.totalNum = totalNum;
+    columns_.ScheduleNum = scheduleNum;
+    exactOnly_ = exactOnly;
+    if (!isDatabaseOpen(step)) return;
+    const std::string sql =
+        getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(totalNum, scheduleNum, exactOnly_);
+    const Id found = findKind(step, sql);
+    if (found >= 0) result = openExistingScheduleType(found);
+  });
 }
 
 bool clsAutoNotifyTemplate::openExistingScheduleType(Id scheduleTypeID) {
-  return procedure("Morvane.exe-clsAutoNotifyTemplate-openExistingScheduleType", true,
-                   [&](Step& step, bool&) {
-                     resetAllValues();
-                     columns_.scheduleTypeID = scheduleTypeID;
-                     if (!isDatabaseOpen(step)) return;
-                     withFirstRow(step, rowSql(scheduleTypeID), keysetUpdate,
-                                  [&](RecordsetHandle handle) { readColumns(step, handle); });
-                   });
+  return procedure(tag<"openExistingScheduleType">, true, [&](Step& step, bool&) {
+    resetAllValues();
+    columns_.scheduleTypeID = scheduleTypeID;
+    if (!isDatabaseOpen(step)) return;
+    const Rows kind(step, statementFor(kindById, scheduleTypeID), keysetUpdate);
+    if (kind) readColumns(kind);
+  });
 }
 
 bool clsAutoNotifyTemplate::findAndOpenScheduleTypeByCustomTaskSchemeIDNum(Id schemeID) {
-  return procedure(
-      "Morvane.exe-clsAutoNotifyTemplate-findAndOpenScheduleTypeByCustomTaskSchemeIDNum", false,
-      [&](Step& step, bool& result) {
-        if (!isDatabaseOpen(step)) return;
-        const char* const statement =
-            "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.CustomTaskSchemeIDNum "
-            "FROM ScheduleTypes WHERE ScheduleTypes.CustomTaskSchemeIDNum=";
-        withRow(step, statement, schemeID, keysetRead, [&](RecordsetHandle handle) {
-          result = openExistingScheduleType(readId(step, handle, "ScheduleTypeID"));
-        });
-      });
+  const auto open = [&](Step& step, bool& result) {
+    if (!isDatabaseOpen(step)) return;
+    const Rows kind(step, kindByScheme, schemeID, keysetRead);
+    if (kind) result = openExistingScheduleType(kind.id("ScheduleTypeID"));
+  };
+  return procedure(tag<"findAndOpenScheduleTypeByCustomTaskSchemeIDNum">, false, open);
 }
 
 Id clsAutoNotifyTemplate::saveScheduleTypeInfo() {
-  procedure("Morvane.exe-clsAutoNotifyTemplate-saveScheduleTypeInfo", [&](Step& step) {
+  procedure(tag<"saveScheduleTypeInfo">, [&](Step& step) {
     isSavedFlag = true;
     isDirtyFlag = false;
     if (!isDatabaseOpen(step)) return;
     const bool isNew = columns_.scheduleTypeID < 0;
     if (isNew) addScheduleType(step);
-    RecordsetHandle handle = openRow(step);
-    if (!isNew && step.value(false, [&] { return !database().hasRecords(handle); })) {
-      step.run([&] { database().closeRecordset(handle); });
+    Row row = openRow(step);
+    if (!isNew && !row.exists(true)) {
+      row.close();
       addScheduleType(step);
-      handle = openRow(step);
+      row = openRow(step);
     }
-    if (step.value(false, [&] { return database().hasRecords(handle); })) {
-      writeColumns(step, handle);
-    }
-    step.run([&] { database().closeRecordset(handle); });
+    if (row.exists()) writeColumns(row);
+    row.close();
   });
   return columns_.scheduleTypeID;
 }
@@ -143,14 +139,11 @@ void clsAutoNotifyTemplate::copyConstructor(const clsAutoNotifyTemplate& other) 
 }
 
 bool clsAutoNotifyTemplate::verifyNotificationPeriod(std::int32_t days) {
-  return procedure("Morvane.exe-clsAutoNotifyTemplate-verifyNotificationPeriod", false,
-                   [&](Step& step, bool& result) {
-                     result = days >= -longestPeriod && days <= longestPeriod;
-                     if (result || !notificationDatePeriodError) return;
-                     step.run([&] {
-                       notificationDatePeriodError("You must enter a number between -365 and 365");
-                     });
-                   });
+  return procedure(tag<"verifyNotificationPeriod">, false, [&](Step& step, bool& result) {
+    result = days >= -longestPeriod && days <= longestPeriod;
+    if (result || !notificationDatePeriodError) return;
+    step.run(notificationDatePeriodError, "You must enter a number between -365 and 365");
+  });
 }
 
 std::string clsAutoNotifyTemplate::getDefaultNotificationComment() const {
@@ -162,44 +155,39 @@ void clsAutoNotifyTemplate::restoreNotificationComment() {
 }
 
 /// Straight into the columns: what is read is no edit, and a period is taken as it stands.
-void clsAutoNotifyTemplate::readColumns(Step& step, RecordsetHandle handle) {
+void clsAutoNotifyTemplate::readColumns(const Row& row) {
   Columns& to = columns_;
-  to.ScheduleTypeNum = readShort(step, handle, "ScheduleTypeNum", to.ScheduleTypeNum);
-  to.customTaskSchemeIDNum =
-      readId(step, handle, "CustomTaskSchemeIDNum", to.customTaskSchemeIDNum);
-  to.totalNum = readId(step, handle, "TotalNum", to.totalNum);
-  to.ScheduleNum = readId(step, handle, "ScheduleNum", to.ScheduleNum);
-  to.notificationPeriod = readShort(step, handle, "NotificationPeriod", to.notificationPeriod);
-  to.scheduleTypeName = readText(step, handle, "ScheduleTypeName");
-  to.notificationComment = readText(step, handle, "NotificationComment");
-  step.assign(to.locked, [&] { return toFlag(database().getFieldValue(handle, "Locked")); });
+  to.ScheduleTypeNum = readShort(row, "ScheduleTypeNum", to.ScheduleTypeNum);
+  to.customTaskSchemeIDNum = row.id("CustomTaskSchemeIDNum", to.customTaskSchemeIDNum);
+  to.totalNum = row.id("TotalNum", to.totalNum);
+  to.ScheduleNum = row.id("ScheduleNum", to.ScheduleNum);
+  to.notificationPeriod = readShort(row, "NotificationPeriod", to.notificationPeriod);
+  to.scheduleTypeName = row.text("ScheduleTypeName");
+  to.notificationComment = row.text("NotificationComment");
+  row.read(to.locked, "Locked", toFlag);
 }
 
-void clsAutoNotifyTemplate::writeColumns(Step& step, RecordsetHandle handle) {
-  const auto write = [&](const char* column, const Value& value) {
-    writeField(step, handle, column, [&] { return toText(value); });
-  };
-  write("ScheduleTypeNum", columns_.ScheduleTypeNum);
-  write("CustomTaskSchemeIDNum", columns_.customTaskSchemeIDNum);
-  write("TotalNum", columns_.totalNum);
-  write("ScheduleNum", columns_.ScheduleNum);
-  write("ScheduleTypeName", columns_.scheduleTypeName);
-  write("NotificationComment", get_notificationComment());
-  write("NotificationPeriod", columns_.notificationPeriod);
-  write("Locked", columns_.locked);
+void clsAutoNotifyTemplate::writeColumns(const Row& row) {
+  row.write("ScheduleTypeNum", columns_.ScheduleTypeNum);
+  row.write("CustomTaskSchemeIDNum", columns_.customTaskSchemeIDNum);
+  row.write("TotalNum", columns_.totalNum);
+  row.write("ScheduleNum", columns_.ScheduleNum);
+  row.write("ScheduleTypeName", columns_.scheduleTypeName);
+  row.write("NotificationComment", get_notificationComment());
+  row.write("NotificationPeriod", columns_.notificationPeriod);
+  row.write("Locked", columns_.locked);
 }
 
-RecordsetHandle clsAutoNotifyTemplate::openRow(Step& step) const {
-  return step.value(noRecordset, [&] {
-    return openRecordset(rowSql(columns_.scheduleTypeID), CursorMode::keyset, LockMode::updatable);
-  });
+Row clsAutoNotifyTemplate::openRow(Step& step) const {
+  const std::string sql = statementFor(kindById, columns_.scheduleTypeID);
+  return {step,
+          step.value(noRecordset, openRecordset, sql, CursorMode::keyset, LockMode::updatable)};
 }
 
 void clsAutoNotifyTemplate::addScheduleType(Step& step) {
-  addRow(step, columns_.scheduleTypeID, "ScheduleTypes", "ScheduleTypeID",
-         [&](RecordsetHandle handle) {
-           setField(step, handle, "TotalNum", [&] { return std::to_string(columns_.totalNum); });
-         });
+  NewRow row(step, "ScheduleTypes");
+  row.set("TotalNum", columns_.totalNum);
+  row.save(columns_.scheduleTypeID, "ScheduleTypeID");
 }
 
 }  // namespace autonotify

@@ -4,8 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "contract/procedure.h"
-#include "contract/recordsets.h"
+#include "contract/rows.h"
 #include "platform/Value.h"
 
 namespace autonotify {
@@ -137,10 +136,13 @@ class clsAutoNotifyTemplate {
     column = value;
     isDirtyFlag = true;
   }
-  void readColumns(Step& step, RecordsetHandle handle);
-  void writeColumns(Step& step, RecordsetHandle handle);
-  RecordsetHandle openRow(Step& step) const;
+  void readColumns(const Row& row);
+  void writeColumns(const Row& row);
+  /// To be closed by the caller.
+  Row openRow(Step& step) const;
   void addScheduleType(Step& step);
+  void resetDatesOfKind(Step& step);
+  void resetCommentOf(const Row& notification);
   bool coversScheduleEntry(Id scheduleID) const;
 
   Columns columns_;

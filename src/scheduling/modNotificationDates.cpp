@@ -8,13 +8,17 @@
 
 #include "contract/enumerations.h"
 #include "contract/firm_rules.h"
-#include "contract/recordsets.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 #include "platform/text.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "store/modNotifyClients.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modNotificationDates", name>;
 
 constexpr DateTime firstDate = DateTime::of(100, 1, 1);
 constexpr DateTime lastDate = DateTime::of(9999, 12, 31);
@@ -38,8 +42,8 @@ constexpr std::array<MethodDays, 7> firmMethodDays{{
 }};
 constexpr int otherMethodDays = -7;
 
-int daysOfMethod(const std::string& custom2) {
-  const std::string method = upperCase(trim(custom2));
+int daysOfMethod(const Value& custom2) {
+  const std::string method = upperCase(trim(toText(custom2)));
   for (const MethodDays& row : firmMethodDays) {
     if (row.method == method) return row.days;
   }
@@ -59,12 +63,12 @@ DateTime movedByDays(DateTime date, int days) {
 /// nowhere left to go, and the walk ends.
 bool moveByDays(Step& step, DateTime& date, int days) {
   const DateTime before = date;
-  step.assign(date, [&] { return movedByDays(date, days); });
+  step.assign(date, movedByDays, date, days);
   return date != before;
 }
 
 bool isWeekend(Step& step, DateTime date) {
-  return step.value(false, [&] { return validation().isWeekend(date); });
+  return step.holds([&] { return validation().isWeekend(date); });
 }
 
 DayStep::Verdict verdictOn(Step& step, DateTime date) {
@@ -144,19 +148,12 @@ struct Deadline {
   Id scheduleNum = noId;
 };
 
-Deadline readDeadline(Step& step, RecordsetHandle handle) {
+Deadline readDeadline(const Row& entry) {
   Deadline result;
-  step.assign(result.dueDate,
-              [&] { return toDateTime(database().getFieldValue(handle, "DueDate")); });
-  result.totalNum = readId(step, handle, "totalNum");
-  result.scheduleNum = readId(step, handle, "scheduleNum");
+  entry.read(result.dueDate, "DueDate", toDateTime);
+  result.totalNum = entry.id("totalNum");
+  result.scheduleNum = entry.id("scheduleNum");
   return result;
-}
-
-int readDaysOfMethod(Step& step, RecordsetHandle handle) {
-  return step.value(otherMethodDays, [&] {
-    return daysOfMethod(toText(database().getFieldValue(handle, "Custom2")));
-  });
 }
 
 /// Days for calculation, and who says so.
@@ -165,24 +162,31 @@ struct Period {
   bool isFirmRule = false;
 };
 
-Period readPeriod(Step& step, RecordsetHandle handle, const Deadline& deadline) {
-  if (step.value(false, hasFirmRules)) return {readDaysOfMethod(step, handle), true};
-  return {getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false), false};
+Period readPeriod(const Row& entry, const Deadline& deadline) {
+  if (!entry.step().holds(hasFirmRules))
+    return {getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false), false};
+  Period period{otherMethodDays, true};
+  entry.read(period.days, "Custom2", daysOfMethod);
+  return period;
 }
+
+constexpr const char* entryWithMethod =
+    "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
+    "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=";
+constexpr const char* entryWithKind =
+    "SELECT Schedule.ScheduleID, Schedule.DueDate, Schedule.totalNum, Schedule.scheduleNum "
+    "FROM Schedule WHERE ScheduleID=";
 
 /// Runs `body(deadline, dueDate, period)` for the schedule entry, when there is one with a due
 /// date.
 template <class Body>
 void withDeadline(Step& step, Id scheduleID, Body&& body) {
   if (!isDatabaseOpen(step)) return;
-  const char* const statement =
-      "SELECT Schedule.ScheduleID, Schedule.totalNum, Schedule.scheduleNum, "
-      "Schedule.DueDate, Schedule.Custom2 FROM Schedule WHERE ScheduleID=";
-  withRow(step, statement, scheduleID, keysetRead, [&](RecordsetHandle handle) {
-    const Deadline deadline = readDeadline(step, handle);
-    const Period period = readPeriod(step, handle, deadline);
-    if (deadline.dueDate) body(deadline, *deadline.dueDate, period);
-  });
+  const Rows entry(step, entryWithMethod, scheduleID, keysetRead);
+  if (!entry) return;
+  const Deadline deadline = readDeadline(entry);
+  const Period period = readPeriod(entry, deadline);
+  if (deadline.dueDate) body(deadline, *deadline.dueDate, period);
 }
 
 /// Whether a row of this channel gives its date to a new one, when `lowest` is the channel that
@@ -207,87 +211,79 @@ int takeSiblingDate(Step& step, Id scheduleID, DateTime& date) {
   int lowest = none;
   const std::string sql = statementFor(
       "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum=", scheduleID);
-  forEachRow(step, sql, keysetRead, [&](RecordsetHandle handle) {
-    const int channel = step.value(
-        0, [&] { return toInteger(database().getFieldValue(handle, "NotificationType")); });
+  for (const Row& row : Rows(step, sql, keysetRead)) {
+    int channel = 0;
+    row.read(channel, "NotificationType", toInteger);
     if (doesChannelTakeOver(channel, lowest)) {
-      step.assign(date,
-                  [&] { return toDateTime(database().getFieldValue(handle, "NotificationDate")); });
+      row.read(date, "NotificationDate", toDateTime);
       lowest = channel;
     }
-    return channel != nt_Email;
-  });
+    if (channel == nt_Email) break;
+  }
   return lowest == none ? 0 : lowest;
+}
+
+/// The lowest number has no counterpart, which fails as an overflow.
+std::int16_t negated(std::int16_t number) {
+  return toInteger16(Value{-number});
 }
 
 }  // namespace
 
 std::int16_t getNotificationPeriod(Id totalNum, Id ScheduleNum, bool getValueForUserDisplay) {
-  return procedure("Morvane.exe-modNotificationDates-getNotificationPeriod",
-                   defaultNotificationPeriod, [&](Step& step, std::int16_t& result) {
-                     clsAutoNotifyTemplate kind;
-                     if (kind.openWithTotalNumAndScheduleNum(totalNum, ScheduleNum, false)) {
-                       result = kind.get_notificationPeriod();
-                     }
-                     if (getValueForUserDisplay) return;
-                     step.assign(result, [&] { return toInteger16(Value{-result}); });
-                   });
+  const auto read = [&](Step& step, std::int16_t& result) {
+    clsAutoNotifyTemplate kind;
+    if (kind.openWithTotalNumAndScheduleNum(totalNum, ScheduleNum, false))
+      result = kind.get_notificationPeriod();
+    if (!getValueForUserDisplay) step.assign(result, negated, result);
+  };
+  return procedure(tag<"getNotificationPeriod">, defaultNotificationPeriod, read);
 }
 
 DateTime determineNotificationDate(Id scheduleID) {
-  return procedure(
-      "Morvane.exe-modNotificationDates-determineNotificationDate", DateTime{},
-      [&](Step& step, DateTime& result) {
-        withDeadline(step, scheduleID, [&](const Deadline&, DateTime dueDate, Period period) {
-          result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, dueDate);
-        });
-      });
+  return procedure(tag<"determineNotificationDate">, DateTime{}, [&](Step& step, DateTime& result) {
+    withDeadline(step, scheduleID, [&](const Deadline&, DateTime dueDate, Period period) {
+      result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, dueDate);
+    });
+  });
 }
 
 DateTime getLastUsedNotificationDate(Id scheduleID, DateTime proposed) {
-  return procedure("Morvane.exe-modNotificationDates-getLastUsedNotificationDate", proposed,
-                   [&](Step& step, DateTime& result) {
-                     if (scheduleID < 0 || !isDatabaseOpen(step)) return;
-                     takeSiblingDate(step, scheduleID, result);
-                   });
+  return procedure(tag<"getLastUsedNotificationDate">, proposed, [&](Step& step, DateTime& result) {
+    if (scheduleID < 0 || !isDatabaseOpen(step)) return;
+    takeSiblingDate(step, scheduleID, result);
+  });
 }
 
 DateTime adjustDateToFridayIfWeekendOrHoliday(DateTime date) {
   return procedure(
-      "Morvane.exe-modNotificationDates-adjustDateToFridayIfWeekendOrHoliday", DateTime{},
+      tag<"adjustDateToFridayIfWeekendOrHoliday">, DateTime{},
       [&](Step& step, DateTime& result) { result = backToOpenDay(step, date, nullptr); });
 }
 
 DateTime dateAddBusinessDaysWithoutWeekendsAndHolidays(std::int32_t days, DateTime date) {
-  return procedure("Morvane.exe-modNotificationDates-dateAddBusinessDays", DateTime{},
-                   [&](Step& step, DateTime& result) {
-                     result = walkBusinessDays(step, days, date, nullptr, nullptr);
-                   });
+  return procedure(tag<"dateAddBusinessDays">, DateTime{}, [&](Step& step, DateTime& result) {
+    result = walkBusinessDays(step, days, date, nullptr, nullptr);
+  });
 }
 
 bool isStatutoryHoliday(DateTime date) {
-  return procedure(
-      "Morvane.exe-modNotificationDates-isStatutoryHoliday", false, [&](Step& step, bool& result) {
-        if (!isDatabaseOpen(step)) return;
-        const std::string day =
-            step.value(std::string{}, [&] { return database().formatDateForSQL(date.dateOnly()); });
-        const std::string sql =
-            "SELECT Holidays.HolidayDate, Holidays.HolidayType FROM Holidays "
-            "WHERE Holidays.HolidayDate = #" +
-            day + "# ;";
-        forEachRow(step, sql, forwardRead, [&](RecordsetHandle handle) {
-          step.assign(result, [&] {
-            return isHolidayType(database().getFieldValue(handle, "HolidayType")) || result;
-          });
-          return true;
-        });
-      });
+  return procedure(tag<"isStatutoryHoliday">, false, [&](Step& step, bool& result) {
+    if (!isDatabaseOpen(step)) return;
+    const std::string day =
+        step.value(std::string{}, [&] { return database().formatDateForSQL(date.dateOnly()); });
+    const std::string sql =
+        "SELECT Holidays.HolidayDate, Holidays.HolidayType FROM Holidays "
+        "WHERE Holidays.HolidayDate = #" +
+        day + "# ;";
+    const auto isHoliday = [&](const Value& type) { return isHolidayType(type) || result; };
+    for (const Row& row : Rows(step, sql, forwardRead)) row.read(result, "HolidayType", isHoliday);
+  });
 }
 
 DateExplanation explainNotificationDate(Id scheduleID) {
   return procedure(
-      "Morvane.exe-modNotificationDates-explainNotificationDate", DateExplanation{},
-      [&](Step& step, DateExplanation& result) {
+      tag<"explainNotificationDate">, DateExplanation{}, [&](Step& step, DateExplanation& result) {
         withDeadline(step, scheduleID, [&](const Deadline& kind, DateTime dueDate, Period period) {
           result.found = true;
           result.dueDate = dueDate;
@@ -306,21 +302,18 @@ DateExplanation explainNotificationDate(Id scheduleID) {
 }
 
 void refreshNotificationDate(Id scheduleID) {
-  procedure("Morvane.exe-modNotificationDates-refreshNotificationDate", [&](Step& step) {
+  procedure(tag<"refreshNotificationDate">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
-    const char* const statement =
-        "SELECT Schedule.ScheduleID, Schedule.DueDate, Schedule.totalNum, Schedule.scheduleNum "
-        "FROM Schedule WHERE ScheduleID=";
-    withRow(step, statement, scheduleID, keysetRead, [&](RecordsetHandle handle) {
-      const Deadline deadline = readDeadline(step, handle);
-      const int days = getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false);
-      if (!deadline.dueDate) return;
-      const DateTime date = dateAddBusinessDaysWithoutWeekendsAndHolidays(days, *deadline.dueDate);
-      for (const notifyType channel : allNotifyTypes) {
-        const Id notificationID = getNotificationID(scheduleID, channel);
-        if (notificationID >= 0) changeNotificationNotifiedDate(notificationID, date);
-      }
-    });
+    const Rows entry(step, entryWithKind, scheduleID, keysetRead);
+    if (!entry) return;
+    const Deadline deadline = readDeadline(entry);
+    const int days = getNotificationPeriod(deadline.totalNum, deadline.scheduleNum, false);
+    if (!deadline.dueDate) return;
+    const DateTime date = dateAddBusinessDaysWithoutWeekendsAndHolidays(days, *deadline.dueDate);
+    for (const notifyType channel : allNotifyTypes) {
+      const Id notificationID = getNotificationID(scheduleID, channel);
+      if (notificationID >= 0) changeNotificationNotifiedDate(notificationID, date);
+    }
   });
 }
 

@@ -1,9 +1,13 @@
 #include "scheduling/schedule_kinds.h"
 
-#include "contract/recordsets.h"
+#include "contract/rows.h"
+#include "contract/tags.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modNotificationDates", name>;
 
 void setFallbackKind(Id& totalNum, Id& scheduleNum) {
   totalNum = fallbackTotalNum;
@@ -22,32 +26,30 @@ std::string kindSql(Id totalNum, Id scheduleNum) {
 }  // namespace
 
 Id getFirstValidScheduleNum(Id totalNum) {
-  return procedure("Morvane.exe-modNotificationDates-getFirstValidScheduleNum", noId,
-                   [&](Step& step, Id& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const std::string sql =
-                         "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE TotalNum=" +
-                         std::to_string(totalNum) + " ORDER BY scheduleNum;";
-                     forEachRow(step, sql, forwardRead, [&](RecordsetHandle handle) {
-                       const Id scheduleNum = readId(step, handle, "scheduleNum");
-                       if (scheduleNum > 0) result = scheduleNum;
-                       return result < 0;
-                     });
-                   });
+  return procedure(tag<"getFirstValidScheduleNum">, noId, [&](Step& step, Id& result) {
+    if (!isDatabaseOpen(step)) return;
+    const std::string sql =
+        "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE TotalNum=" + std::to_string(totalNum) +
+        " ORDER BY scheduleNum;";
+    for (const Row& kind : Rows(step, sql, forwardRead)) {
+      const Id scheduleNum = kind.id("scheduleNum");
+      if (scheduleNum > 0) result = scheduleNum;
+      if (result >= 0) break;
+    }
+  });
 }
 
 std::string getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(Id& totalNum, Id& ScheduleNum,
                                                                 bool familyRow) {
-  return procedure("Morvane.exe-modNotificationDates-getScheduleTypesSQLStr", std::string{},
-                   [&](Step&, std::string& result) {
-                     if (totalNum < 1) {
-                       setFallbackKind(totalNum, ScheduleNum);
-                     } else if (!familyRow) {
-                       if (ScheduleNum < 1) ScheduleNum = getFirstValidScheduleNum(totalNum);
-                       if (ScheduleNum < 1) setFallbackKind(totalNum, ScheduleNum);
-                     }
-                     result = kindSql(totalNum, ScheduleNum);
-                   });
+  return procedure(tag<"getScheduleTypesSQLStr">, std::string{}, [&](Step&, std::string& result) {
+    if (totalNum < 1) {
+      setFallbackKind(totalNum, ScheduleNum);
+    } else if (!familyRow) {
+      if (ScheduleNum < 1) ScheduleNum = getFirstValidScheduleNum(totalNum);
+      if (ScheduleNum < 1) setFallbackKind(totalNum, ScheduleNum);
+    }
+    result = kindSql(totalNum, ScheduleNum);
+  });
 }
 
 }  // namespace autonotify
