@@ -54,8 +54,9 @@ class clsClientAddrBkCatTxt {
   bool isShown(Step& step, int levelType, Id id);
   void appendLines(Step& step);
 
-  std::unique_ptr<ClientIDClass> client_;
+  // Released from the last up, the order of Terminate, also where a person left that.
   std::unique_ptr<GridColumnList> chain_;
+  std::unique_ptr<ClientIDClass> client_;
 };
 
 }  // namespace autonotify

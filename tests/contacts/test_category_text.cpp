@@ -1,4 +1,6 @@
 #include "contacts/clsClientAddrBkCatTxt.h"
+#include "host/services/HostClientIDClass.h"
+#include "host/services/HostGridColumnList.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {
@@ -75,6 +77,31 @@ TEST_F(CategoryText, EndsAfterAHundredRounds) {
   plainDatabase->connection().exec(
       "UPDATE Categories SET CategoryNum=CategoryID WHERE CategoryName='Loop'");
   EXPECT_EQ(lineCount(loop), 101);
+}
+
+/// Writes down its end.
+template <class HostClass>
+struct Mortal : HostClass {
+  explicit Mortal(std::string& log) : log_(log) {}
+  ~Mortal() override { log_ += std::string(" ") + HostClass::className; }
+  std::string& log_;
+};
+struct StubbornClient : Mortal<host::HostClientIDClass> {
+  using Mortal::Mortal;
+  void Terminate() override { throw PlatformError(1000, "no"); }
+};
+
+TEST_F(CategoryText, ReleasesTheClientBeforeTheChain) {
+  std::string ends;
+  registry.registerClass("ClientIDClass", [&] { return std::make_unique<StubbornClient>(ends); });
+  registry.registerClass("GridColumnList",
+                         [&] { return std::make_unique<Mortal<host::HostGridColumnList>>(ends); });
+  for (const int choice : {error_choice::next, error_choice::leave}) {
+    ends.clear();
+    errors.answer({choice});
+    { const clsClientAddrBkCatTxt text; }
+    EXPECT_EQ(ends, " ClientIDClass GridColumnList");
+  }
 }
 
 }  // namespace
