@@ -39,9 +39,9 @@ void saveContactBusinessRTF(Id contactID, Id companyID) {
   procedure(tag<"saveContactBusinessRTF">, [&](Step& step) {
     if (contactID < 0 || companyID < 0 || !isDatabaseOpen(step)) return;
     AddressRecord record;
-    readBusinessAddress(step, {.contactId = contactID}, companyID, {.phones = true, .email = true},
-                        false, record);
-    if (record.fields != AddressRecord{}.fields) saveSummary(step, companyID, summaryOf(record));
+    const AddressParts parts{.phones = true, .email = true};
+    if (readBusinessAddress(step, {.contactId = contactID}, companyID, parts, false, record))
+      saveSummary(step, companyID, summaryOf(record));
   });
 }
 

@@ -13,8 +13,8 @@
 namespace autonotify {
 
 /// Stores the contact's summary with the company, as seen from there: a contact that inherits from
-/// its company shows the company's phone and fax in place of missing ones. Nothing happens for a
-/// contact that does not exist.
+/// its company shows the company's phone and fax in place of missing ones. The summary of a contact
+/// of whom nothing is known is empty. Nothing happens for a contact that does not exist.
 void saveContactBusinessRTF(Id contactID, Id companyID);
 
 /// Stores the summary anew with every company whose default contact this contact may be. Call it

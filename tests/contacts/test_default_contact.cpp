@@ -100,6 +100,8 @@ TEST_F(DefaultContact, SummariesFollowTheDefaultContact) {
   EXPECT_EQ(summary(), "Al\nFax: 2\nEmail: al@x");
   saveContactBusinessRTF(99, company);
   EXPECT_EQ(summary(), "Al\nFax: 2\nEmail: al@x");
+  saveContactBusinessRTF(addContact(""), company);
+  EXPECT_EQ(summary(), "") << "there is such a contact";
 }
 
 }  // namespace
