@@ -175,7 +175,7 @@ void clsAutoNotifyTemplate::writeColumns(const Row& row) {
   row.write("ScheduleTypeName", columns_.scheduleTypeName);
   row.write("NotificationComment", get_notificationComment());
   row.write("NotificationPeriod", columns_.notificationPeriod);
-  row.write("Locked", columns_.locked);
+  row.write("Locked", columns_.locked ? "True" : "0");
 }
 
 Row clsAutoNotifyTemplate::openRow(Step& step) const {

@@ -123,6 +123,9 @@ TEST_F(Template, SavingWritesTheColumnsInOneOrderAndOpeningGivesTheSame) {
       ElementsAre("ScheduleTypeNum=3", "CustomTaskSchemeIDNum=77", "TotalNum=103", "ScheduleNum=2",
                   "ScheduleTypeName=Sales tax", "NotificationComment={\\rtf1 Hello}",
                   "NotificationPeriod=-4", "Locked=True"));
+  original.put_locked(false);
+  EXPECT_EQ(columnsWrittenBy([&] { original.saveScheduleTypeInfo(); }).back(), "Locked=0");
+  original.put_locked(true);
   for (const Id absent : {noId, Id{4711}}) {
     original.put_scheduleTypeID(absent);
     const Id id = original.saveScheduleTypeInfo();
