@@ -69,12 +69,17 @@ DateTime dateOfNewNotification(Id scheduleId) {
       getLastUsedNotificationDate(scheduleId, determineNotificationDate(scheduleId)));
 }
 
+/// The zero date is none.
+std::string dateText(DateTime date) {
+  return date.isZero() ? std::string{} : toText(date);
+}
+
 void writeNewRow(Step& step, Id& key, const Channel& channel, Id scheduleId, DateTime date,
                  const Contents& contents) {
   NewRow row(step, "ClientNotification");
   row.set("NotificationType", int{channel.value});
   row.set("ScheduleIDNum", scheduleId);
-  row.set("NotificationDate", date);
+  row.set("NotificationDate", [&] { return dateText(date); });
   for (const auto& [column, text] : contents.fields) row.set(column, text);
   row.set("Memo", contents.memo);
   row.set("CompanyIDNum", contents.client.companyId);

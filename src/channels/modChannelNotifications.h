@@ -8,7 +8,8 @@
 // The notifications of a schedule entry, one pair of procedures to add and one to edit per channel.
 //
 // An add works out the date, finds the recipient and writes one row; it gives the new row's id, or
-// -1 when the database is closed. `Schedule.notifyType` is the caller's. Failures are settled at
+// -1 when the database is closed. A date that could not be worked out leaves the row's empty, so
+// that it never falls due. `Schedule.notifyType` is the caller's. Failures are settled at
 // the error dialog; a column that is skipped there is missing in a row that is saved all the same.
 
 namespace autonotify {

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "channels/modChannelNotifications.h"
 #include "contract/firm_rules.h"
 #include "contract/recordsets.h"
 #include "scheduling/modNotificationDates.h"
@@ -113,6 +114,15 @@ TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
   errors.answer({error_choice::next});
   refreshNotificationDate(noDueDate);
   EXPECT_EQ(dateOf(row), monday) << "stays rather than being taken for due in 1899";
+  for (int choice : {error_choice::next, error_choice::leave}) {
+    const Id entry = addSchedule(103, 1, DateTime{});
+    errors.answer({choice});
+    const Id added = addNewLetterNotificationFromScheduleNameAndDueDate(entry, noId, noId, noId,
+                                                                        "GST", monday, "Hello");
+    EXPECT_EQ(rowCount("ClientNotification", "ClientNotificationID=" + std::to_string(added) +
+                                                 " AND NotificationDate Is Null"),
+              1);
+  }
   setFirmCode(firmSpecificCode);
   errors.answer({error_choice::leave});
   EXPECT_TRUE(determineNotificationDate(noMethod).isZero());
