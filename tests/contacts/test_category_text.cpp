@@ -46,15 +46,6 @@ TEST_F(CategoryText, GoesUpFromTheCompany) {
       "INSERT INTO Categories (CategoryID, CategoryName, CategoryNum) VALUES (0, 'Zero', 2)");
   EXPECT_EQ(textIn(0, noId), "    Zero\r\n        Clients\r\n");
   EXPECT_EQ(textOf(parent), "");
-  clsClientAddrBkCatTxt ofSub;
-  ofSub.put_CompanyIDNum(addRow("Companies", {{"CategoryNum", main}}));
-  EXPECT_THAT(
-      statementsOf([&] { ofSub.generateCategoryText(); }),
-      testing::ElementsAre(
-          "0,1 SELECT Companies.CompanyID, Companies.CompanyNum, Companies.CategoryNum FROM "
-          "Companies WHERE Companies.CompanyID = 7;",
-          "0,1 SELECT Categories.CategoryID, Categories.CategoryNum FROM Categories WHERE "
-          "CategoryID = 1;"));
   EXPECT_EQ(textOf(noId), "");
 
   clsClientAddrBkCatTxt ofContact;

@@ -1,144 +1,127 @@
+#include <gtest/gtest.h>
+
 #include "contacts/clsClientAddrBkCatTxt.h"
+#include "contacts/filled_lists.h"
 #include "contacts/modAddressFormatting.h"
 #include "contacts/modContactSummaries.h"
-#include "contacts/modDatabaseFunctions.h"
 #include "contacts/modDefaultContact.h"
-#include "platform/controls/ComboBox.h"
 #include "platform/controls/RichTextBox.h"
-#include "support/fault_walk.h"
-#include "support/table_rows.h"
+#include "support/operation_walk.h"
 
 namespace autonotify::test {
 namespace {
 
-// One company and two contacts, each with the id 1 or 2; the first is the default contact.
+constexpr DateTime day = DateTime::of(2026, 4, 5);
+constexpr Id company = 1, al = 1, jo = 2;
+
+/// One company and its two contacts, of whom Al is the default.
 void fillAddressBook(Rows rows) {
-  const Id category = rows.addRow("Categories", {{"CategoryName", "Clients"}});
-  const Id company = rows.addRow(
-      "Companies", {{"CompanyName", "Acme"}, {"Email", "a@x"}, {"CategoryNum", category}});
+  const Id main = rows.addRow("Categories", {{"CategoryName", "Main"}, {"CategorySpecialCode", 1}});
+  const Id category =
+      rows.addRow("Categories", {{"CategoryName", "Clients"}, {"CategoryNum", main}});
+  rows.addRow("Companies", {{"CompanyName", "Acme"}, {"Email", "a@x"}, {"CategoryNum", category}});
   rows.addRow("CompaniesNotes", {{"CompanyNum", company}});
   for (const char* name : {"Al", "Jo"})
     rows.addRow("Contacts", {{"DisplayName", name},
                              {"BusinessEmail", name},
                              {"HomeCity", "Hull"},
                              {"InheritCompanyInfo", "True"}});
-  rows.linkDefaultContact(1, company);
-  rows.addRow("ContactLinks", {{"ContactIDNum", 2}, {"CompanyNum", company}});
+  rows.linkDefaultContact(al, company);
+  rows.addRow("ContactLinks", {{"ContactIDNum", jo}, {"CompanyNum", company}});
   rows.addRow("AccountantFirmInfo", {{"Email", "firm@x"}});
+  rows.addRow("AccountantEmployeeInfo", {{"DisplayName", "Cy"}, {"CompanyNum", 1}});
 }
 
-struct Operation {
-  const char* name;
-  std::function<std::string()> run;
-  std::string defaultResult;
-};
+std::string written(TestHost& host) {
+  return host.dump("SELECT * FROM ContactLinks") + host.dump("SELECT * FROM Companies") +
+         host.dump("SELECT * FROM CompaniesNotes");
+}
 
-template <class Run>
-auto listedBy(Run run) {
-  return [run] {
-    ComboBox combo;
-    run(combo);
+template <class Call>
+WalkedOperation gives(const char* name, const char* byDefault, Call call) {
+  return {name, [call](TestHost&) { return call(); }, byDefault};
+}
+template <class Call>
+WalkedOperation writes(const char* name, Call call) {
+  return gives(name, "", [call] { return call(), std::string{}; });
+}
+WalkedOperation lists(const char* name, Id client, Fill fill) {
+  return gives(name, "old|", [fill, client] {
     std::string text;
-    for (const auto& entry : combo.entries()) text += entry.text + "|";
-    return text + combo.text();
-  };
+    for (const std::string& line : filled(fill, client)) text += line + "|";
+    return text;
+  });
 }
-template <class Run>
-auto writtenBy(Run run) {
-  return [run] {
-    run();
-    return std::string{};
+template <class Call>
+WalkedOperation changes(const char* name, const char* text, const char* byDefault, Call call) {
+  const auto run = [call, text] {
+    RichTextBox box;
+    box.setText(text);
+    call(box);
+    return box.text();
   };
+  return gives(name, byDefault, run);
 }
 
-const DateTime day = DateTime::of(2026, 4, 5);
+const char* const headed = " Jo\r\n\r\nHull\r\n\r\nx";
 
-const Operation operations[] = {
-    {"companyAddress",
-     [] {
-       bool person = true;
-       return createCompanyAddress(1, person, true, noId, true, true, true);
-     },
-     ""},
-    {"atWork",
-     [] { return createBusinessContactAddress(1, false, noId, 1, true, true, true, true); }, ""},
-    {"atHome", [] { return createPersonalContactAddress(1, false, noId, true, true, true); }, ""},
-    {"heading",
-     [] {
-       RichTextBox box;
-       insertBusinessAddress(box, 1, true, day, true, false);
-       return box.text();
-     },
-     " "},
-    {"removal",
-     [] {
-       RichTextBox box;
-       box.setText(" Al\r\n\r\nHull\r\n\r\nx");
-       removeContactPersonalAddress(box, 1, false, day, false);
-       return box.text();
-     },
-     " Al\r\n\r\nHull\r\n\r\nx"},
-    {"companyEmails", listedBy([](ComboBox& c) {
-       populateCompanyAndContactEmailAddressesInCombo(1, c, true, true);
-     }),
-     ""},
-    {"contactEmails",
-     listedBy([](ComboBox& c) { populateContactEmailAddressesInCombo(1, c, true, true); }), ""},
-    {"companyFaxes",
-     listedBy([](ComboBox& c) { populateCompanyAndContactFaxNumbersInCombo(1, c, true); }), ""},
-    {"contactFaxes", listedBy([](ComboBox& c) { populateContactFaxNumbersInCombo(1, c, true); }),
-     ""},
-    {"firmFaxes",
-     listedBy([](ComboBox& c) { populateAccountingFirmsAndStaffFaxNumbersInCombo(c); }), ""},
-    {"companyPhones",
-     listedBy([](ComboBox& c) { populateCompanyAndContactPhoneNumbersInCombo(1, c, true); }), ""},
-    {"contactPhones", listedBy([](ComboBox& c) { populateContactPhoneNumbersInCombo(1, c, true); }),
-     ""},
-    {"faxRecipients",
-     listedBy([](ComboBox& c) { populateCompanyAndContactFaxRecipientInCombo(1, c, true); }), ""},
-    {"faxRecipient", listedBy([](ComboBox& c) { populateContactFaxRecipientInCombo(1, c, true); }),
-     ""},
-    {"companyNames", listedBy([](ComboBox& c) { populateCompanyContactNamesInCombo(1, c, true); }),
-     ""},
-    {"contactNames", listedBy([](ComboBox& c) { populateContactContactNamesInCombo(1, c, true); }),
-     ""},
-    {"check", [] { return std::to_string(checkForDefaultContact(1, noId)); }, "-1"},
-    {"setDefault", [] { return std::to_string(setContactAsDefault(1, 2)); }, "0"},
-    {"setNone", writtenBy([] { setNoContactAsDefault(1); }), ""},
-    {"update", writtenBy([] { updateDefaultContactInfo(1); }), ""},
-    {"summaries", writtenBy([] { saveContactBusinessRTFForAllCompanies(1); }), ""},
-    {"summary", writtenBy([] { saveContactBusinessRTF(2, 1); }), ""},
-    {"noDefault", writtenBy([] { saveNoDefaultComment(1); }), ""},
-    {"categories",
-     [] {
-       clsClientAddrBkCatTxt text;
-       text.put_CompanyIDNum(1);
-       text.generateCategoryText();
-       return text.CategoryText;
-     },
-     ""},
+const WalkedOperation operations[] = {
+    gives("companyAddress", "",
+          [] {
+            bool person = true;
+            return createCompanyAddress(company, person, true, noId, true, true, true);
+          }),
+    gives("atWork", "",
+          [] {
+            return createBusinessContactAddress(jo, false, noId, company, true, true, true, true);
+          }),
+    gives("staffAtWork", "",
+          [] { return createBusinessContactAddress(noId, false, 1, 7, true, true, true, true); }),
+    gives("atHome", "",
+          [] { return createPersonalContactAddress(jo, false, noId, true, true, true); }),
+    changes("heading", "", " ",
+            [](RichTextBox& box) { insertBusinessAddress(box, company, true, day, true, false); }),
+    changes("removal", headed, headed,
+            [](RichTextBox& box) { removeContactPersonalAddress(box, jo, false, day, false); }),
+    lists("companyEmails", company, companyEmails),
+    lists("contactEmails", jo, contactEmails),
+    lists("companyFaxes", company, populateCompanyAndContactFaxNumbersInCombo),
+    lists("contactFaxes", jo, populateContactFaxNumbersInCombo),
+    lists("firmFaxes", noId, firmFaxes),
+    lists("companyPhones", company, populateCompanyAndContactPhoneNumbersInCombo),
+    lists("contactPhones", jo, populateContactPhoneNumbersInCombo),
+    lists("faxRecipients", company, populateCompanyAndContactFaxRecipientInCombo),
+    lists("faxRecipient", jo, populateContactFaxRecipientInCombo),
+    lists("companyNames", company, populateCompanyContactNamesInCombo),
+    lists("contactNames", jo, populateContactContactNamesInCombo),
+    gives("check", "-1", [] { return std::to_string(checkForDefaultContact(company, noId)); }),
+    gives("setDefault", "0", [] { return std::to_string(setContactAsDefault(company, jo)); }),
+    writes("setNone", [] { setNoContactAsDefault(company); }),
+    writes("update", [] { updateDefaultContactInfo(company); }),
+    writes("summaries", [] { saveContactBusinessRTFForAllCompanies(al); }),
+    writes("summary", [] { saveContactBusinessRTF(jo, company); }),
+    writes("noDefault", [] { saveNoDefaultComment(company); }),
+    gives("categories", "",
+          [] {
+            clsClientAddrBkCatTxt text;
+            text.put_CompanyIDNum(company);
+            text.generateCategoryText();
+            return text.CategoryText;
+          }),
 };
 
-void PrintTo(const Operation& operation, std::ostream* out) {
-  *out << operation.name;
-}
-
-class ContactFaults : public testing::TestWithParam<Operation> {};
+class ContactFaults : public testing::TestWithParam<WalkedOperation> {};
 
 TEST_P(ContactFaults, AreSettled) {
-  FaultWalk walk;
-  walk.prepare = [](TestHost& host) { fillAddressBook(Rows(*host.plainDatabase)); };
-  walk.run = [](TestHost&) { return GetParam().run(); };
-  walk.defaultResult = GetParam().defaultResult;
-  walk.written = [](TestHost& host) {
-    return host.dump("SELECT * FROM ContactLinks") + host.dump("SELECT * FROM Companies") +
-           host.dump("SELECT * FROM CompaniesNotes");
-  };
-  EXPECT_GE(walkFaults(walk).hostCalls, 5);
+  walkOperation(GetParam(), fillAddressBook, written);
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, ContactFaults, testing::ValuesIn(operations),
                          [](const auto& operation) { return std::string(operation.param.name); });
+
+TEST(ContactStatements, StandAsHostsKnowThem) {
+  expectStatements(operations, fillAddressBook, AUTONOTIFY_TEST_FOLDER "statements.txt");
+}
 
 }  // namespace
 }  // namespace autonotify::test

@@ -6,8 +6,6 @@
 namespace autonotify::test {
 namespace {
 
-using testing::ElementsAre;
-
 class DefaultContact : public HostTest {
  protected:
   DefaultContact() { addRow("CompaniesNotes", {{"CompanyNum", company}}); }
@@ -75,17 +73,6 @@ TEST_F(DefaultContact, ASkippedCallTakesNobodyAway) {
     errors.answerRest(1, 0);
     EXPECT_NE(defaults(), "") << whole[static_cast<std::size_t>(n - 1)];
   }
-}
-
-TEST_F(DefaultContact, ColumnsAreWrittenInOrder) {
-  EXPECT_THAT(columnsWrittenBy([&] { setContactAsDefault(company, al); }),
-              ElementsAre("DefaultContact=True", "PortalChangedFlag=True", "DefaultContactName=Al",
-                          "DefaultContactPhoneNumber=1", "DefaultContactFaxNumber=2",
-                          "DefaultContactEmail=al@x"));
-  EXPECT_THAT(columnsWrittenBy([&] { setNoContactAsDefault(company); }),
-              testing::Contains("DefaultContact=0"));
-  closeDatabase();
-  EXPECT_FALSE(setContactAsDefault(company, al));
 }
 
 TEST_F(DefaultContact, SummariesFollowTheDefaultContact) {

@@ -6,8 +6,6 @@
 namespace autonotify::test {
 namespace {
 
-using testing::ElementsAre;
-
 /// Line ends as "|", to be read at a glance.
 std::string shown(const std::string& text) {
   return replaceAll(text, "\r\n", "|");
@@ -98,22 +96,13 @@ TEST_F(Addresses, OfACompanyWithAndWithoutDefaultContact) {
   EXPECT_FALSE(person) << "no default contact";
   linkDefaultContact(contact, company);
   person = true;
-  std::string block;
-  EXPECT_THAT(statementsOf([&] {
-                block = createCompanyAddress(company, person, false, noId, true, true, true);
-              }),
-              ElementsAre("1,1 SELECT Companies.* FROM Companies WHERE Companies.CompanyID=1;",
-                          testing::StartsWith("1,1 SELECT ContactLinks.*"),
-                          "1,1 SELECT Contacts.ContactID, Contacts.DisplayName FROM Contacts WHERE "
-                          "Contacts.ContactID=1;"));
-  EXPECT_EQ(shown(block), "Acme|Jo Park|1 Elm|Ottawa|Phone: 1|Fax: 2|Email: a@x");
+  EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, true, true, true)),
+            "Acme|Jo Park|1 Elm|Ottawa|Phone: 1|Fax: 2|Email: a@x");
   EXPECT_TRUE(person);
   EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, false, false, true)),
             "Jo Park||Email: a@x");
   EXPECT_EQ(shown(createCompanyAddress(noId, person, false, firm, true, false, false)),
             "Firm|7 Ash|");
-  closeDatabase();
-  EXPECT_EQ(createCompanyAddress(company, person, false, noId, true, true, true), "");
 }
 
 TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
@@ -124,13 +113,7 @@ TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
   EXPECT_EQ(atWork(contact, noId, noId), "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x");
   EXPECT_EQ(atWork(contact, noId, company),
             "Jo Inc|Jo Park|1 Elm|Ottawa, QC|Phone: 3|Fax: 2|Cell: 4|Email: jo@x");
-  std::string block;
-  EXPECT_THAT(statementsOf([&] { block = atWork(noId, staff, company); }),
-              ElementsAre("1,1 SELECT AccountantEmployeeInfo.* FROM AccountantEmployeeInfo WHERE "
-                          "AccountantEmployeeInfo.ContactID=1;",
-                          "1,1 SELECT AccountantFirmInfo.* FROM AccountantFirmInfo WHERE "
-                          "AccountantFirmInfo.CompanyID=1;"));
-  EXPECT_EQ(block, "Al|7 Ash||Phone: 8");
+  EXPECT_EQ(atWork(noId, staff, company), "Al|7 Ash||Phone: 8");
   EXPECT_EQ(atWork(noId, noId, company), "");
   EXPECT_EQ(atWork(99, noId, company), "");
   EXPECT_EQ(shown(createBusinessContactAddress(contact, false, noId, company, false, false, false,

@@ -1,0 +1,75 @@
+#include "support/operation_walk.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "support/fault_walk.h"
+
+namespace autonotify::test {
+namespace {
+
+class ClosedDatabase : public CountedDatabase {
+ public:
+  using CountedDatabase::CountedDatabase;
+  bool isDatabaseOpen() override { return false; }
+};
+
+/// The calls of a run that open or write, each to its first line end.
+std::string statementsOf(const WalkedOperation& operation, TestHost& host) {
+  host.calls.reset();
+  host.calls.record(true);
+  operation.run(host);
+  std::string statements;
+  for (const std::string& call : host.calls.log()) {
+    for (const char* kind : {"openRecordset ", "setFieldValue ", "updateFieldValue "})
+      if (call.starts_with(kind)) statements += call.substr(0, call.find('\r')) + "\n";
+  }
+  return statements;
+}
+
+void runClosed(const WalkedOperation& operation, void (*fill)(Rows)) {
+  TestHost host;
+  host.attach();
+  fill(Rows(*host.plainDatabase));
+  ClosedDatabase closed(*host.plainDatabase, host.calls);
+  references().databaseReference = &closed;
+  host.calls.record(true);
+  EXPECT_EQ(operation.run(host), operation.closedResult) << "the database is closed";
+  EXPECT_THAT(host.calls.log(), testing::Not(testing::Contains(testing::StartsWith("openRec"))));
+}
+
+}  // namespace
+
+void PrintTo(const WalkedOperation& operation, std::ostream* out) {
+  *out << operation.name;
+}
+
+void walkOperation(const WalkedOperation& operation, void (*fill)(Rows),
+                   const std::function<std::string(TestHost&)>& written) {
+  FaultWalk walk;
+  walk.prepare = [&](TestHost& host) { fill(Rows(*host.plainDatabase)); };
+  walk.run = operation.run;
+  walk.defaultResult = operation.defaultResult;
+  walk.written = written;
+  EXPECT_GE(walkFaults(walk).hostCalls, 5);
+  runClosed(operation, fill);
+}
+
+void expectStatements(std::span<const WalkedOperation> operations, void (*fill)(Rows),
+                      const std::string& file) {
+  std::string text;
+  for (const WalkedOperation& operation : operations) {
+    TestHost host;
+    host.attach();
+    fill(Rows(*host.plainDatabase));
+    text += std::string("[") + operation.name + "]\n" + statementsOf(operation, host);
+  }
+  if (std::getenv("AUTONOTIFY_WRITE_FILES")) std::ofstream(file) << text;
+  std::ifstream stored(file);
+  EXPECT_EQ(text, std::string(std::istreambuf_iterator<char>(stored), {})) << file;
+}
+
+}  // namespace autonotify::test

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <span>
+#include <string>
+
+#include "support/TestHost.h"
+#include "support/table_rows.h"
+
+namespace autonotify::test {
+
+/// An operation of a folder as all of them are tested, each run on a fresh host.
+struct WalkedOperation {
+  const char* name;
+  /// Gives the result as text.
+  std::function<std::string(TestHost&)> run;
+  /// See FaultWalk.
+  std::string defaultResult = {};
+  /// With the database closed, when nothing is opened.
+  std::string closedResult = defaultResult;
+};
+
+void PrintTo(const WalkedOperation& operation, std::ostream* out);
+
+/// Walks the operation's faults, then runs it with the database closed. `written` gives what it may
+/// have written.
+void walkOperation(const WalkedOperation& operation, void (*fill)(Rows),
+                   const std::function<std::string(TestHost&)>& written);
+
+/// Expects that the operations open and write what stands in the file of the test's folder, in that
+/// order. With AUTONOTIFY_WRITE_FILES set the file is written instead.
+void expectStatements(std::span<const WalkedOperation> operations, void (*fill)(Rows),
+                      const std::string& file);
+
+}  // namespace autonotify::test
