@@ -37,14 +37,6 @@ std::string written(TestHost& host) {
          host.dump("SELECT * FROM CompaniesNotes");
 }
 
-template <class Call>
-WalkedOperation gives(const char* name, const char* byDefault, Call call) {
-  return {name, [call](TestHost&) { return call(); }, byDefault};
-}
-template <class Call>
-WalkedOperation writes(const char* name, Call call) {
-  return gives(name, "", [call] { return call(), std::string{}; });
-}
 WalkedOperation lists(const char* name, Id client, Fill fill) {
   return gives(name, "old|", [fill, client] {
     std::string text;

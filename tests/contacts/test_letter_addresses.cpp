@@ -106,39 +106,32 @@ TEST_F(Addresses, OfACompanyWithAndWithoutDefaultContact) {
 }
 
 TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
-  const auto atWork = [&](Id contactId, Id employeeId, Id companyId) {
-    return shown(createBusinessContactAddress(contactId, false, employeeId, companyId, true, true,
-                                              true, true));
-  };
-  EXPECT_EQ(atWork(contact, noId, noId), "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x");
-  EXPECT_EQ(atWork(contact, noId, company),
-            "Jo Inc|Jo Park|1 Elm|Ottawa, QC|Phone: 3|Fax: 2|Cell: 4|Email: jo@x");
-  EXPECT_EQ(atWork(noId, staff, company), "Al|7 Ash||Phone: 8");
-  EXPECT_EQ(atWork(noId, noId, company), "");
-  EXPECT_EQ(atWork(99, noId, company), "");
-  EXPECT_EQ(shown(createBusinessContactAddress(contact, false, noId, company, false, false, false,
-                                               false)),
-            "Jo Park|");
-}
-
-TEST_F(Addresses, AtWorkHaveThePartsThatAreAskedFor) {
   const Id other = addRow(
       "Contacts", {{"DisplayName", "Ed"}, {"BusinessAddress", "2 Fir"}, {"BusinessName", "Ed Co"}});
   const Id otherStaff =
       addRow("AccountantEmployeeInfo",
              {{"DisplayName", "Cy"}, {"CompanyNum", firm}, {"InheritCompanyInfo", "False"}});
+  const AddressPerson jo{.contactId = contact};
   const AddressParts all{true, true, true};
-  for (const auto& [who, parts, includeBusinessName, block] :
-       {std::tuple{AddressPerson{contact, noId}, AddressParts{}, true, "Jo Inc|Jo Park|"},
-        {{contact, noId}, {.address = true}, false, "Jo Inc|Jo Park|1 Elm|Ottawa, QC"},
-        {{contact, noId}, {.phones = true}, false, "Jo Park||Phone: 3|Fax: 2|Cell: 4"},
-        {{contact, noId}, {.email = true}, false, "Jo Park||Email: jo@x"},
-        {{other, noId}, all, true, "Ed Co|Ed|2 Fir|"},
-        {{noId, otherStaff}, all, true, "Cy|"}})
-    EXPECT_EQ(shown(createBusinessContactAddress(who.contactId, false, who.employeeId, company,
-                                                 parts.address, parts.phones, parts.email,
-                                                 includeBusinessName)),
-              block);
+  const std::tuple<AddressPerson, Id, AddressParts, bool, const char*> cases[] = {
+      {jo, noId, all, true, "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x"},
+      {jo, company, all, true,
+       "Jo Inc|Jo Park|1 Elm|Ottawa, QC|Phone: 3|Fax: 2|Cell: 4|Email: jo@x"},
+      {jo, company, {}, false, "Jo Park|"},
+      {jo, company, {}, true, "Jo Inc|Jo Park|"},
+      {jo, company, {.address = true}, false, "Jo Inc|Jo Park|1 Elm|Ottawa, QC"},
+      {jo, company, {.phones = true}, false, "Jo Park||Phone: 3|Fax: 2|Cell: 4"},
+      {jo, company, {.email = true}, false, "Jo Park||Email: jo@x"},
+      {{.contactId = other}, company, all, true, "Ed Co|Ed|2 Fir|"},
+      {{.employeeId = staff}, company, all, true, "Al|7 Ash||Phone: 8"},
+      {{.employeeId = otherStaff}, company, all, true, "Cy|"},
+      {{.contactId = 99}, company, all, true, ""},
+      {{}, company, all, true, ""}};
+  for (const auto& [who, ofCompany, parts, withName, block] : cases)
+    EXPECT_EQ(
+        shown(createBusinessContactAddress(who.contactId, false, who.employeeId, ofCompany,
+                                           parts.address, parts.phones, parts.email, withName)),
+        block);
 }
 
 TEST_F(Addresses, PutEachColumnInItsPlace) {

@@ -40,13 +40,6 @@ TEST_F(BusinessDays, DependOnTheTypesOfHoliday) {
   }
 }
 
-TEST_F(BusinessDays, KnowNoHolidaysWhenTheDatabaseIsClosed) {
-  addHoliday(november(20));
-  closeDatabase();
-  EXPECT_FALSE(isStatutoryHoliday(november(20)));
-  EXPECT_EQ(dateAddBusinessDaysWithoutWeekendsAndHolidays(-1, november(23)), november(20));
-}
-
 TEST_F(BusinessDays, AgreeWithACountOfOpenDays) {
   const unsigned seed = std::random_device{}();
   SCOPED_TRACE("seed " + std::to_string(seed));

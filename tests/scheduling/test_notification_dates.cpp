@@ -4,6 +4,7 @@
 #include "channels/modChannelNotifications.h"
 #include "contract/firm_rules.h"
 #include "contract/recordsets.h"
+#include "platform/text.h"
 #include "scheduling/modNotificationDates.h"
 #include "scheduling/schedule_kinds.h"
 #include "support/HostTest.h"
@@ -36,43 +37,25 @@ TEST_F(NotificationDates, PeriodHasOneSignForDisplayAndOneForCalculation) {
   EXPECT_EQ(getNotificationPeriod(103, 5, false), lowest) << "has no positive counterpart";
 }
 
-TEST_F(NotificationDates, KindWithoutARowFallsBack) {
-  addKind(101, 10, 7);
-  addKind(103, 0, 1);
-  addKind(103, 6, 6);
-  addKind(103, 4, 4);
-  addKind(104, 0, 1);
-  addKind(104, -1, 2);
-  EXPECT_EQ(getFirstValidScheduleNum(103), 4);
-  EXPECT_EQ(getFirstValidScheduleNum(104), -1);
-  EXPECT_EQ(getNotificationPeriod(103, 0, true), 4) << "the family's first member";
-  EXPECT_EQ(getNotificationPeriod(104, -1, true), 7) << "a family without a member";
-  EXPECT_EQ(getNotificationPeriod(0, 4, true), 7) << "no family";
-}
-
 TEST_F(NotificationDates, StatementOfAKindNormalisesItsArguments) {
-  addKind(103, 4, 4);
-  struct Case {
-    Id totalNum, scheduleNum;
-    bool familyRow;
-    Id totalNumAfter, scheduleNumAfter;
-    const char* where;
-  };
-  const Case cases[] = {{103, 2, false, 103, 2, "103 2"},   {103, 0, false, 103, 4, "103 4"},
-                        {104, 0, false, 101, 10, "101 10"}, {0, 2, false, 101, 10, "101 10"},
-                        {-1, -1, true, 101, 10, "101 10"},  {103, 2, true, 103, 2, "103 2"},
-                        {103, 0, true, 103, 0, "103 -1"}};
-  for (const Case& c : cases) {
-    Id totalNum = c.totalNum, scheduleNum = c.scheduleNum;
-    std::string where = c.where;
-    where.replace(where.find(' '), 1, " AND ScheduleTypes.ScheduleNum=");
-    EXPECT_EQ(
-        getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(totalNum, scheduleNum, c.familyRow),
-        "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.TotalNum, ScheduleTypes.ScheduleNum "
-        "FROM ScheduleTypes WHERE ScheduleTypes.TotalNum=" +
-            where + ";");
-    EXPECT_EQ(totalNum, c.totalNumAfter);
-    EXPECT_EQ(scheduleNum, c.scheduleNumAfter);
+  for (const auto& [totalNum, scheduleNum] :
+       {std::pair{103, 0}, {103, 6}, {103, 4}, {104, 0}, {104, -1}})
+    addKind(totalNum, scheduleNum, 4);
+  EXPECT_EQ(getFirstValidScheduleNum(104), noId);
+  const std::tuple<Id, Id, bool, Id, Id, const char*> cases[] = {
+      {103, 2, false, 103, 2, "103 2"},   {103, 0, false, 103, 4, "103 4"},
+      {104, 0, false, 101, 10, "101 10"}, {0, 2, false, 101, 10, "101 10"},
+      {-1, -1, true, 101, 10, "101 10"},  {103, 2, true, 103, 2, "103 2"},
+      {103, 0, true, 103, 0, "103 -1"}};
+  for (auto [totalNum, scheduleNum, familyRow, totalNumAfter, scheduleNumAfter, found] : cases) {
+    const std::string sql =
+        getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(totalNum, scheduleNum, familyRow);
+    EXPECT_EQ(replaceAll(sql, " AND ScheduleTypes.ScheduleNum=", " "),
+              "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.TotalNum, "
+              "ScheduleTypes.ScheduleNum FROM ScheduleTypes WHERE ScheduleTypes.TotalNum=" +
+                  std::string(found) + ";");
+    EXPECT_EQ(totalNum, totalNumAfter);
+    EXPECT_EQ(scheduleNum, scheduleNumAfter);
   }
 }
 
@@ -127,20 +110,6 @@ TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
   errors.answer({error_choice::leave});
   EXPECT_TRUE(determineNotificationDate(noMethod).isZero());
   EXPECT_EQ(errors.recorded().back().number, error_number::invalidUseOfNull);
-}
-
-TEST_F(NotificationDates, ClosedDatabaseIsAskedNothing) {
-  addKind(103, 1, 1);
-  const Id entry = addSchedule(103, 1, monday);
-  addNotification(entry, nt_Email, monday.addDays(-9));
-  closeDatabase();
-  EXPECT_THAT(statementsOf([&] {
-                EXPECT_TRUE(determineNotificationDate(entry).isZero());
-                EXPECT_EQ(getLastUsedNotificationDate(entry, monday), monday);
-                EXPECT_EQ(getFirstValidScheduleNum(103), noId);
-                refreshNotificationDate(entry);
-              }),
-              testing::IsEmpty());
 }
 
 TEST_F(NotificationDates, NewRowTakesTheDateOfASibling) {

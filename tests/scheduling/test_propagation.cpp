@@ -5,7 +5,6 @@ namespace autonotify::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::StartsWith;
 
 constexpr const char* newText = "{\\rtf1\\ansi Please file the return of \\'abCompany Name\\'bb.}";
 constexpr DateTime day = DateTime::of(2026, 4, 23);
@@ -68,43 +67,23 @@ TEST_F(Propagation, CoversTheWholeFamilyWithoutANumber) {
   EXPECT_EQ(rewritten(), "1|\n2|\n");
 }
 
-TEST_F(Propagation, ReadsAndWritesInItsOrder) {
-  calls.reset();
-  calls.record(true);
-  kind.changeNotificationComment(1);
-  const auto statements = logged("openRecordset");
-  const auto writes = logged("updateFieldValue");
-  calls.record(false);
-  EXPECT_EQ(statements.front(),
-            "1,3 SELECT ClientNotification.* FROM ClientNotification WHERE "
-            "ClientNotificationID=1;");
-  EXPECT_THAT(writes,
-              ElementsAre(StartsWith("ClientNotificationModifiedStamp"), StartsWith("Memo")));
-  EXPECT_EQ(statementsOf([&] { kind.resetNotificationComments(); }).front(),
-            "1,3 SELECT ClientNotification.* FROM ClientNotification WHERE NotificationSent = "
-            "FALSE;");
-  EXPECT_THAT(statementsOf([&] {
-                errors.answer({1, 1, 1, 1});
-                kind.resetNotificationDates();
-              }),
-              ElementsAre("1,3 SELECT Schedule.ScheduleID, Schedule.TotalNum, "
-                          "Schedule.ScheduleNum FROM Schedule WHERE totalNum = 103 AND "
-                          "scheduleNum = 1;",
-                          "1,3 SELECT ClientNotification.* FROM ClientNotification;"));
-}
-
 TEST_F(Propagation, OfDatesFailsQuietly) {
   const std::string before = dumpWritten();
   // Going on, the due date and the notifications' number are missed once for each of two entries.
   errors.answer({1, 1, 1, 1});
-  EXPECT_TRUE(kind.resetNotificationDates());
+  EXPECT_THAT(statementsOf([&] { EXPECT_TRUE(kind.resetNotificationDates()); }),
+              ElementsAre("1,3 SELECT Schedule.ScheduleID, Schedule.TotalNum, "
+                          "Schedule.ScheduleNum FROM Schedule WHERE totalNum = 103 AND "
+                          "scheduleNum = 1;",
+                          "1,3 SELECT ClientNotification.* FROM ClientNotification;"));
   EXPECT_THAT(events, ElementsAre("start2", "inc1", "inc2", "end0"));
-  events.clear();
-  errors.answer({2});
+  errors.answer({2, 3, 77, 2});
   EXPECT_TRUE(kind.resetNotificationDates());
-  events.clear();
-  errors.answer({3, 77, 2});
   EXPECT_TRUE(kind.resetNotificationDates());
+  closeDatabase();
+  events.clear();
+  EXPECT_TRUE(kind.resetNotificationDates());
+  EXPECT_THAT(events, ElementsAre("end0"));
   EXPECT_EQ(dumpWritten(), before);
 }
 
@@ -131,16 +110,6 @@ TEST_F(Propagation, OfDatesMovesWhatIsUnsentWhereTheEngineGoesAlong) {
   EXPECT_EQ(dump("SELECT ClientNotificationID FROM ClientNotification WHERE NotificationDate='" +
                  dateTimeText(day.addDays(-3)) + "'"),
             "1|\n4|\n7|\n");
-}
-
-TEST_F(Propagation, SaysSoWithTheDatabaseClosed) {
-  closeDatabase();
-  EXPECT_TRUE(kind.resetNotificationComments());
-  EXPECT_TRUE(kind.resetNotificationDates());
-  kind.changeNotificationComment(1);
-  EXPECT_THAT(events, ElementsAre("end0"));
-  openDatabase();
-  EXPECT_EQ(rewritten(), "");
 }
 
 }  // namespace

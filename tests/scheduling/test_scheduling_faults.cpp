@@ -1,101 +1,100 @@
+#include <gtest/gtest.h>
+
+#include "platform/date_time_text.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
+#include "scheduling/schedule_kinds.h"
 #include "settings/modUserSettings.h"
-#include "support/fault_walk.h"
-#include "support/table_rows.h"
+#include "support/operation_walk.h"
 
 namespace autonotify::test {
 namespace {
 
 constexpr DateTime dueDate = DateTime::of(2026, 11, 23);
-constexpr Id user = 7;
+constexpr DateTime sunday = DateTime::of(2026, 11, 22);
+constexpr Id entry = 1, user = 7;
+const std::string noDate = dateTimeText(DateTime{});
 
 /// One schedule entry with two notifications, due after a holiday.
-Id fillOffice(Rows rows) {
+void fillOffice(Rows rows) {
   rows.addHoliday(DateTime::of(2026, 11, 20), "");
-  rows.addKind(103, 1, 2, "{\\rtf1 \\'abCompany Name\\'bb}");
+  rows.addKind(103, 1, 2, "{\\rtf1 \\'abCompany Name\\'bb: \\'abTask Name\\'bb}");
   const TestClient client = rows.addClient("Acme Ltd.", "Jane Smith");
-  const Id entry = rows.addSchedule(103, 1, dueDate, {{"ClientNum", client.clientNum}});
+  rows.addSchedule(103, 1, dueDate, {{"ClientNum", client.clientNum}});
   rows.addTask(entry, "GST Return");
   rows.addNotification(entry, 8, DateTime::of(2026, 1, 5));
   rows.addNotification(entry, 2, DateTime::of(2026, 1, 6));
-  return entry;
 }
 
-struct Operation {
-  const char* name;
-  std::function<std::string(TestHost&, Id entry)> run;
-  std::string defaultResult;
+/// Whatever fails, one row is added at most.
+WalkedOperation saves(const char* name, Id id) {
+  const auto run = [id](TestHost& host) {
+    clsAutoNotifyTemplate kind;
+    kind.put_scheduleTypeID(id);
+    kind.put_totalNum(105);
+    const Id saved = kind.saveScheduleTypeInfo();
+    EXPECT_LE(host.dump("SELECT 1 FROM ScheduleTypes WHERE TotalNum=105"), "1|\n");
+    return std::to_string(saved);
+  };
+  return {name, run, std::to_string(id)};
+}
+
+template <class Call>
+WalkedOperation dates(const char* name, DateTime byDefault, Call call) {
+  return gives(name, dateTimeText(byDefault), [call] { return dateTimeText(call()); });
+}
+
+WalkedOperation lastOpenDay() {
+  auto friday = dates("friday", {}, [] { return adjustDateToFridayIfWeekendOrHoliday(sunday); });
+  friday.closedResult = dateTimeText(sunday.addDays(-2));  // no holiday is known
+  return friday;
+}
+
+const WalkedOperation operations[] = {
+    gives("period", "-15", [] { return std::to_string(getNotificationPeriod(103, 0, false)); }),
+    gives("member", "-1", [] { return std::to_string(getFirstValidScheduleNum(103)); }),
+    dates("date", {}, [] { return determineNotificationDate(entry); }),
+    dates("sibling", dueDate, [] { return getLastUsedNotificationDate(entry, dueDate); }),
+    dates("explanation", {}, [] { return explainNotificationDate(entry).result; }),
+    lastOpenDay(),
+    writes("refresh", [] { refreshNotificationDate(entry); }),
+    gives("open", "1 15",
+          [] {
+            clsAutoNotifyTemplate kind;
+            const bool opened = kind.openExistingScheduleType(1);
+            return std::to_string(opened) + " " + std::to_string(kind.get_notificationPeriod());
+          }),
+    gives("openByScheme", "0",
+          [] {
+            clsAutoNotifyTemplate kind;
+            return std::to_string(kind.findAndOpenScheduleTypeByCustomTaskSchemeIDNum(77));
+          }),
+    saves("saveNew", noId),
+    saves("saveGone", 4711),
+    gives("getSetting", "1", [] { return std::to_string(getShowEmailPreview(user)); }),
+    writes("putSetting", [] { putShowMVPreview(true, user); }),
+    gives("comment", "", [] { return generateClientAutoNotifyComment(entry); }),
+    gives("propagation", "1",
+          [] {
+            clsAutoNotifyTemplate kind;
+            kind.openWithTotalNumAndScheduleNum(103, 1, true);
+            return std::to_string(kind.resetNotificationComments());
+          }),
 };
 
-Id saveKind(TestHost& host, Id id) {
-  clsAutoNotifyTemplate kind;
-  kind.put_scheduleTypeID(id);
-  kind.put_totalNum(105);
-  const Id saved = kind.saveScheduleTypeInfo();
-  EXPECT_LE(host.dump("SELECT 1 FROM ScheduleTypes WHERE TotalNum=105"), "1|\n");
-  return saved;
-}
-
-std::string propagate(bool (clsAutoNotifyTemplate::*reset)()) {
-  clsAutoNotifyTemplate kind;
-  kind.openWithTotalNumAndScheduleNum(103, 1, true);
-  return (kind.*reset)() ? "done" : "failed";
-}
-
-const Operation operations[] = {
-    {"period", [](TestHost&, Id) { return std::to_string(getNotificationPeriod(103, 0, false)); },
-     "-15"},
-    {"date", [](TestHost&, Id entry) { return dateTimeText(determineNotificationDate(entry)); },
-     dateTimeText(DateTime{})},
-    {"sibling",
-     [](TestHost&, Id entry) { return dateTimeText(getLastUsedNotificationDate(entry, dueDate)); },
-     dateTimeText(dueDate)},
-    {"friday",
-     [](TestHost&, Id) {
-       return dateTimeText(adjustDateToFridayIfWeekendOrHoliday(DateTime::of(2026, 11, 22)));
-     },
-     dateTimeText(DateTime{})},
-    {"refresh",
-     [](TestHost&, Id entry) {
-       refreshNotificationDate(entry);
-       return std::string{};
-     },
-     ""},
-    {"saveNew", [](TestHost& host, Id) { return std::to_string(saveKind(host, noId)); }, "-1"},
-    {"saveGone", [](TestHost& host, Id) { return std::to_string(saveKind(host, 4711)); }, "4711"},
-    {"getSetting", [](TestHost&, Id) { return std::to_string(getShowEmailPreview(user)); }, "1"},
-    {"putSetting",
-     [](TestHost&, Id) {
-       putShowMVPreview(true, user);
-       return std::string{};
-     },
-     ""},
-    {"comment", [](TestHost&, Id entry) { return generateClientAutoNotifyComment(entry); }, ""},
-    {"propagate",
-     [](TestHost&, Id) { return propagate(&clsAutoNotifyTemplate::resetNotificationComments); },
-     "done"},
-};
-
-void PrintTo(const Operation& operation, std::ostream* out) {
-  *out << operation.name;
-}
-
-class SchedulingFaults : public testing::TestWithParam<Operation> {};
+class SchedulingFaults : public testing::TestWithParam<WalkedOperation> {};
 
 TEST_P(SchedulingFaults, LeaveNothingHalfDone) {
-  Id entry = noId;
-  FaultWalk walk;
-  walk.prepare = [&](TestHost& host) { entry = fillOffice(Rows(*host.plainDatabase)); };
-  walk.run = [&](TestHost& host) { return GetParam().run(host, entry); };
-  walk.defaultResult = GetParam().defaultResult;
-  const FaultWalkReport report = walkFaults(walk);
-  EXPECT_GT(report.hostCalls, 4);
+  walkOperation(GetParam(), fillOffice, &TestHost::dumpWritten);
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, SchedulingFaults, testing::ValuesIn(operations),
                          [](const auto& operation) { return std::string(operation.param.name); });
+
+TEST(SchedulingStatements, StandAsHostsKnowThem) {
+  expectStatements(operations, fillOffice, AUTONOTIFY_TEST_FOLDER "statements.txt");
+}
 
 }  // namespace
 }  // namespace autonotify::test

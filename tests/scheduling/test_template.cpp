@@ -78,15 +78,12 @@ TEST_F(Template, KeepsWhatItHasWithoutARowOrAnEmptyColumn) {
 }
 
 TEST_F(Template, OpensTheRowOfTheFamilyOnlyWhenAsked) {
-  const Id family = addKind(103, -1, 9);
-  const Id fallback = addKind(101, 10, 8);
-  clsAutoNotifyTemplate kind;
-  ASSERT_TRUE(kind.openWithTotalNumAndScheduleNum(103, 0, true));
-  EXPECT_EQ(kind.get_scheduleTypeID(), family);
-  ASSERT_TRUE(kind.openWithTotalNumAndScheduleNum(103, 0, false));
-  EXPECT_EQ(kind.get_scheduleTypeID(), fallback);
-  ASSERT_TRUE(kind.openWithTotalNumAndScheduleNum(0, 0, false));
-  EXPECT_EQ(kind.get_scheduleTypeID(), fallback);
+  const Id family = addKind(103, -1, 9), fallback = addKind(101, 10, 8);
+  for (const bool exactOnly : {true, false}) {
+    clsAutoNotifyTemplate kind;
+    EXPECT_TRUE(kind.openWithTotalNumAndScheduleNum(103, 0, exactOnly));
+    EXPECT_EQ(kind.get_scheduleTypeID(), exactOnly ? family : fallback);
+  }
 }
 
 TEST_F(Template, EveryWriteMakesItDirtyUntilItIsReset) {
@@ -150,17 +147,6 @@ TEST_F(Template, EmptyCommentShowsAndSavesTheDefault) {
   EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 15);
   EXPECT_EQ(std::count(saved.begin(), saved.end(), '\r'), 15);
   EXPECT_TRUE(saved.ends_with("\\par\r\n}"));
-}
-
-TEST_F(Template, ClosedDatabaseKeepsDefaultsAndSavesNothing) {
-  const Id id = addFullKind();
-  closeDatabase();
-  clsAutoNotifyTemplate kind;
-  EXPECT_FALSE(kind.openWithTotalNumAndScheduleNum(103, 2, false));
-  EXPECT_TRUE(kind.openExistingScheduleType(id));
-  EXPECT_EQ(kind.get_notificationPeriod(), 15);
-  EXPECT_EQ(kind.saveScheduleTypeInfo(), id);
-  EXPECT_TRUE(kind.isSavedFlag);
 }
 
 }  // namespace

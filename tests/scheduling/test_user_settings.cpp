@@ -36,10 +36,6 @@ TEST_F(UserSettings, EachPersonHasTheirOwnAndEachSettingItsColumn) {
     EXPECT_FALSE(getShowMVPreview(8));
   }
   putShowEmailPreview(0, 7);
-  closeDatabase();
-  EXPECT_FALSE(getShowMVPreview(7));
-  EXPECT_EQ(getShowEmailPreview(7), 1);
-  openDatabase();
   plainDatabase->connection().exec("UPDATE UserGeneralSettings SET ShowEmailPreview=NULL");
   EXPECT_EQ(getShowEmailPreview(7), 1);
 }

@@ -21,6 +21,15 @@ struct WalkedOperation {
   std::string closedResult = defaultResult;
 };
 
+template <class Call>
+WalkedOperation gives(const char* name, const std::string& byDefault, Call call) {
+  return {name, [call](TestHost&) { return call(); }, byDefault};
+}
+template <class Call>
+WalkedOperation writes(const char* name, Call call) {
+  return gives(name, "", [call] { return call(), std::string{}; });
+}
+
 void PrintTo(const WalkedOperation& operation, std::ostream* out);
 
 /// Walks the operation's faults, then runs it with the database closed. `written` gives what it may
