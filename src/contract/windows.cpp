@@ -6,29 +6,28 @@ namespace {
 /// An argument of each message that no host reads.
 constexpr int reservedNumber = 101;
 
+std::string tagOf(const std::string& form, const Control& control, const char* event) {
+  return "Morvane.exe-" + form + "-" + control.name() + event;
+}
+
 /// A procedure that shows the styler a control.
-std::function<void()> styling(Control& control, const std::string& form, const char* event,
-                              void (InterfaceStyler::*mark)(HostObject*)) {
-  return [&control, mark, tag = "Morvane.exe-" + form + "-" + control.name() + event] {
-    procedure(tag, [&](Step& step) { step.run([&] { (styler().*mark)(&control); }); });
+template <class... Given>
+auto styling(std::string tag, Control& control,
+             void (InterfaceStyler::*show)(HostObject*, Given...)) {
+  return [tag = std::move(tag), &control, show](Given... given) {
+    procedure(tag, [&](Step& step) { step.run([&] { (styler().*show)(&control, given...); }); });
   };
 }
 
 }  // namespace
 
 void showMessage(const std::string& text, int style) {
-  showMessage(text, style, locale().getActiveWindow());
-}
-
-void showMessage(const std::string& text, int style, HostObject* owner) {
+  HostObject* owner = locale().getActiveWindow();
   messageBox().showMessage(text, style, owner, 0, 0, reservedNumber, 0, {}, 0);
 }
 
 bool askQuestion(const std::string& text, int style) {
-  return askQuestion(text, style, locale().getActiveWindow());
-}
-
-bool askQuestion(const std::string& text, int style, HostObject* owner) {
+  HostObject* owner = locale().getActiveWindow();
   return messageBox().askQuestion(text, style, owner, 0, 0, reservedNumber, 0, {}, 0) ==
          message_answer::yes;
 }
@@ -37,26 +36,31 @@ void showModal(Form& form) {
   form.showModal(locale().getActiveWindow());
 }
 
+void styleForm(Form& form) {
+  styler().styleForm(&form);
+}
+
+void setPointer(Pointer pointer) {
+  formHost().setPointer(pointer);
+}
+
 void yieldToHost(Step& step, int times) {
   for (int i = 0; i < times; ++i) step.run([] { formHost().pumpMessages(); });
 }
 
 void markFocusGained(Control& control, const std::string& form) {
-  control.onGotFocus = styling(control, form, "_GotFocus", &InterfaceStyler::markFocusGained);
+  control.onGotFocus =
+      styling(tagOf(form, control, "_GotFocus"), control, &InterfaceStyler::markFocusGained);
 }
 
 void markFocus(Control& control, const std::string& form) {
   markFocusGained(control, form);
-  control.onLostFocus = styling(control, form, "_LostFocus", &InterfaceStyler::markFocusLost);
+  control.onLostFocus =
+      styling(tagOf(form, control, "_LostFocus"), control, &InterfaceStyler::markFocusLost);
 }
 
 void passKeys(Control& control, const std::string& form) {
-  control.onKeyUp = [&control, tag = "Morvane.exe-" + form + "-" + control.name() + "_KeyUp"](
-                        int keyCode, int shift) {
-    procedure(tag, [&](Step& step) {
-      step.run([&] { styler().handleKeyUp(&control, keyCode, shift); });
-    });
-  };
+  control.onKeyUp = styling(tagOf(form, control, "_KeyUp"), control, &InterfaceStyler::handleKeyUp);
 }
 
 }  // namespace autonotify

@@ -9,18 +9,20 @@
 
 namespace autonotify {
 
-// What windows do with their host. Each function that throws PlatformError is one statement of the
-// caller's frame.
+// What windows do with their host. Each function without a `Step` is a statement, or part of one:
+//
+//   step.run(showMessage, "This notification has already been sent.", message_style::alreadySent);
 
-/// Shows the message above `owner`, or above the host's active window.
+/// Shows the message above the host's active window.
 void showMessage(const std::string& text, int style);
-void showMessage(const std::string& text, int style, HostObject* owner);
 /// True when the person said yes.
 bool askQuestion(const std::string& text, int style);
-bool askQuestion(const std::string& text, int style, HostObject* owner);
 
 /// Shows the window above the host's active window until it is hidden or unloaded.
 void showModal(Form& form);
+/// Gives the window the host's look.
+void styleForm(Form& form);
+void setPointer(Pointer pointer);
 
 /// Lets the host handle its messages, `times` over.
 void yieldToHost(Step& step, int times);
@@ -37,7 +39,7 @@ void passKeys(Control& control, const std::string& form);
 template <class Window, class Use>
 void withWindow(Step& step, Use&& use) {
   std::unique_ptr<Window> window;
-  step.run([&] { window = std::make_unique<Window>(); });
+  step.assign(window, [] { return std::make_unique<Window>(); });
   if (!window) return;
   use(*window);
   window->unload();

@@ -1,5 +1,8 @@
 #include "wizards/NotificationComposer.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "channels/modApptNotifications.h"
 #include "channels/modChannelNotifications.h"
 #include "contract/windows.h"
@@ -15,19 +18,19 @@ namespace {
 /// The kind that a refreshed comment of a diary item is made and stored as, whatever its own is.
 constexpr CurrentDayTimerType refreshedKind = Appointments;
 
+struct ItemWord {
+  std::int32_t kind;
+  const char* word;
+};
+constexpr ItemWord itemWords[] = {
+    {Appointments, "appointment"}, {Dockets, "time entry"}, {Tasks, "task"}};
+
 /// The word for the item in a confirmation; nullptr for a type or kind that has none.
-const char* wordFor(notificationTypes type, CurrentDayTimerType kind) {
+const char* wordFor(notificationTypes type, std::int32_t kind) {
   if (type == remittanceNotification) return "task";
   if (type != appointmentNotification) return nullptr;
-  switch (kind) {
-    case Appointments:
-      return "appointment";
-    case Dockets:
-      return "time entry";
-    case Tasks:
-      return "task";
-  }
-  return nullptr;
+  const auto named = std::ranges::find(itemWords, kind, &ItemWord::kind);
+  return named == std::end(itemWords) ? nullptr : named->word;
 }
 
 bool sendsAtOnce(ComposerMode mode) {
@@ -35,53 +38,54 @@ bool sendsAtOnce(ComposerMode mode) {
          mode == ComposerMode::blankSend;
 }
 
+std::string sentText(const Value& sentTime) {
+  const DateTime time = toDateTime(sentTime);
+  return "This notification has already been sent on " + longDateText(time) + " at " +
+         formatDateTime(time, "h:mm am/pm");
+}
+
 }  // namespace
 
 NotificationComposer::NotificationComposer(const ComposerChannel& channel)
-    : Form(formHost(), channel.formName, channel.caption),
+    : Window(formHost(), channel.formName, channel.caption),
       chkAddAddress(*this, "chkAddAddress", channel.addressCaption),
       channel_(channel) {
   lblScheduled.setVisible(false);
   cmdRefreshComment.setVisible(false);
-  cmdRefreshComment.onClick = [this] { refreshComment(); };
-  chkAddAddress.onClick = [this] { changeAddress(); };
-  cmdCancel.onClick = [this] { cancel(); };
-  cmdFinish.onClick = [this] {
-    procedure(tag("cmdFinish_Click"), [&](Step& step) { finish(step); });
-  };
-}
-
-std::string NotificationComposer::tag(const char* procedureName) const {
-  return std::string("Morvane.exe-") + channel_.formName + "-" + procedureName;
+  using Self = NotificationComposer;
+  react(cmdRefreshComment.onClick, "cmdRefreshComment_Click", &Self::refreshComment);
+  react(chkAddAddress.onClick, "chkAddAddress_Click", &Self::changeAddress);
+  react(cmdCancel.onClick, "cmdCancel_Click", &Self::cancel);
+  react(cmdFinish.onClick, "cmdFinish_Click", &Self::finish);
 }
 
 // Opening.
 
 void NotificationComposer::InitializeNotifyNow(notificationTypes type, Id notifyID,
-                                               CurrentDayTimerType kind, Id scheduleID) {
+                                               std::int32_t kind, Id scheduleID) {
   initialize("InitializeNotifyNow", ComposerMode::notifyNow, type, notifyID, kind, scheduleID);
 }
 
 void NotificationComposer::InitializeEditAutoNotify(notificationTypes type, Id notifyID,
-                                                    CurrentDayTimerType kind, Id scheduleID) {
+                                                    std::int32_t kind, Id scheduleID) {
   initialize("InitializeEditAutoNotify", ComposerMode::editAuto, type, notifyID, kind, scheduleID);
 }
 
 void NotificationComposer::InitializeNewAutoNotify(notificationTypes type, Id notifyID,
-                                                   CurrentDayTimerType kind, Id scheduleID) {
+                                                   std::int32_t kind, Id scheduleID) {
   initialize("InitializeNewAutoNotify", ComposerMode::newAuto, type, notifyID, kind, scheduleID);
 }
 
 void NotificationComposer::InitializeSendAuto(notificationTypes type, Id notifyID,
-                                              CurrentDayTimerType kind, Id scheduleID) {
+                                              std::int32_t kind, Id scheduleID) {
   initialize("InitializeSendAuto", ComposerMode::sendAuto, type, notifyID, kind, scheduleID);
 }
 
 void NotificationComposer::initialize(const char* procedureName, ComposerMode mode,
-                                      notificationTypes type, Id notifyID, CurrentDayTimerType kind,
+                                      notificationTypes type, Id notifyID, std::int32_t kind,
                                       Id scheduleID) {
   procedure(tag(procedureName), [&](Step& step) {
-    step.run([] { formHost().setPointer(Pointer::busy); });
+    step.run(setPointer, Pointer::busy);
     open(mode, type, kind);
     takeRow(notifyID);
     if (notifyID_ < 1 && addsRow(scheduleID)) {
@@ -91,8 +95,7 @@ void NotificationComposer::initialize(const char* procedureName, ComposerMode mo
   });
 }
 
-void NotificationComposer::open(ComposerMode mode, notificationTypes type,
-                                CurrentDayTimerType kind) {
+void NotificationComposer::open(ComposerMode mode, notificationTypes type, std::int32_t kind) {
   sendSuccessfulFlag_ = false;
   cancelFlag_ = false;
   mode_ = mode;
@@ -106,8 +109,8 @@ void NotificationComposer::open(ComposerMode mode, notificationTypes type,
 
 void NotificationComposer::fillAndShow(Step& step) {
   populateInfo();
-  step.run([] { formHost().setPointer(Pointer::standard); });
-  step.run([&] { autonotify::showModal(*this); });
+  step.run(setPointer, Pointer::standard);
+  step.run(autonotify::showModal, *this);
 }
 
 bool NotificationComposer::addsRow(Id scheduleID) const {
@@ -121,53 +124,50 @@ bool NotificationComposer::addsRow(Id scheduleID) const {
 
 void NotificationComposer::populateInfo() {
   procedure(tag("populateInfo"), [&](Step& step) {
-    step.run([&] { styler().styleForm(this); });
-    if (isDatabaseOpen(step)) {
-      companyID_ = noId;
-      contactID_ = noId;
-      withRow(step,
-              "SELECT ClientNotification.* FROM ClientNotification Where "
-              "ClientNotification.ClientNotificationID=",
-              notifyID_, keysetRead, [&](RecordsetHandle handle) {
-                readRow(step, handle);
-                showSentState(step, handle);
-              });
-      if (isSent_ && mode_ == ComposerMode::editAuto) lock();
-    }
+    step.run(styleForm, *this);
+    if (isDatabaseOpen(step)) fill(step);
     cmdRefreshComment.setVisible(true);
-    step.run([] { formHost().setPointer(Pointer::standard); });
+    step.run(setPointer, Pointer::standard);
   });
 }
 
-void NotificationComposer::readRow(Step& step, RecordsetHandle handle) {
-  companyID_ = readId(step, handle, "CompanyIDNum");
-  contactID_ = readId(step, handle, "ContactIDNum");
+void NotificationComposer::fill(Step& step) {
+  companyID_ = noId;
+  contactID_ = noId;
+  if (Rows row(step,
+               "SELECT ClientNotification.* FROM ClientNotification Where "
+               "ClientNotification.ClientNotificationID=",
+               notifyID_, keysetRead);
+      row) {
+    readRow(row);
+    showSentState(row);
+  }
+  if (isSent_ && mode_ == ComposerMode::editAuto) lock();
+}
+
+void NotificationComposer::readRow(const Row& row) {
+  companyID_ = row.id("CompanyIDNum");
+  contactID_ = row.id("ContactIDNum");
   populateLists();
   for (std::size_t i = 0; i < fields_.size(); ++i) {
     const std::string column = "Field" + std::to_string(i + 1);
-    const std::string text = readText(step, handle, column.c_str());
+    const std::string text = row.text(column.c_str());
     std::visit([&](auto* field) { field->setText(text); }, fields_[i]);
   }
-  rtbText.setTextRTF(readText(step, handle, "Memo"));
-  step.run([&] {
-    notificationDate.show(toDateTime(database().getFieldValue(handle, "NotificationDate")));
+  rtbText.setTextRTF(row.text("Memo"));
+  row.step().run([&] {
+    notificationDate.show(toDateTime(database().getFieldValue(row.handle(), "NotificationDate")));
   });
 }
 
-void NotificationComposer::showSentState(Step& step, RecordsetHandle handle) {
-  isSent_ = readFlag(step, handle, "NotificationSent");
+void NotificationComposer::showSentState(const Row& row) {
+  isSent_ = row.flag("NotificationSent");
   if (!isSent_) return;
   lblScheduled.setVisible(true);
-  const Value sentTime = readField(step, handle, "SentTime");
-  if (isEmpty(step, sentTime)) {
-    lblScheduled.setCaption("This notification has already been sent");
-    return;
-  }
-  step.run([&] {
-    const DateTime time = toDateTime(sentTime);
-    lblScheduled.setCaption("This notification has already been sent on " + longDateText(time) +
-                            " at " + formatDateTime(time, "h:mm am/pm"));
-  });
+  const Value sentTime = row.value("SentTime");
+  std::string text = "This notification has already been sent";
+  if (!isEmpty(row.step(), sentTime)) text = row.step().value(std::string{}, sentText, sentTime);
+  lblScheduled.setCaption(text);
 }
 
 /// A sent notification can be looked at, not changed.
@@ -191,7 +191,7 @@ FieldTexts NotificationComposer::fieldTexts() const {
   return texts;
 }
 
-void NotificationComposer::edit(CurrentDayTimerType kind, const FieldTexts& fields,
+void NotificationComposer::edit(std::int32_t kind, const FieldTexts& fields,
                                 const std::string& memo) {
   if (type_ == remittanceNotification) channel_.editForSchedule(notifyID_, fields, memo);
   if (type_ == appointmentNotification) channel_.editForItem(kind, notifyID_, fields, memo);
@@ -219,13 +219,17 @@ void NotificationComposer::arm(Step& step) {
     changeApptNotificationStatus(kind_, channel_.channel, nt_AddStatus,
                                  getAppointmentIDFromNotificationID(kind_, notifyID_));
   }
+  confirm(step);
+}
+
+void NotificationComposer::confirm(Step& step) {
   const Id user = step.value(noId, [] { return locale().getCurrentUserID(); });
   if (!getAutoSendWizardConfirmation(user)) return;
-  if (const char* word = wordFor(type_, kind_)) {
-    const std::string text = channel_.confirmationStart + std::string(word) +
-                             channel_.confirmationEnd + longDateText(notificationDate.date());
-    step.run([&] { showMessage(text, message_style::armedConfirmed); });
-  }
+  const char* word = wordFor(type_, kind_);
+  if (!word) return;
+  const std::string text = channel_.confirmationStart + std::string(word) +
+                           channel_.confirmationEnd + longDateText(notificationDate.date());
+  step.run(showMessage, text, message_style::armedConfirmed);
 }
 
 void NotificationComposer::markSent(Step& step) {
@@ -236,18 +240,16 @@ void NotificationComposer::markSent(Step& step) {
 
 void NotificationComposer::hideAndRepaint(Step& step) {
   hide();
-  step.run([&] { repaint(); });
+  step.run(&Form::repaint, *this);
 }
 
 // Leaving without Finish.
 
-void NotificationComposer::cancel() {
-  procedure(tag("cmdCancel_Click"), [&](Step&) {
-    sendSuccessfulFlag_ = false;
-    if (mode_ == ComposerMode::newAuto) deleteNotification(notifyID_);
-    cancelFlag_ = true;
-    hide();
-  });
+void NotificationComposer::cancel(Step&) {
+  sendSuccessfulFlag_ = false;
+  if (mode_ == ComposerMode::newAuto) deleteNotification(notifyID_);
+  cancelFlag_ = true;
+  hide();
 }
 
 bool NotificationComposer::queryUnload(CloseReason) {
@@ -261,25 +263,18 @@ bool NotificationComposer::queryUnload(CloseReason) {
 
 // The text.
 
-void NotificationComposer::refreshComment() {
-  procedure(tag("cmdRefreshComment_Click"), [&](Step& step) {
-    if (!step.value(false, [] {
-          return askQuestion(
-              "Are you sure you want to refresh this comment?  This will replace the existing "
-              "text.",
-              message_style::batchNotice);
-        })) {
-      return;
-    }
-    std::string text;
-    if (type_ == remittanceNotification) {
-      text = generateClientAutoNotifyComment(getScheduleIDFromNotificationID(notifyID_));
-    } else if (type_ == appointmentNotification) {
-      text = getAppointmentBodyText(refreshedKind, notifyID_);
-    }
-    rtbText.setTextRTF(text);
-    edit(refreshedKind, FieldTexts(fields_.size()), text);
-  });
+void NotificationComposer::refreshComment(Step& step) {
+  const std::string question =
+      "Are you sure you want to refresh this comment?  This will replace the existing text.";
+  if (!step.holds(askQuestion, question, message_style::batchNotice)) return;
+  std::string text;
+  if (type_ == remittanceNotification) {
+    text = generateClientAutoNotifyComment(getScheduleIDFromNotificationID(notifyID_));
+  } else if (type_ == appointmentNotification) {
+    text = getAppointmentBodyText(refreshedKind, notifyID_);
+  }
+  rtbText.setTextRTF(text);
+  edit(refreshedKind, FieldTexts(fields_.size()), text);
 }
 
 }  // namespace autonotify

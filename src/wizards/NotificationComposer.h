@@ -1,15 +1,15 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
 
-#include "contract/procedure.h"
-#include "contract/recordsets.h"
+#include "contract/Window.h"
+#include "contract/rows.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
-#include "platform/controls/Form.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
@@ -24,18 +24,18 @@ namespace autonotify {
 /// A channel derives from it, adds its fields, binds them to their columns and says what Finish
 /// does. The initializers block until the person is done; the caller then reads cancelFlag and
 /// SendSuccessfulFlag and unloads the window. Failures are settled at the error dialog.
-class NotificationComposer : public Form {
+class NotificationComposer : public Window {
  public:
   // Each takes what the notification is about, its row (below 1: the composer may add one), the
-  // kind of diary item, and the schedule entry, -1 for none.
+  // kind of diary item, which is kept whatever its number, and the schedule entry, -1 for none.
   void InitializeNotifyNow(notificationTypes currentNotificationType, Id notifyID,
-                           CurrentDayTimerType dayTimerType, Id scheduleID = noId);
+                           std::int32_t dayTimerType, Id scheduleID = noId);
   void InitializeEditAutoNotify(notificationTypes currentNotificationType, Id notifyID,
-                                CurrentDayTimerType dayTimerType, Id scheduleID = noId);
+                                std::int32_t dayTimerType, Id scheduleID = noId);
   void InitializeNewAutoNotify(notificationTypes currentNotificationType, Id notifyID,
-                               CurrentDayTimerType dayTimerType, Id scheduleID = noId);
+                               std::int32_t dayTimerType, Id scheduleID = noId);
   void InitializeSendAuto(notificationTypes currentNotificationType, Id notifyID,
-                          CurrentDayTimerType dayTimerType, Id scheduleID = noId);
+                          std::int32_t dayTimerType, Id scheduleID = noId);
 
   /// True when the person cancelled.
   bool cancelFlag() const { return cancelFlag_; }
@@ -85,7 +85,7 @@ class NotificationComposer : public Form {
   // What an initializer is made of.
 
   /// Takes up the mode and the arguments; the flags go down.
-  void open(ComposerMode mode, notificationTypes type, CurrentDayTimerType kind);
+  void open(ComposerMode mode, notificationTypes type, std::int32_t kind);
   /// The row to show.
   void takeRow(Id notifyID) { notifyID_ = notifyID; }
   /// Fills the window from the row and shows it until it is hidden.
@@ -94,24 +94,24 @@ class NotificationComposer : public Form {
   ComposerMode mode() const { return mode_; }
   Id companyID() const { return companyID_; }
   Id contactID() const { return contactID_; }
-  /// A procedure's tag: "Morvane.exe-", the window, "-", the procedure.
-  std::string tag(const char* procedureName) const;
 
   bool queryUnload(CloseReason reason) override;
 
  private:
   void initialize(const char* procedureName, ComposerMode mode, notificationTypes type, Id notifyID,
-                  CurrentDayTimerType kind, Id scheduleID);
+                  std::int32_t kind, Id scheduleID);
   bool addsRow(Id scheduleID) const;
   void populateInfo();
-  void readRow(Step& step, RecordsetHandle handle);
-  void showSentState(Step& step, RecordsetHandle handle);
+  void fill(Step& step);
+  void readRow(const Row& row);
+  void showSentState(const Row& row);
   void lock();
   FieldTexts fieldTexts() const;
-  void edit(CurrentDayTimerType kind, const FieldTexts& fields, const std::string& memo);
-  void cancel();
-  void refreshComment();
-  void changeAddress();
+  void edit(std::int32_t kind, const FieldTexts& fields, const std::string& memo);
+  void confirm(Step& step);
+  void cancel(Step& step);
+  void refreshComment(Step& step);
+  void changeAddress(Step& step);
   bool isCompany(Step& step, Id id) const;
   bool isContact(Step& step, Id id) const;
   void putBusinessAddress(Step& step, Id id);
@@ -122,7 +122,7 @@ class NotificationComposer : public Form {
   std::vector<TextField> fields_;
   ComposerMode mode_ = ComposerMode::none;
   notificationTypes type_ = remittanceNotification;
-  CurrentDayTimerType kind_ = Appointments;
+  std::int32_t kind_ = Appointments;
   Id notifyID_ = noId;
   Id companyID_ = noId;
   Id contactID_ = noId;

@@ -5,30 +5,28 @@
 
 namespace autonotify {
 
-void NotificationComposer::changeAddress() {
-  procedure(tag("chkAddAddress_Click"), [&](Step& step) {
-    rtbText.setFocus();
-    if (isCompany(step, companyID_)) return putBusinessAddress(step, companyID_);
-    if (isContact(step, contactID_)) {
-      return putPersonalAddress(step, contactID_, !channel_.asksClientList);
-    }
-    const int clientType = getClientTypeFromNotificationID(notifyID_);
-    if (clientType == enumAutoNotifyCompany) {
-      putBusinessAddress(step, getCompanyIDFromAutoNotificationID(notifyID_));
-    } else if (clientType == enumAutoNotifyContact) {
-      putPersonalAddress(step, getContactIDFromAutoNotificationID(notifyID_), false);
-    }
-  });
+void NotificationComposer::changeAddress(Step& step) {
+  rtbText.setFocus();
+  if (isCompany(step, companyID_)) return putBusinessAddress(step, companyID_);
+  if (isContact(step, contactID_)) {
+    return putPersonalAddress(step, contactID_, !channel_.asksClientList);
+  }
+  const int clientType = getClientTypeFromNotificationID(notifyID_);
+  if (clientType == enumAutoNotifyCompany) {
+    putBusinessAddress(step, getCompanyIDFromAutoNotificationID(notifyID_));
+  } else if (clientType == enumAutoNotifyContact) {
+    putPersonalAddress(step, getContactIDFromAutoNotificationID(notifyID_), false);
+  }
 }
 
 bool NotificationComposer::isCompany(Step& step, Id id) const {
   if (!channel_.asksClientList) return id >= 1;
-  return step.value(false, [&] { return clients().isCompanyClient(id); });
+  return step.holds([&] { return clients().isCompanyClient(id); });
 }
 
 bool NotificationComposer::isContact(Step& step, Id id) const {
   if (!channel_.asksClientList) return id >= 1;
-  return step.value(false, [&] { return clients().isContactClient(id); });
+  return step.holds([&] { return clients().isContactClient(id); });
 }
 
 /// A message that goes at once bears today's date, a later one the date on which it goes.

@@ -1,5 +1,7 @@
 #include "wizards/NotificationDateField.h"
 
+#include "contract/Window.h"
+#include "contract/tags.h"
 #include "contract/windows.h"
 #include "platform/Value.h"
 #include "platform/format.h"
@@ -8,15 +10,10 @@
 namespace autonotify {
 namespace {
 
-/// All composers carry the wizard's name in these tags.
+/// All composers carry the wizard's name in the tags of this field.
 constexpr const char* form = "frmSendNotificationWizard";
-constexpr const char* dropDownTag =
-    "Morvane.exe-frmSendNotificationWizard-dtpNotification_DropDown";
-constexpr const char* closeUpTag = "Morvane.exe-frmSendNotificationWizard-dtpNotification_CloseUp";
-constexpr const char* validateTag =
-    "Morvane.exe-frmSendNotificationWizard-txtNotificationField_Validate";
-constexpr const char* lostFocusTag =
-    "Morvane.exe-frmSendNotificationWizard-txtNotificationField_LostFocus";
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"frmSendNotificationWizard", name>;
 
 bool wantsFriday() {
   return askQuestion("This date falls on a weekend.  Would you like " + locale().getProductName() +
@@ -35,16 +32,17 @@ NotificationDateField::NotificationDateField(Form& owner)
       lblNotificationDate(owner, "lblNotificationDate", "Notification Date:"),
       txtNotificationField(owner, "txtNotificationField"),
       dtpNotification(owner, "dtpNotification") {
-  for (Control* control :
-       {static_cast<Control*>(&lblNotificationDate), static_cast<Control*>(&txtNotificationField),
-        static_cast<Control*>(&dtpNotification)}) {
-    control->setContainer(picNotificationDate);
-  }
-  dtpNotification.onDropDown = [this] { onDropDown(); };
-  dtpNotification.onCloseUp = [this] { onCloseUp(); };
+  lblNotificationDate.setContainer(picNotificationDate);
+  txtNotificationField.setContainer(picNotificationDate);
+  dtpNotification.setContainer(picNotificationDate);
+  using Self = NotificationDateField;
+  react(dtpNotification.onDropDown, tag<"dtpNotification_DropDown">, *this, &Self::openCalendar);
+  react(dtpNotification.onCloseUp, tag<"dtpNotification_CloseUp">, *this, &Self::takePicked);
   markFocusGained(txtNotificationField, form);
-  txtNotificationField.onValidate = [this] { return onValidate(); };
-  txtNotificationField.onLostFocus = [this] { onLostFocus(); };
+  react(txtNotificationField.onValidate, tag<"txtNotificationField_Validate">, *this,
+        &Self::takeTyped);
+  react(txtNotificationField.onLostFocus, tag<"txtNotificationField_LostFocus">, *this,
+        &Self::rememberText);
 }
 
 void NotificationDateField::show(DateTime date) {
@@ -53,61 +51,47 @@ void NotificationDateField::show(DateTime date) {
   dtpNotification.setValue(date);
 }
 
-void NotificationDateField::onDropDown() {
-  procedure(dropDownTag, [&](Step& step) {
-    DateTime shown;
-    if (!step.value(false, [&] {
-          return validation().parseDateText(txtNotificationField.text(), shown);
-        })) {
-      step.assign(shown, [] { return platformClock().today(); });
-    }
-    dtpNotification.setValue(shown);
-  });
+bool NotificationDateField::parseText(Step& step, DateTime& date) const {
+  return step.holds([&] { return validation().parseDateText(txtNotificationField.text(), date); });
+}
+
+void NotificationDateField::openCalendar(Step& step) {
+  DateTime shown;
+  if (!parseText(step, shown)) step.assign(shown, [] { return platformClock().today(); });
+  dtpNotification.setValue(shown);
 }
 
 /// The picker keeps the date picked: it follows when the text field, which has the focus then, is
 /// left.
-void NotificationDateField::onCloseUp() {
-  procedure(closeUpTag, [&](Step& step) {
-    const DateTime picked = dtpNotification.value();
-    if (step.value(false, [&] { return validation().isDateText(toText(picked)); })) {
-      date_ = picked;
-      offerFriday(step);
-      txtNotificationField.setText(longDateText(date_));
-    }
-    txtNotificationField.setFocus();
-  });
+void NotificationDateField::takePicked(Step& step) {
+  const DateTime picked = dtpNotification.value();
+  if (step.holds([&] { return validation().isDateText(toText(picked)); })) {
+    date_ = picked;
+    offerFriday(step);
+    txtNotificationField.setText(longDateText(date_));
+  }
+  txtNotificationField.setFocus();
 }
 
-bool NotificationDateField::onValidate() {
-  return procedure(validateTag, false, [&](Step& step, bool& keepsFocus) {
-    if (step.value(false, [&] {
-          return validation().parseDateText(txtNotificationField.text(), date_);
-        })) {
-      offerFriday(step);
-      show(date_);
-      return;
-    }
-    step.run([] {
-      showMessage("You must enter a valid notification date.", message_style::valueRefused);
-    });
-    txtNotificationField.setText(previousText_);
-    keepsFocus = true;
-  });
+void NotificationDateField::takeTyped(Step& step, bool& keepsFocus) {
+  if (parseText(step, date_)) {
+    offerFriday(step);
+    show(date_);
+    return;
+  }
+  step.run(showMessage, "You must enter a valid notification date.", message_style::valueRefused);
+  txtNotificationField.setText(previousText_);
+  keepsFocus = true;
 }
 
-void NotificationDateField::onLostFocus() {
-  procedure(lostFocusTag, [&](Step& step) {
-    step.run([&] { styler().markFocusLost(&txtNotificationField); });
-    previousText_ = txtNotificationField.text();
-  });
+void NotificationDateField::rememberText(Step& step) {
+  step.run([&] { styler().markFocusLost(&txtNotificationField); });
+  previousText_ = txtNotificationField.text();
 }
 
 void NotificationDateField::offerFriday(Step& step) {
-  if (!step.value(false, [&] { return validation().isWeekend(date_); })) return;
-  if (step.value(false, [] { return wantsFriday(); })) {
-    date_ = adjustDateToFridayIfWeekendOrHoliday(date_);
-  }
+  if (!step.holds([&] { return validation().isWeekend(date_); })) return;
+  if (step.holds(wantsFriday)) date_ = adjustDateToFridayIfWeekendOrHoliday(date_);
 }
 
 }  // namespace autonotify

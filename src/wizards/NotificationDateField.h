@@ -25,7 +25,7 @@ class NotificationDateField {
   /// Adds its controls to the window, which outlives it.
   explicit NotificationDateField(Form& form);
 
-  /// The date that was taken last.
+  /// The date that was taken last; the zero date before the first.
   DateTime date() const { return date_; }
   /// Takes the date and shows it in both controls.
   void show(DateTime date);
@@ -36,10 +36,11 @@ class NotificationDateField {
   DatePicker dtpNotification;
 
  private:
-  void onDropDown();
-  void onCloseUp();
-  bool onValidate();
-  void onLostFocus();
+  void openCalendar(Step& step);
+  void takePicked(Step& step);
+  void takeTyped(Step& step, bool& keepsFocus);
+  void rememberText(Step& step);
+  bool parseText(Step& step, DateTime& date) const;
   void offerFriday(Step& step);
 
   DateTime date_;

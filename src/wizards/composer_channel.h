@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -46,7 +47,7 @@ struct ComposerChannel {
   /// Stores the texts that are not empty in the row of a schedule entry's notification.
   void (*editForSchedule)(Id notifyID, const FieldTexts& fields, const std::string& memo);
   /// The same as editForSchedule for the row of a diary item's notification.
-  void (*editForItem)(CurrentDayTimerType kind, Id notifyID, const FieldTexts& fields,
+  void (*editForItem)(std::int32_t kind, Id notifyID, const FieldTexts& fields,
                       const std::string& memo);
   /// The captions of cmdFinish and cmdCancel when the window is about a send at once; null: the
   /// ordinary ones.

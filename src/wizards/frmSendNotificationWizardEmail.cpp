@@ -24,7 +24,7 @@ constexpr ComposerChannel emailChannel{
           editEmailNotification(id, field[0], field[1], field[2], field[3], memo);
         },
     .editForItem =
-        [](CurrentDayTimerType kind, Id id, const FieldTexts& field, const std::string& memo) {
+        [](std::int32_t kind, Id id, const FieldTexts& field, const std::string& memo) {
           editApptEmailNotification(kind, id, field[0], field[1], field[2], field[3], memo);
         },
 };
@@ -72,20 +72,17 @@ void frmSendNotificationWizardEmail::finish(Step& step) {
 /// An address that is missing does not stop the send when the person says so.
 bool frmSendNotificationWizardEmail::mayGo(Step& step) {
   if (!isEmpty(step, cboTo.text())) return true;
-  const bool saidYes = step.value(false, [] {
-    return askQuestion(
-        "There is no email address entered for this notification.  Do you want to continue anyway?",
-        message_style::notice);
-  });
+  const std::string question =
+      "There is no email address entered for this notification.  Do you want to continue anyway?";
+  const bool saidYes = step.holds(askQuestion, question, message_style::notice);
   if (saidYes && mode() == ComposerMode::notifyNow) yieldToHost(step, 2);
   return saidYes;
 }
 
 void frmSendNotificationWizardEmail::send(Step& step) {
-  if (!sendEmail(step,
-                 {cboTo.text(), cboCc.text(), cboBcc.text(), txtSubject.text(), rtbText.text()})) {
-    return;
-  }
+  const EmailMessage message{cboTo.text(), cboCc.text(), cboBcc.text(), txtSubject.text(),
+                             rtbText.text()};
+  if (!sendEmail(step, message)) return;
   noteSent();
   if (mode() == ComposerMode::notifyNow) markSent(step);
 }
