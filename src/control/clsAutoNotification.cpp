@@ -1,11 +1,15 @@
 #include "control/clsAutoNotification.h"
 
 #include "contract/procedure.h"
+#include "contract/tags.h"
 #include "control/component_objects.h"
 #include "store/modItemLinks.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsAutoNotification", name>;
 
 class AutoNotification final : public clsAutoNotification {
  public:
@@ -16,71 +20,62 @@ class AutoNotification final : public clsAutoNotification {
 
   ItemLinksClass* get_ItemLinksClass() override { return links_.get(); }
 
-  Id get_ApptIDNum() override { return get(ItemLink::ApptIDNum); }
-  void put_ApptIDNum(Id value) override { put(ItemLink::ApptIDNum, value); }
-  Id get_TaskIDNum() override { return get(ItemLink::TaskIDNum); }
-  void put_TaskIDNum(Id value) override { put(ItemLink::TaskIDNum, value); }
-  Id get_DocketIDNum() override { return get(ItemLink::DocketIDNum); }
-  void put_DocketIDNum(Id value) override { put(ItemLink::DocketIDNum, value); }
-  Id get_ToDoIDNum() override { return get(ItemLink::ToDoIDNum); }
-  void put_ToDoIDNum(Id value) override { put(ItemLink::ToDoIDNum, value); }
-  Id get_ScheduleIDNum() override { return get(ItemLink::ScheduleIDNum); }
-  void put_ScheduleIDNum(Id value) override { put(ItemLink::ScheduleIDNum, value); }
-  Id get_ScheduleTypeIDNum() override { return get(ItemLink::ScheduleTypeIDNum); }
-  void put_ScheduleTypeIDNum(Id value) override { put(ItemLink::ScheduleTypeIDNum, value); }
-  Id get_OperatingProcedureIDNum() override { return get(ItemLink::OperatingProcedureIDNum); }
-  void put_OperatingProcedureIDNum(Id value) override {
-    put(ItemLink::OperatingProcedureIDNum, value);
-  }
-  Id get_ProjectIDNum() override { return get(ItemLink::ProjectIDNum); }
-  void put_ProjectIDNum(Id value) override { put(ItemLink::ProjectIDNum, value); }
-  Id get_projectStepIDNum() override { return get(ItemLink::projectStepIDNum); }
-  void put_projectStepIDNum(Id value) override { put(ItemLink::projectStepIDNum, value); }
-  Id get_PersonalTaxStatusIDNum() override { return get(ItemLink::PersonalTaxStatusIDNum); }
-  void put_PersonalTaxStatusIDNum(Id value) override {
-    put(ItemLink::PersonalTaxStatusIDNum, value);
-  }
-  Id get_MissingInfoIDNum() override { return get(ItemLink::MissingInfoIDNum); }
-  void put_MissingInfoIDNum(Id value) override { put(ItemLink::MissingInfoIDNum, value); }
-  Id get_CommunicationLogIDNum() override { return get(ItemLink::CommunicationLogIDNum); }
-  void put_CommunicationLogIDNum(Id value) override { put(ItemLink::CommunicationLogIDNum, value); }
-  Id get_DocumentIDNum() override { return get(ItemLink::DocumentIDNum); }
-  void put_DocumentIDNum(Id value) override { put(ItemLink::DocumentIDNum, value); }
-
   bool get_isSavedFlag() override { return isSaved_; }
   void put_isSavedFlag(bool value) override { isSaved_ = value; }
   bool get_IsDirty() override { return isDirty_; }
   void put_IsDirty(bool value) override { isDirty_ = value; }
 
   void Terminate() override {
-    procedure("Morvane.exe-clsAutoNotification-Terminate", [&](Step& step) {
-      if (links_) step.run([&] { links_->Terminate(); });
+    procedure(tag<"Terminate">, [&](Step& step) {
+      if (links_) step.run(&ItemLinksClass::Terminate, *links_);
     });
     links_.reset();
   }
 
   void resetAllValues() override {
-    procedure("Morvane.exe-clsAutoNotification-resetAllValues", [&](Step& step) {
-      if (links_) step.run([&] { links_->resetAllValues(); });
+    procedure(tag<"resetAllValues">, [&](Step& step) {
+      if (links_) step.run(&ItemLinksClass::resetAllValues, *links_);
       isSaved_ = false;
       isDirty_ = false;
     });
   }
 
+#define LINK(name)                     \
+  Id get_##name() override {           \
+    return get(ItemLink::name);        \
+  }                                    \
+  void put_##name(Id value) override { \
+    put(ItemLink::name, value);        \
+  }
+  LINK(ApptIDNum)
+  LINK(TaskIDNum)
+  LINK(DocketIDNum)
+  LINK(ToDoIDNum)
+  LINK(ScheduleIDNum)
+  LINK(ScheduleTypeIDNum)
+  LINK(OperatingProcedureIDNum)
+  LINK(ProjectIDNum)
+  LINK(projectStepIDNum)
+  LINK(PersonalTaxStatusIDNum)
+  LINK(MissingInfoIDNum)
+  LINK(CommunicationLogIDNum)
+  LINK(DocumentIDNum)
+#undef LINK
+
  private:
   // After Terminate a link reads as none and cannot be set.
 
   Id get(ItemLink link) {
-    return procedure("Morvane.exe-clsAutoNotification-getLink", noId, [&](Step& step, Id& result) {
-      if (links_) step.assign(result, [&] { return links_->get_link(link); });
+    return procedure(tag<"getLink">, noId, [&](Step& step, Id& result) {
+      if (links_) step.assign(result, &ItemLinksClass::get_link, *links_, link);
     });
   }
 
   void put(ItemLink link, Id value) {
-    procedure("Morvane.exe-clsAutoNotification-putLink", [&](Step& step) {
+    procedure(tag<"putLink">, [&](Step& step) {
       if (!links_) return;
-      if (step.value(value, [&] { return links_->get_link(link); }) == value) return;
-      step.run([&] { links_->put_link(link, value); });
+      if (step.value(value, &ItemLinksClass::get_link, *links_, link) == value) return;
+      step.run(&ItemLinksClass::put_link, *links_, link, value);
       isDirty_ = true;
     });
   }

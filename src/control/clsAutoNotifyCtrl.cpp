@@ -4,6 +4,7 @@
 #include "channels/modChannelNotifications.h"
 #include "contract/procedure.h"
 #include "contract/references.h"
+#include "contract/tags.h"
 #include "control/component_objects.h"
 #include "control/open_window.h"
 #include "scheduling/modNotificationComments.h"
@@ -15,11 +16,10 @@
 namespace autonotify {
 namespace {
 
-/// An operation of the control: the procedure in a frame of the operation's own.
-template <class Result, class... Parameters, class... Arguments>
-Result forward(const char* operation, Result (*target)(Parameters...),
-               const Arguments&... arguments) {
-  const std::string tag = std::string("Morvane.exe-clsAutoNotifyCtrl-") + operation;
+/// The procedure in a frame of the operation's own.
+template <FixedText operation, class Result, class... Parameters, class... Arguments>
+Result forward(Result (*target)(Parameters...), const Arguments&... arguments) {
+  constexpr std::string_view tag = procedureTag<"clsAutoNotifyCtrl", operation>;
   if constexpr (std::is_void_v<Result>) {
     procedure(tag, [&](Step&) { target(arguments...); });
   } else {
@@ -88,258 +88,126 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   }
   void adviseEvents(clsAutoNotifyCtrlEvents* sink) override { events_ = sink; }
 
-  // The state of a schedule entry's notifications.
+  // The operations that forward, named after their procedures with "cls_" in front:
+  // FORWARD(result, procedure, (parameters), arguments).
 
-  bool cls_doesClientHaveAssociatedUnsentNotifications(Id clientID) override {
-    return forward("cls_doesClientHaveAssociatedUnsentNotifications",
-                   doesClientHaveAssociatedUnsentNotifications, clientID);
+#define FORWARD(Result, name, parameters, ...)                     \
+  Result cls_##name parameters override {                          \
+    return forward<"cls_" #name>(name __VA_OPT__(, ) __VA_ARGS__); \
   }
-  void cls_cancelAllUnsentNotificationsForClientID(Id clientID) override {
-    forward("cls_cancelAllUnsentNotificationsForClientID", cancelAllUnsentNotificationsForClientID,
-            clientID);
-  }
-  Id cls_getNotificationID(Id itemNum, notifyType remittType) override {
-    return forward("cls_getNotificationID", getNotificationID, itemNum, remittType);
-  }
-  bool cls_getNotificationStatus(Id ScheduleIDNum, notifyType remittType) override {
-    return forward("cls_getNotificationStatus", getNotificationStatus, ScheduleIDNum, remittType);
-  }
-  void cls_ChangeNotificationNotifiedDate(Id notifyNum, DateTime newDate) override {
-    forward("cls_ChangeNotificationNotifiedDate", changeNotificationNotifiedDate, notifyNum,
-            newDate);
-  }
-  bool cls_changeNotificationStatus(notifyType remittType, changeStatus statusChange,
-                                    Id ScheduleIDNum) override {
-    return forward("cls_changeNotificationStatus", changeNotificationStatus, remittType,
-                   statusChange, ScheduleIDNum);
-  }
-  bool cls_needToSendAutoNotificationsToday() override {
-    return forward("cls_needToSendAutoNotificationsToday", needToSendAutoNotificationsToday);
-  }
-  bool cls_IsEmailSelected(std::uint8_t notification) override {
-    return forward("cls_IsEmailSelected", IsEmailSelected, notification);
-  }
-  bool cls_IsFaxSelected(std::uint8_t notification) override {
-    return forward("cls_IsFaxSelected", IsFaxSelected, notification);
-  }
-  bool cls_IsLetterSelected(std::uint8_t notification) override {
-    return forward("cls_IsLetterSelected", IsLetterSelected, notification);
-  }
-  bool cls_IsPhoneSelected(std::uint8_t notification) override {
-    return forward("cls_IsPhoneSelected", IsPhoneSelected, notification);
+  using Text = const std::string&;
+  using Kind = CurrentDayTimerType;
+
+  // The state of a schedule entry's notifications.
+  FORWARD(bool, doesClientHaveAssociatedUnsentNotifications, (Id client), client)
+  FORWARD(void, cancelAllUnsentNotificationsForClientID, (Id client), client)
+  FORWARD(Id, getNotificationID, (Id entry, notifyType channel), entry, channel)
+  FORWARD(bool, getNotificationStatus, (Id entry, notifyType channel), entry, channel)
+  FORWARD(bool, changeNotificationStatus, (notifyType channel, changeStatus change, Id entry),
+          channel, change, entry)
+  FORWARD(bool, needToSendAutoNotificationsToday, ())
+  FORWARD(bool, IsEmailSelected, (std::uint8_t bits), bits)
+  FORWARD(bool, IsFaxSelected, (std::uint8_t bits), bits)
+  FORWARD(bool, IsLetterSelected, (std::uint8_t bits), bits)
+  FORWARD(bool, IsPhoneSelected, (std::uint8_t bits), bits)
+  void cls_ChangeNotificationNotifiedDate(Id row, DateTime date) override {
+    forward<"cls_ChangeNotificationNotifiedDate">(changeNotificationNotifiedDate, row, date);
   }
 
   // Adding and editing, by channel.
-
-  Id cls_addNewEmailNotificationFromScheduleIDNum(Id ScheduleIDNum) override {
-    return forward("cls_addNewEmailNotificationFromScheduleIDNum",
-                   addNewEmailNotificationFromScheduleIDNum, ScheduleIDNum);
-  }
-  Id cls_addNewEmailNotificationFromScheduleNameAndDueDate(
-      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
-      DateTime dueDate, const std::string& templateComment) override {
-    return forward("cls_addNewEmailNotificationFromScheduleNameAndDueDate",
-                   addNewEmailNotificationFromScheduleNameAndDueDate, scheduleID, taskID,
-                   CompanyIDNum, ContactIDNum, scheduleName, dueDate, templateComment);
-  }
-  void cls_editEmailNotification(Id notificationNum, const std::string& ToStr,
-                                 const std::string& CcStr, const std::string& BccStr,
-                                 const std::string& subjectStr,
-                                 const std::string& memoStr) override {
-    forward("cls_editEmailNotification", editEmailNotification, notificationNum, ToStr, CcStr,
-            BccStr, subjectStr, memoStr);
-  }
-  Id cls_addNewFaxNotificationFromScheduleIDNum(Id ScheduleIDNum) override {
-    return forward("cls_addNewFaxNotificationFromScheduleIDNum",
-                   addNewFaxNotificationFromScheduleIDNum, ScheduleIDNum);
-  }
-  Id cls_addNewFaxNotificationFromScheduleNameAndDueDate(
-      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
-      DateTime dueDate, const std::string& templateComment) override {
-    return forward("cls_addNewFaxNotificationFromScheduleNameAndDueDate",
-                   addNewFaxNotificationFromScheduleNameAndDueDate, scheduleID, taskID,
-                   CompanyIDNum, ContactIDNum, scheduleName, dueDate, templateComment);
-  }
-  void cls_editFaxNotification(Id notificationNum, const std::string& ToStr,
-                               const std::string& FromStr, const std::string& SenderFaxStr,
-                               const std::string& ReceiverFaxStr, const std::string& PagesStr,
-                               const std::string& subjectStr, const std::string& memoStr) override {
-    forward("cls_editFaxNotification", editFaxNotification, notificationNum, ToStr, FromStr,
-            SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr);
-  }
-  Id cls_addNewLetterNotificationFromScheduleIDNum(Id ScheduleIDNum) override {
-    return forward("cls_addNewLetterNotificationFromScheduleIDNum",
-                   addNewLetterNotificationFromScheduleIDNum, ScheduleIDNum);
-  }
-  Id cls_addNewLetterNotificationFromScheduleNameAndDueDate(
-      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
-      DateTime dueDate, const std::string& templateComment) override {
-    return forward("cls_addNewLetterNotificationFromScheduleNameAndDueDate",
-                   addNewLetterNotificationFromScheduleNameAndDueDate, scheduleID, taskID,
-                   CompanyIDNum, ContactIDNum, scheduleName, dueDate, templateComment);
-  }
-  void cls_editLetterNotification(Id notificationNum, const std::string& memoStr) override {
-    forward("cls_editLetterNotification", editLetterNotification, notificationNum, memoStr);
-  }
-  Id cls_addNewPhoneNotificationFromScheduleNameAndDueDate(
-      Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum, const std::string& scheduleName,
-      DateTime dueDate, const std::string& templateComment) override {
-    return forward("cls_addNewPhoneNotificationFromScheduleNameAndDueDate",
-                   addNewPhoneNotificationFromScheduleNameAndDueDate, scheduleID, taskID,
-                   CompanyIDNum, ContactIDNum, scheduleName, dueDate, templateComment);
-  }
-  Id cls_addNewPhoneNotificationFromScheduleIDNum(Id ScheduleIDNum) override {
-    return forward("cls_addNewPhoneNotificationFromScheduleIDNum",
-                   addNewPhoneNotificationFromScheduleIDNum, ScheduleIDNum);
-  }
-  void cls_editPhoneNotification(Id notificationNum, const std::string& ToStr,
-                                 const std::string& PhoneNumberStr, const std::string& TimesStr,
-                                 const std::string& memoStr) override {
-    forward("cls_editPhoneNotification", editPhoneNotification, notificationNum, ToStr,
-            PhoneNumberStr, TimesStr, memoStr);
-  }
+  FORWARD(Id, addNewEmailNotificationFromScheduleIDNum, (Id entry), entry)
+  FORWARD(Id, addNewEmailNotificationFromScheduleNameAndDueDate,
+          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
+          task, company, contact, name, due, comment)
+  FORWARD(Id, addNewFaxNotificationFromScheduleIDNum, (Id entry), entry)
+  FORWARD(Id, addNewFaxNotificationFromScheduleNameAndDueDate,
+          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
+          task, company, contact, name, due, comment)
+  FORWARD(Id, addNewLetterNotificationFromScheduleIDNum, (Id entry), entry)
+  FORWARD(Id, addNewLetterNotificationFromScheduleNameAndDueDate,
+          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
+          task, company, contact, name, due, comment)
+  FORWARD(Id, addNewPhoneNotificationFromScheduleIDNum, (Id entry), entry)
+  FORWARD(Id, addNewPhoneNotificationFromScheduleNameAndDueDate,
+          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
+          task, company, contact, name, due, comment)
+  FORWARD(void, editEmailNotification,
+          (Id row, Text to, Text cc, Text bcc, Text subject, Text memo), row, to, cc, bcc, subject,
+          memo)
+  FORWARD(void, editFaxNotification,
+          (Id row, Text to, Text from, Text sender, Text receiver, Text pages, Text subject,
+           Text memo),
+          row, to, from, sender, receiver, pages, subject, memo)
+  FORWARD(void, editLetterNotification, (Id row, Text memo), row, memo)
+  FORWARD(void, editPhoneNotification, (Id row, Text to, Text number, Text times, Text memo), row,
+          to, number, times, memo)
 
   // Copying and deleting.
-
-  void cls_copyOldNotificationInfoToNewNotification(Id newNotificationNum,
-                                                    Id oldNotificationNum) override {
-    forward("cls_copyOldNotificationInfoToNewNotification",
-            copyOldNotificationInfoToNewNotification, newNotificationNum, oldNotificationNum);
-  }
-  void cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum(Id newNotificationNum,
-                                                                   Id oldScheduleIDNum) override {
-    forward("cls_copyOldNotificationInfoToNewNotificationByScheduleIDNum",
-            copyOldNotificationInfoToNewNotificationByScheduleIDNum, newNotificationNum,
-            oldScheduleIDNum);
-  }
-  void cls_deleteNotification(Id NotifyID) override {
-    forward("cls_deleteNotification", deleteNotification, NotifyID);
+  FORWARD(void, copyOldNotificationInfoToNewNotification, (Id newRow, Id oldRow), newRow, oldRow)
+  FORWARD(void, copyOldNotificationInfoToNewNotificationByScheduleIDNum, (Id newRow, Id oldEntry),
+          newRow, oldEntry)
+  void cls_deleteNotification(Id row) override {
+    forward<"cls_deleteNotification">(deleteNotification, row);
   }
 
   // Diary items.
-
-  void cls_deleteApptNotification(CurrentDayTimerType dayTimerType, notifyType remittType,
-                                  Id itemNum) override {
-    forward("cls_deleteApptNotification", deleteApptNotification, dayTimerType, remittType,
-            itemNum);
-  }
-  bool cls_getApptNotificationStatus(CurrentDayTimerType dayTimerType, Id itemNum,
-                                     notifyType remittType) override {
-    return forward("cls_getApptNotificationStatus", getApptNotificationStatus, dayTimerType,
-                   itemNum, remittType);
-  }
-  Id cls_getApptNotificationID(CurrentDayTimerType dayTimerType, Id itemNum,
-                               notifyType remittType) override {
-    return forward("cls_getApptNotificationID", getApptNotificationID, dayTimerType, itemNum,
-                   remittType);
-  }
-  DateTime cls_getApptNotificationDate(Id notificationNum) override {
-    return forward("cls_getApptNotificationDate", getApptNotificationDate, notificationNum);
-  }
-  void cls_resetApptNotificationBody(std::int32_t dayTimerType, Id notificationNum,
-                                     Id itemNum) override {
-    forward("cls_resetApptNotificationBody", resetApptNotificationBody, dayTimerType,
-            notificationNum, itemNum);
-  }
-  bool cls_changeApptNotificationStatus(CurrentDayTimerType dayTimerType, notifyType remittType,
-                                        changeStatus statusChange, Id itemNum) override {
-    return forward("cls_changeApptNotificationStatus", changeApptNotificationStatus, dayTimerType,
-                   remittType, statusChange, itemNum);
-  }
-  void cls_copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(
-      CurrentDayTimerType dayTimerType, Id newNotificationNum, Id oldTaskIDNum) override {
-    forward("cls_copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum",
-            copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum, dayTimerType,
-            newNotificationNum, oldTaskIDNum);
-  }
-  Id cls_addNewApptEmailNotification(CurrentDayTimerType dayTimerType, Id itemNum,
-                                     DateTime reminderDate, Id notificationNum, Id companyNum,
-                                     Id contactNum) override {
-    return forward("cls_addNewApptEmailNotification", addNewApptEmailNotification, dayTimerType,
-                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
-  }
-  void cls_editApptEmailNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
-                                     const std::string& ToStr, const std::string& CcStr,
-                                     const std::string& BccStr, const std::string& subjectStr,
-                                     const std::string& memoStr) override {
-    forward("cls_editApptEmailNotification", editApptEmailNotification, dayTimerType,
-            notificationNum, ToStr, CcStr, BccStr, subjectStr, memoStr);
-  }
-  Id cls_addNewApptFaxNotification(CurrentDayTimerType dayTimerType, Id itemNum,
-                                   DateTime reminderDate, Id notificationNum, Id companyNum,
-                                   Id contactNum) override {
-    return forward("cls_addNewApptFaxNotification", addNewApptFaxNotification, dayTimerType,
-                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
-  }
-  void cls_editApptFaxNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
-                                   const std::string& ToStr, const std::string& FromStr,
-                                   const std::string& SenderFaxStr,
-                                   const std::string& ReceiverFaxStr, const std::string& PagesStr,
-                                   const std::string& subjectStr,
-                                   const std::string& memoStr) override {
-    forward("cls_editApptFaxNotification", editApptFaxNotification, dayTimerType, notificationNum,
-            ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr);
-  }
-  Id cls_addNewApptLetterNotification(CurrentDayTimerType dayTimerType, Id itemNum,
-                                      DateTime reminderDate, Id notificationNum, Id companyNum,
-                                      Id contactNum) override {
-    return forward("cls_addNewApptLetterNotification", addNewApptLetterNotification, dayTimerType,
-                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
-  }
-  void cls_editApptLetterNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
-                                      const std::string& memoStr) override {
-    forward("cls_editApptLetterNotification", editApptLetterNotification, dayTimerType,
-            notificationNum, memoStr);
-  }
-  Id cls_addNewApptPhoneNotification(CurrentDayTimerType dayTimerType, Id itemNum,
-                                     DateTime reminderDate, Id notificationNum, Id companyNum,
-                                     Id contactNum) override {
-    return forward("cls_addNewApptPhoneNotification", addNewApptPhoneNotification, dayTimerType,
-                   itemNum, reminderDate, notificationNum, companyNum, contactNum);
-  }
-  void cls_editApptPhoneNotification(CurrentDayTimerType dayTimerType, Id notificationNum,
-                                     const std::string& ToStr, const std::string& PhoneNumberStr,
-                                     const std::string& TimesStr,
-                                     const std::string& memoStr) override {
-    forward("cls_editApptPhoneNotification", editApptPhoneNotification, dayTimerType,
-            notificationNum, ToStr, PhoneNumberStr, TimesStr, memoStr);
-  }
+  FORWARD(void, deleteApptNotification, (Kind kind, notifyType channel, Id item), kind, channel,
+          item)
+  FORWARD(bool, getApptNotificationStatus, (Kind kind, Id item, notifyType channel), kind, item,
+          channel)
+  FORWARD(Id, getApptNotificationID, (Kind kind, Id item, notifyType channel), kind, item, channel)
+  FORWARD(DateTime, getApptNotificationDate, (Id row), row)
+  FORWARD(void, resetApptNotificationBody, (std::int32_t kind, Id row, Id item), kind, row, item)
+  FORWARD(bool, changeApptNotificationStatus,
+          (Kind kind, notifyType channel, changeStatus change, Id item), kind, channel, change,
+          item)
+  FORWARD(void, copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum,
+          (Kind kind, Id newRow, Id oldItem), kind, newRow, oldItem)
+  FORWARD(Id, addNewApptEmailNotification,
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
+          row, company, contact)
+  FORWARD(Id, addNewApptFaxNotification,
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
+          row, company, contact)
+  FORWARD(Id, addNewApptLetterNotification,
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
+          row, company, contact)
+  FORWARD(Id, addNewApptPhoneNotification,
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
+          row, company, contact)
+  FORWARD(void, editApptEmailNotification,
+          (Kind kind, Id row, Text to, Text cc, Text bcc, Text subject, Text memo), kind, row, to,
+          cc, bcc, subject, memo)
+  FORWARD(void, editApptFaxNotification,
+          (Kind kind, Id row, Text to, Text from, Text sender, Text receiver, Text pages,
+           Text subject, Text memo),
+          kind, row, to, from, sender, receiver, pages, subject, memo)
+  FORWARD(void, editApptLetterNotification, (Kind kind, Id row, Text memo), kind, row, memo)
+  FORWARD(void, editApptPhoneNotification,
+          (Kind kind, Id row, Text to, Text number, Text times, Text memo), kind, row, to, number,
+          times, memo)
 
   // Dates and texts.
-
-  std::int16_t cls_getNotificationPeriod(Id totalNum, Id ScheduleNum,
-                                         bool getValueForUserDisplay) override {
-    return forward("cls_getNotificationPeriod", getNotificationPeriod, totalNum, ScheduleNum,
-                   getValueForUserDisplay);
-  }
-  void cls_refreshNotificationDate(Id ScheduleIDNum) override {
-    forward("cls_refreshNotificationDate", refreshNotificationDate, ScheduleIDNum);
-  }
-  std::string cls_generateClientAutoNotifyComment(Id scheduleID) override {
-    return forward("cls_generateClientAutoNotifyComment", generateClientAutoNotifyComment,
-                   scheduleID);
-  }
+  FORWARD(std::int16_t, getNotificationPeriod, (Id total, Id schedule, bool forDisplay), total,
+          schedule, forDisplay)
+  FORWARD(void, refreshNotificationDate, (Id entry), entry)
+  FORWARD(std::string, generateClientAutoNotifyComment, (Id entry), entry)
+#undef FORWARD
 
   // Windows.
 
-  void cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
-      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
-      Id scheduleID) override {
-    openWindow<frmSendNotificationWizardEmail>(
-        "cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify", cancelFlag_,
-        [&](auto& window) {
-          window.InitializeNewAutoNotify(currentNotificationType, NotifyID, dayTimerType,
-                                         scheduleID);
-        });
+  using Email = frmSendNotificationWizardEmail;
+  void cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(Kind kind,
+                                                                       notificationTypes type,
+                                                                       Id row, Id entry) override {
+    openWindow<Email, "cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify">(
+        cancelFlag_, &Email::InitializeNewAutoNotify, type, row, kind, entry);
   }
-  void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
-      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
-      Id scheduleID) override {
-    openWindow<frmSendNotificationWizardEmail>(
-        "cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow", cancelFlag_,
-        [&](auto& window) {
-          window.InitializeNotifyNow(currentNotificationType, NotifyID, dayTimerType, scheduleID);
-        });
+  void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(Kind kind,
+                                                                       notificationTypes type,
+                                                                       Id row, Id entry) override {
+    openWindow<Email, "cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow">(
+        cancelFlag_, &Email::InitializeNotifyNow, type, row, kind, entry);
   }
 
  private:

@@ -3,6 +3,7 @@
 #include "contacts/modDefaultContact.h"
 #include "contract/procedure.h"
 #include "contract/references.h"
+#include "contract/tags.h"
 #include "contract/windows.h"
 #include "control/component_objects.h"
 #include "control/contact_tools.h"
@@ -16,8 +17,11 @@
 namespace autonotify {
 namespace {
 
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsNotificationTools", name>;
+
 constexpr ColumnLookup channelOfRow{
-    "Morvane.exe-clsNotificationTools-getNotificationType",
+    tag<"getNotificationType">,
     {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationType FROM "
      "ClientNotification WHERE ClientNotificationID=",
      "NotificationType"}};
@@ -25,7 +29,7 @@ constexpr ColumnLookup channelOfRow{
 class NotificationTools final : public clsNotificationTools {
  public:
   void changeNotificationToSent(Id notificationID) override {
-    procedure("Morvane.exe-clsNotificationTools-changeNotificationToSent", [&](Step& step) {
+    procedure(tag<"changeNotificationToSent">, [&](Step& step) {
       DateTime now;
       step.assign(now, [] { return platformClock().now(); });
       autonotify::changeNotificationToSent(notificationID, now, true);
@@ -37,15 +41,13 @@ class NotificationTools final : public clsNotificationTools {
   }
 
   bool editEmailNotification(Id notificationID) override {
-    return procedure("Morvane.exe-clsNotificationTools-editEmailNotification", false,
-                     [&](Step& step, bool& result) {
-                       if (lookUpId(channelOfRow, notificationID) != nt_Email) return;
-                       withWindow<frmSendNotificationWizardEmail>(step, [&](auto& window) {
-                         window.InitializeEditAutoNotify(remittanceNotification, notificationID,
-                                                         Tasks);
-                         result = !window.cancelFlag();
-                       });
-                     });
+    return procedure(tag<"editEmailNotification">, false, [&](Step& step, bool& result) {
+      if (lookUpId(channelOfRow, notificationID) != nt_Email) return;
+      withWindow<frmSendNotificationWizardEmail>(step, [&](auto& window) {
+        window.InitializeEditAutoNotify(remittanceNotification, notificationID, Tasks);
+        result = !window.cancelFlag();
+      });
+    });
   }
 
   std::string findTemplateFault(const std::string& templateText, bool isRTF) override {

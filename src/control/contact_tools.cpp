@@ -7,6 +7,7 @@
 #include "contacts/modDatabaseFunctions.h"
 #include "contacts/modDefaultContact.h"
 #include "contract/procedure.h"
+#include "contract/tags.h"
 #include "platform/controls/ComboBox.h"
 
 namespace autonotify {
@@ -81,16 +82,16 @@ RecipientOffer listRecipients(enumAutoNotifyClientType clientType, Id clientId,
 }
 
 bool setDefaultContact(Id companyID, Id contactID) {
-  return procedure("Morvane.exe-clsNotificationTools-setDefaultContact", false,
-                   [&](Step&, bool& result) {
-                     if (contactID < 0) {
-                       setNoContactAsDefault(companyID);
-                       result = true;
-                     } else {
-                       result = setContactAsDefault(companyID, contactID);
-                     }
-                     if (result) saveCompanyContactRTF(companyID);
-                   });
+  constexpr std::string_view tag = procedureTag<"clsNotificationTools", "setDefaultContact">;
+  return procedure(tag, false, [&](Step&, bool& result) {
+    if (contactID < 0) {
+      setNoContactAsDefault(companyID);
+      result = true;
+    } else {
+      result = setContactAsDefault(companyID, contactID);
+    }
+    if (result) saveCompanyContactRTF(companyID);
+  });
 }
 
 }  // namespace autonotify

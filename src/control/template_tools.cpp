@@ -1,6 +1,7 @@
 #include "control/template_tools.h"
 
 #include "contract/procedure.h"
+#include "contract/tags.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_columns.h"
 #include "merge/fields/field_list_kinds.h"
@@ -10,8 +11,11 @@
 namespace autonotify {
 namespace {
 
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsNotificationTools", name>;
+
 constexpr ColumnLookup keyOfKind{
-    "Morvane.exe-clsNotificationTools-propagateTemplate",
+    tag<"propagateTemplate">,
     {"SELECT ScheduleTypes.ScheduleTypeID FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=",
      "ScheduleTypeID"}};
 
@@ -24,17 +28,14 @@ void listFields(clsInsertFieldsInRTB& engine, int listType) {
 }
 
 MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row) {
-  const auto item = [&](int column) {
-    return step.value(std::string{},
-                      [&] { return toText(engine.get_FieldList()->getItem(column)); });
-  };
+  const auto textOf = [&](int column) { return toText(engine.get_FieldList()->getItem(column)); };
   MergeFieldInfo field;
   bool withMarks = true;
   field.token = engine.parseListItem(row, withMarks);
-  field.group = item(field_column::group);
+  field.group = step.value(std::string{}, textOf, field_column::group);
   step.assign(field.dataType,
               [&] { return toInteger(engine.get_FieldList()->getItem(field_column::dataType)); });
-  field.sample = item(field_column::sample);
+  field.sample = step.value(std::string{}, textOf, field_column::sample);
   return field;
 }
 
@@ -66,14 +67,13 @@ void propagateTemplate(Id scheduleTypeID,
 }
 
 std::vector<MergeFieldInfo> listMergeFields(MergeUse use) {
-  return procedure(
-      "Morvane.exe-clsNotificationTools-listMergeFields", std::vector<MergeFieldInfo>{},
-      [&](Step& step, std::vector<MergeFieldInfo>& result) {
-        clsInsertFieldsInRTB engine;
-        listFields(engine, static_cast<int>(use));
-        const int rows = step.value(0, [&] { return engine.get_FieldList()->getEntryCount(); });
-        for (int row = 1; row <= rows; ++row) result.push_back(readMergeField(step, engine, row));
-      });
+  using Fields = std::vector<MergeFieldInfo>;
+  return procedure(tag<"listMergeFields">, Fields{}, [&](Step& step, Fields& result) {
+    clsInsertFieldsInRTB engine;
+    listFields(engine, static_cast<int>(use));
+    const int rows = step.value(0, [&] { return engine.get_FieldList()->getEntryCount(); });
+    for (int row = 1; row <= rows; ++row) result.push_back(readMergeField(step, engine, row));
+  });
 }
 
 }  // namespace autonotify
