@@ -155,9 +155,9 @@ void NotificationComposer::readRow(const Row& row) {
     std::visit([&](auto* field) { field->setText(text); }, fields_[i]);
   }
   rtbText.setTextRTF(row.text("Memo"));
-  row.step().run([&] {
-    notificationDate.show(toDateTime(database().getFieldValue(row.handle(), "NotificationDate")));
-  });
+  DateTime date;
+  row.read(date, "NotificationDate", toDateTime);
+  if (!date.isZero()) notificationDate.show(date);
 }
 
 void NotificationComposer::showSentState(const Row& row) {
@@ -201,8 +201,10 @@ void NotificationComposer::saveFields() {
   edit(kind_, fieldTexts(), rtbText.textRTF());
 }
 
+/// A row whose date could not be read keeps it, unless a person has given one.
 void NotificationComposer::saveDate() {
-  changeNotificationNotifiedDate(notifyID_, notificationDate.dtpNotification.value());
+  const DateTime date = notificationDate.dtpNotification.value();
+  if (!date.isZero()) changeNotificationNotifiedDate(notifyID_, date);
 }
 
 void NotificationComposer::saveForLater(Step& step) {
@@ -226,10 +228,11 @@ void NotificationComposer::confirm(Step& step) {
   const Id user = step.value(noId, [] { return locale().getCurrentUserID(); });
   if (!getAutoSendWizardConfirmation(user)) return;
   const char* word = wordFor(type_, kind_);
-  if (!word) return;
-  const std::string text = channel_.confirmationStart + std::string(word) +
-                           channel_.confirmationEnd + longDateText(notificationDate.date());
-  step.run(showMessage, text, message_style::armedConfirmed);
+  const DateTime date = notificationDate.date();
+  if (!word || date.isZero()) return;
+  const std::string text =
+      std::string(channel_.confirmationStart) + word + channel_.confirmationEnd;
+  step.run(showMessage, text + longDateText(date), message_style::armedConfirmed);
 }
 
 void NotificationComposer::markSent(Step& step) {

@@ -71,7 +71,7 @@ class NotificationComposer : public Window {
 
   /// Stores the fields; texts that are empty leave their columns alone.
   void saveFields();
-  /// Stores the date of the picker.
+  /// Stores the date of the picker, if there is one.
   void saveDate();
   /// Turns the channel on for the item and confirms it when the person wants that.
   void arm(Step& step);

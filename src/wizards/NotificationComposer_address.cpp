@@ -29,10 +29,12 @@ bool NotificationComposer::isContact(Step& step, Id id) const {
   return step.holds([&] { return clients().isContactClient(id); });
 }
 
-/// A message that goes at once bears today's date, a later one the date on which it goes.
+/// A message that goes at once bears today's date, a later one the date on which it goes, once that
+/// is known.
 DateTime NotificationComposer::addressDate(Step& step) const {
-  if (notificationDate.picNotificationDate.visible()) return notificationDate.date();
-  return step.value(notificationDate.date(), [] { return platformClock().today(); });
+  const DateTime date = notificationDate.date();
+  if (notificationDate.picNotificationDate.visible() && !date.isZero()) return date;
+  return step.value(date, [] { return platformClock().today(); });
 }
 
 void NotificationComposer::putBusinessAddress(Step& step, Id id) {
