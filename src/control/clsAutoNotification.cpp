@@ -28,8 +28,8 @@ class AutoNotification final : public clsAutoNotification {
   void Terminate() override {
     procedure(tag<"Terminate">, [&](Step& step) {
       if (links_) step.run(&ItemLinksClass::Terminate, *links_);
+      links_.reset();
     });
-    links_.reset();
   }
 
   void resetAllValues() override {

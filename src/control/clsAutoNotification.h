@@ -46,7 +46,7 @@ class clsAutoNotification : public ComponentObject {
   virtual bool get_IsDirty() = 0;
   virtual void put_IsDirty(bool value) = 0;
 
-  /// Lets go of the link object.
+  /// Ends the link object and lets go of it. A person who leaves at its end keeps it.
   virtual void Terminate() = 0;
   /// All links to -1, both flags to False.
   virtual void resetAllValues() = 0;
