@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "component_host.h"
 #include "host/services/HostItemLinksClass.h"
 
@@ -42,26 +40,35 @@ class LoggedLinks : public host::HostItemLinksClass {
     int puts = 0;
     int terminations = 0;
     int failures = 0;
+    std::string lastPlace;
   };
-  explicit LoggedLinks(Log& log) : log_(log) {}
+  LoggedLinks(Log& log, const ScriptedErrorClass& errors) : log_(log), errors_(errors) {}
+  ~LoggedLinks() override { log_.lastPlace = errors_.depth() > 0 ? errors_.tags().back() : ""; }
   void put_errorClass(errorClass* value) override { log_.errors = value; }
   void put_DatabaseReference(DatabaseReference* value) override { log_.database = value; }
   void put_link(ItemLink link, Id value) override {
     ++log_.puts;
-    if (log_.failures-- > 0) throw PlatformError(1000, "no");
+    failAsTold();
     HostItemLinksClass::put_link(link, value);
   }
-  void Terminate() override { ++log_.terminations; }
+  void Terminate() override {
+    ++log_.terminations;
+    failAsTold();
+  }
 
  private:
+  void failAsTold() {
+    if (log_.failures-- > 0) throw PlatformError(1000, "no");
+  }
   Log& log_;
+  const ScriptedErrorClass& errors_;
 };
 
 class Notification : public testing::Test {
  protected:
   Notification() {
     host.registry.registerClass(ItemLinksClass::className,
-                                [this] { return std::make_unique<LoggedLinks>(log); });
+                                [this] { return std::make_unique<LoggedLinks>(log, host.errors); });
     notification = host.library.createNotification();
   }
   Id get(const Link& link) { return (notification.get()->*link.get)(); }
@@ -106,6 +113,7 @@ TEST_F(Notification, EachLinkIsItsOwnAndOnlyAChangeIsDirty) {
 TEST_F(Notification, TerminatesItsLinksOnce) {
   put(links[0], 5);
   notification->Terminate();
+  EXPECT_EQ(log.lastPlace, "Morvane.exe-clsAutoNotification-Terminate");
   EXPECT_EQ(notification->get_ItemLinksClass(), nullptr);
   notification->put_IsDirty(false);
   put(links[0], 6);
@@ -114,6 +122,16 @@ TEST_F(Notification, TerminatesItsLinksOnce) {
   notification.reset();
   EXPECT_EQ(log.terminations, 1);
   host.library.createNotification().reset();
+  EXPECT_EQ(log.terminations, 2);
+}
+
+TEST_F(Notification, PersonWhoLeavesTheEndKeepsTheLinks) {
+  put(links[0], 5);
+  log.failures = 1;
+  host.errors.answer({error_choice::leave});
+  notification->Terminate();
+  EXPECT_EQ(get(links[0]), 5);
+  notification.reset();
   EXPECT_EQ(log.terminations, 2);
 }
 

@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "component_host.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
@@ -105,14 +103,7 @@ TEST_F(Properties, FirstAssignmentWinsButForTheClientList) {
   auto control = library.createControl();
   TestHost other;
   EXPECT_EQ(control->get_DatabaseReference(), nullptr);
-  for (TestHost* host : {&services, &other}) {
-    control->put_errorClass(&host->errors);
-    control->put_MsgboxClass(&host->messages);
-    control->put_DatabaseReference(&host->database);
-    control->put_WorkingFolderReference(&host->workingFolder);
-    control->put_LocaleReference(&host->locale);
-    control->put_clientDropDownCtrlReference(&host->clients);
-  }
+  for (TestHost* host : {&services, &other}) lendServices(*host, *control);
   EXPECT_EQ(control->get_DatabaseReference(), &services.database);
 
   Rows rows(*services.plainDatabase);
@@ -128,7 +119,7 @@ TEST_F(Properties, FirstAssignmentWinsButForTheClientList) {
                                    "ClientNotificationID=" + std::to_string(row))),
             noId)
       << "the second client list does not know the company";
-  EXPECT_THAT(other.calls.log(), testing::Contains("isCompanyClient"));
+  EXPECT_THAT(other.calls.log(), testing::Contains(testing::StartsWith("isCompanyClient")));
   EXPECT_THAT(other.calls.log(), testing::Not(testing::Contains("getFirmCode")));
 }
 

@@ -7,13 +7,13 @@
 #include "platform/controls/Menu.h"
 #include "platform/controls/Timer.h"
 #include "qt_text.h"
-#include "support/WindowTest.h"
+#include "support/HostTest.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify::test {
 namespace {
 
-class Layouts : public WindowTest {};
+class Layouts : public HostTest {};
 
 /// One row for each window of the component.
 const std::function<std::unique_ptr<Form>()> windows[] = {

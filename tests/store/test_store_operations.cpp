@@ -322,15 +322,15 @@ std::string resultWithClosedDatabase(const Operation& operation) {
 }
 
 TEST(StoreOperations, CallTheHostAsItKnowsThem) {
-  std::vector<std::string> blocks;
+  std::string text;
   for (const auto& operations : {entryAdds(), refusedOperations(), storeOperations()}) {
     for (const Operation& operation : operations) {
       const std::string block =
-          calledBy(operation) + ", closed: " + resultWithClosedDatabase(operation) + "\n";
-      blocks.push_back(replaceAll(block, "\r\n", "\\n"));
+          calledBy(operation) + ", closed: " + resultWithClosedDatabase(operation) + "\n\n";
+      text += replaceAll(block, "\r\n", "\\n");
     }
   }
-  expectGolden(GOLDEN_FILE, blocks);
+  expectGolden(GOLDEN_FILE, text);
 }
 
 /// The operations in parts, each a test of its own, so that they may run side by side.

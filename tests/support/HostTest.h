@@ -11,12 +11,15 @@
 
 namespace autonotify::test {
 
-/// A test on an attached host with an empty database. At its end no expected question may be left
-/// unasked.
+/// A test on an attached host with an empty database. At its end nothing that was expected, of
+/// errors, messages and windows, may be left.
 class HostTest : public testing::Test, public TestHost, public Rows {
  protected:
   HostTest() : Rows(*plainDatabase) { attach(); }
-  ~HostTest() override { EXPECT_EQ(errors.answersLeft(), 0u); }
+  ~HostTest() override {
+    EXPECT_EQ(errors.answersLeft(), 0u);
+    screen.finish();
+  }
 
   DateTime today() { return clock.today(); }
 

@@ -13,19 +13,11 @@
 namespace autonotify::test {
 namespace {
 
-/// The utilities that the component creates pass the door like the injected services.
-void countUtilities(host::ClassRegistry& registry, HostCalls& calls) {
-  registry.registerClass(GeneralUtilities::className, [&calls] {
-    return std::make_unique<CountedGeneralUtilities>(std::make_unique<host::HostGeneralUtilities>(),
-                                                     calls);
-  });
-  registry.registerClass(ValidationUtilities::className, [&calls] {
-    return std::make_unique<CountedValidation>(std::make_unique<host::HostValidationUtilities>(),
-                                               calls);
-  });
-  registry.registerClass(RichTextUtility::className, [&calls] {
-    return std::make_unique<CountedRichTextUtility>(std::make_unique<host::HostRichTextUtility>(),
-                                                    calls);
+/// A utility that the component creates passes the door like the injected services.
+template <class CountedUtility, class Utility>
+void count(host::ClassRegistry& registry, HostCalls& calls) {
+  registry.registerClass(Utility::className, [&calls] {
+    return std::make_unique<CountedUtility>(std::make_unique<Utility>(), calls);
   });
 }
 
@@ -55,14 +47,17 @@ TestHost::TestHost(DatabaseReference& other) : TestHost(nullptr, &other) {}
 
 TestHost::TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other)
     : plainLocale(testLocale()),
-      messages(host::Terminal{}),
       workingFolder((std::filesystem::temp_directory_path() / "autonotify-tests").string()),
       plainDatabase(std::move(own)),
       plainClients(other ? *other : *plainDatabase),
       database(other ? *other : *plainDatabase, calls),
       clients(plainClients, calls),
       locale(plainLocale, calls) {
-  countUtilities(registry, calls);
+  count<CountedGeneralUtilities, host::HostGeneralUtilities>(registry, calls);
+  count<CountedValidation, host::HostValidationUtilities>(registry, calls);
+  count<CountedRichTextUtility, host::HostRichTextUtility>(registry, calls);
+  registry.registerClass(EmailSender::className,
+                         [this] { return std::make_unique<NotedEmail>(mailProgram, calls); });
 }
 
 TestHost::~TestHost() {
@@ -74,7 +69,7 @@ void TestHost::attach() {
   fresh.platform = platform();
   fresh.databaseReference = &database;
   fresh.errors = &errors;
-  fresh.msgboxClass = &messages;
+  fresh.msgboxClass = &screen;
   fresh.workingFolderReference = &workingFolder;
   fresh.localeReference = &locale;
   fresh.clientDropDown = &clients;

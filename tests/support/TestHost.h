@@ -6,11 +6,11 @@
 #include "contract/PlatformServices.h"
 #include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
-#include "host/dialogs/TerminalMsgbox.h"
 #include "host/services/ClassRegistry.h"
-#include "host/services/HeadlessFormHost.h"
 #include "host/services/HostLocale.h"
 #include "host/services/HostWorkingFolder.h"
+#include "support/HeadlessPerson.h"
+#include "support/NotedEmail.h"
 #include "support/fixed_clock.h"
 #include "support/host_calls.h"
 #include "support/host_wrappers.h"
@@ -29,8 +29,8 @@ class TestLocale : public host::HostLocale {
 };
 
 /// A complete host on an empty database in memory: the real services behind wrappers that count,
-/// record and fail the calls of the component. Host services among themselves do not pass the
-/// wrappers.
+/// record and fail the calls of the component, a person before its windows and messages, and an
+/// email program. Host services among themselves do not pass the wrappers.
 class TestHost {
  public:
   /// Starts with a copy of `content`, made by snapshot(); without one with empty tables.
@@ -58,9 +58,9 @@ class TestHost {
   ScriptedErrorClass errors;
   FixedClock clock;
   TestLocale plainLocale;
-  host::TerminalMsgbox messages;
+  HeadlessPerson screen{calls, plainLocale.getActiveWindow()};
+  NotedEmail::Notes mailProgram;
   host::HostWorkingFolder workingFolder;
-  host::HeadlessFormHost forms;
   host::ClassRegistry registry;
   std::unique_ptr<host::SqliteDatabase> plainDatabase;
   host::ClientDirectory plainClients;
@@ -69,7 +69,7 @@ class TestHost {
   CountedClients clients;
   CountedLocale locale;
 
-  PlatformServices platform() { return {&registry, &clock, &forms}; }
+  PlatformServices platform() { return {&registry, &clock, &screen}; }
 
  private:
   TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other);

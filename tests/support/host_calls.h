@@ -26,7 +26,8 @@ class HostCalls {
   void pass(std::string_view operation, const std::function<std::string()>& detail = {}) {
     ++count_;
     if (recording_) {
-      log_.push_back(std::string(operation) + (detail ? " " + detail() : std::string{}));
+      const std::string told = detail ? detail() : std::string{};
+      log_.push_back(std::string(operation) + (told.empty() ? "" : " " + told));
     }
     if (count_ >= failFrom_ && count_ < failTo_) {
       ++failures_;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -14,328 +15,181 @@
 
 namespace autonotify::test {
 
-/// Forwards every call to the DatabaseReference inside, through the door. Reserved arguments that
-/// are not the fixed ones fail the test.
-class CountedDatabase : public DatabaseReference {
+/// Passes calls of an interface through the door to the object inside. The record tells their
+/// arguments, but of a database the texts alone: its handles come as they come.
+template <class Interface>
+class Counted : public Interface {
  public:
-  CountedDatabase(DatabaseReference& inner, HostCalls& calls) : inner_(&inner), calls_(calls) {}
-  bool isDatabaseOpen() override {
-    calls_.pass("isDatabaseOpen");
-    return inner_->isDatabaseOpen();
+  Counted(Interface& inner, HostCalls& calls) : inner_(&inner), calls_(calls) {}
+  Counted(std::unique_ptr<Interface> inner, HostCalls& calls)
+      : own_(std::move(inner)), inner_(own_.get()), calls_(calls) {}
+
+ protected:
+  template <class Result, class... Parameters, class... Arguments>
+  Result pass(const char* operation, Result (Interface::*method)(Parameters...),
+              Arguments&... arguments) {
+    calls_.pass(operation, [&] {
+      std::string told;
+      (tell(told, arguments), ...);
+      return told;
+    });
+    return (inner_->*method)(arguments...);
   }
-  RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock, int r1,
-                                const std::string& r2, int r3, bool r4) override {
-    calls_.pass("openRecordset", [&] {
+  HostCalls& calls() { return calls_; }
+  Interface& inner() { return *inner_; }
+
+ private:
+  template <class Argument>
+  static void tell(std::string& told, const Argument& argument) {
+    constexpr bool isPlain = std::is_arithmetic_v<Argument> || std::is_same_v<Argument, DateTime>;
+    if constexpr (std::is_same_v<Argument, std::string>) {
+      told += (told.empty() ? "" : "=") + argument;
+    } else if constexpr (isPlain && !std::is_same_v<Interface, DatabaseReference>) {
+      told += (told.empty() ? "" : "=") + toText(argument);
+    }
+  }
+
+  std::unique_ptr<Interface> own_;
+  Interface* inner_;
+  HostCalls& calls_;
+};
+
+// COUNTED(result, operation, (parameters), arguments): one operation that passes the door.
+#define COUNTED(Result, operation, parameters, ...)                             \
+  Result operation parameters override {                                        \
+    return this->pass(#operation, &Base::operation __VA_OPT__(, ) __VA_ARGS__); \
+  }
+
+/// Reserved arguments that are not the fixed ones fail the test.
+class CountedDatabase : public Counted<DatabaseReference> {
+  using Base = DatabaseReference;
+  using Handle = RecordsetHandle;
+  using Text = const std::string&;
+
+ public:
+  using Counted::Counted;
+  COUNTED(bool, isDatabaseOpen, ())
+  COUNTED(void, closeRecordset, (Handle h), h)
+  COUNTED(int, getRecordCount, (Handle h), h)
+  COUNTED(bool, isRecordsetEmpty, (Handle h), h)
+  COUNTED(HostObject*, getRecordsetObject, (Handle h), h)
+  COUNTED(void, readColumnIntoArray, (Handle h, std::vector<Value>& all, Text column), h, all,
+          column)
+  COUNTED(bool, isEndOfRecordset, (Handle h), h)
+  COUNTED(Bookmark, getBookmark, (Handle h), h)
+  COUNTED(bool, gotoBookmark, (Handle h, Bookmark b), h, b)
+  COUNTED(bool, hasRecords, (Handle h), h)
+  COUNTED(bool, moveNext, (Handle h), h)
+  COUNTED(Value, getFieldValue, (Handle h, Text column), h, column)
+  COUNTED(bool, deleteRecord, (Handle h), h)
+  COUNTED(bool, addNewRecord, (Handle h), h)
+  COUNTED(bool, setFieldValue, (Handle h, Text column, Text text), h, column, text)
+  COUNTED(bool, saveNewRecord, (Handle h), h)
+  COUNTED(bool, findNextRecord, (Handle h), h)
+  COUNTED(std::string, formatDateForSQL, (DateTime moment), moment)
+  COUNTED(std::string, formatTextForSQL, (Text text), text)
+
+  bool isRecordsetOpen(Handle h) override { return inner().isRecordsetOpen(h); }
+  Handle openRecordset(Text sql, CursorMode cursor, LockMode lock, int r1, Text r2, int r3,
+                       bool r4) override {
+    calls().pass("openRecordset", [&] {
       return std::to_string(static_cast<int>(cursor)) + "," +
              std::to_string(static_cast<int>(lock)) + " " + sql;
     });
     EXPECT_EQ(std::tuple(r1, r2, r3, r4), std::tuple(-1, std::string{}, -1, false)) << sql;
-    return inner_->openRecordset(sql, cursor, lock, r1, r2, r3, r4);
+    return inner().openRecordset(sql, cursor, lock, r1, r2, r3, r4);
   }
-  void closeRecordset(RecordsetHandle h) override {
-    calls_.pass("closeRecordset");
-    inner_->closeRecordset(h);
+  bool updateFieldValue(Handle h, Text column, Text text, bool r1, bool r2) override {
+    EXPECT_FALSE(r1 || r2) << column;
+    return pass("updateFieldValue", &Base::updateFieldValue, h, column, text, r1, r2);
   }
-  int getRecordCount(RecordsetHandle h) override {
-    calls_.pass("getRecordCount");
-    return inner_->getRecordCount(h);
+  bool findRecord(Handle h, Text column, Text text, Text r1, Text r2, Text r3, Text r4) override {
+    EXPECT_EQ(r1 + r2 + r3 + r4, "") << column;
+    calls().pass("findRecord", [&] { return column + "=" + text; });
+    return inner().findRecord(h, column, text, r1, r2, r3, r4);
   }
-  bool isRecordsetEmpty(RecordsetHandle h) override {
-    calls_.pass("isRecordsetEmpty");
-    return inner_->isRecordsetEmpty(h);
-  }
-  bool isRecordsetOpen(RecordsetHandle h) override { return inner_->isRecordsetOpen(h); }
-  HostObject* getRecordsetObject(RecordsetHandle h) override {
-    calls_.pass("getRecordsetObject");
-    return inner_->getRecordsetObject(h);
-  }
-  void readColumnIntoArray(RecordsetHandle h, std::vector<Value>& array,
-                           const std::string& field) override {
-    calls_.pass("readColumnIntoArray", [&] { return field; });
-    inner_->readColumnIntoArray(h, array, field);
-  }
-  bool isEndOfRecordset(RecordsetHandle h) override {
-    calls_.pass("isEndOfRecordset");
-    return inner_->isEndOfRecordset(h);
-  }
-  Bookmark getBookmark(RecordsetHandle h) override {
-    calls_.pass("getBookmark");
-    return inner_->getBookmark(h);
-  }
-  bool gotoBookmark(RecordsetHandle h, Bookmark b) override {
-    calls_.pass("gotoBookmark");
-    return inner_->gotoBookmark(h, b);
-  }
-  bool hasRecords(RecordsetHandle h) override {
-    calls_.pass("hasRecords");
-    return inner_->hasRecords(h);
-  }
-  bool moveNext(RecordsetHandle h) override {
-    calls_.pass("moveNext");
-    return inner_->moveNext(h);
-  }
-  Value getFieldValue(RecordsetHandle h, const std::string& field) override {
-    calls_.pass("getFieldValue", [&] { return field; });
-    return inner_->getFieldValue(h, field);
-  }
-  bool updateFieldValue(RecordsetHandle h, const std::string& field, const std::string& value,
-                        bool r1, bool r2) override {
-    calls_.pass("updateFieldValue", [&] { return field + "=" + value; });
-    EXPECT_FALSE(r1 || r2) << field;
-    return inner_->updateFieldValue(h, field, value, r1, r2);
-  }
-  bool deleteRecord(RecordsetHandle h) override {
-    calls_.pass("deleteRecord");
-    return inner_->deleteRecord(h);
-  }
-  bool addNewRecord(RecordsetHandle h) override {
-    calls_.pass("addNewRecord");
-    return inner_->addNewRecord(h);
-  }
-  bool setFieldValue(RecordsetHandle h, const std::string& field,
-                     const std::string& value) override {
-    calls_.pass("setFieldValue", [&] { return field + "=" + value; });
-    return inner_->setFieldValue(h, field, value);
-  }
-  bool saveNewRecord(RecordsetHandle h) override {
-    calls_.pass("saveNewRecord");
-    return inner_->saveNewRecord(h);
-  }
-  bool findRecord(RecordsetHandle h, const std::string& field, const std::string& value,
-                  const std::string& r1, const std::string& r2, const std::string& r3,
-                  const std::string& r4) override {
-    calls_.pass("findRecord", [&] { return field + "=" + value; });
-    EXPECT_EQ(r1 + r2 + r3 + r4, "") << field;
-    return inner_->findRecord(h, field, value, r1, r2, r3, r4);
-  }
-  bool findNextRecord(RecordsetHandle h) override {
-    calls_.pass("findNextRecord");
-    return inner_->findNextRecord(h);
-  }
-  std::string formatDateForSQL(DateTime m) override {
-    calls_.pass("formatDateForSQL");
-    return inner_->formatDateForSQL(m);
-  }
-  std::string formatTextForSQL(const std::string& t) override {
-    calls_.pass("formatTextForSQL");
-    return inner_->formatTextForSQL(t);
-  }
-
- private:
-  DatabaseReference* inner_;
-  HostCalls& calls_;
 };
 
-/// Forwards every call to the clientDropDownCtrlReference inside, through the door.
-class CountedClients : public clientDropDownCtrlReference {
+class CountedClients : public Counted<clientDropDownCtrlReference> {
+  using Base = clientDropDownCtrlReference;
+
  public:
-  CountedClients(clientDropDownCtrlReference& inner, HostCalls& calls)
-      : inner_(&inner), calls_(calls) {}
-  bool isCompanyClient(Id id) override {
-    calls_.pass("isCompanyClient");
-    return inner_->isCompanyClient(id);
-  }
-  bool isContactClient(Id id) override {
-    calls_.pass("isContactClient");
-    return inner_->isContactClient(id);
-  }
-  Id getCompanyIDFromClientID(Id id) override {
-    calls_.pass("getCompanyIDFromClientID");
-    return inner_->getCompanyIDFromClientID(id);
-  }
-  Id getClientDataIDFromCompanyID(Id id) override {
-    calls_.pass("getClientDataIDFromCompanyID");
-    return inner_->getClientDataIDFromCompanyID(id);
-  }
-  Id getDefaultContactID(Id id) override {
-    calls_.pass("getDefaultContactID");
-    return inner_->getDefaultContactID(id);
-  }
-  std::string getCompanyDisplayName(Id id) override {
-    calls_.pass("getCompanyDisplayName");
-    return inner_->getCompanyDisplayName(id);
-  }
-  std::string getContactDisplayName(Id id) override {
-    calls_.pass("getContactDisplayName");
-    return inner_->getContactDisplayName(id);
-  }
-  std::string getCompanyNameFromClientID(Id id) override {
-    calls_.pass("getCompanyNameFromClientID");
-    return inner_->getCompanyNameFromClientID(id);
-  }
-  std::string getContactAndSpouseName(Id id, bool a, int b) override {
-    calls_.pass("getContactAndSpouseName");
-    return inner_->getContactAndSpouseName(id, a, b);
-  }
-  std::string getCompanyInfoItem(Id id, std::int16_t item) override {
-    calls_.pass("getCompanyInfoItem");
-    return inner_->getCompanyInfoItem(id, item);
-  }
-  std::string getContactInfoItem(Id id, std::int16_t item) override {
-    calls_.pass("getContactInfoItem");
-    return inner_->getContactInfoItem(id, item);
-  }
-  std::string getUserNameFromID(Id id) override {
-    calls_.pass("getUserNameFromID");
-    return inner_->getUserNameFromID(id);
-  }
-  Id getUserIDFromName(const std::string& name) override {
-    calls_.pass("getUserIDFromName");
-    return inner_->getUserIDFromName(name);
-  }
-  std::string getCategoryName(Id id) override {
-    calls_.pass("getCategoryName");
-    return inner_->getCategoryName(id);
-  }
-  Id getMainAddressBookCategoryID() override {
-    calls_.pass("getMainAddressBookCategoryID");
-    return inner_->getMainAddressBookCategoryID();
-  }
-  void setClientLookupBatch(bool on) override {
-    calls_.pass("setClientLookupBatch");
-    inner_->setClientLookupBatch(on);
-  }
-  int getListOrder() override {
-    calls_.pass("getListOrder");
-    return inner_->getListOrder();
-  }
-
- private:
-  clientDropDownCtrlReference* inner_;
-  HostCalls& calls_;
+  using Counted::Counted;
+  COUNTED(bool, isCompanyClient, (Id id), id)
+  COUNTED(bool, isContactClient, (Id id), id)
+  COUNTED(Id, getCompanyIDFromClientID, (Id id), id)
+  COUNTED(Id, getClientDataIDFromCompanyID, (Id id), id)
+  COUNTED(Id, getDefaultContactID, (Id id), id)
+  COUNTED(std::string, getCompanyDisplayName, (Id id), id)
+  COUNTED(std::string, getContactDisplayName, (Id id), id)
+  COUNTED(std::string, getCompanyNameFromClientID, (Id id), id)
+  COUNTED(std::string, getContactAndSpouseName, (Id id, bool a, int b), id, a, b)
+  COUNTED(std::string, getCompanyInfoItem, (Id id, std::int16_t item), id, item)
+  COUNTED(std::string, getContactInfoItem, (Id id, std::int16_t item), id, item)
+  COUNTED(std::string, getUserNameFromID, (Id id), id)
+  COUNTED(Id, getUserIDFromName, (const std::string& name), name)
+  COUNTED(std::string, getCategoryName, (Id id), id)
+  COUNTED(Id, getMainAddressBookCategoryID, ())
+  COUNTED(void, setClientLookupBatch, (bool on), on)
+  COUNTED(int, getListOrder, ())
 };
 
-/// Forwards every call to the LocaleReference inside, through the door.
-class CountedLocale : public LocaleReference {
+class CountedLocale : public Counted<LocaleReference> {
+  using Base = LocaleReference;
+
  public:
-  CountedLocale(LocaleReference& inner, HostCalls& calls) : inner_(&inner), calls_(calls) {}
-  Id getCurrentUserID() override {
-    calls_.pass("getCurrentUserID");
-    return inner_->getCurrentUserID();
-  }
-  std::string getFirmCode() override {
-    calls_.pass("getFirmCode");
-    return inner_->getFirmCode();
-  }
-  HostObject* getActiveWindow() override {
-    calls_.pass("getActiveWindow");
-    return inner_->getActiveWindow();
-  }
-  InterfaceStyler* getInterfaceStyler() override {
-    calls_.pass("getInterfaceStyler");
-    return inner_->getInterfaceStyler();
-  }
-  std::int16_t getUserAccessLevel() override {
-    calls_.pass("getUserAccessLevel");
-    return inner_->getUserAccessLevel();
-  }
-  std::string getProductName() override {
-    calls_.pass("getProductName");
-    return inner_->getProductName();
-  }
-  int getCountryCode() override {
-    calls_.pass("getCountryCode");
-    return inner_->getCountryCode();
-  }
-  int getProvinceCode() override {
-    calls_.pass("getProvinceCode");
-    return inner_->getProvinceCode();
-  }
-  std::int16_t getCurrentYear() override {
-    calls_.pass("getCurrentYear");
-    return inner_->getCurrentYear();
-  }
-
- private:
-  LocaleReference* inner_;
-  HostCalls& calls_;
+  using Counted::Counted;
+  COUNTED(Id, getCurrentUserID, ())
+  COUNTED(std::string, getFirmCode, ())
+  COUNTED(HostObject*, getActiveWindow, ())
+  COUNTED(InterfaceStyler*, getInterfaceStyler, ())
+  COUNTED(std::int16_t, getUserAccessLevel, ())
+  COUNTED(std::string, getProductName, ())
+  COUNTED(int, getCountryCode, ())
+  COUNTED(int, getProvinceCode, ())
+  COUNTED(std::int16_t, getCurrentYear, ())
 };
 
-/// Forwards every call to the GeneralUtilities inside, through the door.
-class CountedGeneralUtilities : public GeneralUtilities {
+class CountedGeneralUtilities : public Counted<GeneralUtilities> {
+  using Base = GeneralUtilities;
+  using Texts = const std::vector<std::string>&;
+
  public:
-  CountedGeneralUtilities(std::unique_ptr<GeneralUtilities> inner, HostCalls& calls)
-      : inner_(std::move(inner)), calls_(calls) {}
-  void put_errorClass(errorClass* value) override { inner_->put_errorClass(value); }
-  bool isValueEmpty(const Value& value) override {
-    calls_.pass("isValueEmpty");
-    return inner_->isValueEmpty(value);
-  }
-  Value textOrDefault(const Value& value, bool flag) override {
-    calls_.pass("textOrDefault");
-    return inner_->textOrDefault(value, flag);
-  }
-  int filterKeyPress(int key) override {
-    calls_.pass("filterKeyPress");
-    return inner_->filterKeyPress(key);
-  }
-  void fillComboFromList(const std::vector<std::string>& list, ComboBox& combo,
-                         bool clearFirst) override {
-    calls_.pass("fillComboFromList");
-    inner_->fillComboFromList(list, combo, clearFirst);
-  }
-  void selectComboText(ComboBox& combo, const std::string& text, int r1, int r2) override {
-    calls_.pass("selectComboText", [&] { return text; });
-    inner_->selectComboText(combo, text, r1, r2);
-  }
-
- private:
-  std::unique_ptr<GeneralUtilities> inner_;
-  HostCalls& calls_;
+  using Counted::Counted;
+  COUNTED(bool, isValueEmpty, (const Value& value), value)
+  COUNTED(Value, textOrDefault, (const Value& value, bool flag), value, flag)
+  COUNTED(int, filterKeyPress, (int key), key)
+  COUNTED(void, fillComboFromList, (Texts texts, ComboBox& combo, bool clear), texts, combo, clear)
+  COUNTED(void, selectComboText, (ComboBox & combo, const std::string& text, int r1, int r2), combo,
+          text, r1, r2)
+  void put_errorClass(errorClass* value) override { inner().put_errorClass(value); }
 };
 
-/// Forwards every call to the RichTextUtility inside, through the door.
-class CountedRichTextUtility : public RichTextUtility {
+class CountedRichTextUtility : public Counted<RichTextUtility> {
+  using Base = RichTextUtility;
+
  public:
-  CountedRichTextUtility(std::unique_ptr<RichTextUtility> inner, HostCalls& calls)
-      : inner_(std::move(inner)), calls_(calls) {}
-  void put_errorClass(errorClass* value) override { inner_->put_errorClass(value); }
-  void put_LocaleReference(LocaleReference* value) override { inner_->put_LocaleReference(value); }
-  Value insertTextAt(RichTextBox* box, const std::string& text, int position) override {
-    calls_.pass("insertTextAt", [&] { return std::to_string(position) + " " + text; });
-    return inner_->insertTextAt(box, text, position);
-  }
-  std::string toPlainText(const std::string& richText) override {
-    calls_.pass("toPlainText");
-    return inner_->toPlainText(richText);
-  }
-  void release() override { inner_->release(); }
-
- private:
-  std::unique_ptr<RichTextUtility> inner_;
-  HostCalls& calls_;
+  using Counted::Counted;
+  COUNTED(Value, insertTextAt, (RichTextBox * box, const std::string& text, int at), box, text, at)
+  COUNTED(std::string, toPlainText, (const std::string& richText), richText)
+  void put_errorClass(errorClass* value) override { inner().put_errorClass(value); }
+  void put_LocaleReference(LocaleReference* value) override { inner().put_LocaleReference(value); }
+  void release() override { inner().release(); }
 };
 
-/// Forwards every call to the ValidationUtilities inside, through the door.
-class CountedValidation : public ValidationUtilities {
+class CountedValidation : public Counted<ValidationUtilities> {
+  using Base = ValidationUtilities;
+
  public:
-  CountedValidation(std::unique_ptr<ValidationUtilities> inner, HostCalls& calls)
-      : inner_(std::move(inner)), calls_(calls) {}
-  void put_errorClass(errorClass* value) override { inner_->put_errorClass(value); }
-  bool isWeekend(DateTime date) override {
-    calls_.pass("isWeekend");
-    return inner_->isWeekend(date);
-  }
-  bool isDateText(const std::string& text) override {
-    calls_.pass("isDateText");
-    return inner_->isDateText(text);
-  }
-  bool parseDateText(const std::string& text, DateTime& date) override {
-    calls_.pass("parseDateText");
-    return inner_->parseDateText(text, date);
-  }
-  bool isValidYear(std::int16_t year) override {
-    calls_.pass("isValidYear");
-    return inner_->isValidYear(year);
-  }
-  std::string getDurationText(int minutes) override {
-    calls_.pass("getDurationText");
-    return inner_->getDurationText(minutes);
-  }
-
- private:
-  std::unique_ptr<ValidationUtilities> inner_;
-  HostCalls& calls_;
+  using Counted::Counted;
+  COUNTED(bool, isWeekend, (DateTime date), date)
+  COUNTED(bool, isDateText, (const std::string& text), text)
+  COUNTED(bool, parseDateText, (const std::string& text, DateTime& date), text, date)
+  COUNTED(bool, isValidYear, (std::int16_t year), year)
+  COUNTED(std::string, getDurationText, (int minutes), minutes)
+  void put_errorClass(errorClass* value) override { inner().put_errorClass(value); }
 };
+
+#undef COUNTED
 
 }  // namespace autonotify::test

@@ -2,12 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include "support/fault_walk.h"
+#include "support/golden_file.h"
 
 namespace autonotify::test {
 namespace {
@@ -72,9 +70,7 @@ void expectStatements(std::span<const WalkedOperation> operations, void (*fill)(
     text += std::string("[") + operation.name + "]\n";
     withHost(fill, [&](TestHost& host) { text += statementsOf(operation, host); });
   }
-  if (std::getenv("AUTONOTIFY_WRITE_FILES")) std::ofstream(file) << text;
-  std::ifstream stored(file);
-  EXPECT_EQ(text, std::string(std::istreambuf_iterator<char>(stored), {})) << file;
+  expectGolden(file, text);
 }
 
 }  // namespace autonotify::test

@@ -38,7 +38,7 @@ void walkOperation(const WalkedOperation& operation, void (*fill)(Rows),
                    const std::function<std::string(TestHost&)>& written);
 
 /// Expects that the operations open and write what stands in the file of the test's folder, in that
-/// order. With AUTONOTIFY_WRITE_FILES set the file is written instead.
+/// order; see expectGolden.
 void expectStatements(std::span<const WalkedOperation> operations, void (*fill)(Rows),
                       const std::string& file);
 

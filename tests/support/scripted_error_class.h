@@ -26,7 +26,7 @@ class ScriptedErrorClass : public errorClass {
 
   void enterProcedure(std::string_view tag) override {
     stack_.emplace_back(tag);
-    ++entered_;
+    tags_.emplace_back(tag);
   }
   void leaveProcedure() override {
     ASSERT_FALSE(stack_.empty()) << "a procedure was left that was never entered";
@@ -59,20 +59,22 @@ class ScriptedErrorClass : public errorClass {
   };
   const std::vector<Recorded>& recorded() const { return recorded_; }
   int dialogs() const { return dialogs_; }
-  int entered() const { return entered_; }
+  /// The tags of all procedures entered, in order.
+  const std::vector<std::string>& tags() const { return tags_; }
+  int entered() const { return static_cast<int>(tags_.size()); }
   int left() const { return left_; }
   std::size_t depth() const { return stack_.size(); }
   std::size_t answersLeft() const { return script_.size(); }
 
  private:
   std::vector<std::string> stack_;
+  std::vector<std::string> tags_;
   std::vector<Recorded> recorded_;
   std::deque<int> script_;
   int restChoice_ = error_choice::leave;
   int restLeft_ = 0;
   int dialogs_ = 0;
   int asked_ = 0;
-  int entered_ = 0;
   int left_ = 0;
 };
 

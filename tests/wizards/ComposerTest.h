@@ -1,38 +1,43 @@
 #pragma once
 
-#include <functional>
 #include <string>
-#include <vector>
 
-#include "support/WindowTest.h"
+#include "settings/modUserSettings.h"
+#include "support/HostTest.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify::test {
 
-/// The initializers by the mode that they open.
-inline void openComposer(NotificationComposer& composer, ComposerMode mode, notificationTypes type,
-                         Id row, CurrentDayTimerType kind, Id entry = noId) {
-  switch (mode) {
-    case ComposerMode::notifyNow:
-      return composer.InitializeNotifyNow(type, row, kind, entry);
-    case ComposerMode::editAuto:
-      return composer.InitializeEditAutoNotify(type, row, kind, entry);
-    case ComposerMode::newAuto:
-      return composer.InitializeNewAutoNotify(type, row, kind, entry);
-    default:
-      return composer.InitializeSendAuto(type, row, kind, entry);
-  }
+/// How a composer is opened.
+struct Opening {
+  ComposerMode mode = ComposerMode::editAuto;
+  notificationTypes type = remittanceNotification;
+  std::int32_t kind = Appointments;
+};
+
+/// Runs the initializer of the mode.
+inline void openComposer(NotificationComposer& composer, Opening opening, Id row, Id entry = noId) {
+  const auto initialize = [&] {
+    switch (opening.mode) {
+      case ComposerMode::notifyNow:
+        return &NotificationComposer::InitializeNotifyNow;
+      case ComposerMode::editAuto:
+        return &NotificationComposer::InitializeEditAutoNotify;
+      case ComposerMode::newAuto:
+        return &NotificationComposer::InitializeNewAutoNotify;
+      default:
+        return &NotificationComposer::InitializeSendAuto;
+    }
+  }();
+  (composer.*initialize)(opening.type, row, opening.kind, entry);
 }
 
 /// A schedule entry of a company and its email notification, due on a Thursday.
-template <class Host>
-class ComposerRows : public Host {
- public:
-  static constexpr const char* formName = "frmSendNotificationWizardEmail";
+struct ComposerOffice {
   static constexpr const char* memo = "{\\rtf1\\ansi Your return is due.\\par }";
   static constexpr DateTime notifyDate = DateTime::of(2026, 4, 23);
 
-  ComposerRows() : rows(*this->plainDatabase) {
+  explicit ComposerOffice(Rows rows) {
     rows.addKind(103, 1, 5, "{\\rtf1\\ansi Please file your return.\\par }");
     company = rows.addRow("Companies", {{"CompanyName", "Birch Ltd."}, {"Email", "office@birch"}});
     const Id client = rows.addRow("ClientData", {{"CompanyIDNum", company}});
@@ -48,38 +53,41 @@ class ComposerRows : public Host {
                                              {"Memo", memo}});
   }
 
-  Rows rows;
-  Id company = noId;
-  Id entry = noId;
-  Id row = noId;
+  Id company, entry, row;
 };
 
-class ComposerTest : public ComposerRows<WindowTest> {
+class ComposerTest : public HostTest, public ComposerOffice {
  protected:
+  ComposerTest() : ComposerOffice(Rows(*plainDatabase)) {}
+
   struct Result {
     bool cancelFlag;
     bool sendSuccessfulFlag;
     bool operator==(const Result&) const = default;
   };
-  struct Opening {
-    ComposerMode mode = ComposerMode::editAuto;
-    notificationTypes type = remittanceNotification;
-    CurrentDayTimerType kind = Appointments;
-  };
 
   /// Opens the row, lets the person act, unloads the window as every caller does.
   Result compose(Opening opening, HeadlessPerson::Script script) {
-    person.expectWindow(formName, std::move(script));
     frmSendNotificationWizardEmail composer;
-    openComposer(composer, opening.mode, opening.type, row, opening.kind, entry);
-    const Result result{composer.cancelFlag(), composer.SendSuccessfulFlag()};
-    composer.unload();
-    return result;
+    return use(composer, opening, std::move(script));
   }
   Result compose(ComposerMode mode, HeadlessPerson::Script script) {
     return compose(Opening{mode}, std::move(script));
   }
+  Result use(NotificationComposer& composer, Opening opening, HeadlessPerson::Script script) {
+    screen.expectWindow(composer.name(), std::move(script));
+    openComposer(composer, opening, row, entry);
+    const Result result{composer.cancelFlag(), composer.SendSuccessfulFlag()};
+    composer.unload();
+    return result;
+  }
 
+  void execute(const std::string& sql) { plainDatabase->connection().exec(sql); }
+  /// The person wants each arming confirmed.
+  void confirmArming() {
+    getAutoSendWizardConfirmation(7);
+    execute("UPDATE UserGeneralSettings SET WarningMessagesExitAutomaticNotificationWarning=1");
+  }
   std::string column(const std::string& name) {
     const Value value =
         valueOf("ClientNotification", name, "ClientNotificationID=" + std::to_string(row));

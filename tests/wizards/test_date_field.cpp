@@ -28,12 +28,12 @@ TEST_F(ComposerTest, TypedDatesAreTakenMovedOrRefused) {
     compose(ComposerMode::editAuto, [&](WindowInUse& window) {
       window.type("txtNotificationField", each.typed);
       if (each.question != Question::none) {
-        person.expectQuestion(weekend, message_style::alreadySent, each.question == Question::yes);
+        screen.expectQuestion(weekend, message_style::alreadySent, each.question == Question::yes);
       }
       window.tabTo("cmdFinish");
       EXPECT_EQ(window.read("txtNotificationField"), each.text);
       if (each.question == Question::no) {
-        person.expectQuestion(weekend, message_style::alreadySent, false);
+        screen.expectQuestion(weekend, message_style::alreadySent, false);
         window.tabTo("txtNotificationField");
       }
       window.click("cmdFinish");
@@ -45,7 +45,7 @@ TEST_F(ComposerTest, TypedDatesAreTakenMovedOrRefused) {
 TEST_F(ComposerTest, TextThatIsNoDateIsRefusedAndTheFocusStays) {
   const auto refuse = [&](WindowInUse& window, const char* restored) {
     window.type("txtNotificationField", "someday");
-    person.expectMessage("You must enter a valid notification date.", message_style::valueRefused);
+    screen.expectMessage("You must enter a valid notification date.", message_style::valueRefused);
     EXPECT_FALSE(window.click("cmdFinish"));
     EXPECT_EQ(window.focus(), "txtNotificationField");
     EXPECT_EQ(window.read("txtNotificationField"), restored);
@@ -63,12 +63,12 @@ TEST_F(ComposerTest, TextThatIsNoDateIsRefusedAndTheFocusStays) {
 TEST_F(ComposerTest, PickedDateGoesThroughTheTextField) {
   for (const bool yes : {true, false}) {
     compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-      person.expectQuestion(weekend, message_style::alreadySent, yes);
+      screen.expectQuestion(weekend, message_style::alreadySent, yes);
       window.pickDate("dtpNotification", saturday);
       EXPECT_EQ(window.focus(), "txtNotificationField");
       EXPECT_EQ(window.read("txtNotificationField"),
                 yes ? "Friday, April 17, 2026" : "Saturday, April 18, 2026");
-      if (!yes) person.expectQuestion(weekend, message_style::alreadySent, false);
+      if (!yes) screen.expectQuestion(weekend, message_style::alreadySent, false);
       window.click("cmdFinish");
     });
     EXPECT_EQ(column("NotificationDate"), yes ? "2026-04-17" : "2026-04-18");

@@ -1,5 +1,4 @@
 #include "ComposerTest.h"
-#include "settings/modUserSettings.h"
 #include "support/fault_walk.h"
 
 namespace autonotify::test {
@@ -50,15 +49,15 @@ TEST_F(ComposerTest, EveryModeEndsAsItShould) {
                                         {"NotificationType", 1},
                                         {"NotificationDate", notifyDate},
                                         {"Field1", "ann@birch"}});
-    email.calls.clear();
+    mailProgram.calls.clear();
     EXPECT_EQ(compose(each.mode, each.end), each.result);
     EXPECT_EQ((rowExists() ? "row " + column("NotificationSent") : std::string("gone")) + " " +
                   channelBits(),
               each.after);
-    EXPECT_EQ(std::ranges::count(email.calls, "send="), static_cast<int>(each.emails));
-    plainDatabase->connection().exec("UPDATE Schedule SET notifyType = 0");
+    EXPECT_EQ(std::ranges::count(mailProgram.calls, "send="), static_cast<int>(each.emails));
+    execute("UPDATE Schedule SET notifyType = 0");
   }
-  EXPECT_EQ(person.pointer(), Pointer::standard);
+  EXPECT_EQ(screen.pointer(), Pointer::standard);
 }
 
 TEST_F(ComposerTest, FieldsShowTheRowAndTheListsItsClient) {
@@ -93,7 +92,7 @@ TEST_F(ComposerTest, FieldsShowTheRowAndTheListsItsClient) {
 }
 
 TEST_F(ComposerTest, SentRowIsLockedForEditingAlone) {
-  plainDatabase->connection().exec("UPDATE ClientNotification SET NotificationSent = 1");
+  execute("UPDATE ClientNotification SET NotificationSent = 1");
   compose(ComposerMode::editAuto, [](WindowInUse& window) {
     EXPECT_TRUE(window.sees("lblScheduled"));
     EXPECT_EQ(window.read("lblScheduled"), "This notification has already been sent");
@@ -104,7 +103,7 @@ TEST_F(ComposerTest, SentRowIsLockedForEditingAlone) {
     cancel(window);
   });
   addRow("ClientNotification", {{"SentTime", "2026-04-02 14:05:00"}});
-  plainDatabase->connection().exec(
+  execute(
       "UPDATE ClientNotification SET SentTime = (SELECT max(SentTime) FROM ClientNotification)");
   compose(ComposerMode::sendAuto, [](WindowInUse& window) {
     EXPECT_EQ(window.read("lblScheduled"),
@@ -120,10 +119,11 @@ TEST_F(ComposerTest, MessageGoesOutInTheOrderOfTheContract) {
     window.type("cboBcc", "file@firm");
     finish(window);
   });
-  EXPECT_THAT(email.calls, ElementsAre("errorClass=set", "MsgboxClass=set", "locale=set",
-                                       "database=set", "folder=set", "to=ann@birch",
-                                       "cc=", "bcc=file@firm", "subject=Your GST Return",
-                                       testing::StartsWith("body=Your return is due."), "send="));
+  EXPECT_THAT(
+      mailProgram.calls,
+      ElementsAre("errorClass=set", "MsgboxClass=set", "locale=set", "database=set", "folder=set",
+                  "to=ann@birch", "cc=", "bcc=file@firm", "subject=Your GST Return",
+                  testing::StartsWith("body=Your return is due."), "send="));
 }
 
 TEST_F(ComposerTest, MissingAddressIsAskedAbout) {
@@ -135,20 +135,20 @@ TEST_F(ComposerTest, MissingAddressIsAskedAbout) {
   for (const Case& each : {Case{ComposerMode::sendAuto, false, 0},
                            {ComposerMode::sendAuto, true, 4},
                            {ComposerMode::notifyNow, true, 6}}) {
-    plainDatabase->connection().exec("UPDATE ClientNotification SET Field1 = NULL");
-    email.calls.clear();
-    const int before = person.pumps();
+    execute("UPDATE ClientNotification SET Field1 = NULL");
+    mailProgram.calls.clear();
+    const int before = screen.pumps();
     const Result result = compose(each.mode, [&](WindowInUse& window) {
       window.type("cboCc", "someone@birch");
-      person.expectQuestion(noAddress, message_style::notice, each.yes);
+      screen.expectQuestion(noAddress, message_style::notice, each.yes);
       finish(window);
       EXPECT_EQ(window.form().isVisible(), !each.yes);
       EXPECT_EQ(column("Field2"), "someone@birch") << "stored before the question";
       if (!each.yes) cancel(window);
     });
     EXPECT_EQ(result.sendSuccessfulFlag, each.yes);
-    EXPECT_EQ(person.pumps() - before, each.yields);
-    EXPECT_EQ(email.calls.empty(), !each.yes);
+    EXPECT_EQ(screen.pumps() - before, each.yields);
+    EXPECT_EQ(mailProgram.calls.empty(), !each.yes);
   }
 }
 
@@ -159,8 +159,8 @@ TEST_F(ComposerTest, MessageSentNowIsMarkedBeforeItsRowGoes) {
 }
 
 TEST_F(ComposerTest, FailedSendShowsTheProgramsWordsAndCloses) {
-  email.sends = false;
-  person.expectMessage("The mail program is closed.", message_style::notice);
+  mailProgram.sends = false;
+  screen.expectMessage("The mail program is closed.", message_style::notice);
   EXPECT_EQ(compose(ComposerMode::notifyNow, finish), (Result{false, false}));
   EXPECT_FALSE(rowExists());
 }
@@ -177,10 +177,9 @@ TEST_F(ComposerTest, RowIsAddedWhereTheCallerGivesNone) {
                            {ComposerMode::newAuto, false, false},
                            {ComposerMode::sendAuto, true, true}}) {
     const int before = notificationCount();
-    person.expectWindow(formName, closeBox);
     frmSendNotificationWizardEmail composer;
-    openComposer(composer, each.mode, remittanceNotification, noId, Appointments,
-                 each.hasEntry ? entry : noId);
+    screen.expectWindow(composer.name(), closeBox);
+    openComposer(composer, {each.mode}, noId, each.hasEntry ? entry : noId);
     EXPECT_EQ(notificationCount() - before, each.adds ? 1 : 0);
     EXPECT_EQ(composer.notifyID() > oldRow, each.adds);
   }
@@ -196,35 +195,53 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
       {remittanceNotification, 13, "task"},        {appointmentNotification, 3, "appointment"},
       {appointmentNotification, 13, "time entry"}, {appointmentNotification, 5, "task"},
       {appointmentNotification, 77, nullptr},      {static_cast<notificationTypes>(3), 3, nullptr},
+      {appointmentNotification, 46142, nullptr},   {appointmentNotification, 0x10003, nullptr},
       {remittanceNotification, 77, "task"}};
   const Id appointment = addRow("Appointments", {{"Subject", "Review"}});
   const Id docket = addRow("Dockets", {{"Subject", "Review"}});
-  plainDatabase->connection().exec(
-      "UPDATE ClientNotification SET ApptIDNum = " + std::to_string(appointment) +
-      ", DocketIDNum = " + std::to_string(docket) + ", TaskIDNum = 1");
+  execute("UPDATE ClientNotification SET ApptIDNum = " + std::to_string(appointment) +
+          ", DocketIDNum = " + std::to_string(docket) + ", TaskIDNum = 1");
   for (const bool wants : {false, true}) {
     for (const Case& each : cases) {
       if (wants && each.word) {
-        person.expectMessage("This client will be notified of their upcoming " +
+        screen.expectMessage("This client will be notified of their upcoming " +
                                  std::string(each.word) + " by email on Friday, April 24, 2026",
                              message_style::armedConfirmed);
       }
       // A diary item of an unknown kind has no table.
       if (each.type == appointmentNotification && !each.word) errors.answer({2});
-      compose({ComposerMode::newAuto, each.type, static_cast<CurrentDayTimerType>(each.kind)},
-              [](WindowInUse& window) {
-                window.type("txtNotificationField", "Apr 24 2026");
-                finish(window);
-              });
+      compose({ComposerMode::newAuto, each.type, each.kind}, [](WindowInUse& window) {
+        window.type("txtNotificationField", "Apr 24 2026");
+        finish(window);
+      });
       EXPECT_EQ(column("NotificationDate"), "2026-04-24");
     }
-    getAutoSendWizardConfirmation(7);
-    plainDatabase->connection().exec(
-        "UPDATE UserGeneralSettings SET WarningMessagesExitAutomaticNotificationWarning=1");
+    confirmArming();
   }
   EXPECT_EQ(channelBits(), "1");
   for (const char* table : {"Appointments", "Dockets"})
     EXPECT_EQ(dump(std::string("SELECT notifyType, ClientNotifiedFlag FROM ") + table), "1|1|\n");
+}
+
+TEST_F(ComposerTest, DateThatIsMissingIsNotMadeUp) {
+  confirmArming();
+  execute("UPDATE ClientNotification SET NotificationDate = NULL");
+  for (const ComposerMode mode : {ComposerMode::editAuto, ComposerMode::newAuto}) {
+    errors.answer({error_choice::next});
+    compose(mode, [](WindowInUse& window) {
+      EXPECT_EQ(window.read("txtNotificationField"), "");
+      window.click("chkAddAddress");
+      EXPECT_NE(window.read("rtbText").find("April 15, 2026"), std::string::npos);
+      finish(window);
+    });
+    EXPECT_EQ(column("NotificationDate"), "");
+  }
+  errors.answer({error_choice::next});
+  compose(ComposerMode::editAuto, [](WindowInUse& window) {
+    window.type("txtNotificationField", "Apr 24 2026");
+    finish(window);
+  });
+  EXPECT_EQ(column("NotificationDate"), "2026-04-24");
 }
 
 TEST_F(ComposerTest, RefreshesAndStoresWhatADiaryItemSays) {
@@ -235,7 +252,7 @@ TEST_F(ComposerTest, RefreshesAndStoresWhatADiaryItemSays) {
                           {"TimeFrom", DateTime::of(2026, 4, 23, 9)},
                           {"TimeTo", DateTime::of(2026, 4, 23, 10)}});
   compose({ComposerMode::editAuto, appointmentNotification, Dockets}, [&](WindowInUse& window) {
-    person.expectQuestion(
+    screen.expectQuestion(
         "Are you sure you want to refresh this comment?  This will replace the existing text.",
         message_style::batchNotice, true);
     window.click("cmdRefreshComment");
@@ -252,7 +269,7 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
   for (const bool yes : {false, true}) {
     compose(ComposerMode::editAuto, [&](WindowInUse& window) {
       window.type("txtSubject", "not stored");
-      person.expectQuestion(
+      screen.expectQuestion(
           "Are you sure you want to refresh this comment?  This will replace the existing text.",
           message_style::batchNotice, yes);
       window.click("cmdRefreshComment");
@@ -305,24 +322,22 @@ TEST_F(ComposerTest, AddressGoesInAndForCompaniesOutAgain) {
 }
 
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
-  using Host = ComposerRows<WindowHost>;
   for (const ComposerMode mode : {ComposerMode::notifyNow, ComposerMode::newAuto}) {
-    walkFaults({.run =
+    walkFaults({.prepare = [](TestHost& host) { ComposerOffice(Rows(*host.plainDatabase)); },
+                .run =
                     [&](TestHost& host) {
-                      auto& desk = dynamic_cast<Host&>(host);
-                      desk.person.answerAll(true);
-                      desk.person.expectWindow(Host::formName, [](WindowInUse& window) {
+                      frmSendNotificationWizardEmail composer;
+                      host.screen.answerAll(true);
+                      host.screen.expectWindow(composer.name(), [](WindowInUse& window) {
                         if (window.canUse("cmdFinish")) window.click("cmdFinish");
                         if (window.form().isVisible()) window.click("cmdCancel");
                       });
-                      frmSendNotificationWizardEmail composer;
-                      openComposer(composer, mode, remittanceNotification, desk.row, Appointments);
+                      openComposer(composer, {mode}, row);
                       composer.unload();
-                      EXPECT_TRUE(desk.person.openForms().empty());
+                      EXPECT_TRUE(host.screen.openForms().empty());
                       return std::string(composer.SendSuccessfulFlag() ? "sent" : "not sent");
                     },
-                .defaultResult = "not sent",
-                .makeHost = [] { return std::make_unique<Host>(); }});
+                .defaultResult = "not sent"});
   }
 }
 

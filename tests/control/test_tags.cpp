@@ -1,0 +1,93 @@
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "platform/controls/DatePicker.h"
+#include "support/HostTest.h"
+#include "support/golden_file.h"
+#include "wizards/frmSendNotificationWizardEmail.h"
+
+namespace autonotify::test {
+namespace {
+
+using Tags = std::set<std::string>;
+const std::string start = "Morvane.exe-";
+
+/// The texts of the component's file that are tags; those that end in "-" only begin some.
+void addTagsOfFile(Tags& tags) {
+  std::stringstream file;
+  file << std::ifstream(COMPONENT_FILE).rdbuf();
+  const std::string bytes = file.str();
+  for (auto at = bytes.find(start); at != std::string::npos; at = bytes.find(start, at + 1)) {
+    const std::string text = bytes.c_str() + at;
+    if (!text.ends_with("-")) tags.insert(text);
+  }
+}
+
+/// Every event that a control has a reaction to.
+void raiseAll(Control& control) {
+  for (const auto& event : {control.onClick, control.onDoubleClick, control.onChange,
+                            control.onGotFocus, control.onLostFocus}) {
+    if (event) event();
+  }
+  if (control.onKeyPress) control.onKeyPress(' ');
+  if (control.onKeyUp) control.onKeyUp(' ', 0);
+  if (control.onValidate) control.onValidate();
+  if (auto* picker = dynamic_cast<DatePicker*>(&control)) {
+    picker->acceptDropDown();
+    picker->acceptDate(DateTime::of(2026, 4, 15));
+  }
+}
+
+/// The initializers of each window, one after the other on a window of its own.
+const std::function<void(Id)> openings[] = {
+#define OPENING(initialize)                                       \
+  [](Id row) {                                                    \
+    frmSendNotificationWizardEmail window;                        \
+    window.initialize(remittanceNotification, row, Appointments); \
+    window.unload();                                              \
+  }
+    OPENING(InitializeNotifyNow),
+    OPENING(InitializeEditAutoNotify),
+    OPENING(InitializeNewAutoNotify),
+    OPENING(InitializeSendAuto),
+#undef OPENING
+};
+
+class TagTest : public HostTest {
+ protected:
+  /// The tags of what windows do, which are put together when they are made.
+  void addTagsOfWindows(Tags& tags) {
+    const Id company = addRow("Companies", {{"CompanyName", "Maple Ltd"}});
+    screen.answerAll(true);
+    for (const auto& open : openings) {
+      screen.expectWindow("frmSendNotificationWizardEmail", [](WindowInUse& window) {
+        for (Control* control : window.form().controls()) raiseAll(*control);
+        if (window.form().isVisible()) window.form().hide();
+      });
+      open(addRow("ClientNotification",
+                  {{"CompanyIDNum", company}, {"NotificationDate", clock.today()}}));
+    }
+    for (const std::string& tag : errors.tags()) {
+      if (tag.starts_with(start + "frm")) tags.insert(tag);
+    }
+  }
+};
+
+TEST_F(TagTest, AreThoseThatHostsKnow) {
+  Tags tags;
+  addTagsOfFile(tags);
+  addTagsOfWindows(tags);
+  std::map<std::string, std::string> procedures;
+  for (const std::string& tag : tags) {
+    const auto dash = tag.find('-', start.size());
+    procedures[tag.substr(start.size(), dash - start.size())] += " " + tag.substr(dash + 1);
+  }
+  std::string text;
+  for (const auto& [module, names] : procedures) text += module + ":" + names + "\n";
+  expectGolden(TAGS_FILE, text);
+}
+
+}  // namespace
+}  // namespace autonotify::test
