@@ -37,8 +37,7 @@ class ComponentHost : public TestHost {
 /// A test on such a host.
 class ComponentTest : public testing::Test, public ComponentHost, public Rows {
  protected:
-  explicit ComponentTest(const std::string* content = nullptr)
-      : ComponentHost(content), Rows(*plainDatabase) {}
+  ComponentTest() : Rows(*plainDatabase) {}
   ~ComponentTest() override {
     EXPECT_EQ(errors.answersLeft(), 0u);
     EXPECT_EQ(errors.entered(), errors.left());

@@ -1,5 +1,4 @@
 #include <dlfcn.h>
-#include <gmock/gmock.h>
 #include <stdio.h>
 
 #include <fstream>
@@ -68,9 +67,8 @@ TEST(Component, EntryPointsRefuseWhatTheyDoNotKnow) {
   }
   EXPECT_EQ(getClassObject(classAutoNotifyCtrl, classObjectInterface, nullptr),
             componentBadPointer);
-  for (const char* name : {"DllRegisterServer", "DllUnregisterServer", "DllCanUnloadNow"}) {
+  for (const char* name : {"DllRegisterServer", "DllUnregisterServer", "DllCanUnloadNow"})
     EXPECT_EQ(reinterpret_cast<int (*)()>(dlsym(library, name))(), componentOk) << name;
-  }
   dlclose(library);
   EXPECT_FALSE(isLoaded());
 }
@@ -78,22 +76,22 @@ TEST(Component, EntryPointsRefuseWhatTheyDoNotKnow) {
 TEST(Component, StaysInUseWhileAnObjectOrALockIsLeft) {
   TestHost services;
   host::ComponentLibrary library(COMPONENT_FILE, services.platform());
-  EXPECT_TRUE(library.canUnload());
-  auto first = library.createControl();
-  auto second = library.createControl();
-  EXPECT_FALSE(library.canUnload());
-  first.reset();
-  EXPECT_FALSE(library.canUnload());
-  second.reset();
-  EXPECT_TRUE(library.canUnload());
-
-  library.classObject().lockServer(false);
-  library.classObject().lockServer(true);
-  library.classObject().lockServer(true);
-  library.classObject().lockServer(false);
-  EXPECT_FALSE(library.canUnload());
-  library.classObject().lockServer(false);
-  EXPECT_TRUE(library.canUnload());
+  std::vector<std::unique_ptr<ComponentObject>> objects;
+  const auto lock = [&](bool on) { library.classObject().lockServer(on); };
+  const std::pair<std::function<void()>, bool> steps[] = {
+      {[] {}, true},
+      {[&] { objects.push_back(library.createControl()); }, false},
+      {[&] { objects.push_back(library.createTools()); }, false},
+      {[&] { objects.erase(objects.begin()); }, false},
+      {[&] { objects.clear(); }, true},
+      {[&] { lock(false); }, true},
+      {[&] { lock(true), lock(true), lock(false); }, false},
+      {[&] { lock(false); }, true},
+  };
+  for (const auto& [act, canUnload] : steps) {
+    act();
+    EXPECT_EQ(library.canUnload(), canUnload);
+  }
 }
 
 TEST(Component, CreatesNothingUnknownNorWithoutAPlatform) {

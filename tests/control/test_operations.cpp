@@ -21,10 +21,6 @@ constexpr Id meeting = 9, twin = 10, emailRow = 21, faxRow = 22, oldRow = 23, me
 constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 
 void fillOffice(Rows rows) {
-  const auto add = [&](const char* table, Id id, const RowFields& fields) {
-    while (rows.addRow(table, fields) < id) continue;
-  };
-  const RowFields none;
   for (const auto& [table, last] : {std::pair{"Companies", company},
                                     {"Contacts", contact},
                                     {"ClientData", client},
@@ -32,7 +28,7 @@ void fillOffice(Rows rows) {
                                     {"Tasks", task},
                                     {"Appointments", meeting},
                                     {"ClientNotification", emailRow}}) {
-    add(table, last - 1, none);
+    while (rows.addRow(table, {}) < last - 1) continue;
   }
   rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}});
   rows.addClient("Maple Ltd", "Jo Park");
@@ -101,11 +97,16 @@ Operation operation(const char* name, std::string tag, Call call, Procedure proc
 }
 
 // CONTROL(procedure, arguments): the operation of the control that passes all its arguments on to
-// its procedure. CONTROL_AS and TOOL name the operation and the call that it stands for.
+// its procedure; ADDS does so for all channels. CONTROL_AS and TOOL name the operation and the call
+// that it stands for.
 #define CONTROL(procedure, ...) CONTROL_AS(cls_##procedure, (__VA_ARGS__), procedure(__VA_ARGS__))
 #define CONTROL_AS(operation, arguments, call)                      \
   OPERATION(operation, "Morvane.exe-clsAutoNotifyCtrl-" #operation, \
             host.control->operation arguments, call)
+#define ADDS(item, rest, ...)                                                                     \
+  CONTROL(addNew##item##Email##rest, __VA_ARGS__), CONTROL(addNew##item##Fax##rest, __VA_ARGS__), \
+      CONTROL(addNew##item##Letter##rest, __VA_ARGS__),                                           \
+      CONTROL(addNew##item##Phone##rest, __VA_ARGS__)
 #define TOOL(operation, arguments, tag, call) \
   OPERATION(operation, tag, host.library.createTools()->operation arguments, call)
 #define OPERATION(name, tag, call, procedure) \
@@ -133,18 +134,9 @@ const Operation operations[] = {
     CONTROL(IsFaxSelected, 2),
     CONTROL(IsLetterSelected, 4),
     CONTROL(IsPhoneSelected, 8),
-    CONTROL(addNewEmailNotificationFromScheduleIDNum, entry),
-    CONTROL(addNewFaxNotificationFromScheduleIDNum, entry),
-    CONTROL(addNewLetterNotificationFromScheduleIDNum, entry),
-    CONTROL(addNewPhoneNotificationFromScheduleIDNum, entry),
-    CONTROL(addNewEmailNotificationFromScheduleNameAndDueDate, oldEntry, task, company, contact,
-            "GST", dueDate, "Hello"),
-    CONTROL(addNewFaxNotificationFromScheduleNameAndDueDate, oldEntry, task, company, contact,
-            "GST", dueDate, "Hello"),
-    CONTROL(addNewLetterNotificationFromScheduleNameAndDueDate, oldEntry, task, company, contact,
-            "GST", dueDate, "Hello"),
-    CONTROL(addNewPhoneNotificationFromScheduleNameAndDueDate, oldEntry, task, company, contact,
-            "GST", dueDate, "Hello"),
+    ADDS(, NotificationFromScheduleIDNum, entry),
+    ADDS(, NotificationFromScheduleNameAndDueDate, oldEntry, task, company, contact, "GST", dueDate,
+         "Hello"),
     CONTROL(editEmailNotification, emailRow, "a", "b", "c", "d", "e"),
     CONTROL_AS(cls_editEmailNotification, (emailRow),
                editEmailNotification(emailRow, "", "", "", "", "")),
@@ -166,14 +158,8 @@ const Operation operations[] = {
     CONTROL(changeApptNotificationStatus, Appointments, nt_Fax, nt_RemoveStatus, meeting),
     CONTROL(copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum, Appointments, oldRow,
             meeting),
-    CONTROL(addNewApptEmailNotification, Appointments, twin, dueDate, emailRow, company, contact),
-    CONTROL(addNewApptFaxNotification, Appointments, twin, dueDate, emailRow, company, contact),
-    CONTROL(addNewApptLetterNotification, Appointments, twin, dueDate, emailRow, company, contact),
-    CONTROL(addNewApptPhoneNotification, Appointments, twin, dueDate, emailRow, company, contact),
-    CONTROL(addNewApptEmailNotification, Appointments, meeting, dueDate),
-    CONTROL(addNewApptFaxNotification, Appointments, meeting, dueDate),
-    CONTROL(addNewApptLetterNotification, Appointments, meeting, dueDate),
-    CONTROL(addNewApptPhoneNotification, Appointments, meeting, dueDate),
+    ADDS(Appt, Notification, Appointments, twin, dueDate, emailRow, company, contact),
+    ADDS(Appt, Notification, Appointments, meeting, dueDate),
     CONTROL(editApptEmailNotification, Dockets, meetingRow, "a", "b", "c", "d", "e"),
     CONTROL_AS(cls_editApptEmailNotification, (Tasks, meetingRow),
                editApptEmailNotification(Tasks, meetingRow, "", "", "", "", "")),
@@ -303,43 +289,6 @@ INSTANTIATE_TEST_SUITE_P(Control, Operations, testing::ValuesIn(operations),
                          [](const auto& operation) {
                            return operation.param.name + ("_" + std::to_string(operation.index));
                          });
-
-// Frames.
-
-class Frames : public ComponentTest {
- protected:
-  Frames() : ComponentTest(&officeContent()) { calls.reset(); }
-};
-
-TEST_F(Frames, PersistentFailureAsksAgainUntilThePersonLeaves) {
-  calls.failAt(1, 100);
-  errors.answer({error_choice::quit, 0, -4, 99, error_choice::leave});
-  EXPECT_EQ(control->cls_getNotificationID(entry, nt_Fax), noId);
-  EXPECT_EQ(errors.dialogs(), 5);
-  EXPECT_EQ(calls.count(), 5) << "each retry repeats the statement";
-  EXPECT_EQ(errors.recorded().at(0).tag, "Morvane.exe-modNotifyClients-getNotificationID")
-      << "the innermost procedure is on top";
-}
-
-TEST_F(Frames, SkippedStatementGoesOnWithTheNext) {
-  const auto moveDate = [&](DateTime date) {
-    control->cls_ChangeNotificationNotifiedDate(emailRow, date);
-    return dump(
-        "SELECT ClientNotificationModifiedStamp, NotificationDate FROM "
-        "ClientNotification WHERE ClientNotificationID=21");
-  };
-  calls.record(true);
-  EXPECT_EQ(moveDate(dueDate), "2026-04-15 09:30:00|2026-04-30|\n");
-  const auto log = calls.log();
-  const auto stamp = std::ranges::find_if(log, [](const std::string& line) {
-    return line.starts_with("updateFieldValue ClientNotificationModifiedStamp");
-  });
-  calls.reset();
-  calls.failAt(static_cast<int>(stamp - log.begin()) + 1);
-  errors.answer({error_choice::next});
-  clock.set(DateTime::of(2026, 4, 16));
-  EXPECT_EQ(moveDate(dueDate.addDays(1)), "2026-04-15 09:30:00|2026-05-01|\n");
-}
 
 }  // namespace
 }  // namespace autonotify::test

@@ -4,9 +4,8 @@
 #include <sstream>
 
 #include "platform/controls/DatePicker.h"
-#include "support/HostTest.h"
 #include "support/golden_file.h"
-#include "wizards/frmSendNotificationWizardEmail.h"
+#include "tests/wizards/ComposerTest.h"
 
 namespace autonotify::test {
 namespace {
@@ -40,38 +39,21 @@ void raiseAll(Control& control) {
   }
 }
 
-/// The initializers of each window, one after the other on a window of its own.
-const std::function<void(Id)> openings[] = {
-#define OPENING(initialize)                                       \
-  [](Id row) {                                                    \
-    frmSendNotificationWizardEmail window;                        \
-    window.initialize(remittanceNotification, row, Appointments); \
-    window.unload();                                              \
-  }
-    OPENING(InitializeNotifyNow),
-    OPENING(InitializeEditAutoNotify),
-    OPENING(InitializeNewAutoNotify),
-    OPENING(InitializeSendAuto),
-#undef OPENING
-};
-
-class TagTest : public HostTest {
+class TagTest : public ComposerTest {
  protected:
   /// The tags of what windows do, which are put together when they are made.
   void addTagsOfWindows(Tags& tags) {
-    const Id company = addRow("Companies", {{"CompanyName", "Maple Ltd"}});
     screen.answerAll(true);
-    for (const auto& open : openings) {
-      screen.expectWindow("frmSendNotificationWizardEmail", [](WindowInUse& window) {
+    for (int mode = 1; mode <= 4; ++mode) {
+      row = addRow("ClientNotification",
+                   {{"CompanyIDNum", company}, {"NotificationDate", notifyDate}});
+      compose(static_cast<ComposerMode>(mode), [](WindowInUse& window) {
         for (Control* control : window.form().controls()) raiseAll(*control);
         if (window.form().isVisible()) window.form().hide();
       });
-      open(addRow("ClientNotification",
-                  {{"CompanyIDNum", company}, {"NotificationDate", clock.today()}}));
     }
-    for (const std::string& tag : errors.tags()) {
+    for (const std::string& tag : errors.tags())
       if (tag.starts_with(start + "frm")) tags.insert(tag);
-    }
   }
 };
 

@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "contract/references.h"
+#include "contract/windows.h"
+#include "host/services/HostLocale.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/DatePicker.h"
@@ -74,19 +76,21 @@ class frmSample : public Form {
 class Windows : public testing::Test {
  protected:
   Windows() { references().platform.formHost = &person; }
-  ~Windows() override { references() = References{}; }
+  ~Windows() override {
+    person.finish();
+    references() = References{};
+  }
 
   /// What happens when a person does this in the window, up to its end.
-  std::string logOf(const HeadlessPerson::Script& script) {
+  std::string logOf(const std::function<void(WindowInUse&, frmSample&)>& script) {
     frmSample form(person);
     person.expectWindow("frmsample", [&](WindowInUse& window) {
       form.log.clear();
-      script(window);
+      script(window, form);
       if (form.isVisible()) form.hide();
     });
     form.initialize();
     form.unload();
-    person.finish();
     return form.log;
   }
 
@@ -94,7 +98,7 @@ class Windows : public testing::Test {
 };
 
 TEST_F(Windows, FocusIsValidatedBeforeItIsLost) {
-  EXPECT_EQ(logOf([](WindowInUse& window) {
+  EXPECT_EQ(logOf([](WindowInUse& window, frmSample&) {
               EXPECT_EQ(window.focus(), "txtDate");
               EXPECT_TRUE(window.click("lbl"));
               EXPECT_TRUE(window.type("txtDate", "bad"));
@@ -108,8 +112,7 @@ TEST_F(Windows, FocusIsValidatedBeforeItIsLost) {
 }
 
 TEST_F(Windows, ProgramMovesTheFocusWithoutValidating) {
-  EXPECT_EQ(logOf([](WindowInUse& window) {
-              auto& form = dynamic_cast<frmSample&>(window.form());
+  EXPECT_EQ(logOf([](WindowInUse& window, frmSample& form) {
               form.txtDate.setText("bad");
               form.chkInGroup.setFocus();
               EXPECT_EQ(window.focus(), "txtDate") << "out of reach";
@@ -120,8 +123,7 @@ TEST_F(Windows, ProgramMovesTheFocusWithoutValidating) {
 }
 
 TEST_F(Windows, FocusMovesOnFromAControlThatGoesOutOfReach) {
-  EXPECT_EQ(logOf([](WindowInUse& window) {
-              auto& form = dynamic_cast<frmSample&>(window.form());
+  EXPECT_EQ(logOf([](WindowInUse& window, frmSample& form) {
               form.group.setVisible(true);
               form.chkInGroup.onClick = [&form] { form.group.setVisible(false); };
               EXPECT_TRUE(window.click("chkInGroup"));
@@ -147,7 +149,7 @@ TEST_F(Windows, FirstControlWithinReachHasTheFocus) {
 }
 
 TEST_F(Windows, DoorRefusesWhatNobodyCanDo) {
-  logOf([](WindowInUse& window) {
+  logOf([](WindowInUse& window, frmSample& form) {
     const std::vector<std::function<void()>> impossible{
         [&] { window.click("cmdOff"); },          [&] { window.click("chkInGroup"); },
         [&] { window.type("txtOnPage", "x"); },   [&] { window.tabTo("lbl"); },
@@ -161,48 +163,42 @@ TEST_F(Windows, DoorRefusesWhatNobodyCanDo) {
     }
     window.choose("tabs", "second");
     EXPECT_TRUE(window.type("txtOnPage", "x"));
-    window.form().find("group")->setVisible(true);
+    form.group.setVisible(true);
     EXPECT_TRUE(window.click("chkInGroup"));
     EXPECT_EQ(window.read("chkInGroup"), "yes");
-    window.form().find("group")->setEnabled(false);
+    form.group.setEnabled(false);
     EXPECT_TRUE(window.sees("chkInGroup"));
     EXPECT_THROW(window.click("chkInGroup"), std::logic_error);
-    window.form().hide();
+    form.hide();
     EXPECT_THROW(window.click("cmdCancel"), std::logic_error);
     EXPECT_THROW(window.closeBox(), std::logic_error);
   });
 }
 
-TEST_F(Windows, KeysAreFilteredOneByOne) {
+TEST_F(Windows, KeysAreFilteredOneByOneAndTheCalendarOpensAndCloses) {
+  const DateTime date = DateTime::of(2026, 4, 18);
   std::string keys;
-  logOf([&](WindowInUse& window) {
-    auto& field = dynamic_cast<frmSample&>(window.form()).txtPlain;
-    field.onKeyPress = [](int key) { return key < '0' || key > '9' ? 0 : key; };
-    field.onKeyUp = [&](int key, int) { keys += std::to_string(key) + " "; };
+  std::vector<DateTime> values;
+  logOf([&](WindowInUse& window, frmSample& form) {
+    form.txtPlain.onKeyPress = [](int key) { return key < '0' || key > '9' ? 0 : key; };
+    form.txtPlain.onKeyUp = [&](int key, int) { keys += std::to_string(key) + " "; };
     window.type("txtPlain", "2\u00e90");
     EXPECT_EQ(window.read("txtPlain"), "20");
+    form.dtp.onDropDown = form.dtp.onCloseUp = [&] { values.push_back(form.dtp.value()); };
+    window.pickDate("dtp", date);
   });
   EXPECT_EQ(keys, "50 0 48 ");
-}
-
-TEST_F(Windows, CalendarOpensAndClosesAroundTheDate) {
-  const DateTime date = DateTime::of(2026, 4, 18);
-  logOf([&](WindowInUse& window) {
-    auto& picker = dynamic_cast<frmSample&>(window.form()).dtp;
-    std::vector<DateTime> values;
-    picker.onDropDown = picker.onCloseUp = [&] { values.push_back(picker.value()); };
-    window.pickDate("dtp", date);
-    EXPECT_THAT(values, ElementsAre(DateTime{}, date));
-  });
+  EXPECT_THAT(values, ElementsAre(DateTime{}, date));
 }
 
 TEST_F(Windows, CloseBoxAsksTheWindowOnce) {
-  EXPECT_EQ(logOf([](WindowInUse& window) { EXPECT_TRUE(window.closeBox()); }), "box unload back ");
-  EXPECT_EQ(logOf([](WindowInUse& window) {
-              dynamic_cast<frmSample&>(window.form()).refuses = true;
+  EXPECT_EQ(logOf([](WindowInUse& window, frmSample&) { EXPECT_TRUE(window.closeBox()); }),
+            "box unload back ");
+  EXPECT_EQ(logOf([](WindowInUse& window, frmSample& form) {
+              form.refuses = true;
               EXPECT_FALSE(window.closeBox());
-              EXPECT_TRUE(window.form().isVisible());
-              dynamic_cast<frmSample&>(window.form()).refuses = false;
+              EXPECT_TRUE(form.isVisible());
+              form.refuses = false;
             }),
             "box back query unload ");
 }
@@ -222,7 +218,6 @@ TEST_F(Windows, LoadedWindowsAreKnownByNameInAnyCase) {
     }
   }
   { const frmSample forgotten(person); }
-  person.finish();
 }
 
 TEST_F(Windows, WindowsNestAndThePumpEntersAgain) {
@@ -249,7 +244,6 @@ TEST_F(Windows, WindowsNestAndThePumpEntersAgain) {
   outer.unload();
   EXPECT_EQ(order, "pump pump inner pump ");
   EXPECT_EQ(person.windowsShown(), 2);
-  person.finish();
 }
 
 TEST_F(Windows, TimersFireWhileEnabledAndMenusPopUp) {
@@ -271,7 +265,80 @@ TEST_F(Windows, TimersFireWhileEnabledAndMenusPopUp) {
   form.initialize();
   form.unload();
   EXPECT_EQ(log, "timer script entry ");
-  person.finish();
+}
+
+// What the host's styler is shown.
+
+/// A styler that notes what it is shown.
+class NotedLocale : public host::HostLocale, public InterfaceStyler {
+ public:
+  NotedLocale() : HostLocale({}) {}
+  InterfaceStyler* getInterfaceStyler() override { return this; }
+
+  void styleForm(HostObject*) override {}
+  void markFocusGained(HostObject* control) override { note("+", control); }
+  void markFocusLost(HostObject* control) override { note("-", control); }
+  void handleKeyUp(HostObject* control, int keyCode, int) override {
+    note(std::to_string(keyCode), control);
+  }
+  void organizeControls(HostObject*) override {}
+
+  std::string log;
+
+ private:
+  void note(const std::string& what, HostObject* control) {
+    log += what + dynamic_cast<Control&>(*control).name() + " ";
+  }
+};
+
+TEST_F(Windows, StylerSeesFocusAndKeysOfTheControlsThatAskForIt) {
+  NotedLocale locale;
+  references().localeReference = &locale;
+  Form form(person, "frmSample");
+  TextBox both(form, "txtBoth"), gained(form, "txtGained"), none(form, "txtNone");
+  markFocus(both, form.name());
+  passKeys(both, form.name());
+  markFocusGained(gained, form.name());
+  person.expectWindow("frmSample", [&](WindowInUse& window) {
+    window.type("txtBoth", "A");
+    window.type("txtGained", "B");
+    window.type("txtNone", "C");
+    form.hide();
+  });
+  showModal(form);
+  EXPECT_EQ(locale.log, "+txtBoth 65txtBoth -txtBoth +txtGained ");
+  form.unload();
+}
+
+// The person of the tests.
+
+void show(HeadlessPerson& person) {
+  Form form(person, "frmSample");
+  form.showModal(nullptr);
+  EXPECT_FALSE(form.isVisible()) << "the program must not hang";
+  form.unload();
+}
+
+TEST(Person, NothingPassesThatNobodyExpected) {
+  HeadlessPerson person;
+  EXPECT_NONFATAL_FAILURE(show(person), "nobody expected the window frmSample");
+  person.expectWindow("frmSample", [](WindowInUse&) {});
+  EXPECT_NONFATAL_FAILURE(show(person), "frmSample was left open");
+  person.expectWindow("frmOther", [](WindowInUse&) {});
+  EXPECT_NONFATAL_FAILURE(show(person), "nobody expected the window frmSample");
+  EXPECT_NONFATAL_FAILURE(person.finish(), "frmOther never came up");
+
+  const auto say = [&] { person.showMessage("Hello", 1, nullptr, 0, 0, 101, 0, "", 0); };
+  EXPECT_NONFATAL_FAILURE(say(), "nobody expected: Hello");
+  person.expectMessage("Hello", 3);
+  EXPECT_NONFATAL_FAILURE(say(), "style");
+  person.expectQuestion("Hello", 1, true);
+  EXPECT_NONFATAL_FAILURE(say(), "isQuestion");
+  person.expectMessage("Bye", 1);
+  EXPECT_NONFATAL_FAILURE(person.finish(), "never said: Bye");
+
+  const Form left(person, "frmSample");
+  EXPECT_NONFATAL_FAILURE(person.finish(), "frmSample was not unloaded");
 }
 
 }  // namespace

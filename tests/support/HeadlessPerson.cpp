@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <tuple>
 
 #include "platform/Value.h"
 #include "platform/controls/CheckBox.h"
@@ -37,10 +36,6 @@ std::vector<std::string> choicesIn(const Control& control) {
 std::string wordFor(bool flag) {
   return flag ? "yes" : "no";
 }
-
-/// The arguments of a message that no host reads.
-using Reserved = std::tuple<int, int, int, int, std::string, int>;
-const Reserved fixedArguments{0, 0, 101, 0, "", 0};
 
 }  // namespace
 
@@ -96,7 +91,8 @@ void HeadlessPerson::expectWindow(std::string formName, Script script) {
 void HeadlessPerson::finish() {
   for (const auto& window : windows_) ADD_FAILURE() << window.formName << " never came up";
   for (const auto& message : said_) ADD_FAILURE() << "never said: " << message.text;
-  for (const Form* form : openForms()) ADD_FAILURE() << form->name() << " was not unloaded";
+  for (const Form* form : FormHost::openForms())
+    ADD_FAILURE() << form->name() << " was not unloaded";
   EXPECT_TRUE(menuChoices_.empty()) << "a menu never popped up";
   windows_.clear();
   said_.clear();
@@ -148,7 +144,11 @@ void HeadlessPerson::pumpMessages() {
   act();
 }
 
-int HeadlessPerson::hear(const ExpectedMessage& heard) {
+int HeadlessPerson::hear(const char* call, const ExpectedMessage& heard, HostObject* owner,
+                         const Reserved& reserved) {
+  pass(call);
+  EXPECT_EQ(owner, activeWindow_) << heard.text;
+  EXPECT_EQ(reserved, Reserved(0, 0, 101, 0, "", 0)) << heard.text;
   if (restAnswer_) return *restAnswer_ ? 0 : 1;
   if (said_.empty()) {
     ADD_FAILURE() << "nobody expected: " << heard.text;
@@ -160,22 +160,6 @@ int HeadlessPerson::hear(const ExpectedMessage& heard) {
   EXPECT_EQ(heard.style, expected.style) << heard.text;
   EXPECT_EQ(heard.isQuestion, expected.isQuestion) << heard.text;
   return expected.answer;
-}
-
-void HeadlessPerson::showMessage(const std::string& text, int style, HostObject* owner, int r1,
-                                 int r2, int r3, int r4, const std::string& r5, int r6) {
-  pass("showMessage");
-  EXPECT_EQ(owner, activeWindow_) << text;
-  EXPECT_EQ(Reserved(r1, r2, r3, r4, r5, r6), fixedArguments) << text;
-  hear({text, style, false, 0});
-}
-
-int HeadlessPerson::askQuestion(const std::string& text, int style, HostObject* owner, int r1,
-                                int r2, int r3, int r4, const std::string& r5, int r6) {
-  pass("askQuestion");
-  EXPECT_EQ(owner, activeWindow_) << text;
-  EXPECT_EQ(Reserved(r1, r2, r3, r4, r5, r6), fixedArguments) << text;
-  return hear({text, style, true, 0});
 }
 
 }  // namespace autonotify::test

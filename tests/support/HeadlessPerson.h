@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "contract/MsgboxClass.h"
@@ -87,6 +88,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   int pumps() const { return pumps_; }
   Pointer pointer() const { return pointer_; }
 
+  std::vector<Form*> openForms() override {
+    pass("openForms");
+    return FormHost::openForms();
+  }
   void showModal(Form& form, HostObject* owner) override;
   void formHidden(Form& form) override { WindowRenderer::inUse().hidden(form); }
   void repaint(Form&) override { pass("repaint"); }
@@ -98,9 +103,13 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void pumpMessages() override;
 
   void showMessage(const std::string& text, int style, HostObject* owner, int r1, int r2, int r3,
-                   int r4, const std::string& r5, int r6) override;
+                   int r4, const std::string& r5, int r6) override {
+    hear("showMessage", {text, style, false, 0}, owner, {r1, r2, r3, r4, r5, r6});
+  }
   int askQuestion(const std::string& text, int style, HostObject* owner, int r1, int r2, int r3,
-                  int r4, const std::string& r5, int r6) override;
+                  int r4, const std::string& r5, int r6) override {
+    return hear("askQuestion", {text, style, true, 0}, owner, {r1, r2, r3, r4, r5, r6});
+  }
 
  private:
   struct ExpectedWindow {
@@ -113,6 +122,8 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
     bool isQuestion;
     int answer;
   };
+  /// The arguments of a message that no host reads.
+  using Reserved = std::tuple<int, int, int, int, std::string, int>;
   struct PumpAct {
     int pump;
     std::function<void()> act;
@@ -120,7 +131,8 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void pass(const char* call) {
     if (calls_) calls_->pass(call);
   }
-  int hear(const ExpectedMessage& heard);
+  int hear(const char* call, const ExpectedMessage& heard, HostObject* owner,
+           const Reserved& reserved);
 
   HostCalls* calls_ = nullptr;
   HostObject* activeWindow_ = nullptr;

@@ -64,9 +64,9 @@ class TestComposer : public NotificationComposer {
 class ChannelTest : public ComposerTest {
  protected:
   ChannelTest() { stored().clear(); }
-  Result use(Opening opening, HeadlessPerson::Script script) {
+  Result useTest(Opening opening, HeadlessPerson::Script script) {
     TestComposer composer;
-    return ComposerTest::use(composer, opening, std::move(script));
+    return use(composer, opening, std::move(script));
   }
 };
 
@@ -75,27 +75,34 @@ void cancel(WindowInUse& window) {
 }
 
 TEST_F(ChannelTest, SaysWhetherARowIsAdded) {
+  using enum ComposerMode;
+  ComposerChannel adding = phoneLike;
+  adding.addsRow = AddsRow::always;
   struct Case {
-    AddsRow rule;
+    std::unique_ptr<NotificationComposer> composer;
     ComposerMode mode;
     bool hasEntry;
     int added;
+    int dialogs = 0;  ///< an entry that does not exist has no statement
   };
-  using enum ComposerMode;
-  for (const Case& each : {Case{AddsRow::never, editAuto, true, 0},
-                           {AddsRow::always, newAuto, false, 0},
-                           {AddsRow::always, newAuto, true, 1},
-                           {AddsRow::unlessNewWithoutSchedule, newAuto, true, 1},
-                           {AddsRow::unlessNewWithoutSchedule, newAuto, false, 0}}) {
-    ComposerChannel channel = phoneLike;
-    channel.addsRow = each.rule;
+  const auto email = [] { return std::make_unique<frmSendNotificationWizardEmail>(); };
+  const Case cases[] = {{std::make_unique<TestComposer>(), editAuto, true, 0},
+                        {std::make_unique<TestComposer>(adding), newAuto, true, 1},
+                        {std::make_unique<TestComposer>(adding), newAuto, false, 0, 1},
+                        {email(), editAuto, true, 1},
+                        {email(), sendAuto, false, 0, 1},
+                        {email(), newAuto, true, 1},
+                        {email(), newAuto, false, 0}};
+  for (const Case& each : cases) {
     const int before = notificationCount();
-    // An entry that does not exist has no statement.
-    if (each.rule == AddsRow::always && !each.hasEntry) errors.answer({error_choice::leave});
-    TestComposer composer(channel);
-    screen.expectWindow("frmTestComposer", [](WindowInUse& window) { window.form().hide(); });
-    openComposer(composer, {each.mode}, noId, each.hasEntry ? entry : noId);
+    const int dialogsBefore = errors.dialogs();
+    errors.answerRest(error_choice::leave, each.dialogs);
+    screen.expectWindow(each.composer->name(), [](WindowInUse& window) { window.form().hide(); });
+    openComposer(*each.composer, {each.mode}, noId, each.hasEntry ? entry : noId);
     EXPECT_EQ(notificationCount() - before, each.added);
+    EXPECT_EQ(each.composer->notifyID() > row, each.added > 0);
+    EXPECT_EQ(errors.dialogs() - dialogsBefore, each.dialogs);
+    each.composer->unload();
   }
 }
 
@@ -107,7 +114,7 @@ TEST_F(ChannelTest, NamesItsButtonsWhereTheMessageGoesAtOnce) {
                                              {newAuto, "Finish", "Cancel"}}) {
     const bool isAtOnce = mode == notifyNow || mode == sendAuto;
     row = addRow("ClientNotification", {{"NotificationDate", notifyDate}});
-    use({mode}, [&](WindowInUse& window) {
+    useTest({mode}, [&](WindowInUse& window) {
       EXPECT_EQ(window.read("cmdFinish"), finish);
       EXPECT_EQ(window.read("cmdCancel"), cancel);
       EXPECT_EQ(window.sees("txtNotificationField"), !isAtOnce);
@@ -124,43 +131,64 @@ TEST_F(ChannelTest, StoresItsOwnFieldsUnderTheKindAsGiven) {
   };
   const std::string sentence = "Someone is to call about the task on Thursday, April 23, 2026";
   screen.expectMessage(sentence, message_style::armedConfirmed);
-  use({ComposerMode::newAuto}, finish);
+  useTest({ComposerMode::newAuto}, finish);
   EXPECT_EQ(channelBits(), "8");
-  use({ComposerMode::editAuto, appointmentNotification, 46142}, finish);
-  use({ComposerMode::editAuto, static_cast<notificationTypes>(3)}, finish);
+  useTest({ComposerMode::editAuto, appointmentNotification, 46142}, finish);
+  useTest({ComposerMode::editAuto, static_cast<notificationTypes>(3)}, finish);
   const std::string id = std::to_string(row);
   EXPECT_THAT(stored(), ElementsAre("entry " + id + " ann@birch555-0122",
                                     "46142 " + id + " ann@birch555-0122"));
 }
 
-TEST_F(ChannelTest, TakesAnyIdAsAClientAndTheAddressOutAgain) {
-  const Id unlisted = addRow("Companies", {{"CompanyName", "Cedar Inc."}});
-  const Id contact = addRow("Contacts", {{"DisplayName", "Cara Holm"}});
-  struct Case {
-    Id company, contact;
-    const char* name;
+TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
+  const auto countIn = [](const std::string& text, const std::string& part) {
+    int count = 0;
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+    return count;
   };
-  for (const Case& each : {Case{unlisted, contact, "Cedar Inc."},
-                           {noId, contact, "Cara Holm"},
-                           {0, contact, "Cara Holm"}}) {
-    row = addRow("ClientNotification", {{"CompanyIDNum", each.company},
-                                        {"ContactIDNum", each.contact},
+  const Id contact = addRow("Contacts", {{"DisplayName", "Cara Holm"}, {"HomeCity", "Ottawa"}});
+  const Id unlisted = addRow("Companies", {{"CompanyName", "Elm"}});
+  const Id cedar = addRow("Companies", {{"CompanyName", "Cedar Inc."}});
+  const Id cedarClient = addRow("ClientData", {{"CompanyIDNum", cedar}});
+  const Id companyEntry = addSchedule(103, 1, notifyDate, {{"ClientNum", cedarClient}});
+  const Id contactEntry = addSchedule(103, 1, notifyDate, {{"ContactIDNum", contact}});
+  struct Case {
+    bool isEmail;  ///< asks the client list, and dates the address
+    Id company, contact, entry;
+    const char* name;
+    int whenUnticked = 0;
+  };
+  const Case cases[] = {{true, company, noId, entry, "Birch Ltd."},
+                        {true, unlisted, contact, entry, "Cara Holm", 2},
+                        {true, noId, noId, companyEntry, "Cedar Inc."},
+                        {true, noId, noId, contactEntry, "Cara Holm", 2},
+                        {false, unlisted, contact, entry, "Elm"},
+                        {false, 0, contact, entry, "Cara Holm"}};
+  for (const Case& each : cases) {
+    row = addRow("ClientNotification", {{"ScheduleIDNum", each.entry},
+                                        {"NotificationType", 1},
                                         {"NotificationDate", notifyDate},
+                                        {"CompanyIDNum", each.company},
+                                        {"ContactIDNum", each.contact},
                                         {"Memo", memo}});
-    use({ComposerMode::editAuto}, [&](WindowInUse& window) {
-      window.click("chkAddAddress");
-      EXPECT_THAT(window.read("rtbText"), testing::HasSubstr(each.name));
-      EXPECT_THAT(window.read("rtbText"), testing::Not(testing::HasSubstr("2026")));
-      window.click("chkAddAddress");
-      EXPECT_THAT(window.read("rtbText"), testing::Not(testing::HasSubstr(each.name)));
+    const auto script = [&](WindowInUse& window) {
+      for (const int times : {1, each.whenUnticked}) {
+        window.click("chkAddAddress");
+        EXPECT_EQ(window.focus(), "rtbText");
+        const std::string text = window.read("rtbText");
+        EXPECT_EQ(countIn(text, each.name), times) << text;
+        EXPECT_EQ(countIn(text, "April 23, 2026"), each.isEmail ? times : 0) << text;
+        EXPECT_EQ(countIn(text, "Your return is due."), 1) << text;
+      }
       cancel(window);
-    });
+    };
+    each.isEmail ? compose(ComposerMode::editAuto, script) : useTest({}, script);
   }
 }
 
 TEST_F(ChannelTest, LocksItsFurtherInputsWithTheFields) {
   execute("UPDATE ClientNotification SET NotificationSent = 1");
-  use({ComposerMode::editAuto}, [](WindowInUse& window) {
+  useTest({ComposerMode::editAuto}, [](WindowInUse& window) {
     for (const char* name : {"txtPerson", "cboNumber", "chkUseHeader", "rtbText"})
       EXPECT_FALSE(window.canUse(name)) << name;
     cancel(window);

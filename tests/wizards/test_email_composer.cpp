@@ -165,26 +165,6 @@ TEST_F(ComposerTest, FailedSendShowsTheProgramsWordsAndCloses) {
   EXPECT_FALSE(rowExists());
 }
 
-TEST_F(ComposerTest, RowIsAddedWhereTheCallerGivesNone) {
-  struct Case {
-    ComposerMode mode;
-    bool hasEntry;
-    bool adds;
-  };
-  const Id oldRow = row;
-  for (const Case& each : {Case{ComposerMode::editAuto, true, true},
-                           {ComposerMode::newAuto, true, true},
-                           {ComposerMode::newAuto, false, false},
-                           {ComposerMode::sendAuto, true, true}}) {
-    const int before = notificationCount();
-    frmSendNotificationWizardEmail composer;
-    screen.expectWindow(composer.name(), closeBox);
-    openComposer(composer, {each.mode}, noId, each.hasEntry ? entry : noId);
-    EXPECT_EQ(notificationCount() - before, each.adds ? 1 : 0);
-    EXPECT_EQ(composer.notifyID() > oldRow, each.adds);
-  }
-}
-
 TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
   struct Case {
     notificationTypes type;
@@ -280,47 +260,6 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
   EXPECT_EQ(column("Field4"), "Your GST Return");
 }
 
-TEST_F(ComposerTest, AddressGoesInAndForCompaniesOutAgain) {
-  const auto countIn = [](const std::string& text, const std::string& part) {
-    int count = 0;
-    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-    return count;
-  };
-  const Id contact = addRow("Contacts", {{"DisplayName", "Cara Holm"}, {"HomeCity", "Ottawa"}});
-  const Id company2 = addRow("Companies", {{"CompanyName", "Cedar Inc."}});
-  const Id client2 = addRow("ClientData", {{"CompanyIDNum", company2}});
-  const Id companyEntry = addSchedule(103, 1, notifyDate, {{"ClientNum", client2}});
-  const Id contactEntry = addSchedule(103, 1, notifyDate, {{"ContactIDNum", contact}});
-  struct Case {
-    Id company, contact, entry;
-    const char* name;
-    int whenTicked, whenUnticked;
-  };
-  const Case cases[] = {{company, noId, entry, "Birch Ltd.", 1, 0},
-                        {noId, contact, entry, "Cara Holm", 1, 2},
-                        {noId, noId, companyEntry, "Cedar Inc.", 1, 0},
-                        {noId, noId, contactEntry, "Cara Holm", 1, 2}};
-  for (const Case& each : cases) {
-    row = addRow("ClientNotification", {{"ScheduleIDNum", each.entry},
-                                        {"NotificationType", 1},
-                                        {"NotificationDate", notifyDate},
-                                        {"CompanyIDNum", each.company},
-                                        {"ContactIDNum", each.contact},
-                                        {"Memo", memo}});
-    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-      for (const int times : {each.whenTicked, each.whenUnticked}) {
-        window.click("chkAddAddress");
-        EXPECT_EQ(window.focus(), "rtbText");
-        const std::string text = window.read("rtbText");
-        EXPECT_EQ(countIn(text, each.name), times) << text;
-        EXPECT_EQ(countIn(text, "April 23, 2026"), times) << text;
-        EXPECT_EQ(countIn(text, "Your return is due."), 1) << text;
-      }
-      cancel(window);
-    });
-  }
-}
-
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
   for (const ComposerMode mode : {ComposerMode::notifyNow, ComposerMode::newAuto}) {
     walkFaults({.prepare = [](TestHost& host) { ComposerOffice(Rows(*host.plainDatabase)); },
@@ -334,7 +273,7 @@ TEST_F(ComposerTest, InitializersSurviveEveryFault) {
                       });
                       openComposer(composer, {mode}, row);
                       composer.unload();
-                      EXPECT_TRUE(host.screen.openForms().empty());
+                      EXPECT_TRUE(host.screen.FormHost::openForms().empty());
                       return std::string(composer.SendSuccessfulFlag() ? "sent" : "not sent");
                     },
                 .defaultResult = "not sent"});
