@@ -1,12 +1,21 @@
 #include "merge/clsInsertFieldsInRTB.h"
 
+#include "contract/tags.h"
+
 namespace autonotify {
+namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+
+std::unique_ptr<FieldList> makeFieldList() {
+  return std::make_unique<FieldList>(createHostObject<GridColumnList>());
+}
+
+}  // namespace
 
 clsInsertFieldsInRTB::clsInsertFieldsInRTB() {
-  procedure("Morvane.exe-clsInsertFieldsInRTB-Class_Initialize", [&](Step& step) {
-    step.assign(fieldList_,
-                [] { return std::make_unique<FieldList>(createHostObject<GridColumnList>()); });
-  });
+  procedure(tag<"Class_Initialize">, [&](Step& step) { step.assign(fieldList_, makeFieldList); });
 }
 
 clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
@@ -14,9 +23,9 @@ clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
 }
 
 void clsInsertFieldsInRTB::Terminate() {
-  procedure("Morvane.exe-clsInsertFieldsInRTB-Terminate", [&](Step& step) {
+  procedure(tag<"Terminate">, [&](Step& step) {
     if (fieldList_) {
-      step.run([&] { fieldList_->clearEntries(); });
+      step.run(&FieldList::clearEntries, *fieldList_);
       fieldList_.reset();
     }
     closeAllRecordsets();
@@ -24,8 +33,12 @@ void clsInsertFieldsInRTB::Terminate() {
 }
 
 void clsInsertFieldsInRTB::closeAllRecordsets() {
-  procedure("Morvane.exe-clsInsertFieldsInRTB-closeAllRecordsets",
-            [&](Step& step) { sources_.closeAll(step); });
+  procedure(tag<"closeAllRecordsets">, [&](Step& step) { sources_.closeAll(step); });
+}
+
+MergeScope clsInsertFieldsInRTB::scope() const {
+  return {*this, mergeFieldListUse_ == field_list_use::bulkMerging,
+          mergeFieldListUse_ == field_list_use::updating};
 }
 
 void clsInsertFieldsInRTB::put_MergeFieldListUse(int use) {
@@ -39,20 +52,14 @@ void clsInsertFieldsInRTB::put_scheduleID(Id scheduleID) {
 }
 
 GridColumnList* clsInsertFieldsInRTB::get_FieldList() {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-get_FieldList",
-                   static_cast<GridColumnList*>(nullptr), [&](Step& step, GridColumnList*& result) {
-                     if (fieldList_) result = fieldList_->lend(step);
-                   });
-}
-
-FieldList& clsInsertFieldsInRTB::fields() {
-  if (!fieldList_) throw PlatformError(error_number::objectNotSet, "Object not set", "FieldList");
-  return *fieldList_;
+  GridColumnList* const none = nullptr;
+  return procedure(tag<"get_FieldList">, none, [&](Step& step, GridColumnList*& result) {
+    if (fieldList_) result = fieldList_->lend(step);
+  });
 }
 
 void clsInsertFieldsInRTB::resetAllItemIDs() {
-  for (Id* id : {&companyID, &contactID, &firmID, &userID, &appointmentID, &docketId, &taskID})
-    *id = noId;
+  static_cast<MergeIds&>(*this) = {};
 }
 
 }  // namespace autonotify

@@ -6,26 +6,25 @@
 #include <string>
 
 #include "contract/GridColumnList.h"
-#include "contract/recordsets.h"
 #include "merge/fields/field_claims.h"
+#include "merge/fields/field_cursor.h"
 #include "merge/fields/field_list_kinds.h"
-#include "merge/merge_sources.h"
+#include "merge/records/merge_sources.h"
 #include "platform/controls/ListBox.h"
 
 namespace autonotify {
 
 class RichTextBox;
 struct FieldListTarget;
-class TemplateLayout;
 struct MergeMarks;
 
 /// Turns a template into client text: knows all merge fields, finds their values in the client's
 /// records and puts them in place of the tokens between « and ».
 ///
-/// Set the properties, call initializeDataRecordsetsForSingleDocMerge, then parseRTBComment. Field
-/// list and recordsets stay in place for further merges. An id below 0 is not part of the merge.
-/// Failures are settled at the host's error dialog; what cannot be read is the empty text then.
-class clsInsertFieldsInRTB {
+/// Set the properties, among them the ids, and call initializeDataRecordsetsForSingleDocMerge, then
+/// parseRTBComment. Field list and recordsets stay in place for further merges. Failures are
+/// settled at the host's error dialog; what cannot be read is the empty text then.
+class clsInsertFieldsInRTB : public MergeIds {
  public:
   clsInsertFieldsInRTB();
   ~clsInsertFieldsInRTB();
@@ -44,13 +43,6 @@ class clsInsertFieldsInRTB {
   ListBox* listBox2 = nullptr;  ///< shows the firm's
   bool ShowListCategoryHeaders = true;
   std::string TemplateText;
-  Id companyID = noId;
-  Id contactID = noId;
-  Id firmID = noId;
-  Id userID = noId;
-  Id appointmentID = noId;
-  Id docketId = noId;
-  Id taskID = noId;
   /// Sets taskID to the task of the schedule entry.
   void put_scheduleID(Id scheduleID);
   bool TestComment = false;     ///< values are the fields' samples
@@ -85,7 +77,7 @@ class clsInsertFieldsInRTB {
   /// False when the field list was empty: it is filled, by the family of the first id that is set.
   bool verifyFieldListIsPopulated();
 
-  // Values from the records (clsInsertFieldsInRTB_data.cpp).
+  // Values from the records (clsInsertFieldsInRTB_values.cpp).
 
   /// Opens the records of the ids anew and fills the field list.
   void initializeDataRecordsetsForSingleDocMerge();
@@ -107,20 +99,12 @@ class clsInsertFieldsInRTB {
   void writeDataToField(const std::string& fieldName, const std::string& value);
   /// The task of a schedule entry, also of an archived one; -1 for none.
   Id getTaskIDFromScheduleIDNum(Id scheduleID);
-
-  // Conversions (clsInsertFieldsInRTB_conversions.cpp).
-
-  /// The template with today's names for the fields of older templates and of other regions.
-  std::string convertProvinceFields(const std::string& text);
-  /// The template without block headers; a text of at most longestFieldName characters gets the
-  /// marks that it lacks.
-  std::string verifyTemplateText(const std::string& text);
+  /// The documents and instructions of the task, a line each.
+  std::string getDocsAndInstructionsList();
   /// Today in the format, "mmm d, yyyy" when empty.
   std::string getTodaysDate(std::string& format);
   /// The time between two moments in words, whichever comes first.
   std::string getTimeDurationFieldValue(DateTime& from, DateTime& to);
-  /// The documents and instructions of the task, a line each.
-  std::string getDocsAndInstructionsList();
   // A province or state in its short and in its long form; one unknown comes back.
   std::string getAbbreviatedProvince(std::string& province);
   std::string getFullProvinceString(std::string& province);
@@ -143,13 +127,18 @@ class clsInsertFieldsInRTB {
   /// Inserts that token with its marks as onListClick does.
   Value insertCurrentDate(int& formatIndex);
 
-  // Merge and validation (clsInsertFieldsInRTB_merge.cpp, clsInsertFieldsInRTB_validation.cpp).
+  // Merge and validation (clsInsertFieldsInRTB_merge.cpp).
 
   /// TemplateText with the values of the records in place of its fields.
   std::string parseRTBComment();
   /// True when the template has a fault; `raiseErrors` raises testErrorComment with the first.
   /// `isRTF` looks for escaped marks instead of bare ones, `skipFieldNames` accepts any name.
   bool testRTBComment(const std::string& text, bool isRTF, bool raiseErrors, bool skipFieldNames);
+  /// The template with today's names for the fields of older templates and of other regions.
+  std::string convertProvinceFields(const std::string& text);
+  /// The template without block headers; a text of at most longestFieldName characters gets the
+  /// marks that it lacks.
+  std::string verifyTemplateText(const std::string& text);
   /// Puts the value in place of every such token of `text`, in any case; in rich text with a blank
   /// ahead where the first one has none. Always False.
   bool replaceText(std::string& text, const std::string& token, const std::string& value);
@@ -165,46 +154,24 @@ class clsInsertFieldsInRTB {
   bool testStr(const std::string& name);
 
  private:
-  struct DerivedField;
-  struct InheritedField;
-  struct Expression;
-  static const DerivedField derivedFields[];
-  static const InheritedField inheritedFields[];
-  static const DerivedField* findDerivedField(MergeSource source, const std::string& name);
-  static const InheritedField* findInheritedField(const std::string& name);
+  MergeScope scope() const;
+  void closeAllRecordsets();
+  bool isMergedForContactAlone() const;
 
-  /// Throws PlatformError (91) when there is no list.
-  FieldList& fields();
   // What the blocks of the catalogue are added to: the list of this object, or one given from
   // outside.
   FieldListTarget ownTarget(ListBox* box);
   FieldListTarget targetOf(GridColumnList& list, bool noListBox);
   void createFieldListWithoutListBoxes();
-  void closeAllRecordsets();
 
-  // Parts of the procedures that read and write fields; statements of the caller's frame.
-  std::string tokenOfListItem(Step& step, int itemData, int nameColumn, const MergeMarks& marks);
-  bool findField(Step& step, int column, const std::string& name);
-  void readFieldByName(Step& step, int column, const std::string& name, std::string& result);
-  void translateName(Step& step, int from, int to, std::string& name);
+  // What two procedures do alike, for a column of the field list.
+  std::string valueOfField(std::string_view procedureTag, int column, const std::string& name);
+  std::string tokenOfListItem(std::string_view procedureTag, int itemData, int nameColumn,
+                              const MergeMarks& marks);
+
+  // Parts of the procedures that read values; statements of the caller's frame.
   Value readCurrentField(Step& step);
-  void formatByType(Step& step, const Value& value, int dataType, const std::string& format,
-                    std::string& result);
   Value fieldValue(std::optional<MergeSource> source, std::string& fieldName);
-  Value readFieldOf(Step& step, MergeSource source, std::string& fieldName);
-  std::optional<MergeSource> sourceOfCurrentField(Step& step);
-  Value readColumn(Step& step, MergeSource source, const std::string& column);
-  bool isInheritingCompany(Step& step);
-  Value readInherited(Step& step, const InheritedField& field);
-  Value readContactAndSpouseName(Step& step, MergeSource source, std::string& fieldName);
-  Value readAbbreviatedProvince(Step& step, MergeSource source, std::string& fieldName);
-  Value readCompanyType(Step& step, MergeSource source, std::string& fieldName);
-  Value readCodedField(Step& step, MergeSource source, std::string& fieldName);
-  Value readYearEnd(Step& step, MergeSource source, std::string& fieldName);
-  Value readTimeDuration(Step& step, MergeSource source, std::string& fieldName);
-  void writeInherited(Step& step, const std::string& fieldName, const std::string& value);
-  void writeColumn(Step& step, MergeSource source, const std::string& column,
-                   const std::string& value);
 
   // The merge by its rules: each field of the list is sought in the text.
   /// Where the search begins: at a row of the list, and within a date row at a format.
@@ -212,35 +179,25 @@ class clsInsertFieldsInRTB {
     int row = 1;
     std::size_t format = 0;
   };
-  bool isMergedForContactAlone() const;
-  std::string withContactNameForCompanyName(std::string text) const;
   void mergeByRules(Step& step, std::string& text);
   // True when a field was found, whatever its value.
   bool mergePass(Step& step, std::string& text, const MergeMarks& marks);
   bool mergeFields(Step& step, std::string& text, const MergeMarks& marks, PassStart start);
   bool mergeDate(std::string& text, const MergeMarks& marks, const std::string& name, int index,
                  std::size_t firstFormat);
-  bool mergeToken(std::string& text, const std::string& token, int index,
-                  const std::string& format);
+  bool mergeToken(std::string& text, const std::string& token, int index, std::string_view format);
 
   // The same text from the tokens that occur, as far as no value brings marks of its own.
   std::shared_ptr<const TemplateLayout> layoutOfTemplate();
-  Region regionOfInstallation();
   std::shared_ptr<const FieldClaims> claimsOnLayout(
       Step& step, const std::shared_ptr<const TemplateLayout>& layout);
   std::string mergeByLayout(Step& step, const TemplateLayout& layout, const FieldClaims& claims);
-
-  // The validation.
-  std::string firstFault(Step& step, const std::string& text, const MergeMarks& marks,
-                         bool skipFieldNames);
-  std::string faultOfElement(Step& step, const std::string& element, Expression& expression);
-  std::string faultOfUnknownName(Step& step, const std::string& name);
 
   int mergeFieldListUse_ = field_list_use::merging;
   std::unique_ptr<FieldList> fieldList_;
   /// Rows added to the list since it was last emptied; the key of the newest one.
   int fieldRowCount_ = 0;
-  MergeSources sources_{*this};
+  MergeSources sources_;
 };
 
 }  // namespace autonotify

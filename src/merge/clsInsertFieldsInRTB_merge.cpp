@@ -1,10 +1,16 @@
+#include "contract/tags.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_catalogue.h"
-#include "merge/fields/field_list_columns.h"
+#include "merge/templates/template_check.h"
+#include "merge/templates/template_update.h"
+#include "merge/templates/token_texts.h"
 #include "platform/text.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
 
 constexpr std::size_t npos = std::string::npos;
 
@@ -27,30 +33,13 @@ bool removeTokens(std::string& text, const MergeMarks& marks) {
   }
 }
 
-}  // namespace
-
-std::string clsInsertFieldsInRTB::parseRTBComment() {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-parseRTBComment", std::string{},
-                   [&](Step& step, std::string& result) {
-                     const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate();
-                     const bool hasFields = verifyFieldListIsPopulated();
-                     const auto claims = hasFields ? claimsOnLayout(step, layout) : nullptr;
-                     if (claims) {
-                       result = mergeByLayout(step, *layout, *claims);
-                       return;
-                     }
-                     std::string text = layout->text();
-                     if (hasFields) mergeByRules(step, text);
-                     result = replaceUnfoundMergeFieldsWithBlanks(text);
-                   });
-}
-
-bool clsInsertFieldsInRTB::isMergedForContactAlone() const {
-  return ConvertCompanyNameToContactNameForContacts && companyID < 1 && contactID >= 1;
+const std::string& withoutTokens(std::string& text) {
+  if (!removeTokens(text, bareMarks)) removeTokens(text, escapedMarks);
+  return text;
 }
 
 /// A person who is a client of their own has no company whose name could be told.
-std::string clsInsertFieldsInRTB::withContactNameForCompanyName(std::string text) const {
+std::string withContactNameForCompanyName(std::string text) {
   for (const MergeMarks& marks : {bareMarks, escapedMarks}) {
     const std::string company = plainToken(marks, "Company Name");
     const std::string contact = plainToken(marks, "Contact Display Name");
@@ -58,6 +47,71 @@ std::string clsInsertFieldsInRTB::withContactNameForCompanyName(std::string text
       return replaceAllIgnoreCase(text, company, contact);
   }
   return text;
+}
+
+}  // namespace
+
+std::string clsInsertFieldsInRTB::parseRTBComment() {
+  return procedure(tag<"parseRTBComment">, std::string{}, [&](Step& step, std::string& result) {
+    const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate();
+    const bool hasFields = verifyFieldListIsPopulated();
+    const auto claims = hasFields ? claimsOnLayout(step, layout) : nullptr;
+    if (claims) {
+      result = mergeByLayout(step, *layout, *claims);
+      return;
+    }
+    std::string text = layout->text();
+    if (hasFields) mergeByRules(step, text);
+    result = replaceUnfoundMergeFieldsWithBlanks(text);
+  });
+}
+
+bool clsInsertFieldsInRTB::isMergedForContactAlone() const {
+  return ConvertCompanyNameToContactNameForContacts && companyID < 1 && contactID >= 1;
+}
+
+/// The template with its field names brought up to date; never null.
+std::shared_ptr<const TemplateLayout> clsInsertFieldsInRTB::layoutOfTemplate() {
+  const TemplateLayoutCache::Setting setting{regionOfInstallation(), isMergedForContactAlone()};
+  TemplateLayoutCache& cache = TemplateLayoutCache::instance();
+  if (auto known = cache.find(TemplateText, setting)) return known;
+  std::string text = updateTemplate(TemplateText, setting.region);
+  if (setting.isForContactAlone) text = withContactNameForCompanyName(std::move(text));
+  const auto layout = std::make_shared<const TemplateLayout>(std::move(text));
+  cache.keep(TemplateText, setting, layout);
+  return layout;
+}
+
+/// Null when the text must be merged by the rules.
+std::shared_ptr<const FieldClaims> clsInsertFieldsInRTB::claimsOnLayout(
+    Step& step, const std::shared_ptr<const TemplateLayout>& layout) {
+  if (!layout->isRegular()) return nullptr;
+  const auto known = FieldCursor(step, fieldList_).mergeFields();
+  return known && known->canClaim ? claimsOn(known, layout) : nullptr;
+}
+
+/// Fields are read in the order of the list, as some values depend on those read before. From the
+/// first value on that brings marks, the rules take over where the layout has got to.
+std::string clsInsertFieldsInRTB::mergeByLayout(Step& step, const TemplateLayout& layout,
+                                                const FieldClaims& claims) {
+  TokenTexts texts(layout);
+  for (const FieldClaim& claim : claims) {
+    const bool isPlain = claim.format == TemplateLayout::Reading::plain;
+    std::string format(isPlain ? std::string_view{} : mergeDateFormats[claim.format]);
+    if (claim.row > 0) format = printedFormat(format);
+    std::string value =
+        claim.row > 0 ? getDataFieldInfo(claim.index, format) : getTodaysDate(format);
+    if (claim.row > 0 && mayFormMark(value)) {
+      std::string text = texts.joined(true);
+      replaceText(text, layout.tokenText(claim.token), value);
+      mergeFields(step, text, layout.marks(),
+                  isPlain ? PassStart{claim.row + 1, 0} : PassStart{claim.row, claim.format + 1});
+      return replaceUnfoundMergeFieldsWithBlanks(text);
+    }
+    if (ConvertStrToRTF && texts.needsBlank(claim.token)) value.insert(0, 1, ' ');
+    texts.fill(claim.token, std::move(value));
+  }
+  return texts.joined(false);
 }
 
 void clsInsertFieldsInRTB::mergeByRules(Step& step, std::string& text) {
@@ -72,16 +126,17 @@ bool clsInsertFieldsInRTB::mergePass(Step& step, std::string& text, const MergeM
 
 bool clsInsertFieldsInRTB::mergeFields(Step& step, std::string& text, const MergeMarks& marks,
                                        PassStart start) {
+  const FieldCursor field(step, fieldList_);
   bool isAnyFound = false;
   std::string name;
   int index = 0;
   int type = 0;
-  const int count = step.value(0, [&] { return fields().getEntryCount(); });
+  const int count = field.count();
   for (int row = start.row; row <= count; ++row) {
-    step.run([&] { fields().selectEntry(row); });
-    step.assign(name, [&] { return toText(fields().getItem(field_column::displayName)); });
-    step.assign(index, [&] { return toInteger(fields().getEntryKey()); });
-    step.assign(type, [&] { return toInteger(fields().getItem(field_column::dataType)); });
+    field.select(row);
+    field.read(name, field_column::displayName);
+    field.readKey(index);
+    field.read(type, field_column::dataType);
     const std::size_t firstFormat = row == start.row ? start.format : 0;
     const bool isFound = type == static_cast<int>(FieldType::date)
                              ? mergeDate(text, marks, name, index, firstFormat)
@@ -96,22 +151,21 @@ bool clsInsertFieldsInRTB::mergeDate(std::string& text, const MergeMarks& marks,
   bool isFound = false;
   for (std::size_t i = firstFormat; i < mergeDateFormats.size(); ++i) {
     const std::string token = dateToken(marks, name, mergeDateFormats[i]);
-    if (mergeToken(text, token, index, std::string(printedFormat(mergeDateFormats[i]))))
-      isFound = true;
+    if (mergeToken(text, token, index, printedFormat(mergeDateFormats[i]))) isFound = true;
   }
   return isFound;
 }
 
 bool clsInsertFieldsInRTB::mergeToken(std::string& text, const std::string& token, int index,
-                                      const std::string& format) {
+                                      std::string_view format) {
   if (!holds(text, token)) return false;
-  replaceText(text, token, getDataFieldInfo(index, format));
+  replaceText(text, token, getDataFieldInfo(index, std::string(format)));
   return true;
 }
 
 bool clsInsertFieldsInRTB::replaceText(std::string& text, const std::string& token,
                                        const std::string& value) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-replaceText", false, [&](Step&, bool&) {
+  return procedure(tag<"replaceText">, false, [&](Step&, bool&) {
     const std::size_t first = findIgnoreCase(text, token);
     if (first == npos) return;
     const bool needsBlank = ConvertStrToRTF && first > 0 && text[first - 1] != ' ';
@@ -122,25 +176,49 @@ bool clsInsertFieldsInRTB::replaceText(std::string& text, const std::string& tok
 std::string clsInsertFieldsInRTB::parseTodaysDateInRTBComment(std::string& text,
                                                               const std::string& openMark,
                                                               const std::string& closeMark) {
-  return procedure(
-      "Morvane.exe-clsInsertFieldsInRTB-parseTodaysDateInRTBComment", text,
-      [&](Step&, std::string& result) {
-        for (const std::string_view format : mergeDateFormats) {
-          const std::string token = dateToken({openMark, closeMark}, todaysDateName, format);
-          if (!holds(text, token)) continue;
-          std::string pattern(format);
-          replaceText(text, token, getTodaysDate(pattern));
-        }
-        result = text;
-      });
+  return procedure(tag<"parseTodaysDateInRTBComment">, text, [&](Step&, std::string& result) {
+    for (const std::string_view format : mergeDateFormats) {
+      const std::string token = dateToken({openMark, closeMark}, todaysDateName, format);
+      if (!holds(text, token)) continue;
+      std::string pattern(format);
+      replaceText(text, token, getTodaysDate(pattern));
+    }
+    result = text;
+  });
 }
 
 std::string clsInsertFieldsInRTB::replaceUnfoundMergeFieldsWithBlanks(std::string& text) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-replaceUnfoundMergeFieldsWithBlanks", text,
-                   [&](Step&, std::string& result) {
-                     if (!removeTokens(text, bareMarks)) removeTokens(text, escapedMarks);
-                     result = text;
-                   });
+  return procedure(tag<"replaceUnfoundMergeFieldsWithBlanks">, text,
+                   [&](Step&, std::string& result) { result = withoutTokens(text); });
+}
+
+bool clsInsertFieldsInRTB::testRTBComment(const std::string& text, bool isRTF, bool raiseErrors,
+                                          bool skipFieldNames) {
+  return procedure(tag<"testRTBComment">, false, [&](Step& step, bool& result) {
+    std::function<bool(const std::string&)> isFieldName;
+    if (!skipFieldNames) isFieldName = [&](const std::string& name) { return testStr(name); };
+    TemplateCheck check(step, std::move(isFieldName));
+    const std::string fault =
+        check.firstFault(convertProvinceFields(text), isRTF ? escapedMarks : bareMarks);
+    if (fault.empty()) return;
+    result = true;
+    if (raiseErrors && testErrorComment) testErrorComment(fault);
+  });
+}
+
+bool clsInsertFieldsInRTB::testStr(const std::string& name) {
+  return procedure(tag<"testStr">, false, [&](Step& step, bool& result) {
+    result = upperCase(name) == "TODAYS DATE" ||
+             FieldCursor(step, fieldList_).find(field_column::displayName, name);
+  });
+}
+
+std::string clsInsertFieldsInRTB::convertProvinceFields(const std::string& text) {
+  return autonotify::convertProvinceFields(text);
+}
+
+std::string clsInsertFieldsInRTB::verifyTemplateText(const std::string& text) {
+  return autonotify::verifyTemplateText(text);
 }
 
 /// Blank lines stay: texts have come to rely on them.
@@ -149,11 +227,10 @@ std::string clsInsertFieldsInRTB::removeBlankLinesFromRTFText(std::string& text)
 }
 
 std::string clsInsertFieldsInRTB::convertFieldName(const std::string& text) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-convertFieldName", text,
-                   [&](Step&, std::string& result) {
-                     result = replaceAll(text, bareMarks.open, escapedMarks.open);
-                     result = replaceAll(result, bareMarks.close, escapedMarks.close);
-                   });
+  return procedure(tag<"convertFieldName">, text, [&](Step&, std::string& result) {
+    result = replaceAll(text, bareMarks.open, escapedMarks.open);
+    result = replaceAll(result, bareMarks.close, escapedMarks.close);
+  });
 }
 
 }  // namespace autonotify

@@ -1,13 +1,15 @@
-#include "contract/references.h"
 #include "contract/rich_texts.h"
+#include "contract/tags.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_catalogue.h"
-#include "merge/fields/field_list_columns.h"
 #include "merge/templates/merge_tokens.h"
 #include "platform/controls/RichTextBox.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
 
 constexpr std::string_view pickedDateFormat = "mmmm d yyyy";
 constexpr MergeMarks noMarks;
@@ -15,13 +17,13 @@ constexpr MergeMarks noMarks;
 /// Nothing for a number that no format has.
 std::string_view dateFormatNumbered(int number) {
   const auto index = static_cast<std::size_t>(number - 1);
-  return number >= 1 && index < mergeDateFormats.size() ? mergeDateFormats[index]
-                                                        : std::string_view{};
+  if (number < 1 || index >= mergeDateFormats.size()) return {};
+  return mergeDateFormats[index];
 }
 
 std::string todaysDateToken(int formatIndex, bool withMarks) {
-  return dateToken(withMarks ? bareMarks : noMarks, todaysDateName,
-                   dateFormatNumbered(formatIndex));
+  const MergeMarks& marks = withMarks ? bareMarks : noMarks;
+  return dateToken(marks, todaysDateName, dateFormatNumbered(formatIndex));
 }
 
 /// The place where a token goes: the caret, or 1 where the box cannot tell it.
@@ -37,57 +39,53 @@ int readCaret(Step& step, const RichTextBox* box) {
 }  // namespace
 
 /// The token of a list entry whose field is named by the column; a date is named as it is shown.
-std::string clsInsertFieldsInRTB::tokenOfListItem(Step& step, int itemData, int nameColumn,
-                                                  const MergeMarks& marks) {
-  if (itemData < 0) return {};
-  if (!step.value(false, [&] { return fields().selectEntry(itemData); })) return {};
-  const int type =
-      step.value(0, [&] { return toInteger(fields().getItem(field_column::dataType)); });
-  const bool isDate = type == static_cast<int>(FieldType::date);
-  return step.value(std::string{}, [&] {
-    const std::string name =
-        toText(fields().getItem(isDate ? field_column::displayName : nameColumn));
-    return isDate ? dateToken(marks, name, pickedDateFormat) : plainToken(marks, name);
+std::string clsInsertFieldsInRTB::tokenOfListItem(std::string_view procedureTag, int itemData,
+                                                  int nameColumn, const MergeMarks& marks) {
+  return procedure(procedureTag, std::string{}, [&](Step& step, std::string& result) {
+    if (itemData < 0) return;
+    const FieldCursor field(step, fieldList_);
+    if (!field.select(itemData)) return;
+    if (field.dataType() == static_cast<int>(FieldType::date)) {
+      field.read(result, field_column::displayName, [&](const Value& name) {
+        return dateToken(marks, toText(name), pickedDateFormat);
+      });
+    } else {
+      field.read(result, nameColumn,
+                 [&](const Value& name) { return plainToken(marks, toText(name)); });
+    }
   });
 }
 
 std::string clsInsertFieldsInRTB::parseListItem(int itemData, bool& withMarks) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-parseListItem", std::string{},
-                   [&](Step& step, std::string& result) {
-                     result = tokenOfListItem(step, itemData, field_column::displayName,
-                                              withMarks ? bareMarks : noMarks);
-                   });
+  const MergeMarks& marks = withMarks ? bareMarks : noMarks;
+  return tokenOfListItem(tag<"parseListItem">, itemData, field_column::displayName, marks);
 }
 
 std::string clsInsertFieldsInRTB::getDBFieldFromListItem(int itemData) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-getDBFieldFromListItem", std::string{},
-                   [&](Step& step, std::string& result) {
-                     result = tokenOfListItem(step, itemData, field_column::databaseField, noMarks);
-                   });
+  return tokenOfListItem(tag<"getDBFieldFromListItem">, itemData, field_column::databaseField,
+                         noMarks);
 }
 
 Value clsInsertFieldsInRTB::onListClick(int& itemData) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-onListClick", Value{},
-                   [&](Step& step, Value& result) {
-                     const int caret = readCaret(step, RTB);
-                     bool withMarks = true;
-                     const std::string token = parseListItem(itemData, withMarks);
-                     if (!token.empty()) result = insertTextAt(step, RTB, token, caret);
-                   });
+  return procedure(tag<"onListClick">, Value{}, [&](Step& step, Value& result) {
+    const int caret = readCaret(step, RTB);
+    bool withMarks = true;
+    const std::string token = parseListItem(itemData, withMarks);
+    if (!token.empty()) result = insertTextAt(step, RTB, token, caret);
+  });
 }
 
 std::string clsInsertFieldsInRTB::insertCurrentDateMergeField(int& formatIndex, bool& withMarks) {
   return procedure(
-      "Morvane.exe-clsInsertFieldsInRTB-insertCurrentDateMergeField", std::string{},
+      tag<"insertCurrentDateMergeField">, std::string{},
       [&](Step&, std::string& result) { result = todaysDateToken(formatIndex, withMarks); });
 }
 
 Value clsInsertFieldsInRTB::insertCurrentDate(int& formatIndex) {
-  return procedure("Morvane.exe-clsInsertFieldsInRTB-insertCurrentDate", Value{},
-                   [&](Step& step, Value& result) {
-                     const int caret = readCaret(step, RTB);
-                     result = insertTextAt(step, RTB, todaysDateToken(formatIndex, true), caret);
-                   });
+  return procedure(tag<"insertCurrentDate">, Value{}, [&](Step& step, Value& result) {
+    const int caret = readCaret(step, RTB);
+    result = insertTextAt(step, RTB, todaysDateToken(formatIndex, true), caret);
+  });
 }
 
 }  // namespace autonotify

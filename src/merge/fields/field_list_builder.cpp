@@ -4,8 +4,7 @@
 #include <utility>
 
 #include "contract/enumerations.h"
-#include "contract/recordsets.h"
-#include "contract/references.h"
+#include "contract/rows.h"
 #include "merge/fields/field_list_columns.h"
 #include "merge/fields/recent_entries.h"
 #include "merge/templates/province_terms.h"
@@ -128,8 +127,8 @@ void FieldListBuilder::addBlock(const FieldBlock& block) {
       if (target_.box && target_.hasHeaders) addListBoxHeader(*target_.box, part.header, false);
     } else if (part.custom) {
       const CustomKey key{part.custom, customNames(*part.custom)};
-      add(customs.findOrMake(key,
-                             [&] { return customFields(*part.custom, key.second, block.group); }));
+      const auto make = [&] { return customFields(*part.custom, key.second, block.group); };
+      add(customs.findOrMake(key, make));
     } else {
       add(parts.findOrMake({&part, setting_}, [&] { return fieldsOf(part, block.group); }));
     }
@@ -160,7 +159,8 @@ void FieldListBuilder::add(const SharedFieldRows& rows) {
   for (const FieldRow& row : *rows) {
     ++target_.rowCount;
     if (!target_.box) continue;
-    addListBoxLine(*target_.box, toText(row.item(field_column::displayName)), target_.rowCount);
+    const std::string name = toText(row.item(field_column::displayName));
+    addListBoxLine(*target_.box, name, target_.rowCount);
   }
 }
 
@@ -168,13 +168,13 @@ std::array<std::string, 5> FieldListBuilder::customNames(const CustomFields& cus
   const CustomLabels& labels = labelsOf(custom);
   FiveTexts names = labels.defaults;
   if (!isDatabaseOpen(step_)) return names;
-  withFirstRow(step_, labels.sql, keysetRead, [&](RecordsetHandle handle) {
+  if (const Rows row(step_, labels.sql, keysetRead); row) {
     for (std::size_t i = 0; i < names.size(); ++i) {
-      std::string label = readText(step_, handle, labels.columns[i].c_str());
+      std::string label = row.text(labels.columns[i].c_str());
       if (label.ends_with(':')) label.pop_back();
       if (!isUnset(label, i)) names[i] = std::move(label);
     }
-  });
+  }
   return names;
 }
 

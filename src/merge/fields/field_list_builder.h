@@ -58,7 +58,7 @@ class FieldListBuilder {
   FieldListSetting setting_;
 };
 
-/// Appends a line to the list box. `itemData` is -1 for a line that stands for no field.
+/// Appends a line. `itemData` is -1 for a line that stands for no field.
 void addListBoxLine(ListBox& box, const std::string& text, int itemData = -1);
 
 /// Appends a category header; every one but the first has an empty line ahead of it.

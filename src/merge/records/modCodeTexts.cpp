@@ -6,9 +6,13 @@
 #include "contract/enumerations.h"
 #include "contract/procedure.h"
 #include "contract/references.h"
+#include "contract/tags.h"
 
 namespace autonotify {
 namespace {
+
+template <FixedText name>
+constexpr std::string_view tag = procedureTag<"modCodeTexts", name>;
 
 struct CodeText {
   std::int16_t code;
@@ -48,48 +52,46 @@ std::string lookUp(std::string_view tag, std::int16_t code, std::span<const Code
                    [&](Step&, std::string& result) { result = textOf(code, texts, otherwise); });
 }
 
+std::string companyTypeText(Step& step, std::int16_t code) {
+  if (code != partnership) return textOf(code, companyTypes, "Unknown");
+  const int country = step.value(0, [] { return locale().getCountryCode(); });
+  return country == countryCanada ? "Partnership" : "General Partnership";
+}
+
 }  // namespace
 
 std::string getCompanyTypeStringFromCompanyTypeNum(std::int16_t& code) {
-  return procedure("Morvane.exe-modCodeTexts-getCompanyTypeStringFromCompanyTypeNum",
-                   std::string("Unknown"), [&](Step& step, std::string& result) {
-                     if (code != partnership) {
-                       result = textOf(code, companyTypes, "Unknown");
-                       return;
-                     }
-                     const int country = step.value(0, [] { return locale().getCountryCode(); });
-                     result = country == countryCanada ? "Partnership" : "General Partnership";
-                   });
+  return procedure(tag<"getCompanyTypeStringFromCompanyTypeNum">, std::string("Unknown"),
+                   [&](Step& step, std::string& result) { result = companyTypeText(step, code); });
 }
 
 std::string getFinancialStatementsStringFromFinancialStatementsNum(std::int16_t& code) {
-  return lookUp("Morvane.exe-modCodeTexts-getFinancialStatementsStringFromFinancialStatementsNum",
-                code, financialStatements, "Not Specified");
+  return lookUp(tag<"getFinancialStatementsStringFromFinancialStatementsNum">, code,
+                financialStatements, "Not Specified");
 }
 
 std::string getRC59FormStatusStringFromRC59FormStatusNum(std::int16_t& code) {
-  return lookUp("Morvane.exe-modCodeTexts-getRC59FormStatusStringFromRC59FormStatusNum", code,
-                formStatuses, "Not Filed");
+  return lookUp(tag<"getRC59FormStatusStringFromRC59FormStatusNum">, code, formStatuses,
+                "Not Filed");
 }
 
 std::string getRC59PermissionStringFromRC59PermissionNum(std::int16_t& code) {
-  return lookUp("Morvane.exe-modCodeTexts-getRC59PermissionStringFromRC59PermissionNum", code,
-                permissions, "None");
+  return lookUp(tag<"getRC59PermissionStringFromRC59PermissionNum">, code, permissions, "None");
 }
 
 std::string getGSTFilingMethodStringFromGSTFilingMethodNum(std::int16_t& code) {
-  return lookUp("Morvane.exe-modCodeTexts-getGSTFilingMethodStringFromGSTFilingMethodNum", code,
-                filingMethods, "Not Specified");
+  return lookUp(tag<"getGSTFilingMethodStringFromGSTFilingMethodNum">, code, filingMethods,
+                "Not Specified");
 }
 
 std::string getCorporationTypeStringFromCorporationTypeNum(std::int16_t& code) {
-  return lookUp("Morvane.exe-modCodeTexts-getCorporationTypeStringFromCorporationTypeNum", code,
-                corporationTypes, "CCPC");
+  return lookUp(tag<"getCorporationTypeStringFromCorporationTypeNum">, code, corporationTypes,
+                "CCPC");
 }
 
 std::string getCorporationLevelStringFromCorporationLevelNum(std::int16_t& code) {
-  return lookUp("Morvane.exe-modCodeTexts-getCorporationLevelStringFromCorporationLevelNum", code,
-                corporationLevels, "Federal Corporation");
+  return lookUp(tag<"getCorporationLevelStringFromCorporationLevelNum">, code, corporationLevels,
+                "Federal Corporation");
 }
 
 }  // namespace autonotify

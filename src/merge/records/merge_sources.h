@@ -7,10 +7,9 @@
 #include <string_view>
 
 #include "contract/recordsets.h"
+#include "merge/records/merge_scope.h"
 
 namespace autonotify {
-
-class clsInsertFieldsInRTB;
 
 /// The records that merge fields read, in the order in which a field's group is looked up.
 enum class MergeSource {
@@ -42,28 +41,25 @@ std::string getMainBusinessSQLString(bool showOnly, int statusMode, Id clientDat
 /// the row is then found by the id. All operations are statements of the caller's frame.
 class MergeSources {
  public:
-  /// The ids and the use of the list are read from `merge` at each call.
-  explicit MergeSources(const clsInsertFieldsInRTB& merge);
-
   RecordsetHandle handleOf(MergeSource source) const { return at(source).handle; }
 
   /// Opens the one row of every id that is set, for a single document; the notes are left out.
-  void openForOneDocument(Step& step);
+  void openForOneDocument(Step& step, const MergeScope& scope);
 
   /// Opens the source for reading unless it is open. False when it is not part of this merge.
-  bool openOnDemand(Step& step, MergeSource source);
+  bool openOnDemand(Step& step, const MergeScope& scope, MergeSource source);
   /// Goes to the row of the merge; False when there is none. Requires: the source is open.
-  bool goToRow(Step& step, MergeSource source);
+  bool goToRow(Step& step, const MergeScope& scope, MergeSource source);
   /// Opens the one row for writing unless the source is open. False as for reading.
-  bool openForWriting(Step& step, MergeSource source);
+  bool openForWriting(Step& step, const MergeScope& scope, MergeSource source);
 
   void closeAll(Step& step);
 
  private:
-  enum class Rows : int { all = 1, one = 2 };
+  enum class Extent { allRows, oneRow };
   struct Recordset {
     RecordsetHandle handle = noRecordset;
-    Rows rows = Rows::all;
+    Extent extent = Extent::allRows;
     bool hasRow = false;
   };
   /// The two forms in which a statement's columns are written.
@@ -74,18 +70,15 @@ class MergeSources {
     return recordsets_[static_cast<std::size_t>(source)];
   }
   bool isOpen(Step& step, MergeSource source);
-  bool isBulk() const;
-  Id idOf(MergeSource source) const;
 
-  void open(Step& step, MergeSource source, const std::string& sql, Access access, Rows rows);
-  bool openOneRow(Step& step, MergeSource source, Columns columns, Access access);
-  bool openClientAccounting(Step& step, Access access, bool isWholeTable);
-  void openSoftwareOf(Step& step, MergeSource owner, Access access);
+  void open(Step& step, MergeSource source, const std::string& sql, Access access, Extent extent);
+  bool openOneRow(Step& step, const MergeIds& ids, MergeSource source, Columns columns,
+                  Access access);
+  bool openClientAccounting(Step& step, Id companyID, Access access, bool isWholeTable);
+  void openSoftwareOf(Step& step, const MergeIds& ids, MergeSource owner, Access access);
   void openAllRows(Step& step, MergeSource source);
-  bool openSoftwareOnDemand(Step& step);
-  void close(Step& step, RecordsetHandle handle);
+  bool openSoftwareOnDemand(Step& step, bool isBulk);
 
-  const clsInsertFieldsInRTB& merge_;
   std::array<Recordset, mergeSourceCount> recordsets_;
 };
 

@@ -1,4 +1,4 @@
-#include "merge/templates/province_names.h"
+#include "merge/records/province_names.h"
 
 #include <algorithm>
 #include <array>

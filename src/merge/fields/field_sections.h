@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+#include "contract/procedure.h"
+#include "merge/fields/field_list_builder.h"
+#include "platform/Value.h"
+
+namespace autonotify {
+
+/// Adds one block of the catalogue, as a procedure with this tag.
+void addFieldBlock(std::string_view procedureTag, const FieldListTarget& target,
+                   const FieldBlock& block);
+
+/// Adds the blocks of a list of this type (see field_list_type), each under its header and as a
+/// procedure of its own.
+void addFieldSections(const FieldListTarget& target, int listType, Id companyID);
+
+}  // namespace autonotify
