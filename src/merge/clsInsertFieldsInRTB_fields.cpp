@@ -66,10 +66,10 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool
     noListBox = listBox == nullptr;
     FieldCursor(step, fieldList_).clear();
     fieldRowCount_ = 0;
-    if (listBox && clearListBox) listBox->clear();
+    if (listBox && clearListBox) step.run(&ListBox::clear, listBox);
     if (listBox && mergeFieldListUse_ == field_list_use::assigning)
-      addListBoxLine(*listBox, "Not Assigned");
-    if (fieldList_) addFieldSections(ownTarget(listBox), ListType, companyID);
+      addListBoxLine(step, *listBox, "Not Assigned");
+    if (fieldList_) addFieldSections(step, ownTarget(listBox), ListType, companyID);
     if (listBox) step.run(&ListBox::refresh, listBox);
     createAccountantFieldListStructure(false, true);
   });
@@ -101,8 +101,8 @@ void clsInsertFieldsInRTB::createAccountantFieldListStructure(bool noListBox, bo
   procedure(tag<"createAccountantFieldListStructure">, [&](Step& step) {
     if (!fieldList_) return;
     ListBox* const box = noListBox ? nullptr : listBox2;
-    if (box && clearListBox) box->clear();
-    if (box) addListBoxLine(*box, "Insert your Letterhead");
+    if (box && clearListBox) step.run(&ListBox::clear, box);
+    if (box) addListBoxLine(step, *box, "Insert your Letterhead");
     FieldListBuilder(step, ownTarget(box)).addBlock(firmBlock);
   });
 }

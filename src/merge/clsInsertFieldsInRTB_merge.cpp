@@ -202,7 +202,7 @@ bool clsInsertFieldsInRTB::testRTBComment(const std::string& text, bool isRTF, b
         check.firstFault(convertProvinceFields(text), isRTF ? escapedMarks : bareMarks);
     if (fault.empty()) return;
     result = true;
-    if (raiseErrors && testErrorComment) testErrorComment(fault);
+    if (raiseErrors && testErrorComment) step.run(testErrorComment, fault);
   });
 }
 

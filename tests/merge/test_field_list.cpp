@@ -263,6 +263,28 @@ TEST_F(FieldListTest, ClearsTheBoxesThatItIsAskedTo) {
   EXPECT_TRUE(noListBox);
 }
 
+/// A host whose list box could not clear, add, or draw anew asks the person and goes on.
+TEST_F(FieldListTest, StandsABoxThatCannotBeShown) {
+  const vector<string> names = build(8);
+  for (ListBox* failing : {&box, &firmBox}) {
+    const auto lines = failing->entries();
+    const int last = failing->listCount() + (failing == &box ? 2 : 1);
+    for (const int render : {1, 2, 3, last})
+      for (const int choice : {error_choice::next, error_choice::quit, error_choice::leave}) {
+        errors.answer({choice});
+        failing->onRender = [&, left = render](Aspect) mutable {
+          if (--left == 0) throw PlatformError(1000, "Cannot draw");
+        };
+        const vector<string> built = build(8);
+        EXPECT_EQ(errors.answersLeft(), 0U) << render;
+        if (choice == error_choice::leave) continue;
+        EXPECT_EQ(built, names) << render;
+        EXPECT_EQ(failing->entries(), lines) << render << ", settled by " << choice;
+      }
+    failing->onRender = nullptr;
+  }
+}
+
 TEST_F(FieldListTest, AnEmptyListIsBuiltForTheFirstIdThatIsSet) {
   merge->ListType = 1;
   EXPECT_FALSE(merge->verifyFieldListIsPopulated());

@@ -195,6 +195,21 @@ TEST_F(MergeValidation, LooksForTheMarksOfItsKindOfTextAndPassesNamesOverWhenAsk
   EXPECT_TRUE(merge->testRTBComment(bare, false, true, false));
 }
 
+TEST_F(MergeValidation, StandsAListenerThatFails) {
+  int raised = 0;
+  merge->testErrorComment = [&](const string&) {
+    if (++raised % 2 == 1) throw PlatformError(1000, "Cannot tell");
+  };
+  errors.answer({error_choice::quit});
+  EXPECT_TRUE(merge->testRTBComment("«Foo»", false, true, false));
+  EXPECT_EQ(raised, 2) << "told again";
+  for (const int choice : {error_choice::next, error_choice::leave}) {
+    raised = 0;
+    errors.answer({choice});
+    EXPECT_TRUE(merge->testRTBComment("«Foo»", false, true, false));
+  }
+}
+
 TEST_F(MergeValidation, LeavesADateWithoutAFormatToThePersonAtTheDialog) {
   errors.answer({error_choice::leave, error_choice::next, error_choice::next});
   EXPECT_EQ(faultOf("Dear «(Task Due Date)»"), "");

@@ -124,7 +124,8 @@ void FieldListBuilder::addBlock(const FieldBlock& block) {
   static RecentEntries<CustomKey, SharedFieldRows> customs(keptParts);
   for (const FieldPart& part : block.parts) {
     if (!part.header.empty()) {
-      if (target_.box && target_.hasHeaders) addListBoxHeader(*target_.box, part.header, false);
+      if (target_.box && target_.hasHeaders)
+        addListBoxHeader(step_, *target_.box, part.header, false);
     } else if (part.custom) {
       const CustomKey key{part.custom, customNames(*part.custom)};
       const auto make = [&] { return customFields(*part.custom, key.second, block.group); };
@@ -160,7 +161,7 @@ void FieldListBuilder::add(const SharedFieldRows& rows) {
     ++target_.rowCount;
     if (!target_.box) continue;
     const std::string name = toText(row.item(field_column::displayName));
-    addListBoxLine(*target_.box, name, target_.rowCount);
+    addListBoxLine(step_, *target_.box, name, target_.rowCount);
   }
 }
 
@@ -178,14 +179,15 @@ std::array<std::string, 5> FieldListBuilder::customNames(const CustomFields& cus
   return names;
 }
 
-void addListBoxLine(ListBox& box, const std::string& text, int itemData) {
-  box.addItem(text);
-  box.setItemData(box.newIndex(), itemData);
+/// A line that was added but could not be shown is shown when the statement is repeated.
+void addListBoxLine(Step& step, ListBox& box, const std::string& text, int itemData) {
+  const int place = box.listCount();
+  step.run([&] { box.listCount() == place ? box.addItem(text, itemData) : box.refresh(); });
 }
 
-void addListBoxHeader(ListBox& box, std::string_view header, bool isFirst) {
-  if (!isFirst) addListBoxLine(box, "");
-  addListBoxLine(box, std::string(header));
+void addListBoxHeader(Step& step, ListBox& box, std::string_view header, bool isFirst) {
+  if (!isFirst) addListBoxLine(step, box, "");
+  addListBoxLine(step, box, std::string(header));
 }
 
 }  // namespace autonotify

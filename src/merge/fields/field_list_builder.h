@@ -58,10 +58,12 @@ class FieldListBuilder {
   FieldListSetting setting_;
 };
 
+// Each line of a list box is a statement of the frame that the step belongs to.
+
 /// Appends a line. `itemData` is -1 for a line that stands for no field.
-void addListBoxLine(ListBox& box, const std::string& text, int itemData = -1);
+void addListBoxLine(Step& step, ListBox& box, const std::string& text, int itemData = -1);
 
 /// Appends a category header; every one but the first has an empty line ahead of it.
-void addListBoxHeader(ListBox& box, std::string_view header, bool isFirst);
+void addListBoxHeader(Step& step, ListBox& box, std::string_view header, bool isFirst);
 
 }  // namespace autonotify

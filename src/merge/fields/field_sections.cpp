@@ -58,11 +58,12 @@ void addFieldBlock(std::string_view procedureTag, const FieldListTarget& target,
   procedure(procedureTag, [&](Step& step) { FieldListBuilder(step, target).addBlock(block); });
 }
 
-void addFieldSections(const FieldListTarget& target, int listType, Id companyID) {
+void addFieldSections(Step& step, const FieldListTarget& target, int listType, Id companyID) {
   bool isFirst = true;
   for (const FieldSection& section : sections) {
     if (!section.isFor(listType, companyID)) continue;
-    if (target.box && target.hasHeaders) addListBoxHeader(*target.box, section.header, isFirst);
+    if (target.box && target.hasHeaders)
+      addListBoxHeader(step, *target.box, section.header, isFirst);
     isFirst = false;
     addFieldBlock(section.procedureTag, target, section.block);
   }

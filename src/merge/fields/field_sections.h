@@ -13,7 +13,7 @@ void addFieldBlock(std::string_view procedureTag, const FieldListTarget& target,
                    const FieldBlock& block);
 
 /// Adds the blocks of a list of this type (see field_list_type), each under its header and as a
-/// procedure of its own.
-void addFieldSections(const FieldListTarget& target, int listType, Id companyID);
+/// procedure of its own. The headers are statements of the caller's frame.
+void addFieldSections(Step& step, const FieldListTarget& target, int listType, Id companyID);
 
 }  // namespace autonotify
