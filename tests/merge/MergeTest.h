@@ -33,8 +33,30 @@ class CountingFormHost : public FormHost {
   std::function<void()> nextMessage;
 };
 
+/// A host whose clients may have records.
+class RecordsTest : public HostTest {
+ protected:
+  void insert(const std::string& row) { plainDatabase->connection().exec("INSERT INTO " + row); }
+
+  /// A company with one of everything that its accounts are joined of.
+  Id addAccountingClient(const RowFields& services = {}) {
+    const Id company = addRow("Companies", {{"CompanyName", "Elm Ltd."}});
+    for (const char* table : {"ClientData", "Clients"}) addRow(table, {{"CompanyIDNum", company}});
+    addRow("CompaniesNotes", {{"CompanyNum", company}});
+    addRow("AccountingServices", services);
+    for (const char* table :
+         {"CorpTaxInfo", "ClientOptions", "LawInfo", "OtherInfo", "WSIB_EHTInfo", "ClientUSInfo"})
+      addRow(table, {});
+    addRow("SoftwareInfo", {{"DefaultSoftware", "True"},
+                            {"SoftwareName", "Ledger 9"},
+                            {"CompanyIDNum", company},
+                            {"CompanyID", company}});
+    return company;
+  }
+};
+
 /// A merge object on a host with an empty database.
-class MergeTest : public HostTest {
+class MergeTest : public RecordsTest {
  protected:
   MergeTest() {
     clock.set(DateTime::of(2026, 4, 30, 14, 5));

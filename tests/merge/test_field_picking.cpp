@@ -2,7 +2,6 @@
 #include "merge/MergeTest.h"
 #include "merge/templates/merge_tokens.h"
 #include "platform/controls/RichTextBox.h"
-#include "support/fault_walk.h"
 
 namespace autonotify::test {
 namespace {
@@ -68,21 +67,6 @@ TEST_F(FieldPicking, todaysDateInEachFormat) {
   withMarks = false;
   int index = 5;
   EXPECT_EQ(merge->insertCurrentDateMergeField(index, withMarks), "(Todays Date, mmm d yyyy)");
-}
-
-TEST(FieldPickingFaults, anyHostCallMayFail) {
-  FaultWalk walk;
-  walk.run = [](TestHost&) {
-    RichTextBox box;
-    clsInsertFieldsInRTB merge;
-    merge.RTB = &box;
-    const Value items[] = {"Column", "Company Name", "None", 1, "Acme"};
-    merge.get_FieldList()->addEntry(1, items);
-    int itemData = 1;
-    merge.onListClick(itemData);
-    return box.text();
-  };
-  EXPECT_EQ(walkFaults(walk).hostCalls, 1);
 }
 
 TEST_F(FieldPicking, aMissingBoxIsAFailureThatAPersonSettles) {

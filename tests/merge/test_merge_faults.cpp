@@ -1,4 +1,5 @@
 #include "merge/MergeTest.h"
+#include "platform/controls/RichTextBox.h"
 #include "support/fault_walk.h"
 
 namespace autonotify::test {
@@ -35,7 +36,12 @@ void setUp(clsInsertFieldsInRTB& merge) {
   merge.initializeDataRecordsetsForSingleDocMerge();
 }
 
-string appointmentAndFirmRows(clsInsertFieldsInRTB& merge) {
+string mergeLetter(clsInsertFieldsInRTB& merge) {
+  setUp(merge);
+  return merge.parseRTBComment();
+}
+
+string appointmentAndFirmFields(clsInsertFieldsInRTB& merge) {
   ListBox box;
   merge.listBox = &box;
   GridColumnList& list = *merge.get_FieldList();
@@ -43,44 +49,61 @@ string appointmentAndFirmRows(clsInsertFieldsInRTB& merge) {
   merge.createAccountantFieldListStructure(false, true);
   for (const ListBox::Entry& entry : box.entries())
     EXPECT_TRUE(list.selectEntry(entry.itemData)) << entry.text;
-  return list.toText();
+  return std::to_string(list.getEntryCount());
 }
 
-string firmRows() {
-  TestHost host;
-  fill(host);
-  host.attach();
-  clsInsertFieldsInRTB merge;
-  merge.createAccountantFieldListStructure(false, true);
-  return merge.get_FieldList()->toText();
+string writeCity(clsInsertFieldsInRTB& merge) {
+  merge.put_MergeFieldListUse(5);
+  merge.ListType = 3;
+  merge.companyID = merge.contactID = 1;
+  merge.initializeDataRecordsetsForSingleDocMerge();
+  merge.writeDataToField("BusinessCity", "Elora");
+  string column = "City";
+  return merge.getDataFieldFromRecordset(column) + merge.getMergeDataFromFieldName("City");
 }
 
-template <class Run>
-int callsWalked(Run run, const string& leftAtTheFirst) {
-  const auto onNewObject = [&](TestHost&) {
-    clsInsertFieldsInRTB merge;
-    return run(merge);
-  };
-  return walkFaults({.prepare = fill, .run = onNewObject, .defaultResult = leftAtTheFirst})
-      .hostCalls;
+string clickOnAnEntry(clsInsertFieldsInRTB& merge) {
+  RichTextBox box;
+  merge.RTB = &box;
+  const Value items[] = {"Column", "Company Name", "None", 1, "Acme"};
+  merge.get_FieldList()->addEntry(1, items);
+  int itemData = 1;
+  merge.onListClick(itemData);
+  return box.text();
 }
+
+/// An operation on a new object, what it gives when it is left at the first statement, and what
+/// while the database is closed: it opens nothing then.
+struct Operation {
+  string (*run)(clsInsertFieldsInRTB& merge);
+  int calls;  ///< it makes at least as many
+  string left;
+  string closed;
+};
+const Operation operations[] = {
+    {mergeLetter, 50, "Dear ,  of  is due on  (, , ).", "Dear ,  of  is due on  ( , , )."},
+    {writeCity, 50, "GuelphGuelph", ""},
+    {appointmentAndFirmFields, 25, "18", "29"},
+    {[](auto& merge) { return merge.taskID = 1, merge.getDocsAndInstructionsList(); }, 5, "", ""},
+    {[](auto& merge) { return std::to_string(merge.getTaskIDFromScheduleIDNum(1)); }, 5, "-1",
+     "-1"},
+    {[](auto& merge) {
+       return merge.convertProvinceFields("«WCB Number», «State» and «Contact Full Name»");
+     },
+     2, "«WCB Number», «State» and «Contact Display Name»",
+     "«WSIB Number», «Province» and «Contact Display Name»"},
+    {clickOnAnEntry, 1, "", "«Company Name»"},
+};
 
 TEST(MergeFaults, TheProceduresSurviveEachFailedCall) {
-  const auto mergeLetter = [](clsInsertFieldsInRTB& merge) {
-    setUp(merge);
-    return merge.parseRTBComment();
-  };
-  const auto listDocuments = [](clsInsertFieldsInRTB& merge) {
-    merge.taskID = 1;
-    return merge.getDocsAndInstructionsList();
-  };
-  const auto rewrite = [](clsInsertFieldsInRTB& merge) {
-    return merge.convertProvinceFields("«WCB Number», «State» and «Contact Full Name»");
-  };
-  EXPECT_GT(callsWalked(mergeLetter, "Dear ,  of  is due on  (, , )."), 50) << "no list";
-  EXPECT_GT(callsWalked(appointmentAndFirmRows, firmRows()), 25) << "one block is missing";
-  EXPECT_GT(callsWalked(listDocuments, ""), 5);
-  callsWalked(rewrite, "«WCB Number», «State» and «Contact Display Name»");
+  for (const auto& [operation, calls, left, closed] : operations) {
+    const auto onNewObject = [run = operation](TestHost&) {
+      clsInsertFieldsInRTB merge;
+      return run(merge);
+    };
+    EXPECT_GE(walkFaults({.prepare = fill, .run = onNewObject, .defaultResult = left}).hostCalls,
+              calls);
+  }
 }
 
 class MergeFault : public MergeTest {
@@ -104,6 +127,21 @@ class MergeFault : public MergeTest {
     return mergedWithFailure(callNumber("getFieldValue " + column, 1), choice);
   }
 };
+
+TEST_F(MergeFault, AClosedDatabaseIsAskedForNothing) {
+  ASSERT_EQ(merge->parseRTBComment(), mergedLetter);
+  closeDatabase();
+  windows.pumps = 0;
+  EXPECT_EQ(statementsOf([&] {
+              EXPECT_EQ(merge->parseRTBComment(), operations[0].closed) << "opened before";
+              for (const Operation& operation : operations) {
+                merge = std::make_unique<clsInsertFieldsInRTB>();
+                EXPECT_EQ(operation.run(*merge), operation.closed);
+              }
+            }),
+            std::vector<string>{});
+  EXPECT_EQ(windows.pumps, 0);
+}
 
 TEST_F(MergeFault, AFailedReadCostsOneFieldAtMost) {
   ASSERT_EQ(merge->parseRTBComment(), mergedLetter);

@@ -1,3 +1,5 @@
+#include <fstream>
+#include <map>
 #include <random>
 
 #include "merge/MergeTest.h"
@@ -10,113 +12,37 @@ using std::string;
 using std::vector;
 using TemplateRewrites = MergeTest;
 
-/// The rules as they are written down: one after the other over the whole text.
 struct Rule {
   string from;
   string to;
 };
-struct RuleBlock {
-  const char* open;
-  const char* close;
-  const char* rules;  // "from+from=to|from=to", where # is 1 to 5
-};
+using Rules = vector<Rule>;
 
-constexpr char dateNames[] =
-    "Due Date=Task Due Date|in-House Due Date=Task in-House Due Date|"
-    "Calendar Date=Task Calendar Due Date";
-constexpr char fullName[] = "Contact Full Name=Contact Display Name";
-constexpr char calendarDates[] = "Notified Date+Weekday Date=Calendar Date";
-constexpr char taskNames[] =
-    "Remittance Name=Task Name|Remittance Due Date=Task Due Date|"
-    "Remittance in-House Due Date=Task in-House Due Date|"
-    "Remittance Weekday Due Date+Task Weekday Due Date=Task Calendar Date|"
-    "Remittance Year=Task Year|Custom Remitt Field #=Custom Task Field #|"
-    "Contact Full Name=Contact Display Name";
-constexpr char customNames[] = "Custom Field #=Business Client Custom Field #";
-
-constexpr RuleBlock generalBlocks[] = {
-    {"", "", "<<=«|>>=»"},
-    {"«(", "", dateNames},
-    {"\\'ab(", "", dateNames},
-    {"«", "»", fullName},
-    {"\\'ab", "\\'bb", fullName},
-    {"", "", fullName},
-    {"", "",
-     "Docket=Time Entry|Long Date=dddd, mmmm d yyyy|Medium Date=mmm d yyyy|Short Date=dd/mm/yy"},
-    {"«", "»", calendarDates},
-    {"\\'ab", "\\'bb", calendarDates},
-    {"«", "»", taskNames},
-    {"\\'ab", "\\'bb", taskNames},
-    {"«", "»", customNames},
-    {"\\'ab", "\\'bb", customNames},
-};
-
-constexpr RuleBlock nationalBlock = {
-    "«", "»",
-    "Province=State|Postal Code=Zip Code|Contact Business Province=Contact Business State|"
-    "Contact Business Postal Code=Contact Business Zip Code|"
-    "Contact Home Province=Contact Home State|Contact Home Postal Code=Contact Home Zip Code|"
-    "Spouse Home Province=Spouse Home State|Spouse Home Postal Code=Spouse Home Zip Code|"
-    "Your Province=Your State|Your Postal Code=Your Zip Code|"
-    "Contact SIN=Contact SSN|Spouse SIN=Spouse SSN"};
-
-struct Province {
-  int code;
-  const char* corporate;
-  string rules;
-};
-const string board =
-    "WSIB Number+NEQ Number+WHSCC Number=WCB Number|WSIB Premium Rate=WCB Premium Rate|";
-const string atlanticBoard =
-    "WSIB Number+WCB Number+NEQ Number=WHSCC Number|WSIB Premium Rate=WHSCC Premium Rate|";
-const string ontarioBoard =
-    "WCB Number+NEQ Number+WHSCC Number=WSIB Number|WCB Firm Number=WSIB Firm Number|"
-    "WCB Premium Rate=WSIB Premium Rate|";
-const string quebecBoard =
-    "WSIB Number=NEQ Number|WSIB Premium Rate=CSST Premium Rate|WHSCC Number=WCB Number|";
-const string toGst = "HST Number=GST Number";
-const string toHst = "GST Number=HST Number";
-const string ontarioRules =
-    toHst + "|" + ontarioBoard + toGst + "|Quebec ID Number=ON Corp. MCBS Number";
-const Province provinces[] = {
-    {0, "Alberta", board + toGst},
-    {1, "BC", toHst + "|" + board + toGst},
-    {2, "Manitoba", board + toGst},
-    {3, "ON", ontarioRules},
-    {4, "Sask.", board + toGst},
-    {8, "Que.", quebecBoard + toGst + "|ON Corp. MCBS Number=Quebec ID Number"},
-    {9, "N.S.", board + toHst},
-    {10, "N.B.", atlanticBoard + toHst},
-    {11, "Nfld.", atlanticBoard + toHst},
-    {12, "P.E.I.", board + toGst},
-    {50, "ON", ontarioRules},
-};
-
-/// The rules of one province, with those that bring each corporate tax number to its own.
-string rulesOf(const Province& own) {
-  string rules = own.rules;
-  for (const Province& other : provinces) {
-    // Quebec's list never had an entry for Saskatchewan.
-    const bool isMissing = own.code == 8 && other.code == 4;
-    if (string(other.corporate) == own.corporate || isMissing) continue;
-    rules +=
-        string("|") + other.corporate + " Corp. Tax Number=" + own.corporate + " Corp. Tax Number";
-  }
+/// The rules of one line, "open, close, from+from=to|from=to" with # for 1 to 5.
+Rules rulesOf(const vector<string>& line) {
+  Rules rules;
+  for (const string& text : split(line[3]))
+    for (const char* digit : {"1", "2", "3", "4", "5"}) {
+      const string rule = replaceAll(text, "#", digit);
+      const std::size_t equals = rule.find('=');
+      const string to = line[1] + rule.substr(equals + 1) + line[2];
+      for (const string& from : split(rule.substr(0, equals), '+'))
+        rules.push_back({line[1] + from + line[2], to});
+      if (rule == text) break;
+    }
   return rules;
 }
 
-vector<Rule> rulesOf(const RuleBlock& block) {
-  vector<Rule> rules;
-  for (const string& line : split(block.rules))
-    for (const char* digit : {"1", "2", "3", "4", "5"}) {
-      const string rule = replaceAll(line, "#", digit);
-      const std::size_t equals = rule.find('=');
-      const string to = block.open + rule.substr(equals + 1) + block.close;
-      for (const string& from : split(rule.substr(0, equals), '+'))
-        rules.push_back({block.open + from + block.close, to});
-      if (rule == line) break;
-    }
-  return rules;
+/// The rules as they are written down, by country or code of province: one after the other over the
+/// whole text.
+std::map<string, Rules> readRules() {
+  std::map<string, Rules> books;
+  std::ifstream file(AUTONOTIFY_SOURCE_DIR "/tests/merge/template_rewrites.txt");
+  for (string line; std::getline(file, line);) {
+    const vector<string> parts = split(line, '\t');
+    for (const Rule& rule : rulesOf(parts)) books[parts[0]].push_back(rule);
+  }
+  return books;
 }
 
 constexpr char headers[] =
@@ -124,7 +50,7 @@ constexpr char headers[] =
     "[Default Contact Name]|[Company Accounting Info]|[Company Software Info]|"
     "[More Contact Info]|[Company Info]";
 
-string applyInOrder(string text, const vector<Rule>& rules) {
+string applyInOrder(string text, const Rules& rules) {
   for (const Rule& rule : rules) text = replaceAllIgnoreCase(text, rule.from, rule.to);
   return text;
 }
@@ -137,12 +63,12 @@ string tidied(string text) {
 }
 
 /// The rules' own pieces: texts of them make many rules meet and make work for each other.
-vector<string> piecesOf(const vector<vector<Rule>>& books) {
+vector<string> piecesOf(const std::map<string, Rules>& books) {
   vector<string> pieces = split(headers);
   for (const string& piece : split("«|»|<|>|\\'ab|\\'bb|(|)|, | |\\par |é|\xC2|\xAB|[|]|D|Due Date|"
                                    "Long |Date|<<(Due Date"))
     pieces.push_back(piece);
-  for (const vector<Rule>& rules : books)
+  for (const auto& [name, rules] : books)
     for (const auto& [from, to] : rules) {
       const std::size_t half = from.size() / 2;
       pieces.insert(pieces.end(), {from, from.substr(0, half), from.substr(half)});
@@ -151,18 +77,13 @@ vector<string> piecesOf(const vector<vector<Rule>>& books) {
 }
 
 TEST_F(TemplateRewrites, EqualTheRulesOneByOne) {
-  vector<Rule> general;
-  for (const RuleBlock& block : generalBlocks)
-    for (const Rule& rule : rulesOf(block)) general.push_back(rule);
-  const vector<Rule> toAmerican = rulesOf(nationalBlock);
-  vector<Rule> toCanadian = toAmerican;
+  const std::map<string, Rules> books = readRules();
+  const Rules& general = books.at("anywhere");
+  const Rules& toAmerican = books.at("United States");
+  Rules toCanadian = toAmerican;
   for (Rule& rule : toCanadian) std::swap(rule.from, rule.to);
-  vector<vector<Rule>> books;
-  for (const Province& province : provinces)
-    books.push_back(rulesOf({"«", "»", rulesOf(province).c_str()}));
-  const std::size_t count = books.size();
-  books.insert(books.end(), {general, toAmerican});
   const vector<string> pieces = piecesOf(books);
+  constexpr int provinces[] = {0, 1, 2, 3, 4, 8, 9, 10, 11, 12, 50};
   std::mt19937 random(20100701);
   for (std::size_t round = 0; round < 6000; ++round) {
     string text;
@@ -171,12 +92,13 @@ TEST_F(TemplateRewrites, EqualTheRulesOneByOne) {
       const auto spelling = random() % 4;
       text += spelling == 0 ? upperCase(piece) : spelling == 1 ? lowerCase(piece) : piece;
     }
-    const std::size_t i = round % count;
+    const int province = provinces[round % std::size(provinces)];
+    const Rules& provincial = books.at(std::to_string(province));
     const string anywhere = applyInOrder(tidied(text), general);
-    const string canadian = applyInOrder(applyInOrder(anywhere, books[i]), toCanadian);
+    const string canadian = applyInOrder(applyInOrder(anywhere, provincial), toCanadian);
     const string american = applyInOrder(anywhere, toAmerican);
     for (const auto& [country, expected] : {std::pair{1, canadian}, {2, american}, {3, anywhere}}) {
-      live(country, provinces[i].code);
+      live(country, province);
       ASSERT_EQ(merge->convertProvinceFields(text), expected) << "round " << round << ": " << text;
     }
   }

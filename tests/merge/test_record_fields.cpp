@@ -1,0 +1,145 @@
+#include "merge/records/record_fields.h"
+
+#include "merge/MergeTest.h"
+#include "merge/records/merge_values.h"
+
+namespace autonotify::test {
+namespace {
+
+using std::string;
+using enum MergeSource;
+
+/// The records of a merge without a list of fields.
+class RecordFieldsTest : public RecordsTest {
+ protected:
+  void open() {
+    procedure("test", [&](Step& step) {
+      sources.closeAll(step);
+      sources.openForOneDocument(step, scope);
+    });
+  }
+  /// The values of "name|name" in the source, which is opened where it is closed.
+  string read(MergeSource source, const string& names) {
+    string values;
+    procedure("test", [&](Step& step) {
+      for (string name : split(names)) {
+        values += "|";
+        if (sources.openOnDemand(step, scope, source) && sources.goToRow(step, scope, source))
+          values += textOf(RecordFields(step, sources, scope).read(source, name));
+      }
+    });
+    return values.substr(1);
+  }
+
+  MergeSources sources;
+  MergeScope scope;
+};
+
+TEST_F(RecordFieldsTest, GiveAnInheritingContactTheAddressOfTheCompany) {
+  insert(
+      "Companies (OfficeNumber, FaxNumber, Address, City, Province, Country) VALUES "
+      "('555-1000', '555-1001', '1 Elm Street', 'Guelph', 'Ontario', 'Canada')");
+  for (const char* inherits : {"0", "1"})
+    insert(string("Contacts (BusinessPhone_Main, BusinessAddress, BusinessPostalCode, "
+                  "BusinessProvince, FirstName, InheritCompanyInfo) VALUES ('555-2000', "
+                  "'2 Oak Street', 'N1G 2W1', 'Quebec', 'Anna', ") +
+           inherits + ")");
+  const char* own = "555-2000||2 Oak Street||N1G 2W1|Quebec|QC|Anna|";
+  for (const auto& [companyID, contactID, values] :
+       {std::tuple{1, 2, "555-2000|555-1001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna|Canada"},
+        {-1, 2, own},
+        {1, 1, own}}) {
+    scope.ids.companyID = companyID;
+    scope.ids.contactID = contactID;
+    open();
+    EXPECT_EQ(read(contact,
+                   "BusinessPhone_Main|BusinessPhone_Fax|BusinessAddress|BusinessCity|"
+                   "BusinessPostalCode|BusinessProvince|BusinessAbbreviatedProvince|FirstName|"
+                   "BusinessCountry"),
+              values)
+        << companyID << '/' << contactID;
+  }
+}
+
+TEST_F(RecordFieldsTest, NameTheFifthCustomFieldOfACompanyInTheSetUpAlone) {
+  insert(
+      "Contacts (DisplayName, HomeProvince, AltProvince, Custom5) VALUES ('Anna Lee', "
+      "'british columbia', 'Bavaria', 'Fifth')");
+  insert("Companies (Custom1, Custom5) VALUES ('One', 'Five')");
+  scope.ids.companyID = scope.ids.contactID = 1;
+  EXPECT_EQ(read(contact,
+                 "ContactAndSpouseName|ALTAbbreviatedProvince|ContactCustom5|"
+                 "HomeAbbreviatedProvince"),
+            "Anna Lee|Bavaria|Fifth|BC");
+  errors.answer({error_choice::next});
+  EXPECT_EQ(read(company, "CompanyCustom1|CompanyCustom5"), "One|");
+  open();
+  EXPECT_EQ(read(company, "CompanyCustom1|CompanyCustom5"), "One|Five");
+}
+
+TEST_F(RecordFieldsTest, ReadTheDurationOfATaskFromTheAppointment) {
+  scope.ids.taskID =
+      addRow("Tasks", {{"Subject", "Call"}, {"TimeFrom", "9:30"}, {"TimeTo", "10:00"}});
+  for (const char* why : {"read on demand", "set up"}) {
+    errors.answer({error_choice::next, error_choice::next});
+    EXPECT_EQ(read(task, "Subject|PeriodDescription|TimeDuration"), "Call||") << why;
+    open();
+  }
+  scope.ids.appointmentID = addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
+  open();
+  EXPECT_EQ(read(task, "TimeDuration") + read(appointment, "TimeDuration"), "45 min45 min");
+  scope.ids.docketId = addRow("Dockets", {{"TimeFrom", "14:05"}, {"TimeTo", "15:36"}});
+  EXPECT_EQ(read(docket, "TimeDuration"), "1 hr 31 min");
+}
+
+TEST_F(RecordFieldsTest, PutAccountingCodesInWords) {
+  scope.ids.companyID = addAccountingClient({{"YearEndDate", "2025-06-30"}});
+  const string fields =
+      "RC59Permission|RC59Status|GSTFilingMethod|FinancialStatements|CorporationType|"
+      "CorporationLevel|YearEndDate";
+  EXPECT_EQ(read(clientAccounting, fields),
+            "None|Not Filed|Not Specified|Not Specified|CCPC|Federal Corporation|June 30")
+      << "of empty columns";
+  plainDatabase->connection().exec(
+      "UPDATE Companies SET CompanyType='2'; UPDATE AccountingServices SET RC59Permission=2, "
+      "RC59Status=1, GSTFilingMethod=3, FinancialStatements=5; UPDATE CorpTaxInfo SET "
+      "CorporationType=1, CorporationLevel=2");
+  open();
+  EXPECT_EQ(read(clientAccounting, fields),
+            "Limited|Awaiting Signature|Quick Method|Audit|Regular Corporation|"
+            "Provincial Corporation|June 30");
+  EXPECT_EQ(read(company, "CompanyType|CompanType"), "2|Sole Proprietorship");
+  scope.ids.companyID = 0;
+  open();
+  EXPECT_EQ(read(clientAccounting, fields), "||||||") << "not of somebody else";
+}
+
+TEST_F(RecordFieldsTest, AreFoundInWholeTablesForABulkMerge) {
+  for (const char* name : {"Ben Oak", "Anna Lee"}) addRow("Contacts", {{"DisplayName", name}});
+  addRow("CompaniesNotes", {{"CompanyNum", "5"}, {"ComapnyNum", "5"}, {"Notes", "By email"}});
+  addRow("SoftwareInfo",
+         {{"CompanyID", "9"}, {"DefaultSoftware", "True"}, {"SoftwareName", "Abacus"}});
+  scope.ids.firmID = addRow("AccountantFirmInfo", {{"CompanyName", "Birch LLP"}});
+  scope.ids.companyID = 5;
+  scope.isBulk = true;
+  EXPECT_EQ(read(software, "SoftwareName"), "") << "not before a client's record has opened it";
+  calls.record(true);
+  for (const auto& [id, name] : {std::pair{2, "Anna Lee"}, {1, "Ben Oak"}, {77, ""}}) {
+    scope.ids.contactID = id;
+    EXPECT_EQ(read(contact, "DisplayName"), name);
+  }
+  EXPECT_EQ(read(companyNotes, "Notes"), "By email");
+  EXPECT_EQ(read(software, "SoftwareName"), "Abacus") << "the first, whoever's";
+  EXPECT_EQ(read(firm, "CompanyName"), "Birch LLP");
+  EXPECT_EQ(logged("findRecord"), split("ContactID=2|ContactID=1|ContactID=77|ComapnyNum=5"));
+  scope.isBulk = false;
+  scope.ids.companyID = addAccountingClient();
+  open();
+  EXPECT_EQ(read(software, "SoftwareName"), "Ledger 9") << "looked for among one row";
+  EXPECT_EQ(logged("findRecord").back(), "CompanyID=" + std::to_string(scope.ids.companyID));
+  scope.isBulk = true;
+  EXPECT_EQ(read(software, "SoftwareName"), "Abacus") << "all rows over the one";
+}
+
+}  // namespace
+}  // namespace autonotify::test
