@@ -150,12 +150,15 @@ TEST(RichTextDocument, formatsHoldForTheirGroup) {
 
 TEST(RichTextDocument, mergeTokensStayWhole) {
   const std::string date = "\\'ab(Task Due Date, mmmm d yyyy)\\'bb";
+  const std::string name(40, 'n');
   const std::vector<Case> cases = {
       {"Hi \\'abCompany {\\b Name}\\'bb!", "Hi \\'abCompany Name\\'bb!"},
       {"{\\b\\'ab}Company\\i  Name\\'bb x", "\\'abCompany Name\\'bb"},
       {"\\'abCom{\\cf1 pany}\\f1  Name\\fs40\\'bb\\fs20 y", "\\'abCompany Name\\'bb"},
       {"<{\\b <Company} Name>\\b >", "<<Company Name>>"},
       {"\\'ab(Task{\\ul  Due} Date, mmmm\\b  d yyyy)\\'bb", date},
+      {"\\'ab{\\b (" + name + ", dddd, mmmm d} yyyy)\\'bb",
+       "\\'ab(" + name + ", dddd, mmmm d yyyy)\\'bb"},
       {"\u00ABCompany \\b Name\u00BB", "\\'abCompany Name\\'bb"},
       {"\\'aba\\'abCompany \\b Name\\'bb\\'bb", "\\'abCompany Name\\'bb"}};
   for (const auto& [rtf, token] : cases) {
@@ -163,8 +166,10 @@ TEST(RichTextDocument, mergeTokensStayWhole) {
     EXPECT_NE(written.find(token), std::string::npos) << written;
     EXPECT_EQ(plainTextOf(written), plainTextOf(head + rtf + "}"));
   }
-  const std::string quoted = "\u00AB " + std::string(41, 'q') + "{\\b bold} \u00BB";
-  EXPECT_NE(shown(readRichText(head + quoted + "}")).find("[b]bold"), std::string::npos);
+  // A character more than the longest name, the longest date: a quotation.
+  for (const std::string& quoted :
+       {name + "{\\b !}", "(" + name + std::string(20, '.') + "{\\b )}"})
+    EXPECT_EQ(readRichText(head + "<<" + quoted + ">>}").paragraphs[0].runs.size(), 3u) << quoted;
 }
 
 /// Any document, in the shape that tidyRuns gives.

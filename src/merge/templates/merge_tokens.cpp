@@ -1,9 +1,19 @@
 #include "merge/templates/merge_tokens.h"
 
+#include <algorithm>
+
+#include "platform/richtext/rich_text_edit.h"
 #include "platform/text.h"
 
 namespace autonotify {
 namespace {
+
+// The rich-text box keeps whole what is a token here.
+static_assert(longestTokenName == longestFieldName);
+static_assert(longestTokenDate == longestFieldName + std::string_view("(, )").size() +
+                                      std::ranges::max(mergeDateFormats, {}, [](auto format) {
+                                        return format.size();
+                                      }).size());
 
 constexpr char leadByte = bareMarks.open[0];
 constexpr std::size_t escapedLength = escapedMarks.open.size();

@@ -67,7 +67,11 @@ struct Span {
 
 /// Each mark is two bytes, in both spellings.
 constexpr std::size_t markSize = 2;
-constexpr std::size_t longestToken = 40;
+
+bool isElement(std::string_view text) {
+  const bool isDate = text.starts_with('(') && text.ends_with(')');
+  return characterCount(text) <= (isDate ? longestTokenDate : longestTokenName);
+}
 
 bool isMark(std::string_view pair, std::string_view mark, std::string_view olderMark) {
   return pair == mark || pair == olderMark;
@@ -83,8 +87,8 @@ std::vector<Span> tokensOf(std::string_view text) {
     if (isMark(pair, "\xC2\xAB", "<<")) {
       open = at;
     } else if (open != none && isMark(pair, "\xC2\xBB", ">>")) {
-      const std::string_view name = text.substr(open + markSize, at - open - markSize);
-      if (characterCount(name) <= longestToken) tokens.push_back({open, at + markSize});
+      const std::string_view element = text.substr(open + markSize, at - open - markSize);
+      if (isElement(element)) tokens.push_back({open, at + markSize});
       open = none;
     }
   }

@@ -35,6 +35,11 @@ ParagraphFormat paragraphFormatAt(const RichText& text, std::size_t place);
 RichText richTextOf(std::string_view plainText, const CharacterFormat& characters = {},
                     const ParagraphFormat& paragraph = {});
 
+/// The most characters between the marks of a merge token: of a name, and of a date's name and
+/// format in brackets.
+inline constexpr std::size_t longestTokenName = 40;
+inline constexpr std::size_t longestTokenDate = 61;
+
 /// Joins runs that look alike and leaves out empty ones. A merge token, from « to » or from << to
 /// >> and no longer than a valid one, takes the format of its first character, so that no format
 /// word stands inside it in the RTF.
