@@ -12,9 +12,10 @@ bool isRichText(std::string_view text);
 /// is read in the declared code page (the font's, the document's, or else 1252), bare bytes as
 /// UTF-8 where they are that and else in the code page, `\uN` with its fallback skipped, cells
 /// separated by tabs and rows ended by a line feed, hidden text, pictures and `\*` destinations
-/// left out. The marker of a list entry comes with one tab behind it, a bullet of a symbol font as
-/// "•". A text that is no RTF comes back unchanged. Never fails: broken RTF gives what can be read,
-/// also behind a brace too many. Time is linear in the size.
+/// left out but for the results of fields, rows of nested tables and texts of frames. The marker of
+/// a list entry comes with one tab behind it, a bullet of a symbol font as "•". A text that is no
+/// RTF comes back unchanged. Never fails: broken RTF gives what can be read, also between a brace
+/// too many and the last one. Time is linear in the size.
 std::string plainTextOf(std::string_view richText);
 
 /// The text as RTF content: backslash and braces escaped, line ends as "\par \r\n", characters of

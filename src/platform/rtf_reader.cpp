@@ -43,6 +43,12 @@ std::string_view RtfReader::take(std::size_t length) {
   return taken;
 }
 
+void RtfReader::endAtLastBrace() {
+  const std::size_t brace = rtf_.rfind('}');
+  const std::size_t end = brace == std::string_view::npos ? 0 : brace + 1;
+  rtf_ = rtf_.substr(0, std::max(at_, end));
+}
+
 RtfToken RtfReader::next() {
   while (at_ < rtf_.size() && isNothing(rtf_[at_])) ++at_;
   if (at_ == rtf_.size()) return {};

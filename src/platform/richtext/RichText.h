@@ -13,6 +13,8 @@ namespace autonotify {
 /// Red in the lowest byte, then green, then blue.
 using RichTextColor = std::int32_t;
 
+enum class Script : std::uint8_t { normal, superscript, subscript };
+
 /// How characters look. The defaults are those of a new text.
 struct CharacterFormat {
   std::string font = "Arial";
@@ -21,6 +23,7 @@ struct CharacterFormat {
   bool italic = false;
   bool underline = false;
   bool strike = false;
+  Script script = Script::normal;
   /// Unset: the colours of the window.
   std::optional<RichTextColor> color;
   std::optional<RichTextColor> background;
@@ -85,7 +88,8 @@ RichText readRichText(std::string_view rtf);
 
 /// Compact RTF that reads back equal. Each paragraph's end is "\par \r\n", with nothing behind it
 /// as long as the formats stay, so that a text of several paragraphs can be found in it;
-/// characters are spelled as escapeForRichText does.
+/// characters are spelled as escapeForRichText does. Word processors, which count for themselves,
+/// show the entries of lists with the markers that they have here.
 std::string writeRichText(const RichText& text);
 
 /// The plain text: list markers with a tab behind them, paragraphs and lines ended by line feeds.

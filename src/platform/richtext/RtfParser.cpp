@@ -1,6 +1,7 @@
 #include "platform/richtext/RtfParser.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
@@ -28,20 +29,28 @@ std::size_t asciiPrefix(std::string_view bytes) {
   return at;
 }
 
+/// The result of a field, the rows of a nested table, a frame with its text.
+constexpr std::array<std::string_view, 3> shownOptionals{"fldrslt", "nesttableprops", "shpinst"};
+
+constexpr std::string_view blanks = " \t\r\n";
+
+bool isBlank(std::string_view text) {
+  return text.find_first_not_of(blanks) == std::string_view::npos;
+}
+
 std::string_view withoutBlanks(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
+  if (isBlank(text)) return {};
   const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 }  // namespace
 
 void RtfParser::parse(std::string_view rtf) {
-  RtfReader reader(rtf);
+  reader_ = RtfReader(rtf);
   for (;;) {
     // Made in its place each time: copying a token costs more than reading most of them.
-    const RtfToken token = reader.next();
+    const RtfToken token = reader_.next();
     if (token.kind == RtfToken::Kind::end) break;
     handle(token);
   }
@@ -52,8 +61,9 @@ void RtfParser::handle(const RtfToken& token) {
   using Kind = RtfToken::Kind;
   if (token.kind == Kind::groupStart) return startGroup();
   if (token.kind == Kind::groupEnd) return endGroup();
-  if (isSkipping()) return;
+  if (isSkipping()) return enterOptional(token);
   if (token.kind == Kind::text) {
+    if (atGroupStart_ && isBeforeDestination(token.text)) return;
     putBytes(token.text);
   } else if (!takeFallback(token)) {
     if (token.kind == Kind::word) {
@@ -61,8 +71,7 @@ void RtfParser::handle(const RtfToken& token) {
         (this->*keyword->act)(token, keyword->text);
     }
     if (token.kind == Kind::symbol) handleSymbol(token.text[0]);
-    if (token.kind == Kind::hexByte)
-      putCharacter(characterOf(static_cast<unsigned char>(token.parameter), state_.codePage));
+    if (token.kind == Kind::hexByte) putByte(static_cast<unsigned char>(token.parameter));
   }
   atGroupStart_ = false;
 }
@@ -73,19 +82,39 @@ void RtfParser::startGroup() {
   atGroupStart_ = true;
 }
 
-/// A closing brace too many closes nothing, so that text behind it isn't lost.
+/// A closing brace too many closes nothing, so that text between it and the last one isn't lost.
 void RtfParser::endGroup() {
   fallbackLeft_ = 0;
   atGroupStart_ = false;
   if (outer_.empty()) return;
   const State inner = std::exchange(state_, outer_.back());
   outer_.pop_back();
-  if (outer_.empty()) lastFormat_ = inner.format;
+  if (outer_.empty()) {
+    lastFormat_ = inner.format;
+    reader_.endAtLastBrace();
+  }
   if (inner.destination == Destination::listMarker &&
       state_.destination != Destination::listMarker) {
     const Font* font = fontNumbered(inner.format.characters.font);
     putListMarker(font && font->isSymbol);
   }
+}
+
+/// Blanks between a brace and the name of its destination are no text.
+bool RtfParser::isBeforeDestination(std::string_view text) const {
+  if (!isBlank(text)) return false;
+  RtfReader ahead = reader_;
+  const RtfToken next = ahead.next();
+  if (next.kind == RtfToken::Kind::symbol) return next.text == "*";
+  return next.kind == RtfToken::Kind::word && isDestination(next.text);
+}
+
+/// Of the destinations that a reader may pass over, a person sees these alone.
+void RtfParser::enterOptional(const RtfToken& token) {
+  if (state_.destination == Destination::skipped || isBlank(token.text)) return;
+  const bool isShown = token.kind == RtfToken::Kind::word &&
+                       std::ranges::find(shownOptionals, token.text) != shownOptionals.end();
+  state_.destination = isShown ? outer_.back().destination : Destination::skipped;
 }
 
 /// Every control counts as one character of a fallback, but for another `\u`: no fallback holds
@@ -100,7 +129,7 @@ bool RtfParser::takeFallback(const RtfToken& token) {
 void RtfParser::handleSymbol(char symbol) {
   switch (symbol) {
     case '*':
-      if (atGroupStart_) state_.destination = Destination::skipped;
+      if (atGroupStart_) state_.destination = Destination::optional;
       return;
     case '~':
       return put("\u00A0");
@@ -114,7 +143,7 @@ void RtfParser::handleSymbol(char symbol) {
 }
 
 void RtfParser::finish() {
-  flushSurrogate();
+  flushHalf();
   if (state_.destination == Destination::listMarker) putListMarker(false);
   flushCell();
   content_.onEnd(outer_.empty() ? lastFormat_ : state_.format);
@@ -122,7 +151,7 @@ void RtfParser::finish() {
 
 void RtfParser::endParagraph(const RtfToken&, std::string_view) {
   if (!isBodyVisible()) return;
-  flushSurrogate();
+  flushHalf();
   flushCell();
   content_.onParagraphEnd(state_.format);
   atParagraphStart_ = true;
@@ -130,7 +159,7 @@ void RtfParser::endParagraph(const RtfToken&, std::string_view) {
 
 void RtfParser::endCell(const RtfToken&, std::string_view) {
   if (!isBodyVisible()) return;
-  flushSurrogate();
+  flushHalf();
   flushCell();
   cellEnded_ = true;
   atParagraphStart_ = false;
@@ -138,7 +167,7 @@ void RtfParser::endCell(const RtfToken&, std::string_view) {
 
 void RtfParser::endRow(const RtfToken&, std::string_view) {
   if (!isBodyVisible()) return;
-  flushSurrogate();
+  flushHalf();
   cellEnded_ = false;
   endParagraph({}, {});
 }
@@ -154,12 +183,18 @@ void RtfParser::unicode(const RtfToken& word, std::string_view) {
     return putCharacter(0x10000 + ((high - 0xD800) << 10) + (unit - 0xDC00));
   }
   if (!isHighSurrogate(unit)) return putCharacter(unit);
-  flushSurrogate();
+  flushHalf();
   highSurrogate_ = unit;
 }
 
-void RtfParser::flushSurrogate() {
-  if (std::exchange(highSurrogate_, 0) != 0) putCharacter(replacementCharacter);
+/// Programs give symbol fonts the character set of a page of pairs, and write the document's bytes.
+void RtfParser::flushHalf() {
+  if (highSurrogate_ == 0 && firstByte_ == 0) return;
+  const char32_t left =
+      firstByte_ == 0 ? replacementCharacter : characterOf(firstByte_, documentCodePage_);
+  highSurrogate_ = 0;
+  firstByte_ = 0;
+  putCharacter(left == firstOfPair ? replacementCharacter : left);
 }
 
 void RtfParser::flushCell() {
@@ -168,7 +203,7 @@ void RtfParser::flushCell() {
 
 void RtfParser::put(std::string_view utf8) {
   if (state_.hidden) return;
-  flushSurrogate();
+  flushHalf();
   switch (state_.destination) {
     case Destination::body:
       return putInBody(utf8);
@@ -180,6 +215,7 @@ void RtfParser::put(std::string_view utf8) {
     case Destination::colorTable:
       return putColorEnds(utf8);
     case Destination::skipped:
+    case Destination::optional:
       return;
   }
 }
@@ -205,16 +241,31 @@ void RtfParser::putBytes(std::string_view bytes) {
     bytes.remove_prefix(utf8StepAt(bytes, 0).length);
   if (state_.hidden) return;
   while (!bytes.empty()) {
-    const std::size_t asciiLength = asciiPrefix(bytes);
+    const std::size_t asciiLength = firstByte_ == 0 ? asciiPrefix(bytes) : 0;
     if (asciiLength > 0) put(bytes.substr(0, asciiLength));
     bytes.remove_prefix(asciiLength);
     if (bytes.empty()) return;
     const Utf8Step step = utf8StepAt(bytes, 0);
-    putCharacter(step.isWellFormed()
-                     ? step.value
-                     : characterOf(static_cast<unsigned char>(bytes[0]), state_.codePage));
+    if (step.length == 1) {
+      putByte(static_cast<unsigned char>(bytes[0]));
+    } else {
+      putCharacter(step.value);
+    }
     bytes.remove_prefix(step.length);
   }
+}
+
+/// A first byte waits for the second; an ordinary character behind it is none.
+void RtfParser::putByte(unsigned char byte) {
+  if (state_.hidden) return;
+  if (firstByte_ != 0) {
+    const char32_t pair = characterOf(firstByte_, byte, state_.codePage);
+    if (pair == replacementCharacter && byte < 0x80) flushHalf();
+    if (std::exchange(firstByte_, 0) != 0) return putCharacter(pair);
+  }
+  const char32_t character = characterOf(byte, state_.codePage);
+  if (character != firstOfPair) return putCharacter(character);
+  firstByte_ = byte;
 }
 
 /// A name ends in a semicolon; what follows belongs to no font until the next `\f`.
@@ -262,6 +313,10 @@ std::string_view RtfParser::fontName(int font) const {
 std::optional<RichTextColor> RtfParser::colorOf(int color) const {
   const auto index = static_cast<std::size_t>(color);
   return color >= 0 && index < colors_.size() ? colors_[index] : std::nullopt;
+}
+
+std::optional<RichTextColor> RtfParser::backgroundOf(int color) const {
+  return color == 0 ? std::nullopt : colorOf(color);
 }
 
 std::vector<TabStop> RtfParser::tabStopsOf(const RtfParagraphFormat& format) const {

@@ -26,6 +26,7 @@ struct RtfCharacterFormat {
   bool italic = false;
   bool underline = false;
   bool strike = false;
+  Script script = Script::normal;
 
   bool operator==(const RtfCharacterFormat&) const = default;
 };
@@ -74,6 +75,8 @@ class RtfParser {
   /// Empty for a font without a name.
   std::string_view fontName(int font) const;
   std::optional<RichTextColor> colorOf(int color) const;
+  /// Number 0 is none, whatever colour the table has for it.
+  std::optional<RichTextColor> backgroundOf(int color) const;
   std::vector<TabStop> tabStopsOf(const RtfParagraphFormat& format) const;
 
  private:
@@ -85,8 +88,17 @@ class RtfParser {
   static const Keyword keywords[];
   class KeywordIndex;
   static const Keyword* keywordNamed(std::string_view name);
+  static bool isDestination(std::string_view name);
 
-  enum class Destination : std::uint8_t { body, listMarker, fontTable, colorTable, skipped };
+  enum class Destination : std::uint8_t {
+    body,
+    listMarker,
+    fontTable,
+    colorTable,
+    skipped,
+    /// Behind `\*`: the name that comes next decides.
+    optional
+  };
 
   /// What a group inherits and gives back at its end.
   struct State {
@@ -114,6 +126,8 @@ class RtfParser {
   void handleSymbol(char symbol);
   void startGroup();
   void endGroup();
+  void enterOptional(const RtfToken& token);
+  bool isBeforeDestination(std::string_view text) const;
   bool takeFallback(const RtfToken& token);
   void finish();
 
@@ -139,6 +153,8 @@ class RtfParser {
   template <bool RtfCharacterFormat::*flag>
   void setFlag(const RtfToken& word, std::string_view);
   void endUnderline(const RtfToken&, std::string_view);
+  template <Script script>
+  void setScript(const RtfToken& word, std::string_view);
   template <int RtfCharacterFormat::*color>
   void setColor(const RtfToken& word, std::string_view);
   template <int byte>
@@ -152,21 +168,23 @@ class RtfParser {
   void alignTab(const RtfToken&, std::string_view);
   void addTabStop(const RtfToken& word, std::string_view);
 
-  bool isSkipping() const { return state_.destination == Destination::skipped; }
+  bool isSkipping() const { return state_.destination >= Destination::skipped; }
   bool isBodyVisible() const { return state_.destination == Destination::body && !state_.hidden; }
   const Font* fontNumbered(int font) const;
   CodePageIndex codePageOf(int font) const;
   void put(std::string_view utf8);
   void putCharacter(char32_t character);
   void putBytes(std::string_view bytes);
+  void putByte(unsigned char byte);
   void putInBody(std::string_view utf8);
   void putFontName(std::string_view utf8);
   void putColorEnds(std::string_view utf8);
   void putListMarker(bool isSymbol);
-  void flushSurrogate();
+  void flushHalf();
   void flushCell();
 
   RtfContent& content_;
+  RtfReader reader_{{}};
   State state_;
   std::vector<State> outer_;
   /// The formats that held when the outermost group was closed.
@@ -186,6 +204,8 @@ class RtfParser {
   int fallbackLeft_ = 0;
   /// The first half of a surrogate pair that waits for the second; 0 when none does.
   char32_t highSurrogate_ = 0;
+  /// The same for the first byte of a pair.
+  unsigned char firstByte_ = 0;
   /// A cell has ended: its tab comes with the next text, unless the row ends as well.
   bool cellEnded_ = false;
 };

@@ -61,6 +61,7 @@ void RtfParser::setFontCharacterSet(const RtfToken& word, std::string_view) {
   const auto codePage = codePageIndexOfCharacterSet(word.parameter);
   Font& font = fonts_[fontInTable_];
   if (codePage) font.codePage = codePage;
+  state_.codePage = codePageOf(fontInTable_);
   font.isSymbol = word.parameter == symbolCharacterSet;
 }
 
@@ -87,6 +88,11 @@ void RtfParser::setFlag(const RtfToken& word, std::string_view) {
 
 void RtfParser::endUnderline(const RtfToken&, std::string_view) {
   state_.format.characters.underline = false;
+}
+
+template <Script script>
+void RtfParser::setScript(const RtfToken& word, std::string_view) {
+  state_.format.characters.script = isSwitchedOn(word) ? script : Script::normal;
 }
 
 template <int RtfCharacterFormat::*color>
@@ -174,14 +180,21 @@ const P::Keyword P::keywords[] = {
     {"i", &P::setFlag<&Characters::italic>},
     {"info", &P::enter<Destination::skipped>},
     {"ldblquote", &P::insert, "\u201C"},
+    {"levelnumbers", &P::enter<Destination::skipped>},
+    {"leveltext", &P::enter<Destination::skipped>},
     {"li", &P::setMeasure<&ParagraphWords::leftIndent>},
     {"line", &P::insert, "\n"},
+    {"listname", &P::enter<Destination::skipped>},
+    {"listoverridetable", &P::enter<Destination::skipped>},
+    {"listtable", &P::enter<Destination::skipped>},
     {"listtext", &P::enter<Destination::listMarker>},
     {"lquote", &P::insert, "\u2018"},
+    {"mac", &P::setFixedCodePage<10000>},
     {"nestcell", &P::endCell},
     {"nestrow", &P::endRow},
     {"nonesttables", &P::enter<Destination::skipped>},
     {"nonshppict", &P::enter<Destination::skipped>},
+    {"nosupersub", &P::setScript<Script::normal>},
     {"object", &P::enter<Destination::skipped>},
     {"page", &P::endParagraph},
     {"par", &P::endParagraph},
@@ -191,6 +204,8 @@ const P::Keyword P::keywords[] = {
     {"pict", &P::enter<Destination::skipped>},
     {"plain", &P::setPlain},
     {"pntext", &P::enter<Destination::listMarker>},
+    {"pntxta", &P::enter<Destination::skipped>},
+    {"pntxtb", &P::enter<Destination::skipped>},
     {"qc", &P::align<Alignment::center>},
     {"qj", &P::align<Alignment::justified>},
     {"ql", &P::align<Alignment::left>},
@@ -206,9 +221,13 @@ const P::Keyword P::keywords[] = {
     {"sa", &P::setMeasure<&ParagraphWords::spaceAfter>},
     {"sb", &P::setMeasure<&ParagraphWords::spaceBefore>},
     {"sect", &P::endParagraph},
+    {"shprslt", &P::enter<Destination::skipped>},
+    {"sp", &P::enter<Destination::skipped>},
     {"strike", &P::setFlag<&Characters::strike>},
     {"striked", &P::setFlag<&Characters::strike>},
     {"stylesheet", &P::enter<Destination::skipped>},
+    {"sub", &P::setScript<Script::subscript>},
+    {"super", &P::setScript<Script::superscript>},
     {"tab", &P::insert, "\t"},
     {"tc", &P::enter<Destination::skipped>},
     {"tcn", &P::enter<Destination::skipped>},
@@ -232,6 +251,15 @@ const P::Keyword P::keywords[] = {
     {"zwj", &P::insert, "\u200D"},
     {"zwnj", &P::insert, "\u200C"},
 };
+
+bool P::isDestination(std::string_view name) {
+  const Keyword* const keyword = keywordNamed(name);
+  if (!keyword) return false;
+  for (const auto enters : {&P::enter<Destination::skipped>, &P::enter<Destination::listMarker>,
+                            &P::enter<Destination::fontTable>, &P::enter<Destination::colorTable>})
+    if (keyword->act == enters) return true;
+  return false;
+}
 
 /// Finds a word by its length and three of its letters, since most words that programs write are
 /// none of these.

@@ -66,8 +66,9 @@ class RichTextBuilder final : public RtfContent {
     characters_.italic = format.italic;
     characters_.underline = format.underline;
     characters_.strike = format.strike;
+    characters_.script = format.script;
     characters_.color = parser_.colorOf(format.color);
-    characters_.background = parser_.colorOf(format.background);
+    characters_.background = parser_.backgroundOf(format.background);
   }
 
   RtfParser parser_{*this};
