@@ -39,6 +39,7 @@ RichText randomText(std::mt19937& random) {
       format.italic = pick(2);
       format.underline = pick(2);
       format.strike = pick(2);
+      format.script = static_cast<Script>(pick(3));
       if (pick(2)) format.color = pick(0x1000000);
       if (pick(2)) format.background = pick(0x1000000);
       paragraph.runs.push_back({words[pick(5)], format});

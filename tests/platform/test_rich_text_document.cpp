@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,7 @@
 namespace autonotify {
 namespace {
 
-struct Case {
-  std::string rtf;
-  std::string shown;
-};
+using Cases = std::vector<std::pair<std::string, std::string>>;
 
 /// What differs from the standard look, such as "[b,fs24,Symbol]text"; paragraphs end in "|".
 std::string shownFormat(const CharacterFormat& format) {
@@ -27,6 +25,8 @@ std::string shownFormat(const CharacterFormat& format) {
   add(format.italic, "i");
   add(format.underline, "ul");
   add(format.strike, "strike");
+  add(format.script == Script::superscript, "super");
+  add(format.script == Script::subscript, "sub");
   add(format.halfPoints != 20, "fs" + std::to_string(format.halfPoints));
   add(format.color.has_value(), "cf" + std::to_string(format.color.value_or(0)));
   add(format.background.has_value(), "cb" + std::to_string(format.background.value_or(0)));
@@ -110,7 +110,7 @@ const std::string officeSuite =
     "\\qr{\\loch\\u8364\\'80 12}\n\\par }";
 
 TEST(RichTextDocument, readsWhatProgramsWrite) {
-  const std::vector<Case> cases = {
+  const Cases cases = {
       {wordLetter,
        "qc sb240 [b,fs32,Times New Roman]Avis|[fs24,Times New Roman]Chère «Contact Name»,|"
        "li720 fi-360 tx720 (•) [fs24,Times New Roman]les relevés|li720 fi-360 tx720 (•) "
@@ -129,10 +129,12 @@ TEST(RichTextDocument, readsWhatProgramsWrite) {
 }
 
 TEST(RichTextDocument, formatsHoldForTheirGroup) {
-  const std::vector<Case> cases = {
+  const Cases cases = {
       {"{\\b a{\\i b}c}d", "[b]a[b,i]b[b]cd"},
       {"\\b a\\b0 b\\ul c\\ulnone d\\strike e\\plain f", "[b]ab[ul]cd[strike]e[fs24]f"},
       {"\\cf1 a\\cf2\\highlight1 b\\cf0\\cb0 c\\cf9 d", "[cf255]a[cf98304,cb255]bcd"},
+      {"\\super a\\sub b\\sub0\\i c\\super d{\\nosupersub e}f",
+       "[super]a[sub]b[i]c[i,super]d[i]e[i,super]f"},
       {"\\f1\\fs30 a\\f0\\fs0 b\\fs99999 c", "[fs30,Times]a[fs24]b[fs3276]c"},
       {"\\f3 \\'c6\\f0 \\'c6", "[Arial Cyr]ЖÆ"},
       {"\\qc a\\par b\\par\\pard\\qj\\li5\\ri6\\fi-7\\sb8\\sa9 c",
@@ -151,7 +153,7 @@ TEST(RichTextDocument, formatsHoldForTheirGroup) {
 TEST(RichTextDocument, mergeTokensStayWhole) {
   const std::string date = "\\'ab(Task Due Date, mmmm d yyyy)\\'bb";
   const std::string name(40, 'n');
-  const std::vector<Case> cases = {
+  const Cases cases = {
       {"Hi \\'abCompany {\\b Name}\\'bb!", "Hi \\'abCompany Name\\'bb!"},
       {"{\\b\\'ab}Company\\i  Name\\'bb x", "\\'abCompany Name\\'bb"},
       {"\\'abCom{\\cf1 pany}\\f1  Name\\fs40\\'bb\\fs20 y", "\\'abCompany Name\\'bb"},
@@ -170,6 +172,47 @@ TEST(RichTextDocument, mergeTokensStayWhole) {
   for (const std::string& quoted :
        {name + "{\\b !}", "(" + name + std::string(20, '.') + "{\\b )}"})
     EXPECT_EQ(readRichText(head + "<<" + quoted + ">>}").paragraphs[0].runs.size(), 3u) << quoted;
+}
+
+TEST(RichTextDocument, aBackgroundNumberedZeroIsNone) {
+  const std::string tables = "{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl\\red1;\\red2;}\\fs20 ";
+  const std::string rtf = tables + "a\\cb1 b\\cb0\\highlight1 c\\highlight0\\cf1 d}";
+  EXPECT_EQ(shown(readRichText(rtf)), "[cf1]a[cf1,cb2]bc[cf2]d");
+  expectRoundTrip(rtf);
+}
+
+/// How lists of these markers are written: how word processors make the markers of each list (the
+/// way of counting, the start, the text, the place of the number in it), then the paragraphs'
+/// lists.
+std::string writtenLists(const std::vector<std::string>& markers) {
+  RichText text{{}};
+  for (const std::string& marker : markers) text.paragraphs.emplace_back().format.marker = marker;
+  const std::string rtf = writeRichText(text);
+  EXPECT_EQ(readRichText(rtf), text) << rtf;
+  static const std::regex parts(
+      R"(levelnfc(\d+)\\levelstart(at\d+).*?text(.*?);\}\{\\levelnumbers(.*?);|\\ls(\d+)(?=\{))");
+  return std::regex_replace(rtf, parts, "$1$2$3$4$5 ", std::regex_constants::format_no_copy);
+}
+
+TEST(RichTextDocument, listsCountAsTheirMarkersDo) {
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"1.", "a)", "b)", "2.", "2.", "7.", "8."},
+       R"(0at1\'02\'00.\'01 4at1\'02\'00)\'01 0at2\'02\'00.\'01 0at7\'02\'00.\'01 1 2 2 1 3 4 4 )"},
+      {{"•", "•", "", "•", "→→"}, R"(23at1\'01\'95 255at1\'02\u8594?\u8594? 1 1 2 )"},
+      {{"(i)", "(ii)", "h", "i", "I", "IV", "V", "iiii"},
+       R"(2at1\'03(\'00)\'02 4at8\'01\'00\'01 1at1\'01\'00\'01 1at4\'01\'00\'01 255at1\'04iiii )"
+       "1 1 2 2 3 4 4 5 "},
+      {{"1.1", "1.2", "2.1", "A", "01", "99999"},
+       R"(0at1\'031.\'00\'03 0at1\'032.\'00\'03 3at1\'01\'00\'01 255at1\'0201 255at1\'0599999 )"
+       "1 1 2 3 4 5 "},
+      {{"é1", "é2", "😀1", std::string(32, '-')},
+       R"(0at1\'02\'e9\'00\'02 0at1\'03\u-10179?\u-8704?\'00\'03 1 1 2 )"}};
+  for (const auto& [markers, lists] : cases) EXPECT_EQ(writtenLists(markers), lists);
+  RichText entry;
+  entry.paragraphs[0].format.marker = "(c)";
+  EXPECT_NE(writeRichText(entry).find(R"(\pard{\*\pn\pnlvlbody\pnlcltr\pnstart3\pnf0{\pntxtb (})"
+                                      R"({\pntxta )}}\ls1{\pntext\f0 (c)\tab})"),
+            std::string::npos);
 }
 
 /// Any document, in the shape that tidyRuns gives.
@@ -192,7 +235,8 @@ class RandomDocument {
     result.format.firstLineIndent = below(3) * -180;
     for (int count = below(3); count > 0; --count)
       result.format.tabStops.push_back({below(9000), static_cast<TabAlignment>(below(4))});
-    if (below(4) == 0) result.format.marker = std::array{"•", "1.", "(é)", "😀"}[below(4)];
+    if (below(3) == 0)
+      result.format.marker = std::array{"•", "1.", "2.", "a.", "(é)", "😀", "1\t;"}[below(7)];
     for (int count = below(5); count >= 0; --count) result.runs.push_back({words(), format()});
     tidyRuns(result);
     return result;
@@ -212,6 +256,7 @@ class RandomDocument {
     result.halfPoints = 16 + below(3) * 4;
     for (bool* flag : {&result.bold, &result.italic, &result.underline, &result.strike})
       *flag = below(3) == 0;
+    result.script = static_cast<Script>(below(9) % 4 % 3);
     if (below(3) == 0) result.color = below(1 << 24);
     if (below(5) == 0) result.background = below(2);
     return result;

@@ -39,6 +39,11 @@ Alignment modelAlignment(Qt::Alignment alignment) {
   return Alignment::left;
 }
 
+constexpr std::pair<Script, QTextCharFormat::VerticalAlignment> scripts[] = {
+    {Script::superscript, QTextCharFormat::AlignSuperScript},
+    {Script::subscript, QTextCharFormat::AlignSubScript},
+};
+
 QTextOption::TabType tabType(TabAlignment alignment) {
   // Both have the order left, right, center, decimal under different numbers.
   switch (alignment) {
@@ -88,6 +93,8 @@ QTextCharFormat qtFormat(const CharacterFormat& format) {
   if (format.italic) result.setFontItalic(true);
   if (format.underline) result.setFontUnderline(true);
   if (format.strike) result.setFontStrikeOut(true);
+  for (const auto& [script, alignment] : scripts)
+    if (format.script == script) result.setVerticalAlignment(alignment);
   if (format.color) result.setForeground(qtColor(*format.color));
   if (format.background) result.setBackground(qtColor(*format.background));
   return result;
@@ -103,6 +110,8 @@ CharacterFormat modelFormat(const QTextCharFormat& format) {
   result.italic = format.fontItalic();
   result.underline = format.fontUnderline();
   result.strike = format.fontStrikeOut();
+  for (const auto& [script, alignment] : scripts)
+    if (format.verticalAlignment() == alignment) result.script = script;
   if (format.hasProperty(QTextFormat::ForegroundBrush))
     result.color = modelColor(format.foreground().color());
   if (format.hasProperty(QTextFormat::BackgroundBrush))

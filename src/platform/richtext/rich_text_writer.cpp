@@ -5,6 +5,7 @@
 
 #include "platform/rich_text.h"
 #include "platform/richtext/RichText.h"
+#include "platform/richtext/RtfLists.h"
 #include "platform/text.h"
 
 namespace autonotify {
@@ -36,6 +37,7 @@ constexpr std::array flags{
 
 constexpr std::array alignmentWords{"", "\\qc", "\\qr", "\\qj"};
 constexpr std::array tabAlignmentWords{"", "\\tqc", "\\tqr", "\\tqdec"};
+constexpr std::array scriptWords{"\\nosupersub", "\\super", "\\sub"};
 
 /// Their characters are pictures, which no other font shows.
 constexpr std::array<std::string_view, 4> symbolFonts{"Symbol", "Wingdings", "Webdings", "Marlett"};
@@ -92,22 +94,31 @@ class RichTextWriter {
   }
   void writeParagraph(const Paragraph& paragraph);
   void writeParagraphFormat(const ParagraphFormat& format);
-  void writeListMarker(const std::string& marker);
   void writeCharacterFormat(const CharacterFormat& format);
+  void writeScript(Script script);
   std::string header() const;
+  std::string colorTable() const;
 
   std::string body_;
   /// Format words that are not in the body yet.
   std::string words_;
   const ParagraphFormat* paragraphFormat_ = nullptr;
+  /// Of that paragraph.
+  int list_ = 0;
+  RtfLists lists_;
   const CharacterFormat* format_ = nullptr;
+  Script script_ = Script::normal;
   NumberedSet<std::string> fonts_;
   NumberedSet<RichTextColor> colors_;
 };
 
 void RichTextWriter::writeParagraph(const Paragraph& paragraph) {
-  if (!paragraphFormat_ || *paragraphFormat_ != paragraph.format)
-    writeParagraphFormat(paragraph.format);
+  // Word processors can lose raised text that the group of a marker comes behind.
+  if (!paragraph.format.marker.empty()) writeScript(Script::normal);
+  const int list = lists_.listOf(paragraph.format.marker);
+  const bool isNew = std::exchange(list_, list) != list || !paragraphFormat_ ||
+                     *paragraphFormat_ != paragraph.format;
+  if (isNew) writeParagraphFormat(paragraph.format);
   paragraphFormat_ = &paragraph.format;
   if (!paragraph.format.marker.empty()) {
     body_ += std::exchange(words_, {});
@@ -124,7 +135,9 @@ void RichTextWriter::writeParagraph(const Paragraph& paragraph) {
 
 void RichTextWriter::writeParagraphFormat(const ParagraphFormat& format) {
   word("\\pard");
-  if (!format.marker.empty()) writeListMarker(format.marker);
+  // Word processors go by the list, editors by what comes before it, all others by the text of the
+  // entry.
+  word(lists_.wordsOf(list_));
   word(alignmentWords[static_cast<std::size_t>(format.alignment)]);
   for (const auto& [name, measure] : measures)
     if (format.*measure != 0) word(name, format.*measure);
@@ -134,13 +147,6 @@ void RichTextWriter::writeParagraphFormat(const ParagraphFormat& format) {
   }
 }
 
-/// Tells editors that the paragraph belongs to a list; all others show the text of the entry.
-void RichTextWriter::writeListMarker(const std::string& marker) {
-  words_.append("{\\*\\pn\\pnlvlblt\\pnf0{\\pntxtb ")
-      .append(escapeForRichText(marker, richTextLineBreaks))
-      .append("}}");
-}
-
 void RichTextWriter::writeCharacterFormat(const CharacterFormat& format) {
   const CharacterFormat* const old = format_;
   const int font = fonts_.number(format.font);
@@ -148,6 +154,7 @@ void RichTextWriter::writeCharacterFormat(const CharacterFormat& format) {
   if (!old || old->halfPoints != format.halfPoints) word("\\fs", format.halfPoints);
   for (const auto& [on, off, flag] : flags)
     if (format.*flag != (old && old->*flag)) word(format.*flag ? on : off);
+  writeScript(format.script);
   const auto colorNumber = [&](std::optional<RichTextColor> color) {
     return color ? colors_.number(*color) + 1 : 0;
   };
@@ -155,6 +162,10 @@ void RichTextWriter::writeCharacterFormat(const CharacterFormat& format) {
   if (format.background != (old ? old->background : std::nullopt))
     word("\\highlight", colorNumber(format.background));
   format_ = &format;
+}
+
+void RichTextWriter::writeScript(Script script) {
+  if (std::exchange(script_, script) != script) word(scriptWords[static_cast<std::size_t>(script)]);
 }
 
 std::string RichTextWriter::header() const {
@@ -165,14 +176,17 @@ std::string RichTextWriter::header() const {
     text += "{\\f" + std::to_string(number++) + "\\fnil\\fcharset" + std::to_string(characterSet);
     text += " " + escapeForRichText(replaceAll(*font, ";", "")) + ";}";
   }
-  text += "}\r\n";
-  if (colors_.keys().empty()) return text + "\\uc1";
-  text += "{\\colortbl ;";
+  return text + "}\r\n" + colorTable() + lists_.tables() + "\\uc1";
+}
+
+std::string RichTextWriter::colorTable() const {
+  if (colors_.keys().empty()) return {};
+  std::string text = "{\\colortbl ;";
   for (const RichTextColor* color : colors_.keys()) {
     const auto part = [&](int byte) { return std::to_string(*color >> (8 * byte) & 255); };
     text += "\\red" + part(0) + "\\green" + part(1) + "\\blue" + part(2) + ";";
   }
-  return text + "}\r\n\\uc1";
+  return text + "}\r\n";
 }
 
 }  // namespace
