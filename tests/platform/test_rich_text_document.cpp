@@ -70,7 +70,7 @@ void expectRoundTrip(const std::string& rtf) {
 
 const std::string head =
     "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}{\\f1\\froman "
-    "Times;}{\\f2\\fnil\\fcharset2 Symbol;}{\\f3\\fcharset204 Arial Cyr{\\*\\falt Arial};}}"
+    "Times;}{\\f2\\fnil\\fcharset2 Symbol;}{\\f3\\fcharset204 Arial \\'d6{\\*\\falt Arial};}}"
     "{\\colortbl ;\\red255\\green0\\blue0;\\red0\\green128\\blue1;}\\fs20 ";
 
 /// A letter in the manner of a large word processor: properties in groups, associated fonts, list
@@ -136,7 +136,7 @@ TEST(RichTextDocument, formatsHoldForTheirGroup) {
       {"\\super a\\sub b\\sub0\\i c\\super d{\\nosupersub e}f",
        "[super]a[sub]b[i]c[i,super]d[i]e[i,super]f"},
       {"\\f1\\fs30 a\\f0\\fs0 b\\fs99999 c", "[fs30,Times]a[fs24]b[fs3276]c"},
-      {"\\f3 \\'c6\\f0 \\'c6", "[Arial Cyr]ЖÆ"},
+      {"\\f3 \\'c6\\f0 \\'c6", "[Arial Ц]ЖÆ"},
       {"\\qc a\\par b\\par\\pard\\qj\\li5\\ri6\\fi-7\\sb8\\sa9 c",
        "qc a|qc b|qj li5 ri6 fi-7 sb8 sa9 c"},
       {"\\tx9\\tqr\\tx10\\tqdec\\tx11 a\\par{\\tqc\\tx12 b\\par}c",

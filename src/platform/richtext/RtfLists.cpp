@@ -162,7 +162,8 @@ std::string RtfLists::tables() const {
   std::string overrides;
   for (const List& list : lists_) {
     const std::string number = std::to_string(&list - lists_.data() + 1);
-    lists += "{\\list\\listsimple1" + levelOf(list) + "\\listid" + number + "}";
+    lists += "{\\list\\listtemplateid" + number + "\\listsimple1" + levelOf(list) + "\\listid" +
+             number + "}";
     overrides += "{\\listoverride\\listid" + number + "\\listoverridecount0\\ls" + number + "}";
   }
   return "{\\*\\listtable" + lists + "}\r\n{\\*\\listoverridetable" + overrides + "}\r\n";
