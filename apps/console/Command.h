@@ -10,17 +10,19 @@ namespace CLI {
 class App;
 }
 
+namespace autonotify::host {
+class Desk;
+}
+
 namespace autonotify::console {
 
-class Session;
-
-/// One command of the program. Commands that need a database get an open session.
+/// One command of the program. Commands that need a database get the desk at it.
 struct Command {
   const char* name;
   const char* help;
   void (*describe)(CLI::App& command, Arguments& arguments);
   /// Exactly one of the two is set.
-  Reply (*run)(Session& session, const Arguments& arguments);
+  Reply (*run)(host::Desk& desk, const Arguments& arguments);
   Reply (*runAlone)(const GlobalOptions& options, const Arguments& arguments);
 };
 

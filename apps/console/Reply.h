@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/desk/Desk.h"
 #include "host/desk/databases.h"
 
 namespace autonotify::console {
@@ -24,12 +25,12 @@ struct Reply {
   /// Things that did not work while the rest did; one line each, for standard error.
   std::vector<std::string> complaints;
   ExitCode exitCode = exitDone;
-};
 
-/// The words of a failure without what is of use to programmers only, such as its statement.
-inline std::string firstLine(const std::string& description) {
-  return description.substr(0, description.find('\n'));
-}
+  void refuse(std::string complaint) {
+    exitCode = exitRefused;
+    complaints.push_back(std::move(complaint));
+  }
+};
 
 /// The command ends here: one clear line for standard error and an exit code.
 class Refusal : public std::runtime_error {
@@ -45,7 +46,7 @@ class Refusal : public std::runtime_error {
 /// For a database that cannot be used, named by its file or URL. `advice` stands behind the words.
 inline Refusal databaseRefusal(const std::string& place, const host::DatabaseError& error,
                                const std::string& advice = {}) {
-  const std::string words = firstLine(error.description());
+  const std::string words = host::firstLine(error.description());
   const std::string path = host::placeShown(place);
   const bool isNamed = words.find(path) != std::string::npos;
   const bool isThere = error.number() == host::database_error::alreadyExists;

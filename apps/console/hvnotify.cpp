@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "Command.h"
-#include "Session.h"
+#include "TerminalDesk.h"
 #include "commands/arguments.h"
 #include "host/dialogs/Terminal.h"
 #include "platform/text.h"
@@ -37,9 +37,9 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--batch", options.batch, "ask nobody, even on a terminal");
 }
 
-std::unique_ptr<Session> openSession(const GlobalOptions& options) {
+std::unique_ptr<TerminalDesk> openDesk(const GlobalOptions& options) {
   try {
-    return std::make_unique<Session>(options);
+    return std::make_unique<TerminalDesk>(options);
   } catch (const host::DatabaseError& error) {
     const bool isMissing = error.number() == host::database_error::missing;
     throw databaseRefusal(options.database, error, isMissing ? "; hvnotify init makes one" : "");
@@ -48,7 +48,7 @@ std::unique_ptr<Session> openSession(const GlobalOptions& options) {
 
 Reply run(const Command& command, const GlobalOptions& options, const Arguments& arguments) {
   if (command.runAlone) return command.runAlone(options, arguments);
-  return command.run(*openSession(options), arguments);
+  return command.run(*openDesk(options), arguments);
 }
 
 void complain(std::string message) {
@@ -112,7 +112,7 @@ int runProgram(int argc, char** argv) {
   } catch (const Refusal& refusal) {
     return fail(refusal.what(), refusal.code());
   } catch (const PlatformError& error) {
-    return fail(firstLine(error.description()), exitDatabase);
+    return fail(host::firstLine(error.description()), exitDatabase);
   } catch (const std::exception& error) {
     return fail(error.what(), exitRefused);
   }

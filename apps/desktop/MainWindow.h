@@ -2,12 +2,15 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <span>
+#include <vector>
 
 #include "DialogErrorClass.h"
 #include "DialogMsgbox.h"
 #include "TaskPage.h"
 #include "binding/QtFormHost.h"
 #include "host/desk/Desk.h"
+#include "host/desk/work/compose_email.h"
 
 class QAction;
 class QLabel;
@@ -18,7 +21,8 @@ namespace autonotify::desktop {
 /// The setting that holds the database opened last.
 inline constexpr const char* lastDatabaseKey = "lastDatabase";
 
-/// The firm's open tasks, and what can be done about their notifications.
+/// The firm's open tasks, and what can be done about their notifications. Its commands are rows of
+/// a table (MainWindow_commands.cpp).
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
@@ -39,29 +43,52 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options);
+  /// One command: an action that bears its name, in a menu.
+  struct Command {
+    const char* name;
+    const char* menu;
+    const char* text;
+    QKeySequence keys = {};
+    /// Of the desktop's theme.
+    const char* icon = "";
+    const char* toolTip = "";
+    /// A line stands above it in the menu.
+    bool beginsGroup = false;
+    bool isOnBar = false;
+    bool (MainWindow::*canRun)() const = nullptr;
+    void (MainWindow::*run)();
+  };
+  static std::span<const Command> commands();
+
   void makeActions();
   void makeMenus();
+  QAction* action(const char* name) const;
   QWidget* makeEmptyPage(const QString& title, const QString& hint, const QList<QAction*>& actions);
-  QAction* addCommand(const QString& text, const QKeySequence& keys, void (MainWindow::*run)());
+
+  // When a command can be run.
+  bool hasDesk() const { return desk_ != nullptr; }
+  bool hasTask() const { return tasks_->chosen() != nullptr; }
+  bool canSchedule() const { return hasTask() && !emailWaits(); }
+  /// For the chosen task's date.
+  bool emailWaits() const;
 
   /// Runs the command unless one is running: the component lets events through while its windows
   /// are on their way out, and the desk must not go from under it.
   void perform(void (MainWindow::*run)());
   void chooseDatabase();
   void chooseServer();
-  void composeEmail();
-  void scheduleEmail();
-  void editEmail();
-  /// Runs `act` while no other desk may work on the item; says so when one does.
-  template <class Act>
-  void whileClaimed(host::WorkItem item, Id id, Act&& act);
+  void quit();
+  void composeEmail() { compose(host::composeEmail); }
+  void scheduleEmail() { compose(host::scheduleEmail); }
+  void editEmail() { compose(host::editEmail); }
+  /// Has the chosen task's email composed.
+  void compose(host::Outcome<host::Composed> (*useCase)(host::Desk& desk, Id task));
   /// Edits the chosen task's email, or schedules one.
-  void openTask();
+  void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
   void changeOptions();
   void refresh();
+  void findTask() { tasks_->focusFilter(); }
   void showAbout();
-  void tellLoss();
   void tellFault(const QString& message);
 
   void updateCommands();
@@ -77,12 +104,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<host::Desk> desk_;
   TaskPage* tasks_;
 
-  QAction* open_ = nullptr;
-  QAction* openServer_ = nullptr;
-  QAction* compose_ = nullptr;
-  QAction* schedule_ = nullptr;
-  QAction* edit_ = nullptr;
-  QAction* refresh_ = nullptr;
+  /// In the order of commands().
+  std::vector<QAction*> actions_;
   QLabel* counts_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   bool countsAreOld_ = false;

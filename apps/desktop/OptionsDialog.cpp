@@ -11,36 +11,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
 #include <QVBoxLayout>
 
 #include "host/desk/user_options.h"
+#include "mail_choice.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
-namespace {
-
-constexpr const char* serverKey = "mail/server";
-constexpr const char* outboxKey = "mail/outbox";
-constexpr const char* programKey = "mail/program";
-constexpr const char* passwordFileKey = "mail/passwordFile";
-
-}  // namespace
-
-std::optional<host::SmtpServer> chosenMailServer() {
-  const QSettings settings;
-  const QString server = settings.value(serverKey).toString();
-  if (server.isEmpty()) return std::nullopt;
-  return host::readSmtpServer(plain(server), plain(settings.value(passwordFileKey).toString()));
-}
-
-std::string chosenOutbox() {
-  return plain(QSettings().value(outboxKey).toString());
-}
-
-bool mailProgramIsChosen() {
-  return QSettings().value(programKey).toBool();
-}
 
 OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent), desk_(desk) {
   setWindowTitle(tr("Options"));
@@ -73,7 +50,7 @@ QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, con
 }
 
 QWidget* OptionsDialog::makeMailGroup() {
-  const QSettings settings;
+  const MailChoice chosen = chosenMail();
   auto* group = new QGroupBox(tr("Emails on this machine"), this);
   auto* layout = new QFormLayout(group);
   toOutbox_ =
@@ -81,17 +58,16 @@ QWidget* OptionsDialog::makeMailGroup() {
   toProgram_ = new QRadioButton(tr("&Open them in this desktop's mail program"), group);
   toServer_ = new QRadioButton(tr("&Send them through a mail server"), group);
   for (QRadioButton* way : {toOutbox_, toProgram_, toServer_}) layout->addRow(way);
-  server_ = new QLineEdit(settings.value(serverKey).toString(), group);
+  server_ = new QLineEdit(chosen.server, group);
   server_->setObjectName("server");
   server_->setMinimumWidth(300);
   server_->setPlaceholderText("smtp://user@mail.example:587");
   layout->addRow(tr("Ser&ver:"), server_);
   passwordFile_ =
-      addPath(*layout, tr("File with the &password:"), settings.value(passwordFileKey).toString(),
-              [](QWidget* parent) {
-                return QFileDialog::getOpenFileName(parent, tr("File with the password"));
-              });
-  outbox_ = addPath(*layout, tr("Outbox &folder:"), shown(chosenOutbox()), [](QWidget* parent) {
+      addPath(*layout, tr("File with the &password:"), chosen.passwordFile, [](QWidget* parent) {
+        return QFileDialog::getOpenFileName(parent, tr("File with the password"));
+      });
+  outbox_ = addPath(*layout, tr("Outbox &folder:"), chosen.outbox, [](QWidget* parent) {
     return QFileDialog::getExistingDirectory(parent, tr("Outbox folder"));
   });
   outbox_->setPlaceholderText(tr("beside the database file"));
@@ -100,7 +76,7 @@ QWidget* OptionsDialog::makeMailGroup() {
     connect(toServer_, &QRadioButton::toggled, part, &QWidget::setEnabled);
   }
   toOutbox_->setChecked(true);
-  toProgram_->setChecked(mailProgramIsChosen());
+  toProgram_->setChecked(chosen.toProgram);
   toServer_->setChecked(!server_->text().isEmpty());
   return group;
 }
@@ -116,9 +92,16 @@ QWidget* OptionsDialog::makeUserGroup() {
 }
 
 void OptionsDialog::accept() {
-  const QString server = toServer_->isChecked() ? server_->text().trimmed() : QString();
+  MailChoice choice;
+  choice.toProgram = toProgram_->isChecked();
+  choice.outbox = outbox_->text().trimmed();
+  if (toServer_->isChecked()) {
+    choice.server = server_->text().trimmed();
+    choice.passwordFile = passwordFile_->text();
+  }
   try {
-    if (toServer_->isChecked()) host::readSmtpServer(plain(server), plain(passwordFile_->text()));
+    if (toServer_->isChecked())
+      host::readSmtpServer(plain(choice.server), plain(choice.passwordFile));
     if (desk_) host::setConfirmsScheduling(*desk_, confirm_->isChecked());
   } catch (const host::MailError& error) {
     QMessageBox::warning(this, windowTitle(), shown(error.what()));
@@ -127,11 +110,7 @@ void OptionsDialog::accept() {
     QMessageBox::critical(this, windowTitle(), faultOf(error.description()));
     return;
   }
-  QSettings settings;
-  settings.setValue(programKey, toProgram_->isChecked());
-  settings.setValue(serverKey, server);
-  settings.setValue(outboxKey, outbox_->text().trimmed());
-  settings.setValue(passwordFileKey, server.isEmpty() ? QString() : passwordFile_->text());
+  chooseMail(choice);
   QDialog::accept();
 }
 

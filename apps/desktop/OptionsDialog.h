@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <optional>
-#include <string>
 
 #include "host/desk/Desk.h"
 
@@ -12,16 +10,6 @@ class QLineEdit;
 class QRadioButton;
 
 namespace autonotify::desktop {
-
-/// The mail server that was chosen for this machine; unset when emails stay in the outbox. Throws
-/// MailError when the password cannot be read.
-std::optional<host::SmtpServer> chosenMailServer();
-
-/// The outbox folder that was chosen for this machine; empty for the one beside a database file.
-std::string chosenOutbox();
-
-/// True when emails are opened in the desktop's own mail program.
-bool mailProgramIsChosen();
 
 /// How emails go out from this machine, and what the user wants to be told.
 class OptionsDialog : public QDialog {

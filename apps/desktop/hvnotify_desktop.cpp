@@ -8,7 +8,7 @@
 
 #include "MainWindow.h"
 #include "binding/FaultWatch.h"
-#include "host/desk/read_date.h"
+#include "host/desk/day_text.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {

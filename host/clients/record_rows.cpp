@@ -39,4 +39,11 @@ DateTime Row::date(const std::string& column) const {
   return held.isNull() ? DateTime{} : toDateTime(held);
 }
 
+std::size_t countRows(DatabaseReference& database, const std::string& from) {
+  std::size_t count = 0;
+  firstRow(database, "SELECT Count(*) AS CountOfRows FROM " + from + ";",
+           [&](const Row& row) { count = static_cast<std::size_t>(row.id("CountOfRows", 0)); });
+  return count;
+}
+
 }  // namespace autonotify::host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "contract/DatabaseReference.h"
@@ -61,5 +62,8 @@ bool firstRow(DatabaseReference& database, const std::string& sql, Visit&& visit
   if (found) visit(rows.row());
   return found;
 }
+
+/// How many rows there are of what stands behind FROM: "Schedule WHERE Schedule.Closed=False".
+std::size_t countRows(DatabaseReference& database, const std::string& from);
 
 }  // namespace autonotify::host

@@ -16,6 +16,10 @@ namespace fs = std::filesystem;
 
 }  // namespace
 
+std::string firstLine(const std::string& description) {
+  return description.substr(0, description.find('\n'));
+}
+
 Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
     : dialogs_(dialogs),
       database_(openDatabase(options.database)),
@@ -88,6 +92,14 @@ void Desk::loadComponent() {
   control_->put_LocaleReference(&locale_);
   control_->put_clientDropDownCtrlReference(clients_.get());
   tools_ = library_->createTools();
+}
+
+std::string Desk::errorLine(const std::vector<RecordedError>& errors) {
+  if (errors.empty()) return {};
+  std::string line = firstLine(errors.front().description);
+  const std::size_t others = errors.size() - 1;
+  if (others > 0) line += fmt::format(" (and {} more error{})", others, others == 1 ? "" : "s");
+  return line;
 }
 
 std::string Desk::messageIdentity(Id notification) const {

@@ -4,11 +4,13 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "control/clsAutoNotifyCtrl.h"
 #include "control/clsNotificationTools.h"
 #include "host/clients/ClientDirectory.h"
 #include "host/desk/claims.h"
+#include "host/dialogs/RecordingErrorClass.h"
 #include "host/loader/ComponentLibrary.h"
 #include "host/mail/OutboxEmailSender.h"
 #include "host/services/ClassRegistry.h"
@@ -34,9 +36,12 @@ struct DeskOptions {
   std::optional<SmtpServer> mailServer = std::nullopt;
 };
 
+/// The words of a failure without what is of use to programmers only, such as its statement.
+std::string firstLine(const std::string& description);
+
 /// How the person at the desk is met. None is owned; all outlive the desk.
 struct DeskDialogs {
-  errorClass& errors;
+  RecordingErrorClass& errors;
   MsgboxClass& messages;
   FormHost& forms;
 };
@@ -71,6 +76,15 @@ class Desk {
   Clock& clock() { return shiftedClock_ ? static_cast<Clock&>(*shiftedClock_) : systemClock_; }
   DateTime today() { return clock().today(); }
 
+  /// Runs `call` and gives the errors that the component met meanwhile, as one line; empty when all
+  /// went well.
+  template <class Call>
+  std::string errorsOf(Call&& call) {
+    dialogs_.errors.takeRecorded();
+    call();
+    return errorLine(dialogs_.errors.takeRecorded());
+  }
+
   /// The name of a notification's message for all time, unlike that of any other database's.
   std::string messageIdentity(Id notification) const;
   /// Makes the folder beside the database. One that was named must be there: a folder made in its
@@ -81,6 +95,7 @@ class Desk {
   std::unique_ptr<OutboxEmailSender> newEmailSender();
 
  private:
+  static std::string errorLine(const std::vector<RecordedError>& errors);
   void readFirm(const DeskOptions& options);
   void readUser(const DeskOptions& options);
   void registerClasses();

@@ -6,8 +6,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/desk/read_date.h"
-#include "notifications.h"
+#include "host/desk/day_text.h"
+#include "host/desk/rows/channel_names.h"
 
 namespace autonotify::console {
 namespace {
@@ -22,7 +22,8 @@ struct ChannelWord {
 const std::vector<ChannelWord>& channelWords() {
   static const std::vector<ChannelWord> words = [] {
     std::vector<ChannelWord> rows;
-    for (const notifyType channel : allNotifyTypes) rows.push_back({channelName(channel), channel});
+    for (const notifyType channel : allNotifyTypes)
+      rows.push_back({host::channelName(channel), channel});
     return rows;
   }();
   return words;
@@ -82,14 +83,6 @@ void addChannels(CLI::App& command, Arguments& arguments) {
 
 void addForce(CLI::App& command, Arguments& arguments) {
   command.add_flag("--force", arguments.force, "also delete the record of a sent notification");
-}
-
-Json channelList(int bits) {
-  Json names = Json::array();
-  for (const notifyType channel : allNotifyTypes) {
-    if (bits & channel) names.push_back(channelName(channel));
-  }
-  return names;
 }
 
 std::string readFile(const std::string& path) {

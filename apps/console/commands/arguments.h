@@ -104,9 +104,6 @@ CLI::Option* addNumber(CLI::App& command, const std::string& name, const std::st
   });
 }
 
-/// The channels of a bit set by name.
-Json channelList(int bits);
-
 /// The whole file. Throws Refusal when it cannot be read or holds more than 16 MiB.
 std::string readFile(const std::string& path);
 

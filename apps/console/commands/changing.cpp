@@ -2,44 +2,40 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <initializer_list>
-
 #include "commands/arguments.h"
-#include "notifications.h"
+#include "host/desk/day_text.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/calendar.h"
+#include "host/desk/work/change_notification.h"
+#include "outcome_words.h"
 
 namespace autonotify::console {
 namespace {
 
-/// Throws Refusal unless the row is in one of the states that may be changed so.
-void requireState(Session& session, Id id, std::initializer_list<NotificationState> allowed,
-                  const char* changed) {
-  const NotificationState state = stateOf(loadNotification(session, id));
-  if (std::find(allowed.begin(), allowed.end(), state) != allowed.end()) return;
-  const bool isSoAlready = stateName(state) == changed;
-  throw Refusal(isSoAlready ? fmt::format("notification {} is {} already", id, changed)
-                            : fmt::format("notification {} {} and cannot be {}", id,
-                                          stateWords(state), changed));
-}
+using host::Notification;
 
-/// "; the firm is closed that day" where it is.
-std::string closedNote(Session& session, DateTime date) {
-  DateTime open = date;
-  session.callOrRefuse("the calendar", [&] { open = session.tools().lastWorkingDay(date); });
-  return open == date ? "" : "; the firm is closed that day";
-}
-
-Reply describeRow(Session& session, Id id, const std::string& note = {}) {
-  const Notification row = loadNotification(session, id);
+Reply describeRow(host::Desk& desk, const Notification& row, const std::string& note = {}) {
+  const std::string channel = host::channelName(row.channel);
+  const std::string state = stateName(stateOf(row));
   Reply reply;
-  reply.text =
-      fmt::format("notification {} by {}: {}, date {}{}{}\n", id, channelName(row.channel),
-                  stateName(stateOf(row)), dayText(row.date), pastNote(session, row), note);
-  reply.data = {{"notification", id},
-                {"channel", channelName(row.channel)},
-                {"state", stateName(stateOf(row))},
+  reply.text = fmt::format("notification {} by {}: {}, date {}{}{}\n", row.id, channel, state,
+                           host::dayText(row.date), pastNote(desk, row), note);
+  reply.data = {{"notification", row.id},
+                {"channel", channel},
+                {"state", state},
                 {"date", dayJson(row.date)}};
   return reply;
+}
+
+/// The row after the change, which is called "moved". Throws Refusal when nothing was changed.
+Notification changedRow(host::Outcome<host::Change> outcome, const char* changed) {
+  const host::Change change = doneOrRefuse(std::move(outcome));
+  if (change.isDone) return change.row;
+  const host::NotificationState state = stateOf(change.row);
+  const bool isSoAlready = stateName(state) == changed;
+  throw Refusal(isSoAlready ? fmt::format("notification {} is {} already", change.row.id, changed)
+                            : fmt::format("notification {} {} and cannot be {}", change.row.id,
+                                          stateWords(state), changed));
 }
 
 }  // namespace
@@ -48,16 +44,9 @@ void describeCancel(CLI::App& command, Arguments& arguments) {
   addNotification(command, arguments);
 }
 
-Reply runCancel(Session& session, const Arguments& arguments) {
-  const Id id = arguments.notification;
-  const auto claim = claimNotification(session, id);
-  requireState(session, id,
-               {NotificationState::pending, NotificationState::interruptedCancel,
-                NotificationState::interruptedSending},
-               "cancelled");
-  session.callOrRefuse(fmt::format("notification {}", id),
-                       [&] { session.tools().cancelNotification(id); });
-  return describeRow(session, id);
+Reply runCancel(host::Desk& desk, const Arguments& arguments) {
+  return describeRow(
+      desk, changedRow(host::cancelNotification(desk, arguments.notification), "cancelled"));
 }
 
 void describeMove(CLI::App& command, Arguments& arguments) {
@@ -65,35 +54,28 @@ void describeMove(CLI::App& command, Arguments& arguments) {
   addDate(command, "DATE", "the new date, such as 2026-04-30", arguments.date)->required();
 }
 
-Reply runMove(Session& session, const Arguments& arguments) {
-  const Id id = arguments.notification;
-  const auto claim = claimNotification(session, id);
-  requireState(session, id, {NotificationState::pending}, "moved");
-  session.callOrRefuse(fmt::format("notification {}", id), [&] {
-    session.control().cls_ChangeNotificationNotifiedDate(id, *arguments.date);
-  });
-  return describeRow(session, id, closedNote(session, *arguments.date));
+Reply runMove(host::Desk& desk, const Arguments& arguments) {
+  const DateTime date = *arguments.date;
+  const Notification row =
+      changedRow(host::moveNotification(desk, arguments.notification, date), "moved");
+  const bool isOpen = doneOrRefuse(host::lastWorkingDay(desk, date)) == date;
+  return describeRow(desk, row, isOpen ? "" : "; the firm is closed that day");
 }
 
 void describeRefresh(CLI::App& command, Arguments& arguments) {
   addTask(command, arguments);
 }
 
-Reply runRefresh(Session& session, const Arguments& arguments) {
-  const auto claim = claimItem(session, host::WorkItem::task, arguments.task);
-  const Task task = loadTask(session, arguments.task);
-  session.callOrRefuse(fmt::format("task {}", task.id),
-                       [&] { session.control().cls_refreshNotificationDate(task.id); });
+Reply runRefresh(host::Desk& desk, const Arguments& arguments) {
   Reply reply;
   reply.data = Json::array();
-  for (const notifyType channel : allNotifyTypes) {
-    const Id id = session.control().cls_getNotificationID(task.id, channel);
-    if (id < 0) continue;
-    const Reply row = describeRow(session, id);
-    reply.text += row.text;
-    reply.data.push_back(row.data);
+  for (const Notification& row : doneOrRefuse(host::refreshNotifications(desk, arguments.task))) {
+    const Reply described = describeRow(desk, row);
+    reply.text += described.text;
+    reply.data.push_back(described.data);
   }
-  if (reply.data.empty()) throw Refusal(fmt::format("task {} has no notifications", task.id));
+  if (reply.data.empty())
+    throw Refusal(fmt::format("task {} has no notifications", arguments.task));
   return reply;
 }
 

@@ -6,24 +6,22 @@
 #include <span>
 
 #include "commands/arguments.h"
-#include "notifications.h"
+#include "host/desk/work/client_contacts.h"
+#include "outcome_words.h"
 #include "platform/text.h"
 
 namespace autonotify::console {
 namespace {
 
-/// Whom a command is about, by the word that it is typed with, and the row to look for.
+/// Whom a command is about, by the word that it is typed with.
 struct ClientWord {
   const char* word;
   enumAutoNotifyClientType type;
-  const char* statement;
 };
 constexpr ClientWord clientWords[] = {
-    {"company", enumAutoNotifyCompany,
-     "SELECT Companies.CompanyID FROM Companies WHERE Companies.CompanyID={};"},
-    {"contact", enumAutoNotifyContact,
-     "SELECT Contacts.ContactID FROM Contacts WHERE Contacts.ContactID={};"},
-    {"firm", enumAutoNotifyNone, nullptr},
+    {"company", enumAutoNotifyCompany},
+    {"contact", enumAutoNotifyContact},
+    {"firm", enumAutoNotifyNone},
 };
 /// Without the firm.
 constexpr std::span realClients = std::span(clientWords).first<2>();
@@ -50,27 +48,16 @@ const ClientWord& clientWord(enumAutoNotifyClientType type) {
   return *std::ranges::find(clientWords, type, &ClientWord::type);
 }
 
-/// Throws Refusal when there is no such client.
-void requireClient(Session& session, const ClientWord& client, Id id) {
-  if (!client.statement) return;
-  const std::string sql = fmt::format(fmt::runtime(client.statement), id);
-  const bool isThere = firstRow(session.database(), sql, [](const Row&) {});
-  if (!isThere) throw Refusal(fmt::format("there is no {} {}", client.word, id));
-}
-
-Reply describeDefault(Session& session, Id companyId) {
-  const std::string company = session.clients().getCompanyDisplayName(companyId);
-  Id contact = noId;
-  session.callOrRefuse(fmt::format("company {}", companyId),
-                       [&] { contact = session.tools().checkForDefaultContact(companyId); });
+Reply describeDefault(host::Desk& desk, Id company) {
+  const auto found = doneOrRefuse(host::findDefaultContact(desk, company));
+  const bool isThere = found.contact >= 0;
   Reply reply;
-  const std::string name =
-      contact < 0 ? std::string() : session.clients().getContactDisplayName(contact);
-  reply.text = contact < 0 ? fmt::format("{}: no default contact\n", company)
-                           : fmt::format("{}: contact {}, {}\n", company, contact, name);
-  reply.data = {{"company", companyId},
-                {"contact", contact < 0 ? Json() : Json(contact)},
-                {"name", contact < 0 ? Json() : Json(name)}};
+  reply.text = isThere
+                   ? fmt::format("{}: contact {}, {}\n", found.company, found.contact, found.name)
+                   : fmt::format("{}: no default contact\n", found.company);
+  reply.data = {{"company", company},
+                {"contact", isThere ? Json(found.contact) : Json()},
+                {"name", isThere ? Json(found.name) : Json()}};
   return reply;
 }
 
@@ -87,26 +74,21 @@ void describeAddress(CLI::App& command, Arguments& arguments) {
   command.add_flag("--rtf", arguments.rtf, "with line ends as RTF spells them");
 }
 
-Reply runAddress(Session& session, const Arguments& arguments) {
-  const Id id = *arguments.clientId;
-  const ClientWord& client = clientWord(arguments.clientKind);
-  requireClient(session, client, id);
-  if (arguments.client)
-    requireClient(session, clientWord(enumAutoNotifyCompany), *arguments.client);
+Reply runAddress(host::Desk& desk, const Arguments& arguments) {
+  const host::Client client = doneOrRefuse(
+      host::requireClient(desk, {arguments.clientKind, arguments.clientId.value_or(noId)}));
+  const Id company = arguments.client.value_or(noId);
+  if (arguments.client) doneOrRefuse(host::requireClient(desk, {enumAutoNotifyCompany, company}));
   if (arguments.home && client.type == enumAutoNotifyCompany)
     throw Refusal("a company has no home: leave out --home");
-  const std::string subject = fmt::format("{} {}", client.word, id);
-  std::string block;
-  session.callOrRefuse(subject, [&] {
-    block = session.tools().composeAddress({client.type, id, arguments.client.value_or(noId),
-                                            arguments.home, arguments.rtf, arguments.phones,
-                                            arguments.email});
-  });
-  if (block.empty()) throw Refusal(subject + " has no address");
+  const std::string block =
+      doneOrRefuse(host::composeAddress(desk, {client.type, client.id, company, arguments.home,
+                                               arguments.rtf, arguments.phones, arguments.email}));
+  if (block.empty()) throw Refusal(subjectOf(client) + " has no address");
   Reply reply;
   reply.text = replaceAll(block, "\r\n", "\n");
   if (!reply.text.ends_with('\n')) reply.text += '\n';
-  reply.data = {{client.word, id}, {"address", block}};
+  reply.data = {{clientWord(client.type).word, client.id}, {"address", block}};
   return reply;
 }
 
@@ -118,22 +100,19 @@ void describeRecipients(CLI::App& command, Arguments& arguments) {
   })->required();
 }
 
-Reply runRecipients(Session& session, const Arguments& arguments) {
-  const ClientWord& client = clientWord(arguments.clientKind);
+Reply runRecipients(host::Desk& desk, const Arguments& arguments) {
+  const bool isFirm = arguments.clientKind == enumAutoNotifyNone;
   const KindWord& kind = *std::ranges::find(kindWords, arguments.recipientKind, &KindWord::kind);
-  const Id id = arguments.clientId.value_or(noId);
-  if (client.statement && !arguments.clientId)
-    throw Refusal(fmt::format("name the {} by its number", client.word), exitUsage);
-  if (!client.statement && kind.kind != RecipientKind::fax)
+  if (!isFirm && !arguments.clientId)
+    throw Refusal(fmt::format("name the {} by its number", clientWord(arguments.clientKind).word),
+                  exitUsage);
+  if (isFirm && kind.kind != RecipientKind::fax)
     throw Refusal("the firm has a list of fax numbers only", exitUsage);
-  requireClient(session, client, id);
-  const std::string subject =
-      client.statement ? fmt::format("{} {}", client.word, id) : client.word;
-  RecipientOffer offer;
-  session.callOrRefuse(subject,
-                       [&] { offer = session.tools().listRecipients(client.type, id, kind.kind); });
+  const host::Client client = doneOrRefuse(
+      host::requireClient(desk, {arguments.clientKind, arguments.clientId.value_or(noId)}));
+  const RecipientOffer offer = doneOrRefuse(host::listRecipients(desk, client, kind.kind));
   if (offer.texts.empty())
-    throw Refusal(fmt::format("no {} of {} is known", kind.meaning, subject));
+    throw Refusal(fmt::format("no {} of {} is known", kind.meaning, subjectOf(client)));
   Reply reply;
   reply.data = Json::array();
   for (int i = 0; i < static_cast<int>(offer.texts.size()); ++i) {
@@ -153,20 +132,13 @@ void describeContactDefault(CLI::App& command, Arguments& arguments) {
             });
 }
 
-Reply runContactDefault(Session& session, const Arguments& arguments) {
+Reply runContactDefault(host::Desk& desk, const Arguments& arguments) {
   const Id company = *arguments.clientId;
-  requireClient(session, clientWord(enumAutoNotifyCompany), company);
-  if (arguments.contact) {
-    bool isSet = false;
-    session.callOrRefuse(fmt::format("company {}", company), [&] {
-      isSet = session.tools().setDefaultContact(company, *arguments.contact);
-    });
-    if (!isSet) {
-      throw Refusal(
-          fmt::format("contact {} does not belong to company {}", *arguments.contact, company));
-    }
-  }
-  return describeDefault(session, company);
+  if (arguments.contact &&
+      !doneOrRefuse(host::setDefaultContact(desk, company, *arguments.contact)))
+    throw Refusal(
+        fmt::format("contact {} does not belong to company {}", *arguments.contact, company));
+  return describeDefault(desk, company);
 }
 
 }  // namespace autonotify::console

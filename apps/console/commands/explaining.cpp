@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include "commands/arguments.h"
-#include "notifications.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/explain_date.h"
+#include "outcome_words.h"
 #include "platform/format.h"
 
 namespace autonotify::console {
@@ -43,17 +45,6 @@ Json dayList(const std::vector<DayStep>& steps) {
   return list;
 }
 
-/// The kind's name; empty for one that the firm has no name for.
-std::string kindName(Session& session, const DateExplanation& why) {
-  std::string name;
-  firstRow(session.database(),
-           fmt::format("SELECT ScheduleTypes.ScheduleTypeName FROM ScheduleTypes WHERE "
-                       "ScheduleTypes.TotalNum={} AND ScheduleTypes.ScheduleNum={};",
-                       why.totalNum, why.scheduleNum),
-           [&](const Row& row) { name = row.text("ScheduleTypeName"); });
-  return name;
-}
-
 std::string periodText(const DateExplanation& why, const std::string& kind) {
   const char* source = why.usedFirmRule ? "by the firm's own rule" : "by the kind of task";
   const int count = why.days < 0 ? -why.days : why.days;
@@ -68,14 +59,10 @@ void describeExplain(CLI::App& command, Arguments& arguments) {
   addTask(command, arguments);
 }
 
-Reply runExplain(Session& session, const Arguments& arguments) {
-  const Task task = loadTask(session, arguments.task);
-  DateExplanation why;
-  session.callOrRefuse(fmt::format("task {}", task.id),
-                       [&] { why = session.tools().explainNotificationDate(task.id); });
-  const std::string kind = kindName(session, why);
+Reply runExplain(host::Desk& desk, const Arguments& arguments) {
+  const auto [task, client, kind, why] = doneOrRefuse(host::explainDate(desk, arguments.task));
   Reply reply;
-  reply.text = fmt::format("{} of {}\n", task.name, clientName(session, task));
+  reply.text = fmt::format("{} of {}\n", task.name, client);
   reply.text += fmt::format("Due:    {}\n", longDay(why.dueDate)) + periodText(why, kind);
   reply.text += dayLines(why.walk);
   if (!why.settling.empty()) {
@@ -84,26 +71,27 @@ Reply runExplain(Session& session, const Arguments& arguments) {
   reply.text += fmt::format("Calculated: {}\n", longDay(why.determined));
   if (why.siblingChannel != 0) {
     reply.text += fmt::format("This task's {} goes out on {}: the same day is taken.\n",
-                              channelName(why.siblingChannel), longDay(why.afterSibling));
+                              host::channelName(why.siblingChannel), longDay(why.afterSibling));
   }
   if (!why.backToWorkingDay.empty()) {
     reply.text +=
         "Not a working day, so back to the one before:\n" + dayLines(why.backToWorkingDay);
   }
   reply.text += fmt::format("Notify on: {}\n", longDay(why.result));
-  reply.data = {{"task", task.id},
-                {"due", dayJson(why.dueDate)},
-                {"days", why.days},
-                {"kind", kind},
-                {"totalNum", why.totalNum},
-                {"scheduleNum", why.scheduleNum},
-                {"firmRule", why.usedFirmRule},
-                {"walk", dayList(why.walk)},
-                {"settling", dayList(why.settling)},
-                {"calculated", dayJson(why.determined)},
-                {"sibling", why.siblingChannel ? Json(channelName(why.siblingChannel)) : Json()},
-                {"backToWorkingDay", dayList(why.backToWorkingDay)},
-                {"date", dayJson(why.result)}};
+  reply.data = {
+      {"task", task.id},
+      {"due", dayJson(why.dueDate)},
+      {"days", why.days},
+      {"kind", kind},
+      {"totalNum", why.totalNum},
+      {"scheduleNum", why.scheduleNum},
+      {"firmRule", why.usedFirmRule},
+      {"walk", dayList(why.walk)},
+      {"settling", dayList(why.settling)},
+      {"calculated", dayJson(why.determined)},
+      {"sibling", why.siblingChannel ? Json(host::channelName(why.siblingChannel)) : Json()},
+      {"backToWorkingDay", dayList(why.backToWorkingDay)},
+      {"date", dayJson(why.result)}};
   return reply;
 }
 

@@ -6,6 +6,6 @@ namespace autonotify::console {
 
 void describeExplain(CLI::App& command, Arguments& arguments);
 /// Why a notification of the task would get its date.
-Reply runExplain(Session& session, const Arguments& arguments);
+Reply runExplain(host::Desk& desk, const Arguments& arguments);
 
 }  // namespace autonotify::console

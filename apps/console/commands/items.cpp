@@ -4,147 +4,103 @@
 
 #include "TextTable.h"
 #include "commands/arguments.h"
-#include "commands/armable.h"
-#include "diary_items.h"
-#include "notifications.h"
+#include "commands/channel_report.h"
+#include "host/desk/day_text.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/remind_client.h"
+#include "outcome_words.h"
 
 namespace autonotify::console {
 namespace {
 
+using host::DiaryItem;
+using host::ReminderFault;
+
 void addItem(CLI::App& command, Arguments& arguments) {
-  addChoice(command, "KIND", "KIND", diaryWords(), "", [&arguments](const DiaryWord& row) {
-    arguments.itemKind = row.kind;
-  })->required();
+  addChoice(command, "KIND", "KIND", host::diaryKinds(), "",
+            [&arguments](const host::DiaryKind& row) { arguments.itemKind = row.kind; })
+      ->required();
   addNumber(command, "ID", "number of the item (see: hvnotify appointments)", arguments.item)
       ->required();
 }
 
-// Arming.
-
-struct AddOperation {
-  notifyType channel;
-  Id (clsAutoNotifyCtrl::*add)(CurrentDayTimerType, Id, DateTime, Id, Id, Id);
-};
-constexpr AddOperation addOperations[] = {
-    {nt_Email, &clsAutoNotifyCtrl::cls_addNewApptEmailNotification},
-    {nt_Fax, &clsAutoNotifyCtrl::cls_addNewApptFaxNotification},
-    {nt_Letter, &clsAutoNotifyCtrl::cls_addNewApptLetterNotification},
-    {nt_Phone, &clsAutoNotifyCtrl::cls_addNewApptPhoneNotification},
-};
-
-/// For a client that a time entry lacks the component would look among the appointments. No company
-/// and no contact has this number.
-constexpr Id nobody = 0;
-
-class ArmableItem : public Armable {
- public:
-  ArmableItem(Session& opened, const DiaryItem& item, DateTime date)
-      : Armable(opened), item_(item), date_(date) {}
-  std::string words() const override { return fmt::format("{} {}", word().name, item_.id); }
-  Json identity() const override { return {{"kind", word().word}, {"id", item_.id}}; }
-  host::WorkItem claim() const override { return word().claim; }
-  Id claimId() const override { return item_.kind == Tasks ? item_.scheduleId : item_.id; }
-  int channels() override { return loadDiaryItem(session, item_.kind, item_.id).channels; }
-  Id findRow(notifyType channel) override {
-    return session.control().cls_getApptNotificationID(item_.kind, item_.id, channel);
+/// What stands behind the item's name.
+std::string wordsOf(ReminderFault fault, const host::Reminders& reminders) {
+  const std::string day = host::dayText(reminders.item.day.value_or(DateTime{}));
+  switch (fault) {
+    case ReminderFault::noTask:
+      return "of the diary belongs to no task that is notified";
+    case ReminderFault::noDay:
+      return "has no date";
+    case ReminderFault::noTime:
+      return "has no time: it needs its start and its end";
+    case ReminderFault::noClient:
+      return "has no client";
+    case ReminderFault::isOver:
+      return "was on " + day + "; give --date to tell the client all the same";
+    case ReminderFault::dateIsLate:
+      return "is on " + day + ", before that reminder";
+    default:
+      return "has no working day before it: " + reminders.errors;
   }
-  Id addRow(notifyType channel) override {
-    const AddOperation* operation = findChannel(addOperations, channel);
-    if (!operation) return noId;
-    return (session.control().*operation->add)(item_.kind, item_.id, date_, noId,
-                                               given(item_.companyId), given(item_.contactId));
-  }
-  bool mark(notifyType channel, changeStatus change) override {
-    return session.control().cls_changeApptNotificationStatus(item_.kind, channel, change,
-                                                              item_.id);
-  }
-
- private:
-  const DiaryWord& word() const { return diaryWord(item_.kind); }
-  Id given(Id client) const { return item_.kind == Dockets && client < 0 ? nobody : client; }
-
-  DiaryItem item_;
-  DateTime date_;
-};
-
-[[noreturn]] void refuse(const DiaryItem& item, const std::string& why) {
-  throw Refusal(fmt::format("{} {} {}", diaryWord(item.kind).name, item.id, why));
 }
 
-void requireEntry(const DiaryItem& item) {
-  if (item.scheduleId < 0) refuse(item, "of the diary belongs to no task that is notified");
+Reply reportItem(host::Desk& desk, const host::Reminders& reminders) {
+  const DiaryItem& item = reminders.item;
+  const std::string subject = subjectOf(item);
+  if (reminders.fault == ReminderFault::dateOfTask)
+    throw Refusal("--date does not go with a task", exitUsage);
+  if (reminders.fault) throw Refusal(subject + " " + wordsOf(*reminders.fault, reminders));
+  const Json identity{{"kind", host::diaryKind(item.kind).word}, {"id", item.id}};
+  return reportChannels(desk, subject, identity, reminders.channels);
 }
 
-/// Throws Refusal for an item of which no sentence can be made, or nobody told.
-void requireReminder(const DiaryItem& item) {
-  if (!item.day) refuse(item, "has no date");
-  if (!item.from || !item.to) refuse(item, "has no time: it needs its start and its end");
-  if (item.companyId <= 0 && item.contactId <= 0) refuse(item, "has no client");
-}
-
-/// The day on which the reminder falls due.
-DateTime reminderDate(Session& session, const DiaryItem& item, const Arguments& arguments) {
-  const bool isOver = item.day->dateOnly() < session.today();
-  if (arguments.date && !isOver && *arguments.date > *item.day)
-    refuse(item, fmt::format("is on {}, before that reminder", dayText(*item.day)));
-  if (arguments.date) return *arguments.date;
-  if (isOver) {
-    refuse(item, fmt::format("was on {}; give --date to tell the client all the same",
-                             dayText(*item.day)));
-  }
-  DateTime date;
-  const std::string errors = session.errorsOf(
-      [&] { date = session.tools().lastWorkingDay(item.day->dateOnly().addDays(-1)); });
-  if (!errors.empty()) refuse(item, "has no working day before it: " + errors);
-  return date;
+void list(Reply& reply, TextTable& table, host::Desk& desk, const DiaryItem& item) {
+  const std::string client = clientName(desk, item);
+  const char* kind = host::diaryKind(item.kind).word;
+  const DateTime day = item.day.value_or(DateTime{});
+  table.add({kind, std::to_string(item.id), host::dayText(day), timeText(item),
+             host::channelNames(item.channels), client, item.subject});
+  reply.data.push_back({{"kind", kind},
+                        {"id", item.id},
+                        {"date", dayJson(day)},
+                        {"time", timeText(item)},
+                        {"channels", channelList(item.channels)},
+                        {"client", client},
+                        {"companyId", item.companyId},
+                        {"contactId", item.contactId},
+                        {"subject", item.subject}});
 }
 
 }  // namespace
 
 void describeAppointments(CLI::App& command, Arguments& arguments) {
-  addChoice(command, "--kind", "KIND", diaryWords(),
+  addChoice(command, "--kind", "KIND", host::diaryKinds(),
             " alone (default: appointments and time entries)",
-            [&arguments](const DiaryWord& row) { arguments.itemKind = row.kind; });
+            [&arguments](const host::DiaryKind& row) { arguments.itemKind = row.kind; });
   addNumber(command, "--client", "only those of this business client", arguments.client);
   addNumber(command, "--contact", "only those of this contact", arguments.contact);
   addDate(command, "--since", "from this date on (default: today)", arguments.since);
   addDate(command, "--until", "only those on this date or before", arguments.until);
 }
 
-Reply runAppointments(Session& session, const Arguments& arguments) {
-  DiaryQuery query{arguments.itemKind,
-                   arguments.since.value_or(session.today()),
-                   arguments.until,
-                   {},
-                   arguments.contact};
-  if (arguments.client)
-    query.company = session.clients().getCompanyIDFromClientID(*arguments.client);
+Reply runAppointments(host::Desk& desk, const Arguments& arguments) {
+  host::DiaryQuery query{arguments.itemKind,
+                         arguments.since.value_or(desk.today()),
+                         arguments.until,
+                         {},
+                         arguments.contact};
+  if (arguments.client) query.company = desk.clients().getCompanyIDFromClientID(*arguments.client);
   Reply reply;
   reply.data = Json::array();
   TextTable table({"KIND", "ID", "DATE", "TIME", "CHANNELS", "CLIENT", "SUBJECT"});
-  const LookupBatch batch(session);
-  for (const DiaryItem& item : readDiary(session, query)) {
-    const std::string client = clientName(session, item);
-    const char* kind = diaryWord(item.kind).word;
-    const DateTime day = item.day.value_or(DateTime{});
-    table.add({kind, std::to_string(item.id), dayText(day), timeText(item),
-               channelNames(item.channels), client, item.subject});
-    reply.data.push_back({{"kind", kind},
-                          {"id", item.id},
-                          {"date", dayJson(day)},
-                          {"time", timeText(item)},
-                          {"channels", channelList(item.channels)},
-                          {"client", client},
-                          {"companyId", item.companyId},
-                          {"contactId", item.contactId},
-                          {"subject", item.subject}});
-  }
+  const host::LookupBatch batch(desk);
+  for (const DiaryItem& item : host::readDiary(desk, query)) list(reply, table, desk, item);
   if (table.isEmpty()) {
-    reply.exitCode = exitRefused;
-    reply.complaints.push_back("nothing found in the diary");
-    return reply;
+    reply.refuse("nothing found in the diary");
+  } else {
+    reply.text = table.toText();
   }
-  reply.text = table.toText();
   return reply;
 }
 
@@ -157,18 +113,9 @@ void describeArmItem(CLI::App& command, Arguments& arguments) {
           arguments.date);
 }
 
-Reply runArmItem(Session& session, const Arguments& arguments) {
-  const DiaryItem item = loadDiaryItem(session, *arguments.itemKind, arguments.item);
-  DateTime date;
-  if (item.kind == Tasks) {
-    if (arguments.date) throw Refusal("--date does not go with a task", exitUsage);
-    requireEntry(item);
-  } else {
-    requireReminder(item);
-    date = reminderDate(session, item, arguments);
-  }
-  ArmableItem armable(session, item, date);
-  return armChannels(session, armable, arguments);
+Reply runArmItem(host::Desk& desk, const Arguments& arguments) {
+  return reportItem(desk, doneOrRefuse(host::armReminders(desk, *arguments.itemKind, arguments.item,
+                                                          arguments.channels, arguments.date)));
 }
 
 void describeDisarmItem(CLI::App& command, Arguments& arguments) {
@@ -177,11 +124,10 @@ void describeDisarmItem(CLI::App& command, Arguments& arguments) {
   addForce(command, arguments);
 }
 
-Reply runDisarmItem(Session& session, const Arguments& arguments) {
-  const DiaryItem item = loadDiaryItem(session, *arguments.itemKind, arguments.item);
-  if (item.kind == Tasks) requireEntry(item);
-  ArmableItem armable(session, item, DateTime{});
-  return disarmChannels(session, armable, arguments);
+Reply runDisarmItem(host::Desk& desk, const Arguments& arguments) {
+  return reportItem(desk,
+                    doneOrRefuse(host::disarmReminders(desk, *arguments.itemKind, arguments.item,
+                                                       arguments.channels, arguments.force)));
 }
 
 }  // namespace autonotify::console

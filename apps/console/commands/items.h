@@ -7,14 +7,14 @@ namespace autonotify::console {
 void describeAppointments(CLI::App& command, Arguments& arguments);
 /// What stands in the diary, from today on unless told otherwise, with the numbers that arm-item
 /// takes.
-Reply runAppointments(Session& session, const Arguments& arguments);
+Reply runAppointments(host::Desk& desk, const Arguments& arguments);
 
 void describeArmItem(CLI::App& command, Arguments& arguments);
 /// Reminds the item's client by the channels. The reminder falls due on the last working day before
 /// the item unless a date is given; that of a task is worked out as `arm` does.
-Reply runArmItem(Session& session, const Arguments& arguments);
+Reply runArmItem(host::Desk& desk, const Arguments& arguments);
 
 void describeDisarmItem(CLI::App& command, Arguments& arguments);
-Reply runDisarmItem(Session& session, const Arguments& arguments);
+Reply runDisarmItem(host::Desk& desk, const Arguments& arguments);
 
 }  // namespace autonotify::console

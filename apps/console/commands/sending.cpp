@@ -3,25 +3,58 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <memory>
 
 #include "TextTable.h"
 #include "commands/arguments.h"
-#include "commands/lists.h"
-#include "host/mail/addresses.h"
-#include "notifications.h"
-#include "platform/rich_text.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/due_list.h"
+#include "host/desk/work/send_notification.h"
 
 namespace autonotify::console {
 namespace {
 
+using host::SendOutcome;
+using host::SendResult;
+
 enum class Fate { sent, skipped, failed, unmarked };
 
-struct Outcome {
-  Fate fate = Fate::failed;
+/// What a notification's row of the table says.
+struct Told {
+  Fate fate;
   /// What was done, or why nothing was.
   std::string words;
 };
+
+struct ResultWords {
+  SendResult result;
+  Fate fate;
+  /// "{}" stands for the detail.
+  const char* words;
+  /// Of what was due a moment ago: someone else has settled it, which is no fault.
+  const char* meanwhile = nullptr;
+};
+/// In the order of SendResult.
+constexpr std::array<ResultWords, 13> resultTable{{
+    {SendResult::sent, Fate::sent, "to {}"},
+    {SendResult::foundInOutbox, Fate::sent, "was in the outbox already"},
+    {SendResult::markedOnly, Fate::sent, "marked only; nothing goes out"},
+    {SendResult::byHand, Fate::skipped, "{}"},
+    {SendResult::alreadySent, Fate::failed, "This notification has already been sent.",
+     "was sent meanwhile"},
+    {SendResult::alreadyCancelled, Fate::failed, "it is cancelled", "was cancelled meanwhile"},
+    {SendResult::cancelFinished, Fate::skipped,
+     "its cancelling was interrupted; it stays cancelled"},
+    {SendResult::cancelFailed, Fate::failed, "its cancelling was interrupted: {}"},
+    {SendResult::unknownWhetherSent, Fate::failed,
+     "it cannot be known whether it was sent: its marking was interrupted and it is not in the "
+     "outbox (settle it with send --mark-only or send --again)"},
+    {SendResult::noAddress, Fate::failed,
+     "There is no email address entered for this notification"},
+    {SendResult::failed, Fate::failed, "{}"},
+    {SendResult::atWorkElsewhere, Fate::failed, "another desk is at work on it",
+     "another desk is at work on it"},
+    {SendResult::notThere, Fate::failed, "there is no such notification", "was deleted meanwhile"},
+}};
 
 /// In the order of Fate.
 struct FateWords {
@@ -35,12 +68,9 @@ constexpr std::array<FateWords, 4> fateTable{{
     {"not marked", "could not be marked sent"},
 }};
 
-const FateWords& wordsOf(Fate fate) {
-  return fateTable.at(static_cast<std::size_t>(fate));
-}
-
-Outcome failed(std::string words) {
-  return {Fate::failed, std::move(words)};
+template <class Row, std::size_t size, class Key>
+const Row& rowOf(const std::array<Row, size>& table, Key key) {
+  return table.at(static_cast<std::size_t>(key));
 }
 
 /// Why a channel is not sent by this program.
@@ -55,138 +85,26 @@ constexpr ByHand byHand[] = {
 };
 
 std::string reasonToSkip(int channel) {
-  if (const ByHand* row = findChannel(byHand, channel)) return row->reason;
-  return fmt::format("there is no way to send a notification by {}", channelName(channel));
+  if (const ByHand* row = host::findChannel(byHand, channel)) return row->reason;
+  return fmt::format("there is no way to send a notification by {}", host::channelName(channel));
 }
 
-/// One notification on its way.
-class Sending {
- public:
-  Sending(Session& session, const Notification& row, const Arguments& arguments)
-      : session_(session), row_(row), arguments_(arguments) {}
-
-  Outcome run() {
-    switch (stateOf(row_)) {
-      case NotificationState::sent:
-        return done("was sent meanwhile", "This notification has already been sent.");
-      case NotificationState::cancelled:
-        return done("was cancelled meanwhile", "it is cancelled");
-      case NotificationState::interruptedCancel:
-        return finishCancel();
-      case NotificationState::interruptedSending:
-        return finishSending();
-      case NotificationState::pending:
-        break;
-    }
-    return sendNow();
-  }
-
- private:
-  /// A row that was due a moment ago was settled by someone else; one that was named is refused.
-  Outcome done(const char* meanwhile, const char* refusal) const {
-    return arguments_.due ? Outcome{Fate::skipped, meanwhile} : failed(refusal);
-  }
-
-  Outcome sendNow() {
-    if (arguments_.markOnly) return markSent("marked only; nothing goes out");
-    if (row_.channel != nt_Email) return {Fate::skipped, reasonToSkip(row_.channel)};
-    return sendEmail();
-  }
-
-  Outcome sendEmail() {
-    if (row_.fields[Notification::emailTo].empty())
-      return failed("There is no email address entered for this notification");
-    if (arguments_.dryRun) return rehearse();
-    session_.makeOutbox();
-    const auto sender = newSender();
-    sender->put_to(row_.fields[Notification::emailTo]);
-    sender->put_cc(row_.fields[Notification::emailCc]);
-    sender->put_bcc(row_.fields[Notification::emailBcc]);
-    sender->put_subject(row_.fields[Notification::emailSubject]);
-    sender->put_body(plainTextOf(row_.memo));
-    if (!sender->send()) return failed(sender->getLastError());
-    return markSent(sender->alreadyDelivered() ? inOutbox
-                                               : "to " + row_.fields[Notification::emailTo]);
-  }
-
-  Outcome rehearse() {
-    if (newSender()->isDelivered()) return {Fate::sent, inOutbox};
-    try {
-      for (const int field : {Notification::emailTo, Notification::emailCc, Notification::emailBcc})
-        host::parseRecipients(row_.fields[field]);
-    } catch (const host::MailError& error) {
-      return failed(error.what());
-    }
-    return {Fate::sent, "to " + row_.fields[Notification::emailTo]};
-  }
-
-  Outcome finishSending() {
-    if (arguments_.markOnly) return markSent("marked only; nothing goes out");
-    if (arguments_.again) return sendNow();
-    if (row_.channel == nt_Email && newSender()->isDelivered()) return markSent(inOutbox);
-    return failed(
-        "it cannot be known whether it was sent: its marking was interrupted and it is not in the "
-        "outbox (settle it with send --mark-only or send --again)");
-  }
-
-  Outcome finishCancel() {
-    if (!arguments_.dryRun) {
-      const std::string errors =
-          session_.errorsOf([&] { session_.tools().cancelNotification(row_.id); });
-      if (!errors.empty()) return failed("its cancelling was interrupted: " + errors);
-    }
-    return {Fate::skipped, "its cancelling was interrupted; it stays cancelled"};
-  }
-
-  Outcome markSent(const std::string& words) {
-    if (arguments_.dryRun) return {Fate::sent, words};
-    const std::string errors =
-        session_.errorsOf([&] { session_.tools().changeNotificationToSent(row_.id); });
-    if (errors.empty()) return {Fate::sent, words};
-    return {Fate::unmarked, fmt::format("{}; {}", words, errors)};
-  }
-
-  std::unique_ptr<host::OutboxEmailSender> newSender() {
-    auto sender = session_.newEmailSender();
-    sender->setIdentity(session_.messageIdentity(row_.id));
-    if (arguments_.again) sender->allowRepeat();
-    return sender;
-  }
-
-  static constexpr const char* inOutbox = "was in the outbox already";
-
-  Session& session_;
-  const Notification& row_;
-  const Arguments& arguments_;
-};
-
-Outcome beingSent(const Arguments& arguments) {
-  const char* words = "another desk is at work on it";
-  return arguments.due ? Outcome{Fate::skipped, words} : failed(words);
-}
-
-/// One row, come what may: a failure ends this row and no other. `about` tells whom it concerns.
-Outcome sendOne(Session& session, Id id, const Arguments& arguments, std::string& about) {
-  try {
-    std::unique_ptr<host::Claim> claim;
-    std::optional<Notification> row = findNotification(session, id);
-    if (row) about = fmt::format("{}, {}", clientName(session, *row), itemName(session, *row));
-    if (row && !arguments.dryRun) {
-      claim = host::claimNotification(session, *row);
-      if (!claim) return beingSent(arguments);
-      row = findNotification(session, id);
-    }
-    if (!row && arguments.due) return {Fate::skipped, "was deleted meanwhile"};
-    if (!row) return failed("there is no such notification");
-    return Sending(session, *row, arguments).run();
-  } catch (const PlatformError& error) {
-    return failed(firstLine(error.description()));
-  }
+Told tell(const SendOutcome& outcome, bool wasDue) {
+  const ResultWords& row = rowOf(resultTable, outcome.result);
+  if (wasDue && row.meanwhile) return {Fate::skipped, row.meanwhile};
+  const bool isByHand = outcome.result == SendResult::byHand;
+  const std::string words = fmt::format(
+      fmt::runtime(row.words), isByHand ? reasonToSkip(outcome.about->channel) : outcome.detail);
+  if (outcome.markFault.empty()) return {row.fate, words};
+  return {Fate::unmarked, words + "; " + outcome.markFault};
 }
 
 const char* fateName(Fate fate, bool dryRun) {
-  if (dryRun && fate == Fate::sent) return "would be sent";
-  return wordsOf(fate).name;
+  return dryRun && fate == Fate::sent ? "would be sent" : rowOf(fateTable, fate).name;
+}
+
+std::string aboutOf(const SendOutcome& outcome) {
+  return outcome.about ? outcome.about->client + ", " + outcome.about->item : std::string();
 }
 
 }  // namespace
@@ -214,28 +132,28 @@ void describeSend(CLI::App& command, Arguments& arguments) {
   mark->excludes(due);
 }
 
-Reply runSend(Session& session, const Arguments& arguments) {
+Reply runSend(host::Desk& desk, const Arguments& arguments) {
   if (!arguments.due && arguments.notifications.empty()) {
     throw Refusal("name notifications, or give --due (see: hvnotify send --help)", exitUsage);
   }
   const std::vector<Id> ids =
-      arguments.due ? notificationsToSend(session) : arguments.notifications;
+      arguments.due ? host::notificationsToSend(desk) : arguments.notifications;
+  const host::SendWish wish{arguments.dryRun, arguments.markOnly, arguments.again};
   Reply reply;
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
   for (const Id id : ids) {
-    std::string about;
-    const Outcome outcome = sendOne(session, id, arguments, about);
-    const char* fate = fateName(outcome.fate, arguments.dryRun);
-    table.add({std::to_string(id), fate, outcome.words, about});
+    const SendOutcome outcome = host::sendNotification(desk, id, wish);
+    const Told told = tell(outcome, arguments.due);
+    const char* name = fateName(told.fate, arguments.dryRun);
+    const std::string about = aboutOf(outcome);
+    table.add({std::to_string(id), name, told.words, about});
     reply.data.push_back(
-        {{"notification", id}, {"result", fate}, {"detail", outcome.words}, {"about", about}});
-    const bool isFault =
-        outcome.fate != Fate::sent && (outcome.fate != Fate::skipped || !arguments.due);
-    if (!isFault) continue;
-    reply.exitCode = exitRefused;
-    reply.complaints.push_back(
-        fmt::format("notification {} {}: {}", id, wordsOf(outcome.fate).complaint, outcome.words));
+        {{"notification", id}, {"result", name}, {"detail", told.words}, {"about", about}});
+    const bool isFault = told.fate != Fate::sent && (told.fate != Fate::skipped || !arguments.due);
+    if (isFault)
+      reply.refuse(fmt::format("notification {} {}: {}", id, rowOf(fateTable, told.fate).complaint,
+                               told.words));
   }
   reply.text = ids.empty() ? "Nothing is due.\n" : table.toText();
   return reply;

@@ -6,10 +6,10 @@ namespace autonotify::console {
 
 void describePropagate(CLI::App& command, Arguments& arguments);
 /// Carries a kind's template into its unsent notifications; without a kind, lists the kinds.
-Reply runPropagate(Session& session, const Arguments& arguments);
+Reply runPropagate(host::Desk& desk, const Arguments& arguments);
 
 void describeFields(CLI::App& command, Arguments& arguments);
 /// The fields that a template can be filled with.
-Reply runFields(Session& session, const Arguments& arguments);
+Reply runFields(host::Desk& desk, const Arguments& arguments);
 
 }  // namespace autonotify::console

@@ -5,7 +5,11 @@
 #include <array>
 
 #include "commands/arguments.h"
-#include "notifications.h"
+#include "host/desk/day_text.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/claiming.h"
+#include "host/desk/work/template_texts.h"
+#include "outcome_words.h"
 #include "platform/date_time_text.h"
 #include "platform/rich_text.h"
 #include "platform/text.h"
@@ -26,7 +30,7 @@ constexpr FieldNames fieldNames[] = {
 };
 
 std::array<const char*, 6> namesOf(int channel) {
-  if (const FieldNames* row = findChannel(fieldNames, channel)) return row->names;
+  if (const FieldNames* row = host::findChannel(fieldNames, channel)) return row->names;
   return {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"};
 }
 
@@ -48,16 +52,6 @@ std::string readTemplate(const std::string& path) {
   return text;
 }
 
-/// A rich text may spell its marks in both ways, and both are filled.
-std::string findFault(Session& session, const std::string& text) {
-  const bool isRich = isRichText(text);
-  std::string fault = session.tools().findTemplateFault(text, isRich);
-  const bool hasBareMarks = text.find("«") != text.npos || text.find("»") != text.npos;
-  if (fault.empty() && isRich && hasBareMarks)
-    fault = session.tools().findTemplateFault(text, false);
-  return fault;
-}
-
 }  // namespace
 
 void describeShow(CLI::App& command, Arguments& arguments) {
@@ -65,18 +59,20 @@ void describeShow(CLI::App& command, Arguments& arguments) {
   command.add_flag("--rtf", arguments.rtf, "the text as it is stored, not as plain text");
 }
 
-Reply runShow(Session& session, const Arguments& arguments) {
-  const Notification row = loadNotification(session, arguments.notification);
-  const std::string client = clientName(session, row);
-  const std::string item = itemName(session, row);
+Reply runShow(host::Desk& desk, const Arguments& arguments) {
+  const host::Notification row =
+      doneOrRefuse(host::requireNotification(desk, arguments.notification));
+  const std::string channel = host::channelName(row.channel);
+  const std::string client = clientName(desk, row);
+  const std::string item = itemName(desk, row);
   const std::string state = stateName(stateOf(row));
   const std::string text = arguments.rtf ? row.memo : plainTextOf(row.memo);
   Reply reply;
-  reply.text = fmt::format("Notification {} by {}, {}\n", row.id, channelName(row.channel), state);
-  reply.text += line("Client", client) + line("Task", item) + line("Date", dayText(row.date));
+  reply.text = fmt::format("Notification {} by {}, {}\n", row.id, channel, state);
+  reply.text += line("Client", client) + line("Task", item) + line("Date", host::dayText(row.date));
   if (!row.sentTime.isZero()) reply.text += line("Sent", dateTimeText(row.sentTime));
   reply.data = {{"notification", row.id},
-                {"channel", channelName(row.channel)},
+                {"channel", channel},
                 {"state", state},
                 {"client", client},
                 {"companyId", row.companyId},
@@ -104,21 +100,18 @@ void describeMerge(CLI::App& command, Arguments& arguments) {
   command.add_flag("--plain", arguments.plain, "plain text instead of the stored form");
 }
 
-Reply runMerge(Session& session, const Arguments& arguments) {
-  const Task task = loadTask(session, arguments.task);
-  std::string text;
-  session.callOrRefuse(fmt::format("task {}", task.id), [&] {
-    text = arguments.file.empty()
-               ? session.control().cls_generateClientAutoNotifyComment(task.id)
-               : session.tools().mergeTemplate(readTemplate(arguments.file), task.id);
-  });
+Reply runMerge(host::Desk& desk, const Arguments& arguments) {
+  const host::Task task = doneOrRefuse(host::requireTask(desk, arguments.task));
+  const auto outcome = arguments.file.empty()
+                           ? host::composeText(desk, task)
+                           : host::composeText(desk, task, readTemplate(arguments.file));
+  std::string text = doneOrRefuse(outcome);
   if (arguments.plain) text = plainTextOf(text);
   Reply reply;
   (arguments.plain ? reply.text : reply.document) = withLineEnd(text);
   reply.data = {{"task", task.id}, {"text", text}};
   if (text.empty() && !arguments.file.empty()) {
-    reply.exitCode = exitRefused;
-    reply.complaints.push_back(
+    reply.refuse(
         fmt::format("{} gives an empty text; a short template is read as the name of one field",
                     arguments.file));
   }
@@ -129,18 +122,14 @@ void describeCheck(CLI::App& command, Arguments& arguments) {
   addText(command, "FILE", "", "the template, RTF or plain text", arguments.file)->required();
 }
 
-Reply runCheck(Session& session, const Arguments& arguments) {
-  const std::string text = readTemplate(arguments.file);
-  std::string fault;
-  const std::string errors = session.errorsOf([&] { fault = findFault(session, text); });
-  if (fault.empty()) fault = errors;
+Reply runCheck(host::Desk& desk, const Arguments& arguments) {
+  const std::string fault = host::findTemplateFault(desk, readTemplate(arguments.file));
   Reply reply;
   reply.data = {{"file", arguments.file}, {"sound", fault.empty()}, {"fault", fault}};
   if (fault.empty()) {
     reply.text = "The template is sound.\n";
   } else {
-    reply.exitCode = exitRefused;
-    reply.complaints.push_back(fault);
+    reply.refuse(fault);
   }
   return reply;
 }

@@ -6,14 +6,14 @@ namespace autonotify::console {
 
 void describeShow(CLI::App& command, Arguments& arguments);
 /// All fields of one notification.
-Reply runShow(Session& session, const Arguments& arguments);
+Reply runShow(host::Desk& desk, const Arguments& arguments);
 
 void describeMerge(CLI::App& command, Arguments& arguments);
 /// The text that a notification of the task would get now.
-Reply runMerge(Session& session, const Arguments& arguments);
+Reply runMerge(host::Desk& desk, const Arguments& arguments);
 
 void describeCheck(CLI::App& command, Arguments& arguments);
 /// A template's first fault.
-Reply runCheck(Session& session, const Arguments& arguments);
+Reply runCheck(host::Desk& desk, const Arguments& arguments);
 
 }  // namespace autonotify::console

@@ -7,6 +7,8 @@
 #include <array>
 #include <optional>
 
+#include "host/desk/day_text.h"
+#include "host/desk/rows/channel_names.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -36,22 +38,15 @@ QString dayText(DateTime day) {
   return day.isZero() ? QString() : shown(host::dayText(day));
 }
 
-enum class State { none, waiting, due, sent };
-
-State stateOf(const host::TaskLine& line, DateTime today) {
-  if (line.pendingChannels) return line.notificationDate <= today ? State::due : State::waiting;
-  return line.sentChannels ? State::sent : State::none;
-}
-
-QString stateText(State state) {
+QString stateText(host::TaskState state) {
   switch (state) {
-    case State::waiting:
+    case host::TaskState::waiting:
       return QObject::tr("scheduled");
-    case State::due:
+    case host::TaskState::due:
       return QObject::tr("due");
-    case State::sent:
+    case host::TaskState::sent:
       return QObject::tr("sent");
-    case State::none:
+    case host::TaskState::none:
       break;
   }
   return {};
@@ -123,7 +118,7 @@ int TaskTableModel::columnCount(const QModelIndex& parent) const {
 QVariant TaskTableModel::data(const QModelIndex& index, int role) const {
   const host::TaskLine& line = lineAt(index);
   if (role == Qt::DisplayRole) return textAt(line, index.column(), desk_->today());
-  const bool isDue = stateOf(line, desk_->today()) == State::due;
+  const bool isDue = stateOf(line, desk_->today()) == host::TaskState::due;
   if (role == Qt::FontRole && index.column() == state && isDue) {
     QFont bold;
     bold.setBold(true);

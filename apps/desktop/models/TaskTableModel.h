@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <vector>
 
-#include "host/desk/task_list.h"
+#include "host/desk/work/task_list.h"
 
 namespace autonotify::desktop {
 

@@ -1,29 +1,28 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
-#include "Session.h"
 #include "contract/enumerations.h"
-#include "host/desk/claims.h"
+#include "host/desk/Desk.h"
 
-namespace autonotify::console {
+namespace autonotify::host {
 
-/// A kind of diary item as people call it.
-struct DiaryWord {
+/// A kind of diary item as people call it, and where its rows are.
+struct DiaryKind {
   /// "time-entry", as it is typed, and "time entry", as it is told.
   const char* word;
   const char* name;
   CurrentDayTimerType kind;
-  host::WorkItem claim;
+  WorkItem claim;
   const char* table;
   const char* key;
 };
 
-std::span<const DiaryWord> diaryWords();
-const DiaryWord& diaryWord(CurrentDayTimerType kind);
+std::span<const DiaryKind> diaryKinds();
+const DiaryKind& diaryKind(CurrentDayTimerType kind);
 
 /// An appointment, a time entry or a task of the diary.
 struct DiaryItem {
@@ -40,7 +39,7 @@ struct DiaryItem {
   int channels = 0;
 };
 
-/// Which items, by day and time.
+/// Which items.
 struct DiaryQuery {
   /// Unset: appointments and time entries.
   std::optional<CurrentDayTimerType> kind;
@@ -50,15 +49,15 @@ struct DiaryQuery {
   std::optional<Id> contact;
 };
 
-std::vector<DiaryItem> readDiary(Session& session, const DiaryQuery& query);
-
-/// Throws Refusal when there is no such item.
-DiaryItem loadDiaryItem(Session& session, CurrentDayTimerType kind, Id id);
+/// The items by day and time.
+std::vector<DiaryItem> readDiary(Desk& desk, const DiaryQuery& query);
+std::optional<DiaryItem> findDiaryItem(Desk& desk, CurrentDayTimerType kind, Id id);
 
 /// The company's or the contact's name; empty when it has neither.
-std::string clientName(Session& session, const DiaryItem& item);
-
+std::string clientName(Desk& desk, const DiaryItem& item);
+/// "time entry 12"
+std::string subjectOf(const DiaryItem& item);
 /// "09:00-09:45"; what is not known is left out.
 std::string timeText(const DiaryItem& item);
 
-}  // namespace autonotify::console
+}  // namespace autonotify::host

@@ -15,4 +15,7 @@ std::optional<DateTime> readDate(std::string_view text);
 /// What to answer then: "\"tomorrow\" is no date; write it as 2026-04-30".
 std::string dateFault(std::string_view text);
 
+/// The day as people read it: "2026-04-30"; "-" for the zero date.
+std::string dayText(DateTime moment);
+
 }  // namespace autonotify::host

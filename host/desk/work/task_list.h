@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "host/desk/notifications.h"
+#include "host/desk/rows/Task.h"
 
 namespace autonotify::host {
 
@@ -20,6 +19,11 @@ struct TaskLine {
   int pendingChannels = 0;
   int sentChannels = 0;
 };
+
+/// Where a task's notifications stand: some wait (with the next one's day ahead, or come), some
+/// were sent, or there are none.
+enum class TaskState { none, waiting, due, sent };
+TaskState stateOf(const TaskLine& line, DateTime today);
 
 enum class TaskOrder { dueDate, client, name };
 
@@ -43,20 +47,10 @@ struct TaskQuery {
 std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset,
                                     std::size_t count);
 
-/// Calls `visit` for all of them, streaming, without the notifications.
-void forEachTask(Desk& desk, const TaskQuery& query,
-                 const std::function<void(const Task& task)>& visit);
-
-/// The task's notification of the channel that waits for its date; noId when none does.
-Id findPendingNotification(Desk& desk, Id task, notifyType channel);
+/// All of them, without their clients and notifications.
+std::vector<Task> readTasks(Desk& desk, const TaskQuery& query);
 
 /// How many open tasks the query has.
 std::size_t countTasks(Desk& desk, const TaskQuery& query);
-
-/// How many notifications are to be sent today: unsent, and dated today or before.
-std::size_t countDueNotifications(Desk& desk);
-
-/// The condition on ClientNotification for those, for a WHERE.
-std::string dueCondition(Desk& desk);
 
 }  // namespace autonotify::host

@@ -1,8 +1,9 @@
-#include "host/desk/read_date.h"
+#include "host/desk/day_text.h"
 
 #include <fmt/format.h>
 
 #include "platform/date_time_text.h"
+#include "platform/format.h"
 
 namespace autonotify::host {
 
@@ -15,6 +16,10 @@ std::optional<DateTime> readDate(std::string_view text) {
 
 std::string dateFault(std::string_view text) {
   return fmt::format("\"{}\" is no date; write it as 2026-04-30", text);
+}
+
+std::string dayText(DateTime moment) {
+  return moment.isZero() ? "-" : formatDateTime(moment, "yyyy-mm-dd");
 }
 
 }  // namespace autonotify::host

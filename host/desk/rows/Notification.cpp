@@ -1,21 +1,15 @@
-#include "host/desk/notifications.h"
+#include "host/desk/rows/Notification.h"
 
 #include <fmt/format.h>
 
 #include <array>
 
 #include "host/clients/record_rows.h"
-#include "platform/format.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/rows/client_names.h"
 
 namespace autonotify::host {
 namespace {
-
-struct ChannelName {
-  notifyType channel;
-  const char* name;
-};
-constexpr std::array<ChannelName, 4> channelTable{
-    {{nt_Email, "email"}, {nt_Fax, "fax"}, {nt_Letter, "letter"}, {nt_Phone, "phone"}}};
 
 /// Where the name of a diary item is found.
 struct ItemTable {
@@ -37,25 +31,21 @@ constexpr std::array<ItemTable, 4> itemTables{{
      "SELECT Dockets.DocketID, Dockets.Subject FROM Dockets WHERE DocketID=", "Subject"},
 }};
 
-struct ClaimedLink {
-  Id Notification::*link;
-  WorkItem item;
-};
-constexpr std::array<ClaimedLink, 3> claimedLinks{{
-    {&Notification::scheduleId, WorkItem::task},
-    {&Notification::appointmentId, WorkItem::appointment},
-    {&Notification::docketId, WorkItem::timeEntry},
-}};
-
-/// Two claims that stand and fall together.
-struct BothClaims : Claim {
-  std::unique_ptr<Claim> item;
-  std::unique_ptr<Claim> notification;
-};
-
 constexpr const char* archivedName =
     "SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule WHERE "
     "oldScheduleID=";
+
+/// The field without which a channel cannot reach anyone.
+struct AddressField {
+  notifyType channel;
+  int field;
+  const char* words;
+};
+constexpr AddressField addressFields[] = {
+    {nt_Email, Notification::emailTo, "an email address"},
+    {nt_Fax, Notification::faxNumber, "a fax number"},
+    {nt_Phone, Notification::phoneNumber, "a telephone number"},
+};
 
 Notification readWhole(const Row& row) {
   Notification result = readSummary(row);
@@ -63,12 +53,6 @@ Notification readWhole(const Row& row) {
   result.memo = row.text("Memo");
   result.sentTime = row.date("SentTime");
   return result;
-}
-
-std::string nameOf(Desk& desk, Id companyId, Id contactId) {
-  if (companyId > 0) return desk.clients().getCompanyDisplayName(companyId);
-  if (contactId >= 0) return desk.clients().getContactDisplayName(contactId);
-  return {};
 }
 
 /// In the order of NotificationState.
@@ -134,25 +118,6 @@ std::string stateWords(NotificationState state) {
   return wordsOf(state).words;
 }
 
-std::string channelName(int channel) {
-  for (const ChannelName& row : channelTable) {
-    if (row.channel == channel) return row.name;
-  }
-  return fmt::format("channel {}", channel);
-}
-
-std::string channelNames(int bits) {
-  std::string names;
-  for (const ChannelName& row : channelTable) {
-    if (bits & row.channel) names += (names.empty() ? "" : ",") + std::string(row.name);
-  }
-  return names.empty() ? "-" : names;
-}
-
-std::string dayText(DateTime moment) {
-  return moment.isZero() ? "-" : formatDateTime(moment, "yyyy-mm-dd");
-}
-
 std::optional<Notification> findNotification(Desk& desk, Id id) {
   std::optional<Notification> found;
   if (id < 0) return found;
@@ -164,26 +129,22 @@ std::optional<Notification> findNotification(Desk& desk, Id id) {
   return found;
 }
 
-// The item first, as whoever disarms it does: so no two desks wait for each other.
-std::unique_ptr<Claim> claimNotification(Desk& desk, const Notification& notification) {
-  auto both = std::make_unique<BothClaims>();
-  for (const auto& [link, item] : claimedLinks) {
-    if (notification.*link < 0) continue;
-    both->item = desk.claims().take(item, notification.*link);
-    if (!both->item) return nullptr;
-    break;
-  }
-  both->notification = desk.claims().take(WorkItem::notification, notification.id);
-  if (!both->notification) return nullptr;
-  return both;
+std::vector<Notification> readNotificationsOf(Desk& desk, Id scheduleId) {
+  std::vector<Notification> found;
+  forEachRow(desk.database(),
+             fmt::format("SELECT {} FROM ClientNotification WHERE ScheduleIDNum={};",
+                         summaryColumns, scheduleId),
+             [&](const Row& row) { found.push_back(readSummary(row)); });
+  return found;
 }
 
 bool isOverdue(Desk& desk, const Notification& notification) {
   return stateOf(notification) == NotificationState::pending && notification.date < desk.today();
 }
 
-std::string pastNote(Desk& desk, const Notification& notification) {
-  return isOverdue(desk, notification) ? ", which is past: it is due at once" : "";
+std::string missingAddress(const Notification& notification) {
+  const AddressField* needed = findChannel(addressFields, notification.channel);
+  return needed && notification.fields[needed->field].empty() ? needed->words : "";
 }
 
 std::string itemName(Desk& desk, const Notification& notification) {
@@ -202,32 +163,7 @@ std::string itemName(Desk& desk, const Notification& notification) {
 }
 
 std::string clientName(Desk& desk, const Notification& notification) {
-  return nameOf(desk, notification.companyId, notification.contactId);
-}
-
-const char* const taskColumns =
-    "Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, Schedule.scheduleName, "
-    "Schedule.DueDate, Schedule.notifyType, Schedule.Closed";
-
-Task readTask(const Row& row) {
-  return {row.id("ScheduleID"),     row.id("ClientNum"), row.id("ContactIDNum"),
-          row.text("scheduleName"), row.date("DueDate"), row.id("notifyType", 0),
-          row.flag("Closed")};
-}
-
-std::optional<Task> findTask(Desk& desk, Id id) {
-  std::optional<Task> found;
-  if (id < 0) return found;
-  firstRow(desk.database(),
-           fmt::format("SELECT {} FROM Schedule WHERE ScheduleID={};", taskColumns, id),
-           [&](const Row& row) { found = readTask(row); });
-  return found;
-}
-
-std::string clientName(Desk& desk, const Task& task) {
-  const Id company =
-      task.clientNum >= 0 ? desk.clients().getCompanyIDFromClientID(task.clientNum) : noId;
-  return nameOf(desk, company, task.contactId);
+  return clientName(desk, notification.companyId, notification.contactId);
 }
 
 }  // namespace autonotify::host

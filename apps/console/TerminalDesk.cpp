@@ -1,6 +1,5 @@
-#include "Session.h"
+#include "TerminalDesk.h"
 
-#include <fmt/format.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -40,16 +39,7 @@ host::DeskOptions deskOptions(const GlobalOptions& options) {
 
 TerminalDialogs::TerminalDialogs(const GlobalOptions& options) : terminal(makeTerminal(options)) {}
 
-Session::Session(const GlobalOptions& options)
+TerminalDesk::TerminalDesk(const GlobalOptions& options)
     : TerminalDialogs(options), Desk(deskOptions(options), {errors, messages, forms}) {}
-
-std::string Session::errorLine(const std::vector<host::RecordedError>& errors) {
-  if (errors.empty()) return {};
-  const host::RecordedError& first = errors.front();
-  std::string line = firstLine(first.description);
-  const std::size_t others = errors.size() - 1;
-  if (others > 0) line += fmt::format(" (and {} more error{})", others, others == 1 ? "" : "s");
-  return line;
-}
 
 }  // namespace autonotify::console

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "contract/enumerations.h"
 #include "host/desk/Desk.h"
 
 namespace autonotify::host {
@@ -47,50 +46,23 @@ std::string stateName(NotificationState state);
 /// "is pending", "was sent": for sentences.
 std::string stateWords(NotificationState state);
 
-/// "email", "fax", "letter" or "phone".
-std::string channelName(int channel);
-/// The channels of a bit set, joined by commas; "-" for none.
-std::string channelNames(int bits);
-
-/// The day as people read it: "2026-04-30"; "-" for the zero date.
-std::string dayText(DateTime moment);
-
 /// The columns that readSummary wants, for a SELECT.
 extern const char* const summaryColumns;
 /// All but the fields and the text, which are large.
 Notification readSummary(const Row& row);
 
 std::optional<Notification> findNotification(Desk& desk, Id id);
-
-/// Keeps all other desks off the notification and off what it is about: nobody composes, arms,
-/// sends or changes it meanwhile. Waits as Claims::take does; null when another desk stays at work.
-std::unique_ptr<Claim> claimNotification(Desk& desk, const Notification& notification);
+/// The notifications of a schedule entry, without fields and text.
+std::vector<Notification> readNotificationsOf(Desk& desk, Id scheduleId);
 
 /// True for a row that still waits though its date has gone by.
 bool isOverdue(Desk& desk, const Notification& notification);
-/// ", which is past: ..." for such a row; empty for others.
-std::string pastNote(Desk& desk, const Notification& notification);
+/// What the row lacks to reach anyone by its channel, "an email address"; empty for nothing.
+std::string missingAddress(const Notification& notification);
 
 /// What the notification is about: the schedule entry's name, or the item's subject.
 std::string itemName(Desk& desk, const Notification& notification);
 /// Who it goes to: the company's or the contact's name; empty when it has neither.
 std::string clientName(Desk& desk, const Notification& notification);
-
-/// A schedule entry, as lists name it.
-struct Task {
-  Id id = noId;
-  Id clientNum = noId;
-  Id contactId = noId;
-  std::string name;
-  DateTime dueDate;
-  int channels = 0;
-  bool closed = false;
-};
-
-/// The columns that readTask wants, for a SELECT.
-extern const char* const taskColumns;
-Task readTask(const Row& row);
-std::optional<Task> findTask(Desk& desk, Id id);
-std::string clientName(Desk& desk, const Task& task);
 
 }  // namespace autonotify::host

@@ -1,4 +1,4 @@
-#include "host/desk/task_list.h"
+#include "host/desk/work/task_list.h"
 
 #include <fmt/format.h>
 
@@ -6,6 +6,7 @@
 
 #include "host/clients/record_rows.h"
 #include "host/database/schema/caseless.h"
+#include "host/desk/work/due_list.h"
 
 namespace autonotify::host {
 namespace {
@@ -72,45 +73,41 @@ std::string orderOf(const TaskQuery& query) {
                      query.descending ? " DESC" : "");
 }
 
-std::string selectTasks(Desk& desk, const char* columns, const TaskQuery& query) {
-  return fmt::format("SELECT {} FROM {} WHERE {}", columns,
-                     query.order == TaskOrder::client ? tasksAndClients : "Schedule",
+/// What stands behind FROM.
+std::string tasksOf(Desk& desk, const TaskQuery& query) {
+  return fmt::format("{} WHERE {}", query.order == TaskOrder::client ? tasksAndClients : "Schedule",
                      conditionOf(desk, query));
 }
 
-template <class Visit>
-void forEachNotification(Desk& desk, Id task, Visit&& visit) {
-  const std::string sql = fmt::format("SELECT {} FROM ClientNotification WHERE ScheduleIDNum={};",
-                                      summaryColumns, task);
-  forEachRow(desk.database(), sql, [&](const Row& row) { visit(readSummary(row)); });
+std::string selectTasks(Desk& desk, const TaskQuery& query) {
+  return fmt::format("SELECT {} FROM {} ORDER BY {}", taskColumns, tasksOf(desk, query),
+                     orderOf(query));
 }
 
 void readNotifications(Desk& desk, TaskLine& line) {
-  forEachNotification(desk, line.task.id, [&](const Notification& notification) {
+  for (const Notification& notification : readNotificationsOf(desk, line.task.id)) {
     const NotificationState state = stateOf(notification);
     if (state == NotificationState::sent) line.sentChannels |= notification.channel;
-    if (state != NotificationState::pending) return;
+    if (state != NotificationState::pending) continue;
     line.pendingChannels |= notification.channel;
     if (line.notificationDate.isZero() || notification.date < line.notificationDate)
       line.notificationDate = notification.date;
-  });
-}
-
-std::size_t count(Desk& desk, const std::string& sql) {
-  std::size_t found = 0;
-  firstRow(desk.database(), sql,
-           [&](const Row& row) { found = static_cast<std::size_t>(row.id("CountOfRows", 0)); });
-  return found;
+  }
 }
 
 }  // namespace
+
+TaskState stateOf(const TaskLine& line, DateTime today) {
+  if (line.pendingChannels)
+    return line.notificationDate <= today ? TaskState::due : TaskState::waiting;
+  return line.sentChannels ? TaskState::sent : TaskState::none;
+}
 
 std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset,
                                     std::size_t count) {
   std::vector<TaskLine> lines;
   const std::string sql =
-      fmt::format("{} ORDER BY {} LIMIT {} OFFSET {};", selectTasks(desk, taskColumns, query),
-                  orderOf(query), count, offset);
+      fmt::format("{} LIMIT {} OFFSET {};", selectTasks(desk, query), count, offset);
   forEachRow(desk.database(), sql,
              [&](const Row& row) { lines.emplace_back().task = readTask(row); });
   for (TaskLine& line : lines) {
@@ -120,35 +117,15 @@ std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::siz
   return lines;
 }
 
-void forEachTask(Desk& desk, const TaskQuery& query,
-                 const std::function<void(const Task& task)>& visit) {
-  const std::string sql =
-      selectTasks(desk, taskColumns, query) + " ORDER BY " + orderOf(query) + ";";
-  forEachRow(desk.database(), sql, [&](const Row& row) { visit(readTask(row)); });
-}
-
-Id findPendingNotification(Desk& desk, Id task, notifyType channel) {
-  Id found = noId;
-  forEachNotification(desk, task, [&](const Notification& notification) {
-    if (notification.channel == channel && stateOf(notification) == NotificationState::pending)
-      found = notification.id;
-  });
-  return found;
+std::vector<Task> readTasks(Desk& desk, const TaskQuery& query) {
+  std::vector<Task> tasks;
+  forEachRow(desk.database(), selectTasks(desk, query) + ";",
+             [&](const Row& row) { tasks.push_back(readTask(row)); });
+  return tasks;
 }
 
 std::size_t countTasks(Desk& desk, const TaskQuery& query) {
-  return count(desk, selectTasks(desk, "Count(*) AS CountOfRows", query) + ";");
-}
-
-std::string dueCondition(Desk& desk) {
-  return fmt::format(
-      "ClientNotification.NotificationDate <= #{}# AND ClientNotification.NotificationSent=False",
-      desk.database().formatDateForSQL(desk.today()));
-}
-
-std::size_t countDueNotifications(Desk& desk) {
-  return count(desk, "SELECT Count(*) AS CountOfRows FROM ClientNotification WHERE " +
-                         dueCondition(desk) + ";");
+  return countRows(desk.database(), tasksOf(desk, query));
 }
 
 }  // namespace autonotify::host

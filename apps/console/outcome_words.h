@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "Reply.h"
+#include "host/desk/Outcome.h"
+#include "host/desk/rows/Notification.h"
+
+namespace autonotify::console {
+
+/// "there is no task 12", "task 12: the database is locked"
+std::string wordsOf(const host::Refused& refused);
+
+/// What a use case did. Throws Refusal when it did nothing.
+template <class Done>
+Done doneOrRefuse(host::Outcome<Done> outcome) {
+  if (!outcome) throw Refusal(wordsOf(outcome.refused()));
+  return *std::move(outcome);
+}
+
+/// ", which is past: it is due at once" for a notification that is overdue; empty for others.
+std::string pastNote(host::Desk& desk, const host::Notification& row);
+
+/// The day for programs: null for the zero date.
+Json dayJson(DateTime moment);
+/// The channels of a bit set by name.
+Json channelList(int bits);
+
+}  // namespace autonotify::console

@@ -1,0 +1,204 @@
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QIcon>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScopeGuard>
+#include <QToolBar>
+
+#include "MainWindow.h"
+#include "OptionsDialog.h"
+#include "binding/FaultWatch.h"
+#include "host/desk/databases.h"
+#include "outcome_texts.h"
+#include "qt_text.h"
+
+namespace autonotify::desktop {
+
+std::span<const MainWindow::Command> MainWindow::commands() {
+  static const Command rows[] = {
+      {.name = "openDatabase",
+       .menu = QT_TR_NOOP("&File"),
+       .text = QT_TR_NOOP("&Open Database..."),
+       .keys = QKeySequence::Open,
+       .icon = "document-open",
+       .run = &MainWindow::chooseDatabase},
+      {.name = "openServer",
+       .menu = QT_TR_NOOP("&File"),
+       .text = QT_TR_NOOP("Open Ser&ver..."),
+       .icon = "network-server",
+       .run = &MainWindow::chooseServer},
+      {.name = "quit",
+       .menu = QT_TR_NOOP("&File"),
+       .text = QT_TR_NOOP("&Quit"),
+       .keys = QKeySequence::Quit,
+       .icon = "application-exit",
+       .beginsGroup = true,
+       .run = &MainWindow::quit},
+      {.name = "composeEmail",
+       .menu = QT_TR_NOOP("&Task"),
+       .text = QT_TR_NOOP("&Email Now..."),
+       .keys = Qt::CTRL | Qt::Key_E,
+       .icon = "mail-message-new",
+       .toolTip = QT_TR_NOOP("Write to the client of the chosen task now"),
+       .isOnBar = true,
+       .canRun = &MainWindow::hasTask,
+       .run = &MainWindow::composeEmail},
+      {.name = "scheduleEmail",
+       .menu = QT_TR_NOOP("&Task"),
+       .text = QT_TR_NOOP("&Schedule Email..."),
+       .keys = Qt::CTRL | Qt::Key_S,
+       .icon = "view-calendar-day",
+       .toolTip = QT_TR_NOOP("Have the client notified by email on the task's notification date"),
+       .isOnBar = true,
+       .canRun = &MainWindow::canSchedule,
+       .run = &MainWindow::scheduleEmail},
+      {.name = "editEmail",
+       .menu = QT_TR_NOOP("&Task"),
+       .text = QT_TR_NOOP("E&dit Email..."),
+       .keys = Qt::CTRL | Qt::Key_D,
+       .icon = "document-edit",
+       .toolTip = QT_TR_NOOP("Change the email that waits for its date"),
+       .isOnBar = true,
+       .canRun = &MainWindow::emailWaits,
+       .run = &MainWindow::editEmail},
+      {.name = "refresh",
+       .menu = QT_TR_NOOP("&View"),
+       .text = QT_TR_NOOP("&Refresh"),
+       .keys = QKeySequence::Refresh,
+       .icon = "view-refresh",
+       .isOnBar = true,
+       .canRun = &MainWindow::hasDesk,
+       .run = &MainWindow::refresh},
+      {.name = "findTask",
+       .menu = QT_TR_NOOP("&View"),
+       .text = QT_TR_NOOP("&Find Task"),
+       .keys = QKeySequence::Find,
+       .icon = "edit-find",
+       .run = &MainWindow::findTask},
+      {.name = "options",
+       .menu = QT_TR_NOOP("T&ools"),
+       .text = QT_TR_NOOP("&Options..."),
+       .icon = "configure",
+       .run = &MainWindow::changeOptions},
+      {.name = "about",
+       .menu = QT_TR_NOOP("&Help"),
+       .text = QT_TR_NOOP("&About"),
+       .icon = "help-about",
+       .run = &MainWindow::showAbout},
+  };
+  return rows;
+}
+
+void MainWindow::makeActions() {
+  for (const Command& command : commands()) {
+    auto* made = new QAction(QIcon::fromTheme(command.icon), tr(command.text), this);
+    made->setObjectName(command.name);
+    made->setShortcut(command.keys);
+    if (*command.toolTip) made->setToolTip(tr(command.toolTip));
+    connect(made, &QAction::triggered, this, [this, run = command.run] { perform(run); });
+    actions_.push_back(made);
+  }
+}
+
+void MainWindow::makeMenus() {
+  QToolBar* bar = addToolBar(tr("Commands"));
+  bar->setObjectName("commands");
+  bar->setMovable(false);
+  bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  QMenu* menu = nullptr;
+  std::string title;
+  for (const Command& command : commands()) {
+    if (title != command.menu) menu = menuBar()->addMenu(tr(command.menu));
+    title = command.menu;
+    if (command.beginsGroup) menu->addSeparator();
+    menu->addAction(action(command.name));
+    if (command.isOnBar) bar->addAction(action(command.name));
+  }
+}
+
+QAction* MainWindow::action(const char* name) const {
+  return findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
+}
+
+void MainWindow::updateCommands() {
+  for (std::size_t i = 0; i < actions_.size(); ++i) {
+    const auto canRun = commands()[i].canRun;
+    actions_[i]->setEnabled(!canRun || (this->*canRun)());
+  }
+}
+
+void MainWindow::perform(void (MainWindow::*run)()) {
+  if (isAtWork_) return;
+  isAtWork_ = true;
+  const auto done = qScopeGuard([this] { isAtWork_ = false; });
+  FaultWatch::guard([&] {
+    try {
+      (this->*run)();
+      // An open file can be written to on and on after someone has deleted it.
+      if (desk_ && host::isFile(options_.database) && !QFileInfo::exists(shown(options_.database)))
+        tellFault(tr("The database file is no longer in its place: nothing that you do is kept."));
+    } catch (const PlatformError& error) {
+      tellFault(faultOf(error.description()));
+    }
+  });
+}
+
+bool MainWindow::emailWaits() const {
+  const host::TaskLine* line = tasks_->chosen();
+  return line && (line->pendingChannels & nt_Email);
+}
+
+void MainWindow::chooseDatabase() {
+  const QString path = QFileDialog::getOpenFileName(
+      this, tr("Open Database"), shown(options_.database), tr("Databases (*.db);;All files (*)"));
+  if (!path.isEmpty()) openDatabase(path);
+}
+
+void MainWindow::chooseServer() {
+  bool isChosen = false;
+  const QString place =
+      QInputDialog::getText(this, tr("Open Server"),
+                            tr("The address of the database (its password comes from the password "
+                               "file ~/.pgpass):"),
+                            QLineEdit::Normal, "postgresql://user@server/firm", &isChosen);
+  if (isChosen && !place.trimmed().isEmpty()) openDatabase(place.trimmed());
+}
+
+/// Behind the command: the window stays while one runs.
+void MainWindow::quit() {
+  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+void MainWindow::compose(host::Outcome<host::Composed> (*useCase)(host::Desk& desk, Id task)) {
+  const host::TaskLine* line = tasks_->chosen();
+  if (!line) return;
+  const QString words = textOf(useCase(*desk_, line->task.id));
+  if (!words.isEmpty()) tellFault(words);
+  refresh();
+}
+
+void MainWindow::changeOptions() {
+  OptionsDialog dialog(desk_.get(), this);
+  if (dialog.exec() != QDialog::Accepted || !desk_) return;
+  // A new desk takes up what has changed.
+  openDatabase(shown(options_.database));
+}
+
+void MainWindow::refresh() {
+  if (desk_) tasks_->reload();
+  updateCounts();
+}
+
+void MainWindow::showAbout() {
+  QMessageBox::about(
+      this, tr("About Client Notifications"),
+      tr("<h3>Client Notifications %1</h3><p>The notices that an accounting firm owes "
+         "its clients: when, in which words, and sent.</p>")
+          .arg(QApplication::applicationVersion()));
+}
+
+}  // namespace autonotify::desktop

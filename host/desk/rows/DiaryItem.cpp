@@ -1,0 +1,125 @@
+#include "host/desk/rows/DiaryItem.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "host/clients/record_rows.h"
+#include "host/desk/rows/Task.h"
+#include "host/desk/rows/client_names.h"
+#include "platform/format.h"
+
+namespace autonotify::host {
+namespace {
+
+constexpr std::array<DiaryKind, 3> kinds{{
+    {"appointment", "appointment", Appointments, WorkItem::appointment, "Appointments",
+     "AppointmentID"},
+    {"time-entry", "time entry", Dockets, WorkItem::timeEntry, "Dockets", "DocketID"},
+    {"task", "task", Tasks, WorkItem::task, "Tasks", "TaskID"},
+}};
+
+std::string selectItems(const DiaryKind& kind, const std::string& condition) {
+  return fmt::format(
+      "SELECT {0}.{1}, {0}.CompanyIDNum, {0}.ContactIDNum, {0}.Subject, {0}.DateFrom, "
+      "{0}.TimeFrom, {0}.TimeTo, {0}.{2} FROM {0} WHERE {3}",
+      kind.table, kind.key, kind.kind == Tasks ? "ScheduleIDNum" : "notifyType", condition);
+}
+
+std::optional<DateTime> momentOf(const Row& row, const char* column) {
+  const Value value = row.value(column);
+  return value.isNull() ? std::nullopt : std::optional(toDateTime(value));
+}
+
+DiaryItem readItem(const DiaryKind& kind, const Row& row) {
+  DiaryItem item;
+  item.kind = kind.kind;
+  item.id = row.id(kind.key);
+  item.companyId = row.id("CompanyIDNum");
+  item.contactId = row.id("ContactIDNum");
+  item.subject = row.text("Subject");
+  item.day = momentOf(row, "DateFrom");
+  item.from = momentOf(row, "TimeFrom");
+  item.to = momentOf(row, "TimeTo");
+  if (kind.kind == Tasks) {
+    item.scheduleId = row.id("ScheduleIDNum");
+  } else {
+    item.channels = row.id("notifyType", 0);
+  }
+  return item;
+}
+
+/// A task's channels are those of its entry.
+void completeTask(Desk& desk, DiaryItem& item) {
+  if (item.kind != Tasks) return;
+  if (const auto task = findTask(desk, item.scheduleId)) item.channels = task->channels;
+}
+
+std::string conditionOf(Desk& desk, const DiaryKind& kind, const DiaryQuery& query) {
+  const auto day = [&](DateTime moment) { return desk.database().formatDateForSQL(moment); };
+  std::string condition = fmt::format("{}.DateFrom >= #{}#", kind.table, day(query.since));
+  // The last day counts to its end.
+  if (query.until)
+    condition += fmt::format(" AND {}.DateFrom < #{}#", kind.table, day(query.until->addDays(1)));
+  if (query.company)
+    condition += fmt::format(" AND {}.CompanyIDNum={}", kind.table, *query.company);
+  if (query.contact)
+    condition += fmt::format(" AND {}.ContactIDNum={}", kind.table, *query.contact);
+  return condition;
+}
+
+bool isAskedFor(const DiaryKind& kind, const DiaryQuery& query) {
+  return query.kind ? kind.kind == *query.kind : kind.kind != Tasks;
+}
+
+}  // namespace
+
+std::span<const DiaryKind> diaryKinds() {
+  return kinds;
+}
+
+const DiaryKind& diaryKind(CurrentDayTimerType kind) {
+  return *std::ranges::find_if(kinds, [&](const DiaryKind& row) { return row.kind == kind; });
+}
+
+std::vector<DiaryItem> readDiary(Desk& desk, const DiaryQuery& query) {
+  std::vector<DiaryItem> items;
+  for (const DiaryKind& kind : kinds) {
+    if (!isAskedFor(kind, query)) continue;
+    const std::string sql = selectItems(kind, conditionOf(desk, kind, query)) + ";";
+    forEachRow(desk.database(), sql, [&](const Row& row) { items.push_back(readItem(kind, row)); });
+  }
+  for (DiaryItem& item : items) completeTask(desk, item);
+  std::ranges::stable_sort(items, [](const DiaryItem& a, const DiaryItem& b) {
+    return std::tie(a.day, a.from, a.id) < std::tie(b.day, b.from, b.id);
+  });
+  return items;
+}
+
+std::optional<DiaryItem> findDiaryItem(Desk& desk, CurrentDayTimerType kind, Id id) {
+  std::optional<DiaryItem> found;
+  if (id < 0) return found;
+  const DiaryKind& row = diaryKind(kind);
+  firstRow(desk.database(), selectItems(row, fmt::format("{}.{}={};", row.table, row.key, id)),
+           [&](const Row& record) { found = readItem(row, record); });
+  if (found) completeTask(desk, *found);
+  return found;
+}
+
+std::string clientName(Desk& desk, const DiaryItem& item) {
+  return clientName(desk, item.companyId, item.contactId);
+}
+
+std::string subjectOf(const DiaryItem& item) {
+  return fmt::format("{} {}", diaryKind(item.kind).name, item.id);
+}
+
+std::string timeText(const DiaryItem& item) {
+  constexpr const char* pattern = "hh:nn";
+  std::string text = item.from ? formatDateTime(*item.from, pattern) : std::string();
+  if (item.to) text += "-" + formatDateTime(*item.to, pattern);
+  return text;
+}
+
+}  // namespace autonotify::host

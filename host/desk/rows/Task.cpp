@@ -1,0 +1,35 @@
+#include "host/desk/rows/Task.h"
+
+#include <fmt/format.h>
+
+#include "host/clients/record_rows.h"
+#include "host/desk/rows/client_names.h"
+
+namespace autonotify::host {
+
+const char* const taskColumns =
+    "Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, Schedule.scheduleName, "
+    "Schedule.DueDate, Schedule.notifyType, Schedule.Closed";
+
+Task readTask(const Row& row) {
+  return {row.id("ScheduleID"),     row.id("ClientNum"), row.id("ContactIDNum"),
+          row.text("scheduleName"), row.date("DueDate"), row.id("notifyType", 0),
+          row.flag("Closed")};
+}
+
+std::optional<Task> findTask(Desk& desk, Id id) {
+  std::optional<Task> found;
+  if (id < 0) return found;
+  firstRow(desk.database(),
+           fmt::format("SELECT {} FROM Schedule WHERE ScheduleID={};", taskColumns, id),
+           [&](const Row& row) { found = readTask(row); });
+  return found;
+}
+
+std::string clientName(Desk& desk, const Task& task) {
+  const Id company =
+      task.clientNum >= 0 ? desk.clients().getCompanyIDFromClientID(task.clientNum) : noId;
+  return clientName(desk, company, task.contactId);
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/desk/Outcome.h"
+
+namespace autonotify::host {
+
+/// How a person left the composer of an email, which the desk's FormHost shows.
+enum class Composed {
+  done,
+  cancelled,
+  /// To be scheduled, but an email of the task waits for its date already; no window was shown.
+  waitsAlready,
+  /// To be edited, but no email of the task waits any more; no window was shown.
+  noneWaits,
+  /// A program that knows nothing of claims has deleted the email meanwhile: what was written is
+  /// lost.
+  lost,
+};
+
+// While the person writes no other desk works on the task, or on the email that is edited.
+
+/// An email to the task's client that is sent at once.
+Outcome<Composed> composeEmail(Desk& desk, Id task);
+/// An email that waits for the task's notification date.
+Outcome<Composed> scheduleEmail(Desk& desk, Id task);
+/// The email of the task that waits.
+Outcome<Composed> editEmail(Desk& desk, Id task);
+
+}  // namespace autonotify::host

@@ -1,0 +1,128 @@
+#include "host/desk/work/send_notification.h"
+
+#include <memory>
+
+#include "host/desk/work/claiming.h"
+#include "host/mail/addresses.h"
+#include "platform/rich_text.h"
+
+namespace autonotify::host {
+namespace {
+
+/// One notification on its way.
+class Sending {
+ public:
+  Sending(Desk& desk, const Notification& row, const SendWish& wish)
+      : desk_(desk), row_(row), wish_(wish) {}
+
+  SendOutcome run() {
+    switch (stateOf(row_)) {
+      case NotificationState::sent:
+        return {SendResult::alreadySent};
+      case NotificationState::cancelled:
+        return {SendResult::alreadyCancelled};
+      case NotificationState::interruptedCancel:
+        return finishCancel();
+      case NotificationState::interruptedSending:
+        return finishSending();
+      case NotificationState::pending:
+        break;
+    }
+    return sendNow();
+  }
+
+ private:
+  SendOutcome sendNow() {
+    if (wish_.markOnly) return marked({SendResult::markedOnly});
+    if (row_.channel != nt_Email) return {SendResult::byHand};
+    return sendEmail();
+  }
+
+  SendOutcome sendEmail() {
+    if (recipients().empty()) return {SendResult::noAddress};
+    if (wish_.dryRun) return rehearse();
+    desk_.makeOutbox();
+    const auto sender = newSender();
+    sender->put_to(recipients());
+    sender->put_cc(row_.fields[Notification::emailCc]);
+    sender->put_bcc(row_.fields[Notification::emailBcc]);
+    sender->put_subject(row_.fields[Notification::emailSubject]);
+    sender->put_body(plainTextOf(row_.memo));
+    if (!sender->send()) return {SendResult::failed, sender->getLastError()};
+    if (sender->alreadyDelivered()) return marked({SendResult::foundInOutbox});
+    return marked({SendResult::sent, recipients()});
+  }
+
+  SendOutcome rehearse() {
+    if (newSender()->isDelivered()) return {SendResult::foundInOutbox};
+    try {
+      for (const int field : {Notification::emailTo, Notification::emailCc, Notification::emailBcc})
+        parseRecipients(row_.fields[field]);
+    } catch (const MailError& error) {
+      return {SendResult::failed, error.what()};
+    }
+    return {SendResult::sent, recipients()};
+  }
+
+  SendOutcome finishSending() {
+    if (wish_.markOnly || wish_.again) return sendNow();
+    if (row_.channel == nt_Email && newSender()->isDelivered())
+      return marked({SendResult::foundInOutbox});
+    return {SendResult::unknownWhetherSent};
+  }
+
+  SendOutcome finishCancel() {
+    if (wish_.dryRun) return {SendResult::cancelFinished};
+    std::string errors = desk_.errorsOf([&] { desk_.tools().cancelNotification(row_.id); });
+    if (!errors.empty()) return {SendResult::cancelFailed, std::move(errors)};
+    return {SendResult::cancelFinished};
+  }
+
+  SendOutcome marked(SendOutcome outcome) {
+    if (!wish_.dryRun) {
+      outcome.markFault = desk_.errorsOf([&] { desk_.tools().changeNotificationToSent(row_.id); });
+    }
+    return outcome;
+  }
+
+  const std::string& recipients() const { return row_.fields[Notification::emailTo]; }
+
+  std::unique_ptr<OutboxEmailSender> newSender() {
+    auto sender = desk_.newEmailSender();
+    sender->setIdentity(desk_.messageIdentity(row_.id));
+    if (wish_.again) sender->allowRepeat();
+    return sender;
+  }
+
+  Desk& desk_;
+  const Notification& row_;
+  const SendWish& wish_;
+};
+
+/// The row is read again once it is claimed.
+SendOutcome sendRow(Desk& desk, const Notification& known, const SendWish& wish) {
+  if (wish.dryRun) return Sending(desk, known, wish).run();
+  const auto claim = claimNotification(desk, known);
+  if (!claim) return {SendResult::atWorkElsewhere};
+  const auto row = findNotification(desk, known.id);
+  return row ? Sending(desk, *row, wish).run() : SendOutcome{SendResult::notThere};
+}
+
+}  // namespace
+
+SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish) {
+  std::optional<SendSubject> about;
+  SendOutcome outcome{SendResult::notThere};
+  try {
+    if (const auto row = findNotification(desk, id)) {
+      about = {row->channel, clientName(desk, *row), itemName(desk, *row)};
+      outcome = sendRow(desk, *row, wish);
+    }
+  } catch (const PlatformError& error) {
+    outcome = {SendResult::failed, firstLine(error.description())};
+  }
+  outcome.about = std::move(about);
+  return outcome;
+}
+
+}  // namespace autonotify::host

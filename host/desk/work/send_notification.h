@@ -1,0 +1,70 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/desk/rows/Notification.h"
+
+namespace autonotify::host {
+
+/// How a notification is to be sent.
+struct SendWish {
+  /// Changes nothing: tells what would happen.
+  bool dryRun = false;
+  /// Marks as sent what a person has sent; nothing goes out.
+  bool markOnly = false;
+  /// Sends also where it cannot be known whether it was sent.
+  bool again = false;
+};
+
+enum class SendResult {
+  // Sent, and marked so unless markFault says otherwise.
+  sent,
+  foundInOutbox,
+  markedOnly,
+
+  /// A person sends what goes out by this channel.
+  byHand,
+  alreadySent,
+  alreadyCancelled,
+  /// Its cancelling was interrupted, and is finished now.
+  cancelFinished,
+  cancelFailed,
+  /// Its marking was interrupted, and it is not in the outbox.
+  unknownWhetherSent,
+  noAddress,
+  /// The mail or the database refused it.
+  failed,
+  atWorkElsewhere,
+  notThere,
+};
+
+/// Whom and what a notification is about, by name.
+struct SendSubject {
+  int channel = 0;
+  std::string client;
+  std::string item;
+};
+
+/// What became of one notification.
+struct SendOutcome {
+  SendResult result = SendResult::failed;
+  /// Of `sent` the recipients; of a failure its reason.
+  std::string detail = {};
+  /// Why a notification that went out could not be marked sent; the next run makes it good.
+  std::string markFault = {};
+  /// Unset when it is not there.
+  std::optional<SendSubject> about = std::nullopt;
+
+  bool wentOut() const { return result <= SendResult::markedOnly; }
+};
+
+/// Sends the notification's email and marks it sent; failures are outcomes too.
+///
+/// A message has one name in the outbox for all time. A run that was killed between the outbox and
+/// the mark is made good by the next: the message is found there, nothing is sent again, and the
+/// row is marked. A row that is half marked although its message is not there was marked by another
+/// program: whether it was sent cannot be known, and a person settles it by markOnly or again.
+SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish);
+
+}  // namespace autonotify::host
