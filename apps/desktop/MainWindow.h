@@ -43,19 +43,18 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  /// One command: an action that bears its name, in a menu.
+  enum CommandPlace { inMenu, inMenuBelowLine, inMenuAndBar };
   struct Command {
+    /// The action's object name.
     const char* name;
     const char* menu;
     const char* text;
-    QKeySequence keys = {};
-    /// Of the desktop's theme.
-    const char* icon = "";
-    const char* toolTip = "";
-    /// A line stands above it in the menu.
-    bool beginsGroup = false;
-    bool isOnBar = false;
-    bool (MainWindow::*canRun)() const = nullptr;
+    QKeySequence keys;
+    /// A name in the desktop's icon theme.
+    const char* icon;
+    const char* toolTip;
+    CommandPlace place;
+    bool (MainWindow::*canRun)() const;
     void (MainWindow::*run)();
   };
   static std::span<const Command> commands();
@@ -66,6 +65,7 @@ class MainWindow : public QMainWindow {
   QWidget* makeEmptyPage(const QString& title, const QString& hint, const QList<QAction*>& actions);
 
   // When a command can be run.
+  bool always() const { return true; }
   bool hasDesk() const { return desk_ != nullptr; }
   bool hasTask() const { return tasks_->chosen() != nullptr; }
   bool canSchedule() const { return hasTask() && !emailWaits(); }

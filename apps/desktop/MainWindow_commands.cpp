@@ -19,76 +19,32 @@
 namespace autonotify::desktop {
 
 std::span<const MainWindow::Command> MainWindow::commands() {
+  using Self = MainWindow;
+  const QKeySequence noKeys;
   static const Command rows[] = {
-      {.name = "openDatabase",
-       .menu = QT_TR_NOOP("&File"),
-       .text = QT_TR_NOOP("&Open Database..."),
-       .keys = QKeySequence::Open,
-       .icon = "document-open",
-       .run = &MainWindow::chooseDatabase},
-      {.name = "openServer",
-       .menu = QT_TR_NOOP("&File"),
-       .text = QT_TR_NOOP("Open Ser&ver..."),
-       .icon = "network-server",
-       .run = &MainWindow::chooseServer},
-      {.name = "quit",
-       .menu = QT_TR_NOOP("&File"),
-       .text = QT_TR_NOOP("&Quit"),
-       .keys = QKeySequence::Quit,
-       .icon = "application-exit",
-       .beginsGroup = true,
-       .run = &MainWindow::quit},
-      {.name = "composeEmail",
-       .menu = QT_TR_NOOP("&Task"),
-       .text = QT_TR_NOOP("&Email Now..."),
-       .keys = Qt::CTRL | Qt::Key_E,
-       .icon = "mail-message-new",
-       .toolTip = QT_TR_NOOP("Write to the client of the chosen task now"),
-       .isOnBar = true,
-       .canRun = &MainWindow::hasTask,
-       .run = &MainWindow::composeEmail},
-      {.name = "scheduleEmail",
-       .menu = QT_TR_NOOP("&Task"),
-       .text = QT_TR_NOOP("&Schedule Email..."),
-       .keys = Qt::CTRL | Qt::Key_S,
-       .icon = "view-calendar-day",
-       .toolTip = QT_TR_NOOP("Have the client notified by email on the task's notification date"),
-       .isOnBar = true,
-       .canRun = &MainWindow::canSchedule,
-       .run = &MainWindow::scheduleEmail},
-      {.name = "editEmail",
-       .menu = QT_TR_NOOP("&Task"),
-       .text = QT_TR_NOOP("E&dit Email..."),
-       .keys = Qt::CTRL | Qt::Key_D,
-       .icon = "document-edit",
-       .toolTip = QT_TR_NOOP("Change the email that waits for its date"),
-       .isOnBar = true,
-       .canRun = &MainWindow::emailWaits,
-       .run = &MainWindow::editEmail},
-      {.name = "refresh",
-       .menu = QT_TR_NOOP("&View"),
-       .text = QT_TR_NOOP("&Refresh"),
-       .keys = QKeySequence::Refresh,
-       .icon = "view-refresh",
-       .isOnBar = true,
-       .canRun = &MainWindow::hasDesk,
-       .run = &MainWindow::refresh},
-      {.name = "findTask",
-       .menu = QT_TR_NOOP("&View"),
-       .text = QT_TR_NOOP("&Find Task"),
-       .keys = QKeySequence::Find,
-       .icon = "edit-find",
-       .run = &MainWindow::findTask},
-      {.name = "options",
-       .menu = QT_TR_NOOP("T&ools"),
-       .text = QT_TR_NOOP("&Options..."),
-       .icon = "configure",
-       .run = &MainWindow::changeOptions},
-      {.name = "about",
-       .menu = QT_TR_NOOP("&Help"),
-       .text = QT_TR_NOOP("&About"),
-       .icon = "help-about",
-       .run = &MainWindow::showAbout},
+      {"openDatabase", "&File", "&Open Database...", QKeySequence::Open, "document-open", "",
+       inMenu, &Self::always, &Self::chooseDatabase},
+      {"openServer", "&File", "Open Ser&ver...", noKeys, "network-server", "", inMenu,
+       &Self::always, &Self::chooseServer},
+      {"quit", "&File", "&Quit", QKeySequence::Quit, "application-exit", "", inMenuBelowLine,
+       &Self::always, &Self::quit},
+      {"composeEmail", "&Task", "&Email Now...", Qt::CTRL | Qt::Key_E, "mail-message-new",
+       "Write to the client of the chosen task now", inMenuAndBar, &Self::hasTask,
+       &Self::composeEmail},
+      {"scheduleEmail", "&Task", "&Schedule Email...", Qt::CTRL | Qt::Key_S, "view-calendar-day",
+       "Have the client notified by email on the task's notification date", inMenuAndBar,
+       &Self::canSchedule, &Self::scheduleEmail},
+      {"editEmail", "&Task", "E&dit Email...", Qt::CTRL | Qt::Key_D, "document-edit",
+       "Change the email that waits for its date", inMenuAndBar, &Self::emailWaits,
+       &Self::editEmail},
+      {"refresh", "&View", "&Refresh", QKeySequence::Refresh, "view-refresh", "", inMenuAndBar,
+       &Self::hasDesk, &Self::refresh},
+      {"findTask", "&View", "&Find Task", QKeySequence::Find, "edit-find", "", inMenu,
+       &Self::always, &Self::findTask},
+      {"options", "T&ools", "&Options...", noKeys, "configure", "", inMenu, &Self::always,
+       &Self::changeOptions},
+      {"about", "&Help", "&About", noKeys, "help-about", "", inMenu, &Self::always,
+       &Self::showAbout},
   };
   return rows;
 }
@@ -114,9 +70,9 @@ void MainWindow::makeMenus() {
   for (const Command& command : commands()) {
     if (title != command.menu) menu = menuBar()->addMenu(tr(command.menu));
     title = command.menu;
-    if (command.beginsGroup) menu->addSeparator();
+    if (command.place == inMenuBelowLine) menu->addSeparator();
     menu->addAction(action(command.name));
-    if (command.isOnBar) bar->addAction(action(command.name));
+    if (command.place == inMenuAndBar) bar->addAction(action(command.name));
   }
 }
 
@@ -126,8 +82,7 @@ QAction* MainWindow::action(const char* name) const {
 
 void MainWindow::updateCommands() {
   for (std::size_t i = 0; i < actions_.size(); ++i) {
-    const auto canRun = commands()[i].canRun;
-    actions_[i]->setEnabled(!canRun || (this->*canRun)());
+    actions_[i]->setEnabled((this->*commands()[i].canRun)());
   }
 }
 

@@ -1,20 +1,16 @@
 #include "demo_firm.h"
 
-#include "host/database/sqlite/SqliteDatabase.h"
-#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
+#include "host/desk/found_database.h"
 
 namespace autonotify::desktop {
 
 void makeDemoFirm(const std::string& path, int companies, int contacts, DateTime today) {
-  const auto database = host::createSqlite(path);
-  host::SqliteRowSink sink(database->connection());
   host::DemoOptions demo;
   demo.companies = companies;
   demo.contacts = contacts;
   demo.today = today;
-  host::makeDemoFirm(sink, demo);
-  sink.insert("DatabaseIdentity", {{"UniqueText", "test"}});
+  host::foundDatabase(path, [&](host::RowSink& sink) { host::makeDemoFirm(sink, demo); });
 }
 
 }  // namespace autonotify::desktop

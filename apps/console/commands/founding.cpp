@@ -3,31 +3,18 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
-#include <random>
 
 #include "commands/arguments.h"
-#include "host/database/postgres/PostgresDatabase.h"
-#include "host/database/postgres/PostgresRowSink.h"
-#include "host/database/sqlite/SqliteDatabase.h"
-#include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
-#include "host/desk/databases.h"
+#include "host/desk/found_database.h"
 #include "host/desk/places.h"
 #include "host/services/clocks.h"
 
 namespace autonotify::console {
 namespace {
 
-namespace fs = std::filesystem;
-
 /// Shares of business and personal clients in the demo firm.
 constexpr int companiesOfTen = 4;
-
-std::string newIdentity() {
-  std::random_device device;
-  return fmt::format("{:08x}{:08x}{:08x}{:08x}", device(), device(), device(), device());
-}
 
 host::DemoOptions demoOptions(const Arguments& arguments, const host::Place& place,
                               DateTime today) {
@@ -48,49 +35,6 @@ host::Place placeOf(const Arguments& arguments) {
   if (!arguments.province.empty()) place.province = *host::findProvince(arguments.province);
   return place;
 }
-
-void fill(host::RowSink&& sink, const GlobalOptions& options, const Arguments& arguments) {
-  const host::Place place = placeOf(arguments);
-  if (arguments.demo) {
-    host::SystemClock clock;
-    const DateTime today = options.today ? *options.today : clock.today();
-    host::makeDemoFirm(sink, demoOptions(arguments, place, today));
-  } else {
-    host::seedEssentials(sink,
-                         {arguments.firmName, arguments.userName, place.country, place.province});
-  }
-  sink.insert("DatabaseIdentity", {{"UniqueText", newIdentity()}});
-}
-
-/// A file beside the wanted one, until everything is in it.
-class Draft {
- public:
-  explicit Draft(const fs::path& target)
-      : target_(target), path_(fmt::format("{}.{}.new", target.string(), newIdentity())) {}
-  ~Draft() { remove(); }
-  Draft(const Draft&) = delete;
-  Draft& operator=(const Draft&) = delete;
-
-  const fs::path& path() const { return path_; }
-  /// Gives the file its name, which must still be free.
-  void finish() const {
-    std::error_code error;
-    fs::create_hard_link(path_, target_, error);
-    if (error) {
-      throw Refusal(fmt::format("cannot make {}: {}", target_.string(), error.message()),
-                    exitDatabase);
-    }
-  }
-
- private:
-  void remove() const {
-    std::error_code ignored;
-    for (const char* ending : {"", "-wal", "-shm"}) fs::remove(path_.string() + ending, ignored);
-  }
-
-  fs::path target_;
-  fs::path path_;
-};
 
 /// A country or province by its name.
 template <class Find>
@@ -113,22 +57,16 @@ CLI::Option* addCount(CLI::App& command, const std::string& name, const char* he
                    });
 }
 
-void makeFile(const fs::path& target, const GlobalOptions& options, const Arguments& arguments) {
-  if (fs::exists(fs::symlink_status(target))) {
-    throw Refusal(fmt::format("{} exists already and stays as it is", target.string()));
+void fill(host::RowSink& sink, const GlobalOptions& options, const Arguments& arguments) {
+  const host::Place place = placeOf(arguments);
+  if (arguments.demo) {
+    host::SystemClock clock;
+    const DateTime today = options.today ? *options.today : clock.today();
+    host::makeDemoFirm(sink, demoOptions(arguments, place, today));
+  } else {
+    host::seedEssentials(sink,
+                         {arguments.firmName, arguments.userName, place.country, place.province});
   }
-  const Draft draft(target);
-  const auto database = host::createSqlite(draft.path());
-  fill(host::SqliteRowSink(database->connection()), options, arguments);
-  database->emptyLog();
-  database->close();
-  draft.finish();
-}
-
-void makeOnServer(const GlobalOptions& options, const Arguments& arguments) {
-  const auto database = host::createPostgres(options.database);
-  fill(host::PostgresRowSink(database->connection()), options, arguments);
-  host::finishPostgres(*database);
 }
 
 }  // namespace
@@ -156,10 +94,8 @@ Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
                       ": firms have one in Canada alone (see: hvnotify init --help)",
                   exitUsage);
   try {
-    if (host::isFile(options.database))
-      makeFile(options.database, options, arguments);
-    else
-      makeOnServer(options, arguments);
+    host::foundDatabase(options.database,
+                        [&](host::RowSink& sink) { fill(sink, options, arguments); });
   } catch (const host::DatabaseError& error) {
     throw databaseRefusal(options.database, error);
   }
