@@ -69,17 +69,31 @@ class ConsoleTest(unittest.TestCase):
     def run_program(self, *arguments, **options):
         return call(self.folder, *arguments, **{"database": self.database, **options})
 
-    def expect(self, arguments, out="", err="", code=0, **options):
+    def expect(self, line, out="", err="", code=0, **options):
         """Compares everything that the call gives; an error line comes without its prefix."""
-        run = self.run_program(*arguments, **options)
-        wanted = "".join(f"hvnotify: {line}\n" for line in ([err] if isinstance(err, str) and err
-                                                            else err))
+        run = self.run_program(*line.split(), **options)
+        wanted = f"hvnotify: {err}\n" if err else ""
         self.assertEqual((out, wanted, code), (run.out, run.err, run.code))
+
+    def refuses(self, line, words, code=1, **options):
+        with self.subTest(line):
+            self.expect(line, err=words, code=code, **options)
+
+    def done(self, line, **options):
+        """What a call has to say that goes well: the data of one with --json, else the text."""
+        run = self.run_program(*line.split(), **options)
+        self.assertEqual((0, ""), (run.code, run.err), line)
+        return run.json() if "--json" in line else run.out
 
     def sql(self, statement, *values):
         """Rows of the database, or a change of it behind the program's back."""
         with ENGINE.connection(self.folder, self.database) as execute:
             return execute(statement, values)
+
+    def write(self, notification, **columns):
+        places = ", ".join(f"{name}=?" for name in columns)
+        self.sql(f"UPDATE ClientNotification SET {places} WHERE ClientNotificationID=?",
+                 *columns.values(), notification)
 
     def writes_held(self):
         """While it lasts, another program is at work on the database: it can be read only."""
@@ -96,7 +110,7 @@ class ConsoleTest(unittest.TestCase):
     def arm(self, channels="email"):
         """A free task armed: its number and its notifications'."""
         task = self.free_task()
-        rows = self.run_program("--json", "arm", task, "--channel", channels).json()
+        rows = self.done(f"--json arm {task} --channel {channels}")
         return task, [row["notification"] for row in rows]
 
     def due_email(self):

@@ -16,59 +16,52 @@ class ArmTest(ConsoleTest):
     def test_all_channels_at_once(self):
         task = self.free_task()
         first = self.one("SELECT max(ClientNotificationID)+1 FROM ClientNotification")
-        run = self.run_program("arm", task, "--channel", "Email,fax", "--channel", "letter",
-                               "phone", "fax")
-        self.assertEqual((0, ""), (run.code, run.err))
+        out = self.done(f"arm {task} --channel Email,fax --channel letter phone fax")
         rows = self.rows_of(task)
         self.assertEqual([1, 2, 4, 8], [channel for channel, _ in rows])
         self.assertEqual(1, len({day for _, day in rows}), "all on one day")
         self.assertEqual(15, self.bits_of(task))
-        for number, line in enumerate(run.out.splitlines()):
-            self.assertTrue(line.startswith(
-                f"{CHANNELS[number]:<7} armed: notification {first + number}, to be sent "
-                f"{rows[0][1]}"), line)
+        for number, line in enumerate(out.splitlines()):
+            self.assertRegex(line, f"^{CHANNELS[number]:<7} armed: notification {first + number}, "
+                             f"to be sent {rows[0][1]}")
 
     def test_again_changes_nothing_and_half_done_is_made_good(self):
         task, (notification,) = self.arm("letter")
         (row,) = self.rows_of(task)
         for bits, words in [(4, "already armed"), (0, "armed")]:
             self.sql("UPDATE Schedule SET notifyType=? WHERE ScheduleID=?", bits, task)
-            self.expect(["arm", task, "--channel", "letter"],
+            self.expect(f"arm {task} --channel letter",
                         f"letter  {words}: notification {notification}, to be sent {row[1]}\n")
             self.assertEqual(([row], 4), (self.rows_of(task), self.bits_of(task)))
 
     def test_a_past_date_is_told(self):
-        task, day = self.free_task(), "2026-04-20"
-        self.sql("UPDATE Schedule SET DueDate=? WHERE ScheduleID=?", day, task)
-        run = self.run_program("--json", "arm", task, "--channel", "letter", today="2026-04-18")
-        (armed,) = run.json()
+        task = self.free_task()
+        self.sql("UPDATE Schedule SET DueDate='2026-04-20' WHERE ScheduleID=?", task)
+        (armed,) = self.done(f"--json arm {task} --channel letter", today="2026-04-18")
         self.assertTrue(armed["past"])
-        self.expect(["arm", task, "--channel", "letter"], today="2026-04-18",
+        self.expect(f"arm {task} --channel letter", today="2026-04-18",
                     out=f"letter  already armed: notification {armed['notification']}, to be sent "
                         f"{armed['date']}, which is past: it is due at once\n")
 
     def test_a_missing_address_is_told(self):
         task, (notification,) = self.arm("fax")
         for number, words in [("4165550100", ""), ("", "; it lacks a fax number")]:
-            self.sql("UPDATE ClientNotification SET Field4=? WHERE ClientNotificationID=?",
-                     number, notification)
-            out = self.run_program("arm", task, "--channel", "fax").out
-            self.assertRegex(out, rf"to be sent [-0-9]+{words}\n$")
+            self.write(notification, Field4=number)
+            self.assertRegex(self.done(f"arm {task} --channel fax"),
+                             rf"to be sent [-0-9]+{words}\n$")
 
     def test_disarm(self):
         task, (email, fax) = self.arm("email,fax")
         day = self.rows_of(task)[0][1]
-        self.expect(["disarm", task, "--channel", "fax"], "fax     disarmed\n")
-        self.expect(["disarm", task, "--channel", "fax"], err=f"task {task}, fax: not armed", code=1)
+        self.expect(f"disarm {task} --channel fax", "fax     disarmed\n")
+        self.refuses(f"disarm {task} --channel fax", f"task {task}, fax: not armed")
         self.assertEqual(([(1, day)], 1), (self.rows_of(task), self.bits_of(task)))
-        self.run_program("send", email, "--mark-only")
-        refusal = f"task {task}, email: notification {email} was sent"
-        self.expect(["arm", task, "--channel", "email"], code=1,
-                    err=f"task {task}, email: notification {email} of this channel was sent; "
-                        "disarm it first")
-        self.expect(["disarm", task, "--channel", "email"], code=1,
-                    err=f"{refusal}; --force deletes its record")
-        self.expect(["disarm", task, "--channel", "email", "--force"], "email   disarmed\n")
+        self.done(f"send {email} --mark-only")
+        self.refuses(f"arm {task} --channel email", f"task {task}, email: notification {email} of "
+                     "this channel was sent; disarm it first")
+        self.refuses(f"disarm {task} --channel email", f"task {task}, email: notification {email} "
+                     "was sent; --force deletes its record")
+        self.expect(f"disarm {task} --channel email --force", "email   disarmed\n")
         self.assertEqual(([], 0), (self.rows_of(task), self.bits_of(task)))
 
     def test_one_refused_channel_does_not_hold_up_the_others(self):
@@ -85,42 +78,41 @@ class ChangeTest(ConsoleTest):
         _, (fax,) = self.arm("fax")
         for day, note in [("2026-06-06", "; the firm is closed that day"), ("2026-04-15", ""),
                           ("2026-04-14", ", which is past: it is due at once")]:
-            self.expect(["move", fax, day], f"notification {fax} by fax: pending, date {day}{note}\n")
-        self.expect(["--json", "move", fax, "2026-05-01"],
+            self.expect(f"move {fax} {day}", f"notification {fax} by fax: pending, date {day}{note}\n")
+        self.expect(f"--json move {fax} 2026-05-01",
                     f'{{\n  "notification": {fax},\n  "channel": "fax",\n  "state": "pending",\n'
                     '  "date": "2026-05-01"\n}\n')
 
     def test_refresh_follows_the_due_date(self):
         task, ids = self.arm("fax,phone")
-        self.run_program("move", ids[0], "2026-04-16")
-        run = self.run_program("--json", "refresh", task)
-        explained = self.run_program("--json", "explain", task).json()
-        self.assertEqual([explained["date"]] * 2, [row["date"] for row in run.json()])
+        self.done(f"move {ids[0]} 2026-04-16")
+        days = [row["date"] for row in self.done(f"--json refresh {task}")]
+        self.assertEqual([self.done(f"--json explain {task}")["date"]] * 2, days)
         free = self.free_task()
-        self.expect(["refresh", free], err=f"task {free} has no notifications", code=1)
+        self.refuses(f"refresh {free}", f"task {free} has no notifications")
 
     def test_done_rows_stay(self):
         _, (fax, phone, letter) = self.arm("fax,phone,letter")
-        self.run_program("send", fax, "--mark-only")
-        self.expect(["cancel", phone], f"notification {phone} by phone: cancelled, date "
-                    f"{self.one('SELECT date(max(NotificationDate)) FROM ClientNotification WHERE ClientNotificationID=?', phone)}\n")
-        for row, change, words in [
-                (fax, ["cancel"], "was sent and cannot be cancelled"),
-                (phone, ["cancel"], "is cancelled already"),
-                (fax, ["move", "2026-05-01"], "was sent and cannot be moved"),
-                (phone, ["move", "2026-05-01"], "is cancelled and cannot be moved")]:
-            self.expect([change[0], row, *change[1:]], err=f"notification {row} {words}", code=1)
+        self.done(f"send {fax} --mark-only")
+        self.done(f"move {phone} 2026-05-04")
+        self.expect(f"cancel {phone}",
+                    f"notification {phone} by phone: cancelled, date 2026-05-04\n")
+        for line, words in [
+                (f"cancel {fax}", f"notification {fax} was sent and cannot be cancelled"),
+                (f"cancel {phone}", f"notification {phone} is cancelled already"),
+                (f"move {fax} 2026-05-01", f"notification {fax} was sent and cannot be moved"),
+                (f"move {phone} 2026-05-01",
+                 f"notification {phone} is cancelled and cannot be moved")]:
+            self.refuses(line, words)
         self.assertEqual([(1, 2), (1, 3), (0, 1)],
                          [self.state(row) for row in (fax, phone, letter)])
 
     def test_interrupted_cancel_may_be_finished_but_not_moved(self):
         _, (fax,) = self.arm("fax")
-        self.sql("UPDATE ClientNotification SET NotificationSentStatus=3 WHERE "
-                 "ClientNotificationID=?", fax)
-        self.expect(["move", fax, "2026-05-01"], code=1,
-                    err=f"notification {fax} was interrupted while being cancelled and cannot be "
-                        "moved")
-        self.assertEqual(0, self.run_program("cancel", fax).code)
+        self.write(fax, NotificationSentStatus=3)
+        self.refuses(f"move {fax} 2026-05-01", f"notification {fax} was interrupted while being "
+                     "cancelled and cannot be moved")
+        self.done(f"cancel {fax}")
         self.assertEqual((1, 3), self.state(fax))
 
 
@@ -130,34 +122,33 @@ class ListTest(ConsoleTest):
                           "ClientNotification WHERE NotificationSent=FALSE AND NotificationDate<="
                           "'2026-04-15' ORDER BY NotificationDate, ClientNotificationID")
         self.assertTrue(wanted)
-        rows = self.run_program("--json", "due").json()
+        rows = self.done("--json due")
         self.assertEqual(wanted, [(row["notification"], row["date"]) for row in rows])
-        self.expect(["due"], "Nothing is due.\n", today="2001-01-01")
-        self.expect(["--json", "due"], "[]\n", today="2001-01-01")
+        self.expect("due", "Nothing is due.\n", today="2001-01-01")
+        self.expect("--json due", "[]\n", today="2001-01-01")
 
     def test_due_as_a_table(self):
         keep = self.due_email()
         self.sql("DELETE FROM ClientNotification WHERE NotificationSent=FALSE AND "
                  "ClientNotificationID<>?", keep)
         company = "A very long name of a company that goes on beyond forty characters Inc."
-        self.sql("UPDATE ClientNotification SET ScheduleIDNum=-1, ApptIDNum=-1, TaskIDNum=-1, "
-                 "DocketIDNum=-1, NotificationDate='2026-04-01'")
         self.sql("UPDATE Companies SET CompanyName=?", company)
-        self.sql("UPDATE ClientNotification SET ContactIDNum=-1, CompanyIDNum=(SELECT "
-                 "min(CompanyID) FROM Companies) WHERE ClientNotificationID=?", keep)
-        self.expect(["due"], "NOTIFICATION  DATE        CHANNEL  CLIENT  TASK\n"
-                             f"{keep:<12}  2026-04-01  email    {company}  \n")
+        self.write(keep, ScheduleIDNum=-1, ApptIDNum=-1, TaskIDNum=-1, DocketIDNum=-1,
+                   ContactIDNum=-1, CompanyIDNum=self.one("SELECT min(CompanyID) FROM Companies"),
+                   NotificationDate="2026-04-01")
+        self.expect("due", "NOTIFICATION  DATE        CHANNEL  CLIENT  TASK\n"
+                           f"{keep:<12}  2026-04-01  email    {company}  \n")
 
     def test_tasks(self):
         wanted = self.sql("SELECT ScheduleID, notifyType FROM Schedule WHERE Closed=FALSE AND "
                           "DueDate<='2026-05-31' ORDER BY DueDate, ScheduleID")
-        rows = self.run_program("--json", "tasks", "--until", "2026-05-31").json()
+        rows = self.done("--json tasks --until 2026-05-31")
         names = dict(zip(CHANNELS, (1, 2, 4, 8)))
         self.assertEqual(wanted, [(row["task"], sum(names[name] for name in row["channels"]))
                                   for row in rows])
-        client = rows[0]["clientId"] if rows[0]["clientId"] >= 0 else None
-        option = ["--client", client] if client else ["--contact", rows[0]["contactId"]]
-        own = self.run_program("--json", "tasks", *option).json()
+        client, contact = rows[0]["clientId"], rows[0]["contactId"]
+        own = self.done("--json tasks " + (f"--client {client}" if client >= 0 else
+                                           f"--contact {contact}"))
         self.assertIn(rows[0], own)
         self.assertEqual({rows[0]["client"]}, {row["client"] for row in own})
 
@@ -167,22 +158,21 @@ class ListTest(ConsoleTest):
                   ["To", "From", "Sender's fax", "Receiver's fax", "Pages", "Subject"], None,
                   ["To", "Phone number", "Times to call"]]
         for notification, channel, names in zip(ids, CHANNELS, fields):
-            shown = self.run_program("--json", "show", notification).json()
+            shown = self.done(f"--json show {notification}")
             self.assertEqual((channel, "pending", task),
                              (shown["channel"], shown["state"], shown["task"]))
             self.assertEqual(names, list(shown["fields"]) if names else shown.get("fields"))
 
     def test_show_as_text(self):
         _, (phone,) = self.arm("phone")
-        self.sql("UPDATE ClientNotification SET Field1='Jo', Field2='555-0100', Field3=NULL, "
-                 "Memo=?, NotificationDate='2026-06-01' WHERE ClientNotificationID=?",
-                 "{\\rtf1\\ansi Call \\b now\\b0\\par\r\n}", phone)
-        shown = self.run_program("--json", "show", phone).json()
+        self.write(phone, Field1="Jo", Field2="555-0100", Field3=None,
+                   Memo="{\\rtf1\\ansi Call \\b now\\b0\\par\r\n}", NotificationDate="2026-06-01")
+        shown = self.done(f"--json show {phone}")
         head = (f"Notification {phone} by phone, pending\nClient:         {shown['client']}\n"
                 f"Task:           {shown['name']}\nDate:           2026-06-01\n"
                 "To:             Jo\nPhone number:   555-0100\nTimes to call:\n\n")
-        self.expect(["show", phone], head + "Call now\n")
-        self.expect(["show", phone, "--rtf"], head + "{\\rtf1\\ansi Call \\b now\\b0\\par\n}\n")
+        self.expect(f"show {phone}", head + "Call now\n")
+        self.expect(f"show {phone} --rtf", head + "{\\rtf1\\ansi Call \\b now\\b0\\par\n}\n")
 
 
 class ExplainTest(ConsoleTest):
@@ -190,7 +180,7 @@ class ExplainTest(ConsoleTest):
         task = self.free_task()
         self.sql("UPDATE Schedule SET totalNum=?, scheduleNum=?, DueDate=?, scheduleName='T', "
                  "notifyType=0 WHERE ScheduleID=?", *kind, due, task)
-        return task, self.run_program("--json", "explain", task).json()
+        return task, self.done(f"--json explain {task}")
 
     def test_each_day_is_judged(self):
         for due in ("2026-10-15", "2026-07-06", "2027-01-06", "2026-09-12"):
@@ -207,7 +197,7 @@ class ExplainTest(ConsoleTest):
     def test_whole_text(self):
         task, why = self.explain("2026-10-15")
         self.assertEqual([103, 1], [why["totalNum"], why["scheduleNum"]])
-        out = self.run_program("explain", task).out
+        out = self.done(f"explain {task}")
         self.assertEqual(
             "Due:    Thu 2026-10-15\n"
             "Period: 5 business days before the due date, by the kind of task "
@@ -225,13 +215,11 @@ class ExplainTest(ConsoleTest):
 
     def test_agrees_with_arming_and_knows_the_sibling(self):
         task, _ = self.explain("2026-10-15")
-        self.assertEqual("2026-10-07",
-                         self.run_program("--json", "arm", task, "--channel", "fax").json()[0]["date"])
-        fax = self.one("SELECT ClientNotificationID FROM ClientNotification WHERE ScheduleIDNum=?",
-                       task)
-        self.run_program("move", fax, "2026-10-10")  # a Saturday
-        why = self.run_program("--json", "explain", task).json()
+        (fax,) = self.done(f"--json arm {task} --channel fax")
+        self.assertEqual("2026-10-07", fax["date"])
+        self.done(f"move {fax['notification']} 2026-10-10")  # a Saturday
+        why = self.done(f"--json explain {task}")
         self.assertEqual(("fax", "2026-10-07", "2026-10-09"),
                          (why["sibling"], why["calculated"], why["date"]))
-        armed = self.run_program("--json", "arm", task, "--channel", "letter").json()
-        self.assertEqual("2026-10-09", armed[0]["date"])
+        (letter,) = self.done(f"--json arm {task} --channel letter")
+        self.assertEqual("2026-10-09", letter["date"])

@@ -20,8 +20,7 @@ class Templates(ConsoleTest):
         self.sql("UPDATE ScheduleTypes SET NotificationComment=? WHERE ScheduleTypeID=?",
                  "{\\rtf1\\ansi A wholly new reminder for \\'abCompany Name\\'bb of its duty.}", kind)
         before = self.memos()
-        run = self.run_program("--json", "propagate", kind)
-        self.assertEqual((run.code, run.err), (0, ""))
+        told = self.done(f"--json propagate {kind}")
         after = self.memos()
         changed = {row for row in before if before[row] != after[row]}
         covered = {row for (row,) in self.sql(
@@ -30,22 +29,21 @@ class Templates(ConsoleTest):
             "scheduleNum=?", total, number)}
         self.assertEqual(changed, covered)
         self.assertGreater(len(covered), 0)
-        self.assertEqual(run.json()["composed"], len(covered))
+        self.assertEqual(told["composed"], len(covered))
         for row in covered:
             self.assertIn("A wholly new reminder for ", after[row])
             self.assertNotIn("Company Name", after[row])
 
     def test_kinds_are_listed_and_checked(self):
-        kinds = self.run_program("--json", "propagate").json()
+        kinds = self.done("--json propagate")
         self.assertEqual(len(kinds), self.one("SELECT COUNT(*) FROM ScheduleTypes"))
-        self.expect(["propagate", "99999"], code=1, err="there is no schedule type 99999 (see the "
-                                                        "list: hvnotify propagate)")
-        self.expect(["propagate", "-1"], code=1, err="there is no schedule type -1 (see the list: "
-                                                     "hvnotify propagate)")
+        for kind in (99999, -1):
+            self.refuses(f"propagate {kind}",
+                         f"there is no schedule type {kind} (see the list: hvnotify propagate)")
 
     def test_fields_depend_on_the_use(self):
         fields = {use: {row["field"]: row for row in
-                        self.run_program("--json", "fields", "--type", use).json()}
+                        self.done(f"--json fields --type {use}")}
                   for use in ("task", "appointment", "time-entry", "client")}
         self.assertEqual(fields["task"]["«Task Name»"]["type"], "text")
         self.assertEqual(fields["task"]["«(Task Due Date, mmmm d yyyy)»"]["type"], "date")
@@ -56,5 +54,5 @@ class Templates(ConsoleTest):
         template = self.folder / "all.rtf"
         template.write_text("{\\rtf1 " + " ".join(
             field.replace("«", "\\'ab").replace("»", "\\'bb") for field in fields["task"]) + "}")
-        self.assertEqual(self.run_program("check", template).code, 0)
-        self.assertEqual(self.run_program("fields").out, self.run_program("fields", "--type", "TASK").out)
+        self.done("check all.rtf")
+        self.assertEqual(self.done("fields"), self.done("fields --type TASK"))

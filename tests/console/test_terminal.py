@@ -28,7 +28,7 @@ class TerminalTest(ConsoleTest):
         return seen.decode().replace("\r\n", "\n"), process.wait(timeout=60)
 
     def test_tables_fit_the_screen(self):
-        whole = self.run_program("tasks").out.splitlines()
+        whole = self.done("tasks").splitlines()
         for columns in (200, 80, 50):
             shown, code = self.at_terminal("tasks", columns=columns)
             lines = shown.splitlines()
@@ -40,9 +40,8 @@ class TerminalTest(ConsoleTest):
 
     def test_stored_text_cannot_drive_the_terminal(self):
         _, (letter,) = self.arm("letter")
-        self.sql("UPDATE ClientNotification SET Memo=? WHERE ClientNotificationID=?",
-                 "{\\rtf1 \x1b]0;title\x07}", letter)
-        self.assertIn("\x1b", self.run_program("show", "--rtf", letter).out)  # as it is stored
+        self.write(letter, Memo="{\\rtf1 \x1b]0;title\x07}")
+        self.assertIn("\x1b", self.done(f"show --rtf {letter}"))  # as it is stored
         self.assertNotIn("\x1b", self.at_terminal("show", "--rtf", letter)[0])
 
     def test_errors_are_asked_about_unless_in_batch(self):

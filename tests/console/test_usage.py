@@ -2,87 +2,82 @@
 
 from console import ConsoleTest
 
-COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, merge, check, explain, send, cancel, "
-            "move, refresh, address, recipients, contact-default, propagate, fields")
+COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, "
+            "merge, check, explain, send, cancel, move, refresh, address, recipients, "
+            "contact-default, propagate, fields")
+NAMES = COMMANDS.split(", ")
+NO_DATE = "is no date; write it as 2026-04-30"
 
-# Arguments and the line that answers them.
-WRONG = [
-    ("", f"name a command: {COMMANDS} (see: hvnotify --help)"),
-    ("foo", f'there is no command "foo"; commands: {COMMANDS} (see: hvnotify --help)'),
-    ("--nope due", 'there is no option "--nope" (see: hvnotify due --help)'),
-    ("due --nope", 'there is no option "--nope" (see: hvnotify due --help)'),
-    ("due extra", '"extra" is one argument too many (see: hvnotify due --help)'),
-    ("due --today", "--today: a value is missing (see: hvnotify --help)"),
-    ("due --today 2026-02-30",
-     '--today: "2026-02-30" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
-    ("due --today tomorrow",
-     '--today: "tomorrow" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
-    ("due --today 10:30",
-     '--today: "10:30" is no date; write it as 2026-04-30 (see: hvnotify --help)'),
-    ("due --user x", '--user: "x" is no number (see: hvnotify --help)'),
-    ("tasks --until 30", '--until: "30" is no date; write it as 2026-04-30 (see: hvnotify tasks '
-     '--help)'),
-    ("tasks --client 1.5", '--client: "1.5" is no number (see: hvnotify tasks --help)'),
-    ("arm", "TASK is required (see: hvnotify arm --help)"),
-    ("arm 5", "--channel is required (see: hvnotify arm --help)"),
-    ("arm 5 --channel pigeon",
-     '--channel: "pigeon" is not email, fax, letter or phone (see: hvnotify arm --help)'),
-    ("arm 5 --channel email,1",
-     '--channel: "1" is not email, fax, letter or phone (see: hvnotify arm --help)'),
-    ("show abc", 'NOTIFICATION: "abc" is no number (see: hvnotify show --help)'),
-    ("show 12x", 'NOTIFICATION: "12x" is no number (see: hvnotify show --help)'),
-    ("show 2147483648", "NOTIFICATION: 2147483648 is out of range (see: hvnotify show --help)"),
-    ("show -2147483649", "NOTIFICATION: -2147483649 is out of range (see: hvnotify show --help)"),
-    ("explain 99999999999999999999",
-     "TASK: 99999999999999999999 is out of range (see: hvnotify explain --help)"),
-    ("move 1", "DATE is required (see: hvnotify move --help)"),
-    ("move 1 2026-13-01",
-     'DATE: "2026-13-01" is no date; write it as 2026-04-30 (see: hvnotify move --help)'),
-    ("send", "name notifications, or give --due (see: hvnotify send --help)"),
-    ("send 5 x", 'NOTIFICATION: "x" is no number (see: hvnotify send --help)'),
-    ("send 5 --due", "NOTIFICATION does not go with --due (see: hvnotify send --help)"),
-    ("init --clients 5", "--clients requires --demo (see: hvnotify init --help)"),
-    ("init --demo --clients 0", "--clients: 0 is not from 1 to 100000 (see: hvnotify init --help)"),
-    ("init --demo --seed -1", '--seed: "-1" is no number (see: hvnotify init --help)'),
-    ("init --province ZZ",
-     '--province: "ZZ" is no Canadian province, such as ON or QC (see: hvnotify init --help)'),
-    ("init --demo --country us --province ON", "--province does not go with --country us: firms "
-     "have one in Canada alone (see: hvnotify init --help)"),
-    ("init --country fr", '--country: "fr" is no country: ca or us (see: hvnotify init --help)'),
-]
+# What is typed -> the answer; behind it stands the help of the program, or of the command.
+OF_THE_PROGRAM = f"""
+ -> name a command: {COMMANDS}
+foo -> there is no command "foo"; commands: {COMMANDS}
+due --today -> --today: a value is missing
+due --today 2026-02-30 -> --today: "2026-02-30" {NO_DATE}
+due --today tomorrow -> --today: "tomorrow" {NO_DATE}
+due --today 10:30 -> --today: "10:30" {NO_DATE}
+due --user x -> --user: "x" is no number
+"""
+OF_THE_COMMAND = f"""
+--nope due -> there is no option "--nope"
+due --nope -> there is no option "--nope"
+due extra -> "extra" is one argument too many
+tasks --until 30 -> --until: "30" {NO_DATE}
+tasks --client 1.5 -> --client: "1.5" is no number
+arm -> TASK is required
+arm 5 -> --channel is required
+arm 5 --channel pigeon -> --channel: "pigeon" is not email, fax, letter or phone
+arm 5 --channel email,1 -> --channel: "1" is not email, fax, letter or phone
+show abc -> NOTIFICATION: "abc" is no number
+show 12x -> NOTIFICATION: "12x" is no number
+show 2147483648 -> NOTIFICATION: 2147483648 is out of range
+show -2147483649 -> NOTIFICATION: -2147483649 is out of range
+explain 99999999999999999999 -> TASK: 99999999999999999999 is out of range
+move 1 -> DATE is required
+move 1 2026-13-01 -> DATE: "2026-13-01" {NO_DATE}
+send -> name notifications, or give --due
+send 5 x -> NOTIFICATION: "x" is no number
+send 5 --due -> NOTIFICATION does not go with --due
+init --clients 5 -> --clients requires --demo
+init --demo --clients 0 -> --clients: 0 is not from 1 to 100000
+init --demo --seed -1 -> --seed: "-1" is no number
+init --province ZZ -> --province: "ZZ" is no Canadian province, such as ON or QC
+init --demo --country us --province ON -> --province does not go with --country us: firms have \
+one in Canada alone
+init --country fr -> --country: "fr" is no country: ca or us
+address firm 1 -> CLIENT: "firm" is not company or contact
+recipients contact 1 --kind post -> --kind: "post" is not email, fax, phone or name
+contact-default 1 -1 -> CONTACT: -1 is not from 0 to 2147483647
+arm-item meeting 1 --channel email -> KIND: "meeting" is not appointment, time-entry or task
+"""
 
 
 class UsageTest(ConsoleTest):
     def test_wrong_arguments_are_named(self):
-        for line, words in WRONG:
-            with self.subTest(line):
-                self.expect(line.split(), err=words, code=2)
-
-    def test_empty_database_name_is_refused(self):
-        self.expect(["due"], database="", code=2,
-                    err="--database: the value is empty (see: hvnotify --help)")
+        for faults, is_of_command in (OF_THE_PROGRAM, False), (OF_THE_COMMAND, True):
+            for line, words in (fault.split(" -> ") for fault in faults.strip("\n").split("\n")):
+                command = next((word for word in line.split() if word in NAMES), "")
+                shown = f"hvnotify {command} --help" if is_of_command else "hvnotify --help"
+                self.refuses(line, f"{words} (see: {shown})", 2)
+        self.refuses("due", "--database: the value is empty (see: hvnotify --help)", 2, database="")
 
     def test_each_command_has_a_help_of_its_own(self):
-        for command in COMMANDS.split(", "):
+        for command in NAMES:
             with self.subTest(command):
-                run = self.run_program(command, "--help")
-                self.assertEqual((0, ""), (run.code, run.err))
-                self.assertIn(f"Usage: hvnotify {command} [OPTIONS]", run.out)
-                self.assertTrue(run.out.endswith("\nOptions of all commands: hvnotify --help\n"))
+                shown = self.done(f"{command} --help")
+                self.assertIn(f"Usage: hvnotify {command} [OPTIONS]", shown)
+                self.assertTrue(shown.endswith("\nOptions of all commands: hvnotify --help\n"))
 
     def test_help_tells_commands_exit_codes_and_who_is_asked(self):
-        run = self.run_program("--help")
-        self.assertEqual(0, run.code)
-        for command in COMMANDS.split(", "):
-            self.assertRegex(run.out, rf"(?m)^  {command}  ")
-        self.assertIn("0 done, 1 refused or nothing found, 2 usage, 3 database unusable", run.out)
-        self.assertIn("--batch, or without a terminal, the procedure is left", run.out)
+        shown = self.done("--help")
+        for command in NAMES:
+            self.assertRegex(shown, rf"(?m)^  {command}  ")
+        self.assertIn("0 done, 1 refused or nothing found, 2 usage, 3 database unusable", shown)
+        self.assertIn("--batch, or without a terminal, the procedure is left", shown)
 
     def test_last_of_repeated_options_counts(self):
-        once = self.run_program("due")
-        self.expect(["--database", self.database, "--today", "2026-04-15", "due"], once.out,
+        self.expect(f"--database {self.database} --today 2026-04-15 due", self.done("due"),
                     database="nowhere.db", today="2001-01-01")
 
     def test_global_options_may_follow_the_command(self):
-        self.assertEqual(self.run_program("--json", "due").out,
-                         self.run_program("due", "--json").out)
+        self.assertEqual(self.done("--json due"), self.done("due --json"))
