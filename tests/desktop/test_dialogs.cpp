@@ -23,7 +23,9 @@ void inNextBox(Act&& act) {
   });
 }
 
+/// Presses the button of that text, or the escape key for none.
 void press(QMessageBox& box, const QString& text) {
+  if (text.isEmpty()) return QTest::keyClick(&box, Qt::Key_Escape);
   for (QAbstractButton* button : box.buttons()) {
     if (button->text().remove('&') == text) return QTest::mouseClick(button, Qt::LeftButton);
   }
@@ -42,10 +44,7 @@ TEST(ErrorDialog, GivesTheChoiceOfTheButton) {
     inNextBox([button = button](QMessageBox& box) {
       EXPECT_EQ(box.text(), "Type mismatch");
       EXPECT_TRUE(box.detailedText().contains("Morvane.exe-modX-y"));
-      if (*button)
-        press(box, button);
-      else
-        QTest::keyClick(&box, Qt::Key_Escape);
+      press(box, button);
     });
     errors.showErrorDialog();
     EXPECT_EQ(errors.getErrorChoice(), choice) << button;
@@ -54,32 +53,24 @@ TEST(ErrorDialog, GivesTheChoiceOfTheButton) {
 }
 
 TEST(MessageBox, LooksAsItsStyleSays) {
-  struct Case {
-    int style;
-    QMessageBox::Icon icon;
-  };
-  const Case cases[] = {{message_style::notice, QMessageBox::Information},
-                        {message_style::warning, QMessageBox::Warning},
-                        {message_style::reportError, QMessageBox::Critical},
-                        {99, QMessageBox::Information}};
+  const std::pair<int, QMessageBox::Icon> cases[] = {
+      {message_style::notice, QMessageBox::Information},
+      {message_style::warning, QMessageBox::Warning},
+      {message_style::reportError, QMessageBox::Critical},
+      {99, QMessageBox::Information}};
   DialogMsgbox messages;
-  for (const Case& each : cases) {
-    inNextBox([&](QMessageBox& box) {
-      EXPECT_EQ(box.icon(), each.icon) << each.style;
+  for (const auto& [style, icon] : cases) {
+    inNextBox([style = style, icon = icon](QMessageBox& box) {
+      EXPECT_EQ(box.icon(), icon) << style;
       EXPECT_EQ(box.text(), "<b>Fees & more</b>");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
       EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
     });
-    messages.showMessage("<b>Fees & more</b>", each.style, nullptr, 0, 0, 101, 0, "", 0);
+    messages.showMessage("<b>Fees & more</b>", style, nullptr, 0, 0, 101, 0, "", 0);
   }
   const std::pair<const char*, int> answers[] = {{"Yes", 0}, {"No", 1}, {"", 1}};
   for (const auto& [button, answer] : answers) {
-    inNextBox([button = button](QMessageBox& box) {
-      if (*button)
-        press(box, button);
-      else
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
+    inNextBox([button = button](QMessageBox& box) { press(box, button); });
     EXPECT_EQ(messages.askQuestion("Sure?", 1, nullptr, 0, 0, 101, 0, "", 0), answer) << button;
   }
 }

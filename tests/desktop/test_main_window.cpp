@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
@@ -15,7 +14,6 @@
 
 #include "MainWindow.h"
 #include "demo_firm.h"
-#include "host/clients/record_rows.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "qt_text.h"
 
@@ -69,14 +67,15 @@ class MainWindowTest : public testing::Test {
  protected:
   MainWindowTest() { makeDemoFirm(path(), 8, 8, today); }
 
-  void open() {
-    window_ = std::make_unique<MainWindow>(host::DeskOptions{path(), today, {}, {}, {}});
+  void open() { open(path()); }
+  void open(const std::string& database) {
+    window_ = std::make_unique<MainWindow>(host::DeskOptions{database, today, {}, {}, {}});
     window_->show();
     QApplication::processEvents();
   }
   std::string path() { return plain(folder_.filePath("firm.db")); }
 
-  /// Runs the command of the toolbar while `act` is done in the composer.
+  /// Runs the command of that name while `act` is done in the composer.
   std::vector<std::string> run(const char* command, Visitor::Act act) {
     Visitor visitor(std::move(act));
     trigger(command);
@@ -85,19 +84,29 @@ class MainWindowTest : public testing::Test {
     EXPECT_TRUE(window_->isVisible());
     return visitor.messages;
   }
-  void trigger(const QString& text) {
-    for (QAction* action : window_->findChildren<QAction*>())
-      if (action->text().remove('&').startsWith(text)) return action->trigger();
-    FAIL() << text.toStdString();
+  /// Runs a command that comes to no composer; gives what the person was told.
+  std::vector<std::string> runWithoutComposer(const char* command) {
+    Visitor visitor([](QDialog& composer) { composer.close(); });
+    trigger(command);
+    EXPECT_FALSE(visitor.sawComposer()) << command;
+    return visitor.messages;
+  }
+  QAction& action(const char* command) { return *window_->findChild<QAction*>(command); }
+  void trigger(const char* command) { action(command).trigger(); }
+  /// Whether each of the commands about emails can be run.
+  std::vector<bool> enabled() {
+    std::vector<bool> states;
+    for (const char* command : commands) states.push_back(action(command).isEnabled());
+    return states;
   }
 
-  /// A task with an email that waits, or one without.
-  Id chooseTask(bool isScheduled) {
+  /// A task for which the command makes sense: with an email that waits, or without.
+  Id chooseTaskFor(std::string_view command) {
     auto* table = window_->findChild<QTableView*>("tasks");
     auto& tasks = static_cast<TaskTableModel&>(*table->model());
     for (int row = 0; row < tasks.rowCount(); ++row) {
       const host::TaskLine& line = tasks.lineAt(tasks.index(row, 0));
-      if (bool(line.pendingChannels & nt_Email) != isScheduled) continue;
+      if (bool(line.pendingChannels & nt_Email) != (command == "editEmail")) continue;
       table->selectRow(row);
       return line.task.id;
     }
@@ -114,27 +123,25 @@ class MainWindowTest : public testing::Test {
         .getInt();
   }
 
+  static constexpr const char* commands[] = {"composeEmail", "scheduleEmail", "editEmail"};
   static constexpr DateTime today = DateTime::of(2026, 4, 15);
   QTemporaryDir folder_;
   std::unique_ptr<MainWindow> window_;
 };
 
-constexpr const char* commands[] = {"Email Now", "Schedule Email", "Edit Email"};
-
 TEST_F(MainWindowTest, ComposersLeaveNothingBehindHoweverTheyAreLeft) {
   open();
   const auto closeBox = [](QDialog& composer) { composer.close(); };
   const auto cancel = [](QDialog& composer) { press(composer, "cmdCancel"); };
-  const std::pair<const char*, Visitor::Act> exits[] = {{"Email Now", closeBox},
-                                                        {"Schedule Email", cancel},
-                                                        {"Edit Email", closeBox},
-                                                        {"Edit Email", cancel}};
+  const std::pair<const char*, Visitor::Act> exits[] = {{"composeEmail", closeBox},
+                                                        {"scheduleEmail", cancel},
+                                                        {"editEmail", closeBox},
+                                                        {"editEmail", cancel}};
   for (const auto& [command, leave] : exits) {
-    SCOPED_TRACE(command);
-    chooseTask(std::string(command) == "Edit Email");
+    chooseTaskFor(command);
     const int before = rows();
     EXPECT_THAT(run(command, leave), testing::IsEmpty());
-    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(rows(), before) << command;
   }
 }
 
@@ -151,7 +158,7 @@ TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
   for (const char* command : commands) {
     for (const auto& [name, leave] : exits) {
       SCOPED_TRACE(std::string(command) + ", " + name);
-      chooseTask(std::string(command) == "Edit Email");
+      chooseTaskFor(command);
       const auto messages = run(command, [&](QDialog& composer) {
         other->connection().exec("BEGIN IMMEDIATE");
         leave(composer);
@@ -159,7 +166,7 @@ TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
       });
       other->connection().exec("ROLLBACK");
       // Leaving an email that is only edited writes nothing.
-      const bool writes = std::string(command) != "Edit Email" || std::string(name) == "Finish";
+      const bool writes = command != commands[2] || std::string(name) == "Finish";
       if (writes && name != std::string("close box")) {
         EXPECT_THAT(messages, testing::Contains(HasSubstr("lock")));
       }
@@ -169,32 +176,66 @@ TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
 
 TEST_F(MainWindowTest, AnEmailThatSomeoneDeletedIsMissedAtFinish) {
   open();
-  for (const char* command : {"Edit Email", "Schedule Email"}) {
-    SCOPED_TRACE(command);
-    chooseTask(std::string(command) == "Edit Email");
+  for (const char* command : {"editEmail", "scheduleEmail"}) {
+    chooseTaskFor(command);
     const auto messages = run(command, [&](QDialog& composer) {
       execute("DELETE FROM ClientNotification WHERE ScheduleIDNum>=0");
       press(composer, "cmdFinish");
     });
-    EXPECT_THAT(messages, testing::Contains(HasSubstr("What you wrote is lost.")));
+    EXPECT_THAT(messages, testing::Contains(HasSubstr("What you wrote is lost."))) << command;
   }
 }
 
-TEST_F(MainWindowTest, AnEmailThatSomeoneElseScheduledIsLeftAlone) {
+TEST_F(MainWindowTest, WhatSomeoneElseDidSinceTheListWasReadIsLeftAlone) {
   open();
-  const Id task = chooseTask(false);
+  const Id task = chooseTaskFor("scheduleEmail");
   execute("UPDATE ClientNotification SET ScheduleIDNum=" + std::to_string(task) +
           " WHERE NotificationType=1 AND NotificationSent=0");
-  Visitor visitor([](QDialog& composer) { composer.close(); });
-  trigger("Schedule Email");
-  EXPECT_FALSE(visitor.sawComposer());
-  EXPECT_THAT(visitor.messages, testing::ElementsAre("The email is scheduled already."));
+  EXPECT_THAT(runWithoutComposer("scheduleEmail"),
+              testing::ElementsAre("The email is scheduled already."));
+  execute("UPDATE ClientNotification SET NotificationSent=1, NotificationSentStatus=2");
+  EXPECT_THAT(enabled(), testing::ElementsAre(true, false, true)) << "as the list has it";
+  EXPECT_THAT(runWithoutComposer("editEmail"), testing::IsEmpty());
+  EXPECT_THAT(enabled(), testing::ElementsAre(true, true, false)) << "the list is read again";
+}
+
+TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
+  open();
+  const auto other = host::openSqlite(path());
+  const auto claims = host::claimsOf(*other, path());
+  const auto busy = testing::ElementsAre(HasSubstr("Another desk is at work on it."));
+  const auto task = claims->take(host::WorkItem::task, chooseTaskFor("scheduleEmail"));
+  EXPECT_THAT(runWithoutComposer("composeEmail"), busy);
+  EXPECT_THAT(runWithoutComposer("scheduleEmail"), busy);
+  const int email = other->connection()
+                        .execAndGet(
+                            "SELECT ClientNotificationID FROM ClientNotification WHERE "
+                            "NotificationType=1 AND NotificationSent=0 AND ScheduleIDNum=" +
+                            std::to_string(chooseTaskFor("editEmail")))
+                        .getInt();
+  const auto notification = claims->take(host::WorkItem::notification, email);
+  EXPECT_THAT(runWithoutComposer("editEmail"), busy);
+}
+
+TEST_F(MainWindowTest, CommandsCanBeRunWhereTheyMakeSense) {
+  open("");
+  EXPECT_THAT(enabled(), testing::Each(false));
+  EXPECT_FALSE(action("refresh").isEnabled());
+  EXPECT_TRUE(action("openDatabase").isEnabled());
+  open();
+  chooseTaskFor("scheduleEmail");
+  EXPECT_THAT(enabled(), testing::ElementsAre(true, true, false));
+  chooseTaskFor("editEmail");
+  EXPECT_THAT(enabled(), testing::ElementsAre(true, false, true));
+  trigger("quit");
+  QApplication::processEvents();
+  EXPECT_FALSE(window_->isVisible());
 }
 
 TEST_F(MainWindowTest, ALostDatabaseEndsInMessages) {
   open();
-  chooseTask(false);
-  const auto messages = run("Schedule Email", [&](QDialog& composer) {
+  chooseTaskFor("scheduleEmail");
+  const auto messages = run("scheduleEmail", [&](QDialog& composer) {
     for (const char* end : {"", "-wal", "-shm"}) QFile::remove(shown(path() + end));
     press(composer, "cmdFinish");
     if (composer.isVisible()) composer.close();
@@ -204,18 +245,19 @@ TEST_F(MainWindowTest, ALostDatabaseEndsInMessages) {
 
 TEST_F(MainWindowTest, NothingElseRunsBesideAComposer) {
   open();
-  chooseTask(false);
+  chooseTaskFor("composeEmail");
   const host::Desk* desk = window_->desk();
-  EXPECT_THAT(run("Email Now",
-                  [&](QDialog& composer) {
-                    for (const char* each : {"Email Now", "Refresh", "Options", "Open Database"})
-                      trigger(each);
-                    window_->close();
-                    EXPECT_TRUE(window_->isVisible());
-                    EXPECT_EQ(QApplication::activeModalWidget(), &composer);
-                    composer.close();
-                  }),
-              testing::IsEmpty());
+  EXPECT_THAT(
+      run("composeEmail",
+          [&](QDialog& composer) {
+            for (const char* each : {"composeEmail", "refresh", "options", "openDatabase", "quit"})
+              trigger(each);
+            window_->close();
+            EXPECT_TRUE(window_->isVisible());
+            EXPECT_EQ(QApplication::activeModalWidget(), &composer);
+            composer.close();
+          }),
+      testing::IsEmpty());
   EXPECT_EQ(window_->desk(), desk);
   EXPECT_TRUE(window_->close());
 }

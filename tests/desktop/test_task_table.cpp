@@ -77,23 +77,18 @@ TEST_F(TaskTable, ReadsPageByPageWhatOneStatementGives) {
 
 TEST_F(TaskTable, FiltersByClientAndTaskWithoutJokers) {
   const auto all = fetchAll().size();
-  const QString client = text(3, TaskTableModel::client);
-  model_.setFilter(client.toUpper().left(4));
-  ASSERT_GT(model_.rowCount(), 0);
-  EXPECT_LT(fetchAll().size(), all);
-  for (int row = 0; row < model_.rowCount(); ++row) {
-    EXPECT_TRUE((text(row, TaskTableModel::client) + text(row, TaskTableModel::task))
-                    .contains(client.left(4), Qt::CaseInsensitive));
-  }
-  for (const char* none : {"%", "_", "' OR 1=1 --", "#"}) {
-    model_.setFilter(none);
-    for (const Id id : fetchAll()) EXPECT_NE(id, noId);
+  const QString part = text(3, TaskTableModel::client).left(4);
+  for (const QString& filter :
+       {part.toUpper(), QString("%"), QString("_"), QString("' OR 1=1 --"), QString("#")}) {
+    model_.setFilter(filter);
+    EXPECT_LT(fetchAll().size(), all) << plain(filter);
     for (int row = 0; row < model_.rowCount(); ++row) {
-      EXPECT_TRUE(
-          (text(row, TaskTableModel::client) + text(row, TaskTableModel::task)).contains(none))
-          << none;
+      EXPECT_TRUE((text(row, TaskTableModel::client) + text(row, TaskTableModel::task))
+                      .contains(filter, Qt::CaseInsensitive));
     }
   }
+  model_.setFilter(part.toUpper());
+  EXPECT_GT(model_.rowCount(), 0);
   model_.setFilter("");
   EXPECT_EQ(fetchAll().size(), all);
 }
@@ -117,14 +112,8 @@ TEST_F(TaskTable, TellsTheStateOfEachTask) {
   }
   for (const char* state : {"", "scheduled", "due", "sent"}) EXPECT_GT(states[state], 0) << state;
   EXPECT_EQ(states.size(), 4u);
-}
-
-TEST_F(TaskTable, ShowsOnlyWhatIsDueWhenAsked) {
-  const auto all = fetchAll().size();
   model_.setDueOnly(true);
-  const auto due = fetchAll().size();
-  EXPECT_GT(due, 0u);
-  EXPECT_LT(due, all);
+  EXPECT_EQ(fetchAll().size(), static_cast<std::size_t>(states["due"]));
   for (int row = 0; row < model_.rowCount(); ++row)
     EXPECT_EQ(text(row, TaskTableModel::state), "due");
 }
