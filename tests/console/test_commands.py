@@ -97,13 +97,11 @@ class ChangeTest(ConsoleTest):
         self.done(f"move {phone} 2026-05-04")
         self.expect(f"cancel {phone}",
                     f"notification {phone} by phone: cancelled, date 2026-05-04\n")
-        for line, words in [
-                (f"cancel {fax}", f"notification {fax} was sent and cannot be cancelled"),
-                (f"cancel {phone}", f"notification {phone} is cancelled already"),
-                (f"move {fax} 2026-05-01", f"notification {fax} was sent and cannot be moved"),
-                (f"move {phone} 2026-05-01",
-                 f"notification {phone} is cancelled and cannot be moved")]:
-            self.refuses(line, words)
+        for line, row, words in [("cancel {}", fax, "was sent and cannot be cancelled"),
+                                 ("cancel {}", phone, "is cancelled already"),
+                                 ("move {} 2026-05-01", fax, "was sent and cannot be moved"),
+                                 ("move {} 2026-05-01", phone, "is cancelled and cannot be moved")]:
+            self.refuses(line.format(row), f"notification {row} {words}")
         self.assertEqual([(1, 2), (1, 3), (0, 1)],
                          [self.state(row) for row in (fax, phone, letter)])
 
@@ -176,28 +174,23 @@ class ListTest(ConsoleTest):
 
 
 class ExplainTest(ConsoleTest):
-    def explain(self, due, kind=(103, 1)):
+    def explain(self, due):
         task = self.free_task()
-        self.sql("UPDATE Schedule SET totalNum=?, scheduleNum=?, DueDate=?, scheduleName='T', "
-                 "notifyType=0 WHERE ScheduleID=?", *kind, due, task)
+        self.sql("UPDATE Schedule SET totalNum=103, scheduleNum=1, DueDate=?, scheduleName='T', "
+                 "notifyType=0 WHERE ScheduleID=?", due, task)
         return task, self.done(f"--json explain {task}")
 
-    def test_each_day_is_judged(self):
+    def test_as_data(self):
         for due in ("2026-10-15", "2026-07-06", "2027-01-06", "2026-09-12"):
             _, why = self.explain(due)
-            with self.subTest(due):
-                counted = [day for day in why["walk"] if day["verdict"] == "working day"]
-                self.assertEqual(abs(why["days"]), len(counted))
-                self.assertEqual(why["calculated"],
-                                 (why["settling"] or why["walk"])[-1]["day"])
-                days = [day["day"] for day in why["walk"]]
-                self.assertEqual(sorted(days, reverse=True), days)
-                self.assertEqual(due, why["due"])
+            days = [day["day"] for day in why["walk"]]
+            counted = [day for day in why["walk"] if day["verdict"] == "working day"]
+            self.assertEqual((due, abs(why["days"])), (why["due"], len(counted)))
+            self.assertEqual(why["calculated"], (why["settling"] or why["walk"])[-1]["day"])
+            self.assertEqual(sorted(days, reverse=True), days)
 
     def test_whole_text(self):
-        task, why = self.explain("2026-10-15")
-        self.assertEqual([103, 1], [why["totalNum"], why["scheduleNum"]])
-        out = self.done(f"explain {task}")
+        task, _ = self.explain("2026-10-15")
         self.assertEqual(
             "Due:    Thu 2026-10-15\n"
             "Period: 5 business days before the due date, by the kind of task "
@@ -211,7 +204,7 @@ class ExplainTest(ConsoleTest):
             "  Thu 2026-10-08  working day 4\n"
             "  Wed 2026-10-07  working day 5\n"
             "Calculated: Wed 2026-10-07\n"
-            "Notify on: Wed 2026-10-07\n", out.split("\n", 1)[1])
+            "Notify on: Wed 2026-10-07\n", self.done(f"explain {task}").split("\n", 1)[1])
 
     def test_agrees_with_arming_and_knows_the_sibling(self):
         task, _ = self.explain("2026-10-15")

@@ -45,9 +45,9 @@ class ItemTest(ConsoleTest):
         self.sql("INSERT INTO Appointments (AppointmentID, CompanyIDNum) VALUES (?, ?)", item,
                  self.company())
         (armed,) = self.done(
-            f"--json arm-item time-entry {item} --channel email --date 2026-04-20")
+            f"--json arm-item time-entry {item} --channel email --date 2026-05-04")
         shown = self.done(f"--json show {armed['notification']}")
-        self.assertEqual((contact, "2026-04-20"), (shown["contactId"], shown["date"]))
+        self.assertEqual((contact, "2026-05-04"), (shown["contactId"], shown["date"]))
         self.assertEqual(self.one("SELECT DisplayName FROM Contacts WHERE ContactID=?", contact),
                          shown["client"])
         self.assertEqual("", armed["lacks"])
@@ -87,6 +87,8 @@ class ItemTest(ConsoleTest):
         self.sql("INSERT INTO Tasks (Subject) VALUES ('Filing')")
         task = self.one("SELECT max(TaskID) FROM Tasks")
         ahead = self.add_item("Appointments", company=self.company())
+        now = self.add_item("Appointments", "2026-04-15", self.company())
+        self.assertIn("2026-04-14, which is past", self.done(f"arm-item appointment {now} --channel fax"))
         before = self.one("SELECT count(*) FROM ClientNotification")
         for line, words in [
                 (f"appointment {past}",

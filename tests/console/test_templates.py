@@ -1,36 +1,32 @@
 """Templates: carried into unsent notifications, and what they can be filled with."""
 
+from collections import defaultdict
+
 from console import ConsoleTest
 
 
 class Templates(ConsoleTest):
-    def kind_of_unsent(self):
-        """The ScheduleTypes row that most unsent notifications follow."""
-        return self.sql(
-            "SELECT ScheduleTypeID, t.TotalNum, t.ScheduleNum FROM ScheduleTypes t JOIN Schedule s "
-            "ON s.totalNum=t.TotalNum AND s.scheduleNum=t.ScheduleNum JOIN ClientNotification n ON "
-            "n.ScheduleIDNum=s.ScheduleID WHERE n.NotificationSent=FALSE AND s.ClientNum>=0 GROUP BY 1 "
-            "ORDER BY COUNT(*) DESC LIMIT 1")[0]
-
     def memos(self):
         return dict(self.sql("SELECT ClientNotificationID, Memo FROM ClientNotification"))
 
     def test_a_changed_template_reaches_what_is_unsent(self):
-        kind, total, number = self.kind_of_unsent()
+        # Unsent notifications of companies and of persons by their kind.
+        covered, personal = defaultdict(set), defaultdict(set)
+        for kind, client, row in self.sql(
+                "SELECT ScheduleTypeID, ClientNum, ClientNotificationID FROM ScheduleTypes t JOIN "
+                "Schedule s ON s.totalNum=t.TotalNum AND s.scheduleNum=t.ScheduleNum JOIN "
+                "ClientNotification n ON n.ScheduleIDNum=s.ScheduleID WHERE NotificationSent=FALSE"):
+            (covered if client >= 0 else personal)[kind].add(row)
+        kind = max(covered, key=lambda each: (bool(personal[each]), len(covered[each])))
         self.sql("UPDATE ScheduleTypes SET NotificationComment=? WHERE ScheduleTypeID=?",
                  "{\\rtf1\\ansi A wholly new reminder for \\'abCompany Name\\'bb of its duty.}", kind)
         before = self.memos()
         told = self.done(f"--json propagate {kind}")
         after = self.memos()
         changed = {row for row in before if before[row] != after[row]}
-        covered = {row for (row,) in self.sql(
-            "SELECT ClientNotificationID FROM ClientNotification JOIN Schedule ON "
-            "ScheduleIDNum=ScheduleID WHERE NotificationSent=FALSE AND ClientNum>=0 AND totalNum=? AND "
-            "scheduleNum=?", total, number)}
-        self.assertEqual(changed, covered)
-        self.assertGreater(len(covered), 0)
-        self.assertEqual(told["composed"], len(covered))
-        for row in covered:
+        self.assertEqual((covered[kind], len(changed)), (changed, told["composed"]))
+        self.assertEqual(len(personal[kind]), told["left"])
+        for row in changed:
             self.assertIn("A wholly new reminder for ", after[row])
             self.assertNotIn("Company Name", after[row])
 

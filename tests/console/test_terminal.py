@@ -32,9 +32,8 @@ class TerminalTest(ConsoleTest):
         for columns in (200, 80, 50):
             shown, code = self.at_terminal("tasks", columns=columns)
             lines = shown.splitlines()
-            self.assertEqual((0, len(whole)), (code, len(lines)))
+            self.assertEqual((0, columns < 100), (code, "…" in shown))
             self.assertLessEqual(max(map(len, lines)), columns)
-            self.assertEqual(columns < 100, "…" in shown)
             self.assertEqual([line.split()[0] for line in whole],
                              [line.split()[0] for line in lines])
 
@@ -48,11 +47,10 @@ class TerminalTest(ConsoleTest):
         question = "1 continue, 2 leave, 3 retry?"
         task = self.free_task()
         with self.writes_held():
-            arm = ["arm", task, "--channel", "fax"]
-            shown, code = self.at_terminal(*arm, answers="x\n2\n")
-            self.assertEqual((2, 1), (shown.count(question), code), shown)
-            shown, code = self.at_terminal("--batch", *arm)
-            self.assertEqual((0, 1), (shown.count(question), code), shown)
+            for options, asked in [([], 2), (["--batch"], 0)]:
+                shown, code = self.at_terminal(*options, "arm", task, "--channel", "fax",
+                                               answers="x\n2\n")
+                self.assertEqual((asked, 1), (shown.count(question), code), shown)
         self.assertEqual([], self.sql("SELECT * FROM ClientNotification WHERE ScheduleIDNum=?",
                                       task))
 

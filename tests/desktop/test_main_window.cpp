@@ -15,6 +15,7 @@
 #include "MainWindow.h"
 #include "demo_firm.h"
 #include "host/database/sqlite/SqliteDatabase.h"
+#include "host/desk/rows/Notification.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -207,13 +208,9 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   const auto task = claims->take(host::WorkItem::task, chooseTaskFor("scheduleEmail"));
   EXPECT_THAT(runWithoutComposer("composeEmail"), busy);
   EXPECT_THAT(runWithoutComposer("scheduleEmail"), busy);
-  const int email = other->connection()
-                        .execAndGet(
-                            "SELECT ClientNotificationID FROM ClientNotification WHERE "
-                            "NotificationType=1 AND NotificationSent=0 AND ScheduleIDNum=" +
-                            std::to_string(chooseTaskFor("editEmail")))
-                        .getInt();
-  const auto notification = claims->take(host::WorkItem::notification, email);
+  std::vector<std::unique_ptr<host::Claim>> emails;
+  for (const auto& row : host::readNotificationsOf(*window_->desk(), chooseTaskFor("editEmail")))
+    emails.push_back(claims->take(host::WorkItem::notification, row.id));
   EXPECT_THAT(runWithoutComposer("editEmail"), busy);
 }
 
