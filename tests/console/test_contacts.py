@@ -63,7 +63,8 @@ class ContactsTest(ConsoleTest):
                         self.company)
 
     def test_refusals(self):
-        self.refuses("address company 9999", "there is no company 9999")
+        for line in ("address company 9999", "contact-default 9999", "contact-default 9999 none"):
+            self.refuses(line, "there is no company 9999")
         self.refuses(f"address contact {self.contact} --company 9999", "there is no company 9999")
         self.refuses(f"address company {self.company} --home",
                      "a company has no home: leave out --home")

@@ -102,6 +102,15 @@ class RowFaultTest(ConsoleTest):
         self.assertIn("was in the outbox already", self.done(f"send {notification}"))
         self.assertEqual(1, len(self.messages()))
 
+    def test_what_was_made_with_errors_is_taken_back(self):
+        task, before = self.free_task(), self.one("SELECT count(*) FROM ClientNotification")
+        self.sql("ALTER TABLE ContactLinks RENAME TO Elsewhere")
+        run = self.run_program("arm", task, "--channel", "email,fax,letter,phone")
+        self.assertEqual(1, run.code)
+        self.assertIn(f"hvnotify: task {task}, email: ", run.err)
+        self.assertEqual((before, 0), self.sql("SELECT (SELECT count(*) FROM ClientNotification), "
+                                               "notifyType FROM Schedule WHERE ScheduleID=?", task)[0])
+
     def test_ids_that_do_not_exist(self):
         for number in (0, -1, -2147483648, 2147483647):
             for line in ("show {}", "cancel {}", "move {} 2026-05-01"):

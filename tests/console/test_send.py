@@ -63,6 +63,7 @@ class SendTest(ConsoleTest):
             fcntl.fcntl(claims, fcntl.F_OFD_SETLK, of_a_task)
             results, _ = self.results("--due")
             self.assertEqual(("skipped", "another desk is at work on it"), results[row])
+            self.assertEqual("would be sent", self.results("--due", "--dry-run")[0][row][0])
             self.refuses(f"cancel {row}",
                          f"another desk is at work on notification {row}; try again later")
         self.assertEqual("sent", self.results("--due")[0][row][0])

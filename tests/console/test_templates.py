@@ -10,22 +10,24 @@ class Templates(ConsoleTest):
         return dict(self.sql("SELECT ClientNotificationID, Memo FROM ClientNotification"))
 
     def test_a_changed_template_reaches_what_is_unsent(self):
-        # Unsent notifications of companies and of persons by their kind.
-        covered, personal = defaultdict(set), defaultdict(set)
-        for kind, client, row in self.sql(
-                "SELECT ScheduleTypeID, ClientNum, ClientNotificationID FROM ScheduleTypes t JOIN "
+        covered = defaultdict(dict)  # by the kind: unsent notifications and their tasks
+        for kind, row, task in self.sql(
+                "SELECT ScheduleTypeID, ClientNotificationID, ScheduleID FROM ScheduleTypes t JOIN "
                 "Schedule s ON s.totalNum=t.TotalNum AND s.scheduleNum=t.ScheduleNum JOIN "
-                "ClientNotification n ON n.ScheduleIDNum=s.ScheduleID WHERE NotificationSent=FALSE"):
-            (covered if client >= 0 else personal)[kind].add(row)
-        kind = max(covered, key=lambda each: (bool(personal[each]), len(covered[each])))
+                "ClientNotification ON ScheduleIDNum=ScheduleID WHERE NotificationSent=FALSE"):
+            covered[kind][row] = task
+        kind = max(covered, key=lambda each: len(covered[each]))
+        personal = min(covered[kind].values())
+        self.sql("UPDATE Schedule SET ClientNum=-1 WHERE ScheduleID=?", personal)
+        rewritten = {row for row, task in covered[kind].items() if task != personal}
         self.sql("UPDATE ScheduleTypes SET NotificationComment=? WHERE ScheduleTypeID=?",
                  "{\\rtf1\\ansi A wholly new reminder for \\'abCompany Name\\'bb of its duty.}", kind)
         before = self.memos()
         told = self.done(f"--json propagate {kind}")
         after = self.memos()
         changed = {row for row in before if before[row] != after[row]}
-        self.assertEqual((covered[kind], len(changed)), (changed, told["composed"]))
-        self.assertEqual(len(personal[kind]), told["left"])
+        self.assertEqual((rewritten, len(changed), len(covered[kind]) - len(changed)),
+                         (changed, told["composed"], told["left"]))
         for row in changed:
             self.assertIn("A wholly new reminder for ", after[row])
             self.assertNotIn("Company Name", after[row])
