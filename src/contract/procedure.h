@@ -9,12 +9,10 @@ namespace autonotify {
 
 // The frame of every procedure with logic, and its error protocol.
 //
-//   bool hasRow(Id id) {
-//     return procedure("Morvane.exe-modExample-hasRow", false, [&](Step& step, bool& result) {
-//       RecordsetHandle handle = noRecordset;
-//       step.assign(handle, [&] { return openKeyset(sqlFor(id)); });
-//       step.assign(result, [&] { return database().hasRecords(handle); });
-//       step.run([&] { database().closeRecordset(handle); });
+//   std::string nameOf(Id user) {
+//     return procedure(tag<"nameOf">, std::string("Nobody"), [&](Step& step, std::string& result) {
+//       if (!isDatabaseOpen(step)) return;
+//       step.assign(result, [&] { return clients().getUserNameFromID(user); });
 //     });
 //   }
 //

@@ -31,30 +31,13 @@ bool isListedContact(Step& step, Id contactId) {
   return contactId >= 0 && step.value(false, [&] { return clients().isContactClient(contactId); });
 }
 
-Value readField(Step& step, RecordsetHandle handle, const char* column) {
-  return step.value(Value{}, [&] { return database().getFieldValue(handle, column); });
-}
-
 bool isEmpty(Step& step, const Value& value) {
   return step.value(true, [&] { return generalUtilities().isValueEmpty(value); });
 }
 
-Id readId(Step& step, RecordsetHandle handle, const char* column, Id fallback) {
-  const Value value = readField(step, handle, column);
+Id idOf(Step& step, const Value& value, Id fallback) {
   if (isEmpty(step, value)) return fallback;
-  return step.value(fallback, [&] { return toInteger(value); });
-}
-
-bool readFlag(Step& step, RecordsetHandle handle, const char* column) {
-  const Value value = readField(step, handle, column);
-  if (isEmpty(step, value)) return false;
-  return step.value(false, [&] { return toFlag(value); });
-}
-
-std::string readText(Step& step, RecordsetHandle handle, const char* column) {
-  const Value value = readField(step, handle, column);
-  return step.value(std::string{},
-                    [&] { return toText(generalUtilities().textOrDefault(value, false)); });
+  return step.value(fallback, toInteger, value);
 }
 
 }  // namespace autonotify

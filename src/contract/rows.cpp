@@ -2,6 +2,25 @@
 
 namespace autonotify {
 
+Value Row::value(const char* column) const {
+  return step_->value(Value{}, [&] { return database().getFieldValue(handle_, column); });
+}
+
+std::string Row::text(const char* column) const {
+  const Value held = value(column);
+  const auto asText = [&] { return toText(generalUtilities().textOrDefault(held, false)); };
+  return step_->value(std::string{}, asText);
+}
+
+Id Row::id(const char* column, Id fallback) const {
+  return idOf(*step_, value(column), fallback);
+}
+
+bool Row::flag(const char* column) const {
+  const Value held = value(column);
+  return !isEmpty(*step_, held) && step_->holds(toFlag, held);
+}
+
 NewRow::NewRow(Step& step, const std::string& table) : step_(step) {
   step_.assign(handle_, [&] {
     return openRecordset("SELECT " + table + ".* FROM " + table + ";", CursorMode::keyset,

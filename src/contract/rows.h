@@ -41,15 +41,13 @@ class Row {
   RecordsetHandle handle() const { return handle_; }
 
   /// Null when the statement is skipped.
-  Value value(const char* column) const { return readField(*step_, handle_, column); }
+  Value value(const char* column) const;
   /// Empty for NULL.
-  std::string text(const char* column) const { return readText(*step_, handle_, column); }
+  std::string text(const char* column) const;
   /// `fallback` when the column is empty or a statement is skipped.
-  Id id(const char* column, Id fallback = noId) const {
-    return readId(*step_, handle_, column, fallback);
-  }
+  Id id(const char* column, Id fallback = noId) const;
   /// False when the column is empty or a statement is skipped.
-  bool flag(const char* column) const { return readFlag(*step_, handle_, column); }
+  bool flag(const char* column) const;
   /// Reads, converts and stores as one statement; skipped, `target` keeps its old value.
   template <class Target, class Convert>
   void read(Target& target, const char* column, Convert&& convert) const {

@@ -39,11 +39,6 @@ DateTime lookUpDate(const ColumnLookup& lookup, Id id) {
   return lookUp(lookup, id, DateTime{}, toDateTime);
 }
 
-Id idOf(Step& step, const Value& value) {
-  if (isEmpty(step, value)) return noId;
-  return step.value(noId, toInteger, value);
-}
-
 bool isPositiveIdText(std::string_view tag, const std::string& text) {
   return procedure(tag, false, [&](Step& step, bool& result) {
     if (text.empty() || !isNumeric(text)) return;

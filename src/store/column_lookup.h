@@ -62,9 +62,6 @@ LinkedItem<Source> firstItem(const ItemTable<Source>& table, const ItemTable<Id>
   return {};
 }
 
-/// An id from a value that may be empty; -1 when it is.
-Id idOf(Step& step, const Value& value);
-
 /// The whole procedure: True when the text is a number that is above 0 as an integer.
 bool isPositiveIdText(std::string_view tag, const std::string& text);
 
