@@ -44,9 +44,7 @@ std::string_view RtfReader::take(std::size_t length) {
 }
 
 void RtfReader::endAtLastBrace() {
-  const std::size_t brace = rtf_.rfind('}');
-  const std::size_t end = brace == std::string_view::npos ? 0 : brace + 1;
-  rtf_ = rtf_.substr(0, std::max(at_, end));
+  rtf_ = rtf_.substr(0, rtf_.rfind('}') + 1);
 }
 
 RtfToken RtfReader::next() {

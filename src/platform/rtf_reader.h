@@ -42,8 +42,7 @@ class RtfReader {
   /// The next token; of kind `end` once there are no more.
   RtfToken next();
 
-  /// Leaves out what stands behind the last closing brace of the text, if that is still to come or
-  /// the last token.
+  /// Leaves out what stands behind the last closing brace of the text. For use behind a brace.
   void endAtLastBrace();
 
  private:

@@ -205,14 +205,15 @@ TEST(RichTextDocument, listsCountAsTheirMarkersDo) {
       {{"1.1", "1.2", "2.1", "A", "01", "99999"},
        R"(0at1\'031.\'00\'03 0at1\'032.\'00\'03 3at1\'01\'00\'01 255at1\'0201 255at1\'0599999 )"
        "1 1 2 3 4 5 "},
-      {{"é1", "é2", "😀1", std::string(32, '-')},
+      {{"é1", "é2", "😀1", "1\t2", std::string(32, '-')},
        R"(0at1\'02\'e9\'00\'02 0at1\'03\u-10179?\u-8704?\'00\'03 1 1 2 )"}};
   for (const auto& [markers, lists] : cases) EXPECT_EQ(writtenLists(markers), lists);
-  RichText entry;
-  entry.paragraphs[0].format.marker = "(c)";
-  EXPECT_NE(writeRichText(entry).find(R"(\pard{\*\pn\pnlvlbody\pnlcltr\pnstart3\pnf0{\pntxtb (})"
-                                      R"({\pntxta )}}\ls1{\pntext\f0 (c)\tab})"),
-            std::string::npos);
+  const RichText raised = readRichText("{\\rtf1\\super a\\par{\\pntext (c)\\tab}b}");
+  EXPECT_NE(
+      writeRichText(raised).find(
+          R"(\nosupersub\pard{\*\pn\pnlvlbody\pnlcltr\pnstart3\pnf0{\pntxtb (}{\pntxta )}}\ls1)"
+          R"({\pntext\f0 (c)\tab}\super b})"),
+      std::string::npos);
 }
 
 /// Any document, in the shape that tidyRuns gives.

@@ -25,6 +25,7 @@ class RtfLists {
  private:
   /// A marker is a number between two texts, or a text alone.
   struct Style {
+    /// A place in the table of the ways of counting; its end for a text alone.
     std::size_t numbering;
     std::string before;
     std::string after;
