@@ -1,5 +1,5 @@
 // Rich texts with their formats: reading, writing, cutting and putting together.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <random>
 #include <regex>
@@ -209,11 +209,10 @@ TEST(RichTextDocument, listsCountAsTheirMarkersDo) {
        R"(0at1\'02\'e9\'00\'02 0at1\'03\u-10179?\u-8704?\'00\'03 1 1 2 )"}};
   for (const auto& [markers, lists] : cases) EXPECT_EQ(writtenLists(markers), lists);
   const RichText raised = readRichText("{\\rtf1\\super a\\par{\\pntext (c)\\tab}b}");
-  EXPECT_NE(
-      writeRichText(raised).find(
-          R"(\nosupersub\pard{\*\pn\pnlvlbody\pnlcltr\pnstart3\pnf0{\pntxtb (}{\pntxta )}}\ls1)"
-          R"({\pntext\f0 (c)\tab}\super b})"),
-      std::string::npos);
+  EXPECT_THAT(
+      writeRichText(raised),
+      testing::HasSubstr(R"(\nosupersub\pard{\*\pn\pnlvlbody\pnlcltr\pnstart3\pnf0{\pntxtb )"
+                         R"((}{\pntxta )}}\ls1{\pntext\f0 (c)\tab}\super b})"));
 }
 
 /// Any document, in the shape that tidyRuns gives.
