@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <sstream>
@@ -10,6 +12,7 @@
 #include "contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_columns.h"
+#include "platform/text.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {
@@ -19,6 +22,20 @@ inline std::vector<std::string> split(const std::string& text, char separator = 
   std::istringstream stream(text);
   for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
   return parts;
+}
+
+/// The rows of a table of merge_tables.txt, cut at their tabs and at least `cells` long.
+inline std::vector<std::vector<std::string>> rowsOf(const std::string& table, std::size_t cells) {
+  std::ifstream file(AUTONOTIFY_SOURCE_DIR "/tests/merge/merge_tables.txt");
+  std::string line;
+  while (std::getline(file, line) && line != "[" + table + "]") continue;
+  std::vector<std::vector<std::string>> rows;
+  while (std::getline(file, line) && !line.empty()) {
+    rows.push_back(split(replaceAll(line, "\\r\\n", "\r\n"), '\t'));
+    rows.back().resize(std::max(cells, rows.back().size()));
+  }
+  EXPECT_FALSE(rows.empty()) << table;
+  return rows;
 }
 
 class CountingFormHost : public FormHost {

@@ -181,20 +181,11 @@ TEST_F(MergeData, WritesFieldsBackToTheirColumns) {
 }
 
 TEST_F(MergeData, ProvincesAreRecognizedByTheirForms) {
-  for (const char* province :
-       {"BC|British Columbia|BritishColumbia|b.c.", "NL|Newfoundland|Newfoundland & Labrador",
-        "AB|Alberta|Alta.|alta|ab", "MB|Manitoba|man.|Man|mb", "SK|Saskatchewan|Sask.|sask|sk",
-        "QC|Quebec|Que.|que|qc", "NS|Nova Scotia|NovaScotia|N.S.|ns", "NU|Nunavut|nu",
-        "NB|New Brunswick|NewBrunswick|N.B.|nb", "YT|Yukon|yt", "PEI|Prince Edward Island|P.E.I.",
-        "NT|Northwest Territories|nwt", "ON|Ontario|ont.",
-        "Newfoundland And Labrador|Newfoundland And Labrador", "Nfld.|Nfld.", "Québec|Québec",
-        "PE|PE", " Ontario| Ontario"}) {
-    const vector<string> names = split(province);
+  for (const vector<string>& names : rowsOf("provinces", 2))
     for (string written : vector<string>(names.begin() + 1, names.end())) {
       EXPECT_EQ(merge->getAbbreviatedProvince(written), names[0]);
       EXPECT_EQ(merge->getFullProvinceString(written), names[1]);
     }
-  }
 }
 
 TEST_F(MergeData, CodesHaveTheirTextsAndOneForTheRest) {

@@ -24,36 +24,8 @@ class MergeRules : public MergeTest {
 };
 
 TEST_F(MergeRules, PutEachTokenInItsPlace) {
-  const string escaped = R"( \'abCompany Name\'bb)";
-  const struct {
-    const char* why;
-    string text;
-    string result;
-  } cases[] = {
-      {"any case", "due «(task due date, MMMM D)» of «TWO»", "due April 30, 2026 of 2"},
-      {"rich text", R"({\b \'abTwo\'bb, \'ab(Task Due Date, mmmm d, yyyy)\'bb\par })",
-       R"({\b 2, April 30, 2026\par })"},
-      {"a format that is none", "due «(Task Due Date, ddd)»!", "due !"},
-      {"a date without a format", "due «Task Due Date»!", "due !"},
-      {"a format on a field that is no date", "Dear «(Company Name, d)»!", "Dear !"},
-      {"a blank also ahead of an empty value", "Dear:«Empty»you", "Dear: you"},
-      {"none at the very start", "«Company Name», dear", "Elm Ltd., dear"},
-      {"all places go by the first", "a «Two» (by «Two»)", "a 2 (by 2)"},
-      {"by the first, the other way round", "(«Two» by «Two»", "( 2 by  2"},
-      {"the first of two fields with one name", "x «Twice»", "x first"},
-      {"a bare field: the escaped ones vanish", "By «Two»" + escaped, "By 2 "},
-      {"and stay when an unknown bare one vanished", "By «Two» «Foo»" + escaped,
-       R"(By 2  \'abCompany Name\'bb)"},
-      {"today's date alone: the escaped ones follow", "On «(Todays Date, yyyy)»" + escaped,
-       "On 2026 Elm Ltd."},
-      {"unknown ones of both: the bare ones vanish", R"(By «Foo» \'abFoo\'bb)",
-       R"(By  \'abFoo\'bb)"},
-      {"an opening mark that is never closed", "By «Foo» «Company Name", "By  «Company Name"},
-      {"a value that brings a field of a later row", "a «One» b", "a 2 b"},
-      {"a value that brings a field of an earlier row", "a «Three» b", "a  b"},
-  };
-  for (const auto& [why, text, result] : cases)
-    EXPECT_EQ(merged(text + longEnough), result + longEnough) << why;
+  for (const auto& row : rowsOf("merged", 3))
+    EXPECT_EQ(merged(row[1] + longEnough), row[2] + longEnough) << row[0];
   merge->ConvertStrToRTF = false;
   EXPECT_EQ(merged("Dear:«Two»" + longEnough), "Dear:2" + longEnough) << "outside rich text";
 }
@@ -71,19 +43,11 @@ TEST_F(MergeRules, WriteADateInEachFormat) {
   merge->TestComment = false;
   string none;
   EXPECT_EQ(merge->getTodaysDate(none), "Apr 5, 2026");
-  const auto formats = split(
-      "dddd, mmmm d yyyy|dddd mmmm d yyyy|mmmm d, yyyy|mmmm d yyyy|mmm d yyyy|mm/dd/yy|d|dddd|"
-      "mmmm|mmm|yyyy|mmmm yyyy|MMMM d|dd/mm/yy");
-  const auto dates = split(
-      "Sunday, April 5 2026|Sunday April 5 2026|April 5, 2026|April 5 2026|Apr 5 2026|04/05/26|5|"
-      "Sunday|April|Apr|2026|April 2026|April 5|05/04/26");
-  for (std::size_t i = 0; i < formats.size(); ++i) {
-    // A field's month has letters where today's has figures.
-    const string ofField = i + 1 == formats.size() ? "05/Apr/26" : dates[i];
-    const string text =
-        "«(Todays Date, " + formats[i] + ")» «(Time Entry Date, " + formats[i] + ")»";
-    EXPECT_EQ(merged(text + longEnough), dates[i] + " " + ofField + longEnough);
-  }
+  // A field's month has letters where today's has figures.
+  for (const auto& row : rowsOf("dates of today and of a field", 3))
+    EXPECT_EQ(
+        merged("«(Todays Date, " + row[0] + ")» «(Time Entry Date, " + row[0] + ")»" + longEnough),
+        row[1] + " " + row[2] + longEnough);
 }
 
 TEST_F(MergeRules, SpellMarksForRichTextAndKeepBlankLines) {

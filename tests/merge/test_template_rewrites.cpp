@@ -1,9 +1,7 @@
-#include <fstream>
 #include <map>
 #include <random>
 
 #include "merge/MergeTest.h"
-#include "platform/text.h"
 
 namespace autonotify::test {
 namespace {
@@ -37,11 +35,8 @@ Rules rulesOf(const vector<string>& line) {
 /// whole text.
 std::map<string, Rules> readRules() {
   std::map<string, Rules> books;
-  std::ifstream file(AUTONOTIFY_SOURCE_DIR "/tests/merge/template_rewrites.txt");
-  for (string line; std::getline(file, line);) {
-    const vector<string> parts = split(line, '\t');
-    for (const Rule& rule : rulesOf(parts)) books[parts[0]].push_back(rule);
-  }
+  for (const vector<string>& row : rowsOf("rewriting rules", 4))
+    for (const Rule& rule : rulesOf(row)) books[row[0]].push_back(rule);
   return books;
 }
 
@@ -105,20 +100,8 @@ TEST_F(TemplateRewrites, EqualTheRulesOneByOne) {
 }
 
 TEST_F(TemplateRewrites, MakeTokensOfShortTextsAlone) {
-  const string forty = replaceAll(string(40, 'x'), "x", "é");
-  const std::pair<string, string> cases[] = {
-      {"", "«»"},
-      {"«Company Name", "«Company Name»"},
-      {"a » b « c", "a » b « c"},
-      {forty, "«" + forty + "»"},
-      {forty + "x", forty + "x"},
-      {"[Task [task info]Info]Task Name[COMPANY INFO]", "«[Task Info]Task Name»"},
-      {forty + "[Contact Name][Company Info]", forty + "[Contact Name]"},
-      // A short text is taken for a name before the older marks are read.
-      {"<<Docket>>", "««Time Entry»»"},
-  };
-  for (const auto& [text, rewritten] : cases)
-    EXPECT_EQ(merge->convertProvinceFields(text), rewritten);
+  for (const auto& row : rowsOf("rewritten short texts", 2))
+    EXPECT_EQ(merge->convertProvinceFields(row[0]), row[1]);
 }
 
 }  // namespace
