@@ -45,6 +45,7 @@ TEST_F(CategoryText, GoesUpFromTheCompany) {
   plainDatabase->connection().exec(
       "INSERT INTO Categories (CategoryID, CategoryName, CategoryNum) VALUES (0, 'Zero', 2)");
   EXPECT_EQ(textIn(0, noId), "    Zero\r\n        Clients\r\n");
+  EXPECT_EQ(textIn(addCategory("Low", 0), noId), "    Low\r\n        Zero\r\n") << "ends at 0";
   EXPECT_EQ(textOf(parent), "");
   EXPECT_EQ(textOf(noId), "");
 

@@ -66,6 +66,7 @@ TEST_F(Recipients, OfAContactCarryLabels) {
   for (const auto& [fill, list] : cases) EXPECT_EQ(filled(fill, contact), list);
   EXPECT_EQ(filled(populateContactContactNamesInCombo, contact, false), (List{"Jo", "Sam"}));
   EXPECT_EQ(filled(contactEmails, 99), List{});
+  EXPECT_EQ(statementsOf([] { filled(contactEmails, noId); }), List{});
   ComboBox withFirm;
   populateContactEmailAddressesInCombo(contact, withFirm, true, false);
   EXPECT_EQ(withFirm.listCount(), 5);

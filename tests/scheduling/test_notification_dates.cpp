@@ -107,8 +107,9 @@ TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
               1);
   }
   setFirmCode(firmSpecificCode);
-  errors.answer({error_choice::leave});
+  errors.answer({error_choice::leave, error_choice::next});
   EXPECT_TRUE(determineNotificationDate(noMethod).isZero());
+  EXPECT_EQ(determineNotificationDate(noMethod), monday.addDays(-11)) << "seven open days";
   EXPECT_EQ(errors.recorded().back().number, error_number::invalidUseOfNull);
 }
 

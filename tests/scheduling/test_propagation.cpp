@@ -6,7 +6,8 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr const char* newText = "{\\rtf1\\ansi Please file the return of \\'abCompany Name\\'bb.}";
+constexpr const char* newText =
+    "{\\rtf1\\ansi For \\'abCompany Name\\'bb\\'abContact Display Name\\'bb, please.}";
 constexpr DateTime day = DateTime::of(2026, 4, 23);
 
 /// Notifications of two kinds of one family, of another family, of a contact, of nothing, and one
@@ -16,7 +17,7 @@ class Propagation : public HostTest {
   Propagation() {
     const TestClient client = addClient("Acme Ltd.", "Jane Smith");
     const Id person = addRow("Contacts", {{"DisplayName", "Ann Roy"}});
-    kindOne = addSchedule(103, 1, day, {{"ClientNum", client.clientNum}});
+    kindOne = addSchedule(103, 1, day, {{"ClientNum", client.clientNum}, {"ContactIDNum", person}});
     const Id kindTwo = addSchedule(103, 2, day, {{"ClientNum", client.clientNum}});
     const Id other = addSchedule(104, 1, day, {{"ClientNum", client.clientNum}});
     const Id personal = addSchedule(103, 1, day, {{"ContactIDNum", person}});
@@ -45,7 +46,7 @@ class Propagation : public HostTest {
   /// The ids of the notifications whose text was composed anew.
   std::string rewritten() {
     return dump(
-        "SELECT ClientNotificationID FROM ClientNotification WHERE Memo LIKE '%Acme Ltd.%'");
+        "SELECT ClientNotificationID FROM ClientNotification WHERE Memo LIKE '%Ltd. , please%'");
   }
 
   clsAutoNotifyTemplate kind;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr DateTime dueDate = DateTime::of(2026, 11, 23);
 constexpr DateTime sunday = DateTime::of(2026, 11, 22);
-constexpr Id entry = 1, user = 7;
+constexpr Id entry = 1, storedKind = 1, newUser = 7, knownUser = 8;
 const std::string noDate = dateTimeText(DateTime{});
 
 /// One schedule entry with two notifications, due after a holiday.
@@ -25,19 +25,30 @@ void fillOffice(Rows rows) {
   rows.addTask(entry, "GST Return");
   rows.addNotification(entry, 8, DateTime::of(2026, 1, 5));
   rows.addNotification(entry, 2, DateTime::of(2026, 1, 6));
+  rows.addRow("UserGeneralSettings", {{"UserIDNum", knownUser}, {"ShowEmailPreview", 0}});
 }
 
-/// Whatever fails, one row is added at most.
+/// Whatever fails, a row is added once, and where there is none.
 WalkedOperation saves(const char* name, Id id) {
   const auto run = [id](TestHost& host) {
     clsAutoNotifyTemplate kind;
     kind.put_scheduleTypeID(id);
     kind.put_totalNum(105);
     const Id saved = kind.saveScheduleTypeInfo();
-    EXPECT_LE(host.dump("SELECT 1 FROM ScheduleTypes WHERE TotalNum=105"), "1|\n");
+    EXPECT_LE(host.dump("SELECT 1 FROM ScheduleTypes"), id == storedKind ? "1|\n" : "1|\n1|\n");
     return std::to_string(saved);
   };
   return {name, run, std::to_string(id)};
+}
+
+WalkedOperation asksSettingOf(const char* name, Id user) {
+  const auto run = [user](TestHost& host) {
+    const int shown = getShowEmailPreview(user);
+    const std::string rows = "SELECT 1 FROM UserGeneralSettings WHERE UserIDNum=";
+    EXPECT_LE(host.dump(rows + std::to_string(user)), "1|\n");
+    return std::to_string(shown);
+  };
+  return {name, run, "1"};
 }
 
 template <class Call>
@@ -72,8 +83,10 @@ const WalkedOperation operations[] = {
           }),
     saves("saveNew", noId),
     saves("saveGone", 4711),
-    gives("getSetting", "1", [] { return std::to_string(getShowEmailPreview(user)); }),
-    writes("putSetting", [] { putShowMVPreview(true, user); }),
+    saves("saveAgain", storedKind),
+    asksSettingOf("settingOfANewUser", newUser),
+    asksSettingOf("settingOfAKnownUser", knownUser),
+    writes("putSetting", [] { putShowMVPreview(true, newUser); }),
     gives("comment", "", [] { return generateClientAutoNotifyComment(entry); }),
     gives("propagation", "1",
           [] {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <set>
 
 #include "support/fault_walk.h"
@@ -16,9 +17,15 @@ class ClosedDatabase : public CountedDatabase {
   bool isDatabaseOpen() override { return false; }
 };
 
-/// The calls of a run that open or write, each once and to its first line end.
+/// The calls of a run that open or write, each once and to its first line end. What is opened must
+/// be closed.
 std::string statementsOf(const WalkedOperation& operation, TestHost& host) {
   operation.run(host);
+  const auto count = [&](const char* call) {
+    return std::ranges::count_if(host.calls.log(),
+                                 [&](auto& line) { return line.starts_with(call); });
+  };
+  EXPECT_EQ(count("openRecordset"), count("closeRecordset")) << operation.name;
   std::string statements;
   std::set<std::string> seen;
   for (const std::string& call : host.calls.log()) {
