@@ -19,14 +19,14 @@ namespace {
 constexpr CurrentDayTimerType refreshedKind = Appointments;
 
 struct ItemWord {
-  std::int32_t kind;
+  ItemKind kind;
   const char* word;
 };
 constexpr ItemWord itemWords[] = {
     {Appointments, "appointment"}, {Dockets, "time entry"}, {Tasks, "task"}};
 
 /// The word for the item in a confirmation; nullptr for a type or kind that has none.
-const char* wordFor(notificationTypes type, std::int32_t kind) {
+const char* wordFor(notificationTypes type, ItemKind kind) {
   if (type == remittanceNotification) return "task";
   if (type != appointmentNotification) return nullptr;
   const auto named = std::ranges::find(itemWords, kind, &ItemWord::kind);
@@ -61,47 +61,22 @@ NotificationComposer::NotificationComposer(const ComposerChannel& channel)
 
 // Opening.
 
-void NotificationComposer::InitializeNotifyNow(notificationTypes type, Id notifyID,
-                                               std::int32_t kind, Id scheduleID) {
-  initialize("InitializeNotifyNow", ComposerMode::notifyNow, type, notifyID, kind, scheduleID);
-}
-
-void NotificationComposer::InitializeEditAutoNotify(notificationTypes type, Id notifyID,
-                                                    std::int32_t kind, Id scheduleID) {
-  initialize("InitializeEditAutoNotify", ComposerMode::editAuto, type, notifyID, kind, scheduleID);
-}
-
-void NotificationComposer::InitializeNewAutoNotify(notificationTypes type, Id notifyID,
-                                                   std::int32_t kind, Id scheduleID) {
-  initialize("InitializeNewAutoNotify", ComposerMode::newAuto, type, notifyID, kind, scheduleID);
-}
-
-void NotificationComposer::InitializeSendAuto(notificationTypes type, Id notifyID,
-                                              std::int32_t kind, Id scheduleID) {
-  initialize("InitializeSendAuto", ComposerMode::sendAuto, type, notifyID, kind, scheduleID);
-}
-
-void NotificationComposer::initialize(const char* procedureName, ComposerMode mode,
-                                      notificationTypes type, Id notifyID, std::int32_t kind,
-                                      Id scheduleID) {
+void NotificationComposer::initialize(const char* procedureName, const ComposerPurpose& purpose,
+                                      Id row, Id entry) {
   procedure(tag(procedureName), [&](Step& step) {
     step.run(setPointer, Pointer::busy);
-    open(mode, type, kind);
-    takeRow(notifyID);
-    if (notifyID_ < 1 && addsRow(scheduleID)) {
-      takeRow(addNewEmailNotificationFromScheduleIDNum(scheduleID));
-    }
+    open(purpose);
+    takeRow(row);
+    if (row < 1 && addsRow(entry)) takeRow(addNewEmailNotificationFromScheduleIDNum(entry));
     fillAndShow(step);
   });
 }
 
-void NotificationComposer::open(ComposerMode mode, notificationTypes type, std::int32_t kind) {
+void NotificationComposer::open(const ComposerPurpose& purpose) {
   sendSuccessfulFlag_ = false;
   cancelFlag_ = false;
-  mode_ = mode;
-  type_ = type;
-  kind_ = kind;
-  const bool isAtOnce = sendsAtOnce(mode);
+  purpose_ = purpose;
+  const bool isAtOnce = sendsAtOnce(purpose.mode);
   notificationDate.picNotificationDate.setVisible(!isAtOnce);
   if (isAtOnce && channel_.finishAtOnce) cmdFinish.setCaption(channel_.finishAtOnce);
   if (isAtOnce && channel_.cancelAtOnce) cmdCancel.setCaption(channel_.cancelAtOnce);
@@ -115,7 +90,7 @@ void NotificationComposer::fillAndShow(Step& step) {
 
 bool NotificationComposer::addsRow(Id scheduleID) const {
   if (channel_.addsRow == AddsRow::unlessNewWithoutSchedule) {
-    return mode_ != ComposerMode::newAuto || scheduleID >= 0;
+    return purpose_.mode != ComposerMode::newAuto || scheduleID >= 0;
   }
   return channel_.addsRow == AddsRow::always;
 }
@@ -142,7 +117,7 @@ void NotificationComposer::fill(Step& step) {
     readRow(row);
     showSentState(row);
   }
-  if (isSent_ && mode_ == ComposerMode::editAuto) lock();
+  if (isSent_ && purpose_.mode == ComposerMode::editAuto) lock();
 }
 
 void NotificationComposer::readRow(const Row& row) {
@@ -191,14 +166,13 @@ FieldTexts NotificationComposer::fieldTexts() const {
   return texts;
 }
 
-void NotificationComposer::edit(std::int32_t kind, const FieldTexts& fields,
-                                const std::string& memo) {
-  if (type_ == remittanceNotification) channel_.editForSchedule(notifyID_, fields, memo);
-  if (type_ == appointmentNotification) channel_.editForItem(kind, notifyID_, fields, memo);
+void NotificationComposer::edit(ItemKind kind, const FieldTexts& fields, const std::string& memo) {
+  if (purpose_.type == remittanceNotification) channel_.editForSchedule(notifyID_, fields, memo);
+  if (purpose_.type == appointmentNotification) channel_.editForItem(kind, notifyID_, fields, memo);
 }
 
 void NotificationComposer::saveFields() {
-  edit(kind_, fieldTexts(), rtbText.textRTF());
+  edit(purpose_.kind, fieldTexts(), rtbText.textRTF());
 }
 
 /// A row whose date could not be read keeps it, unless a person has given one.
@@ -210,16 +184,17 @@ void NotificationComposer::saveDate() {
 void NotificationComposer::saveForLater(Step& step) {
   saveFields();
   saveDate();
-  if (mode_ == ComposerMode::newAuto) arm(step);
+  if (purpose_.mode == ComposerMode::newAuto) arm(step);
 }
 
 void NotificationComposer::arm(Step& step) {
-  if (type_ == remittanceNotification) {
-    changeNotificationStatus(channel_.channel, nt_AddStatus,
-                             getScheduleIDFromNotificationID(notifyID_));
-  } else if (type_ == appointmentNotification) {
-    changeApptNotificationStatus(kind_, channel_.channel, nt_AddStatus,
-                                 getAppointmentIDFromNotificationID(kind_, notifyID_));
+  const auto& [mode, type, kind] = purpose_;
+  if (type == remittanceNotification) {
+    const Id entry = getScheduleIDFromNotificationID(notifyID_);
+    changeNotificationStatus(channel_.channel, nt_AddStatus, entry);
+  } else if (type == appointmentNotification) {
+    const Id item = getAppointmentIDFromNotificationID(kind, notifyID_);
+    changeApptNotificationStatus(kind, channel_.channel, nt_AddStatus, item);
   }
   confirm(step);
 }
@@ -227,7 +202,7 @@ void NotificationComposer::arm(Step& step) {
 void NotificationComposer::confirm(Step& step) {
   const Id user = step.value(noId, [] { return locale().getCurrentUserID(); });
   if (!getAutoSendWizardConfirmation(user)) return;
-  const char* word = wordFor(type_, kind_);
+  const char* word = wordFor(purpose_.type, purpose_.kind);
   const DateTime date = notificationDate.date();
   if (!word || date.isZero()) return;
   const std::string text =
@@ -250,14 +225,14 @@ void NotificationComposer::hideAndRepaint(Step& step) {
 
 void NotificationComposer::cancel(Step&) {
   sendSuccessfulFlag_ = false;
-  if (mode_ == ComposerMode::newAuto) deleteNotification(notifyID_);
+  if (purpose_.mode == ComposerMode::newAuto) deleteNotification(notifyID_);
   cancelFlag_ = true;
   hide();
 }
 
 bool NotificationComposer::queryUnload(CloseReason) {
   procedure(tag("Form_QueryUnload"), [&](Step&) {
-    if (mode_ == ComposerMode::notifyNow || mode_ == ComposerMode::blankSend) {
+    if (purpose_.mode == ComposerMode::notifyNow || purpose_.mode == ComposerMode::blankSend) {
       deleteNotification(notifyID_);
     }
   });
@@ -271,9 +246,9 @@ void NotificationComposer::refreshComment(Step& step) {
       "Are you sure you want to refresh this comment?  This will replace the existing text.";
   if (!step.holds(askQuestion, question, message_style::batchNotice)) return;
   std::string text;
-  if (type_ == remittanceNotification) {
+  if (purpose_.type == remittanceNotification) {
     text = generateClientAutoNotifyComment(getScheduleIDFromNotificationID(notifyID_));
-  } else if (type_ == appointmentNotification) {
+  } else if (purpose_.type == appointmentNotification) {
     text = getAppointmentBodyText(refreshedKind, notifyID_);
   }
   rtbText.setTextRTF(text);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
@@ -27,15 +26,19 @@ namespace autonotify {
 class NotificationComposer : public Window {
  public:
   // Each takes what the notification is about, its row (below 1: the composer may add one), the
-  // kind of diary item, which is kept whatever its number, and the schedule entry, -1 for none.
-  void InitializeNotifyNow(notificationTypes currentNotificationType, Id notifyID,
-                           std::int32_t dayTimerType, Id scheduleID = noId);
-  void InitializeEditAutoNotify(notificationTypes currentNotificationType, Id notifyID,
-                                std::int32_t dayTimerType, Id scheduleID = noId);
-  void InitializeNewAutoNotify(notificationTypes currentNotificationType, Id notifyID,
-                               std::int32_t dayTimerType, Id scheduleID = noId);
-  void InitializeSendAuto(notificationTypes currentNotificationType, Id notifyID,
-                          std::int32_t dayTimerType, Id scheduleID = noId);
+  // kind of diary item, and the schedule entry, -1 for none.
+  void InitializeNotifyNow(notificationTypes type, Id row, ItemKind kind, Id entry = noId) {
+    initialize("InitializeNotifyNow", {ComposerMode::notifyNow, type, kind}, row, entry);
+  }
+  void InitializeEditAutoNotify(notificationTypes type, Id row, ItemKind kind, Id entry = noId) {
+    initialize("InitializeEditAutoNotify", {ComposerMode::editAuto, type, kind}, row, entry);
+  }
+  void InitializeNewAutoNotify(notificationTypes type, Id row, ItemKind kind, Id entry = noId) {
+    initialize("InitializeNewAutoNotify", {ComposerMode::newAuto, type, kind}, row, entry);
+  }
+  void InitializeSendAuto(notificationTypes type, Id row, ItemKind kind, Id entry = noId) {
+    initialize("InitializeSendAuto", {ComposerMode::sendAuto, type, kind}, row, entry);
+  }
 
   /// True when the person cancelled.
   bool cancelFlag() const { return cancelFlag_; }
@@ -84,22 +87,21 @@ class NotificationComposer : public Window {
 
   // What an initializer is made of.
 
-  /// Takes up the mode and the arguments; the flags go down.
-  void open(ComposerMode mode, notificationTypes type, std::int32_t kind);
+  /// Takes up the purpose; the flags go down.
+  void open(const ComposerPurpose& purpose);
   /// The row to show.
   void takeRow(Id notifyID) { notifyID_ = notifyID; }
   /// Fills the window from the row and shows it until it is hidden.
   void fillAndShow(Step& step);
 
-  ComposerMode mode() const { return mode_; }
+  ComposerMode mode() const { return purpose_.mode; }
   Id companyID() const { return companyID_; }
   Id contactID() const { return contactID_; }
 
   bool queryUnload(CloseReason reason) override;
 
  private:
-  void initialize(const char* procedureName, ComposerMode mode, notificationTypes type, Id notifyID,
-                  std::int32_t kind, Id scheduleID);
+  void initialize(const char* procedureName, const ComposerPurpose& purpose, Id row, Id entry);
   bool addsRow(Id scheduleID) const;
   void populateInfo();
   void fill(Step& step);
@@ -107,7 +109,7 @@ class NotificationComposer : public Window {
   void showSentState(const Row& row);
   void lock();
   FieldTexts fieldTexts() const;
-  void edit(std::int32_t kind, const FieldTexts& fields, const std::string& memo);
+  void edit(ItemKind kind, const FieldTexts& fields, const std::string& memo);
   void confirm(Step& step);
   void cancel(Step& step);
   void refreshComment(Step& step);
@@ -120,9 +122,7 @@ class NotificationComposer : public Window {
 
   const ComposerChannel& channel_;
   std::vector<TextField> fields_;
-  ComposerMode mode_ = ComposerMode::none;
-  notificationTypes type_ = remittanceNotification;
-  std::int32_t kind_ = Appointments;
+  ComposerPurpose purpose_;
   Id notifyID_ = noId;
   Id companyID_ = noId;
   Id contactID_ = noId;

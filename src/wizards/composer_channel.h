@@ -19,6 +19,16 @@ enum class ComposerMode : int {
   blankSend = 5,  ///< sends a row that no item stands behind; deleted when unloaded
 };
 
+/// The kind of a diary item: a CurrentDayTimerType, or whatever number the caller has.
+using ItemKind = std::int32_t;
+
+/// What a composer is opened for.
+struct ComposerPurpose {
+  ComposerMode mode = ComposerMode::none;
+  notificationTypes type = remittanceNotification;
+  ItemKind kind = Appointments;
+};
+
 /// When an initializer that gets no row adds one by itself.
 enum class AddsRow {
   never,
@@ -47,7 +57,7 @@ struct ComposerChannel {
   /// Stores the texts that are not empty in the row of a schedule entry's notification.
   void (*editForSchedule)(Id notifyID, const FieldTexts& fields, const std::string& memo);
   /// The same as editForSchedule for the row of a diary item's notification.
-  void (*editForItem)(std::int32_t kind, Id notifyID, const FieldTexts& fields,
+  void (*editForItem)(ItemKind kind, Id notifyID, const FieldTexts& fields,
                       const std::string& memo);
   /// The captions of cmdFinish and cmdCancel when the window is about a send at once; null: the
   /// ordinary ones.

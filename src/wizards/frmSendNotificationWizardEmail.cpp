@@ -24,7 +24,7 @@ constexpr ComposerChannel emailChannel{
           editEmailNotification(id, field[0], field[1], field[2], field[3], memo);
         },
     .editForItem =
-        [](std::int32_t kind, Id id, const FieldTexts& field, const std::string& memo) {
+        [](ItemKind kind, Id id, const FieldTexts& field, const std::string& memo) {
           editApptEmailNotification(kind, id, field[0], field[1], field[2], field[3], memo);
         },
 };

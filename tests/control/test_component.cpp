@@ -125,18 +125,6 @@ TEST(Component, CreatesNothingUnknownNorWithoutAPlatform) {
   EXPECT_TRUE(library.canUnload());
 }
 
-TEST(Component, LoadsAndUnloadsManyTimes) {
-  for (int i = 0; i < 30; ++i) {
-    {
-      ComponentHost host;
-      EXPECT_TRUE(isLoaded());
-      EXPECT_TRUE(host.control->cls_IsFaxSelected(2));
-      EXPECT_EQ(host.errors.entered(), 2) << "the operation and its procedure";
-    }
-    ASSERT_FALSE(isLoaded());
-  }
-}
-
 TEST(Component, IsSharedUntilTheLastLoaderAndObjectAreGone) {
   TestHost services;
   auto first = std::make_unique<host::ComponentLibrary>(COMPONENT_FILE, services.platform());

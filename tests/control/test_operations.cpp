@@ -285,10 +285,38 @@ TEST_P(Operations, SurviveAFailureOfAnyHostCall) {
        .makeHost = [] { return std::make_unique<ComponentHost>(&officeContent()); }});
 }
 
-INSTANTIATE_TEST_SUITE_P(Control, Operations, testing::ValuesIn(operations),
-                         [](const auto& operation) {
-                           return operation.param.name + ("_" + std::to_string(operation.index));
-                         });
+/// Each operation once.
+std::vector<Operation> walked() {
+  std::vector<Operation> rows;
+  for (const Operation& row : operations) {
+    const auto isSame = [&](const Operation& other) { return std::string(other.name) == row.name; };
+    if (std::ranges::none_of(rows, isSame)) rows.push_back(row);
+  }
+  return rows;
+}
+
+INSTANTIATE_TEST_SUITE_P(Component, Operations, testing::ValuesIn(walked()),
+                         [](const auto& operation) { return std::string(operation.param.name); });
+
+TEST_F(ComponentTest, ToolsEditEmailsAlone) {
+  const auto tools = library.createTools();
+  const Id scheduled = addSchedule(103, 1, clock.today(), {{"scheduleName", "GST Return"}});
+  EXPECT_FALSE(tools->editEmailNotification(addNotification(scheduled, nt_Letter, dueDate)));
+  const Id email = addNotification(scheduled, nt_Email, dueDate);
+  EXPECT_FALSE(tools->editEmailNotification(email + 1));
+  for (const char* button : {"cmdCancel", "cmdFinish"}) {
+    screen.expectWindow("frmSendNotificationWizardEmail",
+                        [&](WindowInUse& window) { window.click(button); });
+    EXPECT_EQ(tools->editEmailNotification(email), button == std::string("cmdFinish"));
+  }
+}
+
+TEST_F(ComponentTest, NoTemplateIsCarriedForAKindThatIsNotThere) {
+  addNotification(addSchedule(0, 0, dueDate), nt_Letter, dueDate);
+  int looks = 0;
+  library.createTools()->propagateTemplate(99, [&](int, int) { ++looks; });
+  EXPECT_EQ(looks, 0);
+}
 
 }  // namespace
 }  // namespace autonotify::test

@@ -8,17 +8,11 @@
 
 namespace autonotify::test {
 
-/// How a composer is opened.
-struct Opening {
-  ComposerMode mode = ComposerMode::editAuto;
-  notificationTypes type = remittanceNotification;
-  std::int32_t kind = Appointments;
-};
-
 /// Runs the initializer of the mode.
-inline void openComposer(NotificationComposer& composer, Opening opening, Id row, Id entry = noId) {
+inline void openComposer(NotificationComposer& composer, ComposerPurpose purpose, Id row,
+                         Id entry = noId) {
   const auto initialize = [&] {
-    switch (opening.mode) {
+    switch (purpose.mode) {
       case ComposerMode::notifyNow:
         return &NotificationComposer::InitializeNotifyNow;
       case ComposerMode::editAuto:
@@ -29,7 +23,7 @@ inline void openComposer(NotificationComposer& composer, Opening opening, Id row
         return &NotificationComposer::InitializeSendAuto;
     }
   }();
-  (composer.*initialize)(opening.type, row, opening.kind, entry);
+  (composer.*initialize)(purpose.type, row, purpose.kind, entry);
 }
 
 /// A schedule entry of a company and its email notification, due on a Thursday.
@@ -67,16 +61,17 @@ class ComposerTest : public HostTest, public ComposerOffice {
   };
 
   /// Opens the row, lets the person act, unloads the window as every caller does.
-  Result compose(Opening opening, HeadlessPerson::Script script) {
+  Result compose(ComposerPurpose purpose, HeadlessPerson::Script script) {
     frmSendNotificationWizardEmail composer;
-    return use(composer, opening, std::move(script));
+    return use(composer, purpose, std::move(script));
   }
   Result compose(ComposerMode mode, HeadlessPerson::Script script) {
-    return compose(Opening{mode}, std::move(script));
+    return compose(ComposerPurpose{mode}, std::move(script));
   }
-  Result use(NotificationComposer& composer, Opening opening, HeadlessPerson::Script script) {
+  Result use(NotificationComposer& composer, ComposerPurpose purpose,
+             HeadlessPerson::Script script) {
     screen.expectWindow(composer.name(), std::move(script));
-    openComposer(composer, opening, row, entry);
+    openComposer(composer, purpose, row, entry);
     const Result result{composer.cancelFlag(), composer.SendSuccessfulFlag()};
     composer.unload();
     return result;

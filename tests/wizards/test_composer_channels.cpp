@@ -27,7 +27,7 @@ constexpr ComposerChannel phoneLike{
           stored().push_back("entry " + std::to_string(id) + " " + fields.at(0) + fields.at(1));
         },
     .editForItem =
-        [](std::int32_t kind, Id id, const FieldTexts& fields, const std::string&) {
+        [](ItemKind kind, Id id, const FieldTexts& fields, const std::string&) {
           stored().push_back(std::to_string(kind) + " " + std::to_string(id) + " " + fields.at(0) +
                              fields.at(1));
         },
@@ -43,7 +43,7 @@ class TestComposer : public NotificationComposer {
   }
   void initializeBlankSend(Id row) {
     procedure(tag("InitializeBlankSend"), [&](Step& step) {
-      open(ComposerMode::blankSend, remittanceNotification, Appointments);
+      open({ComposerMode::blankSend});
       takeRow(row);
       fillAndShow(step);
     });
@@ -64,9 +64,9 @@ class TestComposer : public NotificationComposer {
 class ChannelTest : public ComposerTest {
  protected:
   ChannelTest() { stored().clear(); }
-  Result useTest(Opening opening, HeadlessPerson::Script script) {
+  Result useTest(ComposerPurpose purpose, HeadlessPerson::Script script) {
     TestComposer composer;
-    return use(composer, opening, std::move(script));
+    return use(composer, purpose, std::move(script));
   }
 };
 
@@ -182,7 +182,8 @@ TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
       }
       cancel(window);
     };
-    each.isEmail ? compose(ComposerMode::editAuto, script) : useTest({}, script);
+    each.isEmail ? compose(ComposerMode::editAuto, script)
+                 : useTest({ComposerMode::editAuto}, script);
   }
 }
 
