@@ -1,4 +1,5 @@
 # Settings and helpers shared by all folders.
+option(AUTONOTIFY_WERROR "Take warnings for errors" OFF)
 option(AUTONOTIFY_SANITIZE "Build with address and undefined behaviour sanitizers" OFF)
 option(AUTONOTIFY_COVERAGE "Build for line coverage" OFF)
 option(AUTONOTIFY_FUZZ "Build the fuzz targets only" OFF)
@@ -21,7 +22,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 
 add_library(autonotify_options INTERFACE)
-target_compile_options(autonotify_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+target_compile_options(autonotify_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
+if(AUTONOTIFY_WERROR)
+  target_compile_options(autonotify_options INTERFACE -Werror)
+endif()
 # At -O3 g++ 12 reports both falsely inside std::string and std::variant.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(autonotify_options INTERFACE $<$<CONFIG:Release>:-Wno-restrict;-Wno-maybe-uninitialized>)

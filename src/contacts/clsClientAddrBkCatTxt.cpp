@@ -13,7 +13,6 @@ template <FixedText name>
 constexpr std::string_view tag = procedureTag<"clsClientAddrBkCatTxt", name>;
 
 namespace level {
-constexpr int contact = 1;
 constexpr int company = 2;
 constexpr int category = 3;
 }  // namespace level
