@@ -4,11 +4,13 @@ include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/hvAutoNotifyCtrl6")
 set(header_dir "${CMAKE_INSTALL_INCLUDEDIR}/hvAutoNotifyCtrl6")
 
-# Headers of the component's inside stay out.
-set(inner_headers "references\\.h$|procedure\\.h$|recordsets\\.h$|rich_texts\\.h$|windows\\.h$|open_window\\.h$|contact_tools\\.h$|template_tools\\.h$|component_objects\\.h$|firm_rules\\.h$|Impl\\.h$")
-foreach(folder platform control)
+set(inner_list "${CMAKE_CURRENT_LIST_DIR}/inner_headers.txt")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${inner_list}")
+file(STRINGS "${inner_list}" inner_headers REGEX "^src/")
+list(JOIN inner_headers "$|/" inner_headers)
+foreach(folder platform contract control)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/${folder}" DESTINATION "${header_dir}"
-    FILES_MATCHING PATTERN "*.h" REGEX "${inner_headers}" EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" REGEX "/${inner_headers}$" EXCLUDE)
 endforeach()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/host/loader" DESTINATION "${header_dir}/host"
   FILES_MATCHING PATTERN "*.h")

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Holds the source files to the table of folders, cmake/folders.txt.
 
-Fails on an include that runs upward or cannot be resolved, on a circle between files, on two files
-of one name, and when the table in docs/architecture.md is not that of the folders (--write brings
-it up to date).
+Fails on an include that runs upward or cannot be resolved, on one that reaches into the component from
+outside (cmake/inner_headers.txt), on a circle between files, on two files of one name, and when the
+table in docs/architecture.md is not that of the folders (--write brings it up to date). It
+also tells how many lines the tests have to a hundred of the program.
 """
 import collections
 import pathlib
@@ -16,6 +17,7 @@ FOLDERS = ROOT / "cmake/folders.txt"
 DOCUMENT = ROOT / "docs/architecture.md"
 # What host/ and apps/ may see of the component: its public headers.
 PUBLIC = {"src/platform", "src/contract", "src/control"}
+INNER = {line for line in (ROOT / "cmake/inner_headers.txt").read_text().splitlines() if line[:4] == "src/"}
 MARKS = ("<!-- folders -->\n", "<!-- /folders -->")
 Row = collections.namedtuple("Row", "folder below text")
 
@@ -88,6 +90,8 @@ def faults_of(name, graph):
         graph[name].append(target)
         if folder_of(target) not in ALLOWED[folder]:
             yield f'{name}: "{include}" runs upward'
+        if target in INNER and not name.startswith("src/"):
+            yield f'{name}: "{include}" stays inside the component'
 
 
 def circles(graph):
@@ -112,6 +116,10 @@ def shared_names():
     for name in tracked("*.h", "*.cpp", "*.py"):
         places[pathlib.Path(name).name].append(name)
     return (f"one name, two files: {' '.join(names)}" for names in places.values() if len(names) > 1)
+
+
+def lost_headers():
+    return (f"an inner header, but no file: {name}" for name in sorted(INNER - set(tracked("src/*.h"))))
 
 
 def document_table():
@@ -140,9 +148,22 @@ def faults():
     yield from circles({name: graph[name] for name in list(graph)} | {
         target: [] for targets in list(graph.values()) for target in targets if target not in graph})
     yield from shared_names()
+    yield from lost_headers()
     yield from document_faults("--write" in sys.argv[1:])
 
 
+def filled_lines(*patterns):
+    return sum(1 for name in tracked(*patterns) for line in (ROOT / name).open() if line.strip())
+
+
+def test_share():
+    kinds = ("*.h", "*.cpp", "*.py")
+    tests = filled_lines(*(f"tests/{kind}" for kind in kinds))
+    program = filled_lines(*(f"{top}/{kind}" for top in ("src", "host", "apps") for kind in kinds))
+    return f"{tests:,} lines of tests beside {program:,}: {100 * tests // program} in a hundred"
+
+
+print(test_share())
 found = list(faults())
 print("\n".join(found) if found else "all includes run downward")
 sys.exit(1 if found else 0)

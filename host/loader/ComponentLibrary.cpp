@@ -15,8 +15,8 @@ namespace fs = std::filesystem;
 std::vector<fs::path> candidates(const fs::path& given) {
   if (!given.empty()) return {given, given / ComponentLibrary::fileName};
   const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
-  return {folder / ComponentLibrary::fileName,
-          folder.parent_path() / "lib" / ComponentLibrary::fileName};
+  const fs::path installed = (folder / AUTONOTIFY_COMPONENT_FOLDER).lexically_normal();
+  return {folder / ComponentLibrary::fileName, installed / ComponentLibrary::fileName};
 }
 
 /// How many loaders of this program hold each loaded file.

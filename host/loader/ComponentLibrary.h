@@ -27,8 +27,8 @@ class ComponentLibrary {
   static constexpr const char* fileName = "hvAutoNotifyCtrl6.so";
 
   /// The component's file: `given` when it is not empty (the file, or the folder that holds it),
-  /// otherwise beside the running program, otherwise in ../lib from there. Throws ComponentError,
-  /// which names the places that were tried.
+  /// otherwise beside the running program, otherwise where the installation puts libraries, seen
+  /// from there. Throws ComponentError, which names the places that were tried.
   static std::filesystem::path locate(const std::filesystem::path& given = {});
 
   /// Loads the component of that file. `platform` must outlive all its objects. Throws
