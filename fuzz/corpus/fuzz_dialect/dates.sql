@@ -1,0 +1,1 @@
+SELECT * FROM Holidays WHERE HolidayDate IN (#4/3/2026#, #2026-04-06 09:30:00#) AND NOT Country=1.5e3

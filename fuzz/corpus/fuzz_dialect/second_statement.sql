@@ -1,0 +1,1 @@
+SELECT * FROM Company WHERE CompanyID=1; DELETE FROM Company -- 'x' /* y */

@@ -1,0 +1,1 @@
+SELECT COUNT(*) AS rows FROM Company WHERE CompanyName LIKE 'O''Neil*' OR CompanyName IS NULL

@@ -1,0 +1,103 @@
+// Any bytes as a template, merged with the samples of the fields and checked as an editor does: on
+// a host that never fails nothing fails, text stays UTF-8, a fault is told exactly when there is
+// one.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "contract/references.h"
+#include "examples/embed/one_row_database.h"
+#include "host/services/ClassRegistry.h"
+#include "host/services/HeadlessFormHost.h"
+#include "host/services/HostLocale.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/fields/field_list_kinds.h"
+#include "platform/text.h"
+
+namespace {
+
+using namespace autonotify;
+
+void require(bool holds) {
+  if (!holds) std::abort();
+}
+
+class FixedDay : public Clock {
+ public:
+  DateTime now() override { return DateTime::of(2026, 4, 15, 9, 30); }
+};
+
+class NoErrors : public errorClass {
+ public:
+  void enterProcedure(std::string_view) override {}
+  void leaveProcedure() override {}
+  void recordError(const PlatformError&) override { std::abort(); }
+  void showErrorDialog() override {}
+  int getErrorChoice() override { return error_choice::leave; }
+};
+
+class ClosedDatabase : public OneRowDatabase {
+ public:
+  bool isDatabaseOpen() override { return false; }
+};
+
+/// What a merge without records asks of its host.
+struct Host {
+  Host() {
+    references().platform = {&registry, &clock, &forms};
+    references().errors = &errors;
+    references().databaseReference = &database;
+    references().localeReference = &locale;
+    references().fileUtility = createHostObject<FileUtility>();
+    references().generalUtilities = createHostObject<GeneralUtilities>();
+    references().validationUtilities = createHostObject<ValidationUtilities>();
+  }
+
+  host::ClassRegistry registry;
+  FixedDay clock;
+  host::HeadlessFormHost forms;
+  NoErrors errors;
+  ClosedDatabase database;
+  host::HostLocale locale{{}};
+};
+
+struct Engine : clsInsertFieldsInRTB {
+  Engine() {
+    put_MergeFieldListUse(field_list_use::merging);
+    ListType = field_list_type::task;
+    bool noListBox = true;
+    bool clearListBox = false;
+    createDefaultFieldListStructure(noListBox, clearListBox);
+    TestComment = true;
+    testErrorComment = [this](const std::string&) { isFaultTold = true; };
+  }
+
+  bool isFaultTold = false;
+};
+
+void merge(Engine& engine, const std::string& text) {
+  engine.TemplateText = text;
+  const std::string merged = engine.parseRTBComment();
+  require(!isValidUtf8(text) || isValidUtf8(merged));
+}
+
+void check(Engine& engine, const std::string& text, bool isRTF) {
+  engine.isFaultTold = false;
+  require(engine.testRTBComment(text, isRTF, true, false) == engine.isFaultTold);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static Host host;
+  static Engine engine;
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  for (const bool isRTF : {false, true}) {
+    engine.ConvertStrToRTF = isRTF;
+    merge(engine, text);
+    check(engine, text, isRTF);
+  }
+  return 0;
+}
