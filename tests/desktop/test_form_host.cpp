@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QTreeWidget>
+#include <QWheelEvent>
 
 #include "FormHostTest.h"
 #include "platform/PlatformError.h"
@@ -191,6 +192,29 @@ TEST_F(FormHostTest, ATypedTextIsNoChoice) {
   });
 }
 
+TEST_F(FormHostTest, AChosenEntryIsWrittenInWhereTheCaretIsAndLeftByTheWheel) {
+  int clicks = 0;
+  form_.cboEntries.setListIndex(1);
+  form_.cboEntries.onClick = [&] { ++clicks; };
+  use([&] {
+    auto& combo = widget<QComboBox>(form_.cboEntries);
+    combo.setFocus(Qt::TabFocusReason);
+    combo.lineEdit()->setCursorPosition(3);
+    QTest::keyClicks(combo.lineEdit(), "by");
+    EXPECT_EQ(form_.cboEntries.text() + std::to_string(form_.cboEntries.listIndex()), "bobby@b-1");
+    form_.cboEntries.setListIndex(1);
+    const QPointF middle = combo.rect().center();
+    for (QWidget* part : {static_cast<QWidget*>(combo.lineEdit()), static_cast<QWidget*>(&combo)}) {
+      QWheelEvent wheel(middle, combo.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, {},
+                        Qt::NoScrollPhase, false);
+      QApplication::sendEvent(part, &wheel);
+      EXPECT_FALSE(wheel.isAccepted()) << "the page below may use it";
+    }
+    EXPECT_EQ(form_.cboEntries.text() + std::to_string(form_.cboEntries.listIndex()), "bob@b1");
+    EXPECT_EQ(clicks, 1);
+  });
+}
+
 TEST_F(FormHostTest, ADateIsPickedNotTyped) {
   use([&] {
     auto& picker = widget<QDateEdit>(form_.DTPicker1);
@@ -284,6 +308,40 @@ TEST_F(FormHostTest, ALongListIsDrawnOnce) {
     form_.lstEntries.setListIndex(4000);
     EXPECT_EQ(list.currentItem()->text(), "4000");
     EXPECT_EQ(list.count(), 5000);
+  });
+}
+
+TEST_F(FormHostTest, RowsAreDrawnAsTheyChangeAndTheOthersStay) {
+  use([&] {
+    auto& list = widget<QListWidget>(form_.lstEntries);
+    auto& tree = widget<QTreeWidget>(form_.tvwNodes);
+    auto& combo = widget<QComboBox>(form_.cboEntries);
+    combo.setItemData(1, "mark");
+    QListWidgetItem* const second = list.item(1);
+    QTreeWidgetItem* const root = tree.topLevelItem(1);
+    form_.lstEntries.setListIndex(1);
+    for (ItemList* entries :
+         {static_cast<ItemList*>(&form_.lstEntries), static_cast<ItemList*>(&form_.cboEntries)}) {
+      entries->addItem("dan@d");
+      entries->setList(2, "eve@e");
+      entries->removeItem(0);
+    }
+    form_.tvwNodes.addNode(form_.tvwNodes.addNode(1, "below", "below"), "leaf", "leaf");
+    EXPECT_EQ(list.item(0), second);
+    EXPECT_EQ(list.currentRow(), 0);
+    EXPECT_EQ(combo.itemData(0), "mark");
+    EXPECT_EQ(combo.currentText(), "");
+    for (int row = 0; row < 3; ++row) {
+      EXPECT_EQ(list.item(row)->text(), shown(form_.lstEntries.list(row)));
+      EXPECT_EQ(combo.itemText(row), shown(form_.cboEntries.list(row)));
+    }
+    EXPECT_EQ(list.count() + combo.count(), 6);
+    EXPECT_EQ(tree.topLevelItem(1), root);
+    EXPECT_EQ(root->child(0)->text(0), "below");
+    EXPECT_TRUE(root->child(0)->isExpanded());
+    for (int entry = 3; entry > 0; --entry) form_.cboEntries.removeItem(0);
+    form_.cboEntries.addItem("alone");
+    EXPECT_EQ(combo.currentText() + QString::number(combo.currentIndex()), "-1");
   });
 }
 

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/controls/CheckBox.h"
@@ -9,12 +8,11 @@
 #include "platform/controls/OptionButton.h"
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
+#include "platform/controls/TreeView.h"
 #include "platform/controls/control_array.h"
 
 namespace autonotify::test {
 namespace {
-
-using testing::ElementsAre;
 
 struct NoPump : FormHost {
   void pumpMessages() override {}
@@ -106,18 +104,42 @@ TEST(Controls, RendererIsToldWhatChanged) {
   NoPump host;
   Form form(host, "frm");
   TextBox field(form, "txt");
-  ListBox list(form, "lst");
-  std::vector<Aspect> aspects;
-  field.onRender = list.onRender = [&](Aspect aspect) { aspects.push_back(aspect); };
-  field.setText("x");
-  field.setText("x");
-  field.setEnabled(false);
-  field.setBackColor(0x0000FF);
-  list.addItem("entry");
-  list.setListIndex(0);
-  list.setFocus();
-  EXPECT_THAT(aspects, ElementsAre(Aspect::value, Aspect::state, Aspect::state, Aspect::list,
-                                   Aspect::value, Aspect::focus));
+  ComboBox combo(form, "cbo");
+  TreeView tree(form, "tvw");
+  std::string told;
+  for (Control* control : form.controls()) {
+    control->onRender = [&](Aspect aspect) { told += "svlf"[static_cast<int>(aspect)]; };
+    control->onRowChange = [&](const RowChange& change) {
+      told += "+-~"[static_cast<int>(change.kind)] + std::to_string(change.row);
+      EXPECT_EQ(change.count, 1);
+    };
+  }
+  const struct {
+    std::function<void()> act;
+    std::string told;
+  } changes[] = {
+      {[&] { field.setText("x"); }, "v"},
+      {[&] { field.setText("x"); }, ""},
+      {[&] { field.setEnabled(false); }, "s"},
+      {[&] { field.setBackColor(0x0000FF); }, "s"},
+      {[&] { combo.addItem("a"), combo.addItem("b"), combo.addItem("c"); }, "+0+1+2"},
+      {[&] { combo.setListIndex(1); }, "v"},
+      {[&] { combo.setFocus(); }, "f"},
+      {[&] { combo.setList(2, "d"); }, "~2"},
+      {[&] { combo.removeItem(0); }, "-0"},
+      {[&] { tree.addNode(tree.addNode(-1, "k", "root"), "l", "leaf"); }, "+0+1"},
+      {[&] { tree.clear(), combo.refresh(); }, "ll"},
+  };
+  for (const auto& [act, expected] : changes) {
+    told.clear();
+    act();
+    EXPECT_EQ(told, expected) << &expected - &changes[0].told;
+  }
+  EXPECT_EQ(combo.list(0) + combo.list(1) + combo.text(), "bdb");
+  EXPECT_EQ(combo.listIndex(), 0) << "the entry that was chosen has moved up";
+  combo.removeItem(0);
+  EXPECT_EQ(combo.text() + std::to_string(combo.listIndex()), "-1");
+  EXPECT_THROW(combo.removeItem(1), std::out_of_range);
 }
 
 TEST(Controls, AContainerDrawsWhatIsInsideIt) {
@@ -137,6 +159,9 @@ TEST(Controls, AContainerDrawsWhatIsInsideIt) {
   tabs.setVisible(false);
   frame.setFocus();
   EXPECT_EQ(drawn, "+-+-");
+  inside.setContainer(tabs, 1);
+  frame.setEnabled(false);
+  EXPECT_EQ(drawn, "+-+--") << "it has left the frame";
 }
 
 }  // namespace

@@ -35,11 +35,13 @@ class Binding::Drawing {
 Binding::Binding(Form& form, Control& control, QWidget& widget)
     : form_(form), control_(control), widget_(widget) {
   control_.onRender = [this](Aspect aspect) { draw(aspect); };
+  control_.onRowChange = [this](const RowChange& change) { drawRowChange(change); };
   focusWidgetOf(widget_).installEventFilter(this);
 }
 
 Binding::~Binding() {
   control_.onRender = nullptr;
+  control_.onRowChange = nullptr;
 }
 
 void Binding::render() {
@@ -77,6 +79,13 @@ void Binding::drawNewList() {
   if (!std::exchange(isListNew_, false)) return;
   const Drawing drawing;
   drawList();
+}
+
+void Binding::drawRowChange(const RowChange& change) {
+  if (isListNew_) return;
+  const Drawing drawing;
+  drawRows(change);
+  drawValue();
 }
 
 void Binding::drawColor() {

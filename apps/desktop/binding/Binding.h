@@ -20,7 +20,7 @@ class Binding : public QObject {
   const Control& control() const { return control_; }
   QWidget& widget() { return widget_; }
 
-  /// Draws everything at once. Entries are otherwise drawn when the program is done with them.
+  /// Draws everything at once. A whole list is otherwise drawn when the program is done with it.
   void render();
   /// Gives the widget the focus, if its control has it.
   void takeFocus();
@@ -30,6 +30,7 @@ class Binding : public QObject {
   virtual void drawState() {}
   virtual void drawValue() {}
   virtual void drawList() {}
+  virtual void drawRows(const RowChange&) {}
   virtual void drawEnabled(bool isEnabled) { widget_.setEnabled(isEnabled); }
   /// The part of the widget that a colour is for.
   virtual QWidget& colored() { return widget_; }
@@ -57,6 +58,7 @@ class Binding : public QObject {
 
   void draw(Aspect aspect);
   void drawNewList();
+  void drawRowChange(const RowChange& change);
   void drawColor();
   void renderFocus();
   bool isInReach() const { return form_.isVisible() && control_.isReachable(); }

@@ -15,6 +15,18 @@ void drawEntries(Widget& widget, const ItemList& list) {
   for (const ItemList::Entry& entry : list.entries()) widget.addItem(shown(entry.text));
 }
 
+template <class Widget>
+void drawEntryRows(Widget& widget, const ItemList& list, const RowChange& change) {
+  QAbstractItemModel& rows = *widget.model();
+  if (change.kind == RowChange::Kind::removed) rows.removeRows(change.row, change.count);
+  for (int row = change.row; row < change.row + change.count; ++row) {
+    if (change.kind == RowChange::Kind::added)
+      widget.insertItem(row, shown(list.list(row)));
+    else if (change.kind == RowChange::Kind::changed)
+      rows.setData(rows.index(row, 0), shown(list.list(row)), Qt::DisplayRole);
+  }
+}
+
 int positionOf(const QTreeWidgetItem* item) {
   return item ? item->data(0, Qt::UserRole).toInt() : -1;
 }
@@ -46,10 +58,26 @@ void ComboBinding::drawList() {
   drawEntries(widget_, control_);
 }
 
+void ComboBinding::drawRows(const RowChange& change) {
+  drawEntryRows(widget_, control_, change);
+}
+
+// The box empties its field when the entry is no longer chosen.
 void ComboBinding::drawValue() {
-  if (widget_.currentIndex() != control_.listIndex()) widget_.setCurrentIndex(control_.listIndex());
   const QString text = shown(control_.text());
+  const bool isTyped = widget_.isEditable() && widget_.currentText() == text;
+  const int caret = isTyped ? widget_.lineEdit()->cursorPosition() : 0;
+  if (widget_.currentIndex() != control_.listIndex()) widget_.setCurrentIndex(control_.listIndex());
   if (widget_.isEditable() && widget_.currentText() != text) widget_.setEditText(text);
+  if (isTyped) widget_.lineEdit()->setCursorPosition(caret);
+}
+
+bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Wheel) {
+    event->ignore();
+    return true;
+  }
+  return Binding::eventFilter(watched, event);
 }
 
 QWidget& ComboBinding::colored() {
@@ -95,6 +123,7 @@ void ItemViewBinding<ControlType, WidgetType>::choose(int position) {
 
 ListBinding::ListBinding(Form& form, ListBox& control, QListWidget& widget)
     : ItemViewBinding(form, control, widget) {
+  widget.setUniformItemSizes(true);
   connect(&widget, &QListWidget::currentRowChanged, this, [this](int row) { itemMoved(row); });
   connect(&widget, &QListWidget::itemClicked, this, [this] { itemClicked(widget_.currentRow()); });
   connect(&widget, &QListWidget::itemDoubleClicked, this, [this] { itemDoubleClicked(); });
@@ -104,9 +133,14 @@ void ListBinding::drawList() {
   drawEntries(widget_, control_);
 }
 
+void ListBinding::drawRows(const RowChange& change) {
+  drawEntryRows(widget_, control_, change);
+}
+
 TreeBinding::TreeBinding(Form& form, TreeView& control, QTreeWidget& widget)
     : ItemViewBinding(form, control, widget) {
   widget.setHeaderHidden(true);
+  widget.setUniformRowHeights(true);
   connect(&widget, &QTreeWidget::currentItemChanged, this,
           [this](const QTreeWidgetItem* item) { itemMoved(positionOf(item)); });
   connect(&widget, &QTreeWidget::itemClicked, this,
@@ -117,21 +151,30 @@ TreeBinding::TreeBinding(Form& form, TreeView& control, QTreeWidget& widget)
 void TreeBinding::drawList() {
   widget_.clear();
   items_.clear();
-  for (const TreeView::Node& node : control_.nodes()) {
-    auto* item = new QTreeWidgetItem({shown(node.text)});
-    item->setData(0, Qt::UserRole, static_cast<int>(items_.size()));
-    if (node.parent < 0)
-      widget_.addTopLevelItem(item);
-    else
-      items_[static_cast<std::size_t>(node.parent)]->addChild(item);
-    items_.push_back(item);
-  }
+  for (const TreeView::Node& node : control_.nodes()) addItem(node);
   widget_.expandAll();
 }
 
+void TreeBinding::drawRows(const RowChange& change) {
+  const TreeView::Node& node = control_.nodes().at(static_cast<std::size_t>(change.row));
+  addItem(node);
+  if (QTreeWidgetItem* parent = itemAt(node.parent)) parent->setExpanded(true);
+}
+
+void TreeBinding::addItem(const TreeView::Node& node) {
+  auto* item = new QTreeWidgetItem({shown(node.text)});
+  item->setData(0, Qt::UserRole, static_cast<int>(items_.size()));
+  QTreeWidgetItem* parent = itemAt(node.parent);
+  (parent ? parent : widget_.invisibleRootItem())->addChild(item);
+  items_.push_back(item);
+}
+
+QTreeWidgetItem* TreeBinding::itemAt(int position) const {
+  return position < 0 ? nullptr : items_.at(static_cast<std::size_t>(position));
+}
+
 void TreeBinding::drawValue() {
-  const int selected = control_.selected();
-  widget_.setCurrentItem(selected < 0 ? nullptr : items_.at(static_cast<std::size_t>(selected)));
+  widget_.setCurrentItem(itemAt(control_.selected()));
 }
 
 TabBinding::TabBinding(Form& form, TabControl& control, QTabWidget& widget)

@@ -20,8 +20,11 @@ class ComboBinding : public BindingOf<ComboBox, QComboBox> {
 
  protected:
   void drawList() override;
+  void drawRows(const RowChange& change) override;
   void drawValue() override;
   QWidget& colored() override;
+  /// The wheel moves the page below, never the choice in a box that is closed.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void bindField(QLineEdit& field);
@@ -54,6 +57,7 @@ class ListBinding : public ItemViewBinding<ListBox, QListWidget> {
 
  protected:
   void drawList() override;
+  void drawRows(const RowChange& change) override;
   void drawValue() override { widget_.setCurrentRow(control_.listIndex()); }
 };
 
@@ -63,9 +67,13 @@ class TreeBinding : public ItemViewBinding<TreeView, QTreeWidget> {
 
  protected:
   void drawList() override;
+  void drawRows(const RowChange& change) override;
   void drawValue() override;
 
  private:
+  QTreeWidgetItem* itemAt(int position) const;
+  void addItem(const TreeView::Node& node);
+
   std::vector<QTreeWidgetItem*> items_;
 };
 

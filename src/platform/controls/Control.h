@@ -21,6 +21,14 @@ enum class Aspect {
   focus,  ///< the control has gained the focus
 };
 
+/// A change of some rows that leaves the others as they are: entries, nodes, lines of a grid.
+struct RowChange {
+  enum class Kind { added, removed, changed };
+  Kind kind;
+  int row;  ///< the first of them; where the rows were, when they have been removed
+  int count = 1;
+};
+
 /// A window as its controls know it.
 class ControlOwner {
  public:
@@ -76,7 +84,9 @@ class Control : public HostObject {
   Control* container() const { return container_; }
   int page() const { return page_; }
   void setContainer(Control& container, int page = 0) {
+    if (container_) std::erase(container_->inside_, this);
     container_ = &container;
+    container.inside_.push_back(this);
     page_ = page;
     render(Aspect::state);
   }
@@ -109,8 +119,11 @@ class Control : public HostObject {
   /// Before a person's act takes the focus away: True keeps it here, and the act does not happen.
   std::function<bool()> onValidate;
 
-  /// The renderer's, told after every change.
+  /// The renderer's, told after every change but those of rows.
   std::function<void(Aspect)> onRender;
+  /// The renderer's, told after each change of rows; a change that is not told as one of rows is
+  /// told as one of the whole list.
+  std::function<void(const RowChange&)> onRowChange;
 
   // What an act of a person does here; the answer is False where the control knows no such act.
   virtual bool acceptClick() { return false; }
@@ -126,10 +139,11 @@ class Control : public HostObject {
   /// With a container, what a person finds inside it is drawn anew as well.
   void render(Aspect aspect) {
     if (onRender) onRender(aspect);
-    if (aspect == Aspect::focus || !owner_) return;
-    for (Control* inside : owner_->controls()) {
-      if (inside->container_ == this) inside->render(Aspect::state);
-    }
+    if (aspect == Aspect::focus) return;
+    for (Control* inside : inside_) inside->render(Aspect::state);
+  }
+  void renderRows(const RowChange& change) {
+    if (onRowChange) onRowChange(change);
   }
   /// Calls the reaction, if there is one; always True. The copy keeps the code alive when it
   /// assigns another reaction.
@@ -159,6 +173,7 @@ class Control : public HostObject {
   bool visible_ = true;
   std::optional<std::int32_t> backColor_;
   Control* container_ = nullptr;
+  std::vector<Control*> inside_;
   int page_ = 0;
 };
 

@@ -26,7 +26,18 @@ class ItemList : public Control {
   void addItem(std::string text, int itemData = 0) {
     entries_.push_back({std::move(text), itemData});
     newIndex_ = listCount() - 1;
-    render(Aspect::list);
+    renderRows({RowChange::Kind::added, newIndex_});
+  }
+  /// The chosen entry stays chosen, unless it is the one that goes. Requires: 0 <= index <
+  /// listCount().
+  void removeItem(int index) {
+    at(index);
+    entries_.erase(entries_.begin() + index);
+    newIndex_ = -1;
+    const bool wasChosen = index == listIndex_;
+    if (index <= listIndex_) listIndex_ = wasChosen ? -1 : listIndex_ - 1;
+    if (wasChosen) onMoved();
+    renderRows({RowChange::Kind::removed, index});
   }
   /// Takes over the entries of another list, with none chosen.
   void copyEntries(const ItemList& other) {
@@ -38,9 +49,13 @@ class ItemList : public Control {
   int newIndex() const { return newIndex_; }
   int listCount() const { return static_cast<int>(entries_.size()); }
   const std::vector<Entry>& entries() const { return entries_; }
-  /// Requires, as the next two: 0 <= index < listCount().
+  /// Requires, as the next three: 0 <= index < listCount().
   const std::string& list(int index) const { return at(index).text; }
   int itemData(int index) const { return at(index).itemData; }
+  void setList(int index, std::string text) {
+    entries_.at(static_cast<std::size_t>(index)).text = std::move(text);
+    renderRows({RowChange::Kind::changed, index});
+  }
   void setItemData(int index, int data) {
     entries_.at(static_cast<std::size_t>(index)).itemData = data;
   }

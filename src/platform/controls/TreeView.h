@@ -24,9 +24,10 @@ class TreeView : public Control {
   }
   /// Appends a node, below the parent at that position, and gives its position.
   int addNode(int parent, std::string key, std::string text) {
+    const int position = static_cast<int>(nodes_.size());
     nodes_.push_back({std::move(key), std::move(text), parent});
-    render(Aspect::list);
-    return static_cast<int>(nodes_.size()) - 1;
+    renderRows({RowChange::Kind::added, position});
+    return position;
   }
   const std::vector<Node>& nodes() const { return nodes_; }
   /// Position of the node with this key, -1 when there is none.
