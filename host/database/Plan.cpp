@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
 
-std::vector<TableReference> keyedTables(const Translation& translation) {
-  if (!translation.rowsAreTableRows || translation.from == std::string::npos) return {};
+/// The tables whose keys the rows have; empty when they have none, or not all are of the schema.
+std::vector<TableReference> tablesWithKeys(const Translation& translation) {
+  if (!translation.rowsHaveKeys || translation.from == std::string::npos) return {};
   const std::string_view clause =
       std::string_view(translation.sql)
           .substr(translation.from, translation.fromEnd - translation.from);
@@ -19,30 +21,54 @@ std::vector<TableReference> keyedTables(const Translation& translation) {
   return known ? tables : std::vector<TableReference>{};
 }
 
+/// Whether the only condition on the only table is that its key is a given one.
+bool asksForOneRow(const Translation& translation, const std::string& key, Engine engine) {
+  const std::string condition = replaceAll(translation.sql.substr(translation.fromEnd), " ", "");
+  const std::string_view column = std::string_view(key).substr(key.find('.') + 1);
+  const std::string given = '=' + placeholder(engine, 1);
+  return equalIgnoreCase(condition, "WHERE" + key + given) ||
+         equalIgnoreCase(condition, "WHERE" + std::string(column) + given);
+}
+
 }  // namespace
 
 Plan::Plan(Driver& driver, const Translation& translation) : driver_(driver) {
-  rows_ = driver.prepare(keyedSql(driver, translation));
-  isWholeTable_ = tables_.size() == 1 && translation.fromEnd == translation.sql.size();
+  rows_ = driver.prepare(rowsSql(translation));
 }
 
-std::string Plan::keyedSql(Driver& driver, const Translation& translation) {
+std::string Plan::rowsSql(const Translation& translation) {
   const std::string& sql = translation.sql;
-  std::string keys;
-  std::string condition;
-  for (const TableReference& reference : keyedTables(translation)) {
+  std::vector<std::string> keys;
+  for (const TableReference& reference : tablesWithKeys(translation)) {
     const TableDef* table = findTable(reference.table);
-    tables_.push_back(table);
-    const std::string key = reference.alias + '.' + table->key();
-    keys += ", " + key;
-    condition += condition.empty() ? " WHERE " : " AND ";
-    condition += key + '=' + placeholder(driver.engine(), tables_.size());
+    keys.push_back(reference.alias + '.' + table->key());
+    if (translation.rowsAreTableRows) tables_.push_back(table);
   }
-  if (tables_.empty()) return sql;
-  const std::string list = sql.substr(0, translation.from) + keys + ' ';
-  rowByKeysSql_ =
-      list + sql.substr(translation.from, translation.fromEnd - translation.from) + condition;
-  return list + sql.substr(translation.from);
+  if (keys.empty()) return sql;
+  const bool isWhole = keys.size() == 1 && translation.fromEnd == sql.size();
+  isWholeTable_ = isWhole && isKeyed();
+  std::string result = isKeyed() ? keyBy(translation, keys) : sql.substr(0, translation.from);
+  result += sql.substr(translation.from, translation.orderEnd - translation.from);
+  const Engine engine = driver_.engine();
+  if (keys.size() > 1 || !asksForOneRow(translation, keys.front(), engine))
+    result += (translation.isOrdered ? ", " : " ORDER BY ") + keyOrder(engine, keys, isWhole);
+  return result + sql.substr(translation.orderEnd);
+}
+
+/// Gives what is selected, with the keys behind it.
+std::string Plan::keyBy(const Translation& translation, const std::vector<std::string>& keys) {
+  std::string list = translation.sql.substr(0, translation.from);
+  std::string condition;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    list += ", " + keys[i];
+    condition +=
+        (i == 0 ? " WHERE " : " AND ") + keys[i] + '=' + placeholder(driver_.engine(), i + 1);
+  }
+  list += ' ';
+  rowByKeysSql_ = list +
+                  translation.sql.substr(translation.from, translation.fromEnd - translation.from) +
+                  condition;
+  return list;
 }
 
 void Plan::describe() {

@@ -27,6 +27,9 @@ struct PlanColumn {
 /// A keyed plan selects the keys of its tables behind the columns asked for, so that each row can
 /// be read again by its keys, whatever has been written since. A plan is not keyed when rows are no
 /// rows of tables (groups, unions, outer joins) or when a table is none of the schema.
+///
+/// What the statement leaves open about the order of its rows is settled by the keys of its tables,
+/// from left to right, so that all engines give them in one order. Groups and unions have no keys.
 class Plan {
  public:
   /// Prepares the statement. Throws DatabaseError when the engine does not accept it.
@@ -60,7 +63,8 @@ class Plan {
   DriverStatement& rowByKeys();
 
  private:
-  std::string keyedSql(Driver& driver, const Translation& translation);
+  std::string rowsSql(const Translation& translation);
+  std::string keyBy(const Translation& translation, const std::vector<std::string>& keys);
   void nameColumns();
 
   Driver& driver_;

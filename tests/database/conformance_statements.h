@@ -156,4 +156,42 @@ TYPED_TEST_P(Conformance, OrderPutsNullFirstAndCountsAreNumbers) {
             values({1, 1, 2}));
 }
 
+/// Where a statement says nothing of it, rows stand in the order of the keys of its tables, from
+/// left to right, whatever was written last and whichever index leads to them.
+TYPED_TEST_P(Conformance, RowsOfNoOrderStandInThatOfTheirKeys) {
+  DatabaseReference& desk = *this->first;
+  const std::vector<std::string> companies = {"b", "a", "b"};
+  for (const std::string& name : companies)
+    conformance::add(desk, "Companies", "CompanyID", {{"CompanyName", name}});
+  for (int i = 1; i <= 6; ++i)
+    addNotification(desk, {{"CompanyIDNum", std::to_string(i % 2 == 0 ? 1 : 3)},
+                           {"ScheduleIDNum", std::to_string(7 - i)},
+                           {"NotificationDate", "2026-01-0" + std::to_string(7 - i)},
+                           {"Field1", std::to_string(i)}});
+  for (const Id written : {1, 4, 2}) {
+    const RecordsetHandle row = open(desk, notification(written));
+    update(desk, row, "Memo", "written");
+    update(desk, row, "SentByUserIDNum", "5");
+    desk.closeRecordset(row);
+  }
+  const std::string joined =
+      " INNER JOIN ClientNotification ON Companies.CompanyID = ClientNotification.CompanyIDNum ";
+  const std::vector<std::pair<std::string, std::vector<Value>>> cases = {
+      {"ClientNotification", values({"1", "2", "3", "4", "5", "6"})},
+      {"ClientNotification WHERE ScheduleIDNum > 1", values({"1", "2", "3", "4", "5"})},
+      {"ClientNotification WHERE NotificationDate >= #2026-01-03# AND NotificationSent=False",
+       values({"1", "2", "3", "4"})},
+      {"ClientNotification WHERE CompanyIDNum = 3", values({"1", "3", "5"})},
+      {"ClientNotification ORDER BY CompanyIDNum", values({"2", "4", "6", "1", "3", "5"})},
+      {"ClientNotification ORDER BY CompanyIDNum DESC LIMIT 5", values({"1", "3", "5", "2", "4"})},
+      {"Companies" + joined, values({"2", "4", "6", "1", "3", "5"})},
+      {"Companies" + joined + "WHERE ScheduleIDNum < 6", values({"2", "4", "6", "3", "5"})},
+      {"Companies" + joined + "ORDER BY SentByUserIDNum", values({"6", "3", "5", "2", "4", "1"})},
+      {"Companies AS c LEFT JOIN ClientNotification AS n ON c.CompanyID = n.CompanyIDNum",
+       values({"2", "4", "6", Null{}, "1", "3", "5"})},
+  };
+  for (const auto& [from, names] : cases)
+    EXPECT_EQ(column(desk, "SELECT Field1 FROM " + from + ";", "Field1"), names) << from;
+}
+
 }  // namespace autonotify::host::conformance

@@ -13,11 +13,12 @@ REGISTER_TYPED_TEST_SUITE_P(
     ColumnNamesMatchInAnyCaseAndByTheirTable, ANewRowShowsItsDefaultsBeforeAndAfterItIsSaved,
     StatementsOfTheDialectRunInEveryMode, OtherStatementsAreRefusedAndHarmNothing,
     ConditionsSelectWhatTheySay, OrderPutsNullFirstAndCountsAreNumbers,
-    RowsAreWalkedMarkedAndCounted, SearchComparesByTheKindOfTheColumn,
-    SearchInALoopSeesWhatWasWritten, ColumnsAndRowsAreReadWholeAndThePositionStays,
-    AWriteReachesTheTableOfItsColumn, WritingNeedsAnUpdatableRecordsetAndARow,
-    AWalkKeepsItsRowsWhileTheyLeaveTheCondition, DeletedRowsArePassedOver, KeysAreNeverUsedTwice,
-    AnAbandonedRowLeavesNothing, AddedRowsStandBehindTheOthersOnce, HandlesAreNeverReused,
-    DesksSeeEachOthersWrites, ARandomWalkAgreesWithAModel);
+    RowsOfNoOrderStandInThatOfTheirKeys, RowsAreWalkedMarkedAndCounted,
+    SearchComparesByTheKindOfTheColumn, SearchInALoopSeesWhatWasWritten,
+    ColumnsAndRowsAreReadWholeAndThePositionStays, AWriteReachesTheTableOfItsColumn,
+    WritingNeedsAnUpdatableRecordsetAndARow, AWalkKeepsItsRowsWhileTheyLeaveTheCondition,
+    DeletedRowsArePassedOver, KeysAreNeverUsedTwice, AnAbandonedRowLeavesNothing,
+    AddedRowsStandBehindTheOthersOnce, HandlesAreNeverReused, DesksSeeEachOthersWrites,
+    ARandomWalkAgreesWithAModel);
 
 }  // namespace autonotify::host::conformance

@@ -1,11 +1,13 @@
-#include "host/database/dialect/Dialect.h"
+#include "host/database/Plan.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/database/dialect/Dialect.h"
 #include "host/database/dialect/literals.h"
+#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
@@ -81,34 +83,56 @@ TEST(Dialect, PostgresNumbersItsParametersAndPutsNullFirst) {
     EXPECT_EQ(translate(sql, Engine::postgres).sql, expected);
 }
 
+TEST(Dialect, TellsWhereTheOrderEnds) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"SELECT * FROM A|", ""},
+      {"SELECT * FROM A WHERE K=$1|", ""},
+      {"SELECT * FROM A| LIMIT 3", ""},
+      {"SELECT * FROM A ORDER BY K NULLS FIRST|", "ordered"},
+      {"SELECT * FROM A ORDER BY K DESC NULLS LAST| LIMIT 3 OFFSET 2", "ordered"},
+      {"SELECT * FROM A WHERE K IN (SELECT K FROM B ORDER BY K NULLS FIRST LIMIT 1)|", ""},
+  };
+  for (const auto& [marked, ordered] : cases) {
+    const std::size_t end = marked.find('|');
+    const std::string expected = marked.substr(0, end) + marked.substr(end + 1);
+    const Translation result = translate(replaceAll(expected, "$1", "1"), Engine::postgres);
+    EXPECT_EQ(result.sql, expected);
+    EXPECT_EQ(result.orderEnd, end) << marked;
+    EXPECT_EQ(result.isOrdered, !ordered.empty()) << marked;
+  }
+}
+
 TEST(Dialect, TellsTheFromClauseAndItsTables) {
   struct From {
     std::string sql, clause, tables;
-    bool rowsAreTableRows;
+    const char* rowsAre;
   };
   const std::vector<From> cases = {
-      {"SELECT * FROM A", "FROM A", "A", true},
-      {"SELECT * From A a WHERE K=1", "From A a", "A:a", true},
-      {"SELECT * FROM A AS x, B ORDER BY K", "FROM A AS x, B", "A:x B", true},
+      {"SELECT * FROM A", "FROM A", "A", "of tables"},
+      {"SELECT * From A a WHERE K=1", "From A a", "A:a", "of tables"},
+      {"SELECT * FROM A AS x, B ORDER BY K", "FROM A AS x, B", "A:x B", "of tables"},
       {"SELECT A.* FROM (A INNER JOIN (B b INNER JOIN C ON b.K = C.K) ON A.K = b.K) WHERE K=1",
-       "FROM (A INNER JOIN (B b INNER JOIN C ON b.K = C.K) ON A.K = b.K)", "A B:b C", true},
-      {"SELECT * FROM A LEFT JOIN B ON A.K=B.K", "FROM A LEFT JOIN B ON A.K=B.K", "A B", false},
-      {"SELECT * FROM A WHERE K IN (SELECT K FROM B)", "FROM A", "A", true},
-      {"SELECT DISTINCT T FROM A", "FROM A", "A", false},
-      {"SELECT T FROM A GROUP BY T", "FROM A", "A", false},
-      {"SELECT max(T) FROM A", "FROM A", "A", false},
-      {"SELECT upper(T) FROM A", "FROM A", "A", true},
-      {"SELECT 'x' AS T FROM A", "FROM A", "A", false},
-      {"SELECT * FROM A INNER JOIN B ON B.T='x'", "FROM A INNER JOIN B ON B.T=?", "", false},
-      {"SELECT K WHERE K=1 FROM A", "FROM A", "A", false},
-      {"SELECT T FROM A UNION SELECT T FROM B", "FROM A", "A", false},
+       "FROM (A INNER JOIN (B b INNER JOIN C ON b.K = C.K) ON A.K = b.K)", "A B:b C", "of tables"},
+      {"SELECT * FROM A LEFT JOIN B ON A.K=B.K", "FROM A LEFT JOIN B ON A.K=B.K", "A B", "of keys"},
+      {"SELECT * FROM A WHERE K IN (SELECT K FROM B)", "FROM A", "A", "of tables"},
+      {"SELECT DISTINCT T FROM A", "FROM A", "A", "groups"},
+      {"SELECT T FROM A GROUP BY T", "FROM A", "A", "groups"},
+      {"SELECT (SELECT K FROM B) AS K FROM A", "FROM A", "A", "groups"},
+      {"SELECT max(T) FROM A", "FROM A", "A", "groups"},
+      {"SELECT upper(T) FROM A", "FROM A", "A", "of tables"},
+      {"SELECT 'x' AS T FROM A", "FROM A", "A", "of keys"},
+      {"SELECT * FROM A INNER JOIN B ON B.T='x'", "FROM A INNER JOIN B ON B.T=?", "", "groups"},
+      {"SELECT K WHERE K=1 FROM A", "FROM A", "A", "of keys"},
+      {"SELECT T FROM A UNION SELECT T FROM B", "FROM A", "A", "groups"},
   };
   for (const From& each : cases) {
     SCOPED_TRACE(each.sql);
     const Translation result = translate(each.sql, Engine::sqlite);
     const std::string clause = result.sql.substr(result.from, result.fromEnd - result.from);
     EXPECT_EQ(clause, each.clause);
-    EXPECT_EQ(result.rowsAreTableRows, each.rowsAreTableRows);
+    EXPECT_STREQ(each.rowsAre, result.rowsAreTableRows ? "of tables"
+                               : result.rowsHaveKeys   ? "of keys"
+                                                       : "groups");
     if (each.tables.empty()) continue;
     std::string tables;
     for (const TableReference& table : tablesOf(clause)) {
@@ -118,6 +142,44 @@ TEST(Dialect, TellsTheFromClauseAndItsTables) {
     }
     EXPECT_EQ(tables, each.tables);
   }
+}
+
+/// Keeps what it is asked to prepare.
+struct Listener : Driver {
+  Engine engine() const override { return words; }
+  std::unique_ptr<DriverStatement> prepare(const std::string& sql) override {
+    heard = sql;
+    return nullptr;
+  }
+  Id reserveKey(const TableDef&) override { return noId; }
+  Engine words = Engine::sqlite;
+  std::string heard;
+};
+
+// An engine must not be led to walk through a table in the order of its keys where an index leads
+// to few rows, nor sort where there is one.
+TEST(Plan, SettlesTheOrderWithoutAnotherWayToTheRows) {
+  const struct {
+    std::string sql, sqlite, postgres;
+  } cases[] = {
+      {"", " ORDER BY Tasks.TaskID", " ORDER BY Tasks.TaskID"},
+      {" WHERE tasks.taskid = 7", "", ""},
+      {" WHERE TaskID=7", "", ""},
+      {" WHERE UserIDNum=7", " ORDER BY Tasks.TaskID", " ORDER BY Tasks.TaskID+0 NULLS FIRST"},
+      {" ORDER BY Subject LIMIT 1", ", Tasks.TaskID LIMIT 1",
+       " NULLS FIRST, Tasks.TaskID+0 NULLS FIRST LIMIT 1"},
+      {" GROUP BY Subject", "Subject", "Subject"},
+  };
+  for (const auto& [sql, sqlite, postgres] : cases)
+    for (const auto& [engine, end] :
+         {std::pair(Engine::sqlite, sqlite), std::pair(Engine::postgres, postgres)}) {
+      Listener driver;
+      driver.words = engine;
+      const Plan plan(driver, translate("SELECT Tasks.Subject FROM Tasks" + sql, engine));
+      EXPECT_TRUE(driver.heard.ends_with(end)) << driver.heard;
+      EXPECT_EQ(driver.heard.find("ORDER BY") == std::string::npos,
+                end.find("ORDER BY") == std::string::npos && sql.find("ORDER") == sql.npos);
+    }
 }
 
 TEST(Dialect, RefusalsNameTheFault) {

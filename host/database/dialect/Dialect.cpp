@@ -43,8 +43,8 @@ std::optional<bool> beginsCondition(Keyword keyword) {
   }
 }
 
-/// Words after which a result row no longer is one row of each table.
-bool mixesRows(Keyword keyword) {
+/// Words after which a result row has no keys of its own.
+bool groupsRows(Keyword keyword) {
   switch (keyword) {
     case Keyword::distinct:
     case Keyword::group:
@@ -52,6 +52,15 @@ bool mixesRows(Keyword keyword) {
     case Keyword::union_:
     case Keyword::intersect:
     case Keyword::except:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// Words after which a result row no longer is one row of each table, though of none other.
+bool mayLackRows(Keyword keyword) {
+  switch (keyword) {
     case Keyword::left:
     case Keyword::right:
     case Keyword::full:
@@ -90,7 +99,7 @@ class Translator {
     if (token.is(';')) token = next();
     if (token.kind != TokenKind::end) refuse("one statement at a time");
     if (depth_ != 0) refuse("a parenthesis is not closed");
-    endOrderTerm();
+    endOrder();
     if (result_.from != npos && result_.fromEnd == npos) result_.fromEnd = result_.sql.size();
     return std::move(result_);
   }
@@ -132,10 +141,11 @@ class Translator {
     if (keyword == Keyword::into || keyword == Keyword::for_)
       refuse("SELECT may not write or lock");
     if (const auto condition = beginsCondition(keyword)) inCondition_[depth_] = *condition;
-    if (keyword == Keyword::select && depth_ > 0 && result_.fromEnd == npos) mixed();
-    if (mixesRows(keyword)) mixed();
+    if (keyword == Keyword::select && depth_ > 0 && result_.fromEnd == npos) grouped();
+    if (groupsRows(keyword)) grouped();
+    if (mayLackRows(keyword)) mixed();
     if (depth_ == 0) markClause(token);
-    if (keyword == Keyword::limit || keyword == Keyword::offset) endOrderTerm();
+    if (keyword == Keyword::limit || keyword == Keyword::offset) endOrder();
     if (orderDepth_ == depth_) {
       descending_ = descending_ || keyword == Keyword::desc;
       orderTold_ = orderTold_ || keyword == Keyword::nulls;
@@ -148,8 +158,13 @@ class Translator {
       result_.from = copyTo(token.begin);
     else if (endsFromClause(token.keyword) && result_.from != npos && result_.fromEnd == npos)
       result_.fromEnd = copyTo(previous_.end);
+    if (token.keyword == Keyword::order) result_.isOrdered = true;
   }
 
+  void grouped() {
+    mixed();
+    result_.rowsHaveKeys = false;
+  }
   void mixed() { result_.rowsAreTableRows = false; }
 
   void takeNumber(const Token& token) {
@@ -187,7 +202,7 @@ class Translator {
   void open() {
     if (previous_.kind == TokenKind::word && previous_.keyword == Keyword::none) {
       if (isOneOf(previous_.content, aggregates))
-        mixed();
+        grouped();
       else if (!isOneOf(previous_.content, scalarFunctions))
         refuse("the function " + std::string(previous_.content) + " is unknown");
     }
@@ -221,6 +236,11 @@ class Translator {
     orderDepth_ = npos;
   }
 
+  void endOrder() {
+    endOrderTerm();
+    if (depth_ == 0 && result_.orderEnd == npos) result_.orderEnd = copyTo(previous_.end);
+  }
+
   /// Copies the statement up to this place; gives the length of the result.
   std::size_t copyTo(std::size_t place) {
     if (place > copied_) result_.sql.append(sql_, copied_, place - copied_);
@@ -231,6 +251,7 @@ class Translator {
   /// Puts a placeholder for what stands from `begin` to `end`.
   void parameter(std::size_t begin, std::size_t end, Value value) {
     if (result_.fromEnd == npos) mixed();
+    if (result_.fromEnd == npos && result_.from != npos) grouped();
     copyTo(begin);
     copied_ = end;
     result_.parameters.push_back(std::move(value));
@@ -257,6 +278,15 @@ class Translator {
 
 Translation translate(std::string_view sql, Engine engine) {
   return Translator(sql, engine).translate();
+}
+
+// A sum is in no index. In PostgreSQL NULL would come last, and an index is read in order even
+// where few rows fit the condition and all of them stand at its end.
+std::string keyOrder(Engine engine, const std::vector<std::string>& keys, bool isWhole) {
+  const char* const kept = engine == Engine::postgres && !isWhole ? "+0 NULLS FIRST" : "";
+  std::string terms;
+  for (const std::string& key : keys) terms += (terms.empty() ? "" : ", ") + key + kept;
+  return terms;
 }
 
 std::string placeholder(Engine engine, std::size_t number) {

@@ -29,6 +29,12 @@ struct Translation {
   /// Where in `sql` the FROM clause begins, with that word, and ends; npos without one.
   std::size_t from = std::string::npos;
   std::size_t fromEnd = std::string::npos;
+  /// Where in `sql` the ORDER BY clause ends or, without one, where it would stand.
+  std::size_t orderEnd = std::string::npos;
+  bool isOrdered = false;
+  /// True when each row of the result is of at most one row of each table of the FROM clause, which
+  /// holds no placeholder: no groups, no unions, no aggregates.
+  bool rowsHaveKeys = true;
   /// True when each row of the result is one row of each table of the FROM clause: no groups, no
   /// unions, no aggregates, inner joins alone, no placeholder before the end of the FROM clause.
   bool rowsAreTableRows = true;
@@ -38,6 +44,11 @@ struct Translation {
 };
 
 Translation translate(std::string_view sql, Engine engine);
+
+/// Terms of an ORDER BY clause: by these key columns, ascending. `isWhole`: all rows of one table
+/// are asked for. Otherwise the condition alone shall say which rows are read, and an engine that
+/// might walk through a whole table in the order of its keys is kept from it.
+std::string keyOrder(Engine engine, const std::vector<std::string>& keys, bool isWhole);
 
 /// How the engine writes the place of the parameter with this number, from 1.
 std::string placeholder(Engine engine, std::size_t number);
