@@ -117,8 +117,9 @@ void Desk::makeOutbox() {
 }
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
-  auto sender =
-      std::make_unique<OutboxEmailSender>(OutboxSettings{outbox_, {}, mailServer_}, clock());
+  const auto identityOf = [this](Id notification) { return messageIdentity(notification); };
+  auto sender = std::make_unique<OutboxEmailSender>(
+      OutboxSettings{outbox_, {}, mailServer_, identityOf}, clock());
   sender->put_errorClass(&dialogs_.errors);
   sender->put_MsgboxClass(&dialogs_.messages);
   sender->put_LocaleReference(&locale_);

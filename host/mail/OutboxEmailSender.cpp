@@ -1,5 +1,6 @@
 #include "host/mail/OutboxEmailSender.h"
 
+#include <random>
 #include <utility>
 
 #include "host/clients/record_rows.h"
@@ -22,9 +23,12 @@ Mailbox firmMailbox(DatabaseReference& database) {
   return firm;
 }
 
-/// The text behind its length, so that no two lists of fields run into one.
-std::string counted(const std::string& text) {
-  return std::to_string(text.size()) + ':' + text;
+/// What no other message has.
+std::string identityOfItsOwn() {
+  std::random_device random;
+  std::string identity = "message";
+  for (int part = 0; part < 4; ++part) identity += ' ' + std::to_string(random());
+  return identity;
 }
 
 }  // namespace
@@ -37,14 +41,15 @@ bool OutboxEmailSender::send() {
   alreadyDelivered_ = false;
   try {
     MailMessage message = compose();
-    const std::string name = messageName(message);
+    identify();
+    const std::string name = messageName();
     message.messageId = name + message.from.address.substr(message.from.address.rfind('@'));
     deliver(name, message);
     return true;
   } catch (const MailError& error) {
     lastError_ = error.what();
   } catch (const PlatformError& error) {
-    lastError_ = "The firm's email address cannot be read: " + error.description();
+    lastError_ = "The firm's database cannot be read: " + error.description();
   }
   return false;
 }
@@ -71,21 +76,21 @@ void OutboxEmailSender::deliver(const std::string& name, const MailMessage& mess
 
 MailMessage OutboxEmailSender::compose() {
   MailMessage message;
-  message.to = parseRecipients(to_);
-  message.cc = parseRecipients(cc_);
-  message.bcc = parseRecipients(bcc_);
+  message.to = parseRecipients(words_.to);
+  message.cc = parseRecipients(words_.cc);
+  message.bcc = parseRecipients(words_.bcc);
   if (message.to.empty() && message.cc.empty() && message.bcc.empty())
     throw MailError("The message has no recipient.");
   message.from = sender();
-  message.subject = subject_;
-  message.body = body_;
+  message.subject = words_.subject;
+  message.body = words_.body;
   message.date = clock_.now();
   return message;
 }
 
 Mailbox OutboxEmailSender::sender() {
   Mailbox from = settings_.from;
-  if ((from.name.empty() || from.address.empty()) && database_ && database_->isDatabaseOpen()) {
+  if ((from.name.empty() || from.address.empty()) && hasDatabase()) {
     const Mailbox firm = firmMailbox(*database_);
     if (from.name.empty()) from.name = firm.name;
     if (from.address.empty()) from.address = firm.address;
@@ -98,25 +103,27 @@ Mailbox OutboxEmailSender::sender() {
 bool OutboxEmailSender::isDelivered() const {
   if (identity_.empty()) return false;
   const Outbox outbox(settings_.folder);
-  const std::string name = identityName();
+  const std::string name = messageName();
   return settings_.server ? outbox.wasSent(name) : outbox.holds(name);
 }
 
-std::string OutboxEmailSender::messageName(const MailMessage& message) const {
-  if (!identity_.empty()) return identityName();
-  std::string content = "content " + std::to_string(message.date.days());
-  for (const std::string* field : {&message.from.address, &to_, &cc_, &bcc_, &subject_, &body_})
-    content += ' ' + counted(*field);
-  return nameFor(content);
+bool OutboxEmailSender::hasDatabase() const {
+  return database_ && database_->isDatabaseOpen();
 }
 
-std::string OutboxEmailSender::identityName() const {
-  return nameFor("identity " + counted(identity_));
+/// What is settled once holds for every further attempt.
+void OutboxEmailSender::identify() {
+  if (!identity_.empty()) return;
+  if (settings_.identityOf && hasDatabase())
+    if (const auto notification = notificationOf(*database_, words_))
+      identity_ = settings_.identityOf(*notification);
+  if (identity_.empty()) identity_ = identityOfItsOwn();
 }
 
-std::string OutboxEmailSender::nameFor(const std::string& identity) {
-  const GText digest(g_compute_checksum_for_string(G_CHECKSUM_SHA256, identity.data(),
-                                                   static_cast<gssize>(identity.size())));
+std::string OutboxEmailSender::messageName() const {
+  const std::string named = "identity " + std::to_string(identity_.size()) + ':' + identity_;
+  const GText digest(g_compute_checksum_for_string(G_CHECKSUM_SHA256, named.data(),
+                                                   static_cast<gssize>(named.size())));
   return std::string(digest.get()).substr(0, 40);
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "contract/EmailSender.h"
 #include "host/mail/mail_message.h"
+#include "host/mail/notification_of_email.h"
 #include "host/mail/smtp.h"
 #include "platform/Clock.h"
 
@@ -18,6 +19,8 @@ struct OutboxSettings {
   Mailbox from;
   /// Unset: some mail system takes the messages from the folder.
   std::optional<SmtpServer> server = std::nullopt;
+  /// The identity of a notification's message. Unset: no message is looked for among the rows.
+  std::function<std::string(Id notification)> identityOf = nullptr;
 };
 
 /// Sends a message by putting it, as an RFC 5322 file, into an outbox folder, and, where a server
@@ -28,8 +31,9 @@ struct OutboxSettings {
 /// A message has an identity, from which its Message-ID and its file name come, so that sending the
 /// same notification again, after a crash or by a second click, cannot make a second message: the
 /// one that is there already stays as it is, even if the text was edited in between, and send()
-/// reports success. The identity is the one that the host sets; without one it is the content with
-/// the day of sending, so that the same words may go out again another day.
+/// reports success. The identity is the one that the host sets, or else that of the notification
+/// that is being sent in the same words. A message of neither is one of its own: the same words may
+/// go out in many.
 class OutboxEmailSender : public EmailSender {
  public:
   /// `clock` must outlive this object.
@@ -40,11 +44,11 @@ class OutboxEmailSender : public EmailSender {
   void put_LocaleReference(LocaleReference*) override {}
   void put_DatabaseReference(DatabaseReference* value) override { database_ = value; }
   void put_workingFolder(const std::string&) override {}
-  void put_to(const std::string& recipients) override { to_ = recipients; }
-  void put_cc(const std::string& recipients) override { cc_ = recipients; }
-  void put_bcc(const std::string& recipients) override { bcc_ = recipients; }
-  void put_subject(const std::string& subject) override { subject_ = subject; }
-  void put_body(const std::string& body) override { body_ = body; }
+  void put_to(const std::string& recipients) override { words_.to = recipients; }
+  void put_cc(const std::string& recipients) override { words_.cc = recipients; }
+  void put_bcc(const std::string& recipients) override { words_.bcc = recipients; }
+  void put_subject(const std::string& subject) override { words_.subject = subject; }
+  void put_body(const std::string& body) override { words_.body = body; }
   bool send() override;
   std::string getLastError() override { return lastError_; }
 
@@ -63,18 +67,14 @@ class OutboxEmailSender : public EmailSender {
   void deliver(const std::string& name, const MailMessage& message);
   MailMessage compose();
   Mailbox sender();
-  std::string messageName(const MailMessage& message) const;
-  std::string identityName() const;
-  static std::string nameFor(const std::string& identity);
+  bool hasDatabase() const;
+  void identify();
+  std::string messageName() const;
 
   OutboxSettings settings_;
   Clock& clock_;
   DatabaseReference* database_ = nullptr;
-  std::string to_;
-  std::string cc_;
-  std::string bcc_;
-  std::string subject_;
-  std::string body_;
+  EmailWords words_;
   std::string identity_;
   std::string lastError_;
   bool alreadyDelivered_ = false;

@@ -116,21 +116,63 @@ TEST_F(OutboxEmailSenderTest, oneIdentityMakesOneMessageAlsoOnceItWasSent) {
   EXPECT_EQ(files().size(), 1u);
 }
 
-TEST_F(OutboxEmailSenderTest, withoutAnIdentityContentAndDayTell) {
-  const auto sendAll = [&] {
-    EXPECT_TRUE(newSender().send());
-    return files().size();
+TEST_F(OutboxEmailSenderTest, aMessageHasTheIdentityOfTheRowThatHoldsItsWords) {
+  const auto database = createSqliteInMemory();
+  const auto add = [&](const std::string& columns, const std::string& values) {
+    database->connection().exec(
+        "INSERT INTO ClientNotification (NotificationType, Field1, Field4, Memo, "
+        "ClientNotificationModifiedStamp" +
+        columns + ") VALUES (" + values + ");");
   };
-  EXPECT_EQ(sendAll(), 1u);
-  clock.set(DateTime::of(2026, 4, 15, 17, 0));
-  EXPECT_EQ(sendAll(), 1u) << "the same day";
-  clock.set(DateTime::of(2026, 4, 16, 9, 30));
-  EXPECT_EQ(sendAll(), 2u) << "another day";
-  OutboxEmailSender shifted = newSender();
-  shifted.put_subject("Your T4 Summary is dueD");
-  shifted.put_body("ear Jane,\n");
-  EXPECT_TRUE(shifted.send());
-  EXPECT_EQ(files().size(), 3u) << "other fields of the same letters";
+  const std::string words = "'jane@client.example', 'Your T4 Summary is due', ";
+  const std::string memo = "'{\\rtf1 Dear Jane,\\par }', ";
+  add(", Field2", "1, " + words + memo + "'2026-04-15 09:30:02', 'left@client.example'");
+  add("", "1, " + words + memo + "'2026-04-15 09:30:01'");
+  add("", "1, " + words + "'Dear John', '2026-04-15 09:30:03'");
+  add(", NotificationSent", "1, " + words + memo + "'2026-04-15 09:30:03', 1");
+  add("", "2, " + words + memo + "'2026-04-15 09:30:03'");
+  const auto isDelivered = [&](const std::string& identity) {
+    OutboxEmailSender row = newSender();
+    row.setIdentity(identity);
+    return row.isDelivered();
+  };
+  const auto sendAgain = [&] {
+    OutboxEmailSender sender(
+        {folder.path().string(),
+         {"Firm", "office@firm.example"},
+         std::nullopt,
+         [](Id notification) { return "firm-1/" + std::to_string(notification); }},
+        clock);
+    sender.put_DatabaseReference(database.get());
+    sender.put_to("jane@client.example");
+    sender.put_subject("Your T4 Summary is due");
+    sender.put_body("Dear Jane,\r\n");
+    EXPECT_TRUE(sender.send()) << sender.getLastError();
+    return sender.alreadyDelivered();
+  };
+  std::string delivered;
+  for (const char* sent : {"1", "2", "3"}) {
+    EXPECT_FALSE(sendAgain());
+    EXPECT_EQ(sendAgain(), *sent != '3') << "a row makes one message, other words one each";
+    for (int row = 1; row <= 5; ++row) {
+      const std::string id = std::to_string(row);
+      if (delivered.find(id) == delivered.npos && isDelivered("firm-1/" + id)) delivered += id;
+    }
+    database->connection().exec(
+        std::string("UPDATE ClientNotification SET NotificationSent=1 WHERE "
+                    "ClientNotificationID=") +
+        sent);
+  }
+  EXPECT_EQ(delivered, "12");
+  EXPECT_EQ(files().size(), 4u);
+}
+
+TEST_F(OutboxEmailSenderTest, withoutAnIdentityEveryMessageIsOneOfItsOwn) {
+  OutboxEmailSender sender = newSender();
+  EXPECT_TRUE(sender.send() && sender.send());
+  EXPECT_EQ(files().size(), 1u) << "a second attempt is the same message";
+  EXPECT_TRUE(newSender().send());
+  EXPECT_EQ(files().size(), 2u);
 }
 
 TEST_F(OutboxEmailSenderTest, refusesMessagesThatCannotGo) {
@@ -168,7 +210,7 @@ TEST_F(OutboxEmailSenderTest, theFirmsRecordTellsWhoWrites) {
   EXPECT_EQ(onlyMail().from, Texts{"Harbour & Pine <office@pine.example>"});
   database->connection().exec("DROP TABLE AccountantFirmInfo;");
   EXPECT_FALSE(sender.send());
-  EXPECT_TRUE(sender.getLastError().starts_with("The firm's email address cannot be read: "));
+  EXPECT_TRUE(sender.getLastError().starts_with("The firm's database cannot be read: "));
 }
 
 TEST_F(OutboxEmailSenderTest, anOutboxThatIsNoFolderIsTold) {
