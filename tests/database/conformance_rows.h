@@ -234,6 +234,18 @@ TYPED_TEST_P(Conformance, KeysAreNeverUsedTwice) {
     desk.closeRecordset(rows);
   }
   EXPECT_EQ(column(*this->first, allNotifications, "Field1").size(), 10u);
+  const auto addGiven = [&](Id key) {
+    return addNotification(*this->first, {{"ClientNotificationID", std::to_string(key)}});
+  };
+  for (const Id given : {107, 190, 5000, 4000}) {
+    EXPECT_EQ(addGiven(given), given);
+    const Id next = addNotification(*other, {});
+    EXPECT_GT(next, given);
+    EXPECT_LT(next, 5100) << "no more are left out than must be";
+  }
+  EXPECT_EQ(errorOf([&] { addGiven(190); }), database_error::constraint);
+  addGiven(2147483647);
+  EXPECT_EQ(errorOf([&] { addNotification(*other, {}); }), database_error::keysExhausted);
 }
 
 TYPED_TEST_P(Conformance, AnAbandonedRowLeavesNothing) {
@@ -287,17 +299,15 @@ TYPED_TEST_P(Conformance, HandlesAreNeverReused) {
   std::set<RecordsetHandle> handles;
   for (int i = 0; i < 50; ++i) {
     const RecordsetHandle rows = open(desk, allNotifications);
-    EXPECT_GT(rows, 0);
-    EXPECT_TRUE(handles.insert(rows).second);
-    EXPECT_TRUE(desk.isRecordsetOpen(rows));
+    EXPECT_TRUE(rows > 0 && handles.insert(rows).second && desk.isRecordsetOpen(rows));
     if (i % 2 == 0) desk.closeRecordset(rows);
     EXPECT_EQ(desk.isRecordsetOpen(rows), i % 2 != 0);
   }
-  const RecordsetHandle closed = *handles.begin();
-  EXPECT_EQ(errorOf([&] { desk.hasRecords(closed); }), database_error::badHandle);
-  EXPECT_EQ(errorOf([&] { desk.closeRecordset(closed); }), database_error::badHandle);
-  EXPECT_EQ(errorOf([&] { desk.moveNext(noRecordset); }), database_error::badHandle);
-  EXPECT_FALSE(desk.isRecordsetOpen(noRecordset));
+  for (const RecordsetHandle closed : {*handles.begin(), noRecordset}) {
+    EXPECT_EQ(errorOf([&] { desk.moveNext(closed); }), database_error::badHandle);
+    EXPECT_EQ(errorOf([&] { desk.closeRecordset(closed); }), database_error::badHandle);
+    EXPECT_FALSE(desk.isRecordsetOpen(closed));
+  }
 }
 
 TYPED_TEST_P(Conformance, DesksSeeEachOthersWrites) {

@@ -1,39 +1,41 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
-#include "tests/database/conformance.h"
-#include "tests/database/conformance_random_walk.h"
+#include "services/temporary_folder.h"
+#include "tests/database/conformance_suite.h"
 
 namespace autonotify::host {
 namespace {
 
-namespace files = std::filesystem;
-using conformance::errorOf;
+class SqliteFile {
+ public:
+  SqliteFile() { createSqlite(folder_ / "firm.db"); }
+  std::unique_ptr<DatabaseReference> connect() { return openSqlite(folder_ / "firm.db"); }
 
-constexpr const char* allNotifications = "SELECT ClientNotification.* FROM ClientNotification;";
+ private:
+  test::TemporaryFolder folder_;
+};
+
+}  // namespace
+
+namespace conformance {
+INSTANTIATE_TYPED_TEST_SUITE_P(SqliteFile, Conformance, SqliteFile);
+}
+
+namespace {
+
+namespace files = std::filesystem;
+using conformance::addNotification;
+using conformance::allNotifications;
+using conformance::errorOf;
+using test::writeFile;
 
 class SqliteFileTest : public testing::Test {
  protected:
-  SqliteFileTest() {
-    files::remove_all(folder);
-    files::create_directories(folder);
-  }
-  ~SqliteFileTest() override {
-    std::error_code ignored;
-    files::remove_all(folder, ignored);
-  }
-
-  void write(const files::path& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
-  }
-
   /// The error of opening, whose description must name the file or the fault.
   int openError(OpenMode mode = OpenMode::readWrite) {
     return errorOf([&] { openSqlite(file, mode, 50); });
@@ -43,9 +45,7 @@ class SqliteFileTest : public testing::Test {
     SQLite::Database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
   }
 
-  files::path folder = files::temp_directory_path() /
-                       ("autonotify-sqlite-" + std::to_string(getpid()) + "-" +
-                        testing::UnitTest::GetInstance()->current_test_info()->name());
+  test::TemporaryFolder folder;
   files::path file = folder / "firm.db";
 };
 
@@ -57,10 +57,10 @@ TEST_F(SqliteFileTest, WhatCannotBeOpenedIsToldApart) {
   EXPECT_EQ(openError(), database_error::cannotOpen);
   files::remove(file);
 
-  write(file, "");
+  writeFile(file, "");
   EXPECT_EQ(openError(), database_error::foreign);
 
-  write(file, std::string(8192, 'x'));
+  writeFile(file, std::string(8192, 'x'));
   EXPECT_EQ(openError(), database_error::corrupt);
   files::remove(file);
 
@@ -89,21 +89,24 @@ TEST_F(SqliteFileTest, ADamagedFileFailsWhenTheDamageIsRead) {
 }
 
 TEST_F(SqliteFileTest, CreatingNeverOverwrites) {
-  write(file, "precious");
+  writeFile(file, "precious");
   EXPECT_EQ(errorOf([&] { createSqlite(file); }), database_error::alreadyExists);
   EXPECT_EQ(files::file_size(file), 8u);
-  EXPECT_EQ(errorOf([&] { createSqlite(folder / "none" / "firm.db"); }),
-            database_error::cannotOpen);
+  EXPECT_EQ(errorOf([&] { createSqlite(folder / "none/firm.db"); }), database_error::cannotOpen);
 }
 
-TEST_F(SqliteFileTest, RowsLastAfterClosingAndAReadOnlyDatabaseRefusesWrites) {
-  {
-    const auto database = createSqlite(file);
-    conformance::addNotification(*database, {{"Field1", "kept"}});
-    database->close();
-    EXPECT_FALSE(database->isDatabaseOpen());
-    database->close();
-  }
+TEST_F(SqliteFileTest, RowsLastAfterClosingWhichRefusesEverythingAndReadingRefusesWrites) {
+  const auto closed = createSqlite(file);
+  addNotification(*closed, {{"Field1", "kept"}});
+  const RecordsetHandle left = conformance::open(*closed, allNotifications);
+  for (int i = 0; i < 2; ++i) closed->close();
+  EXPECT_FALSE(closed->isDatabaseOpen());
+  EXPECT_FALSE(closed->isRecordsetOpen(left));
+  for (const int error :
+       {errorOf([&] { conformance::open(*closed, allNotifications); }),
+        errorOf([&] { closed->hasRecords(left); }), errorOf([&] { closed->closeRecordset(left); }),
+        errorOf([&] { closed->connection(); })})
+    EXPECT_EQ(error, database_error::closed);
   const auto database = openSqlite(file, OpenMode::readOnly);
   const RecordsetHandle rows = conformance::open(*database, allNotifications);
   EXPECT_EQ(errorOf([&] { conformance::update(*database, rows, "Field1", "x"); }),
@@ -115,7 +118,7 @@ TEST_F(SqliteFileTest, RowsLastAfterClosingAndAReadOnlyDatabaseRefusesWrites) {
 TEST_F(SqliteFileTest, ALockedWriteMayBeTriedAgain) {
   createSqlite(file);
   const auto database = openSqlite(file, OpenMode::readWrite, 20);
-  const Id id = conformance::addNotification(*database, {{"Field1", "old"}});
+  const Id id = addNotification(*database, {{"Field1", "old"}});
   const RecordsetHandle rows = conformance::open(*database, conformance::notification(id));
   const RecordsetHandle adding = conformance::open(*database, allNotifications);
   database->addNewRecord(adding);
@@ -140,29 +143,12 @@ TEST_F(SqliteFileTest, ALockedWriteMayBeTriedAgain) {
             conformance::values({"new", "added"}));
 }
 
-TEST_F(SqliteFileTest, AClosedDatabaseRefusesEverything) {
-  const auto database = createSqlite(file);
-  const RecordsetHandle rows = conformance::open(*database, allNotifications);
-  database->close();
-  EXPECT_FALSE(database->isRecordsetOpen(rows));
-  EXPECT_EQ(errorOf([&] { conformance::open(*database, allNotifications); }),
-            database_error::closed);
-  EXPECT_EQ(errorOf([&] { database->hasRecords(rows); }), database_error::closed);
-  EXPECT_EQ(errorOf([&] { database->closeRecordset(rows); }), database_error::closed);
-  EXPECT_EQ(errorOf([&] { database->connection(); }), database_error::closed);
-}
-
 TEST(SqliteMemory, KeysGoOnBehindRowsInsertedByOtherMeans) {
   const auto database = createSqliteInMemory();
   database->connection().exec(
       "INSERT INTO ClientNotification(ClientNotificationID, Field1) VALUES (41, 'seeded');"
       "DELETE FROM ClientNotification");
-  EXPECT_EQ(conformance::addNotification(*database, {}), 42);
-  EXPECT_EQ(conformance::addNotification(*database, {{"ClientNotificationID", "90"}}), 90);
-  EXPECT_EQ(conformance::addNotification(*database, {}), 91);
-  database->connection().exec("UPDATE sqlite_sequence SET seq=2147483647");
-  EXPECT_EQ(errorOf([&] { conformance::addNotification(*database, {}); }),
-            database_error::keysExhausted);
+  EXPECT_EQ(addNotification(*database, {}), 42);
 }
 
 TEST(SqliteMemory, LongRandomWalksAgreeWithAModel) {

@@ -1,6 +1,6 @@
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
-#include "tests/database/conformance.h"
+#include "tests/database/conformance_suite.h"
 #include "tests/postgres/PostgresSchema.h"
 
 // The library forgets to free the answer of a statement during which its server went away.
@@ -10,12 +10,12 @@ extern "C" const char* __lsan_default_suppressions() {
 }
 
 namespace autonotify::host {
+namespace conformance {
+INSTANTIATE_TYPED_TEST_SUITE_P(Postgres, Conformance, PostgresSchema);
+}
 namespace {
 
 using namespace conformance;
-
-constexpr const char* allNotifications =
-    "SELECT ClientNotification.* FROM ClientNotification ORDER BY ClientNotificationID;";
 
 /// The description of the failure with this number.
 template <class Call>
@@ -92,7 +92,7 @@ TEST_F(PostgresTest, LongResultsAreStreamedWhileOthersAreRead) {
   const std::vector<Id> ids{1, 2};
   const RecordsetHandle old = open(*desk, notification(ids[0]));
   const RecordsetHandle rows =
-      open(*desk, allNotifications, LockMode::readOnly, CursorMode::forwardOnly);
+      open(*desk, orderedNotifications, LockMode::readOnly, CursorMode::forwardOnly);
   for (int i = 1; i <= total; ++i, desk->moveNext(rows)) {
     ASSERT_FALSE(desk->isEndOfRecordset(rows));
     ASSERT_EQ(desk->getFieldValue(rows, "Field1"), Value("n" + std::to_string(i)));
@@ -105,37 +105,11 @@ TEST_F(PostgresTest, LongResultsAreStreamedWhileOthersAreRead) {
   EXPECT_TRUE(desk->isEndOfRecordset(rows));
 
   // One that is left halfway through is in nobody's way.
-  const RecordsetHandle left = open(*desk, allNotifications);
+  const RecordsetHandle left = open(*desk, orderedNotifications);
   desk->moveNext(left);
   desk->closeRecordset(left);
   update(*desk, open(*desk, notification(ids[1])), "Field1", "changed");
   EXPECT_EQ(field(*desk, ids[1], "Field1"), Value("changed"));
-}
-
-TEST_F(PostgresTest, AnUnfitValueFailsItsStatementAlone) {
-  const Id id = addNotification(*desk, {{"Field1", "kept"}});
-  EXPECT_EQ(errorOf([&] {
-              open(*desk, "SELECT Field1 FROM ClientNotification WHERE SentByUserIDNum='x';");
-            }),
-            database_error::statementFailed);
-  EXPECT_EQ(field(*desk, id, "Field1"), Value("kept"));
-}
-
-TEST_F(PostgresTest, KeysGoOnBehindThoseThatWereGiven) {
-  const auto other = schema.connect();
-  for (const Id given : {7, 90, 5000, 4000}) {
-    const std::string key = std::to_string(given);
-    EXPECT_EQ(addNotification(*desk, {{"ClientNotificationID", key}}), given);
-    const Id next = addNotification(*other, {});
-    EXPECT_GT(next, given);
-    EXPECT_LT(next, 5100);
-  }
-  EXPECT_EQ(errorOf([&] {
-              addNotification(*desk, {{"ClientNotificationID", "90"}});
-            }),
-            database_error::constraint);
-  addNotification(*desk, {{"ClientNotificationID", "2147483647"}});
-  EXPECT_EQ(errorOf([&] { addNotification(*desk, {}); }), database_error::keysExhausted);
 }
 
 TEST_F(PostgresTest, AnEndedConnectionIsMadeAnewAndNothingIsRepeated) {
@@ -149,7 +123,7 @@ TEST_F(PostgresTest, AnEndedConnectionIsMadeAnewAndNothingIsRepeated) {
 
   schema.execute("INSERT INTO " + schema.name() +
                  ".ClientNotification (Field1) SELECT 'n' FROM generate_series(1, 1000)");
-  const RecordsetHandle streamed = open(*desk, allNotifications);
+  const RecordsetHandle streamed = open(*desk, orderedNotifications);
   endConnections();
   const std::string words = descriptionOf(database_error::connectionLost, [&] {
     while (!desk->isEndOfRecordset(streamed)) desk->moveNext(streamed);
@@ -175,9 +149,14 @@ TEST_F(PostgresTest, ALockedRowIsWaitedForAndADeadConnectionFreesIt) {
   EXPECT_EQ(field(*desk, id, "Field1"), Value("new"));
 }
 
-TEST_F(PostgresTest, RowsOfOtherProgramsAreRead) {
+TEST_F(PostgresTest, RowsOfOtherProgramsAreReadAndUnfitValuesRefused) {
   schema.execute("INSERT INTO " + schema.name() +
                  ".ClientNotification (Field1, SentTime) VALUES (NULL, '2026-04-30 14:05:09.4')");
+  EXPECT_EQ(errorOf([&] {
+              open(*desk, "SELECT Field1 FROM ClientNotification WHERE SentByUserIDNum='x';");
+            }),
+            database_error::statementFailed)
+      << "which fails alone";
   EXPECT_EQ(field(*desk, 1, "SentTime"), Value(DateTime::of(2026, 4, 30, 14, 5, 9)));
   EXPECT_TRUE(field(*desk, 1, "Field1").isNull());
   const RecordsetHandle rows = open(

@@ -23,21 +23,6 @@ std::vector<std::string> mailboxesOf(InternetAddressList* list) {
   return mailboxes;
 }
 
-std::vector<std::string> headerNames(GMimeObject* object) {
-  std::vector<std::string> names;
-  GMimeHeaderList* headers = g_mime_object_get_header_list(object);
-  for (int i = 0; i < g_mime_header_list_get_count(headers); ++i)
-    names.emplace_back(g_mime_header_get_name(g_mime_header_list_get_header_at(headers, i)));
-  return names;
-}
-
-std::string dateOf(GMimeMessage* message) {
-  GDateTime* date = g_mime_message_get_date(message);
-  if (!date) return {};
-  const GText text(g_date_time_format(date, "%Y-%m-%d %H:%M:%S"));
-  return text.get();
-}
-
 }  // namespace
 
 ReceivedMail readMail(const std::string& text) {
@@ -59,10 +44,13 @@ ReceivedMail readMail(const std::string& text) {
   mail.bcc = mailboxesOf(g_mime_message_get_bcc(message.get()));
   mail.subject = g_mime_message_get_subject(message.get());
   mail.messageId = g_mime_message_get_message_id(message.get());
-  mail.date = dateOf(message.get());
+  GDateTime* const date = g_mime_message_get_date(message.get());
+  mail.date = date ? GText(g_date_time_format(date, "%Y-%m-%d %H:%M:%S")).get() : "";
   mail.contentType = trim(replaceAll(type.get(), "\n", ""));
   mail.body = replaceAll(body.get(), "\r\n", "\n");
-  mail.headers = headerNames(GMIME_OBJECT(message.get()));
+  GMimeHeaderList* const headers = g_mime_object_get_header_list(GMIME_OBJECT(message.get()));
+  for (int i = 0; i < g_mime_header_list_get_count(headers); ++i)
+    mail.headers.emplace_back(g_mime_header_get_name(g_mime_header_list_get_header_at(headers, i)));
   return mail;
 }
 

@@ -8,6 +8,11 @@
 #include "services/received_mail.h"
 
 namespace autonotify::host {
+
+void PrintTo(const Mailbox& mailbox, std::ostream* out) {
+  *out << mailbox.name << " <" << mailbox.address << ">";
+}
+
 namespace {
 
 using test::readMail;
@@ -49,16 +54,14 @@ TEST(MailMessageTest, aMailProgramReadsEveryPartBack) {
   const std::string text = messageText(message);
   expectSound(text);
   const ReceivedMail mail = readMail(text);
-  EXPECT_EQ(mail.from, std::vector<std::string>{"Forêt & Fils, \"CPA\" <office@firm.example>"});
-  EXPECT_EQ(mail.to,
-            (std::vector<std::string>{"Jane Smith <jane@client.example>", "john@client.example"}));
-  EXPECT_EQ(mail.cc, std::vector<std::string>{"Łukasz Żak <lukasz@client.example>"});
-  EXPECT_EQ(mail.bcc, std::vector<std::string>{"file@firm.example"});
-  EXPECT_EQ(mail.subject, message.subject);
-  EXPECT_EQ(mail.messageId, "abc@firm.example");
-  EXPECT_EQ(mail.date, "2026-04-30 14:05:07");
-  EXPECT_EQ(mail.contentType, "text/plain; charset=utf-8");
-  EXPECT_EQ(mail.body, "Dear Jane,\n\nPlease call us.\n");
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(mail.from, Texts{"Forêt & Fils, \"CPA\" <office@firm.example>"});
+  EXPECT_EQ(mail.to, (Texts{"Jane Smith <jane@client.example>", "john@client.example"}));
+  EXPECT_EQ(mail.cc, Texts{"Łukasz Żak <lukasz@client.example>"});
+  EXPECT_EQ(mail.bcc, Texts{"file@firm.example"});
+  EXPECT_EQ((Texts{mail.subject, mail.messageId, mail.date, mail.contentType, mail.body}),
+            (Texts{message.subject, "abc@firm.example", "2026-04-30 14:05:07",
+                   "text/plain; charset=utf-8", "Dear Jane,\n\nPlease call us.\n"}));
 }
 
 TEST(MailMessageTest, bodiesArriveCleanedOfWhatNoMailMayHold) {
@@ -111,6 +114,41 @@ TEST(MailMessageTest, longAndForeignFieldsComeThrough) {
     EXPECT_EQ(readMail(text).to,
               std::vector<std::string>(subject.size(), "Client Émile <client@x.example>"));
   }
+}
+
+TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
+  const std::pair<const char*, std::vector<Mailbox>> cases[] = {
+      {" ; , ;\r\n", {}},
+      {"a@x.example; b@x.example,c@x.example;",
+       {{"", "a@x.example"}, {"", "b@x.example"}, {"", "c@x.example"}}},
+      {"Jane Smith <jane@client.example>", {{"Jane Smith", "jane@client.example"}}},
+      {"\"Smith, Jane; CPA\" <jane@client.example>; b@x.example",
+       {{"Smith, Jane; CPA", "jane@client.example"}, {"", "b@x.example"}}},
+      {"\"a>b\" <a@x.example>", {{"a>b", "a@x.example"}}},
+      {"\"The \\\"A\\\" Team\" <a@x.example>", {{"The \"A\" Team", "a@x.example"}}},
+      {"Élodie Côté <elodie@client.example>", {{"Élodie Côté", "elodie@client.example"}}},
+      {"o'brien+tax@sub.client.example", {{"", "o'brien+tax@sub.client.example"}}},
+      {"jane@bücher.example", {{"", "jane@xn--bcher-kva.example"}}},
+  };
+  for (const auto& [text, mailboxes] : cases) EXPECT_EQ(parseRecipients(text), mailboxes) << text;
+}
+
+TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
+  for (const std::string entry :
+       {"jane", "jane@", "Jane Smith", "Jane <>", "jane@@client.example",
+        "jane smith@client.example", "jane@client..example", ".jane@client.example",
+        "jane@client example", "Jane <jane@client.example", "team: a@x.example",
+        "undisclosed-recipients:", "a@x.example b@x.example", "élodie@client.example",
+        "613-555-0100 <Home Fax>", "Bcc: evil@x.example", "jane@client.example\x01",
+        "jane\xFF@client.example", "jane@client.example> <a@x.example>"}) {
+    try {
+      const auto mailboxes = parseRecipients("good@x.example; " + entry);
+      ADD_FAILURE() << entry << " was taken as " << testing::PrintToString(mailboxes);
+    } catch (const MailError& error) {
+      EXPECT_EQ(error.what(), "\"" + entry + "\" is not a valid email address.");
+    }
+  }
+  EXPECT_THROW(parseRecipients(std::string(65, 'a') + "@x.example"), MailError);
 }
 
 }  // namespace

@@ -64,40 +64,37 @@ TEST(TerminalErrorClassTest, batchRepeatsAFewTimesThenLeaves) {
   EXPECT_EQ(errors.depth(), 1u);
 }
 
-int ask(TerminalMsgbox& box, const std::string& text) {
-  return box.askQuestion(text, message_style::inputRefused, nullptr, 0, 0, 101, 0, "", 0);
-}
-
 TEST(TerminalMsgboxTest, showsMessagesBehindAWordForTheirStyle) {
-  const std::pair<int, const char*> cases[] = {
-      {message_style::notice, "Note: Bell ? and ?[2J\nline\n"},
-      {message_style::valueRefused, "Please check: Bell ? and ?[2J\nline\n"},
-      {message_style::reportError, "Error: Bell ? and ?[2J\nline\n"},
-      {message_style::warning, "Warning: Bell ? and ?[2J\nline\n"}};
-  for (const auto& [style, said] : cases) {
+  for (const auto& [style, word] : {std::pair(message_style::notice, "Note"),
+                                    {message_style::valueRefused, "Please check"},
+                                    {message_style::reportError, "Error"},
+                                    {message_style::warning, "Warning"}}) {
     std::ostringstream out;
     TerminalMsgbox box({nullptr, &out});
     box.showMessage("Bell \a and \x1b[2J\r\nline", style, nullptr, 0, 0, 101, 0, "", 0);
-    EXPECT_EQ(out.str(), said);
+    EXPECT_EQ(out.str(), std::string(word) + ": Bell ? and ?[2J\nline\n");
   }
 }
 
-TEST(TerminalMsgboxTest, personAnswersYesOrNo) {
-  std::istringstream in("maybe\nY\nn\r\n");
-  std::ostringstream out;
-  TerminalMsgbox box({&in, &out}, true);
-  EXPECT_EQ(ask(box, "Exit?"), 0);
-  EXPECT_NE(ask(box, "Exit?"), 0);
-  EXPECT_EQ(ask(box, "Exit?"), 0) << "the input has ended: the default";
-  EXPECT_EQ(out.str().substr(0, 24), "Exit? (y/n) Exit? (y/n) ");
-}
-
-TEST(TerminalMsgboxTest, batchGivesTheStatedAnswer) {
-  for (const bool yes : {false, true}) {
+TEST(TerminalMsgboxTest, aPersonAnswersOrTheDefaultDoes) {
+  const struct {
+    const char* input;  ///< null: nobody is there
+    bool isYesDefault;
+    std::string answers, said;
+  } cases[] = {{"maybe\nY\nn\r\n", true, "yny", "Exit? (y/n) Exit? (y/n) "},
+               {nullptr, true, "yyy", "Exit? Yes\nExit? Yes\n"},
+               {nullptr, false, "nnn", "Exit? No\n"}};
+  for (const auto& [input, isYesDefault, answers, said] : cases) {
+    std::istringstream in(input ? input : "");
     std::ostringstream out;
-    TerminalMsgbox box({nullptr, &out}, yes);
-    EXPECT_EQ(ask(box, "Move to Friday?") == 0, yes);
-    EXPECT_EQ(out.str(), yes ? "Move to Friday? Yes\n" : "Move to Friday? No\n");
+    TerminalMsgbox box({input ? &in : nullptr, &out}, isYesDefault);
+    std::string given;
+    for (int i = 0; i < 3; ++i)
+      given += box.askQuestion("Exit?", message_style::inputRefused, nullptr, 0, 0, 101, 0, "", 0)
+                   ? 'n'
+                   : 'y';
+    EXPECT_EQ(given, answers);
+    EXPECT_TRUE(out.str().starts_with(said)) << out.str();
   }
 }
 

@@ -7,17 +7,22 @@
 #include "host/services/HostClientIDClass.h"
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostListCleaner.h"
+#include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 #include "host/services/clocks.h"
 #include "platform/PlatformError.h"
 #include "platform/controls/ComboBox.h"
+#include "platform/controls/RichTextBox.h"
 #include "support/fixed_clock.h"
 
 namespace autonotify::host {
 namespace {
 
-TEST(GeneralUtilitiesTest, emptyAreNullAndEmptyTextAlone) {
+TEST(GeneralUtilitiesTest, tellsEmptyValuesAndTheKeysOfANumericField) {
   HostGeneralUtilities utilities;
+  for (int key : {48, 57, 8, 9, 13, 22}) EXPECT_EQ(utilities.filterKeyPress(key), key);
+  for (int key : {47, 58, 32, 45, 46, 97, 0, -1, 0x2460})
+    EXPECT_EQ(utilities.filterKeyPress(key), 0) << key;
   EXPECT_TRUE(utilities.isValueEmpty(Value()));
   EXPECT_TRUE(utilities.isValueEmpty(Value("")));
   for (const Value& value : {Value(" "), Value(0), Value(false), Value(0.0), Value(DateTime())}) {
@@ -25,13 +30,6 @@ TEST(GeneralUtilitiesTest, emptyAreNullAndEmptyTextAlone) {
     EXPECT_EQ(utilities.textOrDefault(value, true), value);
   }
   EXPECT_EQ(utilities.textOrDefault(Value(), true), Value(""));
-}
-
-TEST(GeneralUtilitiesTest, numericFieldTakesDigitsAndControlKeys) {
-  HostGeneralUtilities utilities;
-  for (int key : {48, 57, 8, 9, 13, 22}) EXPECT_EQ(utilities.filterKeyPress(key), key);
-  for (int key : {47, 58, 32, 45, 46, 97, 0, -1, 0x2460})
-    EXPECT_EQ(utilities.filterKeyPress(key), 0) << key;
 }
 
 TEST(GeneralUtilitiesTest, comboIsFilledAndChosenFromAsPeopleRead) {
@@ -63,16 +61,6 @@ TEST(ClientIDTest, companyComesBeforeContact) {
   EXPECT_EQ(client.get_ClientType(), enumAutoNotifyCompany);
 }
 
-TEST(ValidationUtilitiesTest, durationText) {
-  const std::pair<int, const char*> cases[] = {
-      {0, "0 min"},          {59, "59 min"},
-      {60, "1 hr"},          {90, "1 hr 30 min"},
-      {1501, "25 hr 1 min"}, {-31, "-31 min"},
-      {-90, "-1 hr 30 min"}, {INT_MIN, "-35791394 hr 8 min"}};
-  HostValidationUtilities validation;
-  for (const auto& [minutes, text] : cases) EXPECT_EQ(validation.getDurationText(minutes), text);
-}
-
 TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarget) {
   const DateTime day = DateTime::of(2026, 4, 30), before = DateTime::of(2020, 1, 1);
   HostValidationUtilities validation;
@@ -91,13 +79,45 @@ TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarg
   }
 }
 
-TEST(ValidationUtilitiesTest, weekendsAndYears) {
+TEST(ValidationUtilitiesTest, durationsWeekendsAndYears) {
   HostValidationUtilities validation;
-  const DateTime monday = DateTime::of(2026, 4, 27);
+  for (const auto& [minutes, text] : {std::pair(0, "0 min"),
+                                      {59, "59 min"},
+                                      {60, "1 hr"},
+                                      {90, "1 hr 30 min"},
+                                      {1501, "25 hr 1 min"},
+                                      {-31, "-31 min"},
+                                      {-90, "-1 hr 30 min"},
+                                      {INT_MIN, "-35791394 hr 8 min"}})
+    EXPECT_EQ(validation.getDurationText(minutes), text);
   for (int day = 0; day < 14; ++day)
-    EXPECT_EQ(validation.isWeekend(monday.addDays(day)), day % 7 >= 5) << day;
+    EXPECT_EQ(validation.isWeekend(DateTime::of(2026, 4, 27).addDays(day)), day % 7 >= 5) << day;
   for (std::int16_t year : {1900, 2026, 2099}) EXPECT_TRUE(validation.isValidYear(year));
   for (std::int16_t year : {-1, 0, 26, 1899, 2100}) EXPECT_FALSE(validation.isValidYear(year));
+}
+
+TEST(RichTextUtilityTest, insertsAtAPlaceInCharacters) {
+  const auto made = ClassRegistry().create("richtextutility");
+  auto* utility = dynamic_cast<RichTextUtility*>(made.get());
+  ASSERT_TRUE(utility);
+  RichTextBox box;
+  box.setTextRTF("{\\rtf1 \\'e9{\\b b}}");
+  struct {
+    int position;
+    const char* text;
+  } const cases[] = {{1, "é-b"}, {-1, "-é-b"}, {99, "-é-b-"}};
+  for (const auto& [position, text] : cases) {
+    EXPECT_EQ(utility->insertTextAt(&box, "-", position), Value(true));
+    EXPECT_EQ(box.text(), text);
+  }
+  EXPECT_TRUE(box.content().paragraphs.front().runs.back().format.bold);
+  EXPECT_THROW(utility->insertTextAt(nullptr, "-", 0), PlatformError);
+}
+
+TEST(RichTextUtilityTest, plainTextEndsItsLinesAsBoxesDo) {
+  HostRichTextUtility utility;
+  EXPECT_EQ(utility.toPlainText("{\\rtf1 a\\par \\'abb\\'bb\\line c}"), "a\r\n«b»\r\nc");
+  EXPECT_EQ(utility.toPlainText("plain\r\nand\n"), "plain\r\nand\r\n");
 }
 
 TEST(ClassRegistryTest, createsByNameInAnyCaseAndTakesClassesOfPrograms) {
