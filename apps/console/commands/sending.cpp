@@ -107,6 +107,20 @@ std::string aboutOf(const SendOutcome& outcome) {
   return outcome.about ? outcome.about->client + ", " + outcome.about->item : std::string();
 }
 
+void report(Reply& reply, TextTable& table, Id id, const SendOutcome& outcome,
+            const Arguments& arguments) {
+  const Told told = tell(outcome, arguments.due);
+  const char* name = fateName(told.fate, arguments.dryRun);
+  const std::string about = aboutOf(outcome);
+  table.add({std::to_string(id), name, told.words, about});
+  reply.data.push_back(
+      {{"notification", id}, {"result", name}, {"detail", told.words}, {"about", about}});
+  const bool isFault = told.fate != Fate::sent && (told.fate != Fate::skipped || !arguments.due);
+  if (!isFault) return;
+  reply.refuse(
+      fmt::format("notification {} {}: {}", id, rowOf(fateTable, told.fate).complaint, told.words));
+}
+
 }  // namespace
 
 void describeSend(CLI::App& command, Arguments& arguments) {
@@ -142,19 +156,8 @@ Reply runSend(host::Desk& desk, const Arguments& arguments) {
   Reply reply;
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
-  for (const Id id : ids) {
-    const SendOutcome outcome = host::sendNotification(desk, id, wish);
-    const Told told = tell(outcome, arguments.due);
-    const char* name = fateName(told.fate, arguments.dryRun);
-    const std::string about = aboutOf(outcome);
-    table.add({std::to_string(id), name, told.words, about});
-    reply.data.push_back(
-        {{"notification", id}, {"result", name}, {"detail", told.words}, {"about", about}});
-    const bool isFault = told.fate != Fate::sent && (told.fate != Fate::skipped || !arguments.due);
-    if (isFault)
-      reply.refuse(fmt::format("notification {} {}: {}", id, rowOf(fateTable, told.fate).complaint,
-                               told.words));
-  }
+  for (const Id id : ids)
+    report(reply, table, id, host::sendNotification(desk, id, wish), arguments);
   reply.text = ids.empty() ? "Nothing is due.\n" : table.toText();
   return reply;
 }
