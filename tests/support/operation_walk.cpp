@@ -17,8 +17,8 @@ class ClosedDatabase : public CountedDatabase {
   bool isDatabaseOpen() override { return false; }
 };
 
-/// The calls of a run that open or write, each once and to its first line end. What is opened must
-/// be closed.
+/// The calls of a run that open, write or go to a place, each once and to its first line end. What
+/// is opened must be closed.
 std::string statementsOf(const WalkedOperation& operation, TestHost& host) {
   operation.run(host);
   const auto count = [&](const char* call) {
@@ -29,7 +29,7 @@ std::string statementsOf(const WalkedOperation& operation, TestHost& host) {
   std::string statements;
   std::set<std::string> seen;
   for (const std::string& call : host.calls.log()) {
-    for (const char* kind : {"openRecordset ", "setFieldValue ", "updateFieldValue "})
+    for (const char* kind : {"openRecordset", "setFieldValue", "updateFieldValue", "gotoBookmark"})
       if (call.starts_with(kind) && seen.insert(call).second)
         statements += call.substr(0, call.find('\r')) + "\n";
   }
