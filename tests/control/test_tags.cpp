@@ -68,7 +68,7 @@ TEST_F(TagTest, AreThoseThatHostsKnow) {
   }
   std::string text;
   for (const auto& [module, names] : procedures) text += module + ":" + names + "\n";
-  expectGolden(TAGS_FILE, text);
+  expectGolden(AUTONOTIFY_TEST_FOLDER "tags.txt", text);
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ inline std::vector<std::string> split(const std::string& text, char separator = 
 
 /// The rows of a table of merge_tables.txt, cut at their tabs and at least `cells` long.
 inline std::vector<std::vector<std::string>> rowsOf(const std::string& table, std::size_t cells) {
-  std::ifstream file(AUTONOTIFY_SOURCE_DIR "/tests/merge/merge_tables.txt");
+  std::ifstream file(AUTONOTIFY_TEST_FOLDER "merge_tables.txt");
   std::string line;
   while (std::getline(file, line) && line != "[" + table + "]") continue;
   std::vector<std::vector<std::string>> rows;

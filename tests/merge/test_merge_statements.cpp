@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "merge/MergeTest.h"
+#include "support/golden_file.h"
 
 namespace autonotify::test {
 namespace {
@@ -56,16 +57,13 @@ class MergeStatements : public MergeTest {
 };
 
 TEST_F(MergeStatements, AreThoseOfTheFile) {
-  std::ifstream file(AUTONOTIFY_SOURCE_DIR "/tests/merge/merge_statements.txt");
-  std::stringstream known;
-  known << file.rdbuf();
   note("set up in Canada", [&] { setUpIn(1, 1); });
   note("set up elsewhere, for writing", [&] { setUpIn(2, 5); });
   note("set up for a contact alone", [&] { setUpForAContact(); });
   note("on demand", [&] { readOnDemand(1); });
   note("on demand in bulk", [&] { readOnDemand(2); });
   note("the task of an entry", [&] { merge->put_scheduleID(41); });
-  EXPECT_EQ(noted, known.str());
+  expectGolden(AUTONOTIFY_TEST_FOLDER "merge_statements.txt", noted);
 }
 
 TEST_F(MergeStatements, SelectAndOrderTheAccountsThatTheClientListShows) {

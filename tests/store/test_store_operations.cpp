@@ -330,7 +330,7 @@ TEST(StoreOperations, CallTheHostAsItKnowsThem) {
       text += replaceAll(block, "\r\n", "\\n");
     }
   }
-  expectGolden(GOLDEN_FILE, text);
+  expectGolden(AUTONOTIFY_TEST_FOLDER "operations.txt", text);
 }
 
 /// The operations in parts, each a test of its own, so that they may run side by side.
