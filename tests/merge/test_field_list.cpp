@@ -13,7 +13,6 @@ using testing::Not;
 constexpr int canada = 1;
 constexpr int unitedStates = 2;
 constexpr int ontario = 3;
-constexpr int quebec = 8;
 
 class FieldListTest : public MergeTest {
  protected:

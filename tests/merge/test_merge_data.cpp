@@ -152,11 +152,18 @@ TEST_F(MergeData, LooksFieldsUpByEitherName) {
   list.findEntry(field_column::displayName, "Contact Display Name");
   list.setItem(field_column::displayName, "Contact Full Name");
   EXPECT_EQ(merge->getMergeDataFromDisplayName("Company Name"), "Contact Full Name");
+  list.findEntry(field_column::displayName, "Client ID");
+  list.setItem(field_column::displayName, "Contact Display Name");
+  EXPECT_EQ(merge->getMergeDataFromDisplayName("Company Name"), "Contact Display Name");
   list.findEntry(field_column::databaseField, "CompanyName");
   list.setItem(field_column::databaseField, "FirmName");
   EXPECT_EQ(merge->getMergeDataFromFieldName("CompanyName"), "DisplayName");
   merge->companyID = 1;
   EXPECT_EQ(merge->getMergeDataFromFieldName("CompanyName"), "");
+  merge->Terminate();
+  errors.answer({error_choice::next});
+  EXPECT_FALSE(merge->testStr("Contact First Name")) << "there is no list";
+  EXPECT_EQ(errors.recorded().at(0).number, error_number::objectNotSet);
 }
 
 TEST_F(MergeData, WritesFieldsBackToTheirColumns) {

@@ -49,7 +49,9 @@ string appointmentAndFirmFields(clsInsertFieldsInRTB& merge) {
   merge.createAccountantFieldListStructure(false, true);
   for (const ListBox::Entry& entry : box.entries())
     EXPECT_TRUE(list.selectEntry(entry.itemData)) << entry.text;
-  return std::to_string(list.getEntryCount());
+  const int last = list.getEntryCount();
+  list.selectEntry(7);
+  return std::to_string(last) + " " + toText(list.getItem(field_column::displayName));
 }
 
 string writeCity(clsInsertFieldsInRTB& merge) {
@@ -83,7 +85,7 @@ struct Operation {
 const Operation operations[] = {
     {mergeLetter, 50, "Dear ,  of  is due on  (, , ).", "Dear ,  of  is due on  ( , , )."},
     {writeCity, 50, "GuelphGuelph", ""},
-    {appointmentAndFirmFields, 25, "18", "29"},
+    {appointmentAndFirmFields, 25, "18 Your Province", "29 Custom Appt Field 1"},
     {[](auto& merge) { return merge.taskID = 1, merge.getDocsAndInstructionsList(); }, 5, "", ""},
     {[](auto& merge) { return std::to_string(merge.getTaskIDFromScheduleIDNum(1)); }, 5, "-1",
      "-1"},

@@ -108,8 +108,7 @@ TEST_F(MergeValidation, ChecksTheTemplateOfTodayForItsKindOfText) {
     EXPECT_THAT(messages.back(), testing::HasSubstr(name));
   }
   messages.clear();
-  EXPECT_TRUE(merge->testRTBComment(bare, false, false, false));
-  EXPECT_TRUE(messages.empty());
+  EXPECT_TRUE(merge->testRTBComment(bare, false, false, false) && messages.empty());
   merge->testErrorComment = nullptr;
   EXPECT_TRUE(merge->testRTBComment(bare, false, true, false));
 }

@@ -27,11 +27,6 @@ class MergeStatements : public MergeTest {
     startAnew(use);
     merge->initializeDataRecordsetsForSingleDocMerge();
   }
-  void setUpForAContact() {
-    merge->resetAllItemIDs();
-    merge->contactID = 2;
-    merge->initializeDataRecordsetsForSingleDocMerge();
-  }
   /// Reads a field of each source.
   void readOnDemand(int use) {
     live(1, 3);
@@ -59,7 +54,11 @@ class MergeStatements : public MergeTest {
 TEST_F(MergeStatements, AreThoseOfTheFile) {
   note("set up in Canada", [&] { setUpIn(1, 1); });
   note("set up elsewhere, for writing", [&] { setUpIn(2, 5); });
-  note("set up for a contact alone", [&] { setUpForAContact(); });
+  note("set up for a contact alone", [&] {
+    merge->resetAllItemIDs();
+    merge->contactID = 2;
+    merge->initializeDataRecordsetsForSingleDocMerge();
+  });
   note("on demand", [&] { readOnDemand(1); });
   note("on demand in bulk", [&] { readOnDemand(2); });
   note("the task of an entry", [&] { merge->put_scheduleID(41); });

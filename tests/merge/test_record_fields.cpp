@@ -40,13 +40,16 @@ TEST_F(RecordFieldsTest, GiveAnInheritingContactTheAddressOfTheCompany) {
       "Companies (OfficeNumber, FaxNumber, Address, City, Province, Country) VALUES "
       "('555-1000', '555-1001', '1 Elm Street', 'Guelph', 'Ontario', 'Canada')");
   for (const char* inherits : {"0", "1"})
-    insert(string("Contacts (BusinessPhone_Main, BusinessAddress, BusinessPostalCode, "
-                  "BusinessProvince, FirstName, InheritCompanyInfo) VALUES ('555-2000', "
-                  "'2 Oak Street', 'N1G 2W1', 'Quebec', 'Anna', ") +
+    insert(string("Contacts (BusinessPhone_Main, BusinessPhone_Fax, BusinessAddress, "
+                  "BusinessPostalCode, BusinessProvince, FirstName, InheritCompanyInfo) VALUES "
+                  "('555-2000', '555-2001', '2 Oak Street', 'N1G 2W1', 'Quebec', 'Anna', ") +
            inherits + ")");
-  const char* own = "555-2000||2 Oak Street||N1G 2W1|Quebec|QC|Anna|";
+  insert("Contacts (InheritCompanyInfo) VALUES (1)");
+  const char* own = "555-2000|555-2001|2 Oak Street||N1G 2W1|Quebec|QC|Anna|";
   for (const auto& [companyID, contactID, values] :
-       {std::tuple{1, 2, "555-2000|555-1001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna|Canada"},
+       {std::tuple{1, 2, "555-2000|555-2001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna|Canada"},
+        {1, 3, "555-1000|555-1001|1 Elm Street|Guelph||Ontario|||Canada"},
+        {77, 2, own},
         {-1, 2, own},
         {1, 1, own}}) {
     scope.ids.companyID = companyID;
