@@ -7,13 +7,13 @@ namespace autonotify {
 
 Value insertTextAt(Step& step, RichTextBox* box, const std::string& text, int position) {
   std::unique_ptr<RichTextUtility> utility;
-  step.assign(utility, [] { return createHostObject<RichTextUtility>(); });
+  step.assign(utility, createHostObject<RichTextUtility>);
   if (!utility) return {};
-  step.run([&] { utility->put_errorClass(references().errors); });
+  step.run(&RichTextUtility::put_errorClass, *utility, references().errors);
   step.run([&] { utility->put_LocaleReference(&locale()); });
   const Value result =
-      step.value(Value{}, [&] { return utility->insertTextAt(box, text, position); });
-  step.run([&] { utility->release(); });
+      step.value(Value{}, &RichTextUtility::insertTextAt, *utility, box, text, position);
+  step.run(&RichTextUtility::release, *utility);
   return result;
 }
 

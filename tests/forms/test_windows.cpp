@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "contract/Window.h"
 #include "contract/windows.h"
 #include "host/services/HostLocale.h"
 #include "platform/controls/Button.h"
@@ -16,6 +17,7 @@
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Timer.h"
 #include "support/HeadlessPerson.h"
+#include "support/scripted_error_class.h"
 
 namespace autonotify::test {
 namespace {
@@ -265,6 +267,37 @@ TEST_F(Windows, TimersFireWhileEnabledAndMenusPopUp) {
   form.initialize();
   form.unload();
   EXPECT_EQ(log, "timer script entry ");
+}
+
+/// A window whose reactions are procedures.
+class frmReacting : public Window {
+ public:
+  explicit frmReacting(FormHost& host) : Window(host, "frmReacting") {
+    react(txt.onKeyUp, "txt_KeyUp", &frmReacting::noteKey);
+    react(txt.onValidate, "txt_Validate", &frmReacting::refuse);
+  }
+  TextBox txt{*this, "txt"};
+  std::string log;
+
+ private:
+  void noteKey(Step&, int key, int shift) { log += std::to_string(key) + std::to_string(shift); }
+  void refuse(Step& step, bool& keepsFocus) {
+    keepsFocus = true;
+    step.run([] { throw PlatformError(1000, "no"); });
+    log += "never";
+  }
+};
+
+TEST_F(Windows, ReactionsAreProceduresUnderTheTagsOfTheirEvents) {
+  ScriptedErrorClass errors;
+  references().errors = &errors;
+  errors.answer({error_choice::leave});
+  const frmReacting form(person);
+  form.txt.onKeyUp(65, 1);
+  EXPECT_TRUE(form.txt.onValidate()) << "the answer held when it was left";
+  EXPECT_EQ(form.log, "651");
+  EXPECT_THAT(errors.tags(), ElementsAre("Morvane.exe-frmReacting-txt_KeyUp",
+                                         "Morvane.exe-frmReacting-txt_Validate"));
 }
 
 // What the host's styler is shown.

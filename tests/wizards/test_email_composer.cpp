@@ -224,7 +224,22 @@ TEST_F(ComposerTest, DateThatIsMissingIsNotMadeUp) {
   EXPECT_EQ(column("NotificationDate"), "2026-04-24");
 }
 
-TEST_F(ComposerTest, RefreshesAndStoresWhatADiaryItemSays) {
+TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
+  const auto refresh = [&](WindowInUse& window, bool yes) {
+    screen.expectQuestion(
+        "Are you sure you want to refresh this comment?  This will replace the existing text.",
+        message_style::batchNotice, yes);
+    window.click("cmdRefreshComment");
+  };
+  for (const bool yes : {false, true}) {
+    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+      window.type("txtSubject", "not stored");
+      refresh(window, yes);
+      cancel(window);
+    });
+    EXPECT_EQ(column("Memo").find("Please file your return.") != std::string::npos, yes);
+  }
+  EXPECT_EQ(column("Field4"), "Your GST Return");
   // The item's text is sought under the notification's number, as one of an appointment.
   addRow("Appointments", {{"AppointmentID", row},
                           {"Subject", "Year end"},
@@ -232,10 +247,7 @@ TEST_F(ComposerTest, RefreshesAndStoresWhatADiaryItemSays) {
                           {"TimeFrom", DateTime::of(2026, 4, 23, 9)},
                           {"TimeTo", DateTime::of(2026, 4, 23, 10)}});
   compose({ComposerMode::editAuto, appointmentNotification, Dockets}, [&](WindowInUse& window) {
-    screen.expectQuestion(
-        "Are you sure you want to refresh this comment?  This will replace the existing text.",
-        message_style::batchNotice, true);
-    window.click("cmdRefreshComment");
+    refresh(window, true);
     EXPECT_NE(window.read("rtbText").find("This appointment is regarding Year end."),
               std::string::npos);
     window.type("txtSubject", "Our meeting");
@@ -243,21 +255,6 @@ TEST_F(ComposerTest, RefreshesAndStoresWhatADiaryItemSays) {
   });
   EXPECT_EQ(column("Field4"), "Our meeting");
   EXPECT_NE(column("Memo").find("Year end."), std::string::npos);
-}
-
-TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
-  for (const bool yes : {false, true}) {
-    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-      window.type("txtSubject", "not stored");
-      screen.expectQuestion(
-          "Are you sure you want to refresh this comment?  This will replace the existing text.",
-          message_style::batchNotice, yes);
-      window.click("cmdRefreshComment");
-      cancel(window);
-    });
-    EXPECT_EQ(column("Memo").find("Please file your return.") != std::string::npos, yes);
-  }
-  EXPECT_EQ(column("Field4"), "Your GST Return");
 }
 
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
