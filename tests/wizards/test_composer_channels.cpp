@@ -11,10 +11,11 @@ std::vector<std::string>& stored() {
   return edits;
 }
 
-/// A channel that differs from the email's in all that a channel may differ in.
+/// A channel that differs from the email's in all that a channel may differ in. Its window wears
+/// the layout of the email's.
 constexpr ComposerChannel phoneLike{
     .channel = nt_Phone,
-    .formName = "frmTestComposer",
+    .formName = "frmSendNotificationWizardEmail",
     .caption = "Test",
     .addressCaption = "Address",
     .addsRow = AddsRow::never,
@@ -39,7 +40,7 @@ class TestComposer : public NotificationComposer {
  public:
   explicit TestComposer(const ComposerChannel& channel = phoneLike)
       : NotificationComposer(channel) {
-    bindFields({&txtPerson, &cboNumber});
+    bindFields({&txtSubject, &cboTo});
   }
   void initializeBlankSend(Id row) {
     procedure(tag("InitializeBlankSend"), [&](Step& step) {
@@ -49,16 +50,16 @@ class TestComposer : public NotificationComposer {
     });
   }
 
-  TextBox txtPerson{*this, "txtPerson"};
-  ComboBox cboNumber{*this, "cboNumber"};
-  CheckBox chkUseHeader{*this, "chkUseHeader"};
+  TextBox txtSubject{*this, "txtSubject"};
+  ComboBox cboTo{*this, "cboTo"};
+  ComboBox cboCc{*this, "cboCc"};
 
  protected:
   void finish(Step& step) override {
     saveForLater(step);
     hideAndRepaint(step);
   }
-  std::vector<Control*> furtherInputs() override { return {&chkUseHeader}; }
+  std::vector<Control*> furtherInputs() override { return {&cboCc}; }
 };
 
 class ChannelTest : public ComposerTest {
@@ -126,7 +127,7 @@ TEST_F(ChannelTest, NamesItsButtonsWhereTheMessageGoesAtOnce) {
 TEST_F(ChannelTest, StoresItsOwnFieldsUnderTheKindAsGiven) {
   confirmArming();
   const auto finish = [](WindowInUse& window) {
-    window.type("cboNumber", "555-0122");
+    window.type("cboTo", "555-0122");
     window.click("cmdFinish");
   };
   const std::string sentence = "Someone is to call about the task on Thursday, April 23, 2026";
@@ -190,7 +191,7 @@ TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
 TEST_F(ChannelTest, LocksItsFurtherInputsWithTheFields) {
   execute("UPDATE ClientNotification SET NotificationSent = 1");
   useTest({ComposerMode::editAuto}, [](WindowInUse& window) {
-    for (const char* name : {"txtPerson", "cboNumber", "chkUseHeader", "rtbText"})
+    for (const char* name : {"txtSubject", "cboTo", "cboCc", "rtbText"})
       EXPECT_FALSE(window.canUse(name)) << name;
     cancel(window);
   });
@@ -198,7 +199,7 @@ TEST_F(ChannelTest, LocksItsFurtherInputsWithTheFields) {
 
 TEST_F(ChannelTest, BlankSendLeavesNoRow) {
   TestComposer composer;
-  screen.expectWindow("frmTestComposer", [](WindowInUse& window) {
+  screen.expectWindow("frmSendNotificationWizardEmail", [](WindowInUse& window) {
     EXPECT_FALSE(window.sees("txtNotificationField"));
     EXPECT_EQ(window.read("cmdFinish"), "Call completed");
     cancel(window);
