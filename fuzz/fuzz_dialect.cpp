@@ -25,7 +25,9 @@ void check(const Translation& result) {
   require(static_cast<std::size_t>(placeholders) == result.parameters.size());
   if (result.from == std::string::npos) return;
   require(result.from <= result.fromEnd && result.fromEnd <= result.sql.size());
-  if (result.rowsAreTableRows)
+  require(result.from <= result.orderEnd && result.orderEnd <= result.sql.size());
+  require(!result.rowsAreTableRows || result.rowsHaveKeys);
+  if (result.rowsHaveKeys)
     tablesOf(std::string_view(result.sql).substr(result.from, result.fromEnd - result.from));
 }
 

@@ -113,7 +113,7 @@ def circles(graph):
 
 def shared_names():
     places = collections.defaultdict(list)
-    for name in tracked("*.h", "*.cpp", "*.py"):
+    for name in tracked("*.h", "*.cpp", "*.py", "tests/*.txt", ":!*CMakeLists.txt"):
         places[pathlib.Path(name).name].append(name)
     return (f"one name, two files: {' '.join(names)}" for names in places.values() if len(names) > 1)
 

@@ -27,7 +27,8 @@ enum class LockMode : int { readOnly = 1, updatable = 3 };
 /// literals True and False in any case, text between single quotes and nested INNER JOINs; anything
 /// else is refused. Column names are matched in any case. Values read come back as null, flag,
 /// number, date-time or text by the kind of their column; values are written as text, and the empty
-/// text into a date-time column stores NULL.
+/// text into a date-time column stores NULL. Rows that a statement does not order stand in the
+/// order of the keys of its tables, from left to right.
 ///
 /// Each updateFieldValue is durable on its own; there are no transactions. Several handles may be
 /// open at once, also on one table; a row written through one is read by a handle opened later.

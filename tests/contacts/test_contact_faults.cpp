@@ -112,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(Operations, ContactFaults, testing::ValuesIn(operations
                          [](const auto& operation) { return std::string(operation.param.name); });
 
 TEST(ContactStatements, StandAsHostsKnowThem) {
-  expectStatements(operations, fillAddressBook, AUTONOTIFY_TEST_FOLDER "statements.txt");
+  expectStatements(operations, fillAddressBook, AUTONOTIFY_TEST_FOLDER "contact_statements.txt");
 }
 
 }  // namespace

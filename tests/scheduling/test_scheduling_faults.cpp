@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(Operations, SchedulingFaults, testing::ValuesIn(operati
                          [](const auto& operation) { return std::string(operation.param.name); });
 
 TEST(SchedulingStatements, StandAsHostsKnowThem) {
-  expectStatements(operations, fillOffice, AUTONOTIFY_TEST_FOLDER "statements.txt");
+  expectStatements(operations, fillOffice, AUTONOTIFY_TEST_FOLDER "scheduling_statements.txt");
 }
 
 }  // namespace

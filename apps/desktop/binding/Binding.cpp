@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPalette>
+#include <utility>
 
 #include "binding/qt_key_codes.h"
 

@@ -156,6 +156,7 @@ void TreeBinding::drawList() {
 }
 
 void TreeBinding::drawRows(const RowChange& change) {
+  if (change.kind != RowChange::Kind::added) return drawList();
   const TreeView::Node& node = control_.nodes().at(static_cast<std::size_t>(change.row));
   addItem(node);
   if (QTreeWidgetItem* parent = itemAt(node.parent)) parent->setExpanded(true);

@@ -238,7 +238,8 @@ class Translator {
 
   void endOrder() {
     endOrderTerm();
-    if (depth_ == 0 && result_.orderEnd == npos) result_.orderEnd = copyTo(previous_.end);
+    if (depth_ == 0 && result_.from != npos && result_.orderEnd == npos)
+      result_.orderEnd = copyTo(previous_.end);
   }
 
   /// Copies the statement up to this place; gives the length of the result.

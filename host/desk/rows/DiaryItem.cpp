@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "host/clients/record_rows.h"
 #include "host/desk/rows/Task.h"

@@ -1,0 +1,1 @@
+SELECT Schedule.ScheduleID, Companies.CompanyName FROM Schedule LEFT JOIN Companies ON Schedule.ClientNum = Companies.CompanyID WHERE Schedule.Closed=False ORDER BY Schedule.DueDate DESC, Companies.CompanyName;
