@@ -105,9 +105,10 @@ bool canLookUp(Step& step, const AddressPerson& person) {
 }  // namespace
 
 std::optional<std::string> readDisplayName(Step& step, Id contactId) {
-  const Rows contact(step, displayNameStatement, contactId, keysetRead);
-  if (!contact) return std::nullopt;
-  return contact.text("DisplayName");
+  std::optional<std::string> name;
+  if (const Rows contact(step, displayNameStatement, contactId, keysetRead); contact)
+    name = contact.text("DisplayName");
+  return name;
 }
 
 void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts& parts,

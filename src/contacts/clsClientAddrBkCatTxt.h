@@ -54,7 +54,8 @@ class clsClientAddrBkCatTxt {
   bool isShown(Step& step, int levelType, Id id);
   void appendLines(Step& step);
 
-  // Released from the last up, the order of Terminate, also where a person left that.
+  // Members go last first: the client before the chain, as in Terminate, also when a person left
+  // that.
   std::unique_ptr<GridColumnList> chain_;
   std::unique_ptr<ClientIDClass> client_;
 };

@@ -72,7 +72,7 @@ class Recipients {
     }
   }
 
-  /// Puts the text into the list, but an empty one, and gives it.
+  /// Gives the text, and puts it into the list unless it is empty.
   std::string take(const Value& value, const RecipientColumn& column) {
     std::string text = labelled(value, column);
     if (!text.empty()) texts_.push_back(text);

@@ -46,11 +46,12 @@ std::string firstText(const Row& contact, const InfoColumn& column) {
 
 /// Empty texts without a contact; nothing when the contact's row could not be read.
 std::optional<ContactInfo> readContactInfo(Step& step, Id contactId) {
-  ContactInfo info;
-  if (contactId < 0) return info;
-  const Rows contact(step, contactStatement, contactId, keysetRead);
-  if (!contact) return std::nullopt;
-  for (std::size_t i = 0; i < info.size(); ++i) info[i] = firstText(contact, infoColumns[i]);
+  if (contactId < 0) return ContactInfo{};
+  std::optional<ContactInfo> info;
+  if (const Rows contact(step, contactStatement, contactId, keysetRead); contact) {
+    info.emplace();
+    for (std::size_t i = 0; i < info->size(); ++i) (*info)[i] = firstText(contact, infoColumns[i]);
+  }
   return info;
 }
 

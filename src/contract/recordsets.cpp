@@ -2,8 +2,8 @@
 
 namespace autonotify {
 
-RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock) {
-  return database().openRecordset(sql, cursor, lock, -1, std::string{}, -1, false);
+RecordsetHandle openRecordset(const std::string& sql, Access access) {
+  return database().openRecordset(sql, access.cursor, access.lock, -1, std::string{}, -1, false);
 }
 
 void updateField(RecordsetHandle handle, const char* column, const std::string& value) {

@@ -7,19 +7,7 @@
 
 namespace autonotify {
 
-// What rows (contract/rows.h) are made of.
-
-// One host call each, with the reserved arguments as the contract wants them.
-
-RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock);
-void updateField(RecordsetHandle handle, const char* column, const std::string& value);
-bool findRecord(RecordsetHandle handle, const char* column, const std::string& value);
-
-/// The statement with the id and the closing ";" behind it.
-std::string statementFor(const std::string& statement, Id id);
-
-/// The current date and time as it is written into stamp columns.
-std::string nowText();
+// What procedures do with recordsets and values besides rows (contract/rows.h).
 
 // The kinds of recordsets in use.
 struct Access {
@@ -30,6 +18,18 @@ inline constexpr Access keysetRead{CursorMode::keyset, LockMode::readOnly};
 inline constexpr Access keysetUpdate{CursorMode::keyset, LockMode::updatable};
 inline constexpr Access forwardRead{CursorMode::forwardOnly, LockMode::readOnly};
 inline constexpr Access forwardUpdate{CursorMode::forwardOnly, LockMode::updatable};
+
+// One host call each, with the reserved arguments as the contract wants them.
+
+RecordsetHandle openRecordset(const std::string& sql, Access access);
+void updateField(RecordsetHandle handle, const char* column, const std::string& value);
+bool findRecord(RecordsetHandle handle, const char* column, const std::string& value);
+
+/// The statement with the id and the closing ";" behind it.
+std::string statementFor(const std::string& statement, Id id);
+
+/// The current date and time as it is written into stamp columns.
+std::string nowText();
 
 inline bool isDatabaseOpen(Step& step) {
   return step.value(false, [] { return database().isDatabaseOpen(); });

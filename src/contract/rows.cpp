@@ -23,8 +23,7 @@ bool Row::flag(const char* column) const {
 
 NewRow::NewRow(Step& step, const std::string& table) : step_(step) {
   step_.assign(handle_, [&] {
-    return openRecordset("SELECT " + table + ".* FROM " + table + ";", CursorMode::keyset,
-                         LockMode::updatable);
+    return openRecordset("SELECT " + table + ".* FROM " + table + ";", keysetUpdate);
   });
   step_.run([&] { database().addNewRecord(handle_); });
 }

@@ -94,7 +94,8 @@ class Row {
 
 /// An open recordset: true when it has a row, on which it stands first; a range-for walks it.
 ///
-/// The end of the scope closes it, as a statement of the frame. When the procedure is left before,
+/// The end of the scope closes it, as a statement of the frame: a function that gives a value with
+/// memory of its own closes its rows before it returns. When the procedure is left before,
 /// the recordset stays open until the database object closes it.
 class Rows : public Row {
  public:
@@ -130,8 +131,10 @@ class Rows : public Row {
   End end() { return {}; }
 
  private:
+  using Row::close;
+
   void open(const std::string& sql, Access access) {
-    step_->assign(handle_, [&] { return openRecordset(sql, access.cursor, access.lock); });
+    step_->assign(handle_, openRecordset, sql, access);
     found_ = exists();
     isOpen_ = true;
   }

@@ -27,14 +27,21 @@ void listFields(clsInsertFieldsInRTB& engine, int listType) {
   engine.createDefaultFieldListStructure(noListBox, clearListBox);
 }
 
+/// Throws where the host could not make the list.
+GridColumnList& listOf(clsInsertFieldsInRTB& engine) {
+  GridColumnList* list = engine.get_FieldList();
+  if (!list) throw PlatformError(error_number::objectNotSet, "Object not set", "FieldList");
+  return *list;
+}
+
 MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row) {
-  const auto textOf = [&](int column) { return toText(engine.get_FieldList()->getItem(column)); };
+  const auto textOf = [&](int column) { return toText(listOf(engine).getItem(column)); };
   MergeFieldInfo field;
   bool withMarks = true;
   field.token = engine.parseListItem(row, withMarks);
   field.group = step.value(std::string{}, textOf, field_column::group);
   step.assign(field.dataType,
-              [&] { return toInteger(engine.get_FieldList()->getItem(field_column::dataType)); });
+              [&] { return toInteger(listOf(engine).getItem(field_column::dataType)); });
   field.sample = step.value(std::string{}, textOf, field_column::sample);
   return field;
 }
@@ -71,7 +78,7 @@ std::vector<MergeFieldInfo> listMergeFields(MergeUse use) {
   return procedure(tag<"listMergeFields">, Fields{}, [&](Step& step, Fields& result) {
     clsInsertFieldsInRTB engine;
     listFields(engine, static_cast<int>(use));
-    const int rows = step.value(0, [&] { return engine.get_FieldList()->getEntryCount(); });
+    const int rows = step.value(0, [&] { return listOf(engine).getEntryCount(); });
     for (int row = 1; row <= rows; ++row) result.push_back(readMergeField(step, engine, row));
   });
 }

@@ -180,8 +180,7 @@ void clsAutoNotifyTemplate::writeColumns(const Row& row) {
 
 Row clsAutoNotifyTemplate::openRow(Step& step) const {
   const std::string sql = statementFor(kindById, columns_.scheduleTypeID);
-  return {step,
-          step.value(noRecordset, openRecordset, sql, CursorMode::keyset, LockMode::updatable)};
+  return {step, step.value(noRecordset, openRecordset, sql, keysetUpdate)};
 }
 
 void clsAutoNotifyTemplate::addScheduleType(Step& step) {

@@ -18,7 +18,7 @@ template <FixedText name>
 constexpr std::string_view tag = procedureTag<"clsAutoNotifyTemplate", name>;
 
 RecordsetHandle openAllNotifications() {
-  return openRecordset(allNotifications, keysetUpdate.cursor, keysetUpdate.lock);
+  return openRecordset(allNotifications, keysetUpdate);
 }
 
 void raise(Step& step, const std::function<void()>& event) {

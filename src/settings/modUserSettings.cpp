@@ -32,7 +32,7 @@ void withUserRow(Step& step, const char* column, Id userId, Body&& body) {
       std::string("SELECT UserGeneralSettings.UserIDNum, UserGeneralSettings.") + column +
       " FROM UserGeneralSettings WHERE UserIDNum=";
   const auto open = [sql = statementFor(statement, userId)] {
-    return openRecordset(sql, keysetUpdate.cursor, keysetUpdate.lock);
+    return openRecordset(sql, keysetUpdate);
   };
   RecordsetHandle handle = step.value(noRecordset, open);
   const Row before(step, handle);

@@ -171,9 +171,7 @@ int getNumberOfUnsentNotifications() {
   return procedure(tag<"getNumberOfUnsentNotifications">, 0, [&](Step& step, int& result) {
     if (!isDatabaseOpen(step)) return;
     RecordsetHandle handle = noRecordset;
-    step.assign(handle, [] {
-      return openRecordset(unsentStatement(), keysetRead.cursor, keysetRead.lock);
-    });
+    step.assign(handle, [] { return openRecordset(unsentStatement(), keysetRead); });
     step.assign(result, [&] { return database().getRecordCount(handle); });
     step.run([&] { database().closeRecordset(handle); });
   });

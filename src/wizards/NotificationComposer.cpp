@@ -15,6 +15,10 @@
 namespace autonotify {
 namespace {
 
+constexpr const char* rowOnShow =
+    "SELECT ClientNotification.* FROM ClientNotification Where "
+    "ClientNotification.ClientNotificationID=";
+
 /// The kind that a refreshed comment of a diary item is made and stored as, whatever its own is.
 constexpr CurrentDayTimerType refreshedKind = Appointments;
 
@@ -109,11 +113,7 @@ void NotificationComposer::populateInfo() {
 void NotificationComposer::fill(Step& step) {
   companyID_ = noId;
   contactID_ = noId;
-  if (Rows row(step,
-               "SELECT ClientNotification.* FROM ClientNotification Where "
-               "ClientNotification.ClientNotificationID=",
-               notifyID_, keysetRead);
-      row) {
+  if (const Rows row(step, rowOnShow, notifyID_, keysetRead); row) {
     readRow(row);
     showSentState(row);
   }
@@ -132,7 +132,7 @@ void NotificationComposer::readRow(const Row& row) {
   rtbText.setTextRTF(row.text("Memo"));
   DateTime date;
   row.read(date, "NotificationDate", toDateTime);
-  if (!date.isZero()) notificationDate.show(date);
+  notificationDate.show(date);
 }
 
 void NotificationComposer::showSentState(const Row& row) {

@@ -47,7 +47,7 @@ NotificationDateField::NotificationDateField(Form& owner)
 
 void NotificationDateField::show(DateTime date) {
   date_ = date;
-  txtNotificationField.setText(longDateText(date));
+  txtNotificationField.setText(date.isZero() ? std::string{} : longDateText(date));
   dtpNotification.setValue(date);
 }
 

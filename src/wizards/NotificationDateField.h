@@ -27,7 +27,7 @@ class NotificationDateField {
 
   /// The date that was taken last; the zero date before the first.
   DateTime date() const { return date_; }
-  /// Takes the date and shows it in both controls.
+  /// Takes the date and shows it in both controls; none for the zero date.
   void show(DateTime date);
 
   Frame picNotificationDate;

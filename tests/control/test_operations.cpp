@@ -3,6 +3,7 @@
 #include "component_host.h"
 #include "contacts/modContactSummaries.h"
 #include "contacts/modDefaultContact.h"
+#include "contract/GridColumnList.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotificationLinks.h"
@@ -309,6 +310,12 @@ TEST_F(ComponentTest, ToolsEditEmailsAlone) {
                         [&](WindowInUse& window) { window.click(button); });
     EXPECT_EQ(tools->editEmailNotification(email), button == std::string("cmdFinish"));
   }
+}
+
+TEST_F(ComponentTest, ToolsListNoFieldsWithoutAListOfTheHost) {
+  registry.registerClass(GridColumnList::className, [] { return std::unique_ptr<HostObject>(); });
+  errors.answerRest(error_choice::next, 20);
+  EXPECT_TRUE(library.createTools()->listMergeFields(MergeUse::task).empty());
 }
 
 TEST_F(ComponentTest, NoTemplateIsCarriedForAKindThatIsNotThere) {

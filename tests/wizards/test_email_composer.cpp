@@ -222,6 +222,17 @@ TEST_F(ComposerTest, DateThatIsMissingIsNotMadeUp) {
     finish(window);
   });
   EXPECT_EQ(column("NotificationDate"), "2026-04-24");
+
+  frmSendNotificationWizardEmail opened;
+  const auto openAndFinish = [&] {
+    screen.expectWindow(opened.name(), finish);
+    opened.InitializeEditAutoNotify(remittanceNotification, row, Appointments);
+  };
+  openAndFinish();
+  execute("UPDATE ClientNotification SET NotificationDate = NULL");
+  errors.answer({error_choice::next});
+  openAndFinish();
+  EXPECT_EQ(column("NotificationDate"), "") << "the date of the time before";
 }
 
 TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {

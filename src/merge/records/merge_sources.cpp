@@ -208,7 +208,7 @@ void MergeSources::openForOneDocument(Step& step, const MergeScope& scope) {
 void MergeSources::open(Step& step, MergeSource source, const std::string& sql, Access access,
                         Extent extent) {
   Recordset& recordset = at(source);
-  step.assign(recordset.handle, openRecordset, sql, access.cursor, access.lock);
+  step.assign(recordset.handle, openRecordset, sql, access);
   recordset.extent = extent;
   recordset.hasRow = false;
   step.assign(recordset.hasRow, [&] { return database().hasRecords(recordset.handle); });

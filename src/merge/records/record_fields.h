@@ -46,7 +46,7 @@ class RecordFields {
 
   Step& step_;
   MergeSources& sources_;
-  const MergeScope& scope_;
+  MergeScope scope_;
 };
 
 }  // namespace autonotify

@@ -34,9 +34,12 @@ class ItemList : public Control {
     at(index);
     entries_.erase(entries_.begin() + index);
     newIndex_ = -1;
-    const bool wasChosen = index == listIndex_;
-    if (index <= listIndex_) listIndex_ = wasChosen ? -1 : listIndex_ - 1;
-    if (wasChosen) onMoved();
+    if (index < listIndex_) {
+      --listIndex_;
+    } else if (index == listIndex_) {
+      listIndex_ = -1;
+      onMoved();
+    }
     renderRows({RowChange::Kind::removed, index});
   }
   /// Takes over the entries of another list, with none chosen.
