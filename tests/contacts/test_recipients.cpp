@@ -50,7 +50,7 @@ TEST_F(Recipients, OfACompanyKnowItsPeople) {
       {names, {"Al", "Jo", "-> Jo"}}};
   for (const auto& [fill, list] : cases) EXPECT_EQ(filled(fill, company), list);
   linkDefaultContact(plain, company);
-  EXPECT_EQ(filled(names, company).back(), "-> Jo") << "the first of two defaults";
+  EXPECT_EQ(filled(names, company).back(), "-> Al") << "the first contact of two defaults";
 }
 
 TEST_F(Recipients, OfAContactCarryLabels) {

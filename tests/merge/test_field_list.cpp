@@ -183,9 +183,12 @@ TEST_F(FieldListTest, StandsABoxThatCannotBeShown) {
     for (const int render : {1, 2, 3, last})
       for (const int choice : {error_choice::next, error_choice::quit, error_choice::leave}) {
         errors.answer({choice});
-        failing->onRender = [&, left = render](Aspect) mutable {
+        int left = render;
+        const auto draw = [&] {
           if (--left == 0) throw PlatformError(1000, "Cannot draw");
         };
+        failing->onRender = [&](Aspect) { draw(); };
+        failing->onRowChange = [&](const RowChange&) { draw(); };
         const vector<string> built = build(8);
         EXPECT_EQ(errors.answersLeft(), 0U) << render;
         if (choice == error_choice::leave) continue;
@@ -193,6 +196,7 @@ TEST_F(FieldListTest, StandsABoxThatCannotBeShown) {
         EXPECT_EQ(failing->entries(), lines) << render << ", settled by " << choice;
       }
     failing->onRender = nullptr;
+    failing->onRowChange = nullptr;
   }
 }
 
