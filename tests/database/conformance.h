@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -12,20 +13,29 @@
 
 namespace autonotify::host::conformance {
 
-/// What an engine gives to the suite: a type with a default constructor, a name, and
-///   std::unique_ptr<DatabaseReference> connect();
-/// Each object stands for one new database with the schema's tables and no rows; each call is one
-/// more connection to it, which goes before the object does.
-///
-/// The suite seeds through the contract alone. An engine runs all of it with
-///   INSTANTIATE_TYPED_TEST_SUITE_P(Name, Conformance, Factory);
-template <class Factory>
-class Conformance : public testing::Test {
- protected:
-  Factory factory;
-  std::unique_ptr<DatabaseReference> first = factory.connect();
+/// Gives one more connection to a database, which lives as long as this and its connections go
+/// before.
+using Connect = std::function<std::unique_ptr<DatabaseReference>()>;
+
+/// Makes a database with the schema's tables and no rows.
+struct NewDatabase {
+  Connect (*make)();
+  friend void PrintTo(const NewDatabase&, std::ostream* out) { *out << "new"; }
 };
-TYPED_TEST_SUITE_P(Conformance);
+
+/// Of an engine: a default constructed Factory stands for the database and has connect().
+template <class Factory>
+constexpr NewDatabase newDatabase{
+    []() -> Connect { return [made = std::make_shared<Factory>()] { return made->connect(); }; }};
+
+/// The suite seeds through the contract alone. An engine runs all of it with an instantiation for
+/// its newDatabase.
+class Conformance : public testing::TestWithParam<NewDatabase> {
+ protected:
+  Connect connect = GetParam().make();
+  std::unique_ptr<DatabaseReference> first = connect();
+  DatabaseReference& desk = *first;
+};
 
 using Fields = std::vector<std::pair<std::string, std::string>>;
 

@@ -23,8 +23,7 @@ inline std::vector<Id> addNamed(DatabaseReference& database,
   return ids;
 }
 
-TYPED_TEST_P(Conformance, RowsAreWalkedMarkedAndCounted) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, RowsAreWalkedMarkedAndCounted) {
   addNamed(desk, {"a", "b", "c"});
   for (const CursorMode cursor : {CursorMode::keyset, CursorMode::forwardOnly}) {
     const RecordsetHandle rows = open(desk, orderedNotifications, LockMode::readOnly, cursor);
@@ -50,8 +49,7 @@ TYPED_TEST_P(Conformance, RowsAreWalkedMarkedAndCounted) {
   }
 }
 
-TYPED_TEST_P(Conformance, SearchComparesByTheKindOfTheColumn) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, SearchComparesByTheKindOfTheColumn) {
   const std::vector<Id> ids = addNamed(desk, {"one", "two", "two", "", "two"});
   const RecordsetHandle rows = open(desk, orderedNotifications);
   update(desk, rows, "NotificationDate", "2026-04-30");
@@ -90,8 +88,7 @@ TYPED_TEST_P(Conformance, SearchComparesByTheKindOfTheColumn) {
   EXPECT_EQ(found, values({2, 3, 5}));
 }
 
-TYPED_TEST_P(Conformance, SearchInALoopSeesWhatWasWritten) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, SearchInALoopSeesWhatWasWritten) {
   const std::vector<Id> ids = addNamed(desk, {"x", "x", "x"});
   const RecordsetHandle rows = open(desk, allNotifications);
   const RecordsetHandle plain = open(desk, orderedNotifications, LockMode::readOnly);
@@ -107,8 +104,7 @@ TYPED_TEST_P(Conformance, SearchInALoopSeesWhatWasWritten) {
   EXPECT_FALSE(find(desk, rows, "Field1", "x"));
 }
 
-TYPED_TEST_P(Conformance, ColumnsAndRowsAreReadWholeAndThePositionStays) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, ColumnsAndRowsAreReadWholeAndThePositionStays) {
   addNamed(desk, {"a", "b", "c"});
   const RecordsetHandle rows = open(desk, orderedNotifications, LockMode::readOnly);
   desk.moveNext(rows);
@@ -122,14 +118,13 @@ TYPED_TEST_P(Conformance, ColumnsAndRowsAreReadWholeAndThePositionStays) {
 
   auto* object = dynamic_cast<RecordsetObject*>(desk.getRecordsetObject(open(
       desk, "SELECT ScheduleIDNum, Field1 AS Address FROM ClientNotification WHERE Field1<>'b';")));
-  ASSERT_NE(object, nullptr);
+  ASSERT_TRUE(object);
   EXPECT_EQ(object->columnNames().size(), 2u);
   EXPECT_EQ(object->allRows(),
             (std::vector<std::vector<Value>>{values({1, "a"}), values({3, "c"})}));
 }
 
-TYPED_TEST_P(Conformance, AWriteReachesTheTableOfItsColumn) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, AWriteReachesTheTableOfItsColumn) {
   for (const char* client : {"3", "4"}) {
     const Id schedule = add(desk, "Schedule", "ScheduleID", {{"ClientNum", client}});
     addNotification(desk, {{"ScheduleIDNum", std::to_string(schedule)}});
@@ -153,8 +148,7 @@ TYPED_TEST_P(Conformance, AWriteReachesTheTableOfItsColumn) {
   EXPECT_EQ(column(desk, "SELECT ClientNum FROM Schedule;", "ClientNum").size(), 2u);
 }
 
-TYPED_TEST_P(Conformance, WritingNeedsAnUpdatableRecordsetAndARow) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, WritingNeedsAnUpdatableRecordsetAndARow) {
   addNamed(desk, {"a"});
   const RecordsetHandle reading = open(desk, allNotifications, LockMode::readOnly);
   const RecordsetHandle empty = open(desk, notification(99));
@@ -174,8 +168,7 @@ TYPED_TEST_P(Conformance, WritingNeedsAnUpdatableRecordsetAndARow) {
   EXPECT_EQ(column(desk, allNotifications, "Field1"), values({"a"}));
 }
 
-TYPED_TEST_P(Conformance, AWalkKeepsItsRowsWhileTheyLeaveTheCondition) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, AWalkKeepsItsRowsWhileTheyLeaveTheCondition) {
   const int total = 300;  // more than are kept in memory with their values
   for (int i = 0; i < total; ++i) addNotification(desk, {});
   const std::string sql =
@@ -197,8 +190,7 @@ TYPED_TEST_P(Conformance, AWalkKeepsItsRowsWhileTheyLeaveTheCondition) {
   EXPECT_TRUE(column(desk, sql, "ClientNotificationID").empty());
 }
 
-TYPED_TEST_P(Conformance, DeletedRowsArePassedOver) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, DeletedRowsArePassedOver) {
   const std::vector<Id> ids = addNamed(desk, {"a", "b", "c"});
   const RecordsetHandle kept = open(desk, orderedNotifications);
   const RecordsetHandle rows = open(desk, notification(ids[1]));
@@ -219,23 +211,23 @@ TYPED_TEST_P(Conformance, DeletedRowsArePassedOver) {
   EXPECT_EQ(errorOf([&] { update(desk, kept, "Field1", "x"); }), database_error::rowGone);
 }
 
-TYPED_TEST_P(Conformance, KeysAreNeverUsedTwice) {
-  const auto other = this->factory.connect();
+TEST_P(Conformance, KeysAreNeverUsedTwice) {
+  const auto other = connect();
   std::set<Id> keys;
   for (int i = 0; i < 20; ++i) {
-    DatabaseReference& desk = i % 3 == 0 ? *other : *this->first;
-    const RecordsetHandle rows = open(desk, allNotifications);
-    desk.addNewRecord(rows);
-    const Id key = toInteger(desk.getFieldValue(rows, "ClientNotificationID"));
+    DatabaseReference& writer = i % 3 == 0 ? *other : desk;
+    const RecordsetHandle rows = open(writer, allNotifications);
+    writer.addNewRecord(rows);
+    const Id key = toInteger(writer.getFieldValue(rows, "ClientNotificationID"));
     EXPECT_TRUE(keys.insert(key).second) << key;
-    if (i % 4 != 0) desk.saveNewRecord(rows);
+    if (i % 4 != 0) writer.saveNewRecord(rows);
     // The row with the greatest key goes: its key must not come again.
-    if (i % 4 == 2) desk.deleteRecord(rows);
-    desk.closeRecordset(rows);
+    if (i % 4 == 2) writer.deleteRecord(rows);
+    writer.closeRecordset(rows);
   }
-  EXPECT_EQ(column(*this->first, allNotifications, "Field1").size(), 10u);
+  EXPECT_EQ(column(desk, allNotifications, "Field1").size(), 10u);
   const auto addGiven = [&](Id key) {
-    return addNotification(*this->first, {{"ClientNotificationID", std::to_string(key)}});
+    return addNotification(desk, {{"ClientNotificationID", std::to_string(key)}});
   };
   for (const Id given : {107, 190, 5000, 4000}) {
     EXPECT_EQ(addGiven(given), given);
@@ -248,8 +240,7 @@ TYPED_TEST_P(Conformance, KeysAreNeverUsedTwice) {
   EXPECT_EQ(errorOf([&] { addNotification(*other, {}); }), database_error::keysExhausted);
 }
 
-TYPED_TEST_P(Conformance, AnAbandonedRowLeavesNothing) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, AnAbandonedRowLeavesNothing) {
   const RecordsetHandle rows = open(desk, allNotifications);
   desk.addNewRecord(rows);
   desk.setFieldValue(rows, "Field1", "lost");
@@ -266,8 +257,7 @@ TYPED_TEST_P(Conformance, AnAbandonedRowLeavesNothing) {
   EXPECT_EQ(column(desk, allNotifications, "Field1"), values({Null{}}));
 }
 
-TYPED_TEST_P(Conformance, AddedRowsStandBehindTheOthersOnce) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, AddedRowsStandBehindTheOthersOnce) {
   addNamed(desk, {"old"});
   for (const bool askedBefore : {false, true}) {
     const RecordsetHandle rows = open(desk, allNotifications);
@@ -294,8 +284,7 @@ TYPED_TEST_P(Conformance, AddedRowsStandBehindTheOthersOnce) {
   }
 }
 
-TYPED_TEST_P(Conformance, HandlesAreNeverReused) {
-  DatabaseReference& desk = *this->first;
+TEST_P(Conformance, HandlesAreNeverReused) {
   std::set<RecordsetHandle> handles;
   for (int i = 0; i < 50; ++i) {
     const RecordsetHandle rows = open(desk, allNotifications);
@@ -310,17 +299,17 @@ TYPED_TEST_P(Conformance, HandlesAreNeverReused) {
   }
 }
 
-TYPED_TEST_P(Conformance, DesksSeeEachOthersWrites) {
-  const auto other = this->factory.connect();
-  const std::vector<Id> ids = addNamed(*this->first, {"a", "b", "c"});
+TEST_P(Conformance, DesksSeeEachOthersWrites) {
+  const auto other = connect();
+  const std::vector<Id> ids = addNamed(desk, {"a", "b", "c"});
   // A procedure that was left leaves its recordset open, halfway through.
   const RecordsetHandle left = open(*other, orderedNotifications);
   other->moveNext(left);
-  const RecordsetHandle rows = open(*this->first, notification(ids[0]));
-  update(*this->first, rows, "Field1", "changed");
+  const RecordsetHandle rows = open(desk, notification(ids[0]));
+  update(desk, rows, "Field1", "changed");
   EXPECT_EQ(field(*other, ids[0], "Field1"), Value("changed"));
   const Id added = addNotification(*other, {{"Field1", "from there"}});
-  EXPECT_EQ(field(*this->first, added, "Field1"), Value("from there"));
+  EXPECT_EQ(field(desk, added, "Field1"), Value("from there"));
   EXPECT_EQ(other->getFieldValue(left, "Field1"), Value("b"));
 }
 

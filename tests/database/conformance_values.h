@@ -6,7 +6,7 @@
 // What columns take and give, by their kind.
 namespace autonotify::host::conformance {
 
-TYPED_TEST_P(Conformance, ValuesComeBackByTheKindOfTheirColumn) {
+TEST_P(Conformance, ValuesComeBackByTheKindOfTheirColumn) {
   struct Written {
     const char* column;
     std::string text;
@@ -36,24 +36,24 @@ TYPED_TEST_P(Conformance, ValuesComeBackByTheKindOfTheirColumn) {
        "Zo\xC3\xAB \xE2\x82\xAC \xF0\x9F\x98\x80"},
       {"Memo", std::string(200000, 'm') + "\r\nend\t", std::string(200000, 'm') + "\r\nend\t"},
   };
-  const Id id = addNotification(*this->first, {{"SentTime", "2026-01-01"}});
+  const Id id = addNotification(desk, {{"SentTime", "2026-01-01"}});
   for (const Written& row : written) {
     SCOPED_TRACE(std::string(row.column) + " = " + row.text.substr(0, 40));
-    const RecordsetHandle rows = open(*this->first, notification(id));
-    update(*this->first, rows, row.column, row.text);
-    EXPECT_EQ(this->first->getFieldValue(rows, row.column), row.read);
-    this->first->closeRecordset(rows);
-    EXPECT_EQ(field(*this->first, id, row.column), row.read);
-    const Id added = addNotification(*this->first, {{row.column, row.text}});
-    EXPECT_EQ(field(*this->first, added, row.column), row.read);
+    const RecordsetHandle rows = open(desk, notification(id));
+    update(desk, rows, row.column, row.text);
+    EXPECT_EQ(desk.getFieldValue(rows, row.column), row.read);
+    desk.closeRecordset(rows);
+    EXPECT_EQ(field(desk, id, row.column), row.read);
+    const Id added = addNotification(desk, {{row.column, row.text}});
+    EXPECT_EQ(field(desk, added, row.column), row.read);
   }
-  add(*this->first, "Dockets", "DocketID", {{"TotalTimeReal", "1.75"}, {"BillingJobRate", "120"}});
+  add(desk, "Dockets", "DocketID", {{"TotalTimeReal", "1.75"}, {"BillingJobRate", "120"}});
   const std::string sql = "SELECT Dockets.* FROM Dockets;";
-  EXPECT_EQ(column(*this->first, sql, "TotalTimeReal"), values({1.75}));
-  EXPECT_EQ(column(*this->first, sql, "BillingJobRate"), values({120.0})) << "money is a double";
+  EXPECT_EQ(column(desk, sql, "TotalTimeReal"), values({1.75}));
+  EXPECT_EQ(column(desk, sql, "BillingJobRate"), values({120.0})) << "money is a double";
 }
 
-TYPED_TEST_P(Conformance, ARefusedValueChangesNothing) {
+TEST_P(Conformance, ARefusedValueChangesNothing) {
   struct Refused {
     const char* column;
     std::string text;
@@ -72,24 +72,23 @@ TYPED_TEST_P(Conformance, ARefusedValueChangesNothing) {
       {"ClientNotificationID", "7", database_error::notUpdatable},
   };
   const Fields kept = {{"ScheduleIDNum", "5"}, {"Field1", "old"}, {"Memo", "old"}};
-  const Id id = addNotification(*this->first, kept);
-  const RecordsetHandle rows = open(*this->first, notification(id));
+  const Id id = addNotification(desk, kept);
+  const RecordsetHandle rows = open(desk, notification(id));
   for (const auto& [name, text, error] : refused)
-    EXPECT_EQ(errorOf([&, &name = name, &text = text] { update(*this->first, rows, name, text); }),
-              error)
+    EXPECT_EQ(errorOf([&, &name = name, &text = text] { update(desk, rows, name, text); }), error)
         << name;
-  for (const auto& [name, text] : kept) EXPECT_EQ(toText(field(*this->first, id, name)), text);
-  update(*this->first, rows, "Field1", "new");
-  EXPECT_EQ(field(*this->first, id, "Field1"), Value("new"));
+  for (const auto& [name, text] : kept) EXPECT_EQ(toText(field(desk, id, name)), text);
+  update(desk, rows, "Field1", "new");
+  EXPECT_EQ(field(desk, id, "Field1"), Value("new"));
 }
 
-TYPED_TEST_P(Conformance, ColumnNamesMatchInAnyCaseAndByTheirTable) {
-  const Id schedule = add(*this->first, "Schedule", "ScheduleID",
-                          {{"NOTIFYTYPE", "5"}, {"Custom1", "of the schedule"}});
-  add(*this->first, "Tasks", "taskid",
+TEST_P(Conformance, ColumnNamesMatchInAnyCaseAndByTheirTable) {
+  const Id schedule =
+      add(desk, "Schedule", "ScheduleID", {{"NOTIFYTYPE", "5"}, {"Custom1", "of the schedule"}});
+  add(desk, "Tasks", "taskid",
       {{"ScheduleIDNum", std::to_string(schedule)}, {"Custom1", "of the task"}});
   const RecordsetHandle rows =
-      open(*this->first,
+      open(desk,
            "SELECT Schedule.*, Tasks.*, Tasks.Custom1 AS TaskCustom1, Schedule.notifyType AS Bits "
            "FROM Schedule INNER JOIN Tasks ON Schedule.ScheduleID = Tasks.ScheduleIDNum;");
   const std::vector<std::pair<std::string, Value>> expected = {
@@ -102,12 +101,11 @@ TYPED_TEST_P(Conformance, ColumnNamesMatchInAnyCaseAndByTheirTable) {
       {"TaskCustom1", "of the task"},
   };
   for (const auto& [name, value] : expected)
-    EXPECT_EQ(this->first->getFieldValue(rows, name), value) << name;
-  EXPECT_EQ(errorOf([&] { this->first->getFieldValue(rows, "Custom6"); }),
-            database_error::unknownColumn);
+    EXPECT_EQ(desk.getFieldValue(rows, name), value) << name;
+  EXPECT_EQ(errorOf([&] { desk.getFieldValue(rows, "Custom6"); }), database_error::unknownColumn);
 }
 
-TYPED_TEST_P(Conformance, ANewRowShowsItsDefaultsBeforeAndAfterItIsSaved) {
+TEST_P(Conformance, ANewRowShowsItsDefaultsBeforeAndAfterItIsSaved) {
   const struct {
     std::string table;
     std::vector<std::string> columns;
@@ -130,13 +128,13 @@ TYPED_TEST_P(Conformance, ANewRowShowsItsDefaultsBeforeAndAfterItIsSaved) {
       {"UserGridSettings2", {"autoNotifyGridColumnOrderStandAlone"}, Null{}},
   };
   for (const auto& [table, columns, value] : defaults) {
-    const RecordsetHandle rows = open(*this->first, "SELECT * FROM " + table + ";");
-    this->first->addNewRecord(rows);
+    const RecordsetHandle rows = open(desk, "SELECT * FROM " + table + ";");
+    desk.addNewRecord(rows);
     for (const bool saved : {false, true}) {
-      if (saved) this->first->saveNewRecord(rows);
-      EXPECT_FALSE(this->first->isEndOfRecordset(rows));
+      if (saved) desk.saveNewRecord(rows);
+      EXPECT_FALSE(desk.isEndOfRecordset(rows));
       for (const std::string& name : columns)
-        EXPECT_EQ(this->first->getFieldValue(rows, name), value) << table << '.' << name << saved;
+        EXPECT_EQ(desk.getFieldValue(rows, name), value) << table << '.' << name << saved;
     }
   }
 }

@@ -23,7 +23,7 @@ class SqliteFile {
 }  // namespace
 
 namespace conformance {
-INSTANTIATE_TYPED_TEST_SUITE_P(SqliteFile, Conformance, SqliteFile);
+INSTANTIATE_TEST_SUITE_P(Sqlite, Conformance, testing::Values(newDatabase<SqliteFile>));
 }
 
 namespace {

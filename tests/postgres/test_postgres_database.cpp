@@ -11,7 +11,7 @@ extern "C" const char* __lsan_default_suppressions() {
 
 namespace autonotify::host {
 namespace conformance {
-INSTANTIATE_TYPED_TEST_SUITE_P(Postgres, Conformance, PostgresSchema);
+INSTANTIATE_TEST_SUITE_P(Postgres, Conformance, testing::Values(newDatabase<PostgresSchema>));
 }
 namespace {
 
