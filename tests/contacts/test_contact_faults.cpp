@@ -6,7 +6,7 @@
 #include "contacts/modContactSummaries.h"
 #include "contacts/modDefaultContact.h"
 #include "platform/controls/RichTextBox.h"
-#include "support/operation_walk.h"
+#include "support/fault_walk.h"
 
 namespace autonotify::test {
 namespace {
@@ -105,7 +105,7 @@ const WalkedOperation operations[] = {
 class ContactFaults : public testing::TestWithParam<WalkedOperation> {};
 
 TEST_P(ContactFaults, AreSettled) {
-  walkOperation(GetParam(), fillAddressBook, written);
+  walkOperation(GetParam(), {fillAddressBook, written});
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, ContactFaults, testing::ValuesIn(operations),

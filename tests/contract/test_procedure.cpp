@@ -17,8 +17,7 @@ constexpr const char* tag = "Morvane.exe-modTest-test";
 
 class Procedure : public testing::Test {
  protected:
-  Procedure() { host.attach(); }
-  TestHost host;
+  AttachedHost host;
 };
 
 TEST_F(Procedure, GivesItsResultAndLeavesOnce) {

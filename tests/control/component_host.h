@@ -25,8 +25,8 @@ inline void lendServices(TestHost& host, clsAutoNotifyCtrl& control) {
 /// with all six references. Each one loads the library anew, with a context of its own.
 class ComponentHost : public TestHost {
  public:
-  explicit ComponentHost(const std::string* content = nullptr)
-      : TestHost(content), library(COMPONENT_FILE, platform()), control(library.createControl()) {
+  explicit ComponentHost(FillRows fill = nullptr)
+      : TestHost(fill), library(COMPONENT_FILE, platform()), control(library.createControl()) {
     lendServices(*this, *control);
   }
 

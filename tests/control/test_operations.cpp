@@ -59,15 +59,6 @@ void fillOffice(Rows rows) {
   addRow("ApptIDNum", meeting, nt_Email, "False");
 }
 
-const std::string& officeContent() {
-  static const std::string content = [] {
-    TestHost host;
-    fillOffice(Rows(*host.plainDatabase));
-    return host.snapshot();
-  }();
-  return content;
-}
-
 template <class Call>
 std::string resultOf(Call call) {
   using Result = decltype(call());
@@ -87,7 +78,7 @@ struct Operation {
   /// Of the operation's own frame; empty when it has none.
   std::string tag;
   std::function<std::string(ComponentHost&)> run;
-  std::function<std::string(TestHost&)> procedure;
+  Run procedure;
 };
 
 template <class Call, class Procedure>
@@ -254,10 +245,9 @@ std::string traceOf(Host& host, const Run& run, std::size_t procedures) {
 /// Runs the operation and its procedure on twin hosts.
 void expectTheSame(const Operation& operation) {
   const std::string frame = operation.tag.empty() ? "" : operation.tag + "\n";
-  TestHost direct(&officeContent());
-  direct.attach();
+  AttachedHost direct(fillOffice);
   const std::string expected = frame + traceOf(direct, operation.procedure, 1);
-  ComponentHost component(&officeContent());
+  ComponentHost component(fillOffice);
   EXPECT_EQ(traceOf(component, operation.run, frame.empty() ? 1 : 2), expected) << operation.name;
 }
 
@@ -266,24 +256,14 @@ TEST(Wiring, EachOperationDoesWhatItsProcedureDoes) {
   for (const Operation& operation : further) expectTheSame(operation);
 }
 
-class Operations : public testing::TestWithParam<Operation> {
- protected:
-  /// What is left of the procedure when the person leaves at its very first host call.
-  static std::string leftAtOnce() {
-    TestHost host(&officeContent());
-    host.attach();
-    host.calls.reset();
-    host.calls.failAt(1);
-    host.errors.answerRest(error_choice::leave, 9);
-    return GetParam().procedure(host);
-  }
-};
+class Operations : public testing::TestWithParam<Operation> {};
 
 TEST_P(Operations, SurviveAFailureOfAnyHostCall) {
+  const auto makeHost = [](FillRows fill) { return std::make_unique<ComponentHost>(fill); };
   walkFaults(
       {.run = [](TestHost& host) { return GetParam().run(static_cast<ComponentHost&>(host)); },
-       .defaultResult = leftAtOnce(),
-       .makeHost = [] { return std::make_unique<ComponentHost>(&officeContent()); }});
+       .defaultResult = resultWhenLeft(GetParam().procedure, fillOffice, 1)},
+      {.fill = fillOffice, .makeHost = makeHost});
 }
 
 /// Each operation once.

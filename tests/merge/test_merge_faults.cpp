@@ -14,19 +14,19 @@ const string mergedLetter =
     "Dear Anna Lee, Elm Ltd. of Guelph is due on April 30, 2026 ( , , 45 min).";
 
 /// One client with a task, whose keys are all 1, labels and a document.
-void fill(TestHost& host) {
-  Rows(*host.plainDatabase).addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
-  Rows(*host.plainDatabase).addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
-  for (const char* row :
-       {"Companies (CompanyName, City, Province) VALUES ('Elm Ltd.', 'Guelph', 'ON')",
-        "ClientData (CompanyIDNum) VALUES (1)",
-        "Contacts (DisplayName, InheritCompanyInfo) VALUES ('Anna Lee', 1)",
-        "Tasks (ScheduleIDNum, Subject) VALUES (1, 'GST')",
-        "CustomFields (ApptCustomName1, ApptCustomName2) VALUES ('Room:', 'Custom 2:')",
-        "CustomAddressFields (CompanyLabel3) VALUES ('Region')",
-        "OperatingProcedures (TaskIDNum, OpProcedureScopeType, OpProcedureType, OpProdedureName) "
-        "VALUES (1, 2, 1, 'Call first')"})
-    host.plainDatabase->connection().exec(string("INSERT INTO ") + row);
+void fillOffice(Rows rows) {
+  rows.addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
+  rows.addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
+  rows.addRow("Companies", {{"CompanyName", "Elm Ltd."}, {"City", "Guelph"}, {"Province", "ON"}});
+  rows.addRow("ClientData", {{"CompanyIDNum", "1"}});
+  rows.addRow("Contacts", {{"DisplayName", "Anna Lee"}, {"InheritCompanyInfo", "True"}});
+  rows.addTask(1, "GST");
+  rows.addRow("CustomFields", {{"ApptCustomName1", "Room:"}, {"ApptCustomName2", "Custom 2:"}});
+  rows.addRow("CustomAddressFields", {{"CompanyLabel3", "Region"}});
+  rows.addRow("OperatingProcedures", {{"TaskIDNum", "1"},
+                                      {"OpProcedureScopeType", "2"},
+                                      {"OpProcedureType", "1"},
+                                      {"OpProdedureName", "Call first"}});
 }
 
 void setUp(clsInsertFieldsInRTB& merge) {
@@ -74,44 +74,47 @@ string clickOnAnEntry(clsInsertFieldsInRTB& merge) {
   return box.text();
 }
 
-/// An operation on a new object, what it gives when it is left at the first statement, and what
-/// while the database is closed: it opens nothing then.
-struct Operation {
-  string (*run)(clsInsertFieldsInRTB& merge);
-  int calls;  ///< it makes at least as many
-  string left;
-  string closed;
-};
-const Operation operations[] = {
-    {mergeLetter, 50, "Dear ,  of  is due on  (, , ).", "Dear ,  of  is due on  ( , , )."},
-    {writeCity, 50, "GuelphGuelph", ""},
-    {appointmentAndFirmFields, 25, "18 Your Province", "29 Custom Appt Field 1"},
-    {[](auto& merge) { return merge.taskID = 1, merge.getDocsAndInstructionsList(); }, 5, "", ""},
-    {[](auto& merge) { return std::to_string(merge.getTaskIDFromScheduleIDNum(1)); }, 5, "-1",
-     "-1"},
-    {[](auto& merge) {
-       return merge.convertProvinceFields("«WCB Number», «State» and «Contact Full Name»");
-     },
-     2, "«WCB Number», «State» and «Contact Display Name»",
-     "«WSIB Number», «Province» and «Contact Display Name»"},
-    {clickOnAnEntry, 1, "", "«Company Name»"},
+/// An operation on a new object, which gives `left` when it is left at the first statement.
+WalkedOperation merges(const char* name, int calls, const char* left, const char* closed,
+                       string (*run)(clsInsertFieldsInRTB& merge)) {
+  const auto onNewObject = [run](TestHost&) {
+    clsInsertFieldsInRTB merge;
+    return run(merge);
+  };
+  return {name, onNewObject, left, closed, calls};
+}
+
+const char* const closedLetter = "Dear ,  of  is due on  ( , , ).";
+
+const WalkedOperation operations[] = {
+    merges("letter", 50, "Dear ,  of  is due on  (, , ).", closedLetter, mergeLetter),
+    merges("write", 50, "GuelphGuelph", "", writeCity),
+    merges("lists", 25, "18 Your Province", "29 Custom Appt Field 1", appointmentAndFirmFields),
+    merges("documents", 5, "", "",
+           [](auto& merge) { return merge.taskID = 1, merge.getDocsAndInstructionsList(); }),
+    merges("task", 5, "-1", "-1",
+           [](auto& merge) { return std::to_string(merge.getTaskIDFromScheduleIDNum(1)); }),
+    merges("place", 2, "«WCB Number», «State» and «Contact Display Name»",
+           "«WSIB Number», «Province» and «Contact Display Name»",
+           [](auto& merge) {
+             return merge.convertProvinceFields("«WCB Number», «State» and «Contact Full Name»");
+           }),
+    merges("click", 1, "", "«Company Name»", clickOnAnEntry),
 };
 
-TEST(MergeFaults, TheProceduresSurviveEachFailedCall) {
-  for (const auto& [operation, calls, left, closed] : operations) {
-    const auto onNewObject = [run = operation](TestHost&) {
-      clsInsertFieldsInRTB merge;
-      return run(merge);
-    };
-    EXPECT_GE(walkFaults({.prepare = fill, .run = onNewObject, .defaultResult = left}).hostCalls,
-              calls);
-  }
+class MergeFaults : public testing::TestWithParam<WalkedOperation> {};
+
+TEST_P(MergeFaults, TheProceduresSurviveEachFailedCall) {
+  walkOperation(GetParam(), {fillOffice});
 }
+
+INSTANTIATE_TEST_SUITE_P(Operations, MergeFaults, testing::ValuesIn(operations),
+                         [](const auto& operation) { return std::string(operation.param.name); });
 
 class MergeFault : public MergeTest {
  protected:
   MergeFault() {
-    fill(*this);
+    fillOffice(*this);
     setUp(*merge);
   }
 
@@ -134,14 +137,9 @@ TEST_F(MergeFault, AClosedDatabaseIsAskedForNothing) {
   ASSERT_EQ(merge->parseRTBComment(), mergedLetter);
   closeDatabase();
   windows.pumps = 0;
-  EXPECT_EQ(statementsOf([&] {
-              EXPECT_EQ(merge->parseRTBComment(), operations[0].closed) << "opened before";
-              for (const Operation& operation : operations) {
-                merge = std::make_unique<clsInsertFieldsInRTB>();
-                EXPECT_EQ(operation.run(*merge), operation.closed);
-              }
-            }),
-            std::vector<string>{});
+  EXPECT_EQ(
+      statementsOf([&] { EXPECT_EQ(merge->parseRTBComment(), closedLetter) << "opened before"; }),
+      std::vector<string>{});
   EXPECT_EQ(windows.pumps, 0);
 }
 

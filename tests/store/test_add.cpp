@@ -41,10 +41,6 @@ class Adding : public HostTest {
     return addEntry(addRow("ClientData", {{"CompanyIDNum", company}, {"ShowThisClient", "True"}}),
                     noId);
   }
-  std::string textOf(Id row, const std::string& columns) {
-    return dump("SELECT " + columns +
-                " FROM ClientNotification WHERE ClientNotificationID=" + std::to_string(row));
-  }
 
   Id company = noId;
 };
@@ -115,9 +111,9 @@ class Recipients : public Adding, public testing::WithParamInterface<Recipient> 
     contact = noId;
   }
   void expectRows(const Fields& expected, Id emailRow, Id faxRow, Id phoneRow) {
-    EXPECT_EQ(textOf(emailRow, "Field1"), expected.email + "|\n");
-    EXPECT_EQ(textOf(faxRow, "Field1, Field4"), expected.fax + "|\n");
-    EXPECT_EQ(textOf(phoneRow, "Field1, Field2"), expected.phone + "|\n");
+    EXPECT_EQ(notification(emailRow, "Field1"), expected.email + "|\n");
+    EXPECT_EQ(notification(faxRow, "Field1, Field4"), expected.fax + "|\n");
+    EXPECT_EQ(notification(phoneRow, "Field1, Field2"), expected.phone + "|\n");
   }
   Id entry = noId, contact = noId;
 };
@@ -149,7 +145,7 @@ TEST_F(Adding, OfACompanysItemTheContactCountsThatReadsAsItsDefault) {
   calls.reset();
   calls.failAt(read);
   errors.answer({error_choice::next});
-  EXPECT_EQ(textOf(add(), "Field1"), "office@m.example|\n");
+  EXPECT_EQ(notification(add(), "Field1"), "office@m.example|\n");
 }
 
 TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
@@ -167,7 +163,7 @@ TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
                         {named, noId, "d@b.example"}};
   for (const Case& c : cases) {
     const Id row = email.fromName(noId, 3, c.company, c.contact, "GST Return", dueDate, "Hello");
-    EXPECT_EQ(textOf(row, "Field1, Field4, Memo, CompanyIDNum, ContactIDNum"),
+    EXPECT_EQ(notification(row, "Field1, Field4, Memo, CompanyIDNum, ContactIDNum"),
               std::string(c.to) + "|" + subject + "|Hello|" + std::to_string(c.company) + "|" +
                   std::to_string(c.contact) + "|\n")
         << "as given, also both";
@@ -176,20 +172,21 @@ TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
 
 TEST_F(Adding, SiblingsDateFirmRuleAndMemo) {
   const Id entry = addCompanyEntry(maple);
-  EXPECT_EQ(textOf(letter.fromId(entry), "NotificationDate, Memo LIKE '%Dear client%'"),
+  EXPECT_EQ(notification(letter.fromId(entry), "NotificationDate, Memo LIKE '%Dear client%'"),
             "2026-04-23|1|\n");
   addNotification(entry, nt_Email, DateTime::of(2026, 4, 11), true);
-  EXPECT_EQ(textOf(fax.fromId(entry), "NotificationDate"), "2026-04-10|\n")
+  EXPECT_EQ(notification(fax.fromId(entry), "NotificationDate"), "2026-04-10|\n")
       << "a Saturday's sibling, moved to Friday";
 
   plainLocale.settings().firmCode = firmSpecificCode;
-  EXPECT_EQ(textOf(email.fromId(entry), "Field4"),
+  EXPECT_EQ(notification(email.fromId(entry), "Field4"),
             "Your GST Return is due on Monday, April 20 2026|\n");
-  EXPECT_EQ(textOf(fax.fromId(entry), "Field6"), subject + "|\n");
-  EXPECT_EQ(textOf(email.fromName(entry, -1, company, -1, "GST Return", dueDate, ""), "Field4"),
-            subject + "|\n");
+  EXPECT_EQ(notification(fax.fromId(entry), "Field6"), subject + "|\n");
+  EXPECT_EQ(
+      notification(email.fromName(entry, -1, company, -1, "GST Return", dueDate, ""), "Field4"),
+      subject + "|\n");
   plainLocale.settings().firmCode = std::string(firmSpecificCode) + "x";
-  EXPECT_EQ(textOf(email.fromId(entry), "Field4"), subject + "|\n");
+  EXPECT_EQ(notification(email.fromId(entry), "Field4"), subject + "|\n");
 }
 
 }  // namespace

@@ -54,16 +54,12 @@ TEST_F(DiaryItems, TaskDoesWhatItsEntryDoes) {
   constexpr Id (*forTask[])(CurrentDayTimerType, Id, DateTime, Id, Id, Id) = {
       addNewApptEmailNotification, addNewApptFaxNotification, addNewApptLetterNotification,
       addNewApptPhoneNotification};
-  const auto rowText = [&](Id row, const std::string& columns) {
-    return dump("SELECT " + columns +
-                " FROM ClientNotification WHERE ClientNotificationID=" + std::to_string(row));
-  };
   for (int i = 0; i < 4; ++i) {
     const notifyType channel = allNotifyTypes[i];
     const Id row = forTask[i](Tasks, task, reminder, noId, noId, noId);
     const std::string columns = "NotificationType, NotificationDate, Field1, Field4, Field6, Memo";
-    EXPECT_EQ(rowText(row, columns), rowText(forEntry[i](twin), columns));
-    EXPECT_EQ(rowText(row, "ScheduleIDNum, TaskIDNum"), std::to_string(entry) + "|-1|\n");
+    EXPECT_EQ(notification(row, columns), notification(forEntry[i](twin), columns));
+    EXPECT_EQ(notification(row, "ScheduleIDNum, TaskIDNum"), std::to_string(entry) + "|-1|\n");
     EXPECT_EQ(getApptNotificationID(Tasks, task, channel), row);
     EXPECT_FALSE(getApptNotificationStatus(Tasks, task, channel));
     EXPECT_TRUE(changeApptNotificationStatus(Tasks, channel, nt_AddStatus, task));

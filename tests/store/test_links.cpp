@@ -51,10 +51,7 @@ class Copying : public HostTest {
     return addRow("ClientNotification", fields);
   }
   std::string fieldsOf(Id row) {
-    return dump(
-        "SELECT Field1, Field2, Field3, Field4, Field5, Field6, Memo FROM ClientNotification "
-        "WHERE ClientNotificationID=" +
-        std::to_string(row));
+    return notification(row, "Field1, Field2, Field3, Field4, Field5, Field6, Memo");
   }
 };
 
@@ -94,7 +91,6 @@ TEST_F(Copying, ByIdKeepsNothingBackForARowWithoutAChannel) {
   const Id row = addMarked(71, 0, "new", "new");
   copyOldNotificationInfoToNewNotification(row, old);
   EXPECT_EQ(fieldsOf(row), "to|old|old|old|old|old|new|\n");
-  openDatabase();
 }
 
 }  // namespace

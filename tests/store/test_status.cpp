@@ -15,10 +15,7 @@ class Status : public HostTest {
   }
   /// Whether sent, the status and the time of a row.
   std::string stateOf(Id row) {
-    return dump(
-        "SELECT NotificationSent, NotificationSentStatus, SentTime FROM ClientNotification WHERE "
-        "ClientNotificationID=" +
-        std::to_string(row));
+    return notification(row, "NotificationSent, NotificationSentStatus, SentTime");
   }
 };
 

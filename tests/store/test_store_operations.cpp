@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <functional>
 
 #include "channels/modApptNotifications.h"
 #include "channels/modChannelNotifications.h"
@@ -11,7 +10,6 @@
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
 #include "support/golden_file.h"
-#include "support/table_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -125,7 +123,7 @@ std::string text(const Given& given) {
 
 struct Operation {
   std::string arguments;
-  std::function<std::string()> run;
+  Run run;
 };
 
 using Operations = std::vector<Operation>;
@@ -134,7 +132,7 @@ template <class Result, class... Parameters, class... Given>
 Operation call(Result (*procedure)(Parameters...), Given... given) {
   std::string arguments;
   ((arguments += (arguments.empty() ? "" : ", ") + text(std::decay_t<Parameters>(given))), ...);
-  return {arguments, [=] {
+  return {arguments, [=](TestHost&) {
             if constexpr (std::is_void_v<Result>) {
               procedure(given...);
               return std::string{};
@@ -271,63 +269,24 @@ Operations refusedOperations() {
           call(resetApptNotificationBody, Dockets + (1 << 16), appointmentRow, docket)};
 }
 
-const std::string& officeContent() {
-  static const std::string content = [] {
-    TestHost host;
-    fillOffice(Rows(*host.plainDatabase));
-    return host.snapshot();
-  }();
-  return content;
-}
-
-/// What is held of the result when the person leaves at the operation's last host call.
-std::string resultWhenLeft(const Operation& operation, int lastCall) {
-  TestHost host(&officeContent());
-  host.attach();
-  host.calls.failAt(lastCall);
-  host.errors.answerRest(error_choice::leave, 100);
-  return operation.run();
-}
-
 /// The operation's procedure with its arguments, what it called, and its results.
 std::string calledBy(const Operation& operation) {
-  TestHost host(&officeContent());
-  host.attach();
+  AttachedHost host(fillOffice);
   CallRecorder recorder(host.calls);
   references().errors = &recorder;
-  const std::string result = operation.run();
+  const std::string result = operation.run(host);
   std::string text = recorder.text();
   text.insert(text.find('\n'), "(" + operation.arguments + ")");
-  const std::string held = resultWhenLeft(operation, host.calls.count());
+  const std::string held = resultWhenLeft(operation.run, fillOffice, host.calls.count());
   return text + "= " + result + (held == result ? "" : ", left at last: " + held);
-}
-
-struct ClosedDatabase : CountedDatabase {
-  using CountedDatabase::CountedDatabase;
-  bool isDatabaseOpen() override { return false; }
-};
-
-/// The result when the database is closed, which nothing is asked of then.
-std::string resultWithClosedDatabase(const Operation& operation) {
-  TestHost host(&officeContent());
-  host.attach();
-  ClosedDatabase closed(*host.plainDatabase, host.calls);
-  references().databaseReference = &closed;
-  host.calls.record(true);
-  const std::string result = operation.run();
-  for (const std::string& line : host.calls.log()) {
-    EXPECT_FALSE(line.starts_with("openRecordset")) << line;
-  }
-  return result;
 }
 
 TEST(StoreOperations, CallTheHostAsItKnowsThem) {
   std::string text;
   for (const auto& operations : {entryAdds(), refusedOperations(), storeOperations()}) {
     for (const Operation& operation : operations) {
-      const std::string block =
-          calledBy(operation) + ", closed: " + resultWithClosedDatabase(operation) + "\n\n";
-      text += replaceAll(block, "\r\n", "\\n");
+      const std::string closed = resultWhenClosed(operation.run, fillOffice);
+      text += replaceAll(calledBy(operation) + ", closed: " + closed + "\n\n", "\r\n", "\\n");
     }
   }
   expectGolden(AUTONOTIFY_TEST_FOLDER "operations.txt", text);
@@ -337,28 +296,17 @@ TEST(StoreOperations, CallTheHostAsItKnowsThem) {
 constexpr int parts = 8;
 class StoreFaults : public testing::TestWithParam<int> {};
 
-FaultWalk walkOf(const Operation& operation) {
-  FaultWalk walk;
-  walk.makeHost = [] {
-    auto host = std::make_unique<TestHost>(&officeContent());
-    host->attach();
-    return host;
-  };
-  walk.run = [&](TestHost&) { return operation.run(); };
-  walk.written = [](TestHost& host) {
-    return host.dumpWritten() +
-           host.dump("SELECT notifyType, ClientNotifiedFlag FROM Appointments") +
-           host.dump("SELECT notifyType, ClientNotifiedFlag FROM Dockets");
-  };
-  walk.defaultResult = resultWithClosedDatabase(operation);
-  return walk;
+std::string written(TestHost& host) {
+  return host.dumpWritten() + host.dump("SELECT notifyType, ClientNotifiedFlag FROM Appointments") +
+         host.dump("SELECT notifyType, ClientNotifiedFlag FROM Dockets");
 }
 
 TEST_P(StoreFaults, LeaveNothingHalfDone) {
   const Operations all = storeOperations();
   for (std::size_t i = GetParam(); i < all.size(); i += parts) {
     SCOPED_TRACE("(" + all[i].arguments + ") of the " + std::to_string(i) + "th");
-    walkFaults(walkOf(all[i]));
+    walkFaults({.run = all[i].run, .defaultResult = resultWhenClosed(all[i].run, fillOffice)},
+               {fillOffice, written});
   }
 }
 

@@ -7,15 +7,14 @@
 #include <vector>
 
 #include "support/TestHost.h"
-#include "support/table_rows.h"
 
 namespace autonotify::test {
 
 /// A test on an attached host with an empty database. At its end nothing that was expected, of
 /// errors, messages and windows, may be left.
-class HostTest : public testing::Test, public TestHost, public Rows {
+class HostTest : public testing::Test, public AttachedHost, public Rows {
  protected:
-  HostTest() : Rows(*plainDatabase) { attach(); }
+  HostTest() : Rows(*plainDatabase) {}
   ~HostTest() override {
     EXPECT_EQ(errors.answersLeft(), 0u);
     screen.finish();
@@ -23,9 +22,7 @@ class HostTest : public testing::Test, public TestHost, public Rows {
 
   DateTime today() { return clock.today(); }
 
-  /// The component finds the database closed until openDatabase().
-  void closeDatabase() { references().databaseReference = &closed_; }
-  void openDatabase() { references().databaseReference = &database; }
+  void closeDatabase() { database.isClosed = true; }
 
   /// The calls of the operation during the run, without its name.
   template <class Run>
@@ -60,14 +57,6 @@ class HostTest : public testing::Test, public TestHost, public Rows {
     ADD_FAILURE() << "no such call: " << start;
     return 0;
   }
-
- private:
-  class ClosedDatabase : public CountedDatabase {
-   public:
-    using CountedDatabase::CountedDatabase;
-    bool isDatabaseOpen() override { return false; }
-  };
-  ClosedDatabase closed_{*plainDatabase, calls};
 };
 
 }  // namespace autonotify::test

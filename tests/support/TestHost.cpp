@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <filesystem>
+#include <map>
 
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostRichTextUtility.h"
@@ -28,12 +29,27 @@ host::LocaleSettings testLocale() {
   return settings;
 }
 
-std::unique_ptr<host::SqliteDatabase> databaseWith(const std::string* content) {
-  if (!content) return host::createSqliteInMemory();
+/// The bytes of a database that is filled so, made once.
+const std::string& contentOf(FillRows fill) {
+  static std::map<FillRows, std::string> contents;
+  std::string& content = contents[fill];
+  if (!content.empty()) return content;
+  const auto database = host::createSqliteInMemory();
+  fill(Rows(*database));
+  sqlite3_int64 size = 0;
+  unsigned char* bytes = sqlite3_serialize(database->connection().getHandle(), "main", &size, 0);
+  content.assign(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
+  sqlite3_free(bytes);
+  return content;
+}
+
+std::unique_ptr<host::SqliteDatabase> databaseWith(FillRows fill) {
+  if (!fill) return host::createSqliteInMemory();
+  const std::string& content = contentOf(fill);
   SQLite::Database connection(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-  const auto size = static_cast<sqlite3_int64>(content->size());
-  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(content->size()));
-  std::memcpy(copy, content->data(), content->size());
+  const auto size = static_cast<sqlite3_int64>(content.size());
+  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(content.size()));
+  std::memcpy(copy, content.data(), content.size());
   sqlite3_deserialize(connection.getHandle(), "main", copy, size, size,
                       SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
   return std::make_unique<host::SqliteDatabase>(std::move(connection));
@@ -41,16 +57,12 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(const std::string* content) {
 
 }  // namespace
 
-TestHost::TestHost(const std::string* content) : TestHost(databaseWith(content), nullptr) {}
-
-TestHost::TestHost(DatabaseReference& other) : TestHost(nullptr, &other) {}
-
-TestHost::TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other)
+TestHost::TestHost(FillRows fill)
     : plainLocale(testLocale()),
       workingFolder((std::filesystem::temp_directory_path() / "autonotify-tests").string()),
-      plainDatabase(std::move(own)),
-      plainClients(other ? *other : *plainDatabase),
-      database(other ? *other : *plainDatabase, calls),
+      plainDatabase(databaseWith(fill)),
+      plainClients(*plainDatabase),
+      database(*plainDatabase, calls),
       clients(plainClients, calls),
       locale(plainLocale, calls) {
   count<CountedGeneralUtilities, host::HostGeneralUtilities>(registry, calls);
@@ -60,11 +72,7 @@ TestHost::TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference*
                          [this] { return std::make_unique<NotedEmail>(mailProgram, calls); });
 }
 
-TestHost::~TestHost() {
-  if (isAttached_) references() = References{};
-}
-
-void TestHost::attach() {
+AttachedHost::AttachedHost(FillRows fill) : TestHost(fill) {
   References fresh;
   fresh.platform = platform();
   fresh.databaseReference = &database;
@@ -77,16 +85,6 @@ void TestHost::attach() {
   references().fileUtility = createHostObject<FileUtility>();
   references().generalUtilities = createHostObject<GeneralUtilities>();
   references().validationUtilities = createHostObject<ValidationUtilities>();
-  isAttached_ = true;
-}
-
-std::string TestHost::snapshot() {
-  sqlite3_int64 size = 0;
-  unsigned char* bytes =
-      sqlite3_serialize(plainDatabase->connection().getHandle(), "main", &size, 0);
-  std::string content(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
-  sqlite3_free(bytes);
-  return content;
 }
 
 std::string TestHost::dump(const std::string& sql) {
@@ -107,6 +105,11 @@ std::string TestHost::dumpWritten() {
          dump("SELECT ScheduleID, notifyType, ScheduleModifiedStamp FROM Schedule") +
          dump("SELECT * FROM ScheduleTypes ORDER BY ScheduleTypeID") +
          dump("SELECT * FROM UserGeneralSettings ORDER BY UserIDNum");
+}
+
+std::string TestHost::notification(Id row, const std::string& columns) {
+  return dump("SELECT " + columns +
+              " FROM ClientNotification WHERE ClientNotificationID=" + std::to_string(row));
 }
 
 int TestHost::notificationCount() {

@@ -15,6 +15,7 @@
 #include "support/host_calls.h"
 #include "support/host_wrappers.h"
 #include "support/scripted_error_class.h"
+#include "support/table_rows.h"
 
 namespace autonotify::test {
 
@@ -28,31 +29,26 @@ class TestLocale : public host::HostLocale {
   HostObject window_;
 };
 
+/// Fills the tables of a new host, always alike.
+using FillRows = void (*)(Rows);
+
 /// A complete host on an empty database in memory: the real services behind wrappers that count,
 /// record and fail the calls of the component, a person before its windows and messages, and an
 /// email program. Host services among themselves do not pass the wrappers.
 class TestHost {
  public:
-  /// Starts with a copy of `content`, made by snapshot(); without one with empty tables.
-  explicit TestHost(const std::string* content = nullptr);
-  /// On a database of another engine, where `plainDatabase` is null and the derived class gives
-  /// dump().
-  explicit TestHost(DatabaseReference& other);
-  virtual ~TestHost();
+  /// Starts with the rows that `fill` adds, without it with empty tables.
+  explicit TestHost(FillRows fill = nullptr);
+  virtual ~TestHost() = default;
   TestHost(const TestHost&) = delete;
   TestHost& operator=(const TestHost&) = delete;
 
-  /// Lends itself to the logic that is linked into the test, with fresh utilities, until it is
-  /// destroyed.
-  void attach();
-
-  /// The tables' content, to start another host with.
-  std::string snapshot();
-
   /// All rows of the tables that the component writes.
   std::string dumpWritten();
-  virtual std::string dump(const std::string& sql);
+  std::string dump(const std::string& sql);
   int notificationCount();
+  /// These columns of a notification, nothing where there is none.
+  std::string notification(Id row, const std::string& columns);
 
   HostCalls calls;
   ScriptedErrorClass errors;
@@ -70,11 +66,14 @@ class TestHost {
   CountedLocale locale;
 
   PlatformServices platform() { return {&registry, &clock, &screen}; }
+};
 
- private:
-  TestHost(std::unique_ptr<host::SqliteDatabase> own, DatabaseReference* other);
-
-  bool isAttached_ = false;
+/// A host that lends itself to the logic that is linked into the test, with fresh utilities, until
+/// it is destroyed.
+class AttachedHost : public TestHost {
+ public:
+  explicit AttachedHost(FillRows fill = nullptr);
+  ~AttachedHost() override { references() = References{}; }
 };
 
 }  // namespace autonotify::test

@@ -1,6 +1,11 @@
 #include "support/fault_walk.h"
 
-#include <iostream>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <set>
+
+#include "support/golden_file.h"
 
 namespace autonotify::test {
 namespace {
@@ -23,9 +28,8 @@ bool hasFollowUps(int choice) {
   return choice == error_choice::next || choice == error_choice::leave;
 }
 
-Outcome runOnce(const FaultWalk& walk, int failedCall, int choice) {
-  const std::unique_ptr<TestHost> host = walk.makeHost();
-  walk.prepare(*host);
+Outcome runOnce(const Run& run, const WalkedOffice& office, int failedCall, int choice) {
+  const std::unique_ptr<TestHost> host = office.makeHost(office.fill);
   host->calls.reset();
   if (failedCall > 0) {
     host->calls.failAt(failedCall);
@@ -34,7 +38,7 @@ Outcome runOnce(const FaultWalk& walk, int failedCall, int choice) {
   }
   const int rowsBefore = host->notificationCount();
   Outcome outcome;
-  outcome.result = walk.run(*host);
+  outcome.result = run(*host);
   outcome.calls = host->calls.count();
   outcome.failures = host->calls.failures();
   EXPECT_EQ(host->errors.entered(), host->errors.left()) << "every procedure is left once";
@@ -44,37 +48,88 @@ Outcome runOnce(const FaultWalk& walk, int failedCall, int choice) {
   } else {
     EXPECT_EQ(host->errors.dialogs(), outcome.failures) << "one dialog for one failure";
   }
-  outcome.written = walk.written(*host);
+  outcome.written = office.written(*host);
   outcome.rowsAdded = host->notificationCount() - rowsBefore;
   return outcome;
 }
 
+/// The calls of a run that open, write or go to a place, each once and to its first line end. What
+/// is opened must be closed.
+std::string statementsOf(const WalkedOperation& operation, FillRows fill) {
+  AttachedHost host(fill);
+  host.calls.record(true);
+  operation.run(host);
+  const auto count = [&](const char* call) {
+    return std::ranges::count_if(host.calls.log(),
+                                 [&](auto& line) { return line.starts_with(call); });
+  };
+  EXPECT_EQ(count("openRecordset"), count("closeRecordset")) << operation.name;
+  std::string statements;
+  std::set<std::string> seen;
+  for (const std::string& call : host.calls.log()) {
+    for (const char* kind : {"openRecordset", "setFieldValue", "updateFieldValue", "gotoBookmark"})
+      if (call.starts_with(kind) && seen.insert(call).second)
+        statements += call.substr(0, call.find('\r')) + "\n";
+  }
+  return statements;
+}
+
 }  // namespace
 
-FaultWalkReport walkFaults(const FaultWalk& walk) {
-  const Outcome clean = runOnce(walk, 0, 0);
-  FaultWalkReport report{clean.calls, 1};
-  for (int n = 1; n <= clean.calls; n += walk.stride) {
+void PrintTo(const WalkedOperation& operation, std::ostream* out) {
+  *out << operation.name;
+}
+
+int walkFaults(const WalkedOperation& operation, const WalkedOffice& office) {
+  const Outcome clean = runOnce(operation.run, office, 0, 0);
+  for (int n = 1; n <= clean.calls && !testing::Test::HasFailure(); ++n) {
     for (const int choice :
          {error_choice::next, error_choice::leave, error_choice::quit, unknownChoice}) {
       SCOPED_TRACE("host call " + std::to_string(n) + " fails, choice " + std::to_string(choice));
-      const Outcome outcome = runOnce(walk, n, choice);
-      ++report.runs;
+      const Outcome outcome = runOnce(operation.run, office, n, choice);
       EXPECT_EQ(outcome.failures, 1);
       EXPECT_LE(outcome.rowsAdded, std::max(clean.rowsAdded, 0)) << "nothing is added twice";
-      if (choice == error_choice::quit || choice == unknownChoice) {
+      if (!hasFollowUps(choice)) {
         EXPECT_EQ(outcome.result, clean.result);
         EXPECT_EQ(outcome.written, clean.written);
       }
       if (choice == error_choice::leave && n == 1) {
-        EXPECT_EQ(outcome.result, walk.defaultResult);
+        EXPECT_EQ(outcome.result, operation.defaultResult);
       }
-      if (testing::Test::HasFailure()) return report;
     }
   }
-  std::cout << "[  WALKED  ] " << report.runs << " runs over " << report.hostCalls
-            << " host calls\n";
-  return report;
+  return clean.calls;
+}
+
+std::string resultWhenLeft(const Run& run, FillRows fill, int call) {
+  AttachedHost host(fill);
+  host.calls.reset();
+  host.calls.failAt(call);
+  host.errors.answerRest(error_choice::leave, mostFollowUps);
+  return run(host);
+}
+
+std::string resultWhenClosed(const Run& run, FillRows fill) {
+  AttachedHost host(fill);
+  host.database.isClosed = true;
+  host.calls.record(true);
+  const std::string result = run(host);
+  EXPECT_THAT(host.calls.log(), testing::Not(testing::Contains(testing::StartsWith("openRec"))));
+  return result;
+}
+
+void walkOperation(const WalkedOperation& operation, const WalkedOffice& office) {
+  EXPECT_GE(walkFaults(operation, office), operation.calls);
+  EXPECT_EQ(resultWhenClosed(operation.run, office.fill), operation.closedResult)
+      << "the database is closed";
+}
+
+void expectStatements(std::span<const WalkedOperation> operations, FillRows fill,
+                      const std::string& file) {
+  std::string text;
+  for (const WalkedOperation& operation : operations)
+    text += std::string("[") + operation.name + "]\n" + statementsOf(operation, fill);
+  expectGolden(file, text);
 }
 
 }  // namespace autonotify::test

@@ -4,42 +4,69 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
+#include <span>
 #include <string>
 
 #include "support/TestHost.h"
 
 namespace autonotify::test {
 
-/// One operation under test and what must hold of it whatever fails.
-struct FaultWalk {
-  /// Fills a fresh host before the operation.
-  std::function<void(TestHost&)> prepare = [](TestHost&) {};
-  /// Runs the operation and gives its result as text.
-  std::function<std::string(TestHost&)> run;
-  /// The result when the operation is left at its first statement; unset when it is not fixed.
-  std::string defaultResult;
-  /// Every how many calls one is failed, from the first on; more than 1 where runs are dear.
-  int stride = 1;
+/// Runs an operation on a host and gives its result as text.
+using Run = std::function<std::string(TestHost&)>;
+
+/// An operation under test, each run on a fresh host.
+struct WalkedOperation {
+  const char* name = "";
+  Run run;
+  /// The result when the operation is left at its first statement.
+  std::string defaultResult = {};
+  /// With the database closed.
+  std::string closedResult = defaultResult;
+  /// How many host calls it makes at least.
+  int calls = 4;
+};
+
+template <class Call>
+WalkedOperation gives(const char* name, const std::string& byDefault, Call call) {
+  return {name, [call](TestHost&) { return call(); }, byDefault};
+}
+template <class Call>
+WalkedOperation writes(const char* name, Call call) {
+  return gives(name, "", [call] { return call(), std::string{}; });
+}
+
+void PrintTo(const WalkedOperation& operation, std::ostream* out);
+
+/// What operations are walked on.
+struct WalkedOffice {
+  FillRows fill;
   /// What has been written, as text; by default the tables that the component writes.
-  std::function<std::string(TestHost&)> written = [](TestHost& host) { return host.dumpWritten(); };
+  std::function<std::string(TestHost&)> written = &TestHost::dumpWritten;
   /// Makes a host; by default one for code that is linked into the test.
-  std::function<std::unique_ptr<TestHost>()> makeHost = [] {
-    auto host = std::make_unique<TestHost>();
-    host->attach();
-    return host;
-  };
+  std::function<std::unique_ptr<TestHost>(FillRows)> makeHost =
+      std::make_unique<AttachedHost, FillRows>;
 };
 
-struct FaultWalkReport {
-  int hostCalls = 0;
-  int runs = 0;
-};
+/// Runs the operation clean, then fails host call n for each n and each choice, on a fresh host
+/// each time, and expects: every procedure entered is left once; one dialog for one failure, but
+/// after "next" and "leave" also for the failures that follow from what is missing, which end;
+/// after "quit" and an unknown choice the clean result and the same rows; after "next" and "leave"
+/// no more rows added than a clean run adds. Gives how many host calls a clean run makes.
+int walkFaults(const WalkedOperation& operation, const WalkedOffice& office);
 
-/// Runs the operation clean, then fails host call n for each n, or those that `stride` leaves, and
-/// each choice, on a fresh host each time, and expects: every procedure entered is left once; one
-/// dialog for one failure, but after "next" and "leave" also for the failures that follow from what
-/// is missing, which end; after "quit" and an unknown choice the clean result and the same rows;
-/// after "next" and "leave" no more rows added than a clean run adds.
-FaultWalkReport walkFaults(const FaultWalk& walk);
+/// The result when the person leaves whatever fails, from the host call on.
+std::string resultWhenLeft(const Run& run, FillRows fill, int call);
+
+/// The result while the database is closed, when nothing may be opened.
+std::string resultWhenClosed(const Run& run, FillRows fill);
+
+/// Walks the operation's faults, then runs it with the database closed.
+void walkOperation(const WalkedOperation& operation, const WalkedOffice& office);
+
+/// Expects that the operations open and write what stands in the file of the test's folder, in that
+/// order; see expectGolden.
+void expectStatements(std::span<const WalkedOperation> operations, FillRows fill,
+                      const std::string& file);
 
 }  // namespace autonotify::test

@@ -68,7 +68,6 @@ class CountedDatabase : public Counted<DatabaseReference> {
 
  public:
   using Counted::Counted;
-  COUNTED(bool, isDatabaseOpen, ())
   COUNTED(void, closeRecordset, (Handle h), h)
   COUNTED(int, getRecordCount, (Handle h), h)
   COUNTED(bool, isRecordsetEmpty, (Handle h), h)
@@ -89,6 +88,12 @@ class CountedDatabase : public Counted<DatabaseReference> {
   COUNTED(std::string, formatDateForSQL, (DateTime moment), moment)
   COUNTED(std::string, formatTextForSQL, (Text text), text)
 
+  /// As the component finds the database; the host's own services go on.
+  bool isClosed = false;
+
+  bool isDatabaseOpen() override {
+    return !isClosed && pass("isDatabaseOpen", &Base::isDatabaseOpen);
+  }
   bool isRecordsetOpen(Handle h) override { return inner().isRecordsetOpen(h); }
   Handle openRecordset(Text sql, CursorMode cursor, LockMode lock, int r1, Text r2, int r3,
                        bool r4) override {

@@ -88,9 +88,7 @@ class ComposerTest : public HostTest, public ComposerOffice {
         valueOf("ClientNotification", name, "ClientNotificationID=" + std::to_string(row));
     return value.isNull() ? std::string{} : toText(value);
   }
-  bool rowExists() {
-    return rowCount("ClientNotification", "ClientNotificationID=" + std::to_string(row)) == 1;
-  }
+  bool rowExists() { return !notification(row, "1").empty(); }
   std::string channelBits() {
     return toText(valueOf("Schedule", "notifyType", "ScheduleID=" + std::to_string(entry)));
   }

@@ -270,8 +270,7 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
 
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
   for (const ComposerMode mode : {ComposerMode::notifyNow, ComposerMode::newAuto}) {
-    walkFaults({.prepare = [](TestHost& host) { ComposerOffice(Rows(*host.plainDatabase)); },
-                .run =
+    walkFaults({.run =
                     [&](TestHost& host) {
                       frmSendNotificationWizardEmail composer;
                       host.screen.answerAll(true);
@@ -284,7 +283,8 @@ TEST_F(ComposerTest, InitializersSurviveEveryFault) {
                       EXPECT_TRUE(host.screen.FormHost::openForms().empty());
                       return std::string(composer.SendSuccessfulFlag() ? "sent" : "not sent");
                     },
-                .defaultResult = "not sent"});
+                .defaultResult = "not sent"},
+               {[](Rows rows) { ComposerOffice{rows}; }});
   }
 }
 
