@@ -111,6 +111,17 @@ class RowFaultTest(ConsoleTest):
         self.assertEqual((before, 0), self.sql("SELECT (SELECT count(*) FROM ClientNotification), "
                                                "notifyType FROM Schedule WHERE ScheduleID=?", task)[0])
 
+    def test_what_cannot_be_looked_up_stays(self):
+        task, (fax,) = self.arm("fax")
+        self.sql("ALTER TABLE ClientNotification RENAME COLUMN NotificationType TO Elsewhere")
+        for command in ("arm", "disarm"):
+            run = self.run_program(command, task, "--channel", "fax")
+            self.assertEqual((1, ""), (run.code, run.out), command)
+            self.assertIn(f"hvnotify: task {task}, fax: ", run.err)
+        self.assertEqual([(fax, 2)], self.sql(
+            "SELECT ClientNotificationID, notifyType FROM ClientNotification JOIN Schedule ON "
+            "ScheduleIDNum=ScheduleID WHERE ScheduleID=?", task))
+
     def test_ids_that_do_not_exist(self):
         for number in (0, -1, -2147483648, 2147483647):
             for line in ("show {}", "cancel {}", "move {} 2026-05-01"):

@@ -12,23 +12,29 @@ class ChannelWork {
       : desk_(desk), item_(item), isMarked_(marked & channel), channel_(channel) {}
 
   Outcome<ChannelOutcome> arm() {
-    const Id existing = item_.findRow(channel_);
-    if (existing < 0) return armAnew();
-    const auto row = requireNotification(desk_, existing);
+    const auto existing = findRow();
+    if (!existing) return failed(existing.refused().errors);
+    if (*existing < 0) return armAnew();
+    const auto row = requireNotification(desk_, *existing);
     if (!row) return row.refused();
     if (stateOf(*row) != NotificationState::pending) return left(ChannelFate::settled, *row);
-    return marked(existing, nt_AddStatus,
+    return marked(*existing, nt_AddStatus,
                   isMarked_ ? ChannelFate::alreadyArmed : ChannelFate::armed);
   }
 
   Outcome<ChannelOutcome> disarm(bool force) {
-    const Id existing = item_.findRow(channel_);
-    if (existing >= 0) return disarmRow(existing, force);
+    const auto existing = findRow();
+    if (!existing) return failed(existing.refused().errors);
+    if (*existing >= 0) return disarmRow(*existing, force);
     if (!isMarked_) return left(ChannelFate::notArmed);
     return marked(noId, nt_RemoveStatus, ChannelFate::disarmed);
   }
 
  private:
+  Outcome<Id> findRow() {
+    return askComponent(desk_, item_.subject(), [&] { return item_.findRow(channel_); });
+  }
+
   ChannelOutcome left(ChannelFate fate, std::optional<Notification> row = std::nullopt) const {
     const Id notification = row ? row->id : noId;
     return {channel_, fate, notification, std::move(row)};
@@ -51,12 +57,15 @@ class ChannelWork {
   /// may lack its text or its recipient. So is one that another program was quicker to make.
   ChannelOutcome armAnew() {
     Id added = noId;
-    std::string errors = desk_.errorsOf([&] { added = item_.addRow(channel_); });
-    if (added < 0 && errors.empty()) return left(ChannelFate::nothingAdded);
-    if (added < 0) return failed(std::move(errors));
-    const Id first = item_.findRow(channel_);
-    if (!errors.empty() || first != added) desk_.control().cls_deleteNotification(added);
+    Id first = noId;
+    std::string errors = desk_.errorsOf([&] {
+      added = item_.addRow(channel_);
+      if (added >= 0) first = item_.findRow(channel_);
+    });
+    const bool isKept = errors.empty() && first == added;
+    if (added >= 0 && !isKept) desk_.control().cls_deleteNotification(added);
     if (!errors.empty()) return failed(std::move(errors));
+    if (first < 0) return left(ChannelFate::nothingAdded);
     return marked(first, nt_AddStatus,
                   first == added ? ChannelFate::armed : ChannelFate::alreadyArmed);
   }

@@ -40,15 +40,15 @@ Outcome<Change> moveNotification(Desk& desk, Id id, DateTime date) {
 Outcome<std::vector<Notification>> refreshNotifications(Desk& desk, Id task) {
   const auto claimed = claimTask(desk, task);
   if (!claimed) return claimed.refused();
-  std::string errors = desk.errorsOf([&] { desk.control().cls_refreshNotificationDate(task); });
-  if (!errors.empty())
-    return Refused{Refused::Why::failed, subjectOf(WorkItem::task, task), std::move(errors)};
-  std::vector<Notification> rows;
-  for (const notifyType channel : allNotifyTypes) {
-    const Id id = desk.control().cls_getNotificationID(task, channel);
-    if (auto row = findNotification(desk, id)) rows.push_back(*std::move(row));
-  }
-  return rows;
+  return askComponent(desk, subjectOf(WorkItem::task, task), [&] {
+    desk.control().cls_refreshNotificationDate(task);
+    std::vector<Notification> rows;
+    for (const notifyType channel : allNotifyTypes) {
+      const Id id = desk.control().cls_getNotificationID(task, channel);
+      if (auto row = findNotification(desk, id)) rows.push_back(*std::move(row));
+    }
+    return rows;
+  });
 }
 
 }  // namespace autonotify::host
