@@ -46,10 +46,10 @@ Outcome<Composed> scheduleEmail(Desk& desk, Id task) {
 Outcome<Composed> editEmail(Desk& desk, Id task) {
   const Id email = findWaitingEmail(desk, task);
   if (email == noId) return Composed::noneWaits;
-  const auto claim = claimItem(desk, WorkItem::notification, email);
-  if (!claim) return claim.refused();
+  const auto claimed = claimNotification(desk, email);
+  if (!claimed) return claimed.refused();
   // Whoever had the claim before may have sent it.
-  if (findWaitingEmail(desk, task) != email) return Composed::noneWaits;
+  if (stateOf(claimed->row) != NotificationState::pending) return Composed::noneWaits;
   if (!desk.tools().editEmailNotification(email)) return Composed::cancelled;
   return findNotification(desk, email) ? Composed::done : Composed::lost;
 }

@@ -17,7 +17,7 @@ enum class Composed {
   lost,
 };
 
-// While the person writes no other desk works on the task, or on the email that is edited.
+// While the person writes no other desk works on the task, nor on the email that is edited.
 
 /// An email to the task's client that is sent at once.
 Outcome<Composed> composeEmail(Desk& desk, Id task);
