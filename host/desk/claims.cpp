@@ -1,9 +1,11 @@
 #include "host/desk/claims.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
@@ -15,6 +17,9 @@
 
 namespace autonotify::host {
 namespace {
+
+/// In the order of WorkItem, from 1.
+constexpr std::array<const char*, 4> itemNames{"notification", "task", "appointment", "time entry"};
 
 /// A lock on one byte of the file for each item; it ends when its descriptor is closed.
 class FileClaim : public Claim {
@@ -113,6 +118,10 @@ class ServerClaims : public Claims {
 };
 
 }  // namespace
+
+std::string subjectOf(WorkItem item, Id id) {
+  return fmt::format("{} {}", itemNames.at(static_cast<std::size_t>(item) - 1), id);
+}
 
 std::unique_ptr<Claim> Claims::take(WorkItem item, Id id) {
   using std::chrono::steady_clock;

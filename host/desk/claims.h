@@ -11,6 +11,9 @@ namespace autonotify::host {
 /// What one desk works on at a time.
 enum class WorkItem { notification = 1, task = 2, appointment = 3, timeEntry = 4 };
 
+/// "time entry 12"
+std::string subjectOf(WorkItem item, Id id);
+
 /// Keeps all other desks off an item until it goes. It goes with its desk too, however that ends.
 class Claim {
  public:

@@ -15,10 +15,9 @@ namespace autonotify::host {
 namespace {
 
 constexpr std::array<DiaryKind, 3> kinds{{
-    {"appointment", "appointment", Appointments, WorkItem::appointment, "Appointments",
-     "AppointmentID"},
-    {"time-entry", "time entry", Dockets, WorkItem::timeEntry, "Dockets", "DocketID"},
-    {"task", "task", Tasks, WorkItem::task, "Tasks", "TaskID"},
+    {"appointment", Appointments, WorkItem::appointment, "Appointments", "AppointmentID"},
+    {"time-entry", Dockets, WorkItem::timeEntry, "Dockets", "DocketID"},
+    {"task", Tasks, WorkItem::task, "Tasks", "TaskID"},
 }};
 
 std::string selectItems(const DiaryKind& kind, const std::string& condition) {
@@ -113,7 +112,7 @@ std::string clientName(Desk& desk, const DiaryItem& item) {
 }
 
 std::string subjectOf(const DiaryItem& item) {
-  return fmt::format("{} {}", diaryKind(item.kind).name, item.id);
+  return subjectOf(diaryKind(item.kind).claim, item.id);
 }
 
 std::string timeText(const DiaryItem& item) {

@@ -12,9 +12,8 @@ namespace autonotify::host {
 
 /// A kind of diary item as people call it, and where its rows are.
 struct DiaryKind {
-  /// "time-entry", as it is typed, and "time entry", as it is told.
+  /// "time-entry", as it is typed.
   const char* word;
-  const char* name;
   CurrentDayTimerType kind;
   WorkItem claim;
   const char* table;

@@ -1,15 +1,10 @@
 #include "host/desk/work/claiming.h"
 
-#include <fmt/format.h>
-
 #include <array>
 #include <optional>
 
 namespace autonotify::host {
 namespace {
-
-/// In the order of WorkItem, from 1.
-constexpr std::array<const char*, 4> itemNames{"notification", "task", "appointment", "time entry"};
 
 struct ClaimedLink {
   Id Notification::*link;
@@ -46,10 +41,6 @@ std::optional<ClaimedItem> itemOf(const Notification& notification) {
 }
 
 }  // namespace
-
-std::string subjectOf(WorkItem item, Id id) {
-  return fmt::format("{} {}", itemNames.at(static_cast<std::size_t>(item) - 1), id);
-}
 
 Outcome<Task> requireTask(Desk& desk, Id id) {
   return thereOr(findTask(desk, id), WorkItem::task, id);

@@ -13,9 +13,6 @@ namespace autonotify::host {
 // What a use case begins with: whom it is about, while no other desk works on it. A claim waits as
 // Claims::take does, and is refused when another desk stays at work.
 
-/// "task 12"
-std::string subjectOf(WorkItem item, Id id);
-
 Outcome<Task> requireTask(Desk& desk, Id id);
 Outcome<Notification> requireNotification(Desk& desk, Id id);
 

@@ -1,7 +1,5 @@
 #include "host/desk/work/remind_client.h"
 
-#include <fmt/format.h>
-
 #include "host/desk/work/calendar.h"
 
 namespace autonotify::host {
@@ -9,7 +7,7 @@ namespace {
 
 Outcome<DiaryItem> requireItem(Desk& desk, CurrentDayTimerType kind, Id id) {
   if (auto found = findDiaryItem(desk, kind, id)) return *std::move(found);
-  return Refused{Refused::Why::notThere, fmt::format("{} {}", diaryKind(kind).name, id)};
+  return Refused{Refused::Why::notThere, subjectOf(diaryKind(kind).claim, id)};
 }
 
 bool isOver(Desk& desk, const DiaryItem& item) {
