@@ -1,8 +1,11 @@
 """Runs the console program in a folder of its own; shared by the tests."""
 
+import contextlib
+import fcntl
 import json
 import os
 import shutil
+import struct
 import subprocess
 import tempfile
 import unittest
@@ -13,6 +16,8 @@ import engines
 PROGRAM = os.environ["HVNOTIFY"]
 TODAY = "2026-04-15"
 ENGINE = engines.chosen()
+# Items that a desk claims.
+NOTIFICATION, TASK = 1, 2
 
 
 class Run:
@@ -98,6 +103,14 @@ class ConsoleTest(unittest.TestCase):
     def writes_held(self):
         """While it lasts, another program is at work on the database: it can be read only."""
         return ENGINE.held(self.folder, self.database)
+
+    @contextlib.contextmanager
+    def claimed(self, item, number):
+        """While it lasts, another desk is at work on the item; for tests of files only."""
+        with open(self.folder / "firm.db.claims", "w+b") as claims:
+            of_item = struct.pack("hhlli", fcntl.F_WRLCK, 0, (item << 32) + number, 1, 0)
+            fcntl.fcntl(claims, fcntl.F_OFD_SETLK, of_item)
+            yield
 
     def one(self, statement, *values):
         return self.sql(statement, *values)[0][0]

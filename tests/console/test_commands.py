@@ -1,6 +1,6 @@
 """What the commands say and do when all goes well, whole outputs compared."""
 
-from console import ConsoleTest
+from console import NOTIFICATION, ConsoleTest, files_only
 
 CHANNELS = ["email", "fax", "letter", "phone"]
 
@@ -71,6 +71,15 @@ class ArmTest(ConsoleTest):
         self.assertEqual((1, f"hvnotify: task {task}, fax: notification {fax} of this channel is "
                              "cancelled; disarm it first\n"), (run.code, run.err))
         self.assertEqual([2, 1, 4], [channel for channel, _ in self.rows_of(task)])
+
+    @files_only("a server's claims are its own locks")
+    def test_what_another_desk_is_at_work_on_does_not_hide_what_was_done(self):
+        task, (fax, email) = self.arm("fax,email")
+        busy = (f"task {task}, email: another desk is at work on notification {email}; try again "
+                "later")
+        with self.claimed(NOTIFICATION, email):
+            self.expect(f"disarm {task} --channel fax,email", "fax     disarmed\n", busy, 1)
+        self.assertEqual(([1], 1), ([row for row, _ in self.rows_of(task)], self.bits_of(task)))
 
 
 class ChangeTest(ConsoleTest):

@@ -2,11 +2,9 @@
 
 import email
 import email.policy
-import fcntl
-import struct
 import subprocess
 
-from console import ConsoleTest, files_only
+from console import TASK, ConsoleTest, files_only
 
 UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
            "the outbox (settle it with send --mark-only or send --again)")
@@ -58,9 +56,7 @@ class SendTest(ConsoleTest):
         row = self.due_email()
         task = self.one("SELECT ScheduleIDNum FROM ClientNotification WHERE "
                         "ClientNotificationID=?", row)
-        with open(self.folder / "firm.db.claims", "w+b") as claims:
-            of_a_task = struct.pack("hhlli", fcntl.F_WRLCK, 0, (2 << 32) + task, 1, 0)
-            fcntl.fcntl(claims, fcntl.F_OFD_SETLK, of_a_task)
+        with self.claimed(TASK, task):
             results, _ = self.results("--due")
             self.assertEqual(("skipped", "another desk is at work on it"), results[row])
             self.assertEqual("would be sent", self.results("--due", "--dry-run")[0][row][0])

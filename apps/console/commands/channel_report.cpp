@@ -41,6 +41,11 @@ std::string refusalOf(const ChannelOutcome& outcome) {
       return "nothing was added";
     case ChannelFate::notMarked:
       return "it could not be marked";
+    case ChannelFate::atWorkElsewhere:
+      return wordsOf({host::Refused::Why::atWorkElsewhere,
+                      subjectOf(host::WorkItem::notification, outcome.notification)});
+    case ChannelFate::notThere:
+      return "it was deleted meanwhile";
     default:
       return outcome.errors;
   }

@@ -11,18 +11,18 @@ class ChannelWork {
   ChannelWork(Desk& desk, Armable& item, int marked, notifyType channel)
       : desk_(desk), item_(item), isMarked_(marked & channel), channel_(channel) {}
 
-  Outcome<ChannelOutcome> arm() {
+  ChannelOutcome arm() {
     const auto existing = findRow();
     if (!existing) return failed(existing.refused().errors);
     if (*existing < 0) return armAnew();
-    const auto row = requireNotification(desk_, *existing);
-    if (!row) return row.refused();
+    const auto row = findNotification(desk_, *existing);
+    if (!row) return left(ChannelFate::notThere, *existing);
     if (stateOf(*row) != NotificationState::pending) return left(ChannelFate::settled, *row);
     return marked(*existing, nt_AddStatus,
                   isMarked_ ? ChannelFate::alreadyArmed : ChannelFate::armed);
   }
 
-  Outcome<ChannelOutcome> disarm(bool force) {
+  ChannelOutcome disarm(bool force) {
     const auto existing = findRow();
     if (!existing) return failed(existing.refused().errors);
     if (*existing >= 0) return disarmRow(*existing, force);
@@ -35,9 +35,12 @@ class ChannelWork {
     return askComponent(desk_, item_.subject(), [&] { return item_.findRow(channel_); });
   }
 
-  ChannelOutcome left(ChannelFate fate, std::optional<Notification> row = std::nullopt) const {
-    const Id notification = row ? row->id : noId;
-    return {channel_, fate, notification, std::move(row)};
+  ChannelOutcome left(ChannelFate fate, Id notification = noId) const {
+    return {channel_, fate, notification};
+  }
+
+  ChannelOutcome left(ChannelFate fate, const Notification& row) const {
+    return {channel_, fate, row.id, row};
   }
 
   ChannelOutcome failed(std::string errors) const {
@@ -70,11 +73,11 @@ class ChannelWork {
                   first == added ? ChannelFate::armed : ChannelFate::alreadyArmed);
   }
 
-  Outcome<ChannelOutcome> disarmRow(Id existing, bool force) {
+  ChannelOutcome disarmRow(Id existing, bool force) {
     const auto claim = claimItem(desk_, WorkItem::notification, existing);
-    if (!claim) return claim.refused();
-    const auto row = requireNotification(desk_, existing);
-    if (!row) return row.refused();
+    if (!claim) return left(ChannelFate::atWorkElsewhere, existing);
+    const auto row = findNotification(desk_, existing);
+    if (!row) return left(ChannelFate::notThere, existing);
     const NotificationState state = stateOf(*row);
     const bool mayBeSent =
         state == NotificationState::sent || state == NotificationState::interruptedSending;
@@ -99,10 +102,9 @@ ArmingOutcome forEachChannel(Desk& desk, Armable& item, std::span<const notifyTy
   std::vector<ChannelOutcome> outcomes;
   for (const notifyType channel : channels) {
     const auto marked = item.channels();
-    if (!marked) return Refused{Refused::Why::notThere, item.subject()};
-    auto outcome = change(ChannelWork(desk, item, *marked, channel));
-    if (!outcome) return outcome.refused();
-    outcomes.push_back(*std::move(outcome));
+    if (!marked && outcomes.empty()) return Refused{Refused::Why::notThere, item.subject()};
+    outcomes.push_back(marked ? change(ChannelWork(desk, item, *marked, channel))
+                              : ChannelOutcome{channel, ChannelFate::notThere});
   }
   return outcomes;
 }

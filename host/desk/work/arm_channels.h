@@ -27,6 +27,10 @@ enum class ChannelFate {
   nothingAdded,
   /// The row is there, and the item does not take the mark.
   notMarked,
+  /// Another desk works on its row and did not let go in time.
+  atWorkElsewhere,
+  /// Its row, or the item itself, was deleted meanwhile.
+  notThere,
   /// The component met errors.
   failed,
 };
