@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 
 #include "TextTable.h"
@@ -33,7 +34,6 @@ struct ResultWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   const char* meanwhile = nullptr;
 };
-/// In the order of SendResult.
 constexpr std::array<ResultWords, 13> resultTable{{
     {SendResult::sent, Fate::sent, "to {}"},
     {SendResult::foundInOutbox, Fate::sent, "was in the outbox already"},
@@ -68,9 +68,8 @@ constexpr std::array<FateWords, 4> fateTable{{
     {"not marked", "could not be marked sent"},
 }};
 
-template <class Row, std::size_t size, class Key>
-const Row& rowOf(const std::array<Row, size>& table, Key key) {
-  return table.at(static_cast<std::size_t>(key));
+const FateWords& wordsOf(Fate fate) {
+  return fateTable.at(static_cast<std::size_t>(fate));
 }
 
 /// Why a channel is not sent by this program.
@@ -90,7 +89,7 @@ std::string reasonToSkip(int channel) {
 }
 
 Told tell(const SendOutcome& outcome, bool wasDue) {
-  const ResultWords& row = rowOf(resultTable, outcome.result);
+  const ResultWords& row = *std::ranges::find(resultTable, outcome.result, &ResultWords::result);
   if (wasDue && row.meanwhile) return {Fate::skipped, row.meanwhile};
   const bool isByHand = outcome.result == SendResult::byHand;
   const std::string words = fmt::format(
@@ -100,7 +99,7 @@ Told tell(const SendOutcome& outcome, bool wasDue) {
 }
 
 const char* fateName(Fate fate, bool dryRun) {
-  return dryRun && fate == Fate::sent ? "would be sent" : rowOf(fateTable, fate).name;
+  return dryRun && fate == Fate::sent ? "would be sent" : wordsOf(fate).name;
 }
 
 std::string aboutOf(const SendOutcome& outcome) {
@@ -117,8 +116,7 @@ void report(Reply& reply, TextTable& table, Id id, const SendOutcome& outcome,
       {{"notification", id}, {"result", name}, {"detail", told.words}, {"about", about}});
   const bool isFault = told.fate != Fate::sent && (told.fate != Fate::skipped || !arguments.due);
   if (!isFault) return;
-  reply.refuse(
-      fmt::format("notification {} {}: {}", id, rowOf(fateTable, told.fate).complaint, told.words));
+  reply.refuse(fmt::format("notification {} {}: {}", id, wordsOf(told.fate).complaint, told.words));
 }
 
 }  // namespace
