@@ -55,8 +55,6 @@ struct SendOutcome {
   std::string markFault = {};
   /// Unset when it is not there.
   std::optional<SendSubject> about = std::nullopt;
-
-  bool wentOut() const { return result <= SendResult::markedOnly; }
 };
 
 /// Sends the notification's email and marks it sent; failures are outcomes too.
