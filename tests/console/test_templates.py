@@ -54,3 +54,12 @@ class Templates(ConsoleTest):
             field.replace("«", "\\'ab").replace("»", "\\'bb") for field in fields["task"]) + "}")
         self.done("check all.rtf")
         self.assertEqual(self.done("fields"), self.done("fields --type TASK"))
+
+    def test_fields_that_cannot_be_read_are_told(self):
+        (self.folder / "template").write_text("Dear client, this is sound and without fields.")
+        self.done("check template")
+        self.sql("ALTER TABLE CustomFields RENAME TO Elsewhere")
+        for line, subject in [("fields", "fields"), ("--json check template", "template")]:
+            run = self.run_program(*line.split())
+            self.assertEqual((1, ""), (run.code, run.out), line)
+            self.assertRegex(run.err, f"^hvnotify: {subject}: .+\n$")

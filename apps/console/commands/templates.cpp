@@ -6,6 +6,7 @@
 #include "TextTable.h"
 #include "commands/arguments.h"
 #include "host/desk/work/propagate_template.h"
+#include "host/desk/work/template_texts.h"
 #include "outcome_words.h"
 #include "platform/text.h"
 
@@ -85,7 +86,8 @@ Reply runFields(host::Desk& desk, const Arguments& arguments) {
   Reply reply;
   reply.data = Json::array();
   TextTable table({"FIELD", "TYPE", "FROM", "SAMPLE"});
-  for (const MergeFieldInfo& field : desk.tools().listMergeFields(arguments.mergeUse)) {
+  for (const MergeFieldInfo& field :
+       doneOrRefuse(host::listMergeFields(desk, arguments.mergeUse))) {
     const std::string sample = replaceAll(replaceAll(field.sample, "\r\n", " "), "\n", " ");
     table.add({field.token, typeName(field.dataType), field.group, sample});
     reply.data.push_back({{"field", field.token},

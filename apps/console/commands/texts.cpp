@@ -123,7 +123,8 @@ void describeCheck(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runCheck(host::Desk& desk, const Arguments& arguments) {
-  const std::string fault = host::findTemplateFault(desk, readTemplate(arguments.file));
+  const std::string fault =
+      doneOrRefuse(host::findTemplateFault(desk, readTemplate(arguments.file)));
   Reply reply;
   reply.data = {{"file", arguments.file}, {"sound", fault.empty()}, {"fault", fault}};
   if (fault.empty()) {

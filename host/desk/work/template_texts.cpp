@@ -26,10 +26,12 @@ Outcome<std::string> composeText(Desk& desk, const Task& task, const std::string
                       [&] { return desk.tools().mergeTemplate(templateText, task.id); });
 }
 
-std::string findTemplateFault(Desk& desk, const std::string& text) {
-  std::string fault;
-  const std::string errors = desk.errorsOf([&] { fault = firstFault(desk.tools(), text); });
-  return fault.empty() ? errors : fault;
+Outcome<std::string> findTemplateFault(Desk& desk, const std::string& text) {
+  return askComponent(desk, "template", [&] { return firstFault(desk.tools(), text); });
+}
+
+Outcome<std::vector<MergeFieldInfo>> listMergeFields(Desk& desk, MergeUse use) {
+  return askComponent(desk, "fields", [&] { return desk.tools().listMergeFields(use); });
 }
 
 }  // namespace autonotify::host
