@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -45,12 +46,20 @@ class [[nodiscard]] Outcome {
   std::variant<Done, Refused> held_;
 };
 
+/// What the component met while `act` ran; unset when all went well.
+template <class Act>
+std::optional<Refused> tellComponent(Desk& desk, std::string subject, Act&& act) {
+  std::string errors = desk.errorsOf(act);
+  if (errors.empty()) return std::nullopt;
+  return Refused{Refused::Why::failed, std::move(subject), std::move(errors)};
+}
+
 /// What the component gives when asked; refused when it met errors.
 template <class Ask>
 auto askComponent(Desk& desk, std::string subject, Ask&& ask) -> Outcome<decltype(ask())> {
   decltype(ask()) answer{};
-  std::string errors = desk.errorsOf([&] { answer = ask(); });
-  if (!errors.empty()) return Refused{Refused::Why::failed, std::move(subject), std::move(errors)};
+  const auto store = [&] { answer = ask(); };
+  if (auto refused = tellComponent(desk, std::move(subject), store)) return *std::move(refused);
   return answer;
 }
 

@@ -16,9 +16,8 @@ Outcome<Change> changeRow(Desk& desk, Id id, std::initializer_list<NotificationS
   if (!claimed) return claimed.refused();
   if (std::ranges::find(allowed, stateOf(claimed->row)) == allowed.end())
     return Change{claimed->row, false};
-  std::string errors = desk.errorsOf(change);
-  if (!errors.empty())
-    return Refused{Refused::Why::failed, subjectOf(WorkItem::notification, id), std::move(errors)};
+  if (auto refused = tellComponent(desk, subjectOf(WorkItem::notification, id), change))
+    return *std::move(refused);
   auto row = requireNotification(desk, id);
   if (!row) return row.refused();
   return Change{*std::move(row)};

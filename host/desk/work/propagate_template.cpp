@@ -29,8 +29,8 @@ Outcome<Propagation> propagateTemplate(Desk& desk, Id kind,
   if (!found) return Refused{Refused::Why::notThere, subject};
   const Propagation counted{*found, countUnsent(desk, *found, ofCompanies),
                             countUnsent(desk, *found, ofPersons)};
-  std::string errors = desk.errorsOf([&] { desk.tools().propagateTemplate(kind, progress); });
-  if (!errors.empty()) return Refused{Refused::Why::failed, subject, std::move(errors)};
+  const auto carry = [&] { desk.tools().propagateTemplate(kind, progress); };
+  if (auto refused = tellComponent(desk, subject, carry)) return *std::move(refused);
   return counted;
 }
 
