@@ -198,9 +198,12 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   const auto other = host::openSqlite(path());
   const auto claims = host::claimsOf(*other, path());
   const auto busy = testing::ElementsAre(HasSubstr("Another desk is at work on it."));
-  const auto task = claims->take(host::WorkItem::task, chooseTaskFor("scheduleEmail"));
+  auto task = claims->take(host::WorkItem::task, chooseTaskFor("scheduleEmail"));
   EXPECT_THAT(run("composeEmail"), busy);
   EXPECT_THAT(run("scheduleEmail"), busy);
+  task = claims->take(host::WorkItem::task, chooseTaskFor("editEmail"));
+  EXPECT_THAT(run("editEmail"), busy);
+  task.reset();
   std::vector<std::unique_ptr<host::Claim>> emails;
   for (const auto& row : host::readNotificationsOf(*window_->desk(), chooseTaskFor("editEmail")))
     emails.push_back(claims->take(host::WorkItem::notification, row.id));
