@@ -89,7 +89,7 @@ void mergeAndWrite(const Merge& merge, const std::string& templateText) {
       "SELECT ClientNotification.* FROM ClientNotification WHERE "
       "ClientNotificationID=" +
           std::to_string(merge.notification) + ";",
-      CursorMode::keyset, LockMode::updatable);
+      keysetUpdate);
   updateField(handle, "ClientNotificationModifiedStamp", nowText());
   updateField(handle, "Memo", text);
   database().closeRecordset(handle);
