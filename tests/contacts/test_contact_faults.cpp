@@ -109,7 +109,7 @@ TEST_P(ContactFaults, AreSettled) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, ContactFaults, testing::ValuesIn(operations),
-                         [](const auto& operation) { return std::string(operation.param.name); });
+                         [](const auto& operation) { return operation.param.name; });
 
 TEST(ContactStatements, StandAsHostsKnowThem) {
   expectStatements(operations, fillAddressBook, AUTONOTIFY_TEST_FOLDER "contact_statements.txt");

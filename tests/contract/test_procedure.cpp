@@ -1,10 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
 #include "contract/procedure.h"
-#include "contract/recordsets.h"
-#include "support/TestHost.h"
+#include "support/HostTest.h"
 
 namespace autonotify::test {
 namespace {
@@ -15,17 +12,7 @@ constexpr const char* tag = "Morvane.exe-modTest-test";
   throw PlatformError(1000, "It failed", "test");
 }
 
-class Procedure : public testing::Test {
- protected:
-  AttachedHost host;
-};
-
-TEST_F(Procedure, GivesItsResultAndLeavesOnce) {
-  const int result = procedure(tag, 1, [](Step&, int& held) { held = 2; });
-  EXPECT_EQ(result, 2);
-  EXPECT_EQ(host.errors.entered(), 1);
-  EXPECT_EQ(host.errors.left(), 1);
-}
+using Procedure = HostTest;
 
 /// What a failing second of three statements makes of the procedure, by choice.
 struct ChoiceRow {
@@ -35,11 +22,11 @@ struct ChoiceRow {
   int result;
 };
 
-class Choice : public Procedure, public testing::WithParamInterface<ChoiceRow> {};
+class Choice : public HostTest, public testing::WithParamInterface<ChoiceRow> {};
 
 TEST_P(Choice, DecidesHowTheProcedureGoesOn) {
   const ChoiceRow row = GetParam();
-  host.errors.answer({row.choice});
+  errors.answer({row.choice});
   int runs = 0;
   bool thirdRan = false;
   const int result = procedure(tag, 1, [&](Step& step, int& held) {
@@ -53,10 +40,10 @@ TEST_P(Choice, DecidesHowTheProcedureGoesOn) {
   EXPECT_EQ(runs, row.runsOfSecond);
   EXPECT_EQ(thirdRan, row.thirdRuns);
   EXPECT_EQ(result, row.result);
-  EXPECT_EQ(host.errors.dialogs(), 1);
-  EXPECT_EQ(host.errors.left(), 1);
-  EXPECT_EQ(host.errors.recorded().front().number, 1000);
-  EXPECT_EQ(host.errors.recorded().front().tag, tag);
+  EXPECT_EQ(errors.dialogs(), 1);
+  EXPECT_EQ(errors.left(), 1);
+  EXPECT_EQ(errors.recorded().front().number, 1000);
+  EXPECT_EQ(errors.recorded().front().tag, tag);
 }
 
 INSTANTIATE_TEST_SUITE_P(Choices, Choice,
@@ -77,7 +64,7 @@ inline DateTime dayAfterTwo(Step& step, DateTime day) {
 }
 
 TEST_F(Procedure, TheResultIsUntouchedByACalculationThatWasLeft) {
-  host.errors.answer({error_choice::leave});
+  errors.answer({error_choice::leave});
   const DateTime start = DateTime::fromSerial(100, 5);
   const DateTime result =
       procedure(tag, start, [&](Step& step, DateTime& held) { held = dayAfterTwo(step, start); });
@@ -85,14 +72,14 @@ TEST_F(Procedure, TheResultIsUntouchedByACalculationThatWasLeft) {
 }
 
 TEST_F(Procedure, ATargetIsUntouchedByAStatementThatFailed) {
-  host.errors.answer({error_choice::next});
+  errors.answer({error_choice::next});
   DateTime target = DateTime::fromSerial(100, 5);
   procedure(tag, [&](Step& step) { step.assign(target, []() -> DateTime { fail(); }); });
   EXPECT_EQ(target, DateTime::fromSerial(100, 5));
 }
 
 TEST_F(Procedure, LeavingTheInnerOneGoesOnInTheOuterOne) {
-  host.errors.answer({error_choice::leave});
+  errors.answer({error_choice::leave});
   const int result = procedure(tag, 1, [](Step& step, int& held) {
     step.assign(held, [] {
       return procedure(tag, 5, [](Step& inner, int&) { inner.run([] { fail(); }); });
@@ -100,14 +87,8 @@ TEST_F(Procedure, LeavingTheInnerOneGoesOnInTheOuterOne) {
     step.run([&] { ++held; });
   });
   EXPECT_EQ(result, 6);
-  EXPECT_EQ(host.errors.entered(), 2);
-  EXPECT_EQ(host.errors.left(), 2);
-}
-
-TEST_F(Procedure, AFailureThatPersistsShowsTheDialogAgain) {
-  host.errors.answer({error_choice::quit, error_choice::quit, error_choice::leave});
-  procedure(tag, [](Step& step) { step.run([] { fail(); }); });
-  EXPECT_EQ(host.errors.dialogs(), 3);
+  EXPECT_EQ(errors.entered(), 2);
+  EXPECT_EQ(errors.left(), 2);
 }
 
 TEST_F(Procedure, RepeatsWithoutAnErrorClass) {
@@ -126,15 +107,8 @@ TEST_F(Procedure, ProgrammingFaultsAreNotOfferedForResumption) {
                std::logic_error);
   EXPECT_THROW(procedure(tag, [](Step& step) { step.run([] { throw std::bad_alloc(); }); }),
                std::bad_alloc);
-  EXPECT_EQ(host.errors.dialogs(), 0);
-  EXPECT_EQ(host.errors.left(), 2);
-}
-
-TEST_F(Procedure, AMissingReferenceIsAFailureOfTheStatement) {
-  references().databaseReference = nullptr;
-  host.errors.answer({error_choice::leave});
-  procedure(tag, [](Step& step) { isDatabaseOpen(step); });
-  EXPECT_EQ(host.errors.recorded().front().number, error_number::objectNotSet);
+  EXPECT_EQ(errors.dialogs(), 0);
+  EXPECT_EQ(errors.left(), 2);
 }
 
 }  // namespace

@@ -1,15 +1,14 @@
 #include <dlfcn.h>
 #include <stdio.h>
 
-#include <fstream>
 #include <sstream>
 
 #include "component_host.h"
+#include "support/error_number.h"
+#include "support/temporary_folder.h"
 
 namespace autonotify::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string outputOf(const std::string& command) {
   std::string output;
@@ -20,10 +19,7 @@ std::string outputOf(const std::string& command) {
 }
 
 bool isLoaded() {
-  std::ifstream maps("/proc/self/maps");
-  std::stringstream text;
-  text << maps.rdbuf();
-  return text.str().find(host::ComponentLibrary::fileName) != std::string::npos;
+  return readFile("/proc/self/maps").find(host::ComponentLibrary::fileName) != std::string::npos;
 }
 
 TEST(Component, ExportsTheFourEntryPointsAlone) {
@@ -97,12 +93,7 @@ TEST(Component, StaysInUseWhileAnObjectOrALockIsLeft) {
 TEST(Component, CreatesNothingUnknownNorWithoutAPlatform) {
   TestHost services;
   const auto numberOf = [](ClassObject& object) {
-    try {
-      object.createInstance(classAutoNotifyCtrl);
-    } catch (const PlatformError& error) {
-      return error.number();
-    }
-    return 0;
+    return errorOf([&] { object.createInstance(classAutoNotifyCtrl); });
   };
   const PlatformServices whole = services.platform();
   const PlatformServices parts[] = {{},
@@ -146,16 +137,14 @@ TEST(Component, IsSharedUntilTheLastLoaderAndObjectAreGone) {
 }
 
 TEST(Component, LoaderTakesAFileOrItsFolderAndTellsWhatItTried) {
-  const fs::path folder =
-      fs::temp_directory_path() / ("hvautonotify-locate-" + std::to_string(getpid()));
-  const fs::path file = folder / host::ComponentLibrary::fileName;
-  fs::create_directories(folder);
-  std::ofstream(file) << "no library";
+  TemporaryFolder folder;
+  const std::filesystem::path file = folder / host::ComponentLibrary::fileName;
+  writeFile(file, "no library");
   EXPECT_EQ(host::ComponentLibrary::locate(file), file);
-  EXPECT_EQ(host::ComponentLibrary::locate(folder), file);
+  EXPECT_EQ(host::ComponentLibrary::locate(folder.path()), file);
   TestHost services;
   EXPECT_THROW(host::ComponentLibrary(file, services.platform()), host::ComponentError);
-  fs::remove_all(folder);
+  std::filesystem::remove(file);
   const auto faultOf = [](auto&& call) -> std::string {
     try {
       call();

@@ -1,7 +1,5 @@
-#include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 
 #include "platform/controls/DatePicker.h"
 #include "support/golden_file.h"
@@ -15,9 +13,7 @@ const std::string start = "Morvane.exe-";
 
 /// The texts of the component's file that are tags; those that end in "-" only begin some.
 void addTagsOfFile(Tags& tags) {
-  std::stringstream file;
-  file << std::ifstream(COMPONENT_FILE).rdbuf();
-  const std::string bytes = file.str();
+  const std::string bytes = readFile(COMPONENT_FILE);
   for (auto at = bytes.find(start); at != std::string::npos; at = bytes.find(start, at + 1)) {
     const std::string text = bytes.c_str() + at;
     if (!text.ends_with("-")) tags.insert(text);

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "contract/DatabaseReference.h"
-#include "platform/PlatformError.h"
+#include "support/error_number.h"
 
 namespace autonotify::host::conformance {
 
@@ -37,6 +37,7 @@ class Conformance : public testing::TestWithParam<NewDatabase> {
   DatabaseReference& desk = *first;
 };
 
+using test::errorOf;
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
 inline RecordsetHandle open(DatabaseReference& database, const std::string& sql,
@@ -89,17 +90,6 @@ inline std::vector<Value> column(DatabaseReference& database, const std::string&
 
 inline Value field(DatabaseReference& database, Id id, const std::string& name) {
   return column(database, notification(id), name).at(0);
-}
-
-/// The number of the PlatformError that the call throws, 0 when it throws none.
-template <class Call>
-int errorOf(Call&& call) {
-  try {
-    call();
-    return 0;
-  } catch (const PlatformError& error) {
-    return error.number();
-  }
 }
 
 inline std::vector<Value> values(std::initializer_list<Value> list) {

@@ -1,11 +1,11 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
 #include <filesystem>
-#include <fstream>
+#include <functional>
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
-#include "services/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "tests/database/conformance_suite.h"
 
 namespace autonotify::host {
@@ -32,15 +32,11 @@ namespace files = std::filesystem;
 using conformance::addNotification;
 using conformance::allNotifications;
 using conformance::errorOf;
+using test::readFile;
 using test::writeFile;
 
 class SqliteFileTest : public testing::Test {
  protected:
-  /// The error of opening, whose description must name the file or the fault.
-  int openError(OpenMode mode = OpenMode::readWrite) {
-    return errorOf([&] { openSqlite(file, mode, 50); });
-  }
-
   void execute(const std::string& sql) {
     SQLite::Database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
   }
@@ -50,37 +46,27 @@ class SqliteFileTest : public testing::Test {
 };
 
 TEST_F(SqliteFileTest, WhatCannotBeOpenedIsToldApart) {
-  EXPECT_EQ(openError(), database_error::missing);
-  EXPECT_FALSE(files::exists(file));
-
-  files::create_directory(file);
-  EXPECT_EQ(openError(), database_error::cannotOpen);
-  files::remove(file);
-
-  writeFile(file, "");
-  EXPECT_EQ(openError(), database_error::foreign);
-
-  writeFile(file, std::string(8192, 'x'));
-  EXPECT_EQ(openError(), database_error::corrupt);
-  files::remove(file);
-
-  execute("CREATE TABLE Recipes (Name TEXT)");
-  EXPECT_EQ(openError(), database_error::foreign);
-  EXPECT_EQ(openError(OpenMode::readOnly), database_error::foreign);
-  files::remove(file);
-
-  createSqlite(file);
-  execute("PRAGMA user_version=" + std::to_string(schemaVersion + 1));
-  EXPECT_EQ(openError(), database_error::newerSchema);
+  const std::string newer = "PRAGMA user_version=" + std::to_string(schemaVersion + 1);
+  const std::pair<std::function<void()>, int> cases[] = {
+      {[] {}, database_error::missing},
+      {[&] { files::create_directory(file); }, database_error::cannotOpen},
+      {[&] { writeFile(file, ""); }, database_error::foreign},
+      {[&] { writeFile(file, std::string(8192, 'x')); }, database_error::corrupt},
+      {[&] { execute("CREATE TABLE Recipes (Name TEXT)"); }, database_error::foreign},
+      {[&] { createSqlite(file), execute(newer); }, database_error::newerSchema}};
+  for (const auto& [make, error] : cases) {
+    make();
+    for (const OpenMode mode : {OpenMode::readWrite, OpenMode::readOnly})
+      EXPECT_EQ(errorOf([&] { openSqlite(file, mode, 50); }), error);
+    EXPECT_EQ(files::exists(file), error != database_error::missing);
+    files::remove(file);
+  }
 }
 
 TEST_F(SqliteFileTest, ADamagedFileFailsWhenTheDamageIsRead) {
   createSqlite(file);
-  {
-    std::fstream content(file, std::ios::in | std::ios::out | std::ios::binary);
-    content.seekp(4096);
-    content << std::string(static_cast<std::size_t>(files::file_size(file)) - 4096, 'x');
-  }
+  const std::size_t size = files::file_size(file);
+  writeFile(file, readFile(file).substr(0, 4096) + std::string(size - 4096, 'x'));
   const int error = errorOf([&] {
     const auto database = openSqlite(file);
     conformance::column(*database, allNotifications, "Field1");

@@ -14,13 +14,13 @@
 namespace autonotify::test {
 namespace {
 
-struct NoPump : FormHost {
+class Controls : public testing::Test, public FormHost {
+ protected:
   void pumpMessages() override {}
+  Form form{*this, "frm"};
 };
 
-TEST(Controls, ChangesByTheProgramRaiseTheClickOnce) {
-  NoPump host;
-  Form form(host, "frmOptions");
+TEST_F(Controls, ChangesByTheProgramRaiseTheClickOnce) {
   std::string clicks;
   CheckBox box(form, "chk");
   auto options = controlArray<OptionButton, 3>(form, "opt");
@@ -56,9 +56,7 @@ TEST(Controls, ChangesByTheProgramRaiseTheClickOnce) {
   }
 }
 
-TEST(Controls, OptionsExcludeEachOtherWithinTheirGroup) {
-  NoPump host;
-  Form form(host, "frmSearch");
+TEST_F(Controls, OptionsExcludeEachOtherWithinTheirGroup) {
   Frame group(form, "fraDates");
   auto sent = controlArray<OptionButton, 2>(form, "optSent");
   auto dates = controlArray<OptionButton>(form, "optDate", std::array{3, 5});
@@ -72,7 +70,7 @@ TEST(Controls, OptionsExcludeEachOtherWithinTheirGroup) {
   EXPECT_EQ(form.find("OPTDATE(5)"), &dates[1]);
 }
 
-TEST(Controls, EntriesKeepTheirNumbersAndTheFieldFollowsTheChoice) {
+TEST_F(Controls, EntriesKeepTheirNumbersAndTheFieldFollowsTheChoice) {
   ComboBox combo;
   int changes = 0;
   combo.onChange = [&] { ++changes; };
@@ -100,9 +98,7 @@ TEST(Controls, EntriesKeepTheirNumbersAndTheFieldFollowsTheChoice) {
   EXPECT_EQ(combo.text() + std::to_string(combo.listCount()), "0");
 }
 
-TEST(Controls, RendererIsToldWhatChanged) {
-  NoPump host;
-  Form form(host, "frm");
+TEST_F(Controls, RendererIsToldWhatChanged) {
   TextBox field(form, "txt");
   ComboBox combo(form, "cbo");
   TreeView tree(form, "tvw");
@@ -142,9 +138,7 @@ TEST(Controls, RendererIsToldWhatChanged) {
   EXPECT_THROW(combo.removeItem(1), std::out_of_range);
 }
 
-TEST(Controls, AContainerDrawsWhatIsInsideIt) {
-  NoPump host;
-  Form form(host, "frm");
+TEST_F(Controls, AContainerDrawsWhatIsInsideIt) {
   TabControl tabs(form, "SSTab1");
   Frame frame(form, "fra");
   TextBox inside(form, "txt");

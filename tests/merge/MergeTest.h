@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <fstream>
-#include <functional>
 #include <memory>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "contract/references.h"
@@ -38,18 +36,6 @@ inline std::vector<std::vector<std::string>> rowsOf(const std::string& table, st
   return rows;
 }
 
-class CountingFormHost : public FormHost {
- public:
-  std::vector<Form*> openForms() override { return {}; }
-  void pumpMessages() override {
-    ++pumps;
-    if (auto message = std::exchange(nextMessage, nullptr)) message();
-  }
-  int pumps = 0;
-  /// Handled by the next pump, once.
-  std::function<void()> nextMessage;
-};
-
 /// A host whose clients may have records.
 class RecordsTest : public HostTest {
  protected:
@@ -77,7 +63,6 @@ class MergeTest : public RecordsTest {
  protected:
   MergeTest() {
     clock.set(DateTime::of(2026, 4, 30, 14, 5));
-    references().platform.formHost = &windows;
     merge = std::make_unique<clsInsertFieldsInRTB>();
   }
   ~MergeTest() override {
@@ -143,7 +128,6 @@ class MergeTest : public RecordsTest {
     return merge->parseRTBComment();
   }
 
-  CountingFormHost windows;
   std::unique_ptr<clsInsertFieldsInRTB> merge;
 };
 

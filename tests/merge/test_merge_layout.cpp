@@ -125,9 +125,9 @@ TEST_F(MergeByLayout, StandsAMergeThatAMessageStartsWithinIt) {
   merge->ListType = 8;
   merge->initializeDataRecordsetsForSingleDocMerge();
   string inner;
-  windows.nextMessage = [&] {
+  screen.duringPump(1, [&] {
     inner = merged("«City», «Company Name», «Country», «Email», «Fax Number», «Office Number».");
-  };
+  });
   EXPECT_EQ(merged("Dear «Company Name» of «City», thank you for your visit in spring."),
             "Dear Elm Ltd. of Guelph, thank you for your visit in spring.");
   EXPECT_EQ(inner, "Guelph, Elm Ltd., , , , .");

@@ -23,9 +23,9 @@ class Propagation : public HostTest {
     const Id personal = addSchedule(103, 1, day, {{"ContactIDNum", person}});
     for (const Id entry : {kindOne, kindTwo, other, personal}) addNotification(entry, 1, day);
     addNotification(kindOne, 2, day);
-    setCell("NotificationSent", "1", 5);
     addRow("ClientNotification", {{"NotificationType", 1}});
-    plainDatabase->connection().exec("UPDATE ClientNotification SET Memo='old'");
+    plainDatabase->connection().exec(
+        "UPDATE ClientNotification SET Memo='old', NotificationSent=(ClientNotificationID=5)");
 
     kind.put_totalNum(103);
     kind.put_ScheduleNum(1);
@@ -39,10 +39,6 @@ class Propagation : public HostTest {
   }
 
   void log(const char* event, int number) { events.push_back(event + std::to_string(number)); }
-  void setCell(const std::string& column, const std::string& value, Id row) {
-    plainDatabase->connection().exec("UPDATE ClientNotification SET " + column + "=" + value +
-                                     " WHERE ClientNotificationID=" + std::to_string(row));
-  }
   /// The ids of the notifications whose text was composed anew.
   std::string rewritten() {
     return dump(

@@ -103,7 +103,7 @@ TEST_P(SchedulingFaults, LeaveNothingHalfDone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, SchedulingFaults, testing::ValuesIn(operations),
-                         [](const auto& operation) { return std::string(operation.param.name); });
+                         [](const auto& operation) { return operation.param.name; });
 
 TEST(SchedulingStatements, StandAsHostsKnowThem) {
   expectStatements(operations, fillOffice, AUTONOTIFY_TEST_FOLDER "scheduling_statements.txt");

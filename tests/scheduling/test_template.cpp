@@ -19,15 +19,12 @@ class Template : public HostTest {
                                     {"CustomTaskSchemeIDNum", 77}});
   }
   static void expectFullKind(clsAutoNotifyTemplate& kind, Id id) {
-    EXPECT_EQ(kind.get_scheduleTypeID(), id);
-    EXPECT_EQ(kind.get_ScheduleTypeNum(), 3);
-    EXPECT_EQ(kind.get_customTaskSchemeIDNum(), 77);
-    EXPECT_EQ(kind.get_totalNum(), 103);
-    EXPECT_EQ(kind.get_ScheduleNum(), 2);
-    EXPECT_EQ(kind.get_scheduleTypeName(), "Sales tax");
-    EXPECT_EQ(kind.get_notificationComment(), "{\\rtf1 Hello}");
-    EXPECT_EQ(kind.get_notificationPeriod(), -4);
-    EXPECT_TRUE(kind.get_locked());
+    EXPECT_EQ(std::tuple(kind.get_scheduleTypeID(), kind.get_ScheduleTypeNum(),
+                         kind.get_customTaskSchemeIDNum(), kind.get_totalNum(),
+                         kind.get_ScheduleNum(), kind.get_notificationPeriod(), kind.get_locked()),
+              std::tuple(id, 3, 77, 103, 2, -4, true));
+    EXPECT_EQ(kind.get_scheduleTypeName() + kind.get_notificationComment(),
+              "Sales tax{\\rtf1 Hello}");
   }
 };
 

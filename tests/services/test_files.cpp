@@ -6,7 +6,7 @@
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostWorkingFolder.h"
 #include "host/services/host_errors.h"
-#include "services/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace autonotify::host {
 namespace {

@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "host/services/HostGridColumnList.h"
-#include "platform/PlatformError.h"
+#include "support/error_number.h"
 
 namespace autonotify::host {
 namespace {
+
+using test::errorOf;
 
 void add(GridColumnList& list, const Value& key, std::vector<Value> items) {
   list.addEntry(key, items);
@@ -21,30 +23,20 @@ std::vector<Value> keysOf(GridColumnList& list) {
   return keys;
 }
 
-template <class Call>
-int errorNumberOf(Call&& call) {
-  try {
-    call();
-  } catch (const PlatformError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
 TEST(GridColumnListTest, walksInOrderAndNeedsACurrentEntryForItems) {
   HostGridColumnList list;
   const int outOfRange = error_number::subscriptOutOfRange;
   EXPECT_FALSE(list.moveFirst());
-  EXPECT_EQ(errorNumberOf([&] { list.getEntryKey(); }), outOfRange);
+  EXPECT_EQ(errorOf([&] { list.getEntryKey(); }), outOfRange);
   add(list, 3, {"c"});
   add(list, 1, {"a"});
   EXPECT_TRUE(list.moveFirst());
-  for (const int item : {0, 25}) EXPECT_EQ(errorNumberOf([&] { list.getItem(item); }), outOfRange);
+  for (const int item : {0, 25}) EXPECT_EQ(errorOf([&] { list.getItem(item); }), outOfRange);
   list.setItem(24, "z");
   EXPECT_EQ(list.getItem(24), Value("z"));
   EXPECT_EQ(keysOf(list), (std::vector<Value>{3, 1}));
-  EXPECT_EQ(errorNumberOf([&] { list.setItem(1, "b"); }), outOfRange) << "past the end";
-  EXPECT_EQ(errorNumberOf([&] { add(list, 2, std::vector<Value>(25)); }),
+  EXPECT_EQ(errorOf([&] { list.setItem(1, "b"); }), outOfRange) << "past the end";
+  EXPECT_EQ(errorOf([&] { add(list, 2, std::vector<Value>(25)); }),
             error_number::invalidProcedureCall);
   EXPECT_EQ(list.getEntryCount(), 2);
 }

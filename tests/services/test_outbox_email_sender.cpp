@@ -13,7 +13,7 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/mail/OutboxEmailSender.h"
 #include "services/received_mail.h"
-#include "services/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "support/fixed_clock.h"
 
 namespace {

@@ -6,19 +6,11 @@
 namespace autonotify::test {
 namespace {
 
-/// The two adds of a channel.
-struct ChannelAdds {
-  Id (*fromId)(Id);
-  AddFromNameAndDueDate* fromName;
-};
-constexpr ChannelAdds email{addNewEmailNotificationFromScheduleIDNum,
-                            addNewEmailNotificationFromScheduleNameAndDueDate};
-constexpr ChannelAdds fax{addNewFaxNotificationFromScheduleIDNum,
-                          addNewFaxNotificationFromScheduleNameAndDueDate};
-constexpr ChannelAdds letter{addNewLetterNotificationFromScheduleIDNum,
-                             addNewLetterNotificationFromScheduleNameAndDueDate};
-constexpr ChannelAdds phone{addNewPhoneNotificationFromScheduleIDNum,
-                            addNewPhoneNotificationFromScheduleNameAndDueDate};
+constexpr auto addEmail = addNewEmailNotificationFromScheduleIDNum;
+constexpr auto addFax = addNewFaxNotificationFromScheduleIDNum;
+constexpr auto addLetter = addNewLetterNotificationFromScheduleIDNum;
+constexpr auto addPhone = addNewPhoneNotificationFromScheduleIDNum;
+constexpr auto addEmailByName = addNewEmailNotificationFromScheduleNameAndDueDate;
 
 constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 const std::string subject = "Your GST Return is due on Thursday, April 30 2026";
@@ -119,7 +111,7 @@ class Recipients : public Adding, public testing::WithParamInterface<Recipient> 
 };
 
 TEST_P(Recipients, AreThoseOfTheClient) {
-  expectRows(GetParam().ofEntry, email.fromId(entry), fax.fromId(entry), phone.fromId(entry));
+  expectRows(GetParam().ofEntry, addEmail(entry), addFax(entry), addPhone(entry));
   const Id item =
       addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
   const auto add = [&](auto adding) {
@@ -162,7 +154,7 @@ TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
                         {noId, noId, ""},
                         {named, noId, "d@b.example"}};
   for (const Case& c : cases) {
-    const Id row = email.fromName(noId, 3, c.company, c.contact, "GST Return", dueDate, "Hello");
+    const Id row = addEmailByName(noId, 3, c.company, c.contact, "GST Return", dueDate, "Hello");
     EXPECT_EQ(notification(row, "Field1, Field4, Memo, CompanyIDNum, ContactIDNum"),
               std::string(c.to) + "|" + subject + "|Hello|" + std::to_string(c.company) + "|" +
                   std::to_string(c.contact) + "|\n")
@@ -172,21 +164,21 @@ TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
 
 TEST_F(Adding, SiblingsDateFirmRuleAndMemo) {
   const Id entry = addCompanyEntry(maple);
-  EXPECT_EQ(notification(letter.fromId(entry), "NotificationDate, Memo LIKE '%Dear client%'"),
+  EXPECT_EQ(notification(addLetter(entry), "NotificationDate, Memo LIKE '%Dear client%'"),
             "2026-04-23|1|\n");
   addNotification(entry, nt_Email, DateTime::of(2026, 4, 11), true);
-  EXPECT_EQ(notification(fax.fromId(entry), "NotificationDate"), "2026-04-10|\n")
+  EXPECT_EQ(notification(addFax(entry), "NotificationDate"), "2026-04-10|\n")
       << "a Saturday's sibling, moved to Friday";
 
   plainLocale.settings().firmCode = firmSpecificCode;
-  EXPECT_EQ(notification(email.fromId(entry), "Field4"),
+  EXPECT_EQ(notification(addEmail(entry), "Field4"),
             "Your GST Return is due on Monday, April 20 2026|\n");
-  EXPECT_EQ(notification(fax.fromId(entry), "Field6"), subject + "|\n");
+  EXPECT_EQ(notification(addFax(entry), "Field6"), subject + "|\n");
   EXPECT_EQ(
-      notification(email.fromName(entry, -1, company, -1, "GST Return", dueDate, ""), "Field4"),
+      notification(addEmailByName(entry, -1, company, -1, "GST Return", dueDate, ""), "Field4"),
       subject + "|\n");
   plainLocale.settings().firmCode = std::string(firmSpecificCode) + "x";
-  EXPECT_EQ(notification(email.fromId(entry), "Field4"), subject + "|\n");
+  EXPECT_EQ(notification(addEmail(entry), "Field4"), subject + "|\n");
 }
 
 }  // namespace

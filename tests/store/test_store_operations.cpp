@@ -5,7 +5,6 @@
 #include "channels/modChannelNotifications.h"
 #include "contract/enumerations.h"
 #include "platform/text.h"
-#include "store/CallRecorder.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
@@ -121,15 +120,11 @@ std::string text(const Given& given) {
     return toText(given);
 }
 
-struct Operation {
-  std::string arguments;
-  Run run;
-};
-
-using Operations = std::vector<Operation>;
+/// Each named by its arguments.
+using Operations = std::vector<WalkedOperation>;
 
 template <class Result, class... Parameters, class... Given>
-Operation call(Result (*procedure)(Parameters...), Given... given) {
+WalkedOperation call(Result (*procedure)(Parameters...), Given... given) {
   std::string arguments;
   ((arguments += (arguments.empty() ? "" : ", ") + text(std::decay_t<Parameters>(given))), ...);
   return {arguments, [=](TestHost&) {
@@ -269,14 +264,74 @@ Operations refusedOperations() {
           call(resetApptNotificationBody, Dockets + (1 << 16), appointmentRow, docket)};
 }
 
+/// Writes down the procedures of the store and the channels that run, each with the statements that
+/// it opens and what it writes; one called by another that does neither is left out. The person
+/// goes on past every failure.
+class CallRecorder : public ScriptedErrorClass {
+ public:
+  explicit CallRecorder(HostCalls& calls) : calls_(calls) {
+    calls_.record(true);
+    answerRest(error_choice::next, 100);
+  }
+  void enterProcedure(std::string_view tag) override {
+    writeCalls();
+    ScriptedErrorClass::enterProcedure(tag);
+    names_.push_back(std::string(tag.substr(tag.find('-') + 1)));
+    if (depth() == 1) writeNames();
+  }
+  void leaveProcedure() override {
+    writeCalls();
+    names_.pop_back();
+    written_ = std::min(written_, names_.size());
+    ScriptedErrorClass::leaveProcedure();
+  }
+  void recordError(const PlatformError& error) override {
+    writeCalls();
+    write("error " + toText(error.number()));
+    ScriptedErrorClass::recordError(error);
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  static bool startsWithOneOf(const std::string& text, std::initializer_list<const char*> starts) {
+    return std::ranges::any_of(starts, [&](const char* start) { return text.starts_with(start); });
+  }
+  void writeCalls() {
+    for (; seen_ < calls_.log().size(); ++seen_) {
+      const std::string& line = calls_.log()[seen_];
+      if (startsWithOneOf(line, {"openRecordset", "setFieldValue", "updateFieldValue",
+                                 "saveNewRecord", "deleteRecord", "gotoBookmark"}))
+        write(line);
+    }
+  }
+  void write(const std::string& line) {
+    if (!startsWithOneOf(names_.back(),
+                         {"modAppt", "modChannel", "modNotificationLinks", "modNotifyClients"}))
+      return;
+    writeNames();
+    text_ += std::string(2 * names_.size(), ' ') + line + "\n";
+  }
+  void writeNames() {
+    for (; written_ < names_.size(); ++written_) {
+      text_ += std::string(2 * written_, ' ') + names_[written_] + "\n";
+    }
+  }
+
+  HostCalls& calls_;
+  std::vector<std::string> names_;
+  std::size_t written_ = 0;
+  std::size_t seen_ = 0;
+  std::string text_;
+};
+
 /// The operation's procedure with its arguments, what it called, and its results.
-std::string calledBy(const Operation& operation) {
+std::string calledBy(const WalkedOperation& operation) {
   AttachedHost host(fillOffice);
   CallRecorder recorder(host.calls);
   references().errors = &recorder;
   const std::string result = operation.run(host);
   std::string text = recorder.text();
-  text.insert(text.find('\n'), "(" + operation.arguments + ")");
+  text.insert(text.find('\n'), "(" + operation.name + ")");
   const std::string held = resultWhenLeft(operation.run, fillOffice, host.calls.count());
   return text + "= " + result + (held == result ? "" : ", left at last: " + held);
 }
@@ -284,7 +339,7 @@ std::string calledBy(const Operation& operation) {
 TEST(StoreOperations, CallTheHostAsItKnowsThem) {
   std::string text;
   for (const auto& operations : {entryAdds(), refusedOperations(), storeOperations()}) {
-    for (const Operation& operation : operations) {
+    for (const WalkedOperation& operation : operations) {
       const std::string closed = resultWhenClosed(operation.run, fillOffice);
       text += replaceAll(calledBy(operation) + ", closed: " + closed + "\n\n", "\r\n", "\\n");
     }
@@ -304,7 +359,7 @@ std::string written(TestHost& host) {
 TEST_P(StoreFaults, LeaveNothingHalfDone) {
   const Operations all = storeOperations();
   for (std::size_t i = GetParam(); i < all.size(); i += parts) {
-    SCOPED_TRACE("(" + all[i].arguments + ") of the " + std::to_string(i) + "th");
+    SCOPED_TRACE("(" + all[i].name + ") of the " + std::to_string(i) + "th");
     walkFaults({.run = all[i].run, .defaultResult = resultWhenClosed(all[i].run, fillOffice)},
                {fillOffice, written});
   }

@@ -84,7 +84,6 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
 
   void finish();
 
-  int windowsShown() const { return windowsShown_; }
   int pumps() const { return pumps_; }
   Pointer pointer() const { return pointer_; }
 
@@ -141,7 +140,6 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   std::deque<std::string> menuChoices_;
   std::vector<PumpAct> pumpActs_;
   Pointer pointer_ = Pointer::standard;
-  int windowsShown_ = 0;
   int pumps_ = 0;
   std::optional<bool> restAnswer_;
 };

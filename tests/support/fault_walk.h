@@ -17,7 +17,7 @@ using Run = std::function<std::string(TestHost&)>;
 
 /// An operation under test, each run on a fresh host.
 struct WalkedOperation {
-  const char* name = "";
+  std::string name = {};
   Run run;
   /// The result when the operation is left at its first statement.
   std::string defaultResult = {};
@@ -28,11 +28,11 @@ struct WalkedOperation {
 };
 
 template <class Call>
-WalkedOperation gives(const char* name, const std::string& byDefault, Call call) {
+WalkedOperation gives(const std::string& name, const std::string& byDefault, Call call) {
   return {name, [call](TestHost&) { return call(); }, byDefault};
 }
 template <class Call>
-WalkedOperation writes(const char* name, Call call) {
+WalkedOperation writes(const std::string& name, Call call) {
   return gives(name, "", [call] { return call(), std::string{}; });
 }
 
@@ -58,7 +58,7 @@ int walkFaults(const WalkedOperation& operation, const WalkedOffice& office);
 /// The result when the person leaves whatever fails, from the host call on.
 std::string resultWhenLeft(const Run& run, FillRows fill, int call);
 
-/// The result while the database is closed, when nothing may be opened.
+/// The result while the database is closed, when nothing may be opened nor waited for.
 std::string resultWhenClosed(const Run& run, FillRows fill);
 
 /// Walks the operation's faults, then runs it with the database closed.

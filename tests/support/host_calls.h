@@ -13,11 +13,8 @@ namespace autonotify::test {
 /// fails the one that was chosen.
 class HostCalls {
  public:
-  /// Fails call `n`, counted from 1 since the last reset; `times` calls in a row from there.
-  void failAt(int n, int times = 1) {
-    failFrom_ = n;
-    failTo_ = n + times;
-  }
+  /// Fails call `n`, counted from 1 since the last reset.
+  void failAt(int n) { failed_ = n; }
   void reset() { *this = HostCalls{}; }
   void record(bool on) { recording_ = on; }
 
@@ -29,7 +26,7 @@ class HostCalls {
       const std::string told = detail ? detail() : std::string{};
       log_.push_back(std::string(operation) + (told.empty() ? "" : " " + told));
     }
-    if (count_ >= failFrom_ && count_ < failTo_) {
+    if (count_ == failed_) {
       ++failures_;
       throw PlatformError(1000, "The host call failed", std::string(operation));
     }
@@ -42,8 +39,7 @@ class HostCalls {
 
  private:
   int count_ = 0;
-  int failFrom_ = 0;
-  int failTo_ = 0;
+  int failed_ = 0;
   int failures_ = 0;
   bool recording_ = false;
   std::vector<std::string> log_;
