@@ -21,6 +21,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 #include "binding/DateBinding.h"
@@ -73,79 +74,61 @@ std::string heldText(const ItemList& list) {
   return list.listIndex() < 0 ? std::string() : list.list(list.listIndex());
 }
 
-using Look = bool (*)(const Control&, const QWidget&, Sight&);
+using Look = std::function<bool(const Control&, const QWidget&, Sight&)>;
 
 /// Looks at a pair of these kinds; False for another pair.
-template <class ControlType, class WidgetType, Sight (*see)(const ControlType&, const WidgetType&)>
-bool lookAt(const Control& control, const QWidget& widget, Sight& sight) {
-  auto* model = dynamic_cast<const ControlType*>(&control);
-  auto* drawn = qobject_cast<const WidgetType*>(&widget);
-  if (model && drawn) sight = see(*model, *drawn);
-  return model && drawn;
+template <class ControlType, class WidgetType, class See>
+Look lookAt(See see) {
+  return [see](const Control& control, const QWidget& widget, Sight& sight) {
+    auto* model = dynamic_cast<const ControlType*>(&control);
+    auto* drawn = qobject_cast<const WidgetType*>(&widget);
+    if (model && drawn) sight = see(*model, *drawn);
+    return model && drawn;
+  };
 }
 
-Sight seeText(const TextBox& model, const QLineEdit& drawn) {
-  return {model.text(), plain(drawn.text())};
-}
-Sight seeCombo(const ComboBox& model, const QComboBox& drawn) {
-  return {model.text() + "/" + std::to_string(model.listCount()),
-          plain(drawn.currentText()) + "/" + std::to_string(drawn.count())};
-}
-Sight seeTick(const CheckBox& model, const QCheckBox& drawn) {
-  return {tick(model.value()), tick(drawn.isChecked())};
-}
-Sight seeOption(const OptionButton& model, const QRadioButton& drawn) {
-  return {tick(model.value()), tick(drawn.isChecked())};
-}
-Sight seeDate(const DatePicker& model, const QDateEdit& drawn) {
-  return {plain(desktop::qtDate(model.value()).toString()), plain(drawn.date().toString())};
-}
-Sight seeRichText(const RichTextBox& model, const desktop::RichTextEditor& drawn) {
-  return {plain(shown(model.text()).replace("\r\n", "\n")),
-          plain(drawn.findChild<const QTextEdit*>()->toPlainText())};
-}
-Sight seeList(const ListBox& model, const QListWidget& drawn) {
-  return {heldText(model), plain(currentText(drawn))};
-}
-Sight seeTree(const TreeView& model, const QTreeWidget& drawn) {
-  const TreeView::Node* node = model.selectedNode();
-  return {node ? node->text : std::string(), plain(currentText(drawn))};
-}
-Sight seeTabs(const TabControl& model, const QTabWidget& drawn) {
-  return {model.pages().at(static_cast<std::size_t>(model.tab())),
-          plain(drawn.tabText(drawn.currentIndex()))};
-}
-Sight seeProgress(const ProgressBar& model, const QProgressBar& drawn) {
-  return {std::to_string(model.value()), std::to_string(drawn.value())};
-}
-Sight seeLabel(const Label& model, const QLabel& drawn) {
-  return captions(model, drawn.text());
-}
-Sight seeButton(const Button& model, const QAbstractButton& drawn) {
-  return captions(model, drawn.text());
-}
-Sight seeGroup(const Frame& model, const QGroupBox& drawn) {
-  return captions(model, drawn.title());
-}
-Sight seePlain(const Frame&, const QFrame&) {
-  return {};
-}
-
-constexpr Look looks[] = {
-    lookAt<TextBox, QLineEdit, seeText>,
-    lookAt<ComboBox, QComboBox, seeCombo>,
-    lookAt<CheckBox, QCheckBox, seeTick>,
-    lookAt<OptionButton, QRadioButton, seeOption>,
-    lookAt<DatePicker, QDateEdit, seeDate>,
-    lookAt<RichTextBox, desktop::RichTextEditor, seeRichText>,
-    lookAt<ListBox, QListWidget, seeList>,
-    lookAt<TreeView, QTreeWidget, seeTree>,
-    lookAt<TabControl, QTabWidget, seeTabs>,
-    lookAt<ProgressBar, QProgressBar, seeProgress>,
-    lookAt<Label, QLabel, seeLabel>,
-    lookAt<Button, QAbstractButton, seeButton>,
-    lookAt<Frame, QGroupBox, seeGroup>,
-    lookAt<Frame, QFrame, seePlain>,
+const Look looks[] = {
+    lookAt<TextBox, QLineEdit>([](auto& model, auto& drawn) {
+      return Sight{model.text(), plain(drawn.text())};
+    }),
+    lookAt<ComboBox, QComboBox>([](auto& model, auto& drawn) {
+      return Sight{model.text() + "/" + std::to_string(model.listCount()),
+                   plain(drawn.currentText()) + "/" + std::to_string(drawn.count())};
+    }),
+    lookAt<CheckBox, QCheckBox>([](auto& model, auto& drawn) {
+      return Sight{tick(model.value()), tick(drawn.isChecked())};
+    }),
+    lookAt<OptionButton, QRadioButton>([](auto& model, auto& drawn) {
+      return Sight{tick(model.value()), tick(drawn.isChecked())};
+    }),
+    lookAt<DatePicker, QDateEdit>([](auto& model, auto& drawn) {
+      return Sight{plain(desktop::qtDate(model.value()).toString()),
+                   plain(drawn.date().toString())};
+    }),
+    lookAt<RichTextBox, desktop::RichTextEditor>([](auto& model, auto& drawn) {
+      return Sight{plain(shown(model.text()).replace("\r\n", "\n")),
+                   plain(drawn.template findChild<const QTextEdit*>()->toPlainText())};
+    }),
+    lookAt<ListBox, QListWidget>([](auto& model, auto& drawn) {
+      return Sight{heldText(model), plain(currentText(drawn))};
+    }),
+    lookAt<TreeView, QTreeWidget>([](auto& model, auto& drawn) {
+      return Sight{model.selectedNode() ? model.selectedNode()->text : std::string(),
+                   plain(currentText(drawn))};
+    }),
+    lookAt<TabControl, QTabWidget>([](auto& model, auto& drawn) {
+      return Sight{model.pages().at(static_cast<std::size_t>(model.tab())),
+                   plain(drawn.tabText(drawn.currentIndex()))};
+    }),
+    lookAt<ProgressBar, QProgressBar>([](auto& model, auto& drawn) {
+      return Sight{std::to_string(model.value()), std::to_string(drawn.value())};
+    }),
+    lookAt<Label, QLabel>([](auto& model, auto& drawn) { return captions(model, drawn.text()); }),
+    lookAt<Button, QAbstractButton>(
+        [](auto& model, auto& drawn) { return captions(model, drawn.text()); }),
+    lookAt<Frame, QGroupBox>(
+        [](auto& model, auto& drawn) { return captions(model, drawn.title()); }),
+    lookAt<Frame, QFrame>([](auto&, auto&) { return Sight{}; }),
 };
 
 /// False when a person can only read it.
@@ -221,7 +204,8 @@ class QtDriver : public WindowDriver {
     if (!control.isShown()) return;
     EXPECT_EQ(acts(*widget), control.isReachable()) << control.name();
     Sight sight;
-    EXPECT_TRUE(std::ranges::any_of(looks, [&](Look row) { return row(control, *widget, sight); }))
+    EXPECT_TRUE(
+        std::ranges::any_of(looks, [&](const Look& row) { return row(control, *widget, sight); }))
         << control.name() << ": nobody knows how to look at this";
     EXPECT_EQ(sight.drawn, sight.held) << control.name();
   }

@@ -13,7 +13,6 @@
 #include <QWheelEvent>
 
 #include "FormHostTest.h"
-#include "platform/PlatformError.h"
 #include "richtext/RichTextEditor.h"
 #include "support/HeadlessPerson.h"
 
@@ -89,14 +88,6 @@ TEST_F(FormHostTest, AWindowThatCannotBeDrawnLeavesNothingBehind) {
   Button stranger(form_, "cmdStranger");
   EXPECT_THROW(form_.showModal(nullptr), std::logic_error);
   form_.setCaption("still alive");
-}
-
-TEST_F(FormHostTest, ShowsAWindowOnceAtATime) {
-  use([&] {
-    form_.hide();
-    EXPECT_THROW(form_.showModal(nullptr), PlatformError);
-  });
-  use([] {});
 }
 
 TEST_F(FormHostTest, AHostThatEndsTheShowUnloadsTheWindow) {
