@@ -79,6 +79,8 @@ struct Operation {
   std::string tag;
   std::function<std::string(ComponentHost&)> run;
   Run procedure;
+
+  friend void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.name; }
 };
 
 template <class Call, class Procedure>
