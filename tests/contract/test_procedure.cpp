@@ -14,43 +14,46 @@ constexpr const char* tag = "Morvane.exe-modTest-test";
 
 using Procedure = HostTest;
 
-/// What a failing second of three statements makes of the procedure, by choice.
-struct ChoiceRow {
-  int choice;
+/// What a second of three statements, failing once for each choice, makes of the procedure.
+struct Choices {
+  std::vector<int> made;
   int runsOfSecond;
   bool thirdRuns;
   int result;
 };
 
-class Choice : public HostTest, public testing::WithParamInterface<ChoiceRow> {};
-
-TEST_P(Choice, DecidesHowTheProcedureGoesOn) {
-  const ChoiceRow row = GetParam();
-  errors.answer({row.choice});
+void expectEffect(const Choices& choices) {
+  AttachedHost host;
+  for (const int choice : choices.made) host.errors.answer({choice});
   int runs = 0;
   bool thirdRan = false;
   const int result = procedure(tag, 1, [&](Step& step, int& held) {
     step.run([&] { held = 10; });
     step.assign(held, [&] {
-      if (++runs == 1) fail();
+      if (++runs <= std::ssize(choices.made)) fail();
       return 20;
     });
     step.run([&] { thirdRan = true; });
   });
-  EXPECT_EQ(runs, row.runsOfSecond);
-  EXPECT_EQ(thirdRan, row.thirdRuns);
-  EXPECT_EQ(result, row.result);
-  EXPECT_EQ(errors.dialogs(), 1);
-  EXPECT_EQ(errors.left(), 1);
-  EXPECT_EQ(errors.recorded().front().number, 1000);
-  EXPECT_EQ(errors.recorded().front().tag, tag);
+  EXPECT_EQ(runs, choices.runsOfSecond);
+  EXPECT_EQ(thirdRan, choices.thirdRuns);
+  EXPECT_EQ(result, choices.result);
+  EXPECT_EQ(host.errors.dialogs(), std::ssize(choices.made));
+  EXPECT_EQ(host.errors.left(), 1);
+  EXPECT_EQ(host.errors.recorded().front().number, 1000);
+  EXPECT_EQ(host.errors.recorded().front().tag, tag);
 }
 
-INSTANTIATE_TEST_SUITE_P(Choices, Choice,
-                         testing::Values(ChoiceRow{error_choice::next, 1, true, 10},
-                                         ChoiceRow{error_choice::leave, 1, false, 10},
-                                         ChoiceRow{error_choice::quit, 2, true, 20},
-                                         ChoiceRow{0, 2, true, 20}, ChoiceRow{7, 2, true, 20}));
+TEST(Choice, DecidesHowTheProcedureGoesOn) {
+  const int next = error_choice::next, leave = error_choice::leave, quit = error_choice::quit;
+  for (const Choices& choices : {Choices{{next}, 1, true, 10},
+                                 {{leave}, 1, false, 10},
+                                 {{quit}, 2, true, 20},
+                                 {{0}, 2, true, 20},
+                                 {{7}, 2, true, 20},
+                                 {{quit, 7, leave}, 3, false, 10}})
+    expectEffect(choices);
+}
 
 /// Fails after two steps of a calculation that the compiler would like to do right in its target.
 inline DateTime dayAfterTwo(Step& step, DateTime day) {

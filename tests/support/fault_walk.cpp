@@ -76,10 +76,6 @@ std::string statementsOf(const WalkedOperation& operation, FillRows fill) {
 
 }  // namespace
 
-void PrintTo(const WalkedOperation& operation, std::ostream* out) {
-  *out << operation.name;
-}
-
 int walkFaults(const WalkedOperation& operation, const WalkedOffice& office) {
   const Outcome clean = runOnce(operation.run, office, 0, 0);
   for (int n = 1; n <= clean.calls && !testing::Test::HasFailure(); ++n) {

@@ -25,6 +25,8 @@ struct WalkedOperation {
   std::string closedResult = defaultResult;
   /// How many host calls it makes at least.
   int calls = 4;
+
+  friend void PrintTo(const WalkedOperation& walked, std::ostream* out) { *out << walked.name; }
 };
 
 template <class Call>
@@ -35,8 +37,6 @@ template <class Call>
 WalkedOperation writes(const std::string& name, Call call) {
   return gives(name, "", [call] { return call(), std::string{}; });
 }
-
-void PrintTo(const WalkedOperation& operation, std::ostream* out);
 
 /// What operations are walked on.
 struct WalkedOffice {
