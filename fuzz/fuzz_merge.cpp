@@ -1,6 +1,6 @@
 // Any bytes as a template, merged with the samples of the fields and checked as an editor does: on
-// a host that never fails nothing fails, text stays UTF-8, a fault is told exactly when there is
-// one.
+// a host that never fails nothing fails but the check of a field in brackets without a format, text
+// stays UTF-8, a fault is told exactly when there is one.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -29,13 +29,18 @@ class FixedDay : public Clock {
   DateTime now() override { return DateTime::of(2026, 4, 15, 9, 30); }
 };
 
-class NoErrors : public errorClass {
+class FormatErrors : public errorClass {
  public:
   void enterProcedure(std::string_view) override {}
   void leaveProcedure() override {}
-  void recordError(const PlatformError&) override { std::abort(); }
+  void recordError(const PlatformError& error) override {
+    require(error.number() == error_number::subscriptOutOfRange);
+    isMet = true;
+  }
   void showErrorDialog() override {}
   int getErrorChoice() override { return error_choice::leave; }
+
+  bool isMet = false;
 };
 
 class ClosedDatabase : public OneRowDatabase {
@@ -58,7 +63,7 @@ struct Host {
   host::ClassRegistry registry;
   FixedDay clock;
   host::HeadlessFormHost forms;
-  NoErrors errors;
+  FormatErrors errors;
   ClosedDatabase database;
   host::HostLocale locale{{}};
 };
@@ -77,15 +82,18 @@ struct Engine : clsInsertFieldsInRTB {
   bool isFaultTold = false;
 };
 
-void merge(Engine& engine, const std::string& text) {
+void merge(Host& host, Engine& engine, const std::string& text) {
   engine.TemplateText = text;
   const std::string merged = engine.parseRTBComment();
+  require(!host.errors.isMet);
   require(!isValidUtf8(text) || isValidUtf8(merged));
 }
 
-void check(Engine& engine, const std::string& text, bool isRTF) {
+void check(Host& host, Engine& engine, const std::string& text, bool isRTF) {
   engine.isFaultTold = false;
-  require(engine.testRTBComment(text, isRTF, true, false) == engine.isFaultTold);
+  const bool hasFault = engine.testRTBComment(text, isRTF, true, false);
+  require(host.errors.isMet || hasFault == engine.isFaultTold);
+  host.errors.isMet = false;
 }
 
 }  // namespace
@@ -96,8 +104,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text(reinterpret_cast<const char*>(data), size);
   for (const bool isRTF : {false, true}) {
     engine.ConvertStrToRTF = isRTF;
-    merge(engine, text);
-    check(engine, text, isRTF);
+    merge(host, engine, text);
+    check(host, engine, text, isRTF);
   }
   return 0;
 }
