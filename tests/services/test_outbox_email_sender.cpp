@@ -13,8 +13,8 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/mail/OutboxEmailSender.h"
 #include "services/received_mail.h"
-#include "support/temporary_folder.h"
 #include "support/fixed_clock.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
