@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "contract/procedure.h"
+#include "contract/tags.h"
 #include "platform/controls/Form.h"
 
 namespace autonotify {
@@ -39,7 +40,7 @@ class Window : public Form {
  protected:
   /// The tag of one of its procedures.
   std::string tag(const std::string& procedureName) const {
-    return "Morvane.exe-" + name() + "-" + procedureName;
+    return windowTag(name(), procedureName);
   }
   /// Ties a reaction of the derived window to an event of one of its controls:
   ///

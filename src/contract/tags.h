@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace autonotify {
@@ -15,12 +16,14 @@ struct FixedText {
   constexpr std::string_view view() const { return {text, size - 1}; }
 };
 
+/// Stands before the tag of every procedure.
+inline constexpr std::string_view tagStart = "Morvane.exe-";
+
 namespace detail {
 
 template <FixedText module, FixedText name>
 struct ProcedureTag {
-  static constexpr std::array parts{std::string_view("Morvane.exe-"), module.view(),
-                                    std::string_view("-"), name.view()};
+  static constexpr std::array parts{tagStart, module.view(), std::string_view("-"), name.view()};
   static constexpr std::size_t length = parts[0].size() + parts[1].size() + 1 + parts[3].size();
   /// Ends in a zero, as texts in the component's file do.
   static constexpr auto joined = [] {
@@ -41,5 +44,10 @@ struct ProcedureTag {
 template <FixedText module, FixedText name>
 inline constexpr std::string_view procedureTag{detail::ProcedureTag<module, name>::joined.data(),
                                                detail::ProcedureTag<module, name>::length};
+
+/// The tag of a window's procedure.
+inline std::string windowTag(const std::string& window, const std::string& name) {
+  return std::string(tagStart) + window + "-" + name;
+}
 
 }  // namespace autonotify

@@ -1,14 +1,12 @@
 #include "contract/windows.h"
 
+#include "contract/tags.h"
+
 namespace autonotify {
 namespace {
 
 /// An argument of each message that no host reads.
 constexpr int reservedNumber = 101;
-
-std::string tagOf(const std::string& form, const Control& control, const char* event) {
-  return "Morvane.exe-" + form + "-" + control.name() + event;
-}
 
 /// A procedure that shows the styler a control.
 template <class... Given>
@@ -49,18 +47,19 @@ void yieldToHost(Step& step, int times) {
 }
 
 void markFocusGained(Control& control, const std::string& form) {
-  control.onGotFocus =
-      styling(tagOf(form, control, "_GotFocus"), control, &InterfaceStyler::markFocusGained);
+  control.onGotFocus = styling(windowTag(form, control.name() + "_GotFocus"), control,
+                               &InterfaceStyler::markFocusGained);
 }
 
 void markFocus(Control& control, const std::string& form) {
   markFocusGained(control, form);
-  control.onLostFocus =
-      styling(tagOf(form, control, "_LostFocus"), control, &InterfaceStyler::markFocusLost);
+  control.onLostFocus = styling(windowTag(form, control.name() + "_LostFocus"), control,
+                                &InterfaceStyler::markFocusLost);
 }
 
 void passKeys(Control& control, const std::string& form) {
-  control.onKeyUp = styling(tagOf(form, control, "_KeyUp"), control, &InterfaceStyler::handleKeyUp);
+  control.onKeyUp =
+      styling(windowTag(form, control.name() + "_KeyUp"), control, &InterfaceStyler::handleKeyUp);
 }
 
 }  // namespace autonotify
