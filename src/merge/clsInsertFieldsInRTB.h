@@ -165,8 +165,8 @@ class clsInsertFieldsInRTB : public MergeIds {
   void createFieldListWithoutListBoxes();
 
   // What two procedures do alike, for a column of the field list.
-  std::string valueOfField(std::string_view procedureTag, int column, const std::string& name);
-  std::string tokenOfListItem(std::string_view procedureTag, int itemData, int nameColumn,
+  std::string valueOfField(std::string_view frameTag, int column, const std::string& name);
+  std::string tokenOfListItem(std::string_view frameTag, int itemData, int nameColumn,
                               const MergeMarks& marks);
 
   // Parts of the procedures that read values; statements of the caller's frame.

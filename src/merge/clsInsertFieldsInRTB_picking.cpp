@@ -39,9 +39,9 @@ int readCaret(Step& step, const RichTextBox* box) {
 }  // namespace
 
 /// The token of a list entry whose field is named by the column; a date is named as it is shown.
-std::string clsInsertFieldsInRTB::tokenOfListItem(std::string_view procedureTag, int itemData,
+std::string clsInsertFieldsInRTB::tokenOfListItem(std::string_view frameTag, int itemData,
                                                   int nameColumn, const MergeMarks& marks) {
-  return procedure(procedureTag, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(frameTag, std::string{}, [&](Step& step, std::string& result) {
     if (itemData < 0) return;
     const FieldCursor field(step, fieldList_);
     if (!field.select(itemData)) return;

@@ -41,9 +41,9 @@ std::string contactNameFor(const FieldCursor& field, int column, const std::stri
 }
 
 /// A name by one column of the field list in place of that by the other; an unknown one comes back.
-std::string translateName(std::string_view procedureTag, const std::unique_ptr<FieldList>& list,
+std::string translateName(std::string_view frameTag, const std::unique_ptr<FieldList>& list,
                           int from, int to, const std::string& name) {
-  return procedure(procedureTag, name, [&](Step& step, std::string& result) {
+  return procedure(frameTag, name, [&](Step& step, std::string& result) {
     const FieldCursor field(step, list);
     if (field.find(from, name)) field.read(result, to);
   });
@@ -109,9 +109,9 @@ std::string clsInsertFieldsInRTB::getMergeDataFromDisplayName(const std::string&
   return valueOfField(tag<"getMergeDataFromDisplayName">, field_column::displayName, displayName);
 }
 
-std::string clsInsertFieldsInRTB::valueOfField(std::string_view procedureTag, int column,
+std::string clsInsertFieldsInRTB::valueOfField(std::string_view frameTag, int column,
                                                const std::string& name) {
-  return procedure(procedureTag, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(frameTag, std::string{}, [&](Step& step, std::string& result) {
     if (name.empty() || !verifyFieldListIsPopulated()) return;
     const FieldCursor field(step, fieldList_);
     if (isMergedForContactAlone()) result = contactNameFor(field, column, name);

@@ -43,8 +43,8 @@ MergeClient readClient(const Row& entry) {
 /// Merges with the records of the entry and its client. `templateOf(totalNum, scheduleNum)` gives
 /// the template.
 template <class TemplateOf>
-std::string mergeForEntry(std::string_view procedureTag, Id scheduleID, TemplateOf&& templateOf) {
-  return procedure(procedureTag, std::string{}, [&](Step& step, std::string& result) {
+std::string mergeForEntry(std::string_view frameTag, Id scheduleID, TemplateOf&& templateOf) {
+  return procedure(frameTag, std::string{}, [&](Step& step, std::string& result) {
     if (!isDatabaseOpen(step)) return;
     const Rows entry(step, entryWithClient, scheduleID, keysetRead);
     if (!entry) return;

@@ -48,16 +48,16 @@ void withUserRow(Step& step, const char* column, Id userId, Body&& body) {
 
 /// `convert(value)` turns the column's value into the setting and is part of the statement.
 template <class Setting, class Convert>
-Setting getSetting(std::string_view procedureTag, const char* column, Id userId, Setting byDefault,
+Setting getSetting(std::string_view frameTag, const char* column, Id userId, Setting byDefault,
                    Convert&& convert) {
-  return procedure(procedureTag, byDefault, [&](Step& step, Setting& result) {
+  return procedure(frameTag, byDefault, [&](Step& step, Setting& result) {
     withUserRow(step, column, userId, [&](const Row& row) { row.read(result, column, convert); });
   });
 }
 
 template <class Setting>
-void putSetting(std::string_view procedureTag, const char* column, Id userId, Setting value) {
-  procedure(procedureTag, [&](Step& step) {
+void putSetting(std::string_view frameTag, const char* column, Id userId, Setting value) {
+  procedure(frameTag, [&](Step& step) {
     withUserRow(step, column, userId, [&](const Row& row) { row.write(column, value); });
   });
 }

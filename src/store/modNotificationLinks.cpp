@@ -161,9 +161,9 @@ Id clientOfItem(Step& step, const LinkedItem<LinkedClient>& item) {
 }
 
 /// A procedure that gives the client of a row: the row's own column, then the linked item's.
-Id clientOfNotification(std::string_view procedureTag, const char* ownColumn,
+Id clientOfNotification(std::string_view frameTag, const char* ownColumn,
                         const ItemTable<LinkedClient>& links, Id notificationId) {
-  return procedure(procedureTag, noId, [&](Step& step, Id& result) {
+  return procedure(frameTag, noId, [&](Step& step, Id& result) {
     if (!isDatabaseOpen(step)) return;
     LinkedItem<LinkedClient> item;
     if (Rows row(step, notificationById, notificationId, keysetRead); row) {

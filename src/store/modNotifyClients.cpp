@@ -33,9 +33,8 @@ const char* channelName(std::uint8_t bits) {
   return "Unknown";
 }
 
-bool isSelected(std::string_view procedureTag, std::uint8_t bits, notifyType channel) {
-  return procedure(procedureTag, false,
-                   [&](Step&, bool& result) { result = hasBit(bits, channel); });
+bool isSelected(std::string_view frameTag, std::uint8_t bits, notifyType channel) {
+  return procedure(frameTag, false, [&](Step&, bool& result) { result = hasBit(bits, channel); });
 }
 
 void writeStamp(const Row& row) {

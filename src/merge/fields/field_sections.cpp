@@ -21,7 +21,7 @@ constexpr unsigned withContact = withCompany | typeBits(contact);
 struct FieldSection {
   unsigned listTypes;
   const char* header;
-  std::string_view procedureTag;
+  std::string_view frameTag;
   const FieldBlock& block;
   bool needsCompany = false;
 
@@ -53,9 +53,9 @@ constexpr FieldSection sections[] = {
 
 }  // namespace
 
-void addFieldBlock(std::string_view procedureTag, const FieldListTarget& target,
+void addFieldBlock(std::string_view frameTag, const FieldListTarget& target,
                    const FieldBlock& block) {
-  procedure(procedureTag, [&](Step& step) { FieldListBuilder(step, target).addBlock(block); });
+  procedure(frameTag, [&](Step& step) { FieldListBuilder(step, target).addBlock(block); });
 }
 
 void addFieldSections(Step& step, const FieldListTarget& target, int listType, Id companyID) {
@@ -65,7 +65,7 @@ void addFieldSections(Step& step, const FieldListTarget& target, int listType, I
     if (target.box && target.hasHeaders)
       addListBoxHeader(step, *target.box, section.header, isFirst);
     isFirst = false;
-    addFieldBlock(section.procedureTag, target, section.block);
+    addFieldBlock(section.frameTag, target, section.block);
   }
 }
 

@@ -9,7 +9,7 @@
 namespace autonotify {
 
 /// Adds one block of the catalogue, as a procedure with this tag.
-void addFieldBlock(std::string_view procedureTag, const FieldListTarget& target,
+void addFieldBlock(std::string_view frameTag, const FieldListTarget& target,
                    const FieldBlock& block);
 
 /// Adds the blocks of a list of this type (see field_list_type), each under its header and as a

@@ -18,9 +18,9 @@ std::string durationBetween(const DateTime& from, const DateTime& to) {
   return validation().getDurationText(toInteger(Value(minutes)));
 }
 
-std::string provinceForm(std::string_view procedureTag, const std::string& province,
+std::string provinceForm(std::string_view frameTag, const std::string& province,
                          std::string_view ProvinceName::*form) {
-  return procedure(procedureTag, province, [&](Step&, std::string& result) {
+  return procedure(frameTag, province, [&](Step&, std::string& result) {
     if (const ProvinceName* name = recognizeProvince(province)) result = name->*form;
   });
 }
