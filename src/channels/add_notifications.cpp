@@ -47,6 +47,7 @@ struct Contents {
   NotificationClient client;
   ChannelFields fields;
   std::string memo;
+  DateTime date = {};
 };
 
 std::string subjectText(const std::string& scheduleName, DateTime dueDate) {
@@ -74,12 +75,11 @@ std::string dateText(DateTime date) {
   return date.isZero() ? std::string{} : toText(date);
 }
 
-void writeNewRow(Step& step, Id& key, const Channel& channel, Id scheduleId, DateTime date,
-                 const Contents& contents) {
+void writeNewRow(Step& step, Id& key, notifyType channel, Id scheduleId, const Contents& contents) {
   NewRow row(step, "ClientNotification");
-  row.set("NotificationType", int{channel.value});
+  row.set("NotificationType", int{channel});
   row.set("ScheduleIDNum", scheduleId);
-  row.set("NotificationDate", [&] { return dateText(date); });
+  row.set("NotificationDate", [&] { return dateText(contents.date); });
   for (const auto& [column, text] : contents.fields) row.set(column, text);
   row.set("Memo", contents.memo);
   row.set("CompanyIDNum", contents.client.companyId);
@@ -92,37 +92,35 @@ void writeNewRow(Step& step, Id& key, const Channel& channel, Id scheduleId, Dat
 /// The steps of all eight adds; `find(step)` gives the contents. The date comes first, also when
 /// the database turns out to be closed.
 template <class Find>
-Id addNotification(std::string_view procedureTag, const Channel& channel, Id scheduleId,
-                   Find&& find) {
-  return procedure(procedureTag, noId, [&](Step& step, Id& result) {
+Id addNotification(std::string_view frameTag, const Channel& channel, Id scheduleId, Find&& find) {
+  return procedure(frameTag, noId, [&](Step& step, Id& result) {
     const DateTime date = dateOfNewNotification(scheduleId);
     if (!isDatabaseOpen(step)) return;
-    const Contents contents = find(step);
-    writeNewRow(step, result, channel, scheduleId, date, contents);
+    Contents contents = find(step);
+    contents.date = date;
+    writeNewRow(step, result, channel.value, scheduleId, contents);
   });
 }
 
-Id addFromScheduleId(std::string_view procedureTag, const Channel& channel, Id scheduleId) {
-  return addNotification(procedureTag, channel, scheduleId, [&](Step& step) {
+Id addFromScheduleId(std::string_view frameTag, const Channel& channel, Id scheduleId) {
+  return addNotification(frameTag, channel, scheduleId, [&](Step& step) {
     Contents contents;
     contents.client = clientOfScheduleEntry(step, scheduleId);
     contents.fields = channel.fieldsFromEntry(step, contents.client);
-    if (channel.subjectColumn) {
-      contents.fields.emplace_back(channel.subjectColumn,
-                                   subjectFromEntry(step, channel, scheduleId));
+    if (const char* column = channel.subjectColumn) {
+      contents.fields.emplace_back(column, subjectFromEntry(step, channel, scheduleId));
     }
     contents.memo = generateClientAutoNotifyComment(scheduleId);
     return contents;
   });
 }
 
-Id addFromName(std::string_view procedureTag, const Channel& channel, Id scheduleId,
-               const NotificationClient& client, const std::string& scheduleName, DateTime dueDate,
-               const std::string& text) {
-  return addNotification(procedureTag, channel, scheduleId, [&](Step& step) {
-    Contents contents{client, channel.fieldsFromIds(step, client), text};
-    if (channel.subjectColumn) {
-      contents.fields.emplace_back(channel.subjectColumn, subjectText(scheduleName, dueDate));
+Id addFromName(std::string_view frameTag, const Channel& channel, const KnownEntry& entry) {
+  return addNotification(frameTag, channel, entry.scheduleID, [&](Step& step) {
+    ChannelFields fields = channel.fieldsFromIds(step, entry.client);
+    Contents contents{entry.client, std::move(fields), entry.templateComment};
+    if (const char* column = channel.subjectColumn) {
+      contents.fields.emplace_back(column, subjectText(entry.scheduleName, entry.dueDate));
     }
     return contents;
   });
@@ -146,32 +144,20 @@ Id addNewPhoneNotificationFromScheduleIDNum(Id scheduleID) {
   return addFromScheduleId(tag<"addNewPhoneNotificationFromScheduleIDNum">, phone, scheduleID);
 }
 
-Id addNewEmailNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
-                                                     const std::string& name, DateTime dueDate,
-                                                     const std::string& text) {
-  return addFromName(tag<"addNewEmailNotificationFromScheduleNameAndDueDate">, email, scheduleID,
-                     {company, contact}, name, dueDate, text);
+Id addNewEmailNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
+  return addFromName(tag<"addNewEmailNotificationFromScheduleNameAndDueDate">, email, entry);
 }
 
-Id addNewFaxNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
-                                                   const std::string& name, DateTime dueDate,
-                                                   const std::string& text) {
-  return addFromName(tag<"addNewFaxNotificationFromScheduleNameAndDueDate">, fax, scheduleID,
-                     {company, contact}, name, dueDate, text);
+Id addNewFaxNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
+  return addFromName(tag<"addNewFaxNotificationFromScheduleNameAndDueDate">, fax, entry);
 }
 
-Id addNewLetterNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
-                                                      const std::string& name, DateTime dueDate,
-                                                      const std::string& text) {
-  return addFromName(tag<"addNewLetterNotificationFromScheduleNameAndDueDate">, letter, scheduleID,
-                     {company, contact}, name, dueDate, text);
+Id addNewLetterNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
+  return addFromName(tag<"addNewLetterNotificationFromScheduleNameAndDueDate">, letter, entry);
 }
 
-Id addNewPhoneNotificationFromScheduleNameAndDueDate(Id scheduleID, Id, Id company, Id contact,
-                                                     const std::string& name, DateTime dueDate,
-                                                     const std::string& text) {
-  return addFromName(tag<"addNewPhoneNotificationFromScheduleNameAndDueDate">, phone, scheduleID,
-                     {company, contact}, name, dueDate, text);
+Id addNewPhoneNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
+  return addFromName(tag<"addNewPhoneNotificationFromScheduleNameAndDueDate">, phone, entry);
 }
 
 }  // namespace autonotify

@@ -49,38 +49,29 @@ constexpr std::array<ItemChannel, 4> channels{{
 }};
 const auto& [email, fax, letter, phone] = channels;
 
-/// What the caller of an add has said.
-struct Wish {
-  CurrentDayTimerType kind;
-  Id itemId;
-  DateTime reminderDate;
-  Id notificationId;
-  NotificationClient client;
-};
-
-NotificationClient clientOf(const ItemChannel& channel, const Wish& wish) {
-  NotificationClient client = wish.client;
+NotificationClient clientOf(const ItemChannel& channel, const ItemReminder& reminder) {
+  NotificationClient client = reminder.client;
   if (!channel.findsClient) return client;
-  if (client.companyId < 0) client.companyId = getCompanyIDFromAppointmentID(wish.itemId);
-  if (client.contactId < 0) client.contactId = getContactIDFromAppointmentID(wish.itemId);
+  if (client.companyId < 0) client.companyId = getCompanyIDFromAppointmentID(reminder.itemId);
+  if (client.contactId < 0) client.contactId = getContactIDFromAppointmentID(reminder.itemId);
   return client;
 }
 
 /// All columns with their texts, in the order of the channel.
-ChannelFields composeRow(Step& step, const ItemChannel& channel, const Wish& wish) {
-  const DiaryKind& kind = diaryKind(wish.kind);
-  const NotificationClient client = clientOf(channel, wish);
+ChannelFields composeRow(Step& step, const ItemChannel& channel, const ItemReminder& reminder) {
+  const DiaryKind& kind = diaryKind(reminder.kind);
+  const NotificationClient client = clientOf(channel, reminder);
   std::array<ChannelFields, groupCount> groups;
   groups[fields] = channel.recipient(step, client);
   if (channel.subjectColumn) {
-    groups[fields].emplace_back(channel.subjectColumn, itemSubject(step, kind, wish.itemId));
+    groups[fields].emplace_back(channel.subjectColumn, itemSubject(step, kind, reminder.itemId));
   }
-  groups[memo] = {{"Memo", getAppointmentBodyText(wish.kind, wish.itemId)}};
+  groups[memo] = {{"Memo", getAppointmentBodyText(reminder.kind, reminder.itemId)}};
   groups[type] = {{"NotificationType", toText(int{channel.value})}};
-  groups[link] = {{kind.link, toText(wish.itemId)}};
+  groups[link] = {{kind.link, toText(reminder.itemId)}};
   groups[clientIds] = {{"CompanyIDNum", toText(client.companyId)},
                        {"ContactIDNum", toText(client.contactId)}};
-  groups[date] = {{"NotificationDate", formatDateTime(wish.reminderDate, "mmm d yyyy")}};
+  groups[date] = {{"NotificationDate", formatDateTime(reminder.reminderDate, "mmm d yyyy")}};
   ChannelFields row;
   for (const ColumnGroup group : channel.order) {
     row.insert(row.end(), groups[group].begin(), groups[group].end());
@@ -101,16 +92,17 @@ void updateItemRow(Step& step, const ChannelFields& columns, Id notificationId, 
   key = row.id("ClientNotificationID");
 }
 
-Id addOrUpdate(std::string_view procedureTag, const ItemChannel& channel, const Wish& wish) {
-  return procedure(procedureTag, noId, [&](Step& step, Id& result) {
-    if (wish.kind == Tasks) {
-      result = channel.addForSchedule(getScheduleIDFromTaskID(wish.itemId));
+Id addOrUpdate(std::string_view frameTag, const ItemChannel& channel,
+               const ItemReminder& reminder) {
+  return procedure(frameTag, noId, [&](Step& step, Id& result) {
+    if (reminder.kind == Tasks) {
+      result = channel.addForSchedule(getScheduleIDFromTaskID(reminder.itemId));
       return;
     }
     if (!isDatabaseOpen(step)) return;
-    const ChannelFields row = composeRow(step, channel, wish);
-    if (isValidNotificationID(std::to_string(wish.notificationId))) {
-      updateItemRow(step, row, wish.notificationId, result);
+    const ChannelFields row = composeRow(step, channel, reminder);
+    if (isValidNotificationID(std::to_string(reminder.notificationId))) {
+      updateItemRow(step, row, reminder.notificationId, result);
     } else {
       addItemRow(step, row, result);
     }
@@ -119,28 +111,20 @@ Id addOrUpdate(std::string_view procedureTag, const ItemChannel& channel, const 
 
 }  // namespace
 
-Id addNewApptEmailNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                               Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate(tag<"addNewApptEmailNotification">, email,
-                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+Id addNewApptEmailNotification(const ItemReminder& reminder) {
+  return addOrUpdate(tag<"addNewApptEmailNotification">, email, reminder);
 }
 
-Id addNewApptFaxNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                             Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate(tag<"addNewApptFaxNotification">, fax,
-                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+Id addNewApptFaxNotification(const ItemReminder& reminder) {
+  return addOrUpdate(tag<"addNewApptFaxNotification">, fax, reminder);
 }
 
-Id addNewApptLetterNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                                Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate(tag<"addNewApptLetterNotification">, letter,
-                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+Id addNewApptLetterNotification(const ItemReminder& reminder) {
+  return addOrUpdate(tag<"addNewApptLetterNotification">, letter, reminder);
 }
 
-Id addNewApptPhoneNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                               Id notificationNum, Id companyNum, Id contactNum) {
-  return addOrUpdate(tag<"addNewApptPhoneNotification">, phone,
-                     {kind, itemId, reminderDate, notificationNum, {companyNum, contactNum}});
+Id addNewApptPhoneNotification(const ItemReminder& reminder) {
+  return addOrUpdate(tag<"addNewApptPhoneNotification">, phone, reminder);
 }
 
 }  // namespace autonotify

@@ -27,9 +27,9 @@ struct FieldEdit {
 
 using FieldEdits = std::vector<FieldEdit>;
 
-void editNotification(std::string_view procedureTag, Id notificationId, const FieldEdits& edits,
+void editNotification(std::string_view frameTag, Id notificationId, const FieldEdits& edits,
                       const char* statement = notificationById) {
-  procedure(procedureTag, [&](Step& step) {
+  procedure(frameTag, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     const Rows row(step, statement, notificationId, keysetUpdate);
     if (!row) return;
@@ -40,82 +40,64 @@ void editNotification(std::string_view procedureTag, Id notificationId, const Fi
   });
 }
 
-FieldEdits emailEdits(const std::string& to, const std::string& cc, const std::string& bcc,
-                      const std::string& subject, const std::string& memo) {
-  return {{"Field1", to}, {"Field2", cc}, {"Field3", bcc}, {"Field4", subject}, {"Memo", memo}};
+FieldEdits editsOf(const EmailTexts& texts) {
+  return {{"Field1", texts.to},
+          {"Field2", texts.cc},
+          {"Field3", texts.bcc},
+          {"Field4", texts.subject},
+          {"Memo", texts.memo}};
 }
 
-FieldEdits faxEdits(const std::string& to, const std::string& from, const std::string& senderFax,
-                    const std::string& receiverFax, const std::string& pages,
-                    const std::string& subject, const std::string& memo) {
-  return {{"Field1", to},    {"Field2", from},    {"Field3", senderFax}, {"Field4", receiverFax},
-          {"Field5", pages}, {"Field6", subject}, {"Memo", memo}};
+FieldEdits editsOf(const FaxTexts& texts) {
+  return {{"Field1", texts.to},          {"Field2", texts.from},  {"Field3", texts.senderFax},
+          {"Field4", texts.receiverFax}, {"Field5", texts.pages}, {"Field6", texts.subject},
+          {"Memo", texts.memo}};
 }
 
-FieldEdits letterEdits(const std::string& memo) {
+FieldEdits editsOf(const PhoneTexts& texts) {
+  return {{"Field1", texts.to},
+          {"Field2", texts.number},
+          {"Field3", texts.times},
+          {"Memo", texts.memo}};
+}
+
+FieldEdits editsOfLetter(const std::string& memo) {
   return {{"Memo", memo, true}};
-}
-
-FieldEdits phoneEdits(const std::string& to, const std::string& number, const std::string& times,
-                      const std::string& memo) {
-  return {{"Field1", to}, {"Field2", number}, {"Field3", times}, {"Memo", memo}};
 }
 
 }  // namespace
 
-void editEmailNotification(Id notificationNum, const std::string& ToStr, const std::string& CcStr,
-                           const std::string& BccStr, const std::string& subjectStr,
-                           const std::string& memoStr) {
-  editNotification(tag<"editEmailNotification">, notificationNum,
-                   emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
+void editEmailNotification(Id notificationNum, const EmailTexts& texts) {
+  editNotification(tag<"editEmailNotification">, notificationNum, editsOf(texts));
 }
 
-void editFaxNotification(Id notificationNum, const std::string& ToStr, const std::string& FromStr,
-                         const std::string& SenderFaxStr, const std::string& ReceiverFaxStr,
-                         const std::string& PagesStr, const std::string& subjectStr,
-                         const std::string& memoStr) {
-  editNotification(
-      tag<"editFaxNotification">, notificationNum,
-      faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
+void editFaxNotification(Id notificationNum, const FaxTexts& texts) {
+  editNotification(tag<"editFaxNotification">, notificationNum, editsOf(texts));
 }
 
-void editLetterNotification(Id notificationNum, const std::string& memoStr) {
-  editNotification(tag<"editLetterNotification">, notificationNum, letterEdits(memoStr));
+void editLetterNotification(Id notificationNum, const std::string& memo) {
+  editNotification(tag<"editLetterNotification">, notificationNum, editsOfLetter(memo));
 }
 
-void editPhoneNotification(Id notificationNum, const std::string& ToStr,
-                           const std::string& PhoneNumberStr, const std::string& TimesStr,
-                           const std::string& memoStr) {
-  editNotification(tag<"editPhoneNotification">, notificationNum,
-                   phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
+void editPhoneNotification(Id notificationNum, const PhoneTexts& texts) {
+  editNotification(tag<"editPhoneNotification">, notificationNum, editsOf(texts));
 }
 
-void editApptEmailNotification(std::int32_t, Id notificationNum, const std::string& ToStr,
-                               const std::string& CcStr, const std::string& BccStr,
-                               const std::string& subjectStr, const std::string& memoStr) {
-  editNotification(itemTag<"editApptEmailNotification">, notificationNum,
-                   emailEdits(ToStr, CcStr, BccStr, subjectStr, memoStr));
+void editApptEmailNotification(std::int32_t, Id notificationNum, const EmailTexts& texts) {
+  editNotification(itemTag<"editApptEmailNotification">, notificationNum, editsOf(texts));
 }
 
-void editApptFaxNotification(std::int32_t, Id notificationNum, const std::string& ToStr,
-                             const std::string& FromStr, const std::string& SenderFaxStr,
-                             const std::string& ReceiverFaxStr, const std::string& PagesStr,
-                             const std::string& subjectStr, const std::string& memoStr) {
-  editNotification(
-      itemTag<"editApptFaxNotification">, notificationNum,
-      faxEdits(ToStr, FromStr, SenderFaxStr, ReceiverFaxStr, PagesStr, subjectStr, memoStr));
+void editApptFaxNotification(std::int32_t, Id notificationNum, const FaxTexts& texts) {
+  editNotification(itemTag<"editApptFaxNotification">, notificationNum, editsOf(texts));
 }
 
-void editApptLetterNotification(std::int32_t, Id notificationNum, const std::string& memoStr) {
-  editNotification(itemTag<"editApptLetterNotification">, notificationNum, letterEdits(memoStr),
-                   textOfNotification);
+void editApptLetterNotification(std::int32_t, Id notificationNum, const std::string& memo) {
+  constexpr std::string_view frameTag = itemTag<"editApptLetterNotification">;
+  editNotification(frameTag, notificationNum, editsOfLetter(memo), textOfNotification);
 }
 
-void editApptPhoneNotification(std::int32_t, Id notificationNum, const std::string& ToStr,
-                               const std::string& PhoneNumberStr, const std::string& TimesStr,
-                               const std::string& memoStr) {
-  editNotification(itemTag<"editApptPhoneNotification">, notificationNum,
-                   phoneEdits(ToStr, PhoneNumberStr, TimesStr, memoStr));
+void editApptPhoneNotification(std::int32_t, Id notificationNum, const PhoneTexts& texts) {
+  editNotification(itemTag<"editApptPhoneNotification">, notificationNum, editsOf(texts));
 }
 
 }  // namespace autonotify

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "channels/modChannelNotifications.h"
 #include "contract/enumerations.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
@@ -45,23 +46,24 @@ void copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(CurrentDayTimer
                                                                  Id newNotificationId,
                                                                  Id oldItemId);
 
-// Adding. The row `notificationNum` is written anew, without a stamp, when it is above 0; otherwise
+// Adding. The row `notificationId` is written anew, without a stamp, when it is above 0; otherwise
 // a row is added, without the stamps of its making. Gives the row's id; -1 when there is none. The
 // time of day of `reminderDate` is dropped. A client that is not given (below 0) is that of the
 // appointment with the item's id, for a time entry too: callers name a time entry's clients. A
 // letter takes the clients as they come. `notifyType` of the item is the caller's.
 
-Id addNewApptEmailNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                               Id notificationNum = noId, Id companyNum = noId,
-                               Id contactNum = noId);
-Id addNewApptFaxNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                             Id notificationNum = noId, Id companyNum = noId, Id contactNum = noId);
-Id addNewApptLetterNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                                Id notificationNum = noId, Id companyNum = noId,
-                                Id contactNum = noId);
-Id addNewApptPhoneNotification(CurrentDayTimerType kind, Id itemId, DateTime reminderDate,
-                               Id notificationNum = noId, Id companyNum = noId,
-                               Id contactNum = noId);
+struct ItemReminder {
+  CurrentDayTimerType kind;
+  Id itemId;
+  DateTime reminderDate;
+  Id notificationId = noId;
+  NotificationClient client = {};
+};
+
+Id addNewApptEmailNotification(const ItemReminder& reminder);
+Id addNewApptFaxNotification(const ItemReminder& reminder);
+Id addNewApptLetterNotification(const ItemReminder& reminder);
+Id addNewApptPhoneNotification(const ItemReminder& reminder);
 
 // Texts.
 
@@ -74,16 +76,9 @@ void resetApptNotificationBody(std::int32_t kind, Id notificationId, Id itemId);
 
 // Editing, as for schedule entries; the kind plays no part.
 
-void editApptEmailNotification(std::int32_t kind, Id notificationNum, const std::string& ToStr,
-                               const std::string& CcStr, const std::string& BccStr,
-                               const std::string& subjectStr, const std::string& memoStr);
-void editApptFaxNotification(std::int32_t kind, Id notificationNum, const std::string& ToStr,
-                             const std::string& FromStr, const std::string& SenderFaxStr,
-                             const std::string& ReceiverFaxStr, const std::string& PagesStr,
-                             const std::string& subjectStr, const std::string& memoStr);
-void editApptLetterNotification(std::int32_t kind, Id notificationNum, const std::string& memoStr);
-void editApptPhoneNotification(std::int32_t kind, Id notificationNum, const std::string& ToStr,
-                               const std::string& PhoneNumberStr, const std::string& TimesStr,
-                               const std::string& memoStr);
+void editApptEmailNotification(std::int32_t kind, Id notificationNum, const EmailTexts& texts);
+void editApptFaxNotification(std::int32_t kind, Id notificationNum, const FaxTexts& texts);
+void editApptLetterNotification(std::int32_t kind, Id notificationNum, const std::string& memo);
+void editApptPhoneNotification(std::int32_t kind, Id notificationNum, const PhoneTexts& texts);
 
 }  // namespace autonotify

@@ -14,6 +14,15 @@
 
 namespace autonotify {
 
+/// Who is to be notified. A company not below 0 comes before a contact; both are stored in the row.
+struct NotificationClient {
+  Id companyId = noId;
+  Id contactId = noId;
+
+  bool isCompany() const { return companyId >= 0; }
+  bool isContact() const { return !isCompany() && contactId >= 0; }
+};
+
 // From the schedule entry alone. The client is the entry's company, otherwise its contact; the text
 // is the merged template of the entry's kind. An entry without a client makes the email, fax and
 // phone procedures ask the error dialog; a letter is added with no client.
@@ -23,30 +32,38 @@ Id addNewFaxNotificationFromScheduleIDNum(Id scheduleID);
 Id addNewLetterNotificationFromScheduleIDNum(Id scheduleID);
 Id addNewPhoneNotificationFromScheduleIDNum(Id scheduleID);
 
-// From what the caller knows already: the client's ids, stored as given (a company not below 0
-// comes before a contact), the parts of the subject and the text. `taskID` is not used.
+// From what the caller knows already: the client, stored as given, the parts of the subject and
+// the text.
 
-using AddFromNameAndDueDate = Id(Id scheduleID, Id taskID, Id CompanyIDNum, Id ContactIDNum,
-                                 const std::string& scheduleName, DateTime dueDate,
-                                 const std::string& templateComment);
-AddFromNameAndDueDate addNewEmailNotificationFromScheduleNameAndDueDate;
-AddFromNameAndDueDate addNewFaxNotificationFromScheduleNameAndDueDate;
-AddFromNameAndDueDate addNewLetterNotificationFromScheduleNameAndDueDate;
-AddFromNameAndDueDate addNewPhoneNotificationFromScheduleNameAndDueDate;
+struct KnownEntry {
+  Id scheduleID;
+  NotificationClient client;
+  std::string scheduleName;
+  DateTime dueDate;
+  std::string templateComment;
+};
 
-// Editing. An empty argument leaves its field alone, so that a field cannot be cleared; only the
+Id addNewEmailNotificationFromScheduleNameAndDueDate(const KnownEntry& entry);
+Id addNewFaxNotificationFromScheduleNameAndDueDate(const KnownEntry& entry);
+Id addNewLetterNotificationFromScheduleNameAndDueDate(const KnownEntry& entry);
+Id addNewPhoneNotificationFromScheduleNameAndDueDate(const KnownEntry& entry);
+
+// Editing. An empty text leaves its field alone, so that a field cannot be cleared; only the
 // letter's text is always written. The modified stamp is written even when no field changes.
 
-void editEmailNotification(Id notificationNum, const std::string& ToStr, const std::string& CcStr,
-                           const std::string& BccStr, const std::string& subjectStr,
-                           const std::string& memoStr);
-void editFaxNotification(Id notificationNum, const std::string& ToStr, const std::string& FromStr,
-                         const std::string& SenderFaxStr, const std::string& ReceiverFaxStr,
-                         const std::string& PagesStr, const std::string& subjectStr,
-                         const std::string& memoStr);
-void editLetterNotification(Id notificationNum, const std::string& memoStr);
-void editPhoneNotification(Id notificationNum, const std::string& ToStr,
-                           const std::string& PhoneNumberStr, const std::string& TimesStr,
-                           const std::string& memoStr);
+struct EmailTexts {
+  std::string to, cc, bcc, subject, memo;
+};
+struct FaxTexts {
+  std::string to, from, senderFax, receiverFax, pages, subject, memo;
+};
+struct PhoneTexts {
+  std::string to, number, times, memo;
+};
+
+void editEmailNotification(Id notificationNum, const EmailTexts& texts);
+void editFaxNotification(Id notificationNum, const FaxTexts& texts);
+void editLetterNotification(Id notificationNum, const std::string& memo);
+void editPhoneNotification(Id notificationNum, const PhoneTexts& texts);
 
 }  // namespace autonotify

@@ -4,18 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "channels/modChannelNotifications.h"
 #include "contract/rows.h"
 
 namespace autonotify {
-
-/// Who is to be notified. A company not below 0 comes before a contact; both are stored in the row.
-struct NotificationClient {
-  Id companyId = noId;
-  Id contactId = noId;
-
-  bool isCompany() const { return companyId >= 0; }
-  bool isContact() const { return !isCompany() && contactId >= 0; }
-};
 
 /// The client of a schedule entry: its company if the client list knows it as one, otherwise its
 /// contact if the list knows that, otherwise nobody.

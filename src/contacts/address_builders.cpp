@@ -15,36 +15,31 @@ std::string blockOf(const AddressRecord& record, const AddressParts& parts, bool
 
 }  // namespace
 
-std::string createCompanyAddress(Id companyID, bool& includePerson, bool asRTF, Id firmID,
-                                 bool includeAddress, bool includePhones, bool includeEmail) {
+std::string createCompanyAddress(Id companyId, Id firmId, const AddressParts& parts,
+                                 bool& includePerson, bool asRTF) {
   return procedure(tag<"createCompanyAddress">, std::string{}, [&](Step& step, auto& result) {
-    const AddressParts parts{includeAddress, includePhones, includeEmail};
     AddressRecord record;
-    readCompanyAddress(step, companyID, firmID, parts, includePerson, record);
+    readCompanyAddress(step, companyId, firmId, parts, includePerson, record);
     result = blockOf(record, parts, includePerson, asRTF);
   });
 }
 
-std::string createBusinessContactAddress(Id contactID, bool asRTF, Id employeeID, Id companyID,
-                                         bool includeAddress, bool includePhones, bool includeEmail,
-                                         bool includeBusinessName) {
+std::string createBusinessContactAddress(const AddressPerson& person, Id companyId,
+                                         const AddressParts& parts, bool includeBusinessName,
+                                         bool asRTF) {
   const auto compose = [&](Step& step, std::string& result) {
-    const AddressParts parts{includeAddress, includePhones, includeEmail};
     AddressRecord record;
-    readBusinessAddress(step, {contactID, employeeID}, companyID, parts, includeBusinessName,
-                        record);
+    readBusinessAddress(step, person, companyId, parts, includeBusinessName, record);
     result = blockOf(record, parts, true, asRTF);
   };
   return procedure(tag<"createBusinessContactAddress">, std::string{}, compose);
 }
 
-std::string createPersonalContactAddress(Id contactID, bool asRTF, Id employeeID,
-                                         bool includeAddress, bool includePhones,
-                                         bool includeEmail) {
+std::string createPersonalContactAddress(const AddressPerson& person, const AddressParts& parts,
+                                         bool asRTF) {
   const auto compose = [&](Step& step, std::string& result) {
-    const AddressParts parts{includeAddress, includePhones, includeEmail};
     AddressRecord record;
-    readHomeAddress(step, {contactID, employeeID}, parts, record);
+    readHomeAddress(step, person, parts, record);
     result = createAddressWithContactInfo(record, true, asRTF);
   };
   return procedure(tag<"createPersonalContactAddress">, std::string{}, compose);

@@ -9,27 +9,12 @@
 
 namespace autonotify {
 
-/// Which parts of a record are wanted.
-struct AddressParts {
-  bool address = false;
-  bool phones = false;
-  bool email = false;
-
-  bool hasContactLines() const { return phones || email; }
-};
-
 /// The name that a contact goes by; empty when there is no such contact.
 std::optional<std::string> readDisplayName(Step& step, Id contactId);
 
 /// See createCompanyAddress.
 void readCompanyAddress(Step& step, Id companyId, Id firmId, const AddressParts& parts,
                         bool& includePerson, AddressRecord& record);
-
-/// A contact or, with `contactId` below 0, a member of staff.
-struct AddressPerson {
-  Id contactId = noId;
-  Id employeeId = noId;
-};
 
 /// See createBusinessContactAddress. The name of the person is read whatever the parts. False
 /// without such a person.

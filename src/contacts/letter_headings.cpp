@@ -12,11 +12,12 @@ namespace {
 template <FixedText name>
 constexpr std::string_view tag = procedureTag<"modAddressFormatting", name>;
 
+constexpr AddressParts addressAlone{.address = true};
 constexpr const char* twoLineEnds = "\r\n\r\n";
 
-void startHeading(std::string& heading, bool includeDate, DateTime date) {
+void startHeading(std::string& heading, const std::optional<DateTime>& date) {
   heading = " ";
-  if (includeDate) heading += formatDateTime(date, "mmmm d, yyyy") + twoLineEnds;
+  if (date) heading += formatDateTime(*date, "mmmm d, yyyy") + twoLineEnds;
 }
 
 void appendSalutation(Step& step, std::string& heading, Id contactId) {
@@ -36,65 +37,51 @@ void removeHeading(Step& step, RichTextBox& box, const std::string& heading) {
 
 }  // namespace
 
-std::string createInsertBusinessAddress(Id companyID, bool includeDate, DateTime date,
-                                        bool includeSalutation, bool asRTF) {
-  return procedure(
-      tag<"createInsertBusinessAddress">, std::string{}, [&](Step& step, std::string& result) {
-        if (companyID < 0 || !isDatabaseOpen(step)) return;
-        startHeading(result, includeDate, date);
-        bool person = true;
-        result += createCompanyAddress(companyID, person, asRTF, noId, true, false, false);
-        result += twoLineEnds;
-        if (!includeSalutation) return;
-        appendSalutation(step, result, checkForDefaultContact(companyID, noId));
-      });
+std::string createInsertBusinessAddress(Id companyId, const HeadingParts& parts) {
+  const auto compose = [&](Step& step, std::string& result) {
+    if (companyId < 0 || !isDatabaseOpen(step)) return;
+    startHeading(result, parts.date);
+    bool person = true;
+    result += createCompanyAddress(companyId, noId, addressAlone, person, parts.asRTF);
+    result += twoLineEnds;
+    if (!parts.salutation) return;
+    appendSalutation(step, result, checkForDefaultContact(companyId, noId));
+  };
+  return procedure(tag<"createInsertBusinessAddress">, std::string{}, compose);
 }
 
-std::string createInsertContactPersonalAddress(Id contactID, bool includeDate, DateTime date,
-                                               bool includeSalutation) {
-  return procedure(
-      tag<"createInsertContactPersonalAddress">, std::string{}, [&](Step& step, auto& result) {
-        if (contactID < 0 || !isDatabaseOpen(step)) return;
-        startHeading(result, includeDate, date);
-        result += createPersonalContactAddress(contactID, false, noId, true, false, false);
-        result += twoLineEnds;
-        if (includeSalutation) appendSalutation(step, result, contactID);
-      });
+std::string createInsertContactPersonalAddress(Id contactId, const HeadingParts& parts) {
+  const auto compose = [&](Step& step, std::string& result) {
+    if (contactId < 0 || !isDatabaseOpen(step)) return;
+    startHeading(result, parts.date);
+    result += createPersonalContactAddress({contactId, noId}, addressAlone, false);
+    result += twoLineEnds;
+    if (parts.salutation) appendSalutation(step, result, contactId);
+  };
+  return procedure(tag<"createInsertContactPersonalAddress">, std::string{}, compose);
 }
 
-void insertBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
-                           bool includeSalutation, bool asRTF) {
+void insertBusinessAddress(RichTextBox& box, Id companyId, const HeadingParts& parts) {
   procedure(tag<"insertBusinessAddress">, [&](Step& step) {
-    insertHeading(
-        step, box,
-        createInsertBusinessAddress(companyID, includeDate, date, includeSalutation, asRTF));
+    insertHeading(step, box, createInsertBusinessAddress(companyId, parts));
   });
 }
 
-void removeBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
-                           bool includeSalutation, bool asRTF) {
+void removeBusinessAddress(RichTextBox& box, Id companyId, const HeadingParts& parts) {
   procedure(tag<"removeBusinessAddress">, [&](Step& step) {
-    removeHeading(
-        step, box,
-        createInsertBusinessAddress(companyID, includeDate, date, includeSalutation, asRTF));
+    removeHeading(step, box, createInsertBusinessAddress(companyId, parts));
   });
 }
 
-void insertContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
-                                  bool includeSalutation) {
+void insertContactPersonalAddress(RichTextBox& box, Id contactId, const HeadingParts& parts) {
   procedure(tag<"insertContactPersonalAddress">, [&](Step& step) {
-    insertHeading(
-        step, box,
-        createInsertContactPersonalAddress(contactID, includeDate, date, includeSalutation));
+    insertHeading(step, box, createInsertContactPersonalAddress(contactId, parts));
   });
 }
 
-void removeContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
-                                  bool includeSalutation) {
+void removeContactPersonalAddress(RichTextBox& box, Id contactId, const HeadingParts& parts) {
   procedure(tag<"removeContactPersonalAddress">, [&](Step& step) {
-    removeHeading(
-        step, box,
-        createInsertContactPersonalAddress(contactID, includeDate, date, includeSalutation));
+    removeHeading(step, box, createInsertContactPersonalAddress(contactId, parts));
   });
 }
 

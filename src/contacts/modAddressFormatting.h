@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "platform/DateTime.h"
@@ -59,48 +60,64 @@ std::string createAddressWithContactInfo(const AddressRecord& record, bool inclu
 /// "\par " before every line end; all else stays.
 std::string convertToRTF(const std::string& text);
 
-/// The block of a company or, with `firmID` not below 0, of the firm itself. The person is the
+/// Which parts of a block are wanted.
+struct AddressParts {
+  bool address = false;
+  bool phones = false;
+  bool email = false;
+
+  bool hasContactLines() const { return phones || email; }
+};
+
+/// A contact or, with `contactId` below 0, a member of staff.
+struct AddressPerson {
+  Id contactId = noId;
+  Id employeeId = noId;
+};
+
+/// The block of a company or, with `firmId` not below 0, of the firm itself. The person is the
 /// company's default contact; without one `includePerson` is cleared, for the caller as well.
 /// Phones or email bring the lines of createAddressWithContactInfo.
-std::string createCompanyAddress(Id companyID, bool& includePerson, bool asRTF, Id firmID,
-                                 bool includeAddress, bool includePhones, bool includeEmail);
+std::string createCompanyAddress(Id companyId, Id firmId, const AddressParts& parts,
+                                 bool& includePerson, bool asRTF);
 
-/// The block of a contact at work or, with `contactID` below 0, of a member of staff. A contact
-/// that inherits from its company (staff: from its firm) takes the company's address before its
-/// own, part by part, but the company's phone and fax only in place of missing ones.
-std::string createBusinessContactAddress(Id contactID, bool asRTF, Id employeeID, Id companyID,
-                                         bool includeAddress, bool includePhones, bool includeEmail,
-                                         bool includeBusinessName);
+/// The block at work. A contact that inherits from its company (staff: from its firm) takes the
+/// company's address before its own, part by part, but the company's phone and fax only in place of
+/// missing ones. `companyId` is that of the contact's link.
+std::string createBusinessContactAddress(const AddressPerson& person, Id companyId,
+                                         const AddressParts& parts, bool includeBusinessName,
+                                         bool asRTF);
 
-/// The block of a contact or, with `contactID` below 0, of a member of staff at home.
-std::string createPersonalContactAddress(Id contactID, bool asRTF, Id employeeID,
-                                         bool includeAddress, bool includePhones,
-                                         bool includeEmail);
+/// The block at home.
+std::string createPersonalContactAddress(const AddressPerson& person, const AddressParts& parts,
+                                         bool asRTF);
 
 // Headings of letters: one blank, the date, the address block, the salutation; each ends in two
-// line ends. `asRTF` converts the block of the company alone. A rich-text box takes plain text, so
-// whoever wants to put a heading into one passes False.
+// line ends. A rich-text box takes plain text, so whoever wants to put a heading into one leaves
+// `asRTF` at False.
+
+struct HeadingParts {
+  /// None: the heading has no date.
+  std::optional<DateTime> date;
+  bool salutation = false;
+  /// Converts the block of a company; that of a contact stays plain.
+  bool asRTF = false;
+};
 
 /// Of a company: addressed to its default contact, who is greeted as well.
-std::string createInsertBusinessAddress(Id companyID, bool includeDate, DateTime date,
-                                        bool includeSalutation, bool asRTF);
+std::string createInsertBusinessAddress(Id companyId, const HeadingParts& parts);
 /// Of a contact at home.
-std::string createInsertContactPersonalAddress(Id contactID, bool includeDate, DateTime date,
-                                               bool includeSalutation);
+std::string createInsertContactPersonalAddress(Id contactId, const HeadingParts& parts);
 
 /// Puts the heading at the start of the box. An empty box gets a blank behind it, also where there
 /// is no heading.
-void insertBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
-                           bool includeSalutation, bool asRTF);
-void insertContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
-                                  bool includeSalutation);
+void insertBusinessAddress(RichTextBox& box, Id companyId, const HeadingParts& parts);
+void insertContactPersonalAddress(RichTextBox& box, Id contactId, const HeadingParts& parts);
 
 /// Takes the heading that would be inserted now out of the box again, found in any case. When it is
 /// not there to the letter, because it was edited or the date is another one, the box stays as it
 /// is.
-void removeBusinessAddress(RichTextBox& box, Id companyID, bool includeDate, DateTime date,
-                           bool includeSalutation, bool asRTF);
-void removeContactPersonalAddress(RichTextBox& box, Id contactID, bool includeDate, DateTime date,
-                                  bool includeSalutation);
+void removeBusinessAddress(RichTextBox& box, Id companyId, const HeadingParts& parts);
+void removeContactPersonalAddress(RichTextBox& box, Id contactId, const HeadingParts& parts);
 
 }  // namespace autonotify

@@ -29,8 +29,8 @@ class Recipients {
     if (!isWhole && client < 0) return;
     Rows rows(step_, isWhole ? statement : statementFor(statement, client), keysetRead);
     if (!rows) return;
-    if (source.rows == RecipientSource::Rows::first) return takeRow(rows, source);
-    if (source.rows == RecipientSource::Rows::people) keepDefaultContact(rows, source);
+    if (source.extent == RecipientSource::Extent::first) return takeRow(rows, source);
+    if (source.extent == RecipientSource::Extent::people) keepDefaultContact(rows, source);
     for (const RecipientColumn& column : source.columns) takeColumn(rows, column);
   }
 

@@ -16,7 +16,7 @@ namespace {
 template <FixedText name>
 constexpr std::string_view tag = procedureTag<"modDatabaseFunctions", name>;
 
-using enum RecipientSource::Rows;
+using enum RecipientSource::Extent;
 using Columns = RecipientColumn;
 
 // Emails.
@@ -114,27 +114,58 @@ constexpr const char* nameDefaults[] = {"DisplayName"};
 
 }  // namespace
 
-const RecipientList contactEmails{tag<"populateContactEmailAddressesInCombo">, contactEmailSources,
-                                  contactEmailDefaults};
-const RecipientList companyEmails{tag<"populateCompanyAndContactEmailAddressesInCombo">,
-                                  companyEmailSources, companyEmailDefaults};
-const RecipientList contactFaxes{tag<"populateContactFaxNumbersInCombo">, contactFaxSources,
-                                 contactFaxDefaults};
-const RecipientList companyFaxes{tag<"populateCompanyAndContactFaxNumbersInCombo">,
-                                 companyFaxSources, companyFaxDefaults};
-const RecipientList firmFaxes{tag<"populateAccountingFirmsAndStaffFaxNumbersInCombo">,
-                              firmFaxSources};
-const RecipientList contactFaxRecipient{tag<"populateContactFaxRecipientInCombo">,
-                                        std::span(contactNameSources).first(1)};
-const RecipientList companyFaxRecipients{tag<"populateCompanyAndContactFaxRecipientInCombo">,
-                                         companyNameSources, nameDefaults};
-const RecipientList contactNames{tag<"populateContactContactNamesInCombo">, contactNameSources};
-const RecipientList companyNames{tag<"populateCompanyContactNamesInCombo">,
-                                 std::span(companyNameSources).last(1), nameDefaults};
-const RecipientList contactPhones{tag<"populateContactPhoneNumbersInCombo">, contactPhoneSources,
-                                  contactPhoneDefaults};
-const RecipientList companyPhones{tag<"populateCompanyAndContactPhoneNumbersInCombo">,
-                                  companyPhoneSources, companyPhoneDefaults};
+const RecipientList contactEmails{
+    tag<"populateContactEmailAddressesInCombo">,
+    contactEmailSources,
+    contactEmailDefaults,
+};
+const RecipientList companyEmails{
+    tag<"populateCompanyAndContactEmailAddressesInCombo">,
+    companyEmailSources,
+    companyEmailDefaults,
+};
+const RecipientList contactFaxes{
+    tag<"populateContactFaxNumbersInCombo">,
+    contactFaxSources,
+    contactFaxDefaults,
+};
+const RecipientList companyFaxes{
+    tag<"populateCompanyAndContactFaxNumbersInCombo">,
+    companyFaxSources,
+    companyFaxDefaults,
+};
+const RecipientList firmFaxes{
+    tag<"populateAccountingFirmsAndStaffFaxNumbersInCombo">,
+    firmFaxSources,
+};
+const RecipientList contactFaxRecipient{
+    tag<"populateContactFaxRecipientInCombo">,
+    std::span(contactNameSources).first(1),
+};
+const RecipientList companyFaxRecipients{
+    tag<"populateCompanyAndContactFaxRecipientInCombo">,
+    companyNameSources,
+    nameDefaults,
+};
+const RecipientList contactNames{
+    tag<"populateContactContactNamesInCombo">,
+    contactNameSources,
+};
+const RecipientList companyNames{
+    tag<"populateCompanyContactNamesInCombo">,
+    std::span(companyNameSources).last(1),
+    nameDefaults,
+};
+const RecipientList contactPhones{
+    tag<"populateContactPhoneNumbersInCombo">,
+    contactPhoneSources,
+    contactPhoneDefaults,
+};
+const RecipientList companyPhones{
+    tag<"populateCompanyAndContactPhoneNumbersInCombo">,
+    companyPhoneSources,
+    companyPhoneDefaults,
+};
 const std::span<const RecipientSource> firmAndStaffEmails = firmEmailSources;
 
 }  // namespace autonotify::recipient_list

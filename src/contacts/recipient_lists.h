@@ -20,7 +20,7 @@ struct RecipientColumn {
 
 /// A statement, which of its rows are taken, and the columns in the order of the list.
 struct RecipientSource {
-  enum class Rows {
+  enum class Extent {
     first,
     /// Column by column; the first row with `DefaultContact` is the one that counts as the default.
     people,
@@ -29,7 +29,7 @@ struct RecipientSource {
   };
   /// Wants the client's id behind it, unless it ends in ";".
   const char* statement;
-  Rows rows;
+  Extent extent;
   std::span<const RecipientColumn> columns;
 };
 

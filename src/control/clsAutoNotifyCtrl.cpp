@@ -117,30 +117,30 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   // Adding and editing, by channel.
   FORWARD(Id, addNewEmailNotificationFromScheduleIDNum, (Id entry), entry)
   FORWARD(Id, addNewEmailNotificationFromScheduleNameAndDueDate,
-          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
-          task, company, contact, name, due, comment)
+          (Id entry, Id, Id company, Id contact, Text name, DateTime due, Text comment),
+          KnownEntry{entry, {company, contact}, name, due, comment})
   FORWARD(Id, addNewFaxNotificationFromScheduleIDNum, (Id entry), entry)
   FORWARD(Id, addNewFaxNotificationFromScheduleNameAndDueDate,
-          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
-          task, company, contact, name, due, comment)
+          (Id entry, Id, Id company, Id contact, Text name, DateTime due, Text comment),
+          KnownEntry{entry, {company, contact}, name, due, comment})
   FORWARD(Id, addNewLetterNotificationFromScheduleIDNum, (Id entry), entry)
   FORWARD(Id, addNewLetterNotificationFromScheduleNameAndDueDate,
-          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
-          task, company, contact, name, due, comment)
+          (Id entry, Id, Id company, Id contact, Text name, DateTime due, Text comment),
+          KnownEntry{entry, {company, contact}, name, due, comment})
   FORWARD(Id, addNewPhoneNotificationFromScheduleIDNum, (Id entry), entry)
   FORWARD(Id, addNewPhoneNotificationFromScheduleNameAndDueDate,
-          (Id entry, Id task, Id company, Id contact, Text name, DateTime due, Text comment), entry,
-          task, company, contact, name, due, comment)
+          (Id entry, Id, Id company, Id contact, Text name, DateTime due, Text comment),
+          KnownEntry{entry, {company, contact}, name, due, comment})
   FORWARD(void, editEmailNotification,
-          (Id row, Text to, Text cc, Text bcc, Text subject, Text memo), row, to, cc, bcc, subject,
-          memo)
+          (Id row, Text to, Text cc, Text bcc, Text subject, Text memo), row,
+          EmailTexts{to, cc, bcc, subject, memo})
   FORWARD(void, editFaxNotification,
           (Id row, Text to, Text from, Text sender, Text receiver, Text pages, Text subject,
            Text memo),
-          row, to, from, sender, receiver, pages, subject, memo)
+          row, FaxTexts{to, from, sender, receiver, pages, subject, memo})
   FORWARD(void, editLetterNotification, (Id row, Text memo), row, memo)
   FORWARD(void, editPhoneNotification, (Id row, Text to, Text number, Text times, Text memo), row,
-          to, number, times, memo)
+          PhoneTexts{to, number, times, memo})
 
   // Copying and deleting.
   FORWARD(void, copyOldNotificationInfoToNewNotification, (Id newRow, Id oldRow), newRow, oldRow)
@@ -164,28 +164,28 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   FORWARD(void, copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum,
           (Kind kind, Id newRow, Id oldItem), kind, newRow, oldItem)
   FORWARD(Id, addNewApptEmailNotification,
-          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
-          row, company, contact)
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact),
+          ItemReminder{kind, item, date, row, {company, contact}})
   FORWARD(Id, addNewApptFaxNotification,
-          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
-          row, company, contact)
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact),
+          ItemReminder{kind, item, date, row, {company, contact}})
   FORWARD(Id, addNewApptLetterNotification,
-          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
-          row, company, contact)
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact),
+          ItemReminder{kind, item, date, row, {company, contact}})
   FORWARD(Id, addNewApptPhoneNotification,
-          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact), kind, item, date,
-          row, company, contact)
+          (Kind kind, Id item, DateTime date, Id row, Id company, Id contact),
+          ItemReminder{kind, item, date, row, {company, contact}})
   FORWARD(void, editApptEmailNotification,
-          (Kind kind, Id row, Text to, Text cc, Text bcc, Text subject, Text memo), kind, row, to,
-          cc, bcc, subject, memo)
+          (Kind kind, Id row, Text to, Text cc, Text bcc, Text subject, Text memo), kind, row,
+          EmailTexts{to, cc, bcc, subject, memo})
   FORWARD(void, editApptFaxNotification,
           (Kind kind, Id row, Text to, Text from, Text sender, Text receiver, Text pages,
            Text subject, Text memo),
-          kind, row, to, from, sender, receiver, pages, subject, memo)
+          kind, row, FaxTexts{to, from, sender, receiver, pages, subject, memo})
   FORWARD(void, editApptLetterNotification, (Kind kind, Id row, Text memo), kind, row, memo)
   FORWARD(void, editApptPhoneNotification,
-          (Kind kind, Id row, Text to, Text number, Text times, Text memo), kind, row, to, number,
-          times, memo)
+          (Kind kind, Id row, Text to, Text number, Text times, Text memo), kind, row,
+          PhoneTexts{to, number, times, memo})
 
   // Dates and texts.
   FORWARD(std::int16_t, getNotificationPeriod, (Id total, Id schedule, bool forDisplay), total,

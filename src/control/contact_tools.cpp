@@ -56,15 +56,13 @@ constexpr RecipientMember members[] = {
 }  // namespace
 
 std::string composeAddress(const AddressWish& wish) {
+  const AddressParts parts{true, wish.phones, wish.email};
   bool includePerson = true;
-  if (wish.clientType == enumAutoNotifyCompany) {
-    return createCompanyAddress(wish.id, includePerson, wish.asRTF, noId, true, wish.phones,
-                                wish.email);
-  }
-  if (wish.home)
-    return createPersonalContactAddress(wish.id, wish.asRTF, noId, true, wish.phones, wish.email);
-  return createBusinessContactAddress(wish.id, wish.asRTF, noId, wish.companyId, true, wish.phones,
-                                      wish.email, true);
+  if (wish.clientType == enumAutoNotifyCompany)
+    return createCompanyAddress(wish.id, noId, parts, includePerson, wish.asRTF);
+  const AddressPerson person{.contactId = wish.id};
+  if (wish.home) return createPersonalContactAddress(person, parts, wish.asRTF);
+  return createBusinessContactAddress(person, wish.companyId, parts, true, wish.asRTF);
 }
 
 RecipientOffer listRecipients(enumAutoNotifyClientType clientType, Id clientId,

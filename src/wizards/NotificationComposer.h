@@ -17,6 +17,8 @@
 
 namespace autonotify {
 
+struct HeadingParts;
+
 /// What the composers of the four channels share: a window on one row of `ClientNotification`,
 /// which is the message. The fields are a working copy of it; Finish does what the mode requires.
 ///
@@ -119,6 +121,7 @@ class NotificationComposer : public Window {
   void putBusinessAddress(Step& step, Id id);
   void putPersonalAddress(Step& step, Id id, bool canTakeOut);
   DateTime addressDate(Step& step) const;
+  HeadingParts headingParts(Step& step) const;
 
   const ComposerChannel& channel_;
   std::vector<TextField> fields_;

@@ -37,16 +37,21 @@ DateTime NotificationComposer::addressDate(Step& step) const {
   return step.value(date, [] { return platformClock().today(); });
 }
 
+HeadingParts NotificationComposer::headingParts(Step& step) const {
+  const DateTime date = addressDate(step);
+  return {.date = channel_.addressHasDate ? std::optional(date) : std::nullopt};
+}
+
 void NotificationComposer::putBusinessAddress(Step& step, Id id) {
   const auto put = chkAddAddress.value() ? insertBusinessAddress : removeBusinessAddress;
-  put(rtbText, id, channel_.addressHasDate, addressDate(step), false, false);
+  put(rtbText, id, headingParts(step));
 }
 
 /// Where nothing is taken out, unticking puts the address in a second time, as staff know it.
 void NotificationComposer::putPersonalAddress(Step& step, Id id, bool canTakeOut) {
   const bool takesOut = canTakeOut && !chkAddAddress.value();
   const auto put = takesOut ? removeContactPersonalAddress : insertContactPersonalAddress;
-  put(rtbText, id, channel_.addressHasDate, addressDate(step), false);
+  put(rtbText, id, headingParts(step));
 }
 
 }  // namespace autonotify

@@ -21,11 +21,11 @@ constexpr ComposerChannel emailChannel{
     .addressHasDate = true,
     .editForSchedule =
         [](Id id, const FieldTexts& field, const std::string& memo) {
-          editEmailNotification(id, field[0], field[1], field[2], field[3], memo);
+          editEmailNotification(id, {field[0], field[1], field[2], field[3], memo});
         },
     .editForItem =
         [](ItemKind kind, Id id, const FieldTexts& field, const std::string& memo) {
-          editApptEmailNotification(kind, id, field[0], field[1], field[2], field[3], memo);
+          editApptEmailNotification(kind, id, {field[0], field[1], field[2], field[3], memo});
         },
 };
 

@@ -13,9 +13,12 @@ namespace {
 
 constexpr DateTime day = DateTime::of(2026, 4, 5);
 constexpr Id company = 1, al = 1, jo = 2;
+constexpr AddressParts all{true, true, true};
+constexpr AddressPerson contact{.contactId = jo}, staff{.employeeId = 1};
+const HeadingParts greeted{day, true};
 
 /// One company and its two contacts, of whom Al is the default.
-void fillAddressBook(Rows rows) {
+void fillAddressBook(TableRows rows) {
   const Id main = rows.addRow("Categories", {{"CategoryName", "Main"}, {"CategorySpecialCode", 1}});
   const Id category =
       rows.addRow("Categories", {{"CategoryName", "Clients"}, {"CategoryNum", main}});
@@ -61,20 +64,17 @@ const WalkedOperation operations[] = {
     gives("companyAddress", "",
           [] {
             bool person = true;
-            return createCompanyAddress(company, person, true, noId, true, true, true);
+            return createCompanyAddress(company, noId, all, person, true);
           }),
     gives("atWork", "",
-          [] {
-            return createBusinessContactAddress(jo, false, noId, company, true, true, true, true);
-          }),
+          [] { return createBusinessContactAddress(contact, company, all, true, false); }),
     gives("staffAtWork", "",
-          [] { return createBusinessContactAddress(noId, false, 1, 7, true, true, true, true); }),
-    gives("atHome", "",
-          [] { return createPersonalContactAddress(jo, false, noId, true, true, true); }),
+          [] { return createBusinessContactAddress(staff, 7, all, true, false); }),
+    gives("atHome", "", [] { return createPersonalContactAddress(contact, all, false); }),
     changes("heading", "", " ",
-            [](RichTextBox& box) { insertBusinessAddress(box, company, true, day, true, false); }),
+            [](RichTextBox& box) { insertBusinessAddress(box, company, greeted); }),
     changes("removal", headed, headed,
-            [](RichTextBox& box) { removeContactPersonalAddress(box, jo, false, day, false); }),
+            [](RichTextBox& box) { removeContactPersonalAddress(box, jo, {}); }),
     lists("companyEmails", company, companyEmails),
     lists("contactEmails", jo, contactEmails),
     lists("companyFaxes", company, populateCompanyAndContactFaxNumbersInCombo),

@@ -62,6 +62,8 @@ TEST_F(HostTest, ContactLinesStandInOrderAndRTFConvertsTheBlockTwice) {
   EXPECT_EQ(createAddressWithContactInfo(record, true, true), "");
 }
 
+constexpr AddressParts everything{true, true, true};
+
 class Addresses : public HostTest {
  protected:
   Id company = addRow("Companies", {{"CompanyName", "Acme"},
@@ -91,17 +93,17 @@ class Addresses : public HostTest {
 };
 
 TEST_F(Addresses, OfACompanyWithAndWithoutDefaultContact) {
-  EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, true, false, false)),
+  EXPECT_EQ(shown(createCompanyAddress(company, noId, {true, false, false}, person, false)),
             "Acme|1 Elm|Ottawa");
   EXPECT_FALSE(person) << "no default contact";
   linkDefaultContact(contact, company);
   person = true;
-  EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, true, true, true)),
+  EXPECT_EQ(shown(createCompanyAddress(company, noId, everything, person, false)),
             "Acme|Jo Park|1 Elm|Ottawa|Phone: 1|Fax: 2|Email: a@x");
   EXPECT_TRUE(person);
-  EXPECT_EQ(shown(createCompanyAddress(company, person, false, noId, false, false, true)),
+  EXPECT_EQ(shown(createCompanyAddress(company, noId, {false, false, true}, person, false)),
             "Jo Park||Email: a@x");
-  EXPECT_EQ(shown(createCompanyAddress(noId, person, false, firm, true, false, false)),
+  EXPECT_EQ(shown(createCompanyAddress(noId, firm, {true, false, false}, person, false)),
             "Firm|7 Ash|");
 }
 
@@ -112,26 +114,22 @@ TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
       addRow("AccountantEmployeeInfo",
              {{"DisplayName", "Cy"}, {"CompanyNum", firm}, {"InheritCompanyInfo", "False"}});
   const AddressPerson jo{.contactId = contact};
-  const AddressParts all{true, true, true};
   const std::tuple<AddressPerson, Id, AddressParts, bool, const char*> cases[] = {
-      {jo, noId, all, true, "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x"},
-      {jo, company, all, true,
+      {jo, noId, everything, true, "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x"},
+      {jo, company, everything, true,
        "Jo Inc|Jo Park|1 Elm|Ottawa, QC|Phone: 3|Fax: 2|Cell: 4|Email: jo@x"},
       {jo, company, {}, false, "Jo Park|"},
       {jo, company, {}, true, "Jo Inc|Jo Park|"},
       {jo, company, {.address = true}, false, "Jo Inc|Jo Park|1 Elm|Ottawa, QC"},
       {jo, company, {.phones = true}, false, "Jo Park||Phone: 3|Fax: 2|Cell: 4"},
       {jo, company, {.email = true}, false, "Jo Park||Email: jo@x"},
-      {{.contactId = other}, company, all, true, "Ed Co|Ed|2 Fir|"},
-      {{.employeeId = staff}, company, all, true, "Al|7 Ash||Phone: 8"},
-      {{.employeeId = otherStaff}, company, all, true, "Cy|"},
-      {{.contactId = 99}, company, all, true, ""},
-      {{}, company, all, true, ""}};
+      {{.contactId = other}, company, everything, true, "Ed Co|Ed|2 Fir|"},
+      {{.employeeId = staff}, company, everything, true, "Al|7 Ash||Phone: 8"},
+      {{.employeeId = otherStaff}, company, everything, true, "Cy|"},
+      {{.contactId = 99}, company, everything, true, ""},
+      {{}, company, everything, true, ""}};
   for (const auto& [who, ofCompany, parts, withName, block] : cases)
-    EXPECT_EQ(
-        shown(createBusinessContactAddress(who.contactId, false, who.employeeId, ofCompany,
-                                           parts.address, parts.phones, parts.email, withName)),
-        block);
+    EXPECT_EQ(shown(createBusinessContactAddress(who, ofCompany, parts, withName, false)), block);
 }
 
 TEST_F(Addresses, PutEachColumnInItsPlace) {
@@ -147,65 +145,64 @@ TEST_F(Addresses, PutEachColumnInItsPlace) {
                                      "Country", "OfficeNumber", "FaxNumber", "Email"});
   const Id heir = addRow("Contacts", {{"InheritCompanyInfo", "True"}});
   const auto atWork = [](Id id, Id ofCompany) {
-    return shown(createBusinessContactAddress(id, false, noId, ofCompany, true, true, true, true));
+    return shown(createBusinessContactAddress({id, noId}, ofCompany, everything, true, false));
   };
   EXPECT_EQ(atWork(full, noId),
             "BusinessName|DisplayName|BusinessAddress|BusinessCity, BusinessProvince  "
             "BusinessPostalCode|BusinessCountry|Phone: BusinessPhone_Main|Fax: BusinessPhone_Fax|"
             "Cell: BusinessPhone_Cell|Email: BusinessEmail");
-  EXPECT_EQ(shown(createPersonalContactAddress(full, false, noId, true, true, true)),
+  EXPECT_EQ(shown(createPersonalContactAddress({full, noId}, everything, false)),
             "DisplayName|HomeAddress|HomeCity, HomeProvince  HomePostalCode|HomeCountry|"
             "Phone: HomePhone_Main|Fax: HomePhone_Fax|Cell: HomePhone_Cell|Email: PersonalEmail");
   const std::string place = "Address|City, Province  PostalCode|Country|";
   const std::string numbers = "Phone: OfficeNumber|Fax: FaxNumber";
   EXPECT_EQ(atWork(heir, fullCompany), place + numbers);
-  EXPECT_EQ(shown(createCompanyAddress(fullCompany, person, false, noId, true, true, true)),
+  EXPECT_EQ(shown(createCompanyAddress(fullCompany, noId, everything, person, false)),
             "CompanyName|" + place + numbers + "|Email: Email");
 }
 
 TEST_F(Addresses, AtHome) {
-  EXPECT_EQ(shown(createPersonalContactAddress(contact, false, noId, true, true, true)),
+  EXPECT_EQ(shown(createPersonalContactAddress({contact, noId}, everything, false)),
             "Jo Park|5 Fir||Phone: 6|Email: jo@home");
-  EXPECT_EQ(shown(createPersonalContactAddress(noId, true, staff, true, false, false)),
+  EXPECT_EQ(shown(createPersonalContactAddress({noId, staff}, {true, false, false}, true)),
             "Al\\par \\par |3 Bay\\par \\par |");
 }
 
 TEST_F(Addresses, HeadingsComeIntoABoxAndOutAgain) {
   const DateTime day = DateTime::of(2026, 4, 5);
-  EXPECT_EQ(shown(createInsertBusinessAddress(company, false, day, true, false)),
-            " Acme|1 Elm|Ottawa||")
+  EXPECT_EQ(shown(createInsertBusinessAddress(company, {{}, true})), " Acme|1 Elm|Ottawa||")
       << "nobody to greet";
   linkDefaultContact(contact, company);
-  EXPECT_EQ(shown(createInsertBusinessAddress(company, false, day, false, true)),
+  EXPECT_EQ(shown(createInsertBusinessAddress(company, {{}, false, true})),
             " Acme\\par |Jo Park\\par |1 Elm\\par |Ottawa||");
-  EXPECT_EQ(shown(createInsertBusinessAddress(company, true, day, true, false)),
+  EXPECT_EQ(shown(createInsertBusinessAddress(company, {day, true})),
             " April 5, 2026||Acme|Jo Park|1 Elm|Ottawa||Dear Jo Park,||");
-  EXPECT_EQ(shown(createInsertContactPersonalAddress(contact, false, day, true)),
+  EXPECT_EQ(shown(createInsertContactPersonalAddress(contact, {{}, true})),
             " Jo Park|5 Fir|||Dear Jo Park,||");
-  EXPECT_EQ(createInsertBusinessAddress(noId, true, day, true, false), "");
+  EXPECT_EQ(createInsertBusinessAddress(noId, {day, true}), "");
 
   RichTextBox box;
   box.setTextRTF("{\\rtf1 Your \\b return\\b0  is due.}");
   const std::string before = box.textRTF();
-  insertBusinessAddress(box, company, true, day, true, false);
+  insertBusinessAddress(box, company, {day, true});
   EXPECT_EQ(shown(box.text()),
             " April 5, 2026||Acme|Jo Park|1 Elm|Ottawa||Dear Jo Park,||Your return is due.");
   const std::string with = box.textRTF();
-  removeBusinessAddress(box, company, true, day.addDays(1), true, false);
+  removeBusinessAddress(box, company, {day.addDays(1), true});
   EXPECT_EQ(box.textRTF(), with) << "the heading is of another day";
-  removeBusinessAddress(box, company, true, day, true, false);
+  removeBusinessAddress(box, company, {day, true});
   EXPECT_EQ(box.textRTF(), before);
 
   RichTextBox empty;
-  insertContactPersonalAddress(empty, contact, false, day, false);
+  insertContactPersonalAddress(empty, contact, {});
   EXPECT_EQ(shown(empty.text()), " Jo Park|5 Fir||| ");
-  removeContactPersonalAddress(empty, contact, false, day, false);
+  removeContactPersonalAddress(empty, contact, {});
   EXPECT_EQ(empty.text(), " ");
 
   RichTextBox ofNobody;
-  insertBusinessAddress(ofNobody, noId, true, day, true, false);
+  insertBusinessAddress(ofNobody, noId, {day, true});
   EXPECT_EQ(ofNobody.text(), " ") << "an empty box gets its blank without a heading as well";
-  removeBusinessAddress(ofNobody, noId, true, day, true, false);
+  removeBusinessAddress(ofNobody, noId, {day, true});
   EXPECT_EQ(ofNobody.text(), " ");
 }
 

@@ -7,7 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using OpenRows = autonotify::Rows;
 
 constexpr const char* tag = "Morvane.exe-modTest-test";
 constexpr const char* byId =
@@ -35,7 +34,7 @@ class RowsInUse : public HostTest {
 TEST_F(RowsInUse, AreClosedAtTheEndOfTheirScope) {
   for (const Id id : {1, 999}) {
     const auto made = callsIn([&](Step& step) {
-      if (OpenRows row(step, byId, id, keysetRead); row) row.value("Field1");
+      if (Rows row(step, byId, id, keysetRead); row) row.value("Field1");
       step.run([] { autonotify::clients().getListOrder(); });
     });
     EXPECT_EQ(made.size(), id == 1 ? 5u : 4u);
@@ -44,7 +43,7 @@ TEST_F(RowsInUse, AreClosedAtTheEndOfTheirScope) {
   // Also while something else is on its way out.
   struct AtEnd {
     ~AtEnd() {
-      procedure(tag, [](Step& step) { OpenRows(step, all, keysetRead); });
+      procedure(tag, [](Step& step) { Rows(step, all, keysetRead); });
     }
   };
   EXPECT_THROW(callsIn([](Step&) {
@@ -58,12 +57,12 @@ TEST_F(RowsInUse, AreClosedAtTheEndOfTheirScope) {
 TEST_F(RowsInUse, StayOpenWhenTheProcedureIsLeft) {
   errors.answer({error_choice::leave, error_choice::leave});
   const auto openAndRead = [](Step& step) {
-    for (const Row& row : OpenRows(step, all, keysetRead)) row.text("Field1");
+    for (const Row& row : Rows(step, all, keysetRead)) row.text("Field1");
   };
   EXPECT_THAT(callsIn(openAndRead, 4),
               ElementsAre("openRecordset", "hasRecords", "isEndOfRecordset", "getFieldValue"));
   const auto openAndGoOn = [](Step& step) {
-    { OpenRows(step, all, keysetRead); }
+    { Rows(step, all, keysetRead); }
     ADD_FAILURE() << "left while closing";
   };
   EXPECT_THAT(callsIn(openAndGoOn, 3),
@@ -72,7 +71,7 @@ TEST_F(RowsInUse, StayOpenWhenTheProcedureIsLeft) {
 
 TEST_F(RowsInUse, OpenNothingForAnIdBelowZero) {
   EXPECT_THAT(callsIn([](Step& step) {
-                OpenRows rows(step, byId, noId, keysetUpdate);
+                Rows rows(step, byId, noId, keysetUpdate);
                 EXPECT_FALSE(rows);
                 for (const Row& row : rows) row.write("Field1", "x");
               }),
@@ -85,7 +84,7 @@ TEST_F(RowsInUse, AreWalkedUntilTheEndOrASkippedTestForIt) {
     std::string seen;
     callsIn(
         [&](Step& step) {
-          for (const Row& row : OpenRows(step, all, forwardRead)) seen += row.text("Field1") + " ";
+          for (const Row& row : Rows(step, all, forwardRead)) seen += row.text("Field1") + " ";
         },
         failed);
     EXPECT_EQ(seen, texts);
@@ -97,7 +96,7 @@ TEST_F(RowsInUse, ReturnToAPlaceThatTheyHold) {
   for (const int failed : {0, 3}) {
     const auto made = callsIn(
         [&](Step& step) {
-          const OpenRows rows(step, all, keysetRead);
+          const Rows rows(step, all, keysetRead);
           const auto place = rows.place();
           step.run([&] { autonotify::database().moveNext(rows.handle()); });
           rows.goTo(place);
@@ -119,7 +118,7 @@ TEST_F(RowsInUse, ReadTheFallbackWhereNothingStandsOrAStatementIsSkipped) {
     if (*c.text && c.read == 7) errors.answer({error_choice::next});
     callsIn(
         [&](Step& step) {
-          const OpenRows row(step, byId, id, keysetRead);
+          const Rows row(step, byId, id, keysetRead);
           EXPECT_EQ(row.id("Field2", 7), c.read) << c.text << " " << c.failed;
         },
         c.failed);
@@ -130,7 +129,7 @@ TEST_F(RowsInUse, ConvertWhatIsWrittenWithinTheStatement) {
   errors.answer({error_choice::next});
   EXPECT_THAT(columnsWrittenBy([] {
                 procedure(tag, [](Step& step) {
-                  const OpenRows row(step, byId, 1, keysetUpdate);
+                  const Rows row(step, byId, 1, keysetUpdate);
                   row.write("Field1", [] { return Value{}; });  // a null has no text
                   row.write("Field2", "text");
                   row.write("NotificationSent", true);

@@ -35,9 +35,9 @@ class ComponentHost : public TestHost {
 };
 
 /// A test on such a host.
-class ComponentTest : public testing::Test, public ComponentHost, public Rows {
+class ComponentTest : public testing::Test, public ComponentHost, public TableRows {
  protected:
-  ComponentTest() : Rows(*plainDatabase) {}
+  ComponentTest() : TableRows(*plainDatabase) {}
   ~ComponentTest() override {
     EXPECT_EQ(errors.answersLeft(), 0u);
     EXPECT_EQ(errors.entered(), errors.left());

@@ -21,7 +21,7 @@ constexpr Id company = 2, contact = 3, client = 4, entry = 5, oldEntry = 6, task
 constexpr Id meeting = 9, twin = 10, emailRow = 21, faxRow = 22, oldRow = 23, meetingRow = 24;
 constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 
-void fillOffice(Rows rows) {
+void fillOffice(TableRows rows) {
   for (const auto& [table, last] : {std::pair{"Companies", company},
                                     {"Contacts", contact},
                                     {"ClientData", client},
@@ -91,16 +91,26 @@ Operation operation(const char* name, std::string tag, Call call, Procedure proc
 }
 
 // CONTROL(procedure, arguments): the operation of the control that passes all its arguments on to
-// its procedure; ADDS does so for all channels. CONTROL_AS and TOOL name the operation and the call
-// that it stands for.
+// its procedure. CONTROL_AS and TOOL name the operation and the call that it stands for; ADDS_...
+// do so for the adds of a channel.
 #define CONTROL(procedure, ...) CONTROL_AS(cls_##procedure, (__VA_ARGS__), procedure(__VA_ARGS__))
 #define CONTROL_AS(operation, arguments, call)                      \
   OPERATION(operation, "Morvane.exe-clsAutoNotifyCtrl-" #operation, \
             host.control->operation arguments, call)
-#define ADDS(item, rest, ...)                                                                     \
-  CONTROL(addNew##item##Email##rest, __VA_ARGS__), CONTROL(addNew##item##Fax##rest, __VA_ARGS__), \
-      CONTROL(addNew##item##Letter##rest, __VA_ARGS__),                                           \
-      CONTROL(addNew##item##Phone##rest, __VA_ARGS__)
+#define ADDS_FOR_ENTRY(channel)                                               \
+  CONTROL(addNew##channel##NotificationFromScheduleIDNum, entry),             \
+      CONTROL_AS(cls_addNew##channel##NotificationFromScheduleNameAndDueDate, \
+                 (oldEntry, task, company, contact, "GST", dueDate, "Hello"), \
+                 addNew##channel##NotificationFromScheduleNameAndDueDate(     \
+                     {oldEntry, {company, contact}, "GST", dueDate, "Hello"}))
+#define ADDS_FOR_ITEM(channel)                                                            \
+  CONTROL_AS(cls_addNewAppt##channel##Notification,                                       \
+             (Appointments, twin, dueDate, emailRow, company, contact),                   \
+             addNewAppt##channel##Notification(                                           \
+                 {Appointments, twin, dueDate, emailRow, {company, contact}})),           \
+      CONTROL_AS(cls_addNewAppt##channel##Notification, (Appointments, meeting, dueDate), \
+                 addNewAppt##channel##Notification({Appointments, meeting, dueDate}))
+#define FOR_ALL_CHANNELS(each) each(Email), each(Fax), each(Letter), each(Phone)
 #define TOOL(operation, arguments, tag, call) \
   OPERATION(operation, tag, host.library.createTools()->operation arguments, call)
 #define OPERATION(name, tag, call, procedure) \
@@ -128,19 +138,17 @@ const Operation operations[] = {
     CONTROL(IsFaxSelected, 2),
     CONTROL(IsLetterSelected, 4),
     CONTROL(IsPhoneSelected, 8),
-    ADDS(, NotificationFromScheduleIDNum, entry),
-    ADDS(, NotificationFromScheduleNameAndDueDate, oldEntry, task, company, contact, "GST", dueDate,
-         "Hello"),
-    CONTROL(editEmailNotification, emailRow, "a", "b", "c", "d", "e"),
-    CONTROL_AS(cls_editEmailNotification, (emailRow),
-               editEmailNotification(emailRow, "", "", "", "", "")),
-    CONTROL(editFaxNotification, faxRow, "a", "b", "c", "d", "e", "f", "g"),
-    CONTROL_AS(cls_editFaxNotification, (faxRow),
-               editFaxNotification(faxRow, "", "", "", "", "", "", "")),
+    FOR_ALL_CHANNELS(ADDS_FOR_ENTRY),
+    CONTROL_AS(cls_editEmailNotification, (emailRow, "a", "b", "c", "d", "e"),
+               editEmailNotification(emailRow, {"a", "b", "c", "d", "e"})),
+    CONTROL_AS(cls_editEmailNotification, (emailRow), editEmailNotification(emailRow, {})),
+    CONTROL_AS(cls_editFaxNotification, (faxRow, "a", "b", "c", "d", "e", "f", "g"),
+               editFaxNotification(faxRow, {"a", "b", "c", "d", "e", "f", "g"})),
+    CONTROL_AS(cls_editFaxNotification, (faxRow), editFaxNotification(faxRow, {})),
     CONTROL(editLetterNotification, emailRow, "a"),
-    CONTROL(editPhoneNotification, emailRow, "a", "b", "c", "d"),
-    CONTROL_AS(cls_editPhoneNotification, (emailRow),
-               editPhoneNotification(emailRow, "", "", "", "")),
+    CONTROL_AS(cls_editPhoneNotification, (emailRow, "a", "b", "c", "d"),
+               editPhoneNotification(emailRow, {"a", "b", "c", "d"})),
+    CONTROL_AS(cls_editPhoneNotification, (emailRow), editPhoneNotification(emailRow, {})),
     CONTROL(copyOldNotificationInfoToNewNotificationByScheduleIDNum, emailRow, oldEntry),
     CONTROL_AS(cls_deleteNotification, (oldRow), void(deleteNotification(oldRow))),
     CONTROL(deleteApptNotification, Appointments, nt_Email, meeting),
@@ -152,18 +160,21 @@ const Operation operations[] = {
     CONTROL(changeApptNotificationStatus, Appointments, nt_Fax, nt_RemoveStatus, meeting),
     CONTROL(copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum, Appointments, oldRow,
             meeting),
-    ADDS(Appt, Notification, Appointments, twin, dueDate, emailRow, company, contact),
-    ADDS(Appt, Notification, Appointments, meeting, dueDate),
-    CONTROL(editApptEmailNotification, Dockets, meetingRow, "a", "b", "c", "d", "e"),
+    FOR_ALL_CHANNELS(ADDS_FOR_ITEM),
+    CONTROL_AS(cls_editApptEmailNotification, (Dockets, meetingRow, "a", "b", "c", "d", "e"),
+               editApptEmailNotification(Dockets, meetingRow, {"a", "b", "c", "d", "e"})),
     CONTROL_AS(cls_editApptEmailNotification, (Tasks, meetingRow),
-               editApptEmailNotification(Tasks, meetingRow, "", "", "", "", "")),
-    CONTROL(editApptFaxNotification, Dockets, meetingRow, "a", "b", "c", "d", "e", "f", "g"),
+               editApptEmailNotification(Tasks, meetingRow, {})),
+    CONTROL_AS(cls_editApptFaxNotification,
+               (Dockets, meetingRow, "a", "b", "c", "d", "e", "f", "g"),
+               editApptFaxNotification(Dockets, meetingRow, {"a", "b", "c", "d", "e", "f", "g"})),
     CONTROL_AS(cls_editApptFaxNotification, (Tasks, meetingRow),
-               editApptFaxNotification(Tasks, meetingRow, "", "", "", "", "", "", "")),
+               editApptFaxNotification(Tasks, meetingRow, {})),
     CONTROL(editApptLetterNotification, Dockets, meetingRow, "a"),
-    CONTROL(editApptPhoneNotification, Dockets, meetingRow, "a", "b", "c", "d"),
+    CONTROL_AS(cls_editApptPhoneNotification, (Dockets, meetingRow, "a", "b", "c", "d"),
+               editApptPhoneNotification(Dockets, meetingRow, {"a", "b", "c", "d"})),
     CONTROL_AS(cls_editApptPhoneNotification, (Tasks, meetingRow),
-               editApptPhoneNotification(Tasks, meetingRow, "", "", "", "")),
+               editApptPhoneNotification(Tasks, meetingRow, {})),
     CONTROL(getNotificationPeriod, 103, 1, true),
     CONTROL_AS(cls_getNotificationPeriod, (103, 1), getNotificationPeriod(103, 1, false)),
     CONTROL(refreshNotificationDate, oldEntry),

@@ -67,7 +67,7 @@ TEST_F(Properties, UtilitiesComeAndGoWithEachControl) {
   EXPECT_THAT(takeLog(), ElementsAre("-FileUtility", "-GeneralUtilities", "-ValidationUtilities"));
   first->put_DatabaseReference(&database);
   errors.answer({error_choice::leave});
-  const Id entry = Rows(*plainDatabase).addRow("Schedule", {{"Year", 2026}});
+  const Id entry = TableRows(*plainDatabase).addRow("Schedule", {{"Year", 2026}});
   EXPECT_FALSE(first->cls_getNotificationStatus(entry, nt_Email));
   EXPECT_EQ(errors.recorded().at(0).number, error_number::objectNotSet);
   auto third = library.createControl();
@@ -93,7 +93,7 @@ TEST_F(Properties, FirstAssignmentWinsButForTheClientList) {
   for (TestHost* host : {static_cast<TestHost*>(this), &other}) lendServices(*host, *control);
   EXPECT_EQ(control->get_DatabaseReference(), &database);
 
-  Rows rows(*plainDatabase);
+  TableRows rows(*plainDatabase);
   const Id entry = rows.addSchedule(101, 1, DateTime::of(2026, 4, 30),
                                     {{"ClientNum", rows.addClient("Maple Ltd", "Jo").clientNum}});
   other.calls.record(true);

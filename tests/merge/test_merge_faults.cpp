@@ -14,7 +14,7 @@ const string mergedLetter =
     "Dear Anna Lee, Elm Ltd. of Guelph is due on April 30, 2026 ( , , 45 min).";
 
 /// One client with a task, whose keys are all 1, labels and a document.
-void fillOffice(Rows rows) {
+void fillOffice(TableRows rows) {
   rows.addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
   rows.addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
   rows.addRow("Companies", {{"CompanyName", "Elm Ltd."}, {"City", "Guelph"}, {"Province", "ON"}});

@@ -100,8 +100,8 @@ TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
   for (int choice : {error_choice::next, error_choice::leave}) {
     const Id entry = addSchedule(103, 1, DateTime{});
     errors.answer({choice});
-    const Id added = addNewLetterNotificationFromScheduleNameAndDueDate(entry, noId, noId, noId,
-                                                                        "GST", monday, "Hello");
+    const Id added =
+        addNewLetterNotificationFromScheduleNameAndDueDate({entry, {}, "GST", monday, "Hello"});
     EXPECT_EQ(notification(added, "NotificationDate"), "NULL|\n");
   }
   setFirmCode(firmSpecificCode);

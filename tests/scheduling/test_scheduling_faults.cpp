@@ -17,7 +17,7 @@ constexpr Id entry = 1, storedKind = 1, newUser = 7, knownUser = 8;
 const std::string noDate = dateTimeText(DateTime{});
 
 /// One schedule entry with two notifications, due after a holiday.
-void fillOffice(Rows rows) {
+void fillOffice(TableRows rows) {
   rows.addHoliday(DateTime::of(2026, 11, 20), "");
   rows.addKind(103, 1, 2, "{\\rtf1 \\'abCompany Name\\'bb: \\'abTask Name\\'bb}");
   const TestClient client = rows.addClient("Acme Ltd.", "Jane Smith");

@@ -115,7 +115,7 @@ TEST_P(Recipients, AreThoseOfTheClient) {
   const Id item =
       addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
   const auto add = [&](auto adding) {
-    return adding(Dockets, item, dueDate, noId, company, contact);
+    return adding({Dockets, item, dueDate, noId, {company, contact}});
   };
   expectRows(GetParam().ofItem, add(addNewApptEmailNotification), add(addNewApptFaxNotification),
              add(addNewApptPhoneNotification));
@@ -130,7 +130,7 @@ TEST_F(Adding, OfACompanysItemTheContactCountsThatReadsAsItsDefault) {
   const Id item =
       addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
   const auto add = [&] {
-    return addNewApptEmailNotification(Dockets, item, dueDate, noId, company, noId);
+    return addNewApptEmailNotification({Dockets, item, dueDate, noId, {company, noId}});
   };
   callsOf("getFieldValue", add);
   const int read = callNumber("getFieldValue DefaultContact", 1);
@@ -154,7 +154,7 @@ TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
                         {noId, noId, ""},
                         {named, noId, "d@b.example"}};
   for (const Case& c : cases) {
-    const Id row = addEmailByName(noId, 3, c.company, c.contact, "GST Return", dueDate, "Hello");
+    const Id row = addEmailByName({noId, {c.company, c.contact}, "GST Return", dueDate, "Hello"});
     EXPECT_EQ(notification(row, "Field1, Field4, Memo, CompanyIDNum, ContactIDNum"),
               std::string(c.to) + "|" + subject + "|Hello|" + std::to_string(c.company) + "|" +
                   std::to_string(c.contact) + "|\n")
@@ -175,7 +175,7 @@ TEST_F(Adding, SiblingsDateFirmRuleAndMemo) {
             "Your GST Return is due on Monday, April 20 2026|\n");
   EXPECT_EQ(notification(addFax(entry), "Field6"), subject + "|\n");
   EXPECT_EQ(
-      notification(addEmailByName(entry, -1, company, -1, "GST Return", dueDate, ""), "Field4"),
+      notification(addEmailByName({entry, {company, noId}, "GST Return", dueDate, ""}), "Field4"),
       subject + "|\n");
   plainLocale.settings().firmCode = std::string(firmSpecificCode) + "x";
   EXPECT_EQ(notification(addEmail(entry), "Field4"), subject + "|\n");

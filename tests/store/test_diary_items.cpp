@@ -51,12 +51,12 @@ TEST_F(DiaryItems, TaskDoesWhatItsEntryDoes) {
   constexpr Id (*forEntry[])(Id) = {
       addNewEmailNotificationFromScheduleIDNum, addNewFaxNotificationFromScheduleIDNum,
       addNewLetterNotificationFromScheduleIDNum, addNewPhoneNotificationFromScheduleIDNum};
-  constexpr Id (*forTask[])(CurrentDayTimerType, Id, DateTime, Id, Id, Id) = {
+  constexpr Id (*forTask[])(const ItemReminder&) = {
       addNewApptEmailNotification, addNewApptFaxNotification, addNewApptLetterNotification,
       addNewApptPhoneNotification};
   for (int i = 0; i < 4; ++i) {
     const notifyType channel = allNotifyTypes[i];
-    const Id row = forTask[i](Tasks, task, reminder, noId, noId, noId);
+    const Id row = forTask[i]({Tasks, task, reminder});
     const std::string columns = "NotificationType, NotificationDate, Field1, Field4, Field6, Memo";
     EXPECT_EQ(notification(row, columns), notification(forEntry[i](twin), columns));
     EXPECT_EQ(notification(row, "ScheduleIDNum, TaskIDNum"), std::to_string(entry) + "|-1|\n");
@@ -66,7 +66,7 @@ TEST_F(DiaryItems, TaskDoesWhatItsEntryDoes) {
     EXPECT_TRUE(getApptNotificationStatus(Tasks, task, channel));
   }
   const Id old = getNotificationID(twin, nt_Email);
-  editEmailNotification(old, "old@x", "", "", "old subject", "");
+  editEmailNotification(old, {"old@x", "", "", "old subject", ""});
   const Id row = getNotificationID(entry, nt_Email);
   EXPECT_THAT(columnsWrittenBy([&] {
                 copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(Tasks, row, task + 1);
@@ -84,7 +84,7 @@ TEST_F(DiaryItems, TaskWithoutAnEntryGivesTheDefaults) {
   EXPECT_EQ(getApptNotificationID(Tasks, task, nt_Email), noId);
   deleteApptNotification(Tasks, nt_Email, task);
   errors.answer({error_choice::leave});
-  EXPECT_EQ(addNewApptEmailNotification(Tasks, task, reminder), noId) << "nobody to write to";
+  EXPECT_EQ(addNewApptEmailNotification({Tasks, task, reminder}), noId) << "nobody to write to";
 }
 
 // Texts.

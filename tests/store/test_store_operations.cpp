@@ -38,7 +38,7 @@ constexpr Notification notifications[] = {
     {"ScheduleIDNum", nobody, nt_Email}};
 constexpr Id lastRow = std::size(notifications);
 
-void addClients(Rows& rows) {
+void addClients(TableRows& rows) {
   rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}, {"FaxNumber", "555-0100"}});
   rows.addRow("AccountantEmployeeInfo", {{"DisplayName", "Ann"}});
   for (const char* name : {"Maple Ltd", "Bare Ltd"}) {
@@ -52,7 +52,7 @@ void addClients(Rows& rows) {
   rows.linkDefaultContact(contact, company);
 }
 
-void addEntries(Rows& rows) {
+void addEntries(TableRows& rows) {
   rows.addKind(103, 6, 5, "{\\rtf1\\ansi Dear client.\\par }");
   const std::pair<Id, Id> clients[] = {{company, noId}, {noId, contact}, {noId, noId}};
   for (const auto& [clientNum, contactID] : clients) {
@@ -72,7 +72,7 @@ void addEntries(Rows& rows) {
   rows.addRow("archiveTasks", {{"oldTaskID", 77}, {"ScheduleIDNum", archived}});
 }
 
-void addItems(Rows& rows) {
+void addItems(TableRows& rows) {
   RowFields item{{"DateFrom", day},
                  {"TimeFrom", DateTime::of(2026, 4, 30, 9, 0)},
                  {"TimeTo", DateTime::of(2026, 4, 30, 9, 45)},
@@ -88,7 +88,7 @@ void addItems(Rows& rows) {
   rows.addRow("Appointments", {{"CompanyIDNum", bareCompany}, {"ContactIDNum", 1}});
 }
 
-void fillOffice(Rows rows) {
+void fillOffice(TableRows rows) {
   addClients(rows);
   addEntries(rows);
   addItems(rows);
@@ -106,19 +106,36 @@ void fillOffice(Rows rows) {
   }
 }
 
-std::string text(const CompanyAndContactID& ids) {
-  return toText(ids.companyId) + "/" + toText(ids.contactId);
+template <class... Fields>
+std::string joined(const Fields&... fields) {
+  std::string all;
+  ((all += toText(fields) + ", "), ...);
+  return all.substr(0, all.size() - 2);
 }
-std::string text(const std::optional<DateTime>& date) {
-  return date ? toText(*date) : "";
-}
-template <class Given>
-std::string text(const Given& given) {
-  if constexpr (std::is_enum_v<Given>)
-    return toText(int{given});
-  else
-    return toText(given);
-}
+
+/// Arguments and results as the expected calls spell them.
+struct Text {
+  std::string text;
+  Text(const CompanyAndContactID& of) : text(toText(of.companyId) + "/" + toText(of.contactId)) {}
+  Text(const std::optional<DateTime>& of) : text(of ? toText(*of) : "") {}
+  Text(const EmailTexts& of) : text(joined(of.to, of.cc, of.bcc, of.subject, of.memo)) {}
+  Text(const FaxTexts& of)
+      : text(joined(of.to, of.from, of.senderFax, of.receiverFax, of.pages, of.subject, of.memo)) {}
+  Text(const PhoneTexts& of) : text(joined(of.to, of.number, of.times, of.memo)) {}
+  Text(const KnownEntry& of)
+      : text(joined(of.scheduleID, of.client.companyId, of.client.contactId, of.scheduleName,
+                    of.dueDate, of.templateComment)) {}
+  Text(const ItemReminder& of)
+      : text(joined(int{of.kind}, of.itemId, of.reminderDate, of.notificationId,
+                    of.client.companyId, of.client.contactId)) {}
+  template <class Simple>
+  Text(const Simple& of) {
+    if constexpr (std::is_enum_v<Simple>)
+      text = toText(int{of});
+    else
+      text = toText(of);
+  }
+};
 
 /// Each named by its arguments.
 using Operations = std::vector<WalkedOperation>;
@@ -126,13 +143,14 @@ using Operations = std::vector<WalkedOperation>;
 template <class Result, class... Parameters, class... Given>
 WalkedOperation call(Result (*procedure)(Parameters...), Given... given) {
   std::string arguments;
-  ((arguments += (arguments.empty() ? "" : ", ") + text(std::decay_t<Parameters>(given))), ...);
+  ((arguments += (arguments.empty() ? "" : ", ") + Text(std::decay_t<Parameters>(given)).text),
+   ...);
   return {arguments, [=](TestHost&) {
             if constexpr (std::is_void_v<Result>) {
               procedure(given...);
               return std::string{};
             } else {
-              return text(procedure(given...));
+              return Text(procedure(given...)).text;
             }
           }};
 }
@@ -149,7 +167,7 @@ Operations entryAdds() {
                          addNewFaxNotificationFromScheduleNameAndDueDate,
                          addNewLetterNotificationFromScheduleNameAndDueDate,
                          addNewPhoneNotificationFromScheduleNameAndDueDate}) {
-    all.push_back(call(add, ofCompany, task, company, 44, "GST Return", day, "Hello"));
+    all.push_back(call(add, KnownEntry{ofCompany, {company, 44}, "GST Return", day, "Hello"}));
   }
   return all;
 }
@@ -158,12 +176,12 @@ Operations entryAdds() {
 void addItemOperations(Operations& all, CurrentDayTimerType kind, Id item, Id row) {
   for (const auto add : {addNewApptEmailNotification, addNewApptFaxNotification,
                          addNewApptLetterNotification, addNewApptPhoneNotification}) {
-    all.push_back(call(add, kind, item, reminder, noId, company, noId));
+    all.push_back(call(add, ItemReminder{kind, item, reminder, noId, {company, noId}}));
   }
   all.insert(
       all.end(),
-      {call(addNewApptFaxNotification, kind, item, reminder, row, nobody, contact),
-       call(addNewApptLetterNotification, kind, item, reminder, nobody, noId, noId),
+      {call(addNewApptFaxNotification, ItemReminder{kind, item, reminder, row, {nobody, contact}}),
+       call(addNewApptLetterNotification, ItemReminder{kind, item, reminder, nobody}),
        call(getApptNotificationID, kind, item, nt_Fax),
        call(getApptNotificationID, kind, noId, nt_Fax),
        call(getAppointmentIDFromNotificationID, kind, row),
@@ -180,13 +198,14 @@ void addRowOperations(Operations& all, Id row) {
   all.insert(
       all.end(),
       {call(getApptNotificationDate, row),
-       call(editEmailNotification, row, "a", "b", "c", "d", "e"),
-       call(editFaxNotification, row, "a", "b", "c", "d", "e", "f", "g"),
-       call(editLetterNotification, row, ""), call(editPhoneNotification, row, "a", "b", "c", "d"),
-       call(editApptEmailNotification, Tasks, row, "", "", "c", "", "e"),
-       call(editApptFaxNotification, Tasks, row, "a", "", "", "d", "", "f", ""),
+       call(editEmailNotification, row, EmailTexts{"a", "b", "c", "d", "e"}),
+       call(editFaxNotification, row, FaxTexts{"a", "b", "c", "d", "e", "f", "g"}),
+       call(editLetterNotification, row, ""),
+       call(editPhoneNotification, row, PhoneTexts{"a", "b", "c", "d"}),
+       call(editApptEmailNotification, Tasks, row, EmailTexts{"", "", "c", "", "e"}),
+       call(editApptFaxNotification, Tasks, row, FaxTexts{"a", "", "", "d", "", "f", ""}),
        call(editApptLetterNotification, Tasks, row, ""),
-       call(editApptPhoneNotification, Tasks, row, "", "b", "", ""),
+       call(editApptPhoneNotification, Tasks, row, PhoneTexts{"", "b", "", ""}),
        call(changeNotificationToSent, row, reminder, false),
        call(changeNotificationToSent, row, std::nullopt, false), call(cancelNotification, row),
        call(changeNotificationNotifiedDate, row, reminder), call(deleteNotification, row),
@@ -251,17 +270,18 @@ Operations storeOperations() {
 
 /// Operations whose statements the database refuses.
 Operations refusedOperations() {
-  return {call(copyOldNotificationInfoToNewNotification, appointmentRow, otherEmail),
-          call(addNewEmailNotificationFromScheduleIDNum, ofNobody),
-          call(addNewPhoneNotificationFromScheduleIDNum, ofNobody),
-          call(addNewApptFaxNotification, noKind, 7, reminder, noId, company, contact),
-          call(getApptNotificationID, noKind, 7, nt_Fax),
-          call(getAppointmentIDFromNotificationID, Appointments + (1 << 16), appointmentRow),
-          call(getApptNotificationStatus, noKind, 7, nt_Email),
-          call(changeApptNotificationStatus, Dockets + (1 << 16), nt_Phone, nt_AddStatus, 7),
-          call(deleteApptNotification, noKind, nt_Email, 7),
-          call(getAppointmentBodyText, noKind, 7),
-          call(resetApptNotificationBody, Dockets + (1 << 16), appointmentRow, docket)};
+  return {
+      call(copyOldNotificationInfoToNewNotification, appointmentRow, otherEmail),
+      call(addNewEmailNotificationFromScheduleIDNum, ofNobody),
+      call(addNewPhoneNotificationFromScheduleIDNum, ofNobody),
+      call(addNewApptFaxNotification, ItemReminder{noKind, 7, reminder, noId, {company, contact}}),
+      call(getApptNotificationID, noKind, 7, nt_Fax),
+      call(getAppointmentIDFromNotificationID, Appointments + (1 << 16), appointmentRow),
+      call(getApptNotificationStatus, noKind, 7, nt_Email),
+      call(changeApptNotificationStatus, Dockets + (1 << 16), nt_Phone, nt_AddStatus, 7),
+      call(deleteApptNotification, noKind, nt_Email, 7),
+      call(getAppointmentBodyText, noKind, 7),
+      call(resetApptNotificationBody, Dockets + (1 << 16), appointmentRow, docket)};
 }
 
 /// Writes down the procedures of the store and the channels that run, each with the statements that

@@ -12,9 +12,9 @@ namespace autonotify::test {
 
 /// A test on an attached host with an empty database. At its end nothing that was expected, of
 /// errors, messages and windows, may be left.
-class HostTest : public testing::Test, public AttachedHost, public Rows {
+class HostTest : public testing::Test, public AttachedHost, public TableRows {
  protected:
-  HostTest() : Rows(*plainDatabase) {}
+  HostTest() : TableRows(*plainDatabase) {}
   ~HostTest() override {
     EXPECT_EQ(errors.answersLeft(), 0u);
     screen.finish();

@@ -35,7 +35,7 @@ const std::string& contentOf(FillRows fill) {
   std::string& content = contents[fill];
   if (!content.empty()) return content;
   const auto database = host::createSqliteInMemory();
-  fill(Rows(*database));
+  fill(TableRows(*database));
   sqlite3_int64 size = 0;
   unsigned char* bytes = sqlite3_serialize(database->connection().getHandle(), "main", &size, 0);
   content.assign(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));

@@ -30,7 +30,7 @@ class TestLocale : public host::HostLocale {
 };
 
 /// Fills the tables of a new host, always alike.
-using FillRows = void (*)(Rows);
+using FillRows = void (*)(TableRows);
 
 /// A complete host on an empty database in memory: the real services behind wrappers that count,
 /// record and fail the calls of the component, a person before its windows and messages, and an

@@ -28,9 +28,9 @@ struct TestClient {
 };
 
 /// Adds and reads rows past all procedures and all counting.
-class Rows {
+class TableRows {
  public:
-  explicit Rows(DatabaseReference& database) : database_(&database) {}
+  explicit TableRows(DatabaseReference& database) : database_(&database) {}
 
   /// Gives the key of the new row.
   Id addRow(const std::string& table, const RowFields& fields) {

@@ -31,7 +31,7 @@ struct ComposerOffice {
   static constexpr const char* memo = "{\\rtf1\\ansi Your return is due.\\par }";
   static constexpr DateTime notifyDate = DateTime::of(2026, 4, 23);
 
-  explicit ComposerOffice(Rows rows) {
+  explicit ComposerOffice(TableRows rows) {
     rows.addKind(103, 1, 5, "{\\rtf1\\ansi Please file your return.\\par }");
     company = rows.addRow("Companies", {{"CompanyName", "Birch Ltd."}, {"Email", "office@birch"}});
     const Id client = rows.addRow("ClientData", {{"CompanyIDNum", company}});
@@ -52,7 +52,7 @@ struct ComposerOffice {
 
 class ComposerTest : public HostTest, public ComposerOffice {
  protected:
-  ComposerTest() : ComposerOffice(Rows(*plainDatabase)) {}
+  ComposerTest() : ComposerOffice(TableRows(*plainDatabase)) {}
 
   struct Result {
     bool cancelFlag;

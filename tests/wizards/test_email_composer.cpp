@@ -284,7 +284,7 @@ TEST_F(ComposerTest, InitializersSurviveEveryFault) {
                       return std::string(composer.SendSuccessfulFlag() ? "sent" : "not sent");
                     },
                 .defaultResult = "not sent"},
-               {[](Rows rows) { ComposerOffice{rows}; }});
+               {[](TableRows rows) { ComposerOffice{rows}; }});
   }
 }
 
