@@ -14,6 +14,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::string outboxBeside(const std::string& database) {
+  return database + ".outbox";
+}
+
+[[noreturn]] void refuseOutbox(const std::string& why) {
+  throw PlatformError(error_number::invalidProcedureCall, why, "Desk");
+}
+
+/// A mail system that looks into the one beside the link would find nothing there, and what is in
+/// it could be sent again.
+void requireNoOther(const std::string& outbox, const std::string& linked) {
+  std::error_code error;
+  if (!fs::exists(linked, error) || fs::equivalent(linked, outbox, error) || error) return;
+  refuseOutbox(
+      fmt::format("The outbox of this database is {}, but there is one beside the link to it as "
+                  "well; move all that is in {} there and remove it",
+                  outbox, linked));
+}
+
 }  // namespace
 
 std::string firstLine(const std::string& description) {
@@ -23,14 +42,15 @@ std::string firstLine(const std::string& description) {
 Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
     : dialogs_(dialogs),
       database_(openDatabase(options.database)),
-      claims_(claimsOf(*database_, options.database)),
+      claims_(claimsOf(*database_)),
       locale_(LocaleSettings{}),
       workingFolder_(
           (fs::temp_directory_path() / fmt::format("hvnotify-{}", ::geteuid())).string()),
       clients_(std::make_unique<ClientDirectory>(*database_)),
       mailServer_(options.mailServer),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
-      outbox_(hasOwnOutbox_ ? options.database + ".outbox" : options.outbox) {
+      outbox_(hasOwnOutbox_ ? outboxBeside(fileOf(*database_)) : options.outbox) {
+  if (hasOwnOutbox_) linkedOutbox_ = outboxBeside(options.database);
   if (options.today) shiftedClock_.emplace(systemClock_, *options.today);
   readFirm(options);
   readUser(options);
@@ -108,12 +128,14 @@ std::string Desk::messageIdentity(Id notification) const {
 
 void Desk::makeOutbox() {
   if (outbox_.empty())
-    throw PlatformError(error_number::invalidProcedureCall,
-                        "The emails of a database on a server need an outbox folder that all desks "
-                        "share; name one (--outbox)",
-                        "Desk");
+    refuseOutbox(
+        "The emails of a database on a server need an outbox folder that all desks share; name one "
+        "(--outbox)");
   std::error_code leftToTheSender;
-  if (hasOwnOutbox_) fs::create_directory(outbox_, leftToTheSender);
+  if (hasOwnOutbox_) {
+    fs::create_directory(outbox_, leftToTheSender);
+    requireNoOther(outbox_, linkedOutbox_);
+  }
 }
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {

@@ -27,8 +27,8 @@ struct DeskOptions {
   std::optional<DateTime> today;
   /// A member of staff; the first one when unset.
   std::optional<Id> user;
-  /// A folder for emails, which must be there; empty: one beside the database file, made when
-  /// needed. A database on a server has none beside it.
+  /// A folder for emails, which must be there; empty: one beside the database file itself, not
+  /// beside a link to it, made when needed. A database on a server has none beside it.
   std::string outbox;
   /// The installation's firm code.
   std::string firmCode;
@@ -89,7 +89,7 @@ class Desk {
   std::string messageIdentity(Id notification) const;
   /// Makes the folder beside the database. One that was named must be there: a folder made in its
   /// place could hide that a disk is not mounted. Throws PlatformError when none was named for a
-  /// database on a server.
+  /// database on a server, or when there is another one beside the link to the database.
   void makeOutbox();
   /// A sender with all references set, for one message.
   std::unique_ptr<OutboxEmailSender> newEmailSender();
@@ -115,6 +115,8 @@ class Desk {
   /// Beside the database, not named by an option.
   bool hasOwnOutbox_;
   std::string outbox_;
+  /// The same by the name that was given for the database.
+  std::string linkedOutbox_;
   std::string databaseIdentity_;
   std::unique_ptr<ComponentLibrary> library_;
   std::unique_ptr<clsAutoNotifyCtrl> control_;

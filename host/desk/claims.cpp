@@ -133,10 +133,10 @@ std::unique_ptr<Claim> Claims::take(WorkItem item, Id id) {
   }
 }
 
-std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database, const std::string& place) {
+std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database) {
   if (auto* server = dynamic_cast<PostgresDatabase*>(&database))
     return std::make_unique<ServerClaims>(*server);
-  return std::make_unique<FileClaims>(place);
+  return std::make_unique<FileClaims>(fileOf(database));
 }
 
 }  // namespace autonotify::host

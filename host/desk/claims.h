@@ -30,9 +30,10 @@ class Claims {
   std::unique_ptr<Claim> take(WorkItem item, Id id);
 };
 
-/// The claims at an open database. For a file: locks on a file beside it, "firm.db.claims", which
-/// holds nothing and may be deleted when no one is at work. On a server: its advisory locks, which
-/// end with the connection.
-std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database, const std::string& place);
+/// The claims at an open database. For a file: locks on a file beside it, "firm.db.claims", where
+/// the engine's own locks are, by whichever name the database was opened; it holds nothing and may
+/// be deleted when no one is at work. On a server: its advisory locks, which end with the
+/// connection.
+std::unique_ptr<Claims> claimsOf(RecordsetDatabase& database);
 
 }  // namespace autonotify::host

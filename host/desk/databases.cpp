@@ -10,6 +10,11 @@ std::unique_ptr<RecordsetDatabase> openDatabase(const std::string& place) {
   return openPostgres(place);
 }
 
+std::string fileOf(RecordsetDatabase& database) {
+  auto* file = dynamic_cast<SqliteDatabase*>(&database);
+  return file ? file->path() : std::string();
+}
+
 bool isFile(const std::string& place) {
   return !ServerAddress::isUrl(place);
 }

@@ -11,6 +11,8 @@ from console import ENGINE, ConsoleTest, Run, command, files_only
 
 NOBODY = 65534
 DAMAGED = "{}: The database file is damaged: database disk image is malformed (engine code 11)"
+HARD_LINKED = ("{} has more than one name (hard links), under which changes would be lost; remove "
+               "all but one")
 
 
 @files_only("whole files are missing, damaged or shut off")
@@ -22,6 +24,8 @@ class DatabaseFileTest(ConsoleTest):
                               ("scribbled.db", whole[:4096] + b"Z" * (len(whole) - 4096))]:
             (self.folder / name).write_bytes(content)
         (self.folder / "folder").mkdir()
+        (self.folder / "first.db").write_bytes(whole)
+        os.link(self.folder / "first.db", self.folder / "second.db")
         for name, statement in [("foreign.db", "CREATE TABLE Schedule (ScheduleID)"),
                                 ("newer.db", "PRAGMA user_version=99")]:
             with contextlib.closing(sqlite3.connect(self.folder / name)) as connection:
@@ -36,7 +40,7 @@ class DatabaseFileTest(ConsoleTest):
                  "{}: The file is not a database: file is not a database (engine code 26)"),
                 ("newer.db", "{} was written by a newer version of this program (schema 99, known "
                  "up to 1)"),
-                ("short.db", DAMAGED), ("scribbled.db", DAMAGED)]:
+                ("first.db", HARD_LINKED), ("second.db", HARD_LINKED), ("short.db", DAMAGED), ("scribbled.db", DAMAGED)]:
             for line in ("due", "send --due"):
                 self.refuses(line, words.format(name), 3, database=name)
 
@@ -47,6 +51,16 @@ class DatabaseFileTest(ConsoleTest):
             begin = time.monotonic()
             self.refuses("due", f"firm.db: {ENGINE.locked}", 3)
             self.assertLess(time.monotonic() - begin, 20)
+
+    def test_mounted_without_its_folder(self):
+        (self.folder / "mounted.db").touch()
+        mounting = ["unshare", "-rm", "sh", "-c", 'mount --bind firm.db mounted.db && exec "$@"', "-"]
+        if subprocess.run([*mounting, "true"], cwd=self.folder, capture_output=True).returncode:
+            self.skipTest("nothing can be mounted here")
+        run = subprocess.run([*mounting, *self.command("due", database="mounted.db")],
+                             cwd=self.folder, capture_output=True, text=True)
+        self.assertEqual((3, "hvnotify: mounted.db is mounted as a single file, without the log "
+                          "beside it; mount its folder\n"), (run.returncode, run.stderr))
 
     def test_a_file_that_may_not_grow(self):
         small = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (500_000, 500_000))

@@ -4,7 +4,7 @@ import email
 import email.policy
 import subprocess
 
-from console import TASK, ConsoleTest, files_only
+from console import ENGINE, TASK, ConsoleTest, files_only
 
 UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
            "the outbox (settle it with send --mark-only or send --again)")
@@ -169,18 +169,31 @@ class SendTest(ConsoleTest):
             self.assertEqual((1, ("failed", words)), (run.code, results[row]))
             self.assertEqual((0, 1), self.state(row))
 
-    def test_several_programs_at_once_send_each_once(self):
+    def test_several_programs_at_once_send_each_once_by_any_name(self):
         emails = {row for row, channel in self.due() if channel == 1}
-        for round_number in range(6):
-            outbox = f"outbox{round_number}"
-            (self.folder / outbox).mkdir()
-            runs = [subprocess.Popen(self.command("--outbox", outbox, "send", "--due"),
+        names = [self.database] * 3
+        if not ENGINE.on_server:
+            (self.folder / "link.db").symlink_to(self.database)
+            names = [self.database, "link.db", f"{self.folder}/./{self.database}"]
+        for goes_on in (True, False) * 3:  # as after a kill, or anew
+            runs = [subprocess.Popen(self.command("send", "--due", database=name), text=True,
                                      cwd=self.folder, stdout=subprocess.PIPE,
-                                     stderr=subprocess.PIPE, text=True) for _ in range(3)]
+                                     stderr=subprocess.PIPE) for name in names]
             for run in runs:
                 _, errors = run.communicate(timeout=60)
                 self.assertEqual((0, ""), (run.returncode, errors))
-            self.assertEqual(len(emails), len(self.messages(outbox)))
             self.assertEqual({(1, 2)}, {self.state(row) for row in emails})
-            for row in emails:
+            self.assertEqual((len(emails), False), (len([*self.folder.rglob("*.eml")]),
+                                                    (self.folder / "link.db.claims").exists()))
+            for row, file in zip(emails, self.messages(), strict=True):
                 self.interrupt(row, 0, 1)
+                goes_on or file.unlink()
+
+    @files_only("beside a file lies its outbox")
+    def test_an_outbox_beside_a_link_is_not_passed_over(self):
+        row = self.due_email()
+        (self.folder / "link.db").symlink_to("firm.db")
+        (self.folder / "link.db.outbox").mkdir()
+        run = self.run_program("send", row, database="link.db")
+        self.assertIn("move all that is in link.db.outbox there and remove it", run.err)
+        self.assertEqual((1, (0, 1)), (run.code, self.state(row)))

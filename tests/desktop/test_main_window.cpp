@@ -196,7 +196,7 @@ TEST_F(MainWindowTest, WhatSomeoneElseDidSinceTheListWasReadIsLeftAlone) {
 TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   open();
   const auto other = host::openSqlite(path());
-  const auto claims = host::claimsOf(*other, path());
+  const auto claims = host::claimsOf(*other);
   const auto busy = testing::ElementsAre(HasSubstr("Another desk is at work on it."));
   auto task = claims->take(host::WorkItem::task, chooseTaskFor("scheduleEmail"));
   EXPECT_THAT(run("composeEmail"), busy);

@@ -1,7 +1,9 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
 #include <SQLiteCpp/Exception.h>
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <string>
 #include <system_error>
@@ -36,6 +38,24 @@ void requireFile(const files::path& path) {
   if (files::is_directory(status))
     throw DatabaseError(database_error::cannotOpen,
                         path.string() + " is a folder, not a database file");
+}
+
+/// The log and its locks lie beside the file, by name: two names of one file would have two of
+/// them, and no one who uses the one would see what was written by the other. Links that lead to a
+/// name do no harm.
+void requireOneName(const std::string& path) {
+  struct statx status {};
+  if (::statx(AT_FDCWD, path.c_str(), 0, STATX_NLINK, &status) != 0) return;
+  if (status.stx_nlink > 1)
+    throw DatabaseError(database_error::cannotOpen,
+                        path +
+                            " has more than one name (hard links), under which changes would be "
+                            "lost; remove all but one");
+  if (status.stx_attributes & STATX_ATTR_MOUNT_ROOT)
+    throw DatabaseError(database_error::cannotOpen,
+                        path +
+                            " is mounted as a single file, without the log beside it; mount its "
+                            "folder");
 }
 
 void requireOurs(SQLite::Database& database, const std::string& path, int wanted) {
@@ -108,6 +128,10 @@ SQLite::Database& SqliteDatabase::connection() {
   return static_cast<SqliteDriver&>(driver()).database();
 }
 
+std::string SqliteDatabase::path() {
+  return sqlite3_db_filename(connection().getHandle(), "main");
+}
+
 void SqliteDatabase::emptyLog() {
   if (pragma(connection(), "wal_checkpoint(TRUNCATE)") != 0)
     throw DatabaseError(database_error::locked, "The database is locked by another user");
@@ -118,6 +142,7 @@ namespace {
 std::unique_ptr<SqliteDatabase> open(const files::path& path, OpenMode mode, int busyTimeout,
                                      int id) {
   requireFile(path);
+  requireOneName(path.string());
   const bool writing = mode == OpenMode::readWrite;
   const std::string name = path.string();
   SQLite::Database database =

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include <SQLiteCpp/Database.h>
 
@@ -27,14 +28,18 @@ class SqliteDatabase : public RecordsetDatabase {
   /// Throws DatabaseError (closed).
   SQLite::Database& connection();
 
+  /// The file as the engine names it, by which its locks stand: whole, and without links.
+  std::string path();
+
   /// Moves all that was written from the log into the file, which is then whole by itself. Closing
   /// does so too, but says nothing when the disk is full. Throws DatabaseError.
   void emptyLog();
 };
 
-// All throw DatabaseError: missing, cannotOpen (a folder, no permission), locked, readOnly (opened
-// for writing but cannot be), corrupt (damaged or no database), foreign (of another program),
-// newerSchema, unfinished. Those that create: alreadyExists, and nothing is left behind on failure.
+// All throw DatabaseError: missing, cannotOpen (a folder, no permission, a second name), locked,
+// readOnly (opened for writing but cannot be), corrupt (damaged or no database), foreign (of
+// another program), newerSchema, unfinished. Those that create: alreadyExists, and nothing is left
+// behind on failure.
 
 std::unique_ptr<SqliteDatabase> openSqlite(const std::filesystem::path& path,
                                            OpenMode mode = OpenMode::readWrite,
