@@ -4,12 +4,22 @@
 #include <QCursor>
 #include <QScopeGuard>
 
+#include "DialogMsgbox.h"
+
 namespace autonotify::desktop {
 
-bool WaitingSender::send() {
+bool WaitingSender::sendBusily() {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   const auto done = qScopeGuard(QApplication::restoreOverrideCursor);
   return host::OutboxEmailSender::send();
+}
+
+bool WaitingSender::send() {
+  const bool isSent = sendBusily();
+  if (!keepFault().empty())
+    DialogMsgbox().showMessage("The email was sent, but " + keepFault(), message_style::warning,
+                               nullptr, 0, 0, 101, 0, "", 0);
+  return isSent;
 }
 
 void WaitingSender::registerAt(host::Desk& desk) {

@@ -4,10 +4,12 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "host/clients/record_rows.h"
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
+#include "host/mail/HiddenFile.h"
 
 namespace autonotify::host {
 namespace {
@@ -136,12 +138,13 @@ void Desk::makeOutbox() {
     fs::create_directory(outbox_, leftToTheSender);
     requireNoOther(outbox_, linkedOutbox_);
   }
+  if (!std::exchange(isOutboxTidy_, true)) HiddenFile::removeAbandoned(outbox_);
 }
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
   const auto identityOf = [this](Id notification) { return messageIdentity(notification); };
   auto sender = std::make_unique<OutboxEmailSender>(
-      OutboxSettings{outbox_, {}, mailServer_, identityOf}, clock());
+      OutboxSettings{outbox_, {}, mailServer_, identityOf, !databaseIdentity_.empty()}, clock());
   sender->put_errorClass(&dialogs_.errors);
   sender->put_MsgboxClass(&dialogs_.messages);
   sender->put_LocaleReference(&locale_);

@@ -87,9 +87,10 @@ class Desk {
 
   /// The name of a notification's message for all time, unlike that of any other database's.
   std::string messageIdentity(Id notification) const;
-  /// Makes the folder beside the database. One that was named must be there: a folder made in its
-  /// place could hide that a disk is not mounted. Throws PlatformError when none was named for a
-  /// database on a server, or when there is another one beside the link to the database.
+  /// Makes the folder beside the database, and takes out what interrupted programs left half
+  /// written. One that was named must be there: a folder made in its place could hide that a disk
+  /// is not mounted. Throws PlatformError when none was named for a database on a server, or when
+  /// there is another one beside the link to the database.
   void makeOutbox();
   /// A sender with all references set, for one message.
   std::unique_ptr<OutboxEmailSender> newEmailSender();
@@ -117,6 +118,7 @@ class Desk {
   std::string outbox_;
   /// The same by the name that was given for the database.
   std::string linkedOutbox_;
+  bool isOutboxTidy_ = false;
   std::string databaseIdentity_;
   std::unique_ptr<ComponentLibrary> library_;
   std::unique_ptr<clsAutoNotifyCtrl> control_;

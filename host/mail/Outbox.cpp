@@ -4,12 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <random>
-#include <string_view>
-#include <utility>
+
+#include "host/mail/HiddenFile.h"
 
 namespace autonotify::host {
 namespace {
@@ -18,158 +19,149 @@ namespace {
   throw MailError(what + ": " + std::strerror(error) + ".");
 }
 
-/// An open file or folder. Numbers below 0 stand for none.
-class Descriptor {
+/// In the order in which messages move, so that one that moves meanwhile is not overlooked.
+constexpr OutboxPlace places[] = {OutboxPlace::waiting, OutboxPlace::sending, OutboxPlace::sent};
+/// In the order of OutboxPlace.
+constexpr std::array<const char*, 4> subfolders{"", ".", "sending", "sent"};
+
+const char* subfolderOf(OutboxPlace place) {
+  return subfolders.at(static_cast<std::size_t>(place));
+}
+
+std::string pathOf(const std::string& name, OutboxPlace place) {
+  const std::string file = name + ".eml";
+  return place == OutboxPlace::waiting ? file : std::string(subfolderOf(place)) + '/' + file;
+}
+
+/// The outbox as it is open for one act.
+class OpenOutbox {
  public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int get() const { return number_; }
-  /// Closes now; an error of a write may only show here.
-  bool close() { return ::close(std::exchange(number_, -1)) == 0; }
-
- private:
-  int number_;
-};
-
-Descriptor openFolder(const std::string& path) {
-  return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-}
-
-std::string fileName(const std::string& name) {
-  return name + ".eml";
-}
-
-std::string sentName(const std::string& name) {
-  return "sent/" + fileName(name);
-}
-
-enum class Entry { none, file, other };
-
-Entry entryAt(int folder, const std::string& name) {
-  struct stat status {};
-  if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return Entry::none;
-  return S_ISREG(status.st_mode) && status.st_size > 0 ? Entry::file : Entry::other;
-}
-
-bool writeAll(int file, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = ::write(file, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-/// A file under a hidden name of its own, which goes with the object unless it was given a name.
-class HiddenFile {
- public:
-  HiddenFile(int folder, const std::string& name)
-      : folder_(folder),
-        name_("." + name + "." + std::to_string(std::random_device{}()) + ".tmp"),
-        file_(::openat(folder, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                       S_IRUSR | S_IWUSR)) {}
-  ~HiddenFile() {
-    if (exists_) ::unlinkat(folder_, name_.c_str(), 0);
-  }
-  HiddenFile(const HiddenFile&) = delete;
-  HiddenFile& operator=(const HiddenFile&) = delete;
-
-  bool write(std::string_view content) {
-    exists_ = file_.get() >= 0;
-    return exists_ && writeAll(file_.get(), content) && ::fsync(file_.get()) == 0 && file_.close();
+  /// `path` is for messages.
+  explicit OpenOutbox(const std::string& path)
+      : path_(path), folder_(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (!folder_.isOpen()) fail("The outbox folder \"" + path + "\" cannot be opened", errno);
   }
 
-  /// Never replaces a file. File systems without such a renaming have links.
-  bool giveName(const std::string& name) {
-    constexpr unsigned noReplace = 1;  // RENAME_NOREPLACE
-    if (::renameat2(folder_, name_.c_str(), folder_, name.c_str(), noReplace) == 0) {
-      exists_ = false;
-      return true;
+  int get() const { return folder_.get(); }
+
+  bool holds(const std::string& name, OutboxPlace place) const {
+    struct stat status {};
+    if (::fstatat(get(), pathOf(name, place).c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+      return S_ISREG(status.st_mode) && status.st_size > 0;
+    if (errno != ENOENT) failAt(place);
+    return false;
+  }
+
+  OutboxPlace find(const std::string& name) const {
+    for (const OutboxPlace place : places) {
+      if (holds(name, place)) return place;
     }
-    if (errno != EINVAL && errno != ENOSYS) return false;
-    return ::linkat(folder_, name_.c_str(), folder_, name.c_str(), 0) == 0;
+    return OutboxPlace::nowhere;
+  }
+
+  bool holdsElsewhere(const std::string& name, OutboxPlace place) const {
+    return std::ranges::any_of(
+        places, [&](OutboxPlace other) { return other != place && holds(name, other); });
+  }
+
+  /// Whoever may use the outbox may use the folders in it.
+  void makeSubfolders() const {
+    for (const OutboxPlace place : {OutboxPlace::sending, OutboxPlace::sent}) {
+      const std::string name = subfolderOf(place);
+      if (makeSubfolder(name) != 0 && errno != EEXIST) failAt(place);
+      // A file has no such path.
+      if (::faccessat(get(), (name + "/.").c_str(), W_OK | X_OK, AT_EACCESS) != 0) failAt(place);
+    }
+  }
+
+  /// Gives a new message its name; false when one of that name is there.
+  bool add(const std::string& name, const std::string& content, OutboxPlace place) const {
+    HiddenFile file(get(), name);
+    if (!file.write(content))
+      fail("The message cannot be written into the outbox folder \"" + path_ + "\"", errno);
+    const std::string path = pathOf(name, place);
+    if (file.giveName(path)) return true;
+    const int error = errno;
+    if (find(name) != OutboxPlace::nowhere) return false;
+    if (error == EEXIST)
+      fail("The message cannot be put into the outbox, \"" + path + "\" is in its way", error);
+    fail("The message cannot be put into the outbox folder \"" + path_ + "\"", error);
+  }
+
+  /// False when it is not there, with errno set.
+  bool remove(const std::string& name, OutboxPlace place) const {
+    return ::unlinkat(get(), pathOf(name, place).c_str(), 0) == 0;
+  }
+
+  /// Whether what was put or moved there lasts, whatever happens to the machine.
+  bool keep(OutboxPlace place) const {
+    const Descriptor folder(
+        ::openat(get(), subfolderOf(place), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return ::fsync(folder.get()) == 0;
   }
 
  private:
-  int folder_;
-  std::string name_;
-  Descriptor file_;
-  bool exists_ = false;
+  int makeSubfolder(const std::string& name) const {
+    if (::mkdirat(get(), name.c_str(), S_IRWXU) != 0) return -1;
+    struct stat own {};
+    if (::fstat(get(), &own) == 0) ::fchmodat(get(), name.c_str(), own.st_mode & 07777, 0);
+    return ::fsync(get());
+  }
+
+  [[noreturn]] void failAt(OutboxPlace place) const {
+    const int error = errno;
+    fail("The outbox folder \"" + path_ + '/' + subfolderOf(place) + "\" cannot be used", error);
+  }
+
+  const std::string& path_;
+  Descriptor folder_;
 };
 
 }  // namespace
 
-bool Outbox::holds(const std::string& name) const {
-  const Descriptor folder = openFolder(folder_);
-  return folder.get() >= 0 && (entryAt(folder.get(), fileName(name)) == Entry::file ||
-                               entryAt(folder.get(), sentName(name)) == Entry::file);
+OutboxPlace Outbox::find(const std::string& name) const {
+  if (::access(folder_.c_str(), F_OK) != 0 && errno == ENOENT) return OutboxPlace::nowhere;
+  return OpenOutbox(folder_).find(name);
 }
 
-bool Outbox::wasSent(const std::string& name) const {
-  const Descriptor folder = openFolder(folder_);
-  return folder.get() >= 0 && entryAt(folder.get(), sentName(name)) == Entry::file;
-}
-
-void Outbox::moveToSent(const std::string& name) const {
-  const Descriptor folder = openFolder(folder_);
-  ::mkdirat(folder.get(), "sent", S_IRWXU);
-  if (::renameat(folder.get(), fileName(name).c_str(), folder.get(), sentName(name).c_str()) != 0)
-    fail("The message was sent, but cannot be put aside in the outbox folder \"" + folder_ + "\"",
-         errno);
-  // Not being able to make the move last is no failure: a crash that undoes it leaves a message of
-  // which it is not known whether it went out, and that is not sent again by itself.
-  const Descriptor sent(::openat(folder.get(), "sent", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  ::fsync(sent.get());
-  ::fsync(folder.get());
-}
-
-void Outbox::withdraw(const std::string& name) const {
-  const Descriptor folder = openFolder(folder_);
-  if (::unlinkat(folder.get(), fileName(name).c_str(), 0) != 0 && errno != ENOENT)
-    fail("The message cannot be taken out of the outbox folder \"" + folder_ + "\"", errno);
-}
-
-bool Outbox::put(const std::string& name, const std::string& content) const {
-  const std::string own = fileName(name);
-  const Descriptor folder = openFolder(folder_);
-  if (folder.get() < 0) fail("The outbox folder \"" + folder_ + "\" cannot be opened", errno);
-  if (entryAt(folder.get(), sentName(name)) == Entry::file) return false;
-  switch (entryAt(folder.get(), own)) {
-    case Entry::file:
-      return false;
-    case Entry::other:
-      fail("The message cannot be put into the outbox, \"" + own + "\" is in its way", EEXIST);
-    case Entry::none:
-      break;
-  }
-  HiddenFile file(folder.get(), name);
-  if (!file.write(content))
-    fail("The message cannot be written into the outbox folder \"" + folder_ + "\"", errno);
-  if (!file.giveName(own)) {
-    const int error = errno;
-    if (error == EEXIST && entryAt(folder.get(), own) == Entry::file) return false;
-    fail("The message cannot be put into the outbox folder \"" + folder_ + "\"", error);
-  }
-  // A mail system may have taken another sender's message of this name since the first look.
-  if (entryAt(folder.get(), sentName(name)) == Entry::file) {
-    ::unlinkat(folder.get(), own.c_str(), 0);
+bool Outbox::put(const std::string& name, const std::string& content, OutboxPlace place) const {
+  const OpenOutbox outbox(folder_);
+  if (outbox.find(name) != OutboxPlace::nowhere) return false;
+  if (place == OutboxPlace::sending) outbox.makeSubfolders();
+  if (!outbox.add(name, content, place)) return false;
+  // Another sender's message of this name may have come since the first look.
+  if (outbox.holdsElsewhere(name, place)) {
+    outbox.remove(name, place);
     return false;
   }
-  if (::fsync(folder.get()) != 0) {
+  if (outbox.keep(place)) return true;
+  const int error = errno;
+  // Left there, it would pass for one that was put in, though it may not last. Where it is gone
+  // already, a mail system has it.
+  const bool isTaken = !outbox.remove(name, place) && errno == ENOENT;
+  if (isTaken) return true;
+  fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", error);
+}
+
+void Outbox::move(const std::string& name, OutboxPlace from, OutboxPlace to) const {
+  const OpenOutbox outbox(folder_);
+  if (to != OutboxPlace::waiting) outbox.makeSubfolders();
+  if (::renameat(outbox.get(), pathOf(name, from).c_str(), outbox.get(),
+                 pathOf(name, to).c_str()) != 0) {
     const int error = errno;
-    // Left there, it would pass for one that was put in, though it may not last. Where it is gone
-    // already, a mail system has it.
-    const bool isTaken = ::unlinkat(folder.get(), own.c_str(), 0) != 0 && errno == ENOENT;
-    if (!isTaken)
-      fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", error);
+    fail("The message \"" + folder_ + '/' + pathOf(name, from) + "\" cannot be moved to \"" +
+             folder_ + '/' + subfolderOf(to) + "\"",
+         error);
   }
-  return true;
+  // Not being able to make the move last is no failure: a crash that undoes it leaves a message of
+  // which it is not known whether it went out, and that is not sent again by itself.
+  outbox.keep(to);
+}
+
+void Outbox::withdraw(const std::string& name, OutboxPlace place) const {
+  const OpenOutbox outbox(folder_);
+  if (!outbox.remove(name, place) && errno != ENOENT)
+    fail("The message cannot be taken out of the outbox folder \"" + folder_ + "\"", errno);
 }
 
 }  // namespace autonotify::host

@@ -6,32 +6,39 @@
 
 namespace autonotify::host {
 
-/// A folder into which messages are put whole, for a mail system to take them from.
+/// Where a message is, and so whose it is. A message only moves down this list.
+enum class OutboxPlace {
+  nowhere,
+  /// In the folder itself, as "NAME.eml": a mail system's, which moves it to "sent" below.
+  waiting,
+  /// In the folder "sending" below: a program hands it to a mail server. Where none does any more,
+  /// one was ended meanwhile, and it cannot be known whether the server took the message.
+  sending,
+  /// In the folder "sent" below.
+  sent,
+};
+
+/// A folder that holds each message once, as a whole, until it is sent and after that, so that the
+/// same message is not sent again.
 ///
-/// A message is a file "NAME.eml". It is written under a hidden name, made durable and given its
-/// name in one step that never replaces a file: a crash leaves at most a hidden file behind. A mail
-/// system that has taken a message moves it into the folder "sent" below, so that the same message
-/// is not put in again.
+/// A message is written under a hidden name, made durable and given its name in one step that never
+/// replaces a file: a crash leaves at most a hidden file behind.
 class Outbox {
  public:
   /// The folder must exist: making it could hide that a disk is not mounted.
   explicit Outbox(std::string folder) : folder_(std::move(folder)) {}
 
-  /// True when the message was put in, False when one of that name is there already or was sent.
-  /// Throws MailError when neither is so; nothing is left behind then.
-  bool put(const std::string& name, const std::string& content) const;
-  /// True when a message of that name is there or was sent. False as well when the folder cannot
-  /// be read.
-  bool holds(const std::string& name) const;
-  /// True when a message of that name was sent: it is in the folder "sent".
-  bool wasSent(const std::string& name) const;
+  // All throw MailError, which names the folder or file that stands in the way.
 
-  // For a sender that takes its messages from here itself. Both throw MailError.
-
-  /// Moves the message into the folder "sent", which is made when it is not there.
-  void moveToSent(const std::string& name) const;
-  /// Takes the message out again.
-  void withdraw(const std::string& name) const;
+  /// Nowhere when there is no such folder.
+  OutboxPlace find(const std::string& name) const;
+  /// False when one of that name is there already, wherever it is. The folders below are made for
+  /// whoever sends from here, so that nothing is sent that could not be put aside. Nothing is left
+  /// behind when this throws.
+  bool put(const std::string& name, const std::string& content, OutboxPlace place) const;
+  void move(const std::string& name, OutboxPlace from, OutboxPlace to) const;
+  /// Takes a message out again that surely was not sent.
+  void withdraw(const std::string& name, OutboxPlace place) const;
 
  private:
   std::string folder_;

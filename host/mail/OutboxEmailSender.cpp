@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "host/clients/record_rows.h"
-#include "host/mail/Outbox.h"
 #include "host/mail/gmime_handles.h"
 #include "platform/PlatformError.h"
 
@@ -38,7 +37,8 @@ OutboxEmailSender::OutboxEmailSender(OutboxSettings settings, Clock& clock)
 
 bool OutboxEmailSender::send() {
   lastError_.clear();
-  alreadyDelivered_ = false;
+  keepFault_.clear();
+  alreadyDelivered_ = isUncertain_ = false;
   try {
     MailMessage message = compose();
     identify();
@@ -47,6 +47,7 @@ bool OutboxEmailSender::send() {
     deliver(name, message);
     return true;
   } catch (const MailError& error) {
+    isUncertain_ = dynamic_cast<const UncertainMailError*>(&error);
     lastError_ = error.what();
   } catch (const PlatformError& error) {
     lastError_ = "The firm's database cannot be read: " + error.description();
@@ -56,22 +57,35 @@ bool OutboxEmailSender::send() {
 
 void OutboxEmailSender::deliver(const std::string& name, const MailMessage& message) {
   const Outbox outbox(settings_.folder);
-  const bool isNew = outbox.put(name, messageText(message));
-  alreadyDelivered_ = !isNew && (!settings_.server || outbox.wasSent(name));
-  if (!settings_.server || alreadyDelivered_) return;
-  if (!isNew && !mayRepeat_)
-    throw MailError(
-        "It is not known whether the message went out: sending it was interrupted, or "
-        "another desk is sending it.");
+  const OutboxPlace start = settings_.server ? OutboxPlace::sending : OutboxPlace::waiting;
+  const bool isNew = outbox.put(name, messageText(message), start);
+  if (!isNew) {
+    const OutboxPlace found = outbox.find(name);
+    alreadyDelivered_ = isOut(found);
+    if (alreadyDelivered_) return;
+    if (!mayRepeat_ || found == OutboxPlace::nowhere) throw UncertainMailError(doubtOf(found));
+    if (found != start) outbox.move(name, found, start);
+  }
+  if (settings_.server) submitFrom(outbox, name, message, isNew);
+}
+
+void OutboxEmailSender::submitFrom(const Outbox& outbox, const std::string& name,
+                                   const MailMessage& message, bool isNew) {
   try {
     submit(*settings_.server, message);
   } catch (const UncertainMailError&) {
     throw;
   } catch (const MailError&) {
-    outbox.withdraw(name);
+    // That it is refused this time tells nothing of the time before.
+    if (isNew) outbox.withdraw(name, OutboxPlace::sending);
     throw;
   }
-  outbox.moveToSent(name);
+  try {
+    outbox.move(name, OutboxPlace::sending, OutboxPlace::sent);
+  } catch (const MailError& error) {
+    keepFault_ =
+        std::string("it stays in \"sending\", from where nothing is sent again: ") + error.what();
+  }
 }
 
 MailMessage OutboxEmailSender::compose() {
@@ -100,11 +114,40 @@ Mailbox OutboxEmailSender::sender() {
   return {cleanLine(from.name), mailboxes.front().address};
 }
 
+OutboxPlace OutboxEmailSender::place() const {
+  return identity_.empty() ? OutboxPlace::nowhere : Outbox(settings_.folder).find(messageName());
+}
+
+bool OutboxEmailSender::isOut(OutboxPlace place) const {
+  return settings_.identitiesAreOurs &&
+         (place == OutboxPlace::sent || (place == OutboxPlace::waiting && !settings_.server));
+}
+
+std::string OutboxEmailSender::doubtOf(OutboxPlace place) const {
+  const std::string doubt = "It is not known whether the message went out: ";
+  if (!settings_.identitiesAreOurs)
+    return doubt +
+           "one of its name is in the outbox, and the database has no identity that tells its "
+           "messages from others'.";
+  if (place == OutboxPlace::waiting)
+    return doubt + "it is in the outbox for another mail system to take.";
+  return doubt + "sending it was interrupted, or another desk is sending it.";
+}
+
 bool OutboxEmailSender::isDelivered() const {
-  if (identity_.empty()) return false;
+  return isOut(place());
+}
+
+std::string OutboxEmailSender::doubt() const {
+  const OutboxPlace found = place();
+  return found == OutboxPlace::nowhere || isOut(found) ? "" : doubtOf(found);
+}
+
+void OutboxEmailSender::putAside() const {
   const Outbox outbox(settings_.folder);
   const std::string name = messageName();
-  return settings_.server ? outbox.wasSent(name) : outbox.holds(name);
+  if (settings_.identitiesAreOurs && outbox.find(name) == OutboxPlace::sending)
+    outbox.move(name, OutboxPlace::sending, OutboxPlace::sent);
 }
 
 bool OutboxEmailSender::hasDatabase() const {
@@ -113,11 +156,11 @@ bool OutboxEmailSender::hasDatabase() const {
 
 /// What is settled once holds for every further attempt.
 void OutboxEmailSender::identify() {
-  if (!identity_.empty()) return;
-  if (settings_.identityOf && hasDatabase())
+  if (identity_.empty() && settings_.identityOf && hasDatabase())
     if (const auto notification = notificationOf(*database_, words_))
       identity_ = settings_.identityOf(*notification);
-  if (identity_.empty()) identity_ = identityOfItsOwn();
+  const bool isOthers = mayRepeat_ && !settings_.identitiesAreOurs && !doubt().empty();
+  if (identity_.empty() || isOthers) identity_ = identityOfItsOwn();
 }
 
 std::string OutboxEmailSender::messageName() const {

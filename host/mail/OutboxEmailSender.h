@@ -5,6 +5,7 @@
 #include <string>
 
 #include "contract/EmailSender.h"
+#include "host/mail/Outbox.h"
 #include "host/mail/mail_message.h"
 #include "host/mail/notification_of_email.h"
 #include "host/mail/smtp.h"
@@ -21,12 +22,16 @@ struct OutboxSettings {
   std::optional<SmtpServer> server = std::nullopt;
   /// The identity of a notification's message. Unset: no message is looked for among the rows.
   std::function<std::string(Id notification)> identityOf = nullptr;
+  /// False when others may give their messages the same identities.
+  bool identitiesAreOurs = true;
 };
 
-/// Sends a message by putting it, as an RFC 5322 file, into an outbox folder, and, where a server
-/// is set, from there to the server; the file then lies in the folder "sent". A message that the
-/// server refuses leaves the outbox again. One of which it cannot be known whether the server took
-/// it stays there, and is not sent again until allowRepeat() or until a person has taken it away.
+/// Sends a message by putting it, as an RFC 5322 file, into an outbox folder, or, where a server is
+/// set, by handing it to the server, with the file in the folder "sending" until the server has
+/// taken it and in "sent" from then on. A message that the server refuses leaves the outbox again.
+/// One of which it cannot be known whether it went out stays where it is, whether or not a server
+/// is set the next time, and is not sent again until allowRepeat() or until a person has taken it
+/// away.
 ///
 /// A message has an identity, from which its Message-ID and its file name come, so that sending the
 /// same notification again, after a crash or by a second click, cannot make a second message: the
@@ -57,14 +62,31 @@ class OutboxEmailSender : public EmailSender {
   void setIdentity(std::string identity) { identity_ = std::move(identity); }
   /// Sends also a message of which it cannot be known whether it went out.
   void allowRepeat() { mayRepeat_ = true; }
-  /// True when the message of the identity is out of the program's hands: sent or, without a
-  /// server, in the outbox. Sends nothing.
+
+  // Of the message of the identity. These send nothing and throw MailError.
+
+  /// True when it is out of the program's hands: sent or, without a server, in the outbox.
   bool isDelivered() const;
+  /// Why it cannot be known whether it went out; empty when that is known.
+  std::string doubt() const;
+  /// Keeps it for sent where there was such a doubt.
+  void putAside() const;
+
   /// True when the last send found the message in place, or sent.
   bool alreadyDelivered() const { return alreadyDelivered_; }
+  /// True when the last send failed and it cannot be known whether the message went out.
+  bool isUncertain() const { return isUncertain_; }
+  /// Why the message that the last send sent stays in "sending", empty when it does not. It is not
+  /// sent again from there.
+  const std::string& keepFault() const { return keepFault_; }
 
  private:
   void deliver(const std::string& name, const MailMessage& message);
+  void submitFrom(const Outbox& outbox, const std::string& name, const MailMessage& message,
+                  bool isNew);
+  OutboxPlace place() const;
+  bool isOut(OutboxPlace place) const;
+  std::string doubtOf(OutboxPlace place) const;
   MailMessage compose();
   Mailbox sender();
   bool hasDatabase() const;
@@ -77,7 +99,9 @@ class OutboxEmailSender : public EmailSender {
   EmailWords words_;
   std::string identity_;
   std::string lastError_;
+  std::string keepFault_;
   bool alreadyDelivered_ = false;
+  bool isUncertain_ = false;
   bool mayRepeat_ = false;
 };
 

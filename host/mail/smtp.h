@@ -47,7 +47,8 @@ SmtpServer parseSmtpServer(const std::string& url);
 SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile,
                           std::optional<std::chrono::seconds> timeout = std::nullopt);
 
-/// The connection broke after the whole message had gone out: the server may have taken it.
+/// It cannot be known whether the message went out, such as when the connection broke after the
+/// whole of it was told: the server may have taken it.
 class UncertainMailError : public MailError {
  public:
   using MailError::MailError;

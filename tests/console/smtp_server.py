@@ -1,14 +1,16 @@
 """A mail server for the tests. Usage: smtp_server.py MODE FOLDER
 
-Prints the port that it listens on. Modes: take, login, tls (with FOLDER/server.pem), starttls (the
-same), refuse-recipient, refuse-message, drop (in the middle of the message), vanish (after the whole
-message, before the answer), old-vanish (the same, of a server that knows no EHLO), and those that
-say no more from some moment on: silent, silent-data, silent-body, silent-end. Each message taken is a file in FOLDER: its envelope as
-JSON, an empty line, its text.
+Prints the port that it listens on. Modes: take, spoil-sent (takes, and puts a file where the outbox
+has its folder "sent"), login, tls (with FOLDER/server.pem), starttls (the same), refuse-recipient,
+refuse-message, drop (in the middle of the message), vanish (after the whole message, before the
+answer), old-vanish (the same, of a server that knows no EHLO), and those that say no more from some
+moment on: silent, silent-data, silent-body, silent-end. Each message taken is a file in FOLDER: its
+envelope as JSON, an empty line, its text.
 """
 
 import asyncio
 import json
+import shutil
 import socket
 import ssl
 import sys
@@ -33,6 +35,10 @@ class Handler:
                  "login": bool(session.authenticated)}
         (FOLDER / f"{count}.mail").write_bytes(
             json.dumps(about).encode() + b"\n\n" + envelope.original_content)
+        if MODE == "spoil-sent":
+            sent = FOLDER.parent / "firm.db.outbox" / "sent"
+            shutil.rmtree(sent, ignore_errors=True)
+            sent.touch()
         return "250 Taken"
 
 

@@ -2,6 +2,8 @@
 
 import email
 import email.policy
+import fcntl
+import shutil
 import subprocess
 
 from console import ENGINE, TASK, ConsoleTest, files_only
@@ -197,3 +199,28 @@ class SendTest(ConsoleTest):
         run = self.run_program("send", row, database="link.db")
         self.assertIn("move all that is in link.db.outbox there and remove it", run.err)
         self.assertEqual((1, (0, 1)), (run.code, self.state(row)))
+
+    @files_only("each server has its databases to itself")
+    def test_what_may_be_another_databases_message_is_told(self):
+        row = self.due_email()
+        self.sql("DELETE FROM DatabaseIdentity")
+        shutil.copy(self.folder / "firm.db", self.folder / "second.db")
+        self.done(f"send {row} --outbox .")
+        self.database = "second.db"
+        for options in ([], ["--dry-run"]):
+            run = self.run_program("send", row, "--outbox", ".", *options)
+            self.assertIn("the database has no identity that tells its messages", run.err)
+            self.assertEqual((1, (0, 1)), (run.code, self.state(row)))
+        self.done(f"send {row} --again --outbox .")
+        self.assertEqual((2, (1, 2)), (len(self.messages(".")), self.state(row)))
+
+    def test_what_was_left_half_written_goes(self):
+        outbox = self.folder / "firm.db.outbox"
+        outbox.mkdir(exist_ok=True)
+        left, others = outbox / f".{'0' * 40}.1.tmp", outbox / ".theirs.tmp"
+        others.touch()
+        for expected in (True, False):  # once a program still writes it
+            with open(left, "w") as file:
+                fcntl.flock(file, fcntl.LOCK_EX if expected else fcntl.LOCK_UN)
+                self.done(f"send {self.due_email()}")
+            self.assertEqual((expected, True), (left.exists(), others.exists()))

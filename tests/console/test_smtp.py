@@ -11,6 +11,7 @@ from pathlib import Path
 from console import ConsoleTest
 
 PYTHON = "/usr/bin/python3"  # the one that Debian's aiosmtpd is for
+SENDING = "firm.db.outbox/sending"
 SERVER = Path(__file__).with_name("smtp_server.py")
 
 
@@ -94,26 +95,55 @@ class Smtp(ConsoleTest):
                 run = self.send(self.serve(mode), environment={"HVNOTIFY_SMTP_TIMEOUT": "2"})
                 self.assertLess(time.monotonic() - started, 30)
                 self.assertIn(words, run.err)
-                self.assertEqual((run.code, self.state(self.row), len(self.messages())),
+                messages = self.messages(SENDING)
+                self.assertEqual((run.code, self.state(self.row), len(messages)),
                                  (1, (0, 1), kept))
-                for message in self.messages():
+                for message in messages:
                     message.unlink()
         self.assertIn("The mail server cannot be reached.",
                       self.send("smtp-plain://127.0.0.1:1").err)
         for seconds in ("0", "-1", "x"):
             self.assertEqual(self.run_program("--smtp-timeout", seconds, "due").code, 2)
 
-    def test_what_cannot_be_known_is_said_and_not_sent_again(self):
+    def test_what_cannot_be_known_is_said_until_a_person_decides(self):
         self.send(self.serve("vanish"))
         url = self.serve("take")
+        self.send(self.serve("refuse-message"), "--again")
+        for general, options in (("--smtp", url), ()), ((), ()), ((), ("--dry-run",)):
+            run = self.run_program(*general, "send", self.row, *options)
+            self.assertEqual((run.code, self.state(self.row), self.messages(), self.taken()),
+                             (1, (0, 1), [], []))
+            self.assertIn("It is not known whether the message went out", run.err)
+            self.assertIn("settle it with send --mark-only or send --again", run.err)
+        for options, place in ("--mark-only", "sent"), ("--again", "."):
+            self.done(f"send {self.row} {options}")
+            (message,) = self.messages(f"firm.db.outbox/{place}")
+            message.rename(kept := self.folder / SENDING / message.name)
+            self.write(self.row, NotificationSent=False, NotificationSentStatus=1)
+        kept.rename(message)
         run = self.send(url)
+        self.assertIn("in the outbox for another mail system to take", run.err)
         self.assertEqual((run.code, self.taken()), (1, []))
-        self.assertIn("It is not known whether the message went out", run.err)
         self.assertEqual(self.send(url, "--again").code, 0)
         ((_, message),) = self.taken()
         (kept,) = self.messages("firm.db.outbox/sent")
         self.assertEqual(message["Message-ID"],
                          email.message_from_bytes(kept.read_bytes())["Message-ID"])
+
+    def test_what_cannot_be_put_aside_is_sent_and_told(self):
+        run = self.send(self.serve("spoil-sent"))
+        self.assertIn(f"notification {self.row} was sent: to ", run.err)
+        self.assertIn('; it stays in "sending", from where nothing is sent again: ', run.err)
+        place = self.folder / "firm.db.outbox" / "sent"
+        for sent, reason in (1, "Not a directory"), (0, "Not a directory"), (0, "No such file"):
+            self.assertIn(f'firm.db.outbox/sent" cannot be used: {reason}', run.err)
+            self.assertEqual((run.code, self.state(self.row)[0], len(self.taken()),
+                              len(self.messages(SENDING))), (1, sent, 1, 1))
+            if not sent:
+                place.unlink()
+                place.symlink_to("nowhere")
+            self.row = self.arm()[1][0] if sent else self.row
+            run = self.send(self.serve("take"))
 
     def test_safe_connections_check_who_the_server_is(self):
         def is_refused(url, words="The mail server does not prove who it is.", **environment):

@@ -17,7 +17,7 @@ namespace {
 using host::SendOutcome;
 using host::SendResult;
 
-enum class Fate { sent, skipped, failed, unmarked };
+enum class Fate { sent, skipped, failed, unmarked, unkept };
 
 /// What a notification's row of the table says.
 struct Told {
@@ -34,7 +34,7 @@ struct ResultWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   const char* meanwhile = nullptr;
 };
-constexpr std::array<ResultWords, 13> resultTable{{
+constexpr std::array<ResultWords, 14> resultTable{{
     {SendResult::sent, Fate::sent, "to {}"},
     {SendResult::foundInOutbox, Fate::sent, "was in the outbox already"},
     {SendResult::markedOnly, Fate::sent, "marked only; nothing goes out"},
@@ -48,6 +48,7 @@ constexpr std::array<ResultWords, 13> resultTable{{
     {SendResult::unknownWhetherSent, Fate::failed,
      "it cannot be known whether it was sent: its marking was interrupted and it is not in the "
      "outbox (settle it with send --mark-only or send --again)"},
+    {SendResult::uncertain, Fate::failed, "{} (settle it with send --mark-only or send --again)"},
     {SendResult::noAddress, Fate::failed,
      "There is no email address entered for this notification"},
     {SendResult::failed, Fate::failed, "{}"},
@@ -61,11 +62,12 @@ struct FateWords {
   const char* name;
   const char* complaint;
 };
-constexpr std::array<FateWords, 4> fateTable{{
+constexpr std::array<FateWords, 5> fateTable{{
     {"sent", ""},
     {"skipped", "was not sent"},
     {"failed", "was not sent"},
     {"not marked", "could not be marked sent"},
+    {"sent", "was sent"},
 }};
 
 const FateWords& wordsOf(Fate fate) {
@@ -92,10 +94,14 @@ Told tell(const SendOutcome& outcome, bool wasDue) {
   const ResultWords& row = *std::ranges::find(resultTable, outcome.result, &ResultWords::result);
   if (wasDue && row.meanwhile) return {Fate::skipped, row.meanwhile};
   const bool isByHand = outcome.result == SendResult::byHand;
-  const std::string words = fmt::format(
-      fmt::runtime(row.words), isByHand ? reasonToSkip(outcome.about->channel) : outcome.detail);
-  if (outcome.markFault.empty()) return {row.fate, words};
-  return {Fate::unmarked, words + "; " + outcome.markFault};
+  Told told{row.fate,
+            fmt::format(fmt::runtime(row.words),
+                        isByHand ? reasonToSkip(outcome.about->channel) : outcome.detail)};
+  for (const auto& [fault, fate] :
+       {std::pair(outcome.keepFault, Fate::unkept), std::pair(outcome.markFault, Fate::unmarked)}) {
+    if (!fault.empty()) told = {fate, told.words + "; " + fault};
+  }
+  return told;
 }
 
 const char* fateName(Fate fate, bool dryRun) {

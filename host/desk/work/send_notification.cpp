@@ -33,9 +33,19 @@ class Sending {
 
  private:
   SendOutcome sendNow() {
-    if (wish_.markOnly) return marked({SendResult::markedOnly});
+    if (wish_.markOnly) return markOnly();
     if (row_.channel != nt_Email) return {SendResult::byHand};
     return sendEmail();
+  }
+
+  SendOutcome markOnly() {
+    SendOutcome outcome{SendResult::markedOnly};
+    try {
+      if (row_.channel == nt_Email && !wish_.dryRun) newSender()->putAside();
+    } catch (const MailError& error) {
+      outcome.keepFault = error.what();
+    }
+    return marked(std::move(outcome));
   }
 
   SendOutcome sendEmail() {
@@ -48,27 +58,34 @@ class Sending {
     sender->put_bcc(row_.fields[Notification::emailBcc]);
     sender->put_subject(row_.fields[Notification::emailSubject]);
     sender->put_body(plainTextOf(row_.memo));
-    if (!sender->send()) return {SendResult::failed, sender->getLastError()};
+    if (!sender->send())
+      return {sender->isUncertain() ? SendResult::uncertain : SendResult::failed,
+              sender->getLastError()};
     if (sender->alreadyDelivered()) return marked({SendResult::foundInOutbox});
-    return marked({SendResult::sent, recipients()});
+    return marked({SendResult::sent, recipients(), sender->keepFault()});
   }
 
   SendOutcome rehearse() {
-    if (newSender()->isDelivered()) return {SendResult::foundInOutbox};
-    try {
-      for (const int field : {Notification::emailTo, Notification::emailCc, Notification::emailBcc})
-        parseRecipients(row_.fields[field]);
-    } catch (const MailError& error) {
-      return {SendResult::failed, error.what()};
-    }
+    if (auto outcome = outcomeBefore()) return *std::move(outcome);
+    for (const int field : {Notification::emailTo, Notification::emailCc, Notification::emailBcc})
+      parseRecipients(row_.fields[field]);
     return {SendResult::sent, recipients()};
   }
 
   SendOutcome finishSending() {
     if (wish_.markOnly || wish_.again) return sendNow();
-    if (row_.channel == nt_Email && newSender()->isDelivered())
-      return marked({SendResult::foundInOutbox});
+    if (row_.channel == nt_Email)
+      if (auto outcome = outcomeBefore()) return *std::move(outcome);
     return {SendResult::unknownWhetherSent};
+  }
+
+  /// What the outbox knows of an earlier run, if anything.
+  std::optional<SendOutcome> outcomeBefore() {
+    const auto sender = newSender();
+    if (sender->isDelivered()) return marked({SendResult::foundInOutbox});
+    std::string doubt = sender->doubt();
+    if (doubt.empty() || wish_.again) return std::nullopt;
+    return SendOutcome{SendResult::uncertain, std::move(doubt)};
   }
 
   SendOutcome finishCancel() {
@@ -120,6 +137,8 @@ SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish) {
     }
   } catch (const PlatformError& error) {
     outcome = {SendResult::failed, firstLine(error.description())};
+  } catch (const MailError& error) {
+    outcome = {SendResult::failed, error.what()};
   }
   outcome.about = std::move(about);
   return outcome;

@@ -30,8 +30,10 @@ enum class SendResult {
   /// Its cancelling was interrupted, and is finished now.
   cancelFinished,
   cancelFailed,
-  /// Its marking was interrupted, and it is not in the outbox.
+  /// Its marking was interrupted, and the outbox does not know it as sent.
   unknownWhetherSent,
+  /// Sending it was interrupted, or the mail server did: see OutboxEmailSender::isUncertain.
+  uncertain,
   noAddress,
   /// The mail or the database refused it.
   failed,
@@ -51,6 +53,8 @@ struct SendOutcome {
   SendResult result = SendResult::failed;
   /// Of `sent` the recipients; of a failure its reason.
   std::string detail = {};
+  /// Why the message of what was sent could not be put aside: see OutboxEmailSender::keepFault.
+  std::string keepFault = {};
   /// Why a notification that went out could not be marked sent; the next run makes it good.
   std::string markFault = {};
   /// Unset when it is not there.
@@ -62,7 +66,8 @@ struct SendOutcome {
 /// A message has one name in the outbox for all time. A run that was killed between the outbox and
 /// the mark is made good by the next: the message is found there, nothing is sent again, and the
 /// row is marked. A row that is half marked although its message is not there was marked by another
-/// program: whether it was sent cannot be known, and a person settles it by markOnly or again.
+/// program, and a message that a mail server may have taken stays apart in the outbox: whether they
+/// were sent cannot be known, and a person settles it by markOnly or again.
 SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish);
 
 }  // namespace autonotify::host

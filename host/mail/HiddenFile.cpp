@@ -1,0 +1,93 @@
+#include "host/mail/HiddenFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <random>
+#include <regex>
+
+namespace autonotify::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string newHiddenName(const std::string& name) {
+  return "." + name + "." + std::to_string(std::random_device{}()) + ".tmp";
+}
+
+bool isHiddenName(const std::string& name) {
+  static const std::regex hidden("\\.[0-9a-f]{40}\\.[0-9]+\\.tmp");
+  return std::regex_match(name, hidden);
+}
+
+/// Whether the new file was locked before anyone took it for an abandoned one. Where a file system
+/// has no locks, nobody does.
+bool lockNew(int folder, const std::string& name, int file) {
+  ::flock(file, LOCK_EX);
+  return ::faccessat(folder, name.c_str(), F_OK, 0) == 0 || errno != ENOENT;
+}
+
+bool writeAll(int file, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written = ::write(file, content.data(), content.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return false;
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+Descriptor::~Descriptor() {
+  if (isOpen()) ::close(number_);
+}
+
+HiddenFile::HiddenFile(int folder, const std::string& name)
+    : folder_(folder), file_(create(name)), isHidden_(file_.isOpen()) {}
+
+HiddenFile::~HiddenFile() {
+  if (isHidden_) ::unlinkat(folder_, name_.c_str(), 0);
+}
+
+int HiddenFile::create(const std::string& name) {
+  while (true) {
+    name_ = newHiddenName(name);
+    const int file =
+        ::openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                 S_IRUSR | S_IWUSR);
+    if (file < 0 || lockNew(folder_, name_, file)) return file;
+    ::close(file);
+  }
+}
+
+bool HiddenFile::write(std::string_view content) {
+  return file_.isOpen() && writeAll(file_.get(), content) && ::fsync(file_.get()) == 0;
+}
+
+bool HiddenFile::giveName(const std::string& path) {
+  constexpr unsigned noReplace = 1;  // RENAME_NOREPLACE
+  isHidden_ = ::renameat2(folder_, name_.c_str(), folder_, path.c_str(), noReplace) != 0;
+  if (!isHidden_) return true;
+  // File systems without such a renaming have links.
+  if (errno != EINVAL && errno != ENOSYS) return false;
+  return ::linkat(folder_, name_.c_str(), folder_, path.c_str(), 0) == 0;
+}
+
+void HiddenFile::removeAbandoned(const std::string& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (!isHiddenName(entry->path().filename().string())) continue;
+    const Descriptor file(::open(entry->path().c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC));
+    if (file.isOpen() && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0)
+      ::unlink(entry->path().c_str());
+  }
+}
+
+}  // namespace autonotify::host
