@@ -3,9 +3,6 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
-#include <filesystem>
-#include <system_error>
-
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/database/postgres/PostgresRowSink.h"
@@ -19,25 +16,27 @@ namespace {
 
 class SqlitePlace : public CopyPlace {
  public:
-  explicit SqlitePlace(std::unique_ptr<SqliteDatabase> database) : database_(std::move(database)) {}
+  SqlitePlace(std::unique_ptr<SqliteDatabase> database, bool isFinished)
+      : CopyPlace(isFinished), database_(std::move(database)) {}
 
+  Engine engine() const override { return Engine::sqlite; }
   RecordsetDatabase& database() override { return *database_; }
   std::unique_ptr<RowSink> newSink() override {
     return std::make_unique<SqliteRowSink>(database_->connection());
   }
-  Id lastKey(const TableDef& table) override {
+  std::int64_t counter(const TableDef& table) override {
     return translated([&] {
       SQLite::Statement ask(database_->connection(),
                             "SELECT coalesce(max(seq), 0) FROM sqlite_sequence WHERE name=?");
       ask.bind(1, table.name);
       ask.executeStep();
-      return Id{ask.getColumn(0).getInt()};
+      return ask.getColumn(0).getInt64();
     });
   }
-  void setLastKey(const TableDef& table, Id key) override {
-    const std::string sql = "DELETE FROM sqlite_sequence WHERE name='" + table.name +
+  void setCounter(const TableDef& table, std::int64_t key) override {
+    const std::string sql = "BEGIN; DELETE FROM sqlite_sequence WHERE name='" + table.name +
                             "'; INSERT INTO sqlite_sequence(name, seq) VALUES ('" + table.name +
-                            "', " + std::to_string(key) + ")";
+                            "', " + std::to_string(key) + "); COMMIT";
     translated([&] { return database_->connection().exec(sql); });
   }
   void finish() override { finishSqlite(*database_); }
@@ -48,60 +47,56 @@ class SqlitePlace : public CopyPlace {
 
 class PostgresPlace : public CopyPlace {
  public:
-  explicit PostgresPlace(std::unique_ptr<PostgresDatabase> database)
-      : database_(std::move(database)) {}
+  PostgresPlace(std::unique_ptr<PostgresDatabase> database, bool isFinished)
+      : CopyPlace(isFinished), database_(std::move(database)) {}
 
+  Engine engine() const override { return Engine::postgres; }
   RecordsetDatabase& database() override { return *database_; }
   std::unique_ptr<RowSink> newSink() override {
     return std::make_unique<PostgresRowSink>(database_->connection());
   }
-  Id lastKey(const TableDef& table) override {
+  std::int64_t counter(const TableDef& table) override {
     return call("SELECT coalesce(pg_sequence_last_value(" + sequenceOf(table) + "::regclass), 0)",
                 {});
   }
-  void setLastKey(const TableDef& table, Id key) override {
+  void setCounter(const TableDef& table, std::int64_t key) override {
     call("SELECT setval(" + sequenceOf(table) + ", $1)", {key});
   }
   void finish() override { finishPostgres(*database_); }
 
  private:
-  Id call(const std::string& sql, const std::vector<Value>& parameters) {
-    return database_->connection().execute(sql, parameters).front()[0].as<Id>();
+  std::int64_t call(const std::string& sql, const std::vector<Value>& parameters) {
+    return database_->connection().execute(sql, parameters).front()[0].as<std::int64_t>();
   }
 
   std::unique_ptr<PostgresDatabase> database_;
 };
 
-void removeFile(const std::string& path) {
-  std::error_code fault;
-  for (const char* ending : {"", "-wal", "-shm"}) {
-    if (!fault) std::filesystem::remove(path + ending, fault);
-  }
-  if (fault)
-    throw DatabaseError(database_error::inputOutput,
-                        path + " cannot be made anew: " + fault.message());
+std::unique_ptr<CopyPlace> openUnfinished(const std::string& place, bool anew) {
+  if (isFile(place)) return std::make_unique<SqlitePlace>(continueSqlite(place, anew), false);
+  return std::make_unique<PostgresPlace>(anew ? createPostgres(place) : continuePostgres(place),
+                                         false);
 }
 
-std::unique_ptr<SqliteDatabase> openTargetFile(const std::string& path, bool anew) {
-  std::error_code ignored;
-  if (!std::filesystem::exists(path, ignored)) return createUnfinishedSqlite(path);
-  auto database = openUnfinishedSqlite(path);
-  if (!anew) return database;
-  database.reset();
-  removeFile(path);
-  return createUnfinishedSqlite(path);
+std::unique_ptr<CopyPlace> openFinished(const std::string& place, OpenMode mode) {
+  if (isFile(place)) return std::make_unique<SqlitePlace>(openSqlite(place, mode), true);
+  return std::make_unique<PostgresPlace>(openPostgres(place), true);
 }
 
 }  // namespace
 
 std::unique_ptr<CopyPlace> openCopySource(const std::string& place) {
-  if (isFile(place)) return std::make_unique<SqlitePlace>(openSqlite(place, OpenMode::readOnly));
-  return std::make_unique<PostgresPlace>(openPostgres(place));
+  return openFinished(place, OpenMode::readOnly);
 }
 
+// A finished file is opened for writing so that what is left of its log goes into it.
 std::unique_ptr<CopyPlace> openCopyTarget(const std::string& place, bool anew) {
-  if (isFile(place)) return std::make_unique<SqlitePlace>(openTargetFile(place, anew));
-  return std::make_unique<PostgresPlace>(anew ? createPostgres(place) : continuePostgres(place));
+  try {
+    return openUnfinished(place, anew);
+  } catch (const DatabaseError& error) {
+    if (anew || error.number() != database_error::alreadyExists) throw;
+    return openFinished(place, OpenMode::readWrite);
+  }
 }
 
 }  // namespace autonotify::host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -13,23 +14,30 @@ namespace autonotify::host {
 /// All failures are thrown as PlatformError.
 class CopyPlace {
  public:
+  explicit CopyPlace(bool isFinished) : isFinished_(isFinished) {}
   virtual ~CopyPlace() = default;
 
+  /// Whether it may be opened for work, and so is not to be filled.
+  bool isFinished() const { return isFinished_; }
+  virtual Engine engine() const = 0;
   virtual RecordsetDatabase& database() = 0;
   virtual std::unique_ptr<RowSink> newSink() = 0;
-  /// The greatest key that the table ever gave, 0 for none: it may be that of a deleted row.
-  virtual Id lastKey(const TableDef& table) = 0;
-  virtual void setLastKey(const TableDef& table, Id key) = 0;
+  /// Where the table's counter of keys stands, 0 for the beginning: it may be behind its rows.
+  virtual std::int64_t counter(const TableDef& table) = 0;
+  virtual void setCounter(const TableDef& table, std::int64_t key) = 0;
   /// The copy is whole: the database opens from now on.
   virtual void finish() = 0;
+
+ private:
+  bool isFinished_;
 };
 
 /// A finished database, to read from; a file is opened read-only.
 std::unique_ptr<CopyPlace> openCopySource(const std::string& place);
 
-/// An unfinished database to write to: a new one, or one whose copying was interrupted, with the
-/// rows that it has. `anew` empties such a one. Throws DatabaseError: alreadyExists for a finished
-/// database, foreign for anything else that is there.
+/// A database to write to: a new one, or one whose copying was interrupted, with the rows that it
+/// has. `anew` empties such a one. A finished database is opened to be compared, and `anew` refused
+/// with alreadyExists. Throws DatabaseError, foreign for anything else that is there.
 std::unique_ptr<CopyPlace> openCopyTarget(const std::string& place, bool anew);
 
 }  // namespace autonotify::host

@@ -1,22 +1,37 @@
 #include "host/copy/DatabaseCopy.h"
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <vector>
 
 #include "host/clients/record_rows.h"
+#include "host/copy/accepted_values.h"
 #include "host/database/dialect/DatabaseError.h"
 
 namespace autonotify::host {
 namespace {
 
 constexpr int portion = 1000;
-constexpr Id beforeAll = -std::numeric_limits<Id>::max();
 
-std::string rowsBehind(const TableDef& table, Id key) {
-  return "SELECT " + table.name + ".* FROM " + table.name + " WHERE " + table.key() + ">" +
-         std::to_string(key) + " ORDER BY " + table.key() + ";";
+std::string rowsOf(const TableDef& table, const std::string& condition = {}) {
+  return "SELECT " + table.name + ".* FROM " + table.name + condition + " ORDER BY " + table.key() +
+         ";";
+}
+
+std::optional<std::int64_t> greatestKey(CopyPlace& place, const TableDef& table) {
+  std::optional<std::int64_t> key;
+  firstRow(place.database(), "SELECT MAX(" + table.key() + ") AS Greatest FROM " + table.name + ";",
+           [&](const Row& row) {
+             const Value greatest = row.value("Greatest");
+             if (const auto* number = greatest.getIf<std::int64_t>()) key = *number;
+           });
+  return key;
+}
+
+/// The greatest key that the table ever gave, 0 for none: it may be that of a deleted row.
+std::int64_t lastKey(CopyPlace& place, const TableDef& table) {
+  return std::max(place.counter(table), greatestKey(place, table).value_or(0));
 }
 
 std::vector<Value> valuesOf(const TableDef& table, const Row& row) {
@@ -30,7 +45,7 @@ std::vector<Value> valuesOf(const TableDef& table, const Row& row) {
 class Walk {
  public:
   Walk(DatabaseReference& database, const TableDef& table)
-      : table_(table), rows_(database, rowsBehind(table, beforeAll)) {}
+      : table_(table), rows_(database, rowsOf(table)) {}
 
   std::optional<std::vector<Value>> next() {
     if (rows_.isAtEnd()) return std::nullopt;
@@ -52,13 +67,13 @@ class TableCopy {
 
   void copy(RowSink& sink) {
     std::int64_t rows = 0;
-    forEachRow(from_.database(), rowsBehind(table_, greatestKeyThere()), [&](const Row& row) {
+    forEachRow(from_.database(), rowsToCome(), [&](const Row& row) {
       if (rows++ % portion == 0) sink.begin();
       insert(sink, row);
       if (rows % portion == 0) endPortion(sink, rows);
     });
     if (rows % portion != 0) endPortion(sink, rows);
-    if (const Id last = from_.lastKey(table_); last > 0) to_.setLastKey(table_, last);
+    if (const std::int64_t last = lastKey(from_, table_); last > 0) to_.setCounter(table_, last);
   }
 
   std::int64_t compare() {
@@ -69,25 +84,34 @@ class TableCopy {
       requireEqual(*row, there.next());
       if (rows % portion == 0) progress_("comparing", table_.name, rows);
     }
-    if (const auto surplus = there.next()) differ(surplus->front());
-    if (from_.lastKey(table_) != to_.lastKey(table_)) differ("the next");
+    if (const auto surplus = there.next()) differ(where(surplus->front()));
+    if (lastKey(from_, table_) != lastKey(to_, table_)) differ("the next key of " + table_.name);
     return rows;
   }
 
  private:
-  Id greatestKeyThere() {
-    Id key = beforeAll;
-    firstRow(to_.database(),
-             "SELECT MAX(" + table_.key() + ") AS Greatest FROM " + table_.name + ";",
-             [&](const Row& row) { key = row.id("Greatest", key); });
-    return key;
+  std::string rowsToCome() {
+    const auto greatest = greatestKey(to_, table_);
+    if (!greatest) return rowsOf(table_);
+    return rowsOf(table_, " WHERE " + table_.key() + ">" + std::to_string(*greatest));
   }
 
   void insert(RowSink& sink, const Row& row) {
     fields_.clear();
-    for (const ColumnDef& column : table_.columns)
+    for (const ColumnDef& column : table_.columns) {
       fields_.push_back({column.name, row.value(column.name)});
+      requireAccepted(column, fields_.back().value);
+    }
     sink.insertRow(table_.name, fields_);
+  }
+
+  void requireAccepted(const ColumnDef& column, const Value& value) const {
+    const char* refusal = value.isNull() ? nullptr : refusalOf(to_.engine(), column.kind, value);
+    if (refusal)
+      throw DatabaseError(database_error::constraint,
+                          "The original cannot be stored there in " +
+                              where(fields_.front().value, column.name) + ", which takes " +
+                              refusal + "; correct it in the original and run the copy again");
   }
 
   void endPortion(RowSink& sink, std::int64_t rows) {
@@ -105,14 +129,22 @@ class TableCopy {
 
   void requireEqual(const std::vector<Value>& here,
                     const std::optional<std::vector<Value>>& there) const {
-    if (!there) differ(here.front());
+    if (!there || here.front() != there->front()) differ(where(here.front()));
     for (std::size_t i = 0; i < here.size(); ++i)
-      if (!isEqual(i, here[i], (*there)[i])) differ(here.front());
+      if (!isEqual(i, here[i], (*there)[i])) differ(where(here.front(), table_.columns[i].name));
   }
 
-  [[noreturn]] void differ(const Value& key) const {
+  std::string where(const Value& key, const std::string& column = {}) const {
+    return "table " + table_.name + ", key " + toText(key) +
+           (column.empty() ? "" : ", column " + column);
+  }
+
+  [[noreturn]] void differ(const std::string& place) const {
+    if (to_.isFinished())
+      throw DatabaseError(database_error::alreadyExists,
+                          "The finished copy there differs from the original in " + place);
     throw DatabaseError(database_error::constraint,
-                        "The databases differ in table " + table_.name + ", key " + toText(key) +
+                        "The databases differ in " + place +
                             ": someone has written to one of them; copy it anew (--anew)");
   }
 
@@ -134,14 +166,23 @@ const TableDef& identityTable() {
   return *findTable("DatabaseIdentity");
 }
 
-/// The table that tells whose copy it is goes first.
-void beginCopy(CopyPlace& from, CopyPlace& to, RowSink& sink, const CopyProgress& progress) {
+void requireSameDatabase(CopyPlace& from, CopyPlace& to) {
   const std::string there = identityOf(to.database());
-  if (there.empty()) return TableCopy(from, to, identityTable(), progress).copy(sink);
-  if (there != identityOf(from.database()))
+  if (there == identityOf(from.database())) return;
+  if (to.isFinished())
+    throw DatabaseError(database_error::alreadyExists, "Another database is there");
+  if (!there.empty())
     throw DatabaseError(database_error::foreign,
                         "The target is the unfinished copy of another database; begin anew "
                         "(--anew)");
+}
+
+/// The table that tells whose copy it is goes first.
+void copyRows(CopyPlace& from, CopyPlace& to, const CopyProgress& progress) {
+  const std::unique_ptr<RowSink> sink = to.newSink();
+  TableCopy(from, to, identityTable(), progress).copy(*sink);
+  for (const TableDef& table : schemaTables())
+    if (&table != &identityTable()) TableCopy(from, to, table, progress).copy(*sink);
 }
 
 std::int64_t rowsIn(RecordsetDatabase& database) {
@@ -157,18 +198,14 @@ std::int64_t rowsIn(RecordsetDatabase& database) {
 CopyResult copyDatabase(CopyPlace& from, CopyPlace& to, const CopyProgress& progress) {
   CopyResult result;
   result.foundThere = rowsIn(to.database());
-  {
-    const std::unique_ptr<RowSink> sink = to.newSink();
-    beginCopy(from, to, *sink, progress);
-    for (const TableDef& table : schemaTables())
-      if (&table != &identityTable()) TableCopy(from, to, table, progress).copy(*sink);
-  }
+  requireSameDatabase(from, to);
+  if (!to.isFinished()) copyRows(from, to, progress);
   for (const TableDef& table : schemaTables()) {
     const std::int64_t rows = TableCopy(from, to, table, progress).compare();
     result.rows += rows;
     result.tables += rows > 0;
   }
-  to.finish();
+  if (!to.isFinished()) to.finish();
   return result;
 }
 

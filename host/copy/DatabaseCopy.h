@@ -20,14 +20,16 @@ using CopyProgress =
     std::function<void(const char* step, const std::string& table, std::int64_t rows)>;
 
 /// Copies all rows of `from` to `to`, with their keys and with what tells the database from every
-/// other, then reads both side by side, and finishes `to` when they are equal.
+/// other, then reads both side by side, and finishes `to` when they are equal. A finished `to` is
+/// compared only.
 ///
 /// Rows go over in the order of their keys, a portion at a time; each portion lasts. An interrupted
 /// copy goes on behind the rows that are there. Nobody should write to either meanwhile: a
 /// difference is found, and ends the copy.
 ///
-/// Throws DatabaseError: foreign when `to` was begun as the copy of another database, constraint
-/// with the table and key of the first difference; those of the databases.
+/// Throws DatabaseError: foreign when `to` was begun as the copy of another database; constraint
+/// with the table, key and column of a value that `to` cannot hold, and of the first difference;
+/// alreadyExists when a finished `to` is another database or differs; those of the databases.
 CopyResult copyDatabase(CopyPlace& from, CopyPlace& to, const CopyProgress& progress);
 
 }  // namespace autonotify::host

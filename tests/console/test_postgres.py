@@ -2,10 +2,9 @@
 
 import contextlib
 import os
-import random
+import signal
 import sqlite3
 import subprocess
-import time
 import unittest
 from pathlib import Path
 
@@ -29,13 +28,14 @@ class PostgresTest(ConsoleTest):
         self.psql(f"CREATE SCHEMA {self.schema}")
         self.addCleanup(self.psql, f"DROP SCHEMA {self.schema} CASCADE")
 
-    def run_psql(self, url, statement):
-        return subprocess.run(["psql", "-Xq", "-v", "ON_ERROR_STOP=1", url, "-c", statement],
-                              capture_output=True, text=True, timeout=60)
+    def run_psql(self, url, script):
+        return subprocess.run(["psql", "-XqAt", url], input=script, capture_output=True, text=True,
+                              timeout=60)
 
-    def psql(self, statement):
-        done = self.run_psql(SERVER, statement)
+    def psql(self, script):
+        done = self.run_psql(SERVER, "\\set ON_ERROR_STOP on\n" + script)
         self.assertEqual(0, done.returncode, done.stderr)
+        return done.stdout.strip()
 
     def on_server(self, *arguments):
         return call(self.folder, "--outbox", self.outbox(), *arguments, database=self.url)
@@ -105,46 +105,75 @@ class PostgresTest(ConsoleTest):
         # The next key of a table is that of the rows that were deleted.
         self.sql("DELETE FROM ClientNotification WHERE ClientNotificationID="
                  "(SELECT max(ClientNotificationID) FROM ClientNotification)")
+        self.sql("INSERT INTO Contacts(ContactID) VALUES (-2147483648), (-2147483647)")
+        Path(self.folder, "back.db").touch()
         for source, target in (("firm.db", self.url), (self.url, "back.db")):
             made = self.copy(source, target)
             self.assertEqual((0, ""), (made.code, made.err))
             self.assertIn("all are equal", made.out)
-            self.assertEqual(1, self.copy(source, target).code)
+            self.assertIn("was finished before", self.copy(source, target).out)
+            refused = self.copy(source, target, "--anew")
+            self.assertEqual((1, True), (refused.code, "stays as it is" in refused.err))
+        with contextlib.closing(sqlite3.connect(Path(self.folder, "back.db"))) as connection:
+            connection.executescript("PRAGMA application_id=0x68764E75; DELETE FROM Contacts WHERE "
+                                     "ContactID>20; DELETE FROM sqlite_sequence")
+        self.refuses("due", "back.db is unfinished: it was never filled to its end", 3,
+                     database="back.db")
+        self.assertIn("rows were already; all are equal", self.copy(self.url, "back.db").out)
         self.assertEqual(self.dump("firm.db"), self.dump("back.db"))
         self.compare("tasks", f"arm {self.free_task()} --channel email")
 
-    def test_an_interrupted_copy_is_refused_and_goes_on(self):
-        seed = random.randrange(2**32)
-        for source, target in (("firm.db", self.url), (self.url, "back.db")):
-            start = time.monotonic()
-            self.assertEqual(0, self.copy(source, "whole.db").code)
-            whole = time.monotonic() - start
-            Path(self.folder, "whole.db").unlink()
-            for part in random.Random(seed).choices(range(30, 100), k=6):
-                running = subprocess.Popen(command("copy", "--from", source, "--to", target),
-                                           cwd=self.folder, stdin=subprocess.DEVNULL,
-                                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-                with contextlib.suppress(subprocess.TimeoutExpired):
-                    running.wait(whole * part / 100)
-                running.kill()
-                running.wait()
-                run = call(self.folder, "due", database=target)
-                self.assertIn(run.code, (0, 3), f"seed {seed}: {run.err}")
-                if run.code == 0:
-                    break
-                self.assertRegex(run.err, "unfinished|holds no database|There is no database",
-                                 f"seed {seed}")
-            self.copy(source, target)
-        self.assertEqual(self.dump("firm.db"), self.dump("back.db"), f"seed {seed}")
+    def unfinish(self):
+        self.psql(f"UPDATE {self.schema}.autonotify_version SET complete = FALSE")
 
     def test_a_copy_notices_what_it_must_not_take(self):
         other = self.run_program("init", "--firm", "Other", database="other.db")
         self.assertEqual(0, other.code)
         self.assertEqual(0, self.copy("firm.db", self.url).code)
-        self.psql(f"UPDATE {self.schema}.autonotify_version SET complete = FALSE")
-        self.assertIn("unfinished copy of another", self.copy("other.db", self.url).err)
+        self.assertRegex(self.copy("other.db", self.url).err, "Another database is .* new place")
         self.psql(f"UPDATE {self.schema}.Contacts SET DisplayName = 'x' WHERE ContactID = 3")
-        self.assertIn("differ in table Contacts, key 3", self.copy("firm.db", self.url).err)
+        differs = "differ.* in table Contacts, key 3, column DisplayName"
+        self.assertRegex(self.copy("firm.db", self.url).err, differs + " and stays as it is")
+        self.unfinish()
+        self.assertIn("unfinished copy of another", self.copy("other.db", self.url).err)
+        self.assertRegex(self.copy("firm.db", self.url).err, differs + ": someone has written")
         self.assertEqual(3, self.on_server("due").code)
         self.assertEqual(0, self.copy("firm.db", self.url, "--anew").code)
         self.assertEqual(0, self.on_server("due").code)
+
+    def test_a_copy_names_what_cannot_be_stored(self):
+        for table, column, unfit, words in (
+                ("Contacts", "DisplayName", "'a' || char(0)", "text in UTF-8"),
+                ("Contacts", "LastName", "CAST(x'ff' AS TEXT)", "text in UTF-8"),
+                ("Schedule", "DueDate", "'2026-04-30 10:00:00.5'", "dates and times in whole"),
+                ("Schedule", "ClientNum", 1 << 31, "whole numbers of 32 bits"),
+                ("Categories", "CategorySpecialCode", 1 << 15, "whole numbers of 16 bits"),
+                ("Dockets", "BillingJobRate", 1e15, "amounts below 10^15")):
+            key = self.one("SELECT name FROM pragma_table_info(?) WHERE pk", table)
+            number, kept = self.sql(f"SELECT max({key}), {column} FROM {table}")[0]
+            self.sql(f"UPDATE {table} SET {column}={unfit} WHERE {key}={number}")
+            self.assertIn(f"table {table}, key {number}, column {column}, which takes {words}",
+                          self.copy("firm.db", self.url, "--anew").err)
+            self.sql(f"UPDATE {table} SET {column}=? WHERE {key}={number}", kept)
+        self.sql("DELETE FROM sqlite_sequence WHERE name='Contacts'")  # which SQLite allows for
+        self.assertEqual(0, self.copy("firm.db", self.url).code)
+        self.psql(f"UPDATE {self.schema}.Dockets SET BillingJobRate='NaN'")
+        self.assertIn("BillingJobRate, which takes numbers", self.copy(self.url, "back.db").err)
+
+    def test_the_last_statement_of_a_killed_copy_is_waited_for(self):
+        self.assertEqual(0, self.copy("firm.db", self.url).code)
+        self.unfinish()
+        self.psql(f"""SET search_path={self.schema}; DELETE FROM DatabaseIdentity;
+            CREATE FUNCTION wait() RETURNS trigger LANGUAGE plpgsql AS
+                'BEGIN PERFORM pg_sleep(1); RETURN NULL; END';
+            CREATE CONSTRAINT TRIGGER slow AFTER INSERT ON DatabaseIdentity
+                INITIALLY DEFERRED FOR EACH ROW EXECUTE FUNCTION wait()""")
+        running = subprocess.Popen(command("copy", "--from", "firm.db", "--to", self.url),
+                                   cwd=self.folder, stdout=subprocess.DEVNULL)
+        while running.poll() is None:
+            if "PgSleep" in self.psql("SELECT wait_event FROM pg_stat_activity"):
+                running.kill()
+        self.assertEqual(-signal.SIGKILL, running.returncode)
+        self.assertIn("is unfinished", self.on_server("due").err)
+        again = self.copy("firm.db", self.url)
+        self.assertEqual((0, ""), (again.code, again.err))

@@ -26,6 +26,16 @@ auto opened(const std::string& place, Open open) {
   }
 }
 
+std::string copiedText(const std::string& target, bool wasFinished,
+                       const host::CopyResult& result) {
+  if (wasFinished)
+    return fmt::format("{} was finished before: {} rows of {} tables, all equal.\n", target,
+                       result.rows, result.tables);
+  return fmt::format(
+      "Copied {} rows of {} tables to {}{}; all are equal.\n", result.rows, result.tables, target,
+      result.foundThere > 0 ? fmt::format(", where {} rows were already", result.foundThere) : "");
+}
+
 }  // namespace
 
 void describeCopy(CLI::App& command, Arguments& arguments) {
@@ -51,9 +61,7 @@ Reply runCopy(const GlobalOptions& options, const Arguments& arguments) {
   });
   Reply reply;
   const std::string target = host::placeShown(arguments.to);
-  reply.text = fmt::format(
-      "Copied {} rows of {} tables to {}{}; all are equal.\n", result.rows, result.tables, target,
-      result.foundThere > 0 ? fmt::format(", where {} rows were already", result.foundThere) : "");
+  reply.text = copiedText(target, to->isFinished(), result);
   reply.data = {{"database", target},
                 {"rows", result.rows},
                 {"tables", result.tables},

@@ -78,8 +78,19 @@ void createTables(PostgresConnection& connection, const Content& content) {
   connection.commit(*scope);
 }
 
+// The server may still be at the last statement of a program that was killed. The lock ends with
+// the connection.
+void takeTurn(PostgresConnection& connection) try {
+  connection.execute(
+      "SELECT pg_advisory_lock(hashtext('autonotify fill ' || current_schema()), 0)");
+} catch (const DatabaseError& error) {
+  if (error.number() != database_error::locked) throw;
+  throw DatabaseError(database_error::locked, "Another program is filling the schema");
+}
+
 std::unique_ptr<PostgresDatabase> unfinished(const std::string& url, bool anew) {
   auto driver = std::make_unique<PostgresDriver>(ServerAddress(url));
+  takeTurn(driver->connection());
   const Content content = contentOf(driver->connection());
   requireRoom(content);
   if (anew || content.version != schemaVersion) createTables(driver->connection(), content);

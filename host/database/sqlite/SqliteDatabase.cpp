@@ -17,6 +17,8 @@ namespace {
 
 namespace files = std::filesystem;
 
+constexpr int openOrCreate = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+
 void execute(SQLite::Database& database, const std::string& sql) {
   translated([&] { return database.exec(sql); });
 }
@@ -30,14 +32,18 @@ SQLite::Database connect(const std::string& path, int flags, int busyTimeout) {
   return translated([&] { return SQLite::Database(path, flags, busyTimeout); });
 }
 
-void requireFile(const files::path& path) {
+void requireNoFolder(const files::path& path) {
   std::error_code ignored;
-  const files::file_status status = files::status(path, ignored);
-  if (!files::exists(status))
-    throw DatabaseError(database_error::missing, "There is no database " + path.string());
-  if (files::is_directory(status))
+  if (files::is_directory(path, ignored))
     throw DatabaseError(database_error::cannotOpen,
                         path.string() + " is a folder, not a database file");
+}
+
+void requireFile(const files::path& path) {
+  std::error_code ignored;
+  if (!files::exists(path, ignored))
+    throw DatabaseError(database_error::missing, "There is no database " + path.string());
+  requireNoFolder(path);
 }
 
 /// The log and its locks lie beside the file, by name: two names of one file would have two of
@@ -76,8 +82,11 @@ void requireWritable(SQLite::Database& database, const std::string& path) {
     throw DatabaseError(database_error::readOnly, path + " can only be read");
 }
 
+/// All tables without rows, in place of those that are there.
 void createTables(SQLite::Database& database, int id = applicationId) {
-  execute(database, "BEGIN");
+  execute(database, "BEGIN IMMEDIATE");
+  for (const TableDef& table : schemaTables())
+    execute(database, "DROP TABLE IF EXISTS " + table.name);
   for (const std::string& statement : schemaStatements(Engine::sqlite))
     execute(database, statement);
   execute(database, "PRAGMA application_id=" + std::to_string(id));
@@ -94,7 +103,7 @@ void useLog(SQLite::Database& database) {
 class EmptyImage {
  public:
   EmptyImage() {
-    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    SQLite::Database database(":memory:", openOrCreate);
     createTables(database);
     bytes_ = sqlite3_serialize(database.getHandle(), "main", &size_, 0);
     if (!bytes_) throw std::bad_alloc();
@@ -137,17 +146,15 @@ void SqliteDatabase::emptyLog() {
     throw DatabaseError(database_error::locked, "The database is locked by another user");
 }
 
-namespace {
-
-std::unique_ptr<SqliteDatabase> open(const files::path& path, OpenMode mode, int busyTimeout,
-                                     int id) {
+std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
+                                           int busyTimeout) {
   requireFile(path);
   requireOneName(path.string());
   const bool writing = mode == OpenMode::readWrite;
   const std::string name = path.string();
   SQLite::Database database =
       connect(name, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
-  requireOurs(database, name, id);
+  requireOurs(database, name, applicationId);
   if (writing) {
     requireWritable(database, name);
     useLog(database);
@@ -155,13 +162,12 @@ std::unique_ptr<SqliteDatabase> open(const files::path& path, OpenMode mode, int
   return std::make_unique<SqliteDatabase>(std::move(database));
 }
 
-std::unique_ptr<SqliteDatabase> create(const files::path& path, int id) {
+std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
   if (files::exists(path))
     throw DatabaseError(database_error::alreadyExists, path.string() + " is there already");
-  SQLite::Database database = connect(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
-                                      SqliteDatabase::busyTimeout);
+  SQLite::Database database = connect(path.string(), openOrCreate, SqliteDatabase::busyTimeout);
   try {
-    createTables(database, id);
+    createTables(database);
     useLog(database);
   } catch (...) {
     std::error_code ignored;
@@ -171,30 +177,23 @@ std::unique_ptr<SqliteDatabase> create(const files::path& path, int id) {
   return std::make_unique<SqliteDatabase>(std::move(database));
 }
 
-}  // namespace
-
-std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
-                                           int busyTimeout) {
-  return open(path, mode, busyTimeout, applicationId);
-}
-
-std::unique_ptr<SqliteDatabase> openUnfinishedSqlite(const files::path& path) {
-  return open(path, OpenMode::readWrite, SqliteDatabase::busyTimeout, unfinishedApplicationId);
-}
-
-std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
-  return create(path, applicationId);
-}
-
 std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
   static const EmptyImage image;
-  SQLite::Database database = connect(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 0);
+  SQLite::Database database = connect(":memory:", openOrCreate, 0);
   image.copyTo(database.getHandle());
   return std::make_unique<SqliteDatabase>(std::move(database));
 }
 
-std::unique_ptr<SqliteDatabase> createUnfinishedSqlite(const files::path& path) {
-  return create(path, unfinishedApplicationId);
+std::unique_ptr<SqliteDatabase> continueSqlite(const files::path& path, bool anew) {
+  requireNoFolder(path);
+  const std::string name = path.string();
+  SQLite::Database database = connect(name, openOrCreate, SqliteDatabase::busyTimeout);
+  if (pragma(database, "page_count") > 0) requireOurs(database, name, unfinishedApplicationId);
+  requireWritable(database, name);
+  if (anew || pragma(database, "user_version") != schemaVersion)
+    createTables(database, unfinishedApplicationId);
+  useLog(database);
+  return std::make_unique<SqliteDatabase>(std::move(database));
 }
 
 void finishSqlite(SqliteDatabase& database) {

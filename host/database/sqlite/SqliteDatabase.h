@@ -52,9 +52,9 @@ std::unique_ptr<SqliteDatabase> createSqliteInMemory();
 
 // A file whose making may be interrupted: it opens as `unfinished` until it is finished.
 
-std::unique_ptr<SqliteDatabase> createUnfinishedSqlite(const std::filesystem::path& path);
-/// alreadyExists for a finished database.
-std::unique_ptr<SqliteDatabase> openUnfinishedSqlite(const std::filesystem::path& path);
+/// The unfinished file that is there, with its rows or, `anew`, without; a new one where there is
+/// none, or one with nothing in it. alreadyExists for a finished database.
+std::unique_ptr<SqliteDatabase> continueSqlite(const std::filesystem::path& path, bool anew);
 /// All that was written is in the file, which opens from now on.
 void finishSqlite(SqliteDatabase& database);
 
