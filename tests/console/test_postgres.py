@@ -82,10 +82,17 @@ class PostgresTest(ConsoleTest):
         self.assertEqual((3, False), (secret.code, "s3cret" in secret.err))
 
     def test_a_role_with_the_rights_of_a_desk_suffices_for_a_day(self):
-        role = f"desk_{os.getpid()}_{self.number}"
+        role = f"desk-{os.getpid()}-{self.number}"
         self.make()
-        self.psql(self.on_server("role", role).out)
-        self.addCleanup(self.psql, f"DROP OWNED BY {role}; DROP ROLE {role}")
+        script = self.on_server("role", role).out
+        for table, other, code in (("ScheduleTypes", "Moved", 3), ("Moved", "ScheduleTypes", 0)):
+            self.psql(f"ALTER TABLE {self.schema}.{table} RENAME TO {other}")
+            self.assertEqual(code, self.run_psql(SERVER, script).returncode)
+        self.addCleanup(self.psql, f'DROP OWNED BY "{role}"; DROP ROLE "{role}"')
+        for taken in ("public", "PUBLIC", "none", "current_user", "pg_monitor", "firm", role):
+            refused = self.on_server("role", taken)
+            self.assertEqual((1, ""), (refused.code, refused.out), taken)
+            self.assertRegex(refused.err, f'"{taken}" (to itself|already); choose another')
         owner, self.url = self.url, self.url.replace("//firm@", f"//{role}@")
         self.assertNotEqual(owner, self.url)
         self.walk()

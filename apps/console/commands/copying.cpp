@@ -79,11 +79,14 @@ Reply runRole(const GlobalOptions& options, const Arguments& arguments) {
     throw Refusal("roles are for servers; " + place +
                   " is a file, which its folder's rights protect");
   Reply reply;
-  opened(place, [&] {
+  try {
     const auto database = host::openPostgres(place);
-    reply.document = host::deskRoleStatements(database->connection(), arguments.role);
-  });
-  reply.data = {{"role", arguments.role}, {"statements", reply.document}};
+    const std::string sql = host::deskRoleStatements(database->connection(), arguments.role);
+    reply.document = "\\set ON_ERROR_STOP on\n" + sql;
+    reply.data = {{"role", arguments.role}, {"statements", sql}};
+  } catch (const host::DatabaseError& error) {
+    throw databaseRefusal(place, error);
+  }
   return reply;
 }
 

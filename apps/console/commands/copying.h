@@ -11,7 +11,7 @@ void describeCopy(CLI::App& command, Arguments& arguments);
 Reply runCopy(const GlobalOptions& options, const Arguments& arguments);
 
 void describeRole(CLI::App& command, Arguments& arguments);
-/// Prints the statements that make a role for desks at a database on a server.
+/// Prints a script for psql that makes a role for desks at a database on a server, or nothing.
 Reply runRole(const GlobalOptions& options, const Arguments& arguments);
 
 }  // namespace autonotify::console
