@@ -33,6 +33,7 @@ TEST(Dialect, PutsLiteralsIntoParameters) {
       {"T='' AND U='it''s' AND V=''''", "T=? AND U=? AND V=?", {"", "it's", "'"}},
       {"T='; -- #1# /* \"?$1'", "T=?", {"; -- #1# /* \"?$1"}},
       {"F=TRUE OR F = false", "F=TRUE OR F = false", {}},
+      {"NOT IsDate(D) OR K=1", "NOT IsDate(D) OR K=?", {1}},
   };
   const std::string select = "SELECT 1 AS One, A.Order FROM A INNER JOIN B ON A.K=B.K\r\n\tWhere ";
   for (const Case& each : cases) {
@@ -76,6 +77,10 @@ TEST(Dialect, PostgresNumbersItsParametersAndPutsNullFirst) {
       {"SELECT * FROM A WHERE K IN (SELECT K FROM B ORDER BY L) ORDER BY K",
        "SELECT * FROM A WHERE K IN (SELECT K FROM B ORDER BY L NULLS FIRST) ORDER BY K NULLS "
        "FIRST"},
+      {"SELECT K FROM A WHERE (NOT isdate (A.D) OR IsDate(IsDate((D)))) ORDER BY K DESC",
+       "SELECT K FROM A WHERE (NOT  (A.D < make_timestamp(10000,1,1,0,0,0)) OR (((D) < "
+       "make_timestamp(10000,1,1,0,0,0)) < make_timestamp(10000,1,1,0,0,0))) ORDER BY K DESC NULLS "
+       "LAST"},
       {"SELECT * FROM A ORDER BY K LIMIT 1", "SELECT * FROM A ORDER BY K NULLS FIRST LIMIT 1"},
   };
   for (const auto& [sql, expected] : cases)

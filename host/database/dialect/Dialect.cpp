@@ -14,8 +14,10 @@ namespace {
 constexpr std::size_t npos = std::string::npos;
 
 constexpr std::string_view aggregates[] = {"avg", "count", "max", "min", "sum"};
-constexpr std::string_view scalarFunctions[] = {"abs",   "coalesce", "length", "lower",
-                                                "round", "trim",     "upper"};
+/// A function of this dialect: the others are those of all engines.
+constexpr std::string_view dateTest = "IsDate";
+constexpr std::string_view scalarFunctions[] = {"abs",   "coalesce", dateTest, "length",
+                                                "lower", "round",    "trim",   "upper"};
 
 template <class Names>
 bool isOneOf(std::string_view word, const Names& names) {
@@ -200,7 +202,8 @@ class Translator {
   }
 
   void open() {
-    if (previous_.kind == TokenKind::word && previous_.keyword == Keyword::none) {
+    const bool isFunction = previous_.kind == TokenKind::word && previous_.keyword == Keyword::none;
+    if (isFunction) {
       if (isOneOf(previous_.content, aggregates))
         grouped();
       else if (!isOneOf(previous_.content, scalarFunctions))
@@ -209,11 +212,26 @@ class Translator {
     if (depth_ + 1 == deepest) refuse("parentheses are nested too deep");
     inCondition_[depth_ + 1] = inCondition_[depth_];
     ++depth_;
+    testsDate_[depth_] =
+        isFunction && engine_ == Engine::postgres && equalIgnoreCase(previous_.content, dateTest);
+    if (testsDate_[depth_]) openDateTest();
+  }
+
+  // A server's column holds dates alone, but also of years beyond those that are read.
+  void openDateTest() {
+    copyTo(previous_.begin);
+    copied_ = previous_.end;
+  }
+
+  void closeDateTest() {
+    copyTo(previous_.end);
+    result_.sql += " < make_timestamp(10000,1,1,0,0,0)";
   }
 
   void close() {
     if (depth_ == 0) refuse("a parenthesis is closed that was not opened");
     if (orderDepth_ == depth_) endOrderTerm();
+    if (testsDate_[depth_]) closeDateTest();
     --depth_;
   }
 
@@ -266,6 +284,7 @@ class Translator {
   Token previous_;
   std::size_t depth_ = 0;
   bool inCondition_[deepest] = {};
+  bool testsDate_[deepest] = {};
   std::size_t orderDepth_ = npos;
   bool descending_ = false;
   bool orderTold_ = false;

@@ -12,7 +12,8 @@ namespace autonotify::host {
 
 // The dialect in which statements come: one plain SELECT with date literals between # marks, the
 // flags True and False in any case, text between single quotes (two inside stand for one), joins
-// nested with parentheses, and a ";" at the end, which may be left out.
+// nested with parentheses, and a ";" at the end, which may be left out. IsDate(column) tells
+// whether a column of dates holds one that can be read and compared; of NULL it tells nothing.
 //
 // Refused, with DatabaseError (statementRefused): anything but a SELECT, a second statement,
 // comments, SELECT ... INTO and FOR, functions other than the few that only compute, quotes, #

@@ -33,6 +33,20 @@ constexpr Failure failures[] = {
     {SQLITE_ERROR, database_error::statementFailed, "The database does not accept the statement"},
 };
 
+// Asked for text, the engine would copy it to put a NUL byte behind it. Files are UTF-8.
+std::string_view textOf(sqlite3_value* held) {
+  const auto* data = static_cast<const char*>(sqlite3_value_blob(held));
+  return {data, static_cast<std::size_t>(sqlite3_value_bytes(held))};
+}
+
+/// IsDate: a date in the form in which dates are stored, which alone compares rightly.
+void testDate(sqlite3_context* context, int, sqlite3_value** arguments) {
+  if (sqlite3_value_type(*arguments) == SQLITE_NULL) return;
+  const std::string_view text = textOf(*arguments);
+  const auto moment = parseDateTime(text);
+  sqlite3_result_int(context, moment && text.starts_with(dateTimeText(moment->dateOnly())));
+}
+
 /// A statement of the engine. The engine's own interface is used here for what the wrapper around
 /// the connection does not give: the table a column comes from, and reading without copies.
 class SqliteStatement : public DriverStatement {
@@ -75,7 +89,7 @@ class SqliteStatement : public DriverStatement {
     sqlite3_value* const held = sqlite3_column_value(statement_, column);
     const int type = sqlite3_value_type(held);
     if (type == SQLITE_NULL) return Null{};
-    if (origin && origin->kind == ColumnKind::Flag) return sqlite3_value_int(held) != 0;
+    if (origin && origin->kind == ColumnKind::Flag) return sqlite3_value_int64(held) != 0;
     if (type == SQLITE_INTEGER) return std::int64_t{sqlite3_value_int64(held)};
     if (type == SQLITE_FLOAT) return sqlite3_value_double(held);
     const std::string_view text = textOf(held);
@@ -105,12 +119,6 @@ class SqliteStatement : public DriverStatement {
       columns_.push_back({text(sqlite3_column_name(statement_, i)),
                           text(sqlite3_column_table_name(statement_, i)),
                           text(sqlite3_column_origin_name(statement_, i))});
-  }
-
-  // Asked for text, the engine would copy it to put a NUL byte behind it. Files are UTF-8.
-  static std::string_view textOf(sqlite3_value* held) {
-    const auto* data = static_cast<const char*>(sqlite3_value_blob(held));
-    return {data, static_cast<std::size_t>(sqlite3_value_bytes(held))};
   }
 
   void bind(int place, Null) { check(sqlite3_bind_null(statement_, place)); }
@@ -180,7 +188,9 @@ void throwSqliteError(sqlite3* connection, int code, const std::string& sql) {
 
 SqliteDriver::SqliteDriver(SQLite::Database database)
     : database_(std::move(database)),
-      isInFile_(*sqlite3_db_filename(database_.getHandle(), "main") != 0) {}
+      isInFile_(*sqlite3_db_filename(database_.getHandle(), "main") != 0) {
+  translated([&] { database_.createFunction("IsDate", 1, true, nullptr, testDate); });
+}
 
 SqliteDriver::~SqliteDriver() = default;
 
