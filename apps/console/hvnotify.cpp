@@ -7,6 +7,7 @@
 #include "Command.h"
 #include "TerminalDesk.h"
 #include "commands/arguments.h"
+#include "host/clients/unreadable_rows.h"
 #include "host/dialogs/Terminal.h"
 #include "platform/text.h"
 #include "usage.h"
@@ -111,6 +112,8 @@ int runProgram(int argc, char** argv) {
     return fail(usageFault(app, error), exitUsage);
   } catch (const Refusal& refusal) {
     return fail(refusal.what(), refusal.code());
+  } catch (const host::UnreadableRow& row) {
+    return fail(row.description(), exitRefused);
   } catch (const PlatformError& error) {
     return fail(host::firstLine(error.description()), exitDatabase);
   } catch (const std::exception& error) {

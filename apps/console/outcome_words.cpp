@@ -20,6 +20,12 @@ std::string wordsOf(const host::Refused& refused) {
   return refused.subject + ": " + refused.errors;
 }
 
+bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& unreadable) {
+  if (!table.isEmpty()) reply.text = table.toText();
+  for (const host::UnreadableRow& row : unreadable) reply.refuse(row.description());
+  return !table.isEmpty() || !unreadable.empty();
+}
+
 std::string pastNote(host::Desk& desk, const host::Notification& row) {
   return host::isOverdue(desk, row) ? ", which is past: it is due at once" : "";
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Reply.h"
+#include "TextTable.h"
 #include "host/desk/Outcome.h"
 #include "host/desk/rows/Notification.h"
 
@@ -18,6 +19,10 @@ Done doneOrRefuse(host::Outcome<Done> outcome) {
   if (!outcome) throw Refusal(wordsOf(outcome.refused()));
   return *std::move(outcome);
 }
+
+/// Shows a list; what of it could not be read is named on standard error. False when it has
+/// neither.
+bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& unreadable);
 
 /// ", which is past: it is due at once" for a notification that is overdue; empty for others.
 std::string pastNote(host::Desk& desk, const host::Notification& row);

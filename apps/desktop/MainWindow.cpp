@@ -17,6 +17,7 @@
 #include "host/desk/databases.h"
 #include "host/desk/work/due_list.h"
 #include "mail_choice.h"
+#include "outcome_texts.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -40,9 +41,9 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
   pages_->addWidget(tasks_);
   setCentralWidget(pages_);
   makeMenus();
-  counts_ = new QLabel(this);
-  statusBar()->addPermanentWidget(counts_);
+  makeStatusBar();
   connect(tasks_, &TaskPage::failed, this, &MainWindow::tellFault);
+  connect(tasks_, &TaskPage::read, this, &MainWindow::showUnreadable);
   connect(tasks_, &TaskPage::activated, this, [this] { perform(&MainWindow::openTask); });
   connect(tasks_, &TaskPage::changed, this, [this] {
     updatePage();
@@ -112,6 +113,17 @@ QWidget* MainWindow::makeEmptyPage(const QString& title, const QString& hint,
   return page;
 }
 
+void MainWindow::makeStatusBar() {
+  unreadable_ = new QLabel(this);
+  unreadable_->setObjectName("unreadable");
+  unreadable_->setTextFormat(Qt::PlainText);
+  // A long list of names is cut, and does not widen the window.
+  unreadable_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(unreadable_, 1);
+  counts_ = new QLabel(this);
+  statusBar()->addPermanentWidget(counts_);
+}
+
 void MainWindow::tellFault(const QString& message) {
   QMessageBox box(QMessageBox::Critical, tr("Client Notifications"), message, QMessageBox::Ok,
                   this);
@@ -144,6 +156,11 @@ void MainWindow::showCounts() {
   } catch (const PlatformError& error) {
     counts_->setText(faultOf(error.description()));
   }
+}
+
+void MainWindow::showUnreadable() {
+  unreadable_->setText(textOf(tasks_->unreadable()));
+  unreadable_->setToolTip(detailsOf(tasks_->unreadable()));
 }
 
 }  // namespace autonotify::desktop

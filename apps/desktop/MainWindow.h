@@ -61,6 +61,7 @@ class MainWindow : public QMainWindow {
 
   void makeActions();
   void makeMenus();
+  void makeStatusBar();
   QAction* action(const char* name) const;
   QWidget* makeEmptyPage(const QString& title, const QString& hint, const QList<QAction*>& actions);
 
@@ -96,6 +97,8 @@ class MainWindow : public QMainWindow {
   /// The counts follow when the window has been painted.
   void updateCounts();
   void showCounts();
+  /// Says once, beside the counts, which rows the list cannot show.
+  void showUnreadable();
 
   host::DeskOptions options_;
   DialogErrorClass errors_;
@@ -106,6 +109,7 @@ class MainWindow : public QMainWindow {
 
   /// In the order of commands().
   std::vector<QAction*> actions_;
+  QLabel* unreadable_ = nullptr;
   QLabel* counts_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   bool countsAreOld_ = false;

@@ -33,6 +33,7 @@ TaskPage::TaskPage(QWidget* parent)
   layout->addLayout(top);
   layout->addWidget(table_);
   connect(tasks_, &TaskTableModel::failed, this, &TaskPage::failed, Qt::QueuedConnection);
+  connect(tasks_, &TaskTableModel::read, this, &TaskPage::read);
 }
 
 void TaskPage::makeFilter() {
@@ -110,7 +111,8 @@ const host::TaskLine* TaskPage::chosen() const {
 
 bool TaskPage::hasTasks() const {
   // The filter stays in reach while it has text.
-  return tasks_->rowCount() > 0 || !filter_->text().isEmpty() || dueBadge_->isChecked();
+  return tasks_->rowCount() > 0 || !unreadable().empty() || !filter_->text().isEmpty() ||
+         dueBadge_->isChecked();
 }
 
 }  // namespace autonotify::desktop

@@ -28,12 +28,16 @@ class TaskPage : public QWidget {
 
   /// The task that is chosen; null for none. Good until the page changes.
   const host::TaskLine* chosen() const;
+  /// What the list met so far and cannot show.
+  const host::UnreadableRows& unreadable() const { return tasks_->unreadable(); }
   /// False when the firm has no open task at all.
   bool hasTasks() const;
 
  signals:
   /// The chosen task, or what is shown of it, has changed.
   void changed();
+  /// More tasks were read.
+  void read();
   /// A person wants to do something about the chosen task.
   void activated();
   /// The database did not answer; the words are for people.

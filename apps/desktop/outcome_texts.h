@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "host/clients/unreadable_rows.h"
 #include "host/desk/work/compose_email.h"
 
 namespace autonotify::desktop {
@@ -11,6 +12,11 @@ namespace autonotify::desktop {
 QString textOf(const host::Refused& refused);
 /// Empty where there is nothing to tell.
 QString textOf(host::Composed composed);
+
+/// How many rows were left out, and which they are; empty for none.
+QString textOf(const host::UnreadableRows& rows);
+/// What is wrong with each of them, as rich text with a line for each; empty for none.
+QString detailsOf(const host::UnreadableRows& rows);
 
 /// Why a use case did nothing, or else what it did; empty where there is nothing to tell.
 template <class Done>

@@ -204,15 +204,15 @@ bool ClientDirectory::isContactClient(Id contactId) {
 }
 
 Id ClientDirectory::getCompanyIDFromClientID(Id clientId) {
-  return linkedId(clientData_, clientId);
+  return clientData_.linkOf(clientId, isBatch_);
 }
 
 Id ClientDirectory::getClientDataIDFromCompanyID(Id companyId) {
-  return linkedId(clientDataOfCompany_, companyId);
+  return clientDataOfCompany_.linkOf(companyId, isBatch_);
 }
 
 Id ClientDirectory::getDefaultContactID(Id companyId) {
-  return linkedId(defaultContacts_, companyId);
+  return defaultContacts_.linkOf(companyId, isBatch_);
 }
 
 std::string ClientDirectory::getCompanyDisplayName(Id companyId) {
@@ -293,11 +293,6 @@ std::string ClientDirectory::firmName() {
     if (!name.empty()) return name;
   }
   return {};
-}
-
-Id ClientDirectory::linkedId(LookupTable& table, Id key) {
-  const std::optional<LookupRow> row = find(table, key);
-  return row && !row->front().isNull() ? toInteger(row->front()) : noId;
 }
 
 }  // namespace autonotify::host

@@ -60,7 +60,6 @@ class ClientDirectory : public clientDropDownCtrlReference {
 
  private:
   std::optional<LookupRow> find(LookupTable& table, Id key) { return table.find(key, isBatch_); }
-  Id linkedId(LookupTable& table, Id key);
   std::string firmName();
 
   LookupTable companies_;

@@ -3,8 +3,21 @@
 #include <utility>
 
 #include "host/clients/record_rows.h"
+#include "host/clients/unreadable_rows.h"
 
 namespace autonotify::host {
+namespace {
+
+std::optional<Id> keyOf(const std::string& column, const Value& held) {
+  try {
+    return held.isNull() ? std::nullopt : std::optional(idOf(column, held));
+  } catch (const UnreadableValue&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
 LookupTable::LookupTable(DatabaseReference& database, LookupSource source)
     : database_(database), source_(std::move(source)) {}
 
@@ -23,6 +36,19 @@ std::optional<LookupRow> LookupTable::find(Id key, bool wholeTable) {
   }
   const auto found = held_->find(key);
   return found == held_->end() ? std::nullopt : std::optional(found->second);
+}
+
+Id LookupTable::linkOf(Id key, bool wholeTable) {
+  const std::optional<LookupRow> row = find(key, wholeTable);
+  try {
+    return row ? idOf(source_.columns.front(), row->front()) : noId;
+  } catch (const UnreadableValue& value) {
+    // A key that is not the table's own is named too.
+    const std::string words = std::string(source_.key) == source_.order ? "" : source_.key;
+    throw UnreadableRow(
+        std::string(source_.table) + ' ' + words + (words.empty() ? "" : " ") + std::to_string(key),
+        value);
+  }
 }
 
 std::vector<std::pair<Id, LookupRow>> LookupTable::readAll() {
@@ -45,12 +71,12 @@ std::vector<std::pair<Id, LookupRow>> LookupTable::read(const std::string& sql, 
   if (!database_.isDatabaseOpen()) return rows;
   for (OpenRows open(database_, sql); !open.isAtEnd(); open.moveNext()) {
     const Row current = open.row();
-    const Value key = current.value(source_.key);
-    if (key.isNull()) continue;
+    const std::optional<Id> key = keyOf(source_.key, current.value(source_.key));
+    if (!key) continue;
     LookupRow row;
     row.reserve(source_.columns.size());
     for (const char* column : source_.columns) row.push_back(current.value(column));
-    rows.emplace_back(toInteger(key), std::move(row));
+    rows.emplace_back(*key, std::move(row));
     if (firstOnly) break;
   }
   return rows;

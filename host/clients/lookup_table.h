@@ -34,7 +34,9 @@ class LookupTable {
   /// The key's row, or nothing. Reads that row alone, unless `wholeTable` is set: then the first
   /// call reads the table and later ones read nothing until forget().
   std::optional<LookupRow> find(Id key, bool wholeTable);
-  /// All rows by key, read now.
+  /// The id that the first column of the key's row holds; noId for none. Throws UnreadableRow.
+  Id linkOf(Id key, bool wholeTable);
+  /// All rows by key, read now. A key that cannot be read is no one's to look for.
   std::vector<std::pair<Id, LookupRow>> readAll();
   void forget() { held_.reset(); }
 

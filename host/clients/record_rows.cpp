@@ -1,6 +1,6 @@
 #include "host/clients/record_rows.h"
 
-#include "platform/PlatformError.h"
+#include "host/clients/unreadable_rows.h"
 
 namespace autonotify::host {
 
@@ -25,18 +25,15 @@ std::string Row::text(const std::string& column) const {
 }
 
 Id Row::id(const std::string& column, Id fallback) const {
-  const Value held = value(column);
-  return held.isNull() ? fallback : toInteger(held);
+  return idOf(column, value(column), fallback);
 }
 
 bool Row::flag(const std::string& column) const {
-  const Value held = value(column);
-  return !held.isNull() && toFlag(held);
+  return flagOf(column, value(column));
 }
 
 DateTime Row::date(const std::string& column) const {
-  const Value held = value(column);
-  return held.isNull() ? DateTime{} : toDateTime(held);
+  return dateOf(column, value(column));
 }
 
 std::size_t countRows(DatabaseReference& database, const std::string& from) {

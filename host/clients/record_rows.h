@@ -10,7 +10,8 @@ namespace autonotify::host {
 /// The value as text, empty for NULL.
 std::string textOf(const Value& value);
 
-/// The current row of a recordset.
+/// The current row of a recordset. A value that cannot be read as what is asked for is thrown as
+/// UnreadableValue.
 class Row {
  public:
   Row(DatabaseReference& database, RecordsetHandle handle) : database_(database), handle_(handle) {}

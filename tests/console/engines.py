@@ -15,6 +15,10 @@ class Files:
     on_server = False
     options = ()
     locked = "The database is locked by another user: database is locked (engine code 5)"
+    # What a column of dates or of numbers can hold and nobody can read, and what is said of it.
+    unreadable = {"date": {text: f'"{text}" is no date' for text in ("", "2026-13-45", "31.1.2026",
+                                                                     "soon")},
+                  "number": {2**31: "2147483648 is out of range"}}
 
     def empty(self, test, name="firm.db"):
         """Where `init` may make a database; it goes with the test or its class."""
@@ -48,6 +52,8 @@ class Server:
     options = ("--outbox", outbox)
     locked = ("The row is being changed by another user: canceling statement due to lock timeout "
               "(SQLSTATE 55P03)")
+    unreadable = {"date": {"infinity": '"infinity" is no date',
+                           "20266-04-01": '"20266-04-01 00:00:00" is no date'}, "number": {}}
     names = (f"console_{os.getpid()}_{number}" for number in itertools.count(1))
 
     def __init__(self, url):

@@ -116,6 +116,77 @@ class RowFaultTest(ConsoleTest):
         self.assertIn("was in the outbox already", self.done(f"send {notification}"))
         self.assertEqual(1, len(self.messages()))
 
+    LISTS = [("due", "ClientNotification", "notification", "ClientNotificationID",
+              {"NotificationDate": "date", "NotificationType": "number", "CompanyIDNum": "number",
+               "NotificationSentStatus": "number"}),
+             ("tasks --until 2026-12-31", "Schedule", "task", "ScheduleID",
+              {"DueDate": "date", "ClientNum": "number", "notifyType": "number"}),
+             ("appointments --kind appointment --until 2026-12-31", "Appointments", "id",
+              "AppointmentID", {"DateFrom": "date", "TimeTo": "date", "ContactIDNum": "number"})]
+
+    def test_lists_name_what_cannot_be_read_and_go_on(self):
+        for line, table, name, key, columns in self.LISTS:
+            whole = [row[name] for row in self.done(f"--json {line}")]
+            faults = [(column, value, words) for column, kind in columns.items()
+                      for value, words in ENGINE.unreadable[kind].items()]
+            bad = dict(zip(whole, faults))
+            # A date in other words is one, though it stands where it does not belong.
+            later = whole.pop()
+            self.assertLess(len(faults), len(whole))
+            self.sql(f"UPDATE {table} SET {next(iter(columns))}='12/31/2027' WHERE {key}=?", later)
+            for row, (column, value, _) in bad.items():
+                self.sql(f"UPDATE {table} SET {column}=? WHERE {key}=?", value, row)
+            run = self.run_program("--json", *line.split())
+            self.assertEqual((1, [row for row in whole if row not in bad]),
+                             (run.code, [row[name] for row in run.json()]), line)
+            self.assertEqual(sorted(f"hvnotify: {table} {row} cannot be read until its {column} is "
+                                    f"mended: {words}" for row, (column, _, words) in bad.items()),
+                             sorted(run.err.splitlines()), line)
+
+    @files_only("a server's columns hold no such number")
+    def test_numbers_out_of_range_behind_what_is_listed(self):
+        unread = "{} cannot be read until its {} is mended: 2147483648 is out of range"
+        client, tasks = self.sql("SELECT ClientNum, count(*) FROM Schedule WHERE Closed=0 AND "
+                                 "ClientNum>0 GROUP BY 1 HAVING count(*)>1")[0]
+        self.sql("UPDATE ClientData SET CompanyIDNum=? WHERE ClientDataID=?", 2**31, client)
+        run = self.run_program("--json", "tasks", "--client", client)
+        wanted = unread.format(f"ClientData {client}", "CompanyIDNum")
+        self.assertEqual((1, tasks, f"hvnotify: {wanted}\n"), (run.code, len(run.json()), run.err))
+        rows = [row["notification"] for row in self.done("--json due")]
+        self.write(rows[0], NotificationSent=True, NotificationSentStatus=2**31)
+        self.write(rows[1], NotificationSent=2**32)
+        self.write(rows[2], ClientNotificationID=2**31)
+        self.sql("INSERT INTO Companies (CompanyID) VALUES (?)", 2**31)
+        run = self.run_program("--json", "send", "--due", "--dry-run")
+        for row, column in [(rows[0], "NotificationSentStatus"), (2**31, "ClientNotificationID")]:
+            self.assertIn(unread.format(f"ClientNotification {row}", column), run.err)
+        self.assertIn(f"notification {rows[1]} was not sent: it cannot be known whether", run.err)
+        self.assertEqual(rows[3:], [row["notification"] for row in run.json()][1:])
+        run = self.run_program("--json", "due")
+        self.assertEqual((1, rows[3:]), (run.code, [row["notification"] for row in run.json()]))
+
+    def test_what_cannot_be_read_is_sent_when_it_is_mended(self):
+        task, (bad, _) = self.arm("email,fax")
+        emails = [row["notification"] for row in self.done("--json due") if row["channel"] == "email"]
+        value, words = next(iter(ENGINE.unreadable["date"].items()))
+        for column, sound in [("SentTime", None), ("NotificationDate", "4/1/2026")]:
+            self.write(bad, **{"NotificationDate": "2026-04-01", column: value})
+            words_of_row = (f"ClientNotification {bad} cannot be read until its {column} is mended: "
+                            f"{words}")
+            for line in (f"show {bad}", f"cancel {bad}", f"move {bad} 2026-05-04"):
+                self.refuses(line, words_of_row)
+            for line in (f"send {bad}", "send --due"):
+                run = self.run_program(*line.split())
+                self.assertEqual((1, True), (run.code, words_of_row in run.err), line)
+            self.assertEqual(len(emails), len(self.messages()))
+            self.assertEqual((0, 1), self.state(bad))
+            run = self.run_program("arm", task, "--channel", "email,fax")
+            self.assertEqual((1, f"hvnotify: task {task}, email: {words_of_row}\n", "fax"),
+                             (run.code, run.err, run.out[:3]))
+            self.write(bad, **{column: sound})
+        self.done("send --due")
+        self.assertEqual((len(emails) + 1, (1, 2)), (len(self.messages()), self.state(bad)))
+
     def test_what_was_made_with_errors_is_taken_back(self):
         task, before = self.free_task(), self.one("SELECT count(*) FROM ClientNotification")
         self.sql("ALTER TABLE ContactLinks RENAME TO Elsewhere")

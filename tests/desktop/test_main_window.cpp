@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
@@ -22,6 +23,7 @@ namespace autonotify::desktop {
 namespace {
 
 using testing::HasSubstr;
+using testing::StartsWith;
 
 /// A person at the program's window: acts once in the composer that comes up, and presses the
 /// first of the messages' buttons that leaves things as they are.
@@ -205,9 +207,26 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   EXPECT_THAT(run("editEmail"), busy);
   task.reset();
   std::vector<std::unique_ptr<host::Claim>> emails;
-  for (const auto& row : host::readNotificationsOf(*window_->desk(), chooseTaskFor("editEmail")))
+  const Id edited = chooseTaskFor("editEmail");
+  for (const auto& row : host::readNotificationsOf(*window_->desk(), edited).rows)
     emails.push_back(claims->take(host::WorkItem::notification, row.id));
   EXPECT_THAT(run("editEmail"), busy);
+}
+
+TEST_F(MainWindowTest, ARowThatCannotBeReadIsNamedAndNothingIsComposedBesideIt) {
+  open();
+  const std::string email =
+      " WHERE NotificationType=1 AND ScheduleIDNum=" + std::to_string(chooseTaskFor("editEmail"));
+  for (const auto& [date, words] : {std::pair("soon", "1 row cannot be read: ClientNotification "),
+                                    std::pair("2026-05-04", "")}) {
+    execute("UPDATE ClientNotification SET NotificationDate='" + std::string(date) + "'" + email);
+    trigger("refresh");
+    EXPECT_THAT(plain(window_->findChild<QLabel*>("unreadable")->text()), StartsWith(words));
+    if (*words) {
+      EXPECT_THAT(run("scheduleEmail"), testing::ElementsAre(HasSubstr("\"soon\" is no date")));
+    }
+    EXPECT_THAT(enabled(), testing::ElementsAre(true, *words != 0, *words == 0));
+  }
 }
 
 TEST_F(MainWindowTest, CommandsCanBeRunWhereTheyMakeSense) {

@@ -7,6 +7,7 @@
 #include "DialogMsgbox.h"
 #include "demo_firm.h"
 #include "host/clients/record_rows.h"
+#include "host/database/sqlite/SqliteDatabase.h"
 #include "host/services/HeadlessFormHost.h"
 #include "models/TaskTableModel.h"
 #include "qt_text.h"
@@ -116,6 +117,27 @@ TEST_F(TaskTable, TellsTheStateOfEachTask) {
   EXPECT_EQ(fetchAll().size(), static_cast<std::size_t>(states["due"]));
   for (int row = 0; row < model_.rowCount(); ++row)
     EXPECT_EQ(text(row, TaskTableModel::state), "due");
+}
+
+TEST_F(TaskTable, PassesOverWhatCannotBeReadAndNamesIt) {
+  const std::vector<Id> all = fetchAll();
+  ASSERT_GT(all.size(), 250u);
+  auto& connection = static_cast<host::SqliteDatabase&>(desk_.database()).connection();
+  connection.exec("BEGIN");
+  // A whole page at the top, and one of a page further down.
+  std::vector<Id> sound(all.begin() + 100, all.end());
+  sound.erase(sound.begin() + 50);
+  for (std::size_t i = 0; i <= 150; i += i < 99 ? 1 : 51)
+    connection.exec("UPDATE Schedule SET ClientNum=2147483648 WHERE ScheduleID=" +
+                    std::to_string(all[i]));
+  model_.reload();
+  EXPECT_EQ(fetchAll(), sound);
+  EXPECT_EQ(model_.unreadable().size(), 101u);
+  EXPECT_EQ(model_.unreadable().begin()->row(), "Schedule " + std::to_string(all[0]));
+  connection.exec("ROLLBACK");
+  model_.reload();
+  EXPECT_EQ(fetchAll(), all);
+  EXPECT_TRUE(model_.unreadable().empty());
 }
 
 TEST_F(TaskTable, SaysWhenTheDatabaseIsGone) {

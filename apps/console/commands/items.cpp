@@ -95,12 +95,9 @@ Reply runAppointments(host::Desk& desk, const Arguments& arguments) {
   reply.data = Json::array();
   TextTable table({"KIND", "ID", "DATE", "TIME", "CHANNELS", "CLIENT", "SUBJECT"});
   const host::LookupBatch batch(desk);
-  for (const DiaryItem& item : host::readDiary(desk, query)) list(reply, table, desk, item);
-  if (table.isEmpty()) {
-    reply.refuse("nothing found in the diary");
-  } else {
-    reply.text = table.toText();
-  }
+  const host::ReadableRows<DiaryItem> items = host::readDiary(desk, query);
+  for (const DiaryItem& item : items.rows) list(reply, table, desk, item);
+  if (!showList(reply, table, items.unreadable)) reply.refuse("nothing found in the diary");
   return reply;
 }
 

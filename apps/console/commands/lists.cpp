@@ -29,8 +29,10 @@ Reply runTasks(host::Desk& desk, const Arguments& arguments) {
   query.client = arguments.client;
   query.contact = arguments.contact;
   query.until = arguments.until;
-  for (const host::Task& task : host::readTasks(desk, query)) {
-    const std::string client = clientName(desk, task);
+  host::ReadableRows<host::Task> tasks = host::readTasks(desk, query);
+  for (const host::Task& task : tasks.rows) {
+    std::string client;
+    tasks.unreadable.orName([&] { client = clientName(desk, task); });
     table.add({std::to_string(task.id), host::dayText(task.dueDate),
                host::channelNames(task.channels), client, task.name});
     reply.data.push_back({{"task", task.id},
@@ -41,11 +43,7 @@ Reply runTasks(host::Desk& desk, const Arguments& arguments) {
                           {"contactId", task.contactId},
                           {"name", task.name}});
   }
-  if (table.isEmpty()) {
-    reply.refuse("no open task found");
-  } else {
-    reply.text = table.toText();
-  }
+  if (!showList(reply, table, tasks.unreadable)) reply.refuse("no open task found");
   return reply;
 }
 
@@ -56,7 +54,8 @@ Reply runDue(host::Desk& desk, const Arguments&) {
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "DATE", "CHANNEL", "CLIENT", "TASK"});
   const host::LookupBatch batch(desk);
-  for (const host::Notification& row : host::readDue(desk)) {
+  const host::ReadableRows<host::Notification> due = host::readDue(desk);
+  for (const host::Notification& row : due.rows) {
     const std::string channel = host::channelName(row.channel);
     const std::string client = clientName(desk, row);
     const std::string item = itemName(desk, row);
@@ -68,7 +67,7 @@ Reply runDue(host::Desk& desk, const Arguments&) {
                           {"task", row.scheduleId},
                           {"name", item}});
   }
-  reply.text = table.isEmpty() ? "Nothing is due.\n" : table.toText();
+  if (!showList(reply, table, due.unreadable)) reply.text = "Nothing is due.\n";
   return reply;
 }
 

@@ -10,6 +10,7 @@
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/due_list.h"
 #include "host/desk/work/send_notification.h"
+#include "outcome_words.h"
 
 namespace autonotify::console {
 namespace {
@@ -154,15 +155,15 @@ Reply runSend(host::Desk& desk, const Arguments& arguments) {
   if (!arguments.due && arguments.notifications.empty()) {
     throw Refusal("name notifications, or give --due (see: hvnotify send --help)", exitUsage);
   }
-  const std::vector<Id> ids =
-      arguments.due ? host::notificationsToSend(desk) : arguments.notifications;
+  const auto wanted = arguments.due ? host::notificationsToSend(desk)
+                                    : host::ReadableRows<Id>{arguments.notifications, {}};
   const host::SendWish wish{arguments.dryRun, arguments.markOnly, arguments.again};
   Reply reply;
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
-  for (const Id id : ids)
+  for (const Id id : wanted.rows)
     report(reply, table, id, host::sendNotification(desk, id, wish), arguments);
-  reply.text = ids.empty() ? "Nothing is due.\n" : table.toText();
+  if (!showList(reply, table, wanted.unreadable)) reply.text = "Nothing is due.\n";
   return reply;
 }
 

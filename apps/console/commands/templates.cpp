@@ -37,12 +37,13 @@ Reply listKinds(host::Desk& desk) {
   Reply reply;
   reply.data = Json::array();
   TextTable table({"SCHEDULETYPE", "NAME"});
-  for (const host::ScheduleKind& kind : host::readScheduleKinds(desk)) {
+  const host::ReadableRows<host::ScheduleKind> kinds = host::readScheduleKinds(desk);
+  for (const host::ScheduleKind& kind : kinds.rows) {
     table.add({std::to_string(kind.id), kind.name + (kind.isFamily() ? " (all of them)" : "")});
     reply.data.push_back(
         {{"scheduleType", kind.id}, {"name", kind.name}, {"wholeFamily", kind.isFamily()}});
   }
-  reply.text = table.toText();
+  showList(reply, table, kinds.unreadable);
   return reply;
 }
 

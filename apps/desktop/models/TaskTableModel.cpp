@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
@@ -92,14 +93,15 @@ void TaskTableModel::setDueOnly(bool dueOnly) {
 }
 
 void TaskTableModel::reload() {
-  show(std::max(lines_.size(), pageSize));
+  show(std::max(passed_, pageSize));
 }
 
 void TaskTableModel::show(std::size_t most) {
-  std::vector<host::TaskLine> lines = readPage(0, most);
+  passed_ = 0;
+  unreadable_ = {};
+  std::vector<host::TaskLine> lines = readPage(most);
   beginResetModel();
   lines_ = std::move(lines);
-  hasMore_ = lines_.size() == most;
   endResetModel();
 }
 
@@ -138,15 +140,14 @@ bool TaskTableModel::canFetchMore(const QModelIndex& parent) const {
 
 void TaskTableModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
-  std::vector<host::TaskLine> page = readPage(lines_.size(), pageSize);
-  // A listener may ask for more while the rows come in.
-  hasMore_ = false;
+  std::vector<host::TaskLine> page = readPage(pageSize);
   if (page.empty()) return;
-  const bool isWhole = page.size() == pageSize;
+  // A listener may ask for more while the rows come in.
+  const bool hasMore = std::exchange(hasMore_, false);
   const int first = rowCount();
   beginInsertRows({}, first, first + static_cast<int>(page.size()) - 1);
   std::ranges::move(page, std::back_inserter(lines_));
-  hasMore_ = isWhole;
+  hasMore_ = hasMore;
   endInsertRows();
 }
 
@@ -157,14 +158,21 @@ void TaskTableModel::sort(int column, Qt::SortOrder order) {
   show(pageSize);
 }
 
-std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t offset, std::size_t most) {
-  if (!desk_) return {};
+std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t most) {
+  hasMore_ = false;
+  host::TaskLines page;
   try {
-    return host::readTaskLines(*desk_, query_, offset, most);
+    do {
+      if (desk_) page = host::readTaskLines(*desk_, query_, passed_, most);
+      passed_ += page.passed;
+      unreadable_.name(page.unreadable);
+      hasMore_ = page.passed == most;
+    } while (page.rows.empty() && hasMore_);
   } catch (const PlatformError& error) {
     emit failed(faultOf(error.description()));
-    return {};
   }
+  emit read();
+  return std::move(page.rows);
 }
 
 }  // namespace autonotify::desktop

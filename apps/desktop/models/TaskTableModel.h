@@ -25,6 +25,8 @@ class TaskTableModel : public QAbstractTableModel {
   void reload();
 
   const host::TaskQuery& query() const { return query_; }
+  /// What the list met so far and cannot show.
+  const host::UnreadableRows& unreadable() const { return unreadable_; }
   /// Requires a valid index of this model.
   const host::TaskLine& lineAt(const QModelIndex& index) const;
 
@@ -40,15 +42,21 @@ class TaskTableModel : public QAbstractTableModel {
  signals:
   /// The database did not answer; the words are for people.
   void failed(const QString& message);
+  /// More rows were gone through, or none yet.
+  void read();
 
  private:
   /// Reads the first lines anew.
   void show(std::size_t most);
-  std::vector<host::TaskLine> readPage(std::size_t offset, std::size_t most);
+  /// The next tasks, `most` at most. None only when there are no more that can be read.
+  std::vector<host::TaskLine> readPage(std::size_t most);
 
   host::Desk* desk_ = nullptr;
   host::TaskQuery query_;
   std::vector<host::TaskLine> lines_;
+  host::UnreadableRows unreadable_;
+  /// How many tasks were gone through, with those that cannot be read.
+  std::size_t passed_ = 0;
   bool hasMore_ = false;
 };
 

@@ -6,7 +6,6 @@
 #include <array>
 #include <tuple>
 
-#include "host/clients/record_rows.h"
 #include "host/desk/rows/Task.h"
 #include "host/desk/rows/client_names.h"
 #include "platform/format.h"
@@ -28,8 +27,7 @@ std::string selectItems(const DiaryKind& kind, const std::string& condition) {
 }
 
 std::optional<DateTime> momentOf(const Row& row, const char* column) {
-  const Value value = row.value(column);
-  return value.isNull() ? std::nullopt : std::optional(toDateTime(value));
+  return row.value(column).isNull() ? std::nullopt : std::optional(row.date(column));
 }
 
 DiaryItem readItem(const DiaryKind& kind, const Row& row) {
@@ -56,12 +54,21 @@ void completeTask(Desk& desk, DiaryItem& item) {
   if (const auto task = findTask(desk, item.scheduleId)) item.channels = task->channels;
 }
 
+/// The last day counts to its end.
+DateTime dayBehind(DateTime until) {
+  return until.addDays(1);
+}
+
+bool isWithin(const DiaryItem& item, const DiaryQuery& query) {
+  return item.day >= query.since && (!query.until || item.day < dayBehind(*query.until));
+}
+
 std::string conditionOf(Desk& desk, const DiaryKind& kind, const DiaryQuery& query) {
   const auto day = [&](DateTime moment) { return desk.database().formatDateForSQL(moment); };
-  std::string condition = fmt::format("{}.DateFrom >= #{}#", kind.table, day(query.since));
-  // The last day counts to its end.
-  if (query.until)
-    condition += fmt::format(" AND {}.DateFrom < #{}#", kind.table, day(query.until->addDays(1)));
+  const std::string column = fmt::format("{}.DateFrom", kind.table);
+  std::string days = fmt::format("{} >= #{}#", column, day(query.since));
+  if (query.until) days += fmt::format(" AND {} < #{}#", column, day(dayBehind(*query.until)));
+  std::string condition = orNoDate(days, column.c_str());
   if (query.company)
     condition += fmt::format(" AND {}.CompanyIDNum={}", kind.table, *query.company);
   if (query.contact)
@@ -83,26 +90,28 @@ const DiaryKind& diaryKind(CurrentDayTimerType kind) {
   return *std::ranges::find_if(kinds, [&](const DiaryKind& row) { return row.kind == kind; });
 }
 
-std::vector<DiaryItem> readDiary(Desk& desk, const DiaryQuery& query) {
-  std::vector<DiaryItem> items;
+ReadableRows<DiaryItem> readDiary(Desk& desk, const DiaryQuery& query) {
+  ReadableRows<DiaryItem> items;
   for (const DiaryKind& kind : kinds) {
     if (!isAskedFor(kind, query)) continue;
     const std::string sql = selectItems(kind, conditionOf(desk, kind, query)) + ";";
-    forEachRow(desk.database(), sql, [&](const Row& row) { items.push_back(readItem(kind, row)); });
+    readRows(desk.database(), kind.table, sql, items,
+             [&](const Row& row) { return readItem(kind, row); });
   }
-  for (DiaryItem& item : items) completeTask(desk, item);
-  std::ranges::stable_sort(items, [](const DiaryItem& a, const DiaryItem& b) {
+  std::erase_if(items.rows, [&](const DiaryItem& item) { return !isWithin(item, query); });
+  for (DiaryItem& item : items.rows) items.unreadable.orName([&] { completeTask(desk, item); });
+  std::ranges::stable_sort(items.rows, [](const DiaryItem& a, const DiaryItem& b) {
     return std::tie(a.day, a.from, a.id) < std::tie(b.day, b.from, b.id);
   });
   return items;
 }
 
 std::optional<DiaryItem> findDiaryItem(Desk& desk, CurrentDayTimerType kind, Id id) {
-  std::optional<DiaryItem> found;
-  if (id < 0) return found;
+  if (id < 0) return std::nullopt;
   const DiaryKind& row = diaryKind(kind);
-  firstRow(desk.database(), selectItems(row, fmt::format("{}.{}={};", row.table, row.key, id)),
-           [&](const Row& record) { found = readItem(row, record); });
+  auto found = findRow(desk.database(), row.table,
+                       selectItems(row, fmt::format("{}.{}={};", row.table, row.key, id)),
+                       [&](const Row& record) { return readItem(row, record); });
   if (found) completeTask(desk, *found);
   return found;
 }

@@ -3,10 +3,10 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "contract/enumerations.h"
 #include "host/desk/Desk.h"
+#include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
 
@@ -49,7 +49,8 @@ struct DiaryQuery {
 };
 
 /// The items by day and time.
-std::vector<DiaryItem> readDiary(Desk& desk, const DiaryQuery& query);
+ReadableRows<DiaryItem> readDiary(Desk& desk, const DiaryQuery& query);
+/// Throws UnreadableRow.
 std::optional<DiaryItem> findDiaryItem(Desk& desk, CurrentDayTimerType kind, Id id);
 
 /// The company's or the contact's name; empty when it has neither.

@@ -4,7 +4,6 @@
 
 #include <array>
 
-#include "host/clients/record_rows.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/rows/client_names.h"
 
@@ -74,6 +73,7 @@ const StateWords& wordsOf(NotificationState state) {
 
 }  // namespace
 
+const char* const notificationTable = "ClientNotification";
 const char* const summaryColumns =
     "ClientNotification.ClientNotificationID, ClientNotification.NotificationType, "
     "ClientNotification.ScheduleIDNum, ClientNotification.ApptIDNum, "
@@ -119,22 +119,20 @@ std::string stateWords(NotificationState state) {
 }
 
 std::optional<Notification> findNotification(Desk& desk, Id id) {
-  std::optional<Notification> found;
-  if (id < 0) return found;
-  firstRow(desk.database(),
-           fmt::format("SELECT ClientNotification.* FROM ClientNotification WHERE "
-                       "ClientNotificationID={};",
-                       id),
-           [&](const Row& row) { found = readWhole(row); });
-  return found;
+  if (id < 0) return std::nullopt;
+  return findRow(desk.database(), notificationTable,
+                 fmt::format("SELECT ClientNotification.* FROM ClientNotification WHERE "
+                             "ClientNotificationID={};",
+                             id),
+                 readWhole);
 }
 
-std::vector<Notification> readNotificationsOf(Desk& desk, Id scheduleId) {
-  std::vector<Notification> found;
-  forEachRow(desk.database(),
-             fmt::format("SELECT {} FROM ClientNotification WHERE ScheduleIDNum={};",
-                         summaryColumns, scheduleId),
-             [&](const Row& row) { found.push_back(readSummary(row)); });
+ReadableRows<Notification> readNotificationsOf(Desk& desk, Id scheduleId) {
+  ReadableRows<Notification> found;
+  readRows(desk.database(), notificationTable,
+           fmt::format("SELECT {} FROM ClientNotification WHERE ScheduleIDNum={};", summaryColumns,
+                       scheduleId),
+           found, readSummary);
   return found;
 }
 

@@ -2,13 +2,11 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "host/desk/Desk.h"
+#include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
-
-class Row;
 
 /// A row of ClientNotification.
 struct Notification {
@@ -46,14 +44,16 @@ std::string stateName(NotificationState state);
 /// "is pending", "was sent": for sentences.
 std::string stateWords(NotificationState state);
 
+extern const char* const notificationTable;
 /// The columns that readSummary wants, for a SELECT.
 extern const char* const summaryColumns;
 /// All but the fields and the text, which are large.
 Notification readSummary(const Row& row);
 
+/// Throws UnreadableRow.
 std::optional<Notification> findNotification(Desk& desk, Id id);
 /// The notifications of a schedule entry, without fields and text.
-std::vector<Notification> readNotificationsOf(Desk& desk, Id scheduleId);
+ReadableRows<Notification> readNotificationsOf(Desk& desk, Id scheduleId);
 
 /// True for a row that still waits though its date has gone by.
 bool isOverdue(Desk& desk, const Notification& notification);

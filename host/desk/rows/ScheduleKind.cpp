@@ -2,11 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "host/clients/record_rows.h"
-
 namespace autonotify::host {
 namespace {
 
+constexpr const char* kindTable = "ScheduleTypes";
 constexpr const char* selectKinds =
     "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.ScheduleTypeName, ScheduleTypes.TotalNum, "
     "ScheduleTypes.ScheduleNum FROM ScheduleTypes";
@@ -18,20 +17,18 @@ ScheduleKind readKind(const Row& row) {
 
 }  // namespace
 
-std::vector<ScheduleKind> readScheduleKinds(Desk& desk) {
-  std::vector<ScheduleKind> kinds;
-  forEachRow(desk.database(), fmt::format("{} ORDER BY ScheduleTypes.ScheduleTypeID;", selectKinds),
-             [&](const Row& row) { kinds.push_back(readKind(row)); });
+ReadableRows<ScheduleKind> readScheduleKinds(Desk& desk) {
+  ReadableRows<ScheduleKind> kinds;
+  readRows(desk.database(), kindTable,
+           fmt::format("{} ORDER BY ScheduleTypes.ScheduleTypeID;", selectKinds), kinds, readKind);
   return kinds;
 }
 
 std::optional<ScheduleKind> findScheduleKind(Desk& desk, Id id) {
-  std::optional<ScheduleKind> found;
-  if (id < 0) return found;
-  firstRow(desk.database(),
-           fmt::format("{} WHERE ScheduleTypes.ScheduleTypeID={};", selectKinds, id),
-           [&](const Row& row) { found = readKind(row); });
-  return found;
+  if (id < 0) return std::nullopt;
+  return findRow(desk.database(), kindTable,
+                 fmt::format("{} WHERE ScheduleTypes.ScheduleTypeID={};", selectKinds, id),
+                 readKind);
 }
 
 std::string scheduleKindName(Desk& desk, Id totalNum, Id scheduleNum) {

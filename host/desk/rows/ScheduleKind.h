@@ -2,9 +2,9 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "host/desk/Desk.h"
+#include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
 
@@ -20,7 +20,8 @@ struct ScheduleKind {
   bool isFamily() const { return scheduleNum == wholeFamily; }
 };
 
-std::vector<ScheduleKind> readScheduleKinds(Desk& desk);
+ReadableRows<ScheduleKind> readScheduleKinds(Desk& desk);
+/// Throws UnreadableRow.
 std::optional<ScheduleKind> findScheduleKind(Desk& desk, Id id);
 /// Empty for a kind that the firm has no name for.
 std::string scheduleKindName(Desk& desk, Id totalNum, Id scheduleNum);

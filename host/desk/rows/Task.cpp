@@ -2,11 +2,12 @@
 
 #include <fmt/format.h>
 
-#include "host/clients/record_rows.h"
 #include "host/desk/rows/client_names.h"
+#include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
 
+const char* const taskTable = "Schedule";
 const char* const taskColumns =
     "Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, Schedule.scheduleName, "
     "Schedule.DueDate, Schedule.notifyType, Schedule.Closed";
@@ -18,12 +19,10 @@ Task readTask(const Row& row) {
 }
 
 std::optional<Task> findTask(Desk& desk, Id id) {
-  std::optional<Task> found;
-  if (id < 0) return found;
-  firstRow(desk.database(),
-           fmt::format("SELECT {} FROM Schedule WHERE ScheduleID={};", taskColumns, id),
-           [&](const Row& row) { found = readTask(row); });
-  return found;
+  if (id < 0) return std::nullopt;
+  return findRow(desk.database(), taskTable,
+                 fmt::format("SELECT {} FROM Schedule WHERE ScheduleID={};", taskColumns, id),
+                 readTask);
 }
 
 std::string clientName(Desk& desk, const Task& task) {

@@ -20,9 +20,11 @@ struct Task {
   bool closed = false;
 };
 
+extern const char* const taskTable;
 /// The columns that readTask wants, for a SELECT.
 extern const char* const taskColumns;
 Task readTask(const Row& row);
+/// Throws UnreadableRow.
 std::optional<Task> findTask(Desk& desk, Id id);
 /// The company's or the contact's name; empty when it has neither.
 std::string clientName(Desk& desk, const Task& task);

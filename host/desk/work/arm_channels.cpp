@@ -30,6 +30,10 @@ class ChannelWork {
     return marked(noId, nt_RemoveStatus, ChannelFate::disarmed);
   }
 
+  ChannelOutcome failed(std::string errors) const {
+    return {channel_, ChannelFate::failed, noId, std::nullopt, std::move(errors)};
+  }
+
  private:
   Outcome<Id> findRow() {
     return askComponent(desk_, item_.subject(), [&] { return item_.findRow(channel_); });
@@ -41,10 +45,6 @@ class ChannelWork {
 
   ChannelOutcome left(ChannelFate fate, const Notification& row) const {
     return {channel_, fate, row.id, row};
-  }
-
-  ChannelOutcome failed(std::string errors) const {
-    return {channel_, ChannelFate::failed, noId, std::nullopt, std::move(errors)};
   }
 
   /// `fate`, once the item's mark says the same.
@@ -93,6 +93,16 @@ class ChannelWork {
   notifyType channel_;
 };
 
+/// A channel whose row cannot be read stays as it is, and keeps nobody from the others.
+template <class Change>
+ChannelOutcome changed(ChannelWork work, Change& change) {
+  try {
+    return change(work);
+  } catch (const UnreadableRow& row) {
+    return work.failed(row.description());
+  }
+}
+
 /// Runs `change` for each channel while no other desk works on the item.
 template <class Change>
 ArmingOutcome forEachChannel(Desk& desk, Armable& item, std::span<const notifyType> channels,
@@ -103,7 +113,7 @@ ArmingOutcome forEachChannel(Desk& desk, Armable& item, std::span<const notifyTy
   for (const notifyType channel : channels) {
     const auto marked = item.channels();
     if (!marked && outcomes.empty()) return Refused{Refused::Why::notThere, item.subject()};
-    outcomes.push_back(marked ? change(ChannelWork(desk, item, *marked, channel))
+    outcomes.push_back(marked ? changed(ChannelWork(desk, item, *marked, channel), change)
                               : ChannelOutcome{channel, ChannelFate::notThere});
   }
   return outcomes;

@@ -5,10 +5,13 @@
 namespace autonotify::host {
 namespace {
 
-/// The task's email that waits for its date; noId when none does.
+/// The task's email that waits for its date; noId when none does. Throws UnreadableRow when that
+/// cannot be told.
 Id findWaitingEmail(Desk& desk, Id task) {
   Id found = noId;
-  for (const Notification& row : readNotificationsOf(desk, task)) {
+  const ReadableRows<Notification> rows = readNotificationsOf(desk, task);
+  if (!rows.unreadable.empty()) throw *rows.unreadable.begin();
+  for (const Notification& row : rows.rows) {
     if (row.channel == nt_Email && stateOf(row) == NotificationState::pending) found = row.id;
   }
   return found;

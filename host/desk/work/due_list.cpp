@@ -2,45 +2,55 @@
 
 #include <fmt/format.h>
 
-#include "host/clients/record_rows.h"
+#include <cstdint>
+#include <limits>
 
 namespace autonotify::host {
 namespace {
 
 /// The rows that meet `condition`, by date. They are read to the end before anything is looked up
 /// for them: a server is asked anew for each row that was left while something else was read.
-std::vector<Notification> readNotifications(Desk& desk, const std::string& condition) {
+void readNotifications(Desk& desk, const std::string& condition, ReadableRows<Notification>& into) {
   const std::string sql = fmt::format(
       "SELECT {} FROM ClientNotification WHERE {} ORDER BY ClientNotification.NotificationDate, "
       "ClientNotification.ClientNotificationID;",
       summaryColumns, condition);
-  std::vector<Notification> rows;
-  forEachRow(desk.database(), sql, [&](const Row& row) { rows.push_back(readSummary(row)); });
-  return rows;
+  readRows(desk.database(), notificationTable, sql, into, readSummary);
 }
 
+/// A status that is too large for the column tells no more than that of a row not marked yet.
 std::string interruptedCondition() {
   return fmt::format(
-      "ClientNotification.NotificationSent=True AND ClientNotification.NotificationSentStatus={}",
-      static_cast<int>(enumNotificationSendStatus_NotSent));
+      "ClientNotification.NotificationSent<>False AND ({0}={1} OR {0}<{2} OR {0}>{3})",
+      "ClientNotification.NotificationSentStatus",
+      static_cast<int>(enumNotificationSendStatus_NotSent),
+      std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max());
 }
 
 }  // namespace
 
 std::string dueCondition(Desk& desk) {
-  return fmt::format(
-      "ClientNotification.NotificationDate <= #{}# AND ClientNotification.NotificationSent=False",
-      desk.database().formatDateForSQL(desk.today()));
+  constexpr const char* date = "ClientNotification.NotificationDate";
+  const std::string today = desk.database().formatDateForSQL(desk.today());
+  return orNoDate(fmt::format("{} <= #{}#", date, today), date) +
+         " AND ClientNotification.NotificationSent=False";
 }
 
-std::vector<Notification> readDue(Desk& desk) {
-  return readNotifications(desk, dueCondition(desk));
+ReadableRows<Notification> readDue(Desk& desk) {
+  ReadableRows<Notification> due;
+  readNotifications(desk, dueCondition(desk), due);
+  std::erase_if(due.rows, [&](const Notification& row) { return row.date > desk.today(); });
+  return due;
 }
 
-std::vector<Id> notificationsToSend(Desk& desk) {
-  std::vector<Id> ids;
-  for (const std::string& condition : {interruptedCondition(), dueCondition(desk)})
-    for (const Notification& row : readNotifications(desk, condition)) ids.push_back(row.id);
+ReadableRows<Id> notificationsToSend(Desk& desk) {
+  ReadableRows<Notification> interrupted;
+  readNotifications(desk, interruptedCondition(), interrupted);
+  ReadableRows<Id> ids;
+  for (const ReadableRows<Notification>& part : {interrupted, readDue(desk)}) {
+    for (const Notification& row : part.rows) ids.rows.push_back(row.id);
+    ids.unreadable.name(part.unreadable);
+  }
   return ids;
 }
 

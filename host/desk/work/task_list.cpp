@@ -4,7 +4,6 @@
 
 #include <array>
 
-#include "host/clients/record_rows.h"
 #include "host/database/schema/caseless.h"
 #include "host/desk/work/due_list.h"
 
@@ -54,8 +53,9 @@ std::string conditionOf(Desk& desk, const TaskQuery& query) {
   if (query.client) condition += fmt::format(" AND Schedule.ClientNum={}", *query.client);
   if (query.contact) condition += fmt::format(" AND Schedule.ContactIDNum={}", *query.contact);
   if (query.until) {
-    condition += fmt::format(" AND Schedule.DueDate <= #{}#",
-                             desk.database().formatDateForSQL(*query.until));
+    const std::string day = desk.database().formatDateForSQL(*query.until);
+    condition +=
+        " AND " + orNoDate(fmt::format("Schedule.DueDate <= #{}#", day), "Schedule.DueDate");
   }
   if (query.isToNotify) {
     condition +=
@@ -84,8 +84,14 @@ std::string selectTasks(Desk& desk, const TaskQuery& query) {
                      orderOf(query));
 }
 
-void readNotifications(Desk& desk, TaskLine& line) {
-  for (const Notification& notification : readNotificationsOf(desk, line.task.id)) {
+bool isWithin(const Task& task, const TaskQuery& query) {
+  return !query.until || task.dueDate <= *query.until;
+}
+
+void readNotifications(Desk& desk, TaskLine& line, UnreadableRows& unreadable) {
+  const ReadableRows<Notification> notifications = readNotificationsOf(desk, line.task.id);
+  unreadable.name(notifications.unreadable);
+  for (const Notification& notification : notifications.rows) {
     const NotificationState state = stateOf(notification);
     if (state == NotificationState::sent) line.sentChannels |= notification.channel;
     if (state != NotificationState::pending) continue;
@@ -103,24 +109,28 @@ TaskState stateOf(const TaskLine& line, DateTime today) {
   return line.sentChannels ? TaskState::sent : TaskState::none;
 }
 
-std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset,
-                                    std::size_t count) {
-  std::vector<TaskLine> lines;
+TaskLines readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset, std::size_t count) {
+  TaskLines lines;
   const std::string sql =
       fmt::format("{} LIMIT {} OFFSET {};", selectTasks(desk, query), count, offset);
-  forEachRow(desk.database(), sql,
-             [&](const Row& row) { lines.emplace_back().task = readTask(row); });
-  for (TaskLine& line : lines) {
-    line.client = clientName(desk, line.task);
-    readNotifications(desk, line);
+  readRows(desk.database(), taskTable, sql, lines, [&](const Row& row) {
+    ++lines.passed;
+    TaskLine line;
+    line.task = readTask(row);
+    return line;
+  });
+  std::erase_if(lines.rows, [&](const TaskLine& line) { return !isWithin(line.task, query); });
+  for (TaskLine& line : lines.rows) {
+    lines.unreadable.orName([&] { line.client = clientName(desk, line.task); });
+    readNotifications(desk, line, lines.unreadable);
   }
   return lines;
 }
 
-std::vector<Task> readTasks(Desk& desk, const TaskQuery& query) {
-  std::vector<Task> tasks;
-  forEachRow(desk.database(), selectTasks(desk, query) + ";",
-             [&](const Row& row) { tasks.push_back(readTask(row)); });
+ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query) {
+  ReadableRows<Task> tasks;
+  readRows(desk.database(), taskTable, selectTasks(desk, query) + ";", tasks, readTask);
+  std::erase_if(tasks.rows, [&](const Task& task) { return !isWithin(task, query); });
   return tasks;
 }
 

@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "host/desk/rows/Task.h"
+#include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
 
@@ -42,13 +42,17 @@ struct TaskQuery {
   bool descending = false;
 };
 
+struct TaskLines : ReadableRows<TaskLine> {
+  /// How many tasks the list went through, whether they could be read or not.
+  std::size_t passed = 0;
+};
+
 /// The open tasks from `offset` on, `count` at most. What is read is what is given: the time for
 /// the first ones by due date does not grow with the number of tasks. Throws DatabaseError.
-std::vector<TaskLine> readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset,
-                                    std::size_t count);
+TaskLines readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset, std::size_t count);
 
 /// All of them, without their clients and notifications.
-std::vector<Task> readTasks(Desk& desk, const TaskQuery& query);
+ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query);
 
 /// How many open tasks the query has.
 std::size_t countTasks(Desk& desk, const TaskQuery& query);

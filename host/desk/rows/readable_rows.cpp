@@ -1,0 +1,17 @@
+#include "host/desk/rows/readable_rows.h"
+
+#include <fmt/format.h>
+
+#include "host/database/schema/Schema.h"
+
+namespace autonotify::host {
+
+std::string rowName(const char* table, const Row& row) {
+  return fmt::format("{} {}", table, row.text(findTable(table)->key()));
+}
+
+std::string orNoDate(const std::string& condition, const char* column) {
+  return fmt::format("({} OR NOT IsDate({}))", condition, column);
+}
+
+}  // namespace autonotify::host
