@@ -12,6 +12,7 @@
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify {
 namespace {
@@ -194,21 +195,22 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   FORWARD(std::string, generateClientAutoNotifyComment, (Id entry), entry)
 #undef FORWARD
 
-  // Windows.
+  // The operations that open a window: OPENS(window, name behind "cls_open", initializer).
 
-  using Email = frmSendNotificationWizardEmail;
-  void cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(Kind kind,
-                                                                       notificationTypes type,
-                                                                       Id row, Id entry) override {
-    openWindow<Email, "cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify">(
-        cancelFlag_, &Email::InitializeNewAutoNotify, type, row, kind, entry);
+#define OPENS(Window, operation, initialize)                                                     \
+  void cls_open##operation(Kind kind, notificationTypes type, Id row, Id entry) override {       \
+    openWindow<Window, "cls_open" #operation>(cancelFlag_, &Window::initialize, type, row, kind, \
+                                              entry);                                            \
   }
-  void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(Kind kind,
-                                                                       notificationTypes type,
-                                                                       Id row, Id entry) override {
-    openWindow<Email, "cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow">(
-        cancelFlag_, &Email::InitializeNotifyNow, type, row, kind, entry);
-  }
+  OPENS(frmSendNotificationWizardEmail, SendNotificationWizardEmailForm_InitializeNewAutoNotify,
+        InitializeNewAutoNotify)
+  OPENS(frmSendNotificationWizardEmail, SendNotificationWizardEmailForm_InitializeAutoNotifyNow,
+        InitializeNotifyNow)
+  OPENS(frmSendNotificationWizardPhone, SendNotificationWizardPhoneForm_InitializeNewAutoNotify,
+        InitializeNewAutoNotify)
+  OPENS(frmSendNotificationWizardPhone, SendNotificationWizardPhoneForm_InitializeAutoNotifyNow,
+        InitializeNotifyNow)
+#undef OPENS
 
  private:
   LibraryUse use_;

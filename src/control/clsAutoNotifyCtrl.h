@@ -207,6 +207,14 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
       CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
       Id scheduleID = noId) = 0;
+  /// Reminds staff to call on its date; a Cancel deletes the row.
+  virtual void cls_openSendNotificationWizardPhoneForm_InitializeNewAutoNotify(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
+  /// A call to make now; its row is deleted when the window is done.
+  virtual void cls_openSendNotificationWizardPhoneForm_InitializeAutoNotifyNow(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
 };
 
 }  // namespace autonotify

@@ -57,7 +57,9 @@ NotificationComposer::NotificationComposer(const ComposerChannel& channel)
   lblScheduled.setVisible(false);
   cmdRefreshComment.setVisible(false);
   using Self = NotificationComposer;
-  react(cmdRefreshComment.onClick, "cmdRefreshComment_Click", &Self::refreshComment);
+  const char* formInTag = channel.formInRefreshTag ? channel.formInRefreshTag : channel.formName;
+  autonotify::react(cmdRefreshComment.onClick, windowTag(formInTag, "cmdRefreshComment_Click"),
+                    *this, &Self::refreshComment);
   react(chkAddAddress.onClick, "chkAddAddress_Click", &Self::changeAddress);
   react(cmdCancel.onClick, "cmdCancel_Click", &Self::cancel);
   react(cmdFinish.onClick, "cmdFinish_Click", &Self::finish);

@@ -63,6 +63,8 @@ struct ComposerChannel {
   /// ordinary ones.
   const char* finishAtOnce = nullptr;
   const char* cancelAtOnce = nullptr;
+  /// How the tag of cmdRefreshComment spells the window's name; null: as it is.
+  const char* formInRefreshTag = nullptr;
 };
 
 }  // namespace autonotify

@@ -10,6 +10,7 @@
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
 namespace {
@@ -194,12 +195,12 @@ const Operation operations[] = {
 };
 
 /// Opens the composer in either way and uses a button of it.
-template <auto opened, auto initialize>
-Operation window(const char* name, Id row, const char* button) {
-  const auto expect = [button](TestHost& host) {
+template <class Composer, auto opened, auto initialize>
+Operation window(const char* name, const char* field, Id row, const char* button) {
+  const auto expect = [field, button](TestHost& host) {
     host.screen.answerAll(true);
-    host.screen.expectWindow("frmSendNotificationWizardEmail", [button](WindowInUse& window) {
-      window.type("txtSubject", "Hello");
+    host.screen.expectWindow(Composer().name(), [field, button](WindowInUse& window) {
+      window.type(field, "Hello");
       window.click(button);
     });
   };
@@ -212,7 +213,7 @@ Operation window(const char* name, Id row, const char* button) {
           },
           [=](TestHost& host) {
             expect(host);
-            frmSendNotificationWizardEmail composer;
+            Composer composer;
             (composer.*initialize)(appointmentNotification, row, Dockets, oldEntry);
             composer.unload();
             return toText(composer.cancelFlag());
@@ -222,16 +223,18 @@ Operation window(const char* name, Id row, const char* button) {
 // What is not walked through: the copy by id, which meets its unfinished statement, and windows.
 const Operation further[] = {
     CONTROL(copyOldNotificationInfoToNewNotification, emailRow, oldRow),
-#define WINDOW(operation, initialize, ...) \
-  window<&clsAutoNotifyCtrl::operation, &NotificationComposer::initialize>(#operation, __VA_ARGS__)
-    WINDOW(cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify, InitializeNewAutoNotify,
-           emailRow, "cmdFinish"),
-    WINDOW(cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify, InitializeNewAutoNotify,
-           noId, "cmdCancel"),
-    WINDOW(cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow, InitializeNotifyNow,
-           emailRow, "cmdFinish"),
-    WINDOW(cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow, InitializeNotifyNow,
-           noId, "cmdCancel"),
+#define WINDOW(channel, operation, initialize, ...)                                     \
+  window<frmSendNotificationWizard##channel,                                            \
+         &clsAutoNotifyCtrl::cls_openSendNotificationWizard##channel##Form_##operation, \
+         &NotificationComposer::initialize>(                                            \
+      "cls_openSendNotificationWizard" #channel "Form_" #operation, __VA_ARGS__)
+#define COMPOSER(channel, field, row)                                                              \
+  WINDOW(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, field, row, "cmdFinish"),      \
+      WINDOW(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, field, noId, "cmdCancel"), \
+      WINDOW(channel, InitializeAutoNotifyNow, InitializeNotifyNow, field, row, "cmdFinish"),      \
+      WINDOW(channel, InitializeAutoNotifyNow, InitializeNotifyNow, field, noId, "cmdCancel")
+    COMPOSER(Email, "txtSubject", emailRow),
+    COMPOSER(Phone, "txtToCall", meetingRow),
 };
 
 /// What a run does in the office: the first procedures that it enters, its host calls, its result

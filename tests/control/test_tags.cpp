@@ -4,6 +4,7 @@
 #include "platform/controls/DatePicker.h"
 #include "support/golden_file.h"
 #include "tests/wizards/ComposerTest.h"
+#include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
 namespace {
@@ -38,16 +39,22 @@ void raiseAll(Control& control) {
 class TagTest : public ComposerTest {
  protected:
   /// The tags of what windows do, which are put together when they are made.
-  void addTagsOfWindows(Tags& tags) {
-    screen.answerAll(true);
+  template <class Composer>
+  void useAllOf() {
     for (int mode = 1; mode <= 4; ++mode) {
       row = addRow("ClientNotification",
                    {{"CompanyIDNum", company}, {"NotificationDate", notifyDate}});
-      compose(static_cast<ComposerMode>(mode), [](WindowInUse& window) {
+      Composer composer;
+      use(composer, {static_cast<ComposerMode>(mode)}, [](WindowInUse& window) {
         for (Control* control : window.form().controls()) raiseAll(*control);
         if (window.form().isVisible()) window.form().hide();
       });
     }
+  }
+  void addTagsOfWindows(Tags& tags) {
+    screen.answerAll(true);
+    useAllOf<frmSendNotificationWizardEmail>();
+    useAllOf<frmSendNotificationWizardPhone>();
     for (const std::string& tag : errors.tags())
       if (tag.starts_with(start + "frm")) tags.insert(tag);
   }

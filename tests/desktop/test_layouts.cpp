@@ -9,6 +9,7 @@
 #include "qt_text.h"
 #include "support/HostTest.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
 namespace {
@@ -18,6 +19,7 @@ class Layouts : public HostTest {};
 /// One row for each window of the component.
 const std::function<std::unique_ptr<Form>()> windows[] = {
     [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
+    [] { return std::make_unique<frmSendNotificationWizardPhone>(); },
 };
 
 bool isDrawn(const Control& control) {

@@ -3,14 +3,6 @@
 namespace autonotify::test {
 namespace {
 
-using testing::ElementsAre;
-
-/// What the channel of the test was given to store.
-std::vector<std::string>& stored() {
-  static std::vector<std::string> edits;
-  return edits;
-}
-
 /// A channel that differs from the email's in all that a channel may differ in. Its window wears
 /// the layout of the email's.
 constexpr ComposerChannel phoneLike{
@@ -23,15 +15,8 @@ constexpr ComposerChannel phoneLike{
     .confirmationEnd = " on ",
     .asksClientList = false,
     .addressHasDate = false,
-    .editForSchedule =
-        [](Id id, const FieldTexts& fields, const std::string&) {
-          stored().push_back("entry " + std::to_string(id) + " " + fields.at(0) + fields.at(1));
-        },
-    .editForItem =
-        [](ItemKind kind, Id id, const FieldTexts& fields, const std::string&) {
-          stored().push_back(std::to_string(kind) + " " + std::to_string(id) + " " + fields.at(0) +
-                             fields.at(1));
-        },
+    .editForSchedule = [](Id, const FieldTexts&, const std::string&) {},
+    .editForItem = [](ItemKind, Id, const FieldTexts&, const std::string&) {},
     .finishAtOnce = "Call completed",
     .cancelAtOnce = "Call again",
 };
@@ -64,7 +49,6 @@ class TestComposer : public NotificationComposer {
 
 class ChannelTest : public ComposerTest {
  protected:
-  ChannelTest() { stored().clear(); }
   Result useTest(ComposerPurpose purpose, HeadlessPerson::Script script) {
     TestComposer composer;
     return use(composer, purpose, std::move(script));
@@ -105,40 +89,6 @@ TEST_F(ChannelTest, SaysWhetherARowIsAdded) {
     EXPECT_EQ(errors.dialogs() - dialogsBefore, each.dialogs);
     each.composer->unload();
   }
-}
-
-TEST_F(ChannelTest, NamesItsButtonsWhereTheMessageGoesAtOnce) {
-  using enum ComposerMode;
-  for (const auto& [mode, finish, cancel] : {std::tuple{notifyNow, "Call completed", "Call again"},
-                                             {sendAuto, "Call completed", "Call again"},
-                                             {editAuto, "Finish", "Cancel"},
-                                             {newAuto, "Finish", "Cancel"}}) {
-    const bool isAtOnce = mode == notifyNow || mode == sendAuto;
-    row = addRow("ClientNotification", {{"NotificationDate", notifyDate}});
-    useTest({mode}, [&](WindowInUse& window) {
-      EXPECT_EQ(window.read("cmdFinish"), finish);
-      EXPECT_EQ(window.read("cmdCancel"), cancel);
-      EXPECT_EQ(window.sees("txtNotificationField"), !isAtOnce);
-      window.click("cmdCancel");
-    });
-  }
-}
-
-TEST_F(ChannelTest, StoresItsOwnFieldsUnderTheKindAsGiven) {
-  confirmArming();
-  const auto finish = [](WindowInUse& window) {
-    window.type("cboTo", "555-0122");
-    window.click("cmdFinish");
-  };
-  const std::string sentence = "Someone is to call about the task on Thursday, April 23, 2026";
-  screen.expectMessage(sentence, message_style::armedConfirmed);
-  useTest({ComposerMode::newAuto}, finish);
-  EXPECT_EQ(channelBits(), "8");
-  useTest({ComposerMode::editAuto, appointmentNotification, 46142}, finish);
-  useTest({ComposerMode::editAuto, static_cast<notificationTypes>(3)}, finish);
-  const std::string id = std::to_string(row);
-  EXPECT_THAT(stored(), ElementsAre("entry " + id + " ann@birch555-0122",
-                                    "46142 " + id + " ann@birch555-0122"));
 }
 
 TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
