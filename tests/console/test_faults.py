@@ -162,8 +162,6 @@ class RowFaultTest(ConsoleTest):
             self.assertIn(unread.format(f"ClientNotification {row}", column), run.err)
         self.assertIn(f"notification {rows[1]} was not sent: it cannot be known whether", run.err)
         self.assertEqual(rows[3:], [row["notification"] for row in run.json()][1:])
-        run = self.run_program("--json", "due")
-        self.assertEqual((1, rows[3:]), (run.code, [row["notification"] for row in run.json()]))
 
     def test_what_cannot_be_read_is_sent_when_it_is_mended(self):
         task, (bad, _) = self.arm("email,fax")

@@ -23,7 +23,6 @@ namespace autonotify::desktop {
 namespace {
 
 using testing::HasSubstr;
-using testing::StartsWith;
 
 /// A person at the program's window: acts once in the composer that comes up, and presses the
 /// first of the messages' buttons that leaves things as they are.
@@ -221,7 +220,8 @@ TEST_F(MainWindowTest, ARowThatCannotBeReadIsNamedAndNothingIsComposedBesideIt) 
                                     std::pair("2026-05-04", "")}) {
     execute("UPDATE ClientNotification SET NotificationDate='" + std::string(date) + "'" + email);
     trigger("refresh");
-    EXPECT_THAT(plain(window_->findChild<QLabel*>("unreadable")->text()), StartsWith(words));
+    EXPECT_THAT(plain(window_->findChild<QLabel*>("unreadable")->text()),
+                testing::StartsWith(words));
     if (*words) {
       EXPECT_THAT(run("scheduleEmail"), testing::ElementsAre(HasSubstr("\"soon\" is no date")));
     }

@@ -130,7 +130,8 @@ TEST_F(TaskTable, PassesOverWhatCannotBeReadAndNamesIt) {
   for (std::size_t i = 0; i <= 150; i += i < 99 ? 1 : 51)
     connection.exec("UPDATE Schedule SET ClientNum=2147483648 WHERE ScheduleID=" +
                     std::to_string(all[i]));
-  model_.reload();
+  model_.setFilter("");
+  EXPECT_EQ(model_.rowCount(), 99) << "the first that can be seen";
   EXPECT_EQ(fetchAll(), sound);
   EXPECT_EQ(model_.unreadable().size(), 101u);
   EXPECT_EQ(model_.unreadable().begin()->row(), "Schedule " + std::to_string(all[0]));

@@ -103,6 +103,7 @@ void TaskTableModel::show(std::size_t most) {
   beginResetModel();
   lines_ = std::move(lines);
   endResetModel();
+  emit read();
 }
 
 const host::TaskLine& TaskTableModel::lineAt(const QModelIndex& index) const {
@@ -140,7 +141,11 @@ bool TaskTableModel::canFetchMore(const QModelIndex& parent) const {
 
 void TaskTableModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
-  std::vector<host::TaskLine> page = readPage(pageSize);
+  append(readPage(pageSize));
+  emit read();
+}
+
+void TaskTableModel::append(std::vector<host::TaskLine> page) {
   if (page.empty()) return;
   // A listener may ask for more while the rows come in.
   const bool hasMore = std::exchange(hasMore_, false);
@@ -159,7 +164,6 @@ void TaskTableModel::sort(int column, Qt::SortOrder order) {
 }
 
 std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t most) {
-  hasMore_ = false;
   host::TaskLines page;
   try {
     do {
@@ -169,9 +173,9 @@ std::vector<host::TaskLine> TaskTableModel::readPage(std::size_t most) {
       hasMore_ = page.passed == most;
     } while (page.rows.empty() && hasMore_);
   } catch (const PlatformError& error) {
+    hasMore_ = false;
     emit failed(faultOf(error.description()));
   }
-  emit read();
   return std::move(page.rows);
 }
 

@@ -42,7 +42,7 @@ class TaskTableModel : public QAbstractTableModel {
  signals:
   /// The database did not answer; the words are for people.
   void failed(const QString& message);
-  /// More rows were gone through, or none yet.
+  /// More tasks were gone through, whether they are shown or not.
   void read();
 
  private:
@@ -50,6 +50,7 @@ class TaskTableModel : public QAbstractTableModel {
   void show(std::size_t most);
   /// The next tasks, `most` at most. None only when there are no more that can be read.
   std::vector<host::TaskLine> readPage(std::size_t most);
+  void append(std::vector<host::TaskLine> page);
 
   host::Desk* desk_ = nullptr;
   host::TaskQuery query_;
