@@ -93,6 +93,12 @@ class OpenOutbox {
     return ::unlinkat(get(), pathOf(name, place).c_str(), 0) == 0;
   }
 
+  /// The same.
+  bool rename(const std::string& name, OutboxPlace from, OutboxPlace to) const {
+    const std::string path = pathOf(name, from);
+    return ::renameat(get(), path.c_str(), get(), pathOf(name, to).c_str()) == 0;
+  }
+
   /// Whether what was put or moved there lasts, whatever happens to the machine.
   bool keep(OutboxPlace place) const {
     const Descriptor folder(
@@ -124,10 +130,13 @@ OutboxPlace Outbox::find(const std::string& name) const {
   return OpenOutbox(folder_).find(name);
 }
 
+void Outbox::makeSubfolders() const {
+  OpenOutbox(folder_).makeSubfolders();
+}
+
 bool Outbox::put(const std::string& name, const std::string& content, OutboxPlace place) const {
   const OpenOutbox outbox(folder_);
   if (outbox.find(name) != OutboxPlace::nowhere) return false;
-  if (place == OutboxPlace::sending) outbox.makeSubfolders();
   if (!outbox.add(name, content, place)) return false;
   // Another sender's message of this name may have come since the first look.
   if (outbox.holdsElsewhere(name, place)) {
@@ -145,13 +154,12 @@ bool Outbox::put(const std::string& name, const std::string& content, OutboxPlac
 
 void Outbox::move(const std::string& name, OutboxPlace from, OutboxPlace to) const {
   const OpenOutbox outbox(folder_);
-  if (to != OutboxPlace::waiting) outbox.makeSubfolders();
-  if (::renameat(outbox.get(), pathOf(name, from).c_str(), outbox.get(),
-                 pathOf(name, to).c_str()) != 0) {
-    const int error = errno;
-    fail("The message \"" + folder_ + '/' + pathOf(name, from) + "\" cannot be moved to \"" +
-             folder_ + '/' + subfolderOf(to) + "\"",
-         error);
+  if (!outbox.rename(name, from, to)) {
+    outbox.makeSubfolders();
+    if (!outbox.rename(name, from, to))
+      fail("The message \"" + folder_ + '/' + pathOf(name, from) + "\" cannot be moved to \"" +
+               folder_ + '/' + subfolderOf(to) + "\"",
+           errno);
   }
   // Not being able to make the move last is no failure: a crash that undoes it leaves a message of
   // which it is not known whether it went out, and that is not sent again by itself.

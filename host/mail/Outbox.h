@@ -32,9 +32,10 @@ class Outbox {
 
   /// Nowhere when there is no such folder.
   OutboxPlace find(const std::string& name) const;
-  /// False when one of that name is there already, wherever it is. The folders below are made for
-  /// whoever sends from here, so that nothing is sent that could not be put aside. Nothing is left
-  /// behind when this throws.
+  /// For whoever sends from here, first of all: so nothing is sent that could not be put aside.
+  void makeSubfolders() const;
+  /// False when one of that name is there already, wherever it is. Nothing is left behind when this
+  /// throws.
   bool put(const std::string& name, const std::string& content, OutboxPlace place) const;
   void move(const std::string& name, OutboxPlace from, OutboxPlace to) const;
   /// Takes a message out again that surely was not sent.

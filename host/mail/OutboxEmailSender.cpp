@@ -58,6 +58,7 @@ bool OutboxEmailSender::send() {
 void OutboxEmailSender::deliver(const std::string& name, const MailMessage& message) {
   const Outbox outbox(settings_.folder);
   const OutboxPlace start = settings_.server ? OutboxPlace::sending : OutboxPlace::waiting;
+  if (settings_.server) outbox.makeSubfolders();
   const bool isNew = outbox.put(name, messageText(message), start);
   if (!isNew) {
     const OutboxPlace found = outbox.find(name);
