@@ -15,6 +15,7 @@
 namespace autonotify {
 
 class RichTextBox;
+class TokenSearch;
 struct FieldListTarget;
 struct MergeMarks;
 
@@ -183,9 +184,9 @@ class clsInsertFieldsInRTB : public MergeIds {
   // True when a field was found, whatever its value.
   bool mergePass(Step& step, std::string& text, const MergeMarks& marks);
   bool mergeFields(Step& step, std::string& text, const MergeMarks& marks, PassStart start);
-  bool mergeDate(std::string& text, const MergeMarks& marks, const std::string& name, int index,
-                 std::size_t firstFormat);
-  bool mergeToken(std::string& text, const std::string& token, int index, std::string_view format);
+  bool mergeDate(TokenSearch& tokens, const std::string& name, int index, std::size_t firstFormat);
+  bool mergeToken(TokenSearch& tokens, const std::string& content, int index,
+                  std::string_view format);
 
   // The same text from the tokens that occur, as far as no value brings marks of its own.
   std::shared_ptr<const TemplateLayout> layoutOfTemplate();

@@ -3,6 +3,8 @@
 #include "merge/fields/field_catalogue.h"
 #include "merge/templates/template_check.h"
 #include "merge/templates/template_update.h"
+#include "merge/templates/token_removal.h"
+#include "merge/templates/token_search.h"
 #include "merge/templates/token_texts.h"
 #include "platform/text.h"
 
@@ -16,21 +18,6 @@ constexpr std::size_t npos = std::string::npos;
 
 bool holds(const std::string& text, const std::string& token) {
   return findIgnoreCase(text, token) != npos;
-}
-
-/// Takes out every token, the first in the text first, with all that are spelled like it. An
-/// opening mark without a closing one ends the search. True when there was a token.
-bool removeTokens(std::string& text, const MergeMarks& marks) {
-  bool wasAnyRemoved = false;
-  for (;;) {
-    const std::size_t open = findIgnoreCase(text, marks.open);
-    if (open == npos) return wasAnyRemoved;
-    const std::size_t close = findIgnoreCase(text, marks.close, open + marks.open.size());
-    if (close == npos) return wasAnyRemoved;
-    const std::string token = text.substr(open, close + marks.close.size() - open);
-    text = replaceAll(text, token, "");
-    wasAnyRemoved = true;
-  }
 }
 
 const std::string& withoutTokens(std::string& text) {
@@ -127,6 +114,7 @@ bool clsInsertFieldsInRTB::mergePass(Step& step, std::string& text, const MergeM
 bool clsInsertFieldsInRTB::mergeFields(Step& step, std::string& text, const MergeMarks& marks,
                                        PassStart start) {
   const FieldCursor field(step, fieldList_);
+  TokenSearch tokens(text, marks);
   bool isAnyFound = false;
   std::string name;
   int index = 0;
@@ -139,27 +127,29 @@ bool clsInsertFieldsInRTB::mergeFields(Step& step, std::string& text, const Merg
     field.read(type, field_column::dataType);
     const std::size_t firstFormat = row == start.row ? start.format : 0;
     const bool isFound = type == static_cast<int>(FieldType::date)
-                             ? mergeDate(text, marks, name, index, firstFormat)
-                             : mergeToken(text, plainToken(marks, name), index, {});
+                             ? mergeDate(tokens, name, index, firstFormat)
+                             : mergeToken(tokens, name, index, {});
     isAnyFound = isAnyFound || isFound;
   }
   return isAnyFound;
 }
 
-bool clsInsertFieldsInRTB::mergeDate(std::string& text, const MergeMarks& marks,
-                                     const std::string& name, int index, std::size_t firstFormat) {
+bool clsInsertFieldsInRTB::mergeDate(TokenSearch& tokens, const std::string& name, int index,
+                                     std::size_t firstFormat) {
   bool isFound = false;
   for (std::size_t i = firstFormat; i < mergeDateFormats.size(); ++i) {
-    const std::string token = dateToken(marks, name, mergeDateFormats[i]);
-    if (mergeToken(text, token, index, printedFormat(mergeDateFormats[i]))) isFound = true;
+    const std::string_view format = mergeDateFormats[i];
+    if (mergeToken(tokens, dateContent(name, format), index, printedFormat(format))) isFound = true;
   }
   return isFound;
 }
 
-bool clsInsertFieldsInRTB::mergeToken(std::string& text, const std::string& token, int index,
+bool clsInsertFieldsInRTB::mergeToken(TokenSearch& tokens, const std::string& content, int index,
                                       std::string_view format) {
-  if (!holds(text, token)) return false;
-  replaceText(text, token, getDataFieldInfo(index, std::string(format)));
+  if (!tokens.holds(content)) return false;
+  const std::string value = getDataFieldInfo(index, std::string(format));
+  replaceText(tokens.text(), tokens.tokenOf(content), value);
+  tokens.noteReplaced(value);
   return true;
 }
 
@@ -177,6 +167,7 @@ std::string clsInsertFieldsInRTB::parseTodaysDateInRTBComment(std::string& text,
                                                               const std::string& openMark,
                                                               const std::string& closeMark) {
   return procedure(tag<"parseTodaysDateInRTBComment">, text, [&](Step&, std::string& result) {
+    if (!holds(text, openMark + "(" + std::string(todaysDateName) + ",")) return;
     for (const std::string_view format : mergeDateFormats) {
       const std::string token = dateToken({openMark, closeMark}, todaysDateName, format);
       if (!holds(text, token)) continue;

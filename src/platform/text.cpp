@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "platform/utf8.h"
 
@@ -107,14 +108,51 @@ bool standsAt(std::string_view text, std::size_t at, std::string_view sought) {
   return true;
 }
 
-/// Offset of the byte to look for first: one without case that texts hold seldom, or else the
-/// first.
-std::size_t anchorOf(std::string_view sought) {
+/// The two first bytes that a character may begin with in either case.
+std::array<char, 2> firstBytesAt(std::string_view text, std::size_t at) {
+  const char32_t folded = mapped(cases.folded, utf8StepAt(text, at).value);
+  if (folded >= Utf8Step::illFormedBase) return {text[at], text[at]};
+  std::string bytes;
+  appendUtf8(bytes, folded);
+  const char small = bytes[0];
+  bytes.clear();
+  appendUtf8(bytes, mapped(cases.upper, folded));
+  return {small, bytes[0]};
+}
+
+/// Offset of a character without case that texts hold seldom, or else of the first.
+std::size_t seldomCharacterOf(std::string_view sought) {
   const auto isSeldom = [](char c) {
     return isAscii(c) && c != ' ' && c != '\\' && !(foldedAscii(c) >= 'a' && foldedAscii(c) <= 'z');
   };
   const auto found = std::find_if(sought.begin(), sought.end(), isSeldom);
   return found == sought.end() ? 0 : static_cast<std::size_t>(found - sought.begin());
+}
+
+/// Offset of the character that is the seldomest by a sample of the text.
+std::size_t seldomestCharacterOf(std::string_view sought, std::string_view text) {
+  constexpr std::size_t sampleSize = 512;
+  std::array<std::uint16_t, 256> counts{};
+  const auto countOf = [&](char byte) -> auto& {
+    return counts[static_cast<unsigned char>(byte)];
+  };
+  for (std::size_t i = 0; i < sampleSize; ++i) ++countOf(text[i * text.size() / sampleSize]);
+  std::size_t best = 0;
+  std::size_t least = 2 * sampleSize + 1;
+  for (std::size_t at = 0; at < sought.size(); at += utf8StepAt(sought, at).length) {
+    const auto [small, capital] = firstBytesAt(sought, at);
+    const std::size_t count = std::size_t{countOf(small)} + countOf(capital);
+    if (count >= least) continue;
+    best = at;
+    least = count;
+  }
+  return best;
+}
+
+/// Offset of the character to look for first.
+std::size_t anchorOf(std::string_view sought, std::string_view text) {
+  constexpr std::size_t longText = 16 * 1024;
+  return text.size() < longText ? seldomCharacterOf(sought) : seldomestCharacterOf(sought, text);
 }
 
 /// Goes through the places of a text where `sought` stands in any case. In either case the anchor
@@ -124,10 +162,10 @@ class Finder {
  public:
   /// Requires: `sought` isn't empty, from <= text.size().
   Finder(std::string_view text, std::string_view sought, std::size_t from)
-      : text_(text), sought_(sought), anchor_(anchorOf(sought)) {
-    const char32_t folded = mapped(cases.folded, utf8StepAt(sought, anchor_).value);
-    const char32_t capital = mapped(cases.upper, folded);
-    bytes_ = {firstByteOf(folded), firstByteOf(capital)};
+      : text_(text),
+        sought_(sought),
+        anchor_(anchorOf(sought, text)),
+        bytes_(firstBytesAt(sought, anchor_)) {
     next_[0] = text.find(bytes_[0], from + anchor_);
     next_[1] = bytes_[0] == bytes_[1] ? npos : text.find(bytes_[1], from + anchor_);
   }
@@ -150,17 +188,10 @@ class Finder {
     return std::min(next_[0], next_[1]);
   }
 
-  char firstByteOf(char32_t character) const {
-    if (character >= Utf8Step::illFormedBase) return sought_[anchor_];
-    std::string bytes;
-    appendUtf8(bytes, character);
-    return bytes[0];
-  }
-
   std::string_view text_;
   std::string_view sought_;
   std::size_t anchor_;
-  std::array<char, 2> bytes_{};
+  std::array<char, 2> bytes_;
   std::array<std::size_t, 2> next_{};
 };
 

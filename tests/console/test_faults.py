@@ -283,10 +283,13 @@ class TemplateFaultTest(ConsoleTest):
                 self.refuses(line, f"cannot read {path}: {reason}")
 
     def test_a_template_of_a_megabyte_is_quick(self):
-        line = b"Dear \\'abContact Display Name\\'bb, of \\'abCompany Name\\'bb: a letter.\\par\r\n"
-        content = b"{\\rtf1\\ansi " + line * ((1 << 20) // len(line)) + b"}"
-        (self.folder / "large.rtf").write_bytes(content)
-        begin = time.monotonic()
-        self.expect("check large.rtf", "The template is sound.\n")
-        self.assertNotIn("\\'ab", self.done(f"merge {self.free_task()} --template large.rtf"))
-        self.assertLess(time.monotonic() - begin, 10)
+        line = "Dear \\'abContact Display Name\\'bb, of \\'abCompany Name\\'bb: a letter.\\par\r\n"
+        unknown = "".join(f"«{number}»" for number in range(90000))
+        for text, code in [("{\\rtf1\\ansi " + line * ((1 << 20) // len(line)) + "}", 0),
+                           ("<<" * (1 << 19), 1), ("« " + unknown + ".", 1), (unknown + "««7»x».", 1)]:
+            (self.folder / "large").write_text(text, encoding="utf-8")
+            begin = time.monotonic()
+            self.assertEqual(code, self.run_program("check", "large").code)
+            merged = self.done(f"merge {self.free_task()} --template large")
+            self.assertNotIn("Name", merged)
+            self.assertLess(time.monotonic() - begin, 10)

@@ -82,8 +82,9 @@ TEST(Text, findingAgreesWithFoldingFirst) {
     return result;
   };
   for (int round = 0; round < 20000; ++round) {
-    const std::string haystack = text(random() % 12);
-    const std::string needle = text(1 + random() % 3);
+    // Long texts are looked through in a way of their own.
+    const std::string haystack = text(round % 100 == 0 ? 20000 : random() % 12);
+    const std::string needle = text(1 + random() % 5);
     const std::size_t from = random() % (haystack.size() + 2);
     ASSERT_EQ(findIgnoreCase(haystack, needle, from),
               lowerCase(haystack).find(lowerCase(needle), from))

@@ -29,14 +29,16 @@ bool startsWithEscapedMark(std::string_view text) {
 
 }  // namespace
 
-std::string plainToken(const MergeMarks& marks, std::string_view name) {
-  std::string token(marks.open);
-  return token.append(name).append(marks.close);
+std::string dateContent(std::string_view name, std::string_view format) {
+  return std::string("(").append(name).append(", ").append(format).append(")");
+}
+
+std::string plainToken(const MergeMarks& marks, std::string_view content) {
+  return std::string(marks.open).append(content).append(marks.close);
 }
 
 std::string dateToken(const MergeMarks& marks, std::string_view name, std::string_view format) {
-  std::string token(marks.open);
-  return token.append("(").append(name).append(", ").append(format).append(")").append(marks.close);
+  return plainToken(marks, dateContent(name, format));
 }
 
 bool endsInsideMark(std::string_view text) {
@@ -58,6 +60,26 @@ bool mayFormMark(std::string_view value) {
   for (std::size_t i = value.find('\\'); i < value.size(); i = value.find('\\', i + 1))
     if (startsWithEscapedMark(value.substr(i))) return true;
   return false;
+}
+
+std::optional<FoundMark> MarkScanner::next() {
+  const std::size_t size = marks_.open.size();
+  for (std::size_t at = text_.find(marks_.open[0], at_); at < text_.size();
+       at = text_.find(marks_.open[0], at + 1)) {
+    const std::string_view head = text_.substr(at, size);
+    const bool isOpen = equalIgnoreCase(head, marks_.open);
+    if (!isOpen && !equalIgnoreCase(head, marks_.close)) continue;
+    at_ = at + size;
+    return FoundMark{at, at_, isOpen};
+  }
+  at_ = text_.size();
+  return std::nullopt;
+}
+
+std::optional<FoundMark> MarkScanner::nextOf(bool isOpen) {
+  std::optional<FoundMark> mark = next();
+  while (mark && mark->isOpen != isOpen) mark = next();
+  return mark;
 }
 
 }  // namespace autonotify

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,12 +50,39 @@ constexpr std::string_view printedFormat(std::string_view format) {
   return format == "dd/mm/yy" ? "dd/mmm/yy" : format;
 }
 
-std::string plainToken(const MergeMarks& marks, std::string_view name);
+/// What stands between the marks of a date field: "(Task Due Date, yyyy)".
+std::string dateContent(std::string_view name, std::string_view format);
+std::string plainToken(const MergeMarks& marks, std::string_view content);
 std::string dateToken(const MergeMarks& marks, std::string_view name, std::string_view format);
 
 /// True when a value holds a mark, or could form one with the text on either side of it.
 bool mayFormMark(std::string_view value);
 /// True when the text ends in the beginning of a mark.
 bool endsInsideMark(std::string_view text);
+
+/// One mark of a text, from its first byte to the one behind its last.
+struct FoundMark {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+  bool isOpen = false;
+};
+
+/// Goes through the marks of one spelling in a text, which outlives it.
+class MarkScanner {
+ public:
+  MarkScanner(std::string_view text, const MergeMarks& marks) : text_(text), marks_(marks) {}
+
+  // Nothing behind the last one.
+  std::optional<FoundMark> next();
+  std::optional<FoundMark> nextOpen() { return nextOf(true); }
+  std::optional<FoundMark> nextClose() { return nextOf(false); }
+
+ private:
+  std::optional<FoundMark> nextOf(bool isOpen);
+
+  std::string_view text_;
+  MergeMarks marks_;
+  std::size_t at_ = 0;
+};
 
 }  // namespace autonotify

@@ -41,23 +41,33 @@ std::string commonPrefix(std::string_view left, std::string_view right) {
 
 RewriteList::RewriteList(std::vector<Rewrite> rewrites) : rewrites_(std::move(rewrites)) {
   familyOf_.fill(noFamily);
-  for (std::size_t i = 0; i < rewrites_.size(); ++i) addToFamily(i);
+  for (const Rewrite& rewrite : rewrites_) {
+    std::string& sought = sought_.emplace_back(rewrite.from);
+    std::ranges::transform(sought, sought.begin(), folded);
+    std::string& prefix = familyOf(sought).prefix;
+    prefix = commonPrefix(prefix, sought.substr(0, sought.size() - 1));
+    addStarts(sought);
+  }
+  for (std::size_t i = 0; i < sought_.size(); ++i) {
+    Family& family = familyOf(sought_[i]);
+    family.members[indexOf(sought_[i][family.prefix.size()])].push_back(i);
+  }
 }
 
-void RewriteList::addToFamily(std::size_t index) {
-  std::string sought = rewrites_[index].from;
-  std::ranges::transform(sought, sought.begin(), folded);
+/// A new one has the whole text for its prefix.
+RewriteList::Family& RewriteList::familyOf(std::string_view sought) {
   std::uint8_t& family = familyOf_[indexOf(sought[0])];
   if (family == noFamily) {
     family = static_cast<std::uint8_t>(families_.size());
     familyOf_[indexOf(capital(sought[0]))] = family;
-    families_.push_back({sought, {}});
+    families_.push_back({std::string(sought), {}});
   }
-  families_[family].prefix = commonPrefix(families_[family].prefix, sought);
-  families_[family].members.push_back(index);
+  return families_[family];
+}
+
+void RewriteList::addStarts(std::string_view sought) {
   for (const char first : {sought[0], capital(sought[0])})
     for (const char second : {sought[1], capital(sought[1])}) starts_.set(pairOf(first, second));
-  sought_.push_back(std::move(sought));
 }
 
 std::string RewriteList::apply(std::string text) const {
@@ -73,8 +83,9 @@ std::size_t RewriteList::firstOccurring(std::string_view text, std::size_t first
   if (first >= best) return best;
   for (std::size_t at = nextStart(text, 0); at < text.size(); at = nextStart(text, at + 1)) {
     const Family& family = families_[familyOf_[indexOf(text[at])]];
-    if (!standsAt(text, at, family.prefix)) continue;
-    for (const std::size_t i : family.members) {
+    const std::size_t behind = at + family.prefix.size();
+    if (behind >= text.size() || !standsAt(text, at, family.prefix)) continue;
+    for (const std::size_t i : family.members[indexOf(folded(text[behind]))]) {
       if (i >= best) break;
       if (i >= first && standsAt(text, at, sought_[i])) best = i;
     }

@@ -29,14 +29,16 @@ class RewriteList {
   std::string apply(std::string text) const;
 
  private:
-  /// The rewrites that begin with the same character, by their position in the list.
+  /// The rewrites that begin with the same character.
   struct Family {
-    std::string prefix;  ///< common to all of them
-    std::vector<std::size_t> members;
+    std::string prefix;  ///< common to all of them, and shorter than each
+    /// Their positions in the list, by the small letter behind the prefix.
+    std::array<std::vector<std::size_t>, 256> members;
   };
   static constexpr std::uint8_t noFamily = 0xFF;
 
-  void addToFamily(std::size_t index);
+  Family& familyOf(std::string_view sought);
+  void addStarts(std::string_view sought);
   /// The first rewrite from `first` on that occurs in the text, or the number of rewrites.
   std::size_t firstOccurring(std::string_view text, std::size_t first) const;
   std::size_t nextStart(std::string_view text, std::size_t from) const;

@@ -40,16 +40,15 @@ TemplateCheck::TemplateCheck(Step& step, std::function<bool(const std::string&)>
     : step_(step), isFieldName_(std::move(isFieldName)) {}
 
 std::string TemplateCheck::firstFault(const std::string& text, const MergeMarks& marks) {
-  for (std::size_t from = 0;;) {
-    const std::size_t open = findIgnoreCase(text, marks.open, from);
-    const std::size_t close = findIgnoreCase(text, marks.close, from);
-    if (open == npos) return {};
-    if (close == npos || close < open) return missingOpenMark;
-    const std::size_t begin = open + marks.open.size();
-    std::string fault = faultOf(text.substr(begin, close - begin));
+  MarkScanner scanner(text, marks);
+  while (const std::optional<FoundMark> open = scanner.next()) {
+    if (!open->isOpen) return scanner.nextOpen() ? missingOpenMark : "";
+    const std::optional<FoundMark> close = scanner.nextClose();
+    if (!close) return missingOpenMark;
+    std::string fault = faultOf(text.substr(open->end, close->begin - open->end));
     if (!fault.empty()) return fault;
-    from = close + marks.close.size();
   }
+  return {};
 }
 
 /// The fault of what stands between two marks.

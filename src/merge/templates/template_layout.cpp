@@ -66,18 +66,16 @@ TemplateLayout::TemplateLayout(std::string text) : text_(std::move(text)) {
 
 bool TemplateLayout::cutAtMarks(const MergeMarks& marks) {
   const std::string_view text = text_;
+  MarkScanner scanner(text, marks);
   std::size_t from = 0;
-  for (;;) {
-    const std::size_t open = findIgnoreCase(text, marks.open, from);
-    const std::size_t close = findIgnoreCase(text, marks.close, from);
-    if (open == npos) return close == npos;
-    if (close == npos || close < open) return false;
-    const std::size_t begin = open + marks.open.size();
-    if (findIgnoreCase(text.substr(begin, close - begin), marks.open) != npos) return false;
-    if (endsInsideMark(text.substr(from, open - from))) return false;
-    from = close + marks.close.size();
-    addSlot(open, from);
+  while (const std::optional<FoundMark> open = scanner.next()) {
+    const std::optional<FoundMark> close = open->isOpen ? scanner.next() : std::nullopt;
+    if (!close || close->isOpen) return false;
+    if (endsInsideMark(text.substr(from, open->begin - from))) return false;
+    from = close->end;
+    addSlot(open->begin, from);
   }
+  return true;
 }
 
 void TemplateLayout::addSlot(std::size_t begin, std::size_t end) {
