@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "host/mail/gmime_handles.h"
 #include "platform/text.h"
@@ -22,26 +23,41 @@ bool isBlank(char byte) {
   return byte == ' ' || byte == '\t';
 }
 
+/// Follows the quotation marks and comments of a text, byte by byte.
+class Nesting {
+ public:
+  /// Whether the next byte of the text stands outside of them.
+  bool isOutside(char byte) {
+    const bool wasInside = isInside();
+    if (std::exchange(isEscaped_, false)) return false;
+    if (byte == '\\' && wasInside) {
+      isEscaped_ = true;
+    } else if (byte == '"' && comments_ == 0) {
+      isQuoted_ = !isQuoted_;
+    } else if (!isQuoted_ && (byte == '(' || byte == ')')) {
+      comments_ = std::max(0, comments_ + (byte == '(' ? 1 : -1));
+    } else {
+      return !wasInside;
+    }
+    return false;
+  }
+  bool isInside() const { return isQuoted_ || comments_ > 0; }
+
+ private:
+  bool isQuoted_ = false;
+  bool isEscaped_ = false;
+  int comments_ = 0;
+};
+
 /// One entry off the front, up to a separator outside of quotation marks and comments.
 std::string_view takeEntry(std::string_view& text) {
-  bool isQuoted = false;
-  int comments = 0;
-  std::size_t end = 0;
-  for (; end < text.size(); ++end) {
-    const char byte = text[end];
-    if (byte == '\r' || byte == '\n') break;
-    if (byte == '\\' && (isQuoted || comments > 0) && end + 1 < text.size()) {
-      ++end;
-    } else if (byte == '"' && comments == 0) {
-      isQuoted = !isQuoted;
-    } else if (!isQuoted && (byte == '(' || byte == ')')) {
-      comments = std::max(0, comments + (byte == '(' ? 1 : -1));
-    } else if (!isQuoted && comments == 0 && (byte == ',' || byte == ';')) {
-      break;
-    }
-  }
-  const std::string_view entry = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
+  Nesting nesting;
+  const auto isEnd = [&](char byte) {
+    const bool isOutside = nesting.isOutside(byte);
+    return byte == '\r' || byte == '\n' || (isOutside && (byte == ',' || byte == ';'));
+  };
+  const std::string_view entry(text.begin(), std::ranges::find_if(text, isEnd));
+  text.remove_prefix(std::min(entry.size() + 1, text.size()));
   return entry;
 }
 
@@ -72,14 +88,25 @@ bool isAddress(std::string_view address) {
          isDomain(address.substr(at + 1));
 }
 
-/// A closing bracket before an opening one, on which the mail library's parser loses memory.
-bool hasStrayBracket(std::string_view entry) {
-  return !entry.starts_with('"') && entry.find('>') < entry.find('<');
+/// Whether there is an "@", what comes in pairs does so, and no address stands ahead of one in
+/// brackets. Of an entry that is otherwise, the mail library's parser may lose memory.
+bool hasForm(std::string_view entry) {
+  Nesting nesting;
+  bool hasAt = false;
+  char bracket = '\0';  // the last one
+  for (const char byte : entry) {
+    if (!nesting.isOutside(byte)) continue;
+    hasAt = hasAt || byte == '@';
+    if (byte != '<' && byte != '>') continue;
+    if (byte == '<' ? hasAt || bracket != '\0' : bracket != '<') return false;
+    bracket = byte;
+  }
+  return hasAt && !nesting.isInside() && bracket != '<';
 }
 
 /// The entry when it is one mailbox.
 std::optional<Mailbox> readMailbox(const std::string& entry) {
-  if (!isValidUtf8(entry) || std::ranges::any_of(entry, isControl) || hasStrayBracket(entry))
+  if (!isValidUtf8(entry) || std::ranges::any_of(entry, isControl) || !hasForm(entry))
     return std::nullopt;
   const ParserOptionsHandle options = strictParserOptions();
   const GHandle<InternetAddressList> list(

@@ -134,13 +134,30 @@ TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
 }
 
 TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
-  for (const std::string entry :
-       {"jane", "jane@", "Jane Smith", "Jane <>", "jane@@client.example",
-        "jane smith@client.example", "jane@client..example", ".jane@client.example",
-        "jane@client example", "Jane <jane@client.example", "team: a@x.example",
-        "undisclosed-recipients:", "a@x.example b@x.example", "élodie@client.example",
-        "613-555-0100 <Home Fax>", "Bcc: evil@x.example", "jane@client.example\x01",
-        "jane\xFF@client.example", "jane@client.example> <a@x.example>"}) {
+  for (const std::string entry : {"jane",
+                                  "jane@",
+                                  "Jane Smith",
+                                  "Jane <>",
+                                  "jane@@client.example",
+                                  "jane smith@client.example",
+                                  "jane@client..example",
+                                  ".jane@client.example",
+                                  "jane@client example",
+                                  "Jane <jane@client.example",
+                                  "team: a@x.example",
+                                  "undisclosed-recipients:",
+                                  "a@x.example b@x.example",
+                                  "élodie@client.example",
+                                  "613-555-0100 <Home Fax>",
+                                  "Bcc: evil@x.example",
+                                  "jane@client.example\x01",
+                                  "jane\xFF@client.example",
+                                  "jane@client.example> <a@x.example>",
+                                  "a@x.example<b@x.example>",
+                                  "\"Jane\" jane@client.example>",
+                                  "<a@x.example>\"",
+                                  "jane@client.example (work",
+                                  "<a@x.example> x>"}) {
     try {
       const auto mailboxes = parseRecipients("good@x.example; " + entry);
       ADD_FAILURE() << entry << " was taken as " << testing::PrintToString(mailboxes);
