@@ -100,6 +100,27 @@ class DatabaseFileTest(ConsoleTest):
         self.assertEqual((3, ""), (run.code, run.out))
         self.assertEqual({"firm.db", "notes.txt", "link.db"}, set(os.listdir(self.folder)))
 
+    def test_every_name_that_is_no_url_is_a_files(self):
+        for name in ("file:a.db", ":memory:", "a?mode=memory#%41.db", " '\"\n.db", "postgresql:a",
+                     "-a"):
+            made = self.run_program("init", database=name)
+            due = self.run_program("due", database=name)
+            self.assertEqual((0, "", "Nothing is due.\n"), (made.code, made.err, due.out), name)
+            self.assertTrue((self.folder / name).is_file(), name)
+
+    def test_a_draft_goes_when_nobody_works_on_it(self):
+        drafts = lambda: [name for name in os.listdir(self.folder) if name.endswith(".new")]
+        (self.folder / "new.db.notes.new").write_text("mine")
+        with subprocess.Popen(command("init", "--demo", "--clients", 100000, database="new.db"),
+                              cwd=self.folder) as maker:
+            while len(drafts()) < 2:
+                time.sleep(0.01)
+            made = self.run_program("init", database="new.db")
+            self.assertEqual((0, None, 2), (made.code, maker.poll(), len(drafts())))
+            maker.kill()
+        self.refuses("init", "new.db exists already and stays as it is", database="new.db")
+        self.assertEqual({"firm.db", "new.db", "new.db.notes.new"}, set(os.listdir(self.folder)))
+
 
 class RowFaultTest(ConsoleTest):
     def test_written_by_another_program(self):
@@ -286,7 +307,8 @@ class TemplateFaultTest(ConsoleTest):
         line = "Dear \\'abContact Display Name\\'bb, of \\'abCompany Name\\'bb: a letter.\\par\r\n"
         unknown = "".join(f"«{number}»" for number in range(90000))
         for text, code in [("{\\rtf1\\ansi " + line * ((1 << 20) // len(line)) + "}", 0),
-                           ("<<" * (1 << 19), 1), ("« " + unknown + ".", 1), (unknown + "««7»x».", 1)]:
+                           ("<<" * (1 << 19), 1), ("« " + unknown + ".", 1),
+                           (unknown + "««7»x».", 1)]:
             (self.folder / "large").write_text(text, encoding="utf-8")
             begin = time.monotonic()
             self.assertEqual(code, self.run_program("check", "large").code)

@@ -28,8 +28,10 @@ int pragma(SQLite::Database& database, const char* name) {
   return translated([&] { return database.execAndGet(sql).getInt(); });
 }
 
-SQLite::Database connect(const std::string& path, int flags, int busyTimeout) {
-  return translated([&] { return SQLite::Database(path, flags, busyTimeout); });
+/// The engine may take a name such as "file:x" or ":memory:" for an address, but never a path.
+SQLite::Database connect(const files::path& path, int flags, int busyTimeout) {
+  const std::string name = (path.is_absolute() ? path : "." / path).string();
+  return translated([&] { return SQLite::Database(name, flags, busyTimeout); });
 }
 
 void requireNoFolder(const files::path& path) {
@@ -165,7 +167,7 @@ std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mod
 std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
   if (files::exists(path))
     throw DatabaseError(database_error::alreadyExists, path.string() + " is there already");
-  SQLite::Database database = connect(path.string(), openOrCreate, SqliteDatabase::busyTimeout);
+  SQLite::Database database = connect(path, openOrCreate, SqliteDatabase::busyTimeout);
   try {
     createTables(database);
     useLog(database);
@@ -179,7 +181,7 @@ std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
 
 std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
   static const EmptyImage image;
-  SQLite::Database database = connect(":memory:", openOrCreate, 0);
+  SQLite::Database database(":memory:", openOrCreate);
   image.copyTo(database.getHandle());
   return std::make_unique<SqliteDatabase>(std::move(database));
 }
