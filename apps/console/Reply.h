@@ -7,6 +7,7 @@
 #include "host/database/dialect/DatabaseError.h"
 #include "host/desk/Desk.h"
 #include "host/desk/databases.h"
+#include "platform/text.h"
 
 namespace autonotify::console {
 
@@ -46,8 +47,8 @@ class Refusal : public std::runtime_error {
 /// For a database that cannot be used, named by its file or URL. `advice` stands behind the words.
 inline Refusal databaseRefusal(const std::string& place, const host::DatabaseError& error,
                                const std::string& advice = {}) {
-  const std::string words = host::firstLine(error.description());
   const std::string path = host::placeShown(place);
+  const std::string words = replaceAll(host::firstLine(error.description()), place, path);
   const bool isNamed = words.find(path) != std::string::npos;
   const bool isThere = error.number() == host::database_error::alreadyExists;
   return Refusal((isNamed ? "" : path + ": ") + words + advice,

@@ -9,6 +9,7 @@
 #include "commands/arguments.h"
 #include "host/clients/unreadable_rows.h"
 #include "host/dialogs/Terminal.h"
+#include "host/mail/smtp.h"
 #include "platform/text.h"
 #include "usage.h"
 
@@ -47,16 +48,18 @@ std::unique_ptr<TerminalDesk> openDesk(const GlobalOptions& options) {
   }
 }
 
-Reply run(const Command& command, const GlobalOptions& options, const Arguments& arguments) {
-  if (command.runAlone) return command.runAlone(options, arguments);
-  return command.run(*openDesk(options), arguments);
-}
-
 void complain(std::string message) {
   for (char& c : message) {
     if (c == '\n' || c == '\r' || c == '\t') c = ' ';
   }
   std::cerr << "hvnotify: " << host::terminalText(message) << '\n';
+}
+
+Reply run(const Command& command, const GlobalOptions& options, const Arguments& arguments) {
+  if (command.runAlone) return command.runAlone(options, arguments);
+  const std::string warning = host::passwordFileWarning(options.mailPasswordFile);
+  if (!options.mailServer.empty() && !warning.empty()) complain(warning);
+  return command.run(*openDesk(options), arguments);
 }
 
 /// Within JSON the characters that a terminal would obey can only stand in texts.

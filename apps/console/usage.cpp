@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "Command.h"
+#include "host/desk/databases.h"
 #include "platform/text.h"
 
 namespace autonotify::console {
@@ -16,10 +17,10 @@ std::string commandNames() {
   return names;
 }
 
-/// The first argument that no command or option took; empty for none.
+/// The first argument that no command or option took, without a password; empty for none.
 std::string firstStray(const CLI::App& app) {
   const std::vector<std::string> strays = app.remaining(true);
-  return strays.empty() ? std::string{} : strays.front();
+  return strays.empty() ? std::string{} : host::placeShown(strays.front());
 }
 
 bool isA(const CLI::ParseError& error, CLI::ExitCodes kind) {

@@ -1,6 +1,7 @@
 #include "host/mail/smtp.h"
 
 #include <curl/curl.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <charconv>
@@ -10,6 +11,7 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "host/mail/gmime_handles.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -143,6 +145,21 @@ void setServer(CURL* curl, const SmtpServer& server) {
   curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
 }
 
+std::string inBase64(const std::string& text) {
+  const GText coded(g_base64_encode(reinterpret_cast<const guchar*>(text.data()), text.size()));
+  return coded.get();
+}
+
+/// Whether the server has repeated the password in one of the ways in which it was told.
+bool holdsPassword(const std::string& answer, const SmtpServer& server) {
+  const std::string& password = server.password;
+  const std::string plain = '\0' + server.user + '\0' + password;
+  const std::string ways[] = {password, inBase64(password), inBase64(plain)};
+  return !password.empty() && std::ranges::any_of(ways, [&](const std::string& way) {
+    return answer.find(way) != std::string::npos;
+  });
+}
+
 [[noreturn]] void fail(CURLcode code, const Exchange& exchange, const char* detail) {
   std::string words = sentenceFor(code);
   if (!exchange.refusal.empty()) {
@@ -158,7 +175,8 @@ void setServer(CURL* curl, const SmtpServer& server) {
 }  // namespace
 
 SmtpServer parseSmtpServer(const std::string& url) {
-  const std::string fault = "\"" + url + "\" names no mail server; write smtp://host:port.";
+  // It is not quoted, as it may hold a password in a place that nobody expects.
+  const char* fault = "The address names no mail server; write smtp://USER@HOST:PORT.";
   const std::size_t colon = url.find("://");
   const auto* scheme =
       std::ranges::find(schemes, std::string_view(url).substr(0, colon), &Scheme::name);
@@ -187,6 +205,14 @@ SmtpServer parseSmtpServer(const std::string& url) {
   if (server.host.empty() || server.host.find_first_of("/ \t") != std::string::npos)
     throw MailError(fault);
   return server;
+}
+
+std::string passwordFileWarning(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
+  if ((status.st_mode & (S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH)) == 0) return {};
+  return "Others can read or change the password file \"" + path +
+         "\"; take that right from them (chmod 600).";
 }
 
 SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile,
@@ -229,7 +255,9 @@ void submit(const SmtpServer& server, const MailMessage& message) {
   curl_easy_setopt(curl.get(), CURLOPT_XFERINFOFUNCTION, noteProgress);
   curl_easy_setopt(curl.get(), CURLOPT_XFERINFODATA, &exchange);
   const CURLcode code = curl_easy_perform(curl.get());
-  if (code != CURLE_OK) fail(code, exchange, detail);
+  if (code == CURLE_OK) return;
+  if (holdsPassword(exchange.refusal, server)) exchange.refusal = "something about the password";
+  fail(code, exchange, detail);
 }
 
 }  // namespace autonotify::host

@@ -47,6 +47,10 @@ SmtpServer parseSmtpServer(const std::string& url);
 SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile,
                           std::optional<std::chrono::seconds> timeout = std::nullopt);
 
+/// What a person must hear of a file that holds a password: that other users of the machine can
+/// read or change it. Empty when they cannot, and for what is no plain file.
+std::string passwordFileWarning(const std::string& path);
+
 /// It cannot be known whether the message went out, such as when the connection broke after the
 /// whole of it was told: the server may have taken it.
 class UncertainMailError : public MailError {

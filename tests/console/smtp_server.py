@@ -44,8 +44,9 @@ class Handler:
 
 def is_login(server, session, envelope, mechanism, data):
     from aiosmtpd.smtp import AuthResult
-    return AuthResult(success=(data.login, data.password) == (b"clerk", b"s3cret#"),
-                      handled=False)
+    success = (data.login, data.password) == (b"clerk", b"s3cret#")
+    return AuthResult(success=success, handled=False,
+                      message=None if success else "535 5.7.8 Not " + data.password.decode())
 
 
 async def serve_well():

@@ -169,9 +169,12 @@ class Smtp(ConsoleTest):
         trusted = {"SSL_CERT_FILE": str(self.mails / "server.crt")}
         url = self.serve("login", "smtp", "clerk@")
         secret = self.folder / "secret"
-        for password, code in (("wrong", 1), ("s3cret#", 0)):
+        warning = "Others can read or change the password file"
+        for password, code, mode in [("wrong", 1, 0o600), ("wrong", 1, 0o620), ("s3cret#", 0, 0o604)]:
             secret.write_text(password + "\n")
+            secret.chmod(mode)
             run = self.send(url, "--smtp-password-file", secret, environment=trusted)
+            self.assertEqual(int(mode != 0o600), run.err.count(warning))
             self.assertEqual((run.code, "does not accept the user" in run.err), (code, code == 1))
             self.assertNotIn(password, run.out + run.err)
         self.assertTrue(self.taken()[0][0]["login"])

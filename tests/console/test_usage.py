@@ -81,3 +81,13 @@ class UsageTest(ConsoleTest):
 
     def test_global_options_may_follow_the_command(self):
         self.assertEqual(self.done("--json due"), self.done("due --json"))
+
+    def test_a_password_in_an_address_is_not_printed(self):
+        for address in ("postgresql://u:s3cret@h/d", "postgresql://u:s3/c?r&e@t@h/d",
+                        "postgresql://u:s3cret", "PostgreSQL://h/d?pass%77ord=s3cret",
+                        "postgres:/u:s3cret@h/d", "mysql://u:s3cret@h/d", "host=h password=s3cret"):
+            for line in (["--database", address, "due"], ["--database", address, "--json", "show"],
+                         [address, "due"], ["due", address], ["--smtp", address, "due"]):
+                run = self.run_program(*line)
+                self.assertNotEqual(0, run.code, line)
+                self.assertNotRegex(run.out + run.err, "s3|cret|e@t", line)

@@ -13,9 +13,9 @@ namespace autonotify::host {
 /// "?options=-csearch_path%3Dfirm".
 class ServerAddress {
  public:
-  /// Whether a text names a server rather than a file.
+  /// Whether a text names a server rather than a file: by how it begins, in any case.
   static bool isUrl(std::string_view text);
-  /// The URL without its password, for messages; any other text as it is.
+  /// The text for messages: without a password, also where it is no URL but was meant for one.
   static std::string shown(std::string_view text);
 
   /// Throws DatabaseError (cannotOpen) for a URL that libpq does not read, and for one with a

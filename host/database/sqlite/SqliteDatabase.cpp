@@ -155,7 +155,7 @@ std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mod
   const bool writing = mode == OpenMode::readWrite;
   const std::string name = path.string();
   SQLite::Database database =
-      connect(name, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
+      connect(path, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
   requireOurs(database, name, applicationId);
   if (writing) {
     requireWritable(database, name);
@@ -189,7 +189,7 @@ std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
 std::unique_ptr<SqliteDatabase> continueSqlite(const files::path& path, bool anew) {
   requireNoFolder(path);
   const std::string name = path.string();
-  SQLite::Database database = connect(name, openOrCreate, SqliteDatabase::busyTimeout);
+  SQLite::Database database = connect(path, openOrCreate, SqliteDatabase::busyTimeout);
   if (pragma(database, "page_count") > 0) requireOurs(database, name, unfinishedApplicationId);
   requireWritable(database, name);
   if (anew || pragma(database, "user_version") != schemaVersion)
