@@ -6,6 +6,21 @@
 #include "host/database/dialect/DatabaseError.h"
 
 namespace autonotify::host {
+namespace {
+
+/// A larger template is a mistake, and would keep its desk busy for minutes.
+constexpr std::size_t largestTemplate = 16u << 20;
+
+void requireModestTemplate(const PlanColumn& column, const Value& value) {
+  static const ColumnDef* const templates = findColumn("ScheduleTypes", "NotificationComment");
+  if (column.origin != templates) return;
+  const std::string* text = value.getIf<std::string>();
+  if (text && text->size() > largestTemplate)
+    throw DatabaseError(database_error::invalidText,
+                        "The template in ScheduleTypes.NotificationComment is larger than 16 MiB");
+}
+
+}  // namespace
 
 Recordset::Recordset(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters,
                      CursorMode cursor, LockMode lock)
@@ -124,6 +139,7 @@ Value Recordset::value(const std::string& name) {
   requireCurrentRow();
   std::optional<Value> value = rows_.value(position_, index);
   if (!value) throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+  requireModestTemplate(column(index), *value);
   return std::move(*value);
 }
 

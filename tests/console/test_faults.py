@@ -303,6 +303,18 @@ class TemplateFaultTest(ConsoleTest):
             for line in (f"check {path}", f"merge {self.free_task()} --template {path}"):
                 self.refuses(line, f"cannot read {path}: {reason}")
 
+    def test_a_template_has_a_limit(self):
+        task, limit = self.free_task(), 16 << 20
+        for size in (limit, limit + 1):
+            (self.folder / "large").write_text("x" * size)
+            self.sql("UPDATE ScheduleTypes SET NotificationComment=?", "x" * size)
+            column = f"task {task}: The template in ScheduleTypes.NotificationComment"
+            for line, subject in [("check large", "large"), (f"merge {task}", column),
+                                  (f"merge {task} --template large", "large")]:
+                run = self.run_program(*line.split())
+                told = f"hvnotify: {subject} is larger than 16 MiB\n"
+                self.assertEqual((1, told) if size > limit else (0, ""), (run.code, run.err), line)
+
     def test_a_template_of_a_megabyte_is_quick(self):
         line = "Dear \\'abContact Display Name\\'bb, of \\'abCompany Name\\'bb: a letter.\\par\r\n"
         unknown = "".join(f"«{number}»" for number in range(90000))

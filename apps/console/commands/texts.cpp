@@ -95,8 +95,8 @@ Reply runShow(host::Desk& desk, const Arguments& arguments) {
 
 void describeMerge(CLI::App& command, Arguments& arguments) {
   addTask(command, arguments);
-  addText(command, "--template", "FILE", "a template to try instead of the task's own",
-          arguments.file);
+  addText(command, "--template", "FILE",
+          "a template to try instead of the task's own (at most 16 MiB)", arguments.file);
   command.add_flag("--plain", arguments.plain, "plain text instead of the stored form");
 }
 
@@ -119,7 +119,8 @@ Reply runMerge(host::Desk& desk, const Arguments& arguments) {
 }
 
 void describeCheck(CLI::App& command, Arguments& arguments) {
-  addText(command, "FILE", "", "the template, RTF or plain text", arguments.file)->required();
+  addText(command, "FILE", "", "the template, RTF or plain text, of at most 16 MiB", arguments.file)
+      ->required();
 }
 
 Reply runCheck(host::Desk& desk, const Arguments& arguments) {

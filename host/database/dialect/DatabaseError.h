@@ -19,7 +19,7 @@ inline constexpr int noCurrentRow = 4005;      ///< past the last row, or no row
 inline constexpr int rowGone = 4006;           ///< the current row has been deleted
 inline constexpr int unknownColumn = 4007;     ///< no such column in the recordset
 inline constexpr int notUpdatable = 4008;      ///< opened read-only, or no column of one table
-inline constexpr int invalidText = 4009;       ///< text with a NUL byte or that is no UTF-8
+inline constexpr int invalidText = 4009;       ///< text with a NUL byte, no UTF-8 or too long
 // The file or the server does not serve.
 inline constexpr int missing = 4020;         ///< no such file
 inline constexpr int cannotOpen = 4021;      ///< a folder, no permission, no connection
