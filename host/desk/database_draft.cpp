@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/services/new_name.h"
 
 namespace autonotify::host {
 namespace {
@@ -93,11 +94,11 @@ Draft::~Draft() {
 }
 
 void Draft::finish() const {
-  std::error_code error;
-  fs::create_hard_link(path_, target_, error);
-  if (error) fail(target_, error);
+  // With two names for a moment the file could be kept from being opened, if that moment were the
+  // last.
+  if (!giveNewName(AT_FDCWD, path_.c_str(), target_.c_str())) fail(target_, lastError());
   if (folder_.makeDurable()) return;
-  error = lastError();
+  const std::error_code error = lastError();
   std::error_code ignored;
   fs::remove(target_, ignored);
   fail(target_, error);

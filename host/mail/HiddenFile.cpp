@@ -11,6 +11,8 @@
 #include <random>
 #include <regex>
 
+#include "host/services/new_name.h"
+
 namespace autonotify::host {
 namespace {
 
@@ -49,10 +51,11 @@ Descriptor::~Descriptor() {
 }
 
 HiddenFile::HiddenFile(int folder, const std::string& name)
-    : folder_(folder), file_(create(name)), isHidden_(file_.isOpen()) {}
+    : folder_(folder), file_(create(name)) {}
 
 HiddenFile::~HiddenFile() {
-  if (isHidden_) ::unlinkat(folder_, name_.c_str(), 0);
+  // Of a file that was renamed there is nothing left to take away.
+  if (file_.isOpen()) ::unlinkat(folder_, name_.c_str(), 0);
 }
 
 int HiddenFile::create(const std::string& name) {
@@ -71,12 +74,7 @@ bool HiddenFile::write(std::string_view content) {
 }
 
 bool HiddenFile::giveName(const std::string& path) {
-  constexpr unsigned noReplace = 1;  // RENAME_NOREPLACE
-  isHidden_ = ::renameat2(folder_, name_.c_str(), folder_, path.c_str(), noReplace) != 0;
-  if (!isHidden_) return true;
-  // File systems without such a renaming have links.
-  if (errno != EINVAL && errno != ENOSYS) return false;
-  return ::linkat(folder_, name_.c_str(), folder_, path.c_str(), 0) == 0;
+  return giveNewName(folder_, name_.c_str(), path.c_str());
 }
 
 void HiddenFile::removeAbandoned(const std::string& folder) {

@@ -46,7 +46,6 @@ class HiddenFile {
   int folder_;
   std::string name_;
   Descriptor file_;
-  bool isHidden_;
 };
 
 }  // namespace autonotify::host
