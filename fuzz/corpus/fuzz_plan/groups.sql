@@ -1,0 +1,1 @@
+SELECT NotificationType, COUNT(*) AS Total FROM ClientNotification WHERE ScheduleIDNum>0 GROUP BY NotificationType ORDER BY 2

@@ -1,0 +1,1 @@
+SELECT Schedule.ScheduleID, Tasks.* FROM Schedule INNER JOIN Tasks ON Schedule.TaskIDNum=Tasks.TaskID WHERE (Schedule.Closed=FALSE AND Schedule.DueDate>=#1/2/2026#) ORDER BY Schedule.DueDate DESC

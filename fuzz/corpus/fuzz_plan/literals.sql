@@ -1,0 +1,1 @@
+SELECT 1, 'x', #2026-04-15#, -2, 1.5e3, True, CompanyID+1 FROM Companies WHERE 1=1 ORDER BY 1

@@ -1,0 +1,1 @@
+SELECT a.CompanyID, b.CompanyName FROM Companies AS a LEFT JOIN Companies AS b ON a.CompanyID=b.CompanyID-1 WHERE b.CompanyName='a' OR b.CompanyName IS NULL

@@ -1,0 +1,1 @@
+SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID=1

@@ -1,0 +1,1 @@
+SELECT CompanyID FROM Companies WHERE CompanyID IN (1, 2) UNION SELECT ContactID FROM Contacts WHERE ContactID<-1.5
