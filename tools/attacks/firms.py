@@ -52,9 +52,6 @@ class Firm:
     def run(self, *arguments, **options):
         return finish(self.start(*arguments, **options))
 
-    def is_there(self):
-        return self.place.exists()
-
     def rows(self, statement):
         with contextlib.closing(sqlite3.connect(self.place)) as connection:
             return connection.execute(statement).fetchall()
@@ -76,7 +73,7 @@ class Firm:
                 for name in names}
 
     def require_sound(self):
-        if not self.is_there():
+        if not self.place.exists():
             return
         try:
             verdict = self.rows("PRAGMA integrity_check")

@@ -9,7 +9,6 @@ import time
 from pathlib import Path
 
 from attacks import works
-from attacks.evidence import Finding
 from attacks.firms import Firm, finish
 
 PRIVATE = Path(__file__).parent.parent / "private_postgres"
@@ -69,11 +68,9 @@ class ServerFirm(Firm):
         out = self.server.sql(f"SELECT to_json(row) FROM ({statement}) AS row", self.name)
         return [tuple(json.loads(line).values()) for line in out.splitlines()]
 
-    def is_there(self):
-        return bool(self.tables())
-
     def tables(self, place=None):
-        digests = self.server.sql(DIGESTS, self.name + "_copy" if place else self.name)
+        digests = self.server.sql(DIGESTS, self.name if place in (None, self.place)
+                                  else self.name + "_copy")
         return dict(line.split("|") for line in digests.splitlines())
 
     def require_sound(self):

@@ -158,13 +158,13 @@ class Init(Work):
 
     def again(self, firm):
         """Where a firm is there already it is left alone."""
-        was_there = bool(firm.tables()) if firm.is_there() else False
+        was_there = bool(tables_of(firm, firm.place))
         ended = firm.run(*self.command)
         require(was_there or ended.code == 0, "lost", "cannot make the firm:", ended.err)
         return ended
 
     def evidence(self, firm, ended):
-        found = firm.tables() if firm.is_there() else {}
+        found = tables_of(firm, firm.place)
         return Evidence(self.wanted, list(found.items()), set(self.wanted if found else ()),
                         strays=firm.entries() - self.entries)
 
@@ -186,10 +186,7 @@ class Copy(Work):
         return ended
 
     def evidence(self, firm, ended):
-        """What cannot be opened is no copy yet."""
-        place = firm.copy_place()
-        is_open = firm.run("due", place=place).code in (0, 1)
-        found = firm.tables(place) if is_open else {}
+        found = tables_of(firm, firm.copy_place())
         return Evidence(self.wanted, list(found.items()), set(self.wanted if found else ()),
                         strays=firm.entries() - self.entries)
 
@@ -209,6 +206,11 @@ class Read(Work):
     def evidence(self, firm, ended):
         return Evidence(self.wanted, [("output", ended.out)] if ended.out else [],
                         {"output"} if ended.code == 0 else set())
+
+
+def tables_of(firm, place):
+    """What cannot be opened is no database yet."""
+    return firm.tables(place) if firm.run("due", place=place).code in (0, 1) else {}
 
 
 def merge_of(firm):
