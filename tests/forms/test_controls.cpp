@@ -18,6 +18,16 @@ class Controls : public testing::Test, public FormHost {
  protected:
   void pumpMessages() override {}
   Form form{*this, "frm"};
+
+  using Change = std::pair<std::function<void()>, const char*>;
+  /// Each change adds to `log` what it raises.
+  static void expectChanges(std::string& log, const std::vector<Change>& changes) {
+    for (const auto& change : changes) {
+      log.clear();
+      change.first();
+      EXPECT_EQ(log, change.second) << "change " << &change - changes.data();
+    }
+  }
 };
 
 TEST_F(Controls, ChangesByTheProgramRaiseTheClickOnce) {
@@ -31,11 +41,7 @@ TEST_F(Controls, ChangesByTheProgramRaiseTheClickOnce) {
   for (Control* control : form.controls()) {
     control->onClick = [&clicks, control] { clicks += control->name() + " "; };
   }
-  struct Change {
-    std::function<void()> act;
-    const char* clicks;
-  };
-  const Change changes[] = {
+  const std::vector<Change> changes = {
       {[&] { box.setValue(true); }, "chk "},
       {[&] { box.setValue(true); }, ""},
       {[&] { box.setValue(false); }, "chk "},
@@ -49,11 +55,7 @@ TEST_F(Controls, ChangesByTheProgramRaiseTheClickOnce) {
       {[&] { combo.acceptChoice(1); }, "cbo "},
       {[&] { tabs.setTab(1); }, "SSTab1 "},
   };
-  for (std::size_t i = 0; i < std::size(changes); ++i) {
-    clicks.clear();
-    changes[i].act();
-    EXPECT_EQ(clicks, changes[i].clicks) << "change " << i;
-  }
+  expectChanges(clicks, changes);
 }
 
 TEST_F(Controls, OptionsExcludeEachOtherWithinTheirGroup) {
@@ -110,10 +112,7 @@ TEST_F(Controls, RendererIsToldWhatChanged) {
       EXPECT_EQ(change.count, 1);
     };
   }
-  const struct {
-    std::function<void()> act;
-    std::string told;
-  } changes[] = {
+  const std::vector<Change> changes = {
       {[&] { field.setText("x"); }, "v"},
       {[&] { field.setText("x"); }, ""},
       {[&] { field.setEnabled(false); }, "s"},
@@ -126,11 +125,7 @@ TEST_F(Controls, RendererIsToldWhatChanged) {
       {[&] { tree.addNode(tree.addNode(-1, "k", "root"), "l", "leaf"); }, "+0+1"},
       {[&] { tree.clear(), combo.refresh(); }, "ll"},
   };
-  for (const auto& [act, expected] : changes) {
-    told.clear();
-    act();
-    EXPECT_EQ(told, expected) << &expected - &changes[0].told;
-  }
+  expectChanges(told, changes);
   EXPECT_EQ(combo.list(0) + combo.list(1) + combo.text(), "bdb");
   EXPECT_EQ(combo.listIndex(), 0) << "the entry that was chosen has moved up";
   combo.removeItem(0);

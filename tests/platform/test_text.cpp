@@ -66,11 +66,7 @@ TEST(Text, replacesEveryOccurrence) {
   EXPECT_EQ(replaceAllIgnoreCase("Docket, DOCKET; docke", "docket", "Time Entry"),
             "Time Entry, Time Entry; docke");
   EXPECT_EQ(replaceAllIgnoreCase("abc", "", "x"), "abc");
-  EXPECT_EQ(replaceAllIgnoreCase("\xC3\xFF"
-                                 "A",
-                                 "a", "é"),
-            "\xC3\xFF"
-            "é");
+  EXPECT_EQ(replaceAllIgnoreCase("\xC3\xFFZ", "z", "é"), "\xC3\xFFé");
 }
 
 TEST(Text, findingAgreesWithFoldingFirst) {
@@ -103,16 +99,11 @@ TEST(Text, trimsBlanksAloneAndCountsCharacters) {
 }
 
 TEST(Text, keepsIllFormedBytes) {
-  for (const char* text : {"\xFF"
-                           "a",
-                           "\xC3", "\xE2\x82z", "\xC0\x80", "\xED\xA0\x80", "\xF8\x88"}) {
+  for (const char* text : {"\xFFz", "\xC3", "\xE2\x82z", "\xC0\x80", "\xED\xA0\x80", "\xF8\x88"}) {
     EXPECT_FALSE(isValidUtf8(text));
     EXPECT_EQ(lowerCase(text), text);
   }
-  EXPECT_EQ(upperCase("\xFF"
-                      "a\xC3"),
-            "\xFF"
-            "A\xC3");
+  EXPECT_EQ(upperCase("\xFFz\xC3"), "\xFFZ\xC3");
 }
 
 TEST(Text, acceptsExactlyTheScalarValues) {
