@@ -53,12 +53,8 @@ TEST_P(Conformance, SearchComparesByTheKindOfTheColumn) {
   const std::vector<Id> ids = addNamed(desk, {"one", "two", "two", "", "two"});
   const RecordsetHandle rows = open(desk, orderedNotifications);
   update(desk, rows, "NotificationDate", "2026-04-30");
-  struct Case {
-    const char* column;
-    std::string value;
-    int row;  // -1 not found
-  };
-  const std::vector<Case> cases = {
+  // the row where it is found, -1 in none
+  const std::tuple<std::string, std::string, int> cases[] = {
       {"ClientNotificationID", std::to_string(ids[3]), 3},
       {"clientnotificationid", " " + std::to_string(ids[1]) + " ", 1},
       {"ClientNotificationID", "x", -1},
@@ -70,15 +66,14 @@ TEST_P(Conformance, SearchComparesByTheKindOfTheColumn) {
       {"NotificationDate", "April 30, 2026", 0},
       {"NotificationDate", "", 1},
       {"NotificationSent", "false", 0},
-      {"NotificationSent", "True", -1},
-  };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(std::string(each.column) + " = " + each.value);
-    EXPECT_EQ(find(desk, rows, each.column, each.value), each.row >= 0);
-    EXPECT_EQ(desk.isEndOfRecordset(rows), each.row < 0);
-    if (each.row < 0) continue;
+      {"NotificationSent", "True", -1}};
+  for (const auto& [name, value, row] : cases) {
+    SCOPED_TRACE(name + " = " + value);
+    EXPECT_EQ(find(desk, rows, name, value), row >= 0);
+    EXPECT_EQ(desk.isEndOfRecordset(rows), row < 0);
+    if (row < 0) continue;
     EXPECT_EQ(desk.getFieldValue(rows, "ClientNotificationID"),
-              Value(ids[static_cast<std::size_t>(each.row)]));
+              Value(ids[static_cast<std::size_t>(row)]));
   }
   EXPECT_EQ(errorOf([&] { find(desk, rows, "ComapnyNum", "1"); }), database_error::unknownColumn);
   find(desk, rows, "Field1", "two");
