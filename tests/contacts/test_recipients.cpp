@@ -73,11 +73,7 @@ TEST_F(Recipients, OfAContactCarryLabels) {
 }
 
 TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
-  const struct {
-    bool isCompany;
-    Fill fill;
-    List likeliest;
-  } cases[] = {
+  const std::tuple<bool, Fill, List> cases[] = {
       {true, companyEmails, {"BusinessEmail", "Email", "PersonalEmail"}},
       {false, contactEmails, {"BusinessEmail", "PersonalEmail"}},
       {true,
@@ -90,8 +86,7 @@ TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
       {false,
        populateContactPhoneNumbersInCombo,
        {"BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber", "HomePhone_Main",
-        "HomePhone_Cell", "PersonalAltPhoneNumber"}},
-  };
+        "HomePhone_Cell", "PersonalAltPhoneNumber"}}};
   const List columnsOfCompany = {"Email", "FaxNumber", "OfficeNumber"};
   for (const auto& [isCompany, fill, likeliest] : cases) {
     const Id full = addNamedByColumn("Companies", columnsOfCompany);
