@@ -127,28 +127,23 @@ TEST_F(ComposerTest, MessageGoesOutInTheOrderOfTheContract) {
 }
 
 TEST_F(ComposerTest, MissingAddressIsAskedAbout) {
-  struct Case {
-    ComposerMode mode;
-    bool yes;
-    int yields;
-  };
-  for (const Case& each : {Case{ComposerMode::sendAuto, false, 0},
-                           {ComposerMode::sendAuto, true, 4},
-                           {ComposerMode::notifyNow, true, 6}}) {
+  for (const auto& [mode, yes, yields] : {std::tuple{ComposerMode::sendAuto, false, 0},
+                                          {ComposerMode::sendAuto, true, 4},
+                                          {ComposerMode::notifyNow, true, 6}}) {
     execute("UPDATE ClientNotification SET Field1 = NULL");
     mailProgram.calls.clear();
     const int before = screen.pumps();
-    const Result result = compose(each.mode, [&](WindowInUse& window) {
+    const Result result = compose(mode, [&, yes = yes](WindowInUse& window) {
       window.type("cboCc", "someone@birch");
-      screen.expectQuestion(noAddress, message_style::notice, each.yes);
+      screen.expectQuestion(noAddress, message_style::notice, yes);
       finish(window);
-      EXPECT_EQ(window.form().isVisible(), !each.yes);
+      EXPECT_EQ(window.form().isVisible(), !yes);
       EXPECT_EQ(column("Field2"), "someone@birch") << "stored before the question";
-      if (!each.yes) cancel(window);
+      if (!yes) cancel(window);
     });
-    EXPECT_EQ(result.sendSuccessfulFlag, each.yes);
-    EXPECT_EQ(screen.pumps() - before, each.yields);
-    EXPECT_EQ(mailProgram.calls.empty(), !each.yes);
+    EXPECT_EQ(result.sendSuccessfulFlag, yes);
+    EXPECT_EQ(screen.pumps() - before, yields);
+    EXPECT_EQ(mailProgram.calls.empty(), !yes);
   }
 }
 
@@ -166,12 +161,8 @@ TEST_F(ComposerTest, FailedSendShowsTheProgramsWordsAndCloses) {
 }
 
 TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
-  struct Case {
-    notificationTypes type;
-    int kind;
-    const char* word;  ///< null: no confirmation
-  };
-  const Case cases[] = {
+  // The last is the word for the item; null: no confirmation.
+  const std::tuple<notificationTypes, int, const char*> cases[] = {
       {remittanceNotification, 13, "task"},        {appointmentNotification, 3, "appointment"},
       {appointmentNotification, 13, "time entry"}, {appointmentNotification, 5, "task"},
       {appointmentNotification, 77, nullptr},      {static_cast<notificationTypes>(3), 3, nullptr},
@@ -182,15 +173,15 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
   execute("UPDATE ClientNotification SET ApptIDNum = " + std::to_string(appointment) +
           ", DocketIDNum = " + std::to_string(docket) + ", TaskIDNum = 1");
   for (const bool wants : {false, true}) {
-    for (const Case& each : cases) {
-      if (wants && each.word) {
-        screen.expectMessage("This client will be notified of their upcoming " +
-                                 std::string(each.word) + " by email on Friday, April 24, 2026",
+    for (const auto& [type, kind, word] : cases) {
+      if (wants && word) {
+        screen.expectMessage("This client will be notified of their upcoming " + std::string(word) +
+                                 " by email on Friday, April 24, 2026",
                              message_style::armedConfirmed);
       }
       // A diary item of an unknown kind has no table.
-      if (each.type == appointmentNotification && !each.word) errors.answer({2});
-      compose({ComposerMode::newAuto, each.type, each.kind}, [](WindowInUse& window) {
+      if (type == appointmentNotification && !word) errors.answer({2});
+      compose({ComposerMode::newAuto, type, kind}, [](WindowInUse& window) {
         window.type("txtNotificationField", "Apr 24 2026");
         finish(window);
       });
@@ -286,6 +277,86 @@ TEST_F(ComposerTest, InitializersSurviveEveryFault) {
                 .defaultResult = "not sent"},
                {[](TableRows rows) { ComposerOffice{rows}; }});
   }
+}
+
+constexpr const char* weekend =
+    "This date falls on a weekend.  Would you like Morvane to adjust this date to the previous "
+    "Friday instead?";
+constexpr DateTime saturday = DateTime::of(2026, 4, 18);
+
+TEST_F(ComposerTest, TypedDatesAreTakenMovedOrRefused) {
+  addHoliday(DateTime::of(2026, 5, 1));
+  enum class Question { none, yes, no };
+  const std::tuple<const char*, Question, const char*, const char*> cases[] = {
+      {"Apr 17 2026", Question::none, "Friday, April 17, 2026", "2026-04-17"},
+      {"4/18/2026", Question::yes, "Friday, April 17, 2026", "2026-04-17"},
+      {"4/19/2026", Question::no, "Sunday, April 19, 2026", "2026-04-19"},
+      {"May 2 2026", Question::yes, "Thursday, April 30, 2026", "2026-04-30"}};
+  for (const auto& [typed, question, text, stored] : cases) {
+    SCOPED_TRACE(typed);
+    compose(ComposerMode::editAuto, [&, typed = typed, question = question,
+                                     text = text](WindowInUse& window) {
+      window.type("txtNotificationField", typed);
+      if (question != Question::none)
+        screen.expectQuestion(weekend, message_style::alreadySent, question == Question::yes);
+      window.tabTo("cmdFinish");
+      EXPECT_EQ(window.read("txtNotificationField"), text);
+      if (question == Question::no) {
+        screen.expectQuestion(weekend, message_style::alreadySent, false);
+        window.tabTo("txtNotificationField");
+      }
+      window.click("cmdFinish");
+    });
+    EXPECT_EQ(column("NotificationDate"), stored);
+  }
+}
+
+TEST_F(ComposerTest, TextThatIsNoDateIsRefusedAndTheFocusStays) {
+  const auto refuse = [&](WindowInUse& window, const char* restored) {
+    window.type("txtNotificationField", "someday");
+    screen.expectMessage("You must enter a valid notification date.", message_style::valueRefused);
+    EXPECT_FALSE(window.click("cmdFinish"));
+    EXPECT_EQ(window.focus(), "txtNotificationField");
+    EXPECT_EQ(window.read("txtNotificationField"), restored);
+  };
+  compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+    refuse(window, "");
+    window.type("txtNotificationField", "Apr 21 2026");
+    window.tabTo("cboTo");
+    refuse(window, "Tuesday, April 21, 2026");
+    window.click("cmdCancel");
+  });
+  EXPECT_EQ(column("NotificationDate"), "2026-04-23");
+}
+
+TEST_F(ComposerTest, PickedDateGoesThroughTheTextField) {
+  for (const bool yes : {true, false}) {
+    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+      screen.expectQuestion(weekend, message_style::alreadySent, yes);
+      window.pickDate("dtpNotification", saturday);
+      EXPECT_EQ(window.focus(), "txtNotificationField");
+      EXPECT_EQ(window.read("txtNotificationField"),
+                yes ? "Friday, April 17, 2026" : "Saturday, April 18, 2026");
+      if (!yes) screen.expectQuestion(weekend, message_style::alreadySent, false);
+      window.click("cmdFinish");
+    });
+    EXPECT_EQ(column("NotificationDate"), yes ? "2026-04-17" : "2026-04-18");
+  }
+}
+
+TEST_F(ComposerTest, CalendarOpensOnTheTypedDateOrToday) {
+  compose(ComposerMode::editAuto, [&](WindowInUse& window) {
+    auto& composer = dynamic_cast<frmSendNotificationWizardEmail&>(window.form());
+    DatePicker& picker = composer.notificationDate.dtpNotification;
+    TextBox& text = composer.notificationDate.txtNotificationField;
+    for (const auto& [typed, opens] :
+         {std::pair{"May 5 2026", DateTime::of(2026, 5, 5)}, {"some day", clock.today()}}) {
+      text.setText(typed);
+      picker.acceptDropDown();
+      EXPECT_EQ(picker.value(), opens) << typed;
+    }
+    window.click("cmdCancel");
+  });
 }
 
 }  // namespace
