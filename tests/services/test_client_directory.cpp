@@ -13,13 +13,8 @@ namespace autonotify::host {
 namespace {
 
 TEST(PersonNamesTest, coupleName) {
-  struct Case {
-    PersonNames names;
-    const char* shared;
-    const char* full;
-  };
   // display, first, last, spouse's first, last and whole name
-  const Case cases[] = {
+  const std::tuple<PersonNames, const char*, const char*> cases[] = {
       {{"Jane Smith", "Jane", "Smith", "John", "Smith", ""},
        "Jane & John Smith",
        "Jane Smith & John Smith"},
@@ -31,11 +26,10 @@ TEST(PersonNamesTest, coupleName) {
       {{"J. Smith", "Jane", "Smith", "", "", ""}, "J. Smith", "J. Smith"},
       {{"", "Jane", "Smith", "", "", ""}, "Jane Smith", "Jane Smith"},
       {{"", "Jane", "", "John", "", ""}, "Jane & John", "Jane & John"},
-      {{"", "", "", "", "", ""}, "", ""},
-  };
-  for (const Case& each : cases) {
-    EXPECT_EQ(coupleName(each.names, true), each.shared);
-    EXPECT_EQ(coupleName(each.names, false), each.full);
+      {{"", "", "", "", "", ""}, "", ""}};
+  for (const auto& [names, shared, full] : cases) {
+    EXPECT_EQ(coupleName(names, true), shared);
+    EXPECT_EQ(coupleName(names, false), full);
   }
 }
 

@@ -1,22 +1,30 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <filesystem>
 #include <string>
 
 #include "host/services/ClassRegistry.h"
 #include "host/services/HostClientIDClass.h"
+#include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostListCleaner.h"
 #include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
+#include "host/services/HostWorkingFolder.h"
 #include "host/services/clocks.h"
+#include "host/services/host_errors.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/RichTextBox.h"
 #include "support/error_number.h"
 #include "support/fixed_clock.h"
+#include "support/temporary_folder.h"
 
 namespace autonotify::host {
 namespace {
+
+using test::TemporaryFolder;
+using test::writeFile;
 
 TEST(GeneralUtilitiesTest, tellsEmptyValuesAndTheKeysOfANumericField) {
   HostGeneralUtilities utilities;
@@ -102,11 +110,7 @@ TEST(RichTextUtilityTest, insertsAtAPlaceInCharacters) {
   ASSERT_TRUE(utility);
   RichTextBox box;
   box.setTextRTF("{\\rtf1 \\'e9{\\b b}}");
-  struct {
-    int position;
-    const char* text;
-  } const cases[] = {{1, "é-b"}, {-1, "-é-b"}, {99, "-é-b-"}};
-  for (const auto& [position, text] : cases) {
+  for (const auto& [position, text] : {std::pair{1, "é-b"}, {-1, "-é-b"}, {99, "-é-b-"}}) {
     EXPECT_EQ(utility->insertTextAt(&box, "-", position), Value(true));
     EXPECT_EQ(box.text(), text);
   }
@@ -140,6 +144,51 @@ TEST(ClocksTest, shiftedClockKeepsTheTimeOfDayAndGoesOn) {
   base.set(DateTime::of(2026, 5, 1, 0, 0, 3));
   EXPECT_EQ(clock.now(), DateTime::of(2024, 2, 29, 0, 0, 3));
   EXPECT_EQ(clock.today(), DateTime::of(2024, 2, 29));
+}
+
+namespace fs = std::filesystem;
+TEST(FileUtilityTest, uniqueNamesCountUpBeforeTheExtension) {
+  TemporaryFolder folder;
+  HostFileUtility files;
+  const std::string path = folder / "Fax - Apr 30 2026.mvw";
+  EXPECT_EQ(files.getUniqueFileName(path), path);
+  writeFile(path, "");
+  EXPECT_EQ(files.getUniqueFileName(path), folder / "Fax - Apr 30 2026 (2).mvw");
+  fs::create_symlink("nowhere", folder / "Fax - Apr 30 2026 (2).mvw");
+  EXPECT_EQ(files.getUniqueFileName(path), folder / "Fax - Apr 30 2026 (3).mvw");
+}
+
+TEST(FileUtilityTest, seesAndDeletesFilesAloneAndTellsWhyNot) {
+  TemporaryFolder folder;
+  HostFileUtility files;
+  const auto numberOf = [&](const std::string& path) {
+    try {
+      files.deleteFile(path);
+    } catch (const PlatformError& error) {
+      EXPECT_NE(error.description().find(path), std::string::npos);
+      return error.number();
+    }
+    return 0;
+  };
+  writeFile(folder / "temp.txt", "x");
+  fs::create_directory(folder / "sub");
+  EXPECT_TRUE(files.fileExists(folder / "temp.txt"));
+  for (const char* none : {"none", "sub", ""}) EXPECT_FALSE(files.fileExists(folder / none));
+  EXPECT_EQ(numberOf(folder / "temp.txt"), 0);
+  EXPECT_EQ(numberOf(folder / "temp.txt"), error_number::fileNotFound);
+  EXPECT_EQ(numberOf(folder / "sub"), error_number::pathFileAccess);
+  EXPECT_TRUE(fs::exists(folder / "sub"));
+}
+
+TEST(WorkingFolderTest, isMadeForItsOwnerAloneOrToldWhyNot) {
+  TemporaryFolder folder;
+  HostWorkingFolder working(folder / "a/b");
+  EXPECT_EQ(working.getWorkingFolder(), folder / "a/b");
+  EXPECT_EQ(fs::status(folder / "a/b").permissions(), fs::perms::owner_all);
+  fs::permissions(folder / "a/b", fs::perms::group_read, fs::perm_options::add);
+  EXPECT_THROW(working.getWorkingFolder(), PlatformError) << "others could read it";
+  writeFile(folder / "file", "");
+  EXPECT_THROW(HostWorkingFolder(folder / "file").getWorkingFolder(), PlatformError);
 }
 
 }  // namespace
