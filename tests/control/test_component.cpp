@@ -41,25 +41,19 @@ TEST(Component, EntryPointsRefuseWhatTheyDoNotKnow) {
   ASSERT_TRUE(library) << dlerror();
   const auto getClassObject =
       reinterpret_cast<decltype(&DllGetClassObject)>(dlsym(library, "DllGetClassObject"));
-  struct Case {
-    const char* className;
-    const char* interfaceName;
-    int result;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, const char*, int> cases[] = {
       {classAutoNotifyCtrl, classObjectInterface, componentOk},
       {"HVAUTONOTIFYCTRL6.CLSAUTONOTIFICATION", classObjectInterface, componentOk},
       {"hvAutoNotifyCtrl6.clsUnknown", classObjectInterface, componentNoClass},
       {"", classObjectInterface, componentNoClass},
       {classAutoNotifyCtrl, "hvAutoNotifyCtrl6.ClassObject/0", componentNoInterface},
       {nullptr, classObjectInterface, componentBadPointer},
-      {classAutoNotifyCtrl, nullptr, componentBadPointer},
-  };
-  for (const Case& c : cases) {
+      {classAutoNotifyCtrl, nullptr, componentBadPointer}};
+  for (const auto& [className, interfaceName, result] : cases) {
     int marker = 0;
     void* object = &marker;
-    EXPECT_EQ(getClassObject(c.className, c.interfaceName, &object), c.result);
-    EXPECT_EQ(object != nullptr, c.result == componentOk);
+    EXPECT_EQ(getClassObject(className, interfaceName, &object), result);
+    EXPECT_EQ(object != nullptr, result == componentOk);
   }
   EXPECT_EQ(getClassObject(classAutoNotifyCtrl, classObjectInterface, nullptr),
             componentBadPointer);
