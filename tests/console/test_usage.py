@@ -61,26 +61,21 @@ class UsageTest(ConsoleTest):
                 self.refuses(line, f"{words} (see: {shown})", 2)
         self.refuses("due", "--database: the value is empty (see: hvnotify --help)", 2, database="")
 
-    def test_each_command_has_a_help_of_its_own(self):
-        for command in NAMES:
-            with self.subTest(command):
-                shown = self.done(f"{command} --help")
-                self.assertIn(f"Usage: hvnotify {command} [OPTIONS]", shown)
-                self.assertTrue(shown.endswith("\nOptions of all commands: hvnotify --help\n"))
-
     def test_help_tells_commands_exit_codes_and_who_is_asked(self):
         shown = self.done("--help")
         for command in NAMES:
-            self.assertRegex(shown, rf"(?m)^  {command}  ")
+            with self.subTest(command):
+                self.assertRegex(shown, rf"(?m)^  {command}  ")
+                own = self.done(f"{command} --help")
+                self.assertIn(f"Usage: hvnotify {command} [OPTIONS]", own)
+                self.assertTrue(own.endswith("\nOptions of all commands: hvnotify --help\n"))
         self.assertIn("0 done, 1 refused or nothing found, 2 usage, 3 database unusable", shown)
         self.assertIn("--batch, or without a terminal, the procedure is left", shown)
 
-    def test_last_of_repeated_options_counts(self):
+    def test_global_options_may_follow_the_command_and_the_last_of_repeated_ones_counts(self):
+        self.assertEqual(self.done("--json due"), self.done("due --json"))
         self.expect(f"--database {self.database} --today 2026-04-15 due", self.done("due"),
                     database="nowhere.db", today="2001-01-01")
-
-    def test_global_options_may_follow_the_command(self):
-        self.assertEqual(self.done("--json due"), self.done("due --json"))
 
     def test_a_password_in_an_address_is_not_printed(self):
         for address in ("postgresql://u:s3cret@h/d", "postgresql://u:s3/c?r&e@t@h/d",
