@@ -109,8 +109,8 @@ TEST(DateTimeText, everyDayReadsBack) {
 
 TEST(DateTimeText, everySecondOfADayReadsBack) {
   for (std::int32_t second = 1; second < 86400; ++second) {
-    const DateTime moment = DateTime::fromSerial(46142, second);
-    ASSERT_EQ(parseDateTime(dateTimeText(moment)), moment) << second;
+    const DateTime time = DateTime::fromSerial(46142, second);
+    ASSERT_EQ(parseDateTime(dateTimeText(time)), time) << second;
   }
   EXPECT_EQ(dateTimeText(DateTime::of(2026, 4, 30, 14, 5)), "2026-04-30 14:05:00");
   EXPECT_EQ(dateTimeText(DateTime{}), "1899-12-30");
@@ -134,8 +134,8 @@ TEST(DateTimeText, readsTheFormsThatPeopleWrite) {
       {"1899-12-30 09:05:07", {"9:05:07"}},
       {"1899-12-30 12:30:00", {"12:30 pm"}},
       {"1899-12-30 14:05:00", {"14:05", "2:05 pm", "2:05pm"}}};
-  for (const auto& [moment, texts] : cases)
-    for (const char* text : texts) EXPECT_EQ(dateTimeText(parseDateTime(text).value()), moment);
+  for (const auto& [expected, texts] : cases)
+    for (const char* text : texts) EXPECT_EQ(dateTimeText(parseDateTime(text).value()), expected);
 }
 
 TEST(DateTimeText, refusesEverythingElse) {
