@@ -23,7 +23,7 @@ struct Mailbox {
 };
 
 /// Reads "jane@x.ca; John Smith <john@x.ca>, ..." parted by commas, semicolons or line ends. Throws
-/// MailError for the first entry that is no address of one mailbox.
+/// MailError for the first entry that is anything else: there are no groups, routes or comments.
 std::vector<Mailbox> parseRecipients(std::string_view text);
 
 }  // namespace autonotify::host

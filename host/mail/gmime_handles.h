@@ -18,28 +18,17 @@ struct DateTimeRelease {
 struct FormatOptionsRelease {
   void operator()(GMimeFormatOptions* options) const { g_mime_format_options_free(options); }
 };
-struct ParserOptionsRelease {
-  void operator()(GMimeParserOptions* options) const { g_mime_parser_options_free(options); }
-};
 
 template <class Object>
 using GHandle = std::unique_ptr<Object, GObjectRelease>;
 using GText = std::unique_ptr<char, GFree>;
 using DateTimeHandle = std::unique_ptr<GDateTime, DateTimeRelease>;
 using FormatOptionsHandle = std::unique_ptr<GMimeFormatOptions, FormatOptionsRelease>;
-using ParserOptionsHandle = std::unique_ptr<GMimeParserOptions, ParserOptionsRelease>;
 
 /// Makes the mail library ready, once a process.
 inline void initMail() {
   static const bool done = (g_mime_init(), true);
   static_cast<void>(done);
-}
-
-inline ParserOptionsHandle strictParserOptions() {
-  initMail();
-  ParserOptionsHandle options(g_mime_parser_options_new());
-  g_mime_parser_options_set_address_compliance_mode(options.get(), GMIME_RFC_COMPLIANCE_STRICT);
-  return options;
 }
 
 }  // namespace autonotify::host

@@ -129,6 +129,10 @@ TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
       {"Élodie Côté <elodie@client.example>", {{"Élodie Côté", "elodie@client.example"}}},
       {"o'brien+tax@sub.client.example", {{"", "o'brien+tax@sub.client.example"}}},
       {"jane@bücher.example", {{"", "jane@xn--bcher-kva.example"}}},
+      {"=?utf-8?Q?Zo=C3=AB?= (CPA) < z@x.example >", {{"Zoë (CPA)", "z@x.example"}}},
+      {"Jane <\"a;\\\" <b>@c\"@x.example>", {{"Jane", "\"a;\\\" <b>@c\"@x.example"}}},
+      {"a@[192.0.2.1], a@[IPv6:2001:db8::1]",
+       {{"", "a@[192.0.2.1]"}, {"", "a@[IPv6:2001:db8::1]"}}},
   };
   for (const auto& [text, mailboxes] : cases) EXPECT_EQ(parseRecipients(text), mailboxes) << text;
 }
@@ -157,7 +161,20 @@ TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
                                  "\"Jane\" jane@client.example>",
                                  "<a@x.example>\"",
                                  "jane@client.example (work",
-                                 "<a@x.example> x>"};
+                                 "<a@x.example> x>",
+                                 "jane@client.example (work)",
+                                 "Jane <@y.example:jane@client.example>",
+                                 "=?utf-8?Q?a=0D=0ABcc?= <a@x.example>",
+                                 "\"é\"@x.example",
+                                 "\"a\"b\"@x.example",
+                                 "a@[12c7.0.0.1]",
+                                 "a@[2001:db8::1]",
+                                 "a@x℀.example",
+                                 "a@x bü",
+                                 "\"a\x01\"@x.example",
+                                 "J\xE9 Roy <a@x.example>",
+                                 "a@" + std::string(253, 'x'),
+                                 std::string(65, 'a') + "@x.example"};
   for (const std::string& entry : entries) {
     try {
       const auto mailboxes = parseRecipients("good@x.example; " + entry);
@@ -166,7 +183,6 @@ TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
       EXPECT_EQ(error.what(), "\"" + entry + "\" is not a valid email address.");
     }
   }
-  EXPECT_THROW(parseRecipients(std::string(65, 'a') + "@x.example"), MailError);
 }
 
 }  // namespace
