@@ -22,6 +22,11 @@ struct Null {
 class Value {
  public:
   Value() = default;
+  // When a copy finds no memory, libstdc++ 12 would destroy a content that was never made.
+  Value(const Value& other) : Value() { held_ = other.held_; }
+  Value(Value&&) = default;
+  Value& operator=(const Value&) = default;
+  Value& operator=(Value&&) = default;
   Value(Null) {}
   Value(bool flag) : held_(flag) {}
   Value(std::int16_t number) : held_(std::int64_t{number}) {}

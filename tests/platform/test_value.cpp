@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <limits>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -109,6 +111,18 @@ TEST(Value, serialAndMomentAreInverse) {
     }
   }
 }
+
+#ifndef __SANITIZE_ADDRESS__  // which ends the program where memory is short
+TEST(Value, throwsWhereACopyFindsNoMemory) {
+  const Value large(std::string(1u << 26, 'x'));
+  rlimit usual;
+  getrlimit(RLIMIT_AS, &usual);
+  const rlimit none{0, usual.rlim_max};
+  setrlimit(RLIMIT_AS, &none);
+  EXPECT_THROW(Value{large}, std::bad_alloc);
+  setrlimit(RLIMIT_AS, &usual);
+}
+#endif
 
 }  // namespace
 }  // namespace autonotify
