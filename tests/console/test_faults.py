@@ -3,11 +3,14 @@
 import contextlib
 import os
 import resource
+import socket
 import sqlite3
 import subprocess
+import threading
 import time
+import unittest
 
-from console import ENGINE, ConsoleTest, Run, command, files_only
+from console import ENGINE, ConsoleTest, Run, call, command, files_only
 
 NOBODY = 65534
 DAMAGED = "{}: The database file is damaged: database disk image is malformed (engine code 11)"
@@ -327,3 +330,24 @@ class TemplateFaultTest(ConsoleTest):
             merged = self.done(f"merge {self.free_task()} --template large")
             self.assertNotIn("Name", merged)
             self.assertLess(time.monotonic() - begin, 10)
+
+
+class FarewellTest(unittest.TestCase):
+    # The session is ready, and ended in the same breath.
+    WORDS = (b"R\0\0\0\x08\0\0\0\0S\0\0\0\x18server_version\x0015.0\0Z\0\0\0\x05I"
+             b"E\0\0\0\x1fSFATAL\0C57P01\0Mgoing down\0\0")
+
+    def test_a_server_that_ends_the_session_at_once(self):
+        with socket.create_server(("localhost", 0)) as server:
+            threading.Thread(target=self.serve, args=(server,), daemon=True).start()
+            place = f"postgresql://localhost:{server.getsockname()[1]}/a?sslmode=disable"
+            run = call(".", "due", database=place)
+        self.assertEqual((3, 1, True), (run.code, run.err.count("\n"), run.err.startswith(
+            f"hvnotify: {place}: The database server cannot be reached: ")), run.err)
+
+    def serve(self, server):
+        with contextlib.suppress(OSError):
+            while True:
+                with server.accept()[0] as session:
+                    if session.recv(4096):
+                        session.sendall(self.WORDS)

@@ -1,5 +1,6 @@
 #include "host/database/postgres/PostgresConnection.h"
 
+#include <libpq-fe.h>
 #include <poll.h>
 
 #include <pqxx/except>
@@ -52,7 +53,7 @@ std::string wordsOf(const std::exception& error) {
 }
 
 /// Whether the server has hung up. Asks the local socket only.
-bool isGone(pqxx::connection& connection) {
+bool isGone(pqxx::connection_base& connection) {
   pollfd watched{connection.sock(), POLLIN, 0};
   try {
     while (connection.is_open() && ::poll(&watched, 1, 0) > 0) connection.get_notifs();
@@ -86,6 +87,21 @@ PostgresParameters::PostgresParameters(const std::vector<Value>& values) {
 
 PostgresConnection::PostgresConnection(ServerAddress address) : address_(std::move(address)) {
   connect(database_error::cannotOpen);
+}
+
+// Only a connection that was begun can be told who hears notices; it is begun anew then, for that
+// alone heeds the time limit of each server.
+PostgresConnection::QuietPolicy::handle PostgresConnection::QuietPolicy::do_startconnect(
+    handle connection) {
+  if (connection) return connection;
+  std::unique_ptr<PGconn, decltype(&PQfinish)> begun(PQconnectStart(options().c_str()), &PQfinish);
+  if (!begun) throw std::bad_alloc();
+  PQsetNoticeProcessor(
+      begun.get(), [](void*, const char*) {}, nullptr);
+  PQreset(begun.get());
+  if (PQstatus(begun.get()) != CONNECTION_OK)
+    throw pqxx::broken_connection(PQerrorMessage(begun.get()));
+  return begun.release();
 }
 
 // A server may be set not to wait for its disk; what is reported as stored must be.

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <pqxx/connection>
-#include <pqxx/errorhandler>
 #include <pqxx/nontransaction>
 #include <pqxx/result>
 #include <pqxx/transaction>
@@ -51,11 +50,16 @@ class PostgresConnection {
   int generation() const { return generation_; }
 
  private:
+  /// Connects as the library does. From the server's first word on none of its notices reaches the
+  /// standard error stream: the reason why it hangs up may come with its welcome.
+  class QuietPolicy : public pqxx::connectionpolicy {
+   public:
+    using connectionpolicy::connectionpolicy;
+    handle do_startconnect(handle connection) override;
+  };
   struct Link {
     explicit Link(const std::string& parameters) : connection(parameters) {}
-    pqxx::connection connection;
-    // The library would write the server's notices to the standard error stream.
-    pqxx::quiet_errorhandler quiet{connection};
+    pqxx::basic_connection_base<QuietPolicy> connection;
   };
 
   Link& link();
