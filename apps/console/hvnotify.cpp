@@ -89,6 +89,16 @@ int fail(const std::string& message, ExitCode code) {
   return code;
 }
 
+/// The command that the command line names is left in `chosen`.
+void addCommands(CLI::App& app, Arguments& arguments, const Command*& chosen) {
+  for (const Command& command : allCommands()) {
+    CLI::App* subcommand = app.add_subcommand(command.name, command.help);
+    subcommand->footer("Options of all commands: hvnotify --help");
+    command.describe(*subcommand, arguments);
+    subcommand->final_callback([&chosen, &command] { chosen = &command; });
+  }
+}
+
 int runProgram(int argc, char** argv) {
   GlobalOptions options;
   Arguments arguments;
@@ -100,12 +110,7 @@ int runProgram(int argc, char** argv) {
   app.set_version_flag("--version", HVNOTIFY_VERSION);
   addGlobalOptions(app, options);
   const Command* chosen = nullptr;
-  for (const Command& command : allCommands()) {
-    CLI::App* subcommand = app.add_subcommand(command.name, command.help);
-    subcommand->footer("Options of all commands: hvnotify --help");
-    command.describe(*subcommand, arguments);
-    subcommand->final_callback([&chosen, &command] { chosen = &command; });
-  }
+  addCommands(app, arguments, chosen);
   try {
     app.parse(argc, argv);
     return print(run(*chosen, options, arguments), options.json);
@@ -113,20 +118,33 @@ int runProgram(int argc, char** argv) {
     return app.exit(wish);
   } catch (const CLI::ParseError& error) {
     return fail(usageFault(app, error), exitUsage);
+  }
+}
+
+/// Whatever ends the program early is told in one line.
+int runGuarded(int argc, char** argv) try {
+  try {
+    return runProgram(argc, argv);
   } catch (const Refusal& refusal) {
     return fail(refusal.what(), refusal.code());
   } catch (const host::UnreadableRow& row) {
     return fail(row.description(), exitRefused);
   } catch (const PlatformError& error) {
     return fail(host::firstLine(error.description()), exitDatabase);
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& error) {
     return fail(error.what(), exitRefused);
   }
+} catch (const std::bad_alloc&) {
+  // Telling it must not allocate.
+  std::cerr << "hvnotify: there is not enough memory\n";
+  return exitDatabase;
 }
 
 }  // namespace
 }  // namespace autonotify::console
 
 int main(int argc, char** argv) {
-  return autonotify::console::runProgram(argc, argv);
+  return autonotify::console::runGuarded(argc, argv);
 }

@@ -63,7 +63,8 @@ std::string usageFault(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 std::string usageNotes() {
-  return "Exit codes: 0 done, 1 refused or nothing found, 2 usage, 3 database unusable.\n"
+  return "Exit codes: 0 done, 1 refused or nothing found, 2 usage, 3 database unusable or not\n"
+         "enough memory.\n"
          "At a terminal each error of the component is shown and asks whether to continue, to "
          "leave the\nprocedure or to retry. With --batch, or without a terminal, the procedure is "
          "left and the error\nis reported with the command's result.\n";

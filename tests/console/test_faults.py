@@ -74,6 +74,16 @@ class DatabaseFileTest(ConsoleTest):
             self.assertEqual((3, ""), (done.returncode, done.stdout), line)
             self.assertRegex(done.stderr, r"^hvnotify: new\.db: The .*\n$")
 
+    def test_where_memory_is_short(self):
+        (self.folder / "long.txt").write_bytes(b"word " * 3_000_000)
+        little = lambda: resource.setrlimit(resource.RLIMIT_DATA, (8 << 20, 8 << 20))
+        codes, errors = zip(*[(done.returncode, done.stderr) for done in (subprocess.run(
+            command(*line.split()), cwd=self.folder, capture_output=True, text=True,
+            preexec_fn=little) for line in ("due", "check long.txt"))])
+        if codes[0]:
+            self.skipTest("the program does not start with so little")
+        self.assertEqual((3, "hvnotify: there is not enough memory\n"), (codes[1], errors[1]))
+
     def test_without_permission(self):
         self.folder.chmod(0o755)
         for mode, arguments, words in [
