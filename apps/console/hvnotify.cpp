@@ -10,6 +10,7 @@
 #include "host/clients/unreadable_rows.h"
 #include "host/dialogs/Terminal.h"
 #include "host/mail/smtp.h"
+#include "memory_reserve.h"
 #include "platform/text.h"
 #include "usage.h"
 
@@ -146,5 +147,6 @@ int runGuarded(int argc, char** argv) try {
 }  // namespace autonotify::console
 
 int main(int argc, char** argv) {
+  autonotify::console::keepMemoryReserve();
   return autonotify::console::runGuarded(argc, argv);
 }
