@@ -37,7 +37,8 @@ Plan& plan() {
 }
 
 bool isScarceNow() {
-  return plan().isMainRunning && plan().isScarce && plan().at > 0 && plan().allocations > plan().at;
+  return plan().isMainRunning && plan().isScarce && plan().at > 0 &&
+         plan().allocations >= plan().at;
 }
 
 bool mayHave(std::size_t size) {
