@@ -67,7 +67,8 @@ std::string deskRoleStatements(PostgresConnection& connection, const std::string
   sql += "GRANT USAGE ON SCHEMA " + schema + to;
   sql += "GRANT SELECT ON ALL TABLES IN SCHEMA " + schema + to;
   for (const TableRights& each : rightsOfADesk) {
-    sql += std::string("GRANT ") + each.rights + " ON " + schema + '.' + each.table + to;
+    sql.append("GRANT ").append(each.rights).append(" ON ");
+    sql.append(schema).append(".").append(each.table).append(to);
     if (!each.addsRows) continue;
     sql += "GRANT USAGE ON SEQUENCE " +
            ask(connection, "SELECT " + sequenceOf(*findTable(each.table)), {}) + to;
