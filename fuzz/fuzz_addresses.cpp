@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/require.h"
 #include "host/mail/addresses.h"
 #include "platform/text.h"
 
@@ -15,10 +15,6 @@ namespace {
 
 using namespace autonotify;
 using namespace autonotify::host;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void check(const Mailbox& mailbox) {
   constexpr std::size_t longestAddress = 254;

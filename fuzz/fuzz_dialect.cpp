@@ -1,19 +1,15 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/dialect/Dialect.h"
 
 using namespace autonotify::host;
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// Whatever comes in, what goes to an engine holds no literal text, no second statement, no
 /// comment.

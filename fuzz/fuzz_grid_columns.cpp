@@ -2,10 +2,10 @@
 // back, and each entry must be found by its key.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "fuzz/require.h"
 #include "host/services/HostGridColumnList.h"
 #include "host/services/grid_column_text.h"
 
@@ -13,10 +13,6 @@ namespace {
 
 using namespace autonotify;
 using namespace autonotify::host;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 bool isNumber(const Value& value) {
   const double* number = value.getIf<double>();

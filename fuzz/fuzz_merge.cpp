@@ -3,12 +3,12 @@
 // stays UTF-8, a fault is told exactly when there is one.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "contract/references.h"
 #include "examples/embed/one_row_database.h"
+#include "fuzz/require.h"
 #include "host/services/ClassRegistry.h"
 #include "host/services/HeadlessFormHost.h"
 #include "host/services/HostLocale.h"
@@ -19,10 +19,6 @@
 namespace {
 
 using namespace autonotify;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 class FixedDay : public Clock {
  public:

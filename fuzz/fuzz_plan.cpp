@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/require.h"
 #include "host/database/Session.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/sqlite/SqliteDriver.h"
@@ -18,10 +18,6 @@ namespace {
 
 using namespace autonotify;
 using namespace autonotify::host;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 const char* sampleOf(ColumnKind kind, int key) {
   switch (kind) {

@@ -2,10 +2,10 @@
 // what is escaped must read back, and what was read must come back equal from what is written.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "platform/rich_text.h"
 #include "platform/richtext/rich_text_edit.h"
 #include "platform/text.h"
@@ -13,10 +13,6 @@
 namespace {
 
 using namespace autonotify;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// The text as a document shows it: one kind of line end, no NUL bytes.
 std::string shown(std::string_view text) {

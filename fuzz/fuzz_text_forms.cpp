@@ -2,11 +2,11 @@
 // finding must agree with folding first.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "platform/PlatformError.h"
 #include "platform/Value.h"
 #include "platform/date_time_text.h"
@@ -16,10 +16,6 @@
 namespace {
 
 using namespace autonotify;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void readDate(std::string_view text) {
   const auto moment = parseDateTime(text);

@@ -1,5 +1,6 @@
 #include "host/clients/lookup_table.h"
 
+#include <string_view>
 #include <utility>
 
 #include "host/clients/record_rows.h"
@@ -43,11 +44,10 @@ Id LookupTable::linkOf(Id key, bool wholeTable) {
   try {
     return row ? idOf(source_.columns.front(), row->front()) : noId;
   } catch (const UnreadableValue& value) {
+    std::string what = source_.table;
     // A key that is not the table's own is named too.
-    const std::string words = std::string(source_.key) == source_.order ? "" : source_.key;
-    throw UnreadableRow(
-        std::string(source_.table) + ' ' + words + (words.empty() ? "" : " ") + std::to_string(key),
-        value);
+    if (std::string_view(source_.key) != source_.order) what.append(" ").append(source_.key);
+    throw UnreadableRow(what + ' ' + std::to_string(key), value);
   }
 }
 

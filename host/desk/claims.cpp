@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -14,6 +13,7 @@
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/desk/databases.h"
+#include "host/services/Descriptor.h"
 
 namespace autonotify::host {
 namespace {
@@ -25,9 +25,6 @@ constexpr std::array<const char*, 4> itemNames{"notification", "task", "appointm
 class FileClaim : public Claim {
  public:
   explicit FileClaim(int file) : file_(file) {}
-  ~FileClaim() override { ::close(file_); }
-  FileClaim(const FileClaim&) = delete;
-  FileClaim& operator=(const FileClaim&) = delete;
 
   /// False when someone else has it.
   bool lock(WorkItem item, Id id) {
@@ -37,11 +34,11 @@ class FileClaim : public Claim {
     range.l_whence = SEEK_SET;
     range.l_start = static_cast<off_t>(item) * idsOfItem + id;
     range.l_len = 1;
-    return ::fcntl(file_, F_OFD_SETLK, &range) == 0;
+    return ::fcntl(file_.get(), F_OFD_SETLK, &range) == 0;
   }
 
  private:
-  int file_;
+  Descriptor file_;
 };
 
 [[noreturn]] void failFile(const std::string& path) {

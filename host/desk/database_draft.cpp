@@ -47,6 +47,16 @@ bool isOfDraft(std::string_view name, std::string_view target) {
          std::ranges::all_of(name.substr(target.size() + 1, identityDigits), isDigit);
 }
 
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : ".";
+}
+
+int openFolderOf(const fs::path& file) {
+  const int folder = ::open(folderOf(file).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) fail(file, lastError());
+  return folder;
+}
+
 void removeDrafts(const fs::path& folder, const std::string& target) {
   std::error_code error;
   for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
@@ -65,21 +75,16 @@ std::string newIdentity() {
 
 // Whoever makes a database shares the lock on its folder, and a process that ends gives it up: so
 // who has it alone knows that no draft is worked on.
-DraftFolder::DraftFolder(const fs::path& target) {
-  const fs::path folder = target.has_parent_path() ? target.parent_path() : ".";
-  file_ = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (file_ < 0) fail(target, lastError());
-  if (::flock(file_, LOCK_EX | LOCK_NB) == 0) removeDrafts(folder, target.filename().string());
-  while (::flock(file_, LOCK_SH) != 0 && errno == EINTR) continue;
-}
-
-DraftFolder::~DraftFolder() {
-  ::close(file_);
+DraftFolder::DraftFolder(const fs::path& target) : folder_(openFolderOf(target)) {
+  const int folder = folder_.get();
+  if (::flock(folder, LOCK_EX | LOCK_NB) == 0)
+    removeDrafts(folderOf(target), target.filename().string());
+  while (::flock(folder, LOCK_SH) != 0 && errno == EINTR) continue;
 }
 
 // Some file systems have nothing to make last.
 bool DraftFolder::makeDurable() const {
-  return ::fsync(file_) == 0 || errno == EINVAL;
+  return ::fsync(folder_.get()) == 0 || errno == EINVAL;
 }
 
 Draft::Draft(const DraftFolder& folder, const fs::path& target)

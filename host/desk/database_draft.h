@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <string>
 
+#include "host/services/Descriptor.h"
+
 namespace autonotify::host {
 
 /// Digits of chance that nothing else has.
@@ -13,16 +15,13 @@ std::string newIdentity();
 class DraftFolder {
  public:
   explicit DraftFolder(const std::filesystem::path& target);
-  ~DraftFolder();
-  DraftFolder(const DraftFolder&) = delete;
-  DraftFolder& operator=(const DraftFolder&) = delete;
 
   /// What the folder lists outlives a power failure from here on. False when it may not, with the
   /// reason in errno.
   bool makeDurable() const;
 
  private:
-  int file_;
+  Descriptor folder_;
 };
 
 /// A file beside the wanted one, until everything is in it.

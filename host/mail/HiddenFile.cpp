@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <random>
 #include <regex>
@@ -45,10 +44,6 @@ bool writeAll(int file, std::string_view content) {
 }
 
 }  // namespace
-
-Descriptor::~Descriptor() {
-  if (isOpen()) ::close(number_);
-}
 
 HiddenFile::HiddenFile(int folder, const std::string& name)
     : folder_(folder), file_(create(name)) {}

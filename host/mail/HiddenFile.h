@@ -3,22 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "host/services/Descriptor.h"
+
 namespace autonotify::host {
-
-/// An open file or folder, closed with the object. Numbers below 0 stand for none.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor();
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int get() const { return number_; }
-  bool isOpen() const { return number_ >= 0; }
-
- private:
-  int number_;
-};
 
 /// A new file under a hidden name of its own, which goes with the object unless it was given a
 /// name, and with removeAbandoned when its program was ended. It is locked while the object lives.

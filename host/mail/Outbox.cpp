@@ -138,18 +138,20 @@ bool Outbox::put(const std::string& name, const std::string& content, OutboxPlac
   const OpenOutbox outbox(folder_);
   if (outbox.find(name) != OutboxPlace::nowhere) return false;
   if (!outbox.add(name, content, place)) return false;
-  // Another sender's message of this name may have come since the first look.
-  if (outbox.holdsElsewhere(name, place)) {
-    outbox.remove(name, place);
-    return false;
+  try {
+    // Another sender's message of this name may have come since the first look.
+    if (outbox.holdsElsewhere(name, place)) {
+      outbox.remove(name, place);
+      return false;
+    }
+    if (!outbox.keep(place))
+      fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", errno);
+  } catch (const MailError&) {
+    // Left there, it would pass for one that was put in, though it may not last. Where it is gone
+    // already, a mail system has it.
+    if (outbox.remove(name, place) || errno != ENOENT) throw;
   }
-  if (outbox.keep(place)) return true;
-  const int error = errno;
-  // Left there, it would pass for one that was put in, though it may not last. Where it is gone
-  // already, a mail system has it.
-  const bool isTaken = !outbox.remove(name, place) && errno == ENOENT;
-  if (isTaken) return true;
-  fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", error);
+  return true;
 }
 
 void Outbox::move(const std::string& name, OutboxPlace from, OutboxPlace to) const {

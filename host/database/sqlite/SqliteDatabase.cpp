@@ -150,10 +150,10 @@ void SqliteDatabase::emptyLog() {
 
 std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
                                            int busyTimeout) {
-  requireFile(path);
-  requireOneName(path.string());
-  const bool writing = mode == OpenMode::readWrite;
   const std::string name = path.string();
+  requireFile(path);
+  requireOneName(name);
+  const bool writing = mode == OpenMode::readWrite;
   SQLite::Database database =
       connect(path, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
   requireOurs(database, name, applicationId);
