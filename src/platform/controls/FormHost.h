@@ -10,6 +10,7 @@ namespace autonotify {
 
 class Form;
 class Menu;
+class Report;
 
 enum class Pointer { standard, busy };
 
@@ -33,6 +34,14 @@ class FormHost {
   }
   /// The window has been hidden: what showModal waits for.
   virtual void formHidden(Form&) {}
+  /// Shows the preview of the report above `owner` (which may be null) and lets people act in it
+  /// alone, until it is unloaded (Report::unload), which the host does when a person closes it. A
+  /// job that fails is told to Report::fail. Throws PlatformError when the host can show none.
+  virtual void showReport(Report&, HostObject*) {
+    throw PlatformError(error_number::invalidProcedureCall, "The host has no screen", "FormHost");
+  }
+  /// The report has been unloaded: what showReport waits for.
+  virtual void reportClosed(Report&) {}
   /// Draws the window at once.
   virtual void repaint(Form&) {}
   /// Shows the menu at the pointer until an entry is chosen or none.
