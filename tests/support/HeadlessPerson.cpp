@@ -125,17 +125,35 @@ std::string WindowInUse::read(const std::string& name) const {
   return read->caption();
 }
 
+Report& ReportInUse::onShow() const {
+  if (!report_.isShown()) throw std::logic_error(report_.name() + " is closed");
+  return report_;
+}
+
+std::string ReportInUse::read(const std::string& label) const {
+  const auto& labels = onShow().labels();
+  const auto found = std::ranges::find(labels, label, &ReportLabel::name);
+  if (found == labels.end()) throw std::logic_error(report_.name() + " has no label " + label);
+  return (*found)->caption();
+}
+
 void HeadlessPerson::expectWindow(std::string formName, Script script) {
   windows_.push_back({std::move(formName), std::move(script)});
 }
 
+void HeadlessPerson::expectReport(std::string name, ReportScript script) {
+  reports_.push_back({std::move(name), std::move(script)});
+}
+
 void HeadlessPerson::finish() {
   for (const auto& window : windows_) ADD_FAILURE() << window.formName << " never came up";
+  for (const auto& report : reports_) ADD_FAILURE() << report.name << " never came up";
   for (const auto& message : said_) ADD_FAILURE() << "never said: " << message.text;
   for (const Form* form : FormHost::openForms())
     ADD_FAILURE() << form->name() << " was not unloaded";
   EXPECT_TRUE(menuChoices_.empty()) << "a menu never popped up";
   windows_.clear();
+  reports_.clear();
   said_.clear();
 }
 
@@ -161,6 +179,31 @@ void HeadlessPerson::showModal(Form& form, HostObject* owner) {
   form.hide();
 }
 
+void HeadlessPerson::showReport(Report& report, HostObject* owner) {
+  pass("showReport", report.name());
+  EXPECT_EQ(owner, activeWindow_) << report.name();
+  if (reports_.empty() || reports_.front().name != report.name()) {
+    ADD_FAILURE() << "nobody expected the report " << report.name();
+    return;
+  }
+  const ReportScript script = std::move(reports_.front().script);
+  reports_.pop_front();
+  reportsOnShow_.push_back(&report);
+  ReportInUse inUse(report);
+  script(inUse);
+  reportsOnShow_.pop_back();
+  EXPECT_FALSE(report.isShown()) << report.name() << " was left open";
+}
+
+std::string HeadlessPerson::nameOf(const HostObject* owner) {
+  if (owner == activeWindow_) return {};
+  for (const Form* form : FormHost::openForms())
+    if (form == owner) return form->name();
+  for (const Report* report : reportsOnShow_)
+    if (report == owner) return report->name();
+  return "a stranger";
+}
+
 void HeadlessPerson::popUpMenu(Form& form, Menu& menu) {
   if (menuChoices_.empty()) {
     ADD_FAILURE() << "nobody expected the menu " << menu.name();
@@ -184,10 +227,9 @@ void HeadlessPerson::pumpMessages() {
   act();
 }
 
-int HeadlessPerson::hear(const char* call, const ExpectedMessage& heard, HostObject* owner,
-                         const Reserved& reserved) {
+int HeadlessPerson::hear(const char* call, const ExpectedMessage& heard, const Reserved& reserved) {
   pass(call);
-  EXPECT_EQ(owner, activeWindow_) << heard.text;
+  EXPECT_NE(heard.owner, "a stranger") << heard.text;
   EXPECT_EQ(reserved, Reserved(0, 0, 101, 0, "", 0)) << heard.text;
   if (restAnswer_) return *restAnswer_ ? 0 : 1;
   if (said_.empty()) {
@@ -199,6 +241,7 @@ int HeadlessPerson::hear(const char* call, const ExpectedMessage& heard, HostObj
   EXPECT_EQ(heard.text, expected.text);
   EXPECT_EQ(heard.style, expected.style) << heard.text;
   EXPECT_EQ(heard.isQuestion, expected.isQuestion) << heard.text;
+  EXPECT_EQ(heard.owner, expected.owner) << heard.text;
   return expected.answer;
 }
 

@@ -11,6 +11,7 @@
 
 #include "contract/MsgboxClass.h"
 #include "platform/controls/FormHost.h"
+#include "platform/controls/Report.h"
 #include "support/WindowRenderer.h"
 #include "support/host_calls.h"
 
@@ -56,12 +57,31 @@ class WindowInUse {
   WindowDriver& driver_;
 };
 
+/// A report on show as a person sees and uses it; one that was closed throws std::logic_error.
+class ReportInUse {
+ public:
+  explicit ReportInUse(Report& report) : report_(report) {}
+
+  std::string read(const std::string& label) const;
+  Report::Margins margins() const { return onShow().margins; }
+  void close() { onShow().unload(); }
+  /// A job that the person has started fails. True when the host shows a message of its own.
+  bool failJob(int jobType, int number, const std::string& description) {
+    return onShow().fail({jobType, 0, number, description});
+  }
+  Report& onShow() const;
+
+ private:
+  Report& report_;
+};
+
 /// A person without a screen: looks at each window that comes up and answers each message, both
 /// from a script. A window or message that nobody expected, one that differs, and a window left
 /// open by its script fail the test; finish() fails on what was expected and never came.
 class HeadlessPerson : public FormHost, public MsgboxClass {
  public:
   using Script = std::function<void(WindowInUse&)>;
+  using ReportScript = std::function<void(ReportInUse&)>;
 
   HeadlessPerson() = default;
   /// The component's calls pass the door, which may fail them, and name the active window as owner.
@@ -70,10 +90,15 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
 
   /// The next window that comes up and what the person does in it.
   void expectWindow(std::string formName, Script script);
-  /// The next message, or question with its answer.
-  void expectMessage(std::string text, int style) { said_.push_back({text, style, false, 0}); }
-  void expectQuestion(std::string text, int style, bool yes) {
-    said_.push_back({text, style, true, yes ? 0 : 1});
+  /// The next report that comes up and what the person does with it.
+  void expectReport(std::string name, ReportScript script);
+  /// The next message, or question with its answer. `owner` names the window or the report that it
+  /// stands above; empty for the active window.
+  void expectMessage(std::string text, int style, std::string owner = {}) {
+    said_.push_back({text, style, false, 0, owner});
+  }
+  void expectQuestion(std::string text, int style, bool yes, std::string owner = {}) {
+    said_.push_back({text, style, true, yes ? 0 : 1, owner});
   }
   /// From now on answers each question alike and takes each message as it comes.
   void answerAll(bool yes) { restAnswer_ = yes; }
@@ -93,6 +118,7 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   }
   void showModal(Form& form, HostObject* owner) override;
   void formHidden(Form& form) override { WindowRenderer::inUse().hidden(form); }
+  void showReport(Report& report, HostObject* owner) override;
   void repaint(Form&) override { pass("repaint"); }
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override {
@@ -103,11 +129,11 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
 
   void showMessage(const std::string& text, int style, HostObject* owner, int r1, int r2, int r3,
                    int r4, const std::string& r5, int r6) override {
-    hear("showMessage", {text, style, false, 0}, owner, {r1, r2, r3, r4, r5, r6});
+    hear("showMessage", {text, style, false, 0, nameOf(owner)}, {r1, r2, r3, r4, r5, r6});
   }
   int askQuestion(const std::string& text, int style, HostObject* owner, int r1, int r2, int r3,
                   int r4, const std::string& r5, int r6) override {
-    return hear("askQuestion", {text, style, true, 0}, owner, {r1, r2, r3, r4, r5, r6});
+    return hear("askQuestion", {text, style, true, 0, nameOf(owner)}, {r1, r2, r3, r4, r5, r6});
   }
 
  private:
@@ -115,11 +141,16 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
     std::string formName;
     Script script;
   };
+  struct ExpectedReport {
+    std::string name;
+    ReportScript script;
+  };
   struct ExpectedMessage {
     std::string text;
     int style;
     bool isQuestion;
     int answer;
+    std::string owner;
   };
   /// The arguments of a message that no host reads.
   using Reserved = std::tuple<int, int, int, int, std::string, int>;
@@ -127,15 +158,18 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
     int pump;
     std::function<void()> act;
   };
-  void pass(const char* call) {
-    if (calls_) calls_->pass(call);
+  void pass(const char* call, const std::string& detail = {}) {
+    if (calls_) calls_->pass(call, [&] { return detail; });
   }
-  int hear(const char* call, const ExpectedMessage& heard, HostObject* owner,
-           const Reserved& reserved);
+  /// Of a window that is loaded or a report on show; empty for the active window.
+  std::string nameOf(const HostObject* owner);
+  int hear(const char* call, const ExpectedMessage& heard, const Reserved& reserved);
 
   HostCalls* calls_ = nullptr;
   HostObject* activeWindow_ = nullptr;
   std::deque<ExpectedWindow> windows_;
+  std::deque<ExpectedReport> reports_;
+  std::vector<const Report*> reportsOnShow_;
   std::deque<ExpectedMessage> said_;
   std::deque<std::string> menuChoices_;
   std::vector<PumpAct> pumpActs_;

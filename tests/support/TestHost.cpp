@@ -4,9 +4,9 @@
 #include <sqlite3.h>
 
 #include <cstring>
-#include <filesystem>
 #include <map>
 
+#include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
@@ -59,17 +59,21 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(FillRows fill) {
 
 TestHost::TestHost(FillRows fill)
     : plainLocale(testLocale()),
-      workingFolder((std::filesystem::temp_directory_path() / "autonotify-tests").string()),
       plainDatabase(databaseWith(fill)),
       plainClients(*plainDatabase),
       database(*plainDatabase, calls),
       clients(plainClients, calls),
       locale(plainLocale, calls) {
+  count<CountedFileUtility, host::HostFileUtility>(registry, calls);
   count<CountedGeneralUtilities, host::HostGeneralUtilities>(registry, calls);
   count<CountedValidation, host::HostValidationUtilities>(registry, calls);
   count<CountedRichTextUtility, host::HostRichTextUtility>(registry, calls);
   registry.registerClass(EmailSender::className,
                          [this] { return std::make_unique<NotedEmail>(mailProgram, calls); });
+  registry.registerClass(ClientDocumentFolder::className,
+                         [this] { return std::make_unique<TestDocumentFolder>(documents, calls); });
+  registry.registerClass(FileSystemObject::className,
+                         [this] { return std::make_unique<TestTextFiles>(calls); });
 }
 
 AttachedHost::AttachedHost(FillRows fill) : TestHost(fill) {

@@ -11,6 +11,7 @@
 #include "host/services/HostWorkingFolder.h"
 #include "support/HeadlessPerson.h"
 #include "support/NotedEmail.h"
+#include "support/document_files.h"
 #include "support/fixed_clock.h"
 #include "support/host_calls.h"
 #include "support/host_wrappers.h"
@@ -56,7 +57,8 @@ class TestHost {
   TestLocale plainLocale;
   HeadlessPerson screen{calls, plainLocale.getActiveWindow()};
   NotedEmail::Notes mailProgram;
-  host::HostWorkingFolder workingFolder;
+  DocumentFiles documents;
+  host::HostWorkingFolder plainWorkingFolder{documents.folder / "work"};
   host::ClassRegistry registry;
   std::unique_ptr<host::SqliteDatabase> plainDatabase;
   host::ClientDirectory plainClients;
@@ -64,6 +66,7 @@ class TestHost {
   CountedDatabase database;
   CountedClients clients;
   CountedLocale locale;
+  CountedWorkingFolder workingFolder{plainWorkingFolder, calls};
 
   PlatformServices platform() { return {&registry, &clock, &screen}; }
 };

@@ -182,6 +182,26 @@ class CountedRichTextUtility : public Counted<RichTextUtility> {
   void release() override { inner().release(); }
 };
 
+class CountedFileUtility : public Counted<FileUtility> {
+  using Base = FileUtility;
+  using Text = const std::string&;
+
+ public:
+  using Counted::Counted;
+  COUNTED(bool, fileExists, (Text path), path)
+  COUNTED(void, deleteFile, (Text path), path)
+  COUNTED(std::string, addTrailingBackslash, (Text folder), folder)
+  COUNTED(std::string, getUniqueFileName, (Text path), path)
+};
+
+class CountedWorkingFolder : public Counted<WorkingFolderReference> {
+  using Base = WorkingFolderReference;
+
+ public:
+  using Counted::Counted;
+  COUNTED(std::string, getWorkingFolder, ())
+};
+
 class CountedValidation : public Counted<ValidationUtilities> {
   using Base = ValidationUtilities;
 
