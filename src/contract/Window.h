@@ -39,7 +39,7 @@ class Window : public Form {
 
  protected:
   /// The tag of one of its procedures.
-  std::string tag(const std::string& procedureName) const {
+  virtual std::string tag(const std::string& procedureName) const {
     return windowTag(name(), procedureName);
   }
   /// Ties a reaction of the derived window to an event of one of its controls:

@@ -29,8 +29,26 @@ NewRow::NewRow(Step& step, const std::string& table) : step_(step) {
 }
 
 void NewRow::save(Id& key, const char* keyColumn) {
+  readKey(key, keyColumn);
+  store();
+  close();
+}
+
+void NewRow::saveAndReadBack(Id& key, const char* keyColumn) {
+  store();
+  readKey(key, keyColumn);
+  close();
+}
+
+void NewRow::readKey(Id& key, const char* keyColumn) {
   step_.assign(key, [&] { return toInteger(database().getFieldValue(handle_, keyColumn)); });
+}
+
+void NewRow::store() {
   step_.run([&] { database().saveNewRecord(handle_); });
+}
+
+void NewRow::close() {
   step_.run([&] { database().closeRecordset(handle_); });
 }
 

@@ -158,8 +158,14 @@ class NewRow {
   /// Saves the row and closes the handle. The generated key goes to `key` before, so that it is
   /// held when the person leaves.
   void save(Id& key, const char* keyColumn);
+  /// The same, with the key read from the row once it is saved.
+  void saveAndReadBack(Id& key, const char* keyColumn);
 
  private:
+  void readKey(Id& key, const char* keyColumn);
+  void store();
+  void close();
+
   Step& step_;
   RecordsetHandle handle_ = noRecordset;
 };

@@ -37,11 +37,6 @@ const char* wordFor(notificationTypes type, ItemKind kind) {
   return named == std::end(itemWords) ? nullptr : named->word;
 }
 
-bool sendsAtOnce(ComposerMode mode) {
-  return mode == ComposerMode::notifyNow || mode == ComposerMode::sendAuto ||
-         mode == ComposerMode::blankSend;
-}
-
 std::string sentText(const Value& sentTime) {
   const DateTime time = toDateTime(sentTime);
   return "This notification has already been sent on " + longDateText(time) + " at " +
@@ -57,12 +52,16 @@ NotificationComposer::NotificationComposer(const ComposerChannel& channel)
   lblScheduled.setVisible(false);
   cmdRefreshComment.setVisible(false);
   using Self = NotificationComposer;
-  const char* formInTag = channel.formInRefreshTag ? channel.formInRefreshTag : channel.formName;
-  autonotify::react(cmdRefreshComment.onClick, windowTag(formInTag, "cmdRefreshComment_Click"),
-                    *this, &Self::refreshComment);
+  react(cmdRefreshComment.onClick, "cmdRefreshComment_Click", &Self::refreshComment);
   react(chkAddAddress.onClick, "chkAddAddress_Click", &Self::changeAddress);
   react(cmdCancel.onClick, "cmdCancel_Click", &Self::cancel);
   react(cmdFinish.onClick, "cmdFinish_Click", &Self::finish);
+}
+
+std::string NotificationComposer::tag(const std::string& procedureName) const {
+  const auto other = std::ranges::find(channel_.otherTags, procedureName, &OtherTag::procedure);
+  if (other == channel_.otherTags.end()) return Window::tag(procedureName);
+  return std::string(tagStart) + other->tag;
 }
 
 // Opening.
@@ -82,10 +81,15 @@ void NotificationComposer::open(const ComposerPurpose& purpose) {
   sendSuccessfulFlag_ = false;
   cancelFlag_ = false;
   purpose_ = purpose;
-  const bool isAtOnce = sendsAtOnce(purpose.mode);
+  const bool isAtOnce = sendsAtOnce();
   notificationDate.picNotificationDate.setVisible(!isAtOnce);
   if (isAtOnce && channel_.finishAtOnce) cmdFinish.setCaption(channel_.finishAtOnce);
   if (isAtOnce && channel_.cancelAtOnce) cmdCancel.setCaption(channel_.cancelAtOnce);
+}
+
+bool NotificationComposer::sendsAtOnce() const {
+  return mode() == ComposerMode::notifyNow || mode() == ComposerMode::sendAuto ||
+         mode() == ComposerMode::blankSend;
 }
 
 void NotificationComposer::fillAndShow(Step& step) {

@@ -97,9 +97,12 @@ class NotificationComposer : public Window {
   void fillAndShow(Step& step);
 
   ComposerMode mode() const { return purpose_.mode; }
+  /// True when the message is to go now, not on its date.
+  bool sendsAtOnce() const;
   Id companyID() const { return companyID_; }
   Id contactID() const { return contactID_; }
 
+  std::string tag(const std::string& procedureName) const override;
   bool queryUnload(CloseReason reason) override;
 
  private:

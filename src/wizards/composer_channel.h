@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,8 @@ struct ComposerPurpose {
   ItemKind kind = Appointments;
 };
 
-/// When an initializer that gets no row adds one by itself.
+/// When an initializer that gets no row adds one by itself: one of an email, whatever the channel,
+/// as hosts know it.
 enum class AddsRow {
   never,
   always,
@@ -38,6 +40,13 @@ enum class AddsRow {
 
 /// The texts of a composer's fields in the order of the columns "Field1" and on.
 using FieldTexts = std::vector<std::string>;
+
+/// A procedure of a window that hosts know under another tag than the window's name and its own.
+struct OtherTag {
+  const char* procedure;
+  /// Stands behind the start that all tags have.
+  const char* tag;
+};
 
 /// What one channel's composer differs in from the others.
 struct ComposerChannel {
@@ -63,8 +72,7 @@ struct ComposerChannel {
   /// ordinary ones.
   const char* finishAtOnce = nullptr;
   const char* cancelAtOnce = nullptr;
-  /// How the tag of cmdRefreshComment spells the window's name; null: as it is.
-  const char* formInRefreshTag = nullptr;
+  std::span<const OtherTag> otherTags = {};
 };
 
 }  // namespace autonotify

@@ -8,6 +8,9 @@
 namespace autonotify {
 namespace {
 
+constexpr OtherTag otherTags[] = {
+    {"cmdRefreshComment_Click", "frmSendNotificationWizardphone-cmdRefreshComment_Click"}};
+
 constexpr ComposerChannel phoneChannel{
     .channel = nt_Phone,
     .formName = "frmSendNotificationWizardPhone",
@@ -28,7 +31,7 @@ constexpr ComposerChannel phoneChannel{
         },
     .finishAtOnce = "Call completed",
     .cancelAtOnce = "No answer, call again later!",
-    .formInRefreshTag = "frmSendNotificationWizardphone",
+    .otherTags = otherTags,
 };
 
 }  // namespace

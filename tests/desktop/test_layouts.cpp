@@ -9,6 +9,8 @@
 #include "qt_text.h"
 #include "support/HostTest.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardFax.h"
+#include "wizards/frmSendNotificationWizardLetter.h"
 #include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
@@ -19,6 +21,8 @@ class Layouts : public HostTest {};
 /// One row for each window of the component.
 const std::function<std::unique_ptr<Form>()> windows[] = {
     [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
+    [] { return std::make_unique<frmSendNotificationWizardFax>(); },
+    [] { return std::make_unique<frmSendNotificationWizardLetter>(); },
     [] { return std::make_unique<frmSendNotificationWizardPhone>(); },
 };
 

@@ -5,12 +5,30 @@
 #include "settings/modUserSettings.h"
 #include "support/HostTest.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardFax.h"
+#include "wizards/frmSendNotificationWizardLetter.h"
+#include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
 
-/// Runs the initializer of the mode.
+/// Makes the composer of a channel.
+using Make = std::unique_ptr<NotificationComposer> (*)();
+template <class Composer>
+std::unique_ptr<NotificationComposer> make() {
+  return std::make_unique<Composer>();
+}
+constexpr Make email = make<frmSendNotificationWizardEmail>;
+constexpr Make fax = make<frmSendNotificationWizardFax>;
+constexpr Make letter = make<frmSendNotificationWizardLetter>;
+constexpr Make phone = make<frmSendNotificationWizardPhone>;
+
+/// Runs the initializer of the mode; a blank send is to the company.
 inline void openComposer(NotificationComposer& composer, ComposerPurpose purpose, Id row,
-                         Id entry = noId) {
+                         Id entry = noId, Id company = noId) {
+  if (purpose.mode == ComposerMode::blankSend) {
+    auto& blank = dynamic_cast<DocumentComposer&>(composer);
+    return blank.InitializeBlankSend(purpose.type, company, noId, purpose.kind);
+  }
   const auto initialize = [&] {
     switch (purpose.mode) {
       case ComposerMode::notifyNow:
@@ -61,9 +79,11 @@ class ComposerTest : public HostTest, public ComposerOffice {
   };
 
   /// Opens the row, lets the person act, unloads the window as every caller does.
+  Result compose(Make makeComposer, ComposerPurpose purpose, HeadlessPerson::Script script) {
+    return use(*makeComposer(), purpose, std::move(script));
+  }
   Result compose(ComposerPurpose purpose, HeadlessPerson::Script script) {
-    frmSendNotificationWizardEmail composer;
-    return use(composer, purpose, std::move(script));
+    return compose(email, purpose, std::move(script));
   }
   Result compose(ComposerMode mode, HeadlessPerson::Script script) {
     return compose(ComposerPurpose{mode}, std::move(script));
@@ -71,7 +91,7 @@ class ComposerTest : public HostTest, public ComposerOffice {
   Result use(NotificationComposer& composer, ComposerPurpose purpose,
              HeadlessPerson::Script script) {
     screen.expectWindow(composer.name(), std::move(script));
-    openComposer(composer, purpose, row, entry);
+    openComposer(composer, purpose, row, entry, company);
     const Result result{composer.cancelFlag(), composer.SendSuccessfulFlag()};
     composer.unload();
     return result;

@@ -1,94 +1,77 @@
 #include "ComposerTest.h"
-#include "wizards/frmSendNotificationWizardPhone.h"
+#include "support/fault_walk.h"
+#include "support/golden_file.h"
 
 namespace autonotify::test {
 namespace {
 
-/// A channel that differs from the email's in all that a channel may differ in. Its window wears
-/// the layout of the email's.
-constexpr ComposerChannel phoneLike{
-    .channel = nt_Phone,
-    .formName = "frmSendNotificationWizardEmail",
-    .caption = "Test",
-    .addressCaption = "Address",
-    .addsRow = AddsRow::never,
-    .confirmationStart = "Someone is to call about the ",
-    .confirmationEnd = " on ",
-    .asksClientList = false,
-    .addressHasDate = false,
-    .editForSchedule = [](Id, const FieldTexts&, const std::string&) {},
-    .editForItem = [](ItemKind, Id, const FieldTexts&, const std::string&) {},
-    .finishAtOnce = "Call completed",
-    .cancelAtOnce = "Call again",
-};
-
-class TestComposer : public NotificationComposer {
- public:
-  explicit TestComposer(const ComposerChannel& channel = phoneLike)
-      : NotificationComposer(channel) {
-    bindFields({&txtSubject, &cboTo});
-  }
-  void initializeBlankSend(Id row) {
-    procedure(tag("InitializeBlankSend"), [&](Step& step) {
-      open({ComposerMode::blankSend});
-      takeRow(row);
-      fillAndShow(step);
-    });
-  }
-
-  TextBox txtSubject{*this, "txtSubject"};
-  ComboBox cboTo{*this, "cboTo"};
-  ComboBox cboCc{*this, "cboCc"};
-
- protected:
-  void finish(Step& step) override {
-    saveForLater(step);
-    hideAndRepaint(step);
-  }
-  std::vector<Control*> furtherInputs() override { return {&cboCc}; }
-};
-
-class ChannelTest : public ComposerTest {
- protected:
-  Result useTest(ComposerPurpose purpose, HeadlessPerson::Script script) {
-    TestComposer composer;
-    return use(composer, purpose, std::move(script));
-  }
-};
+using testing::HasSubstr;
 
 void cancel(WindowInUse& window) {
   window.click("cmdCancel");
 }
 
+/// What is alike in all channels but for its names.
+struct Channel {
+  Make makeComposer;
+  notifyType value;
+  /// In the order of the columns "Field1" and on.
+  std::vector<const char*> fields;
+  /// A box that no column stands behind, and whether a sent row locks it.
+  const char* box = nullptr;
+  bool isBoxLocked = false;
+};
+const Channel channels[] = {
+    {email, nt_Email, {"cboTo", "cboCc", "cboBcc", "txtSubject"}},
+    {fax,
+     nt_Fax,
+     {"txtTo", "txtFrom", "cboFromFaxNumber", "cboToFaxNumber", "txtPages", "txtSubject"},
+     "chkUseLetterhead"},
+    {letter, nt_Letter, {}, "chkUseHeader", true},
+    {phone, nt_Phone, {"txtToCall", "cboPhoneNumber", "txtAvailableTimes"}}};
+
+class ChannelTest : public ComposerTest {
+ protected:
+  void addRowOf(notifyType channel) {
+    RowFields fields{{"ScheduleIDNum", entry},
+                     {"NotificationType", channel},
+                     {"NotificationDate", notifyDate},
+                     {"CompanyIDNum", company},
+                     {"Memo", memo}};
+    for (const char* column : {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"})
+      fields.emplace_back(column, column);
+    row = addRow("ClientNotification", fields);
+  }
+  std::string fieldsOfRow() {
+    return notification(row, "Field1, Field2, Field3, Field4, Field5, Field6");
+  }
+};
+
 TEST_F(ChannelTest, SaysWhetherARowIsAdded) {
   using enum ComposerMode;
-  ComposerChannel adding = phoneLike;
-  adding.addsRow = AddsRow::always;
   struct Case {
-    std::unique_ptr<NotificationComposer> composer;
+    Make makeComposer;
     ComposerMode mode;
     bool hasEntry;
     int added;
     int dialogs = 0;  ///< an entry that does not exist has no statement
   };
-  const auto email = [] { return std::make_unique<frmSendNotificationWizardEmail>(); };
-  const Case cases[] = {{std::make_unique<TestComposer>(), editAuto, true, 0},
-                        {std::make_unique<TestComposer>(adding), newAuto, true, 1},
-                        {std::make_unique<TestComposer>(adding), newAuto, false, 0, 1},
-                        {email(), editAuto, true, 1},
-                        {email(), sendAuto, false, 0, 1},
-                        {email(), newAuto, true, 1},
-                        {email(), newAuto, false, 0}};
+  const Case cases[] = {
+      {phone, editAuto, true, 0},     {fax, newAuto, true, 1},      {fax, newAuto, false, 0, 1},
+      {letter, newAuto, false, 0, 1}, {letter, notifyNow, true, 1}, {email, editAuto, true, 1},
+      {email, sendAuto, false, 0, 1}, {email, newAuto, true, 1},    {email, newAuto, false, 0}};
   for (const Case& each : cases) {
     const int before = notificationCount();
     const int dialogsBefore = errors.dialogs();
     errors.answerRest(error_choice::leave, each.dialogs);
-    screen.expectWindow(each.composer->name(), [](WindowInUse& window) { window.form().hide(); });
-    openComposer(*each.composer, {each.mode}, noId, each.hasEntry ? entry : noId);
+    const auto composer = each.makeComposer();
+    screen.expectWindow(composer->name(), [](WindowInUse& window) { window.form().hide(); });
+    openComposer(*composer, {each.mode}, noId, each.hasEntry ? entry : noId);
     EXPECT_EQ(notificationCount() - before, each.added);
-    EXPECT_EQ(each.composer->notifyID() > row, each.added > 0);
+    EXPECT_EQ(composer->notifyID() > row, each.added > 0);
+    EXPECT_EQ(notification(composer->notifyID(), "NotificationType"), each.added ? "1|\n" : "");
     EXPECT_EQ(errors.dialogs() - dialogsBefore, each.dialogs);
-    each.composer->unload();
+    composer->unload();
   }
 }
 
@@ -105,17 +88,19 @@ TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
   const Id companyEntry = addSchedule(103, 1, notifyDate, {{"ClientNum", cedarClient}});
   const Id contactEntry = addSchedule(103, 1, notifyDate, {{"ContactIDNum", contact}});
   struct Case {
-    bool isEmail;  ///< asks the client list, and dates the address
+    Make makeComposer;  ///< all but the telephone's ask the client list
+    bool isDated;
     Id company, contact, entry;
     const char* name;
     int whenUnticked = 0;
   };
-  const Case cases[] = {{true, company, noId, entry, "Birch Ltd."},
-                        {true, unlisted, contact, entry, "Cara Holm", 2},
-                        {true, noId, noId, companyEntry, "Cedar Inc."},
-                        {true, noId, noId, contactEntry, "Cara Holm", 2},
-                        {false, unlisted, contact, entry, "Elm"},
-                        {false, 0, contact, entry, "Cara Holm"}};
+  const Case cases[] = {{email, true, company, noId, entry, "Birch Ltd."},
+                        {letter, false, unlisted, contact, entry, "Cara Holm", 2},
+                        {email, true, noId, noId, companyEntry, "Cedar Inc."},
+                        {fax, false, company, noId, entry, "Birch Ltd."},
+                        {fax, false, noId, noId, contactEntry, "Cara Holm", 2},
+                        {phone, true, unlisted, contact, entry, "Elm"},
+                        {phone, true, 0, contact, entry, "Cara Holm"}};
   for (const Case& each : cases) {
     row = addRow("ClientNotification", {{"ScheduleIDNum", each.entry},
                                         {"NotificationType", 1},
@@ -123,124 +108,201 @@ TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
                                         {"CompanyIDNum", each.company},
                                         {"ContactIDNum", each.contact},
                                         {"Memo", memo}});
-    const auto script = [&](WindowInUse& window) {
+    compose(each.makeComposer, {ComposerMode::editAuto}, [&](WindowInUse& window) {
       for (const int times : {1, each.whenUnticked}) {
         window.click("chkAddAddress");
         EXPECT_EQ(window.focus(), "rtbText");
         const std::string text = window.read("rtbText");
         EXPECT_EQ(countIn(text, each.name), times) << text;
-        EXPECT_EQ(countIn(text, "April 23, 2026"), each.isEmail ? times : 0) << text;
+        EXPECT_EQ(countIn(text, "April 23, 2026"), each.isDated ? times : 0) << text;
         EXPECT_EQ(countIn(text, "Your return is due."), 1) << text;
       }
       cancel(window);
-    };
-    each.isEmail ? compose(ComposerMode::editAuto, script)
-                 : useTest({ComposerMode::editAuto}, script);
+    });
   }
 }
 
-TEST_F(ChannelTest, LocksItsFurtherInputsWithTheFields) {
-  execute("UPDATE ClientNotification SET NotificationSent = 1");
-  useTest({ComposerMode::editAuto}, [](WindowInUse& window) {
-    for (const char* name : {"txtSubject", "cboTo", "cboCc", "rtbText"})
-      EXPECT_FALSE(window.canUse(name)) << name;
-    cancel(window);
-  });
+TEST_F(ChannelTest, FieldsHoldTheirColumnsUnderWhateverKind) {
+  for (const Channel& channel : channels) {
+    for (const auto type : {remittanceNotification, appointmentNotification}) {
+      addRowOf(channel.value);
+      std::string expected;
+      const auto edit = [&](WindowInUse& window) {
+        for (int i = 0; i < 6; ++i) {
+          const std::string column = "Field" + std::to_string(i + 1);
+          const bool isShown = i < static_cast<int>(channel.fields.size());
+          expected += (isShown ? "new " : "") + column + "|";
+          if (!isShown) continue;
+          EXPECT_EQ(window.read(channel.fields[i]), column);
+          window.type(channel.fields[i], "new " + column);
+        }
+        if (channel.box) window.click(channel.box);
+        window.click("cmdFinish");
+      };
+      compose(channel.makeComposer, {ComposerMode::editAuto, type, 46142}, edit);
+      EXPECT_EQ(fieldsOfRow(), expected + "\n");
+      screen.expectQuestion(
+          "Are you sure you want to refresh this comment?  This will replace the existing text.",
+          message_style::batchNotice, true);
+      compose(channel.makeComposer, {ComposerMode::editAuto}, [](WindowInUse& window) {
+        window.click("cmdRefreshComment");
+        cancel(window);
+      });
+      EXPECT_THAT(column("Memo"), HasSubstr("Please file your return."));
+      EXPECT_EQ(fieldsOfRow(), expected + "\n");
+    }
+    execute("UPDATE ClientNotification SET NotificationSent = 1");
+    compose(channel.makeComposer, {ComposerMode::editAuto}, [&](WindowInUse& window) {
+      std::vector<const char*> locked{"rtbText", "chkAddAddress", "cmdFinish"};
+      locked.insert(locked.end(), channel.fields.begin(), channel.fields.end());
+      for (const char* name : locked) EXPECT_FALSE(window.canUse(name)) << name;
+      EXPECT_TRUE(!channel.box || window.canUse(channel.box) != channel.isBoxLocked);
+      cancel(window);
+    });
+  }
 }
 
-TEST_F(ChannelTest, BlankSendLeavesNoRow) {
-  TestComposer composer;
-  screen.expectWindow("frmSendNotificationWizardEmail", [](WindowInUse& window) {
-    EXPECT_FALSE(window.sees("txtNotificationField"));
-    EXPECT_EQ(window.read("cmdFinish"), "Call completed");
-    cancel(window);
-  });
-  composer.initializeBlankSend(row);
-  EXPECT_TRUE(rowExists());
-  composer.unload();
-  EXPECT_FALSE(rowExists());
+TEST_F(ChannelTest, ListsOfferTheNumbersOfTheClientAndTheFirm) {
+  execute("UPDATE Companies SET OfficeNumber = '555-0112', FaxNumber = '555-0113'");
+  const Id contact = addRow("Contacts", {{"BusinessPhone_Fax", "555-0114"}});
+  addRow("AccountantFirmInfo", {{"FaxNumber", "555-0115"}});
+  addRowOf(nt_Fax);
+  const auto offers = [&](Make channel, const char* list, const char* number) {
+    compose(channel, {ComposerMode::editAuto}, [&](WindowInUse& window) {
+      EXPECT_THAT(window.entries(list), testing::ElementsAre(HasSubstr(number)));
+      cancel(window);
+    });
+  };
+  offers(phone, "cboPhoneNumber", "0112");
+  offers(fax, "cboToFaxNumber", "0113");
+  offers(fax, "cboFromFaxNumber", "0115");
+  execute("UPDATE ClientNotification SET CompanyIDNum = 0, ContactIDNum = " +
+          std::to_string(contact));
+  offers(fax, "cboToFaxNumber", "0114");
 }
 
-class PhoneComposer : public ComposerTest {
- protected:
-  Result call(ComposerPurpose purpose, HeadlessPerson::Script script) {
-    frmSendNotificationWizardPhone composer;
-    return use(composer, purpose, std::move(script));
-  }
-  void addCall() {
-    row = addRow("ClientNotification", {{"ScheduleIDNum", entry},
-                                        {"NotificationType", 8},
-                                        {"NotificationDate", notifyDate},
-                                        {"CompanyIDNum", company},
-                                        {"Field1", "Ann"}});
-  }
-};
-
-TEST_F(PhoneComposer, TheButtonsAreTheOutcomesOfTheCall) {
+TEST_F(ChannelTest, FinishAndCancelEndAsTheModeAndTheChannelSay) {
   using enum ComposerMode;
-  struct Case {
+  struct Sending {
+    Make makeComposer;
+    notifyType channel;
+    const char *document, *finish, *cancel;  ///< null: no document; the captions of a send at once
+  };
+  const Sending sendings[] = {
+      {fax, nt_Fax, "drFax", "Finish", "Cancel"},
+      {letter, nt_Letter, "drLetter", "Finish", "Cancel"},
+      {phone, nt_Phone, nullptr, "Call completed", "No answer, call again later!"}};
+  struct End {
     ComposerMode mode;
-    const char *button, *caption;
-    Result result;
-    const char* after;  ///< person, number, times, and whether it was sent; "" when the row is gone
-    const char* bits;
+    bool isAtOnce, finishes, keepsRow;
   };
-  const char* const edited = "Bea|555-0122|mornings|0|\n";
-  const char* const asBefore = "Ann|NULL|NULL|0|\n";
-  const Case cases[] = {
-      {notifyNow, "cmdFinish", "Call completed", {false, false}, "", "0"},
-      {notifyNow, "cmdCancel", "No answer, call again later!", {true, false}, "", "0"},
-      {sendAuto, "cmdFinish", "Call completed", {false, true}, edited, "0"},
-      {sendAuto, "cmdCancel", "No answer, call again later!", {true, false}, asBefore, "0"},
-      {editAuto, "cmdFinish", "Finish", {false, false}, edited, "0"},
-      {editAuto, "cmdCancel", "Cancel", {true, false}, asBefore, "0"},
-      {newAuto, "cmdCancel", "Cancel", {true, false}, "", "0"},
-      {newAuto, "cmdFinish", "Finish", {false, false}, edited, "8"},
-  };
-  confirmArming();
-  screen.expectMessage(
-      "You will be reminded to call this client about their upcoming task on Thursday, April 23, "
-      "2026",
-      message_style::armedConfirmed);
-  for (const Case& each : cases) {
-    SCOPED_TRACE(std::string(each.button) + std::to_string(static_cast<int>(each.mode)));
-    addCall();
-    EXPECT_EQ(call({each.mode},
-                   [&](WindowInUse& window) {
-                     EXPECT_EQ(window.read(each.button), each.caption);
-                     EXPECT_EQ(window.sees("txtNotificationField"),
-                               each.mode == editAuto || each.mode == newAuto);
-                     window.type("txtToCall", "Bea");
-                     window.type("cboPhoneNumber", "555-0122");
-                     window.type("txtAvailableTimes", "mornings");
-                     window.click(each.button);
-                   }),
-              each.result);
-    EXPECT_EQ(notification(row, "Field1, Field2, Field3, NotificationSent"), each.after);
-    EXPECT_EQ(channelBits(), each.bits);
+  const End ends[] = {{notifyNow, true, true, false}, {notifyNow, true, false, false},
+                      {editAuto, false, true, true},  {editAuto, false, false, true},
+                      {newAuto, false, true, true},   {newAuto, false, false, false},
+                      {sendAuto, true, true, true},   {sendAuto, true, false, true},
+                      {blankSend, true, true, false}, {blankSend, true, false, false}};
+  for (const auto& [makeComposer, channel, document, finish, cancel] : sendings) {
+    for (const auto& [mode, isAtOnce, finishes, keepsRow] : ends) {
+      if (mode == blankSend && !document) continue;
+      SCOPED_TRACE(testing::Message() << channel << " " << static_cast<int>(mode) << finishes);
+      const auto composer = makeComposer();
+      addRowOf(channel);
+      execute("UPDATE Schedule SET notifyType = 0");
+      const std::size_t before = errors.tags().size();
+      const bool isShown = document && isAtOnce && finishes;
+      if (isShown) {
+        screen.expectReport(document, [&](ReportInUse& shown) {
+          EXPECT_FALSE(composer->isVisible());
+          EXPECT_THAT(notification(composer->notifyID(), "Memo"), HasSubstr("Soon"));
+          shown.close();
+          composer->unload();
+        });
+      }
+      const Result result = use(*composer, {mode}, [&](WindowInUse& window) {
+        EXPECT_EQ(window.sees("txtNotificationField"), !isAtOnce);
+        EXPECT_EQ(window.read("cmdFinish"), isAtOnce ? finish : "Finish");
+        EXPECT_EQ(window.read("cmdCancel"), isAtOnce ? cancel : "Cancel");
+        window.type("rtbText", "Soon");
+        window.click(finishes ? "cmdFinish" : "cmdCancel");
+      });
+      EXPECT_EQ(result, (Result{!finishes, isShown || (finishes && mode == sendAuto)}));
+      const std::string kept = notification(composer->notifyID(), "Memo, NotificationSent");
+      EXPECT_EQ(kept.ends_with("|0|\n"), keepsRow) << kept;
+      EXPECT_EQ(kept.find("Soon") != std::string::npos, keepsRow && finishes) << kept;
+      EXPECT_EQ(channelBits(), std::to_string(mode == newAuto && finishes ? channel : 0));
+      const std::vector<std::string> tags(errors.tags().begin() + before, errors.tags().end());
+      EXPECT_EQ(std::ranges::count(tags, "Morvane.exe-modNotifyClients-changeNotificationToSent"),
+                mode == notifyNow && isShown);
+    }
   }
 }
 
-TEST_F(PhoneComposer, ShowsTheNumbersOfTheClientAndStoresUnderTheKindAsGiven) {
-  execute("UPDATE Companies SET OfficeNumber = '555-0112'");
-  addCall();
-  call({ComposerMode::editAuto, appointmentNotification, 46142}, [&](WindowInUse& window) {
-    EXPECT_EQ(window.focus(), "txtToCall");
-    EXPECT_THAT(window.entries("cboPhoneNumber"), testing::Contains(testing::HasSubstr("0112")));
-    EXPECT_EQ(window.read("cboPhoneNumber"), "");
-    window.type("txtAvailableTimes", "late");
-    window.click("cmdFinish");
-  });
-  EXPECT_EQ(column("Field3"), "late");
-  screen.expectQuestion(
-      "Are you sure you want to refresh this comment?  This will replace the existing text.",
-      message_style::batchNotice, true);
-  call({ComposerMode::sendAuto}, [](WindowInUse& window) {
-    window.click("cmdRefreshComment");
-    window.click("cmdCancel");
-  });
-  EXPECT_THAT(column("Memo"), testing::HasSubstr("Please file your return."));
-  EXPECT_EQ(column("Field3"), "late");
+TEST_F(ChannelTest, BlankFaxIsAddressedToThePersonWhoReceives) {
+  addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}, {"FaxNumber", "555-0115"}});
+  const auto addContact = [&](const char* name, const char* number) {
+    return addRow("Contacts", {{"DisplayName", name}, {"BusinessPhone_Fax", number}});
+  };
+  const auto addCompany = [&](const char* name, const char* number, Id contact) {
+    const Id id = addRow("Companies", {{"CompanyName", name}, {"FaxNumber", number}});
+    addRow("ClientData", {{"CompanyIDNum", id}});
+    addRow("ContactLinks", {{"CompanyNum", id}, {"ContactIDNum", addContact("Al", "555-0100")}});
+    if (contact != noId) linkDefaultContact(contact, id);
+    return id;
+  };
+  const Id cara = addContact("Cara", "555-0121"), dan = addContact("Dan", ""),
+           nameless = addContact("", "");
+  const Id unlisted = addRow("Companies", {{"CompanyName", "Elm"}});
+  const std::tuple<Id, Id, const char*> cases[] = {
+      {addCompany("Oak", "555-0131", cara), noId, "Oak c/o Cara|Fisher & Lind|555-0115|555-0121|"},
+      {addCompany("Ash", "555-0131", dan), cara, "Ash c/o Dan|Fisher & Lind|555-0115|555-0131|"},
+      {addCompany("Yew", "", nameless), noId, "Yew|Fisher & Lind|555-0115|NULL|"},
+      {addCompany("", "", cara), noId, "Cara|Fisher & Lind|555-0115|555-0121|"},
+      {addCompany("Fir", "555-0131", noId), noId, "Fir|Fisher & Lind|555-0115|NULL|"},
+      {unlisted, cara, "Cara|Fisher & Lind|555-0115|555-0121|"},
+      {noId, dan, "Dan|Fisher & Lind|555-0115|NULL|"},
+      {noId, noId, "|Fisher & Lind|555-0115|NULL|"}};
+  for (const auto& [companyID, contactID, texts] : cases) {
+    const std::string ids = std::to_string(companyID) + "|" + std::to_string(contactID) + "|";
+    frmSendNotificationWizardFax composer;
+    screen.expectWindow(composer.name(), [&, texts = texts](WindowInUse& window) {
+      EXPECT_EQ(notification(composer.notifyID(),
+                             "Field1, Field2, Field3, Field4, Field5, NotificationType, "
+                             "NotificationDate, CompanyIDNum, ContactIDNum"),
+                texts + ("1 (including cover page)|2|2026-04-15|" + ids + "\n"));
+      cancel(window);
+    });
+    calls.reset();
+    calls.record(true);
+    composer.InitializeBlankSend(remittanceNotification, companyID, contactID, noId);
+    EXPECT_LT(callNumber("saveNewRecord", 1), callNumber("getFieldValue ClientNotificationID", 1));
+    composer.unload();
+  }
+}
+
+void fillOffice(TableRows rows) {
+  ComposerOffice{rows};
+  rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}});
+  rows.linkDefaultContact(
+      rows.addRow("Contacts", {{"DisplayName", "Cara"}, {"BusinessPhone_Fax", "555-0121"}}), 1);
+}
+
+TEST_F(ChannelTest, BlankSendsDoWhatHostsKnow) {
+  const auto send = [](const char* name, Make makeComposer, Id companyID, Id contactID) {
+    return WalkedOperation{name, [=](TestHost& host) {
+                             const auto composer = makeComposer();
+                             if (!host.database.isClosed)
+                               host.screen.expectWindow(composer->name(), cancel);
+                             auto& blank = dynamic_cast<DocumentComposer&>(*composer);
+                             blank.InitializeBlankSend(remittanceNotification, companyID, contactID,
+                                                       Appointments);
+                             return std::string(composer->cancelFlag() ? "shown" : "");
+                           }};
+  };
+  const WalkedOperation sends[] = {send("fax to company", fax, 1, noId),
+                                   send("fax to contact", fax, noId, 1),
+                                   send("letter", letter, 1, 1)};
+  for (const WalkedOperation& each : sends) walkOperation(each, {fillOffice});
+  expectStatements(sends, fillOffice, AUTONOTIFY_TEST_FOLDER "blank_sends.txt");
 }
 
 }  // namespace

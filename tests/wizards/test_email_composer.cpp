@@ -172,26 +172,36 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
   const Id docket = addRow("Dockets", {{"Subject", "Review"}});
   execute("UPDATE ClientNotification SET ApptIDNum = " + std::to_string(appointment) +
           ", DocketIDNum = " + std::to_string(docket) + ", TaskIDNum = 1");
-  for (const bool wants : {false, true}) {
-    for (const auto& [type, kind, word] : cases) {
-      if (wants && word) {
-        screen.expectMessage("This client will be notified of their upcoming " + std::string(word) +
-                                 " by email on Friday, April 24, 2026",
-                             message_style::armedConfirmed);
+  const std::string told = "This client will be notified of their upcoming ";
+  const std::tuple<Make, std::string, const char*> channels[] = {
+      {email, told, " by email on "},
+      {fax, told, " by fax on "},
+      {letter, told, " by letter on "},
+      {phone, "You will be reminded to call this client about their upcoming ", " on "}};
+  int bits = 0;
+  for (const auto& [channel, before, after] : channels) {
+    for (const bool wants : {false, true}) {
+      execute("UPDATE UserGeneralSettings SET WarningMessagesExitAutomaticNotificationWarning=0");
+      if (wants) confirmArming();
+      for (const auto& [type, kind, word] : cases) {
+        if (wants && word) {
+          screen.expectMessage(before + word + after + "Friday, April 24, 2026",
+                               message_style::armedConfirmed);
+        }
+        // A diary item of an unknown kind has no table.
+        if (type == appointmentNotification && !word) errors.answer({2});
+        compose(channel, {ComposerMode::newAuto, type, kind}, [](WindowInUse& window) {
+          window.type("txtNotificationField", "Apr 24 2026");
+          finish(window);
+        });
+        EXPECT_EQ(column("NotificationDate"), "2026-04-24");
       }
-      // A diary item of an unknown kind has no table.
-      if (type == appointmentNotification && !word) errors.answer({2});
-      compose({ComposerMode::newAuto, type, kind}, [](WindowInUse& window) {
-        window.type("txtNotificationField", "Apr 24 2026");
-        finish(window);
-      });
-      EXPECT_EQ(column("NotificationDate"), "2026-04-24");
     }
-    confirmArming();
+    bits = bits * 2 + 1;
+    EXPECT_EQ(channelBits(), std::to_string(bits));
   }
-  EXPECT_EQ(channelBits(), "1");
   for (const char* table : {"Appointments", "Dockets"})
-    EXPECT_EQ(dump(std::string("SELECT notifyType, ClientNotifiedFlag FROM ") + table), "1|1|\n");
+    EXPECT_EQ(dump(std::string("SELECT notifyType, ClientNotifiedFlag FROM ") + table), "15|1|\n");
 }
 
 TEST_F(ComposerTest, DateThatIsMissingIsNotMadeUp) {
@@ -260,21 +270,25 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
 }
 
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
-  for (const ComposerMode mode : {ComposerMode::notifyNow, ComposerMode::newAuto}) {
-    walkFaults({.run =
-                    [&](TestHost& host) {
-                      frmSendNotificationWizardEmail composer;
-                      host.screen.answerAll(true);
-                      host.screen.expectWindow(composer.name(), [](WindowInUse& window) {
-                        if (window.canUse("cmdFinish")) window.click("cmdFinish");
-                        if (window.form().isVisible()) window.click("cmdCancel");
-                      });
-                      openComposer(composer, {mode}, row);
-                      composer.unload();
-                      EXPECT_TRUE(host.screen.FormHost::openForms().empty());
-                      return std::string(composer.SendSuccessfulFlag() ? "sent" : "not sent");
-                    },
-                .defaultResult = "not sent"},
+  using enum ComposerMode;
+  const std::tuple<Make, ComposerMode, const char*> cases[] = {{email, notifyNow, nullptr},
+                                                               {fax, newAuto, nullptr}};
+  for (const auto& each : cases) {
+    const auto run = [&](TestHost& host) {
+      const auto& [makeComposer, mode, document] = each;
+      const auto composer = makeComposer();
+      host.screen.answerAll(true);
+      host.screen.expectWindow(composer->name(), [](WindowInUse& window) {
+        if (window.canUse("cmdFinish")) window.click("cmdFinish");
+        if (window.form().isVisible()) window.click("cmdCancel");
+      });
+      if (document) host.screen.expectReport(document, [](ReportInUse& shown) { shown.close(); });
+      openComposer(*composer, {mode}, row);
+      composer->unload();
+      EXPECT_TRUE(host.screen.FormHost::openForms().empty());
+      return std::string(composer->SendSuccessfulFlag() ? "sent" : "not sent");
+    };
+    walkFaults({.run = run, .defaultResult = "not sent"},
                {[](TableRows rows) { ComposerOffice{rows}; }});
   }
 }
