@@ -12,6 +12,8 @@
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardFax.h"
+#include "wizards/frmSendNotificationWizardLetter.h"
 #include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify {
@@ -195,21 +197,38 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   FORWARD(std::string, generateClientAutoNotifyComment, (Id entry), entry)
 #undef FORWARD
 
-  // The operations that open a window: OPENS(window, name behind "cls_open", initializer).
+  // The operations that open a window, named after it and its initializer:
+  // OPENS(window, operation, (parameters), initializer, arguments). They take over its cancelFlag.
 
-#define OPENS(Window, operation, initialize)                                                     \
-  void cls_open##operation(Kind kind, notificationTypes type, Id row, Id entry) override {       \
-    openWindow<Window, "cls_open" #operation>(cancelFlag_, &Window::initialize, type, row, kind, \
-                                              entry);                                            \
+#define OPENS(Window, operation, parameters, initialize, ...)    \
+  void cls_open##operation parameters override {                 \
+    openWindow<Window, "cls_open" #operation>([&](auto& panel) { \
+      panel.initialize(__VA_ARGS__);                             \
+      cancelFlag_ = panel.cancelFlag();                          \
+    });                                                          \
   }
-  OPENS(frmSendNotificationWizardEmail, SendNotificationWizardEmailForm_InitializeNewAutoNotify,
-        InitializeNewAutoNotify)
-  OPENS(frmSendNotificationWizardEmail, SendNotificationWizardEmailForm_InitializeAutoNotifyNow,
-        InitializeNotifyNow)
-  OPENS(frmSendNotificationWizardPhone, SendNotificationWizardPhoneForm_InitializeNewAutoNotify,
-        InitializeNewAutoNotify)
-  OPENS(frmSendNotificationWizardPhone, SendNotificationWizardPhoneForm_InitializeAutoNotifyNow,
-        InitializeNotifyNow)
+#define COMPOSES(channel)                                                                          \
+  OPENS(frmSendNotificationWizard##channel,                                                        \
+        SendNotificationWizard##channel##Form_InitializeNewAutoNotify,                             \
+        (Kind kind, notificationTypes type, Id row, Id entry), InitializeNewAutoNotify, type, row, \
+        kind, entry)                                                                               \
+  OPENS(frmSendNotificationWizard##channel,                                                        \
+        SendNotificationWizard##channel##Form_InitializeAutoNotifyNow,                             \
+        (Kind kind, notificationTypes type, Id row, Id entry), InitializeNotifyNow, type, row,     \
+        kind, entry)
+#define COMPOSES_BLANK(channel)                                                                 \
+  OPENS(frmSendNotificationWizard##channel,                                                     \
+        SendNotificationWizard##channel##Form_InitializeBlankSend,                              \
+        (notificationTypes type, Id company, Id contact, Kind kind), InitializeBlankSend, type, \
+        company, contact, kind)
+  COMPOSES(Email)
+  COMPOSES(Fax)
+  COMPOSES(Letter)
+  COMPOSES(Phone)
+  COMPOSES_BLANK(Fax)
+  COMPOSES_BLANK(Letter)
+#undef COMPOSES_BLANK
+#undef COMPOSES
 #undef OPENS
 
  private:

@@ -14,6 +14,9 @@
 
 namespace autonotify {
 
+/// The kind of diary item where there is none.
+inline constexpr auto noDayTimerType = static_cast<CurrentDayTimerType>(noId);
+
 /// What a clsAutoNotifyCtrl may tell its host.
 class clsAutoNotifyCtrlEvents {
  public:
@@ -199,6 +202,8 @@ class clsAutoNotifyCtrl : public ComponentObject {
   // and leaves the window's outcome in cancelFlag.
 
   // The composers: what the notification is about, its row, and the schedule entry, -1 for none.
+  // Without a row (an id below 1) the email, fax and letter composers add one of an email to the
+  // entry; the email composer arms nothing new without an entry.
   /// Arms a new row for its date; a Cancel deletes the row.
   virtual void cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify(
       CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
@@ -207,6 +212,28 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual void cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow(
       CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
       Id scheduleID = noId) = 0;
+  /// As that of the email.
+  virtual void cls_openSendNotificationWizardFaxForm_InitializeNewAutoNotify(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
+  /// Shows the row's document, which is printed from there and filed; the row is deleted then.
+  virtual void cls_openSendNotificationWizardFaxForm_InitializeAutoNotifyNow(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
+  /// The same for a fax that no item stands behind, to a company or else a contact, -1 for none.
+  virtual void cls_openSendNotificationWizardFaxForm_InitializeBlankSend(
+      notificationTypes currentNotificationType, Id companyID = noId, Id contactID = noId,
+      CurrentDayTimerType dayTimerType = noDayTimerType) = 0;
+  // The letter's are as those of the fax.
+  virtual void cls_openSendNotificationWizardLetterForm_InitializeNewAutoNotify(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
+  virtual void cls_openSendNotificationWizardLetterForm_InitializeAutoNotifyNow(
+      CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
+      Id scheduleID = noId) = 0;
+  virtual void cls_openSendNotificationWizardLetterForm_InitializeBlankSend(
+      notificationTypes currentNotificationType, Id companyID = noId, Id contactID = noId,
+      CurrentDayTimerType dayTimerType = noDayTimerType) = 0;
   /// Reminds staff to call on its date; a Cancel deletes the row.
   virtual void cls_openSendNotificationWizardPhoneForm_InitializeNewAutoNotify(
       CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,

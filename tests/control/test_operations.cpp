@@ -10,6 +10,8 @@
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardFax.h"
+#include "wizards/frmSendNotificationWizardLetter.h"
 #include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
@@ -194,27 +196,36 @@ const Operation operations[] = {
          setContactAsDefault(company, contact) && (saveCompanyContactRTF(company), true)),
 };
 
-/// Opens the composer in either way and uses a button of it.
-template <class Composer, auto opened, auto initialize>
-Operation window(const char* name, const char* field, Id row, const char* button) {
-  const auto expect = [field, button](TestHost& host) {
+/// What a person does in a composer: writes into the field, presses the button, and closes the
+/// document that comes up then.
+struct ComposerUse {
+  const char *field, *button, *document;
+};
+
+/// Opens the composer in either way and uses it.
+template <class Composer>
+Operation window(const char* name, ComposerUse use, void (*open)(clsAutoNotifyCtrl&),
+                 void (*initialize)(Composer&)) {
+  const auto expect = [use](TestHost& host) {
     host.screen.answerAll(true);
-    host.screen.expectWindow(Composer().name(), [field, button](WindowInUse& window) {
-      window.type(field, "Hello");
-      window.click(button);
+    host.screen.expectWindow(Composer().name(), [use](WindowInUse& window) {
+      window.type(use.field, "Hello");
+      window.click(use.button);
     });
+    if (use.document)
+      host.screen.expectReport(use.document, [](ReportInUse& shown) { shown.close(); });
   };
   return {name, std::string("Morvane.exe-clsAutoNotifyCtrl-") + name,
           [=](ComponentHost& host) {
             expect(host);
-            host.control->put_cancelFlag(button == std::string("cmdFinish"));
-            (host.control.get()->*opened)(Dockets, appointmentNotification, row, oldEntry);
+            host.control->put_cancelFlag(use.button == std::string("cmdFinish"));
+            open(*host.control);
             return toText(host.control->get_cancelFlag());
           },
           [=](TestHost& host) {
             expect(host);
             Composer composer;
-            (composer.*initialize)(appointmentNotification, row, Dockets, oldEntry);
+            initialize(composer);
             composer.unload();
             return toText(composer.cancelFlag());
           }};
@@ -223,18 +234,37 @@ Operation window(const char* name, const char* field, Id row, const char* button
 // What is not walked through: the copy by id, which meets its unfinished statement, and windows.
 const Operation further[] = {
     CONTROL(copyOldNotificationInfoToNewNotification, emailRow, oldRow),
-#define WINDOW(channel, operation, initialize, ...)                                     \
-  window<frmSendNotificationWizard##channel,                                            \
-         &clsAutoNotifyCtrl::cls_openSendNotificationWizard##channel##Form_##operation, \
-         &NotificationComposer::initialize>(                                            \
-      "cls_openSendNotificationWizard" #channel "Form_" #operation, __VA_ARGS__)
-#define COMPOSER(channel, field, row)                                                              \
-  WINDOW(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, field, row, "cmdFinish"),      \
-      WINDOW(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, field, noId, "cmdCancel"), \
-      WINDOW(channel, InitializeAutoNotifyNow, InitializeNotifyNow, field, row, "cmdFinish"),      \
-      WINDOW(channel, InitializeAutoNotifyNow, InitializeNotifyNow, field, noId, "cmdCancel")
-    COMPOSER(Email, "txtSubject", emailRow),
-    COMPOSER(Phone, "txtToCall", meetingRow),
+#define WINDOW(channel, operation, field, button, document, arguments, initialize)             \
+  window<frmSendNotificationWizard##channel>(                                                  \
+      "cls_openSendNotificationWizard" #channel "Form_" #operation, {field, button, document}, \
+      [](clsAutoNotifyCtrl& control) {                                                         \
+        control.cls_openSendNotificationWizard##channel##Form_##operation arguments;           \
+      },                                                                                       \
+      [](frmSendNotificationWizard##channel& composer) { composer.initialize; })
+#define FOR_ITEM(channel, operation, initialize, row, ...)                                   \
+  WINDOW(channel, operation, __VA_ARGS__, (Dockets, appointmentNotification, row, oldEntry), \
+         initialize(appointmentNotification, row, Dockets, oldEntry))
+#define COMPOSER(channel, field, row, document)                                                 \
+  FOR_ITEM(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, row, field, "cmdFinish",  \
+           nullptr),                                                                            \
+      FOR_ITEM(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, noId, field,          \
+               "cmdCancel", nullptr),                                                           \
+      FOR_ITEM(channel, InitializeAutoNotifyNow, InitializeNotifyNow, row, field, "cmdFinish",  \
+               document),                                                                       \
+      FOR_ITEM(channel, InitializeAutoNotifyNow, InitializeNotifyNow, noId, field, "cmdCancel", \
+               nullptr)
+#define BLANK(channel, button, document, arguments, ...)                       \
+  WINDOW(channel, InitializeBlankSend, "rtbText", button, document, arguments, \
+         InitializeBlankSend(remittanceNotification, __VA_ARGS__))
+    COMPOSER(Email, "txtSubject", emailRow, nullptr),
+    COMPOSER(Fax, "txtPages", faxRow, "drFax"),
+    COMPOSER(Letter, "rtbText", meetingRow, "drLetter"),
+    COMPOSER(Phone, "txtToCall", meetingRow, nullptr),
+    BLANK(Fax, "cmdFinish", "drFax", (remittanceNotification, company, contact, Dockets), company,
+          contact, Dockets),
+    BLANK(Letter, "cmdFinish", "drLetter", (remittanceNotification, noId, contact), noId, contact,
+          noId),
+    BLANK(Fax, "cmdCancel", nullptr, (remittanceNotification), noId, noId, noId),
 };
 
 /// What a run does in the office: the first procedures that it enters, its host calls, its result

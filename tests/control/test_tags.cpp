@@ -4,7 +4,6 @@
 #include "platform/controls/DatePicker.h"
 #include "support/golden_file.h"
 #include "tests/wizards/ComposerTest.h"
-#include "wizards/frmSendNotificationWizardPhone.h"
 
 namespace autonotify::test {
 namespace {
@@ -38,14 +37,17 @@ void raiseAll(Control& control) {
 
 class TagTest : public ComposerTest {
  protected:
-  /// The tags of what windows do, which are put together when they are made.
-  template <class Composer>
-  void useAllOf() {
-    for (int mode = 1; mode <= 4; ++mode) {
+  /// The tags of what windows do, which are put together when they are made. `document` is what
+  /// they show where they send at once.
+  void useAllOf(Make makeComposer, const char* document = nullptr) {
+    using enum ComposerMode;
+    for (const ComposerMode mode : {notifyNow, editAuto, newAuto, sendAuto, blankSend}) {
+      if (mode == blankSend && !document) continue;
+      if (document && mode != editAuto && mode != newAuto)
+        screen.expectReport(document, [](ReportInUse& shown) { shown.close(); });
       row = addRow("ClientNotification",
                    {{"CompanyIDNum", company}, {"NotificationDate", notifyDate}});
-      Composer composer;
-      use(composer, {static_cast<ComposerMode>(mode)}, [](WindowInUse& window) {
+      compose(makeComposer, {mode}, [](WindowInUse& window) {
         for (Control* control : window.form().controls()) raiseAll(*control);
         if (window.form().isVisible()) window.form().hide();
       });
@@ -53,8 +55,10 @@ class TagTest : public ComposerTest {
   }
   void addTagsOfWindows(Tags& tags) {
     screen.answerAll(true);
-    useAllOf<frmSendNotificationWizardEmail>();
-    useAllOf<frmSendNotificationWizardPhone>();
+    useAllOf(email);
+    useAllOf(fax, "drFax");
+    useAllOf(letter, "drLetter");
+    useAllOf(phone);
     for (const std::string& tag : errors.tags())
       if (tag.starts_with(start + "frm")) tags.insert(tag);
   }
