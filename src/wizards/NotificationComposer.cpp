@@ -127,6 +127,8 @@ void NotificationComposer::fill(Step& step) {
 }
 
 void NotificationComposer::readRow(const Row& row) {
+  const auto readText = [&] { rtbText.setTextRTF(row.text("Memo")); };
+  if (channel_.readsTextFirst) readText();
   companyID_ = row.id("CompanyIDNum");
   contactID_ = row.id("ContactIDNum");
   populateLists();
@@ -135,7 +137,7 @@ void NotificationComposer::readRow(const Row& row) {
     const std::string text = row.text(column.c_str());
     std::visit([&](auto* field) { field->setText(text); }, fields_[i]);
   }
-  rtbText.setTextRTF(row.text("Memo"));
+  if (!channel_.readsTextFirst) readText();
   DateTime date;
   row.read(date, "NotificationDate", toDateTime);
   notificationDate.show(date);

@@ -72,6 +72,8 @@ struct ComposerChannel {
   /// ordinary ones.
   const char* finishAtOnce = nullptr;
   const char* cancelAtOnce = nullptr;
+  /// True: the text is read from the row before the client, not behind the fields.
+  bool readsTextFirst = false;
   std::span<const OtherTag> otherTags = {};
 };
 

@@ -35,6 +35,7 @@ constexpr DocumentChannel letterChannel{
                               const std::string& memo) { editLetterNotification(id, memo); },
         .editForItem = [](ItemKind kind, Id id, const FieldTexts&,
                           const std::string& memo) { editApptLetterNotification(kind, id, memo); },
+        .readsTextFirst = true,
         .otherTags = otherTags,
     },
     .showDocument = showDocument<drLetter>,

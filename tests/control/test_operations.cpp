@@ -199,7 +199,7 @@ const Operation operations[] = {
 /// What a person does in a composer: writes into the field, presses the button, and closes the
 /// document that comes up then.
 struct ComposerUse {
-  const char *field, *button, *document;
+  const char *field, *button, *document = nullptr;
 };
 
 /// Opens the composer in either way and uses it.
@@ -234,37 +234,32 @@ Operation window(const char* name, ComposerUse use, void (*open)(clsAutoNotifyCt
 // What is not walked through: the copy by id, which meets its unfinished statement, and windows.
 const Operation further[] = {
     CONTROL(copyOldNotificationInfoToNewNotification, emailRow, oldRow),
-#define WINDOW(channel, operation, field, button, document, arguments, initialize)             \
-  window<frmSendNotificationWizard##channel>(                                                  \
-      "cls_openSendNotificationWizard" #channel "Form_" #operation, {field, button, document}, \
-      [](clsAutoNotifyCtrl& control) {                                                         \
-        control.cls_openSendNotificationWizard##channel##Form_##operation arguments;           \
-      },                                                                                       \
+#define WINDOW(channel, operation, use, arguments, initialize)                       \
+  window<frmSendNotificationWizard##channel>(                                        \
+      "cls_openSendNotificationWizard" #channel "Form_" #operation, UNPACKED use,    \
+      [](clsAutoNotifyCtrl& control) {                                               \
+        control.cls_openSendNotificationWizard##channel##Form_##operation arguments; \
+      },                                                                             \
       [](frmSendNotificationWizard##channel& composer) { composer.initialize; })
-#define FOR_ITEM(channel, operation, initialize, row, ...)                                   \
-  WINDOW(channel, operation, __VA_ARGS__, (Dockets, appointmentNotification, row, oldEntry), \
-         initialize(appointmentNotification, row, Dockets, oldEntry))
-#define COMPOSER(channel, field, row, document)                                                 \
-  FOR_ITEM(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, row, field, "cmdFinish",  \
-           nullptr),                                                                            \
-      FOR_ITEM(channel, InitializeNewAutoNotify, InitializeNewAutoNotify, noId, field,          \
-               "cmdCancel", nullptr),                                                           \
-      FOR_ITEM(channel, InitializeAutoNotifyNow, InitializeNotifyNow, row, field, "cmdFinish",  \
-               document),                                                                       \
-      FOR_ITEM(channel, InitializeAutoNotifyNow, InitializeNotifyNow, noId, field, "cmdCancel", \
-               nullptr)
-#define BLANK(channel, button, document, arguments, ...)                       \
-  WINDOW(channel, InitializeBlankSend, "rtbText", button, document, arguments, \
-         InitializeBlankSend(remittanceNotification, __VA_ARGS__))
+#define UNPACKED(...) \
+  { __VA_ARGS__ }
+#define COMPOSER(channel, field, row, document)                                      \
+  WINDOW(channel, InitializeNewAutoNotify, (field, "cmdCancel"),                     \
+         (Dockets, appointmentNotification, noId, oldEntry),                         \
+         InitializeNewAutoNotify(appointmentNotification, noId, Dockets, oldEntry)), \
+      WINDOW(channel, InitializeAutoNotifyNow, (field, "cmdFinish", document),       \
+             (Dockets, appointmentNotification, row, oldEntry),                      \
+             InitializeNotifyNow(appointmentNotification, row, Dockets, oldEntry))
     COMPOSER(Email, "txtSubject", emailRow, nullptr),
     COMPOSER(Fax, "txtPages", faxRow, "drFax"),
     COMPOSER(Letter, "rtbText", meetingRow, "drLetter"),
     COMPOSER(Phone, "txtToCall", meetingRow, nullptr),
-    BLANK(Fax, "cmdFinish", "drFax", (remittanceNotification, company, contact, Dockets), company,
-          contact, Dockets),
-    BLANK(Letter, "cmdFinish", "drLetter", (remittanceNotification, noId, contact), noId, contact,
-          noId),
-    BLANK(Fax, "cmdCancel", nullptr, (remittanceNotification), noId, noId, noId),
+    WINDOW(Fax, InitializeBlankSend, ("txtPages", "cmdFinish", "drFax"),
+           (remittanceNotification, company, contact, Dockets),
+           InitializeBlankSend(remittanceNotification, company, contact, Dockets)),
+    WINDOW(Letter, InitializeBlankSend, ("rtbText", "cmdCancel"),
+           (remittanceNotification, noId, contact),
+           InitializeBlankSend(remittanceNotification, noId, contact, noId)),
 };
 
 /// What a run does in the office: the first procedures that it enters, its host calls, its result

@@ -97,8 +97,8 @@ TEST_F(ChannelTest, AddressGoesInAndByTheChannelOutAgain) {
   const Case cases[] = {{email, true, company, noId, entry, "Birch Ltd."},
                         {letter, false, unlisted, contact, entry, "Cara Holm", 2},
                         {email, true, noId, noId, companyEntry, "Cedar Inc."},
-                        {fax, false, company, noId, entry, "Birch Ltd."},
-                        {fax, false, noId, noId, contactEntry, "Cara Holm", 2},
+                        {fax, false, unlisted, contact, entry, "Cara Holm", 2},
+                        {email, true, noId, noId, contactEntry, "Cara Holm", 2},
                         {phone, true, unlisted, contact, entry, "Elm"},
                         {phone, true, 0, contact, entry, "Cara Holm"}};
   for (const Case& each : cases) {
@@ -167,52 +167,54 @@ TEST_F(ChannelTest, ListsOfferTheNumbersOfTheClientAndTheFirm) {
   const Id contact = addRow("Contacts", {{"BusinessPhone_Fax", "555-0114"}});
   addRow("AccountantFirmInfo", {{"FaxNumber", "555-0115"}});
   addRowOf(nt_Fax);
-  const auto offers = [&](Make channel, const char* list, const char* number) {
-    compose(channel, {ComposerMode::editAuto}, [&](WindowInUse& window) {
-      EXPECT_THAT(window.entries(list), testing::ElementsAre(HasSubstr(number)));
-      cancel(window);
-    });
-  };
-  offers(phone, "cboPhoneNumber", "0112");
-  offers(fax, "cboToFaxNumber", "0113");
-  offers(fax, "cboFromFaxNumber", "0115");
-  execute("UPDATE ClientNotification SET CompanyIDNum = 0, ContactIDNum = " +
-          std::to_string(contact));
-  offers(fax, "cboToFaxNumber", "0114");
+  for (const auto& [channel, list, number] : {std::tuple{phone, "cboPhoneNumber", "0112"},
+                                              {fax, "cboToFaxNumber", "0113"},
+                                              {fax, "cboFromFaxNumber", "0115"},
+                                              {fax, "cboToFaxNumber", "0114"}}) {
+    if (std::string(number) == "0114")
+      execute("UPDATE ClientNotification SET CompanyIDNum = 0, ContactIDNum = " +
+              std::to_string(contact));
+    compose(channel, {ComposerMode::editAuto},
+            [&, list = list, number = number](WindowInUse& window) {
+              EXPECT_THAT(window.entries(list), testing::ElementsAre(HasSubstr(number)));
+              cancel(window);
+            });
+  }
 }
 
-TEST_F(ChannelTest, FinishAndCancelEndAsTheModeAndTheChannelSay) {
+TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
   using enum ComposerMode;
+  enum Act { finish, cancel, close };
   struct Sending {
     Make makeComposer;
     notifyType channel;
-    const char *document, *finish, *cancel;  ///< null: no document; the captions of a send at once
+    const char* document;
+    bool sendsNow;                                                    ///< in notifyNow
+    const char *finishCaption = "Finish", *cancelCaption = "Cancel";  ///< of a send at once
   };
   const Sending sendings[] = {
-      {fax, nt_Fax, "drFax", "Finish", "Cancel"},
-      {letter, nt_Letter, "drLetter", "Finish", "Cancel"},
-      {phone, nt_Phone, nullptr, "Call completed", "No answer, call again later!"}};
-  struct End {
-    ComposerMode mode;
-    bool isAtOnce, finishes, keepsRow;
-  };
-  const End ends[] = {{notifyNow, true, true, false}, {notifyNow, true, false, false},
-                      {editAuto, false, true, true},  {editAuto, false, false, true},
-                      {newAuto, false, true, true},   {newAuto, false, false, false},
-                      {sendAuto, true, true, true},   {sendAuto, true, false, true},
-                      {blankSend, true, true, false}, {blankSend, true, false, false}};
-  for (const auto& [makeComposer, channel, document, finish, cancel] : sendings) {
-    for (const auto& [mode, isAtOnce, finishes, keepsRow] : ends) {
+      {email, nt_Email, nullptr, true},
+      {fax, nt_Fax, "drFax", true},
+      {letter, nt_Letter, "drLetter", true},
+      {phone, nt_Phone, nullptr, false, "Call completed", "No answer, call again later!"}};
+  for (const auto& [makeComposer, channel, document, sendsNow, captionOfFinish, captionOfCancel] :
+       sendings) {
+    for (int i = 0; i < 15; ++i) {
+      const auto mode = static_cast<ComposerMode>(i / 3 + 1);
+      const auto act = static_cast<Act>(i % 3);
       if (mode == blankSend && !document) continue;
-      SCOPED_TRACE(testing::Message() << channel << " " << static_cast<int>(mode) << finishes);
+      SCOPED_TRACE(testing::Message() << channel << ", mode " << i / 3 + 1 << ", act " << act);
       const auto composer = makeComposer();
       addRowOf(channel);
       execute("UPDATE Schedule SET notifyType = 0");
       const std::size_t before = errors.tags().size();
-      const bool isShown = document && isAtOnce && finishes;
-      if (isShown) {
+      mailProgram.calls.clear();
+      const bool isAtOnce = mode != editAuto && mode != newAuto;
+      const bool isSent = act == finish && isAtOnce && (sendsNow || mode == sendAuto);
+      if (isSent && document) {
         screen.expectReport(document, [&](ReportInUse& shown) {
           EXPECT_FALSE(composer->isVisible());
+          EXPECT_THAT(logged("isCompanyClient"), testing::ElementsAre(std::to_string(company)));
           EXPECT_THAT(notification(composer->notifyID(), "Memo"), HasSubstr("Soon"));
           shown.close();
           composer->unload();
@@ -220,21 +222,27 @@ TEST_F(ChannelTest, FinishAndCancelEndAsTheModeAndTheChannelSay) {
       }
       const Result result = use(*composer, {mode}, [&](WindowInUse& window) {
         EXPECT_EQ(window.sees("txtNotificationField"), !isAtOnce);
-        EXPECT_EQ(window.read("cmdFinish"), isAtOnce ? finish : "Finish");
-        EXPECT_EQ(window.read("cmdCancel"), isAtOnce ? cancel : "Cancel");
+        EXPECT_EQ(window.read("cmdFinish"), isAtOnce ? captionOfFinish : "Finish");
+        EXPECT_EQ(window.read("cmdCancel"), isAtOnce ? captionOfCancel : "Cancel");
         window.type("rtbText", "Soon");
-        window.click(finishes ? "cmdFinish" : "cmdCancel");
+        calls.reset();
+        calls.record(true);
+        act == close ? window.closeBox() : window.click(act == finish ? "cmdFinish" : "cmdCancel");
       });
-      EXPECT_EQ(result, (Result{!finishes, isShown || (finishes && mode == sendAuto)}));
+      EXPECT_EQ(result, (Result{act == cancel, isSent}));
+      const bool isGone =
+          mode == notifyNow || mode == blankSend || (mode == newAuto && act == cancel);
       const std::string kept = notification(composer->notifyID(), "Memo, NotificationSent");
-      EXPECT_EQ(kept.ends_with("|0|\n"), keepsRow) << kept;
-      EXPECT_EQ(kept.find("Soon") != std::string::npos, keepsRow && finishes) << kept;
-      EXPECT_EQ(channelBits(), std::to_string(mode == newAuto && finishes ? channel : 0));
+      EXPECT_EQ(kept.ends_with("|0|\n"), !isGone) << kept;
+      EXPECT_EQ(kept.find("Soon") != std::string::npos, !isGone && act == finish) << kept;
+      EXPECT_EQ(channelBits(), std::to_string(mode == newAuto && act == finish ? channel : 0));
       const std::vector<std::string> tags(errors.tags().begin() + before, errors.tags().end());
       EXPECT_EQ(std::ranges::count(tags, "Morvane.exe-modNotifyClients-changeNotificationToSent"),
-                mode == notifyNow && isShown);
+                mode == notifyNow && isSent);
+      EXPECT_EQ(std::ranges::count(mailProgram.calls, "send="), isSent && channel == nt_Email);
     }
   }
+  EXPECT_EQ(screen.pointer(), Pointer::standard);
 }
 
 TEST_F(ChannelTest, BlankFaxIsAddressedToThePersonWhoReceives) {
@@ -303,6 +311,19 @@ TEST_F(ChannelTest, BlankSendsDoWhatHostsKnow) {
                                    send("letter", letter, 1, 1)};
   for (const WalkedOperation& each : sends) walkOperation(each, {fillOffice});
   expectStatements(sends, fillOffice, AUTONOTIFY_TEST_FOLDER "blank_sends.txt");
+}
+
+TEST_F(ChannelTest, ABlankLetterThatDoesNotComeUpDeletesNoOtherRow) {
+  frmSendNotificationWizardLetter composer;
+  screen.expectWindow(composer.name(), cancel);
+  calls.record(true);
+  openComposer(composer, {ComposerMode::editAuto}, row);
+  EXPECT_LT(callNumber("getFieldValue Memo", 1), callNumber("getFieldValue CompanyIDNum", 1));
+  closeDatabase();
+  openComposer(composer, {ComposerMode::blankSend}, row);
+  database.isClosed = false;
+  composer.unload();
+  EXPECT_TRUE(rowExists());
 }
 
 }  // namespace
