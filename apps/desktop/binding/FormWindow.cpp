@@ -4,6 +4,8 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -33,6 +35,12 @@ class RunningTimer : public QTimer {
   Timer& model_;
 };
 
+/// What a desktop puts around a window that is not on the screen yet, at least.
+QSize frameSizeOf(const QWidget& window) {
+  const int border = window.style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+  return {2 * border, window.style()->pixelMetric(QStyle::PM_TitleBarHeight) + border};
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
@@ -40,7 +48,7 @@ FormWindow::FormWindow(Form& form, QWidget* parent) : QDialog(parent), form_(for
   setObjectName(shown(form.name()));
   auto* box = new QVBoxLayout(this);
   box->addWidget(layout);
-  resize(layout->size());
+  resize(layout->size().boundedTo(screen()->availableSize() - frameSizeOf(*this)));
   bindAll(*layout);
   orderFocus();
   startTimers();
