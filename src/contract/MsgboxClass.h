@@ -25,7 +25,8 @@ inline constexpr int no = 1;  ///< as is every other value
 }  // namespace message_answer
 
 /// The host's message boxes. The arguments behind `owner` are the same at every call: 0, 0, 101,
-/// 0, empty text, 0. `owner` comes from LocaleReference::getActiveWindow and may be null.
+/// 0, empty text, 0. `owner` is what LocaleReference::getActiveWindow gives, which may be null, or
+/// the component's window that asks.
 class MsgboxClass {
  public:
   virtual ~MsgboxClass() = default;

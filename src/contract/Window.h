@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
@@ -53,6 +54,14 @@ class Window : public Form {
   template <class Event, class Self, class... Parameters>
   void react(Event& event, const char* procedureName, void (Self::*reaction)(Parameters...)) {
     autonotify::react(event, tag(procedureName), static_cast<Self&>(*this), reaction);
+  }
+  /// The same for one control of several that share a reaction, which is given its position.
+  template <class Self>
+  void reactAt(std::size_t position, std::function<void()>& event, const std::string& procedureName,
+               void (Self::*reaction)(Step&, std::size_t)) {
+    event = [tag = tag(procedureName), self = static_cast<Self*>(this), reaction, position] {
+      procedure(tag, [&](Step& step) { (self->*reaction)(step, position); });
+    };
   }
 };
 

@@ -17,6 +17,11 @@ auto styling(std::string tag, Control& control,
   };
 }
 
+bool ask(HostObject* owner, const std::string& text, int style) {
+  return messageBox().askQuestion(text, style, owner, 0, 0, reservedNumber, 0, {}, 0) ==
+         message_answer::yes;
+}
+
 }  // namespace
 
 void showMessage(const std::string& text, int style) {
@@ -25,9 +30,11 @@ void showMessage(const std::string& text, int style) {
 }
 
 bool askQuestion(const std::string& text, int style) {
-  HostObject* owner = locale().getActiveWindow();
-  return messageBox().askQuestion(text, style, owner, 0, 0, reservedNumber, 0, {}, 0) ==
-         message_answer::yes;
+  return ask(locale().getActiveWindow(), text, style);
+}
+
+bool askQuestionAbove(Form& owner, const std::string& text, int style) {
+  return ask(&owner, text, style);
 }
 
 void showModal(Form& form) {

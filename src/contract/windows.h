@@ -17,6 +17,8 @@ namespace autonotify {
 void showMessage(const std::string& text, int style);
 /// True when the person said yes.
 bool askQuestion(const std::string& text, int style);
+/// The same above a window of the component's own.
+bool askQuestionAbove(Form& owner, const std::string& text, int style);
 
 /// Shows the window above the host's active window until it is hidden or unloaded.
 void showModal(Form& form);
@@ -36,13 +38,17 @@ void passKeys(Control& control, const std::string& form);
 
 /// Makes a window, lets `use(window)` run its initializer and read its results, and unloads it. A
 /// window that could not be made is not used.
-template <class Window, class Use>
-void withWindow(Step& step, Use&& use) {
-  std::unique_ptr<Window> window;
-  step.assign(window, [] { return std::make_unique<Window>(); });
+template <class Make, class Use>
+void withWindow(Step& step, Make&& make, Use&& use) {
+  decltype(make()) window;
+  step.assign(window, make);
   if (!window) return;
   use(*window);
   window->unload();
+}
+template <class Window, class Use>
+void withWindow(Step& step, Use&& use) {
+  withWindow(step, std::make_unique<Window>, use);
 }
 
 }  // namespace autonotify
