@@ -7,6 +7,7 @@
 #include "contract/tags.h"
 #include "platform/format.h"
 #include "store/column_lookup.h"
+#include "store/modNotificationLinks.h"
 
 namespace autonotify {
 namespace {
@@ -15,18 +16,20 @@ template <FixedText name>
 constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
 
 constexpr std::array<DiaryKind, 3> diaryKinds{{
-    {Appointments, "Appointments", "AppointmentID", "ApptIDNum", "You have an appointment on ",
+    {Appointments, "Appointments", "AppointmentID", validAppointmentID, "ApptIDNum",
+     "You have an appointment on ",
      "This is a reminder that you have an appointment scheduled with ", true,
      "We expect this appointment to last approximately ", " minutes.\r\n\r\n",
      "This appointment is regarding "},
-    {Dockets, "Dockets", "DocketID", "DocketIDNum", "You have a time entry due on ",
+    {Dockets, "Dockets", "DocketID", validDocketID, "DocketIDNum", "You have a time entry due on ",
      "This is a reminder that you have a time entry scheduled with ", true,
      "This time time entry has been allocated for ", " minutes.\r\n\r\n", "Time Entry: "},
-    {Tasks, "Tasks", "TaskID", "TaskIDNum", "", "This is a reminder that you have a task scheduled",
-     false, "We expect this task will take approximately ", " minutes to complete.\r\n\r\n",
+    {Tasks, "Tasks", "TaskID", validTaskID, "TaskIDNum", "",
+     "This is a reminder that you have a task scheduled", false,
+     "We expect this task will take approximately ", " minutes to complete.\r\n\r\n",
      "Task regarding "},
 }};
-constexpr DiaryKind noKind{{}, "", "", "", "", "", false, "", "", ""};
+constexpr DiaryKind noKind{{}, "", "", nullptr, "", "", "", false, "", "", ""};
 
 constexpr const char* dayPattern = "dddd, mmmm d yyyy";
 

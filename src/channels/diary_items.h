@@ -13,6 +13,8 @@ struct DiaryKind {
   CurrentDayTimerType value;
   const char* table;
   const char* key;
+  /// Whether the text of an id is a number that an item may have.
+  bool (*isValidId)(const std::string& id);
   /// The column of ClientNotification that names the item.
   const char* link;
   /// Begins the subject of a notification; the item's day follows.
@@ -27,7 +29,8 @@ struct DiaryKind {
   const char* about;
 };
 
-/// The row of the kind. For a kind that is none of the three all is empty, also the table's name.
+/// The row of the kind. For a kind that is none of the three all is empty, also the table's name,
+/// and no id is judged.
 const DiaryKind& diaryKind(std::int32_t kind);
 
 /// The statement for all columns of one item.

@@ -5,7 +5,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCalendarWidget>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
@@ -95,7 +94,7 @@ const Look looks[] = {
       return Sight{model.text() + "/" + std::to_string(model.listCount()),
                    plain(drawn.currentText()) + "/" + std::to_string(drawn.count())};
     }),
-    lookAt<CheckBox, QCheckBox>([](auto& model, auto& drawn) {
+    lookAt<CheckBox, QAbstractButton>([](auto& model, auto& drawn) {
       return Sight{tick(model.value()), tick(drawn.isChecked())};
     }),
     lookAt<OptionButton, QRadioButton>([](auto& model, auto& drawn) {

@@ -8,6 +8,8 @@
 #include "platform/controls/Timer.h"
 #include "qt_text.h"
 #include "support/HostTest.h"
+#include "wizards/frmSendNotificationWizard.h"
+#include "wizards/frmSendNotificationWizardApptNotifyNow.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardFax.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
@@ -20,6 +22,8 @@ class Layouts : public HostTest {};
 
 /// One row for each window of the component.
 const std::function<std::unique_ptr<Form>()> windows[] = {
+    [] { return std::make_unique<frmSendNotificationWizard>(); },
+    [] { return std::make_unique<frmSendNotificationWizardApptNotifyNow>(); },
     [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
     [] { return std::make_unique<frmSendNotificationWizardFax>(); },
     [] { return std::make_unique<frmSendNotificationWizardLetter>(); },

@@ -1,5 +1,4 @@
 #include <QAbstractButton>
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -126,7 +125,7 @@ std::unique_ptr<Binding> make(Form& form, Control& control, QWidget* widget) {
 /// One row for each kind of control that is drawn.
 constexpr Maker makers[] = {
     make<ButtonBinding<Button, QAbstractButton>, Button, QAbstractButton>,
-    make<ButtonBinding<CheckBox, QCheckBox>, CheckBox, QCheckBox>,
+    make<ButtonBinding<CheckBox, QAbstractButton>, CheckBox, QAbstractButton>,
     make<ButtonBinding<OptionButton, QRadioButton>, OptionButton, QRadioButton>,
     make<LabelBinding, Label, QLabel>,
     make<FrameBinding, Frame, QWidget>,
