@@ -11,6 +11,8 @@
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
+#include "wizards/frmSendNotificationWizard.h"
+#include "wizards/frmSendNotificationWizardApptNotifyNow.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardFax.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
@@ -229,7 +231,21 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   COMPOSES_BLANK(Letter)
 #undef COMPOSES_BLANK
 #undef COMPOSES
+  OPENS(frmSendNotificationWizard, SendNotificationWizardForm_InitializeAutoNotify,
+        (std::int16_t client, Id entry), InitializeAutoNotify,
+        static_cast<enumAutoNotifyClientType>(client), entry)
+  OPENS(frmSendNotificationWizard, SendNotificationWizardForm_InitializeAutoNotifyNow,
+        (std::int16_t client, Id entry), InitializeNotifyNow,
+        static_cast<enumAutoNotifyClientType>(client), entry)
 #undef OPENS
+
+  // The operation that leaves cancelFlag alone.
+  void cls_openSendNotificationWizardApptNotifyNowForm(Kind kind, Id item, notifyType channel,
+                                                       Id) override {
+    openWindow<frmSendNotificationWizardApptNotifyNow,
+               "cls_openSendNotificationWizardApptNotifyNowForm">(
+        [&](auto& panel) { panel.InitializeNotifyNow(kind, item, channel); });
+  }
 
  private:
   LibraryUse use_;

@@ -199,7 +199,7 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual std::string cls_generateClientAutoNotifyComment(Id scheduleID) = 0;
 
   // Windows. Each operation shows one through the host's FormHost, returns when the person is done,
-  // and leaves the window's outcome in cancelFlag.
+  // and leaves the window's outcome in cancelFlag, unless it says otherwise.
 
   // The composers: what the notification is about, its row, and the schedule entry, -1 for none.
   // Without a row (an id below 1) the email, fax and letter composers add one of an email to the
@@ -242,6 +242,20 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual void cls_openSendNotificationWizardPhoneForm_InitializeAutoNotifyNow(
       CurrentDayTimerType dayTimerType, notificationTypes currentNotificationType, Id NotifyID,
       Id scheduleID = noId) = 0;
+
+  // The wizard: which client (enumAutoNotifyClientType) hears of which schedule entry. For an entry
+  // that does not exist nothing is shown, and the pointer stays busy.
+  /// Turns channels on and off for the notification date; each tick takes effect at once.
+  virtual void cls_openSendNotificationWizardForm_InitializeAutoNotify(std::int16_t clientTypeVar,
+                                                                       Id scheduleID) = 0;
+  /// Leads to the composer of one channel, for a message at once.
+  virtual void cls_openSendNotificationWizardForm_InitializeAutoNotifyNow(
+      std::int16_t clientTypeVar, Id scheduleID) = 0;
+  /// Leads to the composer of email, fax or letter, for a message at once about a diary item. The
+  /// schedule id is not used. cancelFlag keeps its value.
+  virtual void cls_openSendNotificationWizardApptNotifyNowForm(
+      CurrentDayTimerType currentDayTimerTypeView, Id apptID,
+      notifyType notificationType = nt_Email, Id scheduleID = noId) = 0;
 };
 
 }  // namespace autonotify

@@ -9,6 +9,8 @@
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
+#include "wizards/frmSendNotificationWizard.h"
+#include "wizards/frmSendNotificationWizardApptNotifyNow.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardFax.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
@@ -60,6 +62,21 @@ void fillOffice(TableRows rows) {
   addRow("ScheduleIDNum", entry, nt_Fax, "True");
   addRow("ScheduleIDNum", oldEntry, nt_Email, "False");
   addRow("ApptIDNum", meeting, nt_Email, "False");
+}
+
+/// What a person does in the window of that name and in the composer that it leads to, if any.
+void expectWizard(TestHost& host, const char* window, const char* click, const char* composer) {
+  // What the composer leaves where it cannot delete its row is none too many.
+  host.plainDatabase->connection().exec("DELETE FROM ClientNotification WHERE Field1 LIKE '%App%'");
+  host.screen.answerAll(true);
+  const auto act = [](const char* control) {
+    return [control](WindowInUse& shown) {
+      shown.click(control);
+      if (shown.form().isVisible()) shown.click("cmdCancel");
+    };
+  };
+  host.screen.expectWindow(window, act(click));
+  if (composer) host.screen.expectWindow(composer, act("cmdCancel"));
 }
 
 template <class Call>
@@ -119,6 +136,23 @@ Operation operation(const char* name, std::string tag, Call call, Procedure proc
 #define OPERATION(name, tag, call, procedure) \
   operation(                                  \
       #name, tag, [](ComponentHost& host) { return call; }, [] { return procedure; })
+
+#define WIZARD(operation, window, click, composer, call, initialize)                              \
+  {                                                                                               \
+    "cls_open" #operation, "Morvane.exe-clsAutoNotifyCtrl-cls_open" #operation,                   \
+        [](ComponentHost& host) {                                                                 \
+          expectWizard(host, #window, click, composer);                                           \
+          host.control->cls_open##operation call;                                                 \
+          return toText(host.control->get_cancelFlag());                                          \
+        },                                                                                        \
+        [](TestHost& host) {                                                                      \
+          expectWizard(host, #window, click, composer);                                           \
+          window panel;                                                                           \
+          panel.initialize;                                                                       \
+          panel.unload();                                                                         \
+          return toText(std::is_same_v<window, frmSendNotificationWizard> && panel.cancelFlag()); \
+        }                                                                                         \
+  }
 
 constexpr const char* sentTag = "Morvane.exe-clsNotificationTools-changeNotificationToSent";
 constexpr const char* setDefaultTag = "Morvane.exe-clsNotificationTools-setDefaultContact";
@@ -194,6 +228,18 @@ const Operation operations[] = {
          (setNoContactAsDefault(company), saveCompanyContactRTF(company), true)),
     TOOL(setDefaultContact, (company, contact), setDefaultTag,
          setContactAsDefault(company, contact) && (saveCompanyContactRTF(company), true)),
+    WIZARD(SendNotificationWizardForm_InitializeAutoNotify, frmSendNotificationWizard,
+           "chkAutoNotify(3)", "frmSendNotificationWizardPhone", (2, entry),
+           InitializeAutoNotify(enumAutoNotifyCompany, entry)),
+    WIZARD(SendNotificationWizardForm_InitializeAutoNotify, frmSendNotificationWizard,
+           "chkAutoNotify(0)", nullptr, (1, entry),
+           InitializeAutoNotify(enumAutoNotifyContact, entry)),
+    WIZARD(SendNotificationWizardForm_InitializeAutoNotifyNow, frmSendNotificationWizard,
+           "chkNotify(3)", "frmSendNotificationWizardPhone", (1, entry),
+           InitializeNotifyNow(enumAutoNotifyContact, entry)),
+    WIZARD(SendNotificationWizardApptNotifyNowForm, frmSendNotificationWizardApptNotifyNow,
+           "cmdFinish", "frmSendNotificationWizardLetter", (Appointments, twin, nt_Letter, entry),
+           InitializeNotifyNow(Appointments, twin, nt_Letter)),
 };
 
 /// What a person does in a composer: writes into the field, presses the button, and closes the

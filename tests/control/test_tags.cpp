@@ -4,6 +4,8 @@
 #include "platform/controls/DatePicker.h"
 #include "support/golden_file.h"
 #include "tests/wizards/ComposerTest.h"
+#include "wizards/frmSendNotificationWizard.h"
+#include "wizards/frmSendNotificationWizardApptNotifyNow.h"
 
 namespace autonotify::test {
 namespace {
@@ -53,12 +55,28 @@ class TagTest : public ComposerTest {
       });
     }
   }
+  void useWizards() {
+    const auto raise = [](WindowInUse& window) {
+      for (Control* control : window.form().controls()) raiseAll(*control);
+    };
+    const auto hide = [](WindowInUse& window) { window.form().hide(); };
+    frmSendNotificationWizard wizard;
+    wizard.InitializeNotifyNow(enumAutoNotifyNone, noId);
+    screen.expectWindow(wizard.name(), raise);
+    for (std::size_t i = 0; i < 8; ++i)
+      screen.expectWindow(wizardChannels[i % 4].makeComposer()->name(), hide);
+    wizard.InitializeAutoNotify(enumAutoNotifyNone, entry);
+    frmSendNotificationWizardApptNotifyNow panel;
+    screen.expectWindow(panel.name(), raise);
+    panel.InitializeNotifyNow(Appointments, noId, nt_Fax);
+  }
   void addTagsOfWindows(Tags& tags) {
     screen.answerAll(true);
     useAllOf(email);
     useAllOf(fax, "drFax");
     useAllOf(letter, "drLetter");
     useAllOf(phone);
+    useWizards();
     for (const std::string& tag : errors.tags())
       if (tag.starts_with(start + "frm")) tags.insert(tag);
   }
