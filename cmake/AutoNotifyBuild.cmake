@@ -109,3 +109,17 @@ function(autonotify_folders top)
     endif()
   endforeach()
 endfunction()
+
+# Builds files of the folder into a target: "fax_template.rtf" is a std::string_view fax_template of
+# the namespace autonotify, which holds its bytes.
+function(autonotify_embed target)
+  set(script "${PROJECT_SOURCE_DIR}/cmake/embed_file.cmake")
+  foreach(name IN LISTS ARGN)
+    set(file "${CMAKE_CURRENT_SOURCE_DIR}/${name}")
+    cmake_path(GET file STEM stem)
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/${stem}.cpp")
+    add_custom_command(OUTPUT "${source}" DEPENDS "${file}" "${script}" VERBATIM
+      COMMAND "${CMAKE_COMMAND}" "-DFILE=${file}" "-DSOURCE=${source}" "-DNAME=${stem}" -P "${script}")
+    target_sources(${target} PRIVATE "${source}")
+  endforeach()
+endfunction()

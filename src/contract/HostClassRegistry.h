@@ -15,6 +15,7 @@ namespace autonotify {
 ///   ItemLinksClass                                       by clsAutoNotification
 ///   RichTextUtility, ListCleaner                         by the composers, and for recipients
 ///   EmailSender                                          to send an email
+///   ClientDocumentFolder, Scripting.FileSystemObject     to file a fax or a letter
 ///   ClientIDClass                                        for the text of categories
 class HostClassRegistry {
  public:

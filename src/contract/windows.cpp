@@ -25,7 +25,10 @@ bool ask(HostObject* owner, const std::string& text, int style) {
 }  // namespace
 
 void showMessage(const std::string& text, int style) {
-  HostObject* owner = locale().getActiveWindow();
+  showMessageAbove(locale().getActiveWindow(), text, style);
+}
+
+void showMessageAbove(HostObject* owner, const std::string& text, int style) {
   messageBox().showMessage(text, style, owner, 0, 0, reservedNumber, 0, {}, 0);
 }
 
@@ -39,6 +42,11 @@ bool askQuestionAbove(Form& owner, const std::string& text, int style) {
 
 void showModal(Form& form) {
   form.showModal(locale().getActiveWindow());
+}
+
+void showAgain(Form& form) {
+  if (!form.isVisible()) return showModal(form);
+  formHost().bringToFront(form, locale().getActiveWindow());
 }
 
 void styleForm(Form& form) {

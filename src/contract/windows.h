@@ -15,6 +15,8 @@ namespace autonotify {
 
 /// Shows the message above the host's active window.
 void showMessage(const std::string& text, int style);
+/// Shows the message above a window or report of the component.
+void showMessageAbove(HostObject* owner, const std::string& text, int style);
 /// True when the person said yes.
 bool askQuestion(const std::string& text, int style);
 /// The same above a window of the component's own.
@@ -22,6 +24,8 @@ bool askQuestionAbove(Form& owner, const std::string& text, int style);
 
 /// Shows the window above the host's active window until it is hidden or unloaded.
 void showModal(Form& form);
+/// The same for a window that may be on the screen: that one is brought to the front.
+void showAgain(Form& form);
 /// Gives the window the host's look.
 void styleForm(Form& form);
 void setPointer(Pointer pointer);

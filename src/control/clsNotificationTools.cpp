@@ -1,5 +1,8 @@
 #include "control/clsNotificationTools.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "contacts/modDefaultContact.h"
 #include "contract/procedure.h"
 #include "contract/references.h"
@@ -11,7 +14,10 @@
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/column_lookup.h"
+#include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
+#include "wizards/documents/drFax.h"
+#include "wizards/documents/drLetter.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify {
@@ -25,6 +31,13 @@ constexpr ColumnLookup channelOfRow{
     {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationType FROM "
      "ClientNotification WHERE ClientNotificationID=",
      "NotificationType"}};
+
+struct ChannelDocument {
+  notifyType channel;
+  void (*show)(Step& step, Id notificationID, Id companyID, Id contactID);
+};
+constexpr ChannelDocument documents[] = {{nt_Fax, showDocument<drFax>},
+                                         {nt_Letter, showDocument<drLetter>}};
 
 class NotificationTools final : public clsNotificationTools {
  public:
@@ -47,6 +60,17 @@ class NotificationTools final : public clsNotificationTools {
         window.InitializeEditAutoNotify(remittanceNotification, notificationID, Tasks);
         result = !window.cancelFlag();
       });
+    });
+  }
+
+  bool makeDocument(Id notificationID) override {
+    return procedure(tag<"makeDocument">, false, [&](Step& step, bool& result) {
+      const Id channel = lookUpId(channelOfRow, notificationID);
+      const auto document = std::ranges::find(documents, channel, &ChannelDocument::channel);
+      if (document == std::end(documents)) return;
+      document->show(step, notificationID, getCompanyIDFromAutoNotificationID(notificationID),
+                     getContactIDFromAutoNotificationID(notificationID));
+      result = true;
     });
   }
 

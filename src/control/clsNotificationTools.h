@@ -26,6 +26,9 @@ class clsNotificationTools : public ComponentObject {
   /// Opens the composer of an email that waits for its date. False when the person cancelled, or
   /// the row is no email.
   virtual bool editEmailNotification(Id notificationID) = 0;
+  /// Shows the document of a fax or a letter and files it when its preview is closed. False for a
+  /// row of another channel, and for one that does not exist.
+  virtual bool makeDocument(Id notificationID) = 0;
   /// The message of the template's first fault, empty when it is sound. `isRTF` says which spelling
   /// of the marks to look for: \'ab and \'bb, or « and ».
   virtual std::string findTemplateFault(const std::string& templateText, bool isRTF) = 0;

@@ -27,7 +27,7 @@ inline constexpr const char* classAutoNotification = "hvAutoNotifyCtrl6.clsAutoN
 inline constexpr const char* classNotificationTools = "hvAutoNotifyCtrl6.clsNotificationTools";
 
 /// The interface that DllGetClassObject gives.
-inline constexpr const char* classObjectInterface = "hvAutoNotifyCtrl6.ClassObject/2";
+inline constexpr const char* classObjectInterface = "hvAutoNotifyCtrl6.ClassObject/3";
 
 /// Creates the component's objects. Belongs to the library: never deleted, good until it is
 /// unloaded.

@@ -4,6 +4,7 @@
 #include "contacts/modContactSummaries.h"
 #include "contacts/modDefaultContact.h"
 #include "contract/GridColumnList.h"
+#include "platform/text.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotificationLinks.h"
@@ -320,7 +321,8 @@ std::string traceOf(Host& host, const Run& run, std::size_t procedures) {
   std::string trace;
   for (std::size_t i = before; i < before + procedures; ++i)
     trace += host.errors.tags().at(i) + "\n";
-  for (const std::string& call : host.calls.log()) trace += call + "\n";
+  for (const std::string& call : host.calls.log())
+    trace += replaceAll(call, host.documents.path().string(), "documents") + "\n";
   trace += result + "\n" + std::to_string(host.errors.dialogs()) + " dialogs\n";
   for (const char* table : {"Appointments", "ContactLinks", "Companies"})
     trace += host.dump(std::string("SELECT * FROM ") + table);
@@ -377,6 +379,19 @@ TEST_F(ComponentTest, ToolsEditEmailsAlone) {
                         [&](WindowInUse& window) { window.click(button); });
     EXPECT_EQ(tools->editEmailNotification(email), button == std::string("cmdFinish"));
   }
+}
+
+TEST_F(ComponentTest, ToolsMakeDocumentsOfFaxesAndLetters) {
+  const Id person = addRow("Contacts", {{"DisplayName", "Jo Park"}});
+  const Id scheduled = addSchedule(103, 1, dueDate, {{"ContactIDNum", person}});
+  for (const auto& [channel, report] :
+       {std::pair{nt_Email, ""}, {nt_Phone, ""}, {nt_Fax, "drFax"}, {nt_Letter, "drLetter"}}) {
+    if (*report) screen.expectReport(report, [](ReportInUse& inUse) { inUse.close(); });
+    const Id notification = addNotification(scheduled, channel, dueDate);
+    EXPECT_EQ(library.createTools()->makeDocument(notification), *report != 0);
+    EXPECT_FALSE(library.createTools()->makeDocument(notification + 1));
+  }
+  EXPECT_NE(readFile(documents / "Contact 1/2/Letter - Apr 15 2026.mvw"), "");
 }
 
 TEST_F(ComponentTest, ToolsListNoFieldsWithoutAListOfTheHost) {

@@ -158,7 +158,7 @@ void HeadlessPerson::finish() {
 }
 
 void HeadlessPerson::showModal(Form& form, HostObject* owner) {
-  pass("showModal");
+  pass("showModal", form.name());
   EXPECT_EQ(owner, activeWindow_) << form.name();
   if (windows_.empty() || !equalIgnoreCase(windows_.front().formName, form.name())) {
     ADD_FAILURE() << "nobody expected the window " << form.name();

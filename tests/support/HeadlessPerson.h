@@ -117,12 +117,16 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
     return FormHost::openForms();
   }
   void showModal(Form& form, HostObject* owner) override;
+  void bringToFront(Form& form, HostObject* owner) override {
+    pass("bringToFront", form.name());
+    EXPECT_EQ(owner, activeWindow_) << form.name();
+  }
   void formHidden(Form& form) override { WindowRenderer::inUse().hidden(form); }
   void showReport(Report& report, HostObject* owner) override;
   void repaint(Form&) override { pass("repaint"); }
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override {
-    pass("setPointer");
+    pass("setPointer", pointer == Pointer::busy ? "busy" : "standard");
     pointer_ = pointer;
   }
   void pumpMessages() override;

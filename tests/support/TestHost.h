@@ -57,8 +57,8 @@ class TestHost {
   TestLocale plainLocale;
   HeadlessPerson screen{calls, plainLocale.getActiveWindow()};
   NotedEmail::Notes mailProgram;
-  DocumentFiles documents;
-  host::HostWorkingFolder plainWorkingFolder{documents.folder / "work"};
+  TemporaryFolder documents;
+  host::HostWorkingFolder plainWorkingFolder{documents / "work"};
   host::ClassRegistry registry;
   std::unique_ptr<host::SqliteDatabase> plainDatabase;
   host::ClientDirectory plainClients;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -11,20 +12,15 @@
 
 namespace autonotify::test {
 
-/// The folders of clients, as files of a folder that goes with the test.
-struct DocumentFiles {
-  TemporaryFolder folder;
-  bool openContacts = true;
-  bool openCompanies = true;
-};
-
-/// "contact 3" and "company 5", with a folder below for each kind.
+/// The folders "Contact 3" and "Company 5" with one below for each kind; clients below 1 and from
+/// `firstWithout` on have none.
 class TestDocumentFolder : public ClientDocumentFolder {
  public:
-  TestDocumentFolder(const DocumentFiles& files, HostCalls& door) : files_(files), door_(door) {}
+  static constexpr Id firstWithout = 100;
+  TestDocumentFolder(const TemporaryFolder& place, HostCalls& door) : place_(place), door_(door) {}
 
-  bool openForContact(Id id) override { return open("Contact", id, files_.openContacts); }
-  bool openForCompany(Id id) override { return open("Company", id, files_.openCompanies); }
+  bool openForContact(Id id) override { return open("Contact", id); }
+  bool openForCompany(Id id) override { return open("Company", id); }
   void selectFolderKind(int kind) override {
     door_.pass("selectFolderKind");
     path_ += "/" + std::to_string(kind);
@@ -36,59 +32,51 @@ class TestDocumentFolder : public ClientDocumentFolder {
   }
 
  private:
-  bool open(const std::string& client, Id id, bool opens) {
+  bool open(const std::string& client, Id id) {
     door_.pass("openFor" + client, [&] { return std::to_string(id); });
-    path_ = files_.folder / (client + " " + std::to_string(id));
-    return opens;
+    path_ = place_ / (client + " " + std::to_string(id));
+    return id > 0 && id < firstWithout;
   }
 
-  const DocumentFiles& files_;
+  const TemporaryFolder& place_;
   HostCalls& door_;
   std::string path_;
 };
 
-/// A file that is written is there once it is closed.
-class TestTextFile : public TextFile {
- public:
-  TestTextFile(std::string path, HostCalls& door) : path_(std::move(path)), door_(door) {}
-
-  std::string readAll() override {
-    door_.pass("readAll");
-    return readFile(path_);
-  }
-  void write(const std::string& text) override {
-    door_.pass("write", [&] { return text; });
-    written_ += text;
-  }
-  void close() override {
-    door_.pass("close");
-    if (!written_.empty()) writeFile(path_, written_);
-  }
-
- private:
-  std::string path_, written_;
-  HostCalls& door_;
-};
-
+/// Files on the disk; what is written is there once it is closed.
 class TestTextFiles : public FileSystemObject {
  public:
   explicit TestTextFiles(HostCalls& door) : door_(door) {}
 
   std::unique_ptr<TextFile> openTextFile(const std::string& path, OpenFor, bool create) override {
     EXPECT_TRUE(create);
-    return make("openTextFile", path);
+    return std::make_unique<File>(door_, "openTextFile", path);
   }
   std::unique_ptr<TextFile> createTextFile(const std::string& path, bool overwrite) override {
     EXPECT_TRUE(overwrite);
     if (path.empty()) throw PlatformError(52, "Bad file name", className);
-    return make("createTextFile", path);
+    return std::make_unique<File>(door_, "createTextFile", path);
   }
 
  private:
-  std::unique_ptr<TextFile> make(const char* call, const std::string& path) {
-    door_.pass(call, [&] { return path; });
-    return std::make_unique<TestTextFile>(path, door_);
-  }
+  struct File : TextFile {
+    File(HostCalls& calls, const char* call, std::string name)
+        : door(calls), path(std::move(name)) {
+      door.pass(call, [&] { return path; });
+    }
+    std::string readAll() override { return door.pass("readAll"), readFile(path); }
+    void write(const std::string& text) override {
+      door.pass("write");
+      written = written.value_or("") + text;
+    }
+    void close() override {
+      door.pass("close");
+      if (written) writeFile(path, *written);
+    }
+    HostCalls& door;
+    std::string path;
+    std::optional<std::string> written;
+  };
 
   HostCalls& door_;
 };

@@ -32,6 +32,8 @@ class FormHost {
   virtual void showModal(Form&, HostObject*) {
     throw PlatformError(error_number::invalidProcedureCall, "The host has no screen", "FormHost");
   }
+  /// Brings a window that is visible to the front, above `owner` (which may be null).
+  virtual void bringToFront(Form&, HostObject*) {}
   /// The window has been hidden: what showModal waits for.
   virtual void formHidden(Form&) {}
   /// Shows the preview of the report above `owner` (which may be null) and lets people act in it

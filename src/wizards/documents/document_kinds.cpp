@@ -1,0 +1,114 @@
+#include "wizards/documents/document_kinds.h"
+
+#include "contacts/modAddressFormatting.h"
+#include "contract/RichTextUtility.h"
+#include "wizards/documents/drFax.h"
+#include "wizards/documents/drLetter.h"
+#include "wizards/documents/made_object.h"
+
+namespace autonotify {
+namespace {
+
+struct FirmColumn {
+  AddressField field;
+  const char* column;
+};
+constexpr FirmColumn firmColumns[] = {
+    {AddressField::businessName, "CompanyName"},
+    {AddressField::street, "Address"},
+    {AddressField::city, "City"},
+    {AddressField::province, "Province"},
+    {AddressField::postalCode, "PostalCode"},
+    {AddressField::phone, "OfficeNumber"},
+    {AddressField::fax, "FaxNumber"},
+};
+constexpr std::span<const FirmColumn> withNumbers = firmColumns;
+constexpr std::span<const FirmColumn> placeAlone = withNumbers.first<5>();
+
+using AddressComposer = std::string (*)(const AddressRecord&, bool includePerson, bool asRTF);
+
+/// Empty without a record of the firm.
+std::string readFirmAddress(Step& step, std::span<const FirmColumn> columns,
+                            AddressComposer compose) {
+  std::string address;
+  const char* const statement = "SELECT AccountantFirmInfo.* FROM AccountantFirmInfo;";
+  if (const Rows row(step, statement, keysetRead); row) {
+    AddressRecord record;
+    for (const FirmColumn& each : columns) record[each.field] = row.text(each.column);
+    address = compose(record, false, false);
+  }
+  return address;
+}
+
+std::string firmWithNumbers(const Row& row, const char*) {
+  return readFirmAddress(row.step(), withNumbers, createAddressWithContactInfo);
+}
+
+std::string firm(const Row& row, const char*) {
+  return readFirmAddress(row.step(), placeAlone, createAddress);
+}
+
+std::string today(const Row& row, const char*) {
+  return row.step().value(std::string{}, [] { return toText(platformClock().today()); });
+}
+
+std::string field(const Row& row, const char* column) {
+  return row.text(column);
+}
+
+std::string plainText(const Row& row, const char* column) {
+  std::unique_ptr<RichTextUtility> converter;
+  row.step().assign(converter, createHostObject<RichTextUtility>);
+  const std::string richText = row.text(column);
+  const auto convert = [&] { return made(converter).toPlainText(richText); };
+  return row.step().value(std::string{}, convert);
+}
+
+constexpr const char* reportHeader = "Section4";
+constexpr const char* pageHeader = "Section2";
+constexpr const char* detail = "Section1";
+
+constexpr DocumentPart faxParts[] = {
+    {reportHeader, "lblReturnAddress", "Address", firmWithNumbers},
+    {reportHeader, "lblDate", "Date", today},
+    {pageHeader, "lblTo", "To", field, "Field1"},
+    {pageHeader, "lblFrom", "From", field, "Field2"},
+    {pageHeader, "lblRecipientFax", "Fax", field, "Field4"},
+    {pageHeader, "lblSubject", "Subject", field, "Field6"},
+    {detail, "lblBody", "Text", plainText, "Memo"},
+};
+
+constexpr DocumentPart letterParts[] = {
+    {reportHeader, "lblReturnAddress", "Address", firm},
+    {reportHeader, "lblDate", "Date", today},
+    {detail, "lblBody", "Text", plainText, "Memo"},
+};
+
+constexpr DocumentKind fax{
+    .name = "drFax",
+    .word = "Fax",
+    .saveProcedure = "saveFax",
+    .templateType = "FAXTEMPLATE",
+    .composer = "frmSendNotificationWizardFax",
+    .deletesAnyId = false,
+    .resetsPointer = false,
+    .parts = faxParts,
+};
+
+constexpr DocumentKind letter{
+    .name = "drLetter",
+    .word = "Letter",
+    .saveProcedure = "saveLetter",
+    .templateType = "LETTERTEMPLATE",
+    .composer = "frmSendNotificationWizardLetter",
+    .deletesAnyId = true,
+    .resetsPointer = true,
+    .parts = letterParts,
+};
+
+}  // namespace
+
+drFax::drFax() : DocumentReport(fax) {}
+drLetter::drLetter() : DocumentReport(letter) {}
+
+}  // namespace autonotify

@@ -1,0 +1,185 @@
+#include "ComposerTest.h"
+#include "platform/rich_text.h"
+#include "platform/text.h"
+#include "store/modNotificationLinks.h"
+#include "support/fault_walk.h"
+#include "support/golden_file.h"
+#include "wizards/documents/drFax.h"
+#include "wizards/documents/drLetter.h"
+
+namespace autonotify::test {
+namespace {
+
+constexpr Id row = 1, company = 1, contact = 3;
+
+void fillOffice(TableRows rows) {
+  const ComposerOffice office(rows);
+  while (rows.addRow("Contacts", {{"DisplayName", "Cara Holm"}}) < contact) continue;
+  rows.addNamedByColumn("AccountantFirmInfo", {"CompanyName", "Address", "City", "Province",
+                                               "PostalCode", "OfficeNumber", "FaxNumber"});
+}
+
+/// As composers do that leave nothing of what they send.
+struct OpenComposer : Form {
+  using Form::Form;
+  bool queryUnload(CloseReason) override { return deleteNotification(row); }
+};
+
+/// The files of clients and of the working folder, as a person reads them.
+std::string filesOf(const std::filesystem::path& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    if (entry.is_regular_file())
+      files[entry.path().lexically_relative(folder)] = plainTextOf(readFile(entry.path()));
+  std::string told;
+  for (const auto& [name, text] : files) told += name + "\n" + text + "\n";
+  return told;
+}
+
+/// Files of this day that are there already.
+const std::string earlier =
+    "Contact 3/2/Fax - Apr 15 2026.mvw\nthe fax before\n"
+    "Contact 3/2/Letter - Apr 15 2026.mvw\nthe letter before\n";
+void fileEarlier(const TemporaryFolder& documents) {
+  const std::string folder = documents / "Contact 3/2/";
+  std::filesystem::create_directories(folder);
+  writeFile(folder + "Fax - Apr 15 2026.mvw", "the fax before");
+  writeFile(folder + "Letter - Apr 15 2026.mvw", "the letter before");
+}
+
+struct Case {
+  const char* name;
+  Id companyID = company;
+  Id contactID = noId;
+  const char* sql = "";
+  int failedJob = 0;
+  int failures = 0;
+  Id id = row;
+  bool deletes = false;
+  bool isClosed = false;
+  const char* list = nullptr;  ///< opened beside composers: "shown" or "hidden"
+};
+
+const Case cases[] = {
+    {.name = "of a company"},
+    {.name = "of a contact, with one of the day", .contactID = contact},
+    {.name = "of nobody who is listed", .companyID = 77, .contactID = 78},
+    {.name = "of a contact without a folder",
+     .contactID = TestDocumentFolder::firstWithout,
+     .sql = "UPDATE Contacts SET ContactID=100 WHERE ContactID=3",
+     .failures = 3},
+    {.name = "with marks and braces",
+     .sql = "UPDATE ClientNotification SET Field1='«Text»', Field2='\\{x}', Field4='Жук', "
+            "Field6='«Date»', Memo='{\\rtf1 one\\par two \\u171?Date\\u187? \\{\\''e9\\}}'"},
+    {.name = "without texts and firm",
+     .sql = "DELETE FROM AccountantFirmInfo; "
+            "UPDATE ClientNotification SET Memo=NULL, Field1=NULL"},
+    {.name = "whose row goes with it", .companyID = noId, .failures = 3, .deletes = true},
+    {.name = "with an id below 0",
+     .sql = "UPDATE ClientNotification SET ClientNotificationID=-7",
+     .id = -7,
+     .deletes = true},
+    {.name = "without a row", .id = 99},
+    {.name = "with the database closed", .isClosed = true},
+    {.name = "that cannot be printed", .failedJob = report_job::printing},
+    {.name = "that cannot be exported", .failedJob = report_job::exporting},
+    {.name = "that fails otherwise", .failedJob = 3},
+    {.name = "from the list", .companyID = noId, .failures = 3, .list = "shown"},
+    {.name = "from a list that is hidden", .list = "hidden"},
+};
+
+void print(const std::string& report, const Case& each) {
+  const auto initialize = [&](DocumentReport& document) {
+    document.Initialize(each.id, each.deletes, each.companyID, each.contactID);
+  };
+  report == "drFax" ? initialize(*std::make_unique<drFax>())
+                    : initialize(*std::make_unique<drLetter>());
+}
+
+/// Looks at the report, lets its job fail, closes it.
+void use(ReportInUse& report, int failedJob, std::string& told) {
+  const auto [left, top, right, bottom] = report.margins();
+  for (const int margin : {left, top, right, bottom}) told += " " + toText(margin);
+  for (const ReportLabel* label : report.onShow().labels())
+    told += "\n" + label->section() + " " + label->name() + "=" + report.read(label->name());
+  EXPECT_NE(dynamic_cast<void*>(report.onShow().dataSource()), nullptr);
+  const bool hostTells = failedJob > 0 && report.failJob(failedJob, 482, "No printer.");
+  EXPECT_EQ(hostTells, failedJob == 3);
+  if (failedJob == 0 || hostTells) report.close();
+  EXPECT_THROW(report.close(), std::logic_error);
+}
+
+void printFromList(AttachedHost& host, const char* report, const Case& each, std::string& told) {
+  const OpenComposer fax(host.screen, "FRMSENDNOTIFICATIONWIZARDFAX");
+  const OpenComposer letter(host.screen, "FRMSENDNOTIFICATIONWIZARDLETTER");
+  Form list(host.screen, "FRMAUTONOTIFYLIST");
+  const bool isShown = each.list == std::string("shown");
+  host.screen.expectWindow(list.name(), [&](WindowInUse&) {
+    if (isShown) print(report, each);
+    list.hide();
+  });
+  isShown ? list.showModal(host.plainLocale.getActiveWindow()) : print(report, each);
+  for (const Form* form : host.screen.openForms()) told += "\nloaded " + form->name();
+}
+
+/// What the person sees, what the host is asked from then on (of the first case, from the start),
+/// and what is left.
+std::string tell(const Case& each, const char* report) {
+  AttachedHost host(fillOffice);
+  fileEarlier(host.documents);
+  host.plainDatabase->connection().exec(each.sql);
+  host.database.isClosed = each.isClosed;
+  host.errors.answerRest(error_choice::next, each.failures);
+  std::string told = "\n[" + std::string(report) + " " + each.name + "]";
+  const bool isShown = each.id != 99 && !each.isClosed;
+  if (isShown)
+    host.screen.expectReport(report, [&](auto& shown) { use(shown, each.failedJob, told); });
+  if (each.id == 99)
+    host.screen.expectMessage("There are no records to view for this report",
+                              message_style::warning);
+  if (each.failedJob == report_job::printing || each.failedJob == report_job::exporting)
+    host.screen.expectMessage(
+        "There was an error printing this report.\r\n\r\nError #:482\r\n\r\nError:No printer.",
+        message_style::reportError, report);
+  host.calls.record(true);
+  each.list ? printFromList(host, report, each, told) : print(report, each);
+  bool isTold = &each == cases || !isShown;
+  for (const std::string& call : host.calls.log()) {
+    isTold = isTold || call.starts_with("showReport");
+    if (isTold) told += "\n" + call;
+  }
+  for (const auto& error : host.errors.recorded())
+    told += "\nerror " + toText(error.number) + " in " + error.tag;
+  host.screen.finish();
+  EXPECT_EQ(host.errors.dialogs(), each.failures);
+  told += "\nrows " + toText(host.notificationCount()) + "\n" + filesOf(host.documents.path());
+  return replaceAll(replaceAll(told, host.documents.path().string(), "~"), earlier, "");
+}
+
+TEST(PrintedDocuments, AreSeenAndFiledAsTheyWere) {
+  std::string told;
+  for (const char* report : {"drFax", "drLetter"})
+    for (const Case& each : cases) told += tell(each, report);
+  expectGolden(AUTONOTIFY_TEST_FOLDER "printed_documents.txt", told);
+}
+
+TEST(PrintedDocuments, SurviveEveryFaultAndReplaceNoOther) {
+  for (const char* report : {"drFax", "drLetter"}) {
+    const auto run = [&](TestHost& host) {
+      host.screen.answerAll(true);
+      host.screen.expectReport(report, [](ReportInUse& shown) { shown.close(); });
+      fileEarlier(host.documents);
+      print(report, {.name = "", .contactID = contact});
+      const std::string files = filesOf(host.documents.path());
+      for (const char* text : {"mvw\nthe fax before", "mvw\nthe letter before"})
+        EXPECT_THAT(files, testing::HasSubstr(text));
+      EXPECT_THAT(files, testing::AnyOf(testing::Not(testing::HasSubstr("(2).mvw")),
+                                        testing::HasSubstr("2026-04-15")));
+      return files;
+    };
+    EXPECT_GT(walkFaults({.run = run, .defaultResult = earlier}, {fillOffice}), 40);
+  }
+}
+
+}  // namespace
+}  // namespace autonotify::test
