@@ -217,7 +217,7 @@ TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
           EXPECT_THAT(logged("isCompanyClient"), testing::ElementsAre(std::to_string(company)));
           EXPECT_THAT(notification(composer->notifyID(), "Memo"), HasSubstr("Soon"));
           shown.close();
-          composer->unload();
+          EXPECT_FALSE(composer->isLoaded());
         });
       }
       const Result result = use(*composer, {mode}, [&](WindowInUse& window) {

@@ -223,8 +223,8 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
 
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
   using enum ComposerMode;
-  const std::tuple<Make, ComposerMode, const char*> cases[] = {{email, notifyNow, nullptr},
-                                                               {fax, newAuto, nullptr}};
+  const std::tuple<Make, ComposerMode, const char*> cases[] = {
+      {email, notifyNow, nullptr}, {fax, newAuto, nullptr}, {letter, sendAuto, "drLetter"}};
   for (const auto& each : cases) {
     const auto run = [&](TestHost& host) {
       const auto& [makeComposer, mode, document] = each;
