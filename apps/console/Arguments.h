@@ -21,6 +21,8 @@ struct GlobalOptions {
   std::optional<Id> user;
   /// Empty: the folder beside the database file.
   std::string outbox;
+  /// The same for documents.
+  std::string documents;
   std::string firmCode;
   /// Empty: emails stay in the outbox.
   std::string mailServer;

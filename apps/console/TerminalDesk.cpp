@@ -31,8 +31,8 @@ std::optional<host::SmtpServer> mailServer(const GlobalOptions& options) {
 }
 
 host::DeskOptions deskOptions(const GlobalOptions& options) {
-  return {options.database, options.today,    options.user,
-          options.outbox,   options.firmCode, mailServer(options)};
+  return {options.database,  options.today,    options.user,       options.outbox,
+          options.documents, options.firmCode, mailServer(options)};
 }
 
 }  // namespace
@@ -40,6 +40,6 @@ host::DeskOptions deskOptions(const GlobalOptions& options) {
 TerminalDialogs::TerminalDialogs(const GlobalOptions& options) : terminal(makeTerminal(options)) {}
 
 TerminalDesk::TerminalDesk(const GlobalOptions& options)
-    : TerminalDialogs(options), Desk(deskOptions(options), {errors, messages, forms}) {}
+    : TerminalDialogs(options), Desk(deskOptions(options), {errors, messages, forms, &forms}) {}
 
 }  // namespace autonotify::console

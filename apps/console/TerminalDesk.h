@@ -4,7 +4,7 @@
 #include "host/desk/Desk.h"
 #include "host/dialogs/TerminalErrorClass.h"
 #include "host/dialogs/TerminalMsgbox.h"
-#include "host/services/HeadlessFormHost.h"
+#include "host/documents/PrintingFormHost.h"
 
 namespace autonotify::console {
 
@@ -15,7 +15,7 @@ struct TerminalDialogs {
   host::Terminal terminal;
   host::TerminalErrorClass errors{terminal};
   host::TerminalMsgbox messages{terminal};
-  host::HeadlessFormHost forms;
+  host::PrintingFormHost forms;
 };
 
 /// The desk that a command works at.

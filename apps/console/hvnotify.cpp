@@ -25,6 +25,9 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options) {
   addNumber(app, "--user", "who works: the id of a member of staff", options.user);
   addText(app, "--outbox", "FOLDER", "folder for emails (default: made beside the database)",
           options.outbox);
+  addText(app, "--documents", "FOLDER",
+          "folder for documents of clients (default: made beside the database)", options.documents)
+      ->envname("HVNOTIFY_DOCUMENTS");
   addText(app, "--smtp", "URL",
           "send emails through this server: smtp://USER@HOST, smtps://... or smtp-plain://...",
           options.mailServer)

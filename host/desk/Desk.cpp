@@ -3,25 +3,38 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <utility>
 
 #include "host/clients/record_rows.h"
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
-#include "host/mail/HiddenFile.h"
+#include "host/documents/HostClientDocumentFolder.h"
+#include "host/services/HiddenFile.h"
+#include "host/services/HostFileSystemObject.h"
+#include "host/services/host_errors.h"
 
 namespace autonotify::host {
 namespace {
 
 namespace fs = std::filesystem;
 
+std::string documentsBeside(const std::string& database) {
+  return database + ".documents";
+}
+
 std::string outboxBeside(const std::string& database) {
   return database + ".outbox";
 }
 
+[[noreturn]] void refuse(int number, const std::string& why) {
+  throw PlatformError(number, why, "Desk");
+}
+
 [[noreturn]] void refuseOutbox(const std::string& why) {
-  throw PlatformError(error_number::invalidProcedureCall, why, "Desk");
+  refuse(error_number::invalidProcedureCall, why);
 }
 
 /// A mail system that looks into the one beside the link would find nothing there, and what is in
@@ -51,7 +64,9 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       clients_(std::make_unique<ClientDirectory>(*database_)),
       mailServer_(options.mailServer),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
-      outbox_(hasOwnOutbox_ ? outboxBeside(fileOf(*database_)) : options.outbox) {
+      outbox_(hasOwnOutbox_ ? outboxBeside(fileOf(*database_)) : options.outbox),
+      hasOwnDocuments_(options.documents.empty() && isFile(options.database)),
+      documents_(hasOwnDocuments_ ? documentsBeside(fileOf(*database_)) : options.documents) {
   if (hasOwnOutbox_) linkedOutbox_ = outboxBeside(options.database);
   if (options.today) shiftedClock_.emplace(systemClock_, *options.today);
   readFirm(options);
@@ -97,6 +112,13 @@ void Desk::registerClasses() {
     makeOutbox();
     return newEmailSender();
   });
+  registry_.registerClass(ClientDocumentFolder::className, [this] {
+    return std::make_unique<HostClientDocumentFolder>(*clients_, requireDocuments());
+  });
+  registry_.registerClass(FileSystemObject::className, [this] {
+    const auto noteFiled = [this](const std::string& path) { filed_.push_back(path); };
+    return std::make_unique<HostFileSystemObject>(documents_, noteFiled);
+  });
 }
 
 void Desk::loadComponent() {
@@ -139,6 +161,25 @@ void Desk::makeOutbox() {
     requireNoOther(outbox_, linkedOutbox_);
   }
   if (!std::exchange(isOutboxTidy_, true)) HiddenFile::removeAbandoned(outbox_);
+}
+
+std::string Desk::requireDocuments() {
+  if (documents_.empty())
+    refuse(error_number::pathNotFound,
+           "The documents of a database on a server need a folder that all desks share; "
+           "name one (--documents)");
+  std::error_code error;
+  if (hasOwnDocuments_) fs::create_directory(documents_, error);
+  if (!fs::is_directory(documents_, error))
+    refuse(error_number::pathNotFound,
+           fmt::format("The folder for documents {} is not there; make it, or name "
+                       "another one (--documents)",
+                       documents_));
+  if (::access(documents_.c_str(), W_OK | X_OK) != 0)
+    refuse(error_number::pathFileAccess,
+           fmt::format("The folder for documents {} cannot be written to: {}", documents_,
+                       std::strerror(errno)));
+  return documents_;
 }
 
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {

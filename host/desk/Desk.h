@@ -11,6 +11,7 @@
 #include "host/clients/ClientDirectory.h"
 #include "host/desk/claims.h"
 #include "host/dialogs/RecordingErrorClass.h"
+#include "host/documents/PrintingFormHost.h"
 #include "host/loader/ComponentLibrary.h"
 #include "host/mail/OutboxEmailSender.h"
 #include "host/services/ClassRegistry.h"
@@ -30,6 +31,8 @@ struct DeskOptions {
   /// A folder for emails, which must be there; empty: one beside the database file itself, not
   /// beside a link to it, made when needed. A database on a server has none beside it.
   std::string outbox;
+  /// A folder for the documents of clients, which must be there; empty: as with the outbox.
+  std::string documents;
   /// The installation's firm code.
   std::string firmCode;
   /// Who takes the emails from the outbox; unset: some other mail system.
@@ -44,6 +47,8 @@ struct DeskDialogs {
   RecordingErrorClass& errors;
   MsgboxClass& messages;
   FormHost& forms;
+  /// The same once more where reports are printed rather than shown, else null.
+  PrintingFormHost* printer = nullptr;
 };
 
 /// The desk cannot be taken: a sentence for the person who wanted it.
@@ -92,6 +97,13 @@ class Desk {
   /// is not mounted. Throws PlatformError when none was named for a database on a server, or when
   /// there is another one beside the link to the database.
   void makeOutbox();
+  /// The folder for the documents of clients; the one beside the database is made. Throws
+  /// PlatformError when none was named for a database on a server, or the folder cannot be used.
+  std::string requireDocuments();
+  /// Where the documents were filed since the last time.
+  std::vector<std::string> takeFiled() { return std::exchange(filed_, {}); }
+  /// Null where a person is shown what is to be printed.
+  PrintingFormHost* printer() { return dialogs_.printer; }
   /// A sender with all references set, for one message.
   std::unique_ptr<OutboxEmailSender> newEmailSender();
 
@@ -119,6 +131,10 @@ class Desk {
   /// The same by the name that was given for the database.
   std::string linkedOutbox_;
   bool isOutboxTidy_ = false;
+  /// Beside the database, not named by an option.
+  bool hasOwnDocuments_;
+  std::string documents_;
+  std::vector<std::string> filed_;
   std::string databaseIdentity_;
   std::unique_ptr<ComponentLibrary> library_;
   std::unique_ptr<clsAutoNotifyCtrl> control_;

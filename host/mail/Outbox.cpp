@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "host/mail/HiddenFile.h"
+#include "host/services/HiddenFile.h"
 
 namespace autonotify::host {
 namespace {
@@ -77,7 +77,7 @@ class OpenOutbox {
   /// Gives a new message its name; false when one of that name is there.
   bool add(const std::string& name, const std::string& content, OutboxPlace place) const {
     HiddenFile file(get(), name);
-    if (!file.write(content))
+    if (!file.write(content) || !file.keep())
       fail("The message cannot be written into the outbox folder \"" + path_ + "\"", errno);
     const std::string path = pathOf(name, place);
     if (file.giveName(path)) return true;

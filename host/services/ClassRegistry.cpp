@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/services/HostClientIDClass.h"
+#include "host/services/HostFileSystemObject.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
 #include "host/services/HostGridColumnList.h"
@@ -17,6 +18,7 @@ namespace autonotify::host {
 
 ClassRegistry::ClassRegistry() {
   registerClass<HostFileUtility>();
+  registerClass<HostFileSystemObject>();
   registerClass<HostGeneralUtilities>();
   registerClass<HostValidationUtilities>();
   registerClass<HostGridColumnList>();

@@ -11,8 +11,8 @@ namespace autonotify {
 class ClientDocumentFolder : public HostObject {
  public:
   static constexpr const char* className = "ClientDocumentFolder";
-  // Makes the client's folder when there is none yet. False when there is no such client or the
-  // folder cannot be used.
+  // Makes the client's folder when there is none yet. False when there is no such client. Throws
+  // PlatformError when the folder cannot be used.
   virtual bool openForContact(Id contactID) = 0;
   virtual bool openForCompany(Id companyID) = 0;
   /// Of the kinds of folders that a client has; see document_folder_kind.

@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -15,6 +13,7 @@
 #include "host/mail/OutboxEmailSender.h"
 #include "services/received_mail.h"
 #include "support/fixed_clock.h"
+#include "support/full_disk.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -236,14 +235,10 @@ TEST_F(OutboxEmailSenderTest, aLinkInTheWayIsNotWrittenThrough) {
 TEST_F(OutboxEmailSenderTest, aDiskThatFillsLeavesNothingBehind) {
   OutboxEmailSender sender = newSender();
   sender.put_body(std::string(100000, 'x'));
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  rlimit small = before;
-  small.rlim_cur = 4096;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const bool sent = sender.send();
-  setrlimit(RLIMIT_FSIZE, &before);
+  const bool sent = [&] {
+    const test::FullDisk full;
+    return sender.send();
+  }();
   EXPECT_FALSE(sent);
   EXPECT_NE(sender.getLastError().find("cannot be written into the outbox folder"),
             std::string::npos);

@@ -1,8 +1,7 @@
-#include "host/mail/HiddenFile.h"
+#include "host/services/HiddenFile.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -22,7 +21,7 @@ std::string newHiddenName(const std::string& name) {
 }
 
 bool isHiddenName(const std::string& name) {
-  static const std::regex hidden("\\.[0-9a-f]{40}\\.[0-9]+\\.tmp");
+  static const std::regex hidden("\\.([0-9a-f]{40}|hvnotify)\\.[0-9]+\\.tmp");
   return std::regex_match(name, hidden);
 }
 
@@ -45,31 +44,38 @@ bool writeAll(int file, std::string_view content) {
 
 }  // namespace
 
-HiddenFile::HiddenFile(int folder, const std::string& name)
-    : folder_(folder), file_(create(name)) {}
+HiddenFile::HiddenFile(int folder, const std::string& name, mode_t mode)
+    : folder_(folder), file_(create(name, mode)) {}
 
 HiddenFile::~HiddenFile() {
   // Of a file that was renamed there is nothing left to take away.
   if (file_.isOpen()) ::unlinkat(folder_, name_.c_str(), 0);
 }
 
-int HiddenFile::create(const std::string& name) {
+int HiddenFile::create(const std::string& name, mode_t mode) {
   while (true) {
     name_ = newHiddenName(name);
-    const int file =
-        ::openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                 S_IRUSR | S_IWUSR);
+    const int file = ::openat(folder_, name_.c_str(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
     if (file < 0 || lockNew(folder_, name_, file)) return file;
     ::close(file);
   }
 }
 
 bool HiddenFile::write(std::string_view content) {
-  return file_.isOpen() && writeAll(file_.get(), content) && ::fsync(file_.get()) == 0;
+  return file_.isOpen() && writeAll(file_.get(), content);
+}
+
+bool HiddenFile::keep() {
+  return file_.isOpen() && ::fsync(file_.get()) == 0;
 }
 
 bool HiddenFile::giveName(const std::string& path) {
   return giveNewName(folder_, name_.c_str(), path.c_str());
+}
+
+bool HiddenFile::takePlaceOf(const std::string& path) {
+  return ::renameat(folder_, name_.c_str(), folder_, path.c_str()) == 0;
 }
 
 void HiddenFile::removeAbandoned(const std::string& folder) {
