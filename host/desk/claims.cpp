@@ -8,7 +8,9 @@
 #include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <set>
 #include <thread>
+#include <utility>
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
@@ -21,24 +23,44 @@ namespace {
 /// In the order of WorkItem, from 1.
 constexpr std::array<const char*, 4> itemNames{"notification", "task", "appointment", "time entry"};
 
-/// A lock on one byte of the file for each item; it ends when its descriptor is closed.
-class FileClaim : public Claim {
- public:
-  explicit FileClaim(int file) : file_(file) {}
+/// The file of claims while this desk holds any, with a lock on one byte for each item. A desk may
+/// claim what it has claimed already, as on a server.
+struct ClaimFile {
+  explicit ClaimFile(int number) : file(number) {}
 
-  /// False when someone else has it.
-  bool lock(WorkItem item, Id id) {
-    constexpr off_t idsOfItem = off_t{1} << 32;
+  bool setLock(off_t byte, short kind) const {
     struct flock range {};
-    range.l_type = F_WRLCK;
+    range.l_type = kind;
     range.l_whence = SEEK_SET;
-    range.l_start = static_cast<off_t>(item) * idsOfItem + id;
+    range.l_start = byte;
     range.l_len = 1;
-    return ::fcntl(file_.get(), F_OFD_SETLK, &range) == 0;
+    return ::fcntl(file.get(), F_OFD_SETLK, &range) == 0;
   }
 
+  Descriptor file;
+  std::multiset<off_t> own;
+};
+
+off_t byteOf(WorkItem item, Id id) {
+  constexpr off_t idsOfItem = off_t{1} << 32;
+  return static_cast<off_t>(item) * idsOfItem + id;
+}
+
+class FileClaim : public Claim {
+ public:
+  FileClaim(std::shared_ptr<ClaimFile> file, off_t byte) : file_(std::move(file)), byte_(byte) {
+    file_->own.insert(byte_);
+  }
+  ~FileClaim() override {
+    file_->own.erase(file_->own.find(byte_));
+    if (!file_->own.contains(byte_)) file_->setLock(byte_, F_UNLCK);
+  }
+  FileClaim(const FileClaim&) = delete;
+  FileClaim& operator=(const FileClaim&) = delete;
+
  private:
-  Descriptor file_;
+  std::shared_ptr<ClaimFile> file_;
+  off_t byte_;
 };
 
 [[noreturn]] void failFile(const std::string& path) {
@@ -52,8 +74,10 @@ class FileClaims : public Claims {
       : database_(database), path_(database + ".claims") {}
 
   std::unique_ptr<Claim> tryTake(WorkItem item, Id id) override {
-    auto claim = std::make_unique<FileClaim>(openFile());
-    if (claim->lock(item, id)) return claim;
+    std::shared_ptr<ClaimFile> file = file_.lock();
+    if (!file) file_ = file = std::make_shared<ClaimFile>(openFile());
+    const off_t byte = byteOf(item, id);
+    if (file->setLock(byte, F_WRLCK)) return std::make_unique<FileClaim>(file, byte);
     if (errno != EAGAIN && errno != EACCES) failFile(path_);
     return nullptr;
   }
@@ -72,6 +96,7 @@ class FileClaims : public Claims {
 
   std::string database_;
   std::string path_;
+  std::weak_ptr<ClaimFile> file_;
 };
 
 // The server's locks are of a whole database, whose schemas may hold several firms.

@@ -14,7 +14,8 @@ enum class WorkItem { notification = 1, task = 2, appointment = 3, timeEntry = 4
 /// "time entry 12"
 std::string subjectOf(WorkItem item, Id id);
 
-/// Keeps all other desks off an item until it goes. It goes with its desk too, however that ends.
+/// Keeps all other desks off an item until it and all others of this desk on the item have gone.
+/// It goes with its desk too, however that ends.
 class Claim {
  public:
   virtual ~Claim() = default;
