@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS.json MEMORY.json HVNOTIFY MILLION.db"""
+"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS.json MEMORY.json PROGRAMS MILLION.db"""
 import json
 import resource
 import statistics
 import subprocess
 import sys
+import tempfile
 import time
 
 # Row -> words and the ratio that is aimed at.
@@ -73,10 +74,20 @@ def due_on(hvnotify, database):
             "(the whole process) | - | - | - |")
 
 
+def letters_printed(program):
+    """Letters of two pages into one PDF: pages a second, and the memory of the whole process."""
+    with tempfile.TemporaryDirectory() as folder:
+        runs = [subprocess.run([program, str(count), f"{folder}/letters.pdf"], capture_output=True,
+                               text=True, check=True).stdout.split() for count in (10, 1000)]
+    return (f"| 1,000 letters into one PDF | {runs[1][0]} pages/s, {runs[1][1]} MiB "
+            f"({runs[0][1]} MiB for 10) | - | - | 200 pages/s |")
+
+
 def load(path):
     with open(path, encoding="utf-8") as file:
         return readings(json.load(file))
 
 
 print("\n".join(table(load(sys.argv[1])[0], load(sys.argv[2])[1])))
-print(due_on(sys.argv[3], sys.argv[4]))
+print(due_on(f"{sys.argv[3]}/hvnotify", sys.argv[4]))
+print(letters_printed(f"{sys.argv[3]}/many_letters"))

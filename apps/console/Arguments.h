@@ -64,6 +64,8 @@ struct Arguments {
   bool due = false;
   bool dryRun = false;
   bool markOnly = false;
+  bool mark = false;
+  std::string pdf;
   bool again = false;
   bool plain = false;
   bool rtf = false;

@@ -9,6 +9,7 @@
 #include "commands/founding.h"
 #include "commands/items.h"
 #include "commands/lists.h"
+#include "commands/printing.h"
 #include "commands/sending.h"
 #include "commands/templates.h"
 #include "commands/texts.h"
@@ -36,6 +37,8 @@ std::span<const Command> allCommands() {
       Command{"explain", "tell why a task is notified on its date", describeExplain, runExplain,
               nullptr},
       Command{"send", "send emails", describeSend, runSend, nullptr},
+      Command{"print", "print letters and faxes into a PDF, and file them", describePrint, runPrint,
+              nullptr},
       Command{"cancel", "cancel a notification", describeCancel, runCancel, nullptr},
       Command{"move", "give a notification another date", describeMove, runMove, nullptr},
       Command{"refresh", "work out a task's dates anew", describeRefresh, runRefresh, nullptr},

@@ -25,6 +25,7 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   options.database =
       plain(places.isEmpty() ? QSettings().value(lastDatabaseKey).toString() : places.front());
   options.outbox = plain(parser.value("outbox"));
+  options.documents = plain(parser.value("documents"));
   options.firmCode = plain(parser.value("firm-code"));
   if (parser.isSet("today")) {
     const std::string today = plain(parser.value("today"));
@@ -65,6 +66,7 @@ int run(int argc, char** argv) {
   parser.addOptions({{"today", QObject::tr("the date to work with"), "DATE"},
                      {"user", QObject::tr("who works: the id of a member of staff"), "ID"},
                      {"outbox", QObject::tr("folder for emails"), "FOLDER"},
+                     {"documents", QObject::tr("folder for documents of clients"), "FOLDER"},
                      {"firm-code", QObject::tr("the installation's firm code"), "CODE"}});
   parser.process(app);
   host::DeskOptions options;

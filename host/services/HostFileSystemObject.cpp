@@ -93,6 +93,7 @@ std::unique_ptr<TextFile> HostFileSystemObject::openTextFile(const std::string& 
 
 std::unique_ptr<TextFile> HostFileSystemObject::createTextFile(const std::string& path,
                                                                bool overwrite) {
+  if (path.empty()) fail(error_number::pathNotFound, "There is no place to write the file to");
   std::error_code error;
   if (!overwrite && fs::exists(fs::symlink_status(path, error)))
     fail(error_number::fileAlreadyExists, "There is a file " + path + " already");

@@ -66,6 +66,25 @@ void addNotification(CLI::App& command, Arguments& arguments) {
       ->required();
 }
 
+CLI::Option* addNotifications(CLI::App& command, Arguments& arguments) {
+  return command
+      .add_option_function<std::vector<std::string>>(
+          "NOTIFICATION",
+          [&arguments](const std::vector<std::string>& texts) {
+            for (const std::string& text : texts) {
+              addOnce(arguments.notifications, readNumber<Id>("NOTIFICATION", text));
+            }
+          },
+          "numbers of notifications (see: hvnotify due)")
+      ->type_name("NUMBER");
+}
+
+void requireNotifications(const Arguments& arguments, const char* command) {
+  if (arguments.due || !arguments.notifications.empty()) return;
+  throw Refusal(fmt::format("name notifications, or give --due (see: hvnotify {} --help)", command),
+                exitUsage);
+}
+
 void addChannels(CLI::App& command, Arguments& arguments) {
   command
       .add_option_function<std::vector<std::string>>(

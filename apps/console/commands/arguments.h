@@ -68,6 +68,10 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name, const char* k
 
 void addTask(CLI::App& command, Arguments& arguments);
 void addNotification(CLI::App& command, Arguments& arguments);
+/// Any number of them.
+CLI::Option* addNotifications(CLI::App& command, Arguments& arguments);
+/// Throws Refusal where none is named and --due is not given either.
+void requireNotifications(const Arguments& arguments, const char* command);
 /// --channel, once or more, or several names separated by commas.
 void addChannels(CLI::App& command, Arguments& arguments);
 /// --force, for a change that would delete the record of a sent notification.

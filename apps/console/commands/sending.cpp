@@ -129,16 +129,7 @@ void report(Reply& reply, TextTable& table, Id id, const SendOutcome& outcome,
 }  // namespace
 
 void describeSend(CLI::App& command, Arguments& arguments) {
-  auto* ids = command
-                  .add_option_function<std::vector<std::string>>(
-                      "NOTIFICATION",
-                      [&arguments](const std::vector<std::string>& texts) {
-                        for (const std::string& text : texts) {
-                          addOnce(arguments.notifications, readNumber<Id>("NOTIFICATION", text));
-                        }
-                      },
-                      "numbers of notifications (see: hvnotify due)")
-                  ->type_name("NUMBER");
+  auto* ids = addNotifications(command, arguments);
   auto* due = command.add_flag("--due", arguments.due, "all that is due today")->excludes(ids);
   command.add_flag("--dry-run", arguments.dryRun, "only tell what would go out");
   auto* mark = command.add_flag("--mark-only", arguments.markOnly,
@@ -152,9 +143,7 @@ void describeSend(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runSend(host::Desk& desk, const Arguments& arguments) {
-  if (!arguments.due && arguments.notifications.empty()) {
-    throw Refusal("name notifications, or give --due (see: hvnotify send --help)", exitUsage);
-  }
+  requireNotifications(arguments, "send");
   const auto wanted = arguments.due ? host::notificationsToSend(desk)
                                     : host::ReadableRows<Id>{arguments.notifications, {}};
   const host::SendWish wish{arguments.dryRun, arguments.markOnly, arguments.again};

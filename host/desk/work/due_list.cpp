@@ -43,12 +43,14 @@ ReadableRows<Notification> readDue(Desk& desk) {
   return due;
 }
 
-ReadableRows<Id> notificationsToSend(Desk& desk) {
+ReadableRows<Id> notificationsToSend(Desk& desk, int channels) {
   ReadableRows<Notification> interrupted;
   readNotifications(desk, interruptedCondition(), interrupted);
   ReadableRows<Id> ids;
   for (const ReadableRows<Notification>& part : {interrupted, readDue(desk)}) {
-    for (const Notification& row : part.rows) ids.rows.push_back(row.id);
+    for (const Notification& row : part.rows) {
+      if (row.channel & channels) ids.rows.push_back(row.id);
+    }
     ids.unreadable.name(part.unreadable);
   }
   return ids;

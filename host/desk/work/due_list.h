@@ -12,8 +12,9 @@ namespace autonotify::host {
 
 /// What is due, by date: without fields and text.
 ReadableRows<Notification> readDue(Desk& desk);
-/// The rows whose marking as sent was interrupted, then what is due.
-ReadableRows<Id> notificationsToSend(Desk& desk);
+inline constexpr int allChannels = -1;
+/// The rows whose marking as sent was interrupted, then what is due, by one of the channels.
+ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
 std::size_t countDueNotifications(Desk& desk);
 
 /// The condition on ClientNotification for what is due, for a WHERE.

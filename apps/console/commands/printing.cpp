@@ -1,0 +1,125 @@
+#include "commands/printing.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "TextTable.h"
+#include "commands/arguments.h"
+#include "host/desk/day_text.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/due_list.h"
+#include "host/desk/work/print_documents.h"
+#include "host/services/HostFileUtility.h"
+#include "outcome_words.h"
+
+namespace autonotify::console {
+namespace {
+
+using host::PrintOutcome;
+using host::PrintResult;
+
+struct ResultWords {
+  PrintResult result;
+  const char* name;
+  /// Why it was not printed; "{}" stands for the detail.
+  const char* words;
+  /// Of what was due a moment ago: someone else has settled it, which is no fault.
+  bool isMeanwhile = false;
+};
+constexpr std::array<ResultWords, 9> resultTable{{
+    {PrintResult::printed, "printed", ""},
+    {PrintResult::otherChannel, "skipped", "a notification by {} has no document"},
+    {PrintResult::alreadySent, "skipped", "it was sent already (print it once more with --again)",
+     true},
+    {PrintResult::cancelled, "skipped", "it is cancelled", true},
+    {PrintResult::unknownWhetherSent, "skipped",
+     "it cannot be known whether it was sent: its marking was interrupted (print it with --again, "
+     "or settle it with send --mark-only)"},
+    {PrintResult::failed, "failed", "{}"},
+    {PrintResult::notWritten, "failed", "{}"},
+    {PrintResult::atWorkElsewhere, "skipped", "another desk is at work on it", true},
+    {PrintResult::notThere, "skipped", "there is no such notification", true},
+}};
+
+std::string pagesText(int pages) {
+  return fmt::format("{} page{}", pages, pages == 1 ? "" : "s");
+}
+
+/// What was done with a document: "2 pages, filed as 12 Roy Inc/Letter - Apr 15 2026.mvw".
+std::string doneWords(const PrintOutcome& outcome) {
+  const std::filesystem::path filed(outcome.filed);
+  std::string words =
+      fmt::format("{}, filed as {}/{}", pagesText(outcome.pages),
+                  filed.parent_path().filename().string(), filed.filename().string());
+  if (host::isBesideAnother(outcome.filed)) words += " (beside another one of this day)";
+  if (!outcome.markFault.empty()) words += "; could not be marked sent: " + outcome.markFault;
+  return words;
+}
+
+std::string wordsOf(const PrintOutcome& outcome, const ResultWords& row) {
+  if (row.result == PrintResult::printed) return doneWords(outcome);
+  const bool isOther = row.result == PrintResult::otherChannel;
+  return fmt::format(fmt::runtime(row.words),
+                     isOther ? host::channelName(outcome.about->channel) : outcome.detail);
+}
+
+void report(Reply& reply, TextTable& table, Id id, const PrintOutcome& outcome, bool wasDue) {
+  const ResultWords& row = *std::ranges::find(resultTable, outcome.result, &ResultWords::result);
+  const std::string words = wordsOf(outcome, row);
+  const std::string about =
+      outcome.about ? outcome.about->client + ", " + outcome.about->item : std::string();
+  table.add({std::to_string(id), row.name, words, about});
+  reply.data["notifications"].push_back({{"notification", id},
+                                         {"result", row.name},
+                                         {"detail", words},
+                                         {"about", about},
+                                         {"pages", outcome.pages},
+                                         {"document", outcome.filed}});
+  const bool isPrinted = outcome.result == PrintResult::printed;
+  if (isPrinted ? outcome.markFault.empty() : wasDue && row.isMeanwhile) return;
+  reply.refuse(
+      fmt::format("notification {} was {}: {}", id, isPrinted ? "printed" : "not printed", words));
+}
+
+/// A name that nothing has yet.
+std::string usualFile(host::Desk& desk) {
+  return host::HostFileUtility().getUniqueFileName("notifications-" + host::dayText(desk.today()) +
+                                                   ".pdf");
+}
+
+}  // namespace
+
+void describePrint(CLI::App& command, Arguments& arguments) {
+  auto* ids = addNotifications(command, arguments);
+  command.add_flag("--due", arguments.due, "all letters and faxes that are due today")
+      ->excludes(ids);
+  addText(command, "--pdf", "FILE",
+          "the new file to print into (default: notifications-DATE.pdf in this folder)",
+          arguments.pdf);
+  command.add_flag("--mark", arguments.mark, "mark as sent what was printed");
+  command.add_flag("--again", arguments.again, "print also what was sent already");
+}
+
+Reply runPrint(host::Desk& desk, const Arguments& arguments) {
+  requireNotifications(arguments, "print");
+  const auto wanted = arguments.due ? host::notificationsToSend(desk, host::printedChannels)
+                                    : host::ReadableRows<Id>{arguments.notifications, {}};
+  const std::string pdf = arguments.pdf.empty() ? usualFile(desk) : arguments.pdf;
+  const auto printed =
+      doneOrRefuse(host::printDocuments(desk, wanted.rows, {pdf, arguments.mark, arguments.again}));
+  Reply reply;
+  reply.data = {{"pdf", printed.pages > 0 ? Json(pdf) : Json()},
+                {"pages", printed.pages},
+                {"notifications", Json::array()}};
+  TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
+  for (std::size_t i = 0; i < wanted.rows.size(); ++i)
+    report(reply, table, wanted.rows[i], printed.outcomes[i], arguments.due);
+  if (!showList(reply, table, wanted.unreadable)) reply.text = "No letter or fax is due.\n";
+  if (printed.pages > 0) reply.text += fmt::format("{} in {}\n", pagesText(printed.pages), pdf);
+  return reply;
+}
+
+}  // namespace autonotify::console
