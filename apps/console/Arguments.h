@@ -70,6 +70,9 @@ struct Arguments {
   bool plain = false;
   bool rtf = false;
   bool force = false;
+  bool made = false;
+  bool noAnswer = false;
+  std::string note;
   bool demo = false;
   int clients = 500;
   int pastNotifications = 0;

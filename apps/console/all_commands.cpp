@@ -2,6 +2,7 @@
 
 #include "Command.h"
 #include "commands/arming.h"
+#include "commands/calling.h"
 #include "commands/changing.h"
 #include "commands/contacts.h"
 #include "commands/copying.h"
@@ -39,6 +40,8 @@ std::span<const Command> allCommands() {
       Command{"send", "send emails", describeSend, runSend, nullptr},
       Command{"print", "print letters and faxes into a PDF, and file them", describePrint, runPrint,
               nullptr},
+      Command{"calls", "list the calls to be made today", describeCalls, runCalls, nullptr},
+      Command{"call", "note that a client was called", describeCall, runCall, nullptr},
       Command{"cancel", "cancel a notification", describeCancel, runCancel, nullptr},
       Command{"move", "give a notification another date", describeMove, runMove, nullptr},
       Command{"refresh", "work out a task's dates anew", describeRefresh, runRefresh, nullptr},

@@ -30,8 +30,31 @@ std::string pastNote(host::Desk& desk, const host::Notification& row) {
   return host::isOverdue(desk, row) ? ", which is past: it is due at once" : "";
 }
 
+Reply rowReply(host::Desk& desk, const host::Notification& row, const std::string& note) {
+  const std::string channel = host::channelName(row.channel);
+  const std::string state = stateName(stateOf(row));
+  Reply reply;
+  reply.text = fmt::format("notification {} by {}: {}, date {}{}{}\n", row.id, channel, state,
+                           host::dayText(row.date), pastNote(desk, row), note);
+  reply.data = {{"notification", row.id},
+                {"channel", channel},
+                {"state", state},
+                {"date", dayJson(row.date)}};
+  return reply;
+}
+
 Json dayJson(DateTime moment) {
   return moment.isZero() ? Json() : Json(host::dayText(moment));
+}
+
+std::string labelled(const char* name, const std::string& value) {
+  const std::string label = std::string(name) + ":";
+  return value.empty() ? label + "\n" : fmt::format("{:<15} {}\n", label, value);
+}
+
+std::string withLineEnd(std::string text) {
+  if (!text.empty() && text.back() != '\n') text += '\n';
+  return text;
 }
 
 Json channelList(int bits) {

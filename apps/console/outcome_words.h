@@ -27,8 +27,14 @@ bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& 
 /// ", which is past: it is due at once" for a notification that is overdue; empty for others.
 std::string pastNote(host::Desk& desk, const host::Notification& row);
 
+/// A notification's channel, state and date; `note` stands behind the date.
+Reply rowReply(host::Desk& desk, const host::Notification& row, const std::string& note = {});
+
 /// The day for programs: null for the zero date.
 Json dayJson(DateTime moment);
+/// "Client:         Jo Smith", a line of several with values below each other.
+std::string labelled(const char* name, const std::string& value);
+std::string withLineEnd(std::string text);
 /// The channels of a bit set by name.
 Json channelList(int bits);
 

@@ -119,6 +119,45 @@ class ChangeTest(ConsoleTest):
                          [self.state(row) for row in (fax, phone, letter)])
 
 
+class CallTest(ConsoleTest):
+    def waits(self, phone, memo):
+        self.write(phone, Field1="Jo", Field2="555-0100", Field3=None, Memo=memo,
+                   NotificationDate="2001-01-01", NotificationSent=False, NotificationSentStatus=1)
+
+    def test_the_worklist(self):
+        others = [row["notification"] for row in self.done("--json due") if row["channel"] == "phone"]
+        _, (phone,) = self.arm("phone")
+        self.waits(phone, "{\\rtf1 Call {\\b now}\\par}")
+        shown = self.done(f"--json show {phone}")
+        self.assertEqual([phone, *others],
+                         [row["notification"] for row in self.done("--json calls")])
+        self.expect("calls", "No call is due.\n", today="2000-12-31")
+        self.expect("calls", today="2001-01-01", out=(
+            f"Notification {phone}, due 2001-01-01\nTo:             Jo\nPhone number:   555-0100\n"
+            f"Times to call:\nClient:         {shown['client']}\nTask:           {shown['name']}\n\n"
+            "Call now\n"))
+
+    def test_what_came_of_a_call(self):
+        _, (phone, fax) = self.arm("phone,fax")
+        for memo, text in [("{\\rtf1 Call {\\b now}\\par}", "Call now\n"), ("{\\rtf1 Now}", "Now\n"),
+                           ("Now\r\n", "Now\n"), ("Now", "Now\n"), (None, "")]:
+            self.waits(phone, memo)
+            lines = [self.done(f"--json call {phone} {result}")["line"] for result in
+                     ("--no-answer", "--no-answer --note Caf\xe9{«Name»}", "--made --note Done")]
+            for line, words in zip(lines, ("no answer", "no answer; Caf\xe9{«Name»}", "called; Done")):
+                self.assertRegex(line, rf"^2026-04-15 \d\d:\d\d:\d\d, \w.+: {words}$")
+            shown = self.done(f"--json show {phone}")["text"].replace("\r\n", "\n")
+            self.assertEqual((text + "\n".join(lines), (1, 2)), (shown, self.state(phone)))
+        for line, words in [(f"{phone} --no-answer", f"{phone} was sent"),
+                            (f"{fax} --made", f"{fax} is by fax, not by phone")]:
+            self.refuses(f"call {line}", f"notification {words}; nothing was noted")
+        self.write(phone, NotificationSentStatus=1)
+        self.refuses(f"call {phone} --no-answer", f"notification {phone} was interrupted while "
+                     "being sent; nothing was noted")
+        self.done(f"call {phone} --made")
+        self.assertEqual([(1, 2), (0, 1)], [self.state(phone), self.state(fax)])
+
+
 class ListTest(ConsoleTest):
     def test_due_is_unsent_and_dated_today_or_before(self):
         wanted = self.sql("SELECT ClientNotificationID, date(NotificationDate) FROM "

@@ -205,7 +205,7 @@ class RowFaultTest(ConsoleTest):
             self.write(bad, **{"NotificationDate": "2026-04-01", column: value})
             words_of_row = (f"ClientNotification {bad} cannot be read until its {column} is mended: "
                             f"{words}")
-            for line in (f"show {bad}", f"cancel {bad}", f"move {bad} 2026-05-04"):
+            for line in (f"show {bad}", f"cancel {bad}", f"call {bad} --made"):
                 self.refuses(line, words_of_row)
             for line in (f"send {bad}", "send --due"):
                 run = self.run_program(*line.split())
@@ -241,7 +241,7 @@ class RowFaultTest(ConsoleTest):
 
     def test_ids_that_do_not_exist(self):
         for number in (0, -1, -2147483648, 2147483647):
-            for line in ("show {}", "cancel {}", "move {} 2026-05-01"):
+            for line in ("show {}", "cancel {}", "call {} --made"):
                 self.refuses(line.format(number), f"there is no notification {number}")
             for line in ("explain {}", "merge {}", "refresh {}", "arm {} --channel fax",
                          "disarm {} --channel fax"):

@@ -10,8 +10,8 @@ from console import ENGINE, TASK, ConsoleTest, files_only
 
 UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
            "the outbox (settle it with send --mark-only or send --again)")
-REASONS = {2: "a fax goes out by hand from its text", 4: "a letter goes out by hand from its text",
-           8: "a telephone call is made by a person"}
+REASONS = {2: "a fax to print: hvnotify print {}", 4: "a letter to print: hvnotify print {}",
+           8: "a phone call: hvnotify call {} --made"}
 
 
 class SendTest(ConsoleTest):
@@ -36,7 +36,7 @@ class SendTest(ConsoleTest):
         self.assertEqual([row for row, _ in due], list(results))
         for row, channel in due:
             sent = ("sent", results[row][1]), (1, 2)
-            self.assertEqual(sent if channel == 1 else (("skipped", REASONS[channel]), (0, 1)),
+            self.assertEqual(sent if channel == 1 else (("skipped", REASONS[channel].format(row)), (0, 1)),
                              (results[row], self.state(row)))
         self.assertEqual(len(emails), len(self.messages()))
         again, _ = self.results("--due")
@@ -62,8 +62,8 @@ class SendTest(ConsoleTest):
             results, _ = self.results("--due")
             self.assertEqual(("skipped", "another desk is at work on it"), results[row])
             self.assertEqual("would be sent", self.results("--due", "--dry-run")[0][row][0])
-            self.refuses(f"cancel {row}",
-                         f"another desk is at work on notification {row}; try again later")
+            for line in (f"cancel {row}", f"call {row} --made"):
+                self.refuses(line, f"another desk is at work on notification {row}; try again later")
         self.assertEqual("sent", self.results("--due")[0][row][0])
 
     def everything(self):
@@ -102,7 +102,7 @@ class SendTest(ConsoleTest):
         self.done(f"send {row}")
         run = self.run_program("send", fax, row, 999999)
         self.assertEqual((1, [
-            f"hvnotify: notification {fax} was not sent: {REASONS[2]}",
+            f"hvnotify: notification {fax} was not sent: {REASONS[2].format(fax)}",
             f"hvnotify: notification {row} was not sent: This notification has already been sent.",
             "hvnotify: notification 999999 was not sent: there is no such notification",
         ]), (run.code, run.err.splitlines()))

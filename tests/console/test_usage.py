@@ -3,7 +3,7 @@
 from console import ConsoleTest
 
 COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, "
-            "merge, check, explain, send, cancel, move, refresh, address, recipients, "
+            "merge, check, explain, send, calls, call, cancel, move, refresh, address, recipients, "
             "contact-default, propagate, fields")
 NAMES = COMMANDS.split(", ")
 NO_DATE = "is no date; write it as 2026-04-30"
@@ -37,6 +37,9 @@ move 1 -> DATE is required
 move 1 2026-13-01 -> DATE: "2026-13-01" {NO_DATE}
 send -> name notifications, or give --due
 send 5 x -> NOTIFICATION: "x" is no number
+call 5 -> give --made or --no-answer
+call 5 --made --no-answer -> --made does not go with --no-answer
+call 5 --made --note \udcff -> --note: the text is not UTF-8
 send 5 --due -> NOTIFICATION does not go with --due
 init --clients 5 -> --clients requires --demo
 init --demo --clients 0 -> --clients: 0 is not from 1 to 100000

@@ -14,19 +14,6 @@ namespace {
 
 using host::Notification;
 
-Reply describeRow(host::Desk& desk, const Notification& row, const std::string& note = {}) {
-  const std::string channel = host::channelName(row.channel);
-  const std::string state = stateName(stateOf(row));
-  Reply reply;
-  reply.text = fmt::format("notification {} by {}: {}, date {}{}{}\n", row.id, channel, state,
-                           host::dayText(row.date), pastNote(desk, row), note);
-  reply.data = {{"notification", row.id},
-                {"channel", channel},
-                {"state", state},
-                {"date", dayJson(row.date)}};
-  return reply;
-}
-
 /// The row after the change, which is called "moved". Throws Refusal when nothing was changed.
 Notification changedRow(host::Outcome<host::Change> outcome, const char* changed) {
   const host::Change change = doneOrRefuse(std::move(outcome));
@@ -45,8 +32,8 @@ void describeCancel(CLI::App& command, Arguments& arguments) {
 }
 
 Reply runCancel(host::Desk& desk, const Arguments& arguments) {
-  return describeRow(
-      desk, changedRow(host::cancelNotification(desk, arguments.notification), "cancelled"));
+  return rowReply(desk,
+                  changedRow(host::cancelNotification(desk, arguments.notification), "cancelled"));
 }
 
 void describeMove(CLI::App& command, Arguments& arguments) {
@@ -59,7 +46,7 @@ Reply runMove(host::Desk& desk, const Arguments& arguments) {
   const Notification row =
       changedRow(host::moveNotification(desk, arguments.notification, date), "moved");
   const bool isOpen = doneOrRefuse(host::lastWorkingDay(desk, date)) == date;
-  return describeRow(desk, row, isOpen ? "" : "; the firm is closed that day");
+  return rowReply(desk, row, isOpen ? "" : "; the firm is closed that day");
 }
 
 void describeRefresh(CLI::App& command, Arguments& arguments) {
@@ -70,7 +57,7 @@ Reply runRefresh(host::Desk& desk, const Arguments& arguments) {
   Reply reply;
   reply.data = Json::array();
   for (const Notification& row : doneOrRefuse(host::refreshNotifications(desk, arguments.task))) {
-    const Reply described = describeRow(desk, row);
+    const Reply described = rowReply(desk, row);
     reply.text += described.text;
     reply.data.push_back(described.data);
   }

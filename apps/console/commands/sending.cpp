@@ -75,29 +75,30 @@ const FateWords& wordsOf(Fate fate) {
   return fateTable.at(static_cast<std::size_t>(fate));
 }
 
-/// Why a channel is not sent by this program.
+/// Who sends what goes out by a channel, and the command for it; "{}" stands for the number.
 struct ByHand {
   notifyType channel;
   const char* reason;
 };
 constexpr ByHand byHand[] = {
-    {nt_Fax, "a fax goes out by hand from its text"},
-    {nt_Letter, "a letter goes out by hand from its text"},
-    {nt_Phone, "a telephone call is made by a person"},
+    {nt_Fax, "a fax to print: hvnotify print {}"},
+    {nt_Letter, "a letter to print: hvnotify print {}"},
+    {nt_Phone, "a phone call: hvnotify call {} --made"},
 };
 
-std::string reasonToSkip(int channel) {
-  if (const ByHand* row = host::findChannel(byHand, channel)) return row->reason;
+std::string reasonToSkip(Id id, int channel) {
+  if (const ByHand* row = host::findChannel(byHand, channel))
+    return fmt::format(fmt::runtime(row->reason), id);
   return fmt::format("there is no way to send a notification by {}", host::channelName(channel));
 }
 
-Told tell(const SendOutcome& outcome, bool wasDue) {
+Told tell(Id id, const SendOutcome& outcome, bool wasDue) {
   const ResultWords& row = *std::ranges::find(resultTable, outcome.result, &ResultWords::result);
   if (wasDue && row.meanwhile) return {Fate::skipped, row.meanwhile};
   const bool isByHand = outcome.result == SendResult::byHand;
   Told told{row.fate,
             fmt::format(fmt::runtime(row.words),
-                        isByHand ? reasonToSkip(outcome.about->channel) : outcome.detail)};
+                        isByHand ? reasonToSkip(id, outcome.about->channel) : outcome.detail)};
   for (const auto& [fault, fate] :
        {std::pair(outcome.keepFault, Fate::unkept), std::pair(outcome.markFault, Fate::unmarked)}) {
     if (!fault.empty()) told = {fate, told.words + "; " + fault};
@@ -115,7 +116,7 @@ std::string aboutOf(const SendOutcome& outcome) {
 
 void report(Reply& reply, TextTable& table, Id id, const SendOutcome& outcome,
             const Arguments& arguments) {
-  const Told told = tell(outcome, arguments.due);
+  const Told told = tell(id, outcome, arguments.due);
   const char* name = fateName(told.fate, arguments.dryRun);
   const std::string about = aboutOf(outcome);
   table.add({std::to_string(id), name, told.words, about});

@@ -34,16 +34,6 @@ std::array<const char*, 6> namesOf(int channel) {
   return {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"};
 }
 
-std::string line(const char* name, const std::string& value) {
-  const std::string label = std::string(name) + ":";
-  return value.empty() ? label + "\n" : fmt::format("{:<15} {}\n", label, value);
-}
-
-std::string withLineEnd(std::string text) {
-  if (!text.empty() && text.back() != '\n') text += '\n';
-  return text;
-}
-
 /// A template from a file: text that is no UTF-8 and no RTF, or holds a NUL, cannot be one.
 std::string readTemplate(const std::string& path) {
   std::string text = readFile(path);
@@ -69,8 +59,9 @@ Reply runShow(host::Desk& desk, const Arguments& arguments) {
   const std::string text = arguments.rtf ? row.memo : plainTextOf(row.memo);
   Reply reply;
   reply.text = fmt::format("Notification {} by {}, {}\n", row.id, channel, state);
-  reply.text += line("Client", client) + line("Task", item) + line("Date", host::dayText(row.date));
-  if (!row.sentTime.isZero()) reply.text += line("Sent", dateTimeText(row.sentTime));
+  reply.text += labelled("Client", client) + labelled("Task", item) +
+                labelled("Date", host::dayText(row.date));
+  if (!row.sentTime.isZero()) reply.text += labelled("Sent", dateTimeText(row.sentTime));
   reply.data = {{"notification", row.id},
                 {"channel", channel},
                 {"state", state},
@@ -84,7 +75,7 @@ Reply runShow(host::Desk& desk, const Arguments& arguments) {
   const auto names = namesOf(row.channel);
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (!names[i]) continue;
-    reply.text += line(names[i], row.fields[i]);
+    reply.text += labelled(names[i], row.fields[i]);
     reply.data["fields"][names[i]] = row.fields[i];
   }
   reply.text += "\n";

@@ -46,14 +46,6 @@ constexpr AddressField addressFields[] = {
     {nt_Phone, Notification::phoneNumber, "a telephone number"},
 };
 
-Notification readWhole(const Row& row) {
-  Notification result = readSummary(row);
-  for (int i = 0; i < 6; ++i) result.fields[i] = row.text(fmt::format("Field{}", i + 1));
-  result.memo = row.text("Memo");
-  result.sentTime = row.date("SentTime");
-  return result;
-}
-
 /// In the order of NotificationState.
 struct StateWords {
   const char* name;
@@ -95,6 +87,14 @@ Notification readSummary(const Row& row) {
   result.date = row.date("NotificationDate");
   result.sent = row.flag("NotificationSent");
   result.sentStatus = row.id("NotificationSentStatus", 0);
+  return result;
+}
+
+Notification readWhole(const Row& row) {
+  Notification result = readSummary(row);
+  for (int i = 0; i < 6; ++i) result.fields[i] = row.text(fmt::format("Field{}", i + 1));
+  result.memo = row.text("Memo");
+  result.sentTime = row.date("SentTime");
   return result;
 }
 

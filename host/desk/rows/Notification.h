@@ -16,7 +16,9 @@ struct Notification {
   static constexpr int emailBcc = 2;
   static constexpr int emailSubject = 3;
   static constexpr int faxNumber = 3;
+  static constexpr int phoneTo = 0;
   static constexpr int phoneNumber = 1;
+  static constexpr int phoneTimes = 2;
 
   Id id = noId;
   int channel = 0;
@@ -49,6 +51,8 @@ extern const char* const notificationTable;
 extern const char* const summaryColumns;
 /// All but the fields and the text, which are large.
 Notification readSummary(const Row& row);
+/// Everything, for a SELECT of all columns.
+Notification readWhole(const Row& row);
 
 /// Throws UnreadableRow.
 std::optional<Notification> findNotification(Desk& desk, Id id);

@@ -10,12 +10,22 @@ namespace {
 
 /// The rows that meet `condition`, by date. They are read to the end before anything is looked up
 /// for them: a server is asked anew for each row that was left while something else was read.
-void readNotifications(Desk& desk, const std::string& condition, ReadableRows<Notification>& into) {
+void readNotifications(Desk& desk, const char* columns, const std::string& condition,
+                       ReadableRows<Notification>& into, Notification (*read)(const Row&)) {
   const std::string sql = fmt::format(
       "SELECT {} FROM ClientNotification WHERE {} ORDER BY ClientNotification.NotificationDate, "
       "ClientNotification.ClientNotificationID;",
-      summaryColumns, condition);
-  readRows(desk.database(), notificationTable, sql, into, readSummary);
+      columns, condition);
+  readRows(desk.database(), notificationTable, sql, into, read);
+}
+
+void readSummaries(Desk& desk, const std::string& condition, ReadableRows<Notification>& into) {
+  readNotifications(desk, summaryColumns, condition, into, readSummary);
+}
+
+/// A date that could not be compared may be one after today after all.
+void leaveOutLater(Desk& desk, ReadableRows<Notification>& due) {
+  std::erase_if(due.rows, [&](const Notification& row) { return row.date > desk.today(); });
 }
 
 /// A status that is too large for the column tells no more than that of a row not marked yet.
@@ -38,14 +48,23 @@ std::string dueCondition(Desk& desk) {
 
 ReadableRows<Notification> readDue(Desk& desk) {
   ReadableRows<Notification> due;
-  readNotifications(desk, dueCondition(desk), due);
-  std::erase_if(due.rows, [&](const Notification& row) { return row.date > desk.today(); });
+  readSummaries(desk, dueCondition(desk), due);
+  leaveOutLater(desk, due);
+  return due;
+}
+
+ReadableRows<Notification> readDueCalls(Desk& desk) {
+  ReadableRows<Notification> due;
+  const std::string isCall =
+      fmt::format(" AND ClientNotification.NotificationType={}", static_cast<int>(nt_Phone));
+  readNotifications(desk, "ClientNotification.*", dueCondition(desk) + isCall, due, readWhole);
+  leaveOutLater(desk, due);
   return due;
 }
 
 ReadableRows<Id> notificationsToSend(Desk& desk, int channels) {
   ReadableRows<Notification> interrupted;
-  readNotifications(desk, interruptedCondition(), interrupted);
+  readSummaries(desk, interruptedCondition(), interrupted);
   ReadableRows<Id> ids;
   for (const ReadableRows<Notification>& part : {interrupted, readDue(desk)}) {
     for (const Notification& row : part.rows) {

@@ -15,6 +15,8 @@ ReadableRows<Notification> readDue(Desk& desk);
 inline constexpr int allChannels = -1;
 /// The rows whose marking as sent was interrupted, then what is due, by one of the channels.
 ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
+/// The calls that are due, by date, with all that is needed to make them.
+ReadableRows<Notification> readDueCalls(Desk& desk);
 std::size_t countDueNotifications(Desk& desk);
 
 /// The condition on ClientNotification for what is due, for a WHERE.
