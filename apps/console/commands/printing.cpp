@@ -21,7 +21,7 @@ namespace {
 using host::PrintOutcome;
 using host::PrintResult;
 
-struct ResultWords {
+struct PrintWords {
   PrintResult result;
   const char* name;
   /// Why it was not printed; "{}" stands for the detail.
@@ -29,7 +29,7 @@ struct ResultWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   bool isMeanwhile = false;
 };
-constexpr std::array<ResultWords, 9> resultTable{{
+constexpr std::array<PrintWords, 9> printTable{{
     {PrintResult::printed, "printed", ""},
     {PrintResult::otherChannel, "skipped", "a notification by {} has no document"},
     {PrintResult::alreadySent, "skipped", "it was sent already (print it once more with --again)",
@@ -59,7 +59,7 @@ std::string doneWords(const PrintOutcome& outcome) {
   return words;
 }
 
-std::string wordsOf(const PrintOutcome& outcome, const ResultWords& row) {
+std::string wordsOf(const PrintOutcome& outcome, const PrintWords& row) {
   if (row.result == PrintResult::printed) return doneWords(outcome);
   const bool isOther = row.result == PrintResult::otherChannel;
   return fmt::format(fmt::runtime(row.words),
@@ -67,7 +67,7 @@ std::string wordsOf(const PrintOutcome& outcome, const ResultWords& row) {
 }
 
 void report(Reply& reply, TextTable& table, Id id, const PrintOutcome& outcome, bool wasDue) {
-  const ResultWords& row = *std::ranges::find(resultTable, outcome.result, &ResultWords::result);
+  const PrintWords& row = *std::ranges::find(printTable, outcome.result, &PrintWords::result);
   const std::string words = wordsOf(outcome, row);
   const std::string about =
       outcome.about ? outcome.about->client + ", " + outcome.about->item : std::string();
