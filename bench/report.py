@@ -75,7 +75,7 @@ def due_on(hvnotify, database):
 
 
 def letters_printed(program):
-    """Letters of two pages into one PDF: pages a second, and the memory of the whole process."""
+    """Letters of two pages into one PDF: pages a second of processor time, and the memory of the whole process."""
     with tempfile.TemporaryDirectory() as folder:
         runs = [subprocess.run([program, str(count), f"{folder}/letters.pdf"], capture_output=True,
                                text=True, check=True).stdout.split() for count in (10, 1000)]

@@ -1,15 +1,15 @@
 #include <sys/resource.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 
 #include "host/documents/PdfFile.h"
 #include "host/services/HeadlessFormHost.h"
 
 // Usage: many_letters COUNT FILE. Draws letters of two pages each, no two alike, into one PDF.
-// Prints pages a second and the most memory of the whole process in MiB.
+// Prints pages a second of processor time and the most memory of the whole process in MiB.
 
 namespace autonotify::host {
 namespace {
@@ -38,17 +38,15 @@ class Letter : public Report {
 
 int run(int count, const std::string& path) {
   std::filesystem::remove(path);
-  const auto start = std::chrono::steady_clock::now();
   HeadlessFormHost forms;
   PdfFile file(path);
   for (int number = 1; number <= count; ++number)
     file.add(PrintedReport(Letter(forms, number)), "Letter " + std::to_string(number));
   file.publish();
-  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+  const double seconds = static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
-  std::printf("%.0f %.1f\n", file.pages() / seconds.count(),
-              static_cast<double>(usage.ru_maxrss) / 1024);
+  std::printf("%.0f %.1f\n", file.pages() / seconds, static_cast<double>(usage.ru_maxrss) / 1024);
   return 0;
 }
 

@@ -3,7 +3,7 @@
 from console import ConsoleTest
 
 COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, "
-            "merge, check, explain, send, calls, call, cancel, move, refresh, address, recipients, "
+            "merge, check, explain, send, print, calls, call, cancel, move, refresh, address, recipients, "
             "contact-default, propagate, fields")
 NAMES = COMMANDS.split(", ")
 NO_DATE = "is no date; write it as 2026-04-30"
