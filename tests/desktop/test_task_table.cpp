@@ -24,7 +24,7 @@ class TaskTable : public testing::Test {
   }
   static void TearDownTestSuite() { folder_.reset(); }
 
-  TaskTable() : desk_({path(), today, {}, {}, {}}, {errors_, messages_, forms_}) {
+  TaskTable() : desk_({path(), today, {}, {}, {}, {}}, {errors_, messages_, forms_}) {
     model_.setDesk(&desk_);
   }
 

@@ -1,7 +1,6 @@
 #include "binding/FormWindow.h"
 
 #include <QCloseEvent>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
@@ -43,7 +42,7 @@ QSize frameSizeOf(const QWidget& window) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
+FormWindow::FormWindow(Form& form, QWidget* parent) : ModalWindow(form, parent), form_(form) {
   QWidget* layout = loadLayout(shown(form.name()), this);
   setObjectName(shown(form.name()));
   auto* box = new QVBoxLayout(this);
@@ -84,23 +83,13 @@ void FormWindow::startTimers() {
   }
 }
 
-void FormWindow::runModally() {
-  QEventLoop loop;
-  FaultWatch watch(loop);
-  loop_ = &loop;
-  setWindowModality(Qt::ApplicationModal);
-  show();
+void FormWindow::begin() {
   for (const auto& binding : bindings_) binding->takeFocus();
-  if (form_.isVisible()) loop.exec(QEventLoop::DialogExec);
-  loop_ = nullptr;
-  leave();
-  watch.rethrow();
 }
 
 void FormWindow::leave() {
-  hide();
+  ModalWindow::leave();
   for (auto* timer : findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) timer->stop();
-  if (loop_) loop_->quit();
 }
 
 void FormWindow::drawNow() {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QDialog>
 #include <memory>
 #include <vector>
 
 #include "binding/Binding.h"
-
-class QEventLoop;
+#include "binding/ModalWindow.h"
 
 namespace autonotify::desktop {
 
@@ -14,7 +12,7 @@ namespace autonotify::desktop {
 ///
 /// The layout is the resource ":/forms/<name>.ui"; each of its widgets that bears a control's name
 /// shows that control. Looks are the layout's; the order of the focus is the window's own.
-class FormWindow : public QDialog {
+class FormWindow : public ModalWindow {
   Q_OBJECT
 
  public:
@@ -22,15 +20,12 @@ class FormWindow : public QDialog {
   FormWindow(Form& form, QWidget* parent);
   ~FormWindow() override;
 
-  Form& form() { return form_; }
-  /// Shows the window until leave(). Throws what a reaction has thrown.
-  void runModally();
-  /// Takes the window off the screen and stops its timers.
-  void leave();
-  /// Draws what has changed, at once.
-  void drawNow();
+  /// Stops the timers too.
+  void leave() override;
+  void drawNow() override;
 
  protected:
+  void begin() override;
   /// The close box asks the window itself.
   void closeEvent(QCloseEvent* event) override;
   /// Escape closes nothing: what is written would be lost. Enter presses the button that has the
@@ -44,7 +39,6 @@ class FormWindow : public QDialog {
 
   Form& form_;
   std::vector<std::unique_ptr<Binding>> bindings_;
-  QEventLoop* loop_ = nullptr;
 };
 
 }  // namespace autonotify::desktop

@@ -5,7 +5,10 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "binding/FormWindow.h"
 #include "platform/controls/Menu.h"
+#include "preview/PreviewWindow.h"
+#include "preview/report_pdf.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -31,24 +34,40 @@ void fillMenu(QMenu& drawn, const Form& form, const Menu& menu,
 }  // namespace
 
 void QtFormHost::showModal(Form& form, HostObject*) {
-  setPointer(Pointer::standard);
-  FormWindow& window = *windows_.emplace_back(std::make_unique<FormWindow>(form, topWindow()));
-  try {
-    window.runModally();
-  } catch (...) {
-    remove(window);
-    throw;
-  }
-  remove(window);
+  run(std::make_unique<FormWindow>(form, topWindow()));
 }
 
-void QtFormHost::remove(const FormWindow& window) {
+void QtFormHost::showReport(Report& report, HostObject*) {
+  run(std::make_unique<PreviewWindow>(report, pdfOf(report), topWindow()));
+}
+
+void QtFormHost::run(std::unique_ptr<ModalWindow> window) {
+  setPointer(Pointer::standard);
+  ModalWindow& running = *windows_.emplace_back(std::move(window));
+  try {
+    running.runModally();
+  } catch (...) {
+    remove(running);
+    throw;
+  }
+  remove(running);
+}
+
+void QtFormHost::remove(const ModalWindow& window) {
   std::erase_if(windows_, [&](const auto& held) { return held.get() == &window; });
   if (windows_.empty()) admitProgram();
 }
 
 void QtFormHost::formHidden(Form& form) {
-  FormWindow* window = windowOf(form);
+  leave(form);
+}
+
+void QtFormHost::reportClosed(Report& report) {
+  leave(report);
+}
+
+void QtFormHost::leave(const HostObject& model) {
+  ModalWindow* window = windowOf(model);
   if (!window) return;
   window->leave();
   if (!topVisible()) barProgram();
@@ -67,7 +86,7 @@ void QtFormHost::admitProgram() {
 }
 
 void QtFormHost::repaint(Form& form) {
-  if (FormWindow* window = windowOf(form)) window->drawNow();
+  if (ModalWindow* window = windowOf(form)) window->drawNow();
 }
 
 void QtFormHost::popUpMenu(Form& form, Menu& menu) {
@@ -93,21 +112,21 @@ void QtFormHost::pumpMessages() {
                                            : QEventLoop::ExcludeUserInputEvents);
 }
 
-FormWindow* QtFormHost::windowOf(const Form& form) {
+ModalWindow* QtFormHost::windowOf(const HostObject& model) {
   for (const auto& window : windows_) {
-    if (&window->form() == &form) return window.get();
+    if (&window->model() == &model) return window.get();
   }
   return nullptr;
 }
 
-FormWindow* QtFormHost::topVisible() {
+ModalWindow* QtFormHost::topVisible() {
   const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
                                   [](const auto& window) { return window->isVisible(); });
   return found == windows_.rend() ? nullptr : found->get();
 }
 
 QWidget* QtFormHost::topWindow() {
-  FormWindow* top = topVisible();
+  ModalWindow* top = topVisible();
   return top ? top : &program_;
 }
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "binding/FormWindow.h"
+#include "binding/ModalWindow.h"
 #include "platform/controls/FormHost.h"
 
 namespace autonotify::desktop {
@@ -21,6 +21,8 @@ class QtFormHost : public FormHost {
   /// A pointer left busy is the standard one again, so that the person sees who is to act.
   void showModal(Form& form, HostObject* owner) override;
   void formHidden(Form& form) override;
+  void showReport(Report& report, HostObject* owner) override;
+  void reportClosed(Report& report) override;
   void repaint(Form& form) override;
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override;
@@ -28,18 +30,20 @@ class QtFormHost : public FormHost {
   void pumpMessages() override;
 
  private:
-  FormWindow* windowOf(const Form& form);
-  FormWindow* topVisible();
+  ModalWindow* windowOf(const HostObject& model);
+  ModalWindow* topVisible();
   QWidget* topWindow();
-  void remove(const FormWindow& window);
+  void run(std::unique_ptr<ModalWindow> window);
+  void remove(const ModalWindow& window);
+  void leave(const HostObject& model);
   void barProgram();
   void admitProgram();
 
   QWidget& program_;
   /// Of the program's window while that is barred.
   QPointer<QWidget> focus_;
-  /// The windows whose showModal has not returned, the topmost last.
-  std::vector<std::unique_ptr<FormWindow>> windows_;
+  /// The windows that have not returned, the topmost last.
+  std::vector<std::unique_ptr<ModalWindow>> windows_;
 };
 
 }  // namespace autonotify::desktop

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QBuffer>
+#include <QPdfDocument>
+#include <span>
+
+#include "binding/ModalWindow.h"
+#include "platform/controls/Report.h"
+
+class QLabel;
+class QLineEdit;
+class QPrinter;
+class QSpinBox;
+class QToolBar;
+
+namespace autonotify::desktop {
+
+class PdfPages;
+
+/// A report as it is printed: its pages on the screen, which can be paged through, searched and
+/// printed. Escape and the close box unload the report.
+class PreviewWindow : public ModalWindow {
+  Q_OBJECT
+
+ public:
+  /// `pdf` holds the report's pages.
+  PreviewWindow(Report& report, const QByteArray& pdf, QWidget* parent);
+  ~PreviewWindow() override;
+
+  /// What goes wrong is told to the report, and to the person if that wants it.
+  void printTo(QPrinter& printer);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void reject() override { close(); }
+
+ private:
+  struct Command;
+  static std::span<const Command> commands();
+
+  void makeBar(QToolBar& bar);
+  void addPageField(QToolBar& bar);
+  void addSearchField(QToolBar& bar);
+  QAction* action(const char* name) const;
+  void choosePrinter();
+  void startSearch();
+  void showPage();
+  void showFound();
+
+  Report& report_;
+  QByteArray pdf_;
+  QBuffer file_;
+  QPdfDocument document_;
+  PdfPages* pages_ = nullptr;
+  QSpinBox* page_ = nullptr;
+  QLineEdit* search_ = nullptr;
+  QLabel* found_ = nullptr;
+};
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QScopeGuard>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTemporaryDir>
+
+#include "FormHostTest.h"
+#include "preview/PdfPages.h"
+#include "preview/PreviewWindow.h"
+
+namespace autonotify::test {
+namespace {
+
+using desktop::PdfPages;
+using desktop::plain;
+using desktop::PreviewWindow;
+
+class PreviewTest : public FormHostTest {
+ protected:
+  PreviewTest() {
+    std::string text;
+    for (int line = 0; line < 150; ++line) text += "The needle is in the hay.\n";
+    body_.setCaption(text);
+    report_.onTerminate = [this] { ++ends_; };
+  }
+
+  /// Shows the report and runs `act` before it; somebody must close it.
+  void preview(const std::function<void(PreviewWindow&)>& act) {
+    QObject scope;
+    QTimer::singleShot(0, &scope, [&] {
+      const auto close = qScopeGuard([this] { report_.unload(); });
+      QApplication::setActiveWindow(&window());
+      act(dynamic_cast<PreviewWindow&>(window()));
+    });
+    report_.showModal(nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(ends_, 1);
+  }
+  static void trigger(PreviewWindow& preview, const char* command) {
+    preview.findChild<QAction*>(command)->trigger();
+  }
+  static std::string read(PreviewWindow& preview, const char* label) {
+    return plain(preview.findChild<QLabel*>(label)->text());
+  }
+
+  Report report_{host_, "drLetter", "Letter"};
+  ReportLabel body_{report_, "Section1", "lblBody"};
+  int ends_ = 0;
+};
+
+TEST_F(PreviewTest, IsPagedThroughZoomedSearchedAndLeftByEscape) {
+  preview([this](PreviewWindow& preview) {
+    auto& pages = *preview.findChild<PdfPages*>();
+    auto& page = *preview.findChild<QSpinBox*>("page");
+    ASSERT_GT(pages.pages(), 1);
+    for (const auto& [command, number] :
+         {std::pair("nextPage", 2), {"previousPage", 1}, {"previousPage", 1}}) {
+      trigger(preview, command);
+      EXPECT_EQ(page.value(), number) << command;
+    }
+    EXPECT_FALSE(preview.findChild<QAction*>("previousPage")->isEnabled());
+    page.setValue(2);
+    EXPECT_EQ(pages.page(), 1);
+    trigger(preview, "fitPage");
+    const int whole = pages.verticalScrollBar()->maximum();
+    for (const char* command : {"zoomIn", "zoomOut", "zoomOut"}) trigger(preview, command);
+    EXPECT_LT(pages.verticalScrollBar()->maximum(), whole);
+    QTest::keyClicks(preview.findChild<QLineEdit*>("search"), "NEEDLE");
+    QTRY_COMPARE(pages.found(), 150);
+    EXPECT_EQ(read(preview, "found"), "1 of 150");
+    trigger(preview, "findPrevious");
+    EXPECT_EQ(read(preview, "found"), "150 of 150");
+    EXPECT_EQ(page.value(), pages.pages());
+    preview.findChild<QLineEdit*>("search")->setText("thread");
+    EXPECT_EQ(read(preview, "found"), "not found");
+    QTest::keyClick(&preview, Qt::Key_Escape);
+    EXPECT_FALSE(report_.isShown());
+  });
+}
+
+TEST_F(PreviewTest, APrinterThatFailsIsToldToTheReport) {
+  const QTemporaryDir folder;
+  std::vector<int> jobs;
+  report_.onError = [&](ReportFault& fault) {
+    jobs.push_back(fault.jobType);
+    fault.showsError = false;
+    report_.unload();
+  };
+  preview([&](PreviewWindow& preview) {
+    for (const bool isWhole : {true, false}) {
+      QPrinter printer;
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      if (!isWhole) {
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(1, 1);
+      }
+      for (const QString& name : {folder.filePath("out.pdf"), QString("/nowhere/out.pdf")}) {
+        printer.setOutputFileName(name);
+        preview.printTo(printer);
+        EXPECT_EQ(jobs.size(), (isWhole ? 0 : 1) + (name.startsWith("/nowhere") ? 1u : 0u));
+      }
+      QPdfDocument printed;
+      printed.load(folder.filePath("out.pdf"));
+      EXPECT_EQ(printed.pageCount() > 1, isWhole);
+    }
+  });
+  EXPECT_THAT(jobs, testing::ElementsAre(report_job::printing, report_job::printing));
+}
+
+}  // namespace
+}  // namespace autonotify::test
