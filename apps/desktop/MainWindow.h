@@ -10,7 +10,7 @@
 #include "TaskPage.h"
 #include "binding/QtFormHost.h"
 #include "host/desk/Desk.h"
-#include "host/desk/work/compose_email.h"
+#include "host/desk/work/notify_client.h"
 
 class QAction;
 class QLabel;
@@ -82,7 +82,11 @@ class MainWindow : public QMainWindow {
   void composeEmail() { compose(host::composeEmail); }
   void scheduleEmail() { compose(host::scheduleEmail); }
   void editEmail() { compose(host::editEmail); }
-  /// Has the chosen task's email composed.
+  void notifyNow() { compose(host::notifyNow); }
+  void notifyAutomatically() { compose(host::notifyAutomatically); }
+  void writeBlankFax() { compose(host::writeBlankFax); }
+  void writeBlankLetter() { compose(host::writeBlankLetter); }
+  /// Has a message to the chosen task's client composed.
   void compose(host::Outcome<host::Composed> (*useCase)(host::Desk& desk, Id task));
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScopeGuard>
+#include <QStatusBar>
 #include <QToolBar>
 
 #include "MainWindow.h"
@@ -17,6 +18,13 @@
 #include "qt_text.h"
 
 namespace autonotify::desktop {
+namespace {
+
+/// Its commands are about the chosen task, and are offered at the task too.
+constexpr const char* taskMenu = "&Task";
+constexpr int filedMessageMs = 15000;
+
+}  // namespace
 
 std::span<const MainWindow::Command> MainWindow::commands() {
   using Self = MainWindow;
@@ -28,15 +36,28 @@ std::span<const MainWindow::Command> MainWindow::commands() {
        &Self::always, &Self::chooseServer},
       {"quit", "&File", "&Quit", QKeySequence::Quit, "application-exit", "", inMenuBelowLine,
        &Self::always, &Self::quit},
-      {"composeEmail", "&Task", "&Email Now...", Qt::CTRL | Qt::Key_E, "mail-message-new",
+      {"notifyNow", taskMenu, "&Notify Now...", Qt::CTRL | Qt::Key_N, "mail-send",
+       "Choose how the client of the chosen task hears of it now", inMenuAndBar, &Self::hasTask,
+       &Self::notifyNow},
+      {"notifyAutomatically", taskMenu, "Notify &Automatically...",
+       Qt::CTRL | Qt::SHIFT | Qt::Key_N, "appointment-new",
+       "Choose how the client hears of the task on its notification date", inMenuAndBar,
+       &Self::hasTask, &Self::notifyAutomatically},
+      {"composeEmail", taskMenu, "&Email Now...", Qt::CTRL | Qt::Key_E, "mail-message-new",
        "Write to the client of the chosen task now", inMenuAndBar, &Self::hasTask,
        &Self::composeEmail},
-      {"scheduleEmail", "&Task", "&Schedule Email...", Qt::CTRL | Qt::Key_S, "view-calendar-day",
+      {"scheduleEmail", taskMenu, "&Schedule Email...", Qt::CTRL | Qt::Key_S, "view-calendar-day",
        "Have the client notified by email on the task's notification date", inMenuAndBar,
        &Self::canSchedule, &Self::scheduleEmail},
-      {"editEmail", "&Task", "E&dit Email...", Qt::CTRL | Qt::Key_D, "document-edit",
+      {"editEmail", taskMenu, "E&dit Email...", Qt::CTRL | Qt::Key_D, "document-edit",
        "Change the email that waits for its date", inMenuAndBar, &Self::emailWaits,
        &Self::editEmail},
+      {"blankFax", taskMenu, "Blank &Fax...", Qt::CTRL | Qt::SHIFT | Qt::Key_F, "document-new",
+       "Write a fax to the client of the chosen task that is about no task", inMenuBelowLine,
+       &Self::hasTask, &Self::writeBlankFax},
+      {"blankLetter", taskMenu, "Blank &Letter...", Qt::CTRL | Qt::SHIFT | Qt::Key_L,
+       "document-new", "Write a letter to the client of the chosen task that is about no task",
+       inMenu, &Self::hasTask, &Self::writeBlankLetter},
       {"refresh", "&View", "&Refresh", QKeySequence::Refresh, "view-refresh", "", inMenuAndBar,
        &Self::hasDesk, &Self::refresh},
       {"findTask", "&View", "&Find Task", QKeySequence::Find, "edit-find", "", inMenu,
@@ -64,7 +85,7 @@ void MainWindow::makeMenus() {
   QToolBar* bar = addToolBar(tr("Commands"));
   bar->setObjectName("commands");
   bar->setMovable(false);
-  bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   QMenu* menu = nullptr;
   std::string title;
   for (const Command& command : commands()) {
@@ -72,6 +93,8 @@ void MainWindow::makeMenus() {
     title = command.menu;
     if (command.place == inMenuBelowLine) menu->addSeparator();
     menu->addAction(action(command.name));
+    if (title == taskMenu)
+      tasks_->addCommand(action(command.name), command.place == inMenuBelowLine);
     if (command.place == inMenuAndBar) bar->addAction(action(command.name));
   }
 }
@@ -89,7 +112,11 @@ void MainWindow::updateCommands() {
 void MainWindow::perform(void (MainWindow::*run)()) {
   if (isAtWork_) return;
   isAtWork_ = true;
-  const auto done = qScopeGuard([this] { isAtWork_ = false; });
+  const auto done = qScopeGuard([this] {
+    isAtWork_ = false;
+    // A window that found nothing to show may have left it busy.
+    forms_.setPointer(Pointer::standard);
+  });
   FaultWatch::guard([&] {
     try {
       (this->*run)();
@@ -133,6 +160,8 @@ void MainWindow::compose(host::Outcome<host::Composed> (*useCase)(host::Desk& de
   if (!line) return;
   const QString words = textOf(useCase(*desk_, line->task.id));
   if (!words.isEmpty()) tellFault(words);
+  for (const std::string& document : desk_->takeFiled())
+    statusBar()->showMessage(tr("Filed as %1").arg(shown(document)), filedMessageMs);
   refresh();
 }
 

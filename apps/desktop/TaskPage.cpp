@@ -1,5 +1,6 @@
 #include "TaskPage.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -63,6 +64,7 @@ void TaskPage::makeTable() {
   table_->setShowGrid(false);
   table_->setTabKeyNavigation(false);
   table_->setWordWrap(false);
+  table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
   QHeaderView& header = *table_->horizontalHeader();
@@ -102,6 +104,15 @@ void TaskPage::showDue(std::size_t notifications) {
 void TaskPage::focusFilter() {
   filter_->setFocus(Qt::ShortcutFocusReason);
   filter_->selectAll();
+}
+
+void TaskPage::addCommand(QAction* command, bool isBelowLine) {
+  if (isBelowLine) {
+    auto* line = new QAction(table_);
+    line->setSeparator(true);
+    table_->addAction(line);
+  }
+  table_->addAction(command);
 }
 
 const host::TaskLine* TaskPage::chosen() const {

@@ -4,6 +4,7 @@
 
 #include "models/TaskTableModel.h"
 
+class QAction;
 class QLineEdit;
 class QPushButton;
 class QTableView;
@@ -25,6 +26,9 @@ class TaskPage : public QWidget {
   void reload();
   void showDue(std::size_t notifications);
   void focusFilter();
+
+  /// Offers the command in the menu that comes up at a task.
+  void addCommand(QAction* command, bool isBelowLine);
 
   /// The task that is chosen; null for none. Good until the page changes.
   const host::TaskLine* chosen() const;

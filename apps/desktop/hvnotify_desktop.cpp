@@ -9,6 +9,7 @@
 #include "MainWindow.h"
 #include "binding/FaultWatch.h"
 #include "host/desk/day_text.h"
+#include "icon_theme.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -56,6 +57,7 @@ int run(int argc, char** argv) {
   QApplication::setApplicationName("hvnotify-desktop");
   QApplication::setOrganizationName("hvnotify");
   QApplication::setApplicationVersion(HVNOTIFY_VERSION);
+  supplyIcons();
   QApplication::setWindowIcon(QIcon(":/icons/hvnotify.svg"));
   QCommandLineParser parser;
   parser.setApplicationDescription(QObject::tr("The notices that a firm owes its clients."));
@@ -66,7 +68,7 @@ int run(int argc, char** argv) {
   parser.addOptions({{"today", QObject::tr("the date to work with"), "DATE"},
                      {"user", QObject::tr("who works: the id of a member of staff"), "ID"},
                      {"outbox", QObject::tr("folder for emails"), "FOLDER"},
-                     {"documents", QObject::tr("folder for documents of clients"), "FOLDER"},
+                     {"documents", QObject::tr("folder for the documents of clients"), "FOLDER"},
                      {"firm-code", QObject::tr("the installation's firm code"), "CODE"}});
   parser.process(app);
   host::DeskOptions options;

@@ -3,10 +3,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDirIterator>
 #include <QFile>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPdfDocument>
+#include <QPdfSelection>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -17,6 +21,8 @@
 #include "demo_firm.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/desk/rows/Notification.h"
+#include "preview/PdfPages.h"
+#include "preview/PreviewWindow.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -71,7 +77,7 @@ class MainWindowTest : public testing::Test {
 
   void open() { open(path()); }
   void open(const std::string& database) {
-    window_ = std::make_unique<MainWindow>(host::DeskOptions{database, today, {}, {}, {}});
+    window_ = std::make_unique<MainWindow>(host::DeskOptions{database, today, {}, {}, {}, {}});
     window_->show();
     QApplication::processEvents();
   }
@@ -129,16 +135,45 @@ TEST_F(MainWindowTest, ComposersLeaveNothingBehindHoweverTheyAreLeft) {
   open();
   const auto closeBox = [](QDialog& composer) { composer.close(); };
   const auto cancel = [](QDialog& composer) { press(composer, "cmdCancel"); };
-  const std::pair<const char*, Visitor::Act> exits[] = {{"composeEmail", closeBox},
-                                                        {"scheduleEmail", cancel},
-                                                        {"editEmail", closeBox},
-                                                        {"editEmail", cancel}};
+  const std::pair<const char*, Visitor::Act> exits[] = {
+      {"composeEmail", closeBox},        {"scheduleEmail", cancel}, {"notifyNow", cancel},
+      {"notifyAutomatically", closeBox}, {"blankFax", closeBox},    {"blankLetter", cancel},
+      {"editEmail", closeBox},           {"editEmail", cancel}};
   for (const auto& [command, leave] : exits) {
     chooseTaskFor(command);
     const int before = rows();
     EXPECT_THAT(run(command, leave), testing::IsEmpty());
     EXPECT_EQ(rows(), before) << command;
   }
+}
+
+TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
+  open();
+  chooseTaskFor("blankLetter");
+  const int before = rows();
+  QString seen;
+  QTimer reader;
+  reader.callOnTimeout([&] {
+    auto* preview = qobject_cast<PreviewWindow*>(QApplication::activeModalWidget());
+    if (!preview) return;
+    seen = preview->findChild<PdfPages*>()->document()->getAllText(0).text();
+    preview->close();
+  });
+  reader.start(5);
+  EXPECT_THAT(run("blankLetter",
+                  [](QDialog& composer) {
+                    QTest::keyClicks(composer.findChild<QTextEdit*>(), "Good day");
+                    press(composer, "cmdFinish");
+                  }),
+              testing::IsEmpty());
+  EXPECT_THAT(plain(seen), HasSubstr("Good day"));
+  EXPECT_EQ(rows(), before);
+  QDirIterator filed(shown(path() + ".documents"), {"Letter - *.mvw"}, QDir::Files,
+                     QDirIterator::Subdirectories);
+  ASSERT_TRUE(filed.hasNext());
+  EXPECT_THAT(plain(window_->statusBar()->currentMessage()), HasSubstr("Filed as "));
+  QFile file(filed.next());
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll().contains("Good day"));
 }
 
 TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
@@ -200,8 +235,8 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   const auto claims = host::claimsOf(*other);
   const auto busy = testing::ElementsAre(HasSubstr("Another desk is at work on it."));
   auto task = claims->take(host::WorkItem::task, chooseTaskFor("scheduleEmail"));
-  EXPECT_THAT(run("composeEmail"), busy);
-  EXPECT_THAT(run("scheduleEmail"), busy);
+  for (const char* command : {"composeEmail", "scheduleEmail", "notifyNow", "notifyAutomatically"})
+    EXPECT_THAT(run(command), busy);
   task = claims->take(host::WorkItem::task, chooseTaskFor("editEmail"));
   EXPECT_THAT(run("editEmail"), busy);
   task.reset();
@@ -232,13 +267,18 @@ TEST_F(MainWindowTest, ARowThatCannotBeReadIsNamedAndNothingIsComposedBesideIt) 
 TEST_F(MainWindowTest, CommandsCanBeRunWhereTheyMakeSense) {
   open("");
   EXPECT_THAT(enabled(), testing::Each(false));
-  EXPECT_FALSE(action("refresh").isEnabled());
+  for (const char* each : {"refresh", "notifyNow", "blankFax"})
+    EXPECT_FALSE(action(each).isEnabled()) << each;
   EXPECT_TRUE(action("openDatabase").isEnabled());
   open();
   chooseTaskFor("scheduleEmail");
   EXPECT_THAT(enabled(), testing::ElementsAre(true, true, false));
   chooseTaskFor("editEmail");
   EXPECT_THAT(enabled(), testing::ElementsAre(true, false, true));
+  for (const char* each : {"notifyNow", "notifyAutomatically", "blankFax", "blankLetter"}) {
+    EXPECT_TRUE(action(each).isEnabled()) << each;
+    EXPECT_TRUE(window_->findChild<QTableView*>("tasks")->actions().contains(&action(each)));
+  }
   trigger("quit");
   QApplication::processEvents();
   EXPECT_FALSE(window_->isVisible());

@@ -3,15 +3,16 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QDialog>
 #include <QDir>
 #include <QPalette>
 #include <QTableView>
 #include <QTextStream>
 #include <QTimer>
 #include <functional>
+#include <vector>
 
 #include "MainWindow.h"
+#include "icon_theme.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -29,6 +30,12 @@ QPalette darkPalette() {
   return palette;
 }
 
+/// A window that comes up.
+struct Step {
+  QString name;
+  std::function<void(QWidget& window)> leave;
+};
+
 class Photographer {
  public:
   Photographer(QString folder, QString ending)
@@ -40,24 +47,31 @@ class Photographer {
     if (!window.grab().save(QDir(folder_).filePath(name + ending_ + ".png")))
       tellFault("cannot write " + name);
   }
-  /// Does `act`, which must open a window of its own; takes that and closes it with `close`.
-  template <class Window>
-  void takeModal(const QString& name, const std::function<void()>& act,
-                 const std::function<void(Window&)>& close) {
-    bool isTaken = false;
-    QTimer::singleShot(300, [&] {
-      auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
-      if (!window) return;
-      take(*window, name);
-      isTaken = true;
-      close(*window);
-    });
+  /// Does `act`, which opens windows one after another; takes each and leaves it for the next.
+  void takeEach(const std::function<void()>& act, const std::vector<Step>& steps) {
+    std::size_t taken = 0;
+    QObject walk;
+    waitFor(walk, nullptr, steps, taken);
     act();
-    if (!isTaken) tellFault("no window came up for " + name);
+    if (taken < steps.size()) tellFault("no window came up for " + steps[taken].name);
   }
   bool hasFailed() const { return hasFailed_; }
 
  private:
+  /// Waits for another window than the one before, until `walk` ends.
+  void waitFor(QObject& walk, const QWidget* before, const std::vector<Step>& steps,
+               std::size_t& taken) {
+    QTimer::singleShot(300, &walk, [&, before] {
+      QWidget* window = QApplication::activeModalWidget();
+      if (taken == steps.size()) return;
+      if (!window || window == before) return waitFor(walk, before, steps, taken);
+      const Step& step = steps[taken++];
+      take(*window, step.name);
+      waitFor(walk, window, steps, taken);
+      step.leave(*window);
+    });
+  }
+
   void tellFault(const QString& words) {
     QTextStream(stderr) << words << Qt::endl;
     hasFailed_ = true;
@@ -91,18 +105,27 @@ void takeAll(Photographer& photographer, const QString& database) {
   auto& table = *window.findChild<QTableView*>("tasks");
   table.sortByColumn(TaskTableModel::dueDate, Qt::DescendingOrder);
   chooseFreeTask(table);
-  photographer.takeModal<QDialog>(
-      "email-composer", [&] { window.findChild<QAction*>("scheduleEmail")->trigger(); },
-      [](QDialog& composer) { composer.findChild<QAbstractButton*>("cmdCancel")->click(); });
-  photographer.takeModal<QDialog>(
-      "desktop-options", [&] { window.findChild<QAction*>("options")->trigger(); },
-      [](QDialog& dialog) { dialog.reject(); });
+  const auto run = [&](const char* command) {
+    return [&window, command] { window.findChild<QAction*>(command)->trigger(); };
+  };
+  const auto press = [](const char* name) {
+    return [name](QWidget& top) { top.findChild<QAbstractButton*>(name)->click(); };
+  };
+  const auto close = [](QWidget& top) { top.close(); };
+  photographer.takeEach(run("scheduleEmail"), {{"email-composer", press("cmdCancel")}});
+  photographer.takeEach(run("notifyNow"), {{"notify-now", press("chkNotify(2)")},
+                                           {"letter-composer", press("cmdFinish")},
+                                           {"letter-preview", close}});
+  photographer.takeEach(run("notifyAutomatically"), {{"notify-automatically", close}});
+  photographer.takeEach(run("blankFax"), {{"fax-composer", close}});
+  photographer.takeEach(run("options"), {{"desktop-options", close}});
 }
 
 int run(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("hvnotify-pictures");
   QApplication::setStyle("fusion");
+  supplyIcons();
   QStringList arguments = QApplication::arguments().mid(1);
   const bool isDark = arguments.removeAll("--dark") > 0;
   if (arguments.size() != 2) {
