@@ -59,8 +59,10 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       database_(openDatabase(options.database)),
       claims_(claimsOf(*database_)),
       locale_(LocaleSettings{}),
+      // Its own: the component gives the files in it names that do not tell desks apart.
       workingFolder_(
-          (fs::temp_directory_path() / fmt::format("hvnotify-{}", ::geteuid())).string()),
+          (fs::temp_directory_path() / fmt::format("hvnotify-{}-{}", ::geteuid(), ::getpid()))
+              .string()),
       clients_(std::make_unique<ClientDirectory>(*database_)),
       mailServer_(options.mailServer),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),

@@ -9,8 +9,9 @@
 #include "host/services/host_errors.h"
 
 namespace autonotify::host {
-
 namespace {
+
+namespace fs = std::filesystem;
 
 /// Another user could have made it before, to read what passes through it.
 bool isOursAlone(const std::string& folder) {
@@ -21,8 +22,12 @@ bool isOursAlone(const std::string& folder) {
 
 }  // namespace
 
+HostWorkingFolder::~HostWorkingFolder() {
+  std::error_code error;
+  fs::remove(folder_, error);
+}
+
 std::string HostWorkingFolder::getWorkingFolder() {
-  namespace fs = std::filesystem;
   std::error_code error;
   if (fs::create_directories(folder_, error)) fs::permissions(folder_, fs::perms::owner_all, error);
   if (error || !isOursAlone(folder_)) {

@@ -182,8 +182,10 @@ TEST(FileUtilityTest, seesAndDeletesFilesAloneAndTellsWhyNot) {
 
 TEST(WorkingFolderTest, isMadeForItsOwnerAloneOrToldWhyNot) {
   TemporaryFolder folder;
+  EXPECT_EQ(HostWorkingFolder(folder / "a/b").getWorkingFolder(), folder / "a/b");
+  EXPECT_FALSE(fs::exists(folder / "a/b")) << "it is left behind";
   HostWorkingFolder working(folder / "a/b");
-  EXPECT_EQ(working.getWorkingFolder(), folder / "a/b");
+  working.getWorkingFolder();
   EXPECT_EQ(fs::status(folder / "a/b").permissions(), fs::perms::owner_all);
   fs::permissions(folder / "a/b", fs::perms::group_read, fs::perm_options::add);
   EXPECT_THROW(working.getWorkingFolder(), PlatformError) << "others could read it";
