@@ -158,6 +158,8 @@ void MainWindow::quit() {
 void MainWindow::compose(host::Outcome<host::Composed> (*useCase)(host::Desk& desk, Id task)) {
   const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
+  // What one left that ended in a fault is not of this one.
+  desk_->takeFiled();
   const QString words = textOf(useCase(*desk_, line->task.id));
   if (!words.isEmpty()) tellFault(words);
   for (const std::string& document : desk_->takeFiled())

@@ -26,6 +26,7 @@ OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(makeMailGroup());
+  layout->addWidget(makeDocumentsGroup());
   layout->addWidget(makeUserGroup());
   layout->addWidget(buttons);
 }
@@ -81,6 +82,17 @@ QWidget* OptionsDialog::makeMailGroup() {
   return group;
 }
 
+QWidget* OptionsDialog::makeDocumentsGroup() {
+  auto* group = new QGroupBox(tr("Letters and faxes on this machine"), this);
+  documents_ = addPath(*new QFormLayout(group), tr("&Documents folder:"), chosenMail().documents,
+                       [](QWidget* parent) {
+                         return QFileDialog::getExistingDirectory(parent, tr("Documents folder"));
+                       });
+  documents_->setObjectName("documents");
+  documents_->setPlaceholderText(tr("beside the database file"));
+  return group;
+}
+
 QWidget* OptionsDialog::makeUserGroup() {
   auto* group = new QGroupBox(tr("For me"), this);
   confirm_ = new QCheckBox(tr("&Confirm each notification that I schedule"), group);
@@ -95,6 +107,7 @@ void OptionsDialog::accept() {
   MailChoice choice;
   choice.toProgram = toProgram_->isChecked();
   choice.outbox = outbox_->text().trimmed();
+  choice.documents = documents_->text().trimmed();
   if (toServer_->isChecked()) {
     choice.server = server_->text().trimmed();
     choice.passwordFile = passwordFile_->text();

@@ -11,7 +11,7 @@ class QRadioButton;
 
 namespace autonotify::desktop {
 
-/// How emails go out from this machine, and what the user wants to be told.
+/// How notifications go out from this machine, and what the user wants to be told.
 class OptionsDialog : public QDialog {
   Q_OBJECT
 
@@ -24,6 +24,7 @@ class OptionsDialog : public QDialog {
 
  private:
   QWidget* makeMailGroup();
+  QWidget* makeDocumentsGroup();
   QWidget* makeUserGroup();
   /// A field for a path with a button to look for it.
   QLineEdit* addPath(QFormLayout& layout, const QString& label, const QString& path,
@@ -36,6 +37,7 @@ class OptionsDialog : public QDialog {
   QLineEdit* server_ = nullptr;
   QLineEdit* passwordFile_ = nullptr;
   QLineEdit* outbox_ = nullptr;
+  QLineEdit* documents_ = nullptr;
   QCheckBox* confirm_ = nullptr;
 };
 

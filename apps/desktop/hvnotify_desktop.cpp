@@ -26,7 +26,8 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   options.database =
       plain(places.isEmpty() ? QSettings().value(lastDatabaseKey).toString() : places.front());
   options.outbox = plain(parser.value("outbox"));
-  options.documents = plain(parser.value("documents"));
+  options.documents = plain(parser.isSet("documents") ? parser.value("documents")
+                                                      : qEnvironmentVariable("HVNOTIFY_DOCUMENTS"));
   options.firmCode = plain(parser.value("firm-code"));
   if (parser.isSet("today")) {
     const std::string today = plain(parser.value("today"));

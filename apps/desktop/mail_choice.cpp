@@ -13,6 +13,7 @@ constexpr const char* programKey = "mail/program";
 constexpr const char* serverKey = "mail/server";
 constexpr const char* passwordFileKey = "mail/passwordFile";
 constexpr const char* outboxKey = "mail/outbox";
+constexpr const char* documentsKey = "documents/folder";
 
 std::optional<host::SmtpServer> serverOf(const MailChoice& choice) {
   if (choice.server.isEmpty()) return std::nullopt;
@@ -24,7 +25,8 @@ std::optional<host::SmtpServer> serverOf(const MailChoice& choice) {
 MailChoice chosenMail() {
   const QSettings settings;
   return {settings.value(programKey).toBool(), settings.value(serverKey).toString(),
-          settings.value(passwordFileKey).toString(), settings.value(outboxKey).toString()};
+          settings.value(passwordFileKey).toString(), settings.value(outboxKey).toString(),
+          settings.value(documentsKey).toString()};
 }
 
 void chooseMail(const MailChoice& choice) {
@@ -33,6 +35,7 @@ void chooseMail(const MailChoice& choice) {
   settings.setValue(serverKey, choice.server);
   settings.setValue(passwordFileKey, choice.passwordFile);
   settings.setValue(outboxKey, choice.outbox);
+  settings.setValue(documentsKey, choice.documents);
 }
 
 std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options,
@@ -40,6 +43,7 @@ std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options,
   const MailChoice choice = chosenMail();
   host::DeskOptions all = options;
   if (all.outbox.empty()) all.outbox = plain(choice.outbox);
+  if (all.documents.empty()) all.documents = plain(choice.documents);
   all.mailServer = serverOf(choice);
   if (all.mailServer) all.mailServer->whileWaiting = WaitingSender::paintWindows;
   auto desk = std::make_unique<host::Desk>(all, dialogs);

@@ -7,8 +7,8 @@
 
 namespace autonotify::desktop {
 
-/// How emails go out from this machine: they are opened in the desktop's mail program, sent through
-/// a mail server, or else left in the outbox folder.
+/// How notifications go out from this machine: emails are opened in the desktop's mail program,
+/// sent through a mail server, or else left in the outbox folder; letters and faxes are filed.
 struct MailChoice {
   bool toProgram = false;
   /// Empty for none.
@@ -16,13 +16,15 @@ struct MailChoice {
   QString passwordFile;
   /// Empty for the one beside a database file.
   QString outbox;
+  /// Where letters and faxes are filed; empty for the one beside a database file.
+  QString documents;
 };
 
 MailChoice chosenMail();
 void chooseMail(const MailChoice& choice);
 
-/// The desk of a window, whose emails go out as it was chosen. An outbox of `options` comes before
-/// the chosen one. Throws what Desk throws, and MailError.
+/// The desk of a window, whose emails go out as it was chosen. The folders of `options` come
+/// before the chosen ones. Throws what Desk throws, and MailError.
 std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options,
                                      const host::DeskDialogs& dialogs);
 

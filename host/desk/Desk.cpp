@@ -172,6 +172,9 @@ std::string Desk::requireDocuments() {
            "name one (--documents)");
   std::error_code error;
   if (hasOwnDocuments_) fs::create_directory(documents_, error);
+  if (error)
+    refuse(error_number::pathNotFound, fmt::format("The folder for documents {} cannot be made: {}",
+                                                   documents_, error.message()));
   if (!fs::is_directory(documents_, error))
     refuse(error_number::pathNotFound,
            fmt::format("The folder for documents {} is not there; make it, or name "

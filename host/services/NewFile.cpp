@@ -86,8 +86,7 @@ bool NewFile::publish() {
 
 void NewFile::replace() {
   keep();
-  if (!file_.takePlaceOf(name_)) fail(path_);
-  keepName();
+  if (!file_.takePlaceOf(name_) || ::fsync(folder_.get()) != 0) fail(path_);
 }
 
 void NewFile::keepName() {

@@ -84,8 +84,9 @@ void frmSendNotificationWizardApptNotifyNow::finish(Step& step) {
   step.assign(today, [] { return platformClock().today(); });
   const Id row = channel.addForItem({.kind = kind_, .itemId = item_, .reminderDate = today});
   hide();
-  // The composer takes the day for the kind of item and the kind for the schedule entry: an item
-  // has no entry, and the texts of a row are stored alike for every kind.
+  // As hosts know it, the composer gets the day for the kind of item and the kind for the schedule
+  // entry. The texts of a row are stored alike for every kind; the entry counts only where no row
+  // could be added, and the composer adds one of an email to it.
   withWindow(step, channel.makeComposer, [&](NotificationComposer& composer) {
     composer.InitializeNotifyNow(appointmentNotification, row, today.days(), kind_);
     cancelFlag_ = composer.cancelFlag();

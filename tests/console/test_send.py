@@ -10,7 +10,7 @@ from console import ENGINE, TASK, ConsoleTest, files_only
 
 UNKNOWN = ("it cannot be known whether it was sent: its marking was interrupted and it is not in "
            "the outbox (settle it with send --mark-only or send --again)")
-REASONS = {2: "a fax to print: hvnotify print {}", 4: "a letter to print: hvnotify print {}",
+REASONS = {2: "a fax to print: hvnotify print {} --mark", 4: "a letter to print: hvnotify print {} --mark",
            8: "a phone call: hvnotify call {} --made"}
 
 

@@ -190,7 +190,7 @@ TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
     for (const auto& [name, leave] : exits) {
       SCOPED_TRACE(std::string(command) + ", " + name);
       chooseTaskFor(command);
-      const auto messages = run(command, [&](QDialog& composer) {
+      const auto messages = run(command, [&, &leave = leave](QDialog& composer) {
         other->connection().exec("BEGIN IMMEDIATE");
         leave(composer);
         if (composer.isVisible()) composer.close();

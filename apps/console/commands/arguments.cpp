@@ -32,9 +32,9 @@ const std::vector<ChannelWord>& channelWords() {
 }  // namespace
 
 CLI::Option* addReader(CLI::App& command, const std::string& name, const char* kind,
-                       const std::string& help, std::function<void(const std::string&)> read) {
-  CLI::Option* option =
-      command.add_option_function<std::string>(name, std::move(read), help)->type_name(kind);
+                       const std::string& help,
+                       const std::function<void(const std::string&)>& read) {
+  CLI::Option* option = command.add_option_function<std::string>(name, read, help)->type_name(kind);
   if (name.starts_with("--")) option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
   return option;
 }

@@ -22,7 +22,8 @@ namespace autonotify::console {
 /// An argument that `read` takes as it was typed. Of an option given twice the last counts.
 /// `name` begins with "--" for an option; `kind` stands for the value in the help text.
 CLI::Option* addReader(CLI::App& command, const std::string& name, const char* kind,
-                       const std::string& help, std::function<void(const std::string&)> read);
+                       const std::string& help,
+                       const std::function<void(const std::string&)>& read);
 
 CLI::Option* addText(CLI::App& command, const std::string& name, const char* kind,
                      const std::string& help, std::string& target);

@@ -48,12 +48,15 @@ std::string pagesText(int pages) {
   return fmt::format("{} page{}", pages, pages == 1 ? "" : "s");
 }
 
-/// What was done with a document: "2 pages, filed as 12 Roy Inc/Letter - Apr 15 2026.mvw".
-std::string doneWords(const PrintOutcome& outcome) {
+/// "filed as 12 Roy Inc/Letter - Apr 15 2026.mvw"
+std::string filedText(const PrintOutcome& outcome) {
   const std::filesystem::path filed(outcome.filed);
-  std::string words =
-      fmt::format("{}, filed as {}/{}", pagesText(outcome.pages),
-                  filed.parent_path().filename().string(), filed.filename().string());
+  return fmt::format("filed as {}/{}", filed.parent_path().filename().string(),
+                     filed.filename().string());
+}
+
+std::string doneWords(const PrintOutcome& outcome) {
+  std::string words = pagesText(outcome.pages) + ", " + filedText(outcome);
   if (host::isBesideAnother(outcome.filed)) words += " (beside another one of this day)";
   if (!outcome.markFault.empty()) words += "; could not be marked sent: " + outcome.markFault;
   return words;
@@ -62,8 +65,10 @@ std::string doneWords(const PrintOutcome& outcome) {
 std::string wordsOf(const PrintOutcome& outcome, const PrintWords& row) {
   if (row.result == PrintResult::printed) return doneWords(outcome);
   const bool isOther = row.result == PrintResult::otherChannel;
-  return fmt::format(fmt::runtime(row.words),
-                     isOther ? host::channelName(outcome.about->channel) : outcome.detail);
+  const std::string words =
+      fmt::format(fmt::runtime(row.words),
+                  isOther ? host::channelName(outcome.about->channel) : outcome.detail);
+  return outcome.filed.empty() ? words : words + "; it was " + filedText(outcome);
 }
 
 void report(Reply& reply, TextTable& table, Id id, const PrintOutcome& outcome, bool wasDue) {

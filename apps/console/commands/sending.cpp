@@ -81,8 +81,8 @@ struct ByHand {
   const char* reason;
 };
 constexpr ByHand byHand[] = {
-    {nt_Fax, "a fax to print: hvnotify print {}"},
-    {nt_Letter, "a letter to print: hvnotify print {}"},
+    {nt_Fax, "a fax to print: hvnotify print {} --mark"},
+    {nt_Letter, "a letter to print: hvnotify print {} --mark"},
     {nt_Phone, "a phone call: hvnotify call {} --made"},
 };
 

@@ -186,6 +186,15 @@ void PreviewWindow::printTo(QPrinter& printer) {
     QMessageBox::critical(this, windowTitle(), fault);
 }
 
+void PreviewWindow::reject() {
+  if (search_->text().isEmpty()) {
+    close();
+  } else {
+    search_->clear();
+    pages_->setFocus();
+  }
+}
+
 void PreviewWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   FaultWatch::guard([this] { report_.unload(); });

@@ -18,7 +18,7 @@ namespace autonotify::desktop {
 class PdfPages;
 
 /// A report as it is printed: its pages on the screen, which can be paged through, searched and
-/// printed. Escape and the close box unload the report.
+/// printed. The close box unloads the report, and so does Escape, which leaves a search first.
 class PreviewWindow : public ModalWindow {
   Q_OBJECT
 
@@ -32,7 +32,7 @@ class PreviewWindow : public ModalWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void reject() override { close(); }
+  void reject() override;
 
  private:
   struct Command;

@@ -1,6 +1,7 @@
 #include "host/desk/work/notify_client.h"
 
 #include "host/desk/work/claiming.h"
+#include "platform/PlatformError.h"
 
 namespace autonotify::host {
 namespace {
@@ -24,6 +25,11 @@ using OpenBlank = void (clsAutoNotifyCtrl::*)(notificationTypes, Id, Id, Current
 Outcome<Composed> openBlank(Desk& desk, OpenBlank open, Id id) {
   const auto task = requireTask(desk, id);
   if (!task) return task.refused();
+  try {
+    desk.requireDocuments();
+  } catch (const PlatformError& error) {
+    return Refused{Refused::Why::failed, {}, error.description()};
+  }
   const bool isCompany = task->clientNum >= 0;
   const Id company = isCompany ? desk.clients().getCompanyIDFromClientID(task->clientNum) : noId;
   const Id contact = isCompany ? noId : task->contactId;

@@ -14,7 +14,7 @@ Outcome<Composed> notifyNow(Desk& desk, Id task);
 Outcome<Composed> notifyAutomatically(Desk& desk, Id task);
 
 // A fax or a letter to the task's client that belongs to no task. It is printed from the preview
-// and filed with the client's documents; no row of it stays.
+// and filed with the client's documents; no row of it stays. Refused when it could not be filed.
 
 Outcome<Composed> writeBlankFax(Desk& desk, Id task);
 Outcome<Composed> writeBlankLetter(Desk& desk, Id task);
