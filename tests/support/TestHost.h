@@ -58,7 +58,7 @@ class TestHost {
   HeadlessPerson screen{calls, plainLocale.getActiveWindow()};
   NotedEmail::Notes mailProgram;
   TemporaryFolder documents;
-  host::HostWorkingFolder plainWorkingFolder{documents / "work"};
+  host::HostWorkingFolder plainWorkingFolder{documents / "temporary"};
   host::ClassRegistry registry;
   std::unique_ptr<host::SqliteDatabase> plainDatabase;
   host::ClientDirectory plainClients;

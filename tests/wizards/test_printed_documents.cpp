@@ -153,7 +153,7 @@ std::string tell(const Case& each, const char* report) {
   host.screen.finish();
   EXPECT_EQ(host.errors.dialogs(), each.failures);
   told += "\nrows " + toText(host.notificationCount()) + "\n" + filesOf(host.documents.path());
-  return replaceAll(replaceAll(told, host.documents.path().string(), "~"), earlier, "");
+  return replaceAll(replaceAll(told, host.documents.path().string(), "DOCUMENTS"), earlier, "");
 }
 
 TEST(PrintedDocuments, AreSeenAndFiledAsTheyWere) {
