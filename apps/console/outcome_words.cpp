@@ -57,6 +57,10 @@ std::string withLineEnd(std::string text) {
   return text;
 }
 
+std::string aboutOf(const std::optional<host::SendSubject>& subject) {
+  return subject ? subject->client + ", " + subject->item : std::string();
+}
+
 Json channelList(int bits) {
   Json names = Json::array();
   for (const notifyType channel : allNotifyTypes) {

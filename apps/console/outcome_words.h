@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -7,6 +8,7 @@
 #include "TextTable.h"
 #include "host/desk/Outcome.h"
 #include "host/desk/rows/Notification.h"
+#include "host/desk/work/send_notification.h"
 
 namespace autonotify::console {
 
@@ -35,6 +37,8 @@ Json dayJson(DateTime moment);
 /// "Client:         Jo Smith", a line of several with values below each other.
 std::string labelled(const char* name, const std::string& value);
 std::string withLineEnd(std::string text);
+/// "Jo Smith, Personal Tax Return"; empty when it is not there.
+std::string aboutOf(const std::optional<host::SendSubject>& subject);
 /// The channels of a bit set by name.
 Json channelList(int bits);
 

@@ -36,8 +36,10 @@ struct ChannelDocument {
   notifyType channel;
   void (*show)(Step& step, Id notificationID, Id companyID, Id contactID);
 };
-constexpr ChannelDocument documents[] = {{nt_Fax, showDocument<drFax>},
-                                         {nt_Letter, showDocument<drLetter>}};
+constexpr ChannelDocument documents[] = {
+    {nt_Fax, showDocument<drFax>},
+    {nt_Letter, showDocument<drLetter>},
+};
 
 class NotificationTools final : public clsNotificationTools {
  public:

@@ -35,8 +35,8 @@ void setNumber(Step& step, NewRow& row, const Value& number, const Value& otherw
 /// The person's name, empty when it is not known.
 std::string personName(const Row& person) {
   const Value name = person.value("DisplayName");
-  return isEmpty(person.step(), name) ? std::string{}
-                                      : person.step().value(std::string{}, toText, name);
+  if (isEmpty(person.step(), name)) return {};
+  return person.step().value(std::string{}, toText, name);
 }
 
 /// Stands on the default contact afterwards; False when there is none.

@@ -49,27 +49,24 @@ frmSendNotificationWizard::frmSendNotificationWizard(TemplateEditor editTemplate
 
 // Filling.
 
-void frmSendNotificationWizard::InitializeNotifyNow(enumAutoNotifyClientType clientType,
-                                                    Id scheduleID) {
+void frmSendNotificationWizard::InitializeNotifyNow(ClientType clientType, Id entry) {
   procedure(tag("InitializeNotifyNow"), [&](Step& step) {
     cancelFlag_ = false;
-    show(step, Face::notifyNow, clientType, scheduleID);
+    show(step, Face::notifyNow, clientType, entry);
   });
 }
 
-void frmSendNotificationWizard::InitializeAutoNotify(enumAutoNotifyClientType clientType,
-                                                     Id scheduleID) {
+void frmSendNotificationWizard::InitializeAutoNotify(ClientType clientType, Id entry) {
   procedure(tag("InitializeAutoNotify"),
-            [&](Step& step) { show(step, Face::autoNotify, clientType, scheduleID); });
+            [&](Step& step) { show(step, Face::autoNotify, clientType, entry); });
 }
 
-void frmSendNotificationWizard::show(Step& step, Face face, enumAutoNotifyClientType clientType,
-                                     Id scheduleID) {
+void frmSendNotificationWizard::show(Step& step, Face face, ClientType clientType, Id entry) {
   Frame1.setVisible(face == Face::autoNotify);
   Frame2.setVisible(face == Face::notifyNow);
   suppressesClicks_ = true;
   step.run(styleForm, *this);
-  scheduleID_ = scheduleID;
+  scheduleID_ = entry;
   if (!isDatabaseOpen(step)) return;
   step.run(setPointer, Pointer::busy);
   if (!fill(step, face, clientType)) return;
@@ -79,7 +76,7 @@ void frmSendNotificationWizard::show(Step& step, Face face, enumAutoNotifyClient
 }
 
 /// False without the entry, in which case the recordset stays open.
-bool frmSendNotificationWizard::fill(Step& step, Face face, enumAutoNotifyClientType clientType) {
+bool frmSendNotificationWizard::fill(Step& step, Face face, ClientType clientType) {
   const Row entry(step, step.value(noRecordset, openRecordset, allEntries, keysetRead));
   if (!step.holds(findRecord, entry.handle(), "ScheduleID", std::to_string(scheduleID_))) {
     return false;
@@ -95,14 +92,13 @@ bool frmSendNotificationWizard::fill(Step& step, Face face, enumAutoNotifyClient
   return true;
 }
 
-std::string frmSendNotificationWizard::clientName(const Row& entry,
-                                                  enumAutoNotifyClientType clientType) const {
+std::string frmSendNotificationWizard::clientName(const Row& entry, ClientType clientType) const {
   if (clientType == enumAutoNotifyCompany) return getCompanyNameFromScheduleID(scheduleID_);
   if (clientType != enumAutoNotifyContact) return {};
   const Id contact = entry.id("ContactIDNum");
   if (contact < 0) return {};
-  return entry.step().value(std::string{},
-                            [&] { return clients().getContactDisplayName(contact); });
+  const auto name = [&] { return clients().getContactDisplayName(contact); };
+  return entry.step().value(std::string{}, name);
 }
 
 void frmSendNotificationWizard::tick(std::uint8_t bits) {

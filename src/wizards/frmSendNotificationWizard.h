@@ -27,13 +27,15 @@ using TemplateEditor = std::function<void(Step& step, Id totalNum, Id scheduleNu
 /// and the recordset open.
 class frmSendNotificationWizard : public Window {
  public:
+  using ClientType = enumAutoNotifyClientType;
+
   /// Without an editor the button that opens it is hidden.
   explicit frmSendNotificationWizard(TemplateEditor editTemplate = {});
 
   // Each fills the window and shows it until the person is done; the caller then reads cancelFlag
   // and unloads it. A type other than contact and company leaves the client without a name.
-  void InitializeNotifyNow(enumAutoNotifyClientType clientType, Id scheduleID);
-  void InitializeAutoNotify(enumAutoNotifyClientType clientType, Id scheduleID);
+  void InitializeNotifyNow(ClientType clientType, Id entry);
+  void InitializeAutoNotify(ClientType clientType, Id entry);
 
   /// True when the person cancelled, here or in the composer.
   bool cancelFlag() const { return cancelFlag_; }
@@ -56,9 +58,9 @@ class frmSendNotificationWizard : public Window {
   /// An initializer of the composers.
   using Opening = void (NotificationComposer::*)(notificationTypes, Id, ItemKind, Id);
 
-  void show(Step& step, Face face, enumAutoNotifyClientType clientType, Id scheduleID);
-  bool fill(Step& step, Face face, enumAutoNotifyClientType clientType);
-  std::string clientName(const Row& entry, enumAutoNotifyClientType clientType) const;
+  void show(Step& step, Face face, ClientType clientType, Id entry);
+  bool fill(Step& step, Face face, ClientType clientType);
+  std::string clientName(const Row& entry, ClientType clientType) const;
   void tick(std::uint8_t bits);
   void notifyNow(Step& step, std::size_t channel);
   void changeChannel(Step& step, std::size_t channel);

@@ -20,24 +20,31 @@ void fillBlankLetter(Step&, NewRow& row, const CompanyAndContactID& client) {
   row.set("NotificationDate", [] { return platformClock().today(); });
 }
 
+void editForSchedule(Id id, const FieldTexts&, const std::string& memo) {
+  editLetterNotification(id, memo);
+}
+
+void editForItem(ItemKind kind, Id id, const FieldTexts&, const std::string& memo) {
+  editApptLetterNotification(kind, id, memo);
+}
+
 constexpr DocumentChannel letterChannel{
-    .composer = {
-        .channel = nt_Letter,
-        .formName = "frmSendNotificationWizardLetter",
-        .caption = "Send Notification (Letter)",
-        .addressCaption = "Insert Client Business Address",
-        .addsRow = AddsRow::always,
-        .confirmationStart = "This client will be notified of their upcoming ",
-        .confirmationEnd = " by letter on ",
-        .asksClientList = true,
-        .addressHasDate = false,
-        .editForSchedule = [](Id id, const FieldTexts&,
-                              const std::string& memo) { editLetterNotification(id, memo); },
-        .editForItem = [](ItemKind kind, Id id, const FieldTexts&,
-                          const std::string& memo) { editApptLetterNotification(kind, id, memo); },
-        .readsTextFirst = true,
-        .otherTags = otherTags,
-    },
+    .composer =
+        {
+            .channel = nt_Letter,
+            .formName = "frmSendNotificationWizardLetter",
+            .caption = "Send Notification (Letter)",
+            .addressCaption = "Insert Client Business Address",
+            .addsRow = AddsRow::always,
+            .confirmationStart = "This client will be notified of their upcoming ",
+            .confirmationEnd = " by letter on ",
+            .asksClientList = true,
+            .addressHasDate = false,
+            .editForSchedule = editForSchedule,
+            .editForItem = editForItem,
+            .readsTextFirst = true,
+            .otherTags = otherTags,
+        },
     .showDocument = showDocument<drLetter>,
     .fillBlankRow = fillBlankLetter,
 };

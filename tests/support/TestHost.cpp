@@ -3,7 +3,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-#include <cstring>
+#include <algorithm>
 #include <map>
 
 #include "host/services/HostFileUtility.h"
@@ -49,7 +49,7 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(FillRows fill) {
   SQLite::Database connection(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   const auto size = static_cast<sqlite3_int64>(content.size());
   auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(content.size()));
-  std::memcpy(copy, content.data(), content.size());
+  std::copy(content.begin(), content.end(), copy);
   sqlite3_deserialize(connection.getHandle(), "main", copy, size, size,
                       SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
   return std::make_unique<host::SqliteDatabase>(std::move(connection));

@@ -74,8 +74,7 @@ std::string wordsOf(const PrintOutcome& outcome, const PrintWords& row) {
 void report(Reply& reply, TextTable& table, Id id, const PrintOutcome& outcome, bool wasDue) {
   const PrintWords& row = *std::ranges::find(printTable, outcome.result, &PrintWords::result);
   const std::string words = wordsOf(outcome, row);
-  const std::string about =
-      outcome.about ? outcome.about->client + ", " + outcome.about->item : std::string();
+  const std::string about = aboutOf(outcome.about);
   table.add({std::to_string(id), row.name, words, about});
   reply.data["notifications"].push_back({{"notification", id},
                                          {"result", row.name},

@@ -110,15 +110,11 @@ const char* fateName(Fate fate, bool dryRun) {
   return dryRun && fate == Fate::sent ? "would be sent" : wordsOf(fate).name;
 }
 
-std::string aboutOf(const SendOutcome& outcome) {
-  return outcome.about ? outcome.about->client + ", " + outcome.about->item : std::string();
-}
-
 void report(Reply& reply, TextTable& table, Id id, const SendOutcome& outcome,
             const Arguments& arguments) {
   const Told told = tell(id, outcome, arguments.due);
   const char* name = fateName(told.fate, arguments.dryRun);
-  const std::string about = aboutOf(outcome);
+  const std::string about = aboutOf(outcome.about);
   table.add({std::to_string(id), name, told.words, about});
   reply.data.push_back(
       {{"notification", id}, {"result", name}, {"detail", told.words}, {"about", about}});

@@ -21,10 +21,14 @@ using OpenComposer = void (clsAutoNotifyCtrl::*)(CurrentDayTimerType, notificati
 
 Composed openComposer(Desk& desk, OpenComposer open, Id task) {
   (desk.control().*open)(Tasks, remittanceNotification, noId, task);
-  return desk.control().get_cancelFlag() ? Composed::cancelled : Composed::done;
+  return composedBy(desk.control());
 }
 
 }  // namespace
+
+Composed composedBy(const clsAutoNotifyCtrl& control) {
+  return control.get_cancelFlag() ? Composed::cancelled : Composed::done;
+}
 
 // The email is a row of the database while it is written: nobody else may send that.
 Outcome<Composed> composeEmail(Desk& desk, Id task) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "control/clsAutoNotifyCtrl.h"
 #include "host/desk/Outcome.h"
 
 namespace autonotify::host {
 
-/// How a person left the composer of an email, which the desk's FormHost shows.
+/// How a person left a window that the desk's FormHost shows; all but the first two of the composer
+/// of an email alone.
 enum class Composed {
   done,
   cancelled,
@@ -16,6 +18,9 @@ enum class Composed {
   /// lost.
   lost,
 };
+
+/// Done or cancelled: how the window was left that the control opened last.
+Composed composedBy(const clsAutoNotifyCtrl& control);
 
 // While the person writes no other desk works on the task, nor on the email that is edited.
 

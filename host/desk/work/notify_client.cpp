@@ -6,10 +6,6 @@
 namespace autonotify::host {
 namespace {
 
-Composed outcomeOf(Desk& desk) {
-  return desk.control().get_cancelFlag() ? Composed::cancelled : Composed::done;
-}
-
 using OpenWizard = void (clsAutoNotifyCtrl::*)(std::int16_t, Id);
 
 Outcome<Composed> openWizard(Desk& desk, OpenWizard open, Id task) {
@@ -17,7 +13,7 @@ Outcome<Composed> openWizard(Desk& desk, OpenWizard open, Id task) {
   if (!claimed) return claimed.refused();
   const auto type = claimed->row.clientNum >= 0 ? enumAutoNotifyCompany : enumAutoNotifyContact;
   (desk.control().*open)(static_cast<std::int16_t>(type), task);
-  return outcomeOf(desk);
+  return composedBy(desk.control());
 }
 
 using OpenBlank = void (clsAutoNotifyCtrl::*)(notificationTypes, Id, Id, CurrentDayTimerType);
@@ -34,7 +30,7 @@ Outcome<Composed> openBlank(Desk& desk, OpenBlank open, Id id) {
   const Id company = isCompany ? desk.clients().getCompanyIDFromClientID(task->clientNum) : noId;
   const Id contact = isCompany ? noId : task->contactId;
   (desk.control().*open)(remittanceNotification, company, contact, noDayTimerType);
-  return outcomeOf(desk);
+  return composedBy(desk.control());
 }
 
 }  // namespace

@@ -53,12 +53,9 @@ class DocumentReport : public Report {
 /// else neither.
 template <class Document>
 void showDocument(Step& step, Id notificationID, Id companyID, Id contactID) {
-  const bool isCompany = step.holds([&] { return clients().isCompanyClient(companyID); });
-  const bool isContact =
-      !isCompany && step.holds([&] { return clients().isContactClient(contactID); });
-  Document document;
-  document.Initialize(notificationID, false, isCompany ? companyID : noId,
-                      isContact ? contactID : noId);
+  const Id company = isListedCompany(step, companyID) ? companyID : noId;
+  const Id contact = company == noId && isListedContact(step, contactID) ? contactID : noId;
+  Document().Initialize(notificationID, false, company, contact);
 }
 
 }  // namespace autonotify

@@ -25,11 +25,10 @@ constexpr FirmColumn firmColumns[] = {
 constexpr std::span<const FirmColumn> withNumbers = firmColumns;
 constexpr std::span<const FirmColumn> placeAlone = withNumbers.first<5>();
 
-using AddressComposer = std::string (*)(const AddressRecord&, bool includePerson, bool asRTF);
+using Compose = std::string (*)(const AddressRecord&, bool includePerson, bool asRTF);
 
 /// Empty without a record of the firm.
-std::string readFirmAddress(Step& step, std::span<const FirmColumn> columns,
-                            AddressComposer compose) {
+std::string readAddress(Step& step, std::span<const FirmColumn> columns, Compose compose) {
   std::string address;
   const char* const statement = "SELECT AccountantFirmInfo.* FROM AccountantFirmInfo;";
   if (const Rows row(step, statement, keysetRead); row) {
@@ -41,11 +40,11 @@ std::string readFirmAddress(Step& step, std::span<const FirmColumn> columns,
 }
 
 std::string firmWithNumbers(const Row& row, const char*) {
-  return readFirmAddress(row.step(), withNumbers, createAddressWithContactInfo);
+  return readAddress(row.step(), withNumbers, createAddressWithContactInfo);
 }
 
 std::string firm(const Row& row, const char*) {
-  return readFirmAddress(row.step(), placeAlone, createAddress);
+  return readAddress(row.step(), placeAlone, createAddress);
 }
 
 std::string today(const Row& row, const char*) {

@@ -21,8 +21,10 @@ struct DocumentTemplate {
   std::string_view type;
   const std::string_view& bytes;
 };
-constexpr DocumentTemplate templates[] = {{101, "FAXTEMPLATE", fax_template},
-                                          {101, "LETTERTEMPLATE", letter_template}};
+constexpr DocumentTemplate templates[] = {
+    {101, "FAXTEMPLATE", fax_template},
+    {101, "LETTERTEMPLATE", letter_template},
+};
 
 }  // namespace
 
