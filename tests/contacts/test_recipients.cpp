@@ -95,9 +95,9 @@ TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
                      "BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber",
                      "HomePhone_Main", "HomePhone_Cell", "PersonalAltPhoneNumber"});
     linkDefaultContact(person, full);
-    const auto chosen = [&](bool select) {
+    const auto chosen = [&, &fill = fill, &id = isCompany ? full : person](bool select) {
       ComboBox combo;
-      fill(isCompany ? full : person, combo, select);
+      fill(id, combo, select);
       return combo.text();
     };
     for (const std::string& column : likeliest) {

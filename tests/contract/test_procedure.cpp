@@ -217,17 +217,20 @@ TEST_F(RowsInUse, ReturnToAPlaceThatTheyHold) {
 }
 
 TEST_F(RowsInUse, ReadTheFallbackWhereNothingStandsOrAStatementIsSkipped) {
-  using Case = std::tuple<const char*, int, Id>;
-  for (const auto& [text, failed, read] :
-       {Case{"5", 0, 5}, {"", 0, 7}, {"5", 3, 7}, {"5", 4, 7}, {"word", 0, 7}}) {
-    const Id id = addRow("ClientNotification", {{"Field2", text}});
-    if (*text && read == 7) errors.answer({error_choice::next});
+  struct Case {
+    const char* text;
+    int failed;
+    Id read;
+  };
+  for (const Case& each : {Case{"5", 0, 5}, {"", 0, 7}, {"5", 3, 7}, {"5", 4, 7}, {"word", 0, 7}}) {
+    const Id id = addRow("ClientNotification", {{"Field2", each.text}});
+    if (*each.text && each.read == 7) errors.answer({error_choice::next});
     callsIn(
         [&](Step& step) {
           const Rows row(step, byId, id, keysetRead);
-          EXPECT_EQ(row.id("Field2", 7), read) << text << " " << failed;
+          EXPECT_EQ(row.id("Field2", 7), each.read) << each.text << " " << each.failed;
         },
-        failed);
+        each.failed);
   }
 }
 

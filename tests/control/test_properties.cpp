@@ -18,28 +18,32 @@ class Logged : public Base {
     log_.push_back(std::string("+") + Base::className);
   }
   ~Logged() override { log_.push_back(std::string("-") + Base::className); }
-  // Overrides where there is such an operation.
-  void put_errorClass(errorClass* value) {
-    EXPECT_EQ(value, &expected_);
-    log_.push_back(Base::className);
-  }
 
- private:
+ protected:
   std::vector<std::string>& log_;
   const errorClass& expected_;
+};
+
+template <class Base>
+struct LoggedWithErrors final : Logged<Base> {
+  using Logged<Base>::Logged;
+  void put_errorClass(errorClass* value) override {
+    EXPECT_EQ(value, &this->expected_);
+    this->log_.push_back(Base::className);
+  }
 };
 
 class Properties : public testing::Test, public TestHost {
  protected:
   Properties() {
-    reg<host::HostFileUtility>();
-    reg<host::HostGeneralUtilities>();
-    reg<host::HostValidationUtilities>();
+    reg<Logged<host::HostFileUtility>>();
+    reg<LoggedWithErrors<host::HostGeneralUtilities>>();
+    reg<LoggedWithErrors<host::HostValidationUtilities>>();
   }
   template <class Utility>
   void reg() {
     registry.registerClass(Utility::className,
-                           [this] { return std::make_unique<Logged<Utility>>(log_, errors); });
+                           [this] { return std::make_unique<Utility>(log_, errors); });
   }
   std::vector<std::string> takeLog() { return std::exchange(log_, {}); }
 

@@ -77,7 +77,7 @@ TEST_P(Conformance, OtherStatementsAreRefusedAndHarmNothing) {
       {"SELECT FROM WHERE;", failed},
   };
   for (const auto& [sql, error] : statements)
-    EXPECT_EQ(errorOf([&] { open(desk, sql); }), error) << sql;
+    EXPECT_EQ(errorOf([&, &text = sql] { open(desk, text); }), error) << sql;
   EXPECT_EQ(field(desk, id, "Field1"), Value("kept"));
 }
 

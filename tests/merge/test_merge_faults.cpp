@@ -61,7 +61,8 @@ string writeCity(clsInsertFieldsInRTB& merge) {
   merge.initializeDataRecordsetsForSingleDocMerge();
   merge.writeDataToField("BusinessCity", "Elora");
   string column = "City";
-  return merge.getDataFieldFromRecordset(column) + merge.getMergeDataFromFieldName("City");
+  const string merged = merge.getMergeDataFromFieldName("City");
+  return merge.getDataFieldFromRecordset(column) + merged;
 }
 
 string clickOnAnEntry(clsInsertFieldsInRTB& merge) {

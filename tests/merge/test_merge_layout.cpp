@@ -153,7 +153,9 @@ TEST_F(MergeByLayout, StandsAMergeThatAMessageStartsWithinIt) {
 
 TEST_F(MergeByLayout, KeepsAFewTemplatesOfOrdinarySize) {
   TemplateLayoutCache& cache = TemplateLayoutCache::instance();
-  const auto isKept = [&](const string& text) { return cache.find(text, {1, 3, true}) != nullptr; };
+  const auto isKept = [&](const string& text) {
+    return cache.find(text, {{1, 3, true}}) != nullptr;
+  };
   const string start = "A letter that is longer than forty characters, number ";
   listSamples({{"A", "1"}});
   live(1, 3);

@@ -112,7 +112,7 @@ TEST(Value, serialAndMomentAreInverse) {
   }
 }
 
-#ifndef __SANITIZE_ADDRESS__  // which ends the program where memory is short
+#ifndef AUTONOTIFY_SANITIZE  // under sanitizers the program ends where memory is short
 TEST(Value, throwsWhereACopyFindsNoMemory) {
   const Value large(std::string(1u << 26, 'x'));
   rlimit usual;

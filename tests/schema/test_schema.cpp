@@ -96,8 +96,8 @@ TEST(Schema, FrequentLookupsUseAnIndex) {
       "Tasks WHERE ScheduleIDNum=3",
       "archiveSchedule WHERE oldScheduleID=3",
       "archiveTasks WHERE ScheduleIDNum=3",
-      "Contacts INNER JOIN ContactLinks ON Contacts.ContactID = ContactLinks.ContactIDNum WHERE "
-      "ContactLinks.CompanyNum = 3 AND ContactLinks.DefaultContact=1",
+      ("Contacts INNER JOIN ContactLinks ON Contacts.ContactID = ContactLinks.ContactIDNum WHERE "
+       "ContactLinks.CompanyNum = 3 AND ContactLinks.DefaultContact=1"),
       "OperatingProcedures WHERE TaskIDNum =3 AND OpProcedureScopeType=2 ORDER BY OrderNum",
       "UserGeneralSettings WHERE UserIDNum=3",
   };

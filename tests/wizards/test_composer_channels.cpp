@@ -184,7 +184,7 @@ TEST_F(ChannelTest, ListsOfferTheNumbersOfTheClientAndTheFirm) {
 
 TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
   using enum ComposerMode;
-  enum Act { finish, cancel, close };
+  enum class Act { finish, cancel, close };
   struct Sending {
     Make makeComposer;
     notifyType channel;
@@ -197,20 +197,21 @@ TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
       {fax, nt_Fax, "drFax", true},
       {letter, nt_Letter, "drLetter", true},
       {phone, nt_Phone, nullptr, false, "Call completed", "No answer, call again later!"}};
-  for (const auto& [makeComposer, channel, document, sendsNow, captionOfFinish, captionOfCancel] :
-       sendings) {
+  for (const Sending& sending : sendings) {
+    const auto& [makeComposer, channel, document, sendsNow, captionOfFinish, captionOfCancel] =
+        sending;
     for (int i = 0; i < 15; ++i) {
       const auto mode = static_cast<ComposerMode>(i / 3 + 1);
       const auto act = static_cast<Act>(i % 3);
       if (mode == blankSend && !document) continue;
-      SCOPED_TRACE(testing::Message() << channel << ", mode " << i / 3 + 1 << ", act " << act);
+      SCOPED_TRACE(testing::Message() << channel << ", mode " << i / 3 + 1 << ", act " << i % 3);
       const auto composer = makeComposer();
       addRowOf(channel);
       execute("UPDATE Schedule SET notifyType = 0");
       const std::size_t before = errors.tags().size();
       mailProgram.calls.clear();
       const bool isAtOnce = mode != editAuto && mode != newAuto;
-      const bool isSent = act == finish && isAtOnce && (sendsNow || mode == sendAuto);
+      const bool isSent = act == Act::finish && isAtOnce && (sendsNow || mode == sendAuto);
       if (isSent && document) {
         screen.expectReport(document, [&](ReportInUse& shown) {
           EXPECT_FALSE(composer->isVisible());
@@ -222,20 +223,21 @@ TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
       }
       const Result result = use(*composer, {mode}, [&](WindowInUse& window) {
         EXPECT_EQ(window.sees("txtNotificationField"), !isAtOnce);
-        EXPECT_EQ(window.read("cmdFinish"), isAtOnce ? captionOfFinish : "Finish");
-        EXPECT_EQ(window.read("cmdCancel"), isAtOnce ? captionOfCancel : "Cancel");
+        EXPECT_EQ(window.read("cmdFinish"), isAtOnce ? sending.finishCaption : "Finish");
+        EXPECT_EQ(window.read("cmdCancel"), isAtOnce ? sending.cancelCaption : "Cancel");
         window.type("rtbText", "Soon");
         calls.reset();
         calls.record(true);
-        act == close ? window.closeBox() : window.click(act == finish ? "cmdFinish" : "cmdCancel");
+        act == Act::close ? window.closeBox()
+                          : window.click(act == Act::finish ? "cmdFinish" : "cmdCancel");
       });
-      EXPECT_EQ(result, (Result{act == cancel, isSent}));
+      EXPECT_EQ(result, (Result{act == Act::cancel, isSent}));
       const bool isGone =
-          mode == notifyNow || mode == blankSend || (mode == newAuto && act == cancel);
+          mode == notifyNow || mode == blankSend || (mode == newAuto && act == Act::cancel);
       const std::string kept = notification(composer->notifyID(), "Memo, NotificationSent");
       EXPECT_EQ(kept.ends_with("|0|\n"), !isGone) << kept;
-      EXPECT_EQ(kept.find("Soon") != std::string::npos, !isGone && act == finish) << kept;
-      EXPECT_EQ(channelBits(), std::to_string(mode == newAuto && act == finish ? channel : 0));
+      EXPECT_EQ(kept.find("Soon") != std::string::npos, !isGone && act == Act::finish) << kept;
+      EXPECT_EQ(channelBits(), std::to_string(mode == newAuto && act == Act::finish ? channel : 0));
       const std::vector<std::string> tags(errors.tags().begin() + before, errors.tags().end());
       EXPECT_EQ(std::ranges::count(tags, "Morvane.exe-modNotifyClients-changeNotificationToSent"),
                 mode == notifyNow && isSent);
