@@ -33,10 +33,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 target_include_directories(autonotify_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 if(AUTONOTIFY_SANITIZE)
-  # Sanitized code confuses this warning of g++ about the members of variants.
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-                      -Wno-maybe-uninitialized)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+  add_compile_definitions(AUTONOTIFY_SANITIZE)
 endif()
 if(AUTONOTIFY_COVERAGE)
   add_compile_options(--coverage)
