@@ -1,6 +1,6 @@
 # Settings and helpers shared by all folders.
 option(AUTONOTIFY_WERROR "Take warnings for errors" OFF)
-option(AUTONOTIFY_UNITY "Build the console in two pieces" OFF)
+option(AUTONOTIFY_BATCH "Build the console in two pieces, and the tests with precompiled headers" OFF)
 option(AUTONOTIFY_SANITIZE "Build with address and undefined behaviour sanitizers" OFF)
 option(AUTONOTIFY_COVERAGE "Build for line coverage" OFF)
 option(AUTONOTIFY_FUZZ "Build the fuzz targets only" OFF)
