@@ -110,7 +110,8 @@ Firm& Firms::ofManyYears() {
 }
 
 SQLite::Database Firms::copyInMemory() {
-  SQLite::Database copy(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  SQLite::Database copy(":memory:",
+                        SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE | SQLite::OPEN_NOMUTEX);
   SQLite::Backup(copy, onDisk().database().connection()).executeStep();
   return copy;
 }

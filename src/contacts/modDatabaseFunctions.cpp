@@ -10,6 +10,9 @@
 #include "platform/controls/ComboBox.h"
 
 namespace autonotify {
+
+using namespace recipient_list;
+
 namespace {
 
 std::vector<Value> columnValues(RecordsetHandle handle, const char* column) {
@@ -97,7 +100,7 @@ RecipientChoice firstIf(bool selectFirst) {
   return selectFirst ? RecipientChoice::first : RecipientChoice::none;
 }
 std::span<const RecipientSource> firmIf(bool include) {
-  return include ? recipient_list::firmAndStaffEmails : std::span<const RecipientSource>{};
+  return include ? firmAndStaffEmails : std::span<const RecipientSource>{};
 }
 
 void choose(Step& step, ComboBox& combo, RecipientChoice choice, const std::string& likeliest) {
@@ -126,54 +129,52 @@ void populateRecipients(const RecipientList& list, std::span<const RecipientSour
 
 void populateContactEmailAddressesInCombo(Id contactID, ComboBox& combo, bool includeFirmAndStaff,
                                           bool selectDefault) {
-  populateRecipients(recipient_list::contactEmails, firmIf(includeFirmAndStaff), contactID, combo,
+  populateRecipients(contactEmails, firmIf(includeFirmAndStaff), contactID, combo,
                      choiceOf(selectDefault));
 }
 
 void populateCompanyAndContactEmailAddressesInCombo(Id companyID, ComboBox& combo,
                                                     bool includeFirmAndStaff, bool selectDefault) {
-  populateRecipients(recipient_list::companyEmails, firmIf(includeFirmAndStaff), companyID, combo,
+  populateRecipients(companyEmails, firmIf(includeFirmAndStaff), companyID, combo,
                      choiceOf(selectDefault));
 }
 
 void populateContactFaxNumbersInCombo(Id contactID, ComboBox& combo, bool selectDefault) {
-  populateRecipients(recipient_list::contactFaxes, {}, contactID, combo, choiceOf(selectDefault));
+  populateRecipients(contactFaxes, {}, contactID, combo, choiceOf(selectDefault));
 }
 
 void populateCompanyAndContactFaxNumbersInCombo(Id companyID, ComboBox& combo, bool selectDefault) {
-  populateRecipients(recipient_list::companyFaxes, {}, companyID, combo, choiceOf(selectDefault));
+  populateRecipients(companyFaxes, {}, companyID, combo, choiceOf(selectDefault));
 }
 
 void populateAccountingFirmsAndStaffFaxNumbersInCombo(ComboBox& combo) {
-  populateRecipients(recipient_list::firmFaxes, {}, noId, combo, RecipientChoice::none);
+  populateRecipients(firmFaxes, {}, noId, combo, RecipientChoice::none);
 }
 
 void populateContactFaxRecipientInCombo(Id contactID, ComboBox& combo, bool selectFirst) {
-  populateRecipients(recipient_list::contactFaxRecipient, {}, contactID, combo,
-                     firstIf(selectFirst));
+  populateRecipients(contactFaxRecipient, {}, contactID, combo, firstIf(selectFirst));
 }
 
 void populateCompanyAndContactFaxRecipientInCombo(Id companyID, ComboBox& combo,
                                                   bool selectDefault) {
-  populateRecipients(recipient_list::companyFaxRecipients, {}, companyID, combo,
-                     choiceOf(selectDefault));
+  populateRecipients(companyFaxRecipients, {}, companyID, combo, choiceOf(selectDefault));
 }
 
 void populateContactContactNamesInCombo(Id contactID, ComboBox& combo, bool selectDefault) {
-  populateRecipients(recipient_list::contactNames, {}, contactID, combo, firstIf(selectDefault));
+  populateRecipients(contactNames, {}, contactID, combo, firstIf(selectDefault));
 }
 
 void populateCompanyContactNamesInCombo(Id companyID, ComboBox& combo, bool selectDefault) {
-  populateRecipients(recipient_list::companyNames, {}, companyID, combo, choiceOf(selectDefault));
+  populateRecipients(companyNames, {}, companyID, combo, choiceOf(selectDefault));
 }
 
 void populateContactPhoneNumbersInCombo(Id contactID, ComboBox& combo, bool selectDefault) {
-  populateRecipients(recipient_list::contactPhones, {}, contactID, combo, choiceOf(selectDefault));
+  populateRecipients(contactPhones, {}, contactID, combo, choiceOf(selectDefault));
 }
 
 void populateCompanyAndContactPhoneNumbersInCombo(Id companyID, ComboBox& combo,
                                                   bool selectDefault) {
-  populateRecipients(recipient_list::companyPhones, {}, companyID, combo, choiceOf(selectDefault));
+  populateRecipients(companyPhones, {}, companyID, combo, choiceOf(selectDefault));
 }
 
 }  // namespace autonotify

@@ -44,8 +44,10 @@ constexpr const char* companyEmailDefaults[] = {"BusinessEmail", "Email", "Perso
 
 constexpr Columns fax[] = {{"FaxNumber"}};
 constexpr Columns faxes[] = {{"BusinessPhone_Fax"}, {"HomePhone_Fax"}};
-constexpr Columns labelledFaxes[] = {{"BusinessPhone_Fax", " <Business Fax>"},
-                                     {"HomePhone_Fax", " <Home Fax>"}};
+constexpr Columns labelledFaxes[] = {
+    {"BusinessPhone_Fax", " <Business Fax>"},
+    {"HomePhone_Fax", " <Home Fax>"},
+};
 
 constexpr RecipientSource contactFaxSources[] = {
     {"SELECT Contacts.ContactID, Contacts.HomePhone_Fax, Contacts.BusinessPhone_Fax FROM Contacts "
@@ -68,16 +70,18 @@ constexpr const char* companyFaxDefaults[] = {"BusinessPhone_Fax", "FaxNumber", 
 
 constexpr Columns officePhone[] = {{"OfficeNumber"}};
 constexpr Columns phones[] = {{"BusinessPhone_Main"}, {"HomePhone_Main"}};
-constexpr Columns labelledPhones[] = {{"BusinessPhone_Main", " <Business Phone>"},
-                                      {"BusinessPhone_Cell", " <Business Cell>"},
-                                      {"BusinessAltPhoneNumber", " <Business Alt Phone>"},
-                                      {"BusinessPhone_Pager", " <Business Pager>"},
-                                      {"HomePhone_Main", " <Home Phone>"},
-                                      {"HomePhone_Cell", " <Home Cell>"},
-                                      {"PersonalAltPhoneNumber", " <Personal Alt Phone>"},
-                                      {"HomePhone_Pager", " <Home Pager>"},
-                                      {"SpousePhone_Main", " <Spouse Phone>"},
-                                      {"SpousePhone_Cell", " <Spouse Cell>"}};
+constexpr Columns labelledPhones[] = {
+    {"BusinessPhone_Main", " <Business Phone>"},
+    {"BusinessPhone_Cell", " <Business Cell>"},
+    {"BusinessAltPhoneNumber", " <Business Alt Phone>"},
+    {"BusinessPhone_Pager", " <Business Pager>"},
+    {"HomePhone_Main", " <Home Phone>"},
+    {"HomePhone_Cell", " <Home Cell>"},
+    {"PersonalAltPhoneNumber", " <Personal Alt Phone>"},
+    {"HomePhone_Pager", " <Home Pager>"},
+    {"SpousePhone_Main", " <Spouse Phone>"},
+    {"SpousePhone_Cell", " <Spouse Cell>"},
+};
 
 constexpr RecipientSource contactPhoneSources[] = {
     {"SELECT Contacts.ContactID, Contacts.HomePhone_Cell, Contacts.HomePhone_Pager, "
@@ -89,11 +93,15 @@ constexpr RecipientSource companyPhoneSources[] = {
     {"SELECT Companies.CompanyID, Companies.OfficeNumber From Companies WHERE CompanyID = ", first,
      officePhone},
     {AUTONOTIFY_PEOPLE("Contacts.BusinessPhone_Main, Contacts.HomePhone_Main"), people, phones}};
-constexpr const char* contactPhoneDefaults[] = {"BusinessPhone_Main",     "BusinessPhone_Cell",
-                                                "BusinessAltPhoneNumber", "HomePhone_Main",
-                                                "HomePhone_Cell",         "PersonalAltPhoneNumber"};
-constexpr const char* companyPhoneDefaults[] = {"BusinessPhone_Main", "OfficeNumber",
-                                                "HomePhone_Main"};
+constexpr const char* contactPhoneDefaults[] = {
+    "BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber",
+    "HomePhone_Main",     "HomePhone_Cell",     "PersonalAltPhoneNumber",
+};
+constexpr const char* companyPhoneDefaults[] = {
+    "BusinessPhone_Main",
+    "OfficeNumber",
+    "HomePhone_Main",
+};
 
 // Names.
 

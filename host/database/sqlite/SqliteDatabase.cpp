@@ -17,7 +17,10 @@ namespace {
 
 namespace files = std::filesystem;
 
-constexpr int openOrCreate = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+// A connection is used on one thread.
+constexpr int toRead = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
+constexpr int toWrite = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+constexpr int toCreate = toWrite | SQLITE_OPEN_CREATE;
 
 void execute(SQLite::Database& database, const std::string& sql) {
   translated([&] { return database.exec(sql); });
@@ -105,7 +108,7 @@ void useLog(SQLite::Database& database) {
 class EmptyImage {
  public:
   EmptyImage() {
-    SQLite::Database database(":memory:", openOrCreate);
+    SQLite::Database database(":memory:", toCreate);
     createTables(database);
     bytes_ = sqlite3_serialize(database.getHandle(), "main", &size_, 0);
     if (!bytes_) throw std::bad_alloc();
@@ -154,8 +157,7 @@ std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mod
   requireFile(path);
   requireOneName(name);
   const bool writing = mode == OpenMode::readWrite;
-  SQLite::Database database =
-      connect(path, writing ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY, busyTimeout);
+  SQLite::Database database = connect(path, writing ? toWrite : toRead, busyTimeout);
   requireOurs(database, name, applicationId);
   if (writing) {
     requireWritable(database, name);
@@ -167,7 +169,7 @@ std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mod
 std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
   if (files::exists(path))
     throw DatabaseError(database_error::alreadyExists, path.string() + " is there already");
-  SQLite::Database database = connect(path, openOrCreate, SqliteDatabase::busyTimeout);
+  SQLite::Database database = connect(path, toCreate, SqliteDatabase::busyTimeout);
   try {
     createTables(database);
     useLog(database);
@@ -181,7 +183,7 @@ std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
 
 std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
   static const EmptyImage image;
-  SQLite::Database database(":memory:", openOrCreate);
+  SQLite::Database database(":memory:", toCreate);
   image.copyTo(database.getHandle());
   return std::make_unique<SqliteDatabase>(std::move(database));
 }
@@ -189,7 +191,7 @@ std::unique_ptr<SqliteDatabase> createSqliteInMemory() {
 std::unique_ptr<SqliteDatabase> continueSqlite(const files::path& path, bool anew) {
   requireNoFolder(path);
   const std::string name = path.string();
-  SQLite::Database database = connect(path, openOrCreate, SqliteDatabase::busyTimeout);
+  SQLite::Database database = connect(path, toCreate, SqliteDatabase::busyTimeout);
   if (pragma(database, "page_count") > 0) requireOurs(database, name, unfinishedApplicationId);
   requireWritable(database, name);
   if (anew || pragma(database, "user_version") != schemaVersion)

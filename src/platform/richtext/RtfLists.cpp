@@ -55,11 +55,11 @@ struct Numbering {
   int code;
   const char* word;
 };
-constexpr Numbering numberings[] = {{decimalOf, lowerCase, 0, "\\pndec"},
-                                    {letterOf, lowerCase, 4, "\\pnlcltr"},
-                                    {letterOf, upperCase, 3, "\\pnucltr"},
-                                    {romanOf, lowerCase, 2, "\\pnlcrm"},
-                                    {romanOf, upperCase, 1, "\\pnucrm"}};
+constexpr Numbering numberings[] = {
+    {decimalOf, lowerCase, 0, "\\pndec"},  {letterOf, lowerCase, 4, "\\pnlcltr"},
+    {letterOf, upperCase, 3, "\\pnucltr"}, {romanOf, lowerCase, 2, "\\pnlcrm"},
+    {romanOf, upperCase, 1, "\\pnucrm"},
+};
 /// A text alone: one character is a bullet.
 constexpr std::size_t noNumbering = std::size(numberings);
 constexpr int bulletCode = 23;
