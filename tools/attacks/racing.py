@@ -1,8 +1,12 @@
 """The attack by races: two desks on one database, each by a name of its own."""
 
+import functools
 import itertools
 import os
+import subprocess
+import tempfile
 import time
+from pathlib import Path
 
 from attacks.evidence import ask, require_clear
 from attacks.firms import finish
@@ -22,6 +26,43 @@ NAMES = {
     "a hard link": lambda folder: linked(folder, os.link, "hard.db"),
     "a hard link elsewhere": lambda folder: linked(folder, os.link, "elsewhere/hard.db"),
 }
+# For those who may mount.
+MOUNTED_NAMES = {
+    "a mounted folder": lambda folder: mounted(folder, folder) / "firm.db",
+    "a mounted file": lambda folder: mounted(folder, folder / "firm.db"),
+}
+
+
+def mount_point(folder):
+    """Beside the folder, so that nobody who looks through it comes upon itself."""
+    return Path(f"{folder}.mounted")
+
+
+def mounted(folder, what):
+    place = mount_point(folder)
+    place.mkdir() if what.is_dir() else place.touch()
+    subprocess.run(["mount", "--bind", what, place], check=True, capture_output=True)
+    return place
+
+
+def unmount(folder):
+    place = mount_point(folder)
+    if not place.exists():
+        return
+    subprocess.run(["umount", place], check=False, capture_output=True)
+    place.rmdir() if place.is_dir() else place.unlink()
+
+
+@functools.cache
+def may_mount():
+    with tempfile.TemporaryDirectory() as folder:
+        try:
+            mounted(folder, Path(folder))
+        except (OSError, subprocess.SubprocessError):
+            return False
+        finally:
+            unmount(folder)
+    return True
 
 
 def is_there(firm, place):
@@ -43,7 +84,9 @@ class Races:
 
     def __init__(self, kit):
         self.kit = kit
-        names = list(itertools.combinations(NAMES, 2))
+        self.names = {**NAMES, **(MOUNTED_NAMES if may_mount() else {})}
+        names = [pair for pair in itertools.combinations(self.names, 2)
+                 if not set(pair) >= MOUNTED_NAMES.keys()]
         kit.chance(self.name).shuffle(names)
         self.cases = ((work, *pair) for pair in itertools.cycle(names) for work in self.works)
         for work in self.works:
@@ -59,7 +102,7 @@ class Races:
         # Wherever a desk may take its outbox to be.
         firm.outbox = firm.folder
         try:
-            places = [NAMES[each](firm.folder) for each in names]
+            places = [self.names[each](firm.folder) for each in names]
             self.race(work, firm, places, chance)
             firm.require_sound()
             for name, place in zip(names, places):
@@ -70,6 +113,7 @@ class Races:
                 require_clear(again)
                 ask(work.evidence(firm, again), finished=place == firm.place)
         finally:
+            unmount(firm.folder)
             firm.remove()
 
     def race(self, work, firm, places, chance):
