@@ -57,6 +57,7 @@ struct Case {
   Id id = row;
   bool deletes = false;
   bool isClosed = false;
+  countryCode country = countryCanada;
   const char* list = nullptr;  ///< opened beside composers: "shown" or "hidden"
 };
 
@@ -84,6 +85,7 @@ const Case cases[] = {
     {.name = "that cannot be printed", .failedJob = report_job::printing},
     {.name = "that cannot be exported", .failedJob = report_job::exporting},
     {.name = "that fails otherwise", .failedJob = 3},
+    {.name = "of a firm in the United States", .country = countryUnitedStates},
     {.name = "from the list", .companyID = noId, .failures = 3, .list = "shown"},
     {.name = "from a list that is hidden", .list = "hidden"},
 };
@@ -129,6 +131,7 @@ std::string tell(const Case& each, const char* report) {
   fileEarlier(host.documents);
   host.plainDatabase->connection().exec(each.sql);
   host.database.isClosed = each.isClosed;
+  host.plainLocale.settings().country = each.country;
   host.errors.answerRest(error_choice::next, each.failures);
   std::string told = "\n[" + std::string(report) + " " + each.name + "]";
   const bool isShown = each.id != 99 && !each.isClosed;

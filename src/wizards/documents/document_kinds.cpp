@@ -2,6 +2,8 @@
 
 #include "contacts/modAddressFormatting.h"
 #include "contract/RichTextUtility.h"
+#include "contract/enumerations.h"
+#include "platform/format.h"
 #include "wizards/documents/drFax.h"
 #include "wizards/documents/drLetter.h"
 #include "wizards/documents/made_object.h"
@@ -47,8 +49,17 @@ std::string firm(const Row& row, const char*) {
   return readAddress(row.step(), placeAlone, createAddress);
 }
 
+/// A date in short, as it is written in the firm's country.
+const char* shortDatePattern(int country) {
+  return country == countryUnitedStates ? "m/d/yyyy" : "yyyy-mm-dd";
+}
+
 std::string today(const Row& row, const char*) {
-  return row.step().value(std::string{}, [] { return toText(platformClock().today()); });
+  const int country = row.step().value(0, [] { return locale().getCountryCode(); });
+  const auto write = [&] {
+    return formatDateTime(platformClock().today(), shortDatePattern(country));
+  };
+  return row.step().value(std::string{}, write);
 }
 
 std::string field(const Row& row, const char* column) {
