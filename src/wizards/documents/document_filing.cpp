@@ -69,10 +69,30 @@ std::string convertFieldName(const std::string& placeholder) {
   return replaceAll(replaceAll("«" + placeholder + "»", "«", "\\'ab"), "»", "\\'bb");
 }
 
-/// Marks in a value are spelled otherwise than those of the placeholders, none of which it holds.
+/// A mark as placeholders spell it, and as values do, so that none of them holds a placeholder.
+struct Mark {
+  std::string_view ofPlaceholder;
+  std::string_view ofValue;
+};
+constexpr Mark marks[] = {{"\\'ab", "\\u171?"}, {"\\'bb", "\\u187?"}};
+
+const Mark* markAtStart(std::string_view text) {
+  for (const Mark& mark : marks)
+    if (text.starts_with(mark.ofPlaceholder)) return &mark;
+  return nullptr;
+}
+
+/// What follows an escaped backslash is no mark, however it looks.
 std::string convertToRTF(const std::string& text) {
   const std::string escaped = escapeForRichText(text);
-  return replaceAll(replaceAll(escaped, "\\'ab", "\\u171?"), "\\'bb", "\\u187?");
+  std::string result;
+  for (std::string_view rest = escaped; !rest.empty();) {
+    const Mark* mark = markAtStart(rest);
+    const std::size_t length = mark ? mark->ofPlaceholder.size() : rest[0] == '\\' ? 2 : 1;
+    result += mark ? mark->ofValue : rest.substr(0, length);
+    rest.remove_prefix(length);
+  }
+  return result;
 }
 
 /// The path, or one beside it when it is taken. Whoever goes on past a failure replaces no document
