@@ -179,7 +179,7 @@ class CountedRichTextUtility : public Counted<RichTextUtility> {
   COUNTED(std::string, toPlainText, (const std::string& richText), richText)
   void put_errorClass(errorClass* value) override { inner().put_errorClass(value); }
   void put_LocaleReference(LocaleReference* value) override { inner().put_LocaleReference(value); }
-  void release() override { inner().release(); }
+  COUNTED(void, release, ())
 };
 
 class CountedFileUtility : public Counted<FileUtility> {

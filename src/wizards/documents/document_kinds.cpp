@@ -6,7 +6,6 @@
 #include "platform/format.h"
 #include "wizards/documents/drFax.h"
 #include "wizards/documents/drLetter.h"
-#include "wizards/documents/made_object.h"
 
 namespace autonotify {
 namespace {
@@ -67,11 +66,14 @@ std::string field(const Row& row, const char* column) {
 }
 
 std::string plainText(const Row& row, const char* column) {
+  Step& step = row.step();
   std::unique_ptr<RichTextUtility> converter;
-  row.step().assign(converter, createHostObject<RichTextUtility>);
-  const std::string richText = row.text(column);
-  const auto convert = [&] { return made(converter).toPlainText(richText); };
-  return row.step().value(std::string{}, convert);
+  step.assign(converter, createHostObject<RichTextUtility>);
+  std::string text = row.text(column);
+  if (!converter) return {};
+  text = step.value(std::string{}, &RichTextUtility::toPlainText, *converter, text);
+  step.run(&RichTextUtility::release, *converter);
+  return text;
 }
 
 constexpr const char* reportHeader = "Section4";
