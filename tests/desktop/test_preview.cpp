@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "FormHostTest.h"
+#include "binding/FaultWatch.h"
 #include "preview/PdfPages.h"
 #include "preview/PreviewWindow.h"
 
@@ -83,6 +84,13 @@ TEST_F(PreviewTest, IsPagedThroughZoomedSearchedAndLeftByEscape) {
       EXPECT_EQ(report_.isShown(), !isLeft);
     }
   });
+}
+
+TEST_F(PreviewTest, AFaultInItClosesTheReport) {
+  const auto fail = [] { desktop::FaultWatch::guard([] { throw std::bad_alloc(); }); };
+  QTimer::singleShot(0, fail);
+  EXPECT_THROW(report_.showModal(nullptr), std::bad_alloc);
+  EXPECT_EQ(ends_, 1);
 }
 
 TEST_F(PreviewTest, APrinterThatFailsIsToldToTheReport) {

@@ -6,6 +6,7 @@
 #include "platform/controls/Frame.h"
 #include "platform/controls/ListBox.h"
 #include "platform/controls/OptionButton.h"
+#include "platform/controls/Report.h"
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
@@ -29,6 +30,13 @@ class Controls : public testing::Test, public FormHost {
     }
   }
 };
+
+TEST_F(Controls, AReportThatHasNotComeUpIsNotClosed) {
+  Report report(*this, "drFax", "Fax");
+  report.onTerminate = [] { FAIL() << "closed"; };
+  EXPECT_THROW(report.showModal(nullptr), PlatformError);
+  EXPECT_FALSE(report.isShown());
+}
 
 TEST_F(Controls, ChangesByTheProgramRaiseTheClickOnce) {
   std::string clicks;

@@ -189,6 +189,7 @@ void HeadlessPerson::showReport(Report& report, HostObject* owner) {
   const ReportScript script = std::move(reports_.front().script);
   reports_.pop_front();
   reportsOnShow_.push_back(&report);
+  report.comeUp();
   ReportInUse inUse(report);
   script(inUse);
   reportsOnShow_.pop_back();

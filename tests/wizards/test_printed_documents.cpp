@@ -61,6 +61,8 @@ struct Case {
   const char* list = nullptr;  ///< opened beside composers: "shown" or "hidden"
 };
 
+constexpr int breaksOff = -1;
+
 const Case cases[] = {
     {.name = "of a company"},
     {.name = "of a contact, with one of the day", .contactID = contact},
@@ -85,6 +87,7 @@ const Case cases[] = {
     {.name = "that cannot be printed", .failedJob = report_job::printing},
     {.name = "that cannot be exported", .failedJob = report_job::exporting},
     {.name = "that fails otherwise", .failedJob = 3},
+    {.name = "whose preview breaks off", .failedJob = breaksOff, .failures = 1},
     {.name = "of a firm in the United States", .country = countryUnitedStates},
     {.name = "from the list", .companyID = noId, .failures = 3, .list = "shown"},
     {.name = "from a list that is hidden", .list = "hidden"},
@@ -105,6 +108,7 @@ void use(ReportInUse& report, int failedJob, std::string& told) {
   for (const ReportLabel* label : report.onShow().labels())
     told += "\n" + label->section() + " " + label->name() + "=" + report.read(label->name());
   EXPECT_NE(dynamic_cast<void*>(report.onShow().dataSource()), nullptr);
+  if (failedJob == breaksOff) throw PlatformError(1000, "The preview broke off.");
   const bool hostTells = failedJob > 0 && report.failJob(failedJob, 482, "No printer.");
   EXPECT_EQ(hostTells, failedJob == 3);
   if (failedJob == 0 || hostTells) report.close();

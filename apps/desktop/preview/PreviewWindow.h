@@ -31,6 +31,7 @@ class PreviewWindow : public ModalWindow {
   void printTo(QPrinter& printer);
 
  protected:
+  void begin() override { report_.comeUp(); }
   void closeEvent(QCloseEvent* event) override;
   void reject() override;
 

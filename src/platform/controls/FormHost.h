@@ -36,9 +36,10 @@ class FormHost {
   virtual void bringToFront(Form&, HostObject*) {}
   /// The window has been hidden: what showModal waits for.
   virtual void formHidden(Form&) {}
-  /// Shows the preview of the report above `owner` (which may be null) and lets people act in it
-  /// alone, until it is unloaded (Report::unload), which the host does when a person closes it. A
-  /// job that fails is told to Report::fail. Throws PlatformError when the host can show none.
+  /// Shows the preview of the report above `owner` (which may be null), tells the report so
+  /// (Report::comeUp) and lets people act in it alone, until it is unloaded (Report::unload), which
+  /// the host does when a person closes it. A job that fails is told to Report::fail. Throws
+  /// PlatformError when the host can show none.
   virtual void showReport(Report&, HostObject*) {
     throw PlatformError(error_number::invalidProcedureCall, "The host has no screen", "FormHost");
   }

@@ -28,9 +28,11 @@ std::string Report::captionOf(const std::string& label) const {
 void Report::showModal(HostObject* owner) {
   if (isShown_) throw PlatformError(reportAlreadyShown, "The report is on show already", name_);
   isShown_ = true;
+  hasComeUp_ = false;
   try {
     host_.showReport(*this, owner);
   } catch (...) {
+    if (hasComeUp_) unload();
     isShown_ = false;
     throw;
   }

@@ -80,8 +80,10 @@ class Report : public HostObject {
   void setDataSource(HostObject* rows) { dataSource_ = rows; }
 
   /// Shows the preview above `owner` until it is closed. Throws PlatformError 400 when it is on
-  /// show, and what the host throws.
+  /// show, and what the host throws; a preview that has come up by then is closed.
   void showModal(HostObject* owner);
+  /// The host's, when the preview is before the person.
+  void comeUp() { hasComeUp_ = true; }
   bool isShown() const { return isShown_; }
   /// Closes the preview and tells so; nothing happens when there is none.
   void unload();
@@ -101,6 +103,7 @@ class Report : public HostObject {
   std::vector<ReportLabel*> labels_;
   HostObject* dataSource_ = nullptr;
   bool isShown_ = false;
+  bool hasComeUp_ = false;
 };
 
 }  // namespace autonotify
