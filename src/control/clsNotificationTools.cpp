@@ -44,11 +44,8 @@ constexpr ChannelDocument documents[] = {
 class NotificationTools final : public clsNotificationTools {
  public:
   void changeNotificationToSent(Id notificationID) override {
-    procedure(tag<"changeNotificationToSent">, [&](Step& step) {
-      DateTime now;
-      step.assign(now, [] { return platformClock().now(); });
-      autonotify::changeNotificationToSent(notificationID, now, true);
-    });
+    procedure(tag<"changeNotificationToSent">,
+              [&](Step& step) { markSentNow(step, notificationID); });
   }
 
   void cancelNotification(Id notificationID) override {

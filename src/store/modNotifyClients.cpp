@@ -213,6 +213,12 @@ void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTim
   });
 }
 
+void markSentNow(Step& step, Id notificationId) {
+  std::optional<DateTime> now;
+  step.assign(now, [] { return platformClock().now(); });
+  changeNotificationToSent(notificationId, now, true);
+}
+
 void cancelNotification(Id notificationId) {
   procedure(tag<"cancelNotification">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;

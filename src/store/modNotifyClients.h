@@ -5,6 +5,7 @@
 #include <string>
 
 #include "contract/enumerations.h"
+#include "contract/procedure.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 
@@ -66,6 +67,10 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
 /// row, whether it exists or not.
 void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTime,
                               bool refreshList);
+
+/// The same at the present time, in statements of the caller's frame; without a time where that
+/// cannot be told.
+void markSentNow(Step& step, Id notificationId);
 
 /// Marks the row cancelled by the current user, also a sent one, and clears SentTime.
 void cancelNotification(Id notificationId);

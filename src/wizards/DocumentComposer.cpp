@@ -1,6 +1,7 @@
 #include "wizards/DocumentComposer.h"
 
 #include "contract/windows.h"
+#include "store/modNotifyClients.h"
 
 namespace autonotify {
 
@@ -34,7 +35,7 @@ void DocumentComposer::send(Step& step) {
   saveFields();
   channel_.showDocument(step, notifyID(), companyID(), contactID());
   noteSent();
-  if (mode() == ComposerMode::notifyNow) markSent(step);
+  if (mode() == ComposerMode::notifyNow) markSentNow(step, notifyID());
 }
 
 }  // namespace autonotify

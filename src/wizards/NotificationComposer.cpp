@@ -218,12 +218,6 @@ void NotificationComposer::confirm(Step& step) {
   step.run(showMessage, text + longDateText(date), message_style::armedConfirmed);
 }
 
-void NotificationComposer::markSent(Step& step) {
-  DateTime now;
-  step.assign(now, [] { return platformClock().now(); });
-  changeNotificationToSent(notifyID_, now, true);
-}
-
 void NotificationComposer::hideAndRepaint(Step& step) {
   hide();
   step.run(&Form::repaint, *this);

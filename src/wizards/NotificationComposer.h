@@ -84,8 +84,6 @@ class NotificationComposer : public Window {
   void saveForLater(Step& step);
   void hideAndRepaint(Step& step);
   void noteSent() { sendSuccessfulFlag_ = true; }
-  /// Marks the row sent now and has an open list redraw it.
-  void markSent(Step& step);
 
   // What an initializer is made of.
 

@@ -4,6 +4,7 @@
 #include "channels/modChannelNotifications.h"
 #include "contacts/modDatabaseFunctions.h"
 #include "contract/windows.h"
+#include "store/modNotifyClients.h"
 #include "wizards/email_sending.h"
 
 namespace autonotify {
@@ -84,7 +85,7 @@ void frmSendNotificationWizardEmail::send(Step& step) {
                              rtbText.text()};
   if (!sendEmail(step, message)) return;
   noteSent();
-  if (mode() == ComposerMode::notifyNow) markSent(step);
+  if (mode() == ComposerMode::notifyNow) markSentNow(step, notifyID());
 }
 
 }  // namespace autonotify

@@ -103,6 +103,17 @@ TEST_F(ComposerTest, MessageSentNowIsMarkedBeforeItsRowGoes) {
   const auto written = columnsWrittenBy([&] { compose(ComposerMode::notifyNow, finish); });
   EXPECT_THAT(written, testing::Contains("NotificationSent=True"));
   EXPECT_THAT(written, testing::Contains("SentTime=" + toText(clock.now())));
+
+  const auto finishWithoutClock = [](WindowInUse& window) {
+    references().platform.clock = nullptr;
+    finish(window);
+  };
+  errors.answer({error_choice::next, error_choice::next, error_choice::next});
+  row = addNotification(entry, nt_Email, notifyDate);
+  screen.answerAll(true);
+  EXPECT_THAT(columnsWrittenBy([&] { compose(ComposerMode::notifyNow, finishWithoutClock); }),
+              ElementsAre("NotificationSent=True", "NotificationSentStatus=2", "SentByUserIDNum=7"))
+      << "no time of 1899";
 }
 
 TEST_F(ComposerTest, FailedSendShowsTheProgramsWordsAndCloses) {
