@@ -101,6 +101,10 @@ std::string textOf(double number) {
 
 }  // namespace
 
+std::uint8_t toByte(const Value& value) {
+  return rounded<std::uint8_t>(toDouble(value));
+}
+
 std::int16_t toInteger16(const Value& value) {
   return rounded<std::int16_t>(toDouble(value));
 }

@@ -64,6 +64,7 @@ class Value {
 // is read as one whole decimal number ("12", "-.5", "1e3"), surrounding blanks allowed; a fraction
 // is rounded to the nearest integer, halves to even.
 
+std::uint8_t toByte(const Value& value);
 std::int16_t toInteger16(const Value& value);
 std::int32_t toInteger(const Value& value);
 double toDouble(const Value& value);

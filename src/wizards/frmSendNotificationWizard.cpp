@@ -23,6 +23,13 @@ std::string sentenceStart(bool isNow, const std::string& client) {
   return start + (isNow ? "for client of their " : "this client's ");
 }
 
+/// The channels of a schedule entry; none when its bits are empty or too many.
+std::uint8_t readBits(const Row& entry) {
+  const Value bits = entry.value("notifyType");
+  if (isEmpty(entry.step(), bits)) return 0;
+  return entry.step().value(std::uint8_t{0}, toByte, bits);
+}
+
 }  // namespace
 
 frmSendNotificationWizard::frmSendNotificationWizard(TemplateEditor editTemplate)
@@ -81,7 +88,7 @@ bool frmSendNotificationWizard::fill(Step& step, Face face, ClientType clientTyp
   if (!step.holds(findRecord, entry.handle(), "ScheduleID", std::to_string(scheduleID_))) {
     return false;
   }
-  const auto bits = static_cast<std::uint8_t>(entry.id("notifyType", 0));
+  const std::uint8_t bits = readBits(entry);
   const std::string scheduleName = entry.text("scheduleName");
   totalNum_ = entry.id("totalNum");
   scheduleNum_ = entry.id("scheduleNum");

@@ -73,7 +73,10 @@ TEST(Value, tellsNumericTexts) {
     EXPECT_FALSE(isNumeric(text)) << text;
 }
 
-TEST(Value, becomesInteger16) {
+TEST(Value, becomesInteger16OrAByte) {
+  const auto asByte = [](const Value& value) { return int{toByte(value)}; };
+  checkAll(asByte, overflowFault, {256, -1, true});
+  EXPECT_EQ(outcomes(asByte, {0, 255.4}), "0|255");
   checkAll(toInteger16, overflowFault, {32768, -32769, april30});
   EXPECT_EQ(outcomes(toInteger16, {32767, 32767.4, -32768, Null{}, "x"}),
             "32767|32767|-32768|" + nullFault + "|" + typeFault);
