@@ -55,7 +55,7 @@ NotificationComposer::NotificationComposer(const ComposerChannel& channel)
   react(cmdRefreshComment.onClick, "cmdRefreshComment_Click", &Self::refreshComment);
   react(chkAddAddress.onClick, "chkAddAddress_Click", &Self::changeAddress);
   react(cmdCancel.onClick, "cmdCancel_Click", &Self::cancel);
-  react(cmdFinish.onClick, "cmdFinish_Click", &Self::finish);
+  react(cmdFinish.onClick, "cmdFinish_Click", &Self::clickFinish);
 }
 
 std::string NotificationComposer::tag(const std::string& procedureName) const {
@@ -165,6 +165,12 @@ void NotificationComposer::lock() {
 }
 
 // Finish and what it is made of.
+
+/// Nothing is armed that would never fall due: a new notification must have its date.
+void NotificationComposer::clickFinish(Step& step) {
+  if (mode() == ComposerMode::newAuto && !notificationDate.requireDate(step)) return;
+  finish(step);
+}
 
 FieldTexts NotificationComposer::fieldTexts() const {
   FieldTexts texts;

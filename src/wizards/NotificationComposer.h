@@ -104,6 +104,7 @@ class NotificationComposer : public Window {
   bool queryUnload(CloseReason reason) override;
 
  private:
+  void clickFinish(Step& step);
   void initialize(const char* procedureName, const ComposerPurpose& purpose, Id row, Id entry);
   bool addsRow(Id scheduleID) const;
   void populateInfo();

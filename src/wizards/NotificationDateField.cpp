@@ -21,6 +21,10 @@ bool wantsFriday() {
                      message_style::alreadySent);
 }
 
+void refuseDate() {
+  showMessage("You must enter a valid notification date.", message_style::valueRefused);
+}
+
 }  // namespace
 
 std::string longDateText(DateTime date) {
@@ -51,6 +55,13 @@ void NotificationDateField::show(DateTime date) {
   dtpNotification.setValue(date);
 }
 
+bool NotificationDateField::requireDate(Step& step) {
+  if (!dtpNotification.value().isZero()) return true;
+  step.run(refuseDate);
+  txtNotificationField.setFocus();
+  return false;
+}
+
 bool NotificationDateField::parseText(Step& step, DateTime& date) const {
   return step.holds([&] { return validation().parseDateText(txtNotificationField.text(), date); });
 }
@@ -79,7 +90,7 @@ void NotificationDateField::takeTyped(Step& step, bool& keepsFocus) {
     show(date_);
     return;
   }
-  step.run(showMessage, "You must enter a valid notification date.", message_style::valueRefused);
+  step.run(refuseDate);
   txtNotificationField.setText(previousText_);
   keepsFocus = true;
 }

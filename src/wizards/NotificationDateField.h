@@ -29,6 +29,8 @@ class NotificationDateField {
   DateTime date() const { return date_; }
   /// Takes the date and shows it in both controls; none for the zero date.
   void show(DateTime date);
+  /// True when the picker holds a date. Otherwise the person is told, and the text has the focus.
+  bool requireDate(Step& step);
 
   Frame picNotificationDate;
   Label lblNotificationDate;

@@ -168,35 +168,35 @@ TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
 }
 
 TEST_F(ComposerTest, DateThatIsMissingIsNotMadeUp) {
-  confirmArming();
+  frmSendNotificationWizardEmail opened;
+  screen.expectWindow(opened.name(), finish);
+  openComposer(opened, {ComposerMode::editAuto}, row);
   execute("UPDATE ClientNotification SET NotificationDate = NULL");
-  for (const ComposerMode mode : {ComposerMode::editAuto, ComposerMode::newAuto}) {
-    errors.answer({error_choice::next});
-    compose(mode, [](WindowInUse& window) {
-      EXPECT_EQ(window.read("txtNotificationField"), "");
-      window.click("chkAddAddress");
-      EXPECT_NE(window.read("rtbText").find("April 15, 2026"), std::string::npos);
-      finish(window);
-    });
-    EXPECT_EQ(column("NotificationDate"), "");
-  }
   errors.answer({error_choice::next});
-  compose(ComposerMode::editAuto, [](WindowInUse& window) {
-    window.type("txtNotificationField", "Apr 24 2026");
+  screen.expectWindow(opened.name(), [](WindowInUse& window) {
+    EXPECT_EQ(window.read("txtNotificationField"), "") << "the date of the time before";
+    window.click("chkAddAddress");
+    EXPECT_NE(window.read("rtbText").find("April 15, 2026"), std::string::npos);
     finish(window);
   });
-  EXPECT_EQ(column("NotificationDate"), "2026-04-24");
+  openComposer(opened, {ComposerMode::editAuto}, row);
+  EXPECT_EQ(column("NotificationDate"), "");
 
-  frmSendNotificationWizardEmail opened;
-  const auto openAndFinish = [&] {
-    screen.expectWindow(opened.name(), finish);
-    opened.InitializeEditAutoNotify(remittanceNotification, row, Appointments);
-  };
-  openAndFinish();
-  execute("UPDATE ClientNotification SET NotificationDate = NULL");
-  errors.answer({error_choice::next});
-  openAndFinish();
-  EXPECT_EQ(column("NotificationDate"), "") << "the date of the time before";
+  for (const Make channel : {email, fax, letter, phone}) {
+    execute("UPDATE ClientNotification SET NotificationDate = NULL");
+    execute("UPDATE Schedule SET notifyType = 0");
+    errors.answer({error_choice::next});
+    compose(channel, {ComposerMode::newAuto}, [&](WindowInUse& window) {
+      screen.expectMessage("You must enter a valid notification date.",
+                           message_style::valueRefused);
+      finish(window);
+      EXPECT_EQ(window.focus(), "txtNotificationField");
+      EXPECT_EQ(channelBits(), "0") << "armed for no day";
+      window.type("txtNotificationField", "Apr 24 2026");
+      finish(window);
+    });
+    EXPECT_EQ(column("NotificationDate"), "2026-04-24");
+  }
 }
 
 TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
