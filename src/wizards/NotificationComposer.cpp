@@ -19,6 +19,10 @@ constexpr const char* rowOnShow =
     "SELECT ClientNotification.* FROM ClientNotification Where "
     "ClientNotification.ClientNotificationID=";
 
+constexpr const char* lossQuestion =
+    "This notification is not in the database any more.  Do you want to close it and lose what you "
+    "have entered?";
+
 /// The kind that a refreshed comment of a diary item is made and stored as, whatever its own is.
 constexpr CurrentDayTimerType refreshedKind = Appointments;
 
@@ -166,10 +170,21 @@ void NotificationComposer::lock() {
 
 // Finish and what it is made of.
 
-/// Nothing is armed that would never fall due: a new notification must have its date.
 void NotificationComposer::clickFinish(Step& step) {
+  if (isGone(step)) {
+    if (step.holds(askQuestion, lossQuestion, message_style::notice)) cancel(step);
+    return;
+  }
+  // Nothing is armed that would never fall due.
   if (mode() == ComposerMode::newAuto && !notificationDate.requireDate(step)) return;
   finish(step);
+}
+
+/// A row that is not there takes nothing up; somebody else may have deleted it.
+bool NotificationComposer::isGone(Step& step) const {
+  if (!isDatabaseOpen(step)) return false;
+  const Rows row(step, rowOnShow, notifyID_, keysetRead);
+  return !row;
 }
 
 FieldTexts NotificationComposer::fieldTexts() const {

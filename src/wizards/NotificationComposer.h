@@ -105,6 +105,7 @@ class NotificationComposer : public Window {
 
  private:
   void clickFinish(Step& step);
+  bool isGone(Step& step) const;
   void initialize(const char* procedureName, const ComposerPurpose& purpose, Id row, Id entry);
   bool addsRow(Id scheduleID) const;
   void populateInfo();

@@ -182,9 +182,13 @@ TEST_F(ChannelTest, ListsOfferTheNumbersOfTheClientAndTheFirm) {
   }
 }
 
+constexpr const char* lossQuestion =
+    "This notification is not in the database any more.  Do you want to close it and lose what you "
+    "have entered?";
+
 TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
   using enum ComposerMode;
-  enum class Act { finish, cancel, close };
+  enum class Act { finish, cancel, close, finishLost };
   struct Sending {
     Make makeComposer;
     notifyType channel;
@@ -200,11 +204,11 @@ TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
   for (const Sending& sending : sendings) {
     const auto& [makeComposer, channel, document, sendsNow, captionOfFinish, captionOfCancel] =
         sending;
-    for (int i = 0; i < 15; ++i) {
-      const auto mode = static_cast<ComposerMode>(i / 3 + 1);
-      const auto act = static_cast<Act>(i % 3);
+    for (int i = 0; i < 20; ++i) {
+      const auto mode = static_cast<ComposerMode>(i / 4 + 1);
+      const auto act = static_cast<Act>(i % 4);
       if (mode == blankSend && !document) continue;
-      SCOPED_TRACE(testing::Message() << channel << ", mode " << i / 3 + 1 << ", act " << i % 3);
+      SCOPED_TRACE(testing::Message() << channel << ", mode " << i / 4 + 1 << ", act " << i % 4);
       const auto composer = makeComposer();
       addRowOf(channel);
       execute("UPDATE Schedule SET notifyType = 0");
@@ -226,14 +230,20 @@ TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
         EXPECT_EQ(window.read("cmdFinish"), isAtOnce ? sending.finishCaption : "Finish");
         EXPECT_EQ(window.read("cmdCancel"), isAtOnce ? sending.cancelCaption : "Cancel");
         window.type("rtbText", "Soon");
+        if (act == Act::finishLost) {
+          execute("DELETE FROM ClientNotification");
+          screen.expectQuestion(lossQuestion, message_style::notice, false);
+          window.click("cmdFinish");
+          screen.expectQuestion(lossQuestion, message_style::notice, true);
+        }
         calls.reset();
         calls.record(true);
         act == Act::close ? window.closeBox()
-                          : window.click(act == Act::finish ? "cmdFinish" : "cmdCancel");
+                          : window.click(act == Act::cancel ? "cmdCancel" : "cmdFinish");
       });
-      EXPECT_EQ(result, (Result{act == Act::cancel, isSent}));
-      const bool isGone =
-          mode == notifyNow || mode == blankSend || (mode == newAuto && act == Act::cancel);
+      EXPECT_EQ(result, (Result{act == Act::cancel || act == Act::finishLost, isSent}));
+      const bool isGone = mode == notifyNow || mode == blankSend || act == Act::finishLost ||
+                          (mode == newAuto && act == Act::cancel);
       const std::string kept = notification(composer->notifyID(), "Memo, NotificationSent");
       EXPECT_EQ(kept.ends_with("|0|\n"), !isGone) << kept;
       EXPECT_EQ(kept.find("Soon") != std::string::npos, !isGone && act == Act::finish) << kept;
