@@ -1,8 +1,5 @@
 #include "control/clsNotificationTools.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "contacts/modDefaultContact.h"
 #include "contract/procedure.h"
 #include "contract/references.h"
@@ -16,8 +13,7 @@
 #include "store/column_lookup.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
-#include "wizards/documents/drFax.h"
-#include "wizards/documents/drLetter.h"
+#include "wizards/documents/DocumentReport.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 
 namespace autonotify {
@@ -31,15 +27,6 @@ constexpr ColumnLookup channelOfRow{
     {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationType FROM "
      "ClientNotification WHERE ClientNotificationID=",
      "NotificationType"}};
-
-struct ChannelDocument {
-  notifyType channel;
-  void (*show)(Step& step, Id notificationID, Id companyID, Id contactID);
-};
-constexpr ChannelDocument documents[] = {
-    {nt_Fax, showDocument<drFax>},
-    {nt_Letter, showDocument<drLetter>},
-};
 
 class NotificationTools final : public clsNotificationTools {
  public:
@@ -65,10 +52,10 @@ class NotificationTools final : public clsNotificationTools {
   bool makeDocument(Id notificationID) override {
     return procedure(tag<"makeDocument">, false, [&](Step& step, bool& result) {
       const Id channel = lookUpId(channelOfRow, notificationID);
-      const auto document = std::ranges::find(documents, channel, &ChannelDocument::channel);
-      if (document == std::end(documents)) return;
-      document->show(step, notificationID, getCompanyIDFromAutoNotificationID(notificationID),
-                     getContactIDFromAutoNotificationID(notificationID));
+      if (!hasDocument(channel)) return;
+      const Id company = getCompanyIDFromAutoNotificationID(notificationID);
+      const Id contact = getContactIDFromAutoNotificationID(notificationID);
+      showDocument(step, channel, notificationID, company, contact);
       result = true;
     });
   }

@@ -2,6 +2,7 @@
 
 #include "contract/windows.h"
 #include "store/modNotifyClients.h"
+#include "wizards/documents/DocumentReport.h"
 
 namespace autonotify {
 
@@ -33,7 +34,7 @@ void DocumentComposer::finish(Step& step) {
 /// Of a row that goes with the window nothing but the document is left by the time it is marked.
 void DocumentComposer::send(Step& step) {
   saveFields();
-  channel_.showDocument(step, notifyID(), companyID(), contactID());
+  showDocument(step, channel_.composer.channel, notifyID(), companyID(), contactID());
   noteSent();
   if (mode() == ComposerMode::notifyNow) markSentNow(step, notifyID());
 }

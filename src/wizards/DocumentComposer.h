@@ -9,8 +9,6 @@ namespace autonotify {
 /// What a channel whose message leaves as a document differs in from the others of its kind.
 struct DocumentChannel {
   ComposerChannel composer;
-  /// Shows the row's document for printing and files it.
-  void (*showDocument)(Step& step, Id notifyID, Id companyID, Id contactID);
   /// Gives the row of a blank send what it starts with.
   void (*fillBlankRow)(Step& step, NewRow& row, const CompanyAndContactID& client);
 };

@@ -5,7 +5,6 @@
 #include "contacts/modDatabaseFunctions.h"
 #include "contract/windows.h"
 #include "wizards/blank_fax.h"
-#include "wizards/documents/drFax.h"
 
 namespace autonotify {
 namespace {
@@ -39,7 +38,6 @@ constexpr DocumentChannel faxChannel{
             },
         .otherTags = otherTags,
     },
-    .showDocument = showDocument<drFax>,
     .fillBlankRow = fillBlankFax,
 };
 

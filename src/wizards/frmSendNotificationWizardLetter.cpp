@@ -2,7 +2,6 @@
 
 #include "channels/modApptNotifications.h"
 #include "channels/modChannelNotifications.h"
-#include "wizards/documents/drLetter.h"
 
 namespace autonotify {
 namespace {
@@ -45,7 +44,6 @@ constexpr DocumentChannel letterChannel{
             .readsTextFirst = true,
             .otherTags = otherTags,
         },
-    .showDocument = showDocument<drLetter>,
     .fillBlankRow = fillBlankLetter,
 };
 

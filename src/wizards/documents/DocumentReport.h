@@ -49,13 +49,10 @@ class DocumentReport : public Report {
   RecordsetHandle row_ = noRecordset;
 };
 
-/// The document of a row for the client that the client list knows: the company, else the contact,
-/// else neither.
-template <class Document>
-void showDocument(Step& step, Id notificationID, Id companyID, Id contactID) {
-  const Id company = isListedCompany(step, companyID) ? companyID : noId;
-  const Id contact = company == noId && isListedContact(step, contactID) ? contactID : noId;
-  Document().Initialize(notificationID, false, company, contact);
-}
+/// Whether messages of the channel leave as documents.
+bool hasDocument(Id channel);
+/// The document of a row of such a channel for the client that the client list knows: the company,
+/// else the contact, else neither.
+void showDocument(Step& step, Id channel, Id notificationID, Id companyID, Id contactID);
 
 }  // namespace autonotify

@@ -1,5 +1,8 @@
 #include "wizards/documents/document_kinds.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "contacts/modAddressFormatting.h"
 #include "contract/RichTextUtility.h"
 #include "contract/enumerations.h"
@@ -118,7 +121,35 @@ constexpr DocumentKind letter{
     .parts = letterParts,
 };
 
+template <class Document>
+void show(Id notificationID, Id companyID, Id contactID) {
+  Document().Initialize(notificationID, false, companyID, contactID);
+}
+
+struct ChannelDocument {
+  notifyType channel;
+  void (*show)(Id notificationID, Id companyID, Id contactID);
+};
+constexpr ChannelDocument channelDocuments[] = {{nt_Fax, show<drFax>}, {nt_Letter, show<drLetter>}};
+
+const ChannelDocument* documentOf(Id channel) {
+  const auto found = std::ranges::find(channelDocuments, channel, &ChannelDocument::channel);
+  return found == std::end(channelDocuments) ? nullptr : found;
+}
+
 }  // namespace
+
+bool hasDocument(Id channel) {
+  return documentOf(channel) != nullptr;
+}
+
+void showDocument(Step& step, Id channel, Id notificationID, Id companyID, Id contactID) {
+  const ChannelDocument* document = documentOf(channel);
+  if (!document) return;
+  const Id company = isListedCompany(step, companyID) ? companyID : noId;
+  const Id contact = company == noId && isListedContact(step, contactID) ? contactID : noId;
+  document->show(notificationID, company, contact);
+}
 
 drFax::drFax() : DocumentReport(fax) {}
 drLetter::drLetter() : DocumentReport(letter) {}
