@@ -36,6 +36,9 @@ class DocumentReport : public Report {
   void terminate(Step& step);
   void save();
   std::string merged(std::string text) const;
+  /// As the template spells it.
+  std::string convertFieldName(const std::string& placeholder) const;
+  std::string convertToRTF(const std::string& value) const;
   std::string documentPath(Step& step) const;
 
   const DocumentKind& kind_;

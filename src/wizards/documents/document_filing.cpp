@@ -65,16 +65,15 @@ void writeDocument(Step& step, TextFiles& files, const std::string& path, const 
   step.run([&] { made(file).close(); });
 }
 
-std::string convertFieldName(const std::string& placeholder) {
-  return replaceAll(replaceAll("«" + placeholder + "»", "«", "\\'ab"), "»", "\\'bb");
-}
+constexpr const char* openingMark = "\\'ab";
+constexpr const char* closingMark = "\\'bb";
 
 /// A mark as placeholders spell it, and as values do, so that none of them holds a placeholder.
 struct Mark {
   std::string_view ofPlaceholder;
   std::string_view ofValue;
 };
-constexpr Mark marks[] = {{"\\'ab", "\\u171?"}, {"\\'bb", "\\u187?"}};
+constexpr Mark marks[] = {{openingMark, "\\u171?"}, {closingMark, "\\u187?"}};
 
 const Mark* markAtStart(std::string_view text) {
   for (const Mark& mark : marks)
@@ -83,8 +82,7 @@ const Mark* markAtStart(std::string_view text) {
 }
 
 /// What follows an escaped backslash is no mark, however it looks.
-std::string convertToRTF(const std::string& text) {
-  const std::string escaped = escapeForRichText(text);
+std::string respellMarks(std::string_view escaped) {
   std::string result;
   for (std::string_view rest = escaped; !rest.empty();) {
     const Mark* mark = markAtStart(rest);
@@ -135,10 +133,22 @@ void DocumentReport::save() {
 std::string DocumentReport::merged(std::string text) const {
   auto shown = texts_.begin();
   for (const DocumentPart& part : kind_.parts) {
-    text = replaceAll(text, convertFieldName(part.placeholder), convertToRTF(shown->caption()));
-    ++shown;
+    const std::string field = convertFieldName(part.placeholder);
+    text = replaceAll(text, field, convertToRTF((shown++)->caption()));
   }
   return text;
+}
+
+std::string DocumentReport::convertFieldName(const std::string& placeholder) const {
+  return procedure(tag("convertFieldName"), std::string{}, [&](Step&, std::string& result) {
+    result = openingMark + placeholder + closingMark;
+  });
+}
+
+std::string DocumentReport::convertToRTF(const std::string& value) const {
+  return procedure(tag("convertToRTF"), std::string{}, [&](Step&, std::string& result) {
+    result = respellMarks(escapeForRichText(value));
+  });
 }
 
 /// Empty when the client has no folder that can be opened: nothing can be written there.
