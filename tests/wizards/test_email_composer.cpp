@@ -235,7 +235,9 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
   using enum ComposerMode;
   const std::tuple<Make, ComposerMode, const char*> cases[] = {
-      {email, notifyNow, nullptr}, {fax, newAuto, nullptr}, {letter, sendAuto, "drLetter"}};
+      {email, notifyNow, nullptr}, {fax, newAuto, nullptr},    {letter, sendAuto, "drLetter"},
+      {phone, sendAuto, nullptr},  {phone, newAuto, nullptr},  {phone, editAuto, nullptr},
+      {fax, editAuto, nullptr},    {letter, editAuto, nullptr}};
   for (const auto& each : cases) {
     const auto run = [&](TestHost& host) {
       const auto& [makeComposer, mode, document] = each;
