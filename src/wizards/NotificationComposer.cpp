@@ -180,11 +180,12 @@ void NotificationComposer::clickFinish(Step& step) {
   finish(step);
 }
 
-/// A row that is not there takes nothing up; somebody else may have deleted it.
+/// A row that is not there takes nothing up; somebody else may have deleted it. One that cannot be
+/// looked for counts as there.
 bool NotificationComposer::isGone(Step& step) const {
   if (!isDatabaseOpen(step)) return false;
   const Rows row(step, rowOnShow, notifyID_, keysetRead);
-  return !row;
+  return row.handle() != noRecordset && !row;
 }
 
 FieldTexts NotificationComposer::fieldTexts() const {
