@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <set>
 
 #include "host/services/host_errors.h"
 
@@ -41,9 +42,16 @@ int numberOf(int error) {
                       "NewFile");
 }
 
+/// True the first time that the program asks for the folder.
+bool isNewTo(const std::string& folder) {
+  static std::set<fs::path> known;
+  std::error_code error;
+  return known.insert(fs::absolute(folder, error)).second;
+}
+
 int openFolderOf(const std::string& path) {
   const std::string folder = folderOf(path);
-  HiddenFile::removeAbandoned(folder);
+  if (isNewTo(folder)) HiddenFile::removeAbandoned(folder);
   const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (opened < 0) fail(path);
   return opened;

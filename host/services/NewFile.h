@@ -8,8 +8,8 @@
 namespace autonotify::host {
 
 /// A file that is there as a whole or not at all: it is written under a hidden name beside its
-/// place, made durable, and given its name in one step. What interrupted programs left in its
-/// folder goes when one is begun.
+/// place, made durable, and given its name in one step. What interrupted programs left in a folder
+/// goes when this program begins its first one there.
 ///
 /// All throw PlatformError, which names the file: 61 when the disk is full, 76 when there is no
 /// such folder, 75 for all else that stands in the way.

@@ -137,11 +137,12 @@ TEST_F(TextFilesTest, takeANameBesideWhatIsKept) {
   std::vector<std::string> written;
   HostFileSystemObject keeping(folder.path().string(),
                                [&](const std::string& path) { written.push_back(path); });
-  for (int round = 0; round < 2; ++round) EXPECT_EQ(create(keeping, "a.mvw", true), 0);
+  for (const char* name : {".hvnotify.7.tmp", ".hvnotify.8.tmp"}) {
+    writeFile(folder / name, "left by one that was killed");
+    EXPECT_EQ(create(keeping, "a.mvw", true), 0);
+  }
   EXPECT_EQ(written, (std::vector{folder / "a.mvw", folder / "a (2).mvw"}));
-  writeFile(folder / ".hvnotify.7.tmp", "left by one that was killed");
-  EXPECT_EQ(create(keeping, "b.mvw", true), 0);
-  EXPECT_EQ(folder.fileCount(), 3u);
+  EXPECT_EQ(folder.fileCount(), 3u) << "the folder is looked through once";
 }
 
 TEST_F(TextFilesTest, aDiskThatFillsLeavesNothingAndMayBeTriedAgain) {
