@@ -57,7 +57,7 @@ std::string withLineEnd(std::string text) {
   return text;
 }
 
-std::string aboutOf(const std::optional<host::SendSubject>& subject) {
+std::string aboutOf(const std::optional<host::NotificationSubject>& subject) {
   return subject ? subject->client + ", " + subject->item : std::string();
 }
 

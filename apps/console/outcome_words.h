@@ -38,7 +38,7 @@ Json dayJson(DateTime moment);
 std::string labelled(const char* name, const std::string& value);
 std::string withLineEnd(std::string text);
 /// "Jo Smith, Personal Tax Return"; empty when it is not there.
-std::string aboutOf(const std::optional<host::SendSubject>& subject);
+std::string aboutOf(const std::optional<host::NotificationSubject>& subject);
 /// The channels of a bit set by name.
 Json channelList(int bits);
 

@@ -162,8 +162,8 @@ void MainWindow::compose(host::Outcome<host::Composed> (*useCase)(host::Desk& de
   desk_->takeFiled();
   const QString words = textOf(useCase(*desk_, line->task.id));
   if (!words.isEmpty()) tellFault(words);
-  for (const std::string& document : desk_->takeFiled())
-    statusBar()->showMessage(tr("Filed as %1").arg(shown(document)), filedMessageMs);
+  for (const host::FiledDocument& document : desk_->takeFiled())
+    statusBar()->showMessage(tr("Filed as %1").arg(shown(document.path)), filedMessageMs);
   refresh();
 }
 

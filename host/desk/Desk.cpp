@@ -14,6 +14,7 @@
 #include "host/documents/HostClientDocumentFolder.h"
 #include "host/services/HiddenFile.h"
 #include "host/services/HostFileSystemObject.h"
+#include "host/services/HostFileUtility.h"
 #include "host/services/host_errors.h"
 
 namespace autonotify::host {
@@ -117,8 +118,14 @@ void Desk::registerClasses() {
   registry_.registerClass(ClientDocumentFolder::className, [this] {
     return std::make_unique<HostClientDocumentFolder>(*clients_, requireDocuments());
   });
+  registry_.registerClass(FileUtility::className, [this] {
+    return std::make_unique<HostFileUtility>(
+        [this](const std::string& path) { nameBeside_ = path; });
+  });
   registry_.registerClass(FileSystemObject::className, [this] {
-    const auto noteFiled = [this](const std::string& path) { filed_.push_back(path); };
+    const auto noteFiled = [this](const std::string& path, bool isBeside) {
+      filed_.push_back({path, isBeside || path == nameBeside_});
+    };
     return std::make_unique<HostFileSystemObject>(documents_, noteFiled);
   });
 }

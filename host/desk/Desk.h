@@ -42,6 +42,14 @@ struct DeskOptions {
 /// The words of a failure without what is of use to programmers only, such as its statement.
 std::string firstLine(const std::string& description);
 
+/// A document in its client's folder.
+struct FiledDocument {
+  std::string path;
+  /// There was one of its name and day already: one of another notification, or of the same one in
+  /// an earlier run.
+  bool isBesideAnother = false;
+};
+
 /// How the person at the desk is met. None is owned; all outlive the desk.
 struct DeskDialogs {
   RecordingErrorClass& errors;
@@ -100,8 +108,8 @@ class Desk {
   /// The folder for the documents of clients; the one beside the database is made. Throws
   /// PlatformError when none was named for a database on a server, or the folder cannot be used.
   std::string requireDocuments();
-  /// Where the documents were filed since the last time.
-  std::vector<std::string> takeFiled() { return std::exchange(filed_, {}); }
+  /// The documents that were filed since the last time.
+  std::vector<FiledDocument> takeFiled() { return std::exchange(filed_, {}); }
   /// Null where a person is shown what is to be printed.
   PrintingFormHost* printer() { return dialogs_.printer; }
   /// A sender with all references set, for one message.
@@ -134,7 +142,9 @@ class Desk {
   /// Beside the database, not named by an option.
   bool hasOwnDocuments_;
   std::string documents_;
-  std::vector<std::string> filed_;
+  std::vector<FiledDocument> filed_;
+  /// The last name that was given to a document because its own was taken.
+  std::string nameBeside_;
   std::string databaseIdentity_;
   std::unique_ptr<ComponentLibrary> library_;
   std::unique_ptr<clsAutoNotifyCtrl> control_;

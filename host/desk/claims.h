@@ -8,8 +8,9 @@
 
 namespace autonotify::host {
 
-/// What one desk works on at a time.
-enum class WorkItem { notification = 1, task = 2, appointment = 3, timeEntry = 4 };
+/// What one desk works on at a time. Of print runs the `wholeFirm` has one.
+enum class WorkItem { notification = 1, task = 2, appointment = 3, timeEntry = 4, printRun = 5 };
+inline constexpr Id wholeFirm = 0;
 
 /// "time entry 12"
 std::string subjectOf(WorkItem item, Id id);

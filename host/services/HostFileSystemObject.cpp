@@ -47,7 +47,7 @@ enum class AtPlace { mustBeFree, replaced, kept };
 class NewTextFile : public TextFile {
  public:
   NewTextFile(std::string path, AtPlace atPlace, HostFileSystemObject::Written written)
-      : path_(std::move(path)), atPlace_(atPlace), written_(std::move(written)) {}
+      : wanted_(path), path_(std::move(path)), atPlace_(atPlace), written_(std::move(written)) {}
 
   std::string readAll() override { return content_; }
   void write(const std::string& text) override { content_ += text; }
@@ -61,7 +61,7 @@ class NewTextFile : public TextFile {
       return nameIsTaken();
     }
     isClosed_ = true;
-    if (written_ && atPlace_ == AtPlace::kept) written_(path_);
+    if (written_ && atPlace_ == AtPlace::kept) written_(path_, path_ != wanted_);
   }
 
  private:
@@ -72,6 +72,7 @@ class NewTextFile : public TextFile {
     close();
   }
 
+  std::string wanted_;
   std::string path_;
   AtPlace atPlace_;
   HostFileSystemObject::Written written_;

@@ -9,11 +9,11 @@ namespace autonotify::host {
 
 class HostFileSystemObject : public FileSystemObject {
  public:
-  using Written = std::function<void(const std::string& path)>;
+  using Written = std::function<void(const std::string& path, bool isBeside)>;
 
   /// Below `keptFolder` no file is ever replaced: one that would be stays, and the new one takes
-  /// the next free name beside it. `written` hears the path of each that is written there. Empty
-  /// for no such folder.
+  /// the next free name beside it. `written` hears the path of each that is written there, and
+  /// whether it had to step aside so. Empty for no such folder.
   explicit HostFileSystemObject(std::string keptFolder = {}, Written written = {})
       : keptFolder_(std::move(keptFolder)), written_(std::move(written)) {}
 

@@ -47,6 +47,7 @@ std::string HostFileUtility::getUniqueFileName(const std::string& path) {
     const std::string name = wanted.stem().string() + " (" + std::to_string(number) + ")";
     candidate.replace_filename(name + wanted.extension().string());
   }
+  if (beside_ && candidate != wanted) beside_(candidate.string());
   return candidate.string();
 }
 

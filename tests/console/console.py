@@ -17,7 +17,7 @@ PROGRAM = os.environ["HVNOTIFY"]
 TODAY = "2026-04-15"
 ENGINE = engines.chosen()
 # Items that a desk claims.
-NOTIFICATION, TASK = 1, 2
+NOTIFICATION, TASK, PRINT_RUN = 1, 2, 5
 
 
 class Run:

@@ -3,7 +3,7 @@
 import subprocess
 from pathlib import Path
 
-from console import NOTIFICATION, ConsoleTest, files_only
+from console import NOTIFICATION, PRINT_RUN, ConsoleTest, files_only
 
 ADDRESSED = "Field1='Ann', Field2='Bo', Field4='(613) 555-0177', Field6='Returns'"
 BESIDE = " (beside another one of this day)"
@@ -92,9 +92,18 @@ class PrintTest(ConsoleTest):
         self.assertEqual(len(due) - 1, run.json()["pages"])
         self.assertEqual({(1, 2)}, {self.state(row) for row in due[1:]})
 
-    @files_only("the lock is one on a file")
-    def test_what_another_desk_works_on_is_left_out(self):
+    @files_only("the lock is one on a file, the colleague a trigger in it")
+    def test_what_other_desks_do(self):
+        with self.claimed(PRINT_RUN, 0):
+            self.refuses(f"print {self.fax} --pdf a.pdf --documents docs",
+                         "a.pdf: another desk is printing; try again when it has finished")
         with self.claimed(NOTIFICATION, self.letter):
             results, run = self.print(self.letter, self.fax)
         self.assertEqual((1, ("skipped", "another desk is at work on it"), "printed"),
                          (run.code, results[self.letter], results[self.fax][0]))
+        self.sql(f"CREATE TRIGGER a AFTER UPDATE ON ClientNotification WHEN NEW.ClientNotificationID="
+                 f"{self.fax} BEGIN UPDATE ClientNotification SET NotificationSent=1, "
+                 f"NotificationSentStatus=3 WHERE ClientNotificationID={self.letter}; END")
+        results, run = self.print(self.fax, self.letter, "--mark", pdf="marked.pdf")
+        self.assertRegex(run.err, "not be marked sent: it was cancelled meanwhile\n$")
+        self.assertEqual([(1, 2), (1, 3)], [self.state(self.fax), self.state(self.letter)])

@@ -135,14 +135,16 @@ TEST_F(TextFilesTest, areThereAsAWholeAndReplacedWhenToldAlone) {
 
 TEST_F(TextFilesTest, takeANameBesideWhatIsKept) {
   std::vector<std::string> written;
-  HostFileSystemObject keeping(folder.path().string(),
-                               [&](const std::string& path) { written.push_back(path); });
+  HostFileSystemObject keeping(folder.path().string(), [&](const std::string& path, bool isBeside) {
+    written.push_back(path + (isBeside ? ", beside" : ""));
+  });
+  fs::create_symlink("nowhere", folder / "a (2).mvw");
   for (const char* name : {".hvnotify.7.tmp", ".hvnotify.8.tmp"}) {
     writeFile(folder / name, "left by one that was killed");
     EXPECT_EQ(create(keeping, "a.mvw", true), 0);
   }
-  EXPECT_EQ(written, (std::vector{folder / "a.mvw", folder / "a (2).mvw"}));
-  EXPECT_EQ(folder.fileCount(), 3u) << "the folder is looked through once";
+  EXPECT_EQ(written, (std::vector{folder / "a.mvw", folder / "a (3).mvw, beside"}));
+  EXPECT_EQ(folder.fileCount(), 4u) << "the folder is looked through once";
 }
 
 TEST_F(TextFilesTest, aDiskThatFillsLeavesNothingAndMayBeTriedAgain) {

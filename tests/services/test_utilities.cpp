@@ -147,17 +147,6 @@ TEST(ClocksTest, shiftedClockKeepsTheTimeOfDayAndGoesOn) {
 }
 
 namespace fs = std::filesystem;
-TEST(FileUtilityTest, uniqueNamesCountUpBeforeTheExtension) {
-  TemporaryFolder folder;
-  HostFileUtility files;
-  const std::string path = folder / "Fax - Apr 30 2026.mvw";
-  EXPECT_EQ(files.getUniqueFileName(path), path);
-  writeFile(path, "");
-  EXPECT_EQ(files.getUniqueFileName(path), folder / "Fax - Apr 30 2026 (2).mvw");
-  fs::create_symlink("nowhere", folder / "Fax - Apr 30 2026 (2).mvw");
-  EXPECT_EQ(files.getUniqueFileName(path), folder / "Fax - Apr 30 2026 (3).mvw");
-}
-
 TEST(FileUtilityTest, seesAndDeletesFilesAloneAndTellsWhyNot) {
   TemporaryFolder folder;
   HostFileUtility files;

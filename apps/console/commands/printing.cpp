@@ -49,15 +49,15 @@ std::string pagesText(int pages) {
 }
 
 /// "filed as 12 Roy Inc/Letter - Apr 15 2026.mvw"
-std::string filedText(const PrintOutcome& outcome) {
-  const std::filesystem::path filed(outcome.filed);
-  return fmt::format("filed as {}/{}", filed.parent_path().filename().string(),
-                     filed.filename().string());
+std::string filedText(const host::FiledDocument& document) {
+  const std::filesystem::path path(document.path);
+  return fmt::format("filed as {}/{}", path.parent_path().filename().string(),
+                     path.filename().string());
 }
 
 std::string doneWords(const PrintOutcome& outcome) {
-  std::string words = pagesText(outcome.pages) + ", " + filedText(outcome);
-  if (host::isBesideAnother(outcome.filed)) words += " (beside another one of this day)";
+  std::string words = pagesText(outcome.pages) + ", " + filedText(*outcome.filed);
+  if (outcome.filed->isBesideAnother) words += " (beside another one of this day)";
   if (!outcome.markFault.empty()) words += "; could not be marked sent: " + outcome.markFault;
   return words;
 }
@@ -68,24 +68,24 @@ std::string wordsOf(const PrintOutcome& outcome, const PrintWords& row) {
   const std::string words =
       fmt::format(fmt::runtime(row.words),
                   isOther ? host::channelName(outcome.about->channel) : outcome.detail);
-  return outcome.filed.empty() ? words : words + "; it was " + filedText(outcome);
+  return outcome.filed ? words + "; it was " + filedText(*outcome.filed) : words;
 }
 
-void report(Reply& reply, TextTable& table, Id id, const PrintOutcome& outcome, bool wasDue) {
+void report(Reply& reply, TextTable& table, const PrintOutcome& outcome, bool wasDue) {
   const PrintWords& row = *std::ranges::find(printTable, outcome.result, &PrintWords::result);
   const std::string words = wordsOf(outcome, row);
   const std::string about = aboutOf(outcome.about);
-  table.add({std::to_string(id), row.name, words, about});
-  reply.data["notifications"].push_back({{"notification", id},
+  table.add({std::to_string(outcome.id), row.name, words, about});
+  reply.data["notifications"].push_back({{"notification", outcome.id},
                                          {"result", row.name},
                                          {"detail", words},
                                          {"about", about},
                                          {"pages", outcome.pages},
-                                         {"document", outcome.filed}});
+                                         {"document", outcome.filed ? outcome.filed->path : ""}});
   const bool isPrinted = outcome.result == PrintResult::printed;
   if (isPrinted ? outcome.markFault.empty() : wasDue && row.isMeanwhile) return;
-  reply.refuse(
-      fmt::format("notification {} was {}: {}", id, isPrinted ? "printed" : "not printed", words));
+  reply.refuse(fmt::format("notification {} was {}: {}", outcome.id,
+                           isPrinted ? "printed" : "not printed", words));
 }
 
 /// A name that nothing has yet.
@@ -119,8 +119,7 @@ Reply runPrint(host::Desk& desk, const Arguments& arguments) {
                 {"pages", printed.pages},
                 {"notifications", Json::array()}};
   TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
-  for (std::size_t i = 0; i < wanted.rows.size(); ++i)
-    report(reply, table, wanted.rows[i], printed.outcomes[i], arguments.due);
+  for (const PrintOutcome& outcome : printed.outcomes) report(reply, table, outcome, arguments.due);
   if (!showList(reply, table, wanted.unreadable)) reply.text = "No letter or fax is due.\n";
   if (printed.pages > 0) reply.text += fmt::format("{} in {}\n", pagesText(printed.pages), pdf);
   return reply;

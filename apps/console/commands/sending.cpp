@@ -92,13 +92,13 @@ std::string reasonToSkip(Id id, int channel) {
   return fmt::format("there is no way to send a notification by {}", host::channelName(channel));
 }
 
-Told tell(Id id, const SendOutcome& outcome, bool wasDue) {
+Told tell(const SendOutcome& outcome, bool wasDue) {
   const ResultWords& row = *std::ranges::find(resultTable, outcome.result, &ResultWords::result);
   if (wasDue && row.meanwhile) return {Fate::skipped, row.meanwhile};
   const bool isByHand = outcome.result == SendResult::byHand;
-  Told told{row.fate,
-            fmt::format(fmt::runtime(row.words),
-                        isByHand ? reasonToSkip(id, outcome.about->channel) : outcome.detail)};
+  Told told{row.fate, fmt::format(fmt::runtime(row.words),
+                                  isByHand ? reasonToSkip(outcome.id, outcome.about->channel)
+                                           : outcome.detail)};
   for (const auto& [fault, fate] :
        {std::pair(outcome.keepFault, Fate::unkept), std::pair(outcome.markFault, Fate::unmarked)}) {
     if (!fault.empty()) told = {fate, told.words + "; " + fault};
@@ -110,17 +110,18 @@ const char* fateName(Fate fate, bool dryRun) {
   return dryRun && fate == Fate::sent ? "would be sent" : wordsOf(fate).name;
 }
 
-void report(Reply& reply, TextTable& table, Id id, const SendOutcome& outcome,
+void report(Reply& reply, TextTable& table, const SendOutcome& outcome,
             const Arguments& arguments) {
-  const Told told = tell(id, outcome, arguments.due);
+  const Told told = tell(outcome, arguments.due);
   const char* name = fateName(told.fate, arguments.dryRun);
   const std::string about = aboutOf(outcome.about);
-  table.add({std::to_string(id), name, told.words, about});
+  table.add({std::to_string(outcome.id), name, told.words, about});
   reply.data.push_back(
-      {{"notification", id}, {"result", name}, {"detail", told.words}, {"about", about}});
+      {{"notification", outcome.id}, {"result", name}, {"detail", told.words}, {"about", about}});
   const bool isFault = told.fate != Fate::sent && (told.fate != Fate::skipped || !arguments.due);
   if (!isFault) return;
-  reply.refuse(fmt::format("notification {} {}: {}", id, wordsOf(told.fate).complaint, told.words));
+  reply.refuse(
+      fmt::format("notification {} {}: {}", outcome.id, wordsOf(told.fate).complaint, told.words));
 }
 
 }  // namespace
@@ -148,7 +149,7 @@ Reply runSend(host::Desk& desk, const Arguments& arguments) {
   reply.data = Json::array();
   TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
   for (const Id id : wanted.rows)
-    report(reply, table, id, host::sendNotification(desk, id, wish), arguments);
+    report(reply, table, host::sendNotification(desk, id, wish), arguments);
   if (!showList(reply, table, wanted.unreadable)) reply.text = "Nothing is due.\n";
   return reply;
 }

@@ -3,10 +3,8 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <memory>
 
 #include "host/desk/rows/channel_names.h"
-#include "host/desk/work/claiming.h"
 #include "host/documents/PdfFile.h"
 
 namespace autonotify::host {
@@ -14,8 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string titleOf(Id id, const SendSubject& about) {
-  return fmt::format("{} {}, {}", channelName(about.channel), id, about.client);
+std::string titleOf(Desk& desk, const Notification& row) {
+  return fmt::format("{} {}, {}", channelName(row.channel), row.id, clientName(desk, row));
 }
 
 /// One file with the documents of many notifications.
@@ -25,48 +23,26 @@ class Printing {
       : desk_(desk), printer_(printer), wish_(wish), file_(wish.pdf) {}
 
   void print(Id id) {
-    PrintOutcome outcome{PrintResult::notThere};
-    std::optional<SendSubject> about;
-    try {
-      if (const auto row = findNotification(desk_, id)) {
-        about = {row->channel, clientName(desk_, *row), itemName(desk_, *row)};
-        outcome = fault_.empty() ? printRow(*row, titleOf(id, *about)) : notWritten();
-      }
-    } catch (const PlatformError& error) {
-      outcome = {PrintResult::failed, firstLine(error.description())};
-    }
-    outcome.about = std::move(about);
-    done_.outcomes.push_back(std::move(outcome));
+    const auto make = [&](const Notification& row) { return makeIfPossible(row); };
+    const auto leave = [&](const Notification&) { return notWritten(); };
+    done_.outcomes.push_back(fault_.empty() ? withClaimedNotification<PrintOutcome>(desk_, id, make)
+                                            : withNotification<PrintOutcome>(desk_, id, leave));
   }
 
-  PrintedDocuments finish(const std::vector<Id>& notifications) {
+  PrintedDocuments finish() {
     if (file_.pages() > 0) writing([&] { publish(); });
-    for (std::size_t i = 0; i < notifications.size(); ++i) {
-      PrintOutcome& outcome = done_.outcomes[i];
-      if (outcome.result != PrintResult::printed) continue;
-      if (!fault_.empty()) {
-        outcome.result = PrintResult::notWritten;
-        outcome.detail = fault_;
-      } else if (wish_.mark) {
-        const Id id = notifications[i];
-        outcome.markFault = desk_.errorsOf([&] { desk_.tools().changeNotificationToSent(id); });
-      }
-    }
+    for (PrintOutcome& outcome : done_.outcomes)
+      if (outcome.result == PrintResult::printed) settle(outcome);
     if (fault_.empty()) done_.pages = file_.pages();
     return std::move(done_);
   }
 
  private:
-  /// The row is read again once it is claimed.
-  PrintOutcome printRow(const Notification& known, const std::string& title) {
-    auto claim = claimNotification(desk_, known);
-    if (!claim) return {PrintResult::atWorkElsewhere};
-    const auto row = findNotification(desk_, known.id);
-    if (!row) return {PrintResult::notThere};
-    const PrintResult possible = possibleResult(*row);
-    if (possible != PrintResult::printed) return {possible};
-    PrintOutcome outcome = makeDocument(row->id, title);
-    if (wish_.mark) claims_.push_back(*std::move(claim));
+  PrintOutcome makeIfPossible(const Notification& row) {
+    const PrintResult possible = possibleResult(row);
+    PrintOutcome outcome =
+        possible == PrintResult::printed ? makeDocument(row) : PrintOutcome{possible};
+    outcome.isMarked = stateOf(row) == NotificationState::sent;
     return outcome;
   }
 
@@ -87,21 +63,52 @@ class Printing {
   }
 
   /// What could not be filed does not get into the file either.
-  PrintOutcome makeDocument(Id id, const std::string& title) {
+  PrintOutcome makeDocument(const Notification& row) {
+    const std::string title = titleOf(desk_, row);
     bool isMade = false;
     PrintOutcome outcome{PrintResult::failed};
-    outcome.detail = desk_.errorsOf([&] { isMade = desk_.tools().makeDocument(id); });
-    const auto filed = desk_.takeFiled();
+    outcome.detail = desk_.errorsOf([&] { isMade = desk_.tools().makeDocument(row.id); });
+    auto filed = desk_.takeFiled();
     const auto printed = printer_.takePrinted();
-    if (!filed.empty()) outcome.filed = filed.back();
+    if (!filed.empty()) outcome.filed = std::move(filed.back());
     if (!outcome.detail.empty()) return outcome;
-    if (!isMade || filed.empty() || printed.empty()) {
+    if (!isMade || !outcome.filed || printed.empty()) {
       outcome.detail = "no document could be made of it";
       return outcome;
     }
     outcome.result = PrintResult::printed;
     writing([&] { outcome.pages = file_.add(printed.back(), title); });
     return outcome;
+  }
+
+  /// What stands in the file, once that is whole.
+  void settle(PrintOutcome& outcome) {
+    if (!fault_.empty()) {
+      outcome.result = PrintResult::notWritten;
+      outcome.detail = fault_;
+    } else if (wish_.mark) {
+      outcome.markFault = mark(outcome.id);
+      outcome.isMarked = outcome.markFault.empty();
+    }
+  }
+
+  /// Why it could not be marked sent.
+  std::string mark(Id id) {
+    try {
+      const auto claimed = claimNotification(desk_, id);
+      if (!claimed) return whyNot(claimed.refused().why);
+      const PrintResult now = possibleResult(claimed->row);
+      if (now == PrintResult::cancelled) return "it was cancelled meanwhile";
+      if (now == PrintResult::alreadySent) return "it was marked sent meanwhile";
+      return desk_.errorsOf([&] { desk_.tools().changeNotificationToSent(id); });
+    } catch (const PlatformError& error) {
+      return firstLine(error.description());
+    }
+  }
+
+  static std::string whyNot(Refused::Why why) {
+    return why == Refused::Why::notThere ? "it was deleted meanwhile"
+                                         : "another desk is at work on it";
   }
 
   void publish() {
@@ -126,7 +133,6 @@ class Printing {
   PdfFile file_;
   /// Why the file cannot be written.
   std::string fault_;
-  std::vector<std::unique_ptr<Claim>> claims_;
   PrintedDocuments done_;
 };
 
@@ -136,22 +142,20 @@ Refused refusedFile(const PrintWish& wish, const std::string& why) {
 
 }  // namespace
 
-bool isBesideAnother(const std::string& filed) {
-  return fs::path(filed).stem().string().ends_with(")");
-}
-
 Outcome<PrintedDocuments> printDocuments(Desk& desk, const std::vector<Id>& notifications,
                                          const PrintWish& wish) {
   PrintingFormHost* const printer = desk.printer();
   if (!printer) return refusedFile(wish, "documents are shown here, one by one");
-  std::error_code error;
-  if (fs::exists(fs::symlink_status(wish.pdf, error)))
-    return refusedFile(wish, "there is a file of this name already");
   try {
+    const auto run = claimItem(desk, WorkItem::printRun, wholeFirm);
+    if (!run) return refusedFile(wish, "another desk is printing; try again when it has finished");
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(wish.pdf, error)))
+      return refusedFile(wish, "there is a file of this name already");
     desk.requireDocuments();
     Printing printing(desk, *printer, wish);
     for (const Id id : notifications) printing.print(id);
-    return printing.finish(notifications);
+    return printing.finish();
   } catch (const PlatformError& fault) {
     return refusedFile(wish, firstLine(fault.description()));
   }

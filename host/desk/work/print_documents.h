@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/desk/Outcome.h"
-#include "host/desk/work/send_notification.h"
+#include "host/desk/work/one_notification.h"
 
 namespace autonotify::host {
 
@@ -45,12 +45,15 @@ struct PrintOutcome {
   /// Of a failure its reason.
   std::string detail = {};
   int pages = 0;
-  /// Where it was filed; empty when it was not.
-  std::string filed = {};
-  /// Why a notification that was printed could not be marked sent.
+  /// Where it was filed; unset when it was not.
+  std::optional<FiledDocument> filed = std::nullopt;
+  /// True when it is known to be marked sent.
+  bool isMarked = false;
+  /// Why it could not be marked, when it was to be.
   std::string markFault = {};
+  Id id = noId;
   /// Unset when it is not there.
-  std::optional<SendSubject> about = std::nullopt;
+  std::optional<NotificationSubject> about = std::nullopt;
 };
 
 struct PrintedDocuments {
@@ -60,13 +63,11 @@ struct PrintedDocuments {
   int pages = 0;
 };
 
-/// True when there was a document of the same name and day already beside which it was filed: one
-/// of another notification, or of the same one in an earlier run.
-bool isBesideAnother(const std::string& filed);
-
 /// Makes the documents of letters and faxes, files each in its client's folder, and prints all of
-/// them into one file. What is to be marked stays claimed until it is, so that no other desk sends
-/// it. Refused when the file cannot be begun.
+/// them into one file. Each is claimed while its document is made, and again while it is marked:
+/// one that was cancelled or deleted in between is told and stays so. Only one desk prints at a
+/// time, so that nothing gets into two files to be marked. Refused when another one prints, and
+/// when the file cannot be begun.
 Outcome<PrintedDocuments> printDocuments(Desk& desk, const std::vector<Id>& notifications,
                                          const PrintWish& wish);
 

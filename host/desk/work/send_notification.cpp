@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "host/desk/work/claiming.h"
 #include "host/mail/addresses.h"
 #include "platform/rich_text.h"
 
@@ -16,7 +15,16 @@ class Sending {
       : desk_(desk), row_(row), wish_(wish) {}
 
   SendOutcome run() {
-    switch (stateOf(row_)) {
+    try {
+      return runFrom(stateOf(row_));
+    } catch (const MailError& error) {
+      return {SendResult::failed, error.what()};
+    }
+  }
+
+ private:
+  SendOutcome runFrom(NotificationState state) {
+    switch (state) {
       case NotificationState::sent:
         return {SendResult::alreadySent};
       case NotificationState::cancelled:
@@ -31,7 +39,6 @@ class Sending {
     return sendNow();
   }
 
- private:
   SendOutcome sendNow() {
     if (wish_.markOnly) return markOnly();
     if (row_.channel != nt_Email) return {SendResult::byHand};
@@ -116,32 +123,12 @@ class Sending {
   const SendWish& wish_;
 };
 
-/// The row is read again once it is claimed.
-SendOutcome sendRow(Desk& desk, const Notification& known, const SendWish& wish) {
-  if (wish.dryRun) return Sending(desk, known, wish).run();
-  const auto claim = claimNotification(desk, known);
-  if (!claim) return {SendResult::atWorkElsewhere};
-  const auto row = findNotification(desk, known.id);
-  return row ? Sending(desk, *row, wish).run() : SendOutcome{SendResult::notThere};
-}
-
 }  // namespace
 
 SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish) {
-  std::optional<SendSubject> about;
-  SendOutcome outcome{SendResult::notThere};
-  try {
-    if (const auto row = findNotification(desk, id)) {
-      about = {row->channel, clientName(desk, *row), itemName(desk, *row)};
-      outcome = sendRow(desk, *row, wish);
-    }
-  } catch (const PlatformError& error) {
-    outcome = {SendResult::failed, firstLine(error.description())};
-  } catch (const MailError& error) {
-    outcome = {SendResult::failed, error.what()};
-  }
-  outcome.about = std::move(about);
-  return outcome;
+  const auto send = [&](const Notification& row) { return Sending(desk, row, wish).run(); };
+  return wish.dryRun ? withNotification<SendOutcome>(desk, id, send)
+                     : withClaimedNotification<SendOutcome>(desk, id, send);
 }
 
 }  // namespace autonotify::host

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "host/desk/rows/Notification.h"
+#include "host/desk/work/one_notification.h"
 
 namespace autonotify::host {
 
@@ -41,13 +41,6 @@ enum class SendResult {
   notThere,
 };
 
-/// Whom and what a notification is about, by name.
-struct SendSubject {
-  int channel = 0;
-  std::string client;
-  std::string item;
-};
-
 /// What became of one notification.
 struct SendOutcome {
   SendResult result = SendResult::failed;
@@ -57,8 +50,9 @@ struct SendOutcome {
   std::string keepFault = {};
   /// Why a notification that went out could not be marked sent; the next run makes it good.
   std::string markFault = {};
+  Id id = noId;
   /// Unset when it is not there.
-  std::optional<SendSubject> about = std::nullopt;
+  std::optional<NotificationSubject> about = std::nullopt;
 };
 
 /// Sends the notification's email and marks it sent; failures are outcomes too.
