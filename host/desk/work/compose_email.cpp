@@ -20,15 +20,10 @@ Id findWaitingEmail(Desk& desk, Id task) {
 using OpenComposer = void (clsAutoNotifyCtrl::*)(CurrentDayTimerType, notificationTypes, Id, Id);
 
 Composed openComposer(Desk& desk, OpenComposer open, Id task) {
-  (desk.control().*open)(Tasks, remittanceNotification, noId, task);
-  return composedBy(desk.control());
+  return openWindow(desk, open, Tasks, remittanceNotification, noId, task);
 }
 
 }  // namespace
-
-Composed composedBy(const clsAutoNotifyCtrl& control) {
-  return control.get_cancelFlag() ? Composed::cancelled : Composed::done;
-}
 
 // The email is a row of the database while it is written: nobody else may send that.
 Outcome<Composed> composeEmail(Desk& desk, Id task) {

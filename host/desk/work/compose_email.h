@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include "control/clsAutoNotifyCtrl.h"
 #include "host/desk/Outcome.h"
 
@@ -19,8 +21,13 @@ enum class Composed {
   lost,
 };
 
-/// Done or cancelled: how the window was left that the control opened last.
-Composed composedBy(const clsAutoNotifyCtrl& control);
+/// Opens a window of the component's and tells whether it was left as done or cancelled.
+template <class... Types>
+Composed openWindow(Desk& desk, void (clsAutoNotifyCtrl::*open)(Types...),
+                    std::type_identity_t<Types>... arguments) {
+  (desk.control().*open)(arguments...);
+  return desk.control().get_cancelFlag() ? Composed::cancelled : Composed::done;
+}
 
 // While the person writes no other desk works on the task, nor on the email that is edited.
 

@@ -6,19 +6,18 @@
 namespace autonotify::host {
 namespace {
 
-using OpenWizard = void (clsAutoNotifyCtrl::*)(std::int16_t, Id);
+using Control = clsAutoNotifyCtrl;
 
-Outcome<Composed> openWizard(Desk& desk, OpenWizard open, Id task) {
-  const auto claimed = claimTask(desk, task);
-  if (!claimed) return claimed.refused();
-  const auto type = claimed->row.clientNum >= 0 ? enumAutoNotifyCompany : enumAutoNotifyContact;
-  (desk.control().*open)(static_cast<std::int16_t>(type), task);
-  return composedBy(desk.control());
+template <auto open>
+Outcome<Composed> inWizard(Desk& desk, Id id) {
+  const auto task = claimTask(desk, id);
+  if (!task) return task.refused();
+  const auto type = task->row.clientNum >= 0 ? enumAutoNotifyCompany : enumAutoNotifyContact;
+  return openWindow(desk, open, static_cast<std::int16_t>(type), id);
 }
 
-using OpenBlank = void (clsAutoNotifyCtrl::*)(notificationTypes, Id, Id, CurrentDayTimerType);
-
-Outcome<Composed> openBlank(Desk& desk, OpenBlank open, Id id) {
+template <auto open>
+Outcome<Composed> blank(Desk& desk, Id id) {
   const auto task = requireTask(desk, id);
   if (!task) return task.refused();
   try {
@@ -29,30 +28,18 @@ Outcome<Composed> openBlank(Desk& desk, OpenBlank open, Id id) {
   const bool isCompany = task->clientNum >= 0;
   const Id company = isCompany ? desk.clients().getCompanyIDFromClientID(task->clientNum) : noId;
   const Id contact = isCompany ? noId : task->contactId;
-  (desk.control().*open)(remittanceNotification, company, contact, noDayTimerType);
-  return composedBy(desk.control());
+  return openWindow(desk, open, remittanceNotification, company, contact, noDayTimerType);
 }
 
 }  // namespace
 
-Outcome<Composed> notifyNow(Desk& desk, Id task) {
-  return openWizard(
-      desk, &clsAutoNotifyCtrl::cls_openSendNotificationWizardForm_InitializeAutoNotifyNow, task);
-}
-
-Outcome<Composed> notifyAutomatically(Desk& desk, Id task) {
-  return openWizard(
-      desk, &clsAutoNotifyCtrl::cls_openSendNotificationWizardForm_InitializeAutoNotify, task);
-}
-
-Outcome<Composed> writeBlankFax(Desk& desk, Id task) {
-  return openBlank(
-      desk, &clsAutoNotifyCtrl::cls_openSendNotificationWizardFaxForm_InitializeBlankSend, task);
-}
-
-Outcome<Composed> writeBlankLetter(Desk& desk, Id task) {
-  return openBlank(
-      desk, &clsAutoNotifyCtrl::cls_openSendNotificationWizardLetterForm_InitializeBlankSend, task);
-}
+const NotifyClient notifyNow =
+    inWizard<&Control::cls_openSendNotificationWizardForm_InitializeAutoNotifyNow>;
+const NotifyClient notifyAutomatically =
+    inWizard<&Control::cls_openSendNotificationWizardForm_InitializeAutoNotify>;
+const NotifyClient writeBlankFax =
+    blank<&Control::cls_openSendNotificationWizardFaxForm_InitializeBlankSend>;
+const NotifyClient writeBlankLetter =
+    blank<&Control::cls_openSendNotificationWizardLetterForm_InitializeBlankSend>;
 
 }  // namespace autonotify::host
