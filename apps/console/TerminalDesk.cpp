@@ -31,8 +31,13 @@ std::optional<host::SmtpServer> mailServer(const GlobalOptions& options) {
 }
 
 host::DeskOptions deskOptions(const GlobalOptions& options) {
-  return {options.database,  options.today,    options.user,       options.outbox,
-          options.documents, options.firmCode, mailServer(options)};
+  return {.database = options.database,
+          .today = options.today,
+          .user = options.user,
+          .outbox = options.outbox,
+          .documents = options.documents,
+          .firmCode = options.firmCode,
+          .mailServer = mailServer(options)};
 }
 
 }  // namespace

@@ -25,16 +25,16 @@ struct DeskOptions {
   /// The path of the database file, or the URL of one on a server (see openDatabase).
   std::string database;
   /// The date that the desk pretends to be on; the machine's when unset.
-  std::optional<DateTime> today;
+  std::optional<DateTime> today = std::nullopt;
   /// A member of staff; the first one when unset.
-  std::optional<Id> user;
+  std::optional<Id> user = std::nullopt;
   /// A folder for emails, which must be there; empty: one beside the database file itself, not
   /// beside a link to it, made when needed. A database on a server has none beside it.
-  std::string outbox;
+  std::string outbox = {};
   /// A folder for the documents of clients, which must be there; empty: as with the outbox.
-  std::string documents;
+  std::string documents = {};
   /// The installation's firm code.
-  std::string firmCode;
+  std::string firmCode = {};
   /// Who takes the emails from the outbox; unset: some other mail system.
   std::optional<SmtpServer> mailServer = std::nullopt;
 };

@@ -77,7 +77,7 @@ class MainWindowTest : public testing::Test {
 
   void open() { open(path()); }
   void open(const std::string& database) {
-    window_ = std::make_unique<MainWindow>(host::DeskOptions{database, today, {}, {}, {}, {}});
+    window_ = std::make_unique<MainWindow>(host::DeskOptions{.database = database, .today = today});
     window_->show();
     QApplication::processEvents();
   }

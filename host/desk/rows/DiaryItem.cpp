@@ -14,9 +14,17 @@ namespace autonotify::host {
 namespace {
 
 constexpr std::array<DiaryKind, 3> kinds{{
-    {"appointment", Appointments, WorkItem::appointment, "Appointments", "AppointmentID"},
-    {"time-entry", Dockets, WorkItem::timeEntry, "Dockets", "DocketID"},
-    {"task", Tasks, WorkItem::task, "Tasks", "TaskID"},
+    {.word = "appointment",
+     .kind = Appointments,
+     .claim = WorkItem::appointment,
+     .table = "Appointments",
+     .key = "AppointmentID"},
+    {.word = "time-entry",
+     .kind = Dockets,
+     .claim = WorkItem::timeEntry,
+     .table = "Dockets",
+     .key = "DocketID"},
+    {.word = "task", .kind = Tasks, .claim = WorkItem::task, .table = "Tasks", .key = "TaskID"},
 }};
 
 std::string selectItems(const DiaryKind& kind, const std::string& condition) {
