@@ -134,8 +134,9 @@ class CallTest(ConsoleTest):
         self.expect("calls", "No call is due.\n", today="2000-12-31")
         self.expect("calls", today="2001-01-01", out=(
             f"Notification {phone}, due 2001-01-01\nTo:             Jo\nPhone number:   555-0100\n"
-            f"Times to call:\nClient:         {shown['client']}\nTask:           {shown['name']}\n\n"
-            "Call now\n"))
+            f"Times to call:\nClient:         {shown['client']}\nTask:           {shown['name']}\n"
+            f"Called:         hvnotify call {phone} --made\n"
+            f"No answer:      hvnotify call {phone} --no-answer\n\nCall now\n"))
 
     def test_what_came_of_a_call(self):
         _, (phone, fax) = self.arm("phone,fax")

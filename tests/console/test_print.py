@@ -55,6 +55,9 @@ class PrintTest(ConsoleTest):
         self.assertEqual((1, "skipped"), (run.code, results[self.letter][0]))
         self.assertEqual((3, ["a.pdf", "b.pdf", "c.pdf"]),
                          (len(self.filed()), sorted(p.name for p in self.folder.glob("*.pdf"))))
+        said = self.done(f"print {self.fax} {self.letter} --again --documents docs")
+        self.assertTrue(said.endswith("Nothing was marked sent. When it has gone out: hvnotify send "
+                                      f"--mark-only {self.fax}\n"), said)
 
     def test_what_is_left_out_and_why(self):
         (self.folder / "there.pdf").write_text("mine")

@@ -29,6 +29,12 @@ Json callJson(host::Desk& desk, const Notification& row) {
           {"text", plainTextOf(row.memo)}};
 }
 
+/// What to type when the call was made, and when nobody answered.
+std::string commandText(Id notification) {
+  const std::string command = fmt::format("hvnotify call {} --", notification);
+  return labelled("Called", command + "made") + labelled("No answer", command + "no-answer");
+}
+
 /// The call as a person works it off: who and when, and below it what is to be said.
 std::string callText(const Json& call) {
   const auto line = [&](const char* label, const char* key) {
@@ -37,7 +43,8 @@ std::string callText(const Json& call) {
   return fmt::format("Notification {}, due {}\n", call["notification"].get<Id>(),
                      call["date"].is_null() ? "-" : call["date"].get<std::string>()) +
          line("To", "to") + line("Phone number", "number") + line("Times to call", "times") +
-         line("Client", "client") + line("Task", "name") + "\n" +
+         line("Client", "client") + line("Task", "name") +
+         commandText(call["notification"].get<Id>()) + "\n" +
          withLineEnd(call["text"].get<std::string>());
 }
 

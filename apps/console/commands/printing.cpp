@@ -81,11 +81,24 @@ void report(Reply& reply, TextTable& table, const PrintOutcome& outcome, bool wa
                                          {"detail", words},
                                          {"about", about},
                                          {"pages", outcome.pages},
+                                         {"marked", outcome.isMarked},
                                          {"document", outcome.filed ? outcome.filed->path : ""}});
   const bool isPrinted = outcome.result == PrintResult::printed;
   if (isPrinted ? outcome.markFault.empty() : wasDue && row.isMeanwhile) return;
   reply.refuse(fmt::format("notification {} was {}: {}", outcome.id,
                            isPrinted ? "printed" : "not printed", words));
+}
+
+/// How to mark what was printed and is not marked; empty when nothing is.
+std::string markingText(const std::vector<PrintOutcome>& outcomes) {
+  std::string numbers;
+  for (const PrintOutcome& outcome : outcomes) {
+    if (outcome.result == PrintResult::printed && !outcome.isMarked)
+      numbers += fmt::format(" {}", outcome.id);
+  }
+  if (numbers.empty()) return {};
+  return "Nothing was marked sent. When it has gone out: hvnotify send --mark-only" + numbers +
+         "\n";
 }
 
 /// A name that nothing has yet.
@@ -122,6 +135,7 @@ Reply runPrint(host::Desk& desk, const Arguments& arguments) {
   for (const PrintOutcome& outcome : printed.outcomes) report(reply, table, outcome, arguments.due);
   if (!showList(reply, table, wanted.unreadable)) reply.text = "No letter or fax is due.\n";
   if (printed.pages > 0) reply.text += fmt::format("{} in {}\n", pagesText(printed.pages), pdf);
+  if (!arguments.mark) reply.text += markingText(printed.outcomes);
   return reply;
 }
 
