@@ -10,6 +10,7 @@ import subprocess
 import tempfile
 import unittest
 from pathlib import Path
+from resource import setrlimit
 
 import engines
 
@@ -30,11 +31,16 @@ class Run:
         return json.loads(self.out)
 
 
-def call(folder, *arguments, today=TODAY, database="firm.db", environment=None):
+def call(folder, *arguments, today=TODAY, database="firm.db", environment=None, **process):
     """The program without a terminal, on a fixed date."""
     return Run(subprocess.run(command(*arguments, today=today, database=database), cwd=folder,
                               capture_output=True, text=True, stdin=subprocess.DEVNULL,
-                              timeout=60, env={**os.environ, **(environment or {})}))
+                              timeout=60, env={**os.environ, **(environment or {})}, **process))
+
+
+def at_most(size, resource):
+    """Options of a call that gets no more of a resource."""
+    return {"preexec_fn": lambda: setrlimit(resource, (size, size)), "restore_signals": False}
 
 
 def command(*arguments, today=TODAY, database="firm.db"):
@@ -73,6 +79,12 @@ class ConsoleTest(unittest.TestCase):
 
     def run_program(self, *arguments, **options):
         return call(self.folder, *arguments, **{"database": self.database, **options})
+
+    def run_as_nobody(self, *arguments):
+        try:
+            return self.run_program(*arguments, **({"user": 65534} if os.geteuid() == 0 else {}))
+        except PermissionError:
+            self.skipTest("the program lies where others may not run it")
 
     def expect(self, line, out="", err="", code=0, **options):
         """Compares everything that the call gives; an error line comes without its prefix."""

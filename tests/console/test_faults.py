@@ -2,17 +2,16 @@
 
 import contextlib
 import os
-import resource
 import socket
 import sqlite3
 import subprocess
 import threading
 import time
 import unittest
+from resource import RLIMIT_DATA, RLIMIT_FSIZE
 
-from console import ENGINE, ConsoleTest, Run, call, command, files_only
+from console import ENGINE, ConsoleTest, at_most, call, files_only
 
-NOBODY = 65534
 DAMAGED = "{}: The database file is damaged: database disk image is malformed (engine code 11)"
 HARD_LINKED = ("{} has more than one name (hard links), under which changes would be lost; remove "
                "all but one")
@@ -66,23 +65,18 @@ class DatabaseFileTest(ConsoleTest):
                           "beside it; mount its folder\n"), (run.returncode, run.stderr))
 
     def test_a_file_that_may_not_grow(self):
-        small = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (500_000, 500_000))
         for line in ("init --demo", "copy --from firm.db --to new.db"):
-            done = subprocess.run(command(*line.split(), database="new.db"), cwd=self.folder,
-                                  capture_output=True, text=True, preexec_fn=small,
-                                  restore_signals=False)
-            self.assertEqual((3, ""), (done.returncode, done.stdout), line)
-            self.assertRegex(done.stderr, r"^hvnotify: new\.db: The .*\n$")
+            run = self.run_program(*line.split(), database="new.db", **at_most(500_000, RLIMIT_FSIZE))
+            self.assertEqual((3, ""), (run.code, run.out), line)
+            self.assertRegex(run.err, r"^hvnotify: new\.db: The .*\n$")
 
     def test_where_memory_is_short(self):
         (self.folder / "long.txt").write_bytes(b"word " * 3_000_000)
-        little = lambda: resource.setrlimit(resource.RLIMIT_DATA, (8 << 20, 8 << 20))
-        codes, errors = zip(*[(done.returncode, done.stderr) for done in (subprocess.run(
-            command(*line.split()), cwd=self.folder, capture_output=True, text=True,
-            preexec_fn=little) for line in ("due", "check long.txt"))])
-        if codes[0]:
+        due, check = (self.run_program(*line.split(), **at_most(8 << 20, RLIMIT_DATA))
+                      for line in ("due", "check long.txt"))
+        if due.code:
             self.skipTest("the program does not start with so little")
-        self.assertEqual((3, "hvnotify: there is not enough memory\n"), (codes[1], errors[1]))
+        self.assertEqual((3, "hvnotify: there is not enough memory\n"), (check.code, check.err))
 
     def test_without_permission(self):
         self.folder.chmod(0o755)
@@ -95,13 +89,14 @@ class DatabaseFileTest(ConsoleTest):
             run = self.run_as_nobody(*arguments)
             self.assertEqual((3, "", words), (run.code, run.out, run.err[:len(words)]))
 
-    def run_as_nobody(self, *arguments):
-        user = {"user": NOBODY} if os.geteuid() == 0 else {}
-        try:
-            return Run(subprocess.run(command(*arguments), cwd=self.folder, capture_output=True,
-                                      text=True, **user))
-        except PermissionError:
-            self.skipTest("the program lies where others may not run it")
+    def test_a_folder_for_documents_that_is_read_only(self):
+        for path, mode in ((self.folder, 0o777), (self.folder / "firm.db", 0o666)):
+            path.chmod(mode)
+        _, (letter,) = self.arm("letter")
+        (self.folder / "docs").mkdir(0o555)
+        run = self.run_as_nobody("print", letter, "--documents", "docs", "--pdf", "a.pdf")
+        self.assertEqual((1, "hvnotify: a.pdf: The folder for documents docs cannot be written to: "
+                          "Permission denied\n"), (run.code, run.err))
 
     def test_init_leaves_what_is_there(self):
         (self.folder / "notes.txt").write_text("mine")
@@ -124,7 +119,7 @@ class DatabaseFileTest(ConsoleTest):
     def test_a_draft_goes_when_nobody_works_on_it(self):
         drafts = lambda: [name for name in os.listdir(self.folder) if name.endswith(".new")]
         (self.folder / "new.db.notes.new").write_text("mine")
-        with subprocess.Popen(command("init", "--demo", "--clients", 100000, database="new.db"),
+        with subprocess.Popen(self.command("init", "--demo", "--clients", 100000, database="new.db"),
                               cwd=self.folder) as maker:
             while len(drafts()) < 2:
                 time.sleep(0.01)

@@ -1,9 +1,11 @@
 """Printing: letters and faxes in one PDF and in their clients' folders, each told of."""
 
+import random
 import subprocess
 from pathlib import Path
+from resource import RLIMIT_FSIZE
 
-from console import NOTIFICATION, PRINT_RUN, ConsoleTest, files_only
+from console import NOTIFICATION, PRINT_RUN, ConsoleTest, at_most, files_only
 
 ADDRESSED = "Field1='Ann', Field2='Bo', Field4='(613) 555-0177', Field6='Returns'"
 BESIDE = " (beside another one of this day)"
@@ -16,8 +18,9 @@ class PrintTest(ConsoleTest):
         _, (self.fax, self.letter, self.call) = self.arm("fax,letter,phone")
         self.sql(f"UPDATE ClientNotification SET {ADDRESSED} WHERE ClientNotificationID=?", self.fax)
 
-    def print(self, *arguments, pdf="out.pdf"):
-        run = self.run_program("--json", "print", *arguments, "--pdf", pdf, "--documents", "docs")
+    def print(self, *arguments, pdf="out.pdf", **process):
+        run = self.run_program("--json", "print", *arguments, "--pdf", pdf, "--documents", "docs",
+                               **process)
         rows = run.json()["notifications"] if run.out else []
         return {row["notification"]: (row["result"], row["detail"]) for row in rows}, run
 
@@ -82,6 +85,18 @@ class PrintTest(ConsoleTest):
         self.assertEqual(([], ["there.pdf"], (0, 1)),
                          (self.filed(), [p.name for p in self.folder.glob("*.pdf")],
                           self.state(self.letter)))
+
+    def test_a_disk_that_fills(self):
+        for size, files, why in (
+                (44_000, [], r"Cannot write out\.pdf: File too large; it was filed as .*mvw$"),
+                (60_000, ["out.pdf"], "Cannot write docs/.*mvw: File too large$")):
+            self.write(self.letter, Memo=random.Random(1).randbytes(size // 2).hex())
+            results, run = self.print(self.letter, self.fax, "--mark",
+                                      **at_most(45_000, RLIMIT_FSIZE))
+            self.assertRegex(results[self.letter][1], why)
+            self.assertEqual((1, files, (0, 1)), (run.code, [
+                path.name for path in self.folder.rglob("*") if path.suffix in (".pdf", ".tmp")],
+                self.state(self.letter)))
 
     def test_all_that_is_due_beside_what_cannot_be_filed(self):
         due = [row for row, in self.sql(
