@@ -1,5 +1,6 @@
 """Firms to attack: a database and an outbox of their own, and the program at work on them."""
 
+import collections
 import contextlib
 import hashlib
 import os
@@ -39,6 +40,8 @@ class Firm:
         self.folder.mkdir(parents=True)
         self.place, self.outbox = self.folder / "firm.db", self.folder / "firm.db.outbox"
         self.options, self.mail, self.on_their_way = [], None, None
+        # What was told to be made once more, and how many lines a call may have by now.
+        self.repeated, self.lines = collections.Counter(), 1
         if origin:
             shutil.copy(origin.place, self.place)
 

@@ -69,7 +69,7 @@ class Calls(FailingLibrary):
     """Each system call on files and sockets fails once, or is the last."""
 
     name, share, source, faults = "calls", 40, "failing_calls", CALL_FAULTS
-    works = ("arm", "send", "init", "copy", "submit", "submit, then send")
+    works = ("arm", "send", "print", "call", "init", "copy", "submit", "submit, then send")
 
     def numbered(self, names):
         return enumerate(names, 1)
@@ -79,7 +79,7 @@ class Memory(FailingLibrary):
     """Each allocation fails, alone or for want of memory that lasts."""
 
     name, share, source, faults = "memory", 20, "failing_memory", MEMORY_FAULTS
-    works = ("merge", "list", "send")
+    works = ("merge", "list", "send", "print", "call")
 
     def numbered(self, count):
         return ((number, "allocation") for number in range(1, int(count[0]) + 1))
@@ -89,7 +89,7 @@ class Moments:
     """The program is killed at any moment."""
 
     name, share = "moments", 5
-    works = ("send", "arm", "submit", "init", "copy")
+    works = ("send", "arm", "print", "call", "submit", "init", "copy")
 
     def __init__(self, kit):
         self.kit, self.cases = kit, itertools.count()

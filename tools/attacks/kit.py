@@ -14,6 +14,7 @@ from attacks.misbehaving_mail import make_certificate
 
 WORKS = {"init": works.Init, "arm": works.Arm, "send": works.Send, "copy": works.Copy,
          "submit": works.Submit, "submit, then send": works.SubmitThenSend,
+         "print": works.Print, "call": works.Call,
          "merge": works.merge_of, "list": works.list_of}
 
 
@@ -22,7 +23,7 @@ class Kit:
         self.program, self.folder, self.seed = program, folder, seed
         self.lock = threading.RLock()
         self.origin = Firm(program, folder / "origin")
-        ended = self.origin.run(*works.DEMO)
+        ended = works.make_firm(self.origin)
         if ended.code != 0:
             raise SystemExit(f"No firm to attack: {ended.err}")
 

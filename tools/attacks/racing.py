@@ -80,7 +80,7 @@ class Races:
     """Two desks work on one database, by different names of it; one may be killed."""
 
     name, share = "races", 10
-    works = ("send", "submit", "arm")
+    works = ("send", "submit", "arm", "print")
 
     def __init__(self, kit):
         self.kit = kit

@@ -1,6 +1,10 @@
 """What the program does, and how much of it is there at any moment."""
 
+import collections
+import json
 import re
+import subprocess
+from pathlib import Path
 
 from attacks.evidence import Evidence, ask, require, require_clear, told
 from attacks.misbehaving_mail import GOOD, MailServer, normal
@@ -15,6 +19,19 @@ STATES = """SELECT ClientNotificationID, CASE WHEN NotificationSent THEN 1 ELSE 
 ARMED = """SELECT NotificationType, NotificationDate, CompanyIDNum, ContactIDNum, Field1, Field2,
     Field3, Field4, Field5, Field6, Memo FROM ClientNotification WHERE ScheduleIDNum={}
     ORDER BY NotificationType"""
+# One of each client's that is none of FREE_TASKS: so no document lies beside another one.
+PAPER_TASKS = f"""SELECT max(ScheduleID) FROM Schedule WHERE Closed=FALSE AND
+    DueDate BETWEEN '{TODAY}' AND '2026-06-01' GROUP BY ClientNum, ContactIDNum"""
+UNSENT = """SELECT ClientNotificationID FROM ClientNotification WHERE NotificationSent=FALSE AND
+    NotificationType IN ({}) ORDER BY ClientNotificationID"""
+
+
+def make_firm(firm):
+    """Makes the firm that is copied for the attacks: something in it waits for each work."""
+    ended = firm.run(*DEMO)
+    for task in firm.ids(PAPER_TASKS) if ended.code == 0 else ():
+        ended = firm.run("arm", task, "--channel", "fax,letter,phone")
+    return ended
 
 
 def interrupt(work, firm, run, may_be_killed=False):
@@ -66,18 +83,11 @@ class Send(Work):
 
     def evidence(self, firm, ended):
         return Evidence(self.wanted, self.numbered(messages(firm.outbox)),
-                        self.marked(firm) | said(ended, "sent"), said(ended, "failed"),
+                        marked(firm, self.states) | said(ended, "sent"), said(ended, "failed"),
                         unknown=unknown(ended), strays=strays(firm.outbox))
 
     def numbered(self, pairs):
         return [(self.number_of.get(name, name), content) for name, content in pairs]
-
-    def marked(self, firm):
-        states = {number: tuple(state) for number, *state in firm.rows(self.states)}
-        for number, state in states.items():
-            require(state in ((0, 1), (1, 1), (1, 2)), "half written", "notification", number,
-                    "is in no known state", state)
-        return {number for number, (sent, _) in states.items() if sent}
 
 
 class Submit(Send):
@@ -104,7 +114,7 @@ class Submit(Send):
 
     def evidence(self, firm, ended):
         return Evidence(self.wanted, self.numbered(firm.mail.taken()),
-                        self.marked(firm) | said(ended, "sent"), said(ended, "failed"),
+                        marked(firm, self.states) | said(ended, "sent"), said(ended, "failed"),
                         open=[self.number_of.get(name, name) for name in firm.mail.open()],
                         unknown=unknown(ended), strays=strays(firm.outbox))
 
@@ -124,6 +134,72 @@ class SubmitThenSend(Submit):
                 each for each in messages(firm.outbox, "*.eml")
                 if each[0] not in firm.on_their_way)
         return evidence
+
+
+class Print(Work):
+    """`print --mark` of letters and faxes: each a page of a PDF and a file in its client's folder."""
+
+    def __init__(self, firm):
+        self.command = ("--json", "print", *firm.ids(UNSENT.format("2, 4")), "--mark")
+        ended = firm.run(*self.command)
+        require(ended.code == 0, "unclear", "cannot print:", ended.err)
+        rows, pages = told_rows(ended), printed_pages(firm)
+        self.states = STATES.format(",".join(str(row["notification"]) for row in rows))
+        self.wanted, self.number_of = {}, {}
+        for row, page in zip(rows, pages):
+            for kind, content in (("page", page), ("document", Path(row["document"]).read_bytes())):
+                name = f"{kind} of {row['notification']}"
+                self.wanted[name], self.number_of[name] = content, row["notification"]
+        self.name_of = {content: name for name, content in self.wanted.items()}
+        require(len(rows) == len(pages) == len(self.name_of) / 2 > 1, "unclear",
+                "pages or documents are alike")
+
+    def evidence(self, firm, ended):
+        """A run may repeat what one before it has left, and says so."""
+        firm.repeated.update(row["notification"] for row in told_rows(ended)
+                             if "beside another" in row["detail"])
+        contents = printed_pages(firm) + [file.read_bytes() for file in documents(firm)]
+        found = [(self.name_of.get(each, "half of something"), each) for each in contents]
+        for name, count in collections.Counter(name for name, _ in found).items():
+            require(count <= 1 + firm.repeated[self.number_of.get(name)], "twice", "made untold:", name)
+        done = marked(firm, self.states) | said(ended, "printed")
+        return Evidence(self.wanted, list(dict(found).items()), self.named(done, "page", "document"),
+                        self.named(said(ended, "failed"), "page"),
+                        unknown=self.named(unknown(ended), "page", "document"),
+                        strays=strays(firm.folder))
+
+    def named(self, numbers, *kinds):
+        return {f"{kind} of {number}" for kind in kinds for number in numbers}
+
+
+class Call(Work):
+    """`call --made`: a line behind the text, then the mark."""
+
+    note = "back at two"
+
+    def __init__(self, firm):
+        self.number = firm.ids(UNSENT.format("8"))[0]
+        self.states = STATES.format(self.number)
+        self.command = ("call", self.number, "--made", "--note", self.note)
+        require(firm.run(*self.command).code == 0, "unclear", "cannot note a call")
+        self.wanted = {"line": self.text(firm)[0], "mark": "sent"}
+
+    def text(self, firm):
+        """The notification's, with one of the lines of calls, and how many there are."""
+        text = json.loads(firm.run("--json", "show", self.number).out)["text"]
+        lines = re.sub(r"\d\d:\d\d:\d\d", "now", text).splitlines()
+        noted = [line for line in lines if line.endswith(self.note)]
+        return [line for line in lines if line not in noted] + noted[:1], len(noted)
+
+    def evidence(self, firm, ended):
+        """Until the call is marked each run leaves a line."""
+        text, lines = self.text(firm)
+        require(lines <= firm.lines, "twice", "noted though it was marked")
+        ((_, sent, status),) = firm.rows(self.states)
+        firm.lines = lines + (not sent or status != 2)
+        found = [("line", text)] * (lines > 0) + [("mark", "sent")] * (status == 2)
+        claimed = {"line"} if marked(firm, self.states) else set()
+        return Evidence(self.wanted, found, set(self.wanted) if ended.code == 0 else claimed)
 
 
 class Arm(Work):
@@ -229,11 +305,38 @@ def strays(outbox):
     return {file.name for file in outbox.rglob("*") if file.suffix in (".tmp", ".new")}
 
 
+def documents(firm):
+    return sorted(firm.folder.rglob("*.mvw"))
+
+
+def printed_pages(firm):
+    """The texts of all pages of all PDFs."""
+    texts = [subprocess.run(["pdftotext", file, "-"], check=True, capture_output=True, text=True).stdout
+             for file in sorted(firm.folder.glob("*.pdf"))]
+    return [page for text in texts for page in text.split("\f")[:-1]]
+
+
+def marked(firm, states):
+    """Those that are marked sent, or were on the way to it."""
+    found = {number: tuple(state) for number, *state in firm.rows(states)}
+    for number, state in found.items():
+        require(state in ((0, 1), (1, 1), (1, 2)), "half written", "notification", number,
+                "is in no known state", state)
+    return {number for number, (sent, _) in found.items() if sent}
+
+
+def told_rows(ended):
+    """What the program says of each notification."""
+    data = told(ended)
+    return data["notifications"] if "notifications" in data else data
+
+
 def said(ended, result):
-    return {row["notification"] for row in told(ended) if row["result"] == result}
+    return {row["notification"] for row in told_rows(ended) if row["result"] == result}
 
 
 def unknown(ended):
     """Those of which the program says that it cannot know."""
-    return {row["notification"] for row in told(ended)
-            if row["result"] != "sent" and re.search("known|may have taken", row["detail"])}
+    return {row["notification"] for row in told_rows(ended)
+            if row["result"] not in ("sent", "printed")
+            and re.search("known|may have taken", row["detail"])}
