@@ -11,8 +11,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPdfDocument>
+#include <QPdfSelection>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
@@ -37,6 +40,7 @@
 #include "platform/controls/TabControl.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/TreeView.h"
+#include "preview/PdfPages.h"
 #include "qt_text.h"
 #include "richtext/RichTextEditor.h"
 
@@ -254,6 +258,38 @@ class QtDriver : public WindowDriver {
   QWidget& window_;
 };
 
+class QtReader : public ReportDriver {
+ public:
+  explicit QtReader(QWidget& window) : window_(window) {
+    QPdfDocument& document = *window.findChild<desktop::PdfPages*>()->document();
+    for (int page = 0; page < document.pageCount(); ++page)
+      drawn_ += inked(document.getAllText(page).text());
+  }
+  void close() override { window_.close(); }
+  void look(const ReportLabel& label) override {
+    EXPECT_TRUE(drawn_.contains(inked(shown(label.caption()))))
+        << label.name() << " of " << plain(drawn_);
+  }
+
+ private:
+  /// Lines and pages break where they may.
+  static QString inked(QString text) { return text.remove(QRegularExpression("\\s")); }
+
+  QWidget& window_;
+  QString drawn_;
+};
+
+/// Runs `show` and, when it has brought up a window, `act` in that.
+void inNextWindow(const std::function<void()>& show, const std::function<void(QWidget&)>& act) {
+  QObject scope;
+  QTimer::singleShot(0, &scope, [&] {
+    QWidget& window = *QApplication::activeModalWidget();
+    QApplication::setActiveWindow(&window);
+    act(window);
+  });
+  show();
+}
+
 }  // namespace
 
 QtRenderer::QtRenderer() {
@@ -261,15 +297,21 @@ QtRenderer::QtRenderer() {
 }
 
 void QtRenderer::show(Form& form, const Use& use) {
-  QObject scope;
-  QTimer::singleShot(0, &scope, [&] {
-    QWidget& window = *QApplication::activeModalWidget();
-    QApplication::setActiveWindow(&window);
-    QtDriver driver(form, window);
-    use(driver);
-    host_.formHidden(form);
-  });
-  host_.showModal(form, nullptr);
+  inNextWindow([&] { host_.showModal(form, nullptr); },
+               [&](QWidget& window) {
+                 QtDriver driver(form, window);
+                 use(driver);
+                 host_.formHidden(form);
+               });
+}
+
+void QtRenderer::show(Report& report, const ReportUse& use) {
+  inNextWindow([&] { host_.showReport(report, nullptr); },
+               [&](QWidget& window) {
+                 QtReader driver(window);
+                 use(driver);
+                 host_.reportClosed(report);
+               });
 }
 
 }  // namespace autonotify::test

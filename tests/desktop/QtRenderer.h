@@ -12,7 +12,9 @@ class QtRenderer : public WindowRenderer {
  public:
   QtRenderer();
   void show(Form& form, const Use& use) override;
+  void show(Report& report, const ReportUse& use) override;
   void hidden(Form& form) override { host_.formHidden(form); }
+  void closed(Report& report) override { host_.reportClosed(report); }
   void pump() override { host_.pumpMessages(); }
 
  private:

@@ -56,8 +56,18 @@ class PersonAlone : public WindowDriver {
   Person person_;
 };
 
+struct ReaderAlone : ReportDriver {
+  explicit ReaderAlone(Report& shown) : report(shown) {}
+  void close() override { report.unload(); }
+  Report& report;
+};
+
 class NoRenderer : public WindowRenderer {
  public:
+  void show(Report& report, const ReportUse& use) override {
+    ReaderAlone driver(report);
+    use(driver);
+  }
   void show(Form& form, const Use& use) override {
     PersonAlone driver(form);
     use(driver);
@@ -134,6 +144,7 @@ std::string ReportInUse::read(const std::string& label) const {
   const auto& labels = onShow().labels();
   const auto found = std::ranges::find(labels, label, &ReportLabel::name);
   if (found == labels.end()) throw std::logic_error(report_.name() + " has no label " + label);
+  driver_.look(**found);
   return (*found)->caption();
 }
 
@@ -190,8 +201,10 @@ void HeadlessPerson::showReport(Report& report, HostObject* owner) {
   reports_.pop_front();
   reportsOnShow_.push_back(&report);
   report.comeUp();
-  ReportInUse inUse(report);
-  script(inUse);
+  WindowRenderer::inUse().show(report, [&](ReportDriver& driver) {
+    ReportInUse inUse(report, driver);
+    script(inUse);
+  });
   reportsOnShow_.pop_back();
   EXPECT_FALSE(report.isShown()) << report.name() << " was left open";
 }

@@ -60,11 +60,14 @@ class WindowInUse {
 /// A report on show as a person sees and uses it; one that was closed throws std::logic_error.
 class ReportInUse {
  public:
-  explicit ReportInUse(Report& report) : report_(report) {}
+  ReportInUse(Report& report, ReportDriver& driver) : report_(report), driver_(driver) {}
 
   std::string read(const std::string& label) const;
   Report::Margins margins() const { return onShow().margins; }
-  void close() { onShow().unload(); }
+  void close() {
+    onShow();
+    driver_.close();
+  }
   /// A job that the person has started fails. True when the host shows a message of its own.
   bool failJob(int jobType, int number, const std::string& description) {
     return onShow().fail({jobType, 0, number, description});
@@ -73,6 +76,7 @@ class ReportInUse {
 
  private:
   Report& report_;
+  ReportDriver& driver_;
 };
 
 /// A person without a screen: looks at each window that comes up and answers each message, both
@@ -123,6 +127,7 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   }
   void formHidden(Form& form) override { WindowRenderer::inUse().hidden(form); }
   void showReport(Report& report, HostObject* owner) override;
+  void reportClosed(Report& report) override { WindowRenderer::inUse().closed(report); }
   void repaint(Form&) override { pass("repaint"); }
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override {

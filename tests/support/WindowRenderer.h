@@ -5,6 +5,7 @@
 
 #include "platform/DateTime.h"
 #include "platform/controls/Form.h"
+#include "platform/controls/Report.h"
 
 namespace autonotify {
 class DatePicker;
@@ -29,16 +30,29 @@ class WindowDriver {
   virtual void look(const Control&) {}
 };
 
-/// What the windows of the tests are drawn with.
+/// The same for a report on show.
+class ReportDriver {
+ public:
+  virtual ~ReportDriver() = default;
+  virtual void close() = 0;
+  /// Expects that what is drawn of the label is what it holds.
+  virtual void look(const ReportLabel&) {}
+};
+
+/// What the windows and reports of the tests are drawn with.
 class WindowRenderer {
  public:
   using Use = std::function<void(WindowDriver& driver)>;
+  using ReportUse = std::function<void(ReportDriver& driver)>;
 
   virtual ~WindowRenderer() = default;
   /// Draws the window, runs `use` in it once, and takes it off the screen.
   virtual void show(Form& form, const Use& use) = 0;
   /// The window on the screen has been hidden by a reaction, which goes on.
   virtual void hidden(Form&) {}
+  /// The same for a report.
+  virtual void show(Report& report, const ReportUse& use) = 0;
+  virtual void closed(Report&) {}
   virtual void pump() {}
 
   /// That of the process: without one nothing is drawn.
