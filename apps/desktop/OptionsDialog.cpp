@@ -18,6 +18,23 @@
 #include "qt_text.h"
 
 namespace autonotify::desktop {
+namespace {
+
+struct UserOption {
+  /// The box's object name.
+  const char* name;
+  const char* text;
+  bool (*isOn)(host::Desk& desk);
+  void (*turn)(host::Desk& desk, bool on);
+};
+constexpr UserOption userOptions[] = {
+    {"confirm", QT_TRANSLATE_NOOP("OptionsDialog", "&Confirm each notification that I schedule"),
+     host::confirmsScheduling, host::setConfirmsScheduling},
+    {"askToCancel", QT_TRANSLATE_NOOP("OptionsDialog", "&Ask before a notification is cancelled"),
+     host::asksBeforeCancelling, host::setAsksBeforeCancelling},
+};
+
+}  // namespace
 
 OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent), desk_(desk) {
   setWindowTitle(tr("Options"));
@@ -95,11 +112,15 @@ QWidget* OptionsDialog::makeDocumentsGroup() {
 
 QWidget* OptionsDialog::makeUserGroup() {
   auto* group = new QGroupBox(tr("For me"), this);
-  confirm_ = new QCheckBox(tr("&Confirm each notification that I schedule"), group);
-  confirm_->setObjectName("confirm");
-  confirm_->setEnabled(desk_ != nullptr);
-  if (desk_) confirm_->setChecked(host::confirmsScheduling(*desk_));
-  (new QVBoxLayout(group))->addWidget(confirm_);
+  auto* layout = new QVBoxLayout(group);
+  for (const UserOption& option : userOptions) {
+    auto* box = new QCheckBox(tr(option.text), group);
+    box->setObjectName(option.name);
+    box->setEnabled(desk_ != nullptr);
+    if (desk_) box->setChecked(option.isOn(*desk_));
+    layout->addWidget(box);
+    userOptions_.append(box);
+  }
   return group;
 }
 
@@ -115,7 +136,8 @@ void OptionsDialog::accept() {
   try {
     if (toServer_->isChecked())
       host::readSmtpServer(plain(choice.server), plain(choice.passwordFile));
-    if (desk_) host::setConfirmsScheduling(*desk_, confirm_->isChecked());
+    for (qsizetype i = 0; desk_ && i < userOptions_.size(); ++i)
+      userOptions[i].turn(*desk_, userOptions_[i]->isChecked());
   } catch (const host::MailError& error) {
     QMessageBox::warning(this, windowTitle(), shown(error.what()));
     return;

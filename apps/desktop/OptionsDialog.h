@@ -38,7 +38,8 @@ class OptionsDialog : public QDialog {
   QLineEdit* passwordFile_ = nullptr;
   QLineEdit* outbox_ = nullptr;
   QLineEdit* documents_ = nullptr;
-  QCheckBox* confirm_ = nullptr;
+  /// In the order of the user's options.
+  QList<QCheckBox*> userOptions_;
 };
 
 }  // namespace autonotify::desktop

@@ -8,6 +8,7 @@ namespace autonotify::host {
 namespace {
 
 constexpr const char* confirmation = "WarningMessagesExitAutomaticNotificationWarning";
+constexpr const char* cancelQuestion = "WarningMessagesCancelAutoNotificationWarning";
 
 std::string rowOfUser(Desk& desk, const char* column) {
   return fmt::format(
@@ -16,28 +17,44 @@ std::string rowOfUser(Desk& desk, const char* column) {
       column, desk.locale().settings().userId);
 }
 
-}  // namespace
-
-bool confirmsScheduling(Desk& desk) {
-  bool confirms = false;
-  firstRow(desk.database(), rowOfUser(desk, confirmation),
-           [&](const Row& row) { confirms = row.flag(confirmation); });
-  return confirms;
+bool readFlag(Desk& desk, const char* column) {
+  bool isOn = false;
+  firstRow(desk.database(), rowOfUser(desk, column),
+           [&](const Row& row) { isOn = row.flag(column); });
+  return isOn;
 }
 
-void setConfirmsScheduling(Desk& desk, bool confirms) {
+void writeFlag(Desk& desk, const char* column, bool isOn) {
   DatabaseReference& database = desk.database();
-  OpenRows rows(database, rowOfUser(desk, confirmation), CursorMode::keyset, LockMode::updatable);
+  OpenRows rows(database, rowOfUser(desk, column), CursorMode::keyset, LockMode::updatable);
   const RecordsetHandle handle = rows.handle();
-  const std::string value = confirms ? "True" : "False";
+  const std::string value = isOn ? "True" : "False";
   if (database.hasRecords(handle)) {
-    database.updateFieldValue(handle, confirmation, value, false, false);
+    database.updateFieldValue(handle, column, value, false, false);
   } else {
     database.addNewRecord(handle);
     database.setFieldValue(handle, "UserIDNum", std::to_string(desk.locale().settings().userId));
-    database.setFieldValue(handle, confirmation, value);
+    database.setFieldValue(handle, column, value);
     database.saveNewRecord(handle);
   }
+}
+
+}  // namespace
+
+bool confirmsScheduling(Desk& desk) {
+  return readFlag(desk, confirmation);
+}
+
+void setConfirmsScheduling(Desk& desk, bool confirms) {
+  writeFlag(desk, confirmation, confirms);
+}
+
+bool asksBeforeCancelling(Desk& desk) {
+  return readFlag(desk, cancelQuestion);
+}
+
+void setAsksBeforeCancelling(Desk& desk, bool asks) {
+  writeFlag(desk, cancelQuestion, asks);
 }
 
 }  // namespace autonotify::host

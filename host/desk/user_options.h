@@ -11,4 +11,9 @@ namespace autonotify::host {
 bool confirmsScheduling(Desk& desk);
 void setConfirmsScheduling(Desk& desk, bool confirms);
 
+/// Whether the wizard asks before a scheduled notification is cancelled; False before it was
+/// chosen.
+bool asksBeforeCancelling(Desk& desk);
+void setAsksBeforeCancelling(Desk& desk, bool asks);
+
 }  // namespace autonotify::host

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QDirIterator>
 #include <QFile>
@@ -21,6 +22,7 @@
 #include "demo_firm.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/desk/rows/Notification.h"
+#include "host/desk/user_options.h"
 #include "preview/PdfPages.h"
 #include "preview/PreviewWindow.h"
 #include "qt_text.h"
@@ -174,6 +176,22 @@ TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
   EXPECT_THAT(plain(window_->statusBar()->currentMessage()), HasSubstr("Filed as "));
   QFile file(filed.next());
   EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll().contains("Good day"));
+}
+
+TEST_F(MainWindowTest, OptionsAreTheUsersOwn) {
+  using Option = bool (*)(host::Desk&);
+  open();
+  for (const auto& [name, isOn] :
+       {std::pair<const char*, Option>{"confirm", host::confirmsScheduling},
+        {"askToCancel", host::asksBeforeCancelling}}) {
+    const bool before = isOn(*window_->desk());
+    run("options", [&, name = name](QDialog& dialog) {
+      EXPECT_EQ(dialog.findChild<QCheckBox*>(name)->isChecked(), before);
+      dialog.findChild<QCheckBox*>(name)->click();
+      dialog.accept();
+    });
+    EXPECT_NE(isOn(*window_->desk()), before) << name;
+  }
 }
 
 TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
