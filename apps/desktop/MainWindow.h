@@ -11,6 +11,7 @@
 #include "binding/QtFormHost.h"
 #include "host/desk/Desk.h"
 #include "host/desk/work/notify_client.h"
+#include "task_notes.h"
 
 class QAction;
 class QLabel;
@@ -79,15 +80,17 @@ class MainWindow : public QMainWindow {
   void chooseDatabase();
   void chooseServer();
   void quit();
-  void composeEmail() { compose(host::composeEmail); }
-  void scheduleEmail() { compose(host::scheduleEmail); }
-  void editEmail() { compose(host::editEmail); }
-  void notifyNow() { compose(host::notifyNow); }
-  void notifyAutomatically() { compose(host::notifyAutomatically); }
-  void writeBlankFax() { compose(host::writeBlankFax); }
-  void writeBlankLetter() { compose(host::writeBlankLetter); }
-  /// Has a message to the chosen task's client composed.
-  void compose(host::Outcome<host::Composed> (*useCase)(host::Desk& desk, Id task));
+  void composeEmail() { compose(host::composeEmail, taskNotes); }
+  void scheduleEmail() { compose(host::scheduleEmail, taskNotes); }
+  void editEmail() { compose(host::editEmail, taskNotes); }
+  void notifyNow() { compose(host::notifyNow, channelNotes); }
+  void notifyAutomatically() { compose(host::notifyAutomatically, channelNotes); }
+  void writeBlankFax() { compose(host::writeBlankFax, clientNotes); }
+  void writeBlankLetter() { compose(host::writeBlankLetter, clientNotes); }
+  using UseCase = host::Outcome<host::Composed> (*)(host::Desk& desk, Id task);
+  using Notes = WindowNotes (*)(host::Desk& desk, const host::TaskLine& line);
+  /// Has a message to the chosen task's client composed, in windows that bear the notes.
+  void compose(UseCase useCase, Notes notesOf);
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
   void changeOptions();

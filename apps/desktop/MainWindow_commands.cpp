@@ -155,11 +155,12 @@ void MainWindow::quit() {
   QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
-void MainWindow::compose(host::Outcome<host::Composed> (*useCase)(host::Desk& desk, Id task)) {
+void MainWindow::compose(UseCase useCase, Notes notesOf) {
   const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
   // What one left that ended in a fault is not of this one.
   desk_->takeFiled();
+  forms_.setNotes(notesOf(*desk_, *line));
   const QString words = textOf(useCase(*desk_, line->task.id));
   if (!words.isEmpty()) tellFault(words);
   for (const host::FiledDocument& document : desk_->takeFiled())

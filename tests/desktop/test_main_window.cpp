@@ -31,6 +31,7 @@ namespace autonotify::desktop {
 namespace {
 
 using testing::HasSubstr;
+using namespace std::string_literals;
 
 /// A person at the program's window: acts once in the composer that comes up, and presses the
 /// first of the messages' buttons that leaves things as they are.
@@ -71,6 +72,10 @@ class Visitor {
 
 void press(QDialog& composer, const char* name) {
   QTest::mouseClick(composer.findChild<QPushButton*>(name), Qt::LeftButton);
+}
+
+std::string read(QWidget& window, const QString& label) {
+  return plain(window.findChild<QLabel*>(label)->text());
 }
 
 class MainWindowTest : public testing::Test {
@@ -164,8 +169,10 @@ TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
   reader.start(5);
   EXPECT_THAT(run("blankLetter",
                   [](QDialog& composer) {
+                    EXPECT_FALSE(read(composer, "staticNoteClient").empty());
                     QTest::keyClicks(composer.findChild<QTextEdit*>(), "Good day");
-                    press(composer, "cmdFinish");
+                    QTest::keyClick(composer.findChild<QTextEdit*>(), Qt::Key_Return,
+                                    Qt::ControlModifier);
                   }),
               testing::IsEmpty());
   EXPECT_THAT(plain(seen), HasSubstr("Good day"));
@@ -176,6 +183,33 @@ TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
   EXPECT_THAT(plain(window_->statusBar()->currentMessage()), HasSubstr("Filed as "));
   QFile file(filed.next());
   EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll().contains("Good day"));
+}
+
+TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
+  open();
+  execute("UPDATE ClientNotification SET NotificationDate='2026-05-04' WHERE ScheduleIDNum=" +
+          std::to_string(chooseTaskFor("editEmail")));
+  execute("UPDATE Companies SET FaxNumber='', Address=''");
+  execute(
+      "UPDATE Contacts SET BusinessPhone_Fax='', HomePhone_Fax='', BusinessAddress='', "
+      "HomeAddress=''");
+  host::setAsksBeforeCancelling(*window_->desk(), false);
+  const std::string day = plain(QLocale().toString(QDate(2026, 5, 4), QLocale::LongFormat));
+  const auto expectNotes = [](QDialog& wizard, const std::string& ofEmail) {
+    int channel = 0;
+    for (const std::string& note :
+         {ofEmail, "No fax number on file"s, "No address on file"s, "Not set up"s})
+      EXPECT_EQ(read(wizard, QString("staticNote(%1)").arg(channel++)), note);
+  };
+  EXPECT_THAT(run("notifyAutomatically",
+                  [&](QDialog& wizard) {
+                    expectNotes(wizard, "Goes out on " + day);
+                    wizard.findChild<QCheckBox*>("chkAutoNotify(0)")->click();
+                    expectNotes(wizard, "Not set up");
+                    QTest::keyClick(&wizard, Qt::Key_Escape);
+                    EXPECT_FALSE(wizard.isVisible());
+                  }),
+              testing::IsEmpty());
 }
 
 TEST_F(MainWindowTest, OptionsAreTheUsersOwn) {
@@ -275,8 +309,7 @@ TEST_F(MainWindowTest, ARowThatCannotBeReadIsNamedAndNothingIsComposedBesideIt) 
                                     std::pair("2026-05-04", "")}) {
     execute("UPDATE ClientNotification SET NotificationDate='" + std::string(date) + "'" + email);
     trigger("refresh");
-    EXPECT_THAT(plain(window_->findChild<QLabel*>("unreadable")->text()),
-                testing::StartsWith(words));
+    EXPECT_THAT(read(*window_, "unreadable"), testing::StartsWith(words));
     if (*words) {
       EXPECT_THAT(run("scheduleEmail"), testing::ElementsAre(HasSubstr("\"soon\" is no date")));
     }
@@ -322,6 +355,7 @@ TEST_F(MainWindowTest, NothingElseRunsBesideAComposer) {
   EXPECT_THAT(
       run("composeEmail",
           [&](QDialog& composer) {
+            EXPECT_THAT(read(composer, "staticNoteClient"), HasSubstr(", due on "));
             for (const char* each : {"composeEmail", "refresh", "options", "openDatabase", "quit"})
               trigger(each);
             window_->close();

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -42,13 +43,16 @@ QSize frameSizeOf(const QWidget& window) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, QWidget* parent) : ModalWindow(form, parent), form_(form) {
+FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes)
+    : ModalWindow(form, parent), form_(form) {
   QWidget* layout = loadLayout(shown(form.name()), this);
   setObjectName(shown(form.name()));
   auto* box = new QVBoxLayout(this);
   box->addWidget(layout);
   resize(layout->size().boundedTo(screen()->availableSize() - frameSizeOf(*this)));
   bindAll(*layout);
+  bindKeys(*layout);
+  showNotes(*layout, notes);
   orderFocus();
   startTimers();
   form_.onRender = [this] { setWindowTitle(shown(form_.caption())); };
@@ -65,7 +69,17 @@ void FormWindow::bindAll(QWidget& layout) {
       bindings_.push_back(std::move(binding));
   }
   for (const auto& binding : bindings_) binding->render();
-  for (auto* button : layout.findChildren<QPushButton*>()) button->setAutoDefault(false);
+}
+
+// Not as the button's own shortcut: that goes with the next caption.
+void FormWindow::bindKeys(QWidget& layout) {
+  for (auto* button : layout.findChildren<QPushButton*>()) {
+    button->setAutoDefault(false);
+    const QString keys = button->property("keys").toString();
+    for (const QKeySequence& sequence : QKeySequence::listFromString(keys)) {
+      connect(new QShortcut(sequence, this), &QShortcut::activated, button, &QPushButton::click);
+    }
+  }
 }
 
 void FormWindow::orderFocus() {

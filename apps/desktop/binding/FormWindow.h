@@ -5,19 +5,21 @@
 
 #include "binding/Binding.h"
 #include "binding/ModalWindow.h"
+#include "binding/window_notes.h"
 
 namespace autonotify::desktop {
 
 /// A window of the component on the screen, drawn by the layout of its name.
 ///
 /// The layout is the resource ":/forms/<name>.ui"; each of its widgets that bears a control's name
-/// shows that control. Looks are the layout's; the order of the focus is the window's own.
+/// shows that control. Looks are the layout's, and so are the keys that press a button (its
+/// property "keys"); the order of the focus is the window's own.
 class FormWindow : public ModalWindow {
   Q_OBJECT
 
  public:
   /// Throws std::logic_error when there is no such layout or a control has no widget in it.
-  FormWindow(Form& form, QWidget* parent);
+  FormWindow(Form& form, QWidget* parent, const WindowNotes& notes = {});
   ~FormWindow() override;
 
   /// Stops the timers too.
@@ -28,12 +30,13 @@ class FormWindow : public ModalWindow {
   void begin() override;
   /// The close box asks the window itself.
   void closeEvent(QCloseEvent* event) override;
-  /// Escape closes nothing: what is written would be lost. Enter presses the button that has the
-  /// focus and no other.
+  /// Escape closes nothing where no button takes it: what is written would be lost. Enter presses
+  /// the button that has the focus and no other.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void bindAll(QWidget& layout);
+  void bindKeys(QWidget& layout);
   void orderFocus();
   void startTimers();
 

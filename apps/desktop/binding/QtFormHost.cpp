@@ -34,7 +34,7 @@ void fillMenu(QMenu& drawn, const Form& form, const Menu& menu,
 }  // namespace
 
 void QtFormHost::showModal(Form& form, HostObject*) {
-  run(std::make_unique<FormWindow>(form, topWindow()));
+  run(std::make_unique<FormWindow>(form, topWindow(), notes_));
 }
 
 void QtFormHost::showReport(Report& report, HostObject*) {

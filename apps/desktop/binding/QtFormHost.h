@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "binding/ModalWindow.h"
+#include "binding/window_notes.h"
 #include "platform/controls/FormHost.h"
 
 namespace autonotify::desktop {
@@ -17,6 +18,9 @@ class QtFormHost : public FormHost {
  public:
   /// `program` outlives this object.
   explicit QtFormHost(QWidget& program) : program_(program) {}
+
+  /// What the program has to say in the windows that come up from now on.
+  void setNotes(WindowNotes notes) { notes_ = std::move(notes); }
 
   /// A pointer left busy is the standard one again, so that the person sees who is to act.
   void showModal(Form& form, HostObject* owner) override;
@@ -40,6 +44,7 @@ class QtFormHost : public FormHost {
   void admitProgram();
 
   QWidget& program_;
+  WindowNotes notes_;
   /// Of the program's window while that is barred.
   QPointer<QWidget> focus_;
   /// The windows that have not returned, the topmost last.

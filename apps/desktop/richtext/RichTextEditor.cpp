@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QFontComboBox>
 #include <QFontDatabase>
+#include <QStyle>
 #include <QTextBlock>
 #include <QTextList>
 #include <QToolBar>
@@ -13,9 +14,40 @@
 
 namespace autonotify::desktop {
 
+/// A format that is on or off.
+struct RichTextEditor::Toggle {
+  /// The action's object name.
+  const char* name;
+  /// A name in the desktop's icon theme.
+  const char* icon;
+  const char* text;
+  QKeySequence keys;
+  void (*set)(QTextCharFormat& format, bool on);
+  bool (*isOn)(const QFont& font);
+};
+
+std::span<const RichTextEditor::Toggle> RichTextEditor::toggles() {
+  // Keys can be asked for when the toolkit is up.
+  static const Toggle rows[] = {
+      {"bold", "format-text-bold", QT_TR_NOOP("Bold"), QKeySequence::Bold,
+       [](QTextCharFormat& format, bool on) {
+         format.setFontWeight(on ? QFont::Bold : QFont::Normal);
+       },
+       [](const QFont& font) { return font.weight() >= QFont::Bold; }},
+      {"italic", "format-text-italic", QT_TR_NOOP("Italic"), QKeySequence::Italic,
+       [](QTextCharFormat& format, bool on) { format.setFontItalic(on); },
+       [](const QFont& font) { return font.italic(); }},
+      {"underline", "format-text-underline", QT_TR_NOOP("Underline"), QKeySequence::Underline,
+       [](QTextCharFormat& format, bool on) { format.setFontUnderline(on); },
+       [](const QFont& font) { return font.underline(); }},
+  };
+  return rows;
+}
+
 RichTextEditor::RichTextEditor(QWidget* parent)
     : QWidget(parent), bar_(new QToolBar(this)), edit_(new QTextEdit(this)) {
-  bar_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  bar_->setIconSize({iconSize, iconSize});
   edit_->setAcceptRichText(false);
   edit_->setTabChangesFocus(true);
   setFocusProxy(edit_);
@@ -24,7 +56,9 @@ RichTextEditor::RichTextEditor(QWidget* parent)
   layout->setSpacing(2);
   layout->addWidget(bar_);
   layout->addWidget(edit_);
-  addFormats();
+  addFonts();
+  addToggles();
+  addColor();
   addAlignments();
   addCommands();
   connect(edit_, &QTextEdit::cursorPositionChanged, this, &RichTextEditor::showFormats);
@@ -39,20 +73,20 @@ void RichTextEditor::setReadOnly(bool isReadOnly) {
   for (QAction* action : actions()) action->setEnabled(!isReadOnly);
 }
 
-QAction* RichTextEditor::addToggle(const QString& name, const QString& text, const QString& tip,
-                                   const QKeySequence& keys) {
-  QAction* action = bar_->addAction(text);
+QAction* RichTextEditor::addCheckable(const char* name, const char* icon, const QString& text,
+                                      const QKeySequence& keys) {
+  QAction* action = bar_->addAction(QIcon::fromTheme(icon), text);
   action->setObjectName(name);
   action->setCheckable(true);
   action->setShortcut(keys);
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  action->setToolTip(keys.isEmpty() ? tip
-                                    : tip + " (" + keys.toString(QKeySequence::NativeText) + ")");
+  if (!keys.isEmpty())
+    action->setToolTip(QString("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
   addAction(action);
   return action;
 }
 
-void RichTextEditor::addFormats() {
+void RichTextEditor::addFonts() {
   font_ = new QFontComboBox(bar_);
   font_->setToolTip(tr("Font"));
   font_->setMinimumContentsLength(12);
@@ -73,57 +107,57 @@ void RichTextEditor::addFormats() {
     apply(format);
   });
   bar_->addWidget(size_);
+}
 
-  bold_ = addToggle("bold", tr("B"), tr("Bold"), QKeySequence::Bold);
-  italic_ = addToggle("italic", tr("I"), tr("Italic"), QKeySequence::Italic);
-  underline_ = addToggle("underline", tr("U"), tr("Underline"), QKeySequence::Underline);
-  QFont look = bar_->font();
-  look.setBold(true);
-  bold_->setFont(look);
-  look.setBold(false);
-  look.setItalic(true);
-  italic_->setFont(look);
-  look.setItalic(false);
-  look.setUnderline(true);
-  underline_->setFont(look);
-  connect(bold_, &QAction::triggered, this, [this](bool on) {
-    QTextCharFormat format;
-    format.setFontWeight(on ? QFont::Bold : QFont::Normal);
-    apply(format);
-  });
-  connect(italic_, &QAction::triggered, this, [this](bool on) {
-    QTextCharFormat format;
-    format.setFontItalic(on);
-    apply(format);
-  });
-  connect(underline_, &QAction::triggered, this, [this](bool on) {
-    QTextCharFormat format;
-    format.setFontUnderline(on);
-    apply(format);
-  });
-  bar_->addAction(tr("Colour"), this, &RichTextEditor::chooseColor)->setObjectName("color");
+void RichTextEditor::addToggles() {
+  bar_->addSeparator();
+  for (const Toggle& toggle : toggles()) {
+    QAction* action = addCheckable(toggle.name, toggle.icon, tr(toggle.text), toggle.keys);
+    connect(action, &QAction::triggered, this, [this, set = toggle.set](bool on) {
+      QTextCharFormat format;
+      set(format, on);
+      apply(format);
+    });
+    toggles_.append(action);
+  }
+}
+
+void RichTextEditor::addColor() {
+  QAction* color = bar_->addAction(QIcon::fromTheme("format-text-color"), tr("Colour"), this,
+                                   &RichTextEditor::chooseColor);
+  color->setObjectName("color");
 }
 
 void RichTextEditor::addAlignments() {
+  struct Row {
+    const char* name;
+    const char* icon;
+    const char* text;
+    Qt::Alignment alignment;
+  };
+  constexpr Row rows[] = {
+      {"alignLeft", "format-justify-left", QT_TR_NOOP("Align Left"), Qt::AlignLeft},
+      {"alignCentre", "format-justify-center", QT_TR_NOOP("Centre"), Qt::AlignHCenter},
+      {"alignRight", "format-justify-right", QT_TR_NOOP("Align Right"), Qt::AlignRight}};
   bar_->addSeparator();
   auto* group = new QActionGroup(this);
-  const std::pair<QString, Qt::Alignment> rows[] = {
-      {tr("Left"), Qt::AlignLeft}, {tr("Centre"), Qt::AlignHCenter}, {tr("Right"), Qt::AlignRight}};
-  for (const auto& [text, alignment] : rows) {
-    QAction* action = addToggle("align" + text, text, tr("Align: %1").arg(text), {});
+  for (const Row& row : rows) {
+    QAction* action = addCheckable(row.name, row.icon, tr(row.text));
     group->addAction(action);
     connect(action, &QAction::triggered, this,
-            [this, alignment = alignment] { edit_->setAlignment(alignment); });
-    alignments_.append({action, alignment});
+            [this, alignment = row.alignment] { edit_->setAlignment(alignment); });
+    alignments_.append({action, row.alignment});
   }
-  bullets_ = addToggle("bullets", tr("Bullets"), tr("Bullets"), {});
+  bullets_ = addCheckable("bullets", "format-list-unordered", tr("Bullets"));
   connect(bullets_, &QAction::triggered, this, &RichTextEditor::toggleBullets);
 }
 
 void RichTextEditor::addCommands() {
   bar_->addSeparator();
-  QAction* undo = bar_->addAction(tr("Undo"), edit_, &QTextEdit::undo);
-  QAction* redo = bar_->addAction(tr("Redo"), edit_, &QTextEdit::redo);
+  QAction* undo =
+      bar_->addAction(QIcon::fromTheme("edit-undo"), tr("Undo"), edit_, &QTextEdit::undo);
+  QAction* redo =
+      bar_->addAction(QIcon::fromTheme("edit-redo"), tr("Redo"), edit_, &QTextEdit::redo);
   undo->setEnabled(false);
   redo->setEnabled(false);
   connect(edit_, &QTextEdit::undoAvailable, undo, &QAction::setEnabled);
@@ -166,9 +200,8 @@ void RichTextEditor::showFormats() {
   const QFont font = format.font();
   font_->setCurrentFont(font);
   size_->setCurrentText(QString::number(font.pointSizeF() > 0 ? font.pointSizeF() : 10));
-  bold_->setChecked(font.weight() >= QFont::Bold);
-  italic_->setChecked(font.italic());
-  underline_->setChecked(font.underline());
+  for (qsizetype i = 0; i < toggles_.size(); ++i)
+    toggles_[i]->setChecked(toggles()[static_cast<std::size_t>(i)].isOn(font));
   bullets_->setChecked(edit_->textCursor().currentList() != nullptr);
   for (const auto& [action, alignment] : alignments_)
     action->setChecked(edit_->alignment().testFlags(alignment));

@@ -2,6 +2,7 @@
 
 #include <QTextEdit>
 #include <QWidget>
+#include <span>
 
 class QAction;
 class QFontComboBox;
@@ -23,11 +24,16 @@ class RichTextEditor : public QWidget {
   void setReadOnly(bool isReadOnly);
 
  private:
-  void addCommands();
-  void addFormats();
+  struct Toggle;
+  static std::span<const Toggle> toggles();
+
+  void addFonts();
+  void addToggles();
+  void addColor();
   void addAlignments();
-  QAction* addToggle(const QString& name, const QString& text, const QString& tip,
-                     const QKeySequence& keys);
+  void addCommands();
+  QAction* addCheckable(const char* name, const char* icon, const QString& text,
+                        const QKeySequence& keys = {});
   void apply(const QTextCharFormat& format);
   void chooseColor();
   void toggleBullets(bool on);
@@ -38,9 +44,8 @@ class RichTextEditor : public QWidget {
   QTextEdit* edit_;
   QFontComboBox* font_ = nullptr;
   QComboBox* size_ = nullptr;
-  QAction* bold_ = nullptr;
-  QAction* italic_ = nullptr;
-  QAction* underline_ = nullptr;
+  /// In the order of toggles().
+  QList<QAction*> toggles_;
   QAction* bullets_ = nullptr;
   QList<std::pair<QAction*, Qt::Alignment>> alignments_;
 };

@@ -1,0 +1,39 @@
+#include "binding/window_notes.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QRegularExpression>
+
+#include "colors.h"
+
+namespace autonotify::desktop {
+namespace {
+
+void show(QLabel& label, const WindowNote& note, bool isTicked) {
+  QPalette palette;
+  if (!isTicked && note.isTrouble) palette.setColor(QPalette::WindowText, troubleColor(palette));
+  label.setPalette(palette);
+  label.setText(isTicked ? note.tickedText : note.text);
+  if (label.buddy()) label.buddy()->setAccessibleDescription(label.text());
+}
+
+void show(QLabel& label, const WindowNote& note) {
+  label.setTextFormat(Qt::PlainText);
+  auto* box = qobject_cast<QAbstractButton*>(label.buddy());
+  show(label, note, box && box->isChecked());
+  if (!box) return;
+  QObject::connect(box, &QAbstractButton::toggled, &label,
+                   [&label, note](bool isTicked) { show(label, note, isTicked); });
+}
+
+}  // namespace
+
+void showNotes(QWidget& layout, const WindowNotes& notes) {
+  for (QLabel* label : layout.findChildren<QLabel*>(QRegularExpression("^staticNote"))) {
+    const auto found = notes.find(label->objectName());
+    label->setVisible(found != notes.end());
+    if (found != notes.end()) show(*label, found->second);
+  }
+}
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,86 @@
+#include "task_notes.h"
+
+#include <QLocale>
+#include <QObject>
+#include <QStringList>
+
+#include "binding/DateBinding.h"
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/channel_outlook.h"
+#include "qt_text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+struct ChannelWords {
+  notifyType channel;
+  const char* waits;
+  const char* lacksAddress;
+};
+constexpr ChannelWords channelWords[] = {
+    {nt_Email, QT_TR_NOOP("Goes out on %1"), QT_TR_NOOP("No email address on file")},
+    {nt_Fax, QT_TR_NOOP("Goes out on %1"), QT_TR_NOOP("No fax number on file")},
+    {nt_Letter, QT_TR_NOOP("Goes out on %1"), QT_TR_NOOP("No address on file")},
+    {nt_Phone, QT_TR_NOOP("Call due on %1"), QT_TR_NOOP("No telephone number on file")},
+};
+
+QString longDate(DateTime day) {
+  return QLocale().toString(qtDate(day), QLocale::LongFormat);
+}
+
+QString textOf(const std::optional<host::Notification>& row, const ChannelWords& words) {
+  if (!row) return QObject::tr("No notification waits");
+  switch (stateOf(*row)) {
+    case host::NotificationState::pending:
+      return QObject::tr(words.waits).arg(longDate(row->date));
+    case host::NotificationState::sent:
+      return QObject::tr("Sent");
+    case host::NotificationState::cancelled:
+      return QObject::tr("Cancelled");
+    default:
+      return QObject::tr("Interrupted on the way");
+  }
+}
+
+WindowNote noteOf(const host::ChannelOutlook& outlook) {
+  const ChannelWords& words = *host::findChannel(channelWords, outlook.channel);
+  return {QObject::tr(outlook.hasAddress ? "Not set up" : words.lacksAddress), !outlook.hasAddress,
+          textOf(outlook.row, words)};
+}
+
+WindowNotes notesAbout(const QString& subject) {
+  return {{"staticNoteClient", {subject}},
+          {"staticNoteFiled",
+           {QObject::tr("A copy is filed with the client's documents when this window closes")}}};
+}
+
+}  // namespace
+
+QString subjectOf(const host::TaskLine& line) {
+  QStringList names{shown(line.client), shown(line.task.name)};
+  names.removeAll(QString());
+  const QString subject = names.join(", ");
+  if (line.task.dueDate.isZero()) return subject;
+  return QObject::tr("%1, due on %2").arg(subject, longDate(line.task.dueDate));
+}
+
+WindowNotes clientNotes(host::Desk&, const host::TaskLine& line) {
+  return notesAbout(shown(line.client));
+}
+
+WindowNotes taskNotes(host::Desk&, const host::TaskLine& line) {
+  return notesAbout(subjectOf(line));
+}
+
+WindowNotes channelNotes(host::Desk& desk, const host::TaskLine& line) {
+  WindowNotes notes = taskNotes(desk, line);
+  const auto outlook = host::readChannelOutlook(desk, line.task.id);
+  for (std::size_t i = 0; outlook && i < outlook->size(); ++i) {
+    const WindowNote note = noteOf((*outlook)[i]);
+    notes[QString("staticNote(%1)").arg(i)] = note;
+    if (note.isTrouble) notes[QString("staticNoteNow(%1)").arg(i)] = note;
+  }
+  return notes;
+}
+
+}  // namespace autonotify::desktop

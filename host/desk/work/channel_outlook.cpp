@@ -1,0 +1,84 @@
+#include "host/desk/work/channel_outlook.h"
+
+#include <fmt/format.h>
+
+#include "host/desk/rows/channel_names.h"
+#include "host/desk/work/claiming.h"
+#include "host/desk/work/client_contacts.h"
+
+namespace autonotify::host {
+namespace {
+
+struct ChannelRecipients {
+  notifyType channel;
+  RecipientKind kind;
+};
+/// A letter's recipient is not chosen.
+constexpr ChannelRecipients recipients[] = {{nt_Email, RecipientKind::email},
+                                            {nt_Fax, RecipientKind::fax},
+                                            {nt_Phone, RecipientKind::phone}};
+
+Client clientOf(Desk& desk, const Task& task) {
+  if (task.clientNum < 0) return {enumAutoNotifyContact, task.contactId};
+  return {enumAutoNotifyCompany, desk.clients().getCompanyIDFromClientID(task.clientNum)};
+}
+
+bool hasPostalAddress(Desk& desk, const Client& client) {
+  const std::string sql =
+      client.type == enumAutoNotifyCompany
+          ? fmt::format("SELECT Companies.Address FROM Companies WHERE CompanyID={};", client.id)
+          : fmt::format(
+                "SELECT Contacts.BusinessAddress, Contacts.HomeAddress FROM Contacts WHERE "
+                "ContactID={};",
+                client.id);
+  bool isKnown = false;
+  firstRow(desk.database(), sql, [&](const Row& row) {
+    isKnown = client.type == enumAutoNotifyCompany
+                  ? !row.text("Address").empty()
+                  : !(row.text("BusinessAddress") + row.text("HomeAddress")).empty();
+  });
+  return isKnown;
+}
+
+/// Emails are offered to the firm's staff too: there only a client's own address is proposed.
+bool leadsToClient(const RecipientOffer& offer, notifyType channel) {
+  return channel == nt_Email ? offer.likeliest >= 0 : !offer.texts.empty();
+}
+
+Outcome<bool> hasAddress(Desk& desk, const Client& client, notifyType channel) {
+  const ChannelRecipients* row = findChannel(recipients, channel);
+  if (!row) return hasPostalAddress(desk, client);
+  const auto offer = listRecipients(desk, client, row->kind);
+  if (!offer) return offer.refused();
+  return leadsToClient(*offer, channel);
+}
+
+bool waits(const Notification& row) {
+  return stateOf(row) == NotificationState::pending;
+}
+
+std::optional<Notification> chiefRow(const std::vector<Notification>& rows, notifyType channel) {
+  std::optional<Notification> chief;
+  for (const Notification& row : rows) {
+    if (row.channel == channel && (!chief || !waits(*chief) || waits(row))) chief = row;
+  }
+  return chief;
+}
+
+}  // namespace
+
+Outcome<std::vector<ChannelOutlook>> readChannelOutlook(Desk& desk, Id id) {
+  const auto task = requireTask(desk, id);
+  if (!task) return task.refused();
+  const std::vector<Notification> rows = readNotificationsOf(desk, id).rows;
+  const Client client = clientOf(desk, *task);
+  std::vector<ChannelOutlook> outlook;
+  for (const notifyType channel : allNotifyTypes) {
+    const auto known = hasAddress(desk, client, channel);
+    if (!known) return known.refused();
+    outlook.push_back({channel, chiefRow(rows, channel), *known});
+  }
+  return outlook;
+}
+
+}  // namespace autonotify::host
