@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPageRanges>
 #include <QPrinter>
 #include <QScopeGuard>
 #include <QScrollBar>
@@ -11,12 +12,16 @@
 
 #include "FormHostTest.h"
 #include "binding/FaultWatch.h"
+#include "preview/PageStrip.h"
 #include "preview/PdfPages.h"
 #include "preview/PreviewWindow.h"
+#include "preview/print_pages.h"
+#include "preview/report_pdf.h"
 
 namespace autonotify::test {
 namespace {
 
+using desktop::PageStrip;
 using desktop::PdfPages;
 using desktop::plain;
 using desktop::PreviewWindow;
@@ -67,9 +72,15 @@ TEST_F(PreviewTest, IsPagedThroughZoomedSearchedAndLeftByEscape) {
     EXPECT_FALSE(preview.findChild<QAction*>("previousPage")->isEnabled());
     page.setValue(2);
     EXPECT_EQ(pages.page(), 1);
+    auto& strip = *preview.findChild<PageStrip*>();
+    EXPECT_EQ(strip.currentIndex().row(), 1);
+    strip.setCurrentIndex(strip.model()->index(0, 0));
+    EXPECT_EQ(pages.page(), 0);
     trigger(preview, "fitPage");
     const int whole = pages.verticalScrollBar()->maximum();
-    for (const char* command : {"zoomIn", "zoomOut", "zoomOut"}) trigger(preview, command);
+    QTest::keyClick(&preview, Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_GT(pages.verticalScrollBar()->maximum(), whole);
+    for (const char* command : {"zoomOut", "zoomOut"}) trigger(preview, command);
     EXPECT_LT(pages.verticalScrollBar()->maximum(), whole);
     QTest::keyClicks(preview.findChild<QLineEdit*>("search"), "NEEDLE");
     QTRY_COMPARE(pages.found(), 150);
@@ -102,24 +113,41 @@ TEST_F(PreviewTest, APrinterThatFailsIsToldToTheReport) {
     report_.unload();
   };
   preview([&](PreviewWindow& preview) {
-    for (const bool isWhole : {true, false}) {
+    for (const auto& [ranges, pages] : {std::pair("", 3), {"1", 1}, {"1,3-4", 2}, {"9", 2}}) {
       QPrinter printer;
       printer.setOutputFormat(QPrinter::PdfFormat);
-      if (!isWhole) {
-        printer.setPrintRange(QPrinter::PageRange);
-        printer.setFromTo(1, 1);
-      }
+      printer.setPageRanges(QPageRanges::fromString(ranges));
       for (const QString& name : {folder.filePath("out.pdf"), QString("/nowhere/out.pdf")}) {
         printer.setOutputFileName(name);
         preview.printTo(printer);
-        EXPECT_EQ(jobs.size(), (isWhole ? 0 : 1) + (name.startsWith("/nowhere") ? 1u : 0u));
       }
       QPdfDocument printed;
       printed.load(folder.filePath("out.pdf"));
-      EXPECT_EQ(printed.pageCount() > 1, isWhole);
+      EXPECT_EQ(printed.pageCount(), pages) << ranges;
     }
   });
-  EXPECT_THAT(jobs, testing::ElementsAre(report_job::printing, report_job::printing));
+  EXPECT_EQ(jobs, std::vector(5, report_job::printing)) << "nowhere, and for the page 9 everywhere";
+}
+
+TEST_F(PreviewTest, PrintingCanBeStopped) {
+  const QTemporaryDir folder;
+  const QByteArray pdf = desktop::pdfOf(report_);
+  QBuffer file;
+  file.setData(pdf);
+  file.open(QIODevice::ReadOnly);
+  QPdfDocument document;
+  document.load(&file);
+  QPrinter printer;
+  printer.setOutputFileName(folder.filePath("out.pdf"));
+  printer.setPageRanges(QPageRanges::fromString("1-3"));
+  for (const int last : {1, 3}) {
+    const auto printing = desktop::printPages(document, pdf, printer, [&](int printed, int pages) {
+      EXPECT_EQ(pages, 3);
+      return printed < last;
+    });
+    EXPECT_EQ(printing.stoppedAfter.has_value(), last == 1);
+    EXPECT_EQ(QFile::exists(folder.filePath("out.pdf")), last == 3);
+  }
 }
 
 }  // namespace

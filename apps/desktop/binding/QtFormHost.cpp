@@ -38,7 +38,7 @@ void QtFormHost::showModal(Form& form, HostObject*) {
 }
 
 void QtFormHost::showReport(Report& report, HostObject*) {
-  run(std::make_unique<PreviewWindow>(report, pdfOf(report), topWindow()));
+  run(std::make_unique<PreviewWindow>(report, pdfOf(report), topWindow(), notes_));
 }
 
 void QtFormHost::run(std::unique_ptr<ModalWindow> window) {

@@ -36,6 +36,8 @@ PdfPages::PdfPages(QPdfDocument& document, QWidget* parent) : QPdfView(parent) {
   setPageSpacing(spaceBetween);
   setDocumentMargins({spaceBetween, spaceBetween, spaceBetween, spaceBetween});
   setZoomMode(ZoomMode::FitToWidth);
+  connect(this, &QPdfView::zoomFactorChanged, this, &PdfPages::zoomed);
+  connect(this, &QPdfView::zoomModeChanged, this, &PdfPages::zoomed);
   found_.setDocument(&document);
   connect(&found_, &QAbstractItemModel::rowsInserted, this, [this] {
     if (current_ < 0) showPlace(0);
@@ -68,6 +70,20 @@ void PdfPages::zoomBy(double factor) {
   const double zoom = scaleOf(page()) / screenPoint() * factor;
   setZoomMode(ZoomMode::Custom);
   setZoomFactor(std::clamp(zoom, smallestZoom, largestZoom));
+}
+
+int PdfPages::zoomPercent() const {
+  return qRound(scaleOf(page()) / screenPoint() * 100);
+}
+
+void PdfPages::zoomTo(int percent) {
+  setZoomMode(ZoomMode::Custom);
+  setZoomFactor(percent / 100.0);
+}
+
+void PdfPages::resizeEvent(QResizeEvent* event) {
+  QPdfView::resizeEvent(event);
+  emit zoomed();
 }
 
 void PdfPages::find(const QString& text) {

@@ -19,6 +19,9 @@ class PdfPages : public QPdfView {
   int page() const;
   /// Shows the page from its top; the nearest one where there is none of the number.
   void turnTo(int page);
+  /// Of the size on paper.
+  int zoomPercent() const;
+  void zoomTo(int percent);
   void enlarge();
   void reduce();
 
@@ -33,9 +36,11 @@ class PdfPages : public QPdfView {
  signals:
   /// What was found, or which place is shown.
   void foundChanged();
+  void zoomed();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   /// With Ctrl it zooms.
   void wheelEvent(QWheelEvent* event) override;
 

@@ -2,7 +2,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QGuiApplication>
+#include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -10,12 +11,16 @@
 #include <QPdfPageNavigator>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QScreen>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "binding/FaultWatch.h"
+#include "preview/PageStrip.h"
 #include "preview/PdfPages.h"
 #include "preview/print_pages.h"
 #include "qt_text.h"
@@ -26,7 +31,9 @@ namespace {
 constexpr int printerFault = 482;
 constexpr QSize wantedSize(900, 1000);
 constexpr double shareOfScreen = 0.9;
-constexpr int searchWidth = 24;  // characters
+constexpr int zoomSteps[] = {50, 75, 100, 125, 150, 200};  // percent
+constexpr int searchWidth = 24;                            // characters
+constexpr int progressPauseMs = 300;
 
 }  // namespace
 
@@ -38,6 +45,7 @@ struct PreviewWindow::Command {
   /// A name in the desktop's icon theme.
   const char* icon;
   void (*run)(PreviewWindow& window);
+  QKeySequence otherKeys = {};
 };
 
 std::span<const PreviewWindow::Command> PreviewWindow::commands() {
@@ -48,7 +56,7 @@ std::span<const PreviewWindow::Command> PreviewWindow::commands() {
       {"zoomOut", QT_TR_NOOP("Zoom Out"), QKeySequence::ZoomOut, "zoom-out",
        [](PreviewWindow& window) { window.pages_->reduce(); }},
       {"zoomIn", QT_TR_NOOP("Zoom In"), QKeySequence::ZoomIn, "zoom-in",
-       [](PreviewWindow& window) { window.pages_->enlarge(); }},
+       [](PreviewWindow& window) { window.pages_->enlarge(); }, Qt::CTRL | Qt::Key_Equal},
       {"fitWidth", QT_TR_NOOP("Page Width"), Qt::CTRL | Qt::Key_1, "zoom-fit-width",
        [](PreviewWindow& window) { window.pages_->setZoomMode(PdfPages::ZoomMode::FitToWidth); }},
       {"fitPage", QT_TR_NOOP("Whole Page"), Qt::CTRL | Qt::Key_0, "zoom-fit-page",
@@ -63,11 +71,14 @@ std::span<const PreviewWindow::Command> PreviewWindow::commands() {
        [](PreviewWindow& window) { window.pages_->showFound(true); }},
       {"findNext", QT_TR_NOOP("Find Next"), QKeySequence::FindNext, "go-down",
        [](PreviewWindow& window) { window.pages_->showFound(false); }},
+      {"close", QT_TR_NOOP("Close"), QKeySequence::Close, "window-close",
+       [](PreviewWindow& window) { window.close(); }},
   };
   return rows;
 }
 
-PreviewWindow::PreviewWindow(Report& report, const QByteArray& pdf, QWidget* parent)
+PreviewWindow::PreviewWindow(Report& report, const QByteArray& pdf, QWidget* parent,
+                             const WindowNotes& notes)
     : ModalWindow(report, parent), report_(report), pdf_(pdf), file_(&pdf_) {
   setObjectName(shown(report.name()));
   setWindowTitle(shown(report.caption()));
@@ -75,41 +86,87 @@ PreviewWindow::PreviewWindow(Report& report, const QByteArray& pdf, QWidget* par
   file_.open(QIODevice::ReadOnly);
   document_.load(&file_);
   pages_ = new PdfPages(document_, this);
-  auto* bar = new QToolBar(this);
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins({});
-  layout->setSpacing(0);
-  layout->addWidget(bar);
-  layout->addWidget(pages_);
-  makeBar(*bar);
+  strip_ = new PageStrip(document_, this);
+  strip_->setVisible(pages_->pages() > 1);
+  layOut(notes);
   connect(pages_->pageNavigator(), &QPdfPageNavigator::currentPageChanged, this,
           &PreviewWindow::showPage);
+  connect(strip_, &PageStrip::pageChosen, pages_, &PdfPages::turnTo);
   connect(pages_, &PdfPages::foundChanged, this, &PreviewWindow::showFound);
+  connect(pages_, &PdfPages::zoomed, this, &PreviewWindow::showZoom);
   showPage();
+  showZoom();
   showFound();
   resize(wantedSize.boundedTo(screen()->availableSize() * shareOfScreen));
   pages_->setFocus();
 }
 
 PreviewWindow::~PreviewWindow() {
-  // The pages look at the document to their end.
+  // They look at the document to their end.
+  delete strip_;
   delete pages_;
+}
+
+void PreviewWindow::layOut(const WindowNotes& notes) {
+  auto* bar = new QToolBar(this);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(bar);
+  auto* middle = new QHBoxLayout;
+  middle->setSpacing(0);
+  middle->addWidget(strip_);
+  middle->addWidget(pages_, 1);
+  layout->addLayout(middle, 1);
+  layout->addWidget(makeStatus(notes));
+  makeBar(*bar);
 }
 
 void PreviewWindow::makeBar(QToolBar& bar) {
   for (const Command& command : commands()) {
     auto* made = new QAction(QIcon::fromTheme(command.icon), tr(command.text), this);
     made->setObjectName(command.name);
-    made->setShortcut(command.keys);
+    made->setShortcuts({command.keys, command.otherKeys});
     made->setToolTip(
         QString("%1 (%2)").arg(tr(command.text), command.keys.toString(QKeySequence::NativeText)));
     connect(made, &QAction::triggered, this,
             [this, run = command.run] { FaultWatch::guard([&] { run(*this); }); });
     bar.addAction(made);
   }
+  addZoomField(bar);
   addPageField(bar);
   addSearchField(bar);
   for (const char* name : {"zoomOut", "previousPage"}) bar.insertSeparator(action(name));
+  auto* space = new QWidget(&bar);
+  space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  bar.insertWidget(action("close"), space);
+  for (const char* name : {"print", "close"})
+    qobject_cast<QToolButton*>(bar.widgetForAction(action(name)))
+        ->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+}
+
+QWidget* PreviewWindow::makeStatus(const WindowNotes& notes) {
+  auto* bar = new QStatusBar(this);
+  bar->setSizeGripEnabled(false);
+  auto* filed = new QLabel(bar);
+  filed->setObjectName("staticNoteFiled");
+  bar->addWidget(filed, 1);
+  place_ = new QLabel(bar);
+  place_->setObjectName("place");
+  bar->addPermanentWidget(place_);
+  showNotes(*bar, notes);
+  return bar;
+}
+
+void PreviewWindow::addZoomField(QToolBar& bar) {
+  zoom_ = new QComboBox(&bar);
+  zoom_->setObjectName("zoom");
+  zoom_->setAccessibleName(tr("Zoom"));
+  zoom_->setFocusPolicy(Qt::TabFocus);
+  for (const int percent : zoomSteps) zoom_->addItem(tr("%L1 %").arg(percent), percent);
+  connect(zoom_, &QComboBox::activated, this,
+          [this](int step) { pages_->zoomTo(zoom_->itemData(step).toInt()); });
+  bar.insertWidget(action("zoomIn"), zoom_);
 }
 
 void PreviewWindow::addPageField(QToolBar& bar) {
@@ -155,8 +212,17 @@ void PreviewWindow::showPage() {
   const int page = pages_->page();
   const QSignalBlocker quiet(page_);
   page_->setValue(page + 1);
+  strip_->showPage(page);
+  place_->setText(tr("Page %L1 of %L2").arg(page + 1).arg(pages_->pages()));
   action("previousPage")->setEnabled(page > 0);
   action("nextPage")->setEnabled(page + 1 < pages_->pages());
+}
+
+/// One that is no step stands in the closed field alone.
+void PreviewWindow::showZoom() {
+  const int percent = pages_->zoomPercent();
+  zoom_->setCurrentIndex(zoom_->findData(percent));
+  zoom_->setPlaceholderText(tr("%L1 %").arg(percent));
 }
 
 void PreviewWindow::showFound() {
@@ -178,11 +244,24 @@ void PreviewWindow::choosePrinter() {
 }
 
 void PreviewWindow::printTo(QPrinter& printer) {
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const QString fault = printPages(document_, pdf_, printer);
-  QGuiApplication::restoreOverrideCursor();
-  if (fault.isEmpty()) return;
-  if (report_.fail({report_job::printing, 0, printerFault, plain(fault)}))
+  QProgressDialog progress(this);
+  progress.setWindowTitle(windowTitle());
+  progress.setWindowModality(Qt::WindowModal);
+  progress.setMinimumDuration(progressPauseMs);
+  const auto [fault, stoppedAfter] =
+      printPages(document_, pdf_, printer, [&](int printed, int pages) {
+        progress.setLabelText(tr("Printing page %L1 of %L2").arg(printed + 1).arg(pages));
+        progress.setMaximum(pages);
+        // Lets the windows breathe.
+        progress.setValue(printed);
+        return !progress.wasCanceled();
+      });
+  progress.reset();
+  if (stoppedAfter)
+    QMessageBox::information(
+        this, windowTitle(),
+        tr("The printing was stopped. Pages that went out before: %L1.").arg(*stoppedAfter));
+  if (!fault.isEmpty() && report_.fail({report_job::printing, 0, printerFault, plain(fault)}))
     QMessageBox::critical(this, windowTitle(), fault);
 }
 

@@ -5,8 +5,10 @@
 #include <span>
 
 #include "binding/ModalWindow.h"
+#include "binding/window_notes.h"
 #include "platform/controls/Report.h"
 
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPrinter;
@@ -15,6 +17,7 @@ class QToolBar;
 
 namespace autonotify::desktop {
 
+class PageStrip;
 class PdfPages;
 
 /// A report as it is printed: its pages on the screen, which can be paged through, searched and
@@ -24,10 +27,12 @@ class PreviewWindow : public ModalWindow {
 
  public:
   /// `pdf` holds the report's pages.
-  PreviewWindow(Report& report, const QByteArray& pdf, QWidget* parent);
+  PreviewWindow(Report& report, const QByteArray& pdf, QWidget* parent,
+                const WindowNotes& notes = {});
   ~PreviewWindow() override;
 
-  /// What goes wrong is told to the report, and to the person if that wants it.
+  /// Page by page, and the person can stop it. What goes wrong is told to the report, and to the
+  /// person if that wants it.
   void printTo(QPrinter& printer);
 
  protected:
@@ -39,13 +44,17 @@ class PreviewWindow : public ModalWindow {
   struct Command;
   static std::span<const Command> commands();
 
+  void layOut(const WindowNotes& notes);
   void makeBar(QToolBar& bar);
+  QWidget* makeStatus(const WindowNotes& notes);
+  void addZoomField(QToolBar& bar);
   void addPageField(QToolBar& bar);
   void addSearchField(QToolBar& bar);
   QAction* action(const char* name) const;
   void choosePrinter();
   void startSearch();
   void showPage();
+  void showZoom();
   void showFound();
 
   Report& report_;
@@ -53,9 +62,12 @@ class PreviewWindow : public ModalWindow {
   QBuffer file_;
   QPdfDocument document_;
   PdfPages* pages_ = nullptr;
+  PageStrip* strip_ = nullptr;
+  QComboBox* zoom_ = nullptr;
   QSpinBox* page_ = nullptr;
   QLineEdit* search_ = nullptr;
   QLabel* found_ = nullptr;
+  QLabel* place_ = nullptr;
 };
 
 }  // namespace autonotify::desktop

@@ -1,5 +1,7 @@
 #include "preview/print_pages.h"
 
+#include <QFile>
+#include <QPageRanges>
 #include <QPainter>
 #include <QPdfDocument>
 #include <QPrinter>
@@ -13,21 +15,18 @@ constexpr double pointsPerInch = 72;
 /// Finer dots cost memory and are not seen.
 constexpr int finestResolution = 300;
 
-/// From 0, the last one included.
-struct PageRange {
-  int first;
-  int last;
-};
-
-PageRange wantedPages(const QPdfDocument& document, const QPrinter& printer) {
-  const int last = document.pageCount() - 1;
-  if (printer.printRange() != QPrinter::PageRange) return {0, last};
-  return {std::max(printer.fromPage() - 1, 0), std::min(printer.toPage() - 1, last)};
+/// Counted from 0; all of them without a range.
+QList<int> wantedPages(const QPdfDocument& document, const QPrinter& printer) {
+  const QPageRanges ranges = printer.pageRanges();
+  QList<int> pages;
+  for (int page = 0; page < document.pageCount(); ++page) {
+    if (ranges.isEmpty() || ranges.contains(page + 1)) pages.append(page);
+  }
+  return pages;
 }
 
 bool takesWholeFile(const QPrinter& printer) {
-  return printer.outputFormat() == QPrinter::PdfFormat &&
-         printer.printRange() == QPrinter::AllPages;
+  return printer.outputFormat() == QPrinter::PdfFormat && printer.pageRanges().isEmpty();
 }
 
 QString saveFile(const QByteArray& pdf, const QString& path) {
@@ -43,22 +42,41 @@ void drawPage(QPdfDocument& document, int page, QPainter& painter, int printerRe
   painter.drawImage(QRectF({0, 0}, inches * printerResolution), image);
 }
 
+QString refusalOf(const QPrinter& printer) {
+  return QObject::tr("The printer %1 does not take the pages.")
+      .arg(printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName());
+}
+
+Printing draw(QPdfDocument& document, const QList<int>& pages, QPrinter& printer,
+              const GoOnPrinting& mayGoOn) {
+  QPainter painter;
+  if (!painter.begin(&printer)) return {refusalOf(printer)};
+  for (qsizetype i = 0; i < pages.size(); ++i) {
+    const int printed = static_cast<int>(i);
+    if (!mayGoOn(printed, static_cast<int>(pages.size()))) return {{}, printed};
+    if (i > 0 && !printer.newPage()) return {refusalOf(printer)};
+    drawPage(document, pages[i], painter, printer.resolution());
+  }
+  const bool isTaken = painter.end() && printer.printerState() != QPrinter::Error;
+  return {isTaken ? QString() : refusalOf(printer)};
+}
+
 }  // namespace
 
-QString printPages(QPdfDocument& document, const QByteArray& pdf, QPrinter& printer) {
-  if (takesWholeFile(printer)) return saveFile(pdf, printer.outputFileName());
-  const QString refusal = QObject::tr("The printer %1 does not take the pages.")
-                              .arg(printer.outputFileName().isEmpty() ? printer.printerName()
-                                                                      : printer.outputFileName());
+Printing printPages(QPdfDocument& document, const QByteArray& pdf, QPrinter& printer,
+                    const GoOnPrinting& mayGoOn) {
+  if (takesWholeFile(printer)) return {saveFile(pdf, printer.outputFileName())};
+  const QList<int> pages = wantedPages(document, printer);
+  if (pages.isEmpty())
+    return {QObject::tr("The document has none of the pages that were chosen; it has %L1.")
+                .arg(document.pageCount())};
   printer.setFullPage(true);
-  QPainter painter;
-  if (!painter.begin(&printer)) return refusal;
-  const auto [first, last] = wantedPages(document, printer);
-  for (int page = first; page <= last; ++page) {
-    if (page > first && !printer.newPage()) return refusal;
-    drawPage(document, page, painter, printer.resolution());
+  Printing printing = draw(document, pages, printer, mayGoOn);
+  if (printing.stoppedAfter && printer.outputFormat() == QPrinter::PdfFormat) {
+    QFile::remove(printer.outputFileName());
+    printing.stoppedAfter = 0;
   }
-  return painter.end() && printer.printerState() != QPrinter::Error ? QString() : refusal;
+  return printing;
 }
 
 }  // namespace autonotify::desktop
