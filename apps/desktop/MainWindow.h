@@ -70,6 +70,8 @@ class MainWindow : public QMainWindow {
   bool always() const { return true; }
   bool hasDesk() const { return desk_ != nullptr; }
   bool hasTask() const { return tasks_->chosen() != nullptr; }
+  /// As the list has it.
+  bool callWaits() const;
   bool canSchedule() const { return hasTask() && !emailWaits(); }
   /// For the chosen task's date.
   bool emailWaits() const;
@@ -91,6 +93,7 @@ class MainWindow : public QMainWindow {
   using Notes = WindowNotes (*)(host::Desk& desk, const host::TaskLine& line);
   /// Has a message to the chosen task's client composed, in windows that bear the notes.
   void compose(UseCase useCase, Notes notesOf);
+  void callClient();
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
   void changeOptions();

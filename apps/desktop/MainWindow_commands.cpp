@@ -10,10 +10,12 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "CallDialog.h"
 #include "MainWindow.h"
 #include "OptionsDialog.h"
 #include "binding/FaultWatch.h"
 #include "host/desk/databases.h"
+#include "host/desk/work/claiming.h"
 #include "outcome_texts.h"
 #include "qt_text.h"
 
@@ -52,11 +54,14 @@ std::span<const MainWindow::Command> MainWindow::commands() {
       {"editEmail", taskMenu, "E&dit Email...", Qt::CTRL | Qt::Key_D, "document-edit",
        "Change the email that waits for its date", inMenuAndBar, &Self::emailWaits,
        &Self::editEmail},
-      {"blankFax", taskMenu, "Blank &Fax...", Qt::CTRL | Qt::SHIFT | Qt::Key_F, "document-new",
+      {"callClient", taskMenu, "&Call Client...", Qt::CTRL | Qt::Key_T, "call-start",
+       "Show the call that waits, and note how it went", inMenu, &Self::callWaits,
+       &Self::callClient},
+      {"blankFax", taskMenu, "Blank &Fax...", Qt::CTRL | Qt::SHIFT | Qt::Key_F, "channel-fax",
        "Write a fax to the client of the chosen task that is about no task", inMenuBelowLine,
        &Self::hasTask, &Self::writeBlankFax},
       {"blankLetter", taskMenu, "Blank &Letter...", Qt::CTRL | Qt::SHIFT | Qt::Key_L,
-       "document-new", "Write a letter to the client of the chosen task that is about no task",
+       "channel-letter", "Write a letter to the client of the chosen task that is about no task",
        inMenu, &Self::hasTask, &Self::writeBlankLetter},
       {"refresh", "&View", "&Refresh", QKeySequence::Refresh, "view-refresh", "", inMenuAndBar,
        &Self::hasDesk, &Self::refresh},
@@ -134,6 +139,11 @@ bool MainWindow::emailWaits() const {
   return line && (line->pendingChannels & nt_Email);
 }
 
+bool MainWindow::callWaits() const {
+  const host::TaskLine* line = tasks_->chosen();
+  return line && (line->pendingChannels & nt_Phone);
+}
+
 void MainWindow::chooseDatabase() {
   const QString path = QFileDialog::getOpenFileName(
       this, tr("Open Database"), shown(options_.database), tr("Databases (*.db);;All files (*)"));
@@ -165,6 +175,25 @@ void MainWindow::compose(UseCase useCase, Notes notesOf) {
   if (!words.isEmpty()) tellFault(words);
   for (const host::FiledDocument& document : desk_->takeFiled())
     statusBar()->showMessage(tr("Filed as %1").arg(shown(document.path)), filedMessageMs);
+  refresh();
+}
+
+// While the person is on the telephone no other desk calls the same client.
+void MainWindow::callClient() {
+  const host::TaskLine* line = tasks_->chosen();
+  if (!line) return;
+  const auto call = host::findWaitingCall(*desk_, line->task.id);
+  if (!call) {
+    tellFault(tr("No call of this task waits any more."));
+    return refresh();
+  }
+  const auto claim = host::claimNotification(*desk_, *call);
+  if (!claim) return tellFault(textOf(claim.refused()));
+  CallDialog dialog(*call, subjectOf(*line), this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString words =
+      textOf(host::noteCall(*desk_, call->id, dialog.callResult(), dialog.note()));
+  if (!words.isEmpty()) tellFault(words);
   refresh();
 }
 

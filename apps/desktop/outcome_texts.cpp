@@ -50,6 +50,13 @@ QString textOf(host::Composed composed) {
   }
 }
 
+QString textOf(const host::NotedCall& call) {
+  if (call.fate == host::CallFate::noted) return {};
+  const QString why = call.fate == host::CallFate::noCall ? QObject::tr("is no call")
+                                                          : shown(stateWords(stateOf(call.row)));
+  return QObject::tr("Notification %1 %2. Nothing was noted.").arg(call.row.id).arg(why);
+}
+
 QString textOf(const host::UnreadableRows& rows) {
   if (rows.empty()) return {};
   const QString names = joined(rows, mostNamed, ", ", [](const host::UnreadableRow& row) {

@@ -4,6 +4,7 @@
 
 #include "host/clients/unreadable_rows.h"
 #include "host/desk/work/compose_email.h"
+#include "host/desk/work/note_call.h"
 
 namespace autonotify::desktop {
 
@@ -12,6 +13,7 @@ namespace autonotify::desktop {
 QString textOf(const host::Refused& refused);
 /// Empty where there is nothing to tell.
 QString textOf(host::Composed composed);
+QString textOf(const host::NotedCall& call);
 
 /// How many rows were left out, and which they are; empty for none.
 QString textOf(const host::UnreadableRows& rows);

@@ -7,6 +7,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPdfDocument>
 #include <QPdfSelection>
@@ -23,6 +24,7 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/desk/rows/Notification.h"
 #include "host/desk/user_options.h"
+#include "host/desk/work/note_call.h"
 #include "preview/PdfPages.h"
 #include "preview/PreviewWindow.h"
 #include "qt_text.h"
@@ -109,13 +111,15 @@ class MainWindowTest : public testing::Test {
     return states;
   }
 
-  /// A task for which the command makes sense: with an email that waits, or without.
+  /// A task for which the command makes sense: with an email or a call that waits, or without.
   Id chooseTaskFor(std::string_view command) {
     auto* table = window_->findChild<QTableView*>("tasks");
     auto& tasks = static_cast<TaskTableModel&>(*table->model());
+    const notifyType channel = command == "callClient" ? nt_Phone : nt_Email;
+    const bool waits = channel == nt_Phone || command == "editEmail";
     for (int row = 0; row < tasks.rowCount(); ++row) {
       const host::TaskLine& line = tasks.lineAt(tasks.index(row, 0));
-      if (bool(line.pendingChannels & nt_Email) != (command == "editEmail")) continue;
+      if (bool(line.pendingChannels & channel) != waits) continue;
       table->selectRow(row);
       return line.task.id;
     }
@@ -212,6 +216,27 @@ TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
               testing::IsEmpty());
 }
 
+TEST_F(MainWindowTest, ACallIsNotedAsItWent) {
+  open();
+  const Id task = chooseTaskFor("callClient");
+  for (const char* button : {"noAnswer", "callMade"}) {
+    const auto call = host::findWaitingCall(*window_->desk(), task);
+    ASSERT_TRUE(call) << button;
+    EXPECT_THAT(run("callClient",
+                    [&](QDialog& dialog) {
+                      QTest::keyClicks(dialog.findChild<QLineEdit*>("note"), "on Monday");
+                      QTest::keyClick(dialog.findChild<QLineEdit*>("note"), Qt::Key_Return);
+                      EXPECT_TRUE(dialog.isVisible()) << "Enter tells nothing";
+                      press(dialog, button);
+                    }),
+                testing::IsEmpty());
+    const auto noted = *host::findNotification(*window_->desk(), call->id);
+    EXPECT_EQ(noted.sent, button == std::string("callMade"));
+    EXPECT_THAT(noted.memo, HasSubstr(noted.sent ? "called; on Monday" : "no answer; on Monday"));
+  }
+  EXPECT_FALSE(host::findWaitingCall(*window_->desk(), task));
+}
+
 TEST_F(MainWindowTest, OptionsAreTheUsersOwn) {
   using Option = bool (*)(host::Desk&);
   open();
@@ -299,6 +324,8 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   for (const auto& row : host::readNotificationsOf(*window_->desk(), edited).rows)
     emails.push_back(claims->take(host::WorkItem::notification, row.id));
   EXPECT_THAT(run("editEmail"), busy);
+  task = claims->take(host::WorkItem::task, chooseTaskFor("callClient"));
+  EXPECT_THAT(run("callClient"), busy);
 }
 
 TEST_F(MainWindowTest, ARowThatCannotBeReadIsNamedAndNothingIsComposedBesideIt) {

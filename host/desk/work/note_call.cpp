@@ -39,6 +39,13 @@ CallFate fateOf(const Notification& row, CallResult result) {
 
 }  // namespace
 
+std::optional<Notification> findWaitingCall(Desk& desk, Id task) {
+  for (const Notification& row : readNotificationsOf(desk, task).rows) {
+    if (fateOf(row, CallResult::made) == CallFate::noted) return findNotification(desk, row.id);
+  }
+  return std::nullopt;
+}
+
 Outcome<NotedCall> noteCall(Desk& desk, Id id, CallResult result, const std::string& note) {
   const auto claimed = claimNotification(desk, id);
   if (!claimed) return claimed.refused();

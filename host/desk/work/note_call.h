@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "host/desk/Outcome.h"
@@ -25,6 +26,10 @@ struct NotedCall {
   /// What was written behind its text.
   std::string line = {};
 };
+
+/// The call about the task that waits, with all that is needed to make it; unset for none. Throws
+/// DatabaseError.
+std::optional<Notification> findWaitingCall(Desk& desk, Id task);
 
 /// Notes that the client was called: a line behind the notification's text says when, by whom and
 /// with what result, and `note` stands in it, if there is one. A call that was made is marked sent;
