@@ -3,9 +3,14 @@
 #include <QSet>
 #include <functional>
 
+#include "CallDialog.h"
+#include "MainWindow.h"
+#include "OptionsDialog.h"
 #include "binding/FormWindow.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/Timer.h"
+#include "preview/PreviewWindow.h"
+#include "preview/report_pdf.h"
 #include "qt_text.h"
 #include "support/HostTest.h"
 #include "wizards/frmSendNotificationWizard.h"
@@ -20,9 +25,21 @@ namespace {
 
 class Layouts : public HostTest {};
 
+/// What 1366 x 768 dots at 150 % leave to a window inside its frame and above the task bar.
+constexpr QSize room(896, 440);
+
+void expectToFit(const QWidget& window) {
+  const QSize least = window.minimumSizeHint();
+  EXPECT_EQ(least.boundedTo(room), least) << least.width() << " x " << least.height();
+}
+
 /// One row for each window of the component.
 const std::function<std::unique_ptr<Form>()> windows[] = {
-    [] { return std::make_unique<frmSendNotificationWizard>(); },
+    [] {
+      auto wizard = std::make_unique<frmSendNotificationWizard>();
+      wizard->Frame2.setVisible(false);
+      return wizard;
+    },
     [] { return std::make_unique<frmSendNotificationWizardApptNotifyNow>(); },
     [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
     [] { return std::make_unique<frmSendNotificationWizardFax>(); },
@@ -55,6 +72,7 @@ TEST_F(Layouts, NameWhatTheWindowsNameAndNothingElse) {
     const std::unique_ptr<Form> form = makeWindow();
     SCOPED_TRACE(form->name());
     desktop::FormWindow window(*form, nullptr);
+    expectToFit(window);
     QSet<QString> controls;
     for (const Control* control : form->controls())
       if (isDrawn(*control)) controls.insert(desktop::shown(control->name()));
@@ -64,6 +82,14 @@ TEST_F(Layouts, NameWhatTheWindowsNameAndNothingElse) {
     EXPECT_EQ(QStringList((drawn - controls).values()).join(" ").toStdString(), "") << "no control";
     form->unload();
   }
+}
+
+TEST_F(Layouts, OfTheProgramFitASmallScreen) {
+  Report report(screen, "drLetter", "Letter");
+  expectToFit(desktop::PreviewWindow(report, desktop::pdfOf(report), nullptr));
+  expectToFit(desktop::CallDialog({}, "Somebody", nullptr));
+  expectToFit(desktop::OptionsDialog(nullptr, nullptr));
+  expectToFit(desktop::MainWindow({}));
 }
 
 }  // namespace
