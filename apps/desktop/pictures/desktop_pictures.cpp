@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "MainWindow.h"
+#include "host/desk/rows/DiaryItem.h"
 #include "icon_theme.h"
 #include "qt_text.h"
 
@@ -32,6 +33,7 @@ QPalette darkPalette() {
 
 /// A window that comes up.
 struct Step {
+  /// Of its picture; empty for none.
   QString name;
   std::function<void(QWidget& window)> leave;
 };
@@ -66,7 +68,7 @@ class Photographer {
       if (taken == steps.size()) return;
       if (!window || window == before) return waitFor(walk, before, steps, taken);
       const Step& step = steps[taken++];
-      take(*window, step.name);
+      if (!step.name.isEmpty()) take(*window, step.name);
       waitFor(walk, window, steps, taken);
       step.leave(*window);
     });
@@ -82,13 +84,63 @@ class Photographer {
   bool hasFailed_ = false;
 };
 
-/// Chooses the first task that waits for no email.
-void chooseFreeTask(QTableView& table) {
-  const auto& tasks = static_cast<const TaskTableModel&>(*table.model());
+using Wish = std::function<bool(const host::TaskLine& line)>;
+
+/// Chooses the first task that is as wished.
+void chooseTask(QTableView& table, const Wish& isWished) {
+  auto& tasks = static_cast<TaskTableModel&>(*table.model());
   for (int row = 0; row < tasks.rowCount(); ++row) {
-    if (tasks.lineAt(tasks.index(row, 0)).pendingChannels & nt_Email) continue;
-    return table.selectRow(row);
+    if (row + 1 == tasks.rowCount()) tasks.fetchMore({});
+    if (isWished(tasks.lineAt(tasks.index(row, 0)))) return table.selectRow(row);
   }
+}
+
+bool waitsForNoEmail(const host::TaskLine& line) {
+  return !(line.pendingChannels & nt_Email);
+}
+
+/// By a call among others.
+bool waitsForMany(const host::TaskLine& line) {
+  return (line.pendingChannels & nt_Phone) && line.pendingChannels != nt_Phone;
+}
+
+std::function<void(QWidget& top)> press(const char* name) {
+  return [name](QWidget& top) { top.findChild<QAbstractButton*>(name)->click(); };
+}
+
+void close(QWidget& top) {
+  top.close();
+}
+
+void takeWindowsOfTasks(Photographer& photographer, MainWindow& window) {
+  auto& table = *window.findChild<QTableView*>("tasks");
+  const auto run = [&](const char* command) {
+    return [&window, command] { window.findChild<QAction*>(command)->trigger(); };
+  };
+  table.sortByColumn(TaskTableModel::dueDate, Qt::DescendingOrder);
+  chooseTask(table, waitsForNoEmail);
+  photographer.takeEach(run("scheduleEmail"), {{"email-composer", press("cmdCancel")}});
+  photographer.takeEach(run("notifyNow"), {{"notify-now", press("chkNotify(2)")},
+                                           {"letter-composer", press("cmdFinish")},
+                                           {"letter-preview", close}});
+  photographer.takeEach(
+      run("notifyNow"),
+      {{"", press("chkNotify(1)")}, {"fax-composer", press("cmdFinish")}, {"fax-preview", close}});
+  photographer.takeEach(run("notifyNow"), {{"", press("chkNotify(3)")}, {"phone-composer", close}});
+  photographer.takeEach(run("options"), {{"desktop-options", close}});
+  chooseTask(table, waitsForMany);
+  photographer.takeEach(run("notifyAutomatically"), {{"notify-automatically", close}});
+  photographer.takeEach(run("callClient"), {{"call-client", close}});
+}
+
+/// The panel that other programs open for an item of the diary.
+void takeDiaryPanel(Photographer& photographer, host::Desk& desk) {
+  const auto items = host::readDiary(desk, {Appointments, desk.today(), {}, {}, {}}).rows;
+  const auto open = [&] {
+    desk.control().cls_openSendNotificationWizardApptNotifyNowForm(Appointments, items.front().id,
+                                                                   nt_Email);
+  };
+  if (!items.empty()) photographer.takeEach(open, {{"notify-diary-item", close}});
 }
 
 void takeAll(Photographer& photographer, const QString& database) {
@@ -102,23 +154,8 @@ void takeAll(Photographer& photographer, const QString& database) {
   MainWindow window(options);
   window.show();
   photographer.take(window, "desktop-tasks");
-  auto& table = *window.findChild<QTableView*>("tasks");
-  table.sortByColumn(TaskTableModel::dueDate, Qt::DescendingOrder);
-  chooseFreeTask(table);
-  const auto run = [&](const char* command) {
-    return [&window, command] { window.findChild<QAction*>(command)->trigger(); };
-  };
-  const auto press = [](const char* name) {
-    return [name](QWidget& top) { top.findChild<QAbstractButton*>(name)->click(); };
-  };
-  const auto close = [](QWidget& top) { top.close(); };
-  photographer.takeEach(run("scheduleEmail"), {{"email-composer", press("cmdCancel")}});
-  photographer.takeEach(run("notifyNow"), {{"notify-now", press("chkNotify(2)")},
-                                           {"letter-composer", press("cmdFinish")},
-                                           {"letter-preview", close}});
-  photographer.takeEach(run("notifyAutomatically"), {{"notify-automatically", close}});
-  photographer.takeEach(run("blankFax"), {{"fax-composer", close}});
-  photographer.takeEach(run("options"), {{"desktop-options", close}});
+  takeWindowsOfTasks(photographer, window);
+  takeDiaryPanel(photographer, *window.desk());
 }
 
 int run(int argc, char** argv) {
