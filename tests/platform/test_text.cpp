@@ -5,26 +5,19 @@
 
 #include "platform/text.h"
 #include "platform/utf8.h"
+#include "support/text_table.h"
 
 namespace autonotify {
 namespace {
 
 constexpr std::size_t npos = std::string::npos;
+constexpr const char* file = "text_cases.txt";
 
 TEST(Text, changesCaseOfFrenchGreekAndCyrillic) {
-  const std::pair<const char*, const char*> pairs[] = {{"ABYZ019@[`{", "abyz019@[`{"},
-                                                       {"ÀÉÏÔÙÞ", "àéïôùþ"},
-                                                       {"ŒUVRE", "œuvre"},
-                                                       {"ŸÝ", "ÿý"},
-                                                       {"ĀĐĲĹŇŊŶŹŽ", "āđĳĺňŋŷźž"},
-                                                       {"ŢȘȚ", "ţșț"},
-                                                       {"ΆΈΏΑΣΩ", "άέώασω"},
-                                                       {"ЀЖЯҐӀ", "ѐжяґӏ"},
-                                                       {"×÷ß€漢😀«»", "×÷ß€漢😀«»"}};
-  for (const auto& [upper, lower] : pairs) {
-    EXPECT_EQ(upperCase(lower), upper);
-    EXPECT_EQ(lowerCase(upper), lower);
-    EXPECT_EQ(upperCase(upper), upper);
+  for (const auto& row : test::rowsOf(file, "upper and lower case", 2)) {
+    EXPECT_EQ(upperCase(row[1]), row[0]);
+    EXPECT_EQ(lowerCase(row[0]), row[1]);
+    EXPECT_EQ(upperCase(row[0]), row[0]);
   }
   EXPECT_EQ(upperCase("straße"), "STRAßE");
   EXPECT_EQ(upperCase("ς"), "Σ");
@@ -43,30 +36,15 @@ TEST(Text, noCaseChangeAltersALengthOrComesBackDifferent) {
   }
 }
 
-TEST(Text, findsInAnyCase) {
-  EXPECT_EQ(findIgnoreCase("Dear «Company Name»", "«COMPANY NAME»"), 5u);
-  EXPECT_EQ(findIgnoreCase("aAa", "A", 1), 1u);
-  EXPECT_EQ(findIgnoreCase("ς", "Σ"), 0u);
-  EXPECT_EQ(findIgnoreCase("abc", "abcd"), npos);
-  EXPECT_EQ(findIgnoreCase("abc", "bc", 2), npos);
-  EXPECT_EQ(findIgnoreCase("abc", "a", 99), npos);
-  EXPECT_EQ(findIgnoreCase("abc", "", 3), 3u);
-  EXPECT_EQ(findIgnoreCase("abc", "", 4), npos);
-  // Half a character is not found in a whole one.
-  EXPECT_EQ(findIgnoreCase("é", "\xC3"), npos);
-  EXPECT_EQ(findIgnoreCase("é\xC3", "\xC3"), 2u);
-  EXPECT_EQ(findIgnoreCase("x\xC3", "é"), npos);
-}
-
-TEST(Text, replacesEveryOccurrence) {
-  EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba");
-  EXPECT_EQ(replaceAll("aAa", "a", "aa"), "aaAaa");
-  EXPECT_EQ(replaceAll("abc", "", "x"), "abc");
-  EXPECT_EQ(replaceAll("abc", "abc", ""), "");
-  EXPECT_EQ(replaceAllIgnoreCase("Docket, DOCKET; docke", "docket", "Time Entry"),
-            "Time Entry, Time Entry; docke");
-  EXPECT_EQ(replaceAllIgnoreCase("abc", "", "x"), "abc");
-  EXPECT_EQ(replaceAllIgnoreCase("\xC3\xFFZ", "z", "é"), "\xC3\xFFé");
+TEST(Text, findsInAnyCaseAndReplacesEveryOccurrence) {
+  for (const auto& row : test::rowsOf(file, "found", 4)) {
+    const std::size_t at = findIgnoreCase(row[0], row[1], std::stoul(row[2]));
+    EXPECT_EQ(at == npos ? "none" : std::to_string(at), row[3]) << row[0] << " / " << row[1];
+  }
+  for (const auto& row : test::rowsOf(file, "replaced", 4))
+    EXPECT_EQ(replaceAll(row[0], row[1], row[2]), row[3]);
+  for (const auto& row : test::rowsOf(file, "replaced in any case", 4))
+    EXPECT_EQ(replaceAllIgnoreCase(row[0], row[1], row[2]), row[3]);
 }
 
 TEST(Text, findingAgreesWithFoldingFirst) {
