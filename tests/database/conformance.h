@@ -10,6 +10,8 @@
 
 #include "contract/DatabaseReference.h"
 #include "support/error_number.h"
+#include "support/text_table.h"
+#include "support/value_cells.h"
 
 namespace autonotify::host::conformance {
 
@@ -37,6 +39,7 @@ class Conformance : public testing::TestWithParam<NewDatabase> {
   DatabaseReference& desk = *first;
 };
 
+using test::cellOf;
 using test::errorOf;
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
@@ -90,6 +93,10 @@ inline std::vector<Value> column(DatabaseReference& database, const std::string&
 
 inline Value field(DatabaseReference& database, Id id, const std::string& name) {
   return column(database, notification(id), name).at(0);
+}
+
+inline std::vector<std::vector<std::string>> rowsOf(const std::string& table, std::size_t cells) {
+  return test::rowsOf("../database/conformance_tables.txt", table, cells);
 }
 
 inline std::vector<Value> values(std::initializer_list<Value> list) {

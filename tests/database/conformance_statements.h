@@ -6,47 +6,11 @@
 // The statements that the dialect takes, and those that it does not.
 namespace autonotify::host::conformance {
 
-inline const std::vector<std::string>& dialectStatements() {
-  static const std::string clients =
-      "FROM ((((((Companies INNER JOIN ((ClientData INNER JOIN AccountingServices ON "
-      "ClientData.ClientDataID = AccountingServices.AccountingServiceID) INNER JOIN ClientOptions "
-      "ON ClientData.ClientDataID = ClientOptions.ClientOptionID) ON Companies.CompanyID = "
-      "ClientData.CompanyIDNum) INNER JOIN CorpTaxInfo ON ClientData.ClientDataID = "
-      "CorpTaxInfo.CorpTaxInfoID) INNER JOIN LawInfo ON ClientData.ClientDataID = "
-      "LawInfo.LawInfoID) INNER JOIN OtherInfo ON ClientData.ClientDataID = "
-      "OtherInfo.OtherInfoID) INNER JOIN WSIB_EHTInfo ON ClientData.ClientDataID = "
-      "WSIB_EHTInfo.WSIB_EHTInfoID) INNER JOIN CompaniesNotes ON Companies.CompanyID = "
-      "CompaniesNotes.CompanyNum) INNER JOIN Clients ON Companies.CompanyID = "
-      "Clients.CompanyIDNum ";
-  static const std::string clientColumns =
-      "SELECT Clients.ClientID, AccountingServices.*, ClientData.*, ClientOptions.*, Companies.*, "
-      "CorpTaxInfo.*, LawInfo.*, OtherInfo.*, WSIB_EHTInfo.*, CompaniesNotes.BusinessNotes, "
-      "CompaniesNotes.ContactNotes ";
-  static const std::vector<std::string> statements = {
-      clientColumns + clients + ";",
-      clientColumns + clients +
-          "WHERE ClientData.ShowThisClient = True AND NOT ClientData.ActiveStatus=1 AND "
-          "ClientData.ClientDataID=7 ORDER BY Companies.ClientIDStr, Companies.CompanyName;",
-      "SELECT Companies.*, Companies.Custom1 AS CompanyCustom1, Companies.Custom5 From Companies "
-      "WHERE Companies.CompanyID=-1;",
-      "SELECT Companies.CompanyID FROM ContactLinks INNER JOIN Companies ON "
-      "ContactLinks.CompanyNum = Companies.CompanyID WHERE ContactLinks.ContactIDNum=1 AND Not "
-      "ContactLinks.CompanyNum Is Null;",
-      "select ScheduleTypes.* from ScheduleTypes where TotalNum=101 order by scheduleNum",
-      "SELECT ClientNotification.* FROM ClientNotification WHERE CompanyIDNum = 3 AND "
-      "NotificationDate>= #2026-01-01# AND NotificationDate<= #2026-12-31# AND "
-      "(NotificationSentStatus = 1 OR NotificationSentStatus = 2) AND NotificationSent = False "
-      "AND SentByUserIDNum = '7';",
-      "SELECT NotificationType, COUNT(ClientNotificationID) AS Total FROM ClientNotification "
-      "GROUP BY NotificationType HAVING COUNT(ClientNotificationID) > 1 ORDER BY 1;",
-  };
-  return statements;
-}
-
 TEST_P(Conformance, StatementsOfTheDialectRunInEveryMode) {
-  for (const std::string& sql : dialectStatements())
+  for (const auto& row : rowsOf("statements", 1))
     for (const CursorMode cursor : {CursorMode::keyset, CursorMode::forwardOnly})
       for (const LockMode lock : {LockMode::readOnly, LockMode::updatable}) {
+        const std::string& sql = row[0];
         const RecordsetHandle rows = open(desk, sql, lock, cursor);
         EXPECT_FALSE(desk.hasRecords(rows)) << sql;
         EXPECT_TRUE(desk.isRecordsetEmpty(rows)) << sql;
@@ -58,26 +22,11 @@ TEST_P(Conformance, StatementsOfTheDialectRunInEveryMode) {
 
 TEST_P(Conformance, OtherStatementsAreRefusedAndHarmNothing) {
   const Id id = addNotification(desk, {{"Field1", "kept"}});
-  const int refused = database_error::statementRefused;
-  const int failed = database_error::statementFailed;
-  const std::vector<std::pair<std::string, int>> statements = {
-      {"DELETE FROM ClientNotification;", refused},
-      {"DROP TABLE ClientNotification;", refused},
-      {"WITH x AS (SELECT 1) SELECT * FROM x;", refused},
-      {"SELECT * INTO Copies FROM Holidays;", refused},
-      {"SELECT * FROM Holidays FOR UPDATE;", refused},
-      {"SELECT * FROM Holidays -- all", refused},
-      {"SELECT * FROM Holidays /* all */;", refused},
-      {"SELECT * FROM Holidays WHERE HolidayDate=#2026-02-30#;", refused},
-      {"SELECT * FROM Contacts WHERE ContactID=?;", refused},
-      {"SELECT set_config('a', 'b', False);", refused},
-      {"SELECT ClientNotification.* FROM ClientNotification ClientNotificationID=5;", failed},
-      {"SELECT Nothing.* FROM Nothing;", failed},
-      {"SELECT Contacts.Nothing FROM Contacts;", failed},
-      {"SELECT FROM WHERE;", failed},
-  };
-  for (const auto& [sql, error] : statements)
-    EXPECT_EQ(errorOf([&, &text = sql] { open(desk, text); }), error) << sql;
+  for (const auto& row : rowsOf("other statements", 2))
+    EXPECT_EQ(errorOf([&] { open(desk, row[0]); }), row[1] == "refused"
+                                                        ? database_error::statementRefused
+                                                        : database_error::statementFailed)
+        << row[0];
   EXPECT_EQ(field(desk, id, "Field1"), Value("kept"));
 }
 
@@ -93,44 +42,19 @@ TEST_P(Conformance, ConditionsSelectWhatTheySay) {
   add("2026-04-30 09:00", "True", "8", "c");
   add("2026-05-01", "True", "-1", "d");
   const std::string today = desk.formatDateForSQL(DateTime::of(2026, 4, 30));
-  const std::vector<std::pair<std::string, std::vector<Value>>> conditions = {
-      {"NotificationDate <= #" + today + "#", values({"a", "it's"})},
-      {"NotificationDate=#" + today + "#", values({"it's"})},
-      {"NotificationDate>= #4/30/2026 09:00# ", values({"c", "d"})},
-      {"NotificationSent=TRUE", values({"c", "d"})},
-      {"NOT NotificationSent = true", values({"a", "it's"})},
-      {"SentByUserIDNum = '8'", values({"c"})},
-      {"SentByUserIDNum=-1", values({"d"})},
-      {"SentByUserIDNum > - 2 AND Not SentByUserIDNum Is Null", values({"it's", "c", "d"})},
-      {"NOT SentByUserIDNum=7", values({"c", "d"})},
-      {"Field1='" + desk.formatTextForSQL("it's") + "'", values({"it's"})},
-      {"SentByUserIDNum IN (7, 8) AND (Field1='c' OR Field1='d')", values({"c"})},
-      {"SentByUserIDNum Is Null", values({"a"})},
-  };
-  for (const auto& [condition, names] : conditions)
-    EXPECT_EQ(column(desk,
-                     "SELECT Field1 FROM ClientNotification WHERE " + condition +
-                         " ORDER BY ClientNotificationID;",
-                     "Field1"),
-              names)
-        << condition;
+  for (const auto& row : rowsOf("conditions", 2)) {
+    const std::string condition =
+        replaceAll(replaceAll(row[0], "{today}", today), "{it's}", desk.formatTextForSQL("it's"));
+    const std::string sql = "SELECT Field1 FROM ClientNotification WHERE " + condition +
+                            " ORDER BY ClientNotificationID;";
+    EXPECT_EQ(cellOf(column(desk, sql, "Field1")), row[1]) << condition;
+  }
 }
 
 TEST_P(Conformance, OrderPutsNullFirstAndCountsAreNumbers) {
   for (const char* user : {"5", "", "-3", "5"}) addNotification(desk, {{"SentByUserIDNum", user}});
-  const std::string sql = "SELECT SentByUserIDNum FROM ClientNotification ORDER BY SentByUserIDNum";
-  EXPECT_EQ(column(desk, sql + ";", "SentByUserIDNum"), values({Null{}, -3, 5, 5}));
-  EXPECT_EQ(column(desk, sql + " DESC;", "SentByUserIDNum"), values({5, 5, -3, Null{}}));
-  EXPECT_EQ(column(desk,
-                   "SELECT COUNT(ClientNotification.ClientNotificationID) AS Total FROM "
-                   "ClientNotification WHERE SentByUserIDNum=5;",
-                   "total"),
-            values({2}));
-  EXPECT_EQ(column(desk,
-                   "SELECT SentByUserIDNum, COUNT(ClientNotificationID) AS Total FROM "
-                   "ClientNotification GROUP BY SentByUserIDNum ORDER BY SentByUserIDNum;",
-                   "Total"),
-            values({1, 1, 2}));
+  for (const auto& row : rowsOf("columns of statements", 3))
+    EXPECT_EQ(cellOf(column(desk, row[1], row[0])), row[2]) << row[1];
 }
 
 /// Where a statement says nothing of it, rows stand in the order of the keys of its tables, from
@@ -150,24 +74,9 @@ TEST_P(Conformance, RowsOfNoOrderStandInThatOfTheirKeys) {
     update(desk, row, "SentByUserIDNum", "5");
     desk.closeRecordset(row);
   }
-  const std::string joined =
-      " INNER JOIN ClientNotification ON Companies.CompanyID = ClientNotification.CompanyIDNum ";
-  const std::vector<std::pair<std::string, std::vector<Value>>> cases = {
-      {"ClientNotification", values({"1", "2", "3", "4", "5", "6"})},
-      {"ClientNotification WHERE ScheduleIDNum > 1", values({"1", "2", "3", "4", "5"})},
-      {"ClientNotification WHERE NotificationDate >= #2026-01-03# AND NotificationSent=False",
-       values({"1", "2", "3", "4"})},
-      {"ClientNotification WHERE CompanyIDNum = 3", values({"1", "3", "5"})},
-      {"ClientNotification ORDER BY CompanyIDNum", values({"2", "4", "6", "1", "3", "5"})},
-      {"ClientNotification ORDER BY CompanyIDNum DESC LIMIT 5", values({"1", "3", "5", "2", "4"})},
-      {"Companies" + joined, values({"2", "4", "6", "1", "3", "5"})},
-      {"Companies" + joined + "WHERE ScheduleIDNum < 6", values({"2", "4", "6", "3", "5"})},
-      {"Companies" + joined + "ORDER BY SentByUserIDNum", values({"6", "3", "5", "2", "4", "1"})},
-      {"Companies AS c LEFT JOIN ClientNotification AS n ON c.CompanyID = n.CompanyIDNum",
-       values({"2", "4", "6", Null{}, "1", "3", "5"})},
-  };
-  for (const auto& [from, names] : cases)
-    EXPECT_EQ(column(desk, "SELECT Field1 FROM " + from + ";", "Field1"), names) << from;
+  for (const auto& row : rowsOf("rows of no order", 2))
+    EXPECT_EQ(cellOf(column(desk, "SELECT Field1 FROM " + row[0] + ";", "Field1")), row[1])
+        << row[0];
 }
 
 }  // namespace autonotify::host::conformance

@@ -13,9 +13,12 @@
 #include "host/demo/holidays.h"
 #include "platform/date_time_text.h"
 #include "platform/text.h"
+#include "support/text_table.h"
 
 namespace autonotify::host {
 namespace {
+
+constexpr const char* file = "firm_tables.txt";
 
 /// A firm in memory and questions about it.
 class Firm {
@@ -86,28 +89,13 @@ TEST(Schema, SqliteRefusesWrongTypes) {
 }
 
 TEST(Schema, FrequentLookupsUseAnIndex) {
-  const char* lookups[] = {
-      "ClientNotification WHERE ScheduleIDNum = 5 AND NotificationType = 1",
-      "ClientNotification WHERE NotificationDate <= '2026-01-01' AND NotificationSent=0",
-      "ClientNotification WHERE DocketIDNum=5 AND NotificationType = 1",
-      "Holidays WHERE HolidayDate = '2026-01-01'",
-      "ScheduleTypes WHERE TotalNum=101 AND ScheduleNum=-1",
-      "Schedule WHERE ClientNum = 3 AND Year = 2026 AND totalNum = 101 AND Closed=0",
-      "Tasks WHERE ScheduleIDNum=3",
-      "archiveSchedule WHERE oldScheduleID=3",
-      "archiveTasks WHERE ScheduleIDNum=3",
-      ("Contacts INNER JOIN ContactLinks ON Contacts.ContactID = ContactLinks.ContactIDNum WHERE "
-       "ContactLinks.CompanyNum = 3 AND ContactLinks.DefaultContact=1"),
-      "OperatingProcedures WHERE TaskIDNum =3 AND OpProcedureScopeType=2 ORDER BY OrderNum",
-      "UserGeneralSettings WHERE UserIDNum=3",
-  };
   Firm firm;
-  for (const std::string lookup : lookups) {
-    SQLite::Statement plan(firm.database(), "EXPLAIN QUERY PLAN SELECT * FROM " + lookup);
+  for (const auto& lookup : test::rowsOf(file, "lookups", 1)) {
+    SQLite::Statement plan(firm.database(), "EXPLAIN QUERY PLAN SELECT * FROM " + lookup[0]);
     while (plan.executeStep()) {
       const std::string step = plan.getColumn(3).getString();
-      EXPECT_EQ(step.find("SCAN"), std::string::npos) << lookup << ": " << step;
-      EXPECT_EQ(step.find("TEMP B-TREE"), std::string::npos) << lookup << ": " << step;
+      for (const char* slow : {"SCAN", "TEMP B-TREE"})
+        EXPECT_EQ(step.find(slow), std::string::npos) << lookup[0] << ": " << step;
     }
   }
 }
@@ -158,69 +146,11 @@ TEST(DemoFirm, MayHaveNoClientsOrALongPast) {
 }
 
 TEST(DemoFirm, HasTheSizeAndTheVarietyOfAFirmAndNoRowThatOughtNotToBeThere) {
-  const std::string channels =
-      "(SELECT COALESCE(SUM(NotificationType), 0) FROM ClientNotification ";
-  const std::string unwanted[] = {
-      "Schedule WHERE ClientNum >= 0 AND ContactIDNum >= 0",
-      "Schedule WHERE ClientNum NOT IN (SELECT ClientDataID FROM ClientData INNER JOIN Companies "
-      "ON CompanyIDNum = CompanyID) AND ContactIDNum NOT IN (SELECT ContactID FROM Contacts)",
-      "Schedule WHERE EmployeeAssigned NOT IN (SELECT DisplayName FROM AccountantEmployeeInfo)",
-      "Schedule WHERE NOT EXISTS (SELECT 1 FROM ScheduleTypes WHERE ScheduleTypes.TotalNum = "
-      "Schedule.totalNum AND ScheduleTypes.ScheduleNum = Schedule.scheduleNum)",
-      "Schedule WHERE ScheduleID NOT IN (SELECT ScheduleIDNum FROM Tasks)",
-      "Schedule WHERE ScheduleID IN (SELECT oldScheduleID FROM archiveSchedule)",
-      "Tasks WHERE UserIDNum NOT IN (SELECT ContactID FROM AccountantEmployeeInfo)",
-      // The bits of a task are the channels of its rows.
-      "Schedule WHERE notifyType <> " + channels + "WHERE ScheduleIDNum = ScheduleID)",
-      "Appointments WHERE notifyType <> " + channels + "WHERE ApptIDNum = AppointmentID)",
-      "Dockets WHERE notifyType <> " + channels + "WHERE DocketIDNum = DocketID)",
-      "Appointments WHERE ClientNotifiedFlag <> (notifyType > 0)",
-      "(SELECT 1 FROM ClientNotification WHERE ScheduleIDNum >= 0 GROUP BY ScheduleIDNum, "
-      "NotificationType HAVING COUNT(*) > 1)",
-      "ClientNotification WHERE NotificationSent <> (NotificationSentStatus > 1)",
-      "ClientNotification WHERE (SentTime IS NULL) <> (NotificationSentStatus <> 2)",
-      "ClientNotification WHERE NotificationType = 1 AND Field1 IS NULL",
-      "ClientNotification WHERE NotificationDate IN (SELECT HolidayDate FROM Holidays)",
-      "ClientNotification INNER JOIN Schedule ON ScheduleIDNum = ScheduleID WHERE Closed = 1 AND "
-      "NotificationSent = 0",
-      "(SELECT 1 FROM ContactLinks WHERE DefaultContact = 1 GROUP BY CompanyNum HAVING COUNT(*) > "
-      "1)",
-      "Companies INNER JOIN ContactLinks ON ContactLinks.CompanyNum = CompanyID INNER JOIN "
-      "Contacts ON ContactID = ContactIDNum WHERE DefaultContact = 1 AND DefaultContactName <> "
-      "DisplayName",
-      // Nothing in it reaches anyone.
-      "Contacts WHERE BusinessEmail NOT LIKE '%.example' OR PersonalEmail NOT LIKE '%.example' OR "
-      "SpouseEmail NOT LIKE '%.example' OR SocialInsuranceNumber NOT LIKE '0%'",
-      "Companies WHERE Email NOT LIKE '%.example' OR WebSite NOT LIKE '%.example'",
-      "Contacts WHERE BusinessPhone_Main NOT LIKE '(___) 555-01__' OR HomePhone_Main NOT LIKE "
-      "'(___) 555-01__' OR SpousePhone_Main NOT LIKE '(___) 555-01__'",
-  };
   Firm firm{DemoOptions{}};
-  for (const std::string& rows : unwanted) EXPECT_EQ(firm.count(rows), 0) << rows;
-  const std::tuple<std::string, int, int> cases[] = {
-      {"(SELECT DISTINCT CompanyName FROM Companies)", 200, 200},
-      {"Clients WHERE ContactIDNum > 0", 300, 300},
-      {"(SELECT DISTINCT DisplayName FROM AccountantEmployeeInfo)", 15, 15},
-      {"Schedule", 3400, 4600},
-      {"(SELECT DISTINCT totalNum FROM Schedule)", 14, 14},
-      {"archiveSchedule INNER JOIN archiveTasks ON oldScheduleID = ScheduleIDNum", 500, 9999},
-      {"AccountantFirmInfo, CustomFields, CustomAddressFields", 1, 1},
-      {"Companies WHERE DefaultContactName IS NULL", 3, 100},
-      {"Contacts WHERE BusinessEmail IS NULL AND PersonalEmail IS NULL", 3, 100},
-      // One key per client in all of the accounting tables.
-      {"ClientData INNER JOIN AccountingServices ON ClientDataID = AccountingServiceID INNER JOIN "
-       "ClientOptions ON ClientDataID = ClientOptionID INNER JOIN CorpTaxInfo ON ClientDataID = "
-       "CorpTaxInfoID INNER JOIN LawInfo ON ClientDataID = LawInfoID INNER JOIN OtherInfo ON "
-       "ClientDataID = OtherInfoID INNER JOIN WSIB_EHTInfo ON ClientDataID = WSIB_EHTInfoID",
-       200, 200},
-      {"(SELECT DISTINCT NotificationType, NotificationSentStatus FROM ClientNotification)", 12,
-       12},
-      {"ClientNotification WHERE NotificationSent = 0 AND NotificationDate <= '" +
-           dateTimeText(DemoOptions{}.today) + "'",
-       11, 199}};
-  for (const auto& [rows, atLeast, atMost] : cases) {
-    const int count = firm.count(rows);
-    EXPECT_TRUE(count >= atLeast && count <= atMost) << count << ' ' << rows;
+  const std::string today = dateTimeText(DemoOptions{}.today);
+  for (const auto& row : test::rowsOf(file, "counts in the demo firm, from and to", 3)) {
+    const int count = firm.count(replaceAll(row[0], "{today}", today));
+    EXPECT_TRUE(count >= std::stoi(row[1]) && count <= std::stoi(row[2])) << count << row[0];
   }
   for (const char* oddity : {"''", "\"", "#", "é", "\\", "{"})
     EXPECT_GT(firm.count("Companies WHERE instr(CompanyName, '" + std::string(oddity) + "')"), 0);
