@@ -1,46 +1,25 @@
 #pragma once
 
-#include <algorithm>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_columns.h"
-#include "platform/text.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 
-inline std::vector<std::string> split(const std::string& text, char separator = '|') {
-  std::vector<std::string> parts;
-  std::istringstream stream(text);
-  for (std::string part; std::getline(stream, part, separator);) parts.push_back(part);
-  return parts;
-}
-
-/// The rows of a table of merge_tables.txt, cut at their tabs and at least `cells` long.
+/// The rows of a table of merge_tables.txt.
 inline std::vector<std::vector<std::string>> rowsOf(const std::string& table, std::size_t cells) {
-  std::ifstream file(AUTONOTIFY_TEST_FOLDER "merge_tables.txt");
-  std::string line;
-  while (std::getline(file, line) && line != "[" + table + "]") continue;
-  std::vector<std::vector<std::string>> rows;
-  while (std::getline(file, line) && !line.empty()) {
-    rows.push_back(split(replaceAll(line, "\\r\\n", "\r\n"), '\t'));
-    rows.back().resize(std::max(cells, rows.back().size()));
-  }
-  EXPECT_FALSE(rows.empty()) << table;
-  return rows;
+  return rowsOf("merge_tables.txt", table, cells);
 }
 
 /// A host whose clients may have records.
 class RecordsTest : public HostTest {
  protected:
-  void insert(const std::string& row) { plainDatabase->connection().exec("INSERT INTO " + row); }
-
   /// A company with one of everything that its accounts are joined of.
   Id addAccountingClient(const RowFields& services = {}) {
     const Id company = addRow("Companies", {{"CompanyName", "Elm Ltd."}});

@@ -114,11 +114,7 @@ TEST_F(MergeData, DurationsCountMinuteBoundaries) {
 
 TEST_F(MergeData, ListsTheDocumentsOfATaskInOrder) {
   merge->taskID = 0;
-  insert(
-      "OperatingProcedures (TaskIDNum, OpProcedureScopeType, OrderNum, OpProcedureType, "
-      "OpProdedureName) VALUES (0, 2, 5, 1, 'Sign'), (0, 2, 1, 1, 'Call first'), "
-      "(0, 2, 2, 2, 'Bank statements'), (0, 2, 3, 1, ''), (0, 2, 4, 3, 'Of no listed type'), "
-      "(0, 1, 1, 1, 'Of another scope'), (18, 2, 1, 1, 'Of another task')");
+  addAllTold(*this, "merge_tables.txt", "documents of tasks");
   build(8);
   EXPECT_EQ(print("Client Documents & Instructions"),
             "\t- Call first\\par \r\n\t- Document Required - Bank statements\\par \r\n"
@@ -196,26 +192,20 @@ TEST_F(MergeData, ProvincesAreRecognizedByTheirForms) {
 }
 
 TEST_F(MergeData, CodesHaveTheirTextsAndOneForTheRest) {
+  constexpr string (*lookUps[])(std::int16_t&) = {
+      getCompanyTypeStringFromCompanyTypeNum,
+      getFinancialStatementsStringFromFinancialStatementsNum,
+      getRC59FormStatusStringFromRC59FormStatusNum,
+      getRC59PermissionStringFromRC59PermissionNum,
+      getGSTFilingMethodStringFromGSTFilingMethodNum,
+      getCorporationTypeStringFromCorporationTypeNum,
+      getCorporationLevelStringFromCorporationLevelNum};
   // Of the codes from 0 on; the last is that of all others too.
-  for (const auto& [lookUp, texts] :
-       {std::pair{&getCompanyTypeStringFromCompanyTypeNum,
-                  "Unknown|Corporation|Sole Proprietorship|Partnership|Non Profit|Trust|Joint "
-                  "Venture|S Corporation|LLP|LLC|Fiduciary|Unknown"},
-        {&getFinancialStatementsStringFromFinancialStatementsNum,
-         "Not Specified|Not Specified|Compilation (NTR)|Review Engagement|Review Engagement with "
-         "Differential Reporting|Audit|Not Specified"},
-        {&getRC59FormStatusStringFromRC59FormStatusNum,
-         "Not Filed|Awaiting Signature|CRA Processing|Completed|Not Filed"},
-        {&getRC59PermissionStringFromRC59PermissionNum, "None|Full|Limited|None"},
-        {&getGSTFilingMethodStringFromGSTFilingMethodNum,
-         "Not Specified|Traditional|Simple Method|Quick Method|Not Specified"},
-        {&getCorporationTypeStringFromCorporationTypeNum, "CCPC|Regular Corporation|CCPC"},
-        {&getCorporationLevelStringFromCorporationLevelNum,
-         "Federal Corporation|Federal Corporation|Provincial Corporation|Federal Corporation"}}) {
-    const vector<string> expected = split(texts);
-    for (std::int16_t code = 0; code < std::ssize(expected); ++code)
-      EXPECT_EQ(lookUp(code), expected[static_cast<std::size_t>(code)]) << code;
-    for (std::int16_t other : {-1, 32767}) EXPECT_EQ(lookUp(other), expected.back());
+  for (std::size_t i = 0; const vector<string>& texts : rowsOf("codes", 3)) {
+    const auto lookUp = lookUps[i++];
+    for (std::int16_t code = 0; code < std::ssize(texts); ++code)
+      EXPECT_EQ(lookUp(code), texts[static_cast<std::size_t>(code)]) << code;
+    for (std::int16_t other : {-1, 32767}) EXPECT_EQ(lookUp(other), texts.back());
   }
   std::int16_t partnership = 3;
   live(9, 3);

@@ -15,18 +15,7 @@ const string mergedLetter =
 
 /// One client with a task, whose keys are all 1, labels and a document.
 void fillOffice(TableRows rows) {
-  rows.addSchedule(1, 1, DateTime::of(2026, 4, 30), {{"ClientNum", "1"}});
-  rows.addRow("Appointments", {{"TimeFrom", "9:00"}, {"TimeTo", "9:45"}});
-  rows.addRow("Companies", {{"CompanyName", "Elm Ltd."}, {"City", "Guelph"}, {"Province", "ON"}});
-  rows.addRow("ClientData", {{"CompanyIDNum", "1"}});
-  rows.addRow("Contacts", {{"DisplayName", "Anna Lee"}, {"InheritCompanyInfo", "True"}});
-  rows.addTask(1, "GST");
-  rows.addRow("CustomFields", {{"ApptCustomName1", "Room:"}, {"ApptCustomName2", "Custom 2:"}});
-  rows.addRow("CustomAddressFields", {{"CompanyLabel3", "Region"}});
-  rows.addRow("OperatingProcedures", {{"TaskIDNum", "1"},
-                                      {"OpProcedureScopeType", "2"},
-                                      {"OpProcedureType", "1"},
-                                      {"OpProdedureName", "Call first"}});
+  addAllTold(rows, "merge_tables.txt", "office");
 }
 
 void setUp(clsInsertFieldsInRTB& merge) {

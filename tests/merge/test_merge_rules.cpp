@@ -59,15 +59,10 @@ TEST_F(MergeRules, SpellMarksForRichTextAndKeepBlankLines) {
 
 TEST_F(MergeRules, NameAPersonInPlaceOfTheCompanyThatTheyLack) {
   merge->ConvertCompanyNameToContactNameForContacts = true;
-  for (const auto& [contact, company, text, result] :
-       {std::tuple{3, -1, "For «Company Name»", "For Anna Lee"},
-        {3, 0, R"(For \'abCompany Name\'bb)", "For Anna Lee"},
-        {3, -1, "For «Company Name» of «Contact Display Name»", "For Elm Ltd. of Anna Lee"},
-        {0, -1, "For «Company Name»", "For Elm Ltd."},
-        {3, 1, "For «Company Name»", "For Elm Ltd."}}) {
-    merge->contactID = contact;
-    merge->companyID = company;
-    EXPECT_EQ(merged(text + longEnough), result + longEnough) << contact << '/' << company;
+  for (const auto& row : rowsOf("names in place of the company", 4)) {
+    merge->contactID = std::stoi(row[0]);
+    merge->companyID = std::stoi(row[1]);
+    EXPECT_EQ(merged(row[2] + longEnough), row[3] + longEnough) << row[0] << '/' << row[1];
   }
 }
 
@@ -93,18 +88,12 @@ class MergeValidation : public MergeTest {
 
 TEST_F(MergeValidation, ChecksTheTemplateOfTodayForItsKindOfText) {
   const string bare = "Dear «Foo» and «Bar», we write to you as you know";
-  const string escaped = R"(Dear \'abFoo\'bb, we write to you, as you know well)";
-  for (const auto& [text, isRTF, skipsNames, name] :
-       {std::tuple{bare, false, false, "«Foo»"},
-        {bare, false, true, ""},
-        {bare, true, false, ""},
-        {escaped, true, false, "«Foo»"},
-        {escaped, false, false, ""},
-        {"Dear «Remittance Due Date» and «todays date» as you know", false, false, ""},
-        {"Dear «Contact Full Name», we write to you", false, false, "«Contact Display Name»"}}) {
+  for (const auto& row : rowsOf("names found unknown", 4)) {
+    const string& name = row[3];
     messages = {""};
-    EXPECT_EQ(merge->testRTBComment(text, isRTF, true, skipsNames), *name != 0) << text;
-    EXPECT_EQ(messages.size(), *name ? 2U : 1U) << text;
+    EXPECT_EQ(merge->testRTBComment(row[0], row[1] == "rich", true, !row[2].empty()),
+              !name.empty());
+    EXPECT_EQ(messages.size(), name.empty() ? 1U : 2U) << row[0];
     EXPECT_THAT(messages.back(), testing::HasSubstr(name));
   }
   messages.clear();

@@ -62,20 +62,16 @@ TEST_F(MergeStatements, AreThoseOfTheFile) {
   note("on demand", [&] { readOnDemand(1); });
   note("on demand in bulk", [&] { readOnDemand(2); });
   note("the task of an entry", [&] { merge->put_scheduleID(41); });
-  expectGolden(AUTONOTIFY_TEST_FOLDER "merge_statements.txt", noted);
-}
-
-TEST_F(MergeStatements, SelectAndOrderTheAccountsThatTheClientListShows) {
-  const std::string shown = "WHERE ClientData.ShowThisClient = True";
-  for (const auto& [showOnly, statusMode, id, order, tail] :
-       {std::tuple{true, 1, -1, 0, shown + " AND ClientData.ActiveStatus=1 ;"},
-        {true, 3, 0, 0, shown + " AND ClientData.ClientDataID=0 ;"},
-        {false, 2, -1, 5, "WHERE NOT ClientData.ActiveStatus=1 ;"},
-        {false, 3, -1, 1, "Clients.CompanyIDNum ORDER BY Companies.CompanyName;"},
-        {false, 3, -1, 2, "ORDER BY Companies.CorporateName;"}}) {
+  for (const auto& [showOnly, statusMode, id, order] : {std::tuple{true, 1, -1, 0},
+                                                        {true, 3, 0, 0},
+                                                        {false, 2, -1, 5},
+                                                        {false, 3, -1, 1},
+                                                        {false, 3, -1, 2}}) {
     plainClients.setListOrder(order);
-    EXPECT_THAT(getMainBusinessSQLString(showOnly, statusMode, id), testing::EndsWith(tail));
+    noted += "[accounts in order " + std::to_string(order) + "]\n";
+    noted += getMainBusinessSQLString(showOnly, statusMode, id) + "\n";
   }
+  expectGolden(AUTONOTIFY_TEST_FOLDER "merge_statements.txt", noted);
 }
 
 }  // namespace

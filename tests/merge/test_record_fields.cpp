@@ -36,39 +36,26 @@ class RecordFieldsTest : public RecordsTest {
 };
 
 TEST_F(RecordFieldsTest, GiveAnInheritingContactTheAddressOfTheCompany) {
-  insert(
-      "Companies (OfficeNumber, FaxNumber, Address, City, Province, Country) VALUES "
-      "('555-1000', '555-1001', '1 Elm Street', 'Guelph', 'Ontario', 'Canada')");
-  for (const char* inherits : {"0", "1"})
-    insert(string("Contacts (BusinessPhone_Main, BusinessPhone_Fax, BusinessAddress, "
-                  "BusinessPostalCode, BusinessProvince, FirstName, InheritCompanyInfo) VALUES "
-                  "('555-2000', '555-2001', '2 Oak Street', 'N1G 2W1', 'Quebec', 'Anna', ") +
-           inherits + ")");
-  insert("Contacts (InheritCompanyInfo) VALUES (1)");
-  const char* own = "555-2000|555-2001|2 Oak Street||N1G 2W1|Quebec|QC|Anna|";
-  for (const auto& [companyID, contactID, values] :
-       {std::tuple{1, 2, "555-2000|555-2001|1 Elm Street|Guelph|N1G 2W1|Ontario|QC|Anna|Canada"},
-        {1, 3, "555-1000|555-1001|1 Elm Street|Guelph||Ontario|||Canada"},
-        {77, 2, own},
-        {-1, 2, own},
-        {1, 1, own}}) {
-    scope.ids.companyID = companyID;
-    scope.ids.contactID = contactID;
+  addAllTold(*this, "merge_tables.txt", "company with contacts");
+  for (const auto& row : rowsOf("inheritance", 3)) {
+    scope.ids.companyID = std::stoi(row[0]);
+    scope.ids.contactID = std::stoi(row[1]);
     open();
     EXPECT_EQ(read(contact,
                    "BusinessPhone_Main|BusinessPhone_Fax|BusinessAddress|BusinessCity|"
                    "BusinessPostalCode|BusinessProvince|BusinessAbbreviatedProvince|FirstName|"
                    "BusinessCountry"),
-              values)
-        << companyID << '/' << contactID;
+              row[2])
+        << row[0] << '/' << row[1];
   }
 }
 
 TEST_F(RecordFieldsTest, NameTheFifthCustomFieldOfACompanyInTheSetUpAlone) {
-  insert(
-      "Contacts (DisplayName, HomeProvince, AltProvince, Custom5) VALUES ('Anna Lee', "
-      "'british columbia', 'Bavaria', 'Fifth')");
-  insert("Companies (Custom1, Custom5) VALUES ('One', 'Five')");
+  addRow("Contacts", {{"DisplayName", "Anna Lee"},
+                      {"HomeProvince", "british columbia"},
+                      {"AltProvince", "Bavaria"},
+                      {"Custom5", "Fifth"}});
+  addRow("Companies", {{"Custom1", "One"}, {"Custom5", "Five"}});
   scope.ids.companyID = scope.ids.contactID = 1;
   EXPECT_EQ(read(contact,
                  "ContactAndSpouseName|ALTAbbreviatedProvince|ContactCustom5|"

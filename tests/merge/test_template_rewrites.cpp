@@ -40,18 +40,14 @@ std::map<string, Rules> readRules() {
   return books;
 }
 
-constexpr char headers[] =
-    "[Appointment Info]|[Task Info]|[Time Entry Info]|[Company Address Info]|"
-    "[Default Contact Name]|[Company Accounting Info]|[Company Software Info]|"
-    "[More Contact Info]|[Company Info]";
-
 string applyInOrder(string text, const Rules& rules) {
   for (const Rule& rule : rules) text = replaceAllIgnoreCase(text, rule.from, rule.to);
   return text;
 }
 
 string tidied(string text) {
-  for (const string& header : split(headers)) text = replaceAllIgnoreCase(text, header, "");
+  static const auto headers = rowsOf("headers", 1);
+  for (const auto& row : headers) text = replaceAllIgnoreCase(text, row[0], "");
   if (characterCount(text) > 40) return text;
   if (text.find("«") == string::npos) text = "«" + text;
   return text.find("»") == string::npos ? text + "»" : text;
@@ -59,10 +55,9 @@ string tidied(string text) {
 
 /// The rules' own pieces: texts of them make many rules meet and make work for each other.
 vector<string> piecesOf(const std::map<string, Rules>& books) {
-  vector<string> pieces = split(headers);
-  for (const string& piece : split("«|»|<|>|\\'ab|\\'bb|(|)|, | |\\par |é|\xC2|\xAB|[|]|D|Due Date|"
-                                   "Long |Date|<<(Due Date"))
-    pieces.push_back(piece);
+  vector<string> pieces;
+  for (const char* table : {"headers", "pieces of templates"})
+    for (const auto& row : rowsOf(table, 1)) pieces.push_back(row[0]);
   for (const auto& [name, rules] : books)
     for (const auto& [from, to] : rules) {
       const std::size_t half = from.size() / 2;
