@@ -8,62 +8,26 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "platform/PlatformError.h"
 #include "support/host_wrappers.h"
+#include "support/temporary_folder.h"
+#include "support/text_table.h"
 
 namespace autonotify::host {
 namespace {
 
 TEST(PersonNamesTest, coupleName) {
-  // display, first, last, spouse's first, last and whole name
-  const std::tuple<PersonNames, const char*, const char*> cases[] = {
-      {{"Jane Smith", "Jane", "Smith", "John", "Smith", ""},
-       "Jane & John Smith",
-       "Jane Smith & John Smith"},
-      {{"", "Jane", "Smith", "John", "", ""}, "Jane & John Smith", "Jane Smith & John Smith"},
-      {{"", "Élodie", "Côté", "Luc", "CÔTÉ", ""}, "Élodie & Luc Côté", "Élodie Côté & Luc CÔTÉ"},
-      {{"", "Jane", "Smith", "John", "Doe", ""}, "Jane Smith & John Doe", "Jane Smith & John Doe"},
-      {{"", "Jane", "Smith", "", "", "John Doe"}, "Jane Smith & John Doe", "Jane Smith & John Doe"},
-      {{"J. Smith", "", "", "", "", "John Doe"}, "J. Smith & John Doe", "J. Smith & John Doe"},
-      {{"J. Smith", "Jane", "Smith", "", "", ""}, "J. Smith", "J. Smith"},
-      {{"", "Jane", "Smith", "", "", ""}, "Jane Smith", "Jane Smith"},
-      {{"", "Jane", "", "John", "", ""}, "Jane & John", "Jane & John"},
-      {{"", "", "", "", "", ""}, "", ""}};
-  for (const auto& [names, shared, full] : cases) {
-    EXPECT_EQ(coupleName(names, true), shared);
-    EXPECT_EQ(coupleName(names, false), full);
+  // display, first, last, spouse's first, last and whole name; with one last name, with both
+  for (const auto& row : test::rowsOf("client_texts.txt", "couples", 8)) {
+    const PersonNames names{row[0], row[1], row[2], row[3], row[4], row[5]};
+    EXPECT_EQ(coupleName(names, true), row[6]);
+    EXPECT_EQ(coupleName(names, false), row[7]);
   }
 }
 
 class ClientDirectoryTest : public testing::Test {
  protected:
-  ClientDirectoryTest() {
-    exec(
-        "INSERT INTO Companies (CompanyID, CompanyName, CorporateName, ClientIDStr, PartnerName,"
-        " AccountantName, OfficeNumber, FaxNumber, Email, DefaultContactName,"
-        " DefaultContactPhoneNumber, DefaultContactEmail) VALUES"
-        " (10, 'Harbour Cafe', 'Harbour Inc.', 'HC1', 'P. Partner', 'A. Accountant', '555-0100',"
-        "  '555-0101', 'cafe@x.example', 'Stored Name', '555-0102', 'stored@x.example'),"
-        " (11, '', 'Numbered Ltd.', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL),"
-        " (12, 'Hidden', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL);"
-        "INSERT INTO ClientData (ClientDataID, CompanyIDNum, ShowThisClient) VALUES"
-        " (100, 10, 1), (101, 11, 1), (102, 12, 0);"
-        "INSERT INTO Contacts (ContactID, DisplayName, FirstName, LastName, SpouseFirstName,"
-        " ClientIDStr, PartnerName, AccountantName, BusinessPhone_Main, HomePhone_Main,"
-        " BusinessPhone_Fax, HomePhone_Fax, BusinessEmail, PersonalEmail) VALUES"
-        " (20, 'Jane Smith', 'Jane', 'Smith', 'John', 'JS', 'P. Partner', 'A. Accountant',"
-        "  '555-0110', '555-0111', '', '555-0112', 'jane@work.example', 'jane@home.example'),"
-        " (21, NULL, 'Luc', 'Roy', NULL, NULL, NULL, NULL, NULL, '555-0120', NULL, NULL, '',"
-        "  'luc@home.example');"
-        "INSERT INTO ContactLinks (ContactIDNum, CompanyNum, DefaultContact) VALUES"
-        " (20, 11, 0), (21, 11, 1), (20, 11, 1), (20, 10, 0);"
-        "INSERT INTO AccountantFirmInfo (CompanyName, CorporateName) VALUES"
-        " (NULL, ''), ('', 'Fisher & Lind');"
-        "INSERT INTO AccountantEmployeeInfo (ContactID, DisplayName) VALUES"
-        " (5, 'Émile Côté'), (6, 'Ann Lee');"
-        "INSERT INTO Categories (CategoryID, CategoryName, CategorySpecialCode) VALUES"
-        " (30, 'Business Clients', 2), (31, 'Address Book', 1), (32, 'Other', NULL);");
-  }
+  ClientDirectoryTest() { exec(test::readFile(AUTONOTIFY_TEST_FOLDER "clients.sql")); }
 
-  void exec(const char* sql) { inner->connection().exec(sql); }
+  void exec(const std::string& sql) { inner->connection().exec(sql); }
 
   std::unique_ptr<SqliteDatabase> inner = createSqliteInMemory();
   test::HostCalls calls;
@@ -105,31 +69,15 @@ TEST_P(ClientDirectoryModes, knowsAndNamesWhoIsAClient) {
 }
 
 TEST_P(ClientDirectoryModes, givesInfoItems) {
-  struct Case {
-    std::int16_t item;
-    const char* stored;     ///< a company that holds all of them
-    const char* ofContact;  ///< a company that holds none, with contact 21 as the default
-    const char* contact;    ///< contact 20
-  };
-  const Case cases[] = {
-      {info_item::clientId, "HC1", "", "JS"},
-      {info_item::supervisingPartner, "P. Partner", "", "P. Partner"},
-      {info_item::managingAccountant, "A. Accountant", "", "A. Accountant"},
-      {info_item::phone, "555-0100", "", "555-0110"},
-      {info_item::fax, "555-0101", "", "555-0112"},
-      {info_item::email, "cafe@x.example", "", "jane@work.example"},
-      {info_item::defaultContactName, "Stored Name", "Luc Roy", ""},
-      {info_item::defaultContactPhone, "555-0102", "555-0120", ""},
-      {info_item::defaultContactEmail, "stored@x.example", "luc@home.example", ""},
-      {0, "", "", ""},
-      {11, "", "", ""},
-  };
-  for (const Case& each : cases) {
-    EXPECT_EQ(directory.getCompanyInfoItem(10, each.item), each.stored) << each.item;
-    EXPECT_EQ(directory.getCompanyInfoItem(11, each.item), each.ofContact) << each.item;
-    EXPECT_EQ(directory.getContactInfoItem(20, each.item), each.contact) << each.item;
-    EXPECT_EQ(directory.getCompanyInfoItem(-1, each.item), "");
-    EXPECT_EQ(directory.getContactInfoItem(99, each.item), "");
+  // Of a company that holds all of them, of one that holds none, with contact 21 as its default,
+  // and of contact 20.
+  for (const auto& row : test::rowsOf("client_texts.txt", "info items", 5)) {
+    const auto item = static_cast<std::int16_t>(std::stoi(row[0]));
+    EXPECT_EQ(directory.getCompanyInfoItem(10, item), row[2]) << row[1];
+    EXPECT_EQ(directory.getCompanyInfoItem(11, item), row[3]) << row[1];
+    EXPECT_EQ(directory.getContactInfoItem(20, item), row[4]) << row[1];
+    EXPECT_EQ(directory.getCompanyInfoItem(-1, item), "");
+    EXPECT_EQ(directory.getContactInfoItem(99, item), "");
   }
 }
 

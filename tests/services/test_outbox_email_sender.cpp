@@ -15,6 +15,7 @@
 #include "support/fixed_clock.h"
 #include "support/full_disk.h"
 #include "support/temporary_folder.h"
+#include "support/text_table.h"
 
 namespace {
 
@@ -136,19 +137,7 @@ TEST_F(OutboxEmailSenderTest, anothersMessageThatComesMeanwhileStaysTheOnlyOne) 
 
 TEST_F(OutboxEmailSenderTest, aMessageHasTheIdentityOfTheRowThatHoldsItsWordsOrIsOneOfItsOwn) {
   const auto database = createSqliteInMemory();
-  const std::string words = ", 'jane@client.example', 'Your T4 Summary is due', ";
-  const std::string memo = "'{\\rtf1 Dear Jane,\\par }', ";
-  for (const std::string& row : {
-           "1" + words + memo + "'2026-04-15 09:30:02', 'left@client.example', 0",
-           "1" + words + memo + "'2026-04-15 09:30:01', NULL, 0",
-           "1" + words + "'Dear John', '2026-04-15 09:30:03', NULL, 0",
-           "1" + words + memo + "'2026-04-15 09:30:03', NULL, 1",
-           "2" + words + memo + "'2026-04-15 09:30:03', NULL, 0",
-       })
-    database->connection().exec(
-        "INSERT INTO ClientNotification (NotificationType, Field1, Field4, Memo, "
-        "ClientNotificationModifiedStamp, Field2, NotificationSent) VALUES (" +
-        row + ");");
+  database->connection().exec(readFile(AUTONOTIFY_TEST_FOLDER "emails_of_rows.sql"));
   const auto identityOf = [](Id row) { return "firm-1/" + std::to_string(row); };
   const auto newWords = [&] {
     OutboxEmailSender sender(
@@ -180,19 +169,10 @@ TEST_F(OutboxEmailSenderTest, aMessageHasTheIdentityOfTheRowThatHoldsItsWordsOrI
 }
 
 TEST_F(OutboxEmailSenderTest, refusesMessagesThatCannotGo) {
-  const struct {
-    const char *to, *cc, *sentence;
-  } cases[] = {
-      {"", "", "The message has no recipient."},
-      {" ; ", "", "The message has no recipient."},
-      {"jane", "", "\"jane\" is not a valid email address."},
-      {"jane@client.example", "x@", "\"x@\" is not a valid email address."},
-      {"jane@client.example\r\nBcc: evil@x.example", "", "\"Bcc: evil@x.example\" is not a valid"},
-  };
-  for (const auto& [to, cc, sentence] : cases) {
-    OutboxEmailSender sender = newSender(to);
-    sender.put_cc(cc);
-    expectRefused(sender, sentence);
+  for (const auto& row : test::rowsOf("mail_texts.txt", "messages that cannot go", 3)) {
+    OutboxEmailSender sender = newSender(row[0]);
+    sender.put_cc(row[1]);
+    expectRefused(sender, row[2]);
   }
   EXPECT_EQ(folder.fileCount(), 0u);
 }
