@@ -1,14 +1,12 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "contacts/modDatabaseFunctions.h"
 #include "platform/controls/ComboBox.h"
 
 namespace autonotify::test {
 
-using List = std::vector<std::string>;
 /// Fills the combo box for a client; with `select` the likeliest text is put in place.
 using Fill = void (*)(Id client, ComboBox& combo, bool select);
 
@@ -24,15 +22,33 @@ inline void firmFaxes(Id, ComboBox& combo, bool) {
   populateAccountingFirmsAndStaffFaxNumbersInCombo(combo);
 }
 
-/// What is filled in for "old", and behind it the text put in place, marked.
-inline List filled(Fill fill, Id client, bool select = true) {
+struct NamedFill {
+  const char* name;
+  bool isOfCompany;
+  Fill fill;
+};
+inline constexpr NamedFill fills[] = {
+    {"companyEmails", true, companyEmails},
+    {"contactEmails", false, contactEmails},
+    {"companyFaxes", true, populateCompanyAndContactFaxNumbersInCombo},
+    {"contactFaxes", false, populateContactFaxNumbersInCombo},
+    {"firmFaxes", false, firmFaxes},
+    {"companyPhones", true, populateCompanyAndContactPhoneNumbersInCombo},
+    {"contactPhones", false, populateContactPhoneNumbersInCombo},
+    {"faxRecipients", true, populateCompanyAndContactFaxRecipientInCombo},
+    {"faxRecipient", false, populateContactFaxRecipientInCombo},
+    {"companyNames", true, populateCompanyContactNamesInCombo},
+    {"contactNames", false, populateContactContactNamesInCombo},
+};
+
+/// What is filled in for "old", and behind it the text put in place, marked; a bar behind each.
+inline std::string filled(Fill fill, Id client, bool select = true) {
   ComboBox combo;
   combo.addItem("old");
   fill(client, combo, select);
-  List list;
-  for (const auto& entry : combo.entries()) list.push_back(entry.text);
-  if (!combo.text().empty()) list.push_back("-> " + combo.text());
-  return list;
+  std::string list;
+  for (const auto& entry : combo.entries()) list += entry.text + "|";
+  return list + (combo.text().empty() ? "" : "-> " + combo.text() + "|");
 }
 
 }  // namespace autonotify::test

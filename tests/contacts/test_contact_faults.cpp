@@ -7,6 +7,7 @@
 #include "contacts/modDefaultContact.h"
 #include "platform/controls/RichTextBox.h"
 #include "support/fault_walk.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -19,20 +20,7 @@ const HeadingParts greeted{day, true};
 
 /// One company and its two contacts, of whom Al is the default.
 void fillAddressBook(TableRows rows) {
-  const Id main = rows.addRow("Categories", {{"CategoryName", "Main"}, {"CategorySpecialCode", 1}});
-  const Id category =
-      rows.addRow("Categories", {{"CategoryName", "Clients"}, {"CategoryNum", main}});
-  rows.addRow("Companies", {{"CompanyName", "Acme"}, {"Email", "a@x"}, {"CategoryNum", category}});
-  rows.addRow("CompaniesNotes", {{"CompanyNum", company}});
-  for (const char* name : {"Al", "Jo"})
-    rows.addRow("Contacts", {{"DisplayName", name},
-                             {"BusinessEmail", name},
-                             {"HomeCity", "Hull"},
-                             {"InheritCompanyInfo", "True"}});
-  rows.linkDefaultContact(al, company);
-  rows.addRow("ContactLinks", {{"ContactIDNum", jo}, {"CompanyNum", company}});
-  rows.addRow("AccountantFirmInfo", {{"Email", "firm@x"}});
-  rows.addRow("AccountantEmployeeInfo", {{"DisplayName", "Cy"}, {"CompanyNum", 1}});
+  addAllTold(rows, "address_book.txt", "faults");
 }
 
 std::string written(TestHost& host) {
@@ -40,13 +28,6 @@ std::string written(TestHost& host) {
          host.dump("SELECT * FROM CompaniesNotes");
 }
 
-WalkedOperation lists(const char* name, Id client, Fill fill) {
-  return gives(name, "old|", [fill, client] {
-    std::string text;
-    for (const std::string& line : filled(fill, client)) text += line + "|";
-    return text;
-  });
-}
 template <class Call>
 WalkedOperation changes(const char* name, const char* text, const char* byDefault, Call call) {
   const auto run = [call, text] {
@@ -60,7 +41,16 @@ WalkedOperation changes(const char* name, const char* text, const char* byDefaul
 
 const char* const headed = " Jo\r\n\r\nHull\r\n\r\nx";
 
-const WalkedOperation operations[] = {
+/// The operations, and each list that is filled.
+std::vector<WalkedOperation> withLists(std::vector<WalkedOperation> operations) {
+  for (const auto& [name, isOfCompany, fill] : fills)
+    operations.push_back(gives(name, "old|", [fill = fill, client = isOfCompany ? company : jo] {
+      return filled(fill, client);
+    }));
+  return operations;
+}
+
+const std::vector<WalkedOperation> operations = withLists({
     gives("companyAddress", "",
           [] {
             bool person = true;
@@ -75,17 +65,6 @@ const WalkedOperation operations[] = {
             [](RichTextBox& box) { insertBusinessAddress(box, company, greeted); }),
     changes("removal", headed, headed,
             [](RichTextBox& box) { removeContactPersonalAddress(box, jo, {}); }),
-    lists("companyEmails", company, companyEmails),
-    lists("contactEmails", jo, contactEmails),
-    lists("companyFaxes", company, populateCompanyAndContactFaxNumbersInCombo),
-    lists("contactFaxes", jo, populateContactFaxNumbersInCombo),
-    lists("firmFaxes", noId, firmFaxes),
-    lists("companyPhones", company, populateCompanyAndContactPhoneNumbersInCombo),
-    lists("contactPhones", jo, populateContactPhoneNumbersInCombo),
-    lists("faxRecipients", company, populateCompanyAndContactFaxRecipientInCombo),
-    lists("faxRecipient", jo, populateContactFaxRecipientInCombo),
-    lists("companyNames", company, populateCompanyContactNamesInCombo),
-    lists("contactNames", jo, populateContactContactNamesInCombo),
     gives("check", "-1", [] { return std::to_string(checkForDefaultContact(company, noId)); }),
     gives("setDefault", "0", [] { return std::to_string(setContactAsDefault(company, jo)); }),
     writes("setNone", [] { setNoContactAsDefault(company); }),
@@ -100,7 +79,7 @@ const WalkedOperation operations[] = {
             text.generateCategoryText();
             return text.CategoryText;
           }),
-};
+});
 
 class ContactFaults : public testing::TestWithParam<WalkedOperation> {};
 

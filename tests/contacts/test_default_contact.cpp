@@ -2,21 +2,17 @@
 #include "contacts/modDefaultContact.h"
 #include "platform/rich_text.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
 
 class DefaultContact : public HostTest {
  protected:
-  DefaultContact() { addRow("CompaniesNotes", {{"CompanyNum", company}}); }
+  static constexpr Id company = 1, al = 1, jo = 2;
 
-  Id addContact(const char* name, const RowFields& more = {}) {
-    RowFields fields{{"DisplayName", name}};
-    fields.insert(fields.end(), more.begin(), more.end());
-    const Id id = addRow("Contacts", fields);
-    addRow("ContactLinks", {{"ContactIDNum", id}, {"CompanyNum", company}});
-    return id;
-  }
+  DefaultContact() { addAllTold(*this, "address_book.txt", "default contact"); }
+
   std::string defaults() {
     return dump(
         "SELECT DISTINCT ContactIDNum FROM ContactLinks WHERE DefaultContact<>0 ORDER BY 1");
@@ -29,15 +25,6 @@ class DefaultContact : public HostTest {
   std::string summary() {
     return plainTextOf(toText(valueOf("CompaniesNotes", "ContactNotes", "CompanyNum=1")));
   }
-
-  Id company = addRow("Companies", {{"CompanyName", "Acme"}, {"FaxNumber", "9"}});
-  Id al = addContact("Al", {{"HomePhone_Main", "1"},
-                            {"BusinessPhone_Fax", "2"},
-                            {"BusinessEmail", "al@x"},
-                            {"PersonalEmail", "al@home"}});
-  Id jo = addContact(
-      "Zoë",
-      {{"BusinessPhone_Main", "3"}, {"PersonalEmail", "zoe@x"}, {"InheritCompanyInfo", "True"}});
 };
 
 TEST_F(DefaultContact, ExactlyOneIsLeft) {
@@ -87,7 +74,9 @@ TEST_F(DefaultContact, SummariesFollowTheDefaultContact) {
   EXPECT_EQ(summary(), "Al\nFax: 2\nEmail: al@x");
   saveContactBusinessRTF(99, company);
   EXPECT_EQ(summary(), "Al\nFax: 2\nEmail: al@x");
-  saveContactBusinessRTF(addContact(""), company);
+  const Id nameless = addRow("Contacts", {{"DisplayName", ""}});
+  addRow("ContactLinks", {{"ContactIDNum", nameless}, {"CompanyNum", company}});
+  saveContactBusinessRTF(nameless, company);
   EXPECT_EQ(summary(), "") << "there is such a contact";
 }
 

@@ -2,6 +2,7 @@
 #include "platform/controls/RichTextBox.h"
 #include "platform/text.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -20,30 +21,13 @@ AddressRecord recordOf(std::initializer_list<std::pair<AddressField, const char*
 using enum AddressField;
 
 TEST_F(HostTest, AddressBlocksByTheirFields) {
-  const struct {
+  constexpr AddressField fields[] = {businessName, personName, street, city,
+                                     province,     postalCode, country};
+  for (const auto& row : rowsOf("address_blocks.txt", "blocks", 8)) {
     AddressRecord record;
-    const char* block;
-  } cases[] = {
-      {recordOf({}), ""},
-      {recordOf({{businessName, " Acme "},
-                 {personName, "Jo"},
-                 {street, "1 Elm\r\nSuite 2 "},
-                 {city, "Ottawa"},
-                 {province, "ON"},
-                 {postalCode, "K2G 0Z1"},
-                 {country, "Canada"}}),
-       "Acme|Jo|1 Elm|Suite 2|Ottawa, ON  K2G 0Z1"},
-      {recordOf({{street, "1 Elm"}}), "1 Elm|"},
-      {recordOf({{street, "1 Elm"}, {country, " cda "}}), "1 Elm|"},
-      {recordOf({{street, "1 Elm"}, {country, "Ca"}}), "1 Elm|"},
-      {recordOf({{street, "1 Elm"}, {city, "Ottawa"}, {postalCode, "K2G"}}), "1 Elm|Ottawa  K2G"},
-      {recordOf({{street, "1 Elm"}, {province, "ON"}, {country, "USA"}}), "1 Elm|ON|USA"},
-      {recordOf({{street, "1 Elm"}, {postalCode, "K2G"}}), "1 Elm|K2G"},
-      {recordOf({{personName, "Jo"}, {city, "Ottawa"}}), "Jo||Ottawa"},
-      {recordOf({{personName, "Jo"}, {province, "ON"}, {country, "can"}}), "Jo|ON"},
-      {recordOf({{country, "Canadas"}}), "|Canadas"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(shown(createAddress(c.record, true, false)), c.block);
+    for (std::size_t i = 0; i < std::size(fields); ++i) record[fields[i]] = row[i];
+    EXPECT_EQ(shown(createAddress(record, true, false)), row[7]);
+  }
   EXPECT_EQ(createAddress(recordOf({{personName, "Jo"}}), false, false), "");
 }
 
@@ -66,29 +50,10 @@ constexpr AddressParts everything{true, true, true};
 
 class Addresses : public HostTest {
  protected:
-  Id company = addRow("Companies", {{"CompanyName", "Acme"},
-                                    {"Address", "1 Elm"},
-                                    {"City", "Ottawa"},
-                                    {"OfficeNumber", "1"},
-                                    {"FaxNumber", "2"},
-                                    {"Email", "a@x"}});
-  Id contact = addRow("Contacts", {{"DisplayName", "Jo Park"},
-                                   {"BusinessName", "Jo Inc"},
-                                   {"BusinessAddress", "9 Oak"},
-                                   {"BusinessProvince", "QC"},
-                                   {"BusinessPhone_Main", "3"},
-                                   {"BusinessPhone_Cell", "4"},
-                                   {"BusinessEmail", "jo@x"},
-                                   {"InheritCompanyInfo", "True"},
-                                   {"HomeAddress", "5 Fir"},
-                                   {"HomePhone_Main", "6"},
-                                   {"PersonalEmail", "jo@home"}});
-  Id firm = addRow("AccountantFirmInfo",
-                   {{"CompanyName", "Firm"}, {"Address", "7 Ash"}, {"OfficeNumber", "8"}});
-  Id staff = addRow("AccountantEmployeeInfo", {{"DisplayName", "Al"},
-                                               {"CompanyNum", firm},
-                                               {"InheritCompanyInfo", "True"},
-                                               {"HomeAddress", "3 Bay"}});
+  static constexpr Id company = 1, contact = 1, other = 2, firm = 1, staff = 1, otherStaff = 2;
+
+  Addresses() { addAllTold(*this, "address_book.txt", "addresses"); }
+
   bool person = true;
 };
 
@@ -108,11 +73,6 @@ TEST_F(Addresses, OfACompanyWithAndWithoutDefaultContact) {
 }
 
 TEST_F(Addresses, AtWorkInheritThePlaceFirstAndTheNumbersLast) {
-  const Id other = addRow(
-      "Contacts", {{"DisplayName", "Ed"}, {"BusinessAddress", "2 Fir"}, {"BusinessName", "Ed Co"}});
-  const Id otherStaff =
-      addRow("AccountantEmployeeInfo",
-             {{"DisplayName", "Cy"}, {"CompanyNum", firm}, {"InheritCompanyInfo", "False"}});
   const AddressPerson jo{.contactId = contact};
   const std::tuple<AddressPerson, Id, AddressParts, bool, const char*> cases[] = {
       {jo, noId, everything, true, "Jo Inc|Jo Park|9 Oak|QC|Phone: 3|Cell: 4|Email: jo@x"},

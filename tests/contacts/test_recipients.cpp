@@ -2,110 +2,65 @@
 
 #include "contacts/filled_lists.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
 
+constexpr const char* file = "recipient_lists.txt";
+
+const NamedFill& named(const std::string& name) {
+  return *std::ranges::find(fills, name, &NamedFill::name);
+}
+
 class Recipients : public HostTest {
  protected:
-  Recipients() {
-    addRow("ContactLinks", {{"ContactIDNum", plain}, {"CompanyNum", company}});
-    addRow("AccountantFirmInfo", {{"Email", "firm@x"}, {"FaxNumber", "90"}});
-    addRow("AccountantEmployeeInfo", {{"BusinessEmail", "S@x"}, {"BusinessPhone_Fax", "91"}});
-    addRow("AccountantEmployeeInfo", {{"PersonalEmail", "FIRM@x"}, {"HomePhone_Fax", "92"}});
-  }
-  void makeDefault() { linkDefaultContact(contact, company); }
+  static constexpr Id company = 1, plain = 1, contact = 2;
 
-  Id company = addRow(
-      "Companies",
-      {{"CompanyName", "Acme"}, {"Email", "acme@x"}, {"FaxNumber", "10"}, {"OfficeNumber", "20"}});
-  Id plain = addRow("Contacts", {{"DisplayName", "Al"},
-                                 {"BusinessEmail", "al@x"},
-                                 {"HomePhone_Fax", "11"},
-                                 {"HomePhone_Main", "21"}});
-  Id contact = addRow("Contacts", {{"DisplayName", "Jo"},
-                                   {"SpouseName", "Sam"},
-                                   {"BusinessEmail", "jo@x"},
-                                   {"PersonalEmail", "ACME@x"},
-                                   {"SpouseEmail", "sam@x"},
-                                   {"HomePhone_Fax", "12"},
-                                   {"BusinessPhone_Main", "22"},
-                                   {"HomePhone_Pager", "23"},
-                                   {"BusinessPhone_Pager", "27"},
-                                   {"HomePhone_Cell", "25"},
-                                   {"PersonalAltPhoneNumber", "26"},
-                                   {"SpousePhone_Cell", "24"}});
+  Recipients() { addAllTold(*this, "address_book.txt", "recipients"); }
 };
 
 TEST_F(Recipients, OfACompanyKnowItsPeople) {
   const auto names = populateCompanyContactNamesInCombo;
-  EXPECT_EQ(filled(companyEmails, company), (List{"acme@x", "al@x", "firm@x", "S@x", "-> acme@x"}));
-  EXPECT_EQ(filled(names, company), List{"Al"}) << "no default contact";
-  makeDefault();
-  const std::pair<Fill, List> cases[] = {
-      {companyEmails, {"acme@x", "al@x", "jo@x", "firm@x", "S@x", "-> jo@x"}},
-      {populateCompanyAndContactFaxNumbersInCombo, {"10", "11", "12", "-> 10"}},
-      {populateCompanyAndContactPhoneNumbersInCombo, {"20", "22", "21", "-> 22"}},
-      {populateCompanyAndContactFaxRecipientInCombo, {"Acme", "Al", "Jo", "-> Jo"}},
-      {names, {"Al", "Jo", "-> Jo"}}};
-  for (const auto& [fill, list] : cases) EXPECT_EQ(filled(fill, company), list);
+  EXPECT_EQ(filled(companyEmails, company), "acme@x|al@x|firm@x|S@x|-> acme@x|");
+  EXPECT_EQ(filled(names, company), "Al|") << "no default contact";
+  linkDefaultContact(contact, company);
+  expectRows(file, "of a company", [&](auto& name) { return filled(named(name).fill, company); });
   linkDefaultContact(plain, company);
-  EXPECT_EQ(filled(names, company).back(), "-> Al") << "the first contact of two defaults";
+  EXPECT_TRUE(filled(names, company).ends_with("-> Al|")) << "the first contact of two defaults";
 }
 
 TEST_F(Recipients, OfAContactCarryLabels) {
-  const std::pair<Fill, List> cases[] = {
-      {contactEmails, {"jo@x", "ACME@x", "sam@x", "-> jo@x"}},
-      {populateContactFaxNumbersInCombo, {"12 <Home Fax>", "-> 12 <Home Fax>"}},
-      {populateContactPhoneNumbersInCombo,
-       {"22 <Business Phone>", "27 <Business Pager>", "25 <Home Cell>", "26 <Personal Alt Phone>",
-        "23 <Home Pager>", "24 <Spouse Cell>", "-> 22 <Business Phone>"}},
-      {populateContactFaxRecipientInCombo, {"Jo", "-> Jo"}},
-      {populateContactContactNamesInCombo, {"Jo", "Sam", "-> Jo"}},
-      {firmFaxes, {"90", "91", "92"}}};
-  for (const auto& [fill, list] : cases) EXPECT_EQ(filled(fill, contact), list);
-  EXPECT_EQ(filled(populateContactContactNamesInCombo, contact, false), (List{"Jo", "Sam"}));
-  EXPECT_EQ(filled(contactEmails, 99), List{});
-  EXPECT_EQ(statementsOf([] { filled(contactEmails, noId); }), List{});
+  expectRows(file, "of a contact", [&](auto& name) { return filled(named(name).fill, contact); });
+  EXPECT_EQ(filled(populateContactContactNamesInCombo, contact, false), "Jo|Sam|");
+  EXPECT_EQ(filled(contactEmails, 99), "");
+  EXPECT_EQ(statementsOf([] { filled(contactEmails, noId); }).size(), 0u);
   ComboBox withFirm;
   populateContactEmailAddressesInCombo(contact, withFirm, true, false);
   EXPECT_EQ(withFirm.listCount(), 5);
 }
 
 TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
-  const std::tuple<bool, Fill, List> cases[] = {
-      {true, companyEmails, {"BusinessEmail", "Email", "PersonalEmail"}},
-      {false, contactEmails, {"BusinessEmail", "PersonalEmail"}},
-      {true,
-       populateCompanyAndContactFaxNumbersInCombo,
-       {"BusinessPhone_Fax", "FaxNumber", "HomePhone_Fax"}},
-      {false, populateContactFaxNumbersInCombo, {"BusinessPhone_Fax", "HomePhone_Fax"}},
-      {true,
-       populateCompanyAndContactPhoneNumbersInCombo,
-       {"BusinessPhone_Main", "OfficeNumber", "HomePhone_Main"}},
-      {false,
-       populateContactPhoneNumbersInCombo,
-       {"BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber", "HomePhone_Main",
-        "HomePhone_Cell", "PersonalAltPhoneNumber"}}};
-  const List columnsOfCompany = {"Email", "FaxNumber", "OfficeNumber"};
-  for (const auto& [isCompany, fill, likeliest] : cases) {
+  const std::vector<std::string> columnsOfCompany = {"Email", "FaxNumber", "OfficeNumber"};
+  for (const auto& row : rowsOf(file, "likeliest first", 2)) {
+    const auto& [name, isOfCompany, fill] = named(row[0]);
     const Id full = addNamedByColumn("Companies", columnsOfCompany);
     const Id person = addNamedByColumn(
         "Contacts", {"BusinessEmail", "PersonalEmail", "BusinessPhone_Fax", "HomePhone_Fax",
                      "BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber",
                      "HomePhone_Main", "HomePhone_Cell", "PersonalAltPhoneNumber"});
     linkDefaultContact(person, full);
-    const auto chosen = [&, &fill = fill, &id = isCompany ? full : person](bool select) {
+    const auto chosen = [&, fill = fill, id = isOfCompany ? full : person](bool select) {
       ComboBox combo;
       fill(id, combo, select);
       return combo.text();
     };
-    for (const std::string& column : likeliest) {
+    for (const std::string& column : split(row[1])) {
       EXPECT_THAT(chosen(true), testing::StartsWith(column));
       EXPECT_EQ(chosen(false), "");
-      const bool isOfCompany = std::ranges::count(columnsOfCompany, column) > 0;
+      const bool isCompanys = std::ranges::count(columnsOfCompany, column) > 0;
       plainDatabase->connection().exec(
-          (isOfCompany ? "UPDATE Companies SET " : "UPDATE Contacts SET ") + column + "=NULL");
+          (isCompanys ? "UPDATE Companies SET " : "UPDATE Contacts SET ") + column + "=NULL");
     }
     EXPECT_EQ(chosen(true), "");
   }

@@ -1,6 +1,8 @@
+#include "platform/text.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "support/HostTest.h"
+#include "support/golden_file.h"
 
 namespace autonotify::test {
 namespace {
@@ -50,16 +52,9 @@ TEST_F(NotificationComments, DefaultCommentReadsAsALetter) {
                                 {"PeriodDescription", "1st Quarter"},
                                 {"InfoDeadlineDate", DateTime::of(2026, 4, 20)}});
   addTask(entry, "GST Return");
-  EXPECT_EQ(
-      createHostObject<RichTextUtility>()->toPlainText(generateClientAutoNotifyComment(entry)),
-      "Hi Jane Smith,\r\n\r\n"
-      "Your GST Return is due on Thursday, April 30 2026.\r\n\r\n"
-      "Please arrange to submit to us all paper work that we need to allow us to complete the "
-      "return.  The following is a list of what we need from you:\r\n\r\n\r\n\r\n"
-      "This represents all paperwork in the period of 1st Quarter.\r\n\r\n"
-      "Please submit to us all the required documents we need by April 20 2026 as per our "
-      "agreement and to make sure we can get your return completed in a timely manner.\r\n\r\n"
-      "You can call our office if you need any assistance or have any questions.\r\n");
+  const auto text = createHostObject<RichTextUtility>();
+  expectGolden(AUTONOTIFY_TEST_FOLDER "default_letter.txt",
+               replaceAll(text->toPlainText(generateClientAutoNotifyComment(entry)), "\r\n", "\n"));
 }
 
 TEST_F(NotificationComments, TemplateComesByTheFallbacksOfItsKind) {

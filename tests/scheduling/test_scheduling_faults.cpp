@@ -7,6 +7,7 @@
 #include "scheduling/schedule_kinds.h"
 #include "settings/modUserSettings.h"
 #include "support/fault_walk.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -18,14 +19,7 @@ const std::string noDate = dateTimeText(DateTime{});
 
 /// One schedule entry with two notifications, due after a holiday.
 void fillOffice(TableRows rows) {
-  rows.addHoliday(DateTime::of(2026, 11, 20), "");
-  rows.addKind(103, 1, 2, "{\\rtf1 \\'abCompany Name\\'bb: \\'abTask Name\\'bb}");
-  const TestClient client = rows.addClient("Acme Ltd.", "Jane Smith");
-  rows.addSchedule(103, 1, dueDate, {{"ClientNum", client.clientNum}});
-  rows.addTask(entry, "GST Return");
-  rows.addNotification(entry, 8, DateTime::of(2026, 1, 5));
-  rows.addNotification(entry, 2, DateTime::of(2026, 1, 6));
-  rows.addRow("UserGeneralSettings", {{"UserIDNum", knownUser}, {"ShowEmailPreview", 0}});
+  addAllTold(rows, "scheduling_office.txt", "office");
 }
 
 /// Whatever fails, a row is added once, and where there is none.

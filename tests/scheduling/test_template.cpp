@@ -20,13 +20,18 @@ class Template : public HostTest {
                                     {"Locked", "True"},
                                     {"CustomTaskSchemeIDNum", 77}});
   }
+  /// All that a kind tells but its comment.
+  static std::string told(clsAutoNotifyTemplate& kind) {
+    std::string all;
+    for (const Id each : {kind.get_scheduleTypeID(), Id{kind.get_ScheduleTypeNum()},
+                          kind.get_customTaskSchemeIDNum(), kind.get_totalNum(),
+                          kind.get_ScheduleNum(), Id{kind.get_notificationPeriod()}})
+      all += std::to_string(each) + " ";
+    return all + (kind.get_locked() ? "locked " : "") + kind.get_scheduleTypeName();
+  }
   static void expectFullKind(clsAutoNotifyTemplate& kind, Id id) {
-    EXPECT_EQ(std::tuple(kind.get_scheduleTypeID(), kind.get_ScheduleTypeNum(),
-                         kind.get_customTaskSchemeIDNum(), kind.get_totalNum(),
-                         kind.get_ScheduleNum(), kind.get_notificationPeriod(), kind.get_locked()),
-              std::tuple(id, 3, 77, 103, 2, -4, true));
-    EXPECT_EQ(kind.get_scheduleTypeName() + kind.get_notificationComment(),
-              "Sales tax{\\rtf1 Hello}");
+    EXPECT_EQ(told(kind), std::to_string(id) + " 3 77 103 2 -4 locked Sales tax");
+    EXPECT_EQ(kind.get_notificationComment(), "{\\rtf1 Hello}");
   }
 };
 
@@ -58,18 +63,11 @@ TEST_F(Template, KeepsWhatItHasWithoutARowOrAnEmptyColumn) {
   EXPECT_FALSE(kind.openWithTotalNumAndScheduleNum(103, 2, true));
   EXPECT_EQ(kind.get_scheduleTypeID(), noId);
   EXPECT_TRUE(kind.openExistingScheduleType(4711));
-  EXPECT_EQ(kind.get_scheduleTypeID(), 4711);
-  EXPECT_EQ(kind.get_totalNum(), 103);
-  EXPECT_EQ(kind.get_notificationPeriod(), 15);
+  EXPECT_EQ(told(kind), "4711 -1 0 103 2 15 ");
   EXPECT_TRUE(kind.openExistingScheduleType(addFullKind()));
   EXPECT_TRUE(kind.openExistingScheduleType(4711));
-  EXPECT_EQ(kind.get_ScheduleTypeNum(), -1);
-  EXPECT_EQ(kind.get_customTaskSchemeIDNum(), 77);
-  EXPECT_EQ(kind.get_ScheduleNum(), 2);
-  EXPECT_EQ(kind.get_scheduleTypeName(), "");
+  EXPECT_EQ(told(kind), "4711 -1 77 103 2 15 ");
   EXPECT_EQ(kind.get_notificationComment(), kind.getDefaultNotificationComment());
-  EXPECT_EQ(kind.get_notificationPeriod(), 15);
-  EXPECT_FALSE(kind.get_locked());
   kind.openExistingScheduleType(addRow("ScheduleTypes", {{"TotalNum", 105}}));
   EXPECT_EQ(kind.get_totalNum(), 105);
 }

@@ -3,6 +3,7 @@
 #include "contract/firm_rules.h"
 #include "store/modNotifyClients.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -31,105 +32,48 @@ class Adding : public HostTest {
                         {"Custom2", "4PAP"},
                         {"inHouseDueDate", DateTime::of(2026, 4, 20)}});
   }
-  Id addCompanyEntry(const RowFields& columns) {
-    company = addRow("Companies", columns);
+  /// Adds a row of "column=text|column=text".
+  Id addTold(const char* table, const std::string& columns) {
+    return test::addTold(*this, split(std::string(table) + "|" + columns));
+  }
+  Id addCompanyEntry(const std::string& columns) {
+    company = addTold("Companies", columns);
     return addEntry(addRow("ClientData", {{"CompanyIDNum", company}, {"ShowThisClient", "True"}}),
                     noId);
   }
 
+  const std::vector<std::string> first = rowsOf("recipients_of_channels.txt", "recipients", 2)[0];
+  const std::string maple = first[0], jo = first[1];
   Id company = noId;
 };
 
-/// What an email, a fax and a call say about whom they go to.
-struct Fields {
-  std::string email, fax, phone;
-};
-
-struct Recipient {
-  const char* name;
-  RowFields company;  ///< none for a contact client
-  RowFields person;   ///< none for a company without a default contact
-  Fields ofEntry, ofItem;
-};
-
-const RowFields maple{{"CompanyName", "Maple Ltd"},
-                      {"Email", "office@m.example"},
-                      {"FaxNumber", "555-0111"},
-                      {"OfficeNumber", "555-0112"}};
-const RowFields atWork{{"DisplayName", "Jo Park"},
-                       {"BusinessPhone_Fax", "555-0121"},
-                       {"BusinessPhone_Main", "555-0122"}};
-const RowFields jo{{"DisplayName", "Jo Park"},           {"BusinessEmail", "jo@m.example"},
-                   {"PersonalEmail", "jo@home.example"}, {"BusinessPhone_Fax", "555-0121"},
-                   {"BusinessPhone_Main", "555-0122"},   {"HomePhone_Fax", "555-0131"},
-                   {"HomePhone_Main", "555-0132"}};
-const Fields joOfMaple{"jo@m.example", "Maple Ltd c/o Jo Park|555-0121", "Jo Park|555-0122"};
-const Fields joOfNoNumber{"jo@home.example", "Maple Ltd c/o Jo Park|555-0111", "Jo Park|555-0112"};
-const Fields nameless{"office@m.example", "Maple Ltd|555-0111", "|555-0112"};
-const Fields mapleAlone{"office@m.example", "Maple Ltd|", "|"};
-
-const Recipient recipients[] = {
-    {"Company", maple, jo, joOfMaple, joOfMaple},
-    {"PersonWithoutNumbers",
-     maple,
-     {{"DisplayName", "Jo Park"}, {"PersonalEmail", "jo@home.example"}},
-     joOfNoNumber,
-     joOfNoNumber},
-    {"NamelessPerson", maple, {{"FirstName", "Jo"}}, nameless, nameless},
-    {"NoDefaultContact", maple, {}, mapleAlone, mapleAlone},
-    {"ContactAtHome",
-     {},
-     jo,
-     {"jo@m.example", "Jo Park|555-0121", "Jo Park|555-0122"},
-     {"jo@m.example", "Jo Park|555-0131", "Jo Park|555-0132"}},
-    {"ContactAtWork",
-     {},
-     atWork,
-     {"", "Jo Park|555-0121", "Jo Park|555-0122"},
-     {"", "Jo Park|", "Jo Park|555-0122"}},
-};
-void PrintTo(const Recipient& recipient, std::ostream* out) {
-  *out << recipient.name;
-}
-
-class Recipients : public Adding, public testing::WithParamInterface<Recipient> {
- protected:
-  Recipients() {
-    const Recipient& c = GetParam();
-    if (!c.person.empty()) contact = addRow("Contacts", c.person);
-    if (c.company.empty()) {
-      entry = addEntry(noId, contact);
-      return;
-    }
-    entry = addCompanyEntry(c.company);
-    if (contact != noId) linkDefaultContact(contact, company);
-    contact = noId;
-  }
-  void expectRows(const Fields& expected, Id emailRow, Id faxRow, Id phoneRow) {
-    EXPECT_EQ(notification(emailRow, "Field1"), expected.email + "|\n");
-    EXPECT_EQ(notification(faxRow, "Field1, Field4"), expected.fax + "|\n");
-    EXPECT_EQ(notification(phoneRow, "Field1, Field2"), expected.phone + "|\n");
-  }
-  Id entry = noId, contact = noId;
-};
-
-TEST_P(Recipients, AreThoseOfTheClient) {
-  expectRows(GetParam().ofEntry, addEmail(entry), addFax(entry), addPhone(entry));
-  const Id item =
-      addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
-  const auto add = [&](auto adding) {
-    return adding({Dockets, item, dueDate, noId, {company, contact}});
+TEST_F(Adding, GoesToTheRecipientsOfTheClient) {
+  const auto expectRows = [&](const std::string* fields, Id email, Id fax, Id phone) {
+    EXPECT_EQ(notification(email, "Field1"), fields[0] + "|\n");
+    EXPECT_EQ(notification(fax, "Field1, Field4"), fields[1] + "|\n");
+    EXPECT_EQ(notification(phone, "Field1, Field2"), fields[2] + "|\n");
   };
-  expectRows(GetParam().ofItem, add(addNewApptEmailNotification), add(addNewApptFaxNotification),
-             add(addNewApptPhoneNotification));
+  // The company, its default contact or the contact alone, and what an email, a fax and a call say
+  // about whom they go to, of an entry and of an item.
+  for (const auto& row : rowsOf("recipients_of_channels.txt", "recipients", 8)) {
+    SCOPED_TRACE(row[0] + " / " + row[1]);
+    const bool isOfCompany = !row[0].empty();
+    const Id contact = row[1].empty() ? noId : addTold("Contacts", row[1]);
+    const Id entry = isOfCompany ? addCompanyEntry(row[0]) : addEntry(noId, contact);
+    if (isOfCompany && contact != noId) linkDefaultContact(contact, company);
+    const NotificationClient client{isOfCompany ? company : noId, isOfCompany ? noId : contact};
+    expectRows(&row[2], addEmail(entry), addFax(entry), addPhone(entry));
+    const Id item =
+        addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
+    const ItemReminder reminder{Dockets, item, dueDate, noId, client};
+    expectRows(&row[5], addNewApptEmailNotification(reminder), addNewApptFaxNotification(reminder),
+               addNewApptPhoneNotification(reminder));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Clients, Recipients, testing::ValuesIn(recipients),
-                         [](const auto& recipient) { return recipient.param.name; });
 
 TEST_F(Adding, OfACompanysItemTheContactCountsThatReadsAsItsDefault) {
   addCompanyEntry(maple);
-  linkDefaultContact(addRow("Contacts", jo), company);
+  linkDefaultContact(addTold("Contacts", jo), company);
   const Id item =
       addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
   const auto add = [&] {
@@ -145,7 +89,7 @@ TEST_F(Adding, OfACompanysItemTheContactCountsThatReadsAsItsDefault) {
 
 TEST_F(Adding, ByNameTheEmailAddressComesFromTheClientList) {
   addCompanyEntry(maple);
-  const Id person = addRow("Contacts", jo);
+  const Id person = addTold("Contacts", jo);
   const Id named = addRow("Companies", {{"Email", "x"}, {"DefaultContactEmail", "d@b.example"}});
   const std::tuple<Id, Id, const char*> cases[] = {{company, noId, "office@m.example"},
                                                    {company, person, "office@m.example"},
@@ -253,52 +197,21 @@ TEST_F(DiaryItems, TaskWithoutAnEntryGivesTheDefaults) {
   EXPECT_EQ(addNewApptEmailNotification({Tasks, task, reminder}), noId) << "nobody to write to";
 }
 
-// Texts.
-
-const std::string opening = "Hi,\r\n\r\nThis is a reminder that you have a task scheduled";
-const std::string onTheDay = " on Thursday, April 30 2026 at ";
-
-std::string length(int minutes) {
-  return "We expect this task will take approximately " + std::to_string(minutes) +
-         " minutes to complete.\r\n\r\n";
-}
-
-RowFields timed(DateTime from, DateTime to, const char* about) {
-  return {{"DateFrom", dueDate}, {"TimeFrom", from}, {"TimeTo", to}, {"Subject", about}};
-}
-DateTime at(int hour, int minute) {
-  return DateTime::of(2026, 4, 30, hour, minute);
-}
-
-TEST_F(DiaryItems, TextNamesDayTimeLengthAndSubject) {
-  const std::pair<RowFields, std::string> cases[] = {
-      {timed(at(9, 0), at(9, 45), "Year end"),
-       "9:00 am.  " + length(45) + "Task regarding Year end.  "},
-      {timed(at(13, 5), at(13, 5), ""), "1:05 pm.  " + length(0)},
-      {timed(at(0, 30), at(23, 30), ""), "12:30 am.  " + length(1380)},
-      {timed(at(10, 0), at(9, 0), ""), "10:00 am.  " + length(-60)}};
-  for (const auto& [task, text] : cases) {
-    EXPECT_EQ(getAppointmentBodyText(Tasks, addRow("Tasks", task)), opening + onTheDay + text);
-  }
-  EXPECT_EQ(getAppointmentBodyText(Tasks, 4711), "");
-}
-
-TEST_F(DiaryItems, MissingTimesAskAtTheErrorDialog) {
-  const std::string about = "Task regarding Year end.  ";
-  const std::tuple<std::string, int, std::string> cases[] = {
-      {"DateFrom", 1, length(45) + about},
-      {"TimeFrom", 2, about},
-      {"TimeTo", 1, onTheDay + "9:00 am.  " + about}};
-  for (const auto& [missing, questions, goingOn] : cases) {
-    RowFields fields = timed(at(9, 0), at(9, 45), "Year end");
-    std::erase_if(fields, [&name = missing](const auto& field) { return field.first == name; });
-    const Id task = addRow("Tasks", fields);
+TEST_F(DiaryItems, TextNamesDayTimeLengthAndSubjectAndWhatIsMissingIsAskedFor) {
+  // When, from, to, about what, how many questions, and the text when the person goes on.
+  for (const auto& row : rowsOf("diary_texts.txt", "texts", 6)) {
+    const Id task = addRow(
+        "Tasks",
+        {{"DateFrom", row[0]}, {"TimeFrom", row[1]}, {"TimeTo", row[2]}, {"Subject", row[3]}});
+    const int questions = std::stoi(row[4]);
     for (int i = 0; i < questions; ++i) errors.answer({error_choice::next});
-    EXPECT_EQ(getAppointmentBodyText(Tasks, task), opening + goingOn);
+    EXPECT_EQ(getAppointmentBodyText(Tasks, task), row[5]);
+    if (questions == 0) continue;
     errors.answer({error_choice::quit, 9, error_choice::leave});
     EXPECT_EQ(getAppointmentBodyText(Tasks, task), "") << "no half a text";
     EXPECT_EQ(errors.recorded().back().number, error_number::invalidUseOfNull);
   }
+  EXPECT_EQ(getAppointmentBodyText(Tasks, 4711), "");
 }
 
 }  // namespace

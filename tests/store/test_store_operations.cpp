@@ -9,6 +9,7 @@
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
 #include "support/golden_file.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -18,92 +19,14 @@ namespace {
 constexpr DateTime day = DateTime::of(2026, 4, 30);
 constexpr DateTime reminder = DateTime::of(2026, 4, 9, 14, 30);
 
-constexpr Id company = 1, bareCompany = 2, contact = 2, nobody = 4711;
+constexpr Id company = 1, contact = 2, nobody = 4711;
 constexpr Id ofCompany = 1, ofContact = 2, ofNobody = 3, archived = 900;
 constexpr Id bareTask = 1, task = 2, appointment = 1, docket = 2;
-constexpr Id faxRow = 2, otherEmail = 3, appointmentRow = 4, docketRow = 5;
+constexpr Id faxRow = 2, otherEmail = 3, appointmentRow = 4, docketRow = 5, lastRow = 11;
 constexpr auto noKind = static_cast<CurrentDayTimerType>(4);
 
-struct Notification {
-  const char* link;
-  Id item;
-  notifyType channel;
-};
-constexpr Notification notifications[] = {
-    {"ScheduleIDNum", ofCompany, nt_Email}, {"ScheduleIDNum", ofCompany, nt_Fax},
-    {"ScheduleIDNum", ofContact, nt_Email}, {"ApptIDNum", appointment, nt_Email},
-    {"DocketIDNum", docket, nt_Fax},        {"TaskIDNum", task, nt_Email},
-    {"ScheduleIDNum", archived, nt_Letter}, {"OperatingProcedureIDNum", 3, nt_Email},
-    {"ScheduleIDNum", ofCompany, nt_Email}, {"TaskIDNum", bareTask, nt_Email},
-    {"ScheduleIDNum", nobody, nt_Email}};
-constexpr Id lastRow = std::size(notifications);
-
-void addClients(TableRows& rows) {
-  rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}, {"FaxNumber", "555-0100"}});
-  rows.addRow("AccountantEmployeeInfo", {{"DisplayName", "Ann"}});
-  for (const char* name : {"Maple Ltd", "Bare Ltd"}) {
-    const Id id = rows.addRow("Companies", {{"CompanyName", name}, {"Email", "office@m.example"}});
-    rows.addRow("ClientData", {{"CompanyIDNum", id}, {"ShowThisClient", "True"}});
-  }
-  rows.addRow("Contacts", {{"DisplayName", "Lee"}});
-  rows.addRow("Contacts", {{"DisplayName", "Jo Park"},
-                           {"BusinessEmail", "jo@m.example"},
-                           {"BusinessPhone_Main", "555-0122"}});
-  rows.linkDefaultContact(contact, company);
-}
-
-void addEntries(TableRows& rows) {
-  rows.addKind(103, 6, 5, "{\\rtf1\\ansi Dear client.\\par }");
-  const std::pair<Id, Id> clients[] = {{company, noId}, {noId, contact}, {noId, noId}};
-  for (const auto& [clientNum, contactID] : clients) {
-    rows.addSchedule(103, 6, day,
-                     {{"ClientNum", clientNum},
-                      {"ContactIDNum", contactID},
-                      {"scheduleName", "GST Return"},
-                      {"notifyType", clientNum == company ? 7 : 0},
-                      {"EmployeeAssigned", clientNum == company ? "Bo" : ""}});
-  }
-  rows.addRow("archiveSchedule", {{"oldScheduleID", archived},
-                                  {"ClientNum", bareCompany},
-                                  {"ContactIDNum", 41},
-                                  {"totalNum", 104},
-                                  {"scheduleNum", 5},
-                                  {"scheduleName", "Old GST"}});
-  rows.addRow("archiveTasks", {{"oldTaskID", 77}, {"ScheduleIDNum", archived}});
-}
-
-void addItems(TableRows& rows) {
-  RowFields item{{"DateFrom", day},
-                 {"TimeFrom", DateTime::of(2026, 4, 30, 9, 0)},
-                 {"TimeTo", DateTime::of(2026, 4, 30, 9, 45)},
-                 {"Subject", "Year end"},
-                 {"CompanyIDNum", company},
-                 {"ContactIDNum", contact},
-                 {"UserIDNum", 1}};
-  rows.addTask(ofCompany, "GST Return");
-  rows.addRow("Tasks", item);
-  item.emplace_back("notifyType", 3);
-  // The clients of a time entry are looked up among the appointments of its number.
-  for (const char* table : {"Appointments", "Dockets", "Dockets"}) rows.addRow(table, item);
-  rows.addRow("Appointments", {{"CompanyIDNum", bareCompany}, {"ContactIDNum", 1}});
-}
-
 void fillOffice(TableRows rows) {
-  addClients(rows);
-  addEntries(rows);
-  addItems(rows);
-  for (const Notification& row : notifications) {
-    rows.addRow("ClientNotification", {{row.link, row.item},
-                                       {"NotificationType", int{row.channel}},
-                                       {"NotificationDate", day},
-                                       {"CompanyIDNum", 8},
-                                       {"ContactIDNum", 9},
-                                       {"Field1", "to"},
-                                       {"Field3", "three"},
-                                       {"Field4", "four"},
-                                       {"Field6", "six"},
-                                       {"Memo", "text"}});
-  }
+  addAllTold(rows, "store_office.txt", "office");
 }
 
 template <class... Fields>
