@@ -21,6 +21,13 @@ ENGINE = engines.chosen()
 NOTIFICATION, TASK, PRINT_RUN = 1, 2, 5
 
 
+def refusals(table):
+    """The rows of a table of refusals.txt: what is typed, and what is answered."""
+    text = Path(__file__).with_name("refusals.txt").read_text(encoding="utf-8")
+    rows = text.split(f"[{table}]\n")[1].split("\n\n")[0].strip("\n")
+    return [row.split(" -> ") for row in rows.split("\n")]
+
+
 class Run:
     """What one call of the program gave: out, err, code."""
 
@@ -95,6 +102,10 @@ class ConsoleTest(unittest.TestCase):
     def refuses(self, line, words, code=1, **options):
         with self.subTest(line):
             self.expect(line, err=words, code=code, **options)
+
+    def refuses_each(self, table, code=1, ending="", **names):
+        for line, words in refusals(table):
+            self.refuses(line.format(**names), words.format(**names) + ending, code)
 
     def done(self, line, **options):
         """What a call has to say that goes well: the data of one with --json, else the text."""

@@ -63,12 +63,6 @@ class ContactsTest(ConsoleTest):
                         self.company)
 
     def test_refusals(self):
-        for line in ("address company 9999", "contact-default 9999", "contact-default 9999 none"):
-            self.refuses(line, "there is no company 9999")
-        self.refuses(f"address contact {self.contact} --company 9999", "there is no company 9999")
-        self.refuses(f"address company {self.company} --home",
-                     "a company has no home: leave out --home")
+        self.refuses_each("of contacts", company=self.company, contact=self.contact)
         self.refuses("recipients company --kind fax", "name the company by its number", 2)
         self.refuses("recipients firm --kind email", "the firm has a list of fax numbers only", 2)
-        self.refuses(f"contact-default {self.company} 9999",
-                     f"contact 9999 does not belong to company {self.company}")

@@ -10,11 +10,7 @@ import time
 import unittest
 from resource import RLIMIT_DATA, RLIMIT_FSIZE
 
-from console import ENGINE, ConsoleTest, at_most, call, files_only
-
-DAMAGED = "{}: The database file is damaged: database disk image is malformed (engine code 11)"
-HARD_LINKED = ("{} has more than one name (hard links), under which changes would be lost; remove "
-               "all but one")
+from console import ENGINE, ConsoleTest, at_most, call, files_only, refusals
 
 
 @files_only("whole files are missing, damaged or shut off")
@@ -32,19 +28,9 @@ class DatabaseFileTest(ConsoleTest):
                                 ("newer.db", "PRAGMA user_version=99")]:
             with contextlib.closing(sqlite3.connect(self.folder / name)) as connection:
                 connection.execute(statement)
-        for name, words in [
-                ("missing.db", "There is no database {}; hvnotify init makes one"),
-                ("no/where.db", "There is no database {}; hvnotify init makes one"),
-                ("folder", "{} is a folder, not a database file"),
-                ("empty.db", "{} is not a database of this program"),
-                ("foreign.db", "{} is not a database of this program"),
-                ("text.db",
-                 "{}: The file is not a database: file is not a database (engine code 26)"),
-                ("newer.db", "{} was written by a newer version of this program (schema 99, known "
-                 "up to 1)"),
-                ("first.db", HARD_LINKED), ("second.db", HARD_LINKED), ("short.db", DAMAGED), ("scribbled.db", DAMAGED)]:
+        for name, words in refusals("of files that are no sound database"):
             for line in ("due", "send --due"):
-                self.refuses(line, words.format(name), 3, database=name)
+                self.refuses(line, words, 3, database=name)
 
     def test_held_by_another_program(self):
         with contextlib.closing(sqlite3.connect(self.folder / "firm.db")) as holder:
@@ -236,11 +222,7 @@ class RowFaultTest(ConsoleTest):
 
     def test_ids_that_do_not_exist(self):
         for number in (0, -1, -2147483648, 2147483647):
-            for line in ("show {}", "cancel {}", "call {} --made"):
-                self.refuses(line.format(number), f"there is no notification {number}")
-            for line in ("explain {}", "merge {}", "refresh {}", "arm {} --channel fax",
-                         "disarm {} --channel fax"):
-                self.refuses(line.format(number), f"there is no task {number}")
+            self.refuses_each("of numbers of nothing", number=number)
         self.refuses("--user 999999 due", "there is no user 999999")
         self.refuses("tasks --client 999999", "no open task found")
         self.expect("--json tasks --client 999999", "[]\n", "no open task found", 1)
@@ -272,31 +254,19 @@ class RowFaultTest(ConsoleTest):
 
 class TemplateFaultTest(ConsoleTest):
     FIELD = "The Morvane Pad did not recognize: «Nonsense» as a valid placeholder field name."
-    OPENING = "You are missing your opening brackets, '«' in one of your expressions"
     EMPTY = "template gives an empty text; a short template is read as the name of one field"
-    # Content and the fault of a template; None where it is sound.
-    TEMPLATES = [
-        ("Dear «Contact Display Name», your papers are wanted by us.".encode(), None),
-        (b"{\\rtf1\\ansi Dear \\'abContact Display Name\\'bb, this is a letter.\\par }", None),
-        (b"{\\rtf1 no closing brace, but long enough for a template", None),
-        (b"}}}}{{{{\\'zz\\u99999999999?\\bin99999999999 and \\* nothing else {\\", None),
-        (b"{\\rtf1\\ansi Dear \\'abNonsense\\'bb, this is a letter.\\par }", FIELD),
-        ("{\\rtf1\\ansi Dear «Nonsense» of somewhere long, this is a letter.\\par }".encode(), FIELD),
-        ("We write this to «Contact Display Name without an end".encode(), OPENING),
-        ("By «(Task Due Date, yyyy/dd/mm)», if you please".encode(),
-         "The date format of: 'yyyy/dd/mm' is not valid.  Please see help for valid date formats."),
-        (b"caf\xe9 without an encoding", "template is not UTF-8 text"),
-        (b"Dear \0 client", "template holds a NUL byte"),
-    ]
 
     def test_check_and_merge_of_every_kind_of_file(self):
         task = self.free_task()
-        for content, fault in self.TEMPLATES:
+        templates = [(text.encode(), fault) for text, fault in refusals("of templates")]
+        templates += [(b"caf\xe9 without an encoding", "template is not UTF-8 text"),
+                      (b"Dear \0 client", "template holds a NUL byte")]
+        for content, fault in templates:
             (self.folder / "template").write_bytes(content)
             with self.subTest(content):
                 self.expect("check template", *(("", fault, 1) if fault else
                                                 ("The template is sound.\n",)))
-                unreadable = fault and fault.startswith("template")
+                unreadable = fault.startswith("template")
                 merged = self.run_program("merge", task, "--template", "template", "--plain")
                 self.assertEqual((1, f"hvnotify: {fault}\n") if unreadable else (0, ""),
                                  (merged.code, merged.err))

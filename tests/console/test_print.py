@@ -74,13 +74,7 @@ class PrintTest(ConsoleTest):
                          (run.code, results))
         self.assertEqual([f"hvnotify: notification {row} was not printed: {why}"
                           for row, why in reasons.items()], run.err.splitlines())
-        line = f"print {self.letter} --documents "
-        self.refuses(line + "docs --pdf there.pdf",
-                     "there.pdf: there is a file of this name already")
-        self.refuses(line + "none --pdf x.pdf", "x.pdf: The folder for documents none is not there; "
-                     "make it, or name another one (--documents)")
-        self.refuses(line + "docs --pdf none/x.pdf",
-                     "none/x.pdf: Cannot write none/x.pdf: No such file or directory")
+        self.refuses_each("of printing", letter=self.letter)
         self.refuses("print", "name notifications, or give --due (see: hvnotify print --help)", 2)
         self.assertEqual(([], ["there.pdf"], (0, 1)),
                          (self.filed(), [p.name for p in self.folder.glob("*.pdf")],
