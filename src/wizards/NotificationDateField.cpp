@@ -58,7 +58,6 @@ void NotificationDateField::show(DateTime date) {
 bool NotificationDateField::requireDate(Step& step) {
   if (!dtpNotification.value().isZero()) return true;
   step.run(refuseDate);
-  txtNotificationField.setFocus();
   return false;
 }
 

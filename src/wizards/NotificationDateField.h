@@ -29,7 +29,8 @@ class NotificationDateField {
   DateTime date() const { return date_; }
   /// Takes the date and shows it in both controls; none for the zero date.
   void show(DateTime date);
-  /// True when the picker holds a date. Otherwise the person is told, and the text has the focus.
+  /// True when the picker holds a date. Otherwise the person is told; the focus stays where it is,
+  /// since an empty text would keep it.
   bool requireDate(Step& step);
 
   Frame picNotificationDate;
