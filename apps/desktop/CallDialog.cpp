@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -92,6 +93,15 @@ QWidget* CallDialog::makeButtons() {
   for (QAbstractButton* button : buttons->buttons())
     qobject_cast<QPushButton*>(button)->setAutoDefault(false);
   return buttons;
+}
+
+void CallDialog::reject() {
+  const auto losesIt = [this] {
+    return QMessageBox::question(
+               this, windowTitle(), tr("Do you want to close this and lose your note?"),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+  };
+  if (note().empty() || losesIt()) QDialog::reject();
 }
 
 std::string CallDialog::note() const {

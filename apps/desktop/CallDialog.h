@@ -21,6 +21,10 @@ class CallDialog : public QDialog {
   /// Of the person, about the call.
   std::string note() const;
 
+ protected:
+  /// Asks before a note is lost.
+  void reject() override;
+
  private:
   QWidget* makeFields(const host::Notification& call);
   QWidget* makeButtons();

@@ -25,10 +25,12 @@ std::optional<Task> findTask(Desk& desk, Id id) {
                  readTask);
 }
 
+Id companyOf(Desk& desk, const Task& task) {
+  return task.clientNum >= 0 ? desk.clients().getCompanyIDFromClientID(task.clientNum) : noId;
+}
+
 std::string clientName(Desk& desk, const Task& task) {
-  const Id company =
-      task.clientNum >= 0 ? desk.clients().getCompanyIDFromClientID(task.clientNum) : noId;
-  return clientName(desk, company, task.contactId);
+  return clientName(desk, companyOf(desk, task), task.contactId);
 }
 
 }  // namespace autonotify::host

@@ -26,6 +26,8 @@ extern const char* const taskColumns;
 Task readTask(const Row& row);
 /// Throws UnreadableRow.
 std::optional<Task> findTask(Desk& desk, Id id);
+/// The company that the task is for; noId when its client is a contact.
+Id companyOf(Desk& desk, const Task& task);
 /// The company's or the contact's name; empty when it has neither.
 std::string clientName(Desk& desk, const Task& task);
 

@@ -20,7 +20,7 @@ constexpr ChannelRecipients recipients[] = {{nt_Email, RecipientKind::email},
 
 Client clientOf(Desk& desk, const Task& task) {
   if (task.clientNum < 0) return {enumAutoNotifyContact, task.contactId};
-  return {enumAutoNotifyCompany, desk.clients().getCompanyIDFromClientID(task.clientNum)};
+  return {enumAutoNotifyCompany, companyOf(desk, task)};
 }
 
 bool hasPostalAddress(Desk& desk, const Client& client) {

@@ -25,10 +25,9 @@ Outcome<Composed> blank(Desk& desk, Id id) {
   } catch (const PlatformError& error) {
     return Refused{Refused::Why::failed, {}, error.description()};
   }
-  const bool isCompany = task->clientNum >= 0;
-  const Id company = isCompany ? desk.clients().getCompanyIDFromClientID(task->clientNum) : noId;
-  const Id contact = isCompany ? noId : task->contactId;
-  return openWindow(desk, open, remittanceNotification, company, contact, noDayTimerType);
+  const Id contact = task->clientNum >= 0 ? noId : task->contactId;
+  return openWindow(desk, open, remittanceNotification, companyOf(desk, *task), contact,
+                    noDayTimerType);
 }
 
 }  // namespace
