@@ -103,9 +103,11 @@ class Rows : public Row {
     open(sql, access);
   }
   /// The same with the id and ";" behind the statement. An id below 0 is not looked up: it has no
-  /// row, and nothing is opened.
-  Rows(Step& step, const std::string& statement, Id id, Access access) : Row(step, noRecordset) {
-    if (id >= 0) open(statementFor(statement, id), access);
+  /// row, and nothing is opened. `otherwise` is what a recordset is taken for of which nobody can
+  /// tell whether it has a row.
+  Rows(Step& step, const std::string& statement, Id id, Access access, bool otherwise = false)
+      : Row(step, noRecordset) {
+    if (id >= 0) open(statementFor(statement, id), access, otherwise);
   }
   /// Closing may fail, and the person may leave the procedure there.
   ~Rows() noexcept(false) {
@@ -133,9 +135,9 @@ class Rows : public Row {
  private:
   using Row::close;
 
-  void open(const std::string& sql, Access access) {
+  void open(const std::string& sql, Access access, bool otherwise = false) {
     step_->assign(handle_, openRecordset, sql, access);
-    found_ = exists();
+    found_ = exists(otherwise);
     isOpen_ = true;
   }
 

@@ -180,12 +180,12 @@ void NotificationComposer::clickFinish(Step& step) {
   finish(step);
 }
 
-/// A row that is not there takes nothing up; somebody else may have deleted it. One that cannot be
-/// looked for counts as there.
+/// A row that is not there takes nothing up: somebody else may have deleted it, or it was never
+/// added. One that cannot be looked for counts as there.
 bool NotificationComposer::isGone(Step& step) const {
   if (!isDatabaseOpen(step)) return false;
-  const Rows row(step, rowOnShow, notifyID_, keysetRead);
-  return row.handle() != noRecordset && !row;
+  const Rows row(step, rowOnShow, notifyID_, keysetRead, true);
+  return !row;
 }
 
 FieldTexts NotificationComposer::fieldTexts() const {

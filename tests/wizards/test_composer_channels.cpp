@@ -257,6 +257,23 @@ TEST_F(ChannelTest, WindowsEndAsTheModeAndTheChannelSay) {
   EXPECT_EQ(screen.pointer(), Pointer::standard);
 }
 
+TEST_F(ChannelTest, RowThatCannotBeLookedForCountsAsThere) {
+  for (int failed = 1; failed <= 8; ++failed) {
+    SCOPED_TRACE(failed);
+    const auto composer = letter();
+    addRowOf(nt_Letter);
+    use(*composer, {ComposerMode::editAuto}, [&](WindowInUse& window) {
+      window.type("rtbText", "Soon");
+      errors.answerRest(error_choice::next, 9);
+      calls.reset();
+      calls.failAt(failed);
+      window.click("cmdFinish");
+      EXPECT_EQ(calls.failures(), 1);
+    });
+    EXPECT_THAT(notification(composer->notifyID(), "ClientNotificationID"), HasSubstr("|"));
+  }
+}
+
 TEST_F(ChannelTest, BlankFaxIsAddressedToThePersonWhoReceives) {
   addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}, {"FaxNumber", "555-0115"}});
   const auto addContact = [&](const char* name, const char* number) {
