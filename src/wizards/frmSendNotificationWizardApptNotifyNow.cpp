@@ -80,8 +80,9 @@ void frmSendNotificationWizardApptNotifyNow::finish(Step& step) {
   const int chosen = chosenOption(chkNotify);
   if (chosen < 0) return;
   const WizardChannel& channel = wizardChannels[static_cast<std::size_t>(chosen)];
-  DateTime today;
-  step.assign(today, [] { return platformClock().today(); });
+  const DateTime today = step.value(DateTime{}, [] { return platformClock().today(); });
+  // Without a day there is no row: it would be one of long ago.
+  if (today.isZero()) return;
   const Id row = channel.addForItem({.kind = kind_, .itemId = item_, .reminderDate = today});
   hide();
   // As hosts know it, the composer gets the day for the kind of item and the kind for the schedule

@@ -205,6 +205,12 @@ TEST_F(WizardTest, ItemIsNotifiedByTheChannelThatIsTicked) {
       EXPECT_EQ(window.read("Label2"), sentence + each.client);
       for (const int box : each.clicks)
         window.click(at("chkNotify", static_cast<std::size_t>(box)));
+      const int rows = notificationCount();
+      errors.answerRest(error_choice::next, each.composer < 3);
+      references().platform.clock = nullptr;
+      window.click("cmdFinish");
+      references().platform.clock = &clock;
+      EXPECT_TRUE(window.form().isVisible() && notificationCount() == rows) << "of no day";
       if (each.composer < 3)
         expectComposer(each.composer, 0, true,
                        std::string("NotificationType, NotificationDate, ") + each.link,
