@@ -178,17 +178,18 @@ void MainWindow::compose(UseCase useCase, Notes notesOf) {
   refresh();
 }
 
-// While the person is on the telephone no other desk calls the same client.
+// While the person is on the telephone no other desk calls the same client, and what one has noted
+// before is known.
 void MainWindow::callClient() {
   const host::TaskLine* line = tasks_->chosen();
   if (!line) return;
+  const auto claimed = host::claimTask(*desk_, line->task.id);
+  if (!claimed) return tellFault(textOf(claimed.refused()));
   const auto call = host::findWaitingCall(*desk_, line->task.id);
   if (!call) {
     tellFault(tr("No call of this task waits any more."));
     return refresh();
   }
-  const auto claim = host::claimNotification(*desk_, *call);
-  if (!claim) return tellFault(textOf(claim.refused()));
   CallDialog dialog(*call, subjectOf(*line), this);
   if (dialog.exec() != QDialog::Accepted) return;
   const QString words =

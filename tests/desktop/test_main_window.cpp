@@ -18,6 +18,7 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
+#include <thread>
 
 #include "MainWindow.h"
 #include "demo_firm.h"
@@ -328,6 +329,12 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   EXPECT_THAT(run("editEmail"), busy);
   task = claims->take(host::WorkItem::task, chooseTaskFor("callClient"));
   EXPECT_THAT(run("callClient"), busy);
+  const std::jthread colleague([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    execute("UPDATE ClientNotification SET NotificationSent=1, NotificationSentStatus=2");
+    task.reset();
+  });
+  EXPECT_THAT(run("callClient"), testing::ElementsAre("No call of this task waits any more."));
 }
 
 TEST_F(MainWindowTest, ARowThatCannotBeReadIsNamedAndNothingIsComposedBesideIt) {
