@@ -1,12 +1,11 @@
 #include "task_notes.h"
 
-#include <QLocale>
 #include <QObject>
 #include <QStringList>
 
-#include "binding/DateBinding.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/channel_outlook.h"
+#include "platform/format.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -24,8 +23,9 @@ constexpr ChannelWords channelWords[] = {
     {nt_Phone, QT_TR_NOOP("Call due on %1"), QT_TR_NOOP("No telephone number on file")},
 };
 
+/// As the windows themselves write a day, whatever the desktop's language.
 QString longDate(DateTime day) {
-  return QLocale().toString(qtDate(day), QLocale::LongFormat);
+  return shown(formatDateTime(day, "dddd, mmmm d, yyyy"));
 }
 
 QString textOf(const std::optional<host::Notification>& row, const ChannelWords& words) {

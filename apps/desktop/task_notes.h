@@ -5,7 +5,7 @@
 
 namespace autonotify::desktop {
 
-/// "Maple Ridge Law Group Inc., Annual HST Return, due on April 30, 2026"
+/// "Maple Ridge Law Group Inc., Annual HST Return, due on Thursday, April 30, 2026"
 QString subjectOf(const host::TaskLine& line);
 
 // What the program says in the component's windows about the task that they were opened for. All

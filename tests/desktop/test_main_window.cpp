@@ -34,7 +34,6 @@ namespace autonotify::desktop {
 namespace {
 
 using testing::HasSubstr;
-using namespace std::string_literals;
 
 /// A person at the program's window: acts once in the composer that comes up, and presses the
 /// first of the messages' buttons that leaves things as they are.
@@ -76,6 +75,9 @@ class Visitor {
 void press(QDialog& composer, const char* name) {
   QTest::mouseClick(composer.findChild<QPushButton*>(name), Qt::LeftButton);
 }
+constexpr auto finish = [](QDialog& composer) { press(composer, "cmdFinish"); };
+constexpr auto cancel = [](QDialog& composer) { press(composer, "cmdCancel"); };
+constexpr auto closeBox = [](QDialog& composer) { composer.close(); };
 
 std::string read(QWidget& window, const QString& label) {
   return plain(window.findChild<QLabel*>(label)->text());
@@ -96,7 +98,7 @@ class MainWindowTest : public testing::Test {
   /// Runs the command while `act` is done in the composer, which does not come up without one.
   /// Gives what the person was told.
   std::vector<std::string> run(const char* command, const Visitor::Act& act = nullptr) {
-    Visitor visitor(act ? act : [](QDialog& composer) { composer.close(); });
+    Visitor visitor(act ? act : closeBox);
     trigger(command);
     EXPECT_EQ(visitor.sawComposer(), act != nullptr) << command;
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << command;
@@ -145,8 +147,6 @@ class MainWindowTest : public testing::Test {
 
 TEST_F(MainWindowTest, ComposersLeaveNothingBehindHoweverTheyAreLeft) {
   open();
-  const auto closeBox = [](QDialog& composer) { composer.close(); };
-  const auto cancel = [](QDialog& composer) { press(composer, "cmdCancel"); };
   const std::pair<const char*, Visitor::Act> exits[] = {
       {"composeEmail", closeBox},        {"scheduleEmail", cancel}, {"notifyNow", cancel},
       {"notifyAutomatically", closeBox}, {"blankFax", closeBox},    {"blankLetter", cancel},
@@ -194,27 +194,28 @@ TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
   open();
   execute("UPDATE ClientNotification SET NotificationDate='2026-05-04' WHERE ScheduleIDNum=" +
           std::to_string(chooseTaskFor("editEmail")));
-  execute("UPDATE Companies SET FaxNumber='', Address=''");
-  execute(
-      "UPDATE Contacts SET BusinessPhone_Fax='', HomePhone_Fax='', BusinessAddress='', "
-      "HomeAddress=''");
   host::setAsksBeforeCancelling(*window_->desk(), false);
-  const std::string day = plain(QLocale().toString(QDate(2026, 5, 4), QLocale::LongFormat));
-  const auto expectNotes = [](QDialog& wizard, const std::string& ofEmail) {
-    int channel = 0;
-    for (const std::string& note :
-         {ofEmail, "No fax number on file"s, "No address on file"s, "Not set up"s})
-      EXPECT_EQ(read(wizard, QString("staticNote(%1)").arg(channel++)), note);
-  };
-  EXPECT_THAT(run("notifyAutomatically",
-                  [&](QDialog& wizard) {
-                    expectNotes(wizard, "Goes out on " + day);
-                    wizard.findChild<QCheckBox*>("chkAutoNotify(0)")->click();
-                    expectNotes(wizard, "Not set up");
-                    QTest::keyClick(&wizard, Qt::Key_Escape);
-                    EXPECT_FALSE(wizard.isVisible());
-                  }),
-              testing::IsEmpty());
+  QLocale::setDefault(QLocale::French);
+  for (const std::string address : {"1 Elm", ""}) {
+    execute("UPDATE Companies SET FaxNumber='', Address='" + address +
+            "'; UPDATE Contacts SET BusinessPhone_Fax='', HomePhone_Fax='', HomeAddress='" +
+            address + "', BusinessAddress=''");
+    const auto expectNotes = [&](QDialog& wizard, const char* email) {
+      const char* letter = address.empty() ? "No address on file" : "Not set up";
+      const char* notes[] = {email, "No fax number on file", letter, "Not set up"};
+      for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(read(wizard, QString("staticNote(%1)").arg(i)), notes[i]);
+    };
+    const auto messages = run("notifyAutomatically", [&](QDialog& wizard) {
+      expectNotes(wizard, "Goes out on Monday, May 4, 2026");
+      if (address.empty()) wizard.findChild<QCheckBox*>("chkAutoNotify(0)")->click();
+      if (address.empty()) expectNotes(wizard, "Not set up");
+      QTest::keyClick(&wizard, Qt::Key_Escape);
+      EXPECT_FALSE(wizard.isVisible());
+    });
+    EXPECT_THAT(messages, testing::IsEmpty());
+  }
+  QLocale::setDefault(QLocale::c());
 }
 
 TEST_F(MainWindowTest, ACallIsNotedAsItWent) {
@@ -261,10 +262,7 @@ TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
   auto& connection = static_cast<host::SqliteDatabase&>(window_->desk()->database()).connection();
   connection.setBusyTimeout(20);
   const std::pair<const char*, Visitor::Act> exits[] = {
-      {"Finish", [](QDialog& composer) { press(composer, "cmdFinish"); }},
-      {"Cancel", [](QDialog& composer) { press(composer, "cmdCancel"); }},
-      {"close box", [](QDialog& composer) { composer.close(); }},
-  };
+      {"Finish", finish}, {"Cancel", cancel}, {"close box", closeBox}};
   const auto other = host::openSqlite(path());
   for (const char* command : commands) {
     for (const auto& [name, leave] : exits) {

@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <span>
+
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/claiming.h"
 #include "host/desk/work/client_contacts.h"
@@ -18,24 +21,34 @@ constexpr ChannelRecipients recipients[] = {{nt_Email, RecipientKind::email},
                                             {nt_Fax, RecipientKind::fax},
                                             {nt_Phone, RecipientKind::phone}};
 
+constexpr const char* officeColumns[] = {"Address"};
+constexpr const char* personalColumns[] = {"BusinessAddress", "HomeAddress"};
+
+/// Where a letter would go.
+struct PostalAddress {
+  enumAutoNotifyClientType of;
+  const char* statement;
+  std::span<const char* const> columns;
+};
+constexpr PostalAddress postalAddresses[] = {
+    {enumAutoNotifyCompany,
+     "SELECT Companies.Address FROM Companies WHERE CompanyID=", officeColumns},
+    {enumAutoNotifyContact,
+     "SELECT Contacts.BusinessAddress, Contacts.HomeAddress FROM Contacts WHERE ContactID=",
+     personalColumns},
+};
+
 Client clientOf(Desk& desk, const Task& task) {
   if (task.clientNum < 0) return {enumAutoNotifyContact, task.contactId};
   return {enumAutoNotifyCompany, companyOf(desk, task)};
 }
 
 bool hasPostalAddress(Desk& desk, const Client& client) {
-  const std::string sql =
-      client.type == enumAutoNotifyCompany
-          ? fmt::format("SELECT Companies.Address FROM Companies WHERE CompanyID={};", client.id)
-          : fmt::format(
-                "SELECT Contacts.BusinessAddress, Contacts.HomeAddress FROM Contacts WHERE "
-                "ContactID={};",
-                client.id);
+  const PostalAddress& place = *std::ranges::find(postalAddresses, client.type, &PostalAddress::of);
   bool isKnown = false;
-  firstRow(desk.database(), sql, [&](const Row& row) {
-    isKnown = client.type == enumAutoNotifyCompany
-                  ? !row.text("Address").empty()
-                  : !(row.text("BusinessAddress") + row.text("HomeAddress")).empty();
+  firstRow(desk.database(), fmt::format("{}{};", place.statement, client.id), [&](const Row& row) {
+    isKnown = std::ranges::any_of(place.columns,
+                                  [&](const char* column) { return !row.text(column).empty(); });
   });
   return isKnown;
 }
