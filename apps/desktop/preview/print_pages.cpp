@@ -42,9 +42,13 @@ void drawPage(QPdfDocument& document, int page, QPainter& painter, int printerRe
   painter.drawImage(QRectF({0, 0}, inches * printerResolution), image);
 }
 
+/// Where the pages go; empty for nowhere.
+QString placeOf(const QPrinter& printer) {
+  return printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName();
+}
+
 QString refusalOf(const QPrinter& printer) {
-  return QObject::tr("The printer %1 does not take the pages.")
-      .arg(printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName());
+  return QObject::tr("The printer %1 does not take the pages.").arg(placeOf(printer));
 }
 
 Printing draw(QPdfDocument& document, const QList<int>& pages, QPrinter& printer,
@@ -65,6 +69,7 @@ Printing draw(QPdfDocument& document, const QList<int>& pages, QPrinter& printer
 
 Printing printPages(QPdfDocument& document, const QByteArray& pdf, QPrinter& printer,
                     const GoOnPrinting& mayGoOn) {
+  if (placeOf(printer).isEmpty()) return {QObject::tr("There is no printer to print on.")};
   if (takesWholeFile(printer)) return {saveFile(pdf, printer.outputFileName())};
   const QList<int> pages = wantedPages(document, printer);
   if (pages.isEmpty())
