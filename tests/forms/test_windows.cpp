@@ -225,6 +225,7 @@ TEST_F(Windows, WindowsNestAndThePumpEntersAgain) {
     EXPECT_THROW(outer.showModal(nullptr), PlatformError) << "shown already";
     person.expectWindow("frmSample", [&](WindowInUse& inner) {
       order += "inner ";
+      EXPECT_THROW(window.click("cmdCancel"), std::logic_error) << "it lies below";
       inner.click("cmdCancel");
     });
     person.duringPump(2, [&] {

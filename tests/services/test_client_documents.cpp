@@ -82,6 +82,8 @@ TEST_F(ClientDocumentFolderTest, leadsNowhereElse) {
   const test::TemporaryFolder elsewhere;
   fs::create_directory_symlink(elsewhere.path(), documents / (std::to_string(company) + " Roy"));
   EXPECT_EQ(errorOf([&] { opened(company); }), error_number::pathFileAccess);
+  HostClientDocumentFolder readOnly(clients, "/sys");
+  EXPECT_EQ(errorOf([&] { readOnly.openForCompany(company); }), error_number::pathFileAccess);
   fs::remove_all(documents.path());
   EXPECT_EQ(errorOf([&] { opened(company); }), error_number::pathNotFound);
 }

@@ -37,6 +37,26 @@ std::string wordFor(bool flag) {
   return flag ? "yes" : "no";
 }
 
+/// A window or report that comes up, above all others for the time of a scope.
+class OnScreen {
+ public:
+  explicit OnScreen(const HostObject& shown) { all_.push_back(&shown); }
+  ~OnScreen() { all_.pop_back(); }
+
+  /// No toolkit lets a person act below another window, whoever entered the program again.
+  static void requireOnTop(const HostObject& used) {
+    const auto top = std::find_if(all_.rbegin(), all_.rend(), isVisible);
+    if (top != all_.rend() && *top != &used) throw std::logic_error("another window lies above it");
+  }
+
+ private:
+  static bool isVisible(const HostObject* shown) {
+    const auto* form = dynamic_cast<const Form*>(shown);
+    return form ? form->isVisible() : dynamic_cast<const Report&>(*shown).isShown();
+  }
+  static inline std::vector<const HostObject*> all_;
+};
+
 class PersonAlone : public WindowDriver {
  public:
   explicit PersonAlone(Form& form) : person_(form) {}
@@ -96,6 +116,11 @@ Control& WindowInUse::control(const std::string& name) const {
   return *found;
 }
 
+WindowDriver& WindowInUse::driver() const {
+  OnScreen::requireOnTop(form_);
+  return driver_;
+}
+
 template <class ControlType>
 ControlType& WindowInUse::controlOf(const std::string& name) const {
   auto* typed = dynamic_cast<ControlType*>(&control(name));
@@ -111,7 +136,7 @@ bool WindowInUse::choose(const std::string& name, const std::string& text) {
 }
 
 bool WindowInUse::pickDate(const std::string& name, DateTime date) {
-  return driver_.pickDate(controlOf<DatePicker>(name), date);
+  return driver().pickDate(controlOf<DatePicker>(name), date);
 }
 
 const Control& WindowInUse::seen(const std::string& name) const {
@@ -133,6 +158,11 @@ std::string WindowInUse::read(const std::string& name) const {
   if (auto* option = dynamic_cast<const OptionButton*>(read)) return wordFor(option->value());
   if (auto* picker = dynamic_cast<const DatePicker*>(read)) return toText(picker->value());
   return read->caption();
+}
+
+void ReportInUse::close() {
+  OnScreen::requireOnTop(onShow());
+  driver_.close();
 }
 
 Report& ReportInUse::onShow() const {
@@ -178,6 +208,7 @@ void HeadlessPerson::showModal(Form& form, HostObject* owner) {
   }
   const Script script = std::move(windows_.front().script);
   windows_.pop_front();
+  const OnScreen place(form);
   for (Control* control : form.controls()) {
     if (auto* timer = dynamic_cast<Timer*>(control); timer && form.isVisible()) timer->fire();
   }
@@ -199,13 +230,12 @@ void HeadlessPerson::showReport(Report& report, HostObject* owner) {
   }
   const ReportScript script = std::move(reports_.front().script);
   reports_.pop_front();
-  reportsOnShow_.push_back(&report);
+  const OnScreen place(report);
   report.comeUp();
   WindowRenderer::inUse().show(report, [&](ReportDriver& driver) {
     ReportInUse inUse(report, driver);
     script(inUse);
   });
-  reportsOnShow_.pop_back();
   EXPECT_FALSE(report.isShown()) << report.name() << " was left open";
 }
 
@@ -213,8 +243,8 @@ std::string HeadlessPerson::nameOf(const HostObject* owner) {
   if (owner == activeWindow_) return {};
   for (const Form* form : FormHost::openForms())
     if (form == owner) return form->name();
-  for (const Report* report : reportsOnShow_)
-    if (report == owner) return report->name();
+  const auto* report = dynamic_cast<const Report*>(owner);
+  if (report && report->isShown()) return report->name();
   return "a stranger";
 }
 

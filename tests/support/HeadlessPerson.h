@@ -23,18 +23,18 @@ class WindowInUse {
  public:
   WindowInUse(Form& form, WindowDriver& driver) : form_(form), driver_(driver) {}
 
-  bool click(const std::string& name) { return driver_.click(control(name)); }
+  bool click(const std::string& name) { return driver().click(control(name)); }
   bool type(const std::string& name, const std::string& text) {
-    return driver_.type(control(name), text);
+    return driver().type(control(name), text);
   }
   bool choose(const std::string& name, int position) {
-    return driver_.choose(control(name), position);
+    return driver().choose(control(name), position);
   }
   /// The list entry, page or node with this text.
   bool choose(const std::string& name, const std::string& text);
   bool pickDate(const std::string& name, DateTime date);
-  bool tabTo(const std::string& name) { return driver_.tabTo(control(name)); }
-  bool closeBox() { return driver_.closeBox(); }
+  bool tabTo(const std::string& name) { return driver().tabTo(control(name)); }
+  bool closeBox() { return driver().closeBox(); }
 
   /// True when the person could act on the control.
   bool canUse(const std::string& name) const { return seen(name).isReachable(); }
@@ -48,6 +48,8 @@ class WindowInUse {
 
  private:
   Control& control(const std::string& name) const;
+  /// While the person can act in the window.
+  WindowDriver& driver() const;
   /// The control, once what is drawn of it has been held against it.
   const Control& seen(const std::string& name) const;
   template <class ControlType>
@@ -64,10 +66,7 @@ class ReportInUse {
 
   std::string read(const std::string& label) const;
   Report::Margins margins() const { return onShow().margins; }
-  void close() {
-    onShow();
-    driver_.close();
-  }
+  void close();
   /// A job that the person has started fails. True when the host shows a message of its own.
   bool failJob(int jobType, int number, const std::string& description) {
     return onShow().fail({jobType, 0, number, description});
@@ -178,7 +177,6 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   HostObject* activeWindow_ = nullptr;
   std::deque<ExpectedWindow> windows_;
   std::deque<ExpectedReport> reports_;
-  std::vector<const Report*> reportsOnShow_;
   std::deque<ExpectedMessage> said_;
   std::deque<std::string> menuChoices_;
   std::vector<PumpAct> pumpActs_;

@@ -29,18 +29,12 @@ inline void openComposer(NotificationComposer& composer, ComposerPurpose purpose
     auto& blank = dynamic_cast<DocumentComposer&>(composer);
     return blank.InitializeBlankSend(purpose.type, company, noId, purpose.kind);
   }
-  const auto initialize = [&] {
-    switch (purpose.mode) {
-      case ComposerMode::notifyNow:
-        return &NotificationComposer::InitializeNotifyNow;
-      case ComposerMode::editAuto:
-        return &NotificationComposer::InitializeEditAutoNotify;
-      case ComposerMode::newAuto:
-        return &NotificationComposer::InitializeNewAutoNotify;
-      default:
-        return &NotificationComposer::InitializeSendAuto;
-    }
-  }();
+  // In the order of the modes.
+  constexpr auto initializers = std::to_array<decltype(&NotificationComposer::InitializeNotifyNow)>(
+      {nullptr, &NotificationComposer::InitializeNotifyNow,
+       &NotificationComposer::InitializeEditAutoNotify,
+       &NotificationComposer::InitializeNewAutoNotify, &NotificationComposer::InitializeSendAuto});
+  const auto initialize = initializers.at(static_cast<std::size_t>(purpose.mode));
   (composer.*initialize)(purpose.type, row, purpose.kind, entry);
 }
 
