@@ -72,8 +72,9 @@ const Case cases[] = {
      .sql = "UPDATE Contacts SET ContactID=100 WHERE ContactID=3",
      .failures = 3},
     {.name = "with marks and braces",
-     .sql = "UPDATE ClientNotification SET Field1='«Text» \\''ab', Field2='\\{x}', Field4='Жук', "
-            "Field6='«Date»', Memo='{\\rtf1 one\\par two \\u171?Date\\u187? \\{\\''e9\\}}'"},
+     .sql =
+         "UPDATE ClientNotification SET Field1='«Text» \\''ab', Field2='\\{x}', Field6='«Date»', "
+         "Field4='Жук 你好 😀', Memo='{\\rtf1 one\\par two \\u171?Date\\u187? \\{\\''e9\\}}'"},
     {.name = "without texts and firm",
      .sql = "DELETE FROM AccountantFirmInfo; "
             "UPDATE ClientNotification SET Memo=NULL, Field1=NULL"},
