@@ -31,8 +31,9 @@ int main(int argc, char** argv) {
     return 2;
   }
   Firms firms(argv[1]);
-  for (const auto registerRows : {registerSingleRow, registerMerge, registerComments,
-                                  registerAdding, registerPropagation, registerManyRows})
+  for (const auto registerRows :
+       {registerSingleRow, registerMerge, registerComments, registerAdding, registerOpening,
+        registerPropagation, registerManyRows})
     registerRows(firms);
   MemoryMeter meter;
   if (isMetered) benchmark::RegisterMemoryManager(&meter);

@@ -11,6 +11,7 @@ void registerSingleRow(Firms& firms);
 void registerMerge(Firms& firms);
 void registerComments(Firms& firms);
 void registerAdding(Firms& firms);
+void registerOpening(Firms& firms);
 void registerPropagation(Firms& firms);
 void registerManyRows(Firms& firms);
 

@@ -1,0 +1,158 @@
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <map>
+
+#include "bench/Replay.h"
+#include "bench/raw_rows.h"
+#include "contract/references.h"
+#include "wizards/frmSendNotificationWizardEmail.h"
+#include "wizards/frmSendNotificationWizardLetter.h"
+
+// A composer on a row that waits: the window is made, filled, shown for no time and unloaded.
+
+namespace autonotify::bench {
+namespace {
+
+/// A person who looks at no window for long.
+class PassingFormHost : public host::HeadlessFormHost {
+ public:
+  void showModal(Form& form, HostObject*) override { form.hide(); }
+};
+
+struct Execution {
+  RawStatement statement;
+  int steps;
+};
+
+/// Notes what the engine is asked for in the life of this: each statement with its values, and how
+/// often it is stepped.
+class StatementTrace {
+ public:
+  explicit StatementTrace(sqlite3* connection) : connection_(connection) {
+    sqlite3_trace_v2(connection, SQLITE_TRACE_STMT | SQLITE_TRACE_ROW | SQLITE_TRACE_PROFILE, note,
+                     this);
+  }
+  ~StatementTrace() { sqlite3_trace_v2(connection_, 0, nullptr, nullptr); }
+  StatementTrace(const StatementTrace&) = delete;
+  StatementTrace& operator=(const StatementTrace&) = delete;
+
+  std::vector<Execution> prepare() const {
+    std::vector<Execution> executions;
+    for (const auto& [sql, steps] : noted_)
+      executions.push_back({prepareRaw(connection_, sql), std::max(steps, 1)});
+    return executions;
+  }
+
+ private:
+  struct Noted {
+    std::string sql;
+    int steps = 0;
+  };
+
+  static int note(unsigned event, void* self, void* statement, void*) {
+    static_cast<StatementTrace*>(self)->note(event, static_cast<sqlite3_stmt*>(statement));
+    return 0;
+  }
+  void note(unsigned event, sqlite3_stmt* statement) {
+    if (event == SQLITE_TRACE_STMT) {
+      running_[statement] = noted_.size();
+      char* const sql = sqlite3_expanded_sql(statement);
+      noted_.push_back({sql});
+      sqlite3_free(sql);
+    } else if (event == SQLITE_TRACE_ROW || !sqlite3_stmt_busy(statement)) {
+      // A row, or the step behind the last one; a statement that is given up ends without it.
+      ++noted_[running_.at(statement)].steps;
+    }
+  }
+
+  sqlite3* connection_;
+  std::vector<Noted> noted_;
+  std::map<sqlite3_stmt*, std::size_t> running_;
+};
+
+template <class Window>
+void open(Id row) {
+  Window window;
+  window.InitializeEditAutoNotify(remittanceNotification, row, Tasks, noId);
+  window.unload();
+}
+
+struct Composer {
+  const char* name;
+  notifyType channel;
+  void (*open)(Id row);
+};
+constexpr Composer composers[] = {
+    {"email", nt_Email, open<frmSendNotificationWizardEmail>},
+    {"letter", nt_Letter, open<frmSendNotificationWizardLetter>},
+};
+
+/// Few, so that what the floor prepares for them all stays near the processor.
+std::vector<Id> rowsOf(Firm& firm, const Composer& composer) {
+  return firm.ids(
+      "SELECT ClientNotificationID FROM ClientNotification WHERE NotificationSent=FALSE AND "
+      "ScheduleIDNum>=0 AND NotificationType=" +
+      std::to_string(composer.channel) + " ORDER BY ClientNotificationID LIMIT 10");
+}
+
+/// Calls `measured` with one of the items after the other, round and round.
+template <class Item, class Measured>
+void measureEach(benchmark::State& state, const std::vector<Item>& items, Measured&& measured) {
+  for (const Item& item : items) measured(item);
+  std::size_t next = 0;
+  for (auto _ : state) {
+    measured(items[next]);
+    next = next + 1 == items.size() ? 0 : next + 1;
+  }
+}
+
+Firm& attachedFirm(Firms& firms) {
+  static PassingFormHost forms;
+  firms.inMemory().attach();
+  references().platform.formHost = &forms;
+  return firms.inMemory();
+}
+
+void openEach(benchmark::State& state, Firms& firms, const Composer& composer) {
+  Firm& firm = attachedFirm(firms);
+  measureEach(state, rowsOf(firm, composer), composer.open);
+  firm.requireNoErrors();
+}
+
+/// The statements of an opening, once what is prepared for the first one is there.
+std::vector<Execution> executionsOf(Firm& firm, const Composer& composer, Id row) {
+  composer.open(row);
+  const StatementTrace trace(firm.connection());
+  composer.open(row);
+  return trace.prepare();
+}
+
+void replay(const std::vector<Execution>& opening) {
+  for (const auto& [statement, steps] : opening) {
+    for (int i = 0; i < steps; ++i) sqlite3_step(statement.get());
+    sqlite3_reset(statement.get());
+  }
+}
+
+void replayEach(benchmark::State& state, Firms& firms, const Composer& composer) {
+  Firm& firm = attachedFirm(firms);
+  std::vector<std::vector<Execution>> openings;
+  for (const Id row : rowsOf(firm, composer)) openings.push_back(executionsOf(firm, composer, row));
+  measureEach(state, openings, replay);
+  firm.requireNoErrors();
+}
+
+}  // namespace
+
+void registerOpening(Firms& firms) {
+  for (const Composer& composer : composers) {
+    const std::string row = std::string("open_") + composer.name;
+    benchmark::RegisterBenchmark((row + "/ours").c_str(),
+                                 [&](auto& state) { openEach(state, firms, composer); });
+    benchmark::RegisterBenchmark((row + "/floor").c_str(),
+                                 [&](auto& state) { replayEach(state, firms, composer); });
+  }
+}
+
+}  // namespace autonotify::bench
