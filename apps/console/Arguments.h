@@ -13,6 +13,8 @@
 
 namespace autonotify::console {
 
+struct TemplateAction;
+
 /// Options that stand before the command.
 struct GlobalOptions {
   std::string database = "hvnotify.db";
@@ -54,7 +56,12 @@ struct Arguments {
   bool home = false;
   bool phones = false;
   bool email = false;
-  std::optional<Id> scheduleType;
+  /// A kind of tasks, by its number or name.
+  std::string scheduleType;
+  const TemplateAction* templateAction = nullptr;
+  std::string former;
+  bool anyway = false;
+  bool keepEdited = false;
   MergeUse mergeUse = MergeUse::task;
   std::string file;
   std::string from;

@@ -6,6 +6,7 @@
 #include "commands/changing.h"
 #include "commands/contacts.h"
 #include "commands/copying.h"
+#include "commands/editing.h"
 #include "commands/explaining.h"
 #include "commands/founding.h"
 #include "commands/items.h"
@@ -34,7 +35,8 @@ std::span<const Command> allCommands() {
       Command{"show", "show a notification", describeShow, runShow, nullptr},
       Command{"due", "list what is to be sent today", describeDue, runDue, nullptr},
       Command{"merge", "compose the text for a task", describeMerge, runMerge, nullptr},
-      Command{"check", "find the first fault of a template", describeCheck, runCheck, nullptr},
+      Command{"check", "find the faults of a template, and what stays empty", describeCheck,
+              runCheck, nullptr},
       Command{"explain", "tell why a task is notified on its date", describeExplain, runExplain,
               nullptr},
       Command{"send", "send emails", describeSend, runSend, nullptr},
@@ -51,6 +53,8 @@ std::span<const Command> allCommands() {
               runRecipients, nullptr},
       Command{"contact-default", "show or set a company's default contact", describeContactDefault,
               runContactDefault, nullptr},
+      Command{"template", "list, show, change and try the templates of kinds", describeTemplate,
+              runTemplate, nullptr},
       Command{"propagate", "carry a changed template into unsent notifications", describePropagate,
               runPropagate, nullptr},
       Command{"fields", "list what a template can be filled with", describeFields, runFields,

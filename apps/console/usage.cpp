@@ -9,11 +9,26 @@
 namespace autonotify::console {
 namespace {
 
-std::string commandNames() {
+/// The command that was named last; the program itself where none was.
+const CLI::App& chosenOf(const CLI::App& app) {
+  const auto chosen = app.get_subcommands();
+  return chosen.empty() ? app : chosenOf(*chosen.front());
+}
+
+/// "template show " behind the program's name; empty for the program itself.
+std::string pathOf(const CLI::App& command) {
+  const CLI::App* parent = command.get_parent();
+  return parent ? pathOf(*parent) + command.get_name() + " " : "";
+}
+
+std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
+  return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+std::string commandNames(const CLI::App& app) {
   std::string names;
-  for (const Command& command : allCommands()) {
-    names += (names.empty() ? "" : ", ") + std::string(command.name);
-  }
+  for (const CLI::App* command : commandsOf(app))
+    names += (names.empty() ? "" : ", ") + command->get_name();
   return names;
 }
 
@@ -31,16 +46,18 @@ std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
   const std::string stray = firstStray(app);
   const bool isOption = stray.size() > 1 && stray.front() == '-';
   if (isOption) return fmt::format("there is no option \"{}\"", stray);
-  const bool hasCommand = !app.get_subcommands().empty();
+  const CLI::App& chosen = chosenOf(app);
+  const bool hasCommand = commandsOf(chosen).empty();
   if (!hasCommand && !stray.empty()) {
-    return fmt::format("there is no command \"{}\"; commands: {}", stray, commandNames());
+    return fmt::format("there is no command \"{}{}\"; commands: {}", pathOf(chosen), stray,
+                       commandNames(chosen));
   }
   const std::string words = error.what();
   if (isA(error, CLI::ExitCodes::ArgumentMismatch)) {
     return words.substr(0, words.find(':')) + ": a value is missing";
   }
   if (!hasCommand && isA(error, CLI::ExitCodes::RequiredError)) {
-    return "name a command: " + commandNames();
+    return "name a command: " + commandNames(chosen);
   }
   if (isA(error, CLI::ExitCodes::ExtrasError))
     return fmt::format("\"{}\" is one argument too many", stray);
@@ -56,9 +73,7 @@ bool isOfGeneralOption(const CLI::App& app, const std::string& fault) {
 
 std::string usageFault(const CLI::App& app, const CLI::ParseError& error) {
   const std::string fault = faultOf(app, error);
-  const auto chosen = app.get_subcommands();
-  const bool isGeneral = chosen.empty() || isOfGeneralOption(app, fault);
-  const std::string command = isGeneral ? "" : chosen.front()->get_name() + " ";
+  const std::string command = isOfGeneralOption(app, fault) ? "" : pathOf(chosenOf(app));
   return fmt::format("{} (see: hvnotify {}--help)", fault, command);
 }
 

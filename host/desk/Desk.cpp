@@ -57,6 +57,7 @@ std::string firstLine(const std::string& description) {
 
 Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
     : dialogs_(dialogs),
+      clock_(systemClock_, options.today),
       database_(openDatabase(options.database)),
       claims_(claimsOf(*database_)),
       locale_(LocaleSettings{}),
@@ -71,7 +72,6 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       hasOwnDocuments_(options.documents.empty() && isFile(options.database)),
       documents_(hasOwnDocuments_ ? documentsBeside(fileOf(*database_)) : options.documents) {
   if (hasOwnOutbox_) linkedOutbox_ = outboxBeside(options.database);
-  if (options.today) shiftedClock_.emplace(systemClock_, *options.today);
   readFirm(options);
   readUser(options);
   registerClasses();

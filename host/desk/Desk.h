@@ -77,7 +77,7 @@ class Desk {
   DatabaseReference& database() { return *database_; }
   /// Whoever composes, arms or disarms for a task or an item of the diary claims that first; who
   /// sends or changes a notification claims it too (claimNotification), and reads its state then.
-  /// Carrying a template into what is unsent claims nothing: what it writes is not told from a
+  /// Carrying a template into all that is unsent claims nothing: what it writes is not told from a
   /// person's change.
   Claims& claims() { return *claims_; }
   clientDropDownCtrlReference& clients() { return *clients_; }
@@ -86,7 +86,7 @@ class Desk {
   /// The classes that the component may create; a program may replace them.
   ClassRegistry& classes() { return registry_; }
   HostLocale& locale() { return locale_; }
-  Clock& clock() { return shiftedClock_ ? static_cast<Clock&>(*shiftedClock_) : systemClock_; }
+  DateShiftedClock& clock() { return clock_; }
   DateTime today() { return clock().today(); }
 
   /// Runs `call` and gives the errors that the component met meanwhile, as one line; empty when all
@@ -124,8 +124,7 @@ class Desk {
 
   DeskDialogs dialogs_;
   SystemClock systemClock_;
-  /// Set when the desk pretends to be on another date.
-  std::optional<DateShiftedClock> shiftedClock_;
+  DateShiftedClock clock_;
   std::unique_ptr<RecordsetDatabase> database_;
   std::unique_ptr<Claims> claims_;
   HostLocale locale_;

@@ -20,4 +20,26 @@ struct MergeFieldInfo {
   std::string sample;
 };
 
+/// A fault of a template.
+struct TemplateFault {
+  std::string message;
+  /// What stands between the marks there; of a mark without another one, what is near it.
+  std::string expression;
+};
+
+/// What becomes of a field of a template in a notification.
+enum class FieldFate {
+  filled,
+  /// The record that it is read from has no value.
+  withoutValue,
+  /// Notifications do not read its record, or it is a date without a format.
+  neverFilled,
+};
+
+struct TemplateField {
+  /// As it stands in the template, with its marks.
+  std::string token;
+  FieldFate fate = FieldFate::filled;
+};
+
 }  // namespace autonotify

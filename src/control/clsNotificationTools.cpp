@@ -60,8 +60,11 @@ class NotificationTools final : public clsNotificationTools {
     });
   }
 
-  std::string findTemplateFault(const std::string& templateText, bool isRTF) override {
-    return autonotify::findTemplateFault(templateText, isRTF);
+  std::vector<TemplateFault> findTemplateFaults(const std::string& text, bool isRTF) override {
+    return autonotify::findTemplateFaults(text, isRTF);
+  }
+  std::vector<TemplateField> listTemplateFields(const std::string& text, Id scheduleID) override {
+    return autonotify::listTemplateFields(text, scheduleID);
   }
 
   std::string mergeTemplate(const std::string& templateText, Id scheduleID) override {
@@ -89,6 +92,15 @@ class NotificationTools final : public clsNotificationTools {
     return autonotify::setDefaultContact(companyID, contactID);
   }
 
+  std::string readTemplate(Id scheduleTypeID) override {
+    return autonotify::readTemplate(scheduleTypeID);
+  }
+  std::string composeNotification(const std::string& templateText, Id notificationID) override {
+    return autonotify::composeNotification(templateText, notificationID);
+  }
+  void recomposeNotification(const std::string& templateText, Id notificationID) override {
+    autonotify::recomposeNotification(templateText, notificationID);
+  }
   void propagateTemplate(Id scheduleTypeID,
                          const std::function<void(int rowsDone, int rows)>& progress) override {
     autonotify::propagateTemplate(scheduleTypeID, progress);

@@ -29,9 +29,12 @@ class clsNotificationTools : public ComponentObject {
   /// Shows the document of a fax or a letter and files it when its preview is closed. False for a
   /// row of another channel, and for one that does not exist.
   virtual bool makeDocument(Id notificationID) = 0;
-  /// The message of the template's first fault, empty when it is sound. `isRTF` says which spelling
-  /// of the marks to look for: \'ab and \'bb, or « and ».
-  virtual std::string findTemplateFault(const std::string& templateText, bool isRTF) = 0;
+  /// The faults of a template; none when it is sound. `isRTF` says which spelling of the marks to
+  /// look for: \'ab and \'bb, or « and ».
+  virtual std::vector<TemplateFault> findTemplateFaults(const std::string& text, bool isRTF) = 0;
+  /// The fields of a template, each once, and what becomes of them in a notification of the
+  /// schedule entry; without an entry (-1) nothing has a value. None where the marks do not pair.
+  virtual std::vector<TemplateField> listTemplateFields(const std::string& text, Id scheduleID) = 0;
   /// The template merged with the records of the schedule entry and its client, as its own template
   /// would be; empty for an entry that does not exist.
   virtual std::string mergeTemplate(const std::string& templateText, Id scheduleID) = 0;
@@ -57,11 +60,18 @@ class clsNotificationTools : public ComponentObject {
   /// the company.
   virtual bool setDefaultContact(Id companyID, Id contactID) = 0;
 
+  /// The template of the kind; the standard one when it has none, and for a kind without a row.
+  virtual std::string readTemplate(Id scheduleTypeID) = 0;
   /// Composes the texts of all unsent notifications of the kind anew, by the template of its
   /// `ScheduleTypes` row; a client who is a contact only keeps the old text. `progress` hears of
   /// each unsent notification looked at; it may be empty. Nothing happens for a kind without a row.
   virtual void propagateTemplate(Id scheduleTypeID,
                                  const std::function<void(int rowsDone, int rows)>& progress) = 0;
+  /// The text that the template gives a notification when it is carried into it; empty for one that
+  /// keeps its own.
+  virtual std::string composeNotification(const std::string& templateText, Id notificationID) = 0;
+  /// Writes that text into the notification, whether it was sent or not.
+  virtual void recomposeNotification(const std::string& templateText, Id notificationID) = 0;
   /// The fields that a template for this use can be filled with, in the order of the editor's list.
   virtual std::vector<MergeFieldInfo> listMergeFields(MergeUse use) = 0;
 };

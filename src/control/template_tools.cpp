@@ -5,6 +5,7 @@
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_columns.h"
 #include "merge/fields/field_list_kinds.h"
+#include "merge/templates/template_check.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "store/column_lookup.h"
 
@@ -48,13 +49,33 @@ MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row)
 
 }  // namespace
 
-std::string findTemplateFault(const std::string& templateText, bool isRTF) {
-  std::string fault;
-  clsInsertFieldsInRTB engine;
-  listFields(engine, field_list_type::task);
-  engine.testErrorComment = [&](const std::string& message) { fault = message; };
-  engine.testRTBComment(templateText, isRTF, true, false);
-  return fault;
+std::vector<TemplateFault> findTemplateFaults(const std::string& templateText, bool isRTF) {
+  using Faults = std::vector<TemplateFault>;
+  return procedure(tag<"findTemplateFaults">, Faults{}, [&](Step& step, Faults& result) {
+    clsInsertFieldsInRTB engine;
+    listFields(engine, field_list_type::task);
+    TemplateCheck check(step, [&](const std::string& name) { return engine.testStr(name); });
+    const std::string text = engine.convertProvinceFields(templateText);
+    result = check.allFaults(text, isRTF ? escapedMarks : bareMarks);
+  });
+}
+
+std::string readTemplate(Id scheduleTypeID) {
+  clsAutoNotifyTemplate kind;
+  kind.openExistingScheduleType(scheduleTypeID);
+  return kind.get_notificationComment();
+}
+
+std::string composeNotification(const std::string& templateText, Id notificationID) {
+  clsAutoNotifyTemplate kind;
+  kind.put_notificationComment(templateText);
+  return kind.composeNotificationComment(notificationID);
+}
+
+void recomposeNotification(const std::string& templateText, Id notificationID) {
+  clsAutoNotifyTemplate kind;
+  kind.put_notificationComment(templateText);
+  kind.changeNotificationComment(notificationID);
 }
 
 void propagateTemplate(Id scheduleTypeID,

@@ -11,7 +11,10 @@ namespace autonotify {
 
 // What clsNotificationTools tells and changes of templates; see there.
 
-std::string findTemplateFault(const std::string& templateText, bool isRTF);
+std::vector<TemplateFault> findTemplateFaults(const std::string& templateText, bool isRTF);
+std::string readTemplate(Id scheduleTypeID);
+std::string composeNotification(const std::string& templateText, Id notificationID);
+void recomposeNotification(const std::string& templateText, Id notificationID);
 void propagateTemplate(Id scheduleTypeID,
                        const std::function<void(int rowsDone, int rows)>& progress);
 std::vector<MergeFieldInfo> listMergeFields(MergeUse use);

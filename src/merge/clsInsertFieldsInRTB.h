@@ -4,8 +4,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "contract/GridColumnList.h"
+#include "contract/merge_fields.h"
 #include "merge/fields/field_claims.h"
 #include "merge/fields/field_cursor.h"
 #include "merge/fields/field_list_kinds.h"
@@ -135,6 +137,9 @@ class clsInsertFieldsInRTB : public MergeIds {
   /// True when the template has a fault; `raiseErrors` raises testErrorComment with the first.
   /// `isRTF` looks for escaped marks instead of bare ones, `skipFieldNames` accepts any name.
   bool testRTBComment(const std::string& text, bool isRTF, bool raiseErrors, bool skipFieldNames);
+  /// The fields of TemplateText, each once, and what becomes of them by the records. None for a
+  /// template whose marks do not pair.
+  std::vector<TemplateField> listTemplateFields();
   /// The template with today's names for the fields of older templates and of other regions.
   std::string convertProvinceFields(const std::string& text);
   /// The template without block headers; a text of at most longestFieldName characters gets the
@@ -193,6 +198,7 @@ class clsInsertFieldsInRTB : public MergeIds {
   std::shared_ptr<const FieldClaims> claimsOnLayout(
       Step& step, const std::shared_ptr<const TemplateLayout>& layout);
   std::string mergeByLayout(Step& step, const TemplateLayout& layout, const FieldClaims& claims);
+  FieldFate fateOf(Step& step, const FieldClaim& claim);
 
   int mergeFieldListUse_ = field_list_use::merging;
   std::unique_ptr<FieldList> fieldList_;

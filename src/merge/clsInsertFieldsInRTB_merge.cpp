@@ -101,6 +101,18 @@ std::string clsInsertFieldsInRTB::mergeByLayout(Step& step, const TemplateLayout
   return texts.joined(false);
 }
 
+std::vector<TemplateField> clsInsertFieldsInRTB::listTemplateFields() {
+  using Fields = std::vector<TemplateField>;
+  return procedure(tag<"listTemplateFields">, Fields{}, [&](Step& step, Fields& result) {
+    const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate();
+    const auto claims = verifyFieldListIsPopulated() ? claimsOnLayout(step, layout) : nullptr;
+    if (!claims) return;
+    for (std::size_t token = 0; token < layout->tokenCount(); ++token)
+      result.push_back({layout->tokenText(token), FieldFate::neverFilled});
+    for (const FieldClaim& claim : *claims) result[claim.token].fate = fateOf(step, claim);
+  });
+}
+
 void clsInsertFieldsInRTB::mergeByRules(Step& step, std::string& text) {
   for (const MergeMarks& marks : {bareMarks, escapedMarks})
     if (mergePass(step, text, marks)) return;

@@ -75,6 +75,20 @@ std::string clsInsertFieldsInRTB::getDataFieldInfo(int index, const std::string&
   });
 }
 
+FieldFate clsInsertFieldsInRTB::fateOf(Step& step, const FieldClaim& claim) {
+  if (claim.row == 0) return FieldFate::filled;  // today's date
+  const FieldCursor field(step, fieldList_);
+  if (!field.select(claim.index)) return FieldFate::neverFilled;
+  const std::string group = field.text(field_column::group);
+  const auto source = findMergeSource(group);
+  const bool isRead = group == documentsGroup || (source && isReadForTasks(*source));
+  if (!isRead) return FieldFate::neverFilled;
+  const bool isPlain = claim.format == TemplateLayout::Reading::plain;
+  std::string format(isPlain ? std::string_view{} : mergeDateFormats[claim.format]);
+  const std::string value = getDataFieldInfo(claim.index, format);
+  return trim(value).empty() ? FieldFate::withoutValue : FieldFate::filled;
+}
+
 /// The field of the list's current row, not yet formatted.
 Value clsInsertFieldsInRTB::readCurrentField(Step& step) {
   const FieldCursor field(step, fieldList_);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "contract/rows.h"
@@ -111,6 +112,8 @@ class clsAutoNotifyTemplate {
   /// Composes one text anew, whether it was sent or not. That of a client who is a contact only
   /// stays.
   void changeNotificationComment(Id notificationID);
+  /// The text that this would write; empty where it would write none.
+  std::string composeNotificationComment(Id notificationID);
 
   // The default comment, RTF.
 
@@ -144,6 +147,7 @@ class clsAutoNotifyTemplate {
   void resetDatesOfKind(Step& step);
   void resetCommentOf(const Row& notification);
   bool coversScheduleEntry(Id scheduleID) const;
+  std::optional<std::string> textFor(Step& step, Id notificationID);
 
   Columns columns_;
   /// A missing member is looked up as the row of the family itself.

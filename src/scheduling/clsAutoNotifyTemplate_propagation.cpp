@@ -134,19 +134,29 @@ void clsAutoNotifyTemplate::changeNotificationComment(Id notificationID) {
     if (!isDatabaseOpen(step)) return;
     const Rows row(step, notificationById, notificationID, keysetUpdate);
     if (!row) return;
-    const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
-    const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
-    Id contactID = getContactIDFromScheduleID(scheduleID);
-    // The text of a client who is a contact only stays as it is.
-    if (clientDataID < 0) return;
-    Id companyID = noId;
-    step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
-    contactID = noId;  // a company's text goes without the entry's contact
-    if (scheduleID < 0) return;
-    const Id taskID = getTaskIDFromScheduleID(scheduleID);
-    rewrite(row, "Memo",
-            generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID));
+    if (const auto text = textFor(step, notificationID)) rewrite(row, "Memo", *text);
   });
+}
+
+std::string clsAutoNotifyTemplate::composeNotificationComment(Id notificationID) {
+  const auto compose = [&](Step& step, std::string& result) {
+    if (isDatabaseOpen(step)) result = textFor(step, notificationID).value_or("");
+  };
+  return procedure(tag<"composeNotificationComment">, std::string{}, compose);
+}
+
+/// Nothing for a notification that keeps its text: that of a client who is a contact only.
+std::optional<std::string> clsAutoNotifyTemplate::textFor(Step& step, Id notificationID) {
+  const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
+  const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
+  Id contactID = getContactIDFromScheduleID(scheduleID);
+  if (clientDataID < 0) return std::nullopt;
+  Id companyID = noId;
+  step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
+  contactID = noId;  // a company's text goes without the entry's contact
+  if (scheduleID < 0) return std::nullopt;
+  const Id taskID = getTaskIDFromScheduleID(scheduleID);
+  return generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID);
 }
 
 }  // namespace autonotify

@@ -26,6 +26,21 @@ struct MergeClient {
   Id contactID = 0;
 };
 
+void setUp(clsInsertFieldsInRTB& merge, const std::string& templateText, Id scheduleID, Id taskID,
+           const MergeClient& client) {
+  merge.put_MergeFieldListUse(field_list_use::merging);
+  merge.ListType = field_list_type::task;
+  merge.TemplateText = templateText;
+  merge.companyID = client.companyID;
+  merge.contactID = client.contactID;
+  // Setting the schedule entry fills the task too; the one given wins.
+  merge.put_scheduleID(scheduleID);
+  merge.taskID = taskID;
+  merge.TestComment = false;
+  merge.ConvertStrToRTF = true;
+  merge.initializeDataRecordsetsForSingleDocMerge();
+}
+
 MergeClient readClient(const Row& entry) {
   MergeClient client;
   const Id clientNum = entry.id("ClientNum");
@@ -68,6 +83,18 @@ std::string generateCommentFromTemplate(const std::string& templateText, Id sche
                        [&](Id, Id) { return templateText; });
 }
 
+std::vector<TemplateField> listTemplateFields(const std::string& templateText, Id scheduleID) {
+  using Fields = std::vector<TemplateField>;
+  return procedure(tag<"listTemplateFields">, Fields{}, [&](Step& step, Fields& result) {
+    MergeClient client{noId, noId};
+    if (const Rows entry(step, entryWithClient, scheduleID, keysetRead); entry)
+      client = readClient(entry);
+    clsInsertFieldsInRTB merge;
+    setUp(merge, templateText, scheduleID, getTaskIDFromScheduleID(scheduleID), client);
+    result = merge.listTemplateFields();
+  });
+}
+
 std::string getNotificationComment(Id totalNum, Id scheduleNum) {
   return procedure(tag<"getNotificationComment">, std::string{}, [&](Step&, std::string& result) {
     clsAutoNotifyTemplate kind;
@@ -82,17 +109,7 @@ std::string generateComment(const std::string& templateText, Id scheduleID, Id t
     std::unique_ptr<clsInsertFieldsInRTB> merge;
     step.assign(merge, [] { return std::make_unique<clsInsertFieldsInRTB>(); });
     if (!merge) return;
-    merge->put_MergeFieldListUse(field_list_use::merging);
-    merge->ListType = field_list_type::task;
-    merge->TemplateText = templateText;
-    merge->companyID = companyID;
-    merge->contactID = contactID;
-    // Setting the schedule entry fills the task too; the one given wins.
-    merge->put_scheduleID(scheduleID);
-    merge->taskID = taskID;
-    merge->TestComment = false;
-    merge->ConvertStrToRTF = true;
-    merge->initializeDataRecordsetsForSingleDocMerge();
+    setUp(*merge, templateText, scheduleID, taskID, {companyID, contactID});
     result = merge->parseRTBComment();
   });
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "contract/merge_fields.h"
 #include "platform/Value.h"
 
 namespace autonotify {
@@ -15,6 +17,10 @@ std::string generateClientAutoNotifyComment(Id scheduleID);
 
 /// The same with `templateText` in place of the kind's template.
 std::string generateCommentFromTemplate(const std::string& templateText, Id scheduleID);
+
+/// The fields of a template and what becomes of them for the entry; without one (-1) nothing has a
+/// value.
+std::vector<TemplateField> listTemplateFields(const std::string& templateText, Id scheduleID);
 
 /// The template of a kind of schedule entry, by the same fallbacks as its period; the default
 /// comment when the kind's own is empty; empty when no kind is found.

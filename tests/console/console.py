@@ -18,7 +18,7 @@ PROGRAM = os.environ["HVNOTIFY"]
 TODAY = "2026-04-15"
 ENGINE = engines.chosen()
 # Items that a desk claims.
-NOTIFICATION, TASK, PRINT_RUN = 1, 2, 5
+NOTIFICATION, TASK, PRINT_RUN, TEMPLATES = 1, 2, 5, 6
 
 
 def refusals(table):

@@ -4,7 +4,7 @@ from console import ConsoleTest, refusals
 
 COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, "
             "merge, check, explain, send, print, calls, call, cancel, move, refresh, address, recipients, "
-            "contact-default, propagate, fields")
+            "contact-default, template, propagate, fields")
 NAMES = COMMANDS.split(", ")
 
 
@@ -13,7 +13,7 @@ class UsageTest(ConsoleTest):
         names = {"commands": COMMANDS}
         self.refuses_each("of the program", 2, " (see: hvnotify --help)", **names)
         for line, words in refusals("of a command"):
-            command = next(word for word in line.split() if word in NAMES)
+            command = next(name for name in ["template set", *NAMES] if f" {name} " in f" {line} ")
             self.refuses(line, f"{words} (see: hvnotify {command} --help)", 2)
         self.refuses("call 5 --made --note \udcff",
                      "--note: the text is not UTF-8 (see: hvnotify call --help)", 2)

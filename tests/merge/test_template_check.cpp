@@ -32,6 +32,17 @@ TEST_F(TemplateCheckTest, TellsTheFirstFaultInWords) {
   EXPECT_EQ(faultOf("«Foo» «(Foo, x)»", true), wrongFormat("x"));
 }
 
+TEST_F(TemplateCheckTest, TellsAllFaultsOnce) {
+  for (const auto& row : rowsOf("all faults", 2)) {
+    const string places = procedure("test", string(), [&](Step& step, string& result) {
+      TemplateCheck check(step, [](const string& name) { return name == "Company Name"; });
+      for (const TemplateFault& fault : check.allFaults(row[0], bareMarks))
+        result += fault.expression + "|" + fault.message.substr(0, 20) + "|";
+    });
+    EXPECT_EQ(places, row[1]) << row[0];
+  }
+}
+
 TEST_F(TemplateCheckTest, LeavesADateWithoutAFormatToThePersonAtTheDialog) {
   errors.answer({error_choice::leave, error_choice::next, error_choice::next});
   EXPECT_EQ(faultOf("«(Task Due Date)»"), "left");

@@ -2,17 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
+#include "host/desk/work/template_file.h"
+#include "outcome_words.h"
 
 namespace autonotify::console {
 namespace {
-
-constexpr std::uintmax_t largestFile = 16u << 20;
 
 struct ChannelWord {
   std::string word;
@@ -60,6 +56,22 @@ void addTask(CLI::App& command, Arguments& arguments) {
       ->required();
 }
 
+CLI::Option* addKind(CLI::App& command, Arguments& arguments) {
+  return addText(command, "KIND", "NUMBER or NAME",
+                 "the schedule type (see: hvnotify template list)", arguments.scheduleType)
+      ->required();
+}
+
+CLI::Option* addFormer(CLI::App& command, const std::string& use, Arguments& arguments) {
+  return addText(command, "--former", "FILE", use + ", as template show --rtf gave it",
+                 arguments.former);
+}
+
+std::optional<std::string> readFormer(const Arguments& arguments) {
+  if (arguments.former.empty()) return std::nullopt;
+  return doneOrRefuse(host::readTextFile(arguments.former));
+}
+
 void addNotification(CLI::App& command, Arguments& arguments) {
   addNumber(command, "NOTIFICATION", "number of the notification (see: hvnotify due)",
             arguments.notification)
@@ -102,18 +114,6 @@ void addChannels(CLI::App& command, Arguments& arguments) {
 
 void addForce(CLI::App& command, Arguments& arguments) {
   command.add_flag("--force", arguments.force, "also delete the record of a sent notification");
-}
-
-std::string readFile(const std::string& path) {
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(path, error);
-  if (error) throw Refusal(fmt::format("cannot read {}: {}", path, error.message()));
-  if (size > largestFile) throw Refusal(fmt::format("{} is larger than 16 MiB", path));
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream content;
-  if (size > 0) content << file.rdbuf();
-  if (!file) throw Refusal(fmt::format("cannot read {}", path));
-  return std::move(content).str();
 }
 
 }  // namespace autonotify::console

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <ranges>
 #include <span>
 #include <string>
@@ -68,6 +69,12 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name, const char* k
 }
 
 void addTask(CLI::App& command, Arguments& arguments);
+/// A kind of tasks, by its number or name.
+CLI::Option* addKind(CLI::App& command, Arguments& arguments);
+/// --former FILE: a template that a kind had, as `template show --rtf` gave it.
+CLI::Option* addFormer(CLI::App& command, const std::string& use, Arguments& arguments);
+/// Its text; unset without the option. Throws Refusal.
+std::optional<std::string> readFormer(const Arguments& arguments);
 void addNotification(CLI::App& command, Arguments& arguments);
 /// Any number of them.
 CLI::Option* addNotifications(CLI::App& command, Arguments& arguments);
@@ -108,8 +115,5 @@ CLI::Option* addNumber(CLI::App& command, const std::string& name, const std::st
     }
   });
 }
-
-/// The whole file. Throws Refusal when it cannot be read or holds more than 16 MiB.
-std::string readFile(const std::string& path);
 
 }  // namespace autonotify::console

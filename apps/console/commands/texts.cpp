@@ -5,9 +5,11 @@
 #include <array>
 
 #include "commands/arguments.h"
+#include "commands/template_report.h"
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/claiming.h"
+#include "host/desk/work/template_file.h"
 #include "host/desk/work/template_texts.h"
 #include "outcome_words.h"
 #include "platform/date_time_text.h"
@@ -34,12 +36,8 @@ std::array<const char*, 6> namesOf(int channel) {
   return {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"};
 }
 
-/// A template from a file: text that is no UTF-8 and no RTF, or holds a NUL, cannot be one.
 std::string readTemplate(const std::string& path) {
-  std::string text = readFile(path);
-  if (text.find('\0') != std::string::npos) throw Refusal(path + " holds a NUL byte");
-  if (!isValidUtf8(text)) throw Refusal(path + " is not UTF-8 text");
-  return text;
+  return doneOrRefuse(host::readTemplateFile(path));
 }
 
 }  // namespace
@@ -101,29 +99,19 @@ Reply runMerge(host::Desk& desk, const Arguments& arguments) {
   Reply reply;
   (arguments.plain ? reply.text : reply.document) = withLineEnd(text);
   reply.data = {{"task", task.id}, {"text", text}};
-  if (text.empty() && !arguments.file.empty()) {
-    reply.refuse(
-        fmt::format("{} gives an empty text; a short template is read as the name of one field",
-                    arguments.file));
-  }
   return reply;
 }
 
 void describeCheck(CLI::App& command, Arguments& arguments) {
   addText(command, "FILE", "", "the template, RTF or plain text, of at most 16 MiB", arguments.file)
       ->required();
+  addNumber(command, "--task", "a task, to tell what its client has no value for", arguments.task);
 }
 
 Reply runCheck(host::Desk& desk, const Arguments& arguments) {
-  const std::string fault =
-      doneOrRefuse(host::findTemplateFault(desk, readTemplate(arguments.file)));
   Reply reply;
-  reply.data = {{"file", arguments.file}, {"sound", fault.empty()}, {"fault", fault}};
-  if (fault.empty()) {
-    reply.text = "The template is sound.\n";
-  } else {
-    reply.refuse(fault);
-  }
+  reply.data["file"] = arguments.file;
+  reportTemplate(desk, readTemplate(arguments.file), arguments.task, reply);
   return reply;
 }
 

@@ -13,7 +13,7 @@ void describeMerge(CLI::App& command, Arguments& arguments);
 Reply runMerge(host::Desk& desk, const Arguments& arguments);
 
 void describeCheck(CLI::App& command, Arguments& arguments);
-/// A template's first fault.
+/// All faults of a template, and its fields that stay empty.
 Reply runCheck(host::Desk& desk, const Arguments& arguments);
 
 }  // namespace autonotify::console

@@ -1,6 +1,12 @@
 #include "host/desk/rows/ScheduleKind.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <charconv>
+#include <ranges>
+
+#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
@@ -13,6 +19,13 @@ constexpr const char* selectKinds =
 ScheduleKind readKind(const Row& row) {
   return {row.id("ScheduleTypeID"), row.text("ScheduleTypeName"), row.id("TotalNum"),
           row.id("ScheduleNum")};
+}
+
+std::optional<Id> wholeNumber(const std::string& text) {
+  Id number = noId;
+  const char* const end = text.data() + text.size();
+  const auto [stop, fault] = std::from_chars(text.data(), end, number);
+  return stop == end && fault == std::errc{} ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace
@@ -29,6 +42,25 @@ std::optional<ScheduleKind> findScheduleKind(Desk& desk, Id id) {
   return findRow(desk.database(), kindTable,
                  fmt::format("{} WHERE ScheduleTypes.ScheduleTypeID={};", selectKinds, id),
                  readKind);
+}
+
+Outcome<ScheduleKind> requireScheduleKind(Desk& desk, const std::string& numberOrName) {
+  const std::string subject = "schedule type " + numberOrName;
+  std::vector<ScheduleKind> found;
+  if (const auto number = wholeNumber(numberOrName)) {
+    if (auto kind = findScheduleKind(desk, *number)) found.push_back(*std::move(kind));
+  } else {
+    found = readScheduleKinds(desk).rows;
+    std::erase_if(found, [name = trim(numberOrName)](const ScheduleKind& kind) {
+      return !equalIgnoreCase(kind.name, name);
+    });
+  }
+  if (found.empty()) return Refused{Refused::Why::notThere, subject};
+  if (found.size() == 1) return found.front();
+  const auto numbers = found | std::views::transform(&ScheduleKind::id);
+  return Refused{
+      Refused::Why::failed, subject,
+      fmt::format("several have this name; give a number: {}", fmt::join(numbers, ", "))};
 }
 
 std::string scheduleKindName(Desk& desk, Id totalNum, Id scheduleNum) {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "host/desk/Desk.h"
+#include "host/desk/Outcome.h"
 #include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
@@ -23,6 +23,9 @@ struct ScheduleKind {
 ReadableRows<ScheduleKind> readScheduleKinds(Desk& desk);
 /// Throws UnreadableRow.
 std::optional<ScheduleKind> findScheduleKind(Desk& desk, Id id);
+/// The kind of that number, or else of that name, in any case. Refused when there is none, or when
+/// several have the name.
+Outcome<ScheduleKind> requireScheduleKind(Desk& desk, const std::string& numberOrName);
 /// Empty for a kind that the firm has no name for.
 std::string scheduleKindName(Desk& desk, Id totalNum, Id scheduleNum);
 

@@ -15,9 +15,12 @@ struct Propagation {
   std::size_t left = 0;
 };
 
-/// Carries the template of the kind into its unsent notifications. `progress` hears of each that
-/// was looked at.
-Outcome<Propagation> propagateTemplate(Desk& desk, Id kind,
+/// Its unsent notifications and their tasks, as what stands behind FROM.
+std::string unsentRowsOf(const ScheduleKind& kind);
+
+/// Carries the template of the kind, named as requireScheduleKind takes it, into its unsent
+/// notifications. `progress` hears of each that was looked at.
+Outcome<Propagation> propagateTemplate(Desk& desk, const std::string& kind,
                                        const std::function<void(int done, int rows)>& progress);
 
 }  // namespace autonotify::host

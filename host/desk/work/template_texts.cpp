@@ -1,17 +1,44 @@
 #include "host/desk/work/template_texts.h"
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 #include "host/desk/work/claiming.h"
 #include "platform/rich_text.h"
 
 namespace autonotify::host {
 namespace {
 
-std::string firstFault(clsNotificationTools& tools, const std::string& text) {
+std::vector<TemplateFault> faultsOf(clsNotificationTools& tools, const std::string& text) {
   const bool isRich = isRichText(text);
-  std::string fault = tools.findTemplateFault(text, isRich);
+  std::vector<TemplateFault> faults = tools.findTemplateFaults(text, isRich);
   const bool hasBareMarks = text.find("«") != text.npos || text.find("»") != text.npos;
-  if (fault.empty() && isRich && hasBareMarks) fault = tools.findTemplateFault(text, false);
-  return fault;
+  if (isRich && hasBareMarks)
+    std::ranges::copy(tools.findTemplateFaults(text, false), std::back_inserter(faults));
+  return faults;
+}
+
+/// A piece of a template as people see it.
+std::string seen(const std::string& piece, bool isRich) {
+  return isRich ? plainTextOf("{\\rtf1\\ansi " + piece + "}") : piece;
+}
+
+TemplateReport reportOn(clsNotificationTools& tools, const std::string& text, Id task) {
+  const bool isRich = isRichText(text);
+  TemplateReport report{faultsOf(tools, text), {}, {}};
+  std::set<std::string> faulty;
+  for (TemplateFault& fault : report.faults) {
+    fault.expression = seen(fault.expression, isRich);
+    faulty.insert("«" + fault.expression + "»");
+  }
+  for (const TemplateField& field : tools.listTemplateFields(text, task)) {
+    const std::string token = seen(field.token, isRich);
+    if (field.fate == FieldFate::filled || faulty.contains(token)) continue;
+    const bool isNever = field.fate == FieldFate::neverFilled;
+    if (isNever || task >= 0) (isNever ? report.neverFilled : report.withoutValue).push_back(token);
+  }
+  return report;
 }
 
 }  // namespace
@@ -26,8 +53,8 @@ Outcome<std::string> composeText(Desk& desk, const Task& task, const std::string
                       [&] { return desk.tools().mergeTemplate(templateText, task.id); });
 }
 
-Outcome<std::string> findTemplateFault(Desk& desk, const std::string& text) {
-  return askComponent(desk, "template", [&] { return firstFault(desk.tools(), text); });
+Outcome<TemplateReport> checkTemplate(Desk& desk, const std::string& text, Id task) {
+  return askComponent(desk, "template", [&] { return reportOn(desk.tools(), text, task); });
 }
 
 Outcome<std::vector<MergeFieldInfo>> listMergeFields(Desk& desk, MergeUse use) {

@@ -171,6 +171,11 @@ std::optional<MergeSource> findMergeSource(std::string_view group) {
   return std::nullopt;
 }
 
+bool isReadForTasks(MergeSource source) {
+  const Id MergeIds::*const id = rowOf(source).id;
+  return id == &MergeIds::companyID || id == &MergeIds::contactID || id == &MergeIds::taskID;
+}
+
 std::string getMainBusinessSQLString(bool showOnly, int statusMode, Id clientDataID) {
   return procedure(
       tag<"getMainBusinessSQLString">, std::string{}, [&](Step& step, std::string& result) {

@@ -30,6 +30,9 @@ inline constexpr std::size_t mergeSourceCount = 11;
 /// The source with this group key.
 std::optional<MergeSource> findMergeSource(std::string_view group);
 
+/// Whether notifications of tasks read the source: those of the client and the task.
+bool isReadForTasks(MergeSource source);
+
 /// The statement for the accounting record of a client, or of all clients for an id below 0.
 /// `statusMode`: 1 active clients, 2 the others, 3 all; `showOnly`: shown clients only.
 std::string getMainBusinessSQLString(bool showOnly, int statusMode, Id clientDataID);
