@@ -9,6 +9,7 @@
 #include "host/services/HostGridColumnList.h"
 #include "host/services/HostItemLinksClass.h"
 #include "host/services/HostListCleaner.h"
+#include "host/services/HostProgressDialog.h"
 #include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 #include "platform/PlatformError.h"
@@ -25,6 +26,7 @@ ClassRegistry::ClassRegistry() {
   registerClass<HostItemLinksClass>();
   registerClass<HostClientIDClass>();
   registerClass<HostListCleaner>();
+  registerClass<HostProgressDialog>();
   registerClass<HostRichTextUtility>();
 }
 

@@ -13,8 +13,9 @@ namespace autonotify::host {
 /// The host classes that the component may create, by name in any case.
 ///
 /// A new registry knows FileUtility, Scripting.FileSystemObject, GeneralUtilities,
-/// ValidationUtilities, GridColumnList, ItemLinksClass, ClientIDClass, ListCleaner and
-/// RichTextUtility; a program registers what else it offers, such as EmailSender.
+/// ValidationUtilities, GridColumnList, ItemLinksClass, ClientIDClass, ListCleaner, RichTextUtility
+/// and ProgressDialog, which shows nothing; a program registers what else it offers, such as
+/// EmailSender.
 class ClassRegistry : public HostClassRegistry {
  public:
   using Factory = std::function<std::unique_ptr<HostObject>()>;

@@ -8,6 +8,7 @@
 
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
+#include "host/services/HostProgressDialog.h"
 #include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 
@@ -68,6 +69,7 @@ TestHost::TestHost(FillRows fill)
   count<CountedGeneralUtilities, host::HostGeneralUtilities>(registry, calls);
   count<CountedValidation, host::HostValidationUtilities>(registry, calls);
   count<CountedRichTextUtility, host::HostRichTextUtility>(registry, calls);
+  count<CountedProgress, host::HostProgressDialog>(registry, calls);
   registry.registerClass(EmailSender::className,
                          [this] { return std::make_unique<NotedEmail>(mailProgram, calls); });
   registry.registerClass(ClientDocumentFolder::className,
@@ -108,6 +110,7 @@ std::string TestHost::dumpWritten() {
   return dump("SELECT * FROM ClientNotification ORDER BY ClientNotificationID") +
          dump("SELECT ScheduleID, notifyType, ScheduleModifiedStamp FROM Schedule") +
          dump("SELECT * FROM ScheduleTypes ORDER BY ScheduleTypeID") +
+         dump("SELECT * FROM ClientScheduleAutoNotifications") +
          dump("SELECT * FROM UserGeneralSettings ORDER BY UserIDNum");
 }
 

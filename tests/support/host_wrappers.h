@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "contract/ProgressDialog.h"
 #include "contract/RichTextUtility.h"
 #include "contract/references.h"
 #include "support/host_calls.h"
@@ -213,6 +214,23 @@ class CountedValidation : public Counted<ValidationUtilities> {
   COUNTED(bool, isValidYear, (std::int16_t year), year)
   COUNTED(std::string, getDurationText, (int minutes), minutes)
   void put_errorClass(errorClass* value) override { inner().put_errorClass(value); }
+};
+
+class CountedProgress : public Counted<ProgressDialog> {
+  using Base = ProgressDialog;
+
+ public:
+  using Counted::Counted;
+  COUNTED(void, put_text, (const std::string& text), text)
+  COUNTED(void, put_owner, (HostObject * window), window)
+  COUNTED(void, put_maximum, (int maximum), maximum)
+  COUNTED(int, get_value, ())
+  COUNTED(void, put_value, (int value), value)
+  COUNTED(void, close, ())
+  void show() override {
+    inner().StartProgress = StartProgress;
+    pass("show", &Base::show);
+  }
 };
 
 #undef COUNTED
