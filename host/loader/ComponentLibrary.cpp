@@ -72,6 +72,10 @@ std::unique_ptr<clsAutoNotification> ComponentLibrary::createNotification() {
   return create<clsAutoNotification>(classAutoNotification);
 }
 
+std::unique_ptr<clsFrmSentNotifyBulk> ComponentLibrary::createBulkScheduler() {
+  return create<clsFrmSentNotifyBulk>(classFrmSentNotifyBulk);
+}
+
 std::unique_ptr<clsNotificationTools> ComponentLibrary::createTools() {
   return create<clsNotificationTools>(classNotificationTools);
 }

@@ -6,6 +6,7 @@
 
 #include "control/clsAutoNotification.h"
 #include "control/clsAutoNotifyCtrl.h"
+#include "control/clsFrmSentNotifyBulk.h"
 #include "control/clsNotificationTools.h"
 #include "control/component.h"
 
@@ -42,6 +43,7 @@ class ComponentLibrary {
   /// notification asks at the error dialog, so assign the control's errorClass before.
   std::unique_ptr<clsAutoNotifyCtrl> createControl();
   std::unique_ptr<clsAutoNotification> createNotification();
+  std::unique_ptr<clsFrmSentNotifyBulk> createBulkScheduler();
   std::unique_ptr<clsNotificationTools> createTools();
 
   ClassObject& classObject() { return *classObject_; }

@@ -16,9 +16,10 @@ struct CreatableClass {
   const char* name;
   std::unique_ptr<ComponentObject> (*make)();
 };
-constexpr std::array<CreatableClass, 3> creatableClasses{{
+constexpr std::array<CreatableClass, 4> creatableClasses{{
     {classAutoNotifyCtrl, makeAutoNotifyCtrl},
     {classAutoNotification, makeAutoNotification},
+    {classFrmSentNotifyBulk, makeFrmSentNotifyBulk},
     {classNotificationTools, makeNotificationTools},
 }};
 

@@ -24,6 +24,7 @@ class ComponentObject {
 /// The names of the creatable classes, in any case.
 inline constexpr const char* classAutoNotifyCtrl = "hvAutoNotifyCtrl6.clsAutoNotifyCtrl";
 inline constexpr const char* classAutoNotification = "hvAutoNotifyCtrl6.clsAutoNotification";
+inline constexpr const char* classFrmSentNotifyBulk = "hvAutoNotifyCtrl6.clsFrmSentNotifyBulk";
 inline constexpr const char* classNotificationTools = "hvAutoNotifyCtrl6.clsNotificationTools";
 
 /// The interface that DllGetClassObject gives.

@@ -25,5 +25,6 @@ class LibraryUse {
 std::unique_ptr<ComponentObject> makeAutoNotifyCtrl();
 std::unique_ptr<ComponentObject> makeAutoNotification();
 std::unique_ptr<ComponentObject> makeNotificationTools();
+std::unique_ptr<ComponentObject> makeFrmSentNotifyBulk();
 
 }  // namespace autonotify

@@ -1,6 +1,7 @@
 #include <map>
 #include <set>
 
+#include "bulk/frmSendNotificationBulk.h"
 #include "platform/controls/DatePicker.h"
 #include "support/golden_file.h"
 #include "tests/wizards/ComposerTest.h"
@@ -69,6 +70,11 @@ class TagTest : public ComposerTest {
     frmSendNotificationWizardApptNotifyNow panel;
     screen.expectWindow(panel.name(), raise);
     panel.InitializeNotifyNow(Appointments, noId, nt_Fax);
+    frmSendNotificationBulk bulk([](Step&, Id) {});
+    errors.answer({error_choice::leave});
+    screen.expectWindow(bulk.name(), raise);
+    bool skipsKinds = true;
+    bulk.showForm(skipsKinds);
   }
   void addTagsOfWindows(Tags& tags) {
     screen.answerAll(true);
