@@ -44,6 +44,9 @@ struct Arguments {
   std::optional<CurrentDayTimerType> itemKind;
   Id item = noId;
   std::vector<notifyType> channels;
+  std::optional<std::int16_t> year;
+  /// Kinds of tasks, by their `totalNum`.
+  std::vector<Id> families;
   std::optional<Id> client;
   std::optional<Id> contact;
   std::optional<DateTime> since;

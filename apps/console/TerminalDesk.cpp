@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "Reply.h"
+#include "TerminalProgress.h"
 
 namespace autonotify::console {
 namespace {
@@ -45,6 +46,8 @@ host::DeskOptions deskOptions(const GlobalOptions& options) {
 TerminalDialogs::TerminalDialogs(const GlobalOptions& options) : terminal(makeTerminal(options)) {}
 
 TerminalDesk::TerminalDesk(const GlobalOptions& options)
-    : TerminalDialogs(options), Desk(deskOptions(options), {errors, messages, forms, &forms}) {}
+    : TerminalDialogs(options), Desk(deskOptions(options), {errors, messages, forms, &forms}) {
+  classes().registerClass<TerminalProgress>();
+}
 
 }  // namespace autonotify::console

@@ -15,6 +15,7 @@
 #include "commands/sending.h"
 #include "commands/templates.h"
 #include "commands/texts.h"
+#include "commands/years.h"
 
 namespace autonotify::console {
 
@@ -26,6 +27,8 @@ std::span<const Command> allCommands() {
       Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
       Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
       Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},
+      Command{"year", "add notifications to a client's tasks of a year", describeYear, runYear,
+              nullptr},
       Command{"appointments", "list appointments and time entries", describeAppointments,
               runAppointments, nullptr},
       Command{"arm-item", "add reminders to an item of the diary", describeArmItem, runArmItem,

@@ -147,6 +147,10 @@ void Desk::loadComponent() {
   tools_ = library_->createTools();
 }
 
+std::unique_ptr<clsFrmSentNotifyBulk> Desk::newBulkScheduler() {
+  return library_->createBulkScheduler();
+}
+
 std::string Desk::errorLine(const std::vector<RecordedError>& errors) {
   if (errors.empty()) return {};
   std::string line = firstLine(errors.front().description);

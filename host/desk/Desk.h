@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "control/clsAutoNotifyCtrl.h"
+#include "control/clsFrmSentNotifyBulk.h"
 #include "control/clsNotificationTools.h"
 #include "host/clients/ClientDirectory.h"
 #include "host/desk/claims.h"
@@ -83,6 +84,7 @@ class Desk {
   clientDropDownCtrlReference& clients() { return *clients_; }
   clsAutoNotifyCtrl& control() { return *control_; }
   clsNotificationTools& tools() { return *tools_; }
+  std::unique_ptr<clsFrmSentNotifyBulk> newBulkScheduler();
   /// The classes that the component may create; a program may replace them.
   ClassRegistry& classes() { return registry_; }
   HostLocale& locale() { return locale_; }

@@ -2,9 +2,9 @@
 
 from console import ConsoleTest, refusals
 
-COMMANDS = ("init, copy, role, tasks, arm, disarm, appointments, arm-item, disarm-item, show, due, "
-            "merge, check, explain, send, print, calls, call, cancel, move, refresh, address, recipients, "
-            "contact-default, template, propagate, fields")
+COMMANDS = ("init, copy, role, tasks, arm, disarm, year, appointments, arm-item, disarm-item, show, "
+            "due, merge, check, explain, send, print, calls, call, cancel, move, refresh, address, "
+            "recipients, contact-default, template, propagate, fields")
 NAMES = COMMANDS.split(", ")
 
 

@@ -1,0 +1,92 @@
+"""A client's tasks of a year, armed at once."""
+
+from console import TASK, ConsoleTest, files_only
+
+FAMILIES = ["gst", "pst", "payroll-remittance", "year-end", "corporate-tax", "wsib", "eht", "law",
+            "other", "payroll", "custom", "federal-payroll", "projects", "bookkeeping"]
+
+
+class YearTest(ConsoleTest):
+    def setUp(self):
+        super().setUp()
+        self.client, self.year = self.sql(
+            "SELECT ClientNum, Year FROM Schedule WHERE Closed=FALSE AND ClientNum>=0 GROUP BY "
+            "ClientNum, Year ORDER BY COUNT(*) DESC, ClientNum, Year LIMIT 1")[0]
+        self.sql("DELETE FROM ClientNotification")
+        self.sql("UPDATE Schedule SET notifyType=0")
+        self.tasks = [row[0] for row in self.sql(
+            "SELECT ScheduleID FROM Schedule WHERE Closed=FALSE AND ClientNum=? AND Year=? "
+            "ORDER BY DueDate, ScheduleID", self.client, self.year)]
+        self.assertGreater(len(self.tasks), 1)
+        self.line = f"year {self.client} --year {self.year} --channel email,letter"
+
+    def rows(self):
+        return self.sql("SELECT * FROM ClientNotification ORDER BY ClientNotificationID")
+
+    def armed(self):
+        return [row[0] for row in self.sql(
+            "SELECT ScheduleID FROM Schedule WHERE notifyType=5 ORDER BY DueDate, ScheduleID")]
+
+    def test_arms_each_task_once_and_says_so_in_a_line(self):
+        preview = self.done(self.line + " --dry-run").splitlines()
+        self.assertEqual([], self.rows() + self.armed())
+        lines = self.done(self.line).splitlines()
+        rows = self.rows()
+        self.assertEqual((self.tasks, 2 * len(self.tasks)), (self.armed(), len(rows)))
+        for task, planned, line in zip(self.tasks, preview, lines, strict=True):
+            self.assertRegex(line, rf"^task {task}, .+, due [-0-9]+: email armed for ([-0-9]+)"
+                                   rf"(, lacks an email address)?; letter armed for \1$")
+            self.assertEqual(planned.replace("to be armed", "armed"),
+                             line.replace(", lacks an email address", ""))
+        again = self.done(self.line).splitlines()
+        self.assertEqual([line.replace(" armed", " already armed") for line in lines], again)
+        self.assertEqual(len(rows), len(self.rows()))
+
+    def test_what_is_there_already_stays_as_it_is(self):
+        first, second = self.tasks[:2]
+        self.done(f"arm {first} --channel email,fax")
+        email, fax = [row[0] for row in self.rows()]
+        self.write(email, Field1="chosen@example.com")
+        self.done(f"send {email} --mark-only")
+        self.sql("UPDATE Schedule SET notifyType=0 WHERE ScheduleID=?", first)
+        out = self.done(self.line).splitlines()[0]
+        self.assertRegex(out, "email was sent; letter armed for")
+        self.assertEqual("chosen@example.com", self.one(
+            "SELECT Field1 FROM ClientNotification WHERE ClientNotificationID=?", email))
+        self.assertEqual((True, 2), tuple(self.state(email)))
+        self.assertEqual(2 * len(self.tasks) + 1, len(self.rows()))
+
+    def test_kinds_and_personal_clients(self):
+        for number, word in enumerate(FAMILIES, 101):
+            with self.subTest(word):
+                tasks = self.sql("SELECT ScheduleID, ContactIDNum, Year, ClientNum FROM Schedule "
+                                 "WHERE Closed=FALSE AND totalNum=? ORDER BY ScheduleID LIMIT 1",
+                                 number)
+                for task, contact, year, client in tasks:
+                    who = client if client is not None and client >= 0 else f"--contact {contact}"
+                    rows = self.done(f"--json year {who} --year {year} --kind {word} "
+                                     "--channel phone")
+                    kinds = {self.one("SELECT totalNum FROM Schedule WHERE ScheduleID=?",
+                                      row["task"]) for row in rows}
+                    self.assertEqual({number}, kinds)
+                    self.assertIn(task, [row["task"] for row in rows if row["isNew"]])
+
+    @files_only("a server's claims are its own locks")
+    def test_nothing_is_done_while_another_desk_is_at_work(self):
+        with self.claimed(TASK, self.tasks[-1]):
+            self.refuses(self.line, f"another desk is at work on task {self.tasks[-1]}; try again "
+                                    "later")
+        self.assertEqual([], self.rows() + self.armed())
+
+    def test_refusals(self):
+        company = self.one("SELECT CompanyIDNum FROM ClientData WHERE ClientDataID=?", self.client)
+        for line, words, code in [
+                (f"year {self.client} --year 1999 --channel fax",
+                 f"company {company} has no open tasks of these kinds in 1999", 1),
+                ("year 99999 --channel fax", "there is no client 99999", 1),
+                ("year --contact 99999 --channel fax", "there is no contact 99999", 1),
+                ("year --channel fax", "name a CLIENT or a --contact (see: hvnotify year --help)",
+                 2)]:
+            self.refuses(line, words, code)
+        for wrong in ["--year 20x", "--year 1899", "--kind gts", "--channel pigeon"]:
+            self.assertEqual(2, self.run_program(*f"{self.line} {wrong}".split()).code, wrong)
