@@ -3,6 +3,7 @@
 #include "scheduling/modNotificationComments.h"
 #include "support/HostTest.h"
 #include "support/golden_file.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -34,15 +35,11 @@ TEST_F(NotificationComments, ClientOfTheEntryIsMerged) {
 
 /// The firm itself may be a client, and has the number 0.
 TEST_F(NotificationComments, ClientNumberedZeroIsAClient) {
-  addRow("Companies", {{"CompanyID", 0}, {"CompanyName", "Our Firm"}});
-  addRow("ClientData", {{"ClientDataID", 0}, {"CompanyIDNum", 0}});
-  addRow("Contacts", {{"ContactID", 0}, {"DisplayName", "Zoe"}});
-  const std::tuple<Id, Id, const char*> cases[] = {
-      {0, 0, " of Our Firm"}, {noId, 0, "Zoe of "}, {noId, noId, "Zoe of Our Firm"}};
-  for (const auto& [clientNum, contactID, named] : cases) {
+  addAllTold(*this, "scheduling_cases.txt", "rows numbered zero");
+  for (const auto& [clientNum, contactID, named] :
+       casesOf<Id, Id, std::string>("scheduling_cases.txt", "clients numbered zero"))
     EXPECT_EQ(generateClientAutoNotifyComment(addEntry(clientNum, contactID)),
-              std::string("{\\rtf1 ") + named + ": GST Return}");
-  }
+              "{\\rtf1 " + named + ": GST Return}");
 }
 
 TEST_F(NotificationComments, DefaultCommentReadsAsALetter) {

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdlib>
 #include <random>
 #include <set>
 
@@ -11,10 +10,12 @@
 #include "scheduling/modNotificationDates.h"
 #include "scheduling/schedule_kinds.h"
 #include "support/HostTest.h"
+#include "support/text_table.h"
 
 namespace autonotify::test {
 namespace {
 
+constexpr const char* file = "scheduling_cases.txt";
 constexpr DateTime monday = DateTime::of(2026, 11, 23);
 
 class NotificationDates : public HostTest {
@@ -45,18 +46,14 @@ TEST_F(NotificationDates, StatementOfAKindNormalisesItsArguments) {
        {std::pair{103, 0}, {103, 6}, {103, 4}, {104, 0}, {104, -1}})
     addKind(totalNum, scheduleNum, 4);
   EXPECT_EQ(getFirstValidScheduleNum(104), noId);
-  const std::tuple<Id, Id, bool, Id, Id, const char*> cases[] = {
-      {103, 2, false, 103, 2, "103 2"},   {103, 0, false, 103, 4, "103 4"},
-      {104, 0, false, 101, 10, "101 10"}, {0, 2, false, 101, 10, "101 10"},
-      {-1, -1, true, 101, 10, "101 10"},  {103, 2, true, 103, 2, "103 2"},
-      {103, 0, true, 103, 0, "103 -1"}};
-  for (auto [totalNum, scheduleNum, familyRow, totalNumAfter, scheduleNumAfter, found] : cases) {
+  for (auto [totalNum, scheduleNum, familyRow, totalNumAfter, scheduleNumAfter, found] :
+       casesOf<Id, Id, bool, Id, Id, std::string>(file, "kinds normalised")) {
     const std::string sql =
         getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(totalNum, scheduleNum, familyRow);
     EXPECT_EQ(replaceAll(sql, " AND ScheduleTypes.ScheduleNum=", " "),
               "SELECT ScheduleTypes.ScheduleTypeID, ScheduleTypes.TotalNum, "
               "ScheduleTypes.ScheduleNum FROM ScheduleTypes WHERE ScheduleTypes.TotalNum=" +
-                  std::string(found) + ";");
+                  found + ";");
     EXPECT_EQ(totalNum, totalNumAfter);
     EXPECT_EQ(scheduleNum, scheduleNumAfter);
   }
@@ -74,10 +71,7 @@ TEST_F(NotificationDates, DueDateIsMovedByThePeriodOfItsKind) {
 
 TEST_F(NotificationDates, FirmRuleGoesByTheMethodInsteadOfTheKind) {
   addKind(103, 1, 1);
-  const std::pair<const char*, int> cases[] = {
-      {"6WIRE", -7}, {"5RAI", -7},    {"4PAP", -6}, {"3PAP", -5},   {"2PAP", -4},  {"1PAP", -4},
-      {"0PAP", -4},  {"  3pap ", -5}, {"", -7},     {"cheque", -7}, {"4PAP x", -7}};
-  for (const auto& [custom2, days] : cases) {
+  for (const auto& [custom2, days] : casesOf<std::string, int>(file, "days of methods")) {
     const Id scheduleID = addSchedule(103, 1, monday, {{"Custom2", custom2}});
     setFirmCode("another firm");
     EXPECT_EQ(determineNotificationDate(scheduleID), monday.addDays(-3));
@@ -115,19 +109,14 @@ TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
 }
 
 TEST_F(NotificationDates, NewRowTakesTheDateOfASibling) {
-  const std::pair<std::vector<int>, unsigned> cases[] = {
-      // rows dated the 1st, 2nd, ...
-      {{}, 23},       {{8}, 1},       {{8, 4}, 2}, {{4, 8}, 1},       {{4, 4}, 1}, {{8, 8}, 1},
-      {{2, 4, 8}, 1}, {{8, 4, 2}, 3}, {{2, 2}, 2}, {{8, 2, 1, 2}, 3}, {{1, 1}, 1}, {{16}, 23}};
-  for (const auto& [channels, expectedDay] : cases) {
+  for (const auto& [channels, expectedDay] :
+       casesOf<std::string, unsigned>(file, "channels of siblings")) {
     const Id scheduleID = addSchedule(103, 1, monday);
-    unsigned day = 0;
-    for (const int channel : channels) {
+    for (unsigned day = 0; const std::string& channel : split(channels)) {
       ++day;
-      addNotification(scheduleID, channel, DateTime::of(2026, 11, day), day % 2 == 0);
+      addNotification(scheduleID, std::stoi(channel), DateTime::of(2026, 11, day), day % 2 == 0);
     }
-    EXPECT_EQ(getLastUsedNotificationDate(scheduleID, monday).day(), expectedDay)
-        << testing::PrintToString(channels);
+    EXPECT_EQ(getLastUsedNotificationDate(scheduleID, monday).day(), expectedDay) << channels;
   }
   addNotification(noId, nt_Letter, DateTime::of(2026, 11, 3));
   EXPECT_EQ(getLastUsedNotificationDate(noId, monday), monday) << "no entry, no siblings";
@@ -138,9 +127,8 @@ TEST_F(NotificationDates, RefreshMovesTheFirstRowOfEachChannel) {
   const DateTime old = DateTime::of(2026, 1, 5);
   const Id scheduleID = addSchedule(103, 1, monday.addDays(-1));
   std::vector<Id> firstRows;
-  for (const int channel : {8, 4, 2, 1}) {
+  for (const int channel : {8, 4, 2, 1})
     firstRows.push_back(addNotification(scheduleID, channel, old, channel == 1));
-  }
   const Id secondEmail = addNotification(scheduleID, 1, old);
   const Id other = addNotification(addSchedule(103, 1, monday), 1, old);
   setFirmCode(firmSpecificCode);
@@ -191,15 +179,10 @@ TEST_F(BusinessDays, KeepTheTimeOfDayWhichNoHolidayMindsAndSettleForNineDaysAtMo
 }
 
 TEST_F(BusinessDays, DependOnTheTypesOfHoliday) {
-  const std::pair<std::vector<std::string>, bool> cases[] = {
-      {{""}, true},       {{"1"}, true},      {{"3"}, true},     {{"2"}, false},
-      {{"0"}, false},     {{"4"}, false},     {{"-1"}, false},   {{}, false},
-      {{"2", "1"}, true}, {{"1", "2"}, true}, {{"2", ""}, true}, {{"2", "0"}, false}};
   unsigned day = 2;
-  for (const auto& [types, isHoliday] : cases) {
-    for (const std::string& type : types) addHoliday(november(day), type);
-    EXPECT_EQ(isStatutoryHoliday(november(day)), isHoliday) << testing::PrintToString(types);
-    ++day;
+  for (const auto& [types, isHoliday] : casesOf<std::string, bool>(file, "types of holiday")) {
+    for (const std::string& type : split(types)) addHoliday(november(day), type);
+    EXPECT_EQ(isStatutoryHoliday(november(day++)), isHoliday) << types;
   }
 }
 
@@ -237,8 +220,7 @@ class NoOpenDay : public host::HostValidationUtilities {
   bool isWeekend(DateTime) override { return true; }
 };
 
-/// Without an open day, both walks run into an end of the calendar, which the person is asked about
-/// once.
+/// Both walks run into an end of the calendar, which the person is asked about once.
 TEST_F(BusinessDays, EndWithTheCalendarWhenEveryDayIsClosed) {
   references().validationUtilities = std::make_unique<NoOpenDay>();
   const DateTime lastDay = DateTime::of(9999, 12, 31), firstDay = DateTime::of(100, 1, 1);

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include "platform/date_time_text.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
@@ -90,14 +89,7 @@ const WalkedOperation operations[] = {
           }),
 };
 
-class SchedulingFaults : public testing::TestWithParam<WalkedOperation> {};
-
-TEST_P(SchedulingFaults, LeaveNothingHalfDone) {
-  walkOperation(GetParam(), {fillOffice});
-}
-
-INSTANTIATE_TEST_SUITE_P(Operations, SchedulingFaults, testing::ValuesIn(operations),
-                         [](const auto& operation) { return operation.param.name; });
+WALK_OPERATIONS(SchedulingFaults, operations, fillOffice);
 
 TEST(SchedulingStatements, StandAsHostsKnowThem) {
   expectStatements(operations, fillOffice, AUTONOTIFY_TEST_FOLDER "scheduling_statements.txt");

@@ -1,7 +1,7 @@
-#include <functional>
 
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -10,16 +10,7 @@ using testing::ElementsAre;
 
 class Template : public HostTest {
  protected:
-  Id addFullKind() {
-    return addRow("ScheduleTypes", {{"ScheduleTypeNum", 3},
-                                    {"TotalNum", 103},
-                                    {"ScheduleNum", 2},
-                                    {"ScheduleTypeName", "Sales tax"},
-                                    {"NotificationComment", "{\\rtf1 Hello}"},
-                                    {"NotificationPeriod", -4},
-                                    {"Locked", "True"},
-                                    {"CustomTaskSchemeIDNum", 77}});
-  }
+  Id addFullKind() { return addTold(*this, rowsOf("scheduling_cases.txt", "a full kind", 9)[0]); }
   /// All that a kind tells but its comment.
   static std::string told(clsAutoNotifyTemplate& kind) {
     std::string all;
@@ -94,14 +85,13 @@ TEST_F(Template, EveryWriteMakesItDirtyUntilItIsReset) {
 }
 
 TEST_F(Template, PeriodStaysWithinAYear) {
-  const std::pair<std::int16_t, std::int16_t> cases[] = {
-      {365, 365}, {-365, -365}, {0, 0}, {366, 15}, {-366, 15}};
-  for (const auto& [days, kept] : cases) {
+  for (const auto& [days, kept] :
+       {std::pair{365, 365}, {-365, -365}, {0, 0}, {366, 15}, {-366, 15}}) {
     clsAutoNotifyTemplate kind;
     std::string message;
     kind.notificationDatePeriodError = [&](const std::string& text) { message += text; };
     kind.put_notificationPeriod(7);
-    kind.put_notificationPeriod(days);
+    kind.put_notificationPeriod(static_cast<std::int16_t>(days));
     EXPECT_EQ(kind.get_notificationPeriod(), kept);
     EXPECT_EQ(message, days == kept ? "" : "You must enter a number between -365 and 365");
   }
@@ -145,23 +135,11 @@ constexpr const char* newText =
     "{\\rtf1\\ansi For \\'abCompany Name\\'bb\\'abContact Display Name\\'bb, please.}";
 constexpr DateTime day = DateTime::of(2026, 4, 23);
 
-/// Notifications of two kinds of one family, of another family, of a contact, of nothing, and one
-/// that was sent.
+/// Notifications of two kinds of a family, of another, of a contact, of nothing, and a sent one.
 class Propagation : public HostTest {
  protected:
   Propagation() {
-    const TestClient client = addClient("Acme Ltd.", "Jane Smith");
-    const Id person = addRow("Contacts", {{"DisplayName", "Ann Roy"}});
-    kindOne = addSchedule(103, 1, day, {{"ClientNum", client.clientNum}, {"ContactIDNum", person}});
-    const Id kindTwo = addSchedule(103, 2, day, {{"ClientNum", client.clientNum}});
-    const Id other = addSchedule(104, 1, day, {{"ClientNum", client.clientNum}});
-    const Id personal = addSchedule(103, 1, day, {{"ContactIDNum", person}});
-    for (const Id entry : {kindOne, kindTwo, other, personal}) addNotification(entry, 1, day);
-    addNotification(kindOne, 2, day);
-    addRow("ClientNotification", {{"NotificationType", 1}});
-    plainDatabase->connection().exec(
-        "UPDATE ClientNotification SET Memo='old', NotificationSent=(ClientNotificationID=5)");
-
+    addAllTold(*this, "scheduling_cases.txt", "propagation");
     kind.put_totalNum(103);
     kind.put_ScheduleNum(1);
     kind.put_notificationComment(newText);
@@ -181,7 +159,7 @@ class Propagation : public HostTest {
   }
 
   clsAutoNotifyTemplate kind;
-  Id kindOne = noId;
+  static constexpr Id kindOne = 1;
   std::vector<std::string> events;
   int rowsDone = 0;
 };
@@ -217,8 +195,7 @@ TEST_F(Propagation, OfDatesFailsQuietly) {
 }
 
 /// A host whose engine knows the columns that the reset of dates asks for.
-class GenerousDatabase : public CountedDatabase {
- public:
+struct GenerousDatabase : CountedDatabase {
   using CountedDatabase::CountedDatabase;
   Value getFieldValue(RecordsetHandle h, const std::string& field) override {
     return field == "DueDate" ? Value(day) : CountedDatabase::getFieldValue(h, field);

@@ -1,5 +1,6 @@
 #include "settings/modUserSettings.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 namespace {
@@ -14,17 +15,14 @@ TEST_F(UserSettings, FirstTouchMakesTheRowOnce) {
     EXPECT_FALSE(getCancelAutoNotification(user));
     EXPECT_EQ(getShowMVPreview(user), user == 101);
     EXPECT_EQ(getShowEmailPreview(user), user == 102 ? 0 : 1);
-    EXPECT_EQ(rowCount("UserGeneralSettings", "UserIDNum=" + std::to_string(user)), 1);
+    EXPECT_EQ(rowCount("UserGeneralSettings WHERE UserIDNum=" + std::to_string(user)), 1);
   }
   EXPECT_FALSE(getAutoSendWizardConfirmation(noId));
   EXPECT_EQ(rowCount("UserGeneralSettings"), 3);
 }
 
 TEST_F(UserSettings, EachPersonHasTheirOwnAndEachSettingItsColumn) {
-  addRow("UserGeneralSettings",
-         {{"UserIDNum", 7}, {"WarningMessagesExitAutomaticNotificationWarning", "True"}});
-  addRow("UserGeneralSettings",
-         {{"UserIDNum", 8}, {"WarningMessagesCancelAutoNotificationWarning", "True"}});
+  addAllTold(*this, "scheduling_cases.txt", "settings of two people");
   EXPECT_TRUE(getAutoSendWizardConfirmation(7));
   EXPECT_FALSE(getCancelAutoNotification(7));
   EXPECT_FALSE(getAutoSendWizardConfirmation(8));

@@ -8,8 +8,6 @@
 namespace autonotify::test {
 namespace {
 
-using testing::ElementsAre;
-
 constexpr auto addEmail = addNewEmailNotificationFromScheduleIDNum;
 constexpr auto addFax = addNewFaxNotificationFromScheduleIDNum;
 constexpr auto addLetter = addNewLetterNotificationFromScheduleIDNum;
@@ -25,12 +23,13 @@ class Adding : public HostTest {
     addKind(103, 1, 5, "{\\rtf1\\ansi Dear client, your return is due soon.\\par }");
   }
   Id addEntry(Id clientNum, Id contactID) {
-    return addSchedule(103, 1, dueDate,
-                       {{"ClientNum", clientNum},
-                        {"ContactIDNum", contactID},
-                        {"scheduleName", "GST Return"},
-                        {"Custom2", "4PAP"},
-                        {"inHouseDueDate", DateTime::of(2026, 4, 20)}});
+    return addTold("Schedule",
+                   "totalNum=103|scheduleNum=1|DueDate=2026-04-30|Custom2=4PAP|"
+                   "scheduleName=GST Return|inHouseDueDate=2026-04-20|ClientNum=" +
+                       std::to_string(clientNum) + "|ContactIDNum=" + std::to_string(contactID));
+  }
+  Id addItem() {
+    return addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
   }
   /// Adds a row of "column=text|column=text".
   Id addTold(const char* table, const std::string& columns) {
@@ -63,9 +62,7 @@ TEST_F(Adding, GoesToTheRecipientsOfTheClient) {
     if (isOfCompany && contact != noId) linkDefaultContact(contact, company);
     const NotificationClient client{isOfCompany ? company : noId, isOfCompany ? noId : contact};
     expectRows(&row[2], addEmail(entry), addFax(entry), addPhone(entry));
-    const Id item =
-        addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
-    const ItemReminder reminder{Dockets, item, dueDate, noId, client};
+    const ItemReminder reminder{Dockets, addItem(), dueDate, noId, client};
     expectRows(&row[5], addNewApptEmailNotification(reminder), addNewApptFaxNotification(reminder),
                addNewApptPhoneNotification(reminder));
   }
@@ -74,11 +71,8 @@ TEST_F(Adding, GoesToTheRecipientsOfTheClient) {
 TEST_F(Adding, OfACompanysItemTheContactCountsThatReadsAsItsDefault) {
   addCompanyEntry(maple);
   linkDefaultContact(addTold("Contacts", jo), company);
-  const Id item =
-      addRow("Dockets", {{"DateFrom", dueDate}, {"TimeFrom", dueDate}, {"TimeTo", dueDate}});
-  const auto add = [&] {
-    return addNewApptEmailNotification({Dockets, item, dueDate, noId, {company, noId}});
-  };
+  const ItemReminder item{Dockets, addItem(), dueDate, noId, {company, noId}};
+  const auto add = [&] { return addNewApptEmailNotification(item); };
   callsOf("getFieldValue", add);
   const int read = callNumber("getFieldValue DefaultContact", 1);
   calls.reset();
@@ -117,9 +111,8 @@ TEST_F(Adding, SiblingsDateFirmRuleAndMemo) {
   EXPECT_EQ(notification(addEmail(entry), "Field4"),
             "Your GST Return is due on Monday, April 20 2026|\n");
   EXPECT_EQ(notification(addFax(entry), "Field6"), subject + "|\n");
-  EXPECT_EQ(
-      notification(addEmailByName({entry, {company, noId}, "GST Return", dueDate, ""}), "Field4"),
-      subject + "|\n");
+  const Id byName = addEmailByName({entry, {company, noId}, "GST Return", dueDate, ""});
+  EXPECT_EQ(notification(byName, "Field4"), subject + "|\n");
   plainLocale.settings().firmCode = std::string(firmSpecificCode) + "x";
   EXPECT_EQ(notification(addEmail(entry), "Field4"), subject + "|\n");
 }
@@ -129,22 +122,14 @@ constexpr DateTime reminder = DateTime::of(2026, 4, 9, 14, 30);
 class DiaryItems : public HostTest {};
 
 TEST_F(DiaryItems, ChangeOfABitRaisesTheFlagAndNeverLowersIt) {
-  const std::tuple<int, int, int, std::vector<std::string>> cases[] = {
-      {0, 1, nt_AddStatus, {"notifyType=1", "ClientNotifiedFlag=True"}},
-      {5, 2, nt_AddStatus, {"notifyType=7", "ClientNotifiedFlag=True"}},
-      {4, 4, nt_AddStatus, {"ClientNotifiedFlag=True"}},
-      {12, 8, nt_RemoveStatus, {"notifyType=4"}},
-      {12, 1, nt_RemoveStatus, {}},
-      {8, 8, 7, {"notifyType=0"}},
-      {3, 3, nt_AddStatus, {}}};
-  for (const auto& [before, bit, choice, writes] : cases) {
+  // The bits before, the bit, 1 to add or 2 to remove it, and what is written.
+  for (const auto& [before, bit, choice, writes] :
+       casesOf<int, notifyType, changeStatus, std::string>("store_cases.txt", "bits of items")) {
     const Id item = addRow("Dockets", {{"notifyType", before}});
-    const auto channel = static_cast<notifyType>(bit);
-    const auto change = static_cast<changeStatus>(choice);
-    EXPECT_EQ(columnsWrittenBy([&] {
-                EXPECT_TRUE(changeApptNotificationStatus(Dockets, channel, change, item));
-              }),
-              writes);
+    const auto change = [&, bit = bit, choice = choice] {
+      EXPECT_TRUE(changeApptNotificationStatus(Dockets, bit, choice, item));
+    };
+    EXPECT_EQ(columnsWrittenBy(change), split(writes));
   }
   EXPECT_FALSE(changeApptNotificationStatus(Dockets, nt_Email, nt_AddStatus, 4711));
 }
@@ -175,16 +160,14 @@ TEST_F(DiaryItems, TaskDoesWhatItsEntryDoes) {
     EXPECT_TRUE(changeApptNotificationStatus(Tasks, channel, nt_AddStatus, task));
     EXPECT_TRUE(getApptNotificationStatus(Tasks, task, channel));
   }
-  const Id old = getNotificationID(twin, nt_Email);
-  editEmailNotification(old, {"old@x", "", "", "old subject", ""});
-  const Id row = getNotificationID(entry, nt_Email);
-  EXPECT_THAT(columnsWrittenBy([&] {
-                copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(Tasks, row, task + 1);
-              }),
-              ElementsAre("Field1=old@x"));
+  editEmailNotification(getNotificationID(twin, nt_Email), {"old@x", "", "", "old subject", ""});
+  const auto copy = [row = getNotificationID(entry, nt_Email), twinTask = task + 1] {
+    copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(Tasks, row, twinTask);
+  };
+  EXPECT_EQ(columnsWrittenBy(copy), std::vector<std::string>{"Field1=old@x"});
   deleteApptNotification(Tasks, nt_Fax, task);
   EXPECT_EQ(getNotificationID(entry, nt_Fax), noId);
-  EXPECT_EQ(rowCount("Schedule", "notifyType=15"), 1) << "the entry's bit stays";
+  EXPECT_EQ(rowCount("Schedule WHERE notifyType=15"), 1) << "the entry's bit stays";
 }
 
 TEST_F(DiaryItems, TaskWithoutAnEntryGivesTheDefaults) {

@@ -1,5 +1,3 @@
-#include <array>
-
 #include "contract/AutoNotifyListForm.h"
 #include "contract/enumerations.h"
 #include "contract/recordsets.h"
@@ -9,6 +7,7 @@
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/HostTest.h"
+#include "support/text_table.h"
 
 namespace autonotify::test {
 namespace {
@@ -30,43 +29,27 @@ class Status : public HostTest {
 };
 
 TEST(ChannelBits, NameIsThatOfTheLowestBit) {
-  const char* names[] = {"None",  "Email", "Fax",   "Email", "Letter",
-                         "Email", "Fax",   "Email", "Phone"};
-  for (std::uint8_t bits = 0; bits <= 8; ++bits) {
+  const auto names = split("None|Email|Fax|Email|Letter|Email|Fax|Email|Phone");
+  for (std::uint8_t bits = 0; bits <= 8; ++bits)
     EXPECT_EQ(getNotificationTypeNameFromNotificationTypeNum(bits), names[bits]);
-  }
   EXPECT_EQ(getNotificationTypeNameFromNotificationTypeNum(240), "Unknown");
 }
 
 TEST_F(Status, ChangeOfABitWritesStampAndSumOrNothing) {
-  const std::array<int, 4> cases[] = {{0, 1, nt_AddStatus, 1},
-                                      {2, 1, nt_AddStatus, 3},
-                                      {1, 1, nt_AddStatus, 1},
-                                      {7, 8, nt_AddStatus, 15},
-                                      {16, 4, nt_AddStatus, 20},
-                                      {0, 3, nt_AddStatus, 0},
-                                      {3, 1, nt_RemoveStatus, 2},
-                                      {15, 8, nt_RemoveStatus, 7},
-                                      {2, 1, nt_RemoveStatus, 2},
-                                      {3, 3, nt_RemoveStatus, 3},
-                                      {12, 4, 7, 8},
-                                      {8, 16, nt_AddStatus, 8}};
-  for (const auto& [before, bit, choice, after] : cases) {
-    SCOPED_TRACE(testing::Message() << before << " " << bit << " " << choice);
-    const Id entry = addEntry(before);
-    const auto channel = static_cast<notifyType>(bit);
-    const auto change = static_cast<changeStatus>(choice);
-    const auto written =
-        columnsWrittenBy([&] { EXPECT_TRUE(changeNotificationStatus(channel, change, entry)); });
-    std::vector<std::string> expected{"ScheduleModifiedStamp=" + nowText(),
-                                      "notifyType=" + std::to_string(after)};
-    if (before == after) expected.clear();
-    EXPECT_EQ(written, expected);
+  for (const auto& [before, bit, choice, after] :
+       casesOf<int, notifyType, changeStatus, int>("store_cases.txt", "bits of entries")) {
+    const std::string writes =
+        "ScheduleModifiedStamp=" + nowText() + "|notifyType=" + std::to_string(after);
+    const auto change = [bit = bit, choice = choice, entry = addEntry(before)] {
+      EXPECT_TRUE(changeNotificationStatus(bit, choice, entry));
+    };
+    EXPECT_EQ(columnsWrittenBy(change), split(before == after ? "" : writes))
+        << before << ' ' << bit << ' ' << choice;
   }
   EXPECT_FALSE(changeNotificationStatus(nt_Email, nt_AddStatus, 999));
   const Id null = addRow("Schedule", {{"scheduleName", "T2"}});
   EXPECT_TRUE(changeNotificationStatus(nt_Fax, nt_AddStatus, null));
-  EXPECT_EQ(rowCount("Schedule", "notifyType=2 AND scheduleName='T2'"), 1);
+  EXPECT_EQ(rowCount("Schedule WHERE notifyType=2 AND scheduleName='T2'"), 1);
 }
 
 TEST_F(Status, UnsentNotificationsCountUpToMidnightOfToday) {
@@ -119,12 +102,10 @@ TEST_F(Status, ClientsRowsAreCancelledWhateverTheirState) {
 class Links : public HostTest {};
 
 TEST_F(Links, ValidatorsJudgeTheForm) {
-  const std::pair<const char*, bool> cases[] = {
-      {"", false}, {"0", false},         {"-1", false},  {"abc", false}, {"12a", false},
-      {"1", true}, {"2147483647", true}, {"0.4", false}, {"0.6", true},  {" 7 ", true}};
   for (const auto validator :
        {isValidNotificationID, validAppointmentID, validDocketID, validScheduleID, validTaskID}) {
-    for (const auto& [text, valid] : cases) EXPECT_EQ(validator(text), valid) << text;
+    for (const auto& text : split("|0|-1|abc|12a|0.4")) EXPECT_FALSE(validator(text)) << text;
+    for (const auto& text : split("1|2147483647|0.6| 7 ")) EXPECT_TRUE(validator(text)) << text;
     errors.answer({error_choice::leave});
     EXPECT_FALSE(validator("99999999999"));
     EXPECT_EQ(errors.recorded().back().number, error_number::overflow);
@@ -132,9 +113,7 @@ TEST_F(Links, ValidatorsJudgeTheForm) {
 }
 
 struct NotedClient : host::HostClientIDClass {
-  void put_clientDropDownCtrlReference(clientDropDownCtrlReference* given) override {
-    list = given;
-  }
+  void put_clientDropDownCtrlReference(clientDropDownCtrlReference* it) override { list = it; }
   clientDropDownCtrlReference* list = nullptr;
 };
 
@@ -159,25 +138,22 @@ class Copying : public HostTest {
 };
 
 TEST_F(Copying, ByScheduleKeepsSubjectTextAndEmptyOldFields) {
-  const std::pair<int, const char*> cases[] = {{nt_Email, "new|old|old|new|old|old|new|\n"},
-                                               {nt_Fax, "new|old|old|old|old|new|new|\n"},
-                                               {nt_Phone, "new|old|old|old|old|old|new|\n"}};
-  for (const auto& [channel, expected] : cases) {
+  const auto copy = copyOldNotificationInfoToNewNotificationByScheduleIDNum;
+  for (const auto& [channel, expected] :
+       casesOf<int, std::string>("store_cases.txt", "copied fields")) {
     addMarked(70, channel, "old");
     const Id row = addMarked(71, channel, "new", "new");
-    EXPECT_THAT(
-        columnsWrittenBy([&] { copyOldNotificationInfoToNewNotificationByScheduleIDNum(row, 70); }),
-        Not(Contains(HasSubstr("ClientNotificationModifiedStamp"))));
-    EXPECT_EQ(fieldsOf(row), expected);
+    EXPECT_THAT(columnsWrittenBy([&] { copy(row, 70); }),
+                Not(Contains(HasSubstr("ClientNotificationModifiedStamp"))));
+    EXPECT_EQ(fieldsOf(row), expected + "\n");
   }
   const Id lone = addMarked(71, nt_Letter, "new");
-  copyOldNotificationInfoToNewNotificationByScheduleIDNum(lone, 70);
+  copy(lone, 70);
   EXPECT_EQ(fieldsOf(lone), "|new|new|new|new|new|new|\n") << "no old row of the channel";
 }
 
 /// Reads the unfinished statement as a selection by key.
-class LenientDatabase : public CountedDatabase {
- public:
+struct LenientDatabase : CountedDatabase {
   using CountedDatabase::CountedDatabase;
   RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock, int r1,
                                 const std::string& r2, int r3, bool r4) override {

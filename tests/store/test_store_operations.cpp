@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 
 #include "channels/modApptNotifications.h"
@@ -83,24 +82,21 @@ Operations entryAdds() {
   Operations all;
   for (const auto add :
        {addNewEmailNotificationFromScheduleIDNum, addNewFaxNotificationFromScheduleIDNum,
-        addNewLetterNotificationFromScheduleIDNum, addNewPhoneNotificationFromScheduleIDNum}) {
+        addNewLetterNotificationFromScheduleIDNum, addNewPhoneNotificationFromScheduleIDNum})
     for (const Id entry : {ofCompany, ofContact}) all.push_back(call(add, entry));
-  }
   for (const auto add : {addNewEmailNotificationFromScheduleNameAndDueDate,
                          addNewFaxNotificationFromScheduleNameAndDueDate,
                          addNewLetterNotificationFromScheduleNameAndDueDate,
-                         addNewPhoneNotificationFromScheduleNameAndDueDate}) {
+                         addNewPhoneNotificationFromScheduleNameAndDueDate})
     all.push_back(call(add, KnownEntry{ofCompany, {company, 44}, "GST Return", day, "Hello"}));
-  }
   return all;
 }
 
 /// What takes the kind of a diary item.
 void addItemOperations(Operations& all, CurrentDayTimerType kind, Id item, Id row) {
   for (const auto add : {addNewApptEmailNotification, addNewApptFaxNotification,
-                         addNewApptLetterNotification, addNewApptPhoneNotification}) {
+                         addNewApptLetterNotification, addNewApptPhoneNotification})
     all.push_back(call(add, ItemReminder{kind, item, reminder, noId, {company, noId}}));
-  }
   all.insert(
       all.end(),
       {call(addNewApptFaxNotification, ItemReminder{kind, item, reminder, row, {nobody, contact}}),
@@ -148,9 +144,8 @@ void addEntryOperations(Operations& all, Id entry) {
        call(cancelAllUnsentNotificationsForClientID, entry)});
   for (const auto lookup :
        {getScheduleIDFromTaskID, getTaskIDFromScheduleID, getClientDataIDFromScheduleID,
-        getScheduleNumFromScheduleID, getTotalNumFromScheduleID, getContactIDFromScheduleID}) {
+        getScheduleNumFromScheduleID, getTotalNumFromScheduleID, getContactIDFromScheduleID})
     all.push_back(call(lookup, entry));
-  }
   all.push_back(call(getScheduleNameFromScheduleID, entry));
 }
 
@@ -172,9 +167,8 @@ Operations storeOperations() {
   for (const Id row : {appointmentRow, nobody}) addRowOperations(all, row);
   for (const Id entry : {ofCompany, archived, noId}) addEntryOperations(all, entry);
   for (const auto subject : {getAppointmentSubjectFromAppointmentID, getTaskSubjectFromTaskID,
-                             getDocketSubjectFromDocketID}) {
+                             getDocketSubjectFromDocketID})
     all.push_back(call(subject, 1));
-  }
   all.push_back(call(getCompanyIDFromAppointmentID, appointment));
   all.push_back(call(getContactIDFromAppointmentID, appointment));
   for (Id row = faxRow; row <= lastRow; ++row) {
@@ -183,10 +177,9 @@ Operations storeOperations() {
     all.push_back(call(getClientTypeFromNotificationID, row));
   }
   for (std::size_t first = 0; first <= 4; ++first) addLinkOperations(all, first);
-  all.push_back(call(getNotificationEmployeeAssignedFromNotificationIDs, ofContact, bareTask, noId,
-                     noId, noId));
-  all.push_back(
-      call(getNotificationEmployeeAssignedFromNotificationIDs, noId, bareTask, noId, noId, noId));
+  const auto assigned = getNotificationEmployeeAssignedFromNotificationIDs;
+  for (const Id entry : {ofContact, noId})
+    all.push_back(call(assigned, entry, bareTask, noId, noId, noId));
   all.push_back(call(getNumberOfUnsentNotifications));
   return all;
 }
@@ -207,9 +200,8 @@ Operations refusedOperations() {
       call(resetApptNotificationBody, Dockets + (1 << 16), appointmentRow, docket)};
 }
 
-/// Writes down the procedures of the store and the channels that run, each with the statements that
-/// it opens and what it writes; one called by another that does neither is left out. The person
-/// goes on past every failure.
+/// Writes down the procedures of the store and the channels that run, each with what it opens and
+/// writes; one called by another that does neither is left out. The person goes on past failures.
 class CallRecorder : public ScriptedErrorClass {
  public:
   explicit CallRecorder(HostCalls& calls) : calls_(calls) {
@@ -255,15 +247,13 @@ class CallRecorder : public ScriptedErrorClass {
     text_ += std::string(2 * names_.size(), ' ') + line + "\n";
   }
   void writeNames() {
-    for (; written_ < names_.size(); ++written_) {
+    for (; written_ < names_.size(); ++written_)
       text_ += std::string(2 * written_, ' ') + names_[written_] + "\n";
-    }
   }
 
   HostCalls& calls_;
   std::vector<std::string> names_;
-  std::size_t written_ = 0;
-  std::size_t seen_ = 0;
+  std::size_t written_ = 0, seen_ = 0;
   std::string text_;
 };
 

@@ -4,18 +4,9 @@
 #include <stdexcept>
 
 #include "platform/Value.h"
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/DatePicker.h"
-#include "platform/controls/Menu.h"
-#include "platform/controls/OptionButton.h"
 #include "platform/controls/Person.h"
-#include "platform/controls/RichTextBox.h"
-#include "platform/controls/TabControl.h"
-#include "platform/controls/TextBox.h"
-#include "platform/controls/Timer.h"
-#include "platform/controls/TreeView.h"
 #include "platform/text.h"
+#include "support/all_controls.h"
 
 namespace autonotify::test {
 namespace {
@@ -23,13 +14,12 @@ namespace {
 /// What can be chosen in the control, from the first position on.
 std::vector<std::string> choicesIn(const Control& control) {
   std::vector<std::string> texts;
-  if (auto* list = dynamic_cast<const ItemList*>(&control)) {
+  if (auto* list = dynamic_cast<const ItemList*>(&control))
     for (const auto& entry : list->entries()) texts.push_back(entry.text);
-  } else if (auto* tree = dynamic_cast<const TreeView*>(&control)) {
+  else if (auto* tree = dynamic_cast<const TreeView*>(&control))
     for (const auto& node : tree->nodes()) texts.push_back(node.text);
-  } else if (auto* tabs = dynamic_cast<const TabControl*>(&control)) {
+  else if (auto* tabs = dynamic_cast<const TabControl*>(&control))
     texts = tabs->pages();
-  }
   return texts;
 }
 
@@ -176,14 +166,6 @@ std::string ReportInUse::read(const std::string& label) const {
   if (found == labels.end()) throw std::logic_error(report_.name() + " has no label " + label);
   driver_.look(**found);
   return (*found)->caption();
-}
-
-void HeadlessPerson::expectWindow(std::string formName, Script script) {
-  windows_.push_back({std::move(formName), std::move(script)});
-}
-
-void HeadlessPerson::expectReport(std::string name, ReportScript script) {
-  reports_.push_back({std::move(name), std::move(script)});
 }
 
 void HeadlessPerson::finish() {

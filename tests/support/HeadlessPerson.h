@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <optional>
-#include <string>
 #include <tuple>
-#include <vector>
 
 #include "contract/MsgboxClass.h"
 #include "platform/controls/FormHost.h"
@@ -92,9 +89,9 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
       : calls_(&calls), activeWindow_(activeWindow) {}
 
   /// The next window that comes up and what the person does in it.
-  void expectWindow(std::string formName, Script script);
+  void expectWindow(std::string name, Script script) { windows_.push_back({name, script}); }
   /// The next report that comes up and what the person does with it.
-  void expectReport(std::string name, ReportScript script);
+  void expectReport(std::string name, ReportScript script) { reports_.push_back({name, script}); }
   /// The next message, or question with its answer. `owner` names the window or the report that it
   /// stands above; empty for the active window.
   void expectMessage(std::string text, int style, std::string owner = {}) {

@@ -1,10 +1,6 @@
 #pragma once
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 #include "support/TestHost.h"
 
@@ -43,17 +39,15 @@ class HostTest : public testing::Test, public AttachedHost, public TableRows {
   /// The calls of the operation since the recording began.
   std::vector<std::string> logged(const std::string& operation) {
     std::vector<std::string> found;
-    for (const std::string& line : calls.log()) {
+    for (const std::string& line : calls.log())
       if (line.starts_with(operation + " ")) found.push_back(line.substr(operation.size() + 1));
-    }
     return found;
   }
   /// Which recorded call, counted from 1, was the `nth` that starts with `start`.
   int callNumber(const std::string& start, int nth) {
     const auto& log = calls.log();
-    for (std::size_t i = 0; i < log.size(); ++i) {
+    for (std::size_t i = 0; i < log.size(); ++i)
       if (log[i].starts_with(start) && --nth == 0) return static_cast<int>(i) + 1;
-    }
     ADD_FAILURE() << "no such call: " << start;
     return 0;
   }

@@ -119,8 +119,8 @@ std::string TestHost::notification(Id row, const std::string& columns) {
               " FROM ClientNotification WHERE ClientNotificationID=" + std::to_string(row));
 }
 
-int TestHost::notificationCount() {
-  return std::stoi(dump("SELECT COUNT(*) FROM ClientNotification"));
+int TestHost::rowCount(const std::string& from) {
+  return std::stoi(dump("SELECT COUNT(*) FROM " + from));
 }
 
 }  // namespace autonotify::test

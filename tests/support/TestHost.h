@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "contract/PlatformServices.h"
 #include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
@@ -47,7 +44,9 @@ class TestHost {
   /// All rows of the tables that the component writes.
   std::string dumpWritten();
   std::string dump(const std::string& sql);
-  int notificationCount();
+  /// Of a table, or of those of its rows WHERE something holds.
+  int rowCount(const std::string& from);
+  int notificationCount() { return rowCount("ClientNotification"); }
   /// These columns of a notification, nothing where there is none.
   std::string notification(Id row, const std::string& columns);
 
@@ -71,8 +70,7 @@ class TestHost {
   PlatformServices platform() { return {&registry, &clock, &screen}; }
 };
 
-/// A host that lends itself to the logic that is linked into the test, with fresh utilities, until
-/// it is destroyed.
+/// A host that lends itself to the logic that is linked into the test while it lives.
 class AttachedHost : public TestHost {
  public:
   explicit AttachedHost(FillRows fill = nullptr);

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "contract/ClientDocumentFolder.h"
@@ -12,8 +11,7 @@
 
 namespace autonotify::test {
 
-/// The folders "Contact 3" and "Company 5" with one below for each kind; clients below 1 and from
-/// `firstWithout` on have none.
+/// "Contact 3", "Company 5", with a folder for each kind; below 1, from `firstWithout` on, none.
 class TestDocumentFolder : public ClientDocumentFolder {
  public:
   static constexpr Id firstWithout = 100;

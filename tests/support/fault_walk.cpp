@@ -27,11 +27,8 @@ std::span<const int> choicesAt([[maybe_unused]] int call) {
 constexpr int mostFollowUps = 100;
 
 struct Outcome {
-  std::string result;
-  std::string written;
-  int rowsAdded = 0;
-  int calls = 0;
-  int failures = 0;
+  std::string result, written;
+  int rowsAdded = 0, calls = 0, failures = 0;
 };
 
 /// What was skipped or left may be missed later on, by the same procedure or its caller.
@@ -54,18 +51,16 @@ Outcome runOnce(const Run& run, const WalkedOffice& office, int failedCall, int 
   outcome.failures = host->calls.failures();
   EXPECT_EQ(host->errors.entered(), host->errors.left()) << "every procedure is left once";
   EXPECT_EQ(host->errors.depth(), 0u);
-  if (hasFollowUps(choice)) {
+  if (hasFollowUps(choice))
     EXPECT_GE(host->errors.dialogs(), outcome.failures);
-  } else {
+  else
     EXPECT_EQ(host->errors.dialogs(), outcome.failures) << "one dialog for one failure";
-  }
   outcome.written = office.written(*host);
   outcome.rowsAdded = host->notificationCount() - rowsBefore;
   return outcome;
 }
 
-/// The calls of a run that open, write or go to a place, each once and to its first line end. What
-/// is opened must be closed.
+/// The calls that open, write or go to a place, each once. What is opened must be closed.
 std::string statementsOf(const WalkedOperation& operation, FillRows fill) {
   AttachedHost host(fill);
   host.calls.record(true);

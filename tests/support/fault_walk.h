@@ -1,12 +1,7 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
 #include <ostream>
 #include <span>
-#include <string>
 
 #include "support/TestHost.h"
 
@@ -64,8 +59,16 @@ std::string resultWhenClosed(const Run& run, FillRows fill);
 /// Walks the operation's faults, then runs it with the database closed.
 void walkOperation(const WalkedOperation& operation, const WalkedOffice& office);
 
-/// Expects that the operations open and write what stands in the file of the test's folder, in that
-/// order; see expectGolden.
+/// A test for each operation, named like it, that walks it in the office of these words.
+#define WALK_OPERATIONS(Suite, operations, ...)                              \
+  class Suite : public testing::TestWithParam<WalkedOperation> {};           \
+  TEST_P(Suite, LeavesNothingHalfDone) {                                     \
+    walkOperation(GetParam(), {__VA_ARGS__});                                \
+  }                                                                          \
+  INSTANTIATE_TEST_SUITE_P(Operations, Suite, testing::ValuesIn(operations), \
+                           [](const auto& each) { return each.param.name; })
+
+/// Expects that the operations open and write what stands in the file; see expectGolden.
 void expectStatements(std::span<const WalkedOperation> operations, FillRows fill,
                       const std::string& file);
 

@@ -9,8 +9,7 @@
 
 namespace autonotify::test {
 
-/// The door that every wrapped host call passes: counts the calls, records them when asked, and
-/// fails the one that was chosen.
+/// The door that every wrapped host call passes: counts, records when asked, fails the chosen one.
 class HostCalls {
  public:
   /// Fails call `n`, counted from 1 since the last reset.
@@ -18,8 +17,7 @@ class HostCalls {
   void reset() { *this = HostCalls{}; }
   void record(bool on) { recording_ = on; }
 
-  /// Called by the wrappers before they forward. Throws PlatformError (1000) for a call that shall
-  /// fail.
+  /// Called by the wrappers before they forward. Throws PlatformError for a call that shall fail.
   void pass(std::string_view operation, const std::function<std::string()>& detail = {}) {
     ++count_;
     if (recording_) {
@@ -38,9 +36,7 @@ class HostCalls {
   const std::vector<std::string>& log() const { return log_; }
 
  private:
-  int count_ = 0;
-  int failed_ = 0;
-  int failures_ = 0;
+  int count_ = 0, failed_ = 0, failures_ = 0;
   bool recording_ = false;
   std::vector<std::string> log_;
 };

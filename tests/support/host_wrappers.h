@@ -3,11 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "contract/ProgressDialog.h"
 #include "contract/RichTextUtility.h"
@@ -26,6 +24,7 @@ class Counted : public Interface {
       : own_(std::move(inner)), inner_(own_.get()), calls_(calls) {}
 
  protected:
+  using Base = Interface;
   template <class Result, class... Parameters, class... Arguments>
   Result pass(const char* operation, Result (Interface::*method)(Parameters...),
               Arguments&... arguments) {
@@ -43,11 +42,10 @@ class Counted : public Interface {
   template <class Argument>
   static void tell(std::string& told, const Argument& argument) {
     constexpr bool isPlain = std::is_arithmetic_v<Argument> || std::is_same_v<Argument, DateTime>;
-    if constexpr (std::is_same_v<Argument, std::string>) {
+    if constexpr (std::is_same_v<Argument, std::string>)
       told += (told.empty() ? "" : "=") + argument;
-    } else if constexpr (isPlain && !std::is_same_v<Interface, DatabaseReference>) {
+    else if constexpr (isPlain && !std::is_same_v<Interface, DatabaseReference>)
       told += (told.empty() ? "" : "=") + toText(argument);
-    }
   }
 
   std::unique_ptr<Interface> own_;
@@ -62,12 +60,9 @@ class Counted : public Interface {
   }
 
 /// Reserved arguments that are not the fixed ones fail the test.
-class CountedDatabase : public Counted<DatabaseReference> {
-  using Base = DatabaseReference;
+struct CountedDatabase : Counted<DatabaseReference> {
   using Handle = RecordsetHandle;
   using Text = const std::string&;
-
- public:
   using Counted::Counted;
   COUNTED(void, closeRecordset, (Handle h), h)
   COUNTED(int, getRecordCount, (Handle h), h)
@@ -116,10 +111,7 @@ class CountedDatabase : public Counted<DatabaseReference> {
   }
 };
 
-class CountedClients : public Counted<clientDropDownCtrlReference> {
-  using Base = clientDropDownCtrlReference;
-
- public:
+struct CountedClients : Counted<clientDropDownCtrlReference> {
   using Counted::Counted;
   COUNTED(bool, isCompanyClient, (Id id), id)
   COUNTED(bool, isContactClient, (Id id), id)
@@ -140,10 +132,7 @@ class CountedClients : public Counted<clientDropDownCtrlReference> {
   COUNTED(int, getListOrder, ())
 };
 
-class CountedLocale : public Counted<LocaleReference> {
-  using Base = LocaleReference;
-
- public:
+struct CountedLocale : Counted<LocaleReference> {
   using Counted::Counted;
   COUNTED(Id, getCurrentUserID, ())
   COUNTED(std::string, getFirmCode, ())
@@ -156,11 +145,8 @@ class CountedLocale : public Counted<LocaleReference> {
   COUNTED(std::int16_t, getCurrentYear, ())
 };
 
-class CountedGeneralUtilities : public Counted<GeneralUtilities> {
-  using Base = GeneralUtilities;
+struct CountedGeneralUtilities : Counted<GeneralUtilities> {
   using Texts = const std::vector<std::string>&;
-
- public:
   using Counted::Counted;
   COUNTED(bool, isValueEmpty, (const Value& value), value)
   COUNTED(Value, textOrDefault, (const Value& value, bool flag), value, flag)
@@ -171,10 +157,7 @@ class CountedGeneralUtilities : public Counted<GeneralUtilities> {
   void put_errorClass(errorClass* value) override { inner().put_errorClass(value); }
 };
 
-class CountedRichTextUtility : public Counted<RichTextUtility> {
-  using Base = RichTextUtility;
-
- public:
+struct CountedRichTextUtility : Counted<RichTextUtility> {
   using Counted::Counted;
   COUNTED(Value, insertTextAt, (RichTextBox * box, const std::string& text, int at), box, text, at)
   COUNTED(std::string, toPlainText, (const std::string& richText), richText)
@@ -183,11 +166,8 @@ class CountedRichTextUtility : public Counted<RichTextUtility> {
   COUNTED(void, release, ())
 };
 
-class CountedFileUtility : public Counted<FileUtility> {
-  using Base = FileUtility;
+struct CountedFileUtility : Counted<FileUtility> {
   using Text = const std::string&;
-
- public:
   using Counted::Counted;
   COUNTED(bool, fileExists, (Text path), path)
   COUNTED(void, deleteFile, (Text path), path)
@@ -195,18 +175,12 @@ class CountedFileUtility : public Counted<FileUtility> {
   COUNTED(std::string, getUniqueFileName, (Text path), path)
 };
 
-class CountedWorkingFolder : public Counted<WorkingFolderReference> {
-  using Base = WorkingFolderReference;
-
- public:
+struct CountedWorkingFolder : Counted<WorkingFolderReference> {
   using Counted::Counted;
   COUNTED(std::string, getWorkingFolder, ())
 };
 
-class CountedValidation : public Counted<ValidationUtilities> {
-  using Base = ValidationUtilities;
-
- public:
+struct CountedValidation : Counted<ValidationUtilities> {
   using Counted::Counted;
   COUNTED(bool, isWeekend, (DateTime date), date)
   COUNTED(bool, isDateText, (const std::string& text), text)

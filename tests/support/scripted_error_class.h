@@ -54,8 +54,7 @@ class ScriptedErrorClass : public errorClass {
 
   struct Recorded {
     int number;
-    std::string description;
-    std::string tag;
+    std::string description, tag;
   };
   const std::vector<Recorded>& recorded() const { return recorded_; }
   int dialogs() const { return dialogs_; }
@@ -67,15 +66,11 @@ class ScriptedErrorClass : public errorClass {
   std::size_t answersLeft() const { return script_.size(); }
 
  private:
-  std::vector<std::string> stack_;
-  std::vector<std::string> tags_;
+  std::vector<std::string> stack_, tags_;
   std::vector<Recorded> recorded_;
   std::deque<int> script_;
   int restChoice_ = error_choice::leave;
-  int restLeft_ = 0;
-  int dialogs_ = 0;
-  int asked_ = 0;
-  int left_ = 0;
+  int restLeft_ = 0, dialogs_ = 0, asked_ = 0, left_ = 0;
 };
 
 }  // namespace autonotify::test

@@ -23,8 +23,7 @@ struct ColumnText : std::string {
 using RowFields = std::vector<std::pair<const char*, ColumnText>>;
 
 struct TestClient {
-  Id clientNum;
-  Id contactID;
+  Id clientNum, contactID;
 };
 
 /// Adds and reads rows past all procedures and all counting.
@@ -57,13 +56,6 @@ class TableRows {
         database_->hasRecords(handle) ? database_->getFieldValue(handle, column) : Value{};
     database_->closeRecordset(handle);
     return value;
-  }
-  int rowCount(const std::string& table, const std::string& where = {}) {
-    const RecordsetHandle handle = open("SELECT " + table + ".* FROM " + table +
-                                        (where.empty() ? "" : " WHERE " + where) + ";");
-    const int count = database_->getRecordCount(handle);
-    database_->closeRecordset(handle);
-    return count;
   }
 
   /// A holiday without a type when `type` is empty.

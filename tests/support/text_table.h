@@ -6,8 +6,11 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <tuple>
+#include <type_traits>
 #include <vector>
 
+#include "platform/date_time_text.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
 
@@ -48,6 +51,31 @@ inline std::vector<std::vector<std::string>> rowsOf(const std::string& file,
   }
   EXPECT_FALSE(rows.empty()) << table;
   return rows;
+}
+
+/// A cell as a number, as a flag ("yes" or "no"), as a moment or as its text.
+template <class Cell>
+Cell cellAs(const std::string& cell) {
+  if constexpr (std::is_same_v<Cell, bool>)
+    return cell == "yes";
+  else if constexpr (std::is_same_v<Cell, DateTime>)
+    return parseDateTime(cell).value();
+  else if constexpr (std::is_same_v<Cell, std::string>)
+    return cell;
+  else
+    return static_cast<Cell>(std::stol(cell));
+}
+
+/// The rows of a table with the cells of each one as these types.
+template <class... Cells>
+std::vector<std::tuple<Cells...>> casesOf(const std::string& file, const std::string& table) {
+  std::vector<std::tuple<Cells...>> cases;
+  for (const auto& row : rowsOf(file, table, sizeof...(Cells))) {
+    auto cell = row.begin();
+    const auto read = [&](Cells&... each) { ((each = cellAs<Cells>(*cell++)), ...); };
+    std::apply(read, cases.emplace_back());
+  }
+  return cases;
 }
 
 /// Expects of each row that what is made of its first cell is the second.

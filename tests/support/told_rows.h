@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "support/table_rows.h"
 #include "support/text_table.h"
 
