@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include "contacts/clsClientAddrBkCatTxt.h"
 #include "contacts/filled_lists.h"
@@ -81,14 +80,7 @@ const std::vector<WalkedOperation> operations = withLists({
           }),
 });
 
-class ContactFaults : public testing::TestWithParam<WalkedOperation> {};
-
-TEST_P(ContactFaults, AreSettled) {
-  walkOperation(GetParam(), {fillAddressBook, written});
-}
-
-INSTANTIATE_TEST_SUITE_P(Operations, ContactFaults, testing::ValuesIn(operations),
-                         [](const auto& operation) { return operation.param.name; });
+WALK_OPERATIONS(ContactFaults, operations, fillAddressBook, written);
 
 TEST(ContactStatements, StandAsHostsKnowThem) {
   expectStatements(operations, fillAddressBook, AUTONOTIFY_TEST_FOLDER "contact_statements.txt");

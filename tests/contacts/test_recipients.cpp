@@ -1,4 +1,3 @@
-#include <algorithm>
 
 #include "contacts/filled_lists.h"
 #include "support/HostTest.h"
@@ -41,14 +40,12 @@ TEST_F(Recipients, OfAContactCarryLabels) {
 }
 
 TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
-  const std::vector<std::string> columnsOfCompany = {"Email", "FaxNumber", "OfficeNumber"};
+  const auto columns = rowsOf(file, "columns", 1);
+  const auto ofCompany = split(columns[0][0]), ofContact = split(columns[1][0]);
   for (const auto& row : rowsOf(file, "likeliest first", 2)) {
     const auto& [name, isOfCompany, fill] = named(row[0]);
-    const Id full = addNamedByColumn("Companies", columnsOfCompany);
-    const Id person = addNamedByColumn(
-        "Contacts", {"BusinessEmail", "PersonalEmail", "BusinessPhone_Fax", "HomePhone_Fax",
-                     "BusinessPhone_Main", "BusinessPhone_Cell", "BusinessAltPhoneNumber",
-                     "HomePhone_Main", "HomePhone_Cell", "PersonalAltPhoneNumber"});
+    const Id full = addNamedByColumn("Companies", ofCompany);
+    const Id person = addNamedByColumn("Contacts", ofContact);
     linkDefaultContact(person, full);
     const auto chosen = [&, fill = fill, id = isOfCompany ? full : person](bool select) {
       ComboBox combo;
@@ -58,7 +55,7 @@ TEST_F(Recipients, ChooseTheLikeliestTextThatThereIsWhenAsked) {
     for (const std::string& column : split(row[1])) {
       EXPECT_THAT(chosen(true), testing::StartsWith(column));
       EXPECT_EQ(chosen(false), "");
-      const bool isCompanys = std::ranges::count(columnsOfCompany, column) > 0;
+      const bool isCompanys = std::ranges::count(ofCompany, column) > 0;
       plainDatabase->connection().exec(
           (isCompanys ? "UPDATE Companies SET " : "UPDATE Contacts SET ") + column + "=NULL");
     }
