@@ -1,9 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_columns.h"
@@ -15,6 +11,10 @@ namespace autonotify::test {
 /// The rows of a table of merge_tables.txt.
 inline std::vector<std::vector<std::string>> rowsOf(const std::string& table, std::size_t cells) {
   return rowsOf("merge_tables.txt", table, cells);
+}
+template <class... Cells>
+auto casesOf(const std::string& table) {
+  return casesOf<Cells...>("merge_tables.txt", table);
 }
 
 /// A host whose clients may have records.
@@ -58,8 +58,7 @@ class MergeTest : public RecordsTest {
   std::vector<std::string> build(int listType, int use = 1) {
     merge->ListType = listType;
     merge->put_MergeFieldListUse(use);
-    bool noListBox = false;
-    bool clearListBox = true;
+    bool noListBox = false, clearListBox = true;
     merge->createDefaultFieldListStructure(noListBox, clearListBox);
     return column(field_column::displayName);
   }

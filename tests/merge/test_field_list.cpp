@@ -10,9 +10,7 @@ using std::vector;
 using testing::Contains;
 using testing::Not;
 
-constexpr int canada = 1;
-constexpr int unitedStates = 2;
-constexpr int ontario = 3;
+constexpr int canada = 1, unitedStates = 2, ontario = 3;
 
 class FieldListTest : public MergeTest {
  protected:
@@ -29,8 +27,7 @@ class FieldListTest : public MergeTest {
     return lines;
   }
 
-  ListBox box;
-  ListBox firmBox;
+  ListBox box, firmBox;
 };
 
 TEST_F(FieldListTest, HasTheRowsOfItsFamily) {
@@ -90,19 +87,15 @@ TEST_F(FieldListTest, NamesFitIntoTokensAndNoTwoFieldsReadOneColumn) {
 }
 
 TEST_F(FieldListTest, LabelsNameTheCustomFields) {
-  const std::tuple<const char*, string, string> stems[] = {
-      {"", "ApptCustomName", "ApptCustom"},      {"", "DocketCustomName", "DocketCustom"},
-      {"", "RemittanceLabel", "ScheduleCustom"}, {"", "TaskCustomName", "TaskCustom"},
-      {"", "CustomName", "ClientCustom"},        {"Address", "ContactLabel", "ContactCustom"},
-      {"Address", "CompanyLabel", "FirmCustom"}, {"Address", "CompanyLabel", "CompanyCustom"}};
   addRow("CustomFields", {});
   addRow("CustomAddressFields", {});
   std::set<string> expected;
-  for (const auto& [kind, label, column] : stems)
+  for (const auto& [kind, label, column] :
+       casesOf<string, string, string>("labels of custom fields"))
     for (const char digit : {'1', '2', '3', '4', '5'}) {
       const string name = label + digit;  // a label that reads like its own column
-      plainDatabase->connection().exec(string("UPDATE Custom") + kind + "Fields SET " + name +
-                                       "='" + name + "'");
+      plainDatabase->connection().exec("UPDATE Custom" + kind + "Fields SET " + name + "='" + name +
+                                       "'");
       expected.insert(name + "=" + column + digit);
     }
   std::set<string> found;
@@ -159,8 +152,7 @@ TEST_F(FieldListTest, EntriesLeadToTheirRows) {
 }
 
 TEST_F(FieldListTest, ClearsTheBoxesThatItIsAskedTo) {
-  bool noListBox = true;
-  bool clearListBox = false;
+  bool noListBox = true, clearListBox = false;
   box.addItem("kept");
   firmBox.addItem("gone");
   merge->createDefaultFieldListStructure(noListBox, clearListBox);

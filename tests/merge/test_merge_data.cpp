@@ -1,4 +1,3 @@
-#include <algorithm>
 
 #include "merge/MergeTest.h"
 #include "merge/records/modCodeTexts.h"
@@ -17,11 +16,7 @@ class MergeData : public MergeTest {
 /// A field that names no column of its source would ask the person, which fails the test.
 TEST_F(MergeData, EveryFieldReadsFromItsRecord) {
   addAccountingClient();
-  for (const char* table : {"Contacts", "AccountantFirmInfo", "Schedule"}) addRow(table, {});
-  addRow("ContactsNotes", {{"ContactNum", "1"}});
-  addRow("Tasks", {{"ScheduleIDNum", "1"}});
-  for (const char* table : {"Appointments", "Dockets"})
-    addRow(table, {{"TimeFrom", "9:00"}, {"TimeTo", "10:30"}});
+  addAllTold(*this, "merge_tables.txt", "one record of each source");
   std::size_t read = 0;
   for (const auto& [country, use] : {std::pair{1, 1}, {1, 3}, {2, 1}, {2, 3}})
     for (const int listType : {5, 6, 8}) {
@@ -97,18 +92,11 @@ TEST_F(MergeData, ShowsSamplesAsTheyStand) {
 }
 
 TEST_F(MergeData, DurationsCountMinuteBoundaries) {
-  const auto at = [](int hour, int minute, int second) {
-    return DateTime::of(2026, 4, 30, hour, minute, second);
-  };
-  errors.answer({error_choice::next});
-  for (auto [from, to, text] :
-       {std::tuple{at(12, 0, 0), at(13, 30, 0), "1 hr 30 min"},
-        {at(13, 30, 0), at(12, 0, 0), "1 hr 30 min"},
-        {at(11, 59, 59), at(12, 0, 0), "1 min"},
-        {at(12, 0, 0), at(12, 0, 59), "0 min"},
-        {DateTime::fromSerial(-1, 86399), DateTime(), "1 min"},
-        {DateTime::fromSerial(-2'147'483'647), DateTime::fromSerial(2'147'483'647), ""}})
+  for (auto [from, to, text] : casesOf<DateTime, DateTime, string>("durations"))
     EXPECT_EQ(merge->getTimeDurationFieldValue(from, to), text);
+  errors.answer({error_choice::next});
+  auto from = DateTime::fromSerial(-2'147'483'647), to = DateTime::fromSerial(2'147'483'647);
+  EXPECT_EQ(merge->getTimeDurationFieldValue(from, to), "");
   EXPECT_EQ(errors.recorded().at(0).number, error_number::overflow);
 }
 
@@ -122,11 +110,8 @@ TEST_F(MergeData, ListsTheDocumentsOfATaskInOrder) {
 }
 
 TEST_F(MergeData, FindsTheTaskOfAScheduleEntryAlsoInTheArchive) {
-  addTask(40, "");
-  const Id task = addTask(41, "");
-  addRow("archiveTasks", {{"ScheduleIDNum", "42"}, {"oldTaskID", "812"}});
-  addRow("archiveTasks", {{"ScheduleIDNum", "41"}, {"oldTaskID", "813"}});
-  for (const auto& [schedule, found] : {std::pair{41, task}, {43, -1}, {-1, -1}, {42, 812}}) {
+  addAllTold(*this, "merge_tables.txt", "tasks of entries");
+  for (const auto& [schedule, found] : {std::pair{41, 2}, {43, -1}, {-1, -1}, {42, 812}}) {
     merge->put_scheduleID(schedule);
     EXPECT_EQ(merge->taskID, found) << schedule;
   }

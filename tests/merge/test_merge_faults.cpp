@@ -92,14 +92,7 @@ const WalkedOperation operations[] = {
     merges("click", 1, "", "«Company Name»", clickOnAnEntry),
 };
 
-class MergeFaults : public testing::TestWithParam<WalkedOperation> {};
-
-TEST_P(MergeFaults, TheProceduresSurviveEachFailedCall) {
-  walkOperation(GetParam(), {fillOffice});
-}
-
-INSTANTIATE_TEST_SUITE_P(Operations, MergeFaults, testing::ValuesIn(operations),
-                         [](const auto& operation) { return operation.param.name; });
+WALK_OPERATIONS(MergeFaults, operations, fillOffice);
 
 class MergeFault : public MergeTest {
  protected:

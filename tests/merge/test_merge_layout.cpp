@@ -25,8 +25,7 @@ string withoutTokens(string text) {
   return text;
 }
 
-/// The rules step by step over a list of samples: what every merge must give, however it gets
-/// there.
+/// The rules step by step over a list of samples: what every merge must give.
 string mergedStepByStep(clsInsertFieldsInRTB& merge, const string& templateText) {
   GridColumnList& list = *merge.get_FieldList();
   string text = merge.convertProvinceFields(templateText);
@@ -86,8 +85,7 @@ class MergeByLayout : public MergeTest {
 };
 
 TEST_F(MergeByLayout, GivesWhatTheRulesGive) {
-  // Names, values and pieces of templates: of bare marks, of escaped ones, of marks in pieces, in
-  // the template as in the values, of tokens that another one leaves.
+  // Names, values and pieces of templates, and how many rounds.
   for (const auto& row : rowsOf("random fields", 4))
     compare(split(row[0]), split(row[1]), split(row[2]), std::stoi(row[3]));
 }

@@ -1,5 +1,4 @@
 // The statements by which a merge reads its records, letter by letter.
-#include <fstream>
 
 #include "merge/MergeTest.h"
 #include "support/golden_file.h"
@@ -62,11 +61,7 @@ TEST_F(MergeStatements, AreThoseOfTheFile) {
   note("on demand", [&] { readOnDemand(1); });
   note("on demand in bulk", [&] { readOnDemand(2); });
   note("the task of an entry", [&] { merge->put_scheduleID(41); });
-  for (const auto& [showOnly, statusMode, id, order] : {std::tuple{true, 1, -1, 0},
-                                                        {true, 3, 0, 0},
-                                                        {false, 2, -1, 5},
-                                                        {false, 3, -1, 1},
-                                                        {false, 3, -1, 2}}) {
+  for (const auto& [showOnly, statusMode, id, order] : casesOf<bool, int, Id, int>("accounts")) {
     plainClients.setListOrder(order);
     noted += "[accounts in order " + std::to_string(order) + "]\n";
     noted += getMainBusinessSQLString(showOnly, statusMode, id) + "\n";

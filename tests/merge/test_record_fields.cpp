@@ -1,7 +1,11 @@
 #include "merge/records/record_fields.h"
 
+#include <map>
+
 #include "merge/MergeTest.h"
+#include "merge/fields/field_format.h"
 #include "merge/records/merge_values.h"
+#include "support/value_cells.h"
 
 namespace autonotify::test {
 namespace {
@@ -51,11 +55,7 @@ TEST_F(RecordFieldsTest, GiveAnInheritingContactTheAddressOfTheCompany) {
 }
 
 TEST_F(RecordFieldsTest, NameTheFifthCustomFieldOfACompanyInTheSetUpAlone) {
-  addRow("Contacts", {{"DisplayName", "Anna Lee"},
-                      {"HomeProvince", "british columbia"},
-                      {"AltProvince", "Bavaria"},
-                      {"Custom5", "Fifth"}});
-  addRow("Companies", {{"Custom1", "One"}, {"Custom5", "Five"}});
+  addAllTold(*this, "merge_tables.txt", "custom fields");
   scope.ids.companyID = scope.ids.contactID = 1;
   EXPECT_EQ(read(contact,
                  "ContactAndSpouseName|ALTAbbreviatedProvince|ContactCustom5|"
@@ -105,11 +105,8 @@ TEST_F(RecordFieldsTest, PutAccountingCodesInWords) {
 }
 
 TEST_F(RecordFieldsTest, AreFoundInWholeTablesForABulkMerge) {
-  for (const char* name : {"Ben Oak", "Anna Lee"}) addRow("Contacts", {{"DisplayName", name}});
-  addRow("CompaniesNotes", {{"CompanyNum", "5"}, {"ComapnyNum", "5"}, {"Notes", "By email"}});
-  addRow("SoftwareInfo",
-         {{"CompanyID", "9"}, {"DefaultSoftware", "True"}, {"SoftwareName", "Abacus"}});
-  scope.ids.firmID = addRow("AccountantFirmInfo", {{"CompanyName", "Birch LLP"}});
+  addAllTold(*this, "merge_tables.txt", "whole tables");
+  scope.ids.firmID = 1;
   scope.ids.companyID = 5;
   scope.isBulk = true;
   EXPECT_EQ(read(software, "SoftwareName"), "") << "not before a client's record has opened it";
@@ -129,6 +126,21 @@ TEST_F(RecordFieldsTest, AreFoundInWholeTablesForABulkMerge) {
   EXPECT_EQ(logged("findRecord").back(), "CompanyID=" + std::to_string(scope.ids.companyID));
   scope.isBulk = true;
   EXPECT_EQ(read(software, "SoftwareName"), "Abacus") << "all rows over the one";
+}
+
+using FieldFormat = HostTest;
+
+TEST_F(FieldFormat, PrintsEachTypeInItsForm) {
+  const std::map<std::string, FieldType> types = {
+      {"date", FieldType::date},         {"time", FieldType::time},
+      {"currency", FieldType::currency}, {"yes or no", FieldType::yesNo},
+      {"duration", FieldType::duration}, {"text", FieldType::text},
+      {"no type", FieldType{}},          {"documents", FieldType::documentsList}};
+  for (const auto& row : rowsOf("values of fields", 4))
+    EXPECT_EQ(formattedField(valueOfCell(row[1]), types.at(row[0]), row[2]).value_or("none"),
+              row[3])
+        << row[0] << ' ' << row[1];
+  EXPECT_THROW(formattedField("Bookkeeping", FieldType::date, ""), PlatformError);
 }
 
 }  // namespace

@@ -11,8 +11,7 @@ using std::vector;
 using TemplateRewrites = MergeTest;
 
 struct Rule {
-  string from;
-  string to;
+  string from, to;
 };
 using Rules = vector<Rule>;
 
@@ -31,8 +30,7 @@ Rules rulesOf(const vector<string>& line) {
   return rules;
 }
 
-/// The rules as they are written down, by country or code of province: one after the other over the
-/// whole text.
+/// The rules as they are written down, by country or code of province.
 std::map<string, Rules> readRules() {
   std::map<string, Rules> books;
   for (const vector<string>& row : rowsOf("rewriting rules", 4))
