@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
 
 #include "host/clients/ClientDirectory.h"
 #include "host/clients/person_names.h"
@@ -63,14 +60,12 @@ TEST_P(ClientDirectoryModes, knowsAndNamesWhoIsAClient) {
   EXPECT_EQ(directory.getCategoryName(30), "Business Clients");
   EXPECT_EQ(directory.getUserNameFromID(5), "Émile Côté");
   EXPECT_EQ(directory.getUserIDFromName(" ÉMILE CÔTÉ "), 5);
-  for (const char* name : {"", "Ann", "Ann Lee'; --"}) {
+  for (const char* name : {"", "Ann", "Ann Lee'; --"})
     EXPECT_EQ(directory.getUserIDFromName(name), noId) << name;
-  }
 }
 
 TEST_P(ClientDirectoryModes, givesInfoItems) {
-  // Of a company that holds all of them, of one that holds none, with contact 21 as its default,
-  // and of contact 20.
+  // Of a company that holds all, of one that holds none but a default contact, and of a contact.
   for (const auto& row : test::rowsOf("client_texts.txt", "info items", 5)) {
     const auto item = static_cast<std::int16_t>(std::stoi(row[0]));
     EXPECT_EQ(directory.getCompanyInfoItem(10, item), row[2]) << row[1];

@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
 #include <tuple>
-#include <vector>
 
 #include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
@@ -24,12 +20,10 @@ namespace autonotify::host {
 namespace {
 
 namespace fs = std::filesystem;
-using test::errorOf;
-using test::readFile;
-using test::writeFile;
+using namespace test;
 
 TEST(SafeNameTest, isOneOnAnyFileSystem) {
-  test::expectRows("service_texts.txt", "safe names", safeName);
+  expectRows("service_texts.txt", "safe names", safeName);
   std::string emoji;
   for (int i = 0; i < 300; ++i) emoji += "😀";
   EXPECT_LE(safeName(emoji).size() + sizeof "P2147483647 ", 255u);
@@ -49,9 +43,9 @@ class ClientDocumentFolderTest : public testing::Test {
   }
 
   std::unique_ptr<SqliteDatabase> database = createSqliteInMemory();
-  test::TableRows rows{*database};
+  TableRows rows{*database};
   ClientDirectory clients{*database};
-  test::TemporaryFolder documents;
+  TemporaryFolder documents;
 };
 
 TEST_F(ClientDocumentFolderTest, isThatOfTheNumberWhateverTheNameIs) {
@@ -79,7 +73,7 @@ TEST_F(ClientDocumentFolderTest, isThatOfTheNumberWhateverTheNameIs) {
 
 TEST_F(ClientDocumentFolderTest, leadsNowhereElse) {
   const Id company = rows.addRow("Companies", {{"CompanyName", "Roy"}});
-  const test::TemporaryFolder elsewhere;
+  const TemporaryFolder elsewhere;
   fs::create_directory_symlink(elsewhere.path(), documents / (std::to_string(company) + " Roy"));
   EXPECT_EQ(errorOf([&] { opened(company); }), error_number::pathFileAccess);
   HostClientDocumentFolder readOnly(clients, "/sys");
@@ -100,7 +94,7 @@ class TextFilesTest : public testing::Test {
     });
   }
 
-  test::TemporaryFolder folder;
+  TemporaryFolder folder;
   HostFileSystemObject files;
 };
 
@@ -143,7 +137,7 @@ TEST_F(TextFilesTest, aDiskThatFillsLeavesNothingAndMayBeTriedAgain) {
   const auto file = files.createTextFile(folder / "a", true);
   file->write(std::string(100000, 'x'));
   {
-    const test::FullDisk full;
+    const FullDisk full;
     EXPECT_EQ(errorOf([&] { file->close(); }), error_number::diskFull);
     EXPECT_EQ(folder.fileCount(), 0u);
   }
@@ -174,7 +168,7 @@ class PdfTest : public testing::Test {
   HeadlessFormHost forms;
   std::string bytes;
   PdfDocument document{[this](std::string_view part) { bytes += part; }};
-  test::TemporaryFolder folder;
+  TemporaryFolder folder;
 };
 
 TEST_F(PdfTest, anyBodyFlowsOverAsManyPagesAsItNeeds) {

@@ -71,26 +71,19 @@ TEST(GridColumnListTest, findsExactlyAndReportsThePosition) {
 }
 
 Value anyValue(std::mt19937& random) {
-  switch (random() % 7) {
-    case 0:
-      return {};
-    case 1:
-      return random() % 2 == 0;
-    case 2:
-      return static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -1) * 2147483647;
-    case 3:
-      return std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 100);
-    case 4:
-      return DateTime::fromSerial(static_cast<std::int32_t>(random() % 90000) - 20000,
-                                  static_cast<std::int32_t>(random() % 86400));
-    default: {
-      static const std::string pieces[] = {"\t", "\n", "\r",          "\\", std::string(1, '\0'),
-                                           "é",  "n",  "Client name", "«",  " "};
-      std::string text;
-      for (std::uint32_t i = random() % 6; i > 0; --i) text += pieces[random() % 10];
-      return text;
-    }
-  }
+  static const std::string pieces[] = {"\t", "\n", "\r",          "\\", std::string(1, '\0'),
+                                       "é",  "n",  "Client name", "«",  " "};
+  std::string text;
+  for (std::uint32_t i = random() % 6; i > 0; --i) text += pieces[random() % 10];
+  const Value values[] = {
+      Value(),
+      random() % 2 == 0,
+      text,
+      static_cast<std::int64_t>(random()) * (random() % 2 ? 1 : -1) * 2147483647,
+      std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 100),
+      DateTime::fromSerial(static_cast<std::int32_t>(random() % 90000) - 20000,
+                           static_cast<std::int32_t>(random() % 86400))};
+  return values[random() % std::size(values)];
 }
 
 TEST(GridColumnListTest, textFormGivesEveryListBack) {

@@ -1,8 +1,4 @@
-#include <gtest/gtest.h>
 
-#include <algorithm>
-#include <sstream>
-#include <string>
 
 #include "host/mail/mail_message.h"
 #include "services/received_mail.h"
@@ -12,8 +8,7 @@ namespace autonotify::host {
 
 namespace {
 
-using test::readMail;
-using test::ReceivedMail;
+using namespace test;
 
 constexpr const char* file = "mail_texts.txt";
 
@@ -64,7 +59,7 @@ TEST(MailMessageTest, aMailProgramReadsEveryPartBack) {
 }
 
 TEST(MailMessageTest, bodiesArriveCleanedOfWhatNoMailMayHold) {
-  auto cases = test::rowsOf(file, "bodies", 2);
+  auto cases = rowsOf(file, "bodies", 2);
   const std::string longLine = std::string(5000, 'x') + " \nafter\t\n";
   cases.push_back({longLine, longLine});
   for (const auto& row : cases) {
@@ -109,7 +104,7 @@ TEST(MailMessageTest, longAndForeignFieldsComeThrough) {
 }
 
 TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
-  test::expectRows(file, "recipients", [](auto& text) {
+  expectRows(file, "recipients", [](auto& text) {
     std::string all;
     for (const auto& [name, address] : parseRecipients(text))
       all += (all.empty() ? "" : " | ") + name + (name.empty() ? "<" : " <") + address + ">";
@@ -118,7 +113,7 @@ TEST(AddressesTest, readsWhatStaffWriteIntoTheField) {
 }
 
 TEST(AddressesTest, refusesWhatNoServerTakesAndNamesIt) {
-  for (const auto& row : test::rowsOf(file, "no recipients", 1)) {
+  for (const auto& row : rowsOf(file, "no recipients", 1)) {
     try {
       parseRecipients("good@x.example; " + row[0]);
       ADD_FAILURE() << row[0] << " was taken";

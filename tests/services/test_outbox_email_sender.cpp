@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/mail/OutboxEmailSender.h"
@@ -38,16 +34,15 @@ namespace autonotify::host {
 namespace {
 
 namespace fs = std::filesystem;
-using test::readFile;
-using test::ReceivedMail;
-using test::TemporaryFolder;
-using test::writeFile;
+using namespace test;
 using Texts = std::vector<std::string>;
 
 class OutboxEmailSenderTest : public testing::Test {
  protected:
-  OutboxEmailSender newSender(const std::string& to = "jane@client.example") {
-    OutboxEmailSender sender({folder.path().string(), {"Firm", "office@firm.example"}}, clock);
+  OutboxEmailSender newSender(const std::string& to = "jane@client.example",
+                              std::function<std::string(Id)> identityOf = nullptr) {
+    const Mailbox firm{"Firm", "office@firm.example"};
+    OutboxEmailSender sender({folder.path().string(), firm, std::nullopt, identityOf}, clock);
     sender.put_to(to);
     sender.put_subject("Your T4 Summary is due");
     sender.put_body("Dear Jane,\n");
@@ -63,7 +58,7 @@ class OutboxEmailSenderTest : public testing::Test {
 
   ReceivedMail onlyMail() {
     EXPECT_EQ(files().size(), 1u);
-    return files().empty() ? ReceivedMail{} : test::readMail(readFile(files().front()));
+    return files().empty() ? ReceivedMail{} : readMail(readFile(files().front()));
   }
 
   void expectRefused(OutboxEmailSender& sender, const std::string& sentence) {
@@ -74,7 +69,7 @@ class OutboxEmailSenderTest : public testing::Test {
   }
 
   TemporaryFolder folder;
-  test::FixedClock clock;
+  FixedClock clock;
 };
 
 TEST_F(OutboxEmailSenderTest, putsOneReadableMessageIn) {
@@ -140,11 +135,8 @@ TEST_F(OutboxEmailSenderTest, aMessageHasTheIdentityOfTheRowThatHoldsItsWordsOrI
   database->connection().exec(readFile(AUTONOTIFY_TEST_FOLDER "emails_of_rows.sql"));
   const auto identityOf = [](Id row) { return "firm-1/" + std::to_string(row); };
   const auto newWords = [&] {
-    OutboxEmailSender sender(
-        {folder.path().string(), {"Firm", "office@firm.example"}, std::nullopt, identityOf}, clock);
+    OutboxEmailSender sender = newSender("jane@client.example", identityOf);
     sender.put_DatabaseReference(database.get());
-    sender.put_to("jane@client.example");
-    sender.put_subject("Your T4 Summary is due");
     sender.put_body("Dear Jane,\r\n");
     return sender;
   };
@@ -169,7 +161,7 @@ TEST_F(OutboxEmailSenderTest, aMessageHasTheIdentityOfTheRowThatHoldsItsWordsOrI
 }
 
 TEST_F(OutboxEmailSenderTest, refusesMessagesThatCannotGo) {
-  for (const auto& row : test::rowsOf("mail_texts.txt", "messages that cannot go", 3)) {
+  for (const auto& row : rowsOf("mail_texts.txt", "messages that cannot go", 3)) {
     OutboxEmailSender sender = newSender(row[0]);
     sender.put_cc(row[1]);
     expectRefused(sender, row[2]);
@@ -216,7 +208,7 @@ TEST_F(OutboxEmailSenderTest, aDiskThatFillsLeavesNothingBehind) {
   OutboxEmailSender sender = newSender();
   sender.put_body(std::string(100000, 'x'));
   const bool sent = [&] {
-    const test::FullDisk full;
+    const FullDisk full;
     return sender.send();
   }();
   EXPECT_FALSE(sent);

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <sstream>
-#include <string>
-
 #include "host/dialogs/TerminalErrorClass.h"
 #include "host/dialogs/TerminalMsgbox.h"
+#include "support/text_table.h"
 
 namespace autonotify::host {
 namespace {
@@ -77,22 +73,16 @@ TEST(TerminalMsgboxTest, showsMessagesBehindAWordForTheirStyle) {
 }
 
 TEST(TerminalMsgboxTest, aPersonAnswersOrTheDefaultDoes) {
-  const struct {
-    const char* input;  ///< null: nobody is there
-    bool isYesDefault;
-    std::string answers, said;
-  } cases[] = {{"maybe\nY\nn\r\n", true, "yny", "Exit? (y/n) Exit? (y/n) "},
-               {nullptr, true, "yyy", "Exit? Yes\nExit? Yes\n"},
-               {nullptr, false, "nnn", "Exit? No\n"}};
-  for (const auto& [input, isYesDefault, answers, said] : cases) {
-    std::istringstream in(input ? input : "");
+  for (const auto& [input, isThere, isYesDefault, answers, said] :
+       test::casesOf<std::string, bool, bool, std::string, std::string>("service_texts.txt",
+                                                                        "answers")) {
+    std::istringstream in(input);
     std::ostringstream out;
-    TerminalMsgbox box({input ? &in : nullptr, &out}, isYesDefault);
+    TerminalMsgbox box({isThere ? &in : nullptr, &out}, isYesDefault);
     std::string given;
     for (int i = 0; i < 3; ++i)
-      given += box.askQuestion("Exit?", message_style::inputRefused, nullptr, 0, 0, 101, 0, "", 0)
-                   ? 'n'
-                   : 'y';
+      given +=
+          "yn"[box.askQuestion("Exit?", message_style::inputRefused, nullptr, 0, 0, 101, 0, "", 0)];
     EXPECT_EQ(given, answers);
     EXPECT_TRUE(out.str().starts_with(said)) << out.str();
   }

@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
 
 #include "host/services/ClassRegistry.h"
 #include "host/services/HostClientIDClass.h"
@@ -24,8 +21,7 @@
 namespace autonotify::host {
 namespace {
 
-using test::TemporaryFolder;
-using test::writeFile;
+using namespace test;
 
 constexpr const char* file = "service_texts.txt";
 
@@ -74,7 +70,7 @@ TEST(ClientIDTest, companyComesBeforeContact) {
 
 TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarget) {
   HostValidationUtilities validation;
-  test::expectRows(file, "dates in a field", [&](auto& text) {
+  expectRows(file, "dates in a field", [&](auto& text) {
     DateTime date = DateTime::of(2020, 1, 1);
     EXPECT_EQ(validation.parseDateText(text, date), validation.isDateText(text)) << text;
     return dateTimeText(date);
@@ -83,8 +79,8 @@ TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarg
 
 TEST(ValidationUtilitiesTest, durationsWeekendsAndYears) {
   HostValidationUtilities validation;
-  test::expectRows(file, "durations",
-                   [&](auto& minutes) { return validation.getDurationText(std::stoi(minutes)); });
+  expectRows(file, "durations",
+             [&](auto& minutes) { return validation.getDurationText(std::stoi(minutes)); });
   for (int day = 0; day < 14; ++day)
     EXPECT_EQ(validation.isWeekend(DateTime::of(2026, 4, 27).addDays(day)), day % 7 >= 5) << day;
   for (std::int16_t year : {1900, 2026, 2099}) EXPECT_TRUE(validation.isValidYear(year));
@@ -115,8 +111,7 @@ TEST(ClassRegistryTest, createsByNameInAnyCaseAndTakesClassesOfPrograms) {
   class Marked : public HostObject {};
   ClassRegistry registry;
   EXPECT_NE(dynamic_cast<GeneralUtilities*>(registry.create("generalUTILITIES").get()), nullptr);
-  EXPECT_EQ(test::errorOf([&] { registry.create("EmailSender"); }),
-            error_number::cannotCreateObject);
+  EXPECT_EQ(errorOf([&] { registry.create("EmailSender"); }), error_number::cannotCreateObject);
   for (const char* name : {"EmailSender", "FileUtility"}) {
     registry.registerClass(name, [] { return std::make_unique<Marked>(); });
     EXPECT_NE(dynamic_cast<Marked*>(registry.create(name).get()), nullptr) << name;
@@ -124,7 +119,7 @@ TEST(ClassRegistryTest, createsByNameInAnyCaseAndTakesClassesOfPrograms) {
 }
 
 TEST(ClocksTest, shiftedClockKeepsTheTimeOfDayAndGoesOn) {
-  test::FixedClock base;
+  FixedClock base;
   base.set(DateTime::of(2026, 4, 30, 23, 59, 58));
   DateShiftedClock clock(base, DateTime::of(2024, 2, 28));
   EXPECT_EQ(clock.now(), DateTime::of(2024, 2, 28, 23, 59, 58));
