@@ -1,12 +1,8 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <memory>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "contract/DatabaseReference.h"
 #include "support/error_number.h"
@@ -15,8 +11,7 @@
 
 namespace autonotify::host::conformance {
 
-/// Gives one more connection to a database, which lives as long as this and its connections go
-/// before.
+/// Gives one more connection to a database, which outlives its connections.
 using Connect = std::function<std::unique_ptr<DatabaseReference>()>;
 
 /// Makes a database with the schema's tables and no rows.
@@ -30,8 +25,7 @@ template <class Factory>
 constexpr NewDatabase newDatabase{
     []() -> Connect { return [made = std::make_shared<Factory>()] { return made->connect(); }; }};
 
-/// The suite seeds through the contract alone. An engine runs all of it with an instantiation for
-/// its newDatabase.
+/// Seeds through the contract alone. An engine instantiates it for its newDatabase.
 class Conformance : public testing::TestWithParam<NewDatabase> {
  protected:
   Connect connect = GetParam().make();

@@ -112,11 +112,7 @@ TEST_P(Conformance, AWriteReachesTheTableOfItsColumn) {
     const Id schedule = add(desk, "Schedule", "ScheduleID", {{"ClientNum", client}});
     addNotification(desk, {{"ScheduleIDNum", std::to_string(schedule)}});
   }
-  const RecordsetHandle rows =
-      open(desk,
-           "SELECT ClientNotification.Memo, Schedule.notifyType, Schedule.ClientNum FROM "
-           "ClientNotification INNER JOIN Schedule ON ClientNotification.ScheduleIDNum = "
-           "Schedule.ScheduleID WHERE Schedule.ClientNum=4;");
+  const RecordsetHandle rows = open(desk, rowsOf("joins", 1)[0][0]);
   update(desk, rows, "Memo", "note");
   update(desk, rows, "notifytype", "9");
   EXPECT_EQ(desk.getFieldValue(rows, "Memo"), Value("note"));
@@ -137,13 +133,12 @@ TEST_P(Conformance, WritingNeedsAnUpdatableRecordsetAndARow) {
   const RecordsetHandle empty = open(desk, notification(99));
   const RecordsetHandle counting =
       open(desk, "SELECT COUNT(ClientNotificationID) AS Total FROM ClientNotification;");
-  const std::vector<std::pair<RecordsetHandle, int>> places = {
-      {reading, database_error::notUpdatable}, {empty, database_error::noCurrentRow}};
-  for (const auto& [rows, error] : places) {
-    EXPECT_EQ(errorOf([&, row = rows] { update(desk, row, "Field1", "x"); }), error);
-    EXPECT_EQ(errorOf([&, row = rows] { desk.deleteRecord(row); }), error);
-    EXPECT_EQ(errorOf([&, row = rows] { desk.setFieldValue(row, "Field1", "x"); }), error);
-    EXPECT_EQ(errorOf([&, row = rows] { desk.saveNewRecord(row); }), error);
+  for (const RecordsetHandle rows : {reading, empty}) {
+    const int error = rows == empty ? database_error::noCurrentRow : database_error::notUpdatable;
+    EXPECT_EQ(errorOf([&] { update(desk, rows, "Field1", "x"); }), error);
+    EXPECT_EQ(errorOf([&] { desk.deleteRecord(rows); }), error);
+    EXPECT_EQ(errorOf([&] { desk.setFieldValue(rows, "Field1", "x"); }), error);
+    EXPECT_EQ(errorOf([&] { desk.saveNewRecord(rows); }), error);
   }
   EXPECT_EQ(errorOf([&] { desk.addNewRecord(reading); }), database_error::notUpdatable);
   EXPECT_EQ(errorOf([&] { update(desk, counting, "Total", "5"); }), database_error::notUpdatable);

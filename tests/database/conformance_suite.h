@@ -4,4 +4,3 @@
 #include "tests/database/conformance_random_walk.h"
 #include "tests/database/conformance_rows.h"
 #include "tests/database/conformance_statements.h"
-#include "tests/database/conformance_values.h"

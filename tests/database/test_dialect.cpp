@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include <map>
 
@@ -78,8 +77,7 @@ struct Listener : Driver {
   std::string heard;
 };
 
-// An engine must not be led to walk through a table in the order of its keys where an index leads
-// to few rows, nor sort where there is one.
+// No table is walked through by its keys where an index leads to few rows, nor sorted.
 TEST(Plan, SettlesTheOrderWithoutAnotherWayToTheRows) {
   for (const auto& row : test::rowsOf(file, "order of rows", 3))
     for (const auto& [engine, end] :

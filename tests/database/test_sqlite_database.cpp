@@ -1,8 +1,5 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
-#include <filesystem>
-#include <functional>
-
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
 #include "support/temporary_folder.h"
