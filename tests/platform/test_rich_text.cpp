@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
 
 #include <random>
-#include <string>
 
 #include "platform/rich_text.h"
 #include "platform/rtf_reader.h"
@@ -62,8 +60,7 @@ TEST(RichText, deepNestingAndLongInputsAreNoTrouble) {
   EXPECT_EQ(bodyText("\\" + repeated("w", deep) + " a"), "a");
 }
 
-/// The tokens in a notation of one word each: "{", "}", "w:par", "w:fs=20", "s:~", "x:e9",
-/// "t:text", "b:bytes".
+/// The tokens as a word each: "{", "}", "w:par", "w:fs=20", "s:~", "x:e9", "t:text", "b:bytes".
 std::string tokensOf(std::string_view rtf) {
   std::string result;
   RtfReader reader(rtf);

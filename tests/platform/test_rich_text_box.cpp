@@ -24,8 +24,7 @@ class RichTextBoxTest : public testing::Test {
   }
 
   RichTextBox box;
-  int changes = 0;
-  int rendered = 0;
+  int changes = 0, rendered = 0;
 };
 
 TEST_F(RichTextBoxTest, plainTextHasLinesAndMarkers) {

@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 
 #include <regex>
-#include <string>
-#include <vector>
 
 #include "platform/rich_text.h"
 #include "platform/richtext/rich_text_edit.h"

@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
 
 #include <random>
-#include <string>
 
 #include "platform/text.h"
 #include "platform/utf8.h"

@@ -1,10 +1,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
@@ -100,14 +96,9 @@ TEST(Schema, FrequentLookupsUseAnIndex) {
   }
 }
 
-// The accounting fields of a merge are read by name from one wide join: a name that two of its
-// tables hold would give the value of either.
+// They are read by name: one that two tables of the join hold would give the value of either.
 TEST(Schema, AccountingFieldsStandInOneTableOfTheirJoin) {
-  const std::vector<std::string> joins[] = {
-      {"AccountingServices", "ClientData", "ClientOptions", "Companies", "CorpTaxInfo", "LawInfo",
-       "OtherInfo", "WSIB_EHTInfo"},
-      {"AccountingServices", "ClientData", "ClientOptions", "Companies", "ClientUSInfo"}};
-  for (const auto& tables : joins) {
+  for (const auto& tables : test::rowsOf(file, "joins of the accounting fields", 5)) {
     std::set<std::string> columns;
     for (const std::string& table : tables)
       for (const ColumnDef& column : findTable(table)->columns) {
@@ -160,12 +151,7 @@ TEST(DemoFirm, SpeaksTheWordsOfItsPlace) {
   const char* tax101 =
       "SELECT ShortAbbreviation FROM ScheduleTypes WHERE TotalNum = 101 AND ScheduleNum = -1";
   for (const auto& [province, tax, provinceName] :
-       {std::tuple{provinceAlberta, "GST|", "Alberta|"},
-        {provinceBritishColumbia, "HST|", "British Columbia|"},
-        {provinceOntario, "HST|", "Ontario|"},
-        {provinceQuebec, "GST|", "Quebec|"},
-        {provinceNovaScotia, "HST|", "Nova Scotia|"},
-        {provincePrinceEdwardIsland, "GST|", "Prince Edward Island|"}}) {
+       test::casesOf<provinceCode, std::string, std::string>(file, "words of provinces")) {
     DemoOptions options = small();
     options.province = province;
     Firm firm(options);
@@ -200,12 +186,8 @@ TEST(SeedEssentials, AnEmptyFirmHasWhatEveryLookupFallsBackTo) {
   Firm firm;
   SqliteRowSink sink(firm.database());
   seedEssentials(sink, {"Étude & Fils", "Admin", countryCanada, provinceQuebec});
-  for (const char* row :
-       {"ScheduleTypes WHERE TotalNum = 101 AND ScheduleNum = 10",
-        "CustomFields WHERE RemittanceLabel3 = 'Custom 3'",
-        "Holidays WHERE HolidayDate = '2026-06-24'", "AccountantEmployeeInfo WHERE UserLevel = 1",
-        "AccountantFirmInfo WHERE CompanyName = 'Étude & Fils'"})
-    EXPECT_EQ(firm.count(row), 1) << row;
+  for (const auto& row : test::rowsOf(file, "rows of an empty firm", 1))
+    EXPECT_EQ(firm.count(row[0]), 1) << row[0];
   EXPECT_EQ(firm.count("ScheduleTypes WHERE ScheduleNum = -1"), 14);
   EXPECT_EQ(firm.count("Companies") + firm.count("Contacts"), 0);
 }
