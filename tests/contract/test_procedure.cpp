@@ -217,20 +217,13 @@ TEST_F(RowsInUse, ReturnToAPlaceThatTheyHold) {
 }
 
 TEST_F(RowsInUse, ReadTheFallbackWhereNothingStandsOrAStatementIsSkipped) {
-  struct Case {
-    const char* text;
-    int failed;
-    Id read;
-  };
-  for (const Case& each : {Case{"5", 0, 5}, {"", 0, 7}, {"5", 3, 7}, {"5", 4, 7}, {"word", 0, 7}}) {
-    const Id id = addRow("ClientNotification", {{"Field2", each.text}});
-    if (*each.text && each.read == 7) errors.answer({error_choice::next});
-    callsIn(
-        [&](Step& step) {
-          const Rows row(step, byId, id, keysetRead);
-          EXPECT_EQ(row.id("Field2", 7), each.read) << each.text << " " << each.failed;
-        },
-        each.failed);
+  for (const auto& [text, failed, expected] :
+       {std::tuple{"5", 0, 5}, {"", 0, 7}, {"5", 3, 7}, {"5", 4, 7}, {"word", 0, 7}}) {
+    const Id id = addRow("ClientNotification", {{"Field2", text}});
+    if (*text && expected == 7) errors.answer({error_choice::next});
+    Id read = noId;
+    callsIn([&](Step& step) { read = Rows(step, byId, id, keysetRead).id("Field2", 7); }, failed);
+    EXPECT_EQ(read, expected) << text << " " << failed;
   }
 }
 

@@ -1,9 +1,6 @@
 #pragma once
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <memory>
 
 #include "host/loader/ComponentLibrary.h"
 #include "support/TestHost.h"

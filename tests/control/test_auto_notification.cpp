@@ -24,9 +24,7 @@ static_assert(std::size(links) == itemLinkCount);
 struct LinkLog {
   errorClass* errors = nullptr;
   DatabaseReference* database = nullptr;
-  int puts = 0;
-  int terminations = 0;
-  int failures = 0;
+  int puts = 0, terminations = 0, failures = 0;
   /// Where the links went: the tag of the procedure, empty outside of all.
   std::string lastPlace;
 };

@@ -1,11 +1,9 @@
 #include <dlfcn.h>
 #include <stdio.h>
 
-#include <sstream>
-
 #include "component_host.h"
 #include "support/error_number.h"
-#include "support/temporary_folder.h"
+#include "support/text_table.h"
 
 namespace autonotify::test {
 namespace {
@@ -23,11 +21,8 @@ bool isLoaded() {
 }
 
 TEST(Component, ExportsTheFourEntryPointsAlone) {
-  std::istringstream symbols(outputOf("nm -D --defined-only --format=posix " COMPONENT_FILE));
-  std::vector<std::string> names;
-  for (std::string line; std::getline(symbols, line);) {
-    names.push_back(line.substr(0, line.find(' ')));
-  }
+  auto names = split(outputOf("nm -D --defined-only --format=posix " COMPONENT_FILE), '\n');
+  for (std::string& line : names) line.resize(line.find(' '));
   // The measuring of coverage and the sanitizers export symbols of their own.
   std::erase_if(names, [](const std::string& name) {
     return name.starts_with("__") || name.starts_with("mangle_path");

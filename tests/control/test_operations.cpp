@@ -10,6 +10,7 @@
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 #include "support/fault_walk.h"
+#include "support/told_rows.h"
 #include "wizards/frmSendNotificationWizard.h"
 #include "wizards/frmSendNotificationWizardApptNotifyNow.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
@@ -28,41 +29,7 @@ constexpr Id meeting = 9, twin = 10, emailRow = 21, faxRow = 22, oldRow = 23, me
 constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 
 void fillOffice(TableRows rows) {
-  for (const auto& [table, last] : {std::pair{"Companies", company},
-                                    {"Contacts", contact},
-                                    {"ClientData", client},
-                                    {"Schedule", entry},
-                                    {"Tasks", task},
-                                    {"Appointments", meeting},
-                                    {"ClientNotification", emailRow}}) {
-    while (rows.addRow(table, {}) < last - 1) continue;
-  }
-  rows.addRow("AccountantFirmInfo", {{"CompanyName", "Fisher & Lind"}});
-  rows.addClient("Maple Ltd", "Jo Park");
-  rows.addKind(103, 1, 1);
-  for (const int bits : {7, 1}) {
-    rows.addSchedule(103, 1, dueDate,
-                     {{"ClientNum", client}, {"scheduleName", "GST"}, {"notifyType", bits}});
-  }
-  rows.addTask(entry, "GST Return");
-  for (const Id owner : {company, noId}) {
-    rows.addRow("Appointments", {{"CompanyIDNum", owner},
-                                 {"notifyType", 3},
-                                 {"DateFrom", dueDate},
-                                 {"TimeFrom", dueDate},
-                                 {"TimeTo", dueDate}});
-  }
-  const auto addRow = [&](const char* link, Id item, notifyType channel, const char* sent) {
-    rows.addRow("ClientNotification", {{link, item},
-                                       {"NotificationType", channel},
-                                       {"NotificationDate", DateTime::of(2026, 4, 1)},
-                                       {"Field1", std::string("to ") + link},
-                                       {"NotificationSent", sent}});
-  };
-  addRow("ScheduleIDNum", entry, nt_Email, "False");
-  addRow("ScheduleIDNum", entry, nt_Fax, "True");
-  addRow("ScheduleIDNum", oldEntry, nt_Email, "False");
-  addRow("ApptIDNum", meeting, nt_Email, "False");
+  addAllTold(rows, "control_office.txt", "office");
 }
 
 /// What a person does in the window of that name and in the composer that it leads to, if any.

@@ -26,9 +26,8 @@ void addTagsOfFile(Tags& tags) {
 /// Every event that a control has a reaction to.
 void raiseAll(Control& control) {
   for (const auto& event : {control.onClick, control.onDoubleClick, control.onChange,
-                            control.onGotFocus, control.onLostFocus}) {
+                            control.onGotFocus, control.onLostFocus})
     if (event) event();
-  }
   if (control.onKeyPress) control.onKeyPress(' ');
   if (control.onKeyUp) control.onKeyUp(' ', 0);
   if (control.onValidate) control.onValidate();

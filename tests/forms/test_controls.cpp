@@ -1,16 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/ComboBox.h"
 #include "platform/controls/Form.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/ListBox.h"
-#include "platform/controls/OptionButton.h"
 #include "platform/controls/Report.h"
-#include "platform/controls/TabControl.h"
-#include "platform/controls/TextBox.h"
-#include "platform/controls/TreeView.h"
-#include "platform/controls/control_array.h"
+#include "support/all_controls.h"
 
 namespace autonotify::test {
 namespace {
@@ -46,9 +38,8 @@ TEST_F(Controls, ChangesByTheProgramRaiseTheClickOnce) {
   TabControl tabs(form, "SSTab1");
   for (const char* entry : {"a", "b"}) combo.addItem(entry);
   tabs.setPages({"one", "two"});
-  for (Control* control : form.controls()) {
+  for (Control* control : form.controls())
     control->onClick = [&clicks, control] { clicks += control->name() + " "; };
-  }
   const std::vector<Change> changes = {
       {[&] { box.setValue(true); }, "chk "},
       {[&] { box.setValue(true); }, ""},

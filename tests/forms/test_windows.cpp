@@ -1,22 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest-spi.h>
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 
 #include "contract/Window.h"
 #include "contract/windows.h"
 #include "host/services/HostLocale.h"
-#include "platform/controls/Button.h"
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/DatePicker.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
-#include "platform/controls/Menu.h"
-#include "platform/controls/TabControl.h"
-#include "platform/controls/TextBox.h"
-#include "platform/controls/Timer.h"
 #include "support/HeadlessPerson.h"
+#include "support/all_controls.h"
 #include "support/error_number.h"
 #include "support/scripted_error_class.h"
 
@@ -161,9 +152,8 @@ TEST_F(Windows, DoorRefusesWhatNobodyCanDo) {
         [&] { window.pickDate("txtPlain", {}); }, [&] { window.choose("tabs", "third"); },
         [&] { window.click("group"); },
     };
-    for (std::size_t i = 0; i < impossible.size(); ++i) {
+    for (std::size_t i = 0; i < impossible.size(); ++i)
       EXPECT_THROW(impossible[i](), std::logic_error) << "act " << i;
-    }
     window.choose("tabs", "second");
     EXPECT_TRUE(window.type("txtOnPage", "x"));
     form.group.setVisible(true);
