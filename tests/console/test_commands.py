@@ -59,10 +59,7 @@ class ArmTest(ConsoleTest):
         self.refuses(f"disarm {task} --channel fax", f"task {task}, fax: not armed")
         self.assertEqual(([(1, day)], 1), (self.rows_of(task), self.bits_of(task)))
         self.done(f"send {email} --mark-only")
-        self.refuses(f"arm {task} --channel email", f"task {task}, email: notification {email} of "
-                     "this channel was sent; disarm it first")
-        self.refuses(f"disarm {task} --channel email", f"task {task}, email: notification {email} "
-                     "was sent; --force deletes its record")
+        self.refuses_each("of what was sent", task=task, email=email)
         self.expect(f"disarm {task} --channel email --force", "email   disarmed\n")
         self.assertEqual(([], 0), (self.rows_of(task), self.bits_of(task)))
 
@@ -109,13 +106,7 @@ class ChangeTest(ConsoleTest):
         self.expect(f"cancel {phone}",
                     f"notification {phone} by phone: cancelled, date 2026-05-04\n")
         self.write(letter, NotificationSentStatus=3)
-        for line, row, words in [("cancel {}", fax, "was sent and cannot be cancelled"),
-                                 ("cancel {}", phone, "is cancelled already"),
-                                 ("move {} 2026-05-01", fax, "was sent and cannot be moved"),
-                                 ("move {} 2026-05-01", phone, "is cancelled and cannot be moved"),
-                                 ("move {} 2026-05-01", letter, "was interrupted while being "
-                                  "cancelled and cannot be moved")]:
-            self.refuses(line.format(row), f"notification {row} {words}")
+        self.refuses_each("of what is done", fax=fax, phone=phone, letter=letter)
         self.done(f"cancel {letter}")
         self.assertEqual([(1, 2), (1, 3), (1, 3)],
                          [self.state(row) for row in (fax, phone, letter)])
@@ -151,9 +142,7 @@ class CallTest(ConsoleTest):
                 self.assertRegex(line, rf"^2026-04-15 \d\d:\d\d:\d\d, \w.+: {words}$")
             shown = self.done(f"--json show {phone}")["text"].replace("\r\n", "\n")
             self.assertEqual((text + "\n".join(lines), (1, 2)), (shown, self.state(phone)))
-        for line, words in [(f"{phone} --no-answer", f"{phone} was sent"),
-                            (f"{fax} --made", f"{fax} is by fax, not by phone")]:
-            self.refuses(f"call {line}", f"notification {words}; nothing was noted")
+        self.refuses_each("of calls", phone=phone, fax=fax)
         self.write(phone, NotificationSentStatus=1)
         self.refuses(f"call {phone} --no-answer", f"notification {phone} was interrupted while "
                      "being sent; nothing was noted")

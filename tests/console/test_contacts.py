@@ -1,5 +1,7 @@
 """Addresses, lists of recipients and default contacts, against what the database holds."""
 
+from pathlib import Path
+
 from console import ConsoleTest
 
 
@@ -9,17 +11,9 @@ class ContactsTest(ConsoleTest):
         self.company, self.contact = self.sql(
             "SELECT CompanyNum, ContactIDNum FROM ContactLinks WHERE DefaultContact=TRUE AND "
             "CompanyNum>0 ORDER BY CompanyNum LIMIT 1")[0]
-        self.sql("UPDATE Companies SET CompanyName='Acme', Address='1 Elm', City='Ottawa', "
-                 "Province='ON', PostalCode='K2G 0Z1', Country='Canada', OfficeNumber='1', "
-                 "FaxNumber='2', Email='acme@x' WHERE CompanyID=?", self.company)
-        self.sql("UPDATE Contacts SET DisplayName='Zoë', BusinessName=NULL, BusinessAddress='9 Oak', "
-                 "BusinessCity='Hull', BusinessProvince=NULL, BusinessPostalCode=NULL, "
-                 "BusinessCountry='USA', BusinessPhone_Main='3', BusinessPhone_Fax=NULL, "
-                 "BusinessPhone_Cell=NULL, BusinessEmail='zoe@x', PersonalEmail='ACME@x', "
-                 "HomeAddress='5 Fir', HomeCity=NULL, HomeProvince=NULL, HomePostalCode=NULL, "
-                 "HomeCountry=NULL, InheritCompanyInfo=TRUE WHERE ContactID=?", self.contact)
-        self.sql("DELETE FROM ContactLinks WHERE CompanyNum=? AND ContactIDNum<>?", self.company,
-                 self.contact)
+        acme = Path(__file__).with_name("acme.sql").read_text(encoding="utf-8")
+        for statement in acme.format(company=self.company, contact=self.contact).split(";"):
+            self.sql(statement)
 
     def test_address(self):
         block = "Acme\nZoë\n1 Elm\nOttawa, ON  K2G 0Z1"

@@ -90,14 +90,6 @@ class ItemTest(ConsoleTest):
         now = self.add_item("Appointments", "2026-04-15", self.company())
         self.assertIn("2026-04-14, which is past", self.done(f"arm-item appointment {now} --channel fax"))
         before = self.one("SELECT count(*) FROM ClientNotification")
-        for line, words in [
-                (f"appointment {past}",
-                 "{} was on 2026-04-01; give --date to tell the client all the same"),
-                (f"appointment {lonely}", "{} has no client"),
-                (f"appointment {timeless}", "{} has no time: it needs its start and its end"),
-                (f"appointment {ahead}", "{} is on 2026-05-04, before that reminder"),
-                (f"task {task}", "{} of the diary belongs to no task that is notified"),
-                ("time-entry 99999", "there is no time entry 99999")]:
-            date = "--date 2026-05-05" if line.endswith(f" {ahead}") else ""
-            self.refuses(f"arm-item {line} --channel email {date}", words.format(line))
+        self.refuses_each("of items", past=past, lonely=lonely, timeless=timeless, ahead=ahead,
+                          task=task)
         self.assertEqual(before, self.one("SELECT count(*) FROM ClientNotification"))

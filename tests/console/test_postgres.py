@@ -8,7 +8,7 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from console import ConsoleTest, call, command
+from console import ConsoleTest, call, command, refusals
 
 SERVER = os.environ.get("AUTONOTIFY_TEST_DATABASE")
 
@@ -96,9 +96,7 @@ class PostgresTest(ConsoleTest):
         owner, self.url = self.url, self.url.replace("//firm@", f"//{role}@")
         self.assertNotEqual(owner, self.url)
         self.walk()
-        for statement in ("DELETE FROM Companies", "UPDATE Schedule SET DueDate = NULL",
-                          "INSERT INTO Contacts DEFAULT VALUES", "CREATE TABLE own (k INTEGER)",
-                          "UPDATE autonotify_version SET complete = FALSE"):
+        for (statement,) in refusals("of a desk on a server"):
             self.assertIn("permission denied", self.run_psql(self.url, statement).stderr)
 
     def dump(self, file):
@@ -141,13 +139,7 @@ class PostgresTest(ConsoleTest):
         self.assertEqual(0, self.on_server("due").code)
 
     def test_a_copy_names_what_cannot_be_stored(self):
-        for table, column, unfit, words in (
-                ("Contacts", "DisplayName", "'a' || char(0)", "text in UTF-8"),
-                ("Contacts", "LastName", "CAST(x'ff' AS TEXT)", "text in UTF-8"),
-                ("Schedule", "DueDate", "'2026-04-30 10:00:00.5'", "dates and times in whole"),
-                ("Schedule", "ClientNum", 1 << 31, "whole numbers of 32 bits"),
-                ("Categories", "CategorySpecialCode", 1 << 15, "whole numbers of 16 bits"),
-                ("Dockets", "BillingJobRate", 1e15, "amounts below 10^15")):
+        for table, column, unfit, words in refusals("of copies to a server"):
             key = self.one("SELECT name FROM pragma_table_info(?) WHERE pk", table)
             number, kept = self.sql(f"SELECT max({key}), {column} FROM {table}")[0]
             self.sql(f"UPDATE {table} SET {column}={unfit} WHERE {key}={number}")

@@ -8,7 +8,7 @@ import time
 import unittest
 from pathlib import Path
 
-from console import ConsoleTest
+from console import ConsoleTest, refusals
 
 PYTHON = "/usr/bin/python3"  # the one that Debian's aiosmtpd is for
 SENDING = "firm.db.outbox/sending"
@@ -78,15 +78,7 @@ class Smtp(ConsoleTest):
         self.assertEqual((self.send("smtp-plain://127.0.0.1:1").code, len(self.taken())), (1, 1))
 
     def test_servers_that_do_not_take_it(self):
-        unknown = "It may have taken the message all the same."
-        for mode, words, kept in (("refuse-recipient", "550 5.1.1 No such person here", 0),
-                                  ("refuse-message", "554 5.7.1 We do not like the look of it", 0),
-                                  ("drop", "The mail server", 0),
-                                  ("silent", "The mail server does not answer.", 0),
-                                  ("silent-data", "The mail server does not answer.", 0),
-                                  ("silent-body", "The mail server does not answer.", 0),
-                                  ("vanish", unknown, 1), ("old-vanish", unknown, 1),
-                                  ("silent-end", unknown, 1)):
+        for mode, words, kept in refusals("of mail servers"):
             # Some are too long to be on their way as a whole.
             lines = 1500000 if mode in ("drop", "silent-body") else 1
             self.write(self.row, Memo="one line\n" * lines)
@@ -97,7 +89,7 @@ class Smtp(ConsoleTest):
                 self.assertIn(words, run.err)
                 messages = self.messages(SENDING)
                 self.assertEqual((run.code, self.state(self.row), len(messages)),
-                                 (1, (0, 1), kept))
+                                 (1, (0, 1), int(kept)))
                 for message in messages:
                     message.unlink()
         self.assertIn("The mail server cannot be reached.",
