@@ -1,9 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "settings/modUserSettings.h"
 #include "support/HostTest.h"
+#include "support/told_rows.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardFax.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
@@ -44,22 +43,10 @@ struct ComposerOffice {
   static constexpr DateTime notifyDate = DateTime::of(2026, 4, 23);
 
   explicit ComposerOffice(TableRows rows) {
-    rows.addKind(103, 1, 5, "{\\rtf1\\ansi Please file your return.\\par }");
-    company = rows.addRow("Companies", {{"CompanyName", "Birch Ltd."}, {"Email", "office@birch"}});
-    const Id client = rows.addRow("ClientData", {{"CompanyIDNum", company}});
-    entry = rows.addSchedule(103, 1, DateTime::of(2026, 4, 30),
-                             {{"ClientNum", client}, {"scheduleName", "GST Return"}});
-    rows.addTask(entry, "GST Return");
-    row = rows.addRow("ClientNotification", {{"ScheduleIDNum", entry},
-                                             {"NotificationType", 1},
-                                             {"NotificationDate", notifyDate},
-                                             {"CompanyIDNum", company},
-                                             {"Field1", "ann@birch"},
-                                             {"Field4", "Your GST Return"},
-                                             {"Memo", memo}});
+    addAllTold(rows, "../wizards/composer_office.txt", "office");
   }
 
-  Id company, entry, row;
+  Id company = 1, entry = 1, row = 1;
 };
 
 class ComposerTest : public HostTest, public ComposerOffice {
@@ -67,8 +54,7 @@ class ComposerTest : public HostTest, public ComposerOffice {
   ComposerTest() : ComposerOffice(TableRows(*plainDatabase)) {}
 
   struct Result {
-    bool cancelFlag;
-    bool sendSuccessfulFlag;
+    bool cancelFlag, sendSuccessfulFlag;
     bool operator==(const Result&) const = default;
   };
 

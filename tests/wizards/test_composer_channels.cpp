@@ -33,14 +33,9 @@ const Channel channels[] = {
 class ChannelTest : public ComposerTest {
  protected:
   void addRowOf(notifyType channel) {
-    RowFields fields{{"ScheduleIDNum", entry},
-                     {"NotificationType", channel},
-                     {"NotificationDate", notifyDate},
-                     {"CompanyIDNum", company},
-                     {"Memo", memo}};
-    for (const char* column : {"Field1", "Field2", "Field3", "Field4", "Field5", "Field6"})
-      fields.emplace_back(column, column);
-    row = addRow("ClientNotification", fields);
+    auto cells = rowsOf("composer_office.txt", "row of a channel", 11)[0];
+    cells.push_back("NotificationType=" + std::to_string(channel));
+    row = addTold(*this, cells);
   }
   std::string fieldsOfRow() {
     return notification(row, "Field1, Field2, Field3, Field4, Field5, Field6");
@@ -49,28 +44,24 @@ class ChannelTest : public ComposerTest {
 
 TEST_F(ChannelTest, SaysWhetherARowIsAdded) {
   using enum ComposerMode;
-  struct Case {
-    Make makeComposer;
-    ComposerMode mode;
-    bool hasEntry;
-    int added;
-    int dialogs = 0;  ///< an entry that does not exist has no statement
-  };
-  const Case cases[] = {
-      {phone, editAuto, true, 0},     {fax, newAuto, true, 1},      {fax, newAuto, false, 0, 1},
-      {letter, newAuto, false, 0, 1}, {letter, notifyNow, true, 1}, {email, editAuto, true, 1},
-      {email, sendAuto, false, 0, 1}, {email, newAuto, true, 1},    {email, newAuto, false, 0}};
-  for (const Case& each : cases) {
+  // Whether there is an entry, how many rows are added, and how many dialogs come up.
+  const std::tuple<Make, ComposerMode, bool, int, int> cases[] = {
+      {phone, editAuto, true, 0, 0},   {fax, newAuto, true, 1, 0},
+      {fax, newAuto, false, 0, 1},     {letter, newAuto, false, 0, 1},
+      {letter, notifyNow, true, 1, 0}, {email, editAuto, true, 1, 0},
+      {email, sendAuto, false, 0, 1},  {email, newAuto, true, 1, 0},
+      {email, newAuto, false, 0, 0}};
+  for (const auto& [makeComposer, mode, hasEntry, added, dialogs] : cases) {
     const int before = notificationCount();
     const int dialogsBefore = errors.dialogs();
-    errors.answerRest(error_choice::leave, each.dialogs);
-    const auto composer = each.makeComposer();
+    errors.answerRest(error_choice::leave, dialogs);
+    const auto composer = makeComposer();
     screen.expectWindow(composer->name(), [](WindowInUse& window) { window.form().hide(); });
-    openComposer(*composer, {each.mode}, noId, each.hasEntry ? entry : noId);
-    EXPECT_EQ(notificationCount() - before, each.added);
-    EXPECT_EQ(composer->notifyID() > row, each.added > 0);
-    EXPECT_EQ(notification(composer->notifyID(), "NotificationType"), each.added ? "1|\n" : "");
-    EXPECT_EQ(errors.dialogs() - dialogsBefore, each.dialogs);
+    openComposer(*composer, {mode}, noId, hasEntry ? entry : noId);
+    EXPECT_EQ(notificationCount() - before, added);
+    EXPECT_EQ(composer->notifyID() > row, added > 0);
+    EXPECT_EQ(notification(composer->notifyID(), "NotificationType"), added ? "1|\n" : "");
+    EXPECT_EQ(errors.dialogs() - dialogsBefore, dialogs);
     composer->unload();
   }
 }

@@ -215,11 +215,7 @@ TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
   }
   EXPECT_EQ(column("Field4"), "Your GST Return");
   // The item's text is sought under the notification's number, as one of an appointment.
-  addRow("Appointments", {{"AppointmentID", row},
-                          {"Subject", "Year end"},
-                          {"DateFrom", notifyDate},
-                          {"TimeFrom", DateTime::of(2026, 4, 23, 9)},
-                          {"TimeTo", DateTime::of(2026, 4, 23, 10)}});
+  addAllTold(*this, "composer_office.txt", "appointment of the row's number");
   compose({ComposerMode::editAuto, appointmentNotification, Dockets}, [&](WindowInUse& window) {
     refresh(window, true);
     EXPECT_NE(window.read("rtbText").find("This appointment is regarding Year end."),

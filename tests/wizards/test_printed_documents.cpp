@@ -49,14 +49,11 @@ void fileEarlier(const TemporaryFolder& documents) {
 
 struct Case {
   const char* name;
-  Id companyID = company;
-  Id contactID = noId;
+  Id companyID = company, contactID = noId;
   const char* sql = "";
-  int failedJob = 0;
-  int failures = 0;
+  int failedJob = 0, failures = 0;
   Id id = row;
-  bool deletes = false;
-  bool isClosed = false;
+  bool deletes = false, isClosed = false;
   countryCode country = countryCanada;
   const char* list = nullptr;  ///< opened beside composers: "shown" or "hidden"
 };
