@@ -17,6 +17,7 @@ namespace autonotify {
 ///   EmailSender                                          to send an email
 ///   ClientDocumentFolder, Scripting.FileSystemObject     to file a fax or a letter
 ///   ClientIDClass                                        for the text of categories
+///   ScheduleTreeService, ProgressDialog                  by the editor of templates
 class HostClassRegistry {
  public:
   virtual ~HostClassRegistry() = default;
