@@ -130,6 +130,8 @@ class Control : public HostObject {
   virtual bool acceptDoubleClick() { return raise(onDoubleClick); }
   virtual bool acceptText(const std::string&) { return false; }
   virtual bool acceptChoice(int) { return false; }
+  /// The arrow keys lead there: it is selected, which is no click.
+  virtual bool acceptMove(int) { return false; }
 
   /// Draws the focus; for the window alone.
   void renderFocus() { render(Aspect::focus); }

@@ -82,15 +82,15 @@ class ItemList : public Control {
   /// The chosen entry has changed; the click follows.
   virtual void onMoved() {}
   void setPositionAlone(int index) { listIndex_ = index; }
-
- private:
-  const Entry& at(int index) const { return entries_.at(static_cast<std::size_t>(index)); }
   void moveTo(int index) {
     if (index >= 0) at(index);
     listIndex_ = index;
     onMoved();
     render(Aspect::value);
   }
+
+ private:
+  const Entry& at(int index) const { return entries_.at(static_cast<std::size_t>(index)); }
 
   std::vector<Entry> entries_;
   int newIndex_ = -1;

@@ -8,6 +8,12 @@ namespace autonotify {
 class ListBox : public ItemList {
  public:
   using ItemList::ItemList;
+
+  bool acceptMove(int index) override {
+    if (index < 0 || index >= listCount()) return false;
+    moveTo(index);
+    return true;
+  }
 };
 
 }  // namespace autonotify

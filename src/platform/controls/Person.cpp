@@ -77,6 +77,10 @@ bool Person::choose(Control& control, int position) {
   return act(control, "chosen from there", [&] { return control.acceptChoice(position); });
 }
 
+bool Person::moveTo(Control& control, int position) {
+  return act(control, "moved in", [&] { return control.acceptMove(position); });
+}
+
 bool Person::dropDown(DatePicker& picker) {
   if (!reach(picker)) return false;
   picker.acceptDropDown();

@@ -39,6 +39,8 @@ class Person {
   void releaseKey(Control& control, int keyCode, int shift = 0);
   /// An entry of a list, a page of a tab control, a node of a tree: by its position.
   bool choose(Control& control, int position);
+  /// The arrow keys lead to an entry of a list box or a node of a tree.
+  bool moveTo(Control& control, int position);
   /// Opens the calendar, picks the date and so closes it.
   bool pickDate(DatePicker& picker, DateTime date);
   /// For a renderer whose calendar is open for a while.

@@ -47,10 +47,11 @@ class TreeView : public Control {
     change(selected_, position, Aspect::value);
   }
   /// A person clicks a node.
-  bool acceptChoice(int position) override {
+  bool acceptChoice(int position) override { return acceptMove(position) && raise(onClick); }
+  bool acceptMove(int position) override {
     if (position < 0 || position >= static_cast<int>(nodes_.size())) return false;
     select(position);
-    return raise(onClick);
+    return true;
   }
 
  private:
