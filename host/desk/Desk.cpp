@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "host/clients/HostScheduleTreeService.h"
 #include "host/clients/record_rows.h"
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
@@ -128,6 +129,7 @@ void Desk::registerClasses() {
     };
     return std::make_unique<HostFileSystemObject>(documents_, noteFiled);
   });
+  registry_.registerClass<HostScheduleTreeService>();
 }
 
 void Desk::loadComponent() {

@@ -7,6 +7,7 @@
 #include "contract/tags.h"
 #include "control/component_objects.h"
 #include "control/open_window.h"
+#include "editor/frmTaskAutoNotification.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotificationLinks.h"
@@ -239,12 +240,21 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
         static_cast<enumAutoNotifyClientType>(client), entry)
 #undef OPENS
 
-  // The operation that leaves cancelFlag alone.
+  // The operations that leave cancelFlag alone.
   void cls_openSendNotificationWizardApptNotifyNowForm(Kind kind, Id item, notifyType channel,
                                                        Id) override {
     openWindow<frmSendNotificationWizardApptNotifyNow,
                "cls_openSendNotificationWizardApptNotifyNowForm">(
         [&](auto& panel) { panel.InitializeNotifyNow(kind, item, channel); });
+  }
+  void cls_openTaskAutoNotificationForm(Id kind) override {
+    openWindow<frmTaskAutoNotification, "cls_openTaskAutoNotificationForm">(
+        [&](auto& panel) { panel.Initialize(kind); });
+  }
+  void cls_openTaskAutoNotificationForm_WithTotalNumAndScheduleNum(Id total, Id schedule) override {
+    openWindow<frmTaskAutoNotification,
+               "cls_openTaskAutoNotificationForm_WithTotalNumAndScheduleNum">(
+        [&](auto& panel) { panel.InitializeWithTotalNumAndScheduleNum(total, schedule); });
   }
 
  private:

@@ -256,6 +256,13 @@ class clsAutoNotifyCtrl : public ComponentObject {
   virtual void cls_openSendNotificationWizardApptNotifyNowForm(
       CurrentDayTimerType currentDayTimerTypeView, Id apptID,
       notifyType notificationType = nt_Email, Id scheduleID = noId) = 0;
+
+  // The editor of templates. cancelFlag keeps its value.
+  /// On the kind with this id; below 0, on the one that stands in for a kind that is none.
+  virtual void cls_openTaskAutoNotificationForm(Id scheduleTypeID = noId) = 0;
+  /// On the kind of a schedule entry.
+  virtual void cls_openTaskAutoNotificationForm_WithTotalNumAndScheduleNum(
+      Id totalNum = noId, Id ScheduleNum = noId) = 0;
 };
 
 }  // namespace autonotify

@@ -13,6 +13,19 @@ constexpr std::array<const char*, 4> commandCaptions{
     "Save", "Test", "Reset to Default",
     "Reset All Unsent Client Notifications Of This Type To Use This Template Comment"};
 
+constexpr const char* explanation =
+    "Customize your notification templates that will be used when you notify your clients of their "
+    "upcoming tasks.";
+constexpr const char* lossQuestion =
+    "Are you sure you want to exit without saving your notification template?";
+constexpr const char* defaultQuestion =
+    "Are you sure you want to reset this comment to the default comment?";
+
+std::string carryQuestion(const std::string& kind) {
+  return "Are you sure you want to reset all scheduled unsent " + kind +
+         " client notifications to use the above template comment?";
+}
+
 std::string keyOf(Id scheduleTypeID) {
   return ScheduleTreeService::kindKey + std::to_string(scheduleTypeID);
 }
@@ -43,6 +56,7 @@ frmTaskAutoNotification::frmTaskAutoNotification()
     reactAt(i, cmdNotifyComment[i].onClick, "cmdNotifyComment_Click", &Self::clickCommand);
   }
   react(cmdClose.onClick, "cmdClose_Click", &Self::close);
+  lblExplanation.setCaption(explanation);
   lblChanged.setVisible(false);
 }
 
@@ -157,8 +171,7 @@ void frmTaskAutoNotification::clickTree(Step& step) {
 
 void frmTaskAutoNotification::clickCommand(Step& step, std::size_t command) {
   using Self = frmTaskAutoNotification;
-  constexpr std::array commands{&Self::save, &Self::test, &Self::restoreDefault,
-                                &Self::resetUnsent};
+  constexpr Command commands[]{&Self::save, &Self::test, &Self::restoreDefault, &Self::resetUnsent};
   if (isBusy_) return;
   const Work work(isBusy_);
   if (isKindSelected()) (this->*commands[command])(step);
@@ -186,9 +199,7 @@ bool frmTaskAutoNotification::queryUnload(CloseReason reason) {
   if (reason != CloseReason::closeBox) return true;
   return procedure(tag("Form_QueryUnload"), !isChanged_, [&](Step& step, bool& mayGo) {
     if (mayGo) return;
-    mayGo = step.holds(askQuestion,
-                       "Are you sure you want to exit without saving your notification template?",
-                       message_style::inputRefused);
+    mayGo = step.holds(askQuestion, lossQuestion, message_style::inputRefused);
   });
 }
 
@@ -235,20 +246,14 @@ void frmTaskAutoNotification::test(Step& step) {
 }
 
 void frmTaskAutoNotification::restoreDefault(Step& step) {
-  if (!step.holds(askQuestion,
-                  "Are you sure you want to reset this comment to the default comment?",
-                  message_style::warning)) {
-    return;
-  }
+  if (!step.holds(askQuestion, defaultQuestion, message_style::warning)) return;
   step.run([&] { RichTextBox.setTextRTF(template_->getDefaultNotificationComment()); });
   setChanged(false);
 }
 
 void frmTaskAutoNotification::resetUnsent(Step& step) {
   if (!saveInfo() || hasFault()) return;
-  const std::string question = "Are you sure you want to reset all scheduled unsent " +
-                               template_->get_scheduleTypeName() +
-                               " client notifications to use the above template comment?";
+  const std::string question = carryQuestion(template_->get_scheduleTypeName());
   if (step.holds(askQuestion, question, message_style::warning)) verifyTableInformation();
 }
 

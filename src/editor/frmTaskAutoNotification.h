@@ -34,9 +34,7 @@ class frmTaskAutoNotification : public Window {
   void InitializeWithTotalNumAndScheduleNum(Id totalNum, Id scheduleNum);
 
   Label lblHeading{*this, "lblHeading", "Customize Your Notification Template"};
-  Label lblExplanation{*this, "lblExplanation",
-                       "Customize your notification templates that will be used when you notify "
-                       "your clients of their upcoming tasks."};
+  Label lblExplanation{*this, "lblExplanation"};
   TreeView tvwTasks{*this, "tvwTasks"};
   Label lblTaskName{*this, "lblTaskName"};
   /// Shown while there is something to save.
@@ -54,6 +52,7 @@ class frmTaskAutoNotification : public Window {
 
  private:
   class Work;
+  using Command = void (frmTaskAutoNotification::*)(Step& step);
   /// The template being carried into what is unsent.
   struct Reset {
     /// Null where the host has none.

@@ -2,6 +2,7 @@
 
 #include "contract/firm_rules.h"
 #include "contract/windows.h"
+#include "editor/frmTaskAutoNotification.h"
 #include "settings/modUserSettings.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
@@ -13,6 +14,9 @@ constexpr const char* allEntries = "SELECT Schedule.* FROM Schedule;";
 
 /// From this level on the firm with rules of its own lets nobody edit templates.
 constexpr std::int16_t ordinaryUserLevel = 2;
+
+constexpr const char* administratorsOnly =
+    "You must be logged into an administrator user in order to use this feature.";
 
 /// The sentence of the window, up to the schedule entry's name.
 std::string sentenceStart(bool isNow, const std::string& client) {
@@ -32,9 +36,8 @@ std::uint8_t readBits(const Row& entry) {
 
 }  // namespace
 
-frmSendNotificationWizard::frmSendNotificationWizard(TemplateEditor editTemplate)
-    : Window(formHost(), "frmSendNotificationWizard", "Send Notification Wizard"),
-      editTemplate_(std::move(editTemplate)) {
+frmSendNotificationWizard::frmSendNotificationWizard()
+    : Window(formHost(), "frmSendNotificationWizard", "Send Notification Wizard") {
   using Self = frmSendNotificationWizard;
   for (std::size_t i = 0; i < wizardChannels.size(); ++i) {
     chkAutoNotify[i].setCaption(wizardChannels[i].caption);
@@ -49,7 +52,6 @@ frmSendNotificationWizard::frmSendNotificationWizard(TemplateEditor editTemplate
   react(cmdEditNotificationTemplate.onClick, "cmdEditNotificationTemplate_Click",
         &Self::openTemplate);
   react(cmdCancel.onClick, "cmdCancel_Click", &Self::cancel);
-  cmdEditNotificationTemplate.setVisible(editTemplate_ != nullptr);
   orderFirst({&chkAutoNotify[0], &editEmail, &chkAutoNotify[1], &editFax, &chkAutoNotify[2],
               &editLetter, &chkAutoNotify[3], &editPhone});
 }
@@ -175,12 +177,11 @@ void frmSendNotificationWizard::openTemplate(Step& step) {
   const bool hasOwnRules = step.holds(hasFirmRules);
   const auto level = step.value(std::int16_t{0}, [] { return locale().getUserAccessLevel(); });
   if (hasOwnRules && level >= ordinaryUserLevel) {
-    step.run(showMessage,
-             "You must be logged into an administrator user in order to use this feature.",
-             message_style::notice);
-  } else if (editTemplate_) {
-    editTemplate_(step, totalNum_, scheduleNum_);
+    return step.run(showMessage, administratorsOnly, message_style::notice);
   }
+  withWindow<frmTaskAutoNotification>(step, [&](frmTaskAutoNotification& editor) {
+    editor.InitializeWithTotalNumAndScheduleNum(totalNum_, scheduleNum_);
+  });
 }
 
 void frmSendNotificationWizard::cancel(Step&) {

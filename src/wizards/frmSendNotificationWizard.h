@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 
 #include "contract/Window.h"
@@ -15,9 +14,6 @@
 
 namespace autonotify {
 
-/// Opens the editor of templates on the one of this kind and returns when the person is done.
-using TemplateEditor = std::function<void(Step& step, Id totalNum, Id scheduleNum)>;
-
 /// Asks through which channels a client hears of a schedule entry: now, where a click on a channel
 /// leads to its composer, or on the notification date, where each tick and untick takes effect at
 /// once.
@@ -29,8 +25,7 @@ class frmSendNotificationWizard : public Window {
  public:
   using ClientType = enumAutoNotifyClientType;
 
-  /// Without an editor the button that opens it is hidden.
-  explicit frmSendNotificationWizard(TemplateEditor editTemplate = {});
+  frmSendNotificationWizard();
 
   // Each fills the window and shows it until the person is done; the caller then reads cancelFlag
   // and unloads it. A type other than contact and company leaves the client without a name.
@@ -72,7 +67,6 @@ class frmSendNotificationWizard : public Window {
   void openTemplate(Step& step);
   void cancel(Step& step);
 
-  const TemplateEditor editTemplate_;
   const std::array<Button*, 4> editButtons_{&editEmail, &editFax, &editLetter, &editPhone};
   Id scheduleID_ = noId;
   Id totalNum_ = noId;

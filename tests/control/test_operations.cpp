@@ -4,6 +4,7 @@
 #include "contacts/modContactSummaries.h"
 #include "contacts/modDefaultContact.h"
 #include "contract/GridColumnList.h"
+#include "editor/frmTaskAutoNotification.h"
 #include "platform/text.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
@@ -25,7 +26,8 @@ namespace {
 // default contact, an entry of it with an email and a fax (the fax sent), a stale bit for a letter,
 // and an older entry with an email; an appointment with an email, and its twin.
 constexpr Id company = 2, contact = 3, client = 4, entry = 5, oldEntry = 6, task = 8;
-constexpr Id meeting = 9, twin = 10, emailRow = 21, faxRow = 22, oldRow = 23, meetingRow = 24;
+constexpr Id kind = 1, meeting = 9, twin = 10, emailRow = 21, faxRow = 22, oldRow = 23,
+             meetingRow = 24;
 constexpr DateTime dueDate = DateTime::of(2026, 4, 30);
 
 void fillOffice(TableRows rows) {
@@ -40,7 +42,8 @@ void expectWizard(TestHost& host, const char* window, const char* click, const c
   const auto act = [](const char* control) {
     return [control](WindowInUse& shown) {
       shown.click(control);
-      if (shown.form().isVisible()) shown.click("cmdCancel");
+      if (shown.form().isVisible())
+        shown.click(shown.form().find("cmdCancel") ? "cmdCancel" : "cmdClose");
     };
   };
   host.screen.expectWindow(window, act(click));
@@ -105,21 +108,27 @@ Operation operation(const char* name, std::string tag, Call call, Procedure proc
   operation(                                  \
       #name, tag, [](ComponentHost& host) { return call; }, [] { return procedure; })
 
-#define WIZARD(operation, window, click, composer, call, initialize)                              \
-  {                                                                                               \
-    "cls_open" #operation, "Morvane.exe-clsAutoNotifyCtrl-cls_open" #operation,                   \
-        [](ComponentHost& host) {                                                                 \
-          expectWizard(host, #window, click, composer);                                           \
-          host.control->cls_open##operation call;                                                 \
-          return toText(host.control->get_cancelFlag());                                          \
-        },                                                                                        \
-        [](TestHost& host) {                                                                      \
-          expectWizard(host, #window, click, composer);                                           \
-          window panel;                                                                           \
-          panel.initialize;                                                                       \
-          panel.unload();                                                                         \
-          return toText(std::is_same_v<window, frmSendNotificationWizard> && panel.cancelFlag()); \
-        }                                                                                         \
+/// What the operation leaves in cancelFlag, False where it keeps that.
+template <class Panel>
+std::string outcomeOf(const Panel& panel) {
+  if constexpr (std::is_same_v<Panel, frmSendNotificationWizard>) return toText(panel.cancelFlag());
+  return toText(false);
+}
+#define WIZARD(operation, window, click, composer, call, initialize)            \
+  {                                                                             \
+    "cls_open" #operation, "Morvane.exe-clsAutoNotifyCtrl-cls_open" #operation, \
+        [](ComponentHost& host) {                                               \
+          expectWizard(host, #window, click, composer);                         \
+          host.control->cls_open##operation call;                               \
+          return toText(host.control->get_cancelFlag());                        \
+        },                                                                      \
+        [](TestHost& host) {                                                    \
+          expectWizard(host, #window, click, composer);                         \
+          window panel;                                                         \
+          panel.initialize;                                                     \
+          panel.unload();                                                       \
+          return outcomeOf(panel);                                              \
+        }                                                                       \
   }
 
 constexpr const char* sentTag = "Morvane.exe-clsNotificationTools-changeNotificationToSent";
@@ -208,6 +217,10 @@ const Operation operations[] = {
     WIZARD(SendNotificationWizardApptNotifyNowForm, frmSendNotificationWizardApptNotifyNow,
            "cmdFinish", "frmSendNotificationWizardLetter", (Appointments, twin, nt_Letter, entry),
            InitializeNotifyNow(Appointments, twin, nt_Letter)),
+    WIZARD(TaskAutoNotificationForm, frmTaskAutoNotification, "cmdNotifyComment(0)", nullptr,
+           (kind), Initialize(kind)),
+    WIZARD(TaskAutoNotificationForm_WithTotalNumAndScheduleNum, frmTaskAutoNotification,
+           "cmdNotifyComment(3)", nullptr, (103, 1), InitializeWithTotalNumAndScheduleNum(103, 1)),
 };
 
 /// What a person does in a composer: writes into the field, presses the button, and closes the

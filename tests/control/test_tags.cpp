@@ -65,6 +65,8 @@ class TagTest : public ComposerTest {
     screen.expectWindow(wizard.name(), raise);
     for (std::size_t i = 0; i < 8; ++i)
       screen.expectWindow(wizardChannels[i % 4].makeComposer()->name(), hide);
+    screen.expectWindow("frmTaskAutoNotification", raise);
+    screen.expectWindow("frmTestComment", raise);
     wizard.InitializeAutoNotify(enumAutoNotifyNone, entry);
     frmSendNotificationWizardApptNotifyNow panel;
     screen.expectWindow(panel.name(), raise);

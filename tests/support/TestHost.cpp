@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <map>
 
+#include "host/clients/HostScheduleTreeService.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
-#include "host/services/HostProgressDialog.h"
 #include "host/services/HostRichTextUtility.h"
 #include "host/services/HostValidationUtilities.h"
 
@@ -69,7 +69,14 @@ TestHost::TestHost(FillRows fill)
   count<CountedGeneralUtilities, host::HostGeneralUtilities>(registry, calls);
   count<CountedValidation, host::HostValidationUtilities>(registry, calls);
   count<CountedRichTextUtility, host::HostRichTextUtility>(registry, calls);
-  count<CountedProgress, host::HostProgressDialog>(registry, calls);
+  registry.registerClass(ScheduleTreeService::className, [this] {
+    auto tree = std::make_unique<host::HostScheduleTreeService>();
+    tree->put_DatabaseReference(plainDatabase.get());
+    return std::make_unique<CountedScheduleTree>(std::move(tree), calls);
+  });
+  registry.registerClass(ProgressDialog::className, [this] {
+    return std::make_unique<CountedProgress>(std::make_unique<NotedProgress>(progress), calls);
+  });
   registry.registerClass(EmailSender::className,
                          [this] { return std::make_unique<NotedEmail>(mailProgram, calls); });
   registry.registerClass(ClientDocumentFolder::className,

@@ -9,6 +9,7 @@
 
 #include "contract/ProgressDialog.h"
 #include "contract/RichTextUtility.h"
+#include "contract/ScheduleTreeService.h"
 #include "contract/references.h"
 #include "support/host_calls.h"
 
@@ -205,6 +206,16 @@ class CountedProgress : public Counted<ProgressDialog> {
     inner().StartProgress = StartProgress;
     pass("show", &Base::show);
   }
+};
+
+/// The tree inside has its database.
+class CountedScheduleTree : public Counted<ScheduleTreeService> {
+  using Base = ScheduleTreeService;
+
+ public:
+  using Counted::Counted;
+  COUNTED(void, populateFirstScheduleTypes, (TreeView & tree), tree)
+  void put_DatabaseReference(DatabaseReference*) override {}
 };
 
 #undef COUNTED
