@@ -3,7 +3,9 @@
 #include "contract/ScheduleTreeService.h"
 #include "contract/windows.h"
 #include "editor/frmTestComment.h"
+#include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_kinds.h"
+#include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/schedule_kinds.h"
 
 namespace autonotify {
@@ -59,6 +61,8 @@ frmTaskAutoNotification::frmTaskAutoNotification()
   lblExplanation.setCaption(explanation);
   lblChanged.setVisible(false);
 }
+
+frmTaskAutoNotification::~frmTaskAutoNotification() = default;
 
 // Opening.
 

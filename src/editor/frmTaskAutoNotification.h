@@ -7,16 +7,18 @@
 
 #include "contract/ProgressDialog.h"
 #include "contract/Window.h"
-#include "merge/clsInsertFieldsInRTB.h"
+#include "platform/Value.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListBox.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TreeView.h"
 #include "platform/controls/control_array.h"
-#include "scheduling/clsAutoNotifyTemplate.h"
 
 namespace autonotify {
+
+class clsAutoNotifyTemplate;
+class clsInsertFieldsInRTB;
 
 /// Edits the firm's templates: a tree of the kinds of schedule entry, the text of the chosen one
 /// and the merge fields that it can hold.
@@ -26,6 +28,7 @@ namespace autonotify {
 class frmTaskAutoNotification : public Window {
  public:
   frmTaskAutoNotification();
+  ~frmTaskAutoNotification() override;
 
   // Each shows the window until the person is done; the caller unloads it.
   /// On the kind with this id; below 0, on the fallback kind.
