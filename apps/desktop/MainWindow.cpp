@@ -32,6 +32,7 @@ enum Page { noDatabasePage, noTaskPage, taskPage };
 MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
     : QMainWindow(parent), options_(std::move(options)), forms_(*this), tasks_(new TaskPage(this)) {
   setWindowTitle(tr("Client Notifications"));
+  forms_.setFieldNames([this] { return fieldNames(); });
   makeActions();
   pages_ = new QStackedWidget(this);
   pages_->addWidget(makeEmptyPage(tr("No database is open"),

@@ -96,6 +96,9 @@ class MainWindow : public QMainWindow {
   void callClient();
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
+  void editTemplates();
+  /// As templates of tasks spell them.
+  QSet<QString> fieldNames();
   void changeOptions();
   void refresh();
   void findTask() { tasks_->focusFilter(); }

@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QStatusBar>
 #include <QToolBar>
@@ -16,6 +17,7 @@
 #include "binding/FaultWatch.h"
 #include "host/desk/databases.h"
 #include "host/desk/work/claiming.h"
+#include "host/desk/work/edit_templates.h"
 #include "outcome_texts.h"
 #include "qt_text.h"
 
@@ -67,6 +69,9 @@ std::span<const MainWindow::Command> MainWindow::commands() {
        &Self::hasDesk, &Self::refresh},
       {"findTask", "&View", "&Find Task", QKeySequence::Find, "edit-find", "", inMenu,
        &Self::always, &Self::findTask},
+      {"editTemplates", "T&ools", "&Templates...", noKeys, "document-new-from-template",
+       "Edit the texts that clients are notified with", inMenu, &Self::hasDesk,
+       &Self::editTemplates},
       {"options", "T&ools", "&Options...", noKeys, "configure", "", inMenu, &Self::always,
        &Self::changeOptions},
       {"about", "&Help", "&About", noKeys, "help-about", "", inMenu, &Self::always,
@@ -196,6 +201,23 @@ void MainWindow::callClient() {
       textOf(host::noteCall(*desk_, call->id, dialog.callResult(), dialog.note()));
   if (!words.isEmpty()) tellFault(words);
   refresh();
+}
+
+void MainWindow::editTemplates() {
+  forms_.setNotes({});
+  const host::TaskLine* line = tasks_->chosen();
+  const auto refused = host::editTemplates(*desk_, line ? line->task.id : noId);
+  if (refused) tellFault(textOf(*refused));
+}
+
+QSet<QString> MainWindow::fieldNames() {
+  QSet<QString> names;
+  if (!desk_) return names;
+  for (const MergeFieldInfo& field : desk_->tools().listMergeFields(MergeUse::task)) {
+    static const QRegularExpression name("\u00ab\\(?([^,\u00bb]+)");
+    names.insert(name.match(shown(field.token)).captured(1));
+  }
+  return names;
 }
 
 void MainWindow::changeOptions() {

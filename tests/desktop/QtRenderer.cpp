@@ -166,6 +166,7 @@ class QtDriver : public WindowDriver {
       combo->view()->setCurrentIndex(combo->model()->index(position, 0));
       QTest::keyClick(combo->view(), Qt::Key_Return);
     } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+      list->scrollToItem(list->item(position));
       pressAt(*list->viewport(), list->visualItemRect(list->item(position)));
     } else if (auto* tree = qobject_cast<QTreeWidget*>(&widget)) {
       pressAt(*tree->viewport(), tree->visualItemRect(nodeAt(*tree, position)));

@@ -7,6 +7,8 @@
 #include "MainWindow.h"
 #include "OptionsDialog.h"
 #include "binding/FormWindow.h"
+#include "editor/frmTaskAutoNotification.h"
+#include "editor/frmTestComment.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/Timer.h"
 #include "preview/PreviewWindow.h"
@@ -45,6 +47,8 @@ const std::function<std::unique_ptr<Form>()> windows[] = {
     [] { return std::make_unique<frmSendNotificationWizardFax>(); },
     [] { return std::make_unique<frmSendNotificationWizardLetter>(); },
     [] { return std::make_unique<frmSendNotificationWizardPhone>(); },
+    [] { return std::make_unique<frmTaskAutoNotification>(); },
+    [] { return std::make_unique<frmTestComment>(); },
 };
 
 bool isDrawn(const Control& control) {

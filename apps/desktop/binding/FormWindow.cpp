@@ -11,8 +11,11 @@
 
 #include "binding/FaultWatch.h"
 #include "binding/LayoutLoader.h"
+#include "binding/list_search.h"
 #include "platform/controls/Timer.h"
 #include "qt_text.h"
+#include "richtext/MergeFieldHighlighter.h"
+#include "richtext/RichTextEditor.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -43,7 +46,8 @@ QSize frameSizeOf(const QWidget& window) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes)
+FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes,
+                       const FieldNames& fieldNames)
     : ModalWindow(form, parent), form_(form) {
   QWidget* layout = loadLayout(shown(form.name()), this);
   setObjectName(shown(form.name()));
@@ -52,6 +56,8 @@ FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes)
   resize(layout->size().boundedTo(screen()->availableSize() - frameSizeOf(*this)));
   bindAll(*layout);
   bindKeys(*layout);
+  bindSearches(*layout);
+  colorFields(*layout, fieldNames);
   showNotes(*layout, notes);
   orderFocus();
   startTimers();
@@ -79,6 +85,14 @@ void FormWindow::bindKeys(QWidget& layout) {
     for (const QKeySequence& sequence : QKeySequence::listFromString(keys)) {
       connect(new QShortcut(sequence, this), &QShortcut::activated, button, &QPushButton::click);
     }
+  }
+}
+
+void FormWindow::colorFields(QWidget& layout, const FieldNames& fieldNames) {
+  for (auto* editor : layout.findChildren<RichTextEditor*>()) {
+    if (!editor->property("showsMergeFields").toBool()) continue;
+    new MergeFieldHighlighter(*editor->edit().document(), palette(),
+                              fieldNames ? fieldNames() : QSet<QString>());
   }
 }
 

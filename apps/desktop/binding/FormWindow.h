@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QSet>
+#include <QString>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -9,17 +12,22 @@
 
 namespace autonotify::desktop {
 
+/// The names of the merge fields that there are.
+using FieldNames = std::function<QSet<QString>()>;
+
 /// A window of the component on the screen, drawn by the layout of its name.
 ///
 /// The layout is the resource ":/forms/<name>.ui"; each of its widgets that bears a control's name
 /// shows that control. Looks are the layout's, and so are the keys that press a button (its
-/// property "keys"); the order of the focus is the window's own.
+/// property "keys") and which text shows its merge fields ("showsMergeFields"); the order of the
+/// focus is the window's own.
 class FormWindow : public ModalWindow {
   Q_OBJECT
 
  public:
   /// Throws std::logic_error when there is no such layout or a control has no widget in it.
-  FormWindow(Form& form, QWidget* parent, const WindowNotes& notes = {});
+  FormWindow(Form& form, QWidget* parent, const WindowNotes& notes = {},
+             const FieldNames& fieldNames = {});
   ~FormWindow() override;
 
   /// Stops the timers too.
@@ -37,6 +45,7 @@ class FormWindow : public ModalWindow {
  private:
   void bindAll(QWidget& layout);
   void bindKeys(QWidget& layout);
+  void colorFields(QWidget& layout, const FieldNames& fieldNames);
   void orderFocus();
   void startTimers();
 

@@ -5,7 +5,6 @@
 #include <QMenu>
 #include <algorithm>
 
-#include "binding/FormWindow.h"
 #include "platform/controls/Menu.h"
 #include "preview/PreviewWindow.h"
 #include "preview/report_pdf.h"
@@ -34,7 +33,7 @@ void fillMenu(QMenu& drawn, const Form& form, const Menu& menu,
 }  // namespace
 
 void QtFormHost::showModal(Form& form, HostObject*) {
-  run(std::make_unique<FormWindow>(form, topWindow(), notes_));
+  run(std::make_unique<FormWindow>(form, topWindow(), notes_, fieldNames_));
 }
 
 void QtFormHost::showReport(Report& report, HostObject*) {

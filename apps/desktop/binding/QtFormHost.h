@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "binding/ModalWindow.h"
+#include "binding/FormWindow.h"
 #include "binding/window_notes.h"
 #include "platform/controls/FormHost.h"
 
@@ -21,6 +21,8 @@ class QtFormHost : public FormHost {
 
   /// What the program has to say in the windows that come up from now on.
   void setNotes(WindowNotes notes) { notes_ = std::move(notes); }
+  /// Asked when a text comes up that shows its merge fields.
+  void setFieldNames(FieldNames fieldNames) { fieldNames_ = std::move(fieldNames); }
 
   /// A pointer left busy is the standard one again, so that the person sees who is to act.
   void showModal(Form& form, HostObject* owner) override;
@@ -45,6 +47,7 @@ class QtFormHost : public FormHost {
 
   QWidget& program_;
   WindowNotes notes_;
+  FieldNames fieldNames_;
   /// Of the program's window while that is barred.
   QPointer<QWidget> focus_;
   /// The windows that have not returned, the topmost last.

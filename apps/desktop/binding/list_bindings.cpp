@@ -1,6 +1,7 @@
 #include "binding/list_bindings.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include "qt_text.h"
@@ -94,16 +95,22 @@ ItemViewBinding<ControlType, WidgetType>::ItemViewBinding(Form& form, ControlTyp
 
 template <class ControlType, class WidgetType>
 bool ItemViewBinding<ControlType, WidgetType>::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress) wasPassed_ = false;
-  if (event->type() == QEvent::MouseButtonDblClick) wasPassed_ = true;
+  const QEvent::Type type = event->type();
+  if (type == QEvent::MouseButtonPress) wasPassed_ = false;
+  if (type == QEvent::MouseButtonDblClick) wasPassed_ = true;
+  // A message that a press brings up may get the release; keys end a press too.
+  if (type == QEvent::MouseButtonPress) isPressed_ = true;
+  if (type == QEvent::MouseButtonRelease || type == QEvent::KeyPress) isPressed_ = false;
   if (watched == this->widget_.viewport()) return false;
-  return Binding::eventFilter(watched, event);
+  return passEnter(*event) || Binding::eventFilter(watched, event);
 }
 
 template <class ControlType, class WidgetType>
 void ItemViewBinding<ControlType, WidgetType>::itemMoved(int position) {
   wasPassed_ = true;
-  if (position >= 0) choose(position);
+  if (position < 0) return;
+  if (isPressed_) return choose(position);
+  this->pass([=, this](Person& person) { person.moveTo(this->control_, position); });
 }
 
 template <class ControlType, class WidgetType>
@@ -121,6 +128,17 @@ void ItemViewBinding<ControlType, WidgetType>::choose(int position) {
   this->pass([=, this](Person& person) { person.choose(this->control_, position); });
 }
 
+/// Held down with another key it is for the window.
+template <class ControlType, class WidgetType>
+bool ItemViewBinding<ControlType, WidgetType>::passEnter(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress || currentPosition() < 0) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  if (key.modifiers() & ~Qt::KeypadModifier) return false;
+  choose(currentPosition());
+  return true;
+}
+
 ListBinding::ListBinding(Form& form, ListBox& control, QListWidget& widget)
     : ItemViewBinding(form, control, widget) {
   widget.setUniformItemSizes(true);
@@ -131,10 +149,21 @@ ListBinding::ListBinding(Form& form, ListBox& control, QListWidget& widget)
 
 void ListBinding::drawList() {
   drawEntries(widget_, control_);
+  for (int row = 0; row < control_.listCount(); ++row) drawHeading(row);
 }
 
 void ListBinding::drawRows(const RowChange& change) {
   drawEntryRows(widget_, control_, change);
+  if (change.kind == RowChange::Kind::added) drawHeading(change.row);
+}
+
+void ListBinding::drawHeading(int row) {
+  if (control_.itemData(row) >= 0) return;
+  QListWidgetItem& item = *widget_.item(row);
+  item.setFlags(Qt::NoItemFlags);
+  QFont font = widget_.font();
+  font.setBold(true);
+  item.setFont(font);
 }
 
 TreeBinding::TreeBinding(Form& form, TreeView& control, QTreeWidget& widget)
@@ -176,6 +205,10 @@ QTreeWidgetItem* TreeBinding::itemAt(int position) const {
 
 void TreeBinding::drawValue() {
   widget_.setCurrentItem(itemAt(control_.selected()));
+}
+
+int TreeBinding::currentPosition() const {
+  return positionOf(widget_.currentItem());
 }
 
 TabBinding::TabBinding(Form& form, TabControl& control, QTabWidget& widget)

@@ -30,7 +30,8 @@ class ComboBinding : public BindingOf<ComboBox, QComboBox> {
   void bindField(QLineEdit& field);
 };
 
-/// What a click or an arrow key chooses in a list or tree is passed once.
+/// In a list or tree the mouse and the enter key choose; the arrow keys only lead there. Each act
+/// is passed once.
 template <class ControlType, class WidgetType>
 class ItemViewBinding : public BindingOf<ControlType, WidgetType> {
  public:
@@ -42,15 +43,20 @@ class ItemViewBinding : public BindingOf<ControlType, WidgetType> {
   /// The mouse has let go of the item.
   void itemClicked(int position);
   void itemDoubleClicked();
+  /// -1 where nothing is selected.
+  virtual int currentPosition() const = 0;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void choose(int position);
+  bool passEnter(const QEvent& event);
 
   /// Since the mouse was pressed.
   bool wasPassed_ = false;
+  bool isPressed_ = false;
 };
 
+/// An entry with a number below 0 is a heading or an empty line, which cannot be chosen.
 class ListBinding : public ItemViewBinding<ListBox, QListWidget> {
  public:
   ListBinding(Form& form, ListBox& control, QListWidget& widget);
@@ -59,6 +65,10 @@ class ListBinding : public ItemViewBinding<ListBox, QListWidget> {
   void drawList() override;
   void drawRows(const RowChange& change) override;
   void drawValue() override { widget_.setCurrentRow(control_.listIndex()); }
+  int currentPosition() const override { return widget_.currentRow(); }
+
+ private:
+  void drawHeading(int row);
 };
 
 class TreeBinding : public ItemViewBinding<TreeView, QTreeWidget> {
@@ -69,6 +79,7 @@ class TreeBinding : public ItemViewBinding<TreeView, QTreeWidget> {
   void drawList() override;
   void drawRows(const RowChange& change) override;
   void drawValue() override;
+  int currentPosition() const override;
 
  private:
   QTreeWidgetItem* itemAt(int position) const;

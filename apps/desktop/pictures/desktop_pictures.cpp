@@ -127,6 +127,7 @@ void takeWindowsOfTasks(Photographer& photographer, MainWindow& window) {
       run("notifyNow"),
       {{"", press("chkNotify(1)")}, {"fax-composer", press("cmdFinish")}, {"fax-preview", close}});
   photographer.takeEach(run("notifyNow"), {{"", press("chkNotify(3)")}, {"phone-composer", close}});
+  photographer.takeEach(run("editTemplates"), {{"template-editor", close}});
   photographer.takeEach(run("options"), {{"desktop-options", close}});
   chooseTask(table, waitsForMany);
   photographer.takeEach(run("notifyAutomatically"), {{"notify-automatically", close}});

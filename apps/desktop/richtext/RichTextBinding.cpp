@@ -1,8 +1,17 @@
 #include "richtext/RichTextBinding.h"
 
+#include <QKeyEvent>
+
+#include "binding/qt_key_codes.h"
 #include "richtext/document_conversion.h"
 
 namespace autonotify::desktop {
+namespace {
+
+/// The character of Ctrl+V.
+constexpr int pastingKey = 22;
+
+}  // namespace
 
 RichTextBinding::RichTextBinding(Form& form, RichTextBox& control, RichTextEditor& editor)
     : BindingOf(form, control, editor), edit_(editor.edit()) {
@@ -37,9 +46,21 @@ void RichTextBinding::drawValue() {
   edit_.setTextCursor(cursor);
 }
 
+bool RichTextBinding::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress)
+    isKeyPassed_ = writesCharacter(static_cast<QKeyEvent&>(*event));
+  if (event->type() == QEvent::KeyRelease || event->type() == QEvent::FocusOut)
+    isKeyPassed_ = false;
+  return Binding::eventFilter(watched, event);
+}
+
+// What is done otherwise, by the mouse or the bar, counts as a key too: the one that pastes.
 void RichTextBinding::passContent() {
   pass([this](Person& person) {
-    person.editRichText(control_, richTextOf(*edit_.document()));
+    RichText content = richTextOf(*edit_.document());
+    if (content == control_.content()) return;
+    if (!isKeyPassed_) person.pressKey(control_, pastingKey);
+    person.editRichText(control_, std::move(content));
     shown_ = control_.content();
   });
 }

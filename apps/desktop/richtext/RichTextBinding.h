@@ -15,6 +15,7 @@ class RichTextBinding : public BindingOf<RichTextBox, RichTextEditor> {
   void drawEnabled(bool isEnabled) override;
   QWidget& colored() override;
   void drawValue() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void passContent();
@@ -23,6 +24,8 @@ class RichTextBinding : public BindingOf<RichTextBox, RichTextEditor> {
   QTextEdit& edit_;
   /// What the editor shows.
   std::optional<RichText> shown_;
+  /// A key is on its way into the text.
+  bool isKeyPassed_ = false;
 };
 
 }  // namespace autonotify::desktop

@@ -1,0 +1,28 @@
+#include "host/desk/work/edit_templates.h"
+
+#include <fmt/format.h>
+
+#include "host/clients/record_rows.h"
+
+namespace autonotify::host {
+
+std::optional<Refused> editTemplates(Desk& desk, Id task) {
+  Id totalNum = noId;
+  Id scheduleNum = noId;
+  if (task >= 0) {
+    firstRow(desk.database(),
+             fmt::format("SELECT Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE "
+                         "Schedule.ScheduleID={};",
+                         task),
+             [&](const Row& row) {
+               totalNum = row.id("totalNum");
+               scheduleNum = row.id("scheduleNum");
+             });
+  }
+  return tellComponent(desk, "templates", [&] {
+    desk.control().cls_openTaskAutoNotificationForm_WithTotalNumAndScheduleNum(totalNum,
+                                                                               scheduleNum);
+  });
+}
+
+}  // namespace autonotify::host

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <optional>
+
+#include "host/desk/Outcome.h"
+
+namespace autonotify::host {
+
+/// Opens the editor of templates on the kind of the task; without a task on the fallback kind.
+/// Unset when all went well.
+std::optional<Refused> editTemplates(Desk& desk, Id task = noId);
+
+}  // namespace autonotify::host
