@@ -3,6 +3,7 @@
 #include "bulk/bulk_rows.h"
 #include "bulk/stored_choice.h"
 #include "contract/windows.h"
+#include "editor/frmTaskAutoNotification.h"
 
 namespace autonotify {
 namespace {
@@ -38,12 +39,10 @@ std::int16_t yearOf(const std::string& text) {
 
 }  // namespace
 
-frmSendNotificationBulk::frmSendNotificationBulk(TemplateEditor editTemplate)
-    : Window(formHost(), "frmSendNotificationBulk", "Send Notification Wizard"),
-      editTemplate_(std::move(editTemplate)) {
+frmSendNotificationBulk::frmSendNotificationBulk()
+    : Window(formHost(), "frmSendNotificationBulk", "Send Notification Wizard") {
   putIntoPlace();
   tieReactions();
-  cmdEditNotificationTemplate.setVisible(editTemplate_ != nullptr);
 }
 
 void frmSendNotificationBulk::putIntoPlace() {
@@ -109,10 +108,10 @@ void frmSendNotificationBulk::chooseChannel(Step&, std::size_t channel) {
 
 /// A letter has no fields.
 void frmSendNotificationBulk::enableFields(std::size_t channel) {
-  const std::array<std::vector<ComboBox*>, 4> fields{{{&cboTo, &cboCc, &cboBcc},
-                                                      {&cboToFaxNumber, &cboFaxRecipient},
-                                                      {},
-                                                      {&cboPhoneName, &cboPhoneNumber}}};
+  using Fields = std::vector<ComboBox*>;
+  const Fields email{&cboTo, &cboCc, &cboBcc}, fax{&cboToFaxNumber, &cboFaxRecipient};
+  const Fields phone{&cboPhoneName, &cboPhoneNumber};
+  const std::array<Fields, 4> fields{email, fax, {}, phone};
   for (ComboBox* field : fields[channel]) field->setEnabled(choice.channels[channel]);
 }
 
@@ -182,7 +181,10 @@ bool frmSendNotificationBulk::checkValidYear() {
 void frmSendNotificationBulk::editTemplate(Step& step) {
   const auto chosen =
       std::ranges::find_if(templateOrder, [&](TaskFamily family) { return choice[family]; });
-  editTemplate_(step, totalNumOf(chosen == templateOrder.end() ? GST : *chosen));
+  const Id totalNum = totalNumOf(chosen == templateOrder.end() ? GST : *chosen);
+  withWindow<frmTaskAutoNotification>(step, [&](frmTaskAutoNotification& editor) {
+    editor.InitializeWithTotalNumAndScheduleNum(totalNum, noId);
+  });
 }
 
 void frmSendNotificationBulk::organize(Step& step) {
@@ -214,8 +216,8 @@ void frmSendNotificationBulk::finish(Step& step) {
   const int tasks = countAutoNotificationss(order());
   step.run([&] { dialog->put_maximum(tasks); });
   step.run([&] { dialog->put_value(0); });
-  autonotify::react(dialog->StartProgress, tag("autoNotificationsDialog_StartProgress"), *this,
-                    &frmSendNotificationBulk::runPass);
+  using Self = frmSendNotificationBulk;
+  react(dialog->StartProgress, "autoNotificationsDialog_StartProgress", &Self::runPass);
   step.run([&] { dialog->show(); });
   dialog.reset();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -24,11 +23,7 @@ namespace autonotify {
 /// often as need be, and hidden by Finish, Cancel or its close box, which cancels.
 class frmSendNotificationBulk : public Window {
  public:
-  /// Opens the editor of templates on a family and returns when the person is done.
-  using TemplateEditor = std::function<void(Step& step, Id totalNum)>;
-
-  /// Without an editor the button that opens it is hidden.
-  explicit frmSendNotificationBulk(TemplateEditor editTemplate = {});
+  frmSendNotificationBulk();
 
   /// Takes up the client. Unless a contact or a company comes without its id, the year is the
   /// present one, no kind of task is chosen, and of the channels email.
@@ -103,7 +98,6 @@ class frmSendNotificationBulk : public Window {
   void runPass(Step& step);
   BulkOrder order() const;
 
-  const TemplateEditor editTemplate_;
   BulkClient client_;
   std::int16_t year_ = 0;
   bool suppressesClicks_ = false;

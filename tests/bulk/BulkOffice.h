@@ -29,6 +29,7 @@ inline void fillOffice(TableRows rows) {
   for (Id totalNum = 101; totalNum <= 114; ++totalNum) {
     rows.addRow("ScheduleTypes", {{"TotalNum", totalNum},
                                   {"ScheduleNum", -1},
+                                  {"ScheduleTypeName", "Kind " + std::to_string(totalNum)},
                                   {"ShortAbbreviation", "K" + std::to_string(totalNum)}});
     rows.addKind(totalNum, 1, 5);
   }

@@ -1,5 +1,4 @@
 #include "BulkOffice.h"
-#include "host/services/HostProgressDialog.h"
 #include "platform/text.h"
 #include "support/error_number.h"
 
@@ -29,8 +28,18 @@ class BulkTest : public HostTest {
   }
   std::string stored() { return dump("SELECT * FROM ClientScheduleAutoNotifications"); }
 
-  Bulk panel{[this](Step&, Id totalNum) { edited.push_back(totalNum); }};
-  std::vector<Id> edited;
+  /// What the editor of templates opens on.
+  std::string edited(WindowInUse& window) {
+    std::string name;
+    screen.expectWindow("frmTaskAutoNotification", [&](WindowInUse& editor) {
+      name = editor.read("lblTaskName");
+      editor.click("cmdClose");
+    });
+    window.click("cmdEditNotificationTemplate");
+    return name;
+  }
+
+  Bulk panel;
 };
 
 TEST_F(BulkTest, RowsNameChooseAndShowKindsInThreeOrders) {
@@ -55,19 +64,17 @@ TEST_F(BulkTest, RowsNameChooseAndShowKindsInThreeOrders) {
       EXPECT_EQ(window.read("cmdSelectAllAuto"), "Select All");
       EXPECT_EQ(std::ranges::count(panel.choice.families, true), 0);
       window.click(at("chkAutoNotify", row));
-      window.click("cmdEditNotificationTemplate");
+      EXPECT_EQ(edited(window), "Kind " + std::to_string(chosen));
       pressCancel(window);
     });
-    EXPECT_EQ(edited.back(), chosen);
     EXPECT_TRUE(panel.choice.families[static_cast<std::size_t>(chosen - 101)]);
   }
   panel.choice.families.fill(true);
   for (const Id totalNum : templates) {
-    show([](WindowInUse& window) {
-      window.click("cmdEditNotificationTemplate");
+    show([&](WindowInUse& window) {
+      EXPECT_EQ(edited(window), "Kind " + std::to_string(totalNum));
       pressCancel(window);
     });
-    EXPECT_EQ(edited.back(), totalNum);
     panel.choice.families[static_cast<std::size_t>(totalNum - 101)] = false;
   }
 }
@@ -161,7 +168,7 @@ TEST_F(BulkTest, AYearThatIsNoneGivesWayToThePresentOne) {
       EXPECT_EQ(window.read("cboYear") + captionYear(), "20262026");
     }
     window.type("cboYear", "20x31");
-    EXPECT_TRUE(window.click("cmdEditNotificationTemplate"));
+    EXPECT_EQ(edited(window), "Kind 101");
     EXPECT_EQ(captionYear(), "2031");
     pressCancel(window);
   });
@@ -204,15 +211,8 @@ TEST_F(BulkTest, PassArmsTheOpenTasksOfTheYearOnce) {
             "15|\n15|\n15|\n15|\n0|\n0|\n0|\n");
 }
 
-/// The person has had enough once two tasks are done.
-class Cancelled : public host::HostProgressDialog {
-  void draw() override {
-    if (value() == 2) throw PlatformError(cancelled, "The work was cancelled", className);
-  }
-};
-
 TEST_F(BulkTest, CancelOfTheHostLeavesWholeTasksBehind) {
-  registry.registerClass<Cancelled>();
+  progress.cancelAt = 2;
   errors.answer({error_choice::leave});
   begin(enumAutoNotifyCompany);
   chooseAll(panel);

@@ -21,7 +21,8 @@ class NotedProgress : public ProgressDialog {
   void put_maximum(int maximum) override { notes_.shown += " of " + std::to_string(maximum) + ":"; }
   int get_value() override { return value_; }
   void put_value(int value) override {
-    if (notes_.cancelAt > 0 && value >= notes_.cancelAt) throw PlatformError(cancelled, "Cancelled");
+    if (notes_.cancelAt > 0 && value >= notes_.cancelAt)
+      throw PlatformError(cancelled, "Cancelled");
     notes_.shown += " " + std::to_string(value);
     value_ = value;
   }

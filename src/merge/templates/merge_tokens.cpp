@@ -10,10 +10,10 @@ namespace {
 
 // The rich-text box keeps whole what is a token here.
 static_assert(longestTokenName == longestFieldName);
-static_assert(longestTokenDate == longestFieldName + std::string_view("(, )").size() +
-                                      std::ranges::max(mergeDateFormats, {}, [](auto format) {
-                                        return format.size();
-                                      }).size());
+constexpr auto longestFormat =
+    std::ranges::max_element(mergeDateFormats, {}, &std::string_view::size);
+static_assert(longestTokenDate ==
+              longestFieldName + std::string_view("(, )").size() + longestFormat->size());
 
 constexpr char leadByte = bareMarks.open[0];
 constexpr std::size_t escapedLength = escapedMarks.open.size();
