@@ -11,6 +11,7 @@
 #include "binding/QtFormHost.h"
 #include "host/desk/Desk.h"
 #include "host/desk/work/notify_client.h"
+#include "host/desk/work/schedule_year.h"
 #include "task_notes.h"
 
 class QAction;
@@ -89,6 +90,7 @@ class MainWindow : public QMainWindow {
   void notifyAutomatically() { compose(host::notifyAutomatically, channelNotes); }
   void writeBlankFax() { compose(host::writeBlankFax, clientNotes); }
   void writeBlankLetter() { compose(host::writeBlankLetter, clientNotes); }
+  void scheduleYear() { compose(host::chooseYear, clientNotes); }
   using UseCase = host::Outcome<host::Composed> (*)(host::Desk& desk, Id task);
   using Notes = WindowNotes (*)(host::Desk& desk, const host::TaskLine& line);
   /// Has a message to the chosen task's client composed, in windows that bear the notes.

@@ -2,6 +2,7 @@
 
 #include <QSettings>
 
+#include "DialogProgress.h"
 #include "MailProgramSender.h"
 #include "WaitingSender.h"
 #include "qt_text.h"
@@ -47,6 +48,7 @@ std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options,
   all.mailServer = serverOf(choice);
   if (all.mailServer) all.mailServer->whileWaiting = WaitingSender::paintWindows;
   auto desk = std::make_unique<host::Desk>(all, dialogs);
+  desk->classes().registerClass<DialogProgress>();
   if (choice.toProgram) {
     desk->classes().registerClass<MailProgramSender>();
   } else {

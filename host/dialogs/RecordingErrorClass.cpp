@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "contract/ProgressDialog.h"
+
 namespace autonotify::host {
 
 void RecordingErrorClass::enterProcedure(std::string_view tag) {
@@ -21,6 +23,10 @@ void RecordingErrorClass::recordError(const PlatformError& error) {
 }
 
 void RecordingErrorClass::showErrorDialog() {
+  if (current_.number == ProgressDialog::cancelled) {
+    choice_ = error_choice::leave;
+    return;
+  }
   choice_ = choose(current_);
   current_.choice = choice_;
   recorded_.push_back(current_);

@@ -20,7 +20,7 @@ struct RecordedError {
 };
 
 /// Keeps the stack of procedures and the record of errors; how an error is settled is the business
-/// of the derived class.
+/// of the derived class. That a person has cancelled a work is no error: its procedure is left.
 class RecordingErrorClass : public errorClass {
  public:
   void enterProcedure(std::string_view tag) override;

@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include "DialogErrorClass.h"
 #include "DialogMsgbox.h"
+#include "DialogProgress.h"
+#include "support/error_number.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -50,6 +53,28 @@ TEST(ErrorDialog, GivesTheChoiceOfTheButton) {
     EXPECT_EQ(errors.getErrorChoice(), choice) << button;
     errors.leaveProcedure();
   }
+}
+
+TEST(Progress, IsShownUntilThePersonHasHadEnough) {
+  DialogProgress progress;
+  progress.put_text("Please wait ...");
+  progress.put_maximum(3);
+  progress.StartProgress = [&] {
+    auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    progress.put_value(1);
+    EXPECT_EQ(dialog->labelText() + QString::number(dialog->value()), "Please wait ...1");
+    QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_EQ(test::errorOf([&] { progress.put_value(2); }), ProgressDialog::cancelled);
+    progress.close();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  };
+  progress.show();
+  DialogErrorClass errors;
+  errors.recordError(PlatformError(ProgressDialog::cancelled, "The work was cancelled"));
+  errors.showErrorDialog();
+  EXPECT_EQ(errors.getErrorChoice(), error_choice::leave);
+  EXPECT_TRUE(errors.recorded().empty());
 }
 
 TEST(MessageBox, LooksAsItsStyleSays) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QSet>
 #include <functional>
 
@@ -7,6 +8,8 @@
 #include "MainWindow.h"
 #include "OptionsDialog.h"
 #include "binding/FormWindow.h"
+#include "bulk/bulk_rows.h"
+#include "bulk/frmSendNotificationBulk.h"
 #include "editor/frmTaskAutoNotification.h"
 #include "editor/frmTestComment.h"
 #include "platform/controls/Menu.h"
@@ -41,6 +44,11 @@ const std::function<std::unique_ptr<Form>()> windows[] = {
       auto wizard = std::make_unique<frmSendNotificationWizard>();
       wizard->Frame2.setVisible(false);
       return wizard;
+    },
+    [] {
+      auto bulk = std::make_unique<frmSendNotificationBulk>();
+      bulk->fraStep[1].setVisible(false);
+      return bulk;
     },
     [] { return std::make_unique<frmSendNotificationWizardApptNotifyNow>(); },
     [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
@@ -86,6 +94,22 @@ TEST_F(Layouts, NameWhatTheWindowsNameAndNothingElse) {
     EXPECT_EQ(QStringList((drawn - controls).values()).join(" ").toStdString(), "") << "no control";
     form->unload();
   }
+}
+
+TEST_F(Layouts, NameBesideEachBoxTheKindThatItChooses) {
+  frmSendNotificationBulk bulk;
+  desktop::FormWindow window(bulk, nullptr);
+  std::size_t found = 0;
+  for (std::size_t box = 0; box < bulkRows.size(); ++box) {
+    const QWidget* drawn =
+        window.findChild<QWidget*>(desktop::shown(bulk.chkAutoNotify[box].name()));
+    for (const Label& label : bulk.lblText) {
+      const auto* beside = window.findChild<QLabel*>(desktop::shown(label.name()));
+      if (beside->buddy() != drawn || ++found == 0) continue;
+      EXPECT_EQ(label.tag(), std::to_string(totalNumOf(bulkRows[box].chosen)));
+    }
+  }
+  EXPECT_EQ(found, bulkRows.size());
 }
 
 TEST_F(Layouts, OfTheProgramFitASmallScreen) {

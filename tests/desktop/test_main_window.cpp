@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPdfDocument>
 #include <QPdfSelection>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
@@ -148,9 +149,11 @@ class MainWindowTest : public testing::Test {
 TEST_F(MainWindowTest, ComposersLeaveNothingBehindHoweverTheyAreLeft) {
   open();
   const std::pair<const char*, Visitor::Act> exits[] = {
-      {"composeEmail", closeBox},        {"scheduleEmail", cancel}, {"notifyNow", cancel},
-      {"notifyAutomatically", closeBox}, {"blankFax", closeBox},    {"blankLetter", cancel},
-      {"editEmail", closeBox},           {"editEmail", cancel}};
+      {"composeEmail", closeBox}, {"scheduleEmail", cancel},
+      {"notifyNow", cancel},      {"notifyAutomatically", closeBox},
+      {"blankFax", closeBox},     {"blankLetter", cancel},
+      {"scheduleYear", closeBox}, {"scheduleYear", cancel},
+      {"editEmail", closeBox},    {"editEmail", cancel}};
   for (const auto& [command, leave] : exits) {
     chooseTaskFor(command);
     const int before = rows();
@@ -239,6 +242,42 @@ TEST_F(MainWindowTest, ACallIsNotedAsItWent) {
     EXPECT_THAT(noted.memo, HasSubstr(noted.sent ? "called; on Monday" : "no answer; on Monday"));
   }
   EXPECT_FALSE(host::findWaitingCall(*window_->desk(), task));
+}
+
+TEST_F(MainWindowTest, AYearIsScheduledInWholeTasksUntilThePersonCancels) {
+  open();
+  execute("DELETE FROM ClientNotification");
+  execute("UPDATE Schedule SET notifyType=0, totalNum=101, Year=2026, Closed=0, ClientNum=" +
+          toText(host::findTask(*window_->desk(), chooseTaskFor("scheduleYear"))->clientNum));
+  trigger("refresh");
+  chooseTaskFor("scheduleYear");
+  const auto count = [&](const char* from) {
+    const std::string sql = std::string("SELECT count(*) FROM ") + from;
+    return host::openSqlite(path())->connection().execAndGet(sql).getInt();
+  };
+  const int tasks = count("Schedule");
+  for (const bool cancels : {true, false}) {
+    QTimer watch;
+    watch.callOnTimeout([&] {
+      auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+      if (cancels && progress && progress->value() >= 2)
+        progress->findChild<QPushButton*>()->click();
+    });
+    watch.start(0);
+    EXPECT_THAT(run("scheduleYear",
+                    [](QDialog& panel) {
+                      press(panel, "cmdSelectAllAuto");
+                      press(panel, "cmdNext");
+                      press(panel, "cmdFinish");
+                    }),
+                testing::IsEmpty());
+    const int armed = count("Schedule WHERE notifyType=1");
+    EXPECT_EQ(rows(), armed);
+    EXPECT_GE(armed, 2);
+    EXPECT_EQ(armed == tasks, !cancels) << armed << " of " << tasks;
+    EXPECT_EQ(count("ClientScheduleAutoNotifications WHERE GSTNotifyType=1 AND LawNotifyType=1"),
+              1);
+  }
 }
 
 TEST_F(MainWindowTest, OptionsAreTheUsersOwn) {

@@ -107,8 +107,8 @@ void QtFormHost::setPointer(Pointer pointer) {
 }
 
 void QtFormHost::pumpMessages() {
-  QApplication::processEvents(topVisible() ? QEventLoop::AllEvents
-                                           : QEventLoop::ExcludeUserInputEvents);
+  const bool isMet = topVisible() || QApplication::activeModalWidget();
+  QApplication::processEvents(isMet ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
 }
 
 ModalWindow* QtFormHost::windowOf(const HostObject& model) {

@@ -32,7 +32,7 @@ class QtFormHost : public FormHost {
   void repaint(Form& form) override;
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override;
-  /// Without a window on the screen, what a person does waits.
+  /// Without a window or a dialog on the screen, what a person does waits.
   void pumpMessages() override;
 
  private:

@@ -132,6 +132,7 @@ void takeWindowsOfTasks(Photographer& photographer, MainWindow& window) {
   chooseTask(table, waitsForMany);
   photographer.takeEach(run("notifyAutomatically"), {{"notify-automatically", close}});
   photographer.takeEach(run("callClient"), {{"call-client", close}});
+  photographer.takeEach(run("scheduleYear"), {{"schedule-year", close}});
 }
 
 /// The panel that other programs open for an item of the diary.

@@ -8,6 +8,7 @@
 #include "host/desk/rows/readable_rows.h"
 #include "host/desk/work/claiming.h"
 #include "host/desk/work/task_families.h"
+#include "host/desk/work/task_list.h"
 #include "platform/controls/Person.h"
 
 namespace autonotify::host {
@@ -186,6 +187,29 @@ YearOutcome scheduleYear(Desk& desk, const YearWish& wish) {
     return *std::move(refused);
   }
   return outcomesOf(desk, *tasks, before);
+}
+
+Outcome<Composed> chooseYear(Desk& desk, Id id) {
+  const auto task = requireTask(desk, id);
+  if (!task) return task.refused();
+  const bool isContact = task->clientNum < 0;
+  TaskQuery query;
+  if (isContact) query.contact = task->contactId;
+  if (!isContact) query.client = task->clientNum;
+  const std::vector<Task> tasks = readTasks(desk, query).rows;
+  const auto claims = claimAll(desk, tasks);
+  if (!claims) return claims.refused();
+  return askComponent(desk, subjectOf(WorkItem::task, id), [&] {
+    restoreMarks(desk, rowsBefore(desk, tasks, allNotifyTypes));
+    const auto bulk = desk.newBulkScheduler();
+    auto type = isContact ? enumAutoNotifyContact : enumAutoNotifyCompany;
+    bulk->Initialize(type, companyOf(desk, *task), task->contactId);
+    bool skipsFamilies = false;
+    bulk->showForm(skipsFamilies);
+    if (bulk->get_cancelFlag()) return Composed::cancelled;
+    bulk->saveNotificationsTypes();
+    return Composed::done;
+  });
 }
 
 }  // namespace autonotify::host

@@ -6,6 +6,7 @@
 #include "host/desk/rows/Task.h"
 #include "host/desk/work/arm_channels.h"
 #include "host/desk/work/client_contacts.h"
+#include "host/desk/work/compose_email.h"
 
 namespace autonotify::host {
 
@@ -36,5 +37,10 @@ YearOutcome previewYear(Desk& desk, const YearWish& wish);
 /// gets it back. Nothing is done while another desk works on one of the tasks; what was added is
 /// taken back when the component meets errors. Requires a desk without a screen.
 YearOutcome scheduleYear(Desk& desk, const YearWish& wish);
+
+/// The same as a person chooses in the component's window for the task's client, whose choice is
+/// kept. Meanwhile no other desk works on an open task of the client. A person who cancels the work
+/// keeps the tasks that are done.
+Outcome<Composed> chooseYear(Desk& desk, Id task);
 
 }  // namespace autonotify::host
