@@ -29,9 +29,11 @@ inline void fillOffice(TableRows rows) {
   for (Id totalNum = 101; totalNum <= 114; ++totalNum) {
     rows.addRow("ScheduleTypes", {{"TotalNum", totalNum},
                                   {"ScheduleNum", -1},
-                                  {"ScheduleTypeName", "Kind " + std::to_string(totalNum)},
                                   {"ShortAbbreviation", "K" + std::to_string(totalNum)}});
-    rows.addKind(totalNum, 1, 5);
+    rows.addRow("ScheduleTypes", {{"TotalNum", totalNum},
+                                  {"ScheduleNum", 1},
+                                  {"NotificationPeriod", 5},
+                                  {"ScheduleTypeName", "Kind " + std::to_string(totalNum)}});
   }
   taskOf(rows, 101, {{"ClientNum", client}});
   taskOf(rows, 113, {{"ClientNum", client}});

@@ -30,16 +30,14 @@ WalkedOperation passFor(const char* name, enumAutoNotifyClientType type, BulkCho
           }};
 }
 
-class BulkFaults : public testing::TestWithParam<enumAutoNotifyClientType> {};
-
-TEST_P(BulkFaults, AreSettledAtTheErrorDialog) {
-  BulkChoice one;
-  one[TaskFamily::GST] = one[TaskFamily::PST] = true;
-  one.channels[1] = true;
-  EXPECT_GE(walkFaults(passFor("", GetParam(), one), {fillOffice}), 300);
+/// Only the contact has a task of the kind: how one is armed is the same for a company.
+TEST(BulkFaults, AreSettledAtTheErrorDialog) {
+  BulkChoice choice;
+  choice[TaskFamily::PST] = true;
+  choice.channels[1] = true;
+  for (const auto client : {enumAutoNotifyCompany, enumAutoNotifyContact})
+    EXPECT_GE(walkFaults(passFor("", client, choice), {fillOffice}), 300);
 }
-INSTANTIATE_TEST_SUITE_P(All, BulkFaults,
-                         testing::Values(enumAutoNotifyCompany, enumAutoNotifyContact));
 
 TEST(BulkStatements, AreThoseThatHostsKnow) {
   BulkChoice all;

@@ -71,9 +71,10 @@ class TagTest : public ComposerTest {
     frmSendNotificationWizardApptNotifyNow panel;
     screen.expectWindow(panel.name(), raise);
     panel.InitializeNotifyNow(Appointments, noId, nt_Fax);
-    frmSendNotificationBulk bulk([](Step&, Id) {});
+    frmSendNotificationBulk bulk;
     errors.answer({error_choice::leave});
     screen.expectWindow(bulk.name(), raise);
+    screen.expectWindow("frmTaskAutoNotification", hide);
     bool skipsKinds = true;
     bulk.showForm(skipsKinds);
   }
