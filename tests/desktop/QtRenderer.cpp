@@ -155,7 +155,7 @@ class QtDriver : public WindowDriver {
     QWidget& widget = fieldOf(within(control));
     QTest::keySequence(&widget, QKeySequence::SelectAll);
     QTest::keyClick(&widget, Qt::Key_Delete);
-    QTest::keyClicks(&widget, shown(text));
+    QTest::keyClicks(widget.focusProxy() ? widget.focusProxy() : &widget, shown(text));
     return settle(control);
   }
 

@@ -7,6 +7,8 @@
 namespace autonotify::host {
 
 std::optional<Refused> editTemplates(Desk& desk, Id task) {
+  const auto claim = desk.claims().take(WorkItem::templates, wholeFirm);
+  if (!claim) return Refused{Refused::Why::atWorkElsewhere, "the templates"};
   Id totalNum = noId;
   Id scheduleNum = noId;
   if (task >= 0) {

@@ -7,7 +7,7 @@
 namespace autonotify::host {
 
 /// Opens the editor of templates on the kind of the task; without a task on the fallback kind.
-/// Unset when all went well.
+/// Unset when all went well; refused while another desk changes templates.
 std::optional<Refused> editTemplates(Desk& desk, Id task = noId);
 
 }  // namespace autonotify::host

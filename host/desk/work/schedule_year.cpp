@@ -204,6 +204,8 @@ Outcome<Composed> chooseYear(Desk& desk, Id id) {
     const auto bulk = desk.newBulkScheduler();
     auto type = isContact ? enumAutoNotifyContact : enumAutoNotifyCompany;
     bulk->Initialize(type, companyOf(desk, *task), task->contactId);
+    // A contact is not asked for the kinds.
+    for (const TaskFamily& family : taskFamilies) ((*bulk).*family.choose)(isContact);
     bool skipsFamilies = false;
     bulk->showForm(skipsFamilies);
     if (bulk->get_cancelFlag()) return Composed::cancelled;
