@@ -58,12 +58,13 @@ TEST(ErrorDialog, GivesTheChoiceOfTheButton) {
 TEST(Progress, IsShownUntilThePersonHasHadEnough) {
   DialogProgress progress;
   progress.put_text("Please wait ...");
-  progress.put_maximum(3);
   progress.StartProgress = [&] {
+    progress.put_maximum(3);
     auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
     progress.put_value(1);
     EXPECT_EQ(dialog->labelText() + QString::number(dialog->value()), "Please wait ...1");
+    EXPECT_EQ(dialog->maximum(), 3);
     QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
     EXPECT_EQ(test::errorOf([&] { progress.put_value(2); }), ProgressDialog::cancelled);
     progress.close();
