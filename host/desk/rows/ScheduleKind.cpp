@@ -3,8 +3,9 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <charconv>
-#include <ranges>
+#include <iterator>
 
 #include "platform/text.h"
 
@@ -57,7 +58,8 @@ Outcome<ScheduleKind> requireScheduleKind(Desk& desk, const std::string& numberO
   }
   if (found.empty()) return Refused{Refused::Why::notThere, subject};
   if (found.size() == 1) return found.front();
-  const auto numbers = found | std::views::transform(&ScheduleKind::id);
+  std::vector<Id> numbers;
+  std::ranges::transform(found, std::back_inserter(numbers), &ScheduleKind::id);
   return Refused{
       Refused::Why::failed, subject,
       fmt::format("several have this name; give a number: {}", fmt::join(numbers, ", "))};
