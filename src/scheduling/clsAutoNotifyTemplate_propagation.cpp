@@ -149,14 +149,14 @@ std::string clsAutoNotifyTemplate::composeNotificationComment(Id notificationID)
 std::optional<std::string> clsAutoNotifyTemplate::textFor(Step& step, Id notificationID) {
   const Id scheduleID = getScheduleIDFromNotificationID(notificationID);
   const Id clientDataID = getClientDataIDFromScheduleID(scheduleID);
-  Id contactID = getContactIDFromScheduleID(scheduleID);
+  // Asked for as hosts know it, though a company's text goes without the entry's contact.
+  getContactIDFromScheduleID(scheduleID);
   if (clientDataID < 0) return std::nullopt;
   Id companyID = noId;
   step.assign(companyID, [&] { return clients().getCompanyIDFromClientID(clientDataID); });
-  contactID = noId;  // a company's text goes without the entry's contact
   if (scheduleID < 0) return std::nullopt;
   const Id taskID = getTaskIDFromScheduleID(scheduleID);
-  return generateComment(get_notificationComment(), scheduleID, taskID, companyID, contactID);
+  return generateComment(get_notificationComment(), scheduleID, taskID, companyID, noId);
 }
 
 }  // namespace autonotify
