@@ -17,6 +17,7 @@ inline const char* const orderedNotifications =
 inline std::vector<Id> addNamed(DatabaseReference& database,
                                 const std::vector<std::string>& names) {
   std::vector<Id> ids;
+  ids.reserve(names.size());
   for (const std::string& name : names)
     ids.push_back(addNotification(
         database, {{"Field1", name}, {"ScheduleIDNum", std::to_string(ids.size() + 1)}}));
