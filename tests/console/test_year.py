@@ -56,6 +56,20 @@ class YearTest(ConsoleTest):
         self.assertEqual((True, 2), tuple(self.state(email)))
         self.assertEqual(2 * len(self.tasks) + 1, len(self.rows()))
 
+    @files_only("the triggers are written as SQLite has them")
+    def test_a_pass_that_fails_leaves_what_was_there(self):
+        first, second = self.tasks[:2]
+        self.done(f"arm {first} --channel email")
+        before = [row[0] for row in self.rows()]
+        self.sql(f"""CREATE TRIGGER Doubled AFTER INSERT ON ClientNotification WHEN
+                     NEW.ScheduleIDNum={first} BEGIN INSERT INTO ClientNotification
+                     (ClientNotificationID, ScheduleIDNum, NotificationType)
+                     VALUES (900000, {first}, 1); END""")
+        self.sql(f"""CREATE TRIGGER Failing BEFORE INSERT ON ClientNotification WHEN
+                     NEW.ScheduleIDNum={second} BEGIN SELECT RAISE(ABORT, 'no room'); END""")
+        self.assertEqual(1, self.run_program(*self.line.split()).code)
+        self.assertEqual((before, []), ([row[0] for row in self.rows()], self.armed()))
+
     def test_kinds_and_personal_clients(self):
         for number, word in enumerate(FAMILIES, 101):
             with self.subTest(word):

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include "host/clients/record_rows.h"
 #include "host/desk/rows/readable_rows.h"
 #include "host/desk/work/claiming.h"
 #include "host/desk/work/task_families.h"
@@ -121,13 +122,27 @@ void runPass(Desk& desk, const YearWish& wish, const std::vector<ChannelBefore>&
   bulk->showForm(skipsFamilies);
 }
 
-void takeBack(Desk& desk, const std::vector<ChannelBefore>& before) {
-  for (const auto& [task, channel, row] : before) {
-    const Id added = row < 0 ? desk.control().cls_getNotificationID(task, channel) : noId;
-    if (added < 0) continue;
-    desk.control().cls_deleteNotification(added);
-    desk.control().cls_changeNotificationStatus(channel, nt_RemoveStatus, task);
+/// All notifications of the tasks, those that a task does not know of too.
+std::set<Id> notificationsOf(Desk& desk, const std::vector<Task>& tasks) {
+  std::set<Id> found;
+  for (const Task& task : tasks) {
+    const std::string sql = fmt::format(
+        "SELECT ClientNotification.ClientNotificationID FROM ClientNotification WHERE "
+        "ClientNotification.ScheduleIDNum={};",
+        task.id);
+    forEachRow(desk.database(), sql,
+               [&](const Row& row) { found.insert(row.id("ClientNotificationID")); });
   }
+  return found;
+}
+
+/// What was not there before goes, also where the task had a row that the pass did not find.
+void takeBack(Desk& desk, const std::vector<Task>& tasks, const std::set<Id>& rows,
+              const std::vector<ChannelBefore>& before) {
+  for (const Id row : notificationsOf(desk, tasks))
+    if (!rows.contains(row)) desk.control().cls_deleteNotification(row);
+  for (const auto& [task, channel, row] : before)
+    if (row < 0) desk.control().cls_changeNotificationStatus(channel, nt_RemoveStatus, task);
 }
 
 ChannelFate fateOf(const ChannelBefore& before, const std::optional<Notification>& row) {
@@ -182,8 +197,9 @@ YearOutcome scheduleYear(Desk& desk, const YearWish& wish) {
   };
   const std::string subject = subjectOf(wish.client);
   if (auto refused = tellComponent(desk, subject, prepare)) return *std::move(refused);
+  const std::set<Id> rows = notificationsOf(desk, *tasks);
   if (auto refused = tellComponent(desk, subject, [&] { runPass(desk, wish, before); })) {
-    takeBack(desk, before);
+    takeBack(desk, *tasks, rows, before);
     return *std::move(refused);
   }
   return outcomesOf(desk, *tasks, before);
