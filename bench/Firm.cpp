@@ -6,13 +6,20 @@
 #include <stdexcept>
 
 #include "contract/references.h"
+#include "host/clients/HostScheduleTreeService.h"
 #include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
 
 namespace autonotify::bench {
 namespace {
 
-constexpr int manyNotifications = 1'000'000;
+constexpr int manyNotifications = 100'000;
+constexpr int notificationsOfManyYears = 1'000'000;
+constexpr const char* addKinds =
+    "WITH RECURSIVE Numbers(Number) AS (SELECT count(*)+1 FROM ScheduleTypes UNION ALL SELECT "
+    "Number+1 FROM Numbers WHERE Number<250) INSERT INTO ScheduleTypes (TotalNum, ScheduleNum, "
+    "ScheduleTypeNum, ScheduleTypeName) SELECT 1000+Number/10, Number%10, Number, 'Kind '||Number "
+    "FROM Numbers";
 
 host::LocaleSettings settings() {
   host::LocaleSettings settings;
@@ -21,26 +28,30 @@ host::LocaleSettings settings() {
   return settings;
 }
 
-std::unique_ptr<host::SqliteDatabase> makeFile(const std::filesystem::path& path,
-                                               int pastNotifications) {
-  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + suffix);
-  std::unique_ptr<host::SqliteDatabase> database = host::createSqlite(path);
-  host::DemoOptions options;
-  options.pastNotifications = pastNotifications;
+std::unique_ptr<host::SqliteDatabase> filled(std::unique_ptr<host::SqliteDatabase> database,
+                                             const host::DemoOptions& options) {
   host::SqliteRowSink sink(database->connection());
   host::makeDemoFirm(sink, options);
   return database;
+}
+
+std::unique_ptr<host::SqliteDatabase> makeFile(const std::filesystem::path& path,
+                                               const host::DemoOptions& options = {}) {
+  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + suffix);
+  return filled(host::createSqlite(path), options);
 }
 
 }  // namespace
 
 Firm::Firm(std::unique_ptr<host::SqliteDatabase> database)
     : database_(std::move(database)),
-      clients_(*database_),
+      clients_(*database_, [this](bool isBatch) { database_->readSideBySide(isBatch); }),
       errors_(host::Terminal{}),
       messages_(host::Terminal{}),
       locale_(settings()),
-      workingFolder_(std::filesystem::temp_directory_path().string()) {}
+      workingFolder_(std::filesystem::temp_directory_path().string()) {
+  registry_.registerClass<host::HostScheduleTreeService>();
+}
 
 Firm::~Firm() {
   if (references().databaseReference == database_.get()) references() = References{};
@@ -98,21 +109,45 @@ Firm& Firms::inMemory() {
   return *inMemory_;
 }
 
+Firm& Firms::ofManyKinds() {
+  if (!ofManyKinds_) {
+    SQLite::Database copy = copyInMemory();
+    copy.exec(addKinds);
+    ofManyKinds_ = std::make_unique<Firm>(std::make_unique<host::SqliteDatabase>(std::move(copy)));
+  }
+  return *ofManyKinds_;
+}
+
 Firm& Firms::onDisk() {
-  if (!onDisk_) onDisk_ = std::make_unique<Firm>(makeFile(folder_ / "firm.db", 0));
+  if (!onDisk_) onDisk_ = std::make_unique<Firm>(makeFile(folder_ / "firm.db"));
   return *onDisk_;
+}
+
+Firm& Firms::ofManyNotifications() {
+  if (!ofManyNotifications_)
+    ofManyNotifications_ = std::make_unique<Firm>(
+        filled(host::createSqliteInMemory(), {.pastNotifications = manyNotifications}));
+  return *ofManyNotifications_;
 }
 
 Firm& Firms::ofManyYears() {
   if (!ofManyYears_)
-    ofManyYears_ = std::make_unique<Firm>(makeFile(fileOfManyYears(), manyNotifications));
+    ofManyYears_ = std::make_unique<Firm>(
+        makeFile(fileOfManyYears(), {.pastNotifications = notificationsOfManyYears}));
   return *ofManyYears_;
 }
 
-SQLite::Database Firms::copyInMemory() {
+Firm& Firms::ofManyTasks() {
+  if (!ofManyTasks_)
+    ofManyTasks_ =
+        std::make_unique<Firm>(makeFile(folder_ / "tasks.db", {.companies = 500, .contacts = 750}));
+  return *ofManyTasks_;
+}
+
+SQLite::Database copyInMemory(Firm& firm) {
   SQLite::Database copy(":memory:",
                         SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE | SQLite::OPEN_NOMUTEX);
-  SQLite::Backup(copy, onDisk().database().connection()).executeStep();
+  SQLite::Backup(copy, firm.database().connection()).executeStep();
   return copy;
 }
 

@@ -61,6 +61,9 @@ class Firm {
   std::vector<Id> entries_;
 };
 
+/// A connection to a fresh copy of the firm.
+SQLite::Database copyInMemory(Firm& firm);
+
 /// The firms of one run, each made when first asked for.
 class Firms {
  public:
@@ -69,12 +72,18 @@ class Firms {
 
   /// 200 companies and 300 people, three years of entries.
   Firm& inMemory();
+  /// The same in memory, with 250 kinds of entries.
+  Firm& ofManyKinds();
   /// The same in a file, with the settings that every program uses.
   Firm& onDisk();
+  /// The same in memory with 100,000 notifications of years past.
+  Firm& ofManyNotifications();
   /// The same in a file with 1,000,000 notifications of years past.
   Firm& ofManyYears();
+  /// More than 10,000 open tasks, in a file.
+  Firm& ofManyTasks();
   /// A connection to a fresh copy of the firm in memory.
-  SQLite::Database copyInMemory();
+  SQLite::Database copyInMemory() { return bench::copyInMemory(onDisk()); }
 
   /// Where the firm of many years is kept for other programs.
   std::filesystem::path fileOfManyYears() const { return folder_ / "million.db"; }
@@ -82,8 +91,11 @@ class Firms {
  private:
   std::filesystem::path folder_;
   std::unique_ptr<Firm> inMemory_;
+  std::unique_ptr<Firm> ofManyKinds_;
   std::unique_ptr<Firm> onDisk_;
+  std::unique_ptr<Firm> ofManyNotifications_;
   std::unique_ptr<Firm> ofManyYears_;
+  std::unique_ptr<Firm> ofManyTasks_;
 };
 
 }  // namespace autonotify::bench

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,11 +12,13 @@ namespace autonotify::bench {
 
 /// One call of the database contract that costs the engine something.
 struct DatabaseCall {
-  enum class Kind { open, read, next, close, set, save };
+  enum class Kind { open, read, next, close, set, save, update };
   Kind kind;
   RecordsetHandle handle;
-  /// The statement of an open; the column of a read and a set.
+  /// The statement of an open; the column of a read, a set and an update.
   std::string text;
+  /// What an update writes; the key of the row that was saved.
+  std::string value;
 };
 
 /// A database that notes the calls it answers.
@@ -51,13 +55,21 @@ class RecordedDatabase : public host::SqliteDatabase {
     return SqliteDatabase::setFieldValue(handle, fieldName, value);
   }
   bool saveNewRecord(RecordsetHandle handle) override {
-    note(DatabaseCall::Kind::save, handle);
-    return SqliteDatabase::saveNewRecord(handle);
+    SqliteDatabase::saveNewRecord(handle);
+    const sqlite3_int64 key = sqlite3_last_insert_rowid(connection().getHandle());
+    note(DatabaseCall::Kind::save, handle, {}, std::to_string(key));
+    return true;
+  }
+  bool updateFieldValue(RecordsetHandle handle, const std::string& fieldName,
+                        const std::string& value, bool reserved1, bool reserved2) override {
+    note(DatabaseCall::Kind::update, handle, fieldName, value);
+    return SqliteDatabase::updateFieldValue(handle, fieldName, value, reserved1, reserved2);
   }
 
  private:
-  void note(DatabaseCall::Kind kind, RecordsetHandle handle, const std::string& text = {}) {
-    calls_.push_back({kind, handle, text});
+  void note(DatabaseCall::Kind kind, RecordsetHandle handle, const std::string& text = {},
+            const std::string& value = {}) {
+    calls_.push_back({kind, handle, text, value});
   }
 
   std::vector<DatabaseCall> calls_;

@@ -77,7 +77,8 @@ class Replay::Composer {
     using enum DatabaseCall::Kind;
     if (call.kind == open) return begin(call);
     if (call.kind == set) return columns_.push_back(call.text);
-    if (call.kind == save) return insert();
+    if (call.kind == save) return insert(call.value);
+    if (call.kind == update) return write(call);
     const auto found = open_.find(call.handle);
     if (found == open_.end()) return;
     sqlite3_stmt* const statement = found->second;
@@ -99,32 +100,51 @@ class Replay::Composer {
     std::vector<sqlite3_stmt*> inUse;
     for (const auto& [handle, statement] : open_) inUse.push_back(statement);
     sqlite3_stmt* const statement = replay_.statementFor(translation.sql, inUse);
-    for (const Value& parameter : translation.parameters)
-      bind(statement, storedValue(replay_.connection_, parameter));
-    place_ = 0;
-    piece_.push_back({Step::Kind::row, statement});
+    bindAll(statement, translation.parameters);
+    run(statement);
     open_.emplace(call.handle, statement);
+    opened_[call.handle] = translation;
   }
 
-  void insert() {
-    std::string names;
-    std::string places;
+  /// The row is the one that was opened by its key.
+  void write(const DatabaseCall& call) {
+    const host::Translation& opened = opened_.at(call.handle);
+    std::string sql = opened.sql.substr(opened.from).replace(0, 4, "UPDATE");
+    sql.insert(sql.find(" WHERE "), " SET " + call.text + "=?");
+    sqlite3_stmt* const statement = replay_.statementFor(sql, {});
+    bind(statement, storedValue(replay_.connection_, Value(call.value)));
+    bindAll(statement, opened.parameters);
+    run(statement);
+    end(statement);
+  }
+
+  void insert(const std::string& key) {
+    std::string names = "ClientNotificationID";
+    std::string places = "?";
     for (const std::string& column : columns_) {
-      names += (names.empty() ? "" : ",") + column;
-      places += places.empty() ? "?" : ",?";
+      names += "," + column;
+      places += ",?";
     }
     sqlite3_stmt* const statement = replay_.statementFor(
         "INSERT INTO ClientNotification (" + names + ") VALUES (" + places + ")", {});
     const RawStatement stored = prepareRaw(
-        addedIn_,
-        "SELECT " + names + " FROM ClientNotification ORDER BY ClientNotificationID DESC LIMIT 1");
+        addedIn_, "SELECT " + names + " FROM ClientNotification WHERE ClientNotificationID=" + key);
     sqlite3_step(stored.get());
     for (int i = 0; i < sqlite3_column_count(stored.get()); ++i)
       bind(statement, RawValue(sqlite3_value_dup(sqlite3_column_value(stored.get(), i))));
-    place_ = 0;
-    piece_.push_back({Step::Kind::row, statement});
+    run(statement);
     end(statement);
     columns_.clear();
+  }
+
+  void bindAll(sqlite3_stmt* statement, const std::vector<Value>& parameters) {
+    for (const Value& parameter : parameters)
+      bind(statement, storedValue(replay_.connection_, parameter));
+  }
+
+  void run(sqlite3_stmt* statement) {
+    piece_.push_back({Step::Kind::row, statement});
+    place_ = 0;
   }
 
   void bind(sqlite3_stmt* statement, RawValue value) {
@@ -138,6 +158,7 @@ class Replay::Composer {
   const std::vector<DatabaseCall>& calls_;
   sqlite3* addedIn_;
   std::map<RecordsetHandle, sqlite3_stmt*> open_;
+  std::map<RecordsetHandle, host::Translation> opened_;
   std::vector<std::string> columns_;
   int place_ = 0;
   Piece piece_;

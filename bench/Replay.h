@@ -25,13 +25,14 @@ RawStatement prepareRaw(sqlite3* connection, std::string_view sql);
 void readRaw(sqlite3_stmt* statement, int column);
 
 /// The floor: the calls of one piece of work, as nothing but the engine's own statements, prepared
-/// before and shared by all pieces. Rows added go in as one INSERT each, with the values that the
-/// recorded work stored; a recordset that was opened for adding alone costs nothing.
+/// before and shared by all pieces. Rows added go in as one INSERT each, with the key and the
+/// values that the recorded work stored; a recordset that was opened for adding alone costs
+/// nothing.
 class Replay {
  public:
   explicit Replay(sqlite3* connection) : connection_(connection) {}
 
-  /// `addedIn` is the connection in which the recorded work has just added its row.
+  /// `addedIn` is the connection in which the recorded work has just added its rows.
   void add(const std::vector<DatabaseCall>& calls, sqlite3* addedIn);
   std::size_t pieces() const { return pieces_.size(); }
   void run(std::size_t piece);

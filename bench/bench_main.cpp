@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
   Firms firms(argv[1]);
   for (const auto registerRows :
        {registerSingleRow, registerMerge, registerComments, registerAdding, registerOpening,
-        registerPropagation, registerManyRows})
+        registerPropagation, registerBulkYear, registerManyRows, registerListLoad})
     registerRows(firms);
   MemoryMeter meter;
   if (isMetered) benchmark::RegisterMemoryManager(&meter);

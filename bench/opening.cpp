@@ -6,10 +6,12 @@
 #include "bench/Replay.h"
 #include "bench/raw_rows.h"
 #include "contract/references.h"
+#include "editor/frmTaskAutoNotification.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
 
-// A composer on a row that waits: the window is made, filled, shown for no time and unloaded.
+// A composer on a row that waits, and the editor of templates on a kind: the window is made,
+// filled, shown for no time and unloaded.
 
 namespace autonotify::bench {
 namespace {
@@ -71,30 +73,46 @@ class StatementTrace {
   std::map<sqlite3_stmt*, std::size_t> running_;
 };
 
-template <class Window>
-void open(Id row) {
-  Window window;
+template <class Composer>
+void openComposer(Id row) {
+  Composer window;
   window.InitializeEditAutoNotify(remittanceNotification, row, Tasks, noId);
   window.unload();
 }
 
-struct Composer {
-  const char* name;
-  notifyType channel;
-  void (*open)(Id row);
-};
-constexpr Composer composers[] = {
-    {"email", nt_Email, open<frmSendNotificationWizardEmail>},
-    {"letter", nt_Letter, open<frmSendNotificationWizardLetter>},
-};
+void openEditor(Id kind) {
+  frmTaskAutoNotification window;
+  window.Initialize(kind);
+  window.unload();
+}
 
 /// Few, so that what the floor prepares for them all stays near the processor.
-std::vector<Id> rowsOf(Firm& firm, const Composer& composer) {
+template <notifyType channel>
+std::vector<Id> waitingRows(Firm& firm) {
   return firm.ids(
       "SELECT ClientNotificationID FROM ClientNotification WHERE NotificationSent=FALSE AND "
       "ScheduleIDNum>=0 AND NotificationType=" +
-      std::to_string(composer.channel) + " ORDER BY ClientNotificationID LIMIT 10");
+      std::to_string(channel) + " ORDER BY ClientNotificationID LIMIT 10");
 }
+
+std::vector<Id> kinds(Firm& firm) {
+  return firm.ids("SELECT ScheduleTypeID FROM ScheduleTypes WHERE ScheduleNum>=0 LIMIT 10");
+}
+
+struct Opening {
+  const char* name;
+  Firm& (Firms::*firm)();
+  /// What it is opened on.
+  std::vector<Id> (*rows)(Firm& firm);
+  void (*open)(Id row);
+};
+constexpr Opening openings[] = {
+    {"email", &Firms::inMemory, waitingRows<nt_Email>,
+     openComposer<frmSendNotificationWizardEmail>},
+    {"letter", &Firms::inMemory, waitingRows<nt_Letter>,
+     openComposer<frmSendNotificationWizardLetter>},
+    {"editor", &Firms::ofManyKinds, kinds, openEditor},
+};
 
 /// Calls `measured` with one of the items after the other, round and round.
 template <class Item, class Measured>
@@ -107,24 +125,25 @@ void measureEach(benchmark::State& state, const std::vector<Item>& items, Measur
   }
 }
 
-Firm& attachedFirm(Firms& firms) {
+Firm& attachedFirm(Firms& firms, const Opening& opening) {
   static PassingFormHost forms;
-  firms.inMemory().attach();
+  Firm& firm = (firms.*opening.firm)();
+  firm.attach();
   references().platform.formHost = &forms;
-  return firms.inMemory();
+  return firm;
 }
 
-void openEach(benchmark::State& state, Firms& firms, const Composer& composer) {
-  Firm& firm = attachedFirm(firms);
-  measureEach(state, rowsOf(firm, composer), composer.open);
+void openEach(benchmark::State& state, Firms& firms, const Opening& opening) {
+  Firm& firm = attachedFirm(firms, opening);
+  measureEach(state, opening.rows(firm), opening.open);
   firm.requireNoErrors();
 }
 
 /// The statements of an opening, once what is prepared for the first one is there.
-std::vector<Execution> executionsOf(Firm& firm, const Composer& composer, Id row) {
-  composer.open(row);
+std::vector<Execution> executionsOf(Firm& firm, const Opening& opening, Id row) {
+  opening.open(row);
   const StatementTrace trace(firm.connection());
-  composer.open(row);
+  opening.open(row);
   return trace.prepare();
 }
 
@@ -135,23 +154,23 @@ void replay(const std::vector<Execution>& opening) {
   }
 }
 
-void replayEach(benchmark::State& state, Firms& firms, const Composer& composer) {
-  Firm& firm = attachedFirm(firms);
-  std::vector<std::vector<Execution>> openings;
-  for (const Id row : rowsOf(firm, composer)) openings.push_back(executionsOf(firm, composer, row));
-  measureEach(state, openings, replay);
+void replayEach(benchmark::State& state, Firms& firms, const Opening& opening) {
+  Firm& firm = attachedFirm(firms, opening);
+  std::vector<std::vector<Execution>> executions;
+  for (const Id row : opening.rows(firm)) executions.push_back(executionsOf(firm, opening, row));
+  measureEach(state, executions, replay);
   firm.requireNoErrors();
 }
 
 }  // namespace
 
 void registerOpening(Firms& firms) {
-  for (const Composer& composer : composers) {
-    const std::string row = std::string("open_") + composer.name;
+  for (const Opening& opening : openings) {
+    const std::string row = std::string("open_") + opening.name;
     benchmark::RegisterBenchmark((row + "/ours").c_str(),
-                                 [&](auto& state) { openEach(state, firms, composer); });
+                                 [&](auto& state) { openEach(state, firms, opening); });
     benchmark::RegisterBenchmark((row + "/floor").c_str(),
-                                 [&](auto& state) { replayEach(state, firms, composer); });
+                                 [&](auto& state) { replayEach(state, firms, opening); });
   }
 }
 

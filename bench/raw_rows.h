@@ -13,6 +13,8 @@ void registerComments(Firms& firms);
 void registerAdding(Firms& firms);
 void registerOpening(Firms& firms);
 void registerPropagation(Firms& firms);
+void registerBulkYear(Firms& firms);
 void registerManyRows(Firms& firms);
+void registerListLoad(Firms& firms);
 
 }  // namespace autonotify::bench

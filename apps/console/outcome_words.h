@@ -26,6 +26,9 @@ Done doneOrRefuse(host::Outcome<Done> outcome) {
 /// neither.
 bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& unreadable);
 
+/// Says on standard error where dates of the two days' years are counted without holidays.
+void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& reply);
+
 /// ", which is past: it is due at once" for a notification that is overdue; empty for others.
 std::string pastNote(host::Desk& desk, const host::Notification& row);
 
@@ -34,6 +37,10 @@ Reply rowReply(host::Desk& desk, const host::Notification& row, const std::strin
 
 /// The day for programs: null for the zero date.
 Json dayJson(DateTime moment);
+/// The same with its time.
+Json momentJson(DateTime moment);
+/// Null for an empty text, so that a table shows a dash.
+Json textJson(const std::string& text);
 /// "Client:         Jo Smith", a line of several with values below each other.
 std::string labelled(const char* name, const std::string& value);
 std::string withLineEnd(std::string text);

@@ -2,6 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <numeric>
+#include <utility>
+#include <vector>
+
 #include "Command.h"
 #include "host/desk/databases.h"
 #include "platform/text.h"
@@ -21,15 +26,40 @@ std::string pathOf(const CLI::App& command) {
   return parent ? pathOf(*parent) + command.get_name() + " " : "";
 }
 
-std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
-  return app.get_subcommands([](const CLI::App*) { return true; });
-}
-
 std::string commandNames(const CLI::App& app) {
   std::string names;
   for (const CLI::App* command : commandsOf(app))
     names += (names.empty() ? "" : ", ") + command->get_name();
   return names;
+}
+
+/// How many letters must be put in, taken out or replaced to make one word of the other.
+std::size_t distanceOf(const std::string& one, const std::string& other) {
+  std::vector<std::size_t> row(other.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    std::size_t diagonal = std::exchange(row[0], i + 1);
+    for (std::size_t j = 0; j < other.size(); ++j) {
+      const std::size_t replaced = diagonal + (one[i] == other[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+    }
+  }
+  return row.back();
+}
+
+/// The command that was meant, by its spelling; empty for none that is near.
+std::string nearestCommand(const CLI::App& app, const std::string& typed) {
+  constexpr std::size_t farthest = 2;
+  std::string nearest;
+  std::size_t least = std::min(farthest, typed.size() / 2) + 1;
+  for (const CLI::App* command : commandsOf(app)) {
+    const std::size_t distance = distanceOf(typed, command->get_name());
+    if (distance >= least) continue;
+    least = distance;
+    nearest = command->get_name();
+  }
+  return nearest;
 }
 
 /// The first argument that no command or option took, without a password; empty for none.
@@ -48,10 +78,7 @@ std::string faultOf(const CLI::App& app, const CLI::ParseError& error) {
   if (isOption) return fmt::format("there is no option \"{}\"", stray);
   const CLI::App& chosen = chosenOf(app);
   const bool hasCommand = commandsOf(chosen).empty();
-  if (!hasCommand && !stray.empty()) {
-    return fmt::format("there is no command \"{}{}\"; commands: {}", pathOf(chosen), stray,
-                       commandNames(chosen));
-  }
+  if (!hasCommand && !stray.empty()) return unknownCommand(chosen, stray);
   const std::string words = error.what();
   if (isA(error, CLI::ExitCodes::ArgumentMismatch)) {
     return words.substr(0, words.find(':')) + ": a value is missing";
@@ -70,6 +97,17 @@ bool isOfGeneralOption(const CLI::App& app, const std::string& fault) {
 }
 
 }  // namespace
+
+std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
+  return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+std::string unknownCommand(const CLI::App& above, const std::string& typed) {
+  const std::string near = nearestCommand(above, typed);
+  return fmt::format("there is no command \"{}{}\"; {}{}", pathOf(above), typed,
+                     near.empty() ? "commands: " : "did you mean ",
+                     near.empty() ? commandNames(above) : near + '?');
+}
 
 std::string usageFault(const CLI::App& app, const CLI::ParseError& error) {
   const std::string fault = faultOf(app, error);

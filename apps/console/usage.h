@@ -2,8 +2,15 @@
 
 #include <CLI/CLI.hpp>
 #include <string>
+#include <vector>
 
 namespace autonotify::console {
+
+/// Those below the program or a command, as they were added.
+std::vector<const CLI::App*> commandsOf(const CLI::App& app);
+
+/// For a word that stands where one of the commands should: which was meant, or all that there are.
+std::string unknownCommand(const CLI::App& above, const std::string& typed);
 
 /// The line for a command line that cannot be understood, in plain words. Arguments that read their
 /// own text have worded their errors themselves.

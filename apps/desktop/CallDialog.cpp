@@ -51,6 +51,7 @@ CallDialog::CallDialog(const host::Notification& call, const QString& subject, Q
   about->setFont(bold);
   auto* text = new QTextEdit(this);
   text->setReadOnly(true);
+  text->setAccessibleName(tr("Text of the notification"));
   text->setPlainText(shown(plainTextOf(call.memo)));
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(about);
@@ -59,6 +60,7 @@ CallDialog::CallDialog(const host::Notification& call, const QString& subject, Q
   note_ = new QLineEdit(this);
   note_->setObjectName("note");
   note_->setPlaceholderText(tr("A note about the call"));
+  note_->setAccessibleName(note_->placeholderText());
   layout->addWidget(note_);
   layout->addWidget(makeButtons());
   resize(usualSize);

@@ -8,16 +8,19 @@
 
 namespace autonotify::desktop {
 
-// Gathers its acts while the component lets the host handle messages, and in setValue.
+// The dialog's own setValue would handle messages at every value; its bar alone is painted where
+// that shows.
 void DialogProgress::draw() {
   if (!dialog_) bringUp();
-  dialog_->setMaximum(std::max(maximum(), 1));
-  dialog_->setValue(value());
+  bar_->setMaximum(std::max(maximum(), 1));
+  bar_->setValue(value());
+  pump_.step(QEventLoop::AllEvents);
   if (dialog_->wasCanceled()) throw PlatformError(cancelled, "The work was cancelled", className);
 }
 
 void DialogProgress::bringUp() {
   dialog_ = std::make_unique<QProgressDialog>(shown(text()), QObject::tr("Cancel"), 0, 1);
+  bar_ = dialog_->findChild<QProgressBar*>();
   dialog_->setObjectName("progressDialog");
   dialog_->setWindowTitle(QApplication::applicationDisplayName());
   dialog_->setWindowModality(Qt::ApplicationModal);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <memory>
 
+#include "binding/MessagePump.h"
 #include "host/services/HostProgressDialog.h"
 
 namespace autonotify::desktop {
@@ -17,6 +19,8 @@ class DialogProgress : public host::HostProgressDialog {
   void bringUp();
 
   std::unique_ptr<QProgressDialog> dialog_;
+  QProgressBar* bar_ = nullptr;  // of the dialog
+  MessagePump pump_;
 };
 
 }  // namespace autonotify::desktop

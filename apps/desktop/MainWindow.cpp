@@ -4,18 +4,27 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
+#include <QSessionManager>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTime>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 
+#include "binding/DateBinding.h"
 #include "host/desk/databases.h"
 #include "host/desk/work/due_list.h"
+#include "host/desk/work/firm_holidays.h"
+#include "host/desk/work/guard_composer.h"
+#include "host/desk/work/people_list.h"
 #include "mail_choice.h"
 #include "outcome_texts.h"
 #include "qt_text.h"
@@ -25,32 +34,33 @@ namespace {
 
 constexpr const char* geometryKey = "mainWindow";
 
-enum Page { noDatabasePage, noTaskPage, taskPage };
+enum Page { noDatabasePage, noTaskPage, taskPage, dayPage, clientsPage };
+
+constexpr QSize firstSize(1366, 768);
+constexpr int marginOfWindow = 8;
 
 }  // namespace
 
 MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
-    : QMainWindow(parent), options_(std::move(options)), forms_(*this), tasks_(new TaskPage(this)) {
+    : QMainWindow(parent),
+      options_(std::move(options)),
+      forms_(*this),
+      tasks_(new TaskPage(this)),
+      day_(new DayPage(this)),
+      clients_(new ClientsPage(this)),
+      navigation_(new Navigation(this)) {
   setWindowTitle(tr("Client Notifications"));
   forms_.setFieldNames([this] { return fieldNames(); });
+  forms_.setToday([this] { return desk_ ? qtDate(desk_->today()) : QDate::currentDate(); });
+  forms_.setHolding([this](const Form& form) { return claimFor(form); });
+  forms_.setGuarding([this](Form& form) { return host::guardComposer(form, messages_); });
   makeActions();
-  pages_ = new QStackedWidget(this);
-  pages_->addWidget(makeEmptyPage(tr("No database is open"),
-                                  tr("Open your firm's database to see its tasks."),
-                                  {action("openDatabase"), action("openServer")}));
-  pages_->addWidget(makeEmptyPage(tr("No open task"), tr("The firm has nothing left to do."), {}));
-  pages_->addWidget(tasks_);
-  setCentralWidget(pages_);
+  makePages();
   makeMenus();
   makeStatusBar();
-  connect(tasks_, &TaskPage::failed, this, &MainWindow::tellFault);
-  connect(tasks_, &TaskPage::read, this, &MainWindow::showUnreadable);
-  connect(tasks_, &TaskPage::activated, this, [this] { perform(&MainWindow::openTask); });
-  connect(tasks_, &TaskPage::changed, this, [this] {
-    updatePage();
-    updateCommands();
-  });
-  resize(1000, 640);
+  connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::endSession,
+          Qt::DirectConnection);
+  resize(firstSize);
   restoreGeometry(QSettings().value(geometryKey).toByteArray());
   if (!options_.database.empty()) openDatabase(shown(options_.database));
   updatePage();
@@ -59,24 +69,53 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
 
 MainWindow::~MainWindow() {
   QSettings().setValue(geometryKey, saveGeometry());
+  clients_->clear();
+  day_->setDesk(nullptr);
   tasks_->setDesk(nullptr);
+}
+
+void MainWindow::makePages() {
+  pages_ = new QStackedWidget(this);
+  pages_->addWidget(makeEmptyPage(tr("No database is open"),
+                                  tr("Open your firm's database to see its tasks."),
+                                  {action("openDatabase"), action("openServer")}));
+  pages_->addWidget(makeEmptyPage(tr("No open task"), tr("The firm has nothing left to do."), {}));
+  pages_->addWidget(tasks_);
+  pages_->addWidget(day_);
+  pages_->addWidget(clients_);
+  auto* centre = new QWidget(this);
+  auto* layout = new QHBoxLayout(centre);
+  layout->setContentsMargins(marginOfWindow, marginOfWindow, 0, 0);
+  layout->addWidget(navigation_);
+  layout->addWidget(pages_, 1);
+  setCentralWidget(centre);
+  connect(navigation_, &Navigation::chosen, this, &MainWindow::goTo);
+  connect(tasks_, &TaskPage::failed, this, &MainWindow::tellFault);
+  connect(tasks_, &TaskPage::read, this, &MainWindow::showUnreadable);
+  connect(tasks_, &TaskPage::activated, this, [this] { perform(&MainWindow::openTask); });
+  connect(tasks_, &TaskPage::changed, this, [this] {
+    updatePage();
+    updateCommands();
+  });
+  connect(day_, &DayPage::failed, this, &MainWindow::tellFault, Qt::QueuedConnection);
+  connect(day_, &DayPage::read, this, &MainWindow::showUnreadable);
+  connect(day_, &DayPage::acted, this, [this] { perform(&MainWindow::actOnRow); });
+  connect(clients_, &ClientsPage::failed, this, &MainWindow::tellFault, Qt::QueuedConnection);
+  connect(day_, &DayPage::editWanted, action("editRow"), &QAction::trigger);
+  connect(day_, &DayPage::historyWanted, this, &MainWindow::showHistory);
+  connect(day_, &DayPage::changed, this, &MainWindow::updateDay);
 }
 
 bool MainWindow::openDatabase(const QString& place) {
   host::DeskOptions options = options_;
   const bool isFile = host::isFile(plain(place));
   options.database = plain(isFile ? QFileInfo(place).absoluteFilePath() : place);
-  QString fault;
+  const bool wasOpen = desk_ != nullptr;
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  try {
-    auto desk = makeDesk(options, {errors_, messages_, forms_});
-    tasks_->setDesk(desk.get());
-    desk_ = std::move(desk);
-  } catch (const PlatformError& error) {
-    fault = faultOf(error.description());
-  } catch (const std::exception& error) {
-    fault = shown(error.what());
-  }
+  const QString fault = takeDesk(options);
+  if (!fault.isEmpty() && wasOpen) takeDesk(options_);
+  goTo(place_);
+  updatePage();
   QApplication::restoreOverrideCursor();
   const QString name = shown(host::placeShown(plain(place)));
   if (!fault.isEmpty()) {
@@ -91,8 +130,46 @@ bool MainWindow::openDatabase(const QString& place) {
   return true;
 }
 
+// The component knows one desk at a time: the one before goes first.
+QString MainWindow::takeDesk(const host::DeskOptions& options) {
+  const auto giveUp = [this] {
+    tasks_->setDesk(nullptr);
+    clients_->clear();
+    day_->setDesk(nullptr);
+    desk_.reset();
+  };
+  giveUp();
+  QString fault;
+  try {
+    desk_ = makeDesk(options, {errors_, messages_, forms_});
+    day_->setDesk(desk_.get());
+    tasksAreOld_ = clientsAreOld_ = true;
+  } catch (const PlatformError& error) {
+    fault = faultOf(error.description());
+  } catch (const std::exception& error) {
+    fault = shown(error.what());
+  }
+  if (!fault.isEmpty()) giveUp();
+  return fault;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(!isAtWork_);
+}
+
+bool MainWindow::closeWindows() {
+  if (!QApplication::activeModalWidget()) return !isAtWork_;
+  while (const QPointer<QWidget> top = QApplication::activeModalWidget()) {
+    top->close();
+    if (top && top->isVisible()) return false;
+  }
+  return true;
+}
+
+void MainWindow::endSession(QSessionManager& session) {
+  const bool mayEnd = session.allowsInteraction() ? closeWindows() : !isAtWork_;
+  if (!mayEnd) session.cancel();
+  session.release();
 }
 
 QWidget* MainWindow::makeEmptyPage(const QString& title, const QString& hint,
@@ -122,7 +199,10 @@ void MainWindow::makeStatusBar() {
   unreadable_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   statusBar()->addWidget(unreadable_, 1);
   counts_ = new QLabel(this);
-  statusBar()->addPermanentWidget(counts_);
+  counts_->setObjectName("counts");
+  statusBar()->insertWidget(0, counts_);
+  upToDate_ = new QLabel(this);
+  statusBar()->addPermanentWidget(upToDate_);
 }
 
 void MainWindow::tellFault(const QString& message) {
@@ -133,7 +213,12 @@ void MainWindow::tellFault(const QString& message) {
 }
 
 void MainWindow::updatePage() {
-  pages_->setCurrentIndex(tasks_->hasTasks() ? taskPage : desk_ ? noTaskPage : noDatabasePage);
+  navigation_->setVisible(hasDesk());
+  const Page rows = place_ == Navigation::Place::clients ? clientsPage
+                    : isDayPage()                        ? dayPage
+                    : tasks_->hasTasks()                 ? taskPage
+                                                         : noTaskPage;
+  pages_->setCurrentIndex(hasDesk() ? rows : noDatabasePage);
 }
 
 void MainWindow::updateCounts() {
@@ -150,18 +235,27 @@ void MainWindow::paintEvent(QPaintEvent* event) {
 void MainWindow::showCounts() {
   if (!desk_) return;
   try {
+    day_->reload();
     const auto tasks = host::countTasks(*desk_, {});
     const auto due = host::countDueNotifications(*desk_);
-    counts_->setText(tasks == 1 ? tr("1 open task") : tr("%L1 open tasks").arg(tasks));
-    tasks_->showDue(due);
+    const QString warning = shown(host::missingHolidays(*desk_, desk_->today(), desk_->today()));
+    navigation_->setBadge(Navigation::Place::tasks, tasks);
+    navigation_->setBadge(Navigation::Place::list, due);
+    navigation_->setBadge(Navigation::Place::clients, host::countClients(*desk_));
+    const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
+    upToDate_->setText((warning.isEmpty() ? QString() : warning + "; ") +
+                       tr("Up to date at %1").arg(time));
   } catch (const PlatformError& error) {
     counts_->setText(faultOf(error.description()));
   }
 }
 
 void MainWindow::showUnreadable() {
-  unreadable_->setText(textOf(tasks_->unreadable()));
-  unreadable_->setToolTip(detailsOf(tasks_->unreadable()));
+  const host::UnreadableRows& rows = isDayPage()                            ? day_->day().unreadable
+                                     : place_ == Navigation::Place::clients ? clients_->unreadable()
+                                                                            : tasks_->unreadable();
+  unreadable_->setText(textOf(rows));
+  unreadable_->setToolTip(detailsOf(rows));
 }
 
 }  // namespace autonotify::desktop

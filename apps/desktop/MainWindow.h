@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -9,13 +10,19 @@
 #include "DialogMsgbox.h"
 #include "TaskPage.h"
 #include "binding/QtFormHost.h"
+#include "day/ClientsPage.h"
+#include "day/DayPage.h"
+#include "day/Navigation.h"
 #include "host/desk/Desk.h"
 #include "host/desk/work/notify_client.h"
 #include "host/desk/work/schedule_year.h"
+#include "host/desk/work/send_notification.h"
 #include "task_notes.h"
 
 class QAction;
 class QLabel;
+class QLineEdit;
+class QSessionManager;
 class QStackedWidget;
 
 namespace autonotify::desktop {
@@ -23,8 +30,8 @@ namespace autonotify::desktop {
 /// The setting that holds the database opened last.
 inline constexpr const char* lastDatabaseKey = "lastDatabase";
 
-/// The firm's open tasks, and what can be done about their notifications. Its commands are rows of
-/// a table (MainWindow_commands.cpp).
+/// What the firm's clients are to be told today, its open tasks, and what can be done about them.
+/// Its commands are rows of a table (MainWindow_commands.cpp).
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
@@ -38,11 +45,18 @@ class MainWindow : public QMainWindow {
   bool openDatabase(const QString& place);
   /// Null while no database is open.
   host::Desk* desk() { return desk_.get(); }
+  /// Closes the windows that are up, each as its close box does: what is not saved is asked about.
+  /// False where one stays, or a command runs without one.
+  bool closeWindows();
+  /// Shows the page, or opens the window that is at that place.
+  void goTo(Navigation::Place place);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   /// Stays while a command runs.
   void closeEvent(QCloseEvent* event) override;
+  /// Keys in the field that finds rows.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   enum CommandPlace { inMenu, inMenuBelowLine, inMenuAndBar };
@@ -63,15 +77,20 @@ class MainWindow : public QMainWindow {
 
   void makeActions();
   void makeMenus();
+  void makeGoMenu();
   void makeStatusBar();
+  void makePages();
+  /// The field that finds rows of the page.
+  QWidget* makeFind();
   QAction* action(const char* name) const;
   QWidget* makeEmptyPage(const QString& title, const QString& hint, const QList<QAction*>& actions);
 
   // When a command can be run.
   bool always() const { return true; }
   bool hasDesk() const { return desk_ != nullptr; }
-  bool hasTask() const { return tasks_->chosen() != nullptr; }
-  /// As the list has it.
+  bool hasTask() const { return chosen() != nullptr; }
+  bool hasRow() const { return isDayPage() && day_->chosen(); }
+  /// As the page has it.
   bool callWaits() const;
   bool canSchedule() const { return hasTask() && !emailWaits(); }
   /// For the chosen task's date.
@@ -95,18 +114,56 @@ class MainWindow : public QMainWindow {
   using Notes = WindowNotes (*)(host::Desk& desk, const host::TaskLine& line);
   /// Has a message to the chosen task's client composed, in windows that bear the notes.
   void compose(UseCase useCase, Notes notesOf);
+  /// Tells where the documents that were filed meanwhile lie.
+  void showFiled();
+  /// Tells to whom emails went at once, and offers to cancel the one about the task that waits.
+  void showSent(Id task);
+  /// In place of the present one; gives what is wrong with it, empty for nothing.
+  QString takeDesk(const host::DeskOptions& options);
+  void openNotifications();
   void callClient();
+  /// While the person is on the telephone no other desk calls the client.
+  void call(const host::Notification& row, const QString& subject);
+
+  // Of the day (MainWindow_day.cpp).
+  /// What the button of the chosen row says.
+  void actOnRow();
+  void sendEmail(Id notification);
+  void sendThroughProgram(Id notification);
+  void showDocument(Id notification);
+  void callRow(Id notification);
+  /// Opens the window in which the row's address and text are changed.
+  void editRow();
+  void tellSent(const host::SendOutcome& outcome);
+  /// "%1" in the question stands for the name.
+  bool isSureOf(const QString& question, const QString& name = {});
+  void updateDay();
+  bool isDayPage() const;
+  /// What of the page is out of date is read.
+  void readPage();
+  /// All that the client of the chosen row was told and will be.
+  void showHistory();
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
   void editTemplates();
+  /// What keeps other desks off that which the window changes. Its editor of templates may come up
+  /// from other windows too.
+  std::shared_ptr<void> claimFor(const Form& form);
   /// As templates of tasks spell them.
-  QSet<QString> fieldNames();
+  FieldNames fieldNames();
   void changeOptions();
+  /// The person logs out: stays where a window does.
+  void endSession(QSessionManager& session);
   void refresh();
-  void findTask() { tasks_->focusFilter(); }
+  void find();
+  void applyFilter();
+  void goToRows();
+  void goToNextPane();
   void showAbout();
   void tellFault(const QString& message);
 
+  /// The task that is chosen, on whichever page; null for none.
+  const host::TaskLine* chosen() const;
   void updateCommands();
   void updatePage();
   /// The counts follow when the window has been painted.
@@ -121,11 +178,22 @@ class MainWindow : public QMainWindow {
   QtFormHost forms_;
   std::unique_ptr<host::Desk> desk_;
   TaskPage* tasks_;
+  DayPage* day_;
+  ClientsPage* clients_;
+  Navigation* navigation_;
+  Navigation::Place place_ = Navigation::Place::today;
+  /// Of the day's chosen row.
+  std::optional<host::TaskLine> dayTask_;
+  QLineEdit* find_ = nullptr;
+  // Not read since something was done.
+  bool tasksAreOld_ = true;
+  bool clientsAreOld_ = true;
 
   /// In the order of commands().
   std::vector<QAction*> actions_;
   QLabel* unreadable_ = nullptr;
   QLabel* counts_ = nullptr;
+  QLabel* upToDate_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   bool countsAreOld_ = false;
   bool isAtWork_ = false;

@@ -9,15 +9,20 @@
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 
 #include "CallDialog.h"
 #include "MainWindow.h"
 #include "OptionsDialog.h"
 #include "binding/FaultWatch.h"
+#include "contract/ProgressDialog.h"
 #include "host/desk/databases.h"
+#include "host/desk/day_text.h"
+#include "host/desk/work/change_notification.h"
 #include "host/desk/work/claiming.h"
 #include "host/desk/work/edit_templates.h"
+#include "host/desk/work/open_notification_list.h"
 #include "outcome_texts.h"
 #include "qt_text.h"
 
@@ -26,7 +31,9 @@ namespace {
 
 /// Its commands are about the chosen task, and are offered at the task too.
 constexpr const char* taskMenu = "&Task";
+constexpr const char* toolsMenu = "T&ools";
 constexpr int filedMessageMs = 15000;
+constexpr int sentMessageMs = 15000;
 
 }  // namespace
 
@@ -40,6 +47,8 @@ std::span<const MainWindow::Command> MainWindow::commands() {
        &Self::always, &Self::chooseServer},
       {"quit", "&File", "&Quit", QKeySequence::Quit, "application-exit", "", inMenuBelowLine,
        &Self::always, &Self::quit},
+      {"actOnRow", taskMenu, "Send, Print or &Call", noKeys, "mail-send",
+       "Do what the button of the chosen row says", inMenu, &Self::hasRow, &Self::actOnRow},
       {"notifyNow", taskMenu, "&Notify Now...", Qt::CTRL | Qt::Key_N, "mail-send",
        "Choose how the client of the chosen task hears of it now", inMenuAndBar, &Self::hasTask,
        &Self::notifyNow},
@@ -47,15 +56,16 @@ std::span<const MainWindow::Command> MainWindow::commands() {
        Qt::CTRL | Qt::SHIFT | Qt::Key_N, "appointment-new",
        "Choose how the client hears of the task on its notification date", inMenuAndBar,
        &Self::hasTask, &Self::notifyAutomatically},
+      {"editRow", taskMenu, "Edit Notificat&ion...", Qt::Key_F2, "document-edit",
+       "Change the text and the address of the chosen row", inMenuAndBar, &Self::hasRow,
+       &Self::editRow},
       {"composeEmail", taskMenu, "&Email Now...", Qt::CTRL | Qt::Key_E, "mail-message-new",
-       "Write to the client of the chosen task now", inMenuAndBar, &Self::hasTask,
-       &Self::composeEmail},
+       "Write to the client of the chosen task now", inMenu, &Self::hasTask, &Self::composeEmail},
       {"scheduleEmail", taskMenu, "&Schedule Email...", Qt::CTRL | Qt::Key_S, "view-calendar-day",
-       "Have the client notified by email on the task's notification date", inMenuAndBar,
+       "Have the client notified by email on the task's notification date", inMenu,
        &Self::canSchedule, &Self::scheduleEmail},
       {"editEmail", taskMenu, "E&dit Email...", Qt::CTRL | Qt::Key_D, "document-edit",
-       "Change the email that waits for its date", inMenuAndBar, &Self::emailWaits,
-       &Self::editEmail},
+       "Change the email that waits for its date", inMenu, &Self::emailWaits, &Self::editEmail},
       {"callClient", taskMenu, "&Call Client...", Qt::CTRL | Qt::Key_T, "call-start",
        "Show the call that waits, and note how it went", inMenu, &Self::callWaits,
        &Self::callClient},
@@ -68,14 +78,19 @@ std::span<const MainWindow::Command> MainWindow::commands() {
       {"scheduleYear", taskMenu, "Schedule a &Year...", Qt::CTRL | Qt::Key_Y, "view-calendar-day",
        "Choose how the client of the chosen task hears of all tasks of a year", inMenuBelowLine,
        &Self::hasTask, &Self::scheduleYear},
+      {"notifications", "&View", "&Notifications...", Qt::CTRL | Qt::Key_L, "view-list-details",
+       "Find, sort and send notifications, those that are due first", inMenu, &Self::hasDesk,
+       &Self::openNotifications},
       {"refresh", "&View", "&Refresh", QKeySequence::Refresh, "view-refresh", "", inMenuAndBar,
        &Self::hasDesk, &Self::refresh},
-      {"findTask", "&View", "&Find Task", QKeySequence::Find, "edit-find", "", inMenu,
-       &Self::always, &Self::findTask},
-      {"editTemplates", "T&ools", "&Templates...", noKeys, "document-new-from-template",
+      {"find", "&View", "&Find", QKeySequence::Find, "edit-find", "", inMenu, &Self::hasDesk,
+       &Self::find},
+      {"nextPane", "&View", "Next &Pane", Qt::Key_F6, "", "", inMenu, &Self::hasDesk,
+       &Self::goToNextPane},
+      {"editTemplates", toolsMenu, "&Templates...", noKeys, "document-new-from-template",
        "Edit the texts that clients are notified with", inMenu, &Self::hasDesk,
        &Self::editTemplates},
-      {"options", "T&ools", "&Options...", noKeys, "configure", "", inMenu, &Self::always,
+      {"options", toolsMenu, "&Options...", noKeys, "configure", "", inMenu, &Self::always,
        &Self::changeOptions},
       {"about", "&Help", "&About", noKeys, "help-about", "", inMenu, &Self::always,
        &Self::showAbout},
@@ -99,17 +114,23 @@ void MainWindow::makeMenus() {
   bar->setObjectName("commands");
   bar->setMovable(false);
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  bar->setIconSize({icon, icon});
   QMenu* menu = nullptr;
   std::string title;
   for (const Command& command : commands()) {
+    if (title != command.menu && command.menu == std::string(toolsMenu)) makeGoMenu();
     if (title != command.menu) menu = menuBar()->addMenu(tr(command.menu));
     title = command.menu;
     if (command.place == inMenuBelowLine) menu->addSeparator();
     menu->addAction(action(command.name));
-    if (title == taskMenu)
+    if (title == taskMenu) {
       tasks_->addCommand(action(command.name), command.place == inMenuBelowLine);
+      day_->addCommand(action(command.name), command.place == inMenuBelowLine);
+    }
     if (command.place == inMenuAndBar) bar->addAction(action(command.name));
   }
+  bar->addWidget(makeFind());
 }
 
 QAction* MainWindow::action(const char* name) const {
@@ -143,12 +164,12 @@ void MainWindow::perform(void (MainWindow::*run)()) {
 }
 
 bool MainWindow::emailWaits() const {
-  const host::TaskLine* line = tasks_->chosen();
+  const host::TaskLine* line = chosen();
   return line && (line->pendingChannels & nt_Email);
 }
 
 bool MainWindow::callWaits() const {
-  const host::TaskLine* line = tasks_->chosen();
+  const host::TaskLine* line = chosen();
   return line && (line->pendingChannels & nt_Phone);
 }
 
@@ -174,51 +195,100 @@ void MainWindow::quit() {
 }
 
 void MainWindow::compose(UseCase useCase, Notes notesOf) {
-  const host::TaskLine* line = tasks_->chosen();
+  const host::TaskLine* line = chosen();
   if (!line) return;
   // What one left that ended in a fault is not of this one.
   desk_->takeFiled();
+  desk_->takeSent();
   forms_.setNotes(notesOf(*desk_, *line));
-  const QString words = textOf(useCase(*desk_, line->task.id));
+  const Id task = line->task.id;
+  const QString words = textOf(useCase(*desk_, task));
   if (!words.isEmpty()) tellFault(words);
-  for (const host::FiledDocument& document : desk_->takeFiled())
-    statusBar()->showMessage(tr("Filed as %1").arg(shown(document.path)), filedMessageMs);
+  showFiled();
+  showSent(task);
   refresh();
 }
 
-// While the person is on the telephone no other desk calls the same client, and what one has noted
-// before is known.
+void MainWindow::showSent(Id task) {
+  for (const Id id : desk_->takeSent()) {
+    const auto sent = host::findNotification(*desk_, id);
+    if (!sent) continue;
+    statusBar()->showMessage(tr("Sent to %1").arg(shown(addressOf(*sent))), sentMessageMs);
+    const auto waiting = host::findWaitingEmail(*desk_, task);
+    if (!waiting) continue;
+    const QString question =
+        tr("An email about this task still waits for %1. Do you want to cancel that one?")
+            .arg(shown(host::dayText(waiting->date)));
+    const int answer = messages_.askQuestion(plain(question), message_style::alreadySent, nullptr,
+                                             0, 0, 0, 0, {}, 0);
+    if (answer != message_answer::yes) continue;
+    const auto cancelled = host::cancelNotification(*desk_, waiting->id);
+    if (!cancelled) tellFault(textOf(cancelled.refused()));
+  }
+}
+
+void MainWindow::showFiled() {
+  for (const host::FiledDocument& document : desk_->takeFiled())
+    statusBar()->showMessage(tr("Filed as %1").arg(shown(document.path)), filedMessageMs);
+}
+
+void MainWindow::openNotifications() {
+  desk_->takeFiled();
+  forms_.setNotes({});
+  const auto tell = [this](const host::RefusedRow& row) {
+    messages_.showMessage(plain(textOf(row)), message_style::warning, nullptr, 0, 0, 0, 0, {}, 0);
+  };
+  const auto name = [this](const host::Notification& row) {
+    forms_.setNotes(rowNotes(*desk_, row));
+  };
+  host::openNotificationList(*desk_, {name, tell});
+  showFiled();
+  refresh();
+}
+
 void MainWindow::callClient() {
-  const host::TaskLine* line = tasks_->chosen();
+  const host::TaskLine* line = chosen();
   if (!line) return;
   const auto claimed = host::claimTask(*desk_, line->task.id);
   if (!claimed) return tellFault(textOf(claimed.refused()));
-  const auto call = host::findWaitingCall(*desk_, line->task.id);
-  if (!call) {
-    tellFault(tr("No call of this task waits any more."));
-    return refresh();
-  }
-  CallDialog dialog(*call, subjectOf(*line), this);
+  const auto waiting = host::findWaitingCall(*desk_, line->task.id);
+  if (waiting) return call(*waiting, subjectOf(*line));
+  tellFault(tr("No call of this task waits any more."));
+  refresh();
+}
+
+void MainWindow::call(const host::Notification& row, const QString& subject) {
+  CallDialog dialog(row, subject, this);
   if (dialog.exec() != QDialog::Accepted) return;
-  const QString words =
-      textOf(host::noteCall(*desk_, call->id, dialog.callResult(), dialog.note()));
+  const QString words = textOf(host::noteCall(*desk_, row.id, dialog.callResult(), dialog.note()));
   if (!words.isEmpty()) tellFault(words);
   refresh();
 }
 
 void MainWindow::editTemplates() {
   forms_.setNotes({});
-  const host::TaskLine* line = tasks_->chosen();
+  const host::TaskLine* line = chosen();
   const auto refused = host::editTemplates(*desk_, line ? line->task.id : noId);
   if (refused) tellFault(textOf(*refused));
 }
 
-QSet<QString> MainWindow::fieldNames() {
-  QSet<QString> names;
+std::shared_ptr<void> MainWindow::claimFor(const Form& form) {
+  if (form.name() != "frmTaskAutoNotification") return nullptr;
+  auto claim = host::claimTemplates(*desk_);
+  if (claim) return *std::move(claim);
+  const QString words = tr("Another desk is changing the templates. Try again when it is done.");
+  messages_.showMessage(plain(words), message_style::warning, nullptr, 0, 0, 0, 0, {}, 0);
+  throw PlatformError(ProgressDialog::cancelled, "The templates are claimed by another desk");
+}
+
+FieldNames MainWindow::fieldNames() {
+  FieldNames names;
   if (!desk_) return names;
   for (const MergeFieldInfo& field : desk_->tools().listMergeFields(MergeUse::task)) {
-    static const QRegularExpression name("\u00ab\\(?([^,\u00bb]+)");
-    names.insert(name.match(shown(field.token)).captured(1));
+    static const QRegularExpression token("\u00ab(\\(?)([^,\u00bb]+)");
+    const QRegularExpressionMatch match = token.match(shown(field.token));
+    names.all.insert(match.captured(2));
+    if (match.capturedLength(1) > 0) names.dates.insert(match.captured(2));
   }
   return names;
 }
@@ -231,7 +301,8 @@ void MainWindow::changeOptions() {
 }
 
 void MainWindow::refresh() {
-  if (desk_) tasks_->reload();
+  tasksAreOld_ = clientsAreOld_ = true;
+  readPage();
   updateCounts();
 }
 

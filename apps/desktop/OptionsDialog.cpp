@@ -52,6 +52,7 @@ QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, con
                                   QString (*choose)(QWidget* parent)) {
   auto* row = new QWidget(this);
   auto* field = new QLineEdit(path, row);
+  field->setAccessibleName(QString(label).remove('&').remove(':'));
   auto* browse = new QPushButton(tr("Browse..."), row);
   connect(browse, &QPushButton::clicked, this, [this, field, choose] {
     const QString chosen = choose(this);
@@ -93,6 +94,10 @@ QWidget* OptionsDialog::makeMailGroup() {
     part->setEnabled(false);
     connect(toServer_, &QRadioButton::toggled, part, &QWidget::setEnabled);
   }
+  plain_ = new QCheckBox(tr("Send emails as plain te&xt, without formats"), group);
+  plain_->setObjectName("plainMail");
+  plain_->setChecked(chosen.isPlain);
+  layout->addRow(plain_);
   toOutbox_->setChecked(true);
   toProgram_->setChecked(chosen.toProgram);
   toServer_->setChecked(!server_->text().isEmpty());
@@ -129,6 +134,7 @@ void OptionsDialog::accept() {
   choice.toProgram = toProgram_->isChecked();
   choice.outbox = outbox_->text().trimmed();
   choice.documents = documents_->text().trimmed();
+  choice.isPlain = plain_->isChecked();
   if (toServer_->isChecked()) {
     choice.server = server_->text().trimmed();
     choice.passwordFile = passwordFile_->text();

@@ -38,6 +38,7 @@ class OptionsDialog : public QDialog {
   QLineEdit* passwordFile_ = nullptr;
   QLineEdit* outbox_ = nullptr;
   QLineEdit* documents_ = nullptr;
+  QCheckBox* plain_ = nullptr;
   /// In the order of the user's options.
   QList<QCheckBox*> userOptions_;
 };

@@ -1,19 +1,16 @@
 #include "TaskPage.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace autonotify::desktop {
 namespace {
 
-constexpr int filterPauseMs = 200;
 constexpr int columnWidths[] = {260, 260, 100, 100, 130};
 
 }  // namespace
@@ -21,15 +18,13 @@ constexpr int columnWidths[] = {260, 260, 100, 100, 130};
 TaskPage::TaskPage(QWidget* parent)
     : QWidget(parent),
       tasks_(new TaskTableModel(this)),
-      filter_(new QLineEdit(this)),
-      dueBadge_(new QPushButton(tr("Due today"), this)),
+      dueOnly_(new QCheckBox(tr("&Only those due"), this)),
       table_(new QTableView(this)) {
-  makeFilter();
-  makeBadge();
+  makeDue();
   makeTable();
   auto* top = new QHBoxLayout;
-  top->addWidget(filter_, 1);
-  top->addWidget(dueBadge_);
+  top->addStretch();
+  top->addWidget(dueOnly_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(top);
   layout->addWidget(table_);
@@ -37,26 +32,16 @@ TaskPage::TaskPage(QWidget* parent)
   connect(tasks_, &TaskTableModel::read, this, &TaskPage::read);
 }
 
-void TaskPage::makeFilter() {
-  filter_->setObjectName("filter");
-  filter_->setPlaceholderText(tr("Find a client or task"));
-  filter_->setClearButtonEnabled(true);
-  auto* pause = new QTimer(this);
-  pause->setSingleShot(true);
-  pause->setInterval(filterPauseMs);
-  connect(filter_, &QLineEdit::textChanged, pause, qOverload<>(&QTimer::start));
-  connect(pause, &QTimer::timeout, this, [this] { tasks_->setFilter(filter_->text()); });
-}
-
-void TaskPage::makeBadge() {
-  dueBadge_->setObjectName("dueBadge");
-  dueBadge_->setCheckable(true);
-  dueBadge_->setToolTip(tr("Show only the tasks whose clients are to be notified today"));
-  connect(dueBadge_, &QPushButton::toggled, tasks_, &TaskTableModel::setDueOnly);
+void TaskPage::makeDue() {
+  dueOnly_->setObjectName("dueOnly");
+  dueOnly_->setToolTip(tr("Show only the tasks whose clients are to be notified today"));
+  connect(dueOnly_, &QCheckBox::toggled, tasks_, &TaskTableModel::setDueOnly);
 }
 
 void TaskPage::makeTable() {
   table_->setObjectName("tasks");
+  table_->setAccessibleName(tr("Open tasks"));
+  setFocusProxy(table_);
   table_->setModel(tasks_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -87,23 +72,21 @@ void TaskPage::makeTable() {
   connect(table_, &QTableView::activated, this, &TaskPage::activated);
 }
 
-void TaskPage::reload() {
+void TaskPage::readFrom(host::Desk& desk) {
   const int row = table_->currentIndex().row();
-  tasks_->reload();
+  tasks_->setDesk(&desk);
   if (row >= 0 && row < tasks_->rowCount()) table_->selectRow(row);
 }
 
-void TaskPage::showDue(std::size_t notifications) {
-  dueBadge_->setText(notifications ? tr("%L1 due today").arg(notifications)
-                                   : tr("Nothing is due today"));
-  QFont font = this->font();
-  font.setBold(notifications > 0);
-  dueBadge_->setFont(font);
+void TaskPage::setFilter(const QString& text) {
+  if (filter_ == text) return;
+  filter_ = text;
+  tasks_->setFilter(text);
 }
 
-void TaskPage::focusFilter() {
-  filter_->setFocus(Qt::ShortcutFocusReason);
-  filter_->selectAll();
+void TaskPage::goToFirstRow() {
+  if (!table_->currentIndex().isValid()) table_->selectRow(0);
+  table_->setFocus(Qt::OtherFocusReason);
 }
 
 void TaskPage::addCommand(QAction* command, bool isBelowLine) {
@@ -122,8 +105,8 @@ const host::TaskLine* TaskPage::chosen() const {
 
 bool TaskPage::hasTasks() const {
   // The filter stays in reach while it has text.
-  return tasks_->rowCount() > 0 || !unreadable().empty() || !filter_->text().isEmpty() ||
-         dueBadge_->isChecked();
+  return tasks_->rowCount() > 0 || !unreadable().empty() || !filter_.isEmpty() ||
+         dueOnly_->isChecked();
 }
 
 }  // namespace autonotify::desktop

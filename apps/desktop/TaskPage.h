@@ -5,15 +5,12 @@
 #include "models/TaskTableModel.h"
 
 class QAction;
-class QLineEdit;
-class QPushButton;
+class QCheckBox;
 class QTableView;
-class QTimer;
 
 namespace autonotify::desktop {
 
-/// A firm's open tasks in a table, with a field that finds some of them and a badge that tells how
-/// many notifications are due today; pressed, it shows only their tasks.
+/// A firm's open tasks in a table, with a box that leaves only those whose notifications are due.
 class TaskPage : public QWidget {
   Q_OBJECT
 
@@ -22,10 +19,11 @@ class TaskPage : public QWidget {
 
   /// Null shows nothing. `desk` must outlive its use here.
   void setDesk(host::Desk* desk) { tasks_->setDesk(desk); }
-  /// Reads anew what is shown.
-  void reload();
-  void showDue(std::size_t notifications);
-  void focusFilter();
+  /// Reads anew what is shown, and keeps to the row.
+  void readFrom(host::Desk& desk);
+  /// Leaves the tasks whose client or name holds the text.
+  void setFilter(const QString& text);
+  void goToFirstRow();
 
   /// Offers the command in the menu that comes up at a task.
   void addCommand(QAction* command, bool isBelowLine);
@@ -48,13 +46,12 @@ class TaskPage : public QWidget {
   void failed(const QString& message);
 
  private:
-  void makeFilter();
-  void makeBadge();
+  void makeDue();
   void makeTable();
 
   TaskTableModel* tasks_;
-  QLineEdit* filter_;
-  QPushButton* dueBadge_;
+  QString filter_;
+  QCheckBox* dueOnly_;
   QTableView* table_;
 };
 

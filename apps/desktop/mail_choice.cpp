@@ -15,6 +15,7 @@ constexpr const char* serverKey = "mail/server";
 constexpr const char* passwordFileKey = "mail/passwordFile";
 constexpr const char* outboxKey = "mail/outbox";
 constexpr const char* documentsKey = "documents/folder";
+constexpr const char* plainKey = "mail/plain";
 
 std::optional<host::SmtpServer> serverOf(const MailChoice& choice) {
   if (choice.server.isEmpty()) return std::nullopt;
@@ -25,9 +26,9 @@ std::optional<host::SmtpServer> serverOf(const MailChoice& choice) {
 
 MailChoice chosenMail() {
   const QSettings settings;
-  return {settings.value(programKey).toBool(), settings.value(serverKey).toString(),
+  return {settings.value(programKey).toBool(),        settings.value(serverKey).toString(),
           settings.value(passwordFileKey).toString(), settings.value(outboxKey).toString(),
-          settings.value(documentsKey).toString()};
+          settings.value(documentsKey).toString(),    settings.value(plainKey).toBool()};
 }
 
 void chooseMail(const MailChoice& choice) {
@@ -37,6 +38,7 @@ void chooseMail(const MailChoice& choice) {
   settings.setValue(passwordFileKey, choice.passwordFile);
   settings.setValue(outboxKey, choice.outbox);
   settings.setValue(documentsKey, choice.documents);
+  settings.setValue(plainKey, choice.isPlain);
 }
 
 std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options,
@@ -45,6 +47,7 @@ std::unique_ptr<host::Desk> makeDesk(const host::DeskOptions& options,
   host::DeskOptions all = options;
   if (all.outbox.empty()) all.outbox = plain(choice.outbox);
   if (all.documents.empty()) all.documents = plain(choice.documents);
+  all.plainMail = all.plainMail || choice.isPlain;
   all.mailServer = serverOf(choice);
   if (all.mailServer) all.mailServer->whileWaiting = WaitingSender::paintWindows;
   auto desk = std::make_unique<host::Desk>(all, dialogs);

@@ -18,6 +18,8 @@ struct MailChoice {
   QString outbox;
   /// Where letters and faxes are filed; empty for the one beside a database file.
   QString documents;
+  /// Emails are plain text alone.
+  bool isPlain = false;
 };
 
 MailChoice chosenMail();

@@ -4,7 +4,10 @@
 
 #include "host/clients/unreadable_rows.h"
 #include "host/desk/work/compose_email.h"
+#include "host/desk/work/deliver_by_hand.h"
 #include "host/desk/work/note_call.h"
+#include "host/desk/work/open_notification_list.h"
+#include "host/desk/work/send_notification.h"
 
 namespace autonotify::desktop {
 
@@ -14,6 +17,12 @@ QString textOf(const host::Refused& refused);
 /// Empty where there is nothing to tell.
 QString textOf(host::Composed composed);
 QString textOf(const host::NotedCall& call);
+QString textOf(const host::RefusedRow& row);
+QString textOf(host::HandFate fate);
+/// What came of it where all went well.
+QString textOf(const host::SendOutcome& outcome);
+/// What went wrong; empty for nothing.
+QString faultOf(const host::SendOutcome& outcome);
 
 /// How many rows were left out, and which they are; empty for none.
 QString textOf(const host::UnreadableRows& rows);

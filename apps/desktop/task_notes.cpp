@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "host/desk/rows/channel_names.h"
+#include "host/desk/rows/item_names.h"
 #include "host/desk/work/channel_outlook.h"
 #include "platform/format.h"
 #include "qt_text.h"
@@ -69,6 +70,17 @@ WindowNotes clientNotes(host::Desk&, const host::TaskLine& line) {
 }
 
 WindowNotes taskNotes(host::Desk&, const host::TaskLine& line) {
+  return notesAbout(subjectOf(line));
+}
+
+WindowNotes rowNotes(host::Desk& desk, const host::Notification& row) {
+  host::TaskLine line;
+  line.client = host::clientName(desk, row);
+  line.task.name = host::itemName(desk, row);
+  host::UnreadableRows unnamed;
+  unnamed.orName([&] {
+    if (const auto task = host::findTask(desk, row.scheduleId)) line.task.dueDate = task->dueDate;
+  });
   return notesAbout(subjectOf(line));
 }
 

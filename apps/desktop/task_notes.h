@@ -1,6 +1,7 @@
 #pragma once
 
 #include "binding/window_notes.h"
+#include "host/desk/rows/Notification.h"
 #include "host/desk/work/task_list.h"
 
 namespace autonotify::desktop {
@@ -8,14 +9,17 @@ namespace autonotify::desktop {
 /// "Maple Ridge Law Group Inc., Annual HST Return, due on Thursday, April 30, 2026"
 QString subjectOf(const host::TaskLine& line);
 
-// What the program says in the component's windows about the task that they were opened for. All
-// throw DatabaseError.
+// What the program says in the component's windows about the task or the notification that they
+// were opened for. All throw DatabaseError.
 
 /// The client's name.
 WindowNotes clientNotes(host::Desk& desk, const host::TaskLine& line);
 /// The client, the task and its due date.
 WindowNotes taskNotes(host::Desk& desk, const host::TaskLine& line);
-/// The same, and beside each channel when its notification goes out, or what is missing for one.
+/// The client and what the notification is about.
+WindowNotes rowNotes(host::Desk& desk, const host::Notification& row);
+/// The client, the task, and beside each channel when its notification goes out, or what is missing
+/// for one.
 WindowNotes channelNotes(host::Desk& desk, const host::TaskLine& line);
 
 }  // namespace autonotify::desktop

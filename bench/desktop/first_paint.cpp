@@ -1,21 +1,26 @@
 // Times what a person waits for. Usage:
 //   first_paint                 an empty window, the floor
-//   first_paint DATABASE        the window with the open tasks
+//   first_paint DATABASE        the window with the day
 //   first_paint --acts DATABASE the acts in that window, one a line
 // A window's first paint is told as the steady clock's milliseconds: whoever started the program
 // knows when that was.
 #include <time.h>
 
+#include <QAbstractItemModel>
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTreeView>
 #include <functional>
+#include <optional>
 
 #include "MainWindow.h"
 #include "qt_text.h"
@@ -35,23 +40,23 @@ class PaintWatch : public QApplication {
   using QApplication::QApplication;
 
   bool notify(QObject* receiver, QEvent* event) override {
-    const bool isPaint = receiver == watched_ && event->type() == QEvent::Paint;
+    const bool isPaint = onPaint && event->type() == QEvent::Paint;
     const bool answer = QApplication::notify(receiver, event);
-    if (isPaint) painted_ = steadyMilliseconds();
+    if (isPaint) onPaint(*receiver);
     return answer;
   }
   /// Runs events until the widget has been painted; when that was.
   double waitForPaint(const QWidget& widget) {
-    watched_ = &widget;
-    painted_ = 0;
-    while (painted_ == 0) processEvents(QEventLoop::WaitForMoreEvents);
-    watched_ = nullptr;
-    return painted_;
+    double painted = 0;
+    onPaint = [&](const QObject& each) {
+      if (&each == &widget) painted = steadyMilliseconds();
+    };
+    while (painted == 0) processEvents(QEventLoop::WaitForMoreEvents);
+    onPaint = nullptr;
+    return painted;
   }
 
- private:
-  const QObject* watched_ = nullptr;
-  double painted_ = 0;
+  std::function<void(QObject& painted)> onPaint;
 };
 
 host::DeskOptions optionsFor(const QString& database) {
@@ -71,22 +76,64 @@ struct Act {
   std::function<void()> run;
 };
 
+/// Until the window of the list of notifications is seen, which has read nothing by then, and until
+/// its rows are.
+void timeList(PaintWatch& app, MainWindow& window, QTextStream& out) {
+  QElapsedTimer clock;
+  std::optional<double> seen;
+  std::optional<double> filled;
+  int count = 0;
+  app.onPaint = [&](QObject& painted) {
+    auto* list = QApplication::activeModalWidget();
+    auto* table = list ? list->findChild<QTableView*>("AutoNotifyFlexGrid") : nullptr;
+    if (!table || filled) return;
+    const double elapsed = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+    const QAbstractItemModel& rows = *table->model();
+    if (&painted == list && !seen && rows.columnCount() == 0) seen = elapsed;
+    if (&painted != table->viewport() || rows.rowCount() == 0) return;
+    filled = elapsed;
+    count = rows.rowCount();
+    QMetaObject::invokeMethod(list, "close", Qt::QueuedConnection);
+  };
+  clock.start();
+  window.findChild<QAction*>("notifications")->trigger();
+  app.onPaint = nullptr;
+  out << "the window of the list of notifications\t" << seen.value() << '\n';
+  out << "its " << count << " rows\t" << filled.value() << '\n';
+}
+
 void timeActs(PaintWatch& app, const QString& database) {
   MainWindow window(optionsFor(database));
   window.show();
   auto& table = *window.findChild<QTableView*>("tasks");
   auto& filter = *window.findChild<QLineEdit*>("filter");
-  auto& due = *window.findChild<QPushButton*>("dueBadge");
+  auto& due = *window.findChild<QCheckBox*>("dueOnly");
+  auto& day = *window.findChild<QTreeView*>("day");
   QTextStream out(stdout);
   QElapsedTimer clock;
   clock.start();
-  app.waitForPaint(*table.viewport());
+  app.waitForPaint(*day.viewport());
+  out << "the page of the day\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  while (day.model()->rowCount(day.model()->index(0, 0)) == 0) QApplication::processEvents();
+  out << "its rows\t" << clock.nsecsElapsed() / 1e6 << '\n';
   settle();
-  out << "counts after the first paint\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  out << "its counts and its picture\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  clock.restart();
+  window.goTo(Navigation::Place::tasks);
+  app.waitForPaint(*table.viewport());
+  out << "the tasks\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  settle();
   const auto sort = [&](int column, Qt::SortOrder order) {
     return [&table, column, order] { table.sortByColumn(column, order); };
   };
-  const auto find = [&](const char* text) { return [&filter, text] { filter.setText(text); }; };
+  // Typing pauses before it finds: Down does not wait.
+  const auto find = [&](const char* text) {
+    return [&filter, text] {
+      filter.setText(text);
+      QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+      QApplication::sendEvent(&filter, &down);
+    };
+  };
   const Act acts[] = {
       {"sort by due date, last first", sort(TaskTableModel::dueDate, Qt::DescendingOrder)},
       {"sort by task", sort(TaskTableModel::task, Qt::AscendingOrder)},
@@ -108,6 +155,7 @@ void timeActs(PaintWatch& app, const QString& database) {
     out << act.words << '\t' << clock.nsecsElapsed() / 1e6 << '\n';
     settle();
   }
+  timeList(app, window, out);
 }
 
 void timeFirstPaint(PaintWatch& app, const QStringList& places) {
@@ -119,7 +167,7 @@ void timeFirstPaint(PaintWatch& app, const QStringList& places) {
     watched = window.get();
   } else {
     window = std::make_unique<MainWindow>(optionsFor(places.front()));
-    watched = window->findChild<QTableView*>("tasks")->viewport();
+    watched = window->findChild<QTreeView*>("day")->viewport();
   }
   window->show();
   QTextStream(stdout) << QString::number(app.waitForPaint(*watched), 'f', 3) << '\n';

@@ -44,7 +44,9 @@ class SmallGeneralUtilities : public autonotify::GeneralUtilities {
   autonotify::Value textOrDefault(const autonotify::Value& value, bool) override {
     return value.isNull() ? autonotify::Value("") : value;
   }
+  std::string toLabelText(const std::string& text) override { return text; }
   int filterKeyPress(int keyCode) override { return keyCode; }
+  bool isWholeNumber(const std::string&, int, int) override { return false; }
   void fillComboFromList(const std::vector<std::string>&, autonotify::ComboBox&, bool) override {}
   void selectComboText(autonotify::ComboBox&, const std::string&, int, int) override {}
 };

@@ -172,7 +172,7 @@ PersonNames namesOf(const LookupRow& contact) {
 
 }  // namespace
 
-ClientDirectory::ClientDirectory(DatabaseReference& database)
+ClientDirectory::ClientDirectory(DatabaseReference& database, std::function<void(bool)> onBatch)
     : companies_(database, {"Companies", "CompanyID", "CompanyID", columnNames(companyColumns)}),
       contacts_(database, {"Contacts", "ContactID", "ContactID", columnNames(contactColumns)}),
       clientData_(database, {"ClientData", "ClientDataID", "ClientDataID", {"CompanyIDNum"}}),
@@ -193,14 +193,15 @@ ClientDirectory::ClientDirectory(DatabaseReference& database)
           database,
           {"Categories", "CategoryID", "CategoryID", {"CategoryName", "CategorySpecialCode"}}),
       firms_(database,
-             {"AccountantFirmInfo", "CompanyID", "CompanyID", {"CompanyName", "CorporateName"}}) {}
+             {"AccountantFirmInfo", "CompanyID", "CompanyID", {"CompanyName", "CorporateName"}}),
+      onBatch_(std::move(onBatch)) {}
 
 bool ClientDirectory::isCompanyClient(Id companyId) {
-  return find(shownCompanies_, companyId).has_value();
+  return find(shownCompanies_, companyId) != nullptr;
 }
 
 bool ClientDirectory::isContactClient(Id contactId) {
-  return find(contacts_, contactId).has_value();
+  return find(contacts_, contactId) != nullptr;
 }
 
 Id ClientDirectory::getCompanyIDFromClientID(Id clientId) {
@@ -216,13 +217,21 @@ Id ClientDirectory::getDefaultContactID(Id companyId) {
 }
 
 std::string ClientDirectory::getCompanyDisplayName(Id companyId) {
-  const std::optional<LookupRow> company = find(companies_, companyId);
-  return company ? firstText(*company, companyNames) : std::string();
+  const LookupRow* company = find(companies_, companyId);
+  return company ? companyName(*company) : std::string();
 }
 
 std::string ClientDirectory::getContactDisplayName(Id contactId) {
-  const std::optional<LookupRow> contact = find(contacts_, contactId);
-  return contact ? displayName(namesOf(*contact)) : std::string();
+  const LookupRow* contact = find(contacts_, contactId);
+  return contact ? contactName(*contact) : std::string();
+}
+
+std::string ClientDirectory::companyName(const LookupRow& company) {
+  return firstText(company, companyNames);
+}
+
+std::string ClientDirectory::contactName(const LookupRow& contact) {
+  return displayName(namesOf(contact));
 }
 
 std::string ClientDirectory::getCompanyNameFromClientID(Id clientId) {
@@ -231,14 +240,14 @@ std::string ClientDirectory::getCompanyNameFromClientID(Id clientId) {
 }
 
 std::string ClientDirectory::getContactAndSpouseName(Id contactId, bool withSpouse, int form) {
-  const std::optional<LookupRow> contact = find(contacts_, contactId);
+  const LookupRow* contact = find(contacts_, contactId);
   if (!contact) return {};
   const PersonNames names = namesOf(*contact);
   return withSpouse ? coupleName(names, form == 2) : displayName(names);
 }
 
 std::string ClientDirectory::getCompanyInfoItem(Id companyId, std::int16_t item) {
-  const std::optional<LookupRow> company = find(companies_, companyId);
+  const LookupRow* company = find(companies_, companyId);
   if (!company) return {};
   std::string text = infoItem(companyItems(), *company, item);
   if (!text.empty()) return text;
@@ -249,12 +258,12 @@ std::string ClientDirectory::getCompanyInfoItem(Id companyId, std::int16_t item)
 }
 
 std::string ClientDirectory::getContactInfoItem(Id contactId, std::int16_t item) {
-  const std::optional<LookupRow> contact = find(contacts_, contactId);
+  const LookupRow* contact = find(contacts_, contactId);
   return contact ? infoItem(contactItems(), *contact, item) : std::string();
 }
 
 std::string ClientDirectory::getUserNameFromID(Id userId) {
-  const std::optional<LookupRow> user = find(staff_, userId);
+  const LookupRow* user = find(staff_, userId);
   return user ? textAt(*user, 0) : std::string();
 }
 
@@ -268,7 +277,7 @@ Id ClientDirectory::getUserIDFromName(const std::string& name) {
 }
 
 std::string ClientDirectory::getCategoryName(Id categoryId) {
-  const std::optional<LookupRow> category = find(categories_, categoryId);
+  const LookupRow* category = find(categories_, categoryId);
   return category ? textAt(*category, 0) : std::string();
 }
 
@@ -285,6 +294,7 @@ void ClientDirectory::setClientLookupBatch(bool batch) {
   for (LookupTable* table : {&companies_, &contacts_, &clientData_, &clientDataOfCompany_,
                              &shownCompanies_, &defaultContacts_, &staff_, &categories_, &firms_})
     table->forget();
+  if (onBatch_) onBatch_(batch);
 }
 
 std::string ClientDirectory::firmName() {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
+#include <map>
 #include <string>
+#include <utility>
 
 #include "contract/clientDropDownCtrlReference.h"
 #include "host/clients/lookup_table.h"
@@ -20,8 +23,9 @@ namespace autonotify::host {
 /// With a closed database nothing is found. Failures of the database pass through as PlatformError.
 class ClientDirectory : public clientDropDownCtrlReference {
  public:
-  /// `database` must outlive this object.
-  explicit ClientDirectory(DatabaseReference& database);
+  /// `database` must outlive this object. `onBatch` is told when a batch begins and when it ends:
+  /// the database may be read differently meanwhile.
+  explicit ClientDirectory(DatabaseReference& database, std::function<void(bool)> onBatch = {});
 
   /// A company with accounting data whose `ShowThisClient` is set.
   bool isCompanyClient(Id companyId) override;
@@ -53,14 +57,26 @@ class ClientDirectory : public clientDropDownCtrlReference {
   Id getMainAddressBookCategoryID() override;
   void setClientLookupBatch(bool batch) override;
   int getListOrder() override { return listOrder_; }
+  /// By name, whatever its case; of clients of one name the company counts before the contact, and
+  /// the older one before the younger.
+  std::vector<std::string> getClientNames() override;
+  std::vector<std::string> getEmployeeNames() override;
+  ListedClient getClientFromName(const std::string& name) override;
+  void registerPanel(int key, std::shared_ptr<HostObject> panel) override {
+    panels_[key] = std::move(panel);
+  }
+  std::shared_ptr<HostObject> getPanel(int key) override { return panels_[key]; }
 
   void setListOrder(int order) { listOrder_ = order; }
   /// Drops what is kept and ends a batch that is under way.
   void refresh() { setClientLookupBatch(false); }
 
  private:
-  std::optional<LookupRow> find(LookupTable& table, Id key) { return table.find(key, isBatch_); }
+  const LookupRow* find(LookupTable& table, Id key) { return table.find(key, isBatch_); }
   std::string firmName();
+  static std::string companyName(const LookupRow& company);
+  static std::string contactName(const LookupRow& contact);
+  std::vector<std::pair<std::string, ListedClient>> readClients();
 
   LookupTable companies_;
   LookupTable contacts_;
@@ -72,7 +88,9 @@ class ClientDirectory : public clientDropDownCtrlReference {
   LookupTable categories_;
   LookupTable firms_;
   bool isBatch_ = false;
+  std::function<void(bool)> onBatch_;
   int listOrder_ = 1;
+  std::map<int, std::shared_ptr<HostObject>> panels_;
 };
 
 }  // namespace autonotify::host

@@ -20,15 +20,19 @@ std::optional<Id> keyOf(const std::string& column, const Value& held) {
 }  // namespace
 
 LookupTable::LookupTable(DatabaseReference& database, LookupSource source)
-    : database_(database), source_(std::move(source)) {}
+    : database_(database), source_(std::move(source)) {
+  const std::string condition = std::string(source_.table) + '.' + source_.key + '=';
+  rowByKey_ = selectWhere(condition);
+  keyAt_ = rowByKey_.find(condition) + condition.size();
+}
 
-std::optional<LookupRow> LookupTable::find(Id key, bool wholeTable) {
-  if (key < 0) return std::nullopt;
+const LookupRow* LookupTable::find(Id key, bool wholeTable) {
+  if (key < 0) return nullptr;
   if (!wholeTable) {
-    const std::string condition =
-        std::string(source_.table) + '.' + source_.key + '=' + std::to_string(key);
-    auto rows = read(selectWhere(condition), true);
-    return rows.empty() ? std::nullopt : std::optional(std::move(rows.front().second));
+    auto rows = read(std::string(rowByKey_).insert(keyAt_, std::to_string(key)), true);
+    if (rows.empty()) return nullptr;
+    single_ = std::move(rows.front().second);
+    return &single_;
   }
   if (!held_) {
     std::unordered_map<Id, LookupRow> rows;
@@ -36,11 +40,11 @@ std::optional<LookupRow> LookupTable::find(Id key, bool wholeTable) {
     held_ = std::move(rows);
   }
   const auto found = held_->find(key);
-  return found == held_->end() ? std::nullopt : std::optional(found->second);
+  return found == held_->end() ? nullptr : &found->second;
 }
 
 Id LookupTable::linkOf(Id key, bool wholeTable) {
-  const std::optional<LookupRow> row = find(key, wholeTable);
+  const LookupRow* row = find(key, wholeTable);
   try {
     return row ? idOf(source_.columns.front(), row->front()) : noId;
   } catch (const UnreadableValue& value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -31,9 +32,10 @@ class LookupTable {
   /// `database` must outlive this object.
   LookupTable(DatabaseReference& database, LookupSource source);
 
-  /// The key's row, or nothing. Reads that row alone, unless `wholeTable` is set: then the first
-  /// call reads the table and later ones read nothing until forget().
-  std::optional<LookupRow> find(Id key, bool wholeTable);
+  /// The key's row, which stays until the next call, or null. Reads that row alone, unless
+  /// `wholeTable` is set: then the first call reads the table and later ones read nothing until
+  /// forget().
+  const LookupRow* find(Id key, bool wholeTable);
   /// The id that the first column of the key's row holds; noId for none. Throws UnreadableRow.
   Id linkOf(Id key, bool wholeTable);
   /// All rows by key, read now. A key that cannot be read is no one's to look for.
@@ -46,7 +48,11 @@ class LookupTable {
 
   DatabaseReference& database_;
   LookupSource source_;
+  std::string rowByKey_;   // without the key
+  std::size_t keyAt_ = 0;  // where that stands in it
   std::optional<std::unordered_map<Id, LookupRow>> held_;
+  /// The row that was read alone.
+  LookupRow single_;
 };
 
 }  // namespace autonotify::host

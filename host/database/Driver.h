@@ -10,8 +10,8 @@
 namespace autonotify::host {
 
 // What an engine gives to the recordsets. All calls come on one thread, and all failures are thrown
-// as DatabaseError. At most one statement is under way between calls; while it is, another one may
-// be executed, stepped once and reset. Nothing is written while a statement is under way.
+// as DatabaseError. Several statements may be under way between calls, each of which is read by its
+// own. Nothing is written while a statement is under way.
 
 /// A column of a result, with the table and column it comes from; those are empty for an
 /// expression.

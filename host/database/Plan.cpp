@@ -8,6 +8,11 @@
 namespace autonotify::host {
 namespace {
 
+/// A row of fewer columns is read as fast as a part of it.
+constexpr std::size_t wideRow = 8;
+/// How many executions have to ask for nothing new.
+constexpr int runsToSettle = 3;
+
 /// The tables whose keys the rows have; empty when they have none, or not all are of the schema.
 std::vector<TableReference> tablesWithKeys(const Translation& translation) {
   if (!translation.rowsHaveKeys || translation.from == std::string::npos) return {};
@@ -30,15 +35,38 @@ bool asksForOneRow(const Translation& translation, const std::string& key, Engin
          equalIgnoreCase(condition, "WHERE" + std::string(column) + given);
 }
 
+/// Whether nothing but names with their tables' says what the order is by. A plain name, or a
+/// number, may mean a column by its place in the list.
+bool isOrderedByTables(const Translation& translation) {
+  if (!translation.isOrdered) return true;
+  const std::string text =
+      lowerCase(std::string_view(translation.sql).substr(0, translation.orderEnd));
+  std::size_t at = text.rfind("order by ");
+  if (at == std::string::npos) return false;
+  while (at != std::string::npos) {
+    const std::size_t end = text.find(',', at + 1);
+    if (text.substr(at, end - at).find('.') == std::string::npos) return false;
+    at = end;
+  }
+  return true;
+}
+
+/// A few letters tell the columns of one statement apart.
+std::size_t placeOfName(std::string_view name) {
+  if (name.empty()) return 0;
+  const auto letter = [&](std::size_t at) { return static_cast<unsigned char>(name[at]); };
+  return name.size() + 3u * letter(0) + 5u * letter(name.size() / 2) + 7u * letter(name.size() - 1);
+}
+
 }  // namespace
 
 Plan::Plan(Driver& driver, const Translation& translation) : driver_(driver) {
-  rows_ = driver.prepare(rowsSql(translation));
+  all_->statement = driver.prepare(rowsSql(translation));
 }
 
 std::string Plan::rowsSql(const Translation& translation) {
   const std::string& sql = translation.sql;
-  std::vector<std::string> keys;
+  std::vector<std::string>& keys = keys_;
   for (const TableReference& reference : tablesWithKeys(translation)) {
     const TableDef* table = findTable(reference.table);
     keys.push_back(reference.alias + '.' + table->key());
@@ -47,12 +75,14 @@ std::string Plan::rowsSql(const Translation& translation) {
   if (keys.empty()) return sql;
   const bool isWhole = keys.size() == 1 && translation.fromEnd == sql.size();
   isWholeTable_ = isWhole && isKeyed();
-  std::string result = isKeyed() ? keyBy(translation, keys) : sql.substr(0, translation.from);
-  result += sql.substr(translation.from, translation.orderEnd - translation.from);
+  std::string rest = sql.substr(translation.from, translation.orderEnd - translation.from);
   const Engine engine = driver_.engine();
-  if (keys.size() > 1 || !asksForOneRow(translation, keys.front(), engine))
-    result += (translation.isOrdered ? ", " : " ORDER BY ") + keyOrder(engine, keys, isWhole);
-  return result + sql.substr(translation.orderEnd);
+  isOneRow_ = isKeyed() && keys.size() == 1 && asksForOneRow(translation, keys.front(), engine);
+  if (!isOneRow_)
+    rest += (translation.isOrdered ? ", " : " ORDER BY ") + keyOrder(engine, keys, isWhole);
+  rest += sql.substr(translation.orderEnd);
+  if (isKeyed() && isOrderedByTables(translation)) behindColumns_ = rest;
+  return (isKeyed() ? keyBy(translation, keys) : sql.substr(0, translation.from)) + rest;
 }
 
 /// Gives what is selected, with the keys behind it.
@@ -65,15 +95,17 @@ std::string Plan::keyBy(const Translation& translation, const std::vector<std::s
         (i == 0 ? " WHERE " : " AND ") + keys[i] + '=' + placeholder(driver_.engine(), i + 1);
   }
   list += ' ';
-  rowByKeysSql_ = list +
-                  translation.sql.substr(translation.from, translation.fromEnd - translation.from) +
-                  condition;
+  const std::string from =
+      list + translation.sql.substr(translation.from, translation.fromEnd - translation.from);
+  rowByKeysSql_ = from + condition;
+  blockByKeysSql_ = from + " WHERE " + keys.front() + " IN (";
   return list;
 }
 
 void Plan::describe() {
   if (!columns_.empty()) return;
-  const std::vector<ResultColumn>& results = rows_->columns();
+  const std::vector<ResultColumn>& results = all_->statement->columns();
+  bool mayBeNarrow = !behindColumns_.empty() && results.size() >= wideRow;
   for (std::size_t i = 0; i < results.size() - tables_.size(); ++i) {
     const ResultColumn& result = results[i];
     PlanColumn column{result.name, findTable(result.table)};
@@ -83,9 +115,14 @@ void Plan::describe() {
       const auto place = std::find(tables_.begin(), tables_.end(), column.table);
       column.tableIndex = static_cast<int>(place - tables_.begin());
     }
+    mayBeNarrow = mayBeNarrow && column.tableIndex >= 0;
     columns_.push_back(std::move(column));
     if (!isKeyed()) keep(static_cast<int>(i));
   }
+  mayBeNarrow_ = mayBeNarrow;
+  for (RowStatement* each : {all_.get(), &rowByKeys_, &blockByKeys_})
+    each->keysFrom = static_cast<int>(columns_.size());
+  isAsked_.resize(columns_.size());
   nameColumns();
 }
 
@@ -106,16 +143,59 @@ void Plan::nameColumns() {
 }
 
 int Plan::columnIndex(std::string_view name) const {
+  AskedName& asked = askedNames_[placeOfName(name) % askedNames_.size()];
+  if (!name.empty() && asked.name == name) return asked.index;
   const auto found = byName_.find(name);
   if (found == byName_.end())
     throw DatabaseError(database_error::unknownColumn,
                         "The recordset has no column named " + std::string(name));
-  return found->second;
+  asked.index = found->second;
+  asked.name = name;
+  return asked.index;
 }
 
-DriverStatement& Plan::rowByKeys() {
-  if (!rowByKeys_) rowByKeys_ = driver_.prepare(rowByKeysSql_);
-  return *rowByKeys_;
+void Plan::askAnother(int column) {
+  isAsked_[static_cast<std::size_t>(column)] = true;
+  settledRuns_ = 0;
+  narrow_.reset();
+}
+
+const std::shared_ptr<RowStatement>& Plan::rows() {
+  if (!mayBeNarrow_) return all_;
+  if (settledRuns_ < runsToSettle) {
+    ++settledRuns_;
+    return all_;
+  }
+  if (!narrow_) narrow_ = withAskedColumns();
+  return narrow_;
+}
+
+std::shared_ptr<RowStatement> Plan::withAskedColumns() const {
+  auto result = std::make_shared<RowStatement>();
+  std::string sql = "SELECT ";
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    result->places.push_back(isAsked_[i] ? result->keysFrom++ : -1);
+    if (!isAsked_[i]) continue;
+    const std::string& key = keys_[static_cast<std::size_t>(columns_[i].tableIndex)];
+    sql += key.substr(0, key.find('.') + 1) + columns_[i].origin->name + ", ";
+  }
+  for (std::size_t i = 0; i < keys_.size(); ++i) sql += (i > 0 ? ", " : "") + keys_[i];
+  result->statement = driver_.prepare(sql + ' ' + behindColumns_);
+  return result;
+}
+
+const RowStatement& Plan::rowByKeys() {
+  if (!rowByKeys_.statement) rowByKeys_.statement = driver_.prepare(rowByKeysSql_);
+  return rowByKeys_;
+}
+
+const RowStatement& Plan::blockByKeys() {
+  if (blockByKeys_.statement) return blockByKeys_;
+  std::string sql = blockByKeysSql_;
+  for (std::size_t i = 1; i <= blockRows; ++i)
+    sql += placeholder(driver_.engine(), i) + (i < blockRows ? ',' : ')');
+  blockByKeys_.statement = driver_.prepare(sql);
+  return blockByKeys_;
 }
 
 }  // namespace autonotify::host

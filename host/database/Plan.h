@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,11 +23,29 @@ struct PlanColumn {
   int keptAt = -1;
 };
 
+/// A statement that gives rows of a plan, and where in them the plan's columns stand.
+struct RowStatement {
+  std::unique_ptr<DriverStatement> statement;
+  int keysFrom = 0;
+  /// By column, -1 for one that it does not give; empty when it gives all.
+  std::vector<int> places;
+
+  /// Or -1.
+  int place(int column) const {
+    return places.empty() ? column : places[static_cast<std::size_t>(column)];
+  }
+  /// The key of the plan's tables()[table].
+  int keyPlace(int table) const { return keysFrom + table; }
+};
+
 /// What is known of a statement before it runs, shared by all recordsets of the same text.
 ///
 /// A keyed plan selects the keys of its tables behind the columns asked for, so that each row can
 /// be read again by its keys, whatever has been written since. A plan is not keyed when rows are no
 /// rows of tables (groups, unions, outer joins) or when a table is none of the schema.
+///
+/// Of a wide row seldom more than a few columns are asked for. Once these have settled, the rows
+/// come with them alone, and one that is asked for later is read by the row's keys.
 ///
 /// What the statement leaves open about the order of its rows is settled by the keys of its tables,
 /// from left to right, so that all engines give them in one order. Groups and unions have no keys.
@@ -44,6 +63,8 @@ class Plan {
   /// The tables of the FROM clause, each with a key; empty when not keyed.
   const std::vector<const TableDef*>& tables() const { return tables_; }
   bool isKeyed() const { return !tables_.empty(); }
+  /// The row of one table that has a given key.
+  bool isOneRow() const { return isOneRow_; }
   /// All rows of one table, in no order that was asked for.
   bool isWholeTable() const { return isWholeTable_; }
 
@@ -55,27 +76,56 @@ class Plan {
   const std::vector<int>& kept() const { return kept_; }
   void keep(int column);
 
-  /// The key of tables()[table] in the rows of `rows()` and `rowByKeys()`.
-  int keyColumn(int table) const { return static_cast<int>(columns_.size()) + table; }
+  /// The column's value is wanted.
+  void ask(int column) {
+    if (!isAsked_[static_cast<std::size_t>(column)]) askAnother(column);
+  }
 
-  DriverStatement& rows() { return *rows_; }
-  /// One row by the keys of all tables, in their order. Requires: isKeyed().
-  DriverStatement& rowByKeys();
+  /// What to execute next for the rows.
+  const std::shared_ptr<RowStatement>& rows();
+  /// One row by the keys of all tables, in their order, with all columns. Requires: isKeyed().
+  const RowStatement& rowByKeys();
+
+  /// As many rows as blockByKeys can ask for.
+  static constexpr std::size_t blockRows = 256;
+  /// A join is read row by row: its keys in any combination could be rows by the thousand.
+  bool hasBlocks() const { return tables_.size() == 1; }
+  /// Rows by blockRows keys, which may repeat, in any order, with all columns. Requires:
+  /// hasBlocks().
+  const RowStatement& blockByKeys();
 
  private:
+  /// A column's name as it was asked for.
+  struct AskedName {
+    std::string name;
+    int index = 0;
+  };
+
   std::string rowsSql(const Translation& translation);
   std::string keyBy(const Translation& translation, const std::vector<std::string>& keys);
   void nameColumns();
+  void askAnother(int column);
+  std::shared_ptr<RowStatement> withAskedColumns() const;
 
   Driver& driver_;
   std::vector<const TableDef*> tables_;
   std::vector<PlanColumn> columns_;
   std::vector<int> kept_;
   CaselessMap<int> byName_;
-  std::unique_ptr<DriverStatement> rows_;
+  mutable std::array<AskedName, 16> askedNames_;
+  std::shared_ptr<RowStatement> all_ = std::make_shared<RowStatement>();
   std::string rowByKeysSql_;
-  std::unique_ptr<DriverStatement> rowByKeys_;
+  RowStatement rowByKeys_;
+  std::string blockByKeysSql_;
+  RowStatement blockByKeys_;
+  std::string behindColumns_;  // empty where it may mean them by their places
+  bool mayBeNarrow_ = false;
+  std::vector<std::string> keys_;  // of the tables, as the statement names them
+  std::vector<char> isAsked_;      // by column
+  int settledRuns_ = 0;
+  std::shared_ptr<RowStatement> narrow_;
   bool isWholeTable_ = false;
+  bool isOneRow_ = false;
 };
 
 }  // namespace autonotify::host

@@ -22,9 +22,8 @@ void requireModestTemplate(const PlanColumn& column, const Value& value) {
 
 }  // namespace
 
-Recordset::Recordset(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters,
-                     CursorMode cursor, LockMode lock)
-    : session_(session), rows_(session, std::move(plan), std::move(parameters)), lock_(lock) {
+Recordset::Recordset(Session& session, Statement statement, CursorMode cursor, LockMode lock)
+    : session_(session), rows_(session, std::move(statement)), lock_(lock) {
   // A recordset on a whole table may have been opened only for adding: its rows wait.
   const bool mayBeForAdding =
       cursor == CursorMode::keyset && lock == LockMode::updatable && rows_.plan().isWholeTable();
@@ -162,12 +161,12 @@ const PlanColumn& Recordset::writableColumn(const std::string& name, bool keyToo
 
 void Recordset::update(const std::string& name, const std::string& text) {
   const PlanColumn& target = writableColumn(name, false);
-  const Value value = valueFromText(*target.origin, text);
+  Value value = valueFromText(*target.origin, text);
   if (newRow_)
     throw DatabaseError(database_error::noCurrentRow, "The row being added is not saved yet");
   requireCurrentRow();
   const Id key = rows_.key(position_, target.tableIndex);
-  if (!session_.updateField(*target.table, *target.origin, key, value))
+  if (!session_.updateField(*target.table, *target.origin, key, std::move(value)))
     throw DatabaseError(database_error::rowGone, "The current row has been deleted");
 }
 
@@ -192,6 +191,7 @@ const TableDef& Recordset::table() const {
 void Recordset::beginRow() {
   requireUpdatable();
   auto row = std::make_unique<NewRow>();
+  row->values.resize(table().columns.size());
   row->key = session_.reserveKey(table());
   newRow_ = std::move(row);
 }
@@ -204,19 +204,23 @@ Recordset::NewRow& Recordset::newRow() {
 Value Recordset::newValue(const PlanColumn& wanted) const {
   if (!wanted.origin) return Null{};
   if (wanted.origin->kind == ColumnKind::Key) return newRow_->key;
-  const auto set = newRow_->values.find(wanted.origin);
-  return set == newRow_->values.end() ? defaultValue(*wanted.origin) : set->second;
+  const std::optional<Value>& set = newRow_->values[placeInTable(wanted)];
+  return set ? *set : defaultValue(*wanted.origin);
+}
+
+std::size_t Recordset::placeInTable(const PlanColumn& column) {
+  return static_cast<std::size_t>(column.origin - column.table->columns.data());
 }
 
 void Recordset::setValue(const std::string& name, const std::string& text) {
   const PlanColumn& target = writableColumn(name, true);
-  const Value value = valueFromText(*target.origin, text);
+  Value value = valueFromText(*target.origin, text);
   NewRow& row = newRow();
   if (target.origin->kind == ColumnKind::Key) {
     row.key = toInteger(value);
     row.isKeyGiven = true;
   } else {
-    row.values[target.origin] = value;
+    row.values[placeInTable(target)] = std::move(value);
   }
 }
 
@@ -225,12 +229,15 @@ void Recordset::saveRow() {
   const NewRow& row = newRow();
   std::vector<const ColumnDef*> columns;
   std::vector<Value> values;
+  columns.reserve(row.values.size());
+  values.reserve(row.values.size());
   // In the table's order, so that the same set of columns is the same statement.
-  for (const ColumnDef& each : table().columns) {
-    const auto set = row.values.find(&each);
-    if (each.kind != ColumnKind::Key && set == row.values.end()) continue;
+  for (std::size_t i = 0; i < row.values.size(); ++i) {
+    const ColumnDef& each = table().columns[i];
+    const bool isKey = each.kind == ColumnKind::Key;
+    if (!isKey && !row.values[i]) continue;
     columns.push_back(&each);
-    values.push_back(each.kind == ColumnKind::Key ? Value(row.key) : set->second);
+    values.push_back(isKey ? Value(row.key) : *row.values[i]);
   }
   if (row.isKeyGiven) session_.takeKey(table(), row.key);
   session_.insertRow(table(), columns, values);

@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "contract/DatabaseReference.h"
@@ -26,8 +26,7 @@ namespace autonotify::host {
 /// that was saved is the current one and stands behind all others.
 class Recordset : public RecordsetObject {
  public:
-  Recordset(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters,
-            CursorMode cursor, LockMode lock);
+  Recordset(Session& session, Statement statement, CursorMode cursor, LockMode lock);
 
   std::vector<std::string> columnNames() const override;
   std::vector<std::vector<Value>> allRows() override;
@@ -48,27 +47,31 @@ class Recordset : public RecordsetObject {
   void remove();
 
   void beginRow();
+  /// Of the row being added.
+  Id newKey() { return newRow().key; }
   void setValue(const std::string& column, const std::string& text);
   /// On failure the row is still being added, so that saving can be tried again.
   void saveRow();
+  /// The single table that rows are added to.
+  const TableDef& table() const;
 
  private:
   /// The row being added.
   struct NewRow {
     Id key = noId;
     bool isKeyGiven = false;
-    std::unordered_map<const ColumnDef*, Value> values;
+    /// By column of the table; nothing for one that was not set.
+    std::vector<std::optional<Value>> values;
   };
 
   void requireUpdatable() const;
-  /// The single table that rows are added to.
-  const TableDef& table() const;
   const PlanColumn& column(int index) const;
   /// A column that can be written: of one row of a table, and not its key unless `keyToo`.
   const PlanColumn& writableColumn(const std::string& name, bool keyToo) const;
   void requireCurrentRow();
   NewRow& newRow();
   Value newValue(const PlanColumn& column) const;
+  static std::size_t placeInTable(const PlanColumn& column);
   bool isDeleted(std::size_t row) const { return deleted_.count(row) > 0; }
   bool findFrom(std::size_t row);
 

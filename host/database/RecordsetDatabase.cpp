@@ -27,16 +27,23 @@ Driver& RecordsetDatabase::driver() {
   return *driver_;
 }
 
+std::vector<RecordsetDatabase::Open>::iterator RecordsetDatabase::placeOf(RecordsetHandle handle) {
+  if (!recordsets_.empty() && recordsets_.back().handle == handle) return recordsets_.end() - 1;
+  const auto place = std::ranges::lower_bound(recordsets_, handle, {}, &Open::handle);
+  return place != recordsets_.end() && place->handle == handle ? place : recordsets_.end();
+}
+
 Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
   driver();
-  const auto found = recordsets_.find(handle);
+  const auto found = placeOf(handle);
   if (found == recordsets_.end())
     throw DatabaseError(database_error::badHandle,
                         "No recordset is open under handle " + std::to_string(handle));
-  return found->second;
+  return *found->recordset;
 }
 
 bool RecordsetDatabase::isDatabaseOpen() {
+  if (gate_) gate_();
   return driver_ != nullptr;
 }
 
@@ -44,16 +51,14 @@ RecordsetHandle RecordsetDatabase::openRecordset(const std::string& sql, CursorM
                                                  LockMode lock, int, const std::string&, int,
                                                  bool) {
   driver();
-  std::vector<Value> parameters;
-  std::shared_ptr<Plan> plan = session_.plan(sql, parameters);
-  recordsets_.try_emplace(lastHandle_ + 1, session_, std::move(plan), std::move(parameters), cursor,
-                          lock);
+  auto opened = std::make_unique<Recordset>(session_, session_.plan(sql), cursor, lock);
+  recordsets_.push_back({lastHandle_ + 1, std::move(opened)});
   return ++lastHandle_;
 }
 
 void RecordsetDatabase::closeRecordset(RecordsetHandle handle) {
   recordset(handle);
-  recordsets_.erase(handle);
+  recordsets_.erase(placeOf(handle));
 }
 
 int RecordsetDatabase::getRecordCount(RecordsetHandle handle) {
@@ -66,7 +71,7 @@ bool RecordsetDatabase::isRecordsetEmpty(RecordsetHandle handle) {
 }
 
 bool RecordsetDatabase::isRecordsetOpen(RecordsetHandle handle) {
-  return recordsets_.count(handle) > 0;
+  return placeOf(handle) != recordsets_.end();
 }
 
 HostObject* RecordsetDatabase::getRecordsetObject(RecordsetHandle handle) {
@@ -106,16 +111,19 @@ Value RecordsetDatabase::getFieldValue(RecordsetHandle handle, const std::string
 bool RecordsetDatabase::updateFieldValue(RecordsetHandle handle, const std::string& fieldName,
                                          const std::string& value, bool, bool) {
   recordset(handle).update(fieldName, value);
+  if (watch_.stored) watch_.stored(handle, fieldName);
   return true;
 }
 
 bool RecordsetDatabase::deleteRecord(RecordsetHandle handle) {
-  recordset(handle).remove();
+  if (!watch_.deleting || !watch_.deleting(handle)) recordset(handle).remove();
   return true;
 }
 
 bool RecordsetDatabase::addNewRecord(RecordsetHandle handle) {
-  recordset(handle).beginRow();
+  Recordset& rows = recordset(handle);
+  rows.beginRow();
+  if (watch_.begun) watch_.begun(handle, rows.table().name, rows.newKey());
   return true;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "contract/DatabaseReference.h"
@@ -11,6 +11,16 @@
 #include "host/database/Session.h"
 
 namespace autonotify::host {
+
+/// Sees what is written, and may refuse it by throwing PlatformError. Empty members see nothing.
+struct WriteWatch {
+  /// A row of the table was begun that will have the key; its fields may be set.
+  std::function<void(RecordsetHandle handle, const std::string& table, Id key)> begun = nullptr;
+  /// A field of the current row was stored.
+  std::function<void(RecordsetHandle handle, const std::string& column)> stored = nullptr;
+  /// The current row is to be deleted; True when it was put elsewhere instead.
+  std::function<bool(RecordsetHandle handle)> deleting = nullptr;
+};
 
 /// The whole database contract over one driver; each engine derives from it and opens the driver.
 ///
@@ -26,6 +36,18 @@ class RecordsetDatabase : public DatabaseReference {
 
   /// Closes all recordsets and the connection; may be called again.
   virtual void close();
+
+  /// What is asked each time before isDatabaseOpen answers, and may refuse by throwing
+  /// PlatformError; null for nothing.
+  void setGate(std::function<void()> gate) { gate_ = std::move(gate); }
+  void setWatch(WriteWatch watch) { watch_ = std::move(watch); }
+
+  /// From True to False a recordset that is opened does not end the reading of another one, so that
+  /// a long walk that looks things up goes on at full speed; what is looked up meanwhile may be as
+  /// old as the walk. At all other times a recordset is read as the database is when it is opened.
+  void readSideBySide(bool sideBySide) noexcept { session_.readSideBySide(sideBySide); }
+  /// What is opened from now on is no older than this call, side by side or not.
+  void readAnew() noexcept { session_.readAnew(); }
 
   /// True until it is closed, also while its server is away.
   bool isDatabaseOpen() override;
@@ -65,12 +87,21 @@ class RecordsetDatabase : public DatabaseReference {
   Driver& driver();
 
  private:
+  struct Open {
+    RecordsetHandle handle;
+    std::unique_ptr<Recordset> recordset;
+  };
+
+  /// Where the handle stands, or the end.
+  std::vector<Open>::iterator placeOf(RecordsetHandle handle);
   Recordset& recordset(RecordsetHandle handle);
 
   std::unique_ptr<Driver> driver_;
   Session session_;
-  std::unordered_map<RecordsetHandle, Recordset> recordsets_;
+  std::vector<Open> recordsets_;  // by handle; the last is asked for most
   RecordsetHandle lastHandle_ = 0;
+  std::function<void()> gate_;
+  WriteWatch watch_;
 };
 
 }  // namespace autonotify::host

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "host/database/Session.h"
@@ -16,12 +17,13 @@ namespace autonotify::host {
 /// The statement begins when the first row is asked for and is stepped no further than needed. Of a
 /// row that has been passed its keys are kept, and of some rows the values that are likely to be
 /// wanted (see Plan::kept). All other values are read again by the keys, so that a row shows what
-/// has been written since. Rows without keys are kept with their values.
+/// this connection has written since; of a single table in blocks, which grow while row after row
+/// is asked for and nothing is written. Rows without keys are kept with their values.
 class RowList : private LiveRows {
  public:
   static constexpr std::size_t firstAdded = std::size_t{1} << 40;
 
-  RowList(Session& session, std::shared_ptr<Plan> plan, std::vector<Value> parameters);
+  RowList(Session& session, Statement statement);
   ~RowList() override;
   RowList(const RowList&) = delete;
   RowList& operator=(const RowList&) = delete;
@@ -40,7 +42,7 @@ class RowList : private LiveRows {
   std::size_t count();
 
   /// False when the row has been deleted. Requires: has(row).
-  bool exists(std::size_t row) { return isLive(row) || isHeld(row) || readAgain(row); }
+  bool exists(std::size_t row) { return isLive(row) || held(row); }
   /// Nothing when the row has been deleted. Requires: has(row).
   std::optional<Value> value(std::size_t row, int column);
   /// The key of the row in plan().tables()[table]. Requires: has(row), and the plan is keyed.
@@ -54,25 +56,31 @@ class RowList : private LiveRows {
 
  private:
   using Values = std::vector<Value>;
-  static constexpr std::size_t bufferLimit = 256;
+  static constexpr std::size_t bufferLimit = Plan::blockRows;
 
   void settle(Settle how) override;
   void step();
   void start();
   void forget() noexcept;
-  bool isAdded(DriverStatement& statement) const;
+  bool isAdded() const;
+  Id liveKey(int table) const;
   void leaveRow();
   void drain(std::size_t valuesToKeep);
   bool isLive(std::size_t row) const { return standsOnRow_ && row + 1 == known_; }
   bool isHeld(std::size_t row) const;
   bool isFresh() const;
-  bool readAgain(std::size_t row);
-  Values valuesOf(DriverStatement& statement) const;
+  /// The values kept of the row, read again where it must be; nothing when it has been deleted.
+  const Values* held(std::size_t row);
+  std::size_t rowsToRead(std::size_t row) const;
+  std::span<const Id> keysFrom(std::size_t row) const;
+  void readAgain(std::size_t row);
+  Values valuesOf(const RowStatement& rows) const;
   void startBuffer(std::size_t row);
 
   Session& session_;
   std::shared_ptr<Plan> plan_;
-  std::vector<Value> parameters_;
+  std::shared_ptr<const std::vector<Value>> parameters_;
+  std::shared_ptr<RowStatement> rows_;  // once started
   std::vector<Id> keys_;  // of all tables, row after row, up to the one that the statement is on
   std::vector<Id> added_;
   std::size_t known_ = 0;
@@ -80,7 +88,8 @@ class RowList : private LiveRows {
   bool complete_ = false;
   bool standsOnRow_ = false;
   std::size_t bufferFirst_ = 0;
-  std::vector<Values> buffer_;  // each of the first columns of Plan::kept
+  /// From bufferFirst_ on; of each row the first columns of Plan::kept, of one deleted nothing.
+  std::vector<std::optional<Values>> buffer_;
   std::uint64_t bufferVersion_ = 0;
 };
 

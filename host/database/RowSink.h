@@ -26,6 +26,12 @@ class RowSink {
   /// The row's key: the given one if `fields` name the key column, otherwise a generated one.
   virtual Id insertRow(std::string_view table, std::span<const Field> fields) = 0;
 
+  /// Writes the fields into the row with this key; nothing when there is none.
+  virtual void updateRow(std::string_view table, Id key, std::span<const Field> fields) = 0;
+
+  /// What came so far can be read on the same connection.
+  virtual void flush() {}
+
   Id insert(std::string_view table, std::initializer_list<Field> fields) {
     return insertRow(table, {fields.begin(), fields.size()});
   }

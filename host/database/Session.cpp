@@ -1,28 +1,83 @@
 #include "host/database/Session.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "host/database/dialect/literals.h"
 
 namespace autonotify::host {
+namespace {
 
-std::shared_ptr<Plan> Session::plan(const std::string& sql, std::vector<Value>& parameters) {
-  const bool hasSkeleton = splitLiterals(sql, skeleton_, parameters);
-  if (const auto* known = hasSkeleton ? plansBySkeleton_.find(skeleton_) : nullptr) return *known;
+/// A longer statement is not remembered.
+constexpr std::size_t longestRecent = 4096;
+
+/// Looks at a few places of the text: statements are long.
+std::size_t sampledHash(std::string_view text) {
+  constexpr std::size_t samples = 8;
+  std::uint64_t hash = text.size();
+  std::uint64_t letters = 0;
+  if (text.size() < sizeof letters) return hash;
+  const std::size_t last = text.size() - sizeof letters;
+  for (std::size_t i = 0; i < samples; ++i) {
+    std::memcpy(&letters, text.data() + last * i / (samples - 1), sizeof letters);
+    hash = (hash ^ letters) * 0x9e3779b97f4a7c15;
+    hash ^= hash >> 32;
+  }
+  return hash;
+}
+
+/// Puts another value in the place of the last one, beside whoever still holds the old ones.
+void replaceLast(std::shared_ptr<std::vector<Value>>& values, Value value) {
+  if (values->back() == value) return;
+  if (values.use_count() > 1) values = std::make_shared<std::vector<Value>>(*values);
+  values->back() = std::move(value);
+}
+
+}  // namespace
+
+Statement Session::plan(const std::string& sql) {
+  if (sql.size() > longestRecent) return planOf(sql).statement;
+  const std::optional<Token> literal = lastLiteral(sql);
+  const std::string_view text = sql;
+  const std::string_view before = text.substr(0, literal ? literal->begin : text.size());
+  const std::string_view behind = text.substr(literal ? literal->end : text.size());
+  Recent& recent = recent_[sampledHash(before) % recent_.size()];
+  if (recent.statement.plan && recent.before == before && recent.behind == behind) {
+    std::optional<Value> value = literal ? literalValue(*literal) : std::nullopt;
+    if (value) replaceLast(recent.statement.parameters, std::move(*value));
+    if (value || !literal) return recent.statement;
+  }
+  Planned planned = planOf(sql);
+  if (planned.literalsAreParameters)
+    recent = {std::string(before), std::string(behind), planned.statement};
+  return std::move(planned.statement);
+}
+
+Session::Planned Session::planOf(const std::string& sql) {
+  auto parameters = std::make_shared<std::vector<Value>>();
+  const bool hasSkeleton = splitLiterals(sql, skeleton_, *parameters);
+  if (const auto* known = hasSkeleton ? plansBySkeleton_.find(skeleton_) : nullptr)
+    return {{*known, std::move(parameters)}, true};
   Translation translation = translate(sql, driver_.engine());
   std::shared_ptr<Plan> plan =
       plans_.get(translation.sql, [&] { return std::make_shared<Plan>(driver_, translation); });
-  if (hasSkeleton && translation.literalsAreParameters)
-    plansBySkeleton_.get(skeleton_, [&] { return plan; });
-  parameters = std::move(translation.parameters);
-  return plan;
+  const bool isWhole = hasSkeleton && translation.literalsAreParameters;
+  if (isWhole) plansBySkeleton_.get(skeleton_, [&] { return plan; });
+  *parameters = std::move(translation.parameters);
+  return {{std::move(plan), std::move(parameters)}, isWhole};
 }
 
-void Session::begin(LiveRows& rows) {
-  if (live_ && live_ != &rows) live_->settle(Settle::keepValues);
-  live_ = &rows;
+// Whatever is settled has ended, also where that failed.
+void Session::settleAll(Settle how) {
+  while (!live_.empty()) live_.back().rows->settle(how);
 }
 
-void Session::beforeWrite() {
-  if (live_) live_->settle(Settle::keysOnly);
+void Session::begin(LiveRows& rows, const RowStatement& statement) {
+  if (!mayStay_) settleAll(Settle::keepValues);
+  mayStay_ = isSideBySide_;
+  const auto other = std::ranges::find(live_, &statement, &Live::statement);
+  if (other != live_.end()) other->rows->settle(Settle::keepValues);
+  live_.push_back({&rows, &statement});
 }
 
 std::uint64_t Session::versionOf(const TableDef* table) const {
@@ -32,44 +87,47 @@ std::uint64_t Session::versionOf(const TableDef* table) const {
 
 int Session::write(const TableDef& table, DriverStatement& statement,
                    const std::vector<Value>& values) {
-  beforeWrite();
+  settleAll(Settle::keysOnly);
   const int rows = statement.run(values);
   written_[&table] = ++version_;
   return rows;
 }
 
 Id Session::reserveKey(const TableDef& table) {
-  beforeWrite();
+  settleAll(Settle::keysOnly);
   return driver_.reserveKey(table);
 }
 
 void Session::takeKey(const TableDef& table, Id key) {
-  beforeWrite();
+  settleAll(Settle::keysOnly);
   driver_.takeKey(table, key);
 }
 
-bool Session::updateField(const TableDef& table, const ColumnDef& column, Id key,
-                          const Value& value) {
-  Statement& statement = updates_[&column];
+bool Session::updateField(const TableDef& table, const ColumnDef& column, Id key, Value value) {
+  Prepared& statement = updates_[&column];
   if (!statement) {
     const Engine engine = driver_.engine();
     statement = driver_.prepare("UPDATE " + table.name + " SET " + column.name + "=" +
                                 placeholder(engine, 1) + " WHERE " + table.key() + "=" +
                                 placeholder(engine, 2));
   }
-  return write(table, *statement, {value, key}) > 0;
+  std::vector<Value> values;
+  values.reserve(2);
+  values.push_back(std::move(value));
+  values.emplace_back(key);
+  return write(table, *statement, values) > 0;
 }
 
 bool Session::deleteRow(const TableDef& table, Id key) {
-  Statement& statement = deletes_[&table];
+  Prepared& statement = deletes_[&table];
   if (!statement)
     statement = driver_.prepare("DELETE FROM " + table.name + " WHERE " + table.key() + "=" +
                                 placeholder(driver_.engine(), 1));
   return write(table, *statement, {key}) > 0;
 }
 
-void Session::insertRow(const TableDef& table, const std::vector<const ColumnDef*>& columns,
-                        const std::vector<Value>& values) {
+Session::Prepared Session::prepareInsert(const TableDef& table,
+                                         std::span<const ColumnDef* const> columns) {
   std::string sql = "INSERT INTO " + table.name + " (";
   std::string places;
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -77,12 +135,18 @@ void Session::insertRow(const TableDef& table, const std::vector<const ColumnDef
     sql += separator + columns[i]->name;
     places += separator + placeholder(driver_.engine(), i + 1);
   }
-  sql += ") VALUES (" + places + ")";
-  const Statement statement = inserts_.get(sql, [&] { return Statement(driver_.prepare(sql)); });
+  return driver_.prepare(sql + ") VALUES (" + places + ")");
+}
+
+void Session::insertRow(const TableDef& table, std::span<const ColumnDef* const> columns,
+                        const std::vector<Value>& values) {
+  const std::string_view key(reinterpret_cast<const char*>(columns.data()), columns.size_bytes());
+  const Prepared statement = inserts_.get(key, [&] { return prepareInsert(table, columns); });
   write(table, *statement, values);
 }
 
 void Session::clear() {
+  recent_.fill({});
   plans_.clear();
   plansBySkeleton_.clear();
   inserts_.clear();

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -26,12 +29,19 @@ class LiveRows {
   virtual void settle(Settle how) = 0;
 };
 
+/// A statement as it was asked for: its plan and the values of its literals.
+struct Statement {
+  std::shared_ptr<Plan> plan;
+  std::shared_ptr<std::vector<Value>> parameters;
+};
+
 /// What the recordsets of one connection share: the driver, statements kept by their text, and what
 /// has been written.
 ///
-/// At most one statement is under way at a time. It is settled before anything is written and
-/// before the next one begins: rows are never read from a statement that sees later writes, and no
-/// connection reads an old state for ever because a handle was left open.
+/// A statement that is under way is settled before anything is written and before the next one
+/// begins: rows are never read from a statement that sees later writes, and no connection reads an
+/// old state for ever because a handle was left open. While it reads side by side, statements of
+/// different texts are under way together; an engine may show all of them what the first one saw.
 class Session {
  public:
   explicit Session(Driver& driver)
@@ -40,14 +50,22 @@ class Session {
         plansBySkeleton_(planCapacity),
         inserts_(planCapacity) {}
 
-  /// Translates and plans. `parameters` receives the statement's literals.
-  std::shared_ptr<Plan> plan(const std::string& sql, std::vector<Value>& parameters);
+  /// Translates and plans.
+  Statement plan(const std::string& sql);
 
-  /// `rows` begins its statement now; another one under way is settled first.
-  void begin(LiveRows& rows);
-  /// The statement of `rows`, if it is the one under way, has ended.
+  /// Statements that begin from now on do not settle each other, or do so again.
+  void readSideBySide(bool sideBySide) noexcept {
+    isSideBySide_ = sideBySide;
+    readAnew();
+  }
+  /// The next statement settles what is under way all the same.
+  void readAnew() noexcept { mayStay_ = false; }
+
+  /// `rows` executes `statement` now; what may not be under way beside it is settled first.
+  void begin(LiveRows& rows, const RowStatement& statement);
+  /// The statement of `rows` has ended, if it was under way.
   void end(const LiveRows& rows) noexcept {
-    if (live_ == &rows) live_ = nullptr;
+    std::erase_if(live_, [&](const Live& each) { return each.rows == &rows; });
   }
 
   /// Rises with each write of this connection.
@@ -58,10 +76,10 @@ class Session {
   Id reserveKey(const TableDef& table);
   void takeKey(const TableDef& table, Id key);
   // Each writes one row and is durable on return. False when there is no such row.
-  bool updateField(const TableDef& table, const ColumnDef& column, Id key, const Value& value);
+  bool updateField(const TableDef& table, const ColumnDef& column, Id key, Value value);
   bool deleteRow(const TableDef& table, Id key);
   /// One value for each of the columns.
-  void insertRow(const TableDef& table, const std::vector<const ColumnDef*>& columns,
+  void insertRow(const TableDef& table, std::span<const ColumnDef* const> columns,
                  const std::vector<Value>& values);
 
   /// Forgets all statements; no recordset may be left.
@@ -69,23 +87,44 @@ class Session {
 
  private:
   static constexpr std::size_t planCapacity = 256;
-  using Statement = std::shared_ptr<DriverStatement>;
+  using Prepared = std::shared_ptr<DriverStatement>;
 
-  void beforeWrite();
+  /// A statement that came before, with its text around its last literal (see lastLiteral).
+  struct Recent {
+    std::string before;
+    std::string behind;
+    Statement statement;
+  };
+  struct Planned {
+    Statement statement;
+    bool literalsAreParameters;
+  };
+
+  struct Live {
+    LiveRows* rows;
+    const RowStatement* statement;
+  };
+
+  Planned planOf(const std::string& sql);
+  Prepared prepareInsert(const TableDef& table, std::span<const ColumnDef* const> columns);
+  void settleAll(Settle how);
   int write(const TableDef& table, DriverStatement& statement, const std::vector<Value>& values);
 
   Driver& driver_;
+  // By the text before the last literal: most statements come again with another id.
+  std::array<Recent, 512> recent_;
   LruCache<std::shared_ptr<Plan>> plans_;  // by translation
-  // The same by the text before translation, where that says all. Most statements come again with
-  // other ids, and are found here without being translated.
+  // The same by the text before translation, where that says all.
   LruCache<std::shared_ptr<Plan>> plansBySkeleton_;
-  std::string skeleton_;  // kept for its room
-  LruCache<Statement> inserts_;
-  std::unordered_map<const ColumnDef*, Statement> updates_;
-  std::unordered_map<const TableDef*, Statement> deletes_;
+  std::string skeleton_;        // kept for its room
+  LruCache<Prepared> inserts_;  // by the places of their columns in memory
+  std::unordered_map<const ColumnDef*, Prepared> updates_;
+  std::unordered_map<const TableDef*, Prepared> deletes_;
   std::unordered_map<const TableDef*, std::uint64_t> written_;
   std::uint64_t version_ = 0;
-  LiveRows* live_ = nullptr;
+  std::vector<Live> live_;
+  bool isSideBySide_ = false;
+  bool mayStay_ = false;  // what is under way, when the next statement begins
 };
 
 }  // namespace autonotify::host

@@ -80,13 +80,13 @@ constexpr Software software[] = {{"LedgerLine Desktop", "12.1", ".ldb"},
                                  {"Tallywright", "8", ".tly"},
                                  {"Shoebox Plus", "3.4", ".sbx"}};
 
-constexpr Meeting meeting[] = {{"Review of draft statements", 60},
-                               {"Tax planning", 45},
-                               {"New payroll system", 90},
-                               {"Bank financing proposal", 60},
-                               {"Signing of the returns", 30},
-                               {"Estate & succession", 120},
-                               {"First meeting", 45}};
+constexpr Meeting allMeetings[] = {{"Review of draft statements", 60},
+                                   {"Tax planning", 45},
+                                   {"New payroll system", 90},
+                                   {"Bank financing proposal", 60},
+                                   {"Signing of the returns", 30},
+                                   {"Estate & succession", 120},
+                                   {"First meeting", 45}};
 
 constexpr std::string_view timeEntries[] = {"Bookkeeping",    "Preparation of working papers",
                                             "Telephone call", "Review of return",
@@ -135,7 +135,7 @@ std::span<const Software> softwarePackages() {
   return software;
 }
 std::span<const Meeting> meetings() {
-  return meeting;
+  return allMeetings;
 }
 std::span<const std::string_view> timeEntrySubjects() {
   return timeEntries;

@@ -12,6 +12,7 @@
 #include "host/clients/record_rows.h"
 #include "host/desk/databases.h"
 #include "host/desk/places.h"
+#include "host/desk/unfinished_rows.h"
 #include "host/documents/HostClientDocumentFolder.h"
 #include "host/services/HiddenFile.h"
 #include "host/services/HostFileSystemObject.h"
@@ -66,8 +67,10 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       workingFolder_(
           (fs::temp_directory_path() / fmt::format("hvnotify-{}-{}", ::geteuid(), ::getpid()))
               .string()),
-      clients_(std::make_unique<ClientDirectory>(*database_)),
+      clients_(std::make_unique<ClientDirectory>(
+          *database_, [this](bool isBatch) { database_->readSideBySide(isBatch); })),
       mailServer_(options.mailServer),
+      plainMail_(options.plainMail),
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
       outbox_(hasOwnOutbox_ ? outboxBeside(fileOf(*database_)) : options.outbox),
       hasOwnDocuments_(options.documents.empty() && isFile(options.database)),
@@ -77,6 +80,7 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
   readUser(options);
   registerClasses();
   loadComponent();
+  removeUnfinished(*this);
 }
 
 Desk::~Desk() = default;
@@ -153,7 +157,11 @@ std::unique_ptr<clsFrmSentNotifyBulk> Desk::newBulkScheduler() {
   return library_->createBulkScheduler();
 }
 
-std::string Desk::errorLine(const std::vector<RecordedError>& errors) {
+/// A step that was repeated until it went well has not failed.
+std::string Desk::errorLine(std::vector<RecordedError> errors) {
+  std::erase_if(errors, [](const RecordedError& error) {
+    return error.choice != error_choice::next && error.choice != error_choice::leave;
+  });
   if (errors.empty()) return {};
   std::string line = firstLine(errors.front().description);
   const std::size_t others = errors.size() - 1;
@@ -203,7 +211,8 @@ std::string Desk::requireDocuments() {
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
   const auto identityOf = [this](Id notification) { return messageIdentity(notification); };
   auto sender = std::make_unique<OutboxEmailSender>(
-      OutboxSettings{outbox_, {}, mailServer_, identityOf, !databaseIdentity_.empty()}, clock());
+      OutboxSettings{outbox_, {}, mailServer_, identityOf, !databaseIdentity_.empty(), plainMail_},
+      clock());
   sender->put_errorClass(&dialogs_.errors);
   sender->put_MsgboxClass(&dialogs_.messages);
   sender->put_LocaleReference(&locale_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -38,6 +39,8 @@ struct DeskOptions {
   std::string firmCode = {};
   /// Who takes the emails from the outbox; unset: some other mail system.
   std::optional<SmtpServer> mailServer = std::nullopt;
+  /// Emails go as plain text alone.
+  bool plainMail = false;
 };
 
 /// The words of a failure without what is of use to programmers only, such as its statement.
@@ -75,12 +78,20 @@ class Desk {
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
 
-  DatabaseReference& database() { return *database_; }
+  RecordsetDatabase& database() { return *database_; }
+  /// See RecordsetDatabase.
+  void setGate(std::function<void()> gate) { database_->setGate(std::move(gate)); }
+  void setWatch(WriteWatch watch) { database_->setWatch(std::move(watch)); }
+  /// The windows of the component that are loaded at present.
+  std::vector<Form*> openForms() { return dialogs_.forms.openForms(); }
   /// Whoever composes, arms or disarms for a task or an item of the diary claims that first; who
   /// sends or changes a notification claims it too (claimNotification), and reads its state then.
   /// Carrying a template into all that is unsent claims nothing: what it writes is not told from a
   /// person's change.
-  Claims& claims() { return *claims_; }
+  Claims& claims() {
+    database_->readAnew();
+    return *claims_;
+  }
   clientDropDownCtrlReference& clients() { return *clients_; }
   clsAutoNotifyCtrl& control() { return *control_; }
   clsNotificationTools& tools() { return *tools_; }
@@ -92,7 +103,7 @@ class Desk {
   DateTime today() { return clock().today(); }
 
   /// Runs `call` and gives the errors that the component met meanwhile, as one line; empty when all
-  /// went well.
+  /// went well, if need be at another try.
   template <class Call>
   std::string errorsOf(Call&& call) {
     dialogs_.errors.takeRecorded();
@@ -112,13 +123,18 @@ class Desk {
   std::string requireDocuments();
   /// The documents that were filed since the last time.
   std::vector<FiledDocument> takeFiled() { return std::exchange(filed_, {}); }
+  /// The emails that went out at once since the last time.
+  std::vector<Id> takeSent() { return std::exchange(sent_, {}); }
+  void noteSent(Id notification) { sent_.push_back(notification); }
+  /// Whether emails have a place to go out from.
+  bool hasOutbox() const { return !outbox_.empty(); }
   /// Null where a person is shown what is to be printed.
   PrintingFormHost* printer() { return dialogs_.printer; }
   /// A sender with all references set, for one message.
   std::unique_ptr<OutboxEmailSender> newEmailSender();
 
  private:
-  static std::string errorLine(const std::vector<RecordedError>& errors);
+  static std::string errorLine(std::vector<RecordedError> errors);
   void readFirm(const DeskOptions& options);
   void readUser(const DeskOptions& options);
   void registerClasses();
@@ -134,6 +150,7 @@ class Desk {
   std::unique_ptr<ClientDirectory> clients_;
   ClassRegistry registry_;
   std::optional<SmtpServer> mailServer_;
+  bool plainMail_;
   /// Beside the database, not named by an option.
   bool hasOwnOutbox_;
   std::string outbox_;
@@ -144,6 +161,7 @@ class Desk {
   bool hasOwnDocuments_;
   std::string documents_;
   std::vector<FiledDocument> filed_;
+  std::vector<Id> sent_;
   /// The last name that was given to a document because its own was taken.
   std::string nameBeside_;
   std::string databaseIdentity_;

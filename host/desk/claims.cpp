@@ -21,8 +21,8 @@ namespace autonotify::host {
 namespace {
 
 /// In the order of WorkItem, from 1.
-constexpr std::array<const char*, 6> itemNames{"notification", "task",      "appointment",
-                                               "time entry",   "print run", "templates"};
+constexpr std::array<const char*, 7> itemNames{
+    "notification", "task", "appointment", "time entry", "print run", "templates", "import"};
 
 /// The file of claims while this desk holds any, with a lock on one byte for each item. A desk may
 /// claim what it has claimed already, as on a server.

@@ -8,15 +8,16 @@
 
 namespace autonotify::host {
 
-/// What one desk works on at a time. Of print runs the `wholeFirm` has one, and of its templates
-/// one changes at a time.
+/// What one desk works on at a time. Of print runs and of imports the `wholeFirm` has one, and of
+/// its templates one changes at a time.
 enum class WorkItem {
   notification = 1,
   task = 2,
   appointment = 3,
   timeEntry = 4,
   printRun = 5,
-  templates = 6
+  templates = 6,
+  dataImport = 7
 };
 inline constexpr Id wholeFirm = 0;
 

@@ -7,19 +7,18 @@
 namespace autonotify::host {
 
 void RecordingErrorClass::enterProcedure(std::string_view tag) {
-  if (depth_ == tags_.size()) tags_.emplace_back();
-  tags_[depth_++].assign(tag);
+  tags_.push_back(tag);
 }
 
 void RecordingErrorClass::leaveProcedure() {
-  if (depth_ == 0) return;
-  --depth_;
+  if (tags_.empty()) return;
+  tags_.pop_back();
   onLeave();
 }
 
 void RecordingErrorClass::recordError(const PlatformError& error) {
   current_ = {error.number(), error.description(), error.source(),
-              depth_ > 0 ? tags_[depth_ - 1] : std::string(), error_choice::leave};
+              std::string(tags_.empty() ? "" : tags_.back()), error_choice::leave};
 }
 
 void RecordingErrorClass::showErrorDialog() {

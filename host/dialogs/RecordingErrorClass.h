@@ -30,7 +30,7 @@ class RecordingErrorClass : public errorClass {
   int getErrorChoice() override { return choice_; }
 
   /// How many procedures are entered at present.
-  std::size_t depth() const { return depth_; }
+  std::size_t depth() const { return tags_.size(); }
   /// All errors since the last takeRecorded, oldest first.
   const std::vector<RecordedError>& recorded() const { return recorded_; }
   /// The same, and forgets them: what happened to one row stays apart from the next.
@@ -43,9 +43,7 @@ class RecordingErrorClass : public errorClass {
   virtual void onLeave() {}
 
  private:
-  /// The first depth_ tags are in use; the others wait to be used again.
-  std::vector<std::string> tags_;
-  std::size_t depth_ = 0;
+  std::vector<std::string_view> tags_;
   RecordedError current_;
   std::vector<RecordedError> recorded_;
   int choice_ = error_choice::leave;

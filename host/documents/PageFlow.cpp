@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace autonotify::host {
 namespace {
@@ -11,6 +12,8 @@ namespace {
 /// The first that is there, and of the others what it lacks.
 constexpr const char* families = "Lato, Noto Sans, DejaVu Sans, Sans";
 constexpr double tabWidth = 36;
+constexpr double gapOfCells = 6;
+constexpr double leastCell = 1;
 constexpr TextLook pageNumberLook{9, PANGO_WEIGHT_NORMAL, 0.35, PANGO_ALIGN_CENTER};
 
 double points(int pangoUnits) {
@@ -73,8 +76,14 @@ std::string_view pieceOf(std::string_view paragraph) {
 
 }  // namespace
 
-PageFlow::PageFlow(cairo_t* pen, PangoContext* context, const Report::Margins& margins)
-    : pen_(pen), context_(context), margins_(margins), y_(margins.top), top_(margins.top) {}
+PageFlow::PageFlow(cairo_t* pen, PangoContext* context, const Report::Margins& margins,
+                   const Paper& paper)
+    : pen_(pen),
+      context_(context),
+      margins_(margins),
+      paper_(paper),
+      y_(margins.top),
+      top_(margins.top) {}
 
 void PageFlow::text(std::string_view text, const TextLook& look, double indent) {
   const std::string valid = drawable(withoutBlankEnd(text));
@@ -119,12 +128,37 @@ void PageFlow::line(PangoLayoutIter* lines, const TextLook& look, double indent,
 }
 
 void PageFlow::label(std::string_view text, const TextLook& look) {
-  const auto layout = layOut(drawable(text), look, 0);
-  pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-  pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
+  const auto layout = layOutLine(text, look, width());
   const double top = y_;
   line(PangoHandle<PangoLayoutIter>(pango_layout_get_iter(layout.get())).get(), look, 0, 1);
   labelBottom_ = std::exchange(y_, top);
+}
+
+void PageFlow::row(std::span<const PageCell> cells, const TextLook& look) {
+  double shares = 0;
+  for (const PageCell& cell : cells) shares += cell.share;
+  const double usable = width() - gapOfCells * static_cast<double>(cells.size());
+  const auto widthOf = [&](const PageCell& cell) {
+    return std::max(usable * cell.share / shares, leastCell);
+  };
+  std::vector<PangoHandle<PangoLayout>> layouts;
+  double height = 0;
+  for (const PageCell& cell : cells) {
+    PangoRectangle logical;
+    layouts.push_back(layOutLine(cell.text, look, widthOf(cell)));
+    pango_layout_get_extents(layouts.back().get(), nullptr, &logical);
+    height = std::max(height, points(logical.height) * look.spacing);
+  }
+  makeRoom(height);
+  const double top = y_;
+  double left = 0;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    y_ = top;
+    line(PangoHandle<PangoLayoutIter>(pango_layout_get_iter(layouts[i].get())).get(), look, left,
+         1);
+    left += widthOf(cells[i]) + gapOfCells;
+  }
+  y_ = top + height;
 }
 
 void PageFlow::rule(double thickness, double grey) {
@@ -153,8 +187,17 @@ PangoHandle<PangoLayout> PageFlow::layOut(std::string_view text, const TextLook&
   return layout;
 }
 
+PangoHandle<PangoLayout> PageFlow::layOutLine(std::string_view text, const TextLook& look,
+                                              double width) const {
+  auto layout = layOut(drawable(text), look, 0);
+  pango_layout_set_width(layout.get(), pangoUnits(width));
+  pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
+  pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
+  return layout;
+}
+
 void PageFlow::makeRoom(double height) {
-  if (y_ > top_ && y_ + height > paperHeight - margins_.bottom) nextPage();
+  if (y_ > top_ && y_ + height > paper_.height - margins_.bottom) nextPage();
 }
 
 void PageFlow::nextPage() {
@@ -168,7 +211,7 @@ void PageFlow::nextPage() {
 }
 
 void PageFlow::pageNumber() {
-  y_ = paperHeight - margins_.bottom / 2.0 - pageNumberLook.size;
+  y_ = paper_.height - margins_.bottom / 2.0 - pageNumberLook.size;
   top_ = y_;
   label("Page " + std::to_string(page_), pageNumberLook);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <span>
+#include <string>
 #include <string_view>
 
 #include "host/documents/PrintedReport.h"
@@ -8,9 +10,13 @@
 
 namespace autonotify::host {
 
-/// Letter paper, in points.
-inline constexpr double paperWidth = 612;
-inline constexpr double paperHeight = 792;
+/// In points.
+struct Paper {
+  double width;
+  double height;
+};
+inline constexpr Paper letterPaper{612, 792};
+inline constexpr Paper landscapePaper{letterPaper.height, letterPaper.width};
 
 /// How a text looks.
 struct TextLook {
@@ -23,6 +29,12 @@ struct TextLook {
   double spacing = 1.0;
 };
 
+/// A text of a row, and its share of the row's width.
+struct PageCell {
+  std::string text;
+  double share;
+};
+
 /// Texts and rules, put below each other from the head of a page on, over as many pages as they
 /// need. Any bytes are drawn: those that are no UTF-8 as replacement characters.
 class PageFlow {
@@ -30,7 +42,8 @@ class PageFlow {
   /// Draws the head of each page behind the first.
   using RunningHead = std::function<void(PageFlow&)>;
 
-  PageFlow(cairo_t* pen, PangoContext* context, const Report::Margins& margins);
+  PageFlow(cairo_t* pen, PangoContext* context, const Report::Margins& margins,
+           const Paper& paper = letterPaper);
 
   void setRunningHead(RunningHead head) { head_ = std::move(head); }
   /// Paragraphs end at line ends. They begin `indent` points right of the margin.
@@ -38,6 +51,8 @@ class PageFlow {
   /// One line, cut with an ellipsis where it is too long. A text that comes next stands at its
   /// height, a rule below it.
   void label(std::string_view text, const TextLook& look);
+  /// Texts side by side, each one line that is cut with an ellipsis where it is too long.
+  void row(std::span<const PageCell> cells, const TextLook& look);
   /// `thickness` in points.
   void rule(double thickness, double grey);
   void gap(double points) { y_ += points; }
@@ -46,6 +61,9 @@ class PageFlow {
 
  private:
   PangoHandle<PangoLayout> layOut(std::string_view text, const TextLook& look, double indent) const;
+  /// The same in one line, no wider than that.
+  PangoHandle<PangoLayout> layOutLine(std::string_view text, const TextLook& look,
+                                      double width) const;
   /// Draws lines of the paragraph and gives the bytes that they hold.
   std::size_t lines(std::string_view paragraph, const TextLook& look, double indent);
   /// Draws the line, on a page that has room for `together` of them.
@@ -53,11 +71,12 @@ class PageFlow {
   void makeRoom(double height);
   void nextPage();
   void pageNumber();
-  double width() const { return paperWidth - margins_.left - margins_.right; }
+  double width() const { return paper_.width - margins_.left - margins_.right; }
 
   cairo_t* pen_;
   PangoContext* context_;
   Report::Margins margins_;
+  Paper paper_;
   RunningHead head_;
   int page_ = 1;
   double y_;

@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "host/documents/PageFlow.h"
+#include "host/documents/grid_pages.h"
 #include "host/documents/report_pages.h"
 #include "platform/PlatformError.h"
 
@@ -26,7 +27,8 @@ PangoHandle<PangoContext> paperContext(cairo_t* pen) {
 
 PdfDocument::PdfDocument(Write write)
     : write_(std::move(write)),
-      surface_(cairo_pdf_surface_create_for_stream(writeThrough, this, paperWidth, paperHeight)),
+      surface_(cairo_pdf_surface_create_for_stream(writeThrough, this, letterPaper.width,
+                                                   letterPaper.height)),
       pen_(cairo_create(surface_.get())),
       context_(paperContext(pen_.get())) {
   requireWritten();
@@ -42,8 +44,21 @@ int PdfDocument::add(const PrintedReport& report, const std::string& title) {
     cairo_pdf_surface_add_outline(surface_.get(), CAIRO_PDF_OUTLINE_ROOT, title.c_str(),
                                   ("page=" + std::to_string(pages_ + 1) + " pos=[0 0]").c_str(),
                                   static_cast<cairo_pdf_outline_flags_t>(0));
+  cairo_pdf_surface_set_size(surface_.get(), letterPaper.width, letterPaper.height);
   PageFlow flow(pen_.get(), context_.get(), report.margins());
   drawReport(flow, report);
+  return endPages(flow);
+}
+
+int PdfDocument::add(const Grid& grid, const GridDialog& printed) {
+  const Paper paper = paperOf(grid, printed);
+  cairo_pdf_surface_set_size(surface_.get(), paper.width, paper.height);
+  PageFlow flow(pen_.get(), context_.get(), gridMargins, paper);
+  drawGrid(flow, grid, printed);
+  return endPages(flow);
+}
+
+int PdfDocument::endPages(PageFlow& flow) {
   const int pages = flow.finish();
   requireWritten();
   pages_ += pages;

@@ -6,8 +6,11 @@
 
 #include "host/documents/PrintedReport.h"
 #include "host/documents/cairo_handles.h"
+#include "platform/controls/Grid.h"
 
 namespace autonotify::host {
+
+class PageFlow;
 
 /// Reports as pages of a PDF, one report behind the other. Pages are handed on as they are made, so
 /// that the memory needed does not grow with the number of reports, nor with the length of one.
@@ -25,6 +28,8 @@ class PdfDocument {
   /// Gives the number of pages that it took. A document of many has a list of contents with `title`
   /// in it; empty for none.
   int add(const PrintedReport& report, const std::string& title = {});
+  /// The rows of a grid as they stand.
+  int add(const Grid& grid, const GridDialog& printed);
   /// All pages of all reports.
   int pages() const { return pages_; }
   /// The document is whole from here on; it has one report at least.
@@ -32,6 +37,7 @@ class PdfDocument {
 
  private:
   static cairo_status_t writeThrough(void* document, const unsigned char* bytes, unsigned size);
+  int endPages(PageFlow& flow);
   void requireWritten();
 
   Write write_;

@@ -5,7 +5,9 @@
 
 #include "host/clients/record_rows.h"
 #include "host/mail/gmime_handles.h"
+#include "host/mail/html_page.h"
 #include "platform/PlatformError.h"
+#include "platform/rich_text.h"
 
 namespace autonotify::host {
 namespace {
@@ -38,16 +40,18 @@ OutboxEmailSender::OutboxEmailSender(OutboxSettings settings, Clock& clock)
 bool OutboxEmailSender::send() {
   lastError_.clear();
   keepFault_.clear();
-  alreadyDelivered_ = isUncertain_ = false;
+  alreadyDelivered_ = isUncertain_ = isServersFault_ = false;
   try {
     MailMessage message = compose();
     identify();
+    message.page = page();
     const std::string name = messageName();
     message.messageId = name + message.from.address.substr(message.from.address.rfind('@'));
     deliver(name, message);
     return true;
   } catch (const MailError& error) {
     isUncertain_ = dynamic_cast<const UncertainMailError*>(&error);
+    isServersFault_ = dynamic_cast<const MailServerError*>(&error);
     lastError_ = error.what();
   } catch (const PlatformError& error) {
     lastError_ = "The firm's database cannot be read: " + error.description();
@@ -100,7 +104,22 @@ MailMessage OutboxEmailSender::compose() {
   message.subject = words_.subject;
   message.body = words_.body;
   message.date = clock_.now();
+  if (testTo_) redirect(message);
   return message;
+}
+
+void OutboxEmailSender::redirect(MailMessage& message) const {
+  for (const std::string* recipients : {&words_.to, &words_.cc, &words_.bcc})
+    if (!recipients->empty()) message.testOf += (message.testOf.empty() ? "" : ", ") + *recipients;
+  message.to = {*testTo_};
+  message.cc.clear();
+  message.bcc.clear();
+  message.subject.insert(0, "[Test] ");
+}
+
+/// Empty for a text without formats.
+std::string OutboxEmailSender::page() const {
+  return settings_.isPlain || !isRichText(richText_) ? "" : pageOf(readRichText(richText_));
 }
 
 Mailbox OutboxEmailSender::sender() {
@@ -158,10 +177,12 @@ bool OutboxEmailSender::hasDatabase() const {
 /// What is settled once holds for every further attempt.
 void OutboxEmailSender::identify() {
   if (identity_.empty() && settings_.identityOf && hasDatabase())
-    if (const auto notification = notificationOf(*database_, words_))
-      identity_ = settings_.identityOf(*notification);
+    if (auto notification = notificationOf(*database_, words_)) {
+      identity_ = settings_.identityOf(notification->id);
+      richText_ = std::move(notification->memo);
+    }
   const bool isOthers = mayRepeat_ && !settings_.identitiesAreOurs && !doubt().empty();
-  if (identity_.empty() || isOthers) identity_ = identityOfItsOwn();
+  if (identity_.empty() || isOthers || testTo_) identity_ = identityOfItsOwn();
 }
 
 std::string OutboxEmailSender::messageName() const {

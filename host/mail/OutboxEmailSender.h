@@ -24,6 +24,8 @@ struct OutboxSettings {
   std::function<std::string(Id notification)> identityOf = nullptr;
   /// False when others may give their messages the same identities.
   bool identitiesAreOurs = true;
+  /// Messages are their plain text alone.
+  bool isPlain = false;
 };
 
 /// Sends a message by putting it, as an RFC 5322 file, into an outbox folder, or, where a server is
@@ -39,6 +41,8 @@ struct OutboxSettings {
 /// reports success. The identity is the one that the host sets, or else that of the notification
 /// that is being sent in the same words. A message of neither is one of its own: the same words may
 /// go out in many.
+///
+/// A message whose rich text is known has a page of HTML beside its plain text.
 class OutboxEmailSender : public EmailSender {
  public:
   /// `clock` must outlive this object.
@@ -57,6 +61,11 @@ class OutboxEmailSender : public EmailSender {
   bool send() override;
   std::string getLastError() override { return lastError_; }
 
+  /// What the body was made from. Where it is not set, the notification of the same words has it.
+  void setRichText(std::string text) { richText_ = std::move(text); }
+  /// Makes a test of it: a message of its own that says so, and goes to this address in place of
+  /// its recipients.
+  void makeTest(Mailbox to) { testTo_ = std::move(to); }
   /// What tells this message from every other for good, such as the database's own id with the
   /// notification's. Empty for none.
   void setIdentity(std::string identity) { identity_ = std::move(identity); }
@@ -76,6 +85,8 @@ class OutboxEmailSender : public EmailSender {
   bool alreadyDelivered() const { return alreadyDelivered_; }
   /// True when the last send failed and it cannot be known whether the message went out.
   bool isUncertain() const { return isUncertain_; }
+  /// True when the last send failed as that of any other message would.
+  bool isServersFault() const { return isServersFault_; }
   /// Why the message that the last send sent stays in "sending", empty when it does not. It is not
   /// sent again from there.
   const std::string& keepFault() const { return keepFault_; }
@@ -88,6 +99,8 @@ class OutboxEmailSender : public EmailSender {
   bool isOut(OutboxPlace place) const;
   std::string doubtOf(OutboxPlace place) const;
   MailMessage compose();
+  void redirect(MailMessage& message) const;
+  std::string page() const;
   Mailbox sender();
   bool hasDatabase() const;
   void identify();
@@ -98,10 +111,13 @@ class OutboxEmailSender : public EmailSender {
   DatabaseReference* database_ = nullptr;
   EmailWords words_;
   std::string identity_;
+  std::string richText_;
+  std::optional<Mailbox> testTo_;
   std::string lastError_;
   std::string keepFault_;
   bool alreadyDelivered_ = false;
   bool isUncertain_ = false;
+  bool isServersFault_ = false;
   bool mayRepeat_ = false;
 };
 

@@ -8,8 +8,10 @@
 namespace autonotify::host {
 namespace {
 
-GHandle<GMimePart> textPart(const std::string& text) {
-  GHandle<GMimePart> part(g_mime_part_new_with_type("text", "plain"));
+constexpr const char* testHeader = "X-Test-Of-Message-To";
+
+GHandle<GMimePart> textPart(const char* subtype, const std::string& text) {
+  GHandle<GMimePart> part(g_mime_part_new_with_type("text", subtype));
   g_mime_object_set_content_type_parameter(GMIME_OBJECT(part.get()), "charset", "utf-8");
   const GHandle<GMimeStream> stream(g_mime_stream_mem_new_with_buffer(text.data(), text.size()));
   const GHandle<GMimeDataWrapper> content(
@@ -25,6 +27,20 @@ std::string bodyText(const std::string& body) {
   std::string text = cleanText(body);
   if (!text.empty() && !text.ends_with('\n')) text += '\n';
   return text;
+}
+
+/// The plain text first: programs show the last part that they can.
+GHandle<GMimeObject> partsOf(const MailMessage& message) {
+  GHandle<GMimePart> body = textPart("plain", bodyText(message.body));
+  if (message.page.empty()) return GHandle<GMimeObject>(GMIME_OBJECT(body.release()));
+  const GHandle<GMimePart> page = textPart("html", bodyText(message.page));
+  GMimeMultipart* both = g_mime_multipart_new_with_subtype("alternative");
+  // Of its own, so that the same message is the same text.
+  const std::string own = message.messageId.substr(0, message.messageId.find('@'));
+  g_mime_multipart_set_boundary(both, ("=_" + own).c_str());
+  g_mime_multipart_add(both, GMIME_OBJECT(body.get()));
+  g_mime_multipart_add(both, GMIME_OBJECT(page.get()));
+  return GHandle<GMimeObject>(GMIME_OBJECT(both));
 }
 
 DateTimeHandle localTime(DateTime date) {
@@ -82,8 +98,11 @@ std::string messageText(const MailMessage& message) {
   if (const DateTimeHandle date = localTime(message.date))
     g_mime_message_set_date(mime.get(), date.get());
   g_mime_message_set_message_id(mime.get(), message.messageId.c_str());
-  const GHandle<GMimePart> body = textPart(bodyText(message.body));
-  g_mime_message_set_mime_part(mime.get(), GMIME_OBJECT(body.get()));
+  if (!message.testOf.empty())
+    g_mime_object_set_header(GMIME_OBJECT(mime.get()), testHeader,
+                             cleanLine(message.testOf).c_str(), "utf-8");
+  const GHandle<GMimeObject> content = partsOf(message);
+  g_mime_message_set_mime_part(mime.get(), content.get());
   const FormatOptionsHandle format(g_mime_format_options_new());
   g_mime_format_options_set_newline_format(format.get(), GMIME_NEWLINE_FORMAT_DOS);
   const GText text(g_mime_object_to_string(GMIME_OBJECT(mime.get()), format.get()));

@@ -16,6 +16,10 @@ struct MailMessage {
   std::vector<Mailbox> bcc;
   std::string subject;
   std::string body;
+  /// The same as a page of HTML, for programs that show one; empty for none.
+  std::string page;
+  /// Of a test: to whom the message would go.
+  std::string testOf;
   /// Local time of the machine.
   DateTime date;
   /// Without the angle brackets.

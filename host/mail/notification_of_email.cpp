@@ -44,10 +44,12 @@ std::string bodyOf(const std::string& memo) {
 
 }  // namespace
 
-std::optional<Id> notificationOf(DatabaseReference& database, const EmailWords& words) {
+std::optional<EmailRow> notificationOf(DatabaseReference& database, const EmailWords& words) {
   const std::string body = plainLines(words.body);
-  for (OpenRows rows(database, rowsOf(database, words)); !rows.isAtEnd(); rows.moveNext())
-    if (bodyOf(rows.row().text("Memo")) == body) return rows.row().id("ClientNotificationID");
+  for (OpenRows rows(database, rowsOf(database, words)); !rows.isAtEnd(); rows.moveNext()) {
+    const EmailRow row{rows.row().id("ClientNotificationID"), rows.row().text("Memo")};
+    if (bodyOf(row.memo) == body) return row;
+  }
   return std::nullopt;
 }
 

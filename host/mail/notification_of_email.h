@@ -16,9 +16,15 @@ struct EmailWords {
   std::string body;
 };
 
+struct EmailRow {
+  Id id = noId;
+  /// The rich text that the body was made from.
+  std::string memo;
+};
+
 /// The notification that is being sent in these words: of those that hold them and are not sent
 /// yet, the one that was written last. Whoever composes an email saves it before it is sent; a part
 /// left empty keeps what the row had. Nothing when no row holds them. Throws PlatformError.
-std::optional<Id> notificationOf(DatabaseReference& database, const EmailWords& words);
+std::optional<EmailRow> notificationOf(DatabaseReference& database, const EmailWords& words);
 
 }  // namespace autonotify::host

@@ -42,26 +42,27 @@ const Scheme& schemeOf(SmtpSecurity security) {
 struct Sentence {
   CURLcode code;
   const char* words;
+  /// It is so before any message is told.
+  bool isServersFault = false;
 };
 constexpr Sentence sentences[] = {
-    {CURLE_COULDNT_RESOLVE_HOST, "The mail server cannot be found."},
-    {CURLE_COULDNT_CONNECT, "The mail server cannot be reached."},
+    {CURLE_COULDNT_RESOLVE_HOST, "The mail server cannot be found.", true},
+    {CURLE_COULDNT_CONNECT, "The mail server cannot be reached.", true},
     {CURLE_OPERATION_TIMEDOUT, "The mail server does not answer."},
-    {CURLE_LOGIN_DENIED, "The mail server does not accept the user's name and password."},
-    {CURLE_PEER_FAILED_VERIFICATION, "The mail server does not prove who it is."},
-    {CURLE_SSL_CONNECT_ERROR, "No safe connection to the mail server comes about."},
-    {CURLE_USE_SSL_FAILED, "The mail server offers no safe connection."},
-    {CURLE_SSL_CACERT_BADFILE, "The file of trusted certificates cannot be read."},
+    {CURLE_LOGIN_DENIED, "The mail server does not accept the user's name and password.", true},
+    {CURLE_PEER_FAILED_VERIFICATION, "The mail server does not prove who it is.", true},
+    {CURLE_SSL_CONNECT_ERROR, "No safe connection to the mail server comes about.", true},
+    {CURLE_USE_SSL_FAILED, "The mail server offers no safe connection.", true},
+    {CURLE_SSL_CACERT_BADFILE, "The file of trusted certificates cannot be read.", true},
     {CURLE_SEND_ERROR, "The mail server does not take the message."},
     {CURLE_RECV_ERROR, "The mail server has broken the connection."},
     {CURLE_GOT_NOTHING, "The mail server has broken the connection."},
 };
 
-const char* sentenceFor(CURLcode code) {
-  for (const Sentence& each : sentences) {
-    if (each.code == code) return each.words;
-  }
-  return "The mail server does not take the message.";
+const Sentence& sentenceFor(CURLcode code) {
+  static constexpr Sentence other{CURLE_OK, "The mail server does not take the message."};
+  const auto* found = std::ranges::find(sentences, code, &Sentence::code);
+  return found == std::end(sentences) ? other : *found;
 }
 
 constexpr std::string_view goodbye = "221";
@@ -69,6 +70,8 @@ constexpr std::string_view goodbye = "221";
 /// What goes between the program and the server.
 struct Exchange {
   std::string_view unsent;
+  /// Something of the message was asked for.
+  bool isBegun = false;
   /// The server's refusal of what it was told last.
   std::string refusal;
   /// The whole message had gone out when it was refused.
@@ -77,7 +80,9 @@ struct Exchange {
 };
 
 std::size_t readMessage(char* buffer, std::size_t size, std::size_t count, void* context) {
-  auto& unsent = static_cast<Exchange*>(context)->unsent;
+  auto& exchange = *static_cast<Exchange*>(context);
+  exchange.isBegun = true;
+  auto& unsent = exchange.unsent;
   const std::size_t length = std::min(size * count, unsent.size());
   std::copy_n(unsent.data(), length, buffer);
   unsent.remove_prefix(length);
@@ -161,7 +166,8 @@ bool holdsPassword(const std::string& answer, const SmtpServer& server) {
 }
 
 [[noreturn]] void fail(CURLcode code, const Exchange& exchange, const char* detail) {
-  std::string words = sentenceFor(code);
+  const Sentence& sentence = sentenceFor(code);
+  std::string words = sentence.words;
   if (!exchange.refusal.empty()) {
     words += " It says: " + exchange.refusal;
   } else if (*detail) {
@@ -169,6 +175,8 @@ bool holdsPassword(const std::string& answer, const SmtpServer& server) {
   }
   if (exchange.unsent.empty() && !exchange.messageIsRefused)
     throw UncertainMailError(words + " It may have taken the message all the same.");
+  const bool isSilent = code == CURLE_OPERATION_TIMEDOUT && !exchange.isBegun;
+  if (sentence.isServersFault || isSilent) throw MailServerError(words);
   throw MailError(words);
 }
 
@@ -240,7 +248,7 @@ void submit(const SmtpServer& server, const MailMessage& message) {
   open.bcc.clear();
   const std::string text = messageText(open);
   const auto recipients = recipientsOf(message);
-  Exchange exchange{text, {}, false, server.whileWaiting};
+  Exchange exchange{text, false, {}, false, server.whileWaiting};
   char detail[CURL_ERROR_SIZE] = "";
   setServer(curl.get(), server);
   curl_easy_setopt(curl.get(), CURLOPT_ERRORBUFFER, detail);

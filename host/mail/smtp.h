@@ -58,6 +58,13 @@ class UncertainMailError : public MailError {
   using MailError::MailError;
 };
 
+/// The server takes no message at all: it cannot be reached or trusted, or does not let the user
+/// in.
+class MailServerError : public MailError {
+ public:
+  using MailError::MailError;
+};
+
 /// Hands the message to the server for all its recipients, who do not learn of the Bcc ones. The
 /// server has taken it when this returns. Throws MailError with a sentence for staff and the
 /// server's own words; the server has taken nothing then, unless it is an UncertainMailError.

@@ -30,8 +30,8 @@ ClassRegistry::ClassRegistry() {
   registerClass<HostRichTextUtility>();
 }
 
-void ClassRegistry::registerClass(std::string_view name, Factory factory) {
-  factories_[lowerCase(name)] = std::move(factory);
+ClassRegistry::Factory ClassRegistry::registerClass(std::string_view name, Factory factory) {
+  return std::exchange(factories_[lowerCase(name)], std::move(factory));
 }
 
 std::unique_ptr<HostObject> ClassRegistry::create(std::string_view className) {

@@ -22,8 +22,8 @@ class ClassRegistry : public HostClassRegistry {
 
   ClassRegistry();
 
-  /// Replaces the factory that the name had before.
-  void registerClass(std::string_view name, Factory factory);
+  /// Replaces the factory that the name had before, and gives that.
+  Factory registerClass(std::string_view name, Factory factory);
   /// Registers `Class` under its interface's name.
   template <class Class>
   void registerClass() {

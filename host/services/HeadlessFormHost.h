@@ -11,8 +11,7 @@ namespace autonotify::host {
 /// message ever waits.
 class HeadlessFormHost : public FormHost {
  public:
-  /// What is done in the next window, in place of a person, who hides it in the end.
-  void actInNextWindow(std::function<void(Form&)> act) { act_ = std::move(act); }
+  using Act = std::function<void(Form&)>;
 
   void showModal(Form& form, HostObject* owner) override {
     const auto act = std::exchange(act_, {});
@@ -21,7 +20,23 @@ class HeadlessFormHost : public FormHost {
   void pumpMessages() override {}
 
  private:
-  std::function<void(Form&)> act_;
+  friend class NextWindow;
+  Act act_;
+};
+
+/// What is done in the next window that comes up while this lives, in place of a person, who hides
+/// it in the end.
+class NextWindow {
+ public:
+  NextWindow(HeadlessFormHost& forms, HeadlessFormHost::Act act) : forms_(forms) {
+    forms_.act_ = std::move(act);
+  }
+  ~NextWindow() { forms_.act_ = nullptr; }
+  NextWindow(const NextWindow&) = delete;
+  NextWindow& operator=(const NextWindow&) = delete;
+
+ private:
+  HeadlessFormHost& forms_;
 };
 
 }  // namespace autonotify::host

@@ -1,6 +1,7 @@
 #include "host/services/HostGeneralUtilities.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "platform/controls/ComboBox.h"
@@ -21,6 +22,12 @@ int HostGeneralUtilities::filterKeyPress(int keyCode) {
   const bool isDigit = keyCode >= '0' && keyCode <= '9';
   const bool isControl = keyCode > 0 && keyCode < ' ';
   return isDigit || isControl ? keyCode : 0;
+}
+
+bool HostGeneralUtilities::isWholeNumber(const std::string& text, int least, int most) {
+  if (!isNumeric(text)) return false;
+  const double number = toDouble(text);
+  return number == std::floor(number) && number >= least && (most < least || number <= most);
 }
 
 void HostGeneralUtilities::fillComboFromList(const std::vector<std::string>& list, ComboBox& combo,

@@ -118,9 +118,12 @@ std::string HostGridColumnList::toText() {
   return gridColumnText(entries);
 }
 
-void HostGridColumnList::fromText(const std::string& text) {
+bool HostGridColumnList::fromText(const std::string& text) {
   clearEntries();
-  for (const GridColumnEntry& entry : parseGridColumnText(text)) addEntry(entry.key, entry.items);
+  const auto entries = parseGridColumnText(text);
+  if (!entries) return false;
+  for (const GridColumnEntry& entry : *entries) addEntry(entry.key, entry.items);
+  return true;
 }
 
 std::size_t HostGridColumnList::currentEntry() const {

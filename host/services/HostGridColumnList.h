@@ -35,7 +35,7 @@ class HostGridColumnList : public GridColumnList {
   std::string toText() override;
   /// No entry is current afterwards. A text that toText did not make, or that was cut, leaves the
   /// list empty.
-  void fromText(const std::string& text) override;
+  bool fromText(const std::string& text) override;
 
  private:
   std::size_t currentEntry() const;

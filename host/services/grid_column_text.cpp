@@ -155,18 +155,18 @@ std::string gridColumnText(const std::vector<GridColumnEntry>& entries) {
   return text;
 }
 
-std::vector<GridColumnEntry> parseGridColumnText(std::string_view text) {
+std::optional<std::vector<GridColumnEntry>> parseGridColumnText(std::string_view text) {
   std::string_view first = takeLine(text);
-  if (!first.starts_with(heading)) return {};
+  if (!first.starts_with(heading)) return std::nullopt;
   const auto count = readNumber<std::size_t>(first.substr(heading.size()));
   std::vector<GridColumnEntry> entries;
   while (!text.empty()) {
-    if (text.find('\n') == std::string_view::npos) return {};
+    if (text.find('\n') == std::string_view::npos) return std::nullopt;
     std::optional<GridColumnEntry> entry = readEntry(takeLine(text));
-    if (!entry) return {};
+    if (!entry) return std::nullopt;
     entries.push_back(*std::move(entry));
   }
-  if (entries.size() != count) return {};
+  if (entries.size() != count) return std::nullopt;
   return entries;
 }
 

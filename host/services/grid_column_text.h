@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,6 @@ std::string gridColumnText(const std::vector<GridColumnEntry>& entries);
 
 /// Nothing for a text that is no such form as a whole; a carriage return before a line's end is
 /// overlooked, since texts travel through other systems.
-std::vector<GridColumnEntry> parseGridColumnText(std::string_view text);
+std::optional<std::vector<GridColumnEntry>> parseGridColumnText(std::string_view text);
 
 }  // namespace autonotify::host

@@ -65,6 +65,7 @@ void frmSendNotificationBulk::putIntoPlace() {
   for (ComboBox* combo :
        {&cboTo, &cboCc, &cboBcc, &cboFaxRecipient, &cboToFaxNumber, &cboPhoneName, &cboPhoneNumber})
     combo->setContainer(Frame1);
+  cmdCancel.setCausesValidation(false);
   orderFirst({&cboYear, &chkNotifyType[0], &cboTo, &cboCc, &cboBcc, &chkNotifyType[1],
               &cboFaxRecipient, &cboToFaxNumber, &chkNotifyType[2], &chkNotifyType[3],
               &cboPhoneName, &cboPhoneNumber});
@@ -164,7 +165,7 @@ void frmSendNotificationBulk::filterKey(Step& step, int& key, int pressed) {
 }
 
 bool frmSendNotificationBulk::checkValidYear() {
-  return procedure(tag("checkValidYear"), true, [&](Step& step, bool& isValid) {
+  return procedure(tag("checkValidYear"), suppressesClicks_, [&](Step& step, bool& isValid) {
     if (suppressesClicks_) return;
     const std::int16_t year = yearOf(cboYear.text());
     isValid = step.holds([&] { return validation().isValidYear(year); });

@@ -50,7 +50,8 @@ void saveNotificationsTypes(const BulkClient& client, const BulkChoice& choice) 
         "SELECT ClientScheduleAutoNotifications.* From ClientScheduleAutoNotifications WHERE "
         "ClientScheduleAutoNotifications." +
         std::string(keyColumn) + " = ";
-    if (const Rows held(step, statement, client.id(), keysetUpdate); held) {
+    constexpr bool isHeldOtherwise = true;  // where nobody can tell, no second row is added
+    if (const Rows held(step, statement, client.id(), keysetUpdate, isHeldOtherwise); held) {
       return write(held, choice);
     } else {
       addRow(held, keyColumn, client.id());

@@ -47,7 +47,7 @@ constexpr std::array<ItemChannel, 4> channels{{
     {nt_Phone, itemPhoneFields, nullptr, true, clientsBeforeLink,
      addNewPhoneNotificationFromScheduleIDNum},
 }};
-const auto& [email, fax, letter, phone] = channels;
+const auto& [emailItem, faxItem, letterItem, phoneItem] = channels;
 
 NotificationClient clientOf(const ItemChannel& channel, const ItemReminder& reminder) {
   NotificationClient client = reminder.client;
@@ -112,19 +112,19 @@ Id addOrUpdate(std::string_view frameTag, const ItemChannel& channel,
 }  // namespace
 
 Id addNewApptEmailNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptEmailNotification">, email, reminder);
+  return addOrUpdate(tag<"addNewApptEmailNotification">, emailItem, reminder);
 }
 
 Id addNewApptFaxNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptFaxNotification">, fax, reminder);
+  return addOrUpdate(tag<"addNewApptFaxNotification">, faxItem, reminder);
 }
 
 Id addNewApptLetterNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptLetterNotification">, letter, reminder);
+  return addOrUpdate(tag<"addNewApptLetterNotification">, letterItem, reminder);
 }
 
 Id addNewApptPhoneNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptPhoneNotification">, phone, reminder);
+  return addOrUpdate(tag<"addNewApptPhoneNotification">, phoneItem, reminder);
 }
 
 }  // namespace autonotify

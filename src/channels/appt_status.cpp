@@ -79,17 +79,17 @@ bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType c
   });
 }
 
-bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus statusChange,
+bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus change,
                                   Id itemId) {
   return procedure(tag<"changeApptNotificationStatus">, true, [&](Step& step, bool& result) {
     if (kind == Tasks) {
       const Id scheduleId = getScheduleIDFromTaskID(itemId);
-      result = changeNotificationStatus(channel, statusChange, scheduleId);
+      result = changeNotificationStatus(channel, change, scheduleId);
       return;
     }
     if (!isDatabaseOpen(step)) return;
     if (Rows item(step, itemStatement(diaryKind(kind)), itemId, keysetUpdate); item) {
-      changeBit(item, channel, statusChange);
+      changeBit(item, channel, change);
       raiseFlag(item, channel);
     } else {
       result = false;

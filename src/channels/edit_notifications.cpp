@@ -13,7 +13,7 @@ constexpr std::string_view tag = procedureTag<"modChannelNotifications", name>;
 template <FixedText name>
 constexpr std::string_view itemTag = procedureTag<"modApptNotifications", name>;
 
-constexpr const char* textOfNotification =
+constexpr const char* editedNotification =
     "SELECT ClientNotification.ClientNotificationID, "
     "ClientNotification.ClientNotificationModifiedStamp, ClientNotification.Memo FROM "
     "ClientNotification WHERE ClientNotificationID=";
@@ -93,7 +93,7 @@ void editApptFaxNotification(std::int32_t, Id notificationNum, const FaxTexts& t
 
 void editApptLetterNotification(std::int32_t, Id notificationNum, const std::string& memo) {
   constexpr std::string_view frameTag = itemTag<"editApptLetterNotification">;
-  editNotification(frameTag, notificationNum, editsOfLetter(memo), textOfNotification);
+  editNotification(frameTag, notificationNum, editsOfLetter(memo), editedNotification);
 }
 
 void editApptPhoneNotification(std::int32_t, Id notificationNum, const PhoneTexts& texts) {

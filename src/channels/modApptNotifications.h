@@ -36,7 +36,7 @@ bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType c
 /// Sets (nt_AddStatus) or clears (anything else) the channel's bit of the item, without any stamp.
 /// A bit that is set in the end sets `ClientNotifiedFlag` too, which nothing clears. False when
 /// there is no such item.
-bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus statusChange,
+bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus change,
                                   Id itemId);
 /// Deletes the item's row of the channel and clears the bit; that of a task's entry stays.
 void deleteApptNotification(CurrentDayTimerType kind, notifyType channel, Id itemId);

@@ -17,10 +17,8 @@ std::string linksStatement(Id companyId, const char* condition) {
   return "SELECT ContactLinks.* FROM ContactLinks WHERE ContactLinks.CompanyNum=" +
          std::to_string(companyId) + condition + ";";
 }
-constexpr const char* contactStatement =
-    "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=";
-constexpr const char* companyStatement =
-    "SELECT Companies.* FROM Companies WHERE Companies.CompanyID=";
+constexpr const char* contactById = "SELECT Contacts.* FROM Contacts WHERE Contacts.ContactID=";
+constexpr const char* companyById = "SELECT Companies.* FROM Companies WHERE Companies.CompanyID=";
 constexpr const char* isDefault = " AND ContactLinks.DefaultContact=True";
 
 /// A column of the company and the contact's columns behind it, the likeliest first.
@@ -48,7 +46,7 @@ std::string firstText(const Row& contact, const InfoColumn& column) {
 std::optional<ContactInfo> readContactInfo(Step& step, Id contactId) {
   if (contactId < 0) return ContactInfo{};
   std::optional<ContactInfo> info;
-  if (const Rows contact(step, contactStatement, contactId, keysetRead); contact) {
+  if (const Rows contact(step, contactById, contactId, keysetRead); contact) {
     info.emplace();
     for (std::size_t i = 0; i < info->size(); ++i) (*info)[i] = firstText(contact, infoColumns[i]);
   }
@@ -112,7 +110,7 @@ void updateDefaultContactInfo(Id companyID) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     const auto info = readContactInfo(step, checkForDefaultContact(companyID, noId));
     if (!info) return;
-    const Rows company(step, companyStatement, companyID, keysetUpdate);
+    const Rows company(step, companyById, companyID, keysetUpdate);
     if (!company) return;
     company.write("PortalChangedFlag", "True");
     for (std::size_t i = 0; i < info->size(); ++i)

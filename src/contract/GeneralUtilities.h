@@ -21,8 +21,12 @@ class GeneralUtilities : public HostObject {
   virtual bool isValueEmpty(const Value& value) = 0;
   /// The value made safe for text use: empty text for null; otherwise the value as it is.
   virtual Value textOrDefault(const Value& value, bool defaultFlag) = 0;
+  /// The text as a label has to hold it in order to show just that.
+  virtual std::string toLabelText(const std::string& text) = 0;
   /// The key as a numeric field accepts it, 0 for a key that it refuses.
   virtual int filterKeyPress(int keyCode) = 0;
+  /// The text is a whole number from `least` to `most`; a `most` below `least` is no bound.
+  virtual bool isWholeNumber(const std::string& text, int least, int most) = 0;
   /// Appends the texts to the combo box, in place of what it holds when `clearFirst` says so.
   virtual void fillComboFromList(const std::vector<std::string>& list, ComboBox& combo,
                                  bool clearFirst) = 0;

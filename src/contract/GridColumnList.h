@@ -37,7 +37,8 @@ class GridColumnList : public HostObject {
   virtual Value getEntryKey() = 0;
   /// The whole list as one text, and back.
   virtual std::string toText() = 0;
-  virtual void fromText(const std::string& text) = 0;
+  /// False, with the list empty, for a text that is no such text as a whole.
+  virtual bool fromText(const std::string& text) = 0;
 };
 
 }  // namespace autonotify

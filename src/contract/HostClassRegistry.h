@@ -11,7 +11,7 @@ namespace autonotify {
 /// carries its name as `className`:
 ///
 ///   FileUtility, GeneralUtilities, ValidationUtilities   by every clsAutoNotifyCtrl
-///   GridColumnList                                       to merge, and for categories
+///   GridColumnList                                       to merge, for categories and lists
 ///   ItemLinksClass                                       by clsAutoNotification
 ///   RichTextUtility, ListCleaner                         by the composers, and for recipients
 ///   EmailSender                                          to send an email

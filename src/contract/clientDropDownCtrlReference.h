@@ -1,8 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
+#include "contract/enumerations.h"
+#include "platform/HostObject.h"
 #include "platform/Value.h"
 
 namespace autonotify {
@@ -22,6 +26,16 @@ inline constexpr std::int16_t defaultContactEmail = 12;
 
 /// The `ClientNum` that stands for the firm itself.
 inline constexpr Id clientDataOfFirm = 0;
+
+/// A client of the client list: a company or a contact, otherwise none.
+struct ListedClient {
+  enumAutoNotifyClientType type = enumAutoNotifyNone;
+  Id id = noId;
+  bool operator==(const ListedClient&) const = default;
+};
+
+/// The key of the panel that edits what the notification list searches for.
+inline constexpr int searchPanelKey = 2;
 
 /// The host's cached lookup of clients, contacts and staff. Unknown ids give -1 or empty text.
 class clientDropDownCtrlReference {
@@ -54,6 +68,18 @@ class clientDropDownCtrlReference {
   /// The order of the client list: 1 company name, 2 corporate name, 3 and 4 client id, others
   /// none.
   virtual int getListOrder() = 0;
+
+  // What a search offers: each name once, as people look for them.
+  virtual std::vector<std::string> getClientNames() = 0;
+  virtual std::vector<std::string> getEmployeeNames() = 0;
+  /// The client of that name, in any case and whatever blanks stand around it.
+  virtual ListedClient getClientFromName(const std::string& name) = 0;
+
+  /// Keeps a window of the component for its next use, in place of the one that was kept; null
+  /// gives that one back. The component gives back what is kept before its last object goes.
+  virtual void registerPanel(int key, std::shared_ptr<HostObject> panel) = 0;
+  /// Null when none is kept.
+  virtual std::shared_ptr<HostObject> getPanel(int key) = 0;
 };
 
 }  // namespace autonotify

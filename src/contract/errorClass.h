@@ -20,7 +20,8 @@ class errorClass {
  public:
   virtual ~errorClass() = default;
   /// Notes the procedure on the stack. `tag` is a label for the record, such as
-  /// "Morvane.exe-modNotifyClients-getNotificationStatus"; several procedures share one.
+  /// "Morvane.exe-modNotifyClients-getNotificationStatus"; several procedures share one. It stays
+  /// until the procedure is left.
   virtual void enterProcedure(std::string_view tag) = 0;
   /// Takes the top procedure off the stack.
   virtual void leaveProcedure() = 0;

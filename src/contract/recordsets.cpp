@@ -15,8 +15,11 @@ bool findRecord(RecordsetHandle handle, const char* column, const std::string& v
   return database().findRecord(handle, column, value, none, none, none, none);
 }
 
-std::string statementFor(const std::string& statement, Id id) {
-  return statement + std::to_string(id) + ";";
+std::string statementFor(std::string_view statement, Id id) {
+  const std::string number = std::to_string(id);
+  std::string whole;
+  whole.reserve(statement.size() + number.size() + 1);
+  return whole.append(statement).append(number).append(1, ';');
 }
 
 std::string nowText() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "contract/procedure.h"
 #include "contract/references.h"
@@ -26,7 +27,7 @@ void updateField(RecordsetHandle handle, const char* column, const std::string& 
 bool findRecord(RecordsetHandle handle, const char* column, const std::string& value);
 
 /// The statement with the id and the closing ";" behind it.
-std::string statementFor(const std::string& statement, Id id);
+std::string statementFor(std::string_view statement, Id id);
 
 /// The current date and time as it is written into stamp columns.
 std::string nowText();

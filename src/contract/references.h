@@ -27,6 +27,8 @@ struct References {
   WorkingFolderReference* workingFolderReference = nullptr;
   LocaleReference* localeReference = nullptr;
   clientDropDownCtrlReference* clientDropDown = nullptr;
+  /// Who keeps the component's search panel at present.
+  clientDropDownCtrlReference* panelKeeper = nullptr;
   std::unique_ptr<GeneralUtilities> generalUtilities;
   std::unique_ptr<ValidationUtilities> validationUtilities;
   std::unique_ptr<FileUtility> fileUtility;

@@ -3,6 +3,7 @@
 #include <exception>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -105,7 +106,7 @@ class Rows : public Row {
   /// The same with the id and ";" behind the statement. An id below 0 is not looked up: it has no
   /// row, and nothing is opened. `otherwise` is what a recordset is taken for of which nobody can
   /// tell whether it has a row.
-  Rows(Step& step, const std::string& statement, Id id, Access access, bool otherwise = false)
+  Rows(Step& step, std::string_view statement, Id id, Access access, bool otherwise = false)
       : Row(step, noRecordset) {
     if (id >= 0) open(statementFor(statement, id), access, otherwise);
   }

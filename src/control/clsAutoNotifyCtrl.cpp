@@ -8,6 +8,8 @@
 #include "control/component_objects.h"
 #include "control/open_window.h"
 #include "editor/frmTaskAutoNotification.h"
+#include "list/frmAutoNotifyList.h"
+#include "list/search_panel.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotificationLinks.h"
@@ -59,6 +61,7 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
   }
 
   ~AutoNotifyCtrl() override {
+    quietly(giveBackSearchPanel);
     references().fileUtility.reset();
     references().generalUtilities.reset();
     references().validationUtilities.reset();
@@ -90,6 +93,7 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
     assignOnce(references().localeReference, value);
   }
   void put_clientDropDownCtrlReference(clientDropDownCtrlReference* value) override {
+    quietly(giveBackSearchPanel);
     references().clientDropDown = value;
   }
   void adviseEvents(clsAutoNotifyCtrlEvents* sink) override { events_ = sink; }
@@ -255,6 +259,10 @@ class AutoNotifyCtrl final : public clsAutoNotifyCtrl {
     openWindow<frmTaskAutoNotification,
                "cls_openTaskAutoNotificationForm_WithTotalNumAndScheduleNum">(
         [&](auto& panel) { panel.InitializeWithTotalNumAndScheduleNum(total, schedule); });
+  }
+  void cls_openSendAutoNotifyListForm(Id) override {
+    openWindow<frmAutoNotifyList, "cls_openSendAutoNotifyListForm">(
+        [](auto& panel) { panel.Initialize(); });
   }
 
  private:

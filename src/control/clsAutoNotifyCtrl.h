@@ -263,6 +263,10 @@ class clsAutoNotifyCtrl : public ComponentObject {
   /// On the kind of a schedule entry.
   virtual void cls_openTaskAutoNotificationForm_WithTotalNumAndScheduleNum(
       Id totalNum = noId, Id ScheduleNum = noId) = 0;
+
+  /// The list of notifications, which opens on what is due. The kind is not used. cancelFlag keeps
+  /// its value.
+  virtual void cls_openSendAutoNotifyListForm(Id scheduleTypeID = noId) = 0;
 };
 
 }  // namespace autonotify

@@ -78,12 +78,11 @@ void recomposeNotification(const std::string& templateText, Id notificationID) {
   kind.changeNotificationComment(notificationID);
 }
 
-void propagateTemplate(Id scheduleTypeID,
-                       const std::function<void(int rowsDone, int rows)>& progress) {
+void propagateTemplate(Id typeId, const std::function<void(int rowsDone, int rows)>& progress) {
   // What belongs to no kind has the numbers of one that was never read.
-  if (lookUpId(keyOfKind, scheduleTypeID) < 0) return;
+  if (lookUpId(keyOfKind, typeId) < 0) return;
   clsAutoNotifyTemplate kind;
-  kind.openExistingScheduleType(scheduleTypeID);
+  kind.openExistingScheduleType(typeId);
   int rows = 0;
   int rowsDone = 0;
   kind.startResetNotificationComments = [&](std::int32_t count) { rows = count; };

@@ -15,8 +15,7 @@ std::vector<TemplateFault> findTemplateFaults(const std::string& templateText, b
 std::string readTemplate(Id scheduleTypeID);
 std::string composeNotification(const std::string& templateText, Id notificationID);
 void recomposeNotification(const std::string& templateText, Id notificationID);
-void propagateTemplate(Id scheduleTypeID,
-                       const std::function<void(int rowsDone, int rows)>& progress);
+void propagateTemplate(Id typeId, const std::function<void(int rowsDone, int rows)>& progress);
 std::vector<MergeFieldInfo> listMergeFields(MergeUse use);
 
 }  // namespace autonotify

@@ -214,15 +214,22 @@ void frmTaskAutoNotification::onUnload() {
 
 // The commands.
 
-/// False with the database closed: what cannot be saved stays changed.
+/// False where the text did not reach its row: what is not saved stays changed.
 bool frmTaskAutoNotification::saveInfo() {
   return procedure(tag("saveInfo"), false, [&](Step& step, bool& result) {
-    if (!isDatabaseOpen(step)) return;
     step.run([&] { template_->put_notificationComment(RichTextBox.textRTF()); });
-    scheduleTypeID_ = template_->saveScheduleTypeInfo();
+    keepId(template_->saveScheduleTypeInfo());
+    if (!template_->isCommentSaved()) return;
     setChanged(false);
     result = true;
   });
+}
+
+/// Where its row had gone, the kind has another one now, which its node stands for.
+void frmTaskAutoNotification::keepId(Id scheduleTypeID) {
+  const int node = tvwTasks.find(keyOf(scheduleTypeID_));
+  if (node >= 0) tvwTasks.setKey(node, keyOf(scheduleTypeID));
+  scheduleTypeID_ = scheduleTypeID;
 }
 
 void frmTaskAutoNotification::save(Step& step) {
@@ -268,12 +275,7 @@ void frmTaskAutoNotification::verifyTableInformation() {
   procedure(tag("verifyTableInformation"), [&](Step& step) {
     reset_ = {};
     step.assign(reset_.dialog, createHostObject<ProgressDialog>);
-    if (reset_.dialog) {
-      showProgress(step);
-    } else {
-      reset_.isDone = template_->resetNotificationComments();
-    }
-    step.run(setPointer, Pointer::standard);
+    carry(step);
     if (!reset_.isDone || reset_.isCancelled) return;
     step.run(showMessage,
              "The tasks' notification comments were successfully adjusted for those notifications "
@@ -283,7 +285,22 @@ void frmTaskAutoNotification::verifyTableInformation() {
   reset_.dialog.reset();
 }
 
+/// However it ends, the pointer is the standard one behind it.
+void frmTaskAutoNotification::carry(Step& step) {
+  try {
+    showProgress(step);
+  } catch (...) {
+    step.run(setPointer, Pointer::standard);
+    throw;
+  }
+  step.run(setPointer, Pointer::standard);
+}
+
 void frmTaskAutoNotification::showProgress(Step& step) {
+  if (!reset_.dialog) {
+    reset_.isDone = template_->resetNotificationComments();
+    return;
+  }
   ProgressDialog& dialog = *reset_.dialog;
   react(dialog.StartProgress, "resetNotificationCommentsDialog_StartProgress",
         &frmTaskAutoNotification::runReset);
@@ -305,6 +322,7 @@ void frmTaskAutoNotification::startReset(Step& step, std::int32_t rowCount) {
 /// No procedure of its own: a person who cancels leaves the reset.
 void frmTaskAutoNotification::countReset() {
   if (!reset_.dialog) return;
+  reset_.isCancelled = false;
   try {
     reset_.dialog->put_value(reset_.dialog->get_value() + 1);
   } catch (const PlatformError& error) {

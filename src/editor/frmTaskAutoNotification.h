@@ -23,8 +23,8 @@ class clsInsertFieldsInRTB;
 /// Edits the firm's templates: a tree of the kinds of schedule entry, the text of the chosen one
 /// and the merge fields that it can hold.
 ///
-/// Moving on to another kind saves the text of the one before, without a question. With the
-/// database closed nothing is saved, and the text stays with its question on closing.
+/// Moving on to another kind saves the text of the one before, without a question. What could not
+/// be saved, as with the database closed, stays on show, with its question on closing.
 class frmTaskAutoNotification : public Window {
  public:
   frmTaskAutoNotification();
@@ -82,6 +82,7 @@ class frmTaskAutoNotification : public Window {
   void close(Step& step);
 
   bool saveInfo();
+  void keepId(Id scheduleTypeID);
   void save(Step& step);
   bool hasFault();
   void showFault(Step& step, const std::string& message);
@@ -89,6 +90,7 @@ class frmTaskAutoNotification : public Window {
   void restoreDefault(Step& step);
   void resetUnsent(Step& step);
   void verifyTableInformation();
+  void carry(Step& step);
   void showProgress(Step& step);
   void runReset(Step& step);
   void startReset(Step& step, std::int32_t rowCount);

@@ -11,6 +11,7 @@ namespace error_number {
 inline constexpr int invalidProcedureCall = 5;
 inline constexpr int overflow = 6;
 inline constexpr int subscriptOutOfRange = 9;
+inline constexpr int divisionByZero = 11;
 inline constexpr int typeMismatch = 13;
 inline constexpr int objectNotSet = 91;
 inline constexpr int invalidUseOfNull = 94;

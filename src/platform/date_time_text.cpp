@@ -156,6 +156,21 @@ std::optional<int> readTime(Scanner& scanner) {
   return *hour * 3600 + *minute * 60 + *second;
 }
 
+/// The ordinary form, which most texts have, without a look at any other.
+std::optional<DateTime> readOrdinary(std::string_view text) {
+  constexpr std::string_view form = "0000-00-00 00:00:00";
+  constexpr std::size_t dayAlone = 10;
+  if (text.size() != dayAlone && text.size() != form.size()) return std::nullopt;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (form[i] == '0' ? !isDigit(text[i]) : text[i] != form[i]) return std::nullopt;
+  const auto two = [&](std::size_t at) { return (text[at] - '0') * 10 + (text[at + 1] - '0'); };
+  const auto day = dayOf(two(0) * 100 + two(2), two(5), two(8));
+  if (!day || text.size() == dayAlone) return day;
+  const int hour = two(11), minute = two(14), second = two(17);
+  if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  return DateTime::fromSerial(day->days(), hour * 3600 + minute * 60 + second);
+}
+
 void putDigits(std::string& text, std::size_t at, std::size_t count, int number) {
   for (std::size_t place = at + count; place-- > at; number /= 10)
     text[place] = static_cast<char>('0' + number % 10);
@@ -177,6 +192,7 @@ std::string dateTimeText(DateTime moment) {
 }
 
 std::optional<DateTime> parseDateTime(std::string_view text) {
+  if (const auto moment = readOrdinary(text)) return moment;
   Scanner scanner(trim(text));
   const auto day = readDate(scanner);
   if (day && scanner.atEnd()) return day;

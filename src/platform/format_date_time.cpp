@@ -1,5 +1,6 @@
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
+#include <iterator>
 
 #include "platform/calendar_names.h"
 #include "platform/format.h"
@@ -8,26 +9,32 @@
 namespace autonotify {
 namespace {
 
-/// What the letters of a pattern may need beside the moment itself.
+constexpr std::string_view halfOfDay = "am/pm";
+
 struct Context {
   DateTime moment;
-  bool twelveHours;
+  std::string_view pattern;
+  std::string& text;
+
+  void write(std::string_view name) const { text += name; }
+  void write(int number) const {
+    char digits[16];
+    text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
+  }
+  void writeTwoDigits(int number) const {
+    if (number >= 0 && number < 10) text += '0';
+    write(number);
+  }
 };
 
-std::string twoDigits(int number) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%02d", number);
-  return text;
+std::string_view weekdayName(const Context& c) {
+  return weekdayNames[static_cast<std::size_t>(c.moment.weekday() - 1)];
 }
-
-std::string_view weekdayName(DateTime moment) {
-  return weekdayNames[static_cast<std::size_t>(moment.weekday() - 1)];
+std::string_view monthName(const Context& c) {
+  return monthNames[c.moment.month() - 1];
 }
-std::string_view monthName(DateTime moment) {
-  return monthNames[moment.month() - 1];
-}
-std::string shortened(std::string_view name) {
-  return std::string(name.substr(0, shortNameLength));
+std::string_view shortened(std::string_view name) {
+  return name.substr(0, shortNameLength);
 }
 
 int day(const Context& c) {
@@ -37,51 +44,58 @@ int month(const Context& c) {
   return static_cast<int>(c.moment.month());
 }
 int hour(const Context& c) {
-  return c.twelveHours ? (c.moment.hour() + 11) % 12 + 1 : c.moment.hour();
+  const bool twelveHours = findIgnoreCase(c.pattern, halfOfDay) != std::string_view::npos;
+  return twelveHours ? (c.moment.hour() + 11) % 12 + 1 : c.moment.hour();
 }
 
 struct Field {
-  std::string_view letters;
-  std::string (*write)(const Context&);
+  char letter;
+  /// How often the letter stands there.
+  std::size_t length;
+  void (*write)(const Context&);
 };
 
-// Of two fields that begin alike the longer one stands first.
+// Of two fields of one letter the longer one stands first.
 constexpr Field fields[] = {
-    {"dddd", [](const Context& c) { return std::string(weekdayName(c.moment)); }},
-    {"ddd", [](const Context& c) { return shortened(weekdayName(c.moment)); }},
-    {"dd", [](const Context& c) { return twoDigits(day(c)); }},
-    {"d", [](const Context& c) { return std::to_string(day(c)); }},
-    {"mmmm", [](const Context& c) { return std::string(monthName(c.moment)); }},
-    {"mmm", [](const Context& c) { return shortened(monthName(c.moment)); }},
-    {"mm", [](const Context& c) { return twoDigits(month(c)); }},
-    {"m", [](const Context& c) { return std::to_string(month(c)); }},
-    {"yyyy", [](const Context& c) { return std::to_string(c.moment.year()); }},
-    {"yy", [](const Context& c) { return twoDigits(c.moment.year() % 100); }},
-    {"hh", [](const Context& c) { return twoDigits(hour(c)); }},
-    {"h", [](const Context& c) { return std::to_string(hour(c)); }},
-    {"nn", [](const Context& c) { return twoDigits(c.moment.minute()); }},
-    {"n", [](const Context& c) { return std::to_string(c.moment.minute()); }},
-    {"ss", [](const Context& c) { return twoDigits(c.moment.second()); }},
-    {"s", [](const Context& c) { return std::to_string(c.moment.second()); }},
+    {'d', 4, [](const Context& c) { c.write(weekdayName(c)); }},
+    {'d', 3, [](const Context& c) { c.write(shortened(weekdayName(c))); }},
+    {'d', 2, [](const Context& c) { c.writeTwoDigits(day(c)); }},
+    {'d', 1, [](const Context& c) { c.write(day(c)); }},
+    {'m', 4, [](const Context& c) { c.write(monthName(c)); }},
+    {'m', 3, [](const Context& c) { c.write(shortened(monthName(c))); }},
+    {'m', 2, [](const Context& c) { c.writeTwoDigits(month(c)); }},
+    {'m', 1, [](const Context& c) { c.write(month(c)); }},
+    {'y', 4, [](const Context& c) { c.write(c.moment.year()); }},
+    {'y', 2, [](const Context& c) { c.writeTwoDigits(c.moment.year() % 100); }},
+    {'h', 2, [](const Context& c) { c.writeTwoDigits(hour(c)); }},
+    {'h', 1, [](const Context& c) { c.write(hour(c)); }},
+    {'n', 2, [](const Context& c) { c.writeTwoDigits(c.moment.minute()); }},
+    {'n', 1, [](const Context& c) { c.write(c.moment.minute()); }},
+    {'s', 2, [](const Context& c) { c.writeTwoDigits(c.moment.second()); }},
+    {'s', 1, [](const Context& c) { c.write(c.moment.second()); }},
 };
-constexpr std::string_view halfOfDay = "am/pm";
 
-/// `letters` are small ones of the alphabet. Most texts differ from most of them at once.
-bool beginsWith(std::string_view text, std::string_view letters) {
-  return !text.empty() && (text[0] | 0x20) == letters[0] &&
-         equalIgnoreCase(text.substr(0, letters.size()), letters);
+constexpr char small(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter | 0x20) : letter;
+}
+
+const Field* fieldOf(char letter, std::size_t length) {
+  for (const Field& field : fields)
+    if (field.letter == letter && field.length <= length) return &field;
+  return nullptr;
 }
 
 const Field* fieldAt(std::string_view pattern) {
-  for (const Field& field : fields)
-    if (beginsWith(pattern, field.letters)) return &field;
-  return nullptr;
+  const char letter = small(pattern[0]);
+  std::size_t length = 1;
+  while (length < pattern.size() && small(pattern[length]) == letter) ++length;
+  return fieldOf(letter, length);
 }
 
 /// `m` and `mm` behind an hour, whatever separates them, mean minutes.
 const Field* minutesIfBehindHour(const Field* field, char previousLetter) {
-  if (previousLetter != 'h' || field->letters[0] != 'm' || field->letters.size() > 2) return field;
-  return fieldAt(std::string_view("nn").substr(0, field->letters.size()));
+  if (previousLetter != 'h' || field->letter != 'm' || field->length > 2) return field;
+  return fieldOf('n', field->length);
 }
 
 /// Length in the pattern of the literal at its start, which is written to `result`.
@@ -102,19 +116,19 @@ std::size_t writeLiteral(std::string_view pattern, std::string& result) {
 }  // namespace
 
 std::string formatDateTime(DateTime moment, std::string_view pattern) {
-  const Context context{moment, findIgnoreCase(pattern, halfOfDay) != std::string_view::npos};
   std::string result;
+  const Context context{moment, pattern, result};
   char previousLetter = 0;
   while (!pattern.empty()) {
     std::size_t length = 0;
-    if (beginsWith(pattern, halfOfDay)) {
+    if (const Field* field = fieldAt(pattern)) {
+      field = minutesIfBehindHour(field, previousLetter);
+      length = field->length;
+      previousLetter = field->letter;
+      field->write(context);
+    } else if (equalIgnoreCase(pattern.substr(0, halfOfDay.size()), halfOfDay)) {
       length = halfOfDay.size();
       result += pattern.substr(moment.hour() < 12 ? 0 : 3, 2);
-    } else if (const Field* field = fieldAt(pattern)) {
-      field = minutesIfBehindHour(field, previousLetter);
-      length = field->letters.size();
-      previousLetter = field->letters[0];
-      result += field->write(context);
     } else {
       length = writeLiteral(pattern, result);
     }

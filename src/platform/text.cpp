@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 #include "platform/utf8.h"
 
@@ -208,6 +209,14 @@ std::string replaced(std::string_view text, std::size_t soughtSize, std::string_
   return result.append(text, copied);
 }
 
+/// Whether eight characters from `at` on are ASCII, looked at together.
+bool isAsciiAt(std::string_view text, std::size_t at) {
+  std::uint64_t letters = 0;
+  if (text.size() - at < sizeof letters) return false;
+  std::memcpy(&letters, text.data() + at, sizeof letters);
+  return (letters & 0x8080808080808080) == 0;
+}
+
 }  // namespace
 
 std::string upperCase(std::string_view text) {
@@ -256,6 +265,10 @@ std::size_t characterCount(std::string_view text) {
 
 bool isValidUtf8(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
+    if (isAsciiAt(text, at)) {
+      at += sizeof(std::uint64_t);
+      continue;
+    }
     const Utf8Step step = utf8StepAt(text, at);
     if (!step.isWellFormed()) return false;
     at += step.length;

@@ -116,6 +116,7 @@ Id clsAutoNotifyTemplate::saveScheduleTypeInfo() {
   procedure(tag<"saveScheduleTypeInfo">, [&](Step& step) {
     isSavedFlag = true;
     isDirtyFlag = false;
+    isCommentSaved_ = false;
     if (!isDatabaseOpen(step)) return;
     const bool isNew = columns_.scheduleTypeID < 0;
     if (isNew) addScheduleType(step);
@@ -173,7 +174,10 @@ void clsAutoNotifyTemplate::writeColumns(const Row& row) {
   row.write("TotalNum", columns_.totalNum);
   row.write("ScheduleNum", columns_.ScheduleNum);
   row.write("ScheduleTypeName", columns_.scheduleTypeName);
-  row.write("NotificationComment", get_notificationComment());
+  row.step().assign(isCommentSaved_, [&] {
+    updateField(row.handle(), "NotificationComment", get_notificationComment());
+    return true;
+  });
   row.write("NotificationPeriod", columns_.notificationPeriod);
   row.write("Locked", columns_.locked ? "True" : "0");
 }

@@ -93,6 +93,8 @@ class clsAutoNotifyTemplate {
   /// Writes all columns, one by one, to the row of `scheduleTypeID`, or to a new row when there is
   /// none. Gives the id.
   Id saveScheduleTypeInfo();
+  /// Whether the last save wrote the comment.
+  bool isCommentSaved() const { return isCommentSaved_; }
 
   /// Takes over all values of `other` but `useUpperCaseStart`, flags included.
   void copyConstructor(const clsAutoNotifyTemplate& other);
@@ -152,6 +154,7 @@ class clsAutoNotifyTemplate {
   Columns columns_;
   /// A missing member is looked up as the row of the family itself.
   bool exactOnly_ = false;
+  bool isCommentSaved_ = false;
 };
 
 }  // namespace autonotify

@@ -275,7 +275,7 @@ bool isStatutoryHoliday(DateTime date) {
     const std::string sql =
         "SELECT Holidays.HolidayDate, Holidays.HolidayType FROM Holidays "
         "WHERE Holidays.HolidayDate = #" +
-        day + "# ;";
+        (day + "# ;");
     const auto isHoliday = [&](const Value& type) { return isHolidayType(type) || result; };
     for (const Row& row : Rows(step, sql, forwardRead)) row.read(result, "HolidayType", isHoliday);
   });

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "contract/rows.h"
 #include "contract/tags.h"
+#include "settings/user_row.h"
 
 namespace autonotify {
 namespace {
@@ -17,33 +17,14 @@ constexpr const char* cancelWarningColumn = "WarningMessagesCancelAutoNotificati
 constexpr const char* previewColumn = "ShowMVPreview";
 constexpr const char* emailPreviewColumn = "ShowEmailPreview";
 
-/// Through the handle of the person's statement, which must be opened anew to show the row.
-void addUserRow(Step& step, RecordsetHandle handle, Id userId) {
-  step.run([&] { database().addNewRecord(handle); });
-  step.run([&] { database().setFieldValue(handle, "UserIDNum", std::to_string(userId)); });
-  step.run([&] { database().saveNewRecord(handle); });
-}
-
-/// Runs `body(row)` on the person's row, which is added when there is none.
+/// Runs `body(row)` on the person's row with the column.
 template <class Body>
-void withUserRow(Step& step, const char* column, Id userId, Body&& body) {
+void withSetting(Step& step, const char* column, Id userId, Body&& body) {
   if (userId < 0 || !isDatabaseOpen(step)) return;
   const std::string statement =
       std::string("SELECT UserGeneralSettings.UserIDNum, UserGeneralSettings.") + column +
       " FROM UserGeneralSettings WHERE UserIDNum=";
-  const auto open = [sql = statementFor(statement, userId)] {
-    return openRecordset(sql, keysetUpdate);
-  };
-  RecordsetHandle handle = step.value(noRecordset, open);
-  const Row before(step, handle);
-  if (!before.exists(true)) {
-    addUserRow(step, handle, userId);
-    before.close();
-    step.assign(handle, open);
-  }
-  const Row row(step, handle);
-  if (row.exists()) body(row);
-  row.close();
+  withUserRow(step, statement, userId, keysetUpdate, body);
 }
 
 /// `convert(value)` turns the column's value into the setting and is part of the statement.
@@ -51,14 +32,14 @@ template <class Setting, class Convert>
 Setting getSetting(std::string_view frameTag, const char* column, Id userId, Setting byDefault,
                    Convert&& convert) {
   return procedure(frameTag, byDefault, [&](Step& step, Setting& result) {
-    withUserRow(step, column, userId, [&](const Row& row) { row.read(result, column, convert); });
+    withSetting(step, column, userId, [&](const Row& row) { row.read(result, column, convert); });
   });
 }
 
 template <class Setting>
 void putSetting(std::string_view frameTag, const char* column, Id userId, Setting value) {
   procedure(frameTag, [&](Step& step) {
-    withUserRow(step, column, userId, [&](const Row& row) { row.write(column, value); });
+    withSetting(step, column, userId, [&](const Row& row) { row.write(column, value); });
   });
 }
 

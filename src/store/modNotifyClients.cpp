@@ -5,6 +5,7 @@
 #include "contract/AutoNotifyListForm.h"
 #include "contract/rows.h"
 #include "contract/tags.h"
+#include "platform/controls/ComboBox.h"
 #include "store/channel_bits.h"
 #include "store/column_lookup.h"
 
@@ -130,6 +131,13 @@ std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notifica
                    [&](Step&, std::string& result) { result = channelName(notificationTypeNum); });
 }
 
+void populateAutoNotificationSendTypesInComboBox(ComboBox& combo) {
+  procedure(tag<"populateAutoNotificationSendTypesInComboBox">, [&](Step&) {
+    combo.clear();
+    for (const auto& [channel, name] : channelNames) combo.addItem(name, channel);
+  });
+}
+
 bool getNotificationStatus(Id scheduleId, notifyType channel) {
   return procedure(tag<"getNotificationStatus">, false, [&](Step& step, bool& result) {
     if (!isDatabaseOpen(step)) return;
@@ -213,10 +221,10 @@ void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTim
   });
 }
 
-void markSentNow(Step& step, Id notificationId) {
+void markSentNow(Step& step, Id notificationId, bool refreshList) {
   std::optional<DateTime> now;
   step.assign(now, [] { return platformClock().now(); });
-  changeNotificationToSent(notificationId, now, true);
+  changeNotificationToSent(notificationId, now, refreshList);
 }
 
 void cancelNotification(Id notificationId) {

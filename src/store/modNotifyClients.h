@@ -22,6 +22,8 @@
 
 namespace autonotify {
 
+class ComboBox;
+
 // Channel bits of `Schedule.notifyType`.
 
 bool IsEmailSelected(std::uint8_t notification);
@@ -32,6 +34,9 @@ bool IsPhoneSelected(std::uint8_t notification);
 /// "Email", "Fax", "Letter" or "Phone" for the lowest channel bit that is set, "None" for 0,
 /// "Unknown" for a value without any of the four.
 std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notificationTypeNum);
+
+/// Puts the four channels in place of the entries of the list, each with its bit as the number.
+void populateAutoNotificationSendTypesInComboBox(ComboBox& combo);
 
 /// True when the schedule entry has the channel's bit and a row of the channel. A bit without a row
 /// is stale: it is cleared, and the result is False. False for anything that is not one channel.
@@ -70,7 +75,7 @@ void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTim
 
 /// The same at the present time, in statements of the caller's frame; without a time where that
 /// cannot be told.
-void markSentNow(Step& step, Id notificationId);
+void markSentNow(Step& step, Id notificationId, bool refreshList = true);
 
 /// Marks the row cancelled by the current user, also a sent one, and clears SentTime.
 void cancelNotification(Id notificationId);

@@ -9,6 +9,7 @@
 #include "platform/format.h"
 #include "scheduling/modNotificationComments.h"
 #include "settings/modUserSettings.h"
+#include "settings/user_row.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 
@@ -230,7 +231,7 @@ void NotificationComposer::arm(Step& step) {
 }
 
 void NotificationComposer::confirm(Step& step) {
-  const Id user = step.value(noId, [] { return locale().getCurrentUserID(); });
+  const Id user = currentUser(step);
   if (!getAutoSendWizardConfirmation(user)) return;
   const char* word = wordFor(purpose_.type, purpose_.kind);
   const DateTime date = notificationDate.date();

@@ -1,6 +1,5 @@
 #include "wizards/email_sending.h"
 
-#include "contract/EmailSender.h"
 #include "contract/windows.h"
 
 namespace autonotify {
@@ -36,10 +35,13 @@ void fill(Step& step, EmailSender& sender, const EmailMessage& message) {
 bool sendEmail(Step& step, const EmailMessage& message) {
   std::unique_ptr<EmailSender> sender;
   step.assign(sender, createHostObject<EmailSender>);
-  if (!sender) return false;
-  fill(step, *sender, message);
-  if (step.holds(&EmailSender::send, *sender)) return true;
-  step.run([&] { showMessage(sender->getLastError(), message_style::notice); });
+  return sender && sendEmail(step, *sender, message);
+}
+
+bool sendEmail(Step& step, EmailSender& sender, const EmailMessage& message) {
+  fill(step, sender, message);
+  if (step.holds(&EmailSender::send, sender)) return true;
+  step.run([&] { showMessage(sender.getLastError(), message_style::notice); });
   return false;
 }
 

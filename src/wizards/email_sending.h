@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "contract/EmailSender.h"
 #include "contract/procedure.h"
 
 namespace autonotify {
@@ -18,5 +19,7 @@ struct EmailMessage {
 /// Puts the message into the user's email program through a new EmailSender. True when it was
 /// handed over; otherwise the program's own words about the failure are shown.
 bool sendEmail(Step& step, const EmailMessage& message);
+/// The same through an EmailSender that was made before and has sent nothing yet.
+bool sendEmail(Step& step, EmailSender& sender, const EmailMessage& message);
 
 }  // namespace autonotify

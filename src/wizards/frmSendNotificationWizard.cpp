@@ -4,6 +4,7 @@
 #include "contract/windows.h"
 #include "editor/frmTaskAutoNotification.h"
 #include "settings/modUserSettings.h"
+#include "settings/user_row.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
 
@@ -152,7 +153,7 @@ void frmSendNotificationWizard::removeChannel(Step& step, std::size_t channel) {
 }
 
 bool frmSendNotificationWizard::mayRemove(Step& step) {
-  const Id user = step.value(noId, [] { return locale().getCurrentUserID(); });
+  const Id user = currentUser(step);
   if (!getCancelAutoNotification(user)) return true;
   return step.holds(askQuestionAbove, *this,
                     "Are you sure you want to cancel this automatic notification?",

@@ -9,7 +9,7 @@
 namespace autonotify {
 namespace {
 
-constexpr OtherTag otherTags[] = {
+constexpr OtherTag faxTags[] = {
     {"InitializeNewAutoNotify", "frmSendNotificationWizardFax-InitializeEditAutoNotify"},
     {"cmdRefreshComment_Click", "frmSendNotificationWizardfax-cmdRefreshComment_Click"}};
 
@@ -36,7 +36,7 @@ constexpr DocumentChannel faxChannel{
             [](ItemKind kind, Id id, const FieldTexts& field, const std::string& memo) {
               editApptFaxNotification(kind, id, textsOf(field, memo));
             },
-        .otherTags = otherTags,
+        .otherTags = faxTags,
     },
     .fillBlankRow = fillBlankFax,
 };

@@ -6,7 +6,7 @@
 namespace autonotify {
 namespace {
 
-constexpr OtherTag otherTags[] = {
+constexpr OtherTag letterTags[] = {
     {"cmdFinish_Click", "frmSendNotifi-cmdFinish_Click"},
     {"cmdCancel_Click", "frmSendNotifi-cmdCancel_Click"},
     {"chkAddAddress_Click", "frmSendNotifi-chkAddAddress_Click"},
@@ -42,7 +42,7 @@ constexpr DocumentChannel letterChannel{
             .editForSchedule = editForSchedule,
             .editForItem = editForItem,
             .readsTextFirst = true,
-            .otherTags = otherTags,
+            .otherTags = letterTags,
         },
     .fillBlankRow = fillBlankLetter,
 };

@@ -8,7 +8,7 @@
 namespace autonotify {
 namespace {
 
-constexpr OtherTag otherTags[] = {
+constexpr OtherTag phoneTags[] = {
     {"cmdRefreshComment_Click", "frmSendNotificationWizardphone-cmdRefreshComment_Click"}};
 
 constexpr ComposerChannel phoneChannel{
@@ -31,7 +31,7 @@ constexpr ComposerChannel phoneChannel{
         },
     .finishAtOnce = "Call completed",
     .cancelAtOnce = "No answer, call again later!",
-    .otherTags = otherTags,
+    .otherTags = phoneTags,
 };
 
 }  // namespace

@@ -30,13 +30,24 @@ WalkedOperation passFor(const char* name, enumAutoNotifyClientType type, BulkCho
           }};
 }
 
+/// The company has a choice that is kept already.
+void fillKeptOffice(TableRows rows) {
+  fillOffice(rows);
+  rows.addRow("ClientScheduleAutoNotifications", {{"CompanyIDNum", company}});
+}
+std::string writtenBesideOneChoice(TestHost& host) {
+  EXPECT_EQ(host.rowCount("ClientScheduleAutoNotifications WHERE CompanyIDNum=1"), 1);
+  return host.dumpWritten();
+}
+
 /// Only the contact has a task of the kind: how one is armed is the same for a company.
 TEST(BulkFaults, AreSettledAtTheErrorDialog) {
   BulkChoice choice;
   choice[TaskFamily::PST] = true;
   choice.channels[1] = true;
   for (const auto client : {enumAutoNotifyCompany, enumAutoNotifyContact})
-    EXPECT_GE(walkFaults(passFor("", client, choice), {fillOffice}), 300);
+    EXPECT_GE(walkFaults(passFor("", client, choice), {fillKeptOffice, writtenBesideOneChoice}),
+              300);
 }
 
 TEST(BulkStatements, AreThoseThatHostsKnow) {

@@ -1,6 +1,6 @@
 #include "BulkOffice.h"
-#include "platform/text.h"
 #include "support/error_number.h"
+#include "support/window_script.h"
 
 namespace autonotify::test {
 namespace {
@@ -8,6 +8,8 @@ namespace {
 void pressCancel(WindowInUse& window) {
   window.click("cmdCancel");
 }
+constexpr const char* file = "../bulk/bulk_cases.txt";
+
 std::string at(const char* control, std::size_t index) {
   return std::string(control) + "(" + std::to_string(index) + ")";
 }
@@ -26,6 +28,7 @@ class BulkTest : public HostTest {
                "ClientNotification ORDER BY ClientNotificationID") +
            dump("SELECT ScheduleID, notifyType FROM Schedule WHERE notifyType<>0");
   }
+  void execute(const std::string& sql) { plainDatabase->connection().exec(sql); }
   std::string stored() { return dump("SELECT * FROM ClientScheduleAutoNotifications"); }
 
   /// What the editor of templates opens on.
@@ -43,18 +46,14 @@ class BulkTest : public HostTest {
 };
 
 TEST_F(BulkTest, RowsNameChooseAndShowKindsInThreeOrders) {
-  constexpr Id orders[14][3] = {{114, 101, 101}, {101, 102, 102}, {102, 103, 103}, {112, 110, 110},
-                                {103, 104, 106}, {110, 105, 107}, {104, 106, 104}, {105, 107, 105},
-                                {106, 108, 108}, {107, 109, 109}, {108, 111, 111}, {109, 113, 113},
-                                {111, 114, 114}, {113, 112, 112}};
-  constexpr Id templates[] = {113, 114, 101, 102, 112, 103, 110, 106, 107, 104, 105, 108, 109, 111};
-  for (std::size_t row = 0; row < 14; ++row) {
-    const Id labelled = orders[row][0], chosen = orders[row][1], tickedFor = orders[row][2];
+  // The kinds that a row of the window names, chooses and shows.
+  for (std::size_t row = 0; const auto& kinds : rowsOf(file, "kinds of rows", 3)) {
+    const Id chosen = std::stoi(kinds[1]), tickedFor = std::stoi(kinds[2]);
     begin(enumAutoNotifyCompany);
     panel.choice.families[static_cast<std::size_t>(tickedFor - 101)] = true;
     show([&](WindowInUse& window) {
       EXPECT_EQ(window.read(at("lblText", row)),
-                "Schedule all K" + std::to_string(labelled) + " Auto Notifications for 2026");
+                "Schedule all K" + kinds[0] + " Auto Notifications for 2026");
       for (std::size_t i = 0; i < 14; ++i)
         EXPECT_EQ(window.read(at("chkAutoNotify", i)), i == row ? "yes" : "no");
       window.click("cmdSelectAllAuto");
@@ -68,14 +67,15 @@ TEST_F(BulkTest, RowsNameChooseAndShowKindsInThreeOrders) {
       pressCancel(window);
     });
     EXPECT_TRUE(panel.choice.families[static_cast<std::size_t>(chosen - 101)]);
+    ++row;
   }
   panel.choice.families.fill(true);
-  for (const Id totalNum : templates) {
+  for (const auto& kind : rowsOf(file, "kinds as their templates open", 1)) {
     show([&](WindowInUse& window) {
-      EXPECT_EQ(edited(window), "Kind " + std::to_string(totalNum));
+      EXPECT_EQ(edited(window), "Kind " + kind[0]);
       pressCancel(window);
     });
-    panel.choice.families[static_cast<std::size_t>(totalNum - 101)] = false;
+    panel.choice.families[static_cast<std::size_t>(std::stoi(kind[0]) - 101)] = false;
   }
 }
 
@@ -84,31 +84,24 @@ TEST_F(BulkTest, FieldsHoldWhoIsLikeliestAndBelongToTheirChannels) {
                                     "cboFaxRecipient", "cboToFaxNumber", "cboPhoneName",
                                     "cboPhoneNumber"};
   constexpr const char* channels[] = {"0", "0", "0", "1", "1", "3", "3"};
-  const std::tuple<const char*, bool, const char*, const char*> cases[] = {
-      {"", false, " for Birch Ltd.",
-       "cara@home|||Birch Ltd. c/o Cara Holm|555-0101|Cara Holm|555-0102|"},
-      {"BusinessEmail='cara@birch', BusinessPhone_Fax='555-0121', BusinessPhone_Main='555-0122'",
-       false, " for Birch Ltd.",
-       "cara@birch|||Birch Ltd. c/o Cara Holm|555-0121|Cara Holm|555-0122|"},
-      {"", true, " for Cara Holm", "cara@birch|||Cara Holm|555-0121|Cara Holm|555-0122|"},
-      {"BusinessEmail='', PersonalEmail='', DisplayName='', BusinessPhone_Fax=''", false,
-       " for Birch Ltd.", "office@birch|||Birch Ltd.|555-0101||555-0122|"},
-      {"BusinessPhone_Main=''", true, "", "|||||||"}};
-  for (const auto& [change, isContact, name, texts] : cases) {
-    if (*change) plainDatabase->connection().exec(std::string("UPDATE Contacts SET ") + change);
+  // What has changed of the contacts, for whom, whom the window names, and what the fields hold.
+  for (const auto& row : rowsOf(file, "likeliest recipients", 4)) {
+    const bool isContact = row[1] == "contact";
+    if (!row[0].empty()) execute("UPDATE Contacts SET " + row[0]);
     plainClients.setClientLookupBatch(true), plainClients.setClientLookupBatch(false);
     begin(isContact ? enumAutoNotifyContact : enumAutoNotifyCompany);
-    const bool skipped = show([&, isContact = isContact, name = name, texts = texts](auto& window) {
+    const bool skipped = show([&](WindowInUse& window) {
       EXPECT_EQ(window.read("Label2"), std::string("This wizard will automatically schedule the "
                                                    "automatic notifications") +
-                                           name + ".");
+                                           row[2] + ".");
       EXPECT_EQ(window.sees("cmdNext"), !isContact);
       EXPECT_EQ(window.sees("cmdBack"), !isContact);
       EXPECT_EQ(window.sees("Frame4"), !isContact);
       if (!isContact) window.click("cmdNext");
+      EXPECT_FALSE(window.canUse("cmdNext"));
       std::string held;
       for (const char* field : fields) held += window.read(field) + "|";
-      EXPECT_EQ(held, texts);
+      EXPECT_EQ(held, row[3]);
       for (const std::size_t channel : {0u, 1u, 2u, 3u}) {
         EXPECT_EQ(window.read(at("chkNotifyType", channel)), channel == 0 ? "yes" : "no");
         window.click(at("chkNotifyType", channel));
@@ -123,56 +116,45 @@ TEST_F(BulkTest, FieldsHoldWhoIsLikeliestAndBelongToTheirChannels) {
   }
 }
 
-TEST_F(BulkTest, StepsLeadOneWayAndTheCloseBoxCancels) {
-  begin(enumAutoNotifyCompany);
-  EXPECT_TRUE(show(
-      [&](WindowInUse& window) {
-        errors.answer({error_choice::next, error_choice::leave});
-        window.click("cmdBack");
-        window.click("cmdBack");
-        EXPECT_TRUE(window.sees("Frame1"));
-        window.closeBox();
-      },
-      true));
-  for (const auto& error : errors.recorded())
-    EXPECT_EQ(error.number, error_number::subscriptOutOfRange);
-  EXPECT_TRUE(panel.cancelFlag);
-  begin(enumAutoNotifyCompany);
-  EXPECT_FALSE(panel.cancelFlag);
-  show([&](WindowInUse& window) {
-    EXPECT_FALSE(window.canUse("cmdBack") || window.canUse("cmdFinish"));
-    window.click("cmdChangeYear");
-    EXPECT_FALSE(window.sees("Frame4") || window.sees("Frame1") || window.canUse("cmdNext") ||
-                 window.canUse("cmdFinish"));
-    EXPECT_TRUE(window.canUse("cmdBack"));
-    pressCancel(window);
-  });
+/// Scripts of bulk_cases.txt. What begins with "show" opens the window until "done", and tells
+/// whether the first page was left out and whether the person has cancelled.
+class BulkScripts : public BulkTest, public testing::WithParamInterface<std::vector<std::string>> {
+ protected:
+  std::string outcome(WindowInUse* window, const ToldAct& told) {
+    const std::string &about = told[1], &text = told[2];
+    if (told[0] == "hear") return hear(about, text), "";
+    if (told[0] == "edit") return edited(*window);
+    if (told[0] == "settle") return errors.answer({std::stoi(about)}), "";
+    if (told[0] == "recorded") return toText(errors.recorded().back().number);
+    if (told[0] == "no year") return plainLocale.settings().year = 0, "";
+    if (told[0] == "fail") return calls.reset(), calls.failAt(std::stoi(about)), "";
+    return outcomeIn(*window, told);
+  }
+  void expectOutcome(WindowInUse* window, const ToldAct& told) {
+    EXPECT_EQ(outcome(window, told), told[3]) << told[0] + " " + told[1] + " " + told[2];
+  }
+};
+
+TEST_P(BulkScripts, GiveWhatTheyTell) {
+  const std::vector<ToldAct> script = rowsOf(file, GetParam()[0], 4);
+  for (auto told = script.begin(); told != script.end(); ++told) {
+    if (told->at(0) != "show") {
+      expectOutcome(nullptr, *told);
+      continue;
+    }
+    const bool skips = told->at(2) == "from the second page";
+    begin(told->at(1) == "contact" ? enumAutoNotifyContact : enumAutoNotifyCompany);
+    EXPECT_FALSE(panel.cancelFlag);
+    const auto act = [&](WindowInUse& window) {
+      while ((++told)->at(0) != "done") expectOutcome(&window, *told);
+    };
+    const bool skipped = show(act, skips);
+    EXPECT_EQ(skipped ? "skipped" : "", told->at(1));
+    EXPECT_EQ(panel.cancelFlag ? "cancelled" : "", told->at(3));
+  }
 }
 
-TEST_F(BulkTest, AYearThatIsNoneGivesWayToThePresentOne) {
-  begin(enumAutoNotifyCompany);
-  const auto captionYear = [&] { return panel.lblText[0].caption().substr(41); };
-  show([&](WindowInUse& window) {
-    window.click("cmdNext");
-    EXPECT_THAT(window.entries("cboYear"),
-                testing::ElementsAre("2023", "2024", "2025", "2026", "2027"));
-    EXPECT_EQ(window.read("cboYear"), "2026");
-    window.choose("cboYear", "2027");
-    EXPECT_EQ(captionYear(), "2027");
-    for (const char* year : {"1899", "99999", "", "2o"}) {
-      screen.expectMessage("You must enter a valid year for the source year.  Please try again",
-                           message_style::valueRefused);
-      window.type("cboYear", year);
-      EXPECT_FALSE(window.click("cmdFinish")) << year;
-      EXPECT_EQ(window.focus(), "cboYear");
-      EXPECT_EQ(window.read("cboYear") + captionYear(), "20262026");
-    }
-    window.type("cboYear", "20x31");
-    EXPECT_EQ(edited(window), "Kind 101");
-    EXPECT_EQ(captionYear(), "2031");
-    pressCancel(window);
-  });
-}
+INSTANTIATE_TEST_SUITE_P(Bulk, BulkScripts, testing::ValuesIn(rowsOf(file, "scripts", 1)));
 
 /// The pass, with every channel and the kinds 101, 102 and 113.
 void chooseAll(Bulk& panel) {
@@ -185,12 +167,7 @@ TEST_F(BulkTest, PassArmsTheOpenTasksOfTheYearOnce) {
       "|1|cara@home|NULL|NULL|Your Return is due on Tuesday, June 30 2026|\n";
   begin(enumAutoNotifyCompany);
   chooseAll(panel);
-  calls.record(true);
   show(pressFinish);
-  EXPECT_THAT(logged("put_value"), testing::ElementsAre("0", "1", "2", "3"));
-  EXPECT_THAT(logged("put_maximum"), testing::ElementsAre("3"));
-  const auto pump = calls.log().begin() + callNumber("put_value 2", 1);
-  EXPECT_EQ(pump[0] + pump[1], "pumpMessagespumpMessages");
   const std::string once = armed();
   EXPECT_EQ(notificationCount(), 12);
   EXPECT_EQ(once.substr(once.find("\n1|15") + 1), "1|15|\n2|15|\n3|15|\n");
@@ -199,16 +176,42 @@ TEST_F(BulkTest, PassArmsTheOpenTasksOfTheYearOnce) {
   EXPECT_NE(once.find("3|8|Cara Holm|555-0102|"), once.npos) << once;
   show([](WindowInUse& window) {
     window.click("cmdNext");
-    window.type("cboTo", "dan@birch");
+    for (const char* field : {"cboTo", "cboCc", "cboBcc"}) window.type(field, field);
     window.click("cmdFinish");
   });
-  EXPECT_EQ(armed(), replaceAll(once, "cara@home", "dan@birch"));
+  EXPECT_EQ(armed(), replaceAll(once, "cara@home|NULL|NULL", "cboTo|cboCc|cboBcc"));
   begin(enumAutoNotifyContact);
   chooseAll(panel);
   show(pressFinish);
   EXPECT_EQ(notificationCount(), 16);
   EXPECT_EQ(dump("SELECT notifyType FROM Schedule ORDER BY ScheduleID"),
             "15|\n15|\n15|\n15|\n0|\n0|\n0|\n");
+}
+
+TEST_F(BulkTest, PassTakesTheKindsInItsOrderAndTellsOfEachTask) {
+  execute("DELETE FROM Schedule");
+  std::string counted, armed, seen;
+  for (const Id kind : {101, 102, 103, 110, 104, 105, 106, 107, 108, 109, 111, 113, 114, 112}) {
+    taskOf(*this, kind, {{"ClientNum", 2}});
+    counted += toText(kind) + "|";
+    armed += toText(kind) + "|pump|pump|put_value " + toText(rowCount("Schedule")) + "|pump|pump|";
+  }
+  begin(enumAutoNotifyCompany);
+  panel.choice.families.fill(true);
+  calls.record(true);
+  show(pressFinish);
+  for (const std::string& call : calls.log()) {
+    if (const auto kind = call.find("totalNum = "); kind != call.npos)
+      seen += call.substr(kind + 11, 3) + "|";
+    else if (call == "pumpMessages")
+      seen += "pump|";
+    else if (call.starts_with("put_") || call == "repaint" || call == "show" || call == "close")
+      seen += call + "|";
+  }
+  EXPECT_EQ(seen,
+            "repaint|pump|pump|put_text Creating automatic notifications, Please wait ...|"
+            "put_owner|" +
+                counted + "put_maximum 14|put_value 0|show|" + armed + "close|");
 }
 
 TEST_F(BulkTest, CancelOfTheHostLeavesWholeTasksBehind) {
@@ -224,26 +227,27 @@ TEST_F(BulkTest, CancelOfTheHostLeavesWholeTasksBehind) {
 
 TEST_F(BulkTest, ChoiceIsKeptForTheClientAndNobodyElse) {
   const Id unlisted = addRow("Companies", {{"CompanyName", "Elm"}});
-  const std::pair<enumAutoNotifyClientType, Id> cases[] = {{enumAutoNotifyCompany, unlisted},
-                                                           {enumAutoNotifyContact, 5},
+  const std::pair<enumAutoNotifyClientType, Id> cases[] = {{enumAutoNotifyCategory, 1},
                                                            {enumAutoNotifyCompany, noId},
-                                                           {enumAutoNotifyCategory, 1}};
+                                                           {enumAutoNotifyContact, 5},
+                                                           {enumAutoNotifyCompany, unlisted}};
   for (const auto& [type, id] : cases) {
     begin(type, id);
     chooseAll(panel);
+    show(pressFinish);
+    EXPECT_THAT(progress.shown, testing::EndsWith(" of 0: 0 closed"));
     calls.reset();
     calls.record(true);
-    show(pressFinish);
-    EXPECT_THAT(logged("put_maximum"), testing::ElementsAre("0"));
-    EXPECT_THAT(logged("put_value"), testing::ElementsAre("0"));
     for (int i = 0; i < 2; ++i) panel.saveNotificationsTypes();
   }
   const std::string columns = "15|0|15|15|0|0|0|0|0|0|0|0|0|0|\n";
-  EXPECT_EQ(stored(), "1|2|-1|" + columns + "2|-1|5|" + columns);
+  EXPECT_EQ(stored(), "1|-1|5|" + columns + "2|2|-1|" + columns);
+  EXPECT_LT(callNumber("saveNewRecord", 1), callNumber("closeRecordset", 1));
+  EXPECT_EQ(logged("openRecordset").size(), 3u) << "again once it is added, and to keep it";
   begin(enumAutoNotifyContact, 5);
   panel.choice[TaskFamily::Custom] = true;
   panel.saveNotificationsTypes();
-  EXPECT_EQ(stored(), "1|2|-1|" + columns + "2|-1|5|0|0|0|0|0|0|0|0|0|0|0|0|0|1|\n");
+  EXPECT_EQ(stored(), "1|-1|5|0|0|0|0|0|0|0|0|0|0|0|0|0|1|\n2|2|-1|" + columns);
 }
 
 }  // namespace

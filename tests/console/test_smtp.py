@@ -97,6 +97,30 @@ class Smtp(ConsoleTest):
         for seconds in ("0", "-1", "x"):
             self.assertEqual(self.run_program("--smtp-timeout", seconds, "due").code, 2)
 
+    def test_a_server_that_is_away_is_tried_once(self):
+        run = self.run_program("--smtp", "smtp-plain://127.0.0.1:1", "send", "--due")
+        self.assertEqual((1, 1, (0, 1)), (run.code, run.err.count("cannot be reached"),
+                                          self.state(self.row)))
+        self.assertRegex(run.err, r"\d more were not tried; send --due goes on with them\n$")
+        self.done(f"--smtp {self.serve('take')} send --due")
+        self.assertEqual((1, 2), self.state(self.row))
+
+    def test_a_test_goes_to_oneself_and_marks_nothing(self):
+        self.write(self.row, Field1="jane@x.example", Field2="c@x.example", Field3=None)
+        rows = self.sql("SELECT * FROM ClientNotification ORDER BY 1")
+        url = self.serve("take")
+        for count in (1, 2):
+            self.done(f"--smtp {url} send {self.row} --test-to me@x.example")
+            self.assertEqual(count, len(self.taken()))
+        for envelope, message in self.taken():
+            self.assertEqual((["me@x.example"], "[Test] ", "jane@x.example, c@x.example"),
+                             (envelope["to"], message["Subject"][:7], message["X-Test-Of-Message-To"]))
+        self.assertEqual(rows, self.sql("SELECT * FROM ClientNotification ORDER BY 1"))
+        self.done(f"--smtp {url} send {self.row}")
+        self.assertEqual(["jane@x.example", "c@x.example"], self.taken()[2][0]["to"])
+        self.refuses(f"send {self.row} --test-to nobody",
+                     '--test-to: "nobody" is not one email address', 2)
+
     def test_what_cannot_be_known_is_said_until_a_person_decides(self):
         self.send(self.serve("vanish"))
         url = self.serve("take")

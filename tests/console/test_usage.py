@@ -1,10 +1,13 @@
 """What is typed wrong is answered in plain words, with exit code 2 and nothing on standard output."""
 
+import subprocess
+
 from console import ConsoleTest, refusals
 
-COMMANDS = ("init, copy, role, tasks, arm, disarm, year, appointments, arm-item, disarm-item, show, "
-            "due, merge, check, explain, send, print, calls, call, cancel, move, refresh, address, "
-            "recipients, contact-default, template, propagate, fields")
+COMMANDS = ("init, copy, import, export, role, clients, staff, holidays, tasks, arm, disarm, year, appointments, arm-item, "
+            "disarm-item, show, day, due, notifications, history, merge, check, explain, send, print, "
+            "calls, call, cancel, move, refresh, address, recipients, contact-default, template, "
+            "propagate, fields, help")
 NAMES = COMMANDS.split(", ")
 
 
@@ -29,6 +32,29 @@ class UsageTest(ConsoleTest):
                 self.assertTrue(own.endswith("\nOptions of all commands: hvnotify --help\n"))
         self.assertIn("0 done, 1 refused or nothing found, 2 usage, 3 database unusable", shown)
         self.assertIn("--batch, or without a terminal, the procedure is left", shown)
+
+    def test_help_by_name_is_what_the_command_tells(self):
+        for name in ["", "arm", "template set"]:
+            self.assertEqual(self.done(f"{name} --help"), self.done(f"help {name}"))
+        self.refuses("help tempalte", 'there is no command "tempalte"; did you mean template? (see: hvnotify --help)', 2)
+        self.refuses("help template sit", 'there is no command "template sit"; did you mean set? (see: hvnotify --help)', 2)
+        self.expect("--version", "hvnotify …\ncomponent: hvAutoNotifyCtrl6.ClassObject/…, …/hvAutoNotifyCtrl6.so\n"
+                    "databases: schema …, SQLite 3.…, PostgreSQL client …\n")
+
+    def test_manual_and_completions_know_all_that_can_be_typed(self):
+        page = self.done("help --as man")
+        for name in [*NAMES, "template set"]:
+            self.assertIn(f'\n.SS "{name}"\n', page)
+        self.assertIn("\n.TP\n\\fB\\-\\-until\\fR \\fIDATE\\fR\n", page)
+        (self.folder / "completion").write_text(self.done("help --as bash"))
+        for typed, words in [("holi", "holidays"), ("template sh", "show"), ("--json template set --for", "--former"),
+                             ("show --rt", "--rtf"), ("--database show tem", "template"), ("print --pdf s", "")]:
+            script = f'. ./completion; COMP_WORDS=(hvnotify {typed}); COMP_CWORD={len(typed.split())}; _hvnotify'
+            shown = subprocess.run(["bash", "-c", script + '; echo "${COMPREPLY[*]}"'], cwd=self.folder,
+                                   capture_output=True, text=True)
+            self.assertEqual((words + "\n", ""), (shown.stdout, shown.stderr), typed)
+        for form, line in [("zsh", " '--former:the template"), ("fish", "-l former -r -d ")]:
+            self.assertIn(line, self.done(f"help --as {form}"))
 
     def test_global_options_may_follow_the_command_and_the_last_of_repeated_ones_counts(self):
         self.assertEqual(self.done("--json due"), self.done("due --json"))

@@ -1,6 +1,6 @@
 """A client's tasks of a year, armed at once."""
 
-from console import TASK, ConsoleTest, files_only
+from console import ConsoleTest, files_only
 
 FAMILIES = ["gst", "pst", "payroll-remittance", "year-end", "corporate-tax", "wsib", "eht", "law",
             "other", "payroll", "custom", "federal-payroll", "projects", "bookkeeping"]
@@ -28,32 +28,10 @@ class YearTest(ConsoleTest):
             "SELECT ScheduleID FROM Schedule WHERE notifyType=5 ORDER BY DueDate, ScheduleID")]
 
     def test_arms_each_task_once_and_says_so_in_a_line(self):
-        preview = self.done(self.line + " --dry-run").splitlines()
-        self.assertEqual([], self.rows() + self.armed())
-        lines = self.done(self.line).splitlines()
-        rows = self.rows()
-        self.assertEqual((self.tasks, 2 * len(self.tasks)), (self.armed(), len(rows)))
-        for task, planned, line in zip(self.tasks, preview, lines, strict=True):
-            self.assertRegex(line, rf"^task {task}, .+, due [-0-9]+: email armed for ([-0-9]+)"
-                                   rf"(, lacks an email address)?; letter armed for \1$")
-            self.assertEqual(planned.replace("to be armed", "armed"),
-                             line.replace(", lacks an email address", ""))
-        again = self.done(self.line).splitlines()
-        self.assertEqual([line.replace(" armed", " already armed") for line in lines], again)
-        self.assertEqual(len(rows), len(self.rows()))
+        self.follow("each task of a year is armed once and told of in a line")
 
     def test_what_is_there_already_stays_as_it_is(self):
-        first, second = self.tasks[:2]
-        self.done(f"arm {first} --channel email,fax")
-        email, fax = [row[0] for row in self.rows()]
-        self.write(email, Field1="chosen@example.com")
-        self.done(f"send {email} --mark-only")
-        self.sql("UPDATE Schedule SET notifyType=0 WHERE ScheduleID=?", first)
-        out = self.done(self.line).splitlines()[0]
-        self.assertRegex(out, "email was sent; letter armed for")
-        self.assertEqual("chosen@example.com", self.one(
-            "SELECT Field1 FROM ClientNotification WHERE ClientNotificationID=?", email))
-        self.assertEqual((True, 2), tuple(self.state(email)))
+        self.follow("a year beside what is there", first=self.tasks[0], line=self.line)
         self.assertEqual(2 * len(self.tasks) + 1, len(self.rows()))
 
     @files_only("the triggers are written as SQLite has them")
@@ -68,7 +46,9 @@ class YearTest(ConsoleTest):
         self.sql(f"""CREATE TRIGGER Failing BEFORE INSERT ON ClientNotification WHEN
                      NEW.ScheduleIDNum={second} BEGIN SELECT RAISE(ABORT, 'no room'); END""")
         self.assertEqual(1, self.run_program(*self.line.split()).code)
-        self.assertEqual((before, []), ([row[0] for row in self.rows()], self.armed()))
+        self.assertEqual((before, [(first,)]), (
+            [row[0] for row in self.rows()],
+            self.sql("SELECT ScheduleID FROM Schedule WHERE notifyType<>0")))
 
     def test_kinds_and_personal_clients(self):
         for number, word in enumerate(FAMILIES, 101):
@@ -87,20 +67,11 @@ class YearTest(ConsoleTest):
 
     @files_only("a server's claims are its own locks")
     def test_nothing_is_done_while_another_desk_is_at_work(self):
-        with self.claimed(TASK, self.tasks[-1]):
+        with self.claimed("task", self.tasks[-1]):
             self.refuses(self.line, f"another desk is at work on task {self.tasks[-1]}; try again "
                                     "later")
         self.assertEqual([], self.rows() + self.armed())
 
     def test_refusals(self):
         company = self.one("SELECT CompanyIDNum FROM ClientData WHERE ClientDataID=?", self.client)
-        for line, words, code in [
-                (f"year {self.client} --year 1999 --channel fax",
-                 f"company {company} has no open tasks of these kinds in 1999", 1),
-                ("year 99999 --channel fax", "there is no client 99999", 1),
-                ("year --contact 99999 --channel fax", "there is no contact 99999", 1),
-                ("year --channel fax", "name a CLIENT or a --contact (see: hvnotify year --help)",
-                 2)]:
-            self.refuses(line, words, code)
-        for wrong in ["--year 20x", "--year 1899", "--kind gts", "--channel pigeon"]:
-            self.assertEqual(2, self.run_program(*f"{self.line} {wrong}".split()).code, wrong)
+        self.follow("years that cannot be armed", client=self.client, company=company, line=self.line)

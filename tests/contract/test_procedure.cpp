@@ -1,5 +1,3 @@
-#include <stdexcept>
-
 #include "contract/procedure.h"
 #include "contract/rows.h"
 #include "support/HostTest.h"
@@ -8,7 +6,6 @@ namespace autonotify::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* tag = "Morvane.exe-modTest-test";
 
@@ -17,47 +14,6 @@ constexpr const char* tag = "Morvane.exe-modTest-test";
 }
 
 using Procedure = HostTest;
-
-/// What a second of three statements, failing once for each choice, makes of the procedure.
-struct Choices {
-  std::vector<int> made;
-  int runsOfSecond;
-  bool thirdRuns;
-  int result;
-};
-
-void expectEffect(const Choices& choices) {
-  AttachedHost host;
-  for (const int choice : choices.made) host.errors.answer({choice});
-  int runs = 0;
-  bool thirdRan = false;
-  const int result = procedure(tag, 1, [&](Step& step, int& held) {
-    step.run([&] { held = 10; });
-    step.assign(held, [&] {
-      if (++runs <= std::ssize(choices.made)) fail();
-      return 20;
-    });
-    step.run([&] { thirdRan = true; });
-  });
-  EXPECT_EQ(runs, choices.runsOfSecond);
-  EXPECT_EQ(thirdRan, choices.thirdRuns);
-  EXPECT_EQ(result, choices.result);
-  EXPECT_EQ(host.errors.dialogs(), std::ssize(choices.made));
-  EXPECT_EQ(host.errors.left(), 1);
-  EXPECT_EQ(host.errors.recorded().front().number, 1000);
-  EXPECT_EQ(host.errors.recorded().front().tag, tag);
-}
-
-TEST(Choice, DecidesHowTheProcedureGoesOn) {
-  const int next = error_choice::next, leave = error_choice::leave, quit = error_choice::quit;
-  for (const Choices& choices : {Choices{{next}, 1, true, 10},
-                                 {{leave}, 1, false, 10},
-                                 {{quit}, 2, true, 20},
-                                 {{0}, 2, true, 20},
-                                 {{7}, 2, true, 20},
-                                 {{quit, 7, leave}, 3, false, 10}})
-    expectEffect(choices);
-}
 
 /// Fails after two steps of a calculation that the compiler would like to do right in its target.
 inline DateTime dayAfterTwo(Step& step, DateTime day) {
@@ -176,15 +132,6 @@ TEST_F(RowsInUse, StayOpenWhenTheProcedureIsLeft) {
   };
   EXPECT_THAT(callsIn(openAndGoOn, 3),
               ElementsAre("openRecordset", "hasRecords", "closeRecordset"));
-}
-
-TEST_F(RowsInUse, OpenNothingForAnIdBelowZero) {
-  EXPECT_THAT(callsIn([](Step& step) {
-                Rows rows(step, byId, noId, keysetUpdate);
-                EXPECT_FALSE(rows);
-                for (const Row& row : rows) row.write("Field1", "x");
-              }),
-              IsEmpty());
 }
 
 TEST_F(RowsInUse, AreWalkedUntilTheEndOrASkippedTestForIt) {

@@ -4,7 +4,6 @@
 
 #include "host/loader/ComponentLibrary.h"
 #include "support/TestHost.h"
-#include "support/table_rows.h"
 
 namespace autonotify::test {
 

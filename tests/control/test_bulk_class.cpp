@@ -1,4 +1,3 @@
-#include <span>
 
 #include "component_host.h"
 

@@ -5,7 +5,7 @@
 #include "contacts/modDefaultContact.h"
 #include "contract/GridColumnList.h"
 #include "editor/frmTaskAutoNotification.h"
-#include "platform/text.h"
+#include "list/frmAutoNotifyList.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"
 #include "store/modNotificationLinks.h"
@@ -219,8 +219,14 @@ const Operation operations[] = {
            InitializeNotifyNow(Appointments, twin, nt_Letter)),
     WIZARD(TaskAutoNotificationForm, frmTaskAutoNotification, "cmdNotifyComment(0)", nullptr,
            (kind), Initialize(kind)),
+    WIZARD(TaskAutoNotificationForm, frmTaskAutoNotification, "cmdNotifyComment(2)", nullptr, (),
+           Initialize(noId)),
+    WIZARD(SendAutoNotifyListForm, frmAutoNotifyList, "cmdRefreshTaskGrid", nullptr, (kind),
+           Initialize()),
     WIZARD(TaskAutoNotificationForm_WithTotalNumAndScheduleNum, frmTaskAutoNotification,
            "cmdNotifyComment(3)", nullptr, (103, 1), InitializeWithTotalNumAndScheduleNum(103, 1)),
+    WIZARD(TaskAutoNotificationForm_WithTotalNumAndScheduleNum, frmTaskAutoNotification, "cmdClose",
+           nullptr, (), InitializeWithTotalNumAndScheduleNum(noId, noId)),
 };
 
 /// What a person does in a composer: writes into the field, presses the button, and closes the
@@ -372,6 +378,19 @@ TEST_F(ComponentTest, ToolsMakeDocumentsOfFaxesAndLetters) {
     EXPECT_FALSE(library.createTools()->makeDocument(notification + 1));
   }
   EXPECT_NE(readFile(documents / "Contact 1/2/Letter - Apr 15 2026.mvw"), "");
+}
+
+TEST_F(ComponentTest, TakesItsPanelBackBeforeItGoes) {
+  for (const bool isReplaced : {true, false}) {
+    screen.expectWindow("frmAutoNotifyList", [](WindowInUse& list) {
+      for (const char* button : {"imgTopBarButton(0)", "cmdClose"}) list.click(button);
+    });
+    screen.expectWindow("frmAutoNotifySearch", [](WindowInUse& panel) { panel.closeBox(); });
+    control->cls_openSendAutoNotifyListForm();
+    EXPECT_NE(plainClients.getPanel(searchPanelKey), nullptr);
+    isReplaced ? control->put_clientDropDownCtrlReference(&clients) : control.reset();
+    EXPECT_EQ(plainClients.getPanel(searchPanelKey), nullptr);
+  }
 }
 
 TEST_F(ComponentTest, ToolsListNoFieldsWithoutAListOfTheHost) {

@@ -1,9 +1,8 @@
-#include <map>
-#include <set>
 
 #include "bulk/frmSendNotificationBulk.h"
-#include "platform/controls/DatePicker.h"
-#include "support/golden_file.h"
+#include "list/frmAutoNotifyList.h"
+#include "list/frmSendAutoNotifyCustomFields.h"
+#include "list/search_panel.h"
 #include "tests/wizards/ComposerTest.h"
 #include "wizards/frmSendNotificationWizard.h"
 #include "wizards/frmSendNotificationWizardApptNotifyNow.h"
@@ -35,6 +34,15 @@ void raiseAll(Control& control) {
     picker->acceptDropDown();
     picker->acceptDate(DateTime::of(2026, 4, 15));
   }
+  auto* grid = dynamic_cast<Grid*>(&control);
+  if (!grid) return;
+  bool cancel = false;
+  grid->onBeforeEdit(0, 0, cancel);
+  grid->onAfterEdit(0, 0, cancel);
+  grid->onCellButtonClick(0, 0);
+  grid->onCellImageClick(0, 0);
+  grid->onScroll();
+  grid->onSortComplete({}, {});
 }
 
 class TagTest : public ComposerTest {
@@ -78,6 +86,24 @@ class TagTest : public ComposerTest {
     bool skipsKinds = true;
     bulk.showForm(skipsKinds);
   }
+  void useList() {
+    const auto raise = [](WindowInUse& window) {
+      for (Control* control : window.form().controls()) raiseAll(*control);
+      if (window.form().isVisible()) window.form().hide();
+    };
+    const auto close = [](Grid&, const GridDialog&) { return false; };
+    using enum GridDialog::Kind;
+    screen.expectWindow("frmAutoNotifyList", raise);
+    for (const char* window :
+         {"frmAutoNotifySearch", "frmAutoNotifyChangeListColumns", "frmSendAutoNotifyListOptions"})
+      screen.expectWindow(window, raise);
+    for (const auto kind : {printPreview, print, settings, properties})
+      screen.expectGridDialog(kind, close);
+    frmAutoNotifyList().Initialize();
+    screen.expectWindow("frmSendAutoNotifyCustomFields", raise);
+    frmSendAutoNotifyCustomFields().Initialize();
+    giveBackSearchPanel();
+  }
   void addTagsOfWindows(Tags& tags) {
     screen.answerAll(true);
     useAllOf(email);
@@ -85,6 +111,7 @@ class TagTest : public ComposerTest {
     useAllOf(letter, "drLetter");
     useAllOf(phone);
     useWizards();
+    useList();
     for (const std::string& tag : errors.tags())
       if (tag.starts_with(start + "frm") || tag.starts_with(start + "dr")) tags.insert(tag);
   }

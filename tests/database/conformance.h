@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <utility>
 
 #include "contract/DatabaseReference.h"
 #include "support/error_number.h"

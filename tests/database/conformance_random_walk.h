@@ -1,9 +1,9 @@
 #pragma once
 
 #include <map>
-#include <optional>
 #include <random>
 
+#include "host/database/RecordsetDatabase.h"
 #include "tests/database/conformance.h"
 
 // Random operations on the database and on a simple model of it.
@@ -18,7 +18,7 @@ class RandomWalk {
         &RandomWalk::addRow,     &RandomWalk::addRow,   &RandomWalk::updateRow,
         &RandomWalk::updateRow,  &RandomWalk::remove,   &RandomWalk::keepOpen,
         &RandomWalk::stepKept,   &RandomWalk::stepKept, &RandomWalk::stepKept,
-        &RandomWalk::searchKept, &RandomWalk::compare};
+        &RandomWalk::searchKept, &RandomWalk::compare,  &RandomWalk::readOtherwise};
     for (int i = 0; i < steps && !testing::Test::HasFailure(); ++i)
       (this->*actions[upTo(static_cast<int>(std::size(actions)) - 1)])();
     compare();
@@ -44,9 +44,10 @@ class RandomWalk {
     return std::next(model_.begin(), upTo(static_cast<int>(model_.size()) - 1))->first;
   }
 
-  static std::string where(int schedule) {
-    return "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum>=" +
-           std::to_string(schedule) + " ORDER BY ClientNotificationID;";
+  std::string where(int schedule) {
+    return "SELECT ClientNotification.* FROM ClientNotification WHERE " +
+           std::string(upTo(1) ? "ScheduleIDNum>=" : "NOT ScheduleIDNum<") +
+           std::to_string(schedule) + " ORDER BY ClientNotification.ClientNotificationID;";
   }
 
   void addRow() {
@@ -105,6 +106,15 @@ class RandomWalk {
     EXPECT_EQ(database_.getFieldValue(rows, "ScheduleIDNum"), Value(row.schedule));
     EXPECT_EQ(database_.getFieldValue(rows, "Field1"), Value(row.text));
     EXPECT_EQ(database_.getFieldValue(rows, "SentTime"), row.date ? Value(*row.date) : Value());
+    // Now and then a column that was not asked for before.
+    if (upTo(50) == 0) {
+      EXPECT_EQ(database_.getFieldValue(rows, "Field" + std::to_string(2 + upTo(4))), Value());
+    }
+  }
+
+  void readOtherwise() {
+    if (auto* shared = dynamic_cast<RecordsetDatabase*>(&database_))
+      shared->readSideBySide(upTo(2));
   }
 
   void stepKept() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-
 #include "host/database/dialect/DatabaseError.h"
 #include "tests/database/conformance.h"
 
@@ -56,7 +54,8 @@ TEST_P(Conformance, ConditionsSelectWhatTheySay) {
 TEST_P(Conformance, OrderPutsNullFirstAndCountsAreNumbers) {
   for (const char* user : {"5", "", "-3", "5"}) addNotification(desk, {{"SentByUserIDNum", user}});
   for (const auto& row : rowsOf("columns of statements", 3))
-    EXPECT_EQ(cellOf(column(desk, row[1], row[0])), row[2]) << row[1];
+    for (int run = 0; run < 6; ++run)
+      EXPECT_EQ(cellOf(column(desk, row[1], row[0])), row[2]) << row[1];
 }
 
 /// Where a statement says nothing of it, rows stand in the order of the keys of its tables, from
@@ -100,33 +99,6 @@ TEST_P(Conformance, ValuesComeBackByTheKindOfTheirColumn) {
   const std::string sql = "SELECT Dockets.* FROM Dockets;";
   EXPECT_EQ(column(desk, sql, "TotalTimeReal"), values({1.75}));
   EXPECT_EQ(column(desk, sql, "BillingJobRate"), values({120.0})) << "money is a double";
-}
-
-TEST_P(Conformance, ARefusedValueChangesNothing) {
-  const std::map<std::string, int> errors = {{"no such type", error_number::typeMismatch},
-                                             {"too large", error_number::overflow},
-                                             {"no text", database_error::invalidText},
-                                             {"no column", database_error::unknownColumn},
-                                             {"not updatable", database_error::notUpdatable}};
-  const Fields kept = {{"ScheduleIDNum", "5"}, {"Field1", "old"}, {"Memo", "old"}};
-  const Id id = addNotification(desk, kept);
-  const RecordsetHandle rows = open(desk, notification(id));
-  for (const auto& row : rowsOf("refused values", 3))
-    EXPECT_EQ(errorOf([&] { update(desk, rows, row[0], row[1]); }), errors.at(row[2])) << row[0];
-  for (const auto& [name, text] : kept) EXPECT_EQ(toText(field(desk, id, name)), text);
-  update(desk, rows, "Field1", "new");
-  EXPECT_EQ(field(desk, id, "Field1"), Value("new"));
-}
-
-TEST_P(Conformance, ColumnNamesMatchInAnyCaseAndByTheirTable) {
-  const Id schedule =
-      add(desk, "Schedule", "ScheduleID", {{"NOTIFYTYPE", "5"}, {"Custom1", "of the schedule"}});
-  add(desk, "Tasks", "taskid",
-      {{"ScheduleIDNum", std::to_string(schedule)}, {"Custom1", "of the task"}});
-  const RecordsetHandle rows = open(desk, rowsOf("joins", 1)[1][0]);
-  for (const auto& row : rowsOf("column names", 2))
-    EXPECT_EQ(cellOf({desk.getFieldValue(rows, row[0])}), row[1]) << row[0];
-  EXPECT_EQ(errorOf([&] { desk.getFieldValue(rows, "Custom6"); }), database_error::unknownColumn);
 }
 
 TEST_P(Conformance, ANewRowShowsItsDefaultsBeforeAndAfterItIsSaved) {

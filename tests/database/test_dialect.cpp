@@ -1,7 +1,6 @@
-
 #include <map>
 
-#include "host/database/Plan.h"
+#include "host/database/Session.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/dialect/Dialect.h"
 #include "host/database/dialect/literals.h"
@@ -76,6 +75,22 @@ struct Listener : Driver {
   Engine words = Engine::sqlite;
   std::string heard;
 };
+
+// What is remembered of a statement that came before says nothing but what its own text does.
+TEST(Session, PlansByTheLiteralsOfEachStatement) {
+  Listener driver;
+  Session session(driver);
+  std::vector<std::pair<Statement, Translation>> planned;
+  for (const auto& row : test::rowsOf(file, "statements in turn", 1)) {
+    const std::string sql = "SELECT Tasks.* FROM Tasks WHERE " + row[0];
+    planned.emplace_back(session.plan(sql), translate(sql, Engine::sqlite));
+  }
+  for (const auto& [statement, translation] : planned) {
+    EXPECT_EQ(*statement.parameters, translation.parameters);
+    for (const auto& [other, translated] : planned)
+      EXPECT_EQ(statement.plan == other.plan, translation.sql == translated.sql);
+  }
+}
 
 // No table is walked through by its keys where an index leads to few rows, nor sorted.
 TEST(Plan, SettlesTheOrderWithoutAnotherWayToTheRows) {

@@ -1,6 +1,5 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
-#include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
 #include "support/temporary_folder.h"
 #include "tests/database/conformance_suite.h"
@@ -29,7 +28,6 @@ namespace files = std::filesystem;
 using conformance::addNotification;
 using conformance::allNotifications;
 using conformance::errorOf;
-using test::readFile;
 using test::writeFile;
 
 class SqliteFileTest : public testing::Test {
@@ -60,17 +58,6 @@ TEST_F(SqliteFileTest, WhatCannotBeOpenedIsToldApart) {
   }
 }
 
-TEST_F(SqliteFileTest, ADamagedFileFailsWhenTheDamageIsRead) {
-  createSqlite(file);
-  const std::size_t size = files::file_size(file);
-  writeFile(file, readFile(file).substr(0, 4096) + std::string(size - 4096, 'x'));
-  const int error = errorOf([&] {
-    const auto database = openSqlite(file);
-    conformance::column(*database, allNotifications, "Field1");
-  });
-  EXPECT_EQ(error, database_error::corrupt);
-}
-
 TEST_F(SqliteFileTest, CreatingNeverOverwrites) {
   writeFile(file, "precious");
   EXPECT_EQ(errorOf([&] { createSqlite(file); }), database_error::alreadyExists);
@@ -96,6 +83,22 @@ TEST_F(SqliteFileTest, RowsLastAfterClosingWhichRefusesEverythingAndReadingRefus
             database_error::readOnly);
   EXPECT_EQ(errorOf([&] { database->addNewRecord(rows); }), database_error::readOnly);
   EXPECT_EQ(database->getFieldValue(rows, "Field1"), Value("kept"));
+}
+
+TEST_F(SqliteFileTest, AWalkSideBySideGoesOnUntilSomethingIsReadAnew) {
+  const auto desk = createSqlite(file), other = openSqlite(file);
+  const Id id = addNotification(*desk, {{"Field1", "0"}});
+  addNotification(*desk, {});
+  int written = 0;
+  for (const bool isAsked : {true, false}) {
+    desk->readSideBySide(true);
+    desk->hasRecords(conformance::open(*desk, allNotifications));
+    conformance::update(*other, conformance::open(*other, conformance::notification(id)), "Field1",
+                        std::to_string(written + 1));
+    EXPECT_EQ(conformance::field(*desk, id, "Field1"), Value(std::to_string(written++)));
+    isAsked ? desk->readAnew() : desk->readSideBySide(false);
+    EXPECT_EQ(conformance::field(*desk, id, "Field1"), Value(std::to_string(written)));
+  }
 }
 
 TEST_F(SqliteFileTest, ALockedWriteMayBeTriedAgain) {
@@ -132,6 +135,10 @@ TEST(SqliteMemory, KeysGoOnBehindRowsInsertedByOtherMeans) {
       "INSERT INTO ClientNotification(ClientNotificationID, Field1) VALUES (41, 'seeded');"
       "DELETE FROM ClientNotification");
   EXPECT_EQ(addNotification(*database, {}), 42);
+}
+
+TEST(SqliteMemory, LongWalksKeepTheirRows) {
+  conformance::walkWhileRowsLeave(*createSqliteInMemory(), 1100);
 }
 
 TEST(SqliteMemory, LongRandomWalksAgreeWithAModel) {

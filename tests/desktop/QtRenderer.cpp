@@ -2,47 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCalendarWidget>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPdfDocument>
 #include <QPdfSelection>
-#include <QProgressBar>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QTabBar>
-#include <QTableView>
 #include <QTest>
-#include <QTextEdit>
-#include <QTimer>
-#include <QTreeWidget>
-#include <algorithm>
-#include <functional>
-#include <stdexcept>
+#include <QtWidgets>
 
 #include "binding/DateBinding.h"
-#include "platform/controls/Button.h"
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/DatePicker.h"
-#include "platform/controls/Frame.h"
-#include "platform/controls/Label.h"
-#include "platform/controls/ListBox.h"
-#include "platform/controls/OptionButton.h"
-#include "platform/controls/ProgressBar.h"
-#include "platform/controls/RichTextBox.h"
-#include "platform/controls/TabControl.h"
-#include "platform/controls/TextBox.h"
-#include "platform/controls/TreeView.h"
 #include "preview/PdfPages.h"
 #include "qt_text.h"
 #include "richtext/RichTextEditor.h"
+#include "support/all_controls.h"
 
 namespace autonotify::test {
 namespace {
@@ -56,13 +25,12 @@ std::string tick(bool isTicked) {
 
 /// What a control holds and what is read in its widget, in the same words.
 struct Sight {
-  std::string held;
-  std::string drawn;
+  std::string held, drawn;
 };
 
 /// A caption; the layout's where the program has given none.
-Sight captions(const Control& control, const QString& drawn) {
-  return {control.caption().empty() ? plain(drawn) : control.caption(), plain(drawn)};
+std::string captionOf(const Control& control, const QString& drawn) {
+  return control.caption().empty() ? plain(drawn) : control.caption();
 }
 
 QString currentText(const QListWidget& list) {
@@ -75,6 +43,39 @@ QString currentText(const QTreeWidget& tree) {
 
 std::string heldText(const ItemList& list) {
   return list.listIndex() < 0 ? std::string() : list.list(list.listIndex());
+}
+
+/// The headings with their widths in pixels and the rows, as the model holds them.
+QString heldText(const Grid& grid, int dotsPerInch) {
+  QString text = QString("%1 %2 ").arg(grid.get_Row()).arg(grid.sortKeys()[0].column);
+  for (int column = 0; column < grid.get_Cols(); ++column) {
+    if (!grid.showsColumn(column)) continue;
+    const int pixels = qRound(grid.get_ColWidth(column) * dotsPerInch / 1440.0);
+    text += QString("|%1 %2").arg(shown(grid.get_ColHeading(column))).arg(pixels);
+    const bool isTick = grid.get_colType(column) == grid_column::tick;
+    for (int row = 0; row < grid.get_Rows(); ++row)
+      text += "," + (isTick ? QString::number(2 * grid.get_cellChecked(row, column))
+                            : shown(grid.get_CellText(row, column)));
+  }
+  return text;
+}
+
+QString drawnText(const QTableView& table) {
+  const QHeaderView& header = *table.horizontalHeader();
+  const QAbstractItemModel& model = *table.model();
+  const int sorted = header.isSortIndicatorShown() ? header.sortIndicatorSection() : -1;
+  QString text = QString("%1 %2 ").arg(table.currentIndex().row()).arg(sorted);
+  for (int column = 0; column < model.columnCount(); ++column) {
+    if (table.isColumnHidden(column)) continue;
+    text += "|" + model.headerData(column, Qt::Horizontal).toString() + " " +
+            QString::number(table.columnWidth(column));
+    for (int row = 0; row < model.rowCount(); ++row) {
+      const QModelIndex cell = model.index(row, column);
+      const QVariant tick = cell.data(Qt::CheckStateRole);
+      text += "," + (tick.isValid() ? tick : cell.data()).toString();
+    }
+  }
+  return text;
 }
 
 using Look = std::function<bool(const Control&, const QWidget&, Sight&)>;
@@ -90,49 +91,32 @@ Look lookAt(See see) {
   };
 }
 
+// What is held and what is drawn, told of `model` and `widget`.
+#define LOOK(ControlType, WidgetType, held, drawn) \
+  lookAt<ControlType, WidgetType>([](auto& model, auto& widget) { return Sight{held, drawn}; })
 const Look looks[] = {
-    lookAt<TextBox, QLineEdit>([](auto& model, auto& drawn) {
-      return Sight{model.text(), plain(drawn.text())};
-    }),
-    lookAt<ComboBox, QComboBox>([](auto& model, auto& drawn) {
-      return Sight{model.text() + "/" + std::to_string(model.listCount()),
-                   plain(drawn.currentText()) + "/" + std::to_string(drawn.count())};
-    }),
-    lookAt<CheckBox, QAbstractButton>([](auto& model, auto& drawn) {
-      return Sight{tick(model.value()), tick(drawn.isChecked())};
-    }),
-    lookAt<OptionButton, QRadioButton>([](auto& model, auto& drawn) {
-      return Sight{tick(model.value()), tick(drawn.isChecked())};
-    }),
-    lookAt<DatePicker, QDateEdit>([](auto& model, auto& drawn) {
-      return Sight{plain(desktop::qtDate(model.value()).toString()),
-                   plain(drawn.date().toString())};
-    }),
-    lookAt<RichTextBox, desktop::RichTextEditor>([](auto& model, auto& drawn) {
-      return Sight{plain(shown(model.text()).replace("\r\n", "\n")),
-                   plain(drawn.template findChild<const QTextEdit*>()->toPlainText())};
-    }),
-    lookAt<ListBox, QListWidget>([](auto& model, auto& drawn) {
-      return Sight{heldText(model), plain(currentText(drawn))};
-    }),
-    lookAt<TreeView, QTreeWidget>([](auto& model, auto& drawn) {
-      return Sight{model.selectedNode() ? model.selectedNode()->text : std::string(),
-                   plain(currentText(drawn))};
-    }),
-    lookAt<TabControl, QTabWidget>([](auto& model, auto& drawn) {
-      return Sight{model.pages().at(static_cast<std::size_t>(model.tab())),
-                   plain(drawn.tabText(drawn.currentIndex()))};
-    }),
-    lookAt<ProgressBar, QProgressBar>([](auto& model, auto& drawn) {
-      return Sight{std::to_string(model.value()), std::to_string(drawn.value())};
-    }),
-    lookAt<Label, QLabel>([](auto& model, auto& drawn) { return captions(model, drawn.text()); }),
-    lookAt<Button, QAbstractButton>(
-        [](auto& model, auto& drawn) { return captions(model, drawn.text()); }),
-    lookAt<Frame, QGroupBox>(
-        [](auto& model, auto& drawn) { return captions(model, drawn.title()); }),
+    LOOK(TextBox, QLineEdit, model.text(), plain(widget.text())),
+    LOOK(ComboBox, QComboBox, model.text() + "/" + std::to_string(model.listCount()),
+         plain(widget.currentText()) + "/" + std::to_string(widget.count())),
+    LOOK(CheckBox, QAbstractButton, tick(model.value()), tick(widget.isChecked())),
+    LOOK(OptionButton, QRadioButton, tick(model.value()), tick(widget.isChecked())),
+    LOOK(DatePicker, QDateEdit, plain(desktop::qtDate(model.value()).toString()),
+         plain(widget.date().toString())),
+    LOOK(RichTextBox, desktop::RichTextEditor, plain(shown(model.text()).replace("\r\n", "\n")),
+         plain(widget.template findChild<const QTextEdit*>()->toPlainText())),
+    LOOK(ListBox, QListWidget, heldText(model), plain(currentText(widget))),
+    LOOK(TreeView, QTreeWidget, model.selectedNode() ? model.selectedNode()->text : std::string(),
+         plain(currentText(widget))),
+    LOOK(Grid, QTableView, plain(heldText(model, widget.logicalDpiX())), plain(drawnText(widget))),
+    LOOK(TabControl, QTabWidget, model.pages().at(static_cast<std::size_t>(model.tab())),
+         plain(widget.tabText(widget.currentIndex()))),
+    LOOK(ProgressBar, QProgressBar, std::to_string(model.value()), std::to_string(widget.value())),
+    LOOK(Label, QLabel, captionOf(model, widget.text()), plain(widget.text())),
+    LOOK(Button, QAbstractButton, captionOf(model, widget.text()), plain(widget.text())),
+    LOOK(Frame, QGroupBox, captionOf(model, widget.title()), plain(widget.title())),
     lookAt<Frame, QFrame>([](auto&, auto&) { return Sight{}; }),
 };
+#undef LOOK
 
 /// False when a person can only read it.
 bool acts(const QWidget& widget) {
@@ -142,7 +126,7 @@ bool acts(const QWidget& widget) {
 
 class QtDriver : public WindowDriver {
  public:
-  QtDriver(Form& form, QWidget& window) : form_(form), window_(window) {}
+  QtDriver(Form& form, QWidget& window) : WindowDriver(form), form_(form), window_(window) {}
 
   bool click(Control& control) override {
     QWidget& widget = within(control);
@@ -195,6 +179,37 @@ class QtDriver : public WindowDriver {
     return settle(control);
   }
 
+  bool clickCell(Grid& grid, int row, int column) override {
+    QTableView& table = tableOf(grid, row, column);
+    const QModelIndex cell = table.model()->index(row, column);
+    table.scrollTo(cell);
+    pressAt(*table.viewport(), table.visualRect(cell));
+    return settle(grid);
+  }
+
+  bool clickHeading(Grid& grid, int column) override {
+    QHeaderView& header = *tableOf(grid, -1, column).horizontalHeader();
+    const int middle = header.sectionViewportPosition(column) + header.sectionSize(column) / 2;
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {middle, header.height() / 2});
+    return settle(grid);
+  }
+
+  bool sizeColumn(Grid& grid, int column, int width) override {
+    QTableView& table = tableOf(grid, -1, column);
+    if (table.horizontalHeader()->sectionResizeMode(column) != QHeaderView::Interactive)
+      throw std::logic_error(grid.name() + ": its columns cannot be sized");
+    table.setFocus(Qt::TabFocusReason);
+    table.setColumnWidth(column, qRound(width * table.logicalDpiX() / 1440.0));
+    return settle(grid);
+  }
+
+  bool rightClick(Grid& grid) override {
+    auto& table = dynamic_cast<QTableView&>(within(grid));
+    table.setFocus(Qt::TabFocusReason);
+    QTest::mouseClick(table.viewport(), Qt::RightButton);
+    return settle(grid);
+  }
+
   bool closeBox() override {
     window_.close();
     return !form_.isVisible();
@@ -206,7 +221,8 @@ class QtDriver : public WindowDriver {
     ASSERT_NE(widget, nullptr) << control.name();
     EXPECT_EQ(widget->isVisibleTo(&window_), control.isShown()) << control.name();
     if (!control.isShown()) return;
-    EXPECT_EQ(acts(*widget), control.isReachable()) << control.name();
+    const bool isForReading = widget->property("forReading").toBool();
+    EXPECT_EQ(acts(*widget), control.isReachable() && !isForReading) << control.name();
     Sight sight;
     EXPECT_TRUE(
         std::ranges::any_of(looks, [&](const Look& row) { return row(control, *widget, sight); }))
@@ -236,10 +252,19 @@ class QtDriver : public WindowDriver {
     QTest::mouseClick(&widget, Qt::LeftButton, {}, place.center());
   }
 
+  /// The table, where it has that row (-1: any) and shows that column.
+  QTableView& tableOf(Grid& grid, int row, int column) const {
+    auto& table = dynamic_cast<QTableView&>(within(grid));
+    QApplication::processEvents();
+    const QAbstractItemModel& model = *table.model();
+    if (row >= model.rowCount() || column >= model.columnCount() || table.isColumnHidden(column))
+      throw std::logic_error(grid.name() + ": there is no such cell");
+    return table;
+  }
+
   static QTreeWidgetItem* nodeAt(const QTreeWidget& tree, int position) {
-    for (QTreeWidgetItemIterator node(const_cast<QTreeWidget*>(&tree)); *node; ++node) {
+    for (QTreeWidgetItemIterator node(const_cast<QTreeWidget*>(&tree)); *node; ++node)
       if ((*node)->data(0, Qt::UserRole).toInt() == position) return *node;
-    }
     throw std::logic_error("there is no node " + std::to_string(position));
   }
 
@@ -261,7 +286,7 @@ class QtDriver : public WindowDriver {
 
 class QtReader : public ReportDriver {
  public:
-  explicit QtReader(QWidget& window) : window_(window) {
+  QtReader(Report& report, QWidget& window) : ReportDriver(report), window_(window) {
     QPdfDocument& document = *window.findChild<desktop::PdfPages*>()->document();
     for (int page = 0; page < document.pageCount(); ++page)
       drawn_ += inked(document.getAllText(page).text());
@@ -309,7 +334,7 @@ void QtRenderer::show(Form& form, const Use& use) {
 void QtRenderer::show(Report& report, const ReportUse& use) {
   inNextWindow([&] { host_.showReport(report, nullptr); },
                [&](QWidget& window) {
-                 QtReader driver(window);
+                 QtReader driver(report, window);
                  use(driver);
                  host_.reportClosed(report);
                });

@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
   QApplication::setOrganizationName("hvnotify-tests");
   QStandardPaths::setTestModeEnabled(true);
   autonotify::test::QtRenderer renderer;
-  autonotify::test::WindowRenderer::setInUse(renderer);
+  autonotify::test::WindowRenderer::inUse() = &renderer;
   testing::InitGoogleMock(&argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -2,6 +2,9 @@
 
 #include <QTextCursor>
 
+#include "host/mail/html_page.h"
+#include "platform/text.h"
+#include "qt_text.h"
 #include "richtext/document_conversion.h"
 #include "support/random_rich_text.h"
 
@@ -27,6 +30,46 @@ TEST(Documents, KeepAllThatARichTextHolds) {
     showRichText(document, text);
     ASSERT_EQ(plainTextOf(richTextOf(document)), plainTextOf(text)) << "round " << round;
     ASSERT_EQ(writeRichText(richTextOf(document)), writeRichText(text)) << "round " << round;
+  }
+}
+
+/// What of a text a document can take from HTML: fonts' names are those that a style can hold, and
+/// markers that make no list are words.
+RichText asMailed(RichText text) {
+  CharacterFormat usual;
+  usual.font = replaceAll(text.paragraphs.front().runs.front().format.font, "{", "");
+  usual.halfPoints = text.paragraphs.front().runs.front().format.halfPoints;
+  for (Paragraph& paragraph : text.paragraphs) {
+    auto& [format, runs] = paragraph;
+    for (Run& run : runs) run.format.font = replaceAll(run.format.font, "{", "");
+    const bool isEntry = format.marker == "•" || format.marker == "1." || format.marker == "2.";
+    if (isEntry && format.alignment == Alignment::justified) format.alignment = Alignment::left;
+    if (!isEntry) runs.insert(runs.begin(), {format.marker, usual});
+  }
+  return text;
+}
+
+/// How paragraphs are aligned, and how each character that is no blank looks.
+std::string seenIn(RichText text) {
+  for (Paragraph& paragraph : text.paragraphs) {
+    const Alignment alignment = paragraph.format.alignment;
+    paragraph.format = {};
+    paragraph.format.alignment = alignment;
+    for (Run& run : paragraph.runs)
+      for (const char* blank : {" ", "\t", "\n", "\x01", "\u00A0", "\u2003"})
+        run.text = replaceAll(run.text, blank, "");
+    tidyRuns(paragraph);
+    if (paragraph.isEmpty()) paragraph.runs = {1, Run{}};
+  }
+  return writeRichText(text);
+}
+
+TEST(Documents, ShowThePageOfAnEmailAsItsTextWasSeen) {
+  QTextDocument document;
+  for (unsigned round = 0; round < 300; ++round) {
+    const RichText text = test::RandomRichText(round).make();
+    document.setHtml(shown(host::pageOf(text)));
+    ASSERT_EQ(seenIn(richTextOf(document)), seenIn(asMailed(text))) << host::pageOf(text);
   }
 }
 

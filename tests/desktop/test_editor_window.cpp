@@ -1,13 +1,9 @@
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QTest>
-#include <QTextBlock>
-#include <QTextLayout>
+#include <QtWidgets>
 
 #include "editor/frmTaskAutoNotification.h"
+#include "icon_theme.h"
+#include "richtext/MergeFieldDelegate.h"
 #include "richtext/MergeFieldHighlighter.h"
 #include "richtext/RichTextEditor.h"
 #include "support/HostTest.h"
@@ -19,7 +15,7 @@ class EditorWindow : public HostTest {};
 
 TEST_F(EditorWindow, FindsFieldsByKeysAndKnowsOfWhatTheMousePastes) {
   const Id kind = addKind(101, 10, 5, "{\\rtf1 There is nothing in this text yet.}");
-  screen.expectWindow("frmTaskAutoNotification", [](WindowInUse& window) {
+  screen.expectWindow("frmTaskAutoNotification", [this](WindowInUse& window) {
     QWidget& top = *QApplication::activeModalWidget();
     auto& edit = top.findChild<desktop::RichTextEditor*>("RichTextBox")->edit();
     QApplication::clipboard()->setText("Pasted: ");
@@ -39,9 +35,37 @@ TEST_F(EditorWindow, FindsFieldsByKeysAndKnowsOfWhatTheMousePastes) {
     EXPECT_EQ(window.read("RichTextBox"), "Pasted: There is nothing in this text yet.");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(window.read("RichTextBox"), "Pasted: «Task Name»There is nothing in this text yet.");
+    std::string focused;
+    for (const auto shift : {Qt::NoModifier, Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier}) {
+      QTest::keyClick(&top, Qt::Key_F6, shift);
+      focused += window.focus() + " ";
+    }
+    EXPECT_EQ(focused, "tvwTasks RichTextBox FieldList RichTextBox ");
+    screen.expectWindow("frmTestComment", [](WindowInUse& result) {
+      auto* text = QApplication::activeModalWidget()->findChild<QTextEdit*>();
+      EXPECT_FALSE(QApplication::activeModalWidget()->findChild<QToolBar*>()->isVisible());
+      for (const auto key : {Qt::Key_A, Qt::Key_C}) QTest::keyClick(text, key, Qt::ControlModifier);
+      QTest::keyClick(text, Qt::Key_X);
+      EXPECT_EQ(result.read("rtbClientNotes"), QApplication::clipboard()->text().toStdString());
+      QTest::keyClick(text, Qt::Key_Return);
+      EXPECT_FALSE(result.form().isVisible());
+    });
+    window.click("cmdNotifyComment(1)");
     window.form().hide();
   });
   frmTaskAutoNotification().Initialize(kind);
+}
+
+TEST(MergeFields, HaveAnIconThatTellsDatesFromAllElse) {
+  desktop::supplyIcons();
+  const desktop::MergeFieldDelegate delegate({"Task Due Date"}, nullptr);
+  QListWidget list;
+  list.addItems({"[Task Info]", "Task Name", "Task Due Date"});
+  list.item(0)->setFlags(Qt::NoItemFlags);
+  QStyleOptionViewItem options[3];
+  for (int i = 0; i < 3; ++i) delegate.initStyleOption(&options[i], list.model()->index(i, 0));
+  EXPECT_TRUE(options[0].icon.isNull());
+  EXPECT_EQ(options[1].icon.name() + options[2].icon.name(), "insert-textview-calendar-day");
 }
 
 TEST(MergeFields, AreColouredByWhetherThereIsSuchAField) {

@@ -1,17 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QDateEdit>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QScrollBar>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QTextEdit>
-#include <QTreeWidget>
-#include <QWheelEvent>
-
 #include "FormHostTest.h"
 #include "richtext/RichTextEditor.h"
 #include "support/HeadlessPerson.h"
@@ -48,6 +34,24 @@ TEST_F(FormHostTest, TheProgramIsOutOfReachUntilAHiddenWindowIsDone) {
   use([&] { QTest::mouseClick(&widget<QPushButton>(form_.cmdGo), Qt::LeftButton); });
   clickProgram();
   EXPECT_EQ(programClicks_, 1);
+}
+
+TEST_F(FormHostTest, AStepOfThePumpLooksForMessagesOnlyNowAndThen) {
+  int looks = 0, handled = 0;
+  auto* const dispatcher = QAbstractEventDispatcher::instance();
+  const auto watch =
+      QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, [&] { ++looks; });
+  QElapsedTimer clock;
+  clock.start();
+  for (int step = 1; step <= 100'000; ++step) {
+    if (step % 10'000 == 0) QTimer::singleShot(0, [&] { ++handled; });
+    host_.pumpMessages();
+  }
+  EXPECT_LE(looks, 40 + clock.elapsed() / 4);
+  QTest::qSleep(6);
+  for (int i = 0; i < 3; ++i) host_.pumpMessages();
+  EXPECT_EQ(handled, 10);
+  QObject::disconnect(watch);
 }
 
 TEST_F(FormHostTest, AFaultEndsTheWindowAndReachesTheCaller) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QLabel>
 #include <QSet>
 #include <functional>
@@ -11,6 +12,11 @@
 #include "bulk/frmSendNotificationBulk.h"
 #include "editor/frmTaskAutoNotification.h"
 #include "editor/frmTestComment.h"
+#include "list/frmAutoNotifyChangeListColumns.h"
+#include "list/frmAutoNotifyList.h"
+#include "list/frmAutoNotifySearch.h"
+#include "list/frmSendAutoNotifyCustomFields.h"
+#include "list/frmSendAutoNotifyListOptions.h"
 #include "platform/controls/Menu.h"
 #include "platform/controls/Timer.h"
 #include "preview/PreviewWindow.h"
@@ -37,6 +43,21 @@ void expectToFit(const QWidget& window) {
   EXPECT_EQ(least.boundedTo(room), least) << least.width() << " x " << least.height();
 }
 
+/// What a screen reader says of all that takes the focus.
+void expectNames(const QWidget& window) {
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    bool isPart = widget->objectName().startsWith("qt_") || widget->focusPolicy() == Qt::NoFocus;
+    for (const char* inner : {"QScrollBar", "QHeaderView", "QComboBoxListView", "QCalendarWidget"})
+      isPart = isPart || widget->inherits(inner);
+    for (const char* outer : {"QComboBox", "QAbstractSpinBox"})
+      isPart = isPart || widget->parentWidget()->inherits(outer);
+    if (isPart) continue;
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+    EXPECT_NE(spoken->text(QAccessible::Name), QString())
+        << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+  }
+}
+
 /// One row for each window of the component.
 const std::function<std::unique_ptr<Form>()> windows[] = {
     [] {
@@ -49,6 +70,11 @@ const std::function<std::unique_ptr<Form>()> windows[] = {
       bulk->fraStep[1].setVisible(false);
       return bulk;
     },
+    [] { return std::make_unique<frmAutoNotifyChangeListColumns>(); },
+    [] { return std::make_unique<frmAutoNotifyList>(); },
+    [] { return std::make_unique<frmAutoNotifySearch>(); },
+    [] { return std::make_unique<frmSendAutoNotifyCustomFields>(); },
+    [] { return std::make_unique<frmSendAutoNotifyListOptions>(); },
     [] { return std::make_unique<frmSendNotificationWizardApptNotifyNow>(); },
     [] { return std::make_unique<frmSendNotificationWizardEmail>(); },
     [] { return std::make_unique<frmSendNotificationWizardFax>(); },
@@ -72,6 +98,7 @@ QSet<QString> namesIn(const QWidget& layout) {
     for (const QWidget* parent = widget->parentWidget(); parent && parent != &layout;
          parent = parent->parentWidget())
       isInner = isInner || parent->inherits("QComboBox") || parent->inherits("QDateEdit") ||
+                parent->inherits("QTabBar") ||
                 parent->inherits("autonotify::desktop::RichTextEditor");
     if (!isPart && !isInner) names.insert(name);
   }
@@ -104,12 +131,18 @@ TEST_F(Layouts, KeepTheLabelOfARowBesideItsBox) {
   }
 }
 
-TEST_F(Layouts, OfTheProgramFitASmallScreen) {
+TEST_F(Layouts, OfTheProgramFitASmallScreenAndNameTheirControls) {
   Report report(screen, "drLetter", "Letter");
-  expectToFit(desktop::PreviewWindow(report, desktop::pdfOf(report), nullptr));
-  expectToFit(desktop::CallDialog({}, "Somebody", nullptr));
-  expectToFit(desktop::OptionsDialog(nullptr, nullptr));
-  expectToFit(desktop::MainWindow({}));
+  const desktop::PreviewWindow preview(report, desktop::pdfOf(report), nullptr);
+  const desktop::CallDialog call({}, "Somebody", nullptr);
+  const desktop::OptionsDialog options(nullptr, nullptr);
+  const desktop::MainWindow main({});
+  for (const QWidget* window :
+       std::initializer_list<const QWidget*>{&preview, &call, &options, &main}) {
+    SCOPED_TRACE(window->metaObject()->className());
+    expectToFit(*window);
+    expectNames(*window);
+  }
 }
 
 }  // namespace

@@ -1,164 +1,117 @@
-#include <gmock/gmock.h>
-
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QDialog>
-#include <QDirIterator>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
 #include <QPdfDocument>
 #include <QPdfSelection>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QStatusBar>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTextEdit>
-#include <QTimer>
+#include <QtWidgets>
 #include <thread>
 
-#include "MainWindow.h"
-#include "demo_firm.h"
-#include "host/database/sqlite/SqliteDatabase.h"
+#include "MainWindowTest.h"
 #include "host/desk/rows/Notification.h"
 #include "host/desk/user_options.h"
 #include "host/desk/work/note_call.h"
+#include "host/desk/work/notification_list.h"
 #include "preview/PdfPages.h"
 #include "preview/PreviewWindow.h"
-#include "qt_text.h"
 
 namespace autonotify::desktop {
 namespace {
 
 using testing::HasSubstr;
 
-/// A person at the program's window: acts once in the composer that comes up, and presses the
-/// first of the messages' buttons that leaves things as they are.
-class Visitor {
- public:
-  using Act = std::function<void(QDialog& composer)>;
-
-  explicit Visitor(Act act) : act_(std::move(act)) {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
-    timer_.start(5);
-  }
-
-  bool sawComposer() const { return looks_ > 0; }
-  std::vector<std::string> messages;
-
- private:
-  void look() {
-    QWidget* top = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(top)) {
-      messages.push_back(plain(box->text()));
-      if (messages.size() > 200) throw std::logic_error("the messages do not end");
-      box->reject();
-    } else if (auto* composer = qobject_cast<QDialog*>(top)) {
-      // Without a window system nobody makes a window the active one.
-      QApplication::setActiveWindow(composer);
-      // On its own: messages may come up during the act, and the timer goes on looking.
-      if (looks_++ == 0) QTimer::singleShot(0, [this, composer] { act_(*composer); });
-      if (looks_ < 200) return;
-      ADD_FAILURE() << "the composer stays";
-      composer->close();
-    }
-  }
-
-  int looks_ = 0;
-  Act act_;
-  QTimer timer_;
-};
-
-void press(QDialog& composer, const char* name) {
-  QTest::mouseClick(composer.findChild<QPushButton*>(name), Qt::LeftButton);
-}
-constexpr auto finish = [](QDialog& composer) { press(composer, "cmdFinish"); };
-constexpr auto cancel = [](QDialog& composer) { press(composer, "cmdCancel"); };
-constexpr auto closeBox = [](QDialog& composer) { composer.close(); };
-
-std::string read(QWidget& window, const QString& label) {
-  return plain(window.findChild<QLabel*>(label)->text());
-}
-
-class MainWindowTest : public testing::Test {
- protected:
-  MainWindowTest() { makeDemoFirm(path(), 8, 8, today); }
-
-  void open() { open(path()); }
-  void open(const std::string& database) {
-    window_ = std::make_unique<MainWindow>(host::DeskOptions{.database = database, .today = today});
-    window_->show();
-    QApplication::processEvents();
-  }
-  std::string path() { return plain(folder_.filePath("firm.db")); }
-
-  /// Runs the command while `act` is done in the composer, which does not come up without one.
-  /// Gives what the person was told.
-  std::vector<std::string> run(const char* command, const Visitor::Act& act = nullptr) {
-    Visitor visitor(act ? act : closeBox);
-    trigger(command);
-    EXPECT_EQ(visitor.sawComposer(), act != nullptr) << command;
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << command;
-    EXPECT_TRUE(window_->isVisible());
-    return visitor.messages;
-  }
-  QAction& action(const char* command) { return *window_->findChild<QAction*>(command); }
-  void trigger(const char* command) { action(command).trigger(); }
-  /// Whether each of the commands about emails can be run.
-  std::vector<bool> enabled() {
-    std::vector<bool> states;
-    for (const char* command : commands) states.push_back(action(command).isEnabled());
-    return states;
-  }
-
-  /// A task for which the command makes sense: with an email or a call that waits, or without.
-  Id chooseTaskFor(std::string_view command) {
-    auto* table = window_->findChild<QTableView*>("tasks");
-    auto& tasks = static_cast<TaskTableModel&>(*table->model());
-    const notifyType channel = command == "callClient" ? nt_Phone : nt_Email;
-    const bool waits = channel == nt_Phone || command == "editEmail";
-    for (int row = 0; row < tasks.rowCount(); ++row) {
-      const host::TaskLine& line = tasks.lineAt(tasks.index(row, 0));
-      if (bool(line.pendingChannels & channel) != waits) continue;
-      table->selectRow(row);
-      return line.task.id;
-    }
-    ADD_FAILURE() << "no such task";
-    return noId;
-  }
-
-  /// At another connection, as another desk would.
-  void execute(const std::string& sql) { host::openSqlite(path())->connection().exec(sql); }
-  int rows() {
-    return host::openSqlite(path())
-        ->connection()
-        .execAndGet("SELECT count(*) FROM ClientNotification")
-        .getInt();
-  }
-
-  static constexpr const char* commands[] = {"composeEmail", "scheduleEmail", "editEmail"};
-  static constexpr DateTime today = DateTime::of(2026, 4, 15);
-  QTemporaryDir folder_;
-  std::unique_ptr<MainWindow> window_;
-};
-
 TEST_F(MainWindowTest, ComposersLeaveNothingBehindHoweverTheyAreLeft) {
   open();
-  const std::pair<const char*, Visitor::Act> exits[] = {
-      {"composeEmail", closeBox}, {"scheduleEmail", cancel},
-      {"notifyNow", cancel},      {"notifyAutomatically", closeBox},
-      {"blankFax", closeBox},     {"blankLetter", cancel},
-      {"scheduleYear", closeBox}, {"scheduleYear", cancel},
-      {"editEmail", closeBox},    {"editEmail", cancel}};
-  for (const auto& [command, leave] : exits) {
-    chooseTaskFor(command);
+  const std::tuple<const char*, Visitor::Act, int> exits[] = {
+      {"composeEmail", closeBox, 0},  {"scheduleEmail", cancel, 0},
+      {"notifyNow", cancel, 0},       {"notifyAutomatically", closeBox, 0},
+      {"blankFax", closeBox, 0},      {"blankLetter", cancel, 0},
+      {"scheduleYear", closeBox, 0},  {"scheduleYear", cancel, 0},
+      {"editEmail", closeBox, 0},     {"editEmail", cancel, 0},
+      {"scheduleEmail", closeBox, 0}, {"scheduleEmail", finish, 1}};
+  const auto other = host::openSqlite(path());
+  const auto claims = host::claimsOf(*other);
+  const std::string left = plain(folder_.filePath("left.db"));
+  for (const auto& [command, leave, added] : exits) {
+    const Id task = chooseTaskFor(command);
     const int before = rows();
-    EXPECT_THAT(run(command, leave), testing::IsEmpty());
-    EXPECT_EQ(rows(), before) << command;
+    const auto act = [&, &leave = leave](QDialog& composer) {
+      SQLite::Statement marked(other->connection(),
+                               "SELECT max(ClientNotificationID) FROM ClientNotification");
+      marked.executeStep();
+      if (rows() > before) {
+        EXPECT_EQ(claims->tryTake(host::WorkItem::notification, marked.getColumn(0)), nullptr);
+      }
+      marked.reset();
+      execute("VACUUM INTO '" + left + "'");
+      leave(composer);
+    };
+    EXPECT_THAT(run(command, act), testing::IsEmpty());
+    EXPECT_EQ(rows(), before + added) << command;
+    // As the next desk finds it, had this one died in the window.
+    window_->openDatabase(shown(left));
+    EXPECT_EQ(rows(left), before) << command;
+    window_->openDatabase(shown(path()));
+    QFile::remove(shown(left));
+    EXPECT_EQ(!host::findWaitingEmail(*window_->desk(), task),
+              std::string_view(command) != "editEmail" && !added)
+        << command;
+  }
+}
+
+TEST_F(MainWindowTest, WhatIsSentAtOnceStaysOnRecordAndTheEmailThatWaitsIsOffered) {
+  open();
+  const Id task = chooseTaskFor("editEmail");
+  const std::string name = host::findTask(*window_->desk(), task)->name;
+  for (const bool agrees : {false, true}) {
+    EXPECT_THAT(run("composeEmail", finish, agrees),
+                testing::ElementsAre(HasSubstr("An email about this task still waits for")));
+    EXPECT_THAT(plain(window_->statusBar()->currentMessage()), testing::StartsWith("Sent to "));
+    EXPECT_EQ(!host::findWaitingEmail(*window_->desk(), task), agrees);
+    int records = 0;
+    host::listNotifications(*window_->desk(), {.standing = &host::notificationStanding("sent")},
+                            [&](const host::NotificationLine& line) {
+                              if (line.row.sentTime.dateOnly() != today) return;
+                              EXPECT_EQ(line.item, name);
+                              ++records;
+                            });
+    EXPECT_EQ(records, agrees ? 2 : 1);
+  }
+}
+
+TEST_F(MainWindowTest, WhatAPersonWritesIsNeitherLostNorLetGoWithBadAddresses) {
+  open();
+  execute("UPDATE ClientNotification SET Field2='bob@x.example' WHERE ScheduleIDNum=" +
+          toText(chooseTaskFor("editEmail")));
+  const auto rewrite = [](QDialog& composer, const char* text) {
+    auto* cc = composer.findChild<QComboBox*>("cboCc")->lineEdit();
+    cc->setFocus();
+    cc->selectAll();
+    QTest::keyClick(cc, Qt::Key_Delete);
+    QTest::keyClicks(cc, text);
+  };
+  const auto staysAt = [](const Visitor::Act& act, QDialog& composer) {
+    act(composer);
+    EXPECT_TRUE(composer.isVisible());
+  };
+  const char* loss = "lose what you have changed";
+  EXPECT_THAT(run("editEmail",
+                  [&](QDialog& composer) {
+                    rewrite(composer, "bob@");
+                    for (const Visitor::Act& act :
+                         {Visitor::Act(finish), Visitor::Act(cancel), Visitor::Act(closeBox)})
+                      staysAt(act, composer);
+                    rewrite(composer, "");
+                    staysAt(finish, composer);
+                    rewrite(composer, "bob@x.example");
+                    cancel(composer);
+                  }),
+              testing::ElementsAre(HasSubstr("Please correct the field Cc."), HasSubstr(loss),
+                                   HasSubstr(loss), HasSubstr("keeps what it held, \"bob@x")));
+  for (const auto& [leave, words] : {std::pair(Visitor::Act(cancel), loss),
+                                     std::pair(Visitor::Act(finish), "The field Cc is empty")}) {
+    const auto act = [&, &leave = leave](QDialog& composer) {
+      rewrite(composer, "");
+      leave(composer);
+      EXPECT_FALSE(composer.isVisible());
+    };
+    EXPECT_THAT(run("editEmail", act, true), testing::ElementsAre(HasSubstr(words)));
   }
 }
 
@@ -244,40 +197,61 @@ TEST_F(MainWindowTest, ACallIsNotedAsItWent) {
   EXPECT_FALSE(host::findWaitingCall(*window_->desk(), task));
 }
 
-TEST_F(MainWindowTest, AYearIsScheduledInWholeTasksUntilThePersonCancels) {
+TEST_F(MainWindowTest, AYearIsScheduledInWholeTasksOrNotAtAll) {
   open();
   execute("DELETE FROM ClientNotification");
   execute("UPDATE Schedule SET notifyType=0, totalNum=101, Year=2026, Closed=0, ClientNum=" +
           toText(host::findTask(*window_->desk(), chooseTaskFor("scheduleYear"))->clientNum));
   trigger("refresh");
-  chooseTaskFor("scheduleYear");
+  const std::string sent = toText(chooseTaskFor("scheduleYear"));
+  execute(
+      "INSERT INTO ClientNotification (ScheduleIDNum, NotificationType, Field1, NotificationSent, "
+      "NotificationSentStatus) VALUES (" +
+      sent + ", 1, 'kept@birch', 1, 2)");
+  const std::string other = "(SELECT max(ScheduleID) FROM Schedule WHERE ScheduleID<>" + sent + ")";
+  execute("CREATE TRIGGER Failing BEFORE INSERT ON ClientNotification WHEN NEW.ScheduleIDNum=" +
+          other + " BEGIN SELECT RAISE(ABORT, 'no room'); END");
   const auto count = [&](const char* from) {
     const std::string sql = std::string("SELECT count(*) FROM ") + from;
     return host::openSqlite(path())->connection().execAndGet(sql).getInt();
   };
   const int tasks = count("Schedule");
-  for (const bool cancels : {true, false}) {
+  for (const std::string way : {"left", "failed", "stopped", "done"}) {
+    const bool isKept = way == "stopped" || way == "done";
     QTimer watch;
     watch.callOnTimeout([&] {
+      const auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (question && question->button(QMessageBox::Yes))
+        question->button(QMessageBox::Yes)->click();
       auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-      if (cancels && progress && progress->value() >= 2)
+      if (way == "stopped" && progress && progress->value() >= 2)
         progress->findChild<QPushButton*>()->click();
     });
     watch.start(0);
-    EXPECT_THAT(run("scheduleYear",
-                    [](QDialog& panel) {
-                      press(panel, "cmdSelectAllAuto");
-                      press(panel, "cmdNext");
-                      press(panel, "cmdFinish");
-                    }),
-                testing::IsEmpty());
+    const auto told = run("scheduleYear", [&](QDialog& panel) {
+      press(panel, "cmdSelectAllAuto");
+      press(panel, "cmdNext");
+      if (way == "left") {
+        actAbove(panel, [](QDialog& editor) {
+          press(editor, "cmdNotifyComment(3)");
+          editor.close();
+        });
+        press(panel, "cmdEditNotificationTemplate");
+      }
+      press(panel, way == "left" ? "cmdCancel" : "cmdFinish");
+    });
+    EXPECT_EQ(told.empty(), isKept) << way;
+    if (way == "failed") execute("DROP TRIGGER Failing");
     const int armed = count("Schedule WHERE notifyType=1");
-    EXPECT_EQ(rows(), armed);
-    EXPECT_GE(armed, 2);
-    EXPECT_EQ(armed == tasks, !cancels) << armed << " of " << tasks;
+    EXPECT_EQ(rows(), isKept ? armed : 1) << way;
+    EXPECT_TRUE(isKept ? armed >= 2 : armed == (way == "failed")) << way << armed;
+    EXPECT_EQ(armed == tasks, way == "done") << armed << " of " << tasks;
     EXPECT_EQ(count("ClientScheduleAutoNotifications WHERE GSTNotifyType=1 AND LawNotifyType=1"),
-              1);
+              isKept);
+    EXPECT_EQ(count("ClientNotification WHERE Field1='kept@birch'"), 1) << way;
   }
+  execute("UPDATE Schedule SET DueDate='soon' WHERE ScheduleID=" + other);
+  EXPECT_THAT(run("scheduleYear"), testing::ElementsAre(HasSubstr("DueDate")));
 }
 
 TEST_F(MainWindowTest, OptionsAreTheUsersOwn) {
@@ -364,6 +338,25 @@ TEST_F(MainWindowTest, WhatAnotherDeskWorksOnIsNotComposed) {
   for (const auto& row : host::readNotificationsOf(*window_->desk(), edited).rows)
     emails.push_back(claims->take(host::WorkItem::notification, row.id));
   EXPECT_THAT(run("editEmail"), busy);
+  const auto take = [&] { return claims->tryTake(host::WorkItem::templates, host::wholeFirm); };
+  auto templates = take();
+  chooseTaskFor("scheduleEmail");
+  const auto messages = run("notifyAutomatically", [&](QDialog& wizard) {
+    press(wizard, "cmdEditNotificationTemplate");
+    templates.reset();
+    QTimer::singleShot(50, [&] {
+      auto& editor = static_cast<QDialog&>(*QApplication::activeModalWidget());
+      EXPECT_EQ(take(), nullptr);
+      QTest::keyClicks(editor.findChild<QTextEdit*>(), "A");
+      EXPECT_FALSE(window_->closeWindows());
+      press(editor, "cmdNotifyComment(0)");
+      EXPECT_TRUE(window_->closeWindows());
+    });
+    press(wizard, "cmdEditNotificationTemplate");
+  });
+  EXPECT_THAT(messages, testing::ElementsAre(HasSubstr("changing the templates"),
+                                             HasSubstr("without saving"), HasSubstr("saved")));
+  EXPECT_NE(take(), nullptr);
   task = claims->take(host::WorkItem::task, chooseTaskFor("callClient"));
   EXPECT_THAT(run("callClient"), busy);
   const std::jthread colleague([&] {
@@ -408,6 +401,20 @@ TEST_F(MainWindowTest, CommandsCanBeRunWhereTheyMakeSense) {
   trigger("quit");
   QApplication::processEvents();
   EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(MainWindowTest, TheFieldLeadsToTheTasksThatItFinds) {
+  open();
+  QApplication::setActiveWindow(window_.get());
+  auto& field = *window_->findChild<QLineEdit*>("filter");
+  auto& tasks = *window_->findChild<QTableView*>("tasks");
+  const int all = tasks.model()->rowCount();
+  QTest::keyClicks(&field, tasks.model()->index(0, TaskTableModel::client).data().toString());
+  QTest::keyClick(&field, Qt::Key_Down);
+  EXPECT_TRUE(tasks.hasFocus() && tasks.model()->rowCount() < all);
+  trigger("find");
+  QTest::keyClick(&field, Qt::Key_Escape);
+  EXPECT_EQ(field.text(), "");
 }
 
 TEST_F(MainWindowTest, ALostDatabaseEndsInMessages) {

@@ -1,17 +1,9 @@
 #include <gmock/gmock.h>
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPageRanges>
 #include <QPrinter>
-#include <QScopeGuard>
-#include <QScrollBar>
-#include <QSpinBox>
-#include <QTemporaryDir>
 
 #include "FormHostTest.h"
-#include "binding/FaultWatch.h"
 #include "preview/PageStrip.h"
 #include "preview/PdfPages.h"
 #include "preview/PreviewWindow.h"

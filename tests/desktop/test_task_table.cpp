@@ -113,6 +113,22 @@ TEST_F(TaskTable, TellsTheStateOfEachTask) {
   }
   for (const char* state : {"", "scheduled", "due", "sent"}) EXPECT_GT(states[state], 0) << state;
   EXPECT_EQ(states.size(), 4u);
+  const std::map<QString, int> urgency{{"due", 0}, {"scheduled", 1}, {"sent", 2}, {"", 3}};
+  const auto key = [&](int row, int column) {
+    const QString value = text(row, column);
+    if (column == TaskTableModel::state) return QString::number(urgency.at(value));
+    return value.isEmpty() ? QString("none") : value;
+  };
+  const auto all = fetchAll();
+  for (const int column : {TaskTableModel::state, TaskTableModel::notificationDate}) {
+    model_.sort(column, Qt::AscendingOrder);
+    const auto ascending = fetchAll();
+    EXPECT_THAT(ascending, testing::UnorderedElementsAreArray(all));
+    for (int row = 1; row < model_.rowCount(); ++row)
+      EXPECT_LE(key(row - 1, column), key(row, column)) << row;
+    model_.sort(column, Qt::DescendingOrder);
+    EXPECT_EQ(fetchAll(), std::vector<Id>(ascending.rbegin(), ascending.rend()));
+  }
   model_.setDueOnly(true);
   EXPECT_EQ(fetchAll().size(), static_cast<std::size_t>(states["due"]));
   for (int row = 0; row < model_.rowCount(); ++row)

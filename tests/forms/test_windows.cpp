@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest-spi.h>
 
-#include <stdexcept>
-
 #include "contract/Window.h"
 #include "contract/windows.h"
 #include "host/services/HostLocale.h"
@@ -32,7 +30,7 @@ class frmSample : public Form {
       return txtDate.text() == "bad";
     };
     txtOnPage.setContainer(tabs, 1);
-    tabs.setPages({"first", "second"});
+    tabs.setPages({"first", "second", ""});
     chkInGroup.setContainer(group);
     group.setVisible(false);
     cmdOff.setEnabled(false);
@@ -341,12 +339,12 @@ void show(HeadlessPerson& person) {
 
 TEST(Person, NothingPassesThatNobodyExpected) {
   HeadlessPerson person;
-  EXPECT_NONFATAL_FAILURE(show(person), "nobody expected the window frmSample");
+  EXPECT_NONFATAL_FAILURE(show(person), "nobody expected frmSample");
   person.expectWindow("frmSample", [](WindowInUse&) {});
   EXPECT_NONFATAL_FAILURE(show(person), "frmSample was left open");
   person.expectWindow("frmOther", [](WindowInUse&) {});
-  EXPECT_NONFATAL_FAILURE(show(person), "nobody expected the window frmSample");
-  EXPECT_NONFATAL_FAILURE(person.finish(), "frmOther never came up");
+  EXPECT_NONFATAL_FAILURE(show(person), "nobody expected frmSample");
+  EXPECT_NONFATAL_FAILURE(person.finish(), "frmOther never came");
 
   const auto say = [&] { person.showMessage("Hello", 1, nullptr, 0, 0, 101, 0, "", 0); };
   EXPECT_NONFATAL_FAILURE(say(), "nobody expected: Hello");

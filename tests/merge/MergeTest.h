@@ -1,10 +1,8 @@
 #pragma once
 
-#include "contract/references.h"
 #include "merge/clsInsertFieldsInRTB.h"
 #include "merge/fields/field_list_columns.h"
 #include "support/HostTest.h"
-#include "support/told_rows.h"
 
 namespace autonotify::test {
 
@@ -17,9 +15,18 @@ auto casesOf(const std::string& table) {
   return casesOf<Cells...>("merge_tables.txt", table);
 }
 
-/// A host whose clients may have records.
-class RecordsTest : public HostTest {
+/// A merge object on a host with an empty database.
+class MergeTest : public HostTest {
  protected:
+  MergeTest() {
+    clock.set(DateTime::of(2026, 4, 30, 14, 5));
+    merge = std::make_unique<clsInsertFieldsInRTB>();
+  }
+  ~MergeTest() override {
+    merge.reset();
+    EXPECT_EQ(errors.entered(), errors.left());
+  }
+
   /// A company with one of everything that its accounts are joined of.
   Id addAccountingClient(const RowFields& services = {}) {
     const Id company = addRow("Companies", {{"CompanyName", "Elm Ltd."}});
@@ -34,19 +41,6 @@ class RecordsTest : public HostTest {
                             {"CompanyIDNum", company},
                             {"CompanyID", company}});
     return company;
-  }
-};
-
-/// A merge object on a host with an empty database.
-class MergeTest : public RecordsTest {
- protected:
-  MergeTest() {
-    clock.set(DateTime::of(2026, 4, 30, 14, 5));
-    merge = std::make_unique<clsInsertFieldsInRTB>();
-  }
-  ~MergeTest() override {
-    merge.reset();
-    EXPECT_EQ(errors.entered(), errors.left());
   }
 
   void live(int country, int province) {

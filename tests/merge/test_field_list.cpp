@@ -1,5 +1,3 @@
-#include <set>
-
 #include "merge/MergeTest.h"
 
 namespace autonotify::test {
@@ -17,14 +15,6 @@ class FieldListTest : public MergeTest {
   FieldListTest() {
     merge->listBox = &box;
     merge->listBox2 = &firmBox;
-  }
-
-  /// The lines of the list box that stand for no field and are not empty.
-  vector<string> headers() {
-    vector<string> lines;
-    for (const ListBox::Entry& entry : box.entries())
-      if (entry.itemData == -1 && !entry.text.empty()) lines.push_back(entry.text);
-    return lines;
   }
 
   ListBox box, firmBox;
@@ -107,31 +97,6 @@ TEST_F(FieldListTest, LabelsNameTheCustomFields) {
   EXPECT_THAT(expected, testing::IsSubsetOf(found));
 }
 
-TEST_F(FieldListTest, LabelsThatSayNothingKeepTheDefaultName) {
-  addRow("CustomFields", {});
-  const auto setLabel = [&](const string& sql) {
-    plainDatabase->connection().exec("UPDATE CustomFields SET ApptCustomName2 = " + sql);
-  };
-  for (const char* label : {"''", "':'", "NULL", "'Custom 2'", "'Custom 2:'"}) {
-    setLabel(label);
-    EXPECT_EQ(build(5).at(7), "Custom Appt Field 2") << label;
-  }
-  for (const char* name : {"Room", "Notes:", "Custom 3", "custom 2", "Custom 2 "}) {
-    setLabel("'" + string(name) + ":'");
-    EXPECT_EQ(build(5).at(7), name);
-  }
-}
-
-TEST_F(FieldListTest, HeadersStandAheadOfTheirBlocks) {
-  for (const auto& row : rowsOf("headers of a list", 4)) {
-    merge->companyID = std::stoi(row[1]);
-    build(std::stoi(row[0]), std::stoi(row[2]));
-    EXPECT_EQ(headers(), split(row[3])) << row[0] << " for use " << row[2];
-  }
-  merge->put_MergeFieldListUse(1);
-  EXPECT_FALSE(merge->ShowListCategoryHeaders) << "stays off once a use switched it off";
-}
-
 TEST_F(FieldListTest, EntriesLeadToTheirRows) {
   const auto count = static_cast<int>(build(8).size());
   EXPECT_EQ(box.entries()[27].text, "[Task Info]");
@@ -190,26 +155,6 @@ TEST_F(FieldListTest, StandsABoxThatCannotBeShown) {
     failing->onRender = nullptr;
     failing->onRowChange = nullptr;
   }
-}
-
-TEST_F(FieldListTest, AnEmptyListIsBuiltForTheFirstIdThatIsSet) {
-  merge->ListType = 1;
-  EXPECT_FALSE(merge->verifyFieldListIsPopulated());
-  EXPECT_EQ(merge->ListType, 1) << "without ids the family stays";
-  EXPECT_EQ(merge->get_FieldList()->getEntryCount(), 169);
-  // The ids set before stay set: each case outranks the ones above it.
-  for (const auto& [id, listType] : {std::pair{&clsInsertFieldsInRTB::contactID, 2},
-                                     {&clsInsertFieldsInRTB::companyID, 2},
-                                     {&clsInsertFieldsInRTB::docketId, 6},
-                                     {&clsInsertFieldsInRTB::taskID, 8},
-                                     {&clsInsertFieldsInRTB::appointmentID, 5}}) {
-    (*merge).*id = 0;
-    merge->get_FieldList()->clearEntries();
-    EXPECT_FALSE(merge->verifyFieldListIsPopulated());
-    EXPECT_EQ(merge->ListType, listType);
-    EXPECT_TRUE(merge->verifyFieldListIsPopulated());
-  }
-  EXPECT_TRUE(box.entries().empty() && firmBox.entries().empty());
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-
 #include "merge/MergeTest.h"
 #include "merge/records/modCodeTexts.h"
 
@@ -69,103 +68,11 @@ TEST_F(MergeData, ClosesWhatItOpens) {
   EXPECT_EQ(screen.pumps() - pumps, 6) << "twice a read";
 }
 
-TEST_F(MergeData, PrintsAValueByItsTypeAndAsksWhereItIsNotOne) {
-  merge->docketId = addRow("Dockets", {{"Subject", "Bookkeeping"}, {"DateFrom", "2026-04-30"}});
-  build(6);
-  EXPECT_EQ(print("Time Entry Date|Time Entry Date@dddd|Time Entry Date Created"),
-            "Apr 30, 2026|Thursday|");
-  const Value items[] = {"Subject", "When", "DocketInfo", 2, ""};
-  merge->get_FieldList()->addEntry(1000, items);
-  errors.answer({error_choice::next, error_choice::leave});
-  EXPECT_EQ(print("When@d|When@d"), "Bookkeeping|Bookkeeping");
-}
-
-TEST_F(MergeData, ShowsSamplesAsTheyStand) {
-  merge->taskID = 1;
-  listSamples({{"Due", "Jan 31, 2026", 2}, {"Paid", "$5.00", 4}, {"Two", "one\r\ntwo\r\n\r\nx\n"}});
-  EXPECT_EQ(print("Due@yyyy|Paid"), "Jan 31, 2026|$5.00");
-  EXPECT_EQ(print("Two"), "one\\par \r\ntwo\\par \r\n\\par \r\nx\n");
-  merge->UseWordWrap = false;
-  EXPECT_EQ(print("Two"), "one, \r\ntwo, \r\n, \r\nx\n");
-  merge->ConvertStrToRTF = false;
-  EXPECT_EQ(print("Two"), "one\r\ntwo\r\n\r\nx\n");
-}
-
-TEST_F(MergeData, DurationsCountMinuteBoundaries) {
-  for (auto [from, to, text] : casesOf<DateTime, DateTime, string>("durations"))
-    EXPECT_EQ(merge->getTimeDurationFieldValue(from, to), text);
+TEST_F(MergeData, ADurationBeyondAllMinutesIsAskedAbout) {
   errors.answer({error_choice::next});
   auto from = DateTime::fromSerial(-2'147'483'647), to = DateTime::fromSerial(2'147'483'647);
   EXPECT_EQ(merge->getTimeDurationFieldValue(from, to), "");
   EXPECT_EQ(errors.recorded().at(0).number, error_number::overflow);
-}
-
-TEST_F(MergeData, ListsTheDocumentsOfATaskInOrder) {
-  merge->taskID = 0;
-  addAllTold(*this, "merge_tables.txt", "documents of tasks");
-  build(8);
-  EXPECT_EQ(print("Client Documents & Instructions"),
-            "\t- Call first\\par \r\n\t- Document Required - Bank statements\\par \r\n"
-            "\t- Sign\\par \r\n");
-}
-
-TEST_F(MergeData, FindsTheTaskOfAScheduleEntryAlsoInTheArchive) {
-  addAllTold(*this, "merge_tables.txt", "tasks of entries");
-  for (const auto& [schedule, found] : {std::pair{41, 2}, {43, -1}, {-1, -1}, {42, 812}}) {
-    merge->put_scheduleID(schedule);
-    EXPECT_EQ(merge->taskID, found) << schedule;
-  }
-}
-
-TEST_F(MergeData, LooksFieldsUpByEitherName) {
-  merge->contactID = addRow("Contacts", {{"FirstName", "Anna"}});
-  EXPECT_EQ(merge->getMergeDataFromFieldName("FirstName"), "") << "the list was empty before";
-  EXPECT_EQ(merge->getMergeDataFromFieldName("FirstName"), "Anna");
-  EXPECT_EQ(merge->getMergeDataFromDisplayName("Contact First Name"), "Anna");
-  string name = "Contact First Name";
-  EXPECT_EQ(merge->getDBFieldNameFromDisplayFieldName(name), "FirstName");
-  EXPECT_EQ(merge->getDisplayFieldNameFromDBFieldName(name = "FirstName"), "Contact First Name");
-  EXPECT_EQ(merge->getDisplayFieldNameFromDBFieldName(name = "Nothing"), "Nothing");
-  merge->ConvertCompanyNameToContactNameForContacts = true;
-  build(3);
-  GridColumnList& list = *merge->get_FieldList();
-  EXPECT_EQ(merge->getMergeDataFromDisplayName("Company Name"), "Contact Display Name");
-  list.findEntry(field_column::displayName, "Contact Display Name");
-  list.setItem(field_column::displayName, "Contact Full Name");
-  EXPECT_EQ(merge->getMergeDataFromDisplayName("Company Name"), "Contact Full Name");
-  list.findEntry(field_column::displayName, "Client ID");
-  list.setItem(field_column::displayName, "Contact Display Name");
-  EXPECT_EQ(merge->getMergeDataFromDisplayName("Company Name"), "Contact Display Name");
-  list.findEntry(field_column::databaseField, "CompanyName");
-  list.setItem(field_column::databaseField, "FirmName");
-  EXPECT_EQ(merge->getMergeDataFromFieldName("CompanyName"), "DisplayName");
-  merge->companyID = 1;
-  EXPECT_EQ(merge->getMergeDataFromFieldName("CompanyName"), "");
-  merge->Terminate();
-  errors.answer({error_choice::next});
-  EXPECT_FALSE(merge->testStr("Contact First Name")) << "there is no list";
-  EXPECT_EQ(errors.recorded().at(0).number, error_number::objectNotSet);
-}
-
-TEST_F(MergeData, WritesFieldsBackToTheirColumns) {
-  merge->companyID = addAccountingClient();
-  merge->contactID = addRow("Contacts", {{"InheritCompanyInfo", "True"}});
-  addRow("ContactsNotes", {{"ContactNum", "1"}});
-  merge->put_MergeFieldListUse(5);
-  merge->ListType = 8;
-  setUp();
-  ASSERT_EQ(print("Company Notes"), "") << "opened for reading";
-  const auto written = columnsWrittenBy([&] {
-    for (const char* field : {"BusinessCity", "FirstName", "Notes", "HomeAbbreviatedProvince",
-                              "ContactAndSpouseName", "Nothing", ""})
-      merge->writeDataToField(field, "Elora");
-    merge->writeDataToField("YearEndDate", "2025-06-30");
-  });
-  EXPECT_EQ(written, (vector<string>{"City=Elora", "BusinessCity=Elora", "FirstName=Elora",
-                                     "Notes=Elora", "YearEndDate=2025-06-30"}));
-  EXPECT_EQ(dump("SELECT City, BusinessCity, FirstName, CompaniesNotes.Notes FROM Companies, "
-                 "Contacts, CompaniesNotes"),
-            "Elora|Elora|Elora|Elora|\n");
 }
 
 TEST_F(MergeData, ProvincesAreRecognizedByTheirForms) {
@@ -195,6 +102,69 @@ TEST_F(MergeData, CodesHaveTheirTextsAndOneForTheRest) {
   std::int16_t partnership = 3;
   live(9, 3);
   EXPECT_EQ(getCompanyTypeStringFromCompanyTypeNum(partnership), "General Partnership");
+}
+
+class MergeStatements : public MergeTest {
+ protected:
+  MergeStatements() {
+    addRow("ClientData", {{"CompanyIDNum", "1"}});
+    plainClients.setListOrder(4);
+  }
+
+  void startAnew(int use) {
+    merge = std::make_unique<clsInsertFieldsInRTB>();
+    merge->put_MergeFieldListUse(use);
+    Id next = 0;
+    for (Id* id : {&merge->companyID, &merge->contactID, &merge->firmID, &merge->userID,
+                   &merge->appointmentID, &merge->docketId, &merge->taskID})
+      *id = ++next;
+  }
+  void setUpIn(int country, int use) {
+    live(country, 3);
+    startAnew(use);
+    merge->initializeDataRecordsetsForSingleDocMerge();
+  }
+  /// Reads a field of each source.
+  void readOnDemand(int use) {
+    live(1, 3);
+    startAnew(use);
+    build(8, use);
+    print("Payroll Number|Company Name|Company Notes|Contact Gender|Contact Notes|Your City");
+    print("Task Name|Client Documents & Instructions");
+    build(5, use);
+    print("Appointment Name");
+    build(6, use);
+    print("Time Entry Name");
+  }
+
+  /// A line for each statement of the run, with cursor and lock; labels are noted when read first.
+  template <class Run>
+  void note(const std::string& title, Run run) {
+    noted += "[" + title + "]\n";
+    for (const std::string& sql : statementsOf(run))
+      if (sql.find("FROM Custom") == sql.npos || noted.find(sql) == noted.npos) noted += sql + "\n";
+  }
+
+  std::string noted;
+};
+
+TEST_F(MergeStatements, AreThoseOfTheFile) {
+  note("set up in Canada", [&] { setUpIn(1, 1); });
+  note("set up elsewhere, for writing", [&] { setUpIn(2, 5); });
+  note("set up for a contact alone", [&] {
+    merge->resetAllItemIDs();
+    merge->contactID = 2;
+    merge->initializeDataRecordsetsForSingleDocMerge();
+  });
+  note("on demand", [&] { readOnDemand(1); });
+  note("on demand in bulk", [&] { readOnDemand(2); });
+  note("the task of an entry", [&] { merge->put_scheduleID(41); });
+  for (const auto& [showOnly, statusMode, id, order] : casesOf<bool, int, Id, int>("accounts")) {
+    plainClients.setListOrder(order);
+    noted += "[accounts in order " + std::to_string(order) + "]\n";
+    noted += getMainBusinessSQLString(showOnly, statusMode, id) + "\n";
+  }
+  expectGolden(AUTONOTIFY_TEST_FOLDER "merge_statements.txt", noted);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "merge/MergeTest.h"
 #include "merge/templates/template_layout.h"
-#include "platform/text.h"
 
 namespace autonotify::test {
 namespace {
@@ -95,28 +94,6 @@ TEST_F(MergeByLayout, TakesOrdinaryTemplatesForRegular) {
   for (const char* text :
        {"", "«A» «a» «B»", R"(\'abA\'BB)", R"(\'e9\'abA\'bb)", R"(\b \'abA\'bb\b0 \i\'abA\'bb)"})
     EXPECT_TRUE(TemplateLayout{string(text)}.isRegular()) << text;
-}
-
-TEST_F(MergeByLayout, FollowsTheInstallationAndTheList) {
-  const string text = "Your number «HST Number», your state «State» and so on and on.";
-  listSamples({{"GST Number", "1"}, {"HST Number", "2"}, {"Province", "3"}, {"State", "4"}});
-  for (int round = 0; round < 2; ++round)
-    for (const auto& [country, province, numbers] :
-         {std::tuple{1, 3, "13"}, {1, 9, "23"}, {2, 3, "24"}}) {
-      live(country, province);
-      EXPECT_EQ(merged(text), string("Your number ") + numbers[0] + ", your state " + numbers[1] +
-                                  " and so on and on.");
-    }
-  listSamples({{"State", "5"}});
-  EXPECT_EQ(merged(text), "Your number , your state 5 and so on and on.");
-  const auto ofList = [&](int listType) {
-    build(listType);
-    return merged("«Task Name», «Time Entry Name» and «Company Name» and so on and on.");
-  };
-  const string ofTask = ofList(8);
-  EXPECT_FALSE(ofTask.starts_with(", "));
-  EXPECT_TRUE(ofList(6).starts_with(", "));
-  EXPECT_EQ(ofList(8), ofTask);
 }
 
 TEST_F(MergeByLayout, StandsAMergeThatAMessageStartsWithinIt) {

@@ -3,7 +3,8 @@
 #include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
 #include "merge/MergeTest.h"
-#include "platform/text.h"
+#include "merge/fields/field_format.h"
+#include "support/value_cells.h"
 
 namespace autonotify::test {
 namespace {
@@ -32,12 +33,6 @@ TEST_F(MergeRules, PutEachTokenInItsPlace) {
     EXPECT_EQ(merged(row[1] + longEnough), row[2] + longEnough) << row[0];
   merge->ConvertStrToRTF = false;
   EXPECT_EQ(merged("Dear:«Two»" + longEnough), "Dear:2" + longEnough) << "outside rich text";
-}
-
-TEST_F(MergeRules, TakeAShortTextForAFieldName) {
-  EXPECT_EQ(merged("Company Name"), "Elm Ltd.");
-  for (const char* text : {"Thank you for your visit", "«Task Due Date»", ""})
-    EXPECT_EQ(merged(text), "") << text;
 }
 
 TEST_F(MergeRules, WriteADateInEachFormat) {
@@ -78,6 +73,21 @@ TEST_F(MergeRules, MergeNothingWithoutAListAndPrepareItForTheNextTime) {
   EXPECT_EQ(fresh.parseRTBComment(), "For " + longEnough);
   EXPECT_EQ(fresh.ListType, 8);
   EXPECT_NE(fresh.parseRTBComment(), "For " + longEnough);
+}
+
+using FieldFormat = HostTest;
+
+TEST_F(FieldFormat, PrintsEachTypeInItsForm) {
+  const std::map<std::string, FieldType> types = {
+      {"date", FieldType::date},         {"time", FieldType::time},
+      {"currency", FieldType::currency}, {"yes or no", FieldType::yesNo},
+      {"duration", FieldType::duration}, {"text", FieldType::text},
+      {"no type", FieldType{}},          {"documents", FieldType::documentsList}};
+  for (const auto& row : rowsOf("values of fields", 4))
+    EXPECT_EQ(formattedField(valueOfCell(row[1]), types.at(row[0]), row[2]).value_or("none"),
+              row[3])
+        << row[0] << ' ' << row[1];
+  EXPECT_THROW(formattedField("Bookkeeping", FieldType::date, ""), PlatformError);
 }
 
 class MergeValidation : public MergeTest {

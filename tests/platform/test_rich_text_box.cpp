@@ -1,12 +1,15 @@
-#include <gtest/gtest.h>
-
 #include "platform/controls/RichTextBox.h"
+
+#include <functional>
+#include <map>
+
 #include "platform/rich_text.h"
-#include "platform/text.h"
+#include "support/text_table.h"
 
 namespace autonotify {
 namespace {
 
+constexpr const char* boxScripts = "rich_text_boxes.txt";
 constexpr const char* letter =
     "{\\rtf1\\ansi{\\fonttbl{\\f0 Times;}}\\qc\\b\\f0\\fs24 Zo\\'e9\\b0\\par {\\pntext "
     "o\\tab}b\\par}";
@@ -16,64 +19,56 @@ class RichTextBoxTest : public testing::Test {
   RichTextBoxTest() {
     box.setTextRTF(letter);
     box.onChange = [this] { ++changes; };
-    box.onRender = [this](Aspect aspect) { rendered += aspect == Aspect::value; };
-  }
-
-  CharacterFormat formatOf(std::size_t paragraph, std::size_t run = 0) const {
-    return box.content().paragraphs.at(paragraph).runs.at(run).format;
+    box.onRender = [this](Aspect aspect) { drawn += aspect == Aspect::value; };
   }
 
   RichTextBox box;
-  int changes = 0, rendered = 0;
+  int changes = 0, drawn = 0;
 };
 
-TEST_F(RichTextBoxTest, plainTextHasLinesAndMarkers) {
-  EXPECT_EQ(box.text(), "Zoé\r\no\tb\r\n");
-  box.setText("one\ntwo\r\nthree");
-  EXPECT_EQ(box.text(), "one\r\ntwo\r\nthree");
-  EXPECT_EQ(formatOf(2).font, "Times");
-  EXPECT_TRUE(formatOf(2).bold);
-  EXPECT_EQ(changes, 1);
-  EXPECT_EQ(rendered, 1);
-  box.setTextRTF(box.textRTF());
-  EXPECT_EQ(changes, 1);
-  box.setTextRTF("plain");
-  EXPECT_EQ(box.text(), "plain");
-  box.setTextRTF("");
-  EXPECT_EQ(box.text(), "");
+/// Scripts of rich_text_boxes.txt, each row an act or a look, what it is about, and what it gives.
+class RichTextBoxScripts : public RichTextBoxTest,
+                           public testing::WithParamInterface<std::vector<std::string>> {
+ protected:
+  std::string look(std::size_t paragraph, std::size_t run) const {
+    const Paragraph& held = box.content().paragraphs.at(paragraph);
+    const CharacterFormat& format = held.runs.at(run).format;
+    return std::string(held.format.alignment == Alignment::center ? "center " : "") +
+           (format.bold ? "bold " : "") + (format.italic ? "italic " : "") + format.font;
+  }
+  std::string outcome(const std::vector<std::string>& told) {
+    const std::string& text = told[1];
+    const auto number = [&](std::size_t cell) { return std::stoul(told[cell]); };
+    const std::map<std::string, std::function<std::string()>> acts = {
+        {"set rtf", [&] { return box.setTextRTF(text), ""; }},
+        {"set rtf again", [&] { return box.setTextRTF(box.textRTF()), ""; }},
+        {"set text", [&] { return box.setText(text), ""; }},
+        {"select", [&] { return box.select(number(1), number(2)), ""; }},
+        {"replace", [&] { return box.replaceSelection(text), ""; }},
+        {"insert", [&] { return box.insertTextAt(text, number(2)), ""; }},
+        {"italic", [&] { return box.formatSelection([](auto& look) { look.italic = true; }), ""; }},
+        {"bullet", [&] { return box.formatParagraphs([](auto& look) { look.marker = "•"; }), ""; }},
+        {"person selects", [&] { return box.acceptSelection(number(1), number(2)), ""; }},
+        {"person types", [&] { return box.acceptText(text) ? "" : "refused"; }},
+        {"text", [&] { return box.text(); }},
+        {"selected", [&] { return box.selectedText(); }},
+        {"caret",
+         [&] { return std::to_string(*box.selStart()) + " " + std::to_string(box.selLength()); }},
+        {"look", [&] { return look(number(1), number(2)); }},
+        {"runs", [&] { return std::to_string(box.content().paragraphs[number(1)].runs.size()); }},
+        {"changes", [&] { return std::to_string(changes); }},
+        {"drawn", [&] { return std::to_string(drawn); }}};
+    return acts.at(told[0])();
+  }
+};
+
+TEST_P(RichTextBoxScripts, GiveWhatTheyTell) {
+  for (const auto& told : test::rowsOf(boxScripts, GetParam()[0], 4))
+    EXPECT_EQ(outcome(told), told[3]) << told[0] << " " << told[1];
 }
 
-TEST_F(RichTextBoxTest, placesAreCharacters) {
-  box.select(2, 3);
-  EXPECT_EQ(box.selectedText(), "é\r\nb");
-  box.replaceSelection("e!");
-  EXPECT_EQ(box.text(), "Zoe!\r\n");
-  EXPECT_EQ(box.selStart(), 4u);
-  EXPECT_EQ(box.selLength(), 0u);
-  box.insertTextAt("x", 0);
-  box.insertTextAt("y\r\nz", 99);
-  EXPECT_EQ(box.text(), "xZoe!\r\ny\r\nz");
-  EXPECT_EQ(box.selStart(), 9u);
-  EXPECT_TRUE(formatOf(0).bold);
-  EXPECT_FALSE(formatOf(1).bold);
-  EXPECT_EQ(box.content().paragraphs[0].runs.size(), 1u);
-  EXPECT_EQ(changes, 3);
-}
-
-TEST_F(RichTextBoxTest, formatsGoToTheSelectionAlone) {
-  box.formatSelection([](CharacterFormat& format) { format.italic = true; });
-  EXPECT_EQ(changes, 0);
-  box.select(1, 1);
-  box.formatSelection([](CharacterFormat& format) { format.italic = true; });
-  ASSERT_EQ(box.content().paragraphs[0].runs.size(), 3u);
-  EXPECT_TRUE(formatOf(0, 1).italic && !formatOf(0, 2).italic);
-  EXPECT_EQ(box.selectedText(), "o");
-  box.select(4);
-  box.formatParagraphs([](ParagraphFormat& format) { format.marker = "•"; });
-  EXPECT_EQ(box.text(), "Zoé\r\n•\tb\r\n");
-  EXPECT_EQ(box.content().paragraphs[0].format.alignment, Alignment::center);
-  EXPECT_EQ(changes, 2);
-}
+INSTANTIATE_TEST_SUITE_P(RichTextBoxes, RichTextBoxScripts,
+                         testing::ValuesIn(test::rowsOf(boxScripts, "scripts", 1)));
 
 TEST_F(RichTextBoxTest, aHeadingIsFoundAgainWhereItWasPutIn) {
   const std::string heading =
@@ -105,20 +100,12 @@ TEST_F(RichTextBoxTest, aBlankThatEndsAControlWordIsNoPartOfAHeading) {
   }
 }
 
-TEST_F(RichTextBoxTest, whatAPersonDoesIsNotDrawnAgain) {
+TEST_F(RichTextBoxTest, whatAPersonEditsIsNotDrawnAgain) {
   RichText edited = box.content();
   edited.paragraphs.pop_back();
-  box.acceptContent(edited);
-  box.acceptContent(edited);
-  box.acceptSelection(1, 1);
+  for (int i = 0; i < 2; ++i) box.acceptContent(edited);
   EXPECT_EQ(changes, 1);
-  EXPECT_EQ(rendered, 0);
-  EXPECT_EQ(box.selectedText(), "o");
-  EXPECT_TRUE(box.acceptText("Zoé\r\no\tb"));
-  EXPECT_EQ(changes, 1);
-  EXPECT_TRUE(box.acceptText("typed"));
-  EXPECT_EQ(box.text(), "typed");
-  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(drawn, 0);
 }
 
 }  // namespace

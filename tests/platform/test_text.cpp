@@ -1,4 +1,3 @@
-
 #include <random>
 
 #include "platform/text.h"
@@ -9,10 +8,10 @@ namespace autonotify {
 namespace {
 
 constexpr std::size_t npos = std::string::npos;
-constexpr const char* file = "text_cases.txt";
+constexpr const char* textCases = "text_cases.txt";
 
 TEST(Text, changesCaseOfFrenchGreekAndCyrillic) {
-  for (const auto& row : test::rowsOf(file, "upper and lower case", 2)) {
+  for (const auto& row : test::rowsOf(textCases, "upper and lower case", 2)) {
     EXPECT_EQ(upperCase(row[1]), row[0]);
     EXPECT_EQ(lowerCase(row[0]), row[1]);
     EXPECT_EQ(upperCase(row[0]), row[0]);
@@ -35,13 +34,13 @@ TEST(Text, noCaseChangeAltersALengthOrComesBackDifferent) {
 }
 
 TEST(Text, findsInAnyCaseAndReplacesEveryOccurrence) {
-  for (const auto& row : test::rowsOf(file, "found", 4)) {
+  for (const auto& row : test::rowsOf(textCases, "found", 4)) {
     const std::size_t at = findIgnoreCase(row[0], row[1], std::stoul(row[2]));
     EXPECT_EQ(at == npos ? "none" : std::to_string(at), row[3]) << row[0] << " / " << row[1];
   }
-  for (const auto& row : test::rowsOf(file, "replaced", 4))
+  for (const auto& row : test::rowsOf(textCases, "replaced", 4))
     EXPECT_EQ(replaceAll(row[0], row[1], row[2]), row[3]);
-  for (const auto& row : test::rowsOf(file, "replaced in any case", 4))
+  for (const auto& row : test::rowsOf(textCases, "replaced in any case", 4))
     EXPECT_EQ(replaceAllIgnoreCase(row[0], row[1], row[2]), row[3]);
 }
 
@@ -77,6 +76,7 @@ TEST(Text, trimsBlanksAloneAndCountsCharacters) {
 TEST(Text, keepsIllFormedBytes) {
   for (const char* text : {"\xFFz", "\xC3", "\xE2\x82z", "\xC0\x80", "\xED\xA0\x80", "\xF8\x88"}) {
     EXPECT_FALSE(isValidUtf8(text));
+    EXPECT_FALSE(isValidUtf8("12345678" + std::string(text) + "12345678"));
     EXPECT_EQ(lowerCase(text), text);
   }
   EXPECT_EQ(upperCase("\xFFz\xC3"), "\xFFZ\xC3");

@@ -61,15 +61,16 @@ TEST(Value, throwsWhereACopyFindsNoMemory) {
 }
 #endif
 
-constexpr const char* file = "formats.txt";
+constexpr const char* formats = "formats.txt";
 
 TEST(FormatDateTime, showsAMomentInEachPattern) {
   const DateTime moment = DateTime::of(2026, 4, 3, 13, 5, 9);
-  test::expectRows(file, "dates", [&](auto& pattern) { return formatDateTime(moment, pattern); });
+  test::expectRows(formats, "dates",
+                   [&](auto& pattern) { return formatDateTime(moment, pattern); });
 }
 
 TEST(FormatDateTime, twelveHourClock) {
-  test::expectRows(file, "hours", [](auto& hour) {
+  test::expectRows(formats, "hours", [](auto& hour) {
     return formatDateTime(DateTime::of(2026, 4, 3, std::stoi(hour)), "h am/pm");
   });
   EXPECT_EQ(formatDateTime(DateTime{}, "hh:nn"), "00:00");
@@ -82,7 +83,7 @@ TEST(FormatDateTime, everyDayReadsBackFromItsLongForm) {
 }
 
 TEST(FormatNumber, showsANumberInEachPattern) {
-  for (const auto& row : test::rowsOf(file, "numbers", 3))
+  for (const auto& row : test::rowsOf(formats, "numbers", 3))
     EXPECT_EQ(formatNumber(std::strtod(row[1].c_str(), nullptr), row[0]), row[2])
         << row[0] << " of " << row[1];
 }
@@ -117,7 +118,7 @@ TEST(DateTimeText, everySecondOfADayReadsBack) {
 }
 
 TEST(DateTimeText, readsTheFormsThatPeopleWriteAndRefusesAllElse) {
-  test::expectRows(file, "texts of moments", [](auto& text) {
+  test::expectRows(formats, "texts of moments", [](auto& text) {
     const auto moment = parseDateTime(text);
     return moment ? dateTimeText(*moment) : "none";
   });

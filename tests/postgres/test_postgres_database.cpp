@@ -1,8 +1,5 @@
 #include <unistd.h>
 
-#include <stdexcept>
-
-#include "host/database/dialect/DatabaseError.h"
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/database/schema/Schema.h"
 #include "tests/database/conformance_suite.h"

@@ -1,16 +1,10 @@
-#include <algorithm>
 #include <random>
-#include <set>
 
-#include "channels/modChannelNotifications.h"
 #include "contract/firm_rules.h"
-#include "contract/recordsets.h"
 #include "host/services/HostValidationUtilities.h"
-#include "platform/text.h"
 #include "scheduling/modNotificationDates.h"
 #include "scheduling/schedule_kinds.h"
 #include "support/HostTest.h"
-#include "support/text_table.h"
 
 namespace autonotify::test {
 namespace {
@@ -18,28 +12,7 @@ namespace {
 constexpr const char* file = "scheduling_cases.txt";
 constexpr DateTime monday = DateTime::of(2026, 11, 23);
 
-class NotificationDates : public HostTest {
- protected:
-  void setFirmCode(const std::string& code) { plainLocale.settings().firmCode = code; }
-  DateTime dateOf(Id row) {
-    return toDateTime(valueOf("ClientNotification", "NotificationDate",
-                              "ClientNotificationID=" + std::to_string(row)));
-  }
-};
-
-TEST_F(NotificationDates, PeriodHasOneSignForDisplayAndOneForCalculation) {
-  addKind(103, 1, 5);
-  addKind(103, 2, -3);
-  addKind(103, 3, 0);
-  for (const auto& [scheduleNum, shown] : {std::pair{1, 5}, {2, -3}, {3, 0}, {4, 15}}) {
-    EXPECT_EQ(getNotificationPeriod(103, scheduleNum, true), shown);
-    EXPECT_EQ(getNotificationPeriod(103, scheduleNum, false), -shown);
-  }
-  const std::int16_t lowest = -32768;
-  addKind(103, 5, lowest);
-  errors.answer({error_choice::leave});
-  EXPECT_EQ(getNotificationPeriod(103, 5, false), lowest) << "has no positive counterpart";
-}
+using NotificationDates = HostTest;
 
 TEST_F(NotificationDates, StatementOfAKindNormalisesItsArguments) {
   for (const auto& [totalNum, scheduleNum] :
@@ -59,55 +32,6 @@ TEST_F(NotificationDates, StatementOfAKindNormalisesItsArguments) {
   }
 }
 
-TEST_F(NotificationDates, DueDateIsMovedByThePeriodOfItsKind) {
-  addKind(103, 1, 1);
-  addKind(103, 2, -3);
-  EXPECT_EQ(determineNotificationDate(addSchedule(103, 1, monday)), monday.addDays(-3));
-  EXPECT_EQ(determineNotificationDate(addSchedule(103, 2, monday.addDays(-4))), monday.addDays(1));
-  EXPECT_EQ(determineNotificationDate(addSchedule(103, 3, monday)), monday.addDays(-21));
-  EXPECT_TRUE(determineNotificationDate(4711).isZero());
-  EXPECT_TRUE(adjustDateToFridayIfWeekendOrHoliday({}).isZero()) << "a Saturday of 1899";
-}
-
-TEST_F(NotificationDates, FirmRuleGoesByTheMethodInsteadOfTheKind) {
-  addKind(103, 1, 1);
-  for (const auto& [custom2, days] : casesOf<std::string, int>(file, "days of methods")) {
-    const Id scheduleID = addSchedule(103, 1, monday, {{"Custom2", custom2}});
-    setFirmCode("another firm");
-    EXPECT_EQ(determineNotificationDate(scheduleID), monday.addDays(-3));
-    setFirmCode(firmSpecificCode);
-    EXPECT_EQ(determineNotificationDate(scheduleID),
-              dateAddBusinessDaysWithoutWeekendsAndHolidays(days, monday))
-        << custom2;
-  }
-}
-
-TEST_F(NotificationDates, MissingDueDateOrMethodIsAskedAbout) {
-  addKind(103, 1, 1);
-  const Id noDueDate = addSchedule(103, 1, DateTime{});
-  const Id noMethod = addSchedule(103, 1, monday);
-  for (int choice : {error_choice::next, error_choice::leave}) {
-    errors.answer({choice});
-    EXPECT_TRUE(determineNotificationDate(noDueDate).isZero());
-  }
-  const Id row = addNotification(noDueDate, nt_Email, monday);
-  errors.answer({error_choice::next});
-  refreshNotificationDate(noDueDate);
-  EXPECT_EQ(dateOf(row), monday) << "stays rather than being taken for due in 1899";
-  for (int choice : {error_choice::next, error_choice::leave}) {
-    const Id entry = addSchedule(103, 1, DateTime{});
-    errors.answer({choice});
-    const Id added =
-        addNewLetterNotificationFromScheduleNameAndDueDate({entry, {}, "GST", monday, "Hello"});
-    EXPECT_EQ(notification(added, "NotificationDate"), "NULL|\n");
-  }
-  setFirmCode(firmSpecificCode);
-  errors.answer({error_choice::leave, error_choice::next});
-  EXPECT_TRUE(determineNotificationDate(noMethod).isZero());
-  EXPECT_EQ(determineNotificationDate(noMethod), monday.addDays(-11)) << "seven open days";
-  EXPECT_EQ(errors.recorded().back().number, error_number::invalidUseOfNull);
-}
-
 TEST_F(NotificationDates, NewRowTakesTheDateOfASibling) {
   for (const auto& [channels, expectedDay] :
        casesOf<std::string, unsigned>(file, "channels of siblings")) {
@@ -122,31 +46,13 @@ TEST_F(NotificationDates, NewRowTakesTheDateOfASibling) {
   EXPECT_EQ(getLastUsedNotificationDate(noId, monday), monday) << "no entry, no siblings";
 }
 
-TEST_F(NotificationDates, RefreshMovesTheFirstRowOfEachChannel) {
-  addKind(103, 1, 1);
-  const DateTime old = DateTime::of(2026, 1, 5);
-  const Id scheduleID = addSchedule(103, 1, monday.addDays(-1));
-  std::vector<Id> firstRows;
-  for (const int channel : {8, 4, 2, 1})
-    firstRows.push_back(addNotification(scheduleID, channel, old, channel == 1));
-  const Id secondEmail = addNotification(scheduleID, 1, old);
-  const Id other = addNotification(addSchedule(103, 1, monday), 1, old);
-  setFirmCode(firmSpecificCode);
-
-  refreshNotificationDate(scheduleID);
-
-  for (const Id row : firstRows) EXPECT_EQ(dateOf(row), monday.addDays(-3));
-  EXPECT_EQ(dateOf(secondEmail), old);
-  EXPECT_EQ(dateOf(other), old);
-}
-
 TEST_F(NotificationDates, ExplanationTakesTheStepsOfTheCalculation) {
   addKind(103, 1, 3);
   addKind(103, 2, 0);
   addHoliday(monday.addDays(-3));
   for (int round = 0; round < 28; ++round) {
     const bool isFirm = round % 2 == 0, hasSibling = round % 3 == 0;
-    setFirmCode(isFirm ? firmSpecificCode : "another firm");
+    plainLocale.settings().firmCode = isFirm ? firmSpecificCode : "another firm";
     const DateTime dueDate = monday.addDays(round / 4);
     const Id entry = addSchedule(103, 1 + round / 2 % 2, dueDate, {{"Custom2", "3PAP"}});
     if (hasSibling) addNotification(entry, nt_Letter, dueDate.addDays(-9));

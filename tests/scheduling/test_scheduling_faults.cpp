@@ -1,5 +1,3 @@
-
-#include "platform/date_time_text.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "scheduling/modNotificationDates.h"

@@ -7,8 +7,6 @@
 #include "host/database/sqlite/SqliteRowSink.h"
 #include "host/demo/DemoFirm.h"
 #include "host/demo/holidays.h"
-#include "platform/date_time_text.h"
-#include "platform/text.h"
 #include "support/text_table.h"
 
 namespace autonotify::host {

@@ -19,6 +19,8 @@ struct ReceivedMail {
   std::string date;
   /// Line ends as line feeds.
   std::string body;
+  /// The HTML beside it, if any.
+  std::string page;
   /// The names of all headers, in order.
   std::vector<std::string> headers;
 };
@@ -35,6 +37,11 @@ inline std::vector<std::string> mailboxesOf(InternetAddressList* list) {
   return mailboxes;
 }
 
+inline std::string textOf(GMimeObject* part) {
+  const host::GText text(g_mime_text_part_get_text(GMIME_TEXT_PART(part)));
+  return replaceAll(text.get(), "\r\n", "\n");
+}
+
 /// Fails the test when the text is no message.
 inline ReceivedMail readMail(const std::string& text) {
   host::initMail();
@@ -43,12 +50,14 @@ inline ReceivedMail readMail(const std::string& text) {
   const host::GHandle<GMimeParser> parser(g_mime_parser_new_with_stream(stream.get()));
   const host::GHandle<GMimeMessage> message(g_mime_parser_construct_message(parser.get(), nullptr));
   ReceivedMail mail;
-  if (!message || !GMIME_IS_TEXT_PART(g_mime_message_get_mime_part(message.get()))) {
-    ADD_FAILURE() << "no plain message: " << text.substr(0, 500);
+  GMimeObject* const part = message ? g_mime_message_get_mime_part(message.get()) : nullptr;
+  GMimeMultipart* const both = GMIME_IS_MULTIPART(part) ? GMIME_MULTIPART(part) : nullptr;
+  GMimeObject* const body = both ? g_mime_multipart_get_part(both, 0) : part;
+  GMimeObject* const page = both ? g_mime_multipart_get_part(both, 1) : nullptr;
+  if (!GMIME_IS_TEXT_PART(body) || (page && !GMIME_IS_TEXT_PART(page))) {
+    ADD_FAILURE() << "no message of texts: " << text.substr(0, 500);
     return mail;
   }
-  GMimeObject* part = g_mime_message_get_mime_part(message.get());
-  const host::GText body(g_mime_text_part_get_text(GMIME_TEXT_PART(part)));
   const host::GText type(g_mime_content_type_encode(g_mime_object_get_content_type(part), nullptr));
   mail.from = mailboxesOf(g_mime_message_get_from(message.get()));
   mail.to = mailboxesOf(g_mime_message_get_to(message.get()));
@@ -59,7 +68,8 @@ inline ReceivedMail readMail(const std::string& text) {
   GDateTime* const date = g_mime_message_get_date(message.get());
   mail.date = date ? host::GText(g_date_time_format(date, "%Y-%m-%d %H:%M:%S")).get() : "";
   mail.contentType = trim(replaceAll(type.get(), "\n", ""));
-  mail.body = replaceAll(body.get(), "\r\n", "\n");
+  mail.body = textOf(body);
+  if (page) mail.page = textOf(page);
   GMimeHeaderList* const headers = g_mime_object_get_header_list(GMIME_OBJECT(message.get()));
   for (int i = 0; i < g_mime_header_list_get_count(headers); ++i)
     mail.headers.emplace_back(g_mime_header_get_name(g_mime_header_list_get_header_at(headers, i)));

@@ -1,9 +1,8 @@
-
+#include <gmock/gmock.h>
 
 #include "host/clients/ClientDirectory.h"
 #include "host/clients/person_names.h"
 #include "host/database/sqlite/SqliteDatabase.h"
-#include "platform/PlatformError.h"
 #include "support/host_wrappers.h"
 #include "support/temporary_folder.h"
 #include "support/text_table.h"
@@ -58,6 +57,15 @@ TEST_P(ClientDirectoryModes, knowsAndNamesWhoIsAClient) {
   EXPECT_EQ(directory.getContactAndSpouseName(20, true, 1), "Jane Smith & John Smith");
   EXPECT_EQ(directory.getContactAndSpouseName(20, false, 2), "Jane Smith");
   EXPECT_EQ(directory.getCategoryName(30), "Business Clients");
+  using testing::ElementsAre;
+  EXPECT_THAT(directory.getClientNames(),
+              ElementsAre("Harbour Cafe", "Jane Smith", "Luc Roy", "Numbered Ltd."));
+  EXPECT_THAT(directory.getEmployeeNames(), ElementsAre("Ann Lee", "Émile Côté"));
+  using Client = ListedClient;
+  EXPECT_EQ(directory.getClientFromName(" numbered LTD."), (Client{enumAutoNotifyCompany, 11}));
+  EXPECT_EQ(directory.getClientFromName("Luc Roy"), (Client{enumAutoNotifyContact, 21}));
+  for (const char* name : {"Hidden", "", " "})
+    EXPECT_EQ(directory.getClientFromName(name), Client{});
   EXPECT_EQ(directory.getUserNameFromID(5), "Émile Côté");
   EXPECT_EQ(directory.getUserIDFromName(" ÉMILE CÔTÉ "), 5);
   for (const char* name : {"", "Ann", "Ann Lee'; --"})

@@ -1,6 +1,3 @@
-
-#include <tuple>
-
 #include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/documents/HostClientDocumentFolder.h"
@@ -9,7 +6,6 @@
 #include "host/services/HeadlessFormHost.h"
 #include "host/services/HostFileSystemObject.h"
 #include "host/services/host_errors.h"
-#include "platform/text.h"
 #include "support/error_number.h"
 #include "support/full_disk.h"
 #include "support/table_rows.h"

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "host/services/HostGridColumnList.h"
@@ -97,7 +96,7 @@ TEST(GridColumnListTest, textFormGivesEveryListBack) {
     }
     HostGridColumnList copy;
     add(copy, "old", {"old"});
-    copy.fromText(list.toText());
+    ASSERT_TRUE(copy.fromText(list.toText()));
     ASSERT_EQ(copy.toText(), list.toText()) << round;
     ASSERT_EQ(keysOf(copy), keysOf(list)) << round;
     for (list.moveFirst(), copy.moveFirst(); !list.isAtEnd(); list.moveNext(), copy.moveNext())
@@ -112,13 +111,13 @@ TEST(GridColumnListTest, aCutOrForeignTextLeavesTheListEmpty) {
   add(list, 2, {"Client", DateTime::of(2026, 4, 30), 1.5});
   const std::string whole = list.toText();
   for (std::size_t length = 0; length < whole.size(); ++length) {
-    list.fromText(whole.substr(0, length));
+    ASSERT_FALSE(list.fromText(whole.substr(0, length)));
     ASSERT_EQ(list.getEntryCount(), 0) << whole.substr(0, length);
   }
   for (const char* text :
        {"1,2,3", "columns/2 0\n", "columns/1 1\nx1\n", "columns/1 1\nsa\\q\n", "columns/1 1\ni1x\n",
         "columns/1 1\nt1:86400\n", "columns/1 -1\n", "columns/1 1\ni1\n\n", "columns/1 1\n\n"}) {
-    list.fromText(text);
+    EXPECT_FALSE(list.fromText(text)) << text;
     EXPECT_EQ(list.getEntryCount(), 0) << text;
   }
   list.fromText("columns/1 1\r\ni1\tsDue\r\n");

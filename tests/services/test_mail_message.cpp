@@ -1,5 +1,4 @@
-
-
+#include "host/mail/html_page.h"
 #include "host/mail/mail_message.h"
 #include "services/received_mail.h"
 #include "support/text_table.h"
@@ -19,6 +18,8 @@ MailMessage letter() {
           .bcc = {},
           .subject = "Your T4 Summary is due on Thursday, April 30 2026",
           .body = "Dear Jane,\r\n\r\nPlease call us.\r\n",
+          .page = {},
+          .testOf = {},
           .date = DateTime::of(2026, 4, 30, 14, 5, 7),
           .messageId = "abc@firm.example"};
 }
@@ -68,6 +69,20 @@ TEST(MailMessageTest, bodiesArriveCleanedOfWhatNoMailMayHold) {
     const std::string text = messageText(message);
     expectSound(text);
     EXPECT_EQ(readMail(text).body, row[1]);
+  }
+}
+
+TEST(MailMessageTest, aPageStandsBesideTheTextAndSaysTheSame) {
+  for (const auto& row : rowsOf(file, "pages", 2)) {
+    MailMessage message = letter();
+    message.page = pageOf(readRichText(row[0]));
+    const std::string text = messageText(message);
+    expectSound(text);
+    const ReceivedMail mail = readMail(text);
+    EXPECT_TRUE(mail.contentType.starts_with("multipart/alternative; boundary="));
+    EXPECT_EQ(mail.body, "Dear Jane,\n\nPlease call us.\n");
+    const std::size_t start = mail.page.find(">\n<", mail.page.find("<body")) + 2;
+    EXPECT_EQ(mail.page.substr(start, mail.page.find("</body>") - start), row[1]);
   }
 }
 

@@ -1,5 +1,3 @@
-
-
 #include "host/services/ClassRegistry.h"
 #include "host/services/HostClientIDClass.h"
 #include "host/services/HostFileUtility.h"
@@ -12,7 +10,6 @@
 #include "host/services/host_errors.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/RichTextBox.h"
-#include "platform/date_time_text.h"
 #include "support/error_number.h"
 #include "support/fixed_clock.h"
 #include "support/temporary_folder.h"
@@ -23,7 +20,7 @@ namespace {
 
 using namespace test;
 
-constexpr const char* file = "service_texts.txt";
+constexpr const char* serviceTexts = "service_texts.txt";
 
 TEST(GeneralUtilitiesTest, tellsEmptyValuesAndTheKeysOfANumericField) {
   HostGeneralUtilities utilities;
@@ -70,7 +67,7 @@ TEST(ClientIDTest, companyComesBeforeContact) {
 
 TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarget) {
   HostValidationUtilities validation;
-  expectRows(file, "dates in a field", [&](auto& text) {
+  expectRows(serviceTexts, "dates in a field", [&](auto& text) {
     DateTime date = DateTime::of(2020, 1, 1);
     EXPECT_EQ(validation.parseDateText(text, date), validation.isDateText(text)) << text;
     return dateTimeText(date);
@@ -79,7 +76,7 @@ TEST(ValidationUtilitiesTest, readsDatesAsPeopleLeaveThemInAFieldOrLeavesTheTarg
 
 TEST(ValidationUtilitiesTest, durationsWeekendsAndYears) {
   HostValidationUtilities validation;
-  expectRows(file, "durations",
+  expectRows(serviceTexts, "durations",
              [&](auto& minutes) { return validation.getDurationText(std::stoi(minutes)); });
   for (int day = 0; day < 14; ++day)
     EXPECT_EQ(validation.isWeekend(DateTime::of(2026, 4, 27).addDays(day)), day % 7 >= 5) << day;

@@ -1,10 +1,5 @@
 #include "support/HeadlessPerson.h"
 
-#include <algorithm>
-#include <stdexcept>
-
-#include "platform/Value.h"
-#include "platform/controls/Person.h"
 #include "platform/text.h"
 #include "support/all_controls.h"
 
@@ -47,58 +42,25 @@ class OnScreen {
   static inline std::vector<const HostObject*> all_;
 };
 
-class PersonAlone : public WindowDriver {
- public:
-  explicit PersonAlone(Form& form) : person_(form) {}
-
-  bool click(Control& control) override { return person_.click(control); }
-  bool type(Control& control, const std::string& text) override {
-    return person_.type(control, text);
+/// Takes the script off the list when it is of that name.
+template <class Expected>
+auto takenFrom(std::deque<Expected>& expected, const std::string& name) {
+  std::optional<decltype(expected.front().script)> script;
+  if (expected.empty() || !equalIgnoreCase(expected.front().name, name)) {
+    ADD_FAILURE() << "nobody expected " << name;
+    return script;
   }
-  bool choose(Control& control, int position) override { return person_.choose(control, position); }
-  bool pickDate(DatePicker& picker, DateTime date) override {
-    return person_.pickDate(picker, date);
-  }
-  bool tabTo(Control& control) override { return person_.tabTo(control); }
-  bool closeBox() override { return person_.closeBox(); }
+  script = std::move(expected.front().script);
+  expected.pop_front();
+  return script;
+}
 
- private:
-  Person person_;
-};
-
-struct ReaderAlone : ReportDriver {
-  explicit ReaderAlone(Report& shown) : report(shown) {}
-  void close() override { report.unload(); }
-  Report& report;
-};
-
-class NoRenderer : public WindowRenderer {
- public:
-  void show(Report& report, const ReportUse& use) override {
-    ReaderAlone driver(report);
-    use(driver);
-  }
-  void show(Form& form, const Use& use) override {
-    PersonAlone driver(form);
-    use(driver);
-  }
-};
-
-WindowRenderer*& rendererInUse() {
-  static NoRenderer none;
-  static WindowRenderer* renderer = &none;
-  return renderer;
+template <class Expected>
+void expectNoneLeft(std::deque<Expected>& expected) {
+  for (const auto& each : std::exchange(expected, {})) ADD_FAILURE() << each.name << " never came";
 }
 
 }  // namespace
-
-WindowRenderer& WindowRenderer::inUse() {
-  return *rendererInUse();
-}
-
-void WindowRenderer::setInUse(WindowRenderer& renderer) {
-  rendererInUse() = &renderer;
-}
 
 Control& WindowInUse::control(const std::string& name) const {
   Control* found = form_.find(name);
@@ -109,13 +71,6 @@ Control& WindowInUse::control(const std::string& name) const {
 WindowDriver& WindowInUse::driver() const {
   OnScreen::requireOnTop(form_);
   return driver_;
-}
-
-template <class ControlType>
-ControlType& WindowInUse::controlOf(const std::string& name) const {
-  auto* typed = dynamic_cast<ControlType*>(&control(name));
-  if (!typed) throw std::logic_error(name + " is a control of another kind");
-  return *typed;
 }
 
 bool WindowInUse::choose(const std::string& name, const std::string& text) {
@@ -150,6 +105,13 @@ std::string WindowInUse::read(const std::string& name) const {
   return read->caption();
 }
 
+std::string WindowInUse::read(const std::string& name, int row, int column) const {
+  const auto& grid = controlOf<Grid>(name);
+  seen(name);
+  const bool isTick = grid.get_colType(column) == grid_column::tick;
+  return isTick ? wordFor(grid.get_cellChecked(row, column)) : grid.get_CellText(row, column);
+}
+
 void ReportInUse::close() {
   OnScreen::requireOnTop(onShow());
   driver_.close();
@@ -169,34 +131,31 @@ std::string ReportInUse::read(const std::string& label) const {
 }
 
 void HeadlessPerson::finish() {
-  for (const auto& window : windows_) ADD_FAILURE() << window.formName << " never came up";
-  for (const auto& report : reports_) ADD_FAILURE() << report.name << " never came up";
-  for (const auto& message : said_) ADD_FAILURE() << "never said: " << message.text;
+  expectNoneLeft(windows_);
+  expectNoneLeft(reports_);
+  expectNoneLeft(gridDialogs_);
+  for (const auto& message : std::exchange(said_, {}))
+    ADD_FAILURE() << "never said: " << message.text;
   for (const Form* form : FormHost::openForms())
     ADD_FAILURE() << form->name() << " was not unloaded";
   EXPECT_TRUE(menuChoices_.empty()) << "a menu never popped up";
-  windows_.clear();
-  reports_.clear();
-  said_.clear();
 }
 
 void HeadlessPerson::showModal(Form& form, HostObject* owner) {
   pass("showModal", form.name());
   EXPECT_EQ(owner, activeWindow_) << form.name();
-  if (windows_.empty() || !equalIgnoreCase(windows_.front().formName, form.name())) {
-    ADD_FAILURE() << "nobody expected the window " << form.name();
+  const auto script = takenFrom(windows_, form.name());
+  if (!script) {
     form.unload(CloseReason::hostEnds);
     return;
   }
-  const Script script = std::move(windows_.front().script);
-  windows_.pop_front();
   const OnScreen place(form);
   for (Control* control : form.controls()) {
     if (auto* timer = dynamic_cast<Timer*>(control); timer && form.isVisible()) timer->fire();
   }
-  WindowRenderer::inUse().show(form, [&](WindowDriver& driver) {
+  WindowRenderer::inUse()->show(form, [&](WindowDriver& driver) {
     WindowInUse window(form, driver);
-    if (form.isVisible()) script(window);
+    if (form.isVisible()) (*script)(window);
   });
   if (!form.isVisible()) return;
   ADD_FAILURE() << form.name() << " was left open";
@@ -206,19 +165,21 @@ void HeadlessPerson::showModal(Form& form, HostObject* owner) {
 void HeadlessPerson::showReport(Report& report, HostObject* owner) {
   pass("showReport", report.name());
   EXPECT_EQ(owner, activeWindow_) << report.name();
-  if (reports_.empty() || reports_.front().name != report.name()) {
-    ADD_FAILURE() << "nobody expected the report " << report.name();
-    return;
-  }
-  const ReportScript script = std::move(reports_.front().script);
-  reports_.pop_front();
+  const auto script = takenFrom(reports_, report.name());
+  if (!script) return;
   const OnScreen place(report);
   report.comeUp();
-  WindowRenderer::inUse().show(report, [&](ReportDriver& driver) {
+  WindowRenderer::inUse()->show(report, [&](ReportDriver& driver) {
     ReportInUse inUse(report, driver);
-    script(inUse);
+    (*script)(inUse);
   });
   EXPECT_FALSE(report.isShown()) << report.name() << " was left open";
+}
+
+bool HeadlessPerson::showGridDialog(Grid& grid, const GridDialog& dialog) {
+  pass("showGridDialog", grid.name());
+  const auto script = takenFrom(gridDialogs_, nameOf(dialog.kind));
+  return !script || (*script)(grid, dialog);
 }
 
 std::string HeadlessPerson::nameOf(const HostObject* owner) {
@@ -245,7 +206,7 @@ void HeadlessPerson::popUpMenu(Form& form, Menu& menu) {
 void HeadlessPerson::pumpMessages() {
   pass("pumpMessages");
   ++pumps_;
-  WindowRenderer::inUse().pump();
+  WindowRenderer::inUse()->pump();
   const auto due = std::ranges::find(pumpActs_, pumps_, &PumpAct::pump);
   if (due == pumpActs_.end()) return;
   const auto act = due->act;

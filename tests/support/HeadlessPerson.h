@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <optional>
 #include <tuple>
 
 #include "contract/MsgboxClass.h"
-#include "platform/controls/FormHost.h"
-#include "platform/controls/Report.h"
+#include "platform/controls/Grid.h"
 #include "support/WindowRenderer.h"
 #include "support/host_calls.h"
 
@@ -32,12 +30,24 @@ class WindowInUse {
   bool pickDate(const std::string& name, DateTime date);
   bool tabTo(const std::string& name) { return driver().tabTo(control(name)); }
   bool closeBox() { return driver().closeBox(); }
+  bool clickCell(const std::string& grid, int row, int column) {
+    return driver().clickCell(controlOf<Grid>(grid), row, column);
+  }
+  bool clickHeading(const std::string& grid, int column) {
+    return driver().clickHeading(controlOf<Grid>(grid), column);
+  }
+  bool sizeColumn(const std::string& grid, int column, int width) {
+    return driver().sizeColumn(controlOf<Grid>(grid), column, width);
+  }
+  bool rightClick(const std::string& grid) { return driver().rightClick(controlOf<Grid>(grid)); }
 
   /// True when the person could act on the control.
   bool canUse(const std::string& name) const { return seen(name).isReachable(); }
   bool sees(const std::string& name) const { return seen(name).isShown(); }
   /// The text of a field, "yes" or "no" for a tick or option, the caption of all else.
   std::string read(const std::string& name) const;
+  /// The text of a cell, "yes" or "no" for a tick.
+  std::string read(const std::string& grid, int row, int column) const;
   std::vector<std::string> entries(const std::string& name) const;
   /// The name of the control with the focus, empty when none has it.
   std::string focus() const { return form_.focused() ? form_.focused()->name() : std::string{}; }
@@ -50,7 +60,11 @@ class WindowInUse {
   /// The control, once what is drawn of it has been held against it.
   const Control& seen(const std::string& name) const;
   template <class ControlType>
-  ControlType& controlOf(const std::string& name) const;
+  ControlType& controlOf(const std::string& name) const {
+    auto* typed = dynamic_cast<ControlType*>(&control(name));
+    if (!typed) throw std::logic_error(name + " is a control of another kind");
+    return *typed;
+  }
 
   Form& form_;
   WindowDriver& driver_;
@@ -82,6 +96,8 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
  public:
   using Script = std::function<void(WindowInUse&)>;
   using ReportScript = std::function<void(ReportInUse&)>;
+  /// True when the person cancels.
+  using GridScript = std::function<bool(Grid&, const GridDialog&)>;
 
   HeadlessPerson() = default;
   /// The component's calls pass the door, which may fail them, and name the active window as owner.
@@ -92,6 +108,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void expectWindow(std::string name, Script script) { windows_.push_back({name, script}); }
   /// The next report that comes up and what the person does with it.
   void expectReport(std::string name, ReportScript script) { reports_.push_back({name, script}); }
+  /// The next dialog of a grid's own, and what the person does in it.
+  void expectGridDialog(GridDialog::Kind kind, GridScript script) {
+    gridDialogs_.push_back({nameOf(kind), script});
+  }
   /// The next message, or question with its answer. `owner` names the window or the report that it
   /// stands above; empty for the active window.
   void expectMessage(std::string text, int style, std::string owner = {}) {
@@ -121,9 +141,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
     pass("bringToFront", form.name());
     EXPECT_EQ(owner, activeWindow_) << form.name();
   }
-  void formHidden(Form& form) override { WindowRenderer::inUse().hidden(form); }
+  void formHidden(Form& form) override { WindowRenderer::inUse()->hidden(form); }
   void showReport(Report& report, HostObject* owner) override;
-  void reportClosed(Report& report) override { WindowRenderer::inUse().closed(report); }
+  bool showGridDialog(Grid& grid, const GridDialog& dialog) override;
+  void reportClosed(Report& report) override { WindowRenderer::inUse()->closed(report); }
   void repaint(Form&) override { pass("repaint"); }
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override {
@@ -142,13 +163,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   }
 
  private:
-  struct ExpectedWindow {
-    std::string formName;
-    Script script;
-  };
-  struct ExpectedReport {
+  template <class Act>
+  struct Expected {
     std::string name;
-    ReportScript script;
+    Act script;
   };
   struct ExpectedMessage {
     std::string text;
@@ -166,14 +184,18 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void pass(const char* call, const std::string& detail = {}) {
     if (calls_) calls_->pass(call, [&] { return detail; });
   }
+  static std::string nameOf(GridDialog::Kind kind) {
+    return "dialog " + std::to_string(static_cast<int>(kind));
+  }
   /// Of a window that is loaded or a report on show; empty for the active window.
   std::string nameOf(const HostObject* owner);
   int hear(const char* call, const ExpectedMessage& heard, const Reserved& reserved);
 
   HostCalls* calls_ = nullptr;
   HostObject* activeWindow_ = nullptr;
-  std::deque<ExpectedWindow> windows_;
-  std::deque<ExpectedReport> reports_;
+  std::deque<Expected<Script>> windows_;
+  std::deque<Expected<ReportScript>> reports_;
+  std::deque<Expected<GridScript>> gridDialogs_;
   std::deque<ExpectedMessage> said_;
   std::deque<std::string> menuChoices_;
   std::vector<PumpAct> pumpActs_;

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "support/TestHost.h"
+#include "support/golden_file.h"
+#include "support/told_rows.h"
 
 namespace autonotify::test {
 
@@ -19,6 +21,15 @@ class HostTest : public testing::Test, public AttachedHost, public TableRows {
   DateTime today() { return clock.today(); }
 
   void closeDatabase() { database.isClosed = true; }
+
+  /// The next message, of a style, "4"; "6?" is a question that is denied, "6!" one that is
+  /// affirmed.
+  void hear(const std::string& style, const std::string& text) {
+    if (style.ends_with('?') || style.ends_with('!'))
+      screen.expectQuestion(text, std::stoi(style), style.ends_with('!'));
+    else
+      screen.expectMessage(text, std::stoi(style));
+  }
 
   /// The calls of the operation during the run, without its name.
   template <class Run>

@@ -11,7 +11,7 @@ class NotedProgress : public ProgressDialog {
  public:
   struct Notes {
     std::string shown;
-    /// The person cancels when this value is to be shown; 0 for never.
+    /// The person cancels once, when this value is to be shown; 0 for never, -1 at the end.
     int cancelAt = 0;
   };
   explicit NotedProgress(Notes& notes) : notes_(notes) {}
@@ -21,15 +21,22 @@ class NotedProgress : public ProgressDialog {
   void put_maximum(int maximum) override { notes_.shown += " of " + std::to_string(maximum) + ":"; }
   int get_value() override { return value_; }
   void put_value(int value) override {
-    if (notes_.cancelAt > 0 && value >= notes_.cancelAt)
-      throw PlatformError(cancelled, "Cancelled");
+    if (notes_.cancelAt > 0 && value >= notes_.cancelAt) cancel();
     notes_.shown += " " + std::to_string(value);
     value_ = value;
   }
-  void show() override { StartProgress(); }
+  void show() override {
+    StartProgress();
+    if (notes_.cancelAt < 0) cancel();
+  }
   void close() override { notes_.shown += " closed"; }
 
  private:
+  void cancel() {
+    notes_.cancelAt = 0;
+    throw PlatformError(cancelled, "Cancelled");
+  }
+
   Notes& notes_;
   int value_ = 0;
 };

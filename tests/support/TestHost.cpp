@@ -3,9 +3,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <map>
-
 #include "host/clients/HostScheduleTreeService.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
@@ -61,7 +58,7 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(FillRows fill) {
 TestHost::TestHost(FillRows fill)
     : plainLocale(testLocale()),
       plainDatabase(databaseWith(fill)),
-      plainClients(*plainDatabase),
+      plainClients(*plainDatabase, [this](bool on) { plainDatabase->readSideBySide(on); }),
       database(*plainDatabase, calls),
       clients(plainClients, calls),
       locale(plainLocale, calls) {

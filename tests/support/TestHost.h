@@ -1,6 +1,5 @@
 #pragma once
 
-#include "contract/PlatformServices.h"
 #include "host/clients/ClientDirectory.h"
 #include "host/database/sqlite/SqliteDatabase.h"
 #include "host/services/ClassRegistry.h"
@@ -11,7 +10,6 @@
 #include "support/NotedProgress.h"
 #include "support/document_files.h"
 #include "support/fixed_clock.h"
-#include "support/host_calls.h"
 #include "support/host_wrappers.h"
 #include "support/scripted_error_class.h"
 #include "support/table_rows.h"

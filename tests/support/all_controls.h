@@ -6,6 +6,7 @@
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DatePicker.h"
 #include "platform/controls/Frame.h"
+#include "platform/controls/Grid.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListBox.h"
 #include "platform/controls/Menu.h"

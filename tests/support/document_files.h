@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <optional>
-#include <utility>
 
 #include "contract/ClientDocumentFolder.h"
 #include "contract/FileSystemObject.h"

@@ -2,9 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <set>
-
 #include "support/golden_file.h"
 
 namespace autonotify::test {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <ostream>
-#include <span>
 
 #include "support/TestHost.h"
 

@@ -5,7 +5,6 @@
 #include <memory>
 #include <tuple>
 #include <type_traits>
-#include <utility>
 
 #include "contract/ProgressDialog.h"
 #include "contract/RichTextUtility.h"
@@ -42,10 +41,11 @@ class Counted : public Interface {
  private:
   template <class Argument>
   static void tell(std::string& told, const Argument& argument) {
-    constexpr bool isPlain = std::is_arithmetic_v<Argument> || std::is_same_v<Argument, DateTime>;
+    constexpr bool isNumber =
+        std::is_arithmetic_v<Argument> && !std::is_same_v<Interface, DatabaseReference>;
     if constexpr (std::is_same_v<Argument, std::string>)
       told += (told.empty() ? "" : "=") + argument;
-    else if constexpr (isPlain && !std::is_same_v<Interface, DatabaseReference>)
+    else if constexpr (isNumber || std::is_same_v<Argument, DateTime>)
       told += (told.empty() ? "" : "=") + toText(argument);
   }
 
@@ -131,6 +131,11 @@ struct CountedClients : Counted<clientDropDownCtrlReference> {
   COUNTED(Id, getMainAddressBookCategoryID, ())
   COUNTED(void, setClientLookupBatch, (bool on), on)
   COUNTED(int, getListOrder, ())
+  COUNTED(std::vector<std::string>, getClientNames, ())
+  COUNTED(std::vector<std::string>, getEmployeeNames, ())
+  COUNTED(ListedClient, getClientFromName, (const std::string& name), name)
+  COUNTED(void, registerPanel, (int key, std::shared_ptr<HostObject> panel), key, panel)
+  COUNTED(std::shared_ptr<HostObject>, getPanel, (int key), key)
 };
 
 struct CountedLocale : Counted<LocaleReference> {
@@ -151,7 +156,9 @@ struct CountedGeneralUtilities : Counted<GeneralUtilities> {
   using Counted::Counted;
   COUNTED(bool, isValueEmpty, (const Value& value), value)
   COUNTED(Value, textOrDefault, (const Value& value, bool flag), value, flag)
+  COUNTED(std::string, toLabelText, (const std::string& text), text)
   COUNTED(int, filterKeyPress, (int key), key)
+  COUNTED(bool, isWholeNumber, (const std::string& text, int least, int most), text, least, most)
   COUNTED(void, fillComboFromList, (Texts texts, ComboBox& combo, bool clear), texts, combo, clear)
   COUNTED(void, selectComboText, (ComboBox & combo, const std::string& text, int r1, int r2), combo,
           text, r1, r2)

@@ -53,11 +53,11 @@ inline std::vector<std::vector<std::string>> rowsOf(const std::string& file,
   return rows;
 }
 
-/// A cell as a number, as a flag ("yes" or "no"), as a moment or as its text.
+/// A cell as a number, as a flag ("yes" or "True"), as a moment or as its text.
 template <class Cell>
 Cell cellAs(const std::string& cell) {
   if constexpr (std::is_same_v<Cell, bool>)
-    return cell == "yes";
+    return cell == "yes" || cell == "True";
   else if constexpr (std::is_same_v<Cell, DateTime>)
     return parseDateTime(cell).value();
   else if constexpr (std::is_same_v<Cell, std::string>)
@@ -66,15 +66,21 @@ Cell cellAs(const std::string& cell) {
     return static_cast<Cell>(std::stol(cell));
 }
 
-/// The rows of a table with the cells of each one as these types.
+/// The first cells of a row as these types.
+template <class... Cells>
+std::tuple<Cells...> cellsAs(const std::vector<std::string>& row) {
+  std::tuple<Cells...> result;
+  auto cell = row.begin();
+  std::apply([&](Cells&... each) { ((each = cellAs<Cells>(*cell++)), ...); }, result);
+  return result;
+}
+
+/// The rows of a table so.
 template <class... Cells>
 std::vector<std::tuple<Cells...>> casesOf(const std::string& file, const std::string& table) {
   std::vector<std::tuple<Cells...>> cases;
-  for (const auto& row : rowsOf(file, table, sizeof...(Cells))) {
-    auto cell = row.begin();
-    const auto read = [&](Cells&... each) { ((each = cellAs<Cells>(*cell++)), ...); };
-    std::apply(read, cases.emplace_back());
-  }
+  for (const auto& row : rowsOf(file, table, sizeof...(Cells)))
+    cases.push_back(cellsAs<Cells...>(row));
   return cases;
 }
 

@@ -2,7 +2,6 @@
 
 #include "settings/modUserSettings.h"
 #include "support/HostTest.h"
-#include "support/told_rows.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardFax.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
@@ -21,12 +20,16 @@ constexpr Make fax = make<frmSendNotificationWizardFax>;
 constexpr Make letter = make<frmSendNotificationWizardLetter>;
 constexpr Make phone = make<frmSendNotificationWizardPhone>;
 
-/// Runs the initializer of the mode; a blank send is to the company.
+inline void cancel(WindowInUse& window) {
+  window.click("cmdCancel");
+}
+
+/// Runs the initializer of the mode; a blank send is to the company or the contact.
 inline void openComposer(NotificationComposer& composer, ComposerPurpose purpose, Id row,
-                         Id entry = noId, Id company = noId) {
+                         Id entry = noId, Id company = noId, Id contact = noId) {
   if (purpose.mode == ComposerMode::blankSend) {
     auto& blank = dynamic_cast<DocumentComposer&>(composer);
-    return blank.InitializeBlankSend(purpose.type, company, noId, purpose.kind);
+    return blank.InitializeBlankSend(purpose.type, company, contact, purpose.kind);
   }
   // In the order of the modes.
   constexpr auto initializers = std::to_array<decltype(&NotificationComposer::InitializeNotifyNow)>(
@@ -46,7 +49,7 @@ struct ComposerOffice {
     addAllTold(rows, "../wizards/composer_office.txt", "office");
   }
 
-  Id company = 1, entry = 1, row = 1;
+  Id company = 1, blankContact = noId, entry = 1, row = 1;
 };
 
 class ComposerTest : public HostTest, public ComposerOffice {
@@ -71,7 +74,7 @@ class ComposerTest : public HostTest, public ComposerOffice {
   Result use(NotificationComposer& composer, ComposerPurpose purpose,
              HeadlessPerson::Script script) {
     screen.expectWindow(composer.name(), std::move(script));
-    openComposer(composer, purpose, row, entry, company);
+    openComposer(composer, purpose, row, entry, company, blankContact);
     const Result result{composer.cancelFlag(), composer.SendSuccessfulFlag()};
     composer.unload();
     return result;

@@ -1,103 +1,71 @@
 #include "ComposerTest.h"
 #include "support/fault_walk.h"
+#include "support/window_script.h"
 
 namespace autonotify::test {
 namespace {
 
-using testing::ElementsAre;
-
-constexpr const char* noAddress =
-    "There is no email address entered for this notification.  Do you want to continue anyway?";
-
 void finish(WindowInUse& window) {
   EXPECT_TRUE(window.click("cmdFinish"));
 }
-void cancel(WindowInUse& window) {
-  EXPECT_TRUE(window.click("cmdCancel"));
-}
 
-TEST_F(ComposerTest, FieldsShowTheRowAndTheListsItsClient) {
-  linkDefaultContact(addRow("Contacts", {{"DisplayName", "Ann"}, {"BusinessEmail", "ann@birch"}}),
-                     company);
-  compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-    EXPECT_EQ(window.form().caption(), "Send Notification (Email)");
-    EXPECT_EQ(window.focus(), "cboTo");
-    EXPECT_EQ(window.read("cboTo"), "ann@birch");
-    EXPECT_EQ(window.read("cboCc"), "");
-    EXPECT_EQ(window.read("txtSubject"), "Your GST Return");
-    EXPECT_EQ(window.read("txtNotificationField"), "Thursday, April 23, 2026");
-    EXPECT_EQ(window.read("dtpNotification"), "2026-04-23");
-    for (const char* list : {"cboTo", "cboCc", "cboBcc"}) {
-      EXPECT_THAT(window.entries(list), testing::IsSupersetOf({"office@birch", "ann@birch"}));
+class ComposerScripts : public ComposerTest, public testing::WithParamInterface<ToldAct> {
+ protected:
+  /// In a window, where one is open. An act that goes through gives nothing.
+  std::string outcome(WindowInUse* window, const ToldAct& told) {
+    const std::string &about = told[1], &text = told[2];
+    const std::string newest =
+        " FROM ClientNotification ORDER BY ClientNotificationID DESC LIMIT 1";
+    const std::map<std::string, std::function<std::string()>> acts = {
+        {"sql", [&] { return execute(about), ""; }},
+        {"shut", [&] { return closeDatabase(), ""; }},
+        {"mail fails", [&] { return mailProgram.sends = false, ""; }},
+        {"go on after a failure", [&] { return errors.answer({error_choice::next}), ""; }},
+        {"hear", [&] { return hear(about, text), ""; }},
+        {"client", [&] { return company = std::stoi(about), blankContact = std::stoi(text), ""; }},
+        {"newest", [&] { return dump("SELECT " + about + newest); }},
+        {"row", [&] { return notification(row, about); }},
+        {"channels", [&] { return channelBits(); }},
+        {"mailed", [&] { return testing::PrintToString(std::exchange(mailProgram.calls, {})); }},
+        {"yields", [&] { return toText(screen.pumps() - std::exchange(pumps_, screen.pumps())); }}};
+    const auto found = acts.find(told[0]);
+    return found == acts.end() ? outcomeIn(*window, told) : found->second();
+  }
+  void expectOutcome(WindowInUse* window, const ToldAct& told) {
+    EXPECT_EQ(outcome(window, told), told[3]) << told[0] + " " + told[1] + " " + told[2];
+  }
+
+ private:
+  int pumps_ = 0;
+};
+
+TEST_P(ComposerScripts, GiveWhatTheyTell) {
+  const std::map<std::string, Make> composers = {
+      {"email", email}, {"fax", fax}, {"letter", letter}, {"phone", phone}};
+  const std::map<std::string, ComposerPurpose> purposes = {
+      {"blank", {ComposerMode::blankSend}},
+      {"arm", {ComposerMode::newAuto}},
+      {"edit", {ComposerMode::editAuto}},
+      {"edit for a time entry", {ComposerMode::editAuto, appointmentNotification, Dockets}},
+      {"send", {ComposerMode::sendAuto}},
+      {"send now", {ComposerMode::notifyNow}}};
+  const std::vector<ToldAct> script = rowsOf("composer_scripts.txt", GetParam()[0], 4);
+  for (auto told = script.begin(); told != script.end(); ++told) {
+    if (told->at(0) != "open") {
+      expectOutcome(nullptr, *told);
+      continue;
     }
-    EXPECT_FALSE(window.sees("lblScheduled"));
-    EXPECT_TRUE(window.canUse("cmdRefreshComment"));
-    window.choose("cboCc", "office@birch");
-    window.type("txtSubject", "Soon");
-    window.type("cboTo", "");
-    finish(window);
-  });
-  EXPECT_EQ(column("Field1") + "|" + column("Field2") + "|" + column("Field4"),
-            "ann@birch|office@birch|Soon")
-      << "a field that was cleared keeps its column";
-  closeDatabase();
-  compose(ComposerMode::editAuto, [](WindowInUse& window) {
-    EXPECT_EQ(window.read("cboTo"), "");
-    cancel(window);
-  });
-}
-
-TEST_F(ComposerTest, SentRowIsLockedForEditingAlone) {
-  execute("UPDATE ClientNotification SET NotificationSent = 1");
-  compose(ComposerMode::editAuto, [](WindowInUse& window) {
-    EXPECT_TRUE(window.sees("lblScheduled"));
-    EXPECT_EQ(window.read("lblScheduled"), "This notification has already been sent");
-    cancel(window);
-  });
-  addRow("ClientNotification", {{"SentTime", "2026-04-02 14:05:00"}});
-  execute(
-      "UPDATE ClientNotification SET SentTime = (SELECT max(SentTime) FROM ClientNotification)");
-  compose(ComposerMode::sendAuto, [](WindowInUse& window) {
-    EXPECT_EQ(window.read("lblScheduled"),
-              "This notification has already been sent on Thursday, April 2, 2026 at 2:05 pm");
-    EXPECT_TRUE(window.canUse("cboTo"));
-    EXPECT_FALSE(window.sees("txtNotificationField"));
-    finish(window);
-  });
-}
-
-TEST_F(ComposerTest, MessageGoesOutInTheOrderOfTheContract) {
-  compose(ComposerMode::sendAuto, [](WindowInUse& window) {
-    window.type("cboBcc", "file@firm");
-    finish(window);
-  });
-  EXPECT_THAT(
-      mailProgram.calls,
-      ElementsAre("errorClass=set", "MsgboxClass=set", "locale=set", "database=set", "folder=set",
-                  "to=ann@birch", "cc=", "bcc=file@firm", "subject=Your GST Return",
-                  testing::StartsWith("body=Your return is due."), "send="));
-}
-
-TEST_F(ComposerTest, MissingAddressIsAskedAbout) {
-  for (const auto& [mode, yes, yields] : {std::tuple{ComposerMode::sendAuto, false, 0},
-                                          {ComposerMode::sendAuto, true, 4},
-                                          {ComposerMode::notifyNow, true, 6}}) {
-    execute("UPDATE ClientNotification SET Field1 = NULL");
-    mailProgram.calls.clear();
-    const int before = screen.pumps();
-    const Result result = compose(mode, [&, yes = yes](WindowInUse& window) {
-      window.type("cboCc", "someone@birch");
-      screen.expectQuestion(noAddress, message_style::notice, yes);
-      finish(window);
-      EXPECT_EQ(window.form().isVisible(), !yes);
-      EXPECT_EQ(column("Field2"), "someone@birch") << "stored before the question";
-      if (!yes) cancel(window);
-    });
-    EXPECT_EQ(result.sendSuccessfulFlag, yes);
-    EXPECT_EQ(screen.pumps() - before, yields);
-    EXPECT_EQ(mailProgram.calls.empty(), !yes);
+    const auto act = [&](WindowInUse& window) {
+      while ((++told)->at(0) != "done") expectOutcome(&window, *told);
+    };
+    const auto [isCancelled, isSent] =
+        compose(composers.at(told->at(1)), purposes.at(told->at(2)), act);
+    EXPECT_EQ(isCancelled ? "cancelled" : isSent ? "sent" : "", told->at(3));
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Composers, ComposerScripts,
+                         testing::ValuesIn(rowsOf("composer_scripts.txt", "scripts", 1)));
 
 TEST_F(ComposerTest, MessageSentNowIsMarkedBeforeItsRowGoes) {
   const auto written = columnsWrittenBy([&] { compose(ComposerMode::notifyNow, finish); });
@@ -114,13 +82,6 @@ TEST_F(ComposerTest, MessageSentNowIsMarkedBeforeItsRowGoes) {
   EXPECT_THAT(columnsWrittenBy([&] { compose(ComposerMode::notifyNow, finishWithoutClock); }),
               testing::IsSupersetOf({"NotificationSent=True", "SentByUserIDNum=7"}));
   EXPECT_THAT(calls.log(), testing::Not(testing::Contains(testing::HasSubstr("SentTime="))));
-}
-
-TEST_F(ComposerTest, FailedSendShowsTheProgramsWordsAndCloses) {
-  mailProgram.sends = false;
-  screen.expectMessage("The mail program is closed.", message_style::notice);
-  EXPECT_EQ(compose(ComposerMode::notifyNow, finish), (Result{false, false}));
-  EXPECT_FALSE(rowExists());
 }
 
 TEST_F(ComposerTest, ArmingIsConfirmedWhenThePersonWantsIt) {
@@ -181,50 +142,6 @@ TEST_F(ComposerTest, DateThatIsMissingIsNotMadeUp) {
   });
   openComposer(opened, {ComposerMode::editAuto}, row);
   EXPECT_EQ(column("NotificationDate"), "");
-
-  for (const Make channel : {email, fax, letter, phone}) {
-    execute("UPDATE ClientNotification SET NotificationDate = NULL");
-    execute("UPDATE Schedule SET notifyType = 0");
-    errors.answer({error_choice::next});
-    compose(channel, {ComposerMode::newAuto}, [&](WindowInUse& window) {
-      screen.expectMessage("You must enter a valid notification date.",
-                           message_style::valueRefused);
-      finish(window);
-      EXPECT_EQ(channelBits(), "0") << "armed for no day";
-      window.type("txtNotificationField", "Apr 24 2026");
-      finish(window);
-    });
-    EXPECT_EQ(column("NotificationDate"), "2026-04-24");
-  }
-}
-
-TEST_F(ComposerTest, RefreshedTextIsStoredAtOnce) {
-  const auto refresh = [&](WindowInUse& window, bool yes) {
-    screen.expectQuestion(
-        "Are you sure you want to refresh this comment?  This will replace the existing text.",
-        message_style::batchNotice, yes);
-    window.click("cmdRefreshComment");
-  };
-  for (const bool yes : {false, true}) {
-    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-      window.type("txtSubject", "not stored");
-      refresh(window, yes);
-      cancel(window);
-    });
-    EXPECT_EQ(column("Memo").find("Please file your return.") != std::string::npos, yes);
-  }
-  EXPECT_EQ(column("Field4"), "Your GST Return");
-  // The item's text is sought under the notification's number, as one of an appointment.
-  addAllTold(*this, "composer_office.txt", "appointment of the row's number");
-  compose({ComposerMode::editAuto, appointmentNotification, Dockets}, [&](WindowInUse& window) {
-    refresh(window, true);
-    EXPECT_NE(window.read("rtbText").find("This appointment is regarding Year end."),
-              std::string::npos);
-    window.type("txtSubject", "Our meeting");
-    finish(window);
-  });
-  EXPECT_EQ(column("Field4"), "Our meeting");
-  EXPECT_NE(column("Memo").find("Year end."), std::string::npos);
 }
 
 TEST_F(ComposerTest, InitializersSurviveEveryFault) {
@@ -250,71 +167,6 @@ TEST_F(ComposerTest, InitializersSurviveEveryFault) {
     };
     walkFaults({.run = run, .defaultResult = "not sent"},
                {[](TableRows rows) { ComposerOffice{rows}; }});
-  }
-}
-
-constexpr const char* weekend =
-    "This date falls on a weekend.  Would you like Morvane to adjust this date to the previous "
-    "Friday instead?";
-constexpr DateTime saturday = DateTime::of(2026, 4, 18);
-
-TEST_F(ComposerTest, TypedDatesAreTakenMovedOrRefused) {
-  addHoliday(DateTime::of(2026, 5, 1));
-  enum class Question { none, yes, no };
-  const std::tuple<const char*, Question, const char*, const char*> cases[] = {
-      {"Apr 17 2026", Question::none, "Friday, April 17, 2026", "2026-04-17"},
-      {"4/18/2026", Question::yes, "Friday, April 17, 2026", "2026-04-17"},
-      {"4/19/2026", Question::no, "Sunday, April 19, 2026", "2026-04-19"},
-      {"May 2 2026", Question::yes, "Thursday, April 30, 2026", "2026-04-30"}};
-  for (const auto& [typed, question, text, stored] : cases) {
-    SCOPED_TRACE(typed);
-    compose(ComposerMode::editAuto, [&, typed = typed, question = question,
-                                     text = text](WindowInUse& window) {
-      window.type("txtNotificationField", typed);
-      if (question != Question::none)
-        screen.expectQuestion(weekend, message_style::alreadySent, question == Question::yes);
-      window.tabTo("cmdFinish");
-      EXPECT_EQ(window.read("txtNotificationField"), text);
-      if (question == Question::no) {
-        screen.expectQuestion(weekend, message_style::alreadySent, false);
-        window.tabTo("txtNotificationField");
-      }
-      window.click("cmdFinish");
-    });
-    EXPECT_EQ(column("NotificationDate"), stored);
-  }
-}
-
-TEST_F(ComposerTest, TextThatIsNoDateIsRefusedAndTheFocusStays) {
-  const auto refuse = [&](WindowInUse& window, const char* restored) {
-    window.type("txtNotificationField", "someday");
-    screen.expectMessage("You must enter a valid notification date.", message_style::valueRefused);
-    EXPECT_FALSE(window.click("cmdFinish"));
-    EXPECT_EQ(window.focus(), "txtNotificationField");
-    EXPECT_EQ(window.read("txtNotificationField"), restored);
-  };
-  compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-    refuse(window, "");
-    window.type("txtNotificationField", "Apr 21 2026");
-    window.tabTo("cboTo");
-    refuse(window, "Tuesday, April 21, 2026");
-    window.click("cmdCancel");
-  });
-  EXPECT_EQ(column("NotificationDate"), "2026-04-23");
-}
-
-TEST_F(ComposerTest, PickedDateGoesThroughTheTextField) {
-  for (const bool yes : {true, false}) {
-    compose(ComposerMode::editAuto, [&](WindowInUse& window) {
-      screen.expectQuestion(weekend, message_style::alreadySent, yes);
-      window.pickDate("dtpNotification", saturday);
-      EXPECT_EQ(window.focus(), "txtNotificationField");
-      EXPECT_EQ(window.read("txtNotificationField"),
-                yes ? "Friday, April 17, 2026" : "Saturday, April 18, 2026");
-      if (!yes) screen.expectQuestion(weekend, message_style::alreadySent, false);
-      window.click("cmdFinish");
-    });
-    EXPECT_EQ(column("NotificationDate"), yes ? "2026-04-17" : "2026-04-18");
   }
 }
 

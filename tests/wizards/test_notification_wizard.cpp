@@ -11,9 +11,10 @@ using Initialize = void (Wizard::*)(enumAutoNotifyClientType, Id);
 constexpr Initialize now = &Wizard::InitializeNotifyNow;
 constexpr Initialize automatic = &Wizard::InitializeAutoNotify;
 
+constexpr const char* cases = "wizard_cases.txt";
 constexpr const char* channelNames[] = {"Email", "Fax", "Letter", "Phone"};
 
-std::string at(const std::string& control, std::size_t channel) {
+std::string controlOf(const std::string& control, std::size_t channel) {
   return control == "edit" ? control + channelNames[channel]
                            : control + "(" + std::to_string(channel) + ")";
 }
@@ -57,32 +58,25 @@ class WizardTest : public ComposerTest {
 };
 
 TEST_F(WizardTest, ShowsWhomItIsAboutAndTheChannelsOfTheEntry) {
-  const std::string start = "This wizard will allow you to ";
-  const std::string setup = start + "setup an automatic notification for ";
-  const Id contact = addRow("Contacts", {{"DisplayName", "Cara Holm"}});
-  const std::tuple<Initialize, int, Id, std::string> cases[] = {
-      {now, 2, contact, start + "notify Birch Ltd. regarding their GST Return."},
-      {now, 1, noId, start + "notify for client of their GST Return."},
-      {now, 3, contact, start + "notify for client of their GST Return."},
-      {automatic, 2, noId, setup + "Birch Ltd. regarding their GST Return."},
-      {automatic, 4, contact, setup + "this client's GST Return."},
-      {automatic, 1, contact, setup + "Cara Holm regarding their GST Return."}};
+  ASSERT_EQ(addRow("Contacts", {{"DisplayName", "Cara Holm"}}), 1);
   calls.record(true);
-  for (const auto& [open, client, contactID, text] : cases) {
+  for (const auto& [nowOrNot, client, contactID, text] :
+       casesOf<bool, int, Id, std::string>(cases, "whom it is about")) {
     const unsigned bits = client == 4 ? 5 : client == 2 ? 10 : 0;
     // 260 is too large for a set of bits: the person is told, and no channel is ticked.
     if (bits == 0) errors.answer({error_choice::next});
     execute("UPDATE Schedule SET notifyType=" + std::to_string(bits == 0 ? 260 : bits) +
             ", ContactIDNum=" + std::to_string(contactID));
     Wizard wizard;
-    EXPECT_TRUE(use(wizard, open, client, [&, isNow = open == now, text = text](auto& window) {
-      EXPECT_EQ(window.read("Label2"), text);
+    const auto open = nowOrNot ? now : automatic;
+    EXPECT_TRUE(use(wizard, open, client, [&, isNow = nowOrNot, text = text](auto& window) {
+      EXPECT_EQ(window.read("Label2"), "This wizard will allow you to " + text);
       for (std::size_t i = 0; i < 4; ++i) {
         const bool isTicked = !isNow && (bits >> i & 1);
-        EXPECT_EQ(window.sees(at("chkNotify", i)), isNow);
-        EXPECT_EQ(window.sees(at("chkAutoNotify", i)), !isNow);
-        EXPECT_EQ(window.read(at("chkAutoNotify", i)), isTicked ? "yes" : "no");
-        EXPECT_EQ(window.sees(at("edit", i)), isTicked);
+        EXPECT_EQ(window.sees(controlOf("chkNotify", i)), isNow);
+        EXPECT_EQ(window.sees(controlOf("chkAutoNotify", i)), !isNow);
+        EXPECT_EQ(window.read(controlOf("chkAutoNotify", i)), isTicked ? "yes" : "no");
+        EXPECT_EQ(window.sees(controlOf("edit", i)), isTicked);
       }
       EXPECT_EQ(screen.pointer(), Pointer::standard);
       window.click("cmdCancel");
@@ -101,57 +95,44 @@ TEST_F(WizardTest, ShowsWhomItIsAboutAndTheChannelsOfTheEntry) {
 }
 
 TEST_F(WizardTest, ClicksOnChannelsDoWhatTheySay) {
-  enum Question { none, yes, no };
-  struct Case {
-    Initialize open;
-    bool isArmed;
-    const char* click;
-    Question question;
-    const char* inComposer;  ///< null: there is none, and the window stays
-    const char* after;       ///< rows and pointer when it yields; rows, whether armed, cancelled
-  };
-  const Case cases[] = {
-      {now, false, "chkNotify", none, "cmdCancel", "0 busy 0 no cancelled"},
-      {automatic, false, "chkAutoNotify", none, "cmdFinish", "1 busy 1 armed"},
-      {automatic, false, "chkAutoNotify", none, "cmdCancel", "1 busy 0 no cancelled"},
-      {automatic, true, "edit", none, "cmdCancel", "1 free 1 armed cancelled"},
-      {automatic, true, "edit", none, "cmdFinish", "1 free 1 armed"},
-      {automatic, true, "chkAutoNotify", none, nullptr, "0 no cancelled"},
-      {automatic, true, "chkAutoNotify", yes, nullptr, "0 no cancelled"},
-      {automatic, true, "chkAutoNotify", no, "cmdFinish", "2 busy 2 armed"}};
   const std::string entryText = std::to_string(entry);
-  for (const Case& each : cases) {
-    if (each.question == yes)
+  // Whether at once and whether armed before, the click, the answer to a question, the button in
+  // the composer (none: the window stays); rows and pointer when it yields; rows, if armed,
+  // cancelled.
+  for (const auto& row : rowsOf(cases, "clicks on channels", 6)) {
+    const bool isNow = row[0] == "now", isArmed = row[1] == "armed";
+    const std::string &click = row[2], &answer = row[3], &inComposer = row[4];
+    if (answer == "yes")
       execute("UPDATE UserGeneralSettings SET WarningMessagesCancelAutoNotificationWarning=1");
     for (std::size_t i = 0; i < 4; ++i) {
-      SCOPED_TRACE(each.after + at(each.click, i));
+      SCOPED_TRACE(row[5] + controlOf(click, i));
       const std::string bit = std::to_string(1 << i);
       execute("DELETE FROM ClientNotification");
-      execute("UPDATE Schedule SET notifyType=" + (each.isArmed ? bit : "0"));
-      if (each.isArmed) addNotification(entry, 1 << i, notifyDate);
+      execute("UPDATE Schedule SET notifyType=" + (isArmed ? bit : "0"));
+      if (isArmed) addNotification(entry, 1 << i, notifyDate);
       std::string after;
       Wizard wizard;
-      const bool cancelled = use(wizard, each.open, 2, [&](WindowInUse& window) {
-        if (each.question != none)
+      const bool cancelled = use(wizard, isNow ? now : automatic, 2, [&](WindowInUse& window) {
+        if (!answer.empty())
           screen.expectQuestion("Are you sure you want to cancel this automatic notification?",
-                                message_style::valueRefused, each.question == yes, wizard.name());
-        if (each.inComposer) {
+                                message_style::valueRefused, answer == "yes", wizard.name());
+        if (!inComposer.empty()) {
           screen.duringPump(1, [&] {
             EXPECT_FALSE(wizard.isVisible());
             after = std::to_string(notificationCount()) +
                     (screen.pointer() == Pointer::busy ? " busy " : " free ");
           });
-          expectComposer(i, 2, each.open == now, "NotificationType, ScheduleIDNum",
-                         bit + "|" + entryText + "|\n", each.inComposer);
+          expectComposer(i, 2, isNow, "NotificationType, ScheduleIDNum",
+                         bit + "|" + entryText + "|\n", inComposer);
         }
-        window.click(at(each.click, i));
-        EXPECT_EQ(wizard.isVisible(), !each.inComposer);
-        if (each.inComposer) return;
-        EXPECT_FALSE(window.sees(at("edit", i)));
+        window.click(controlOf(click, i));
+        EXPECT_EQ(wizard.isVisible(), inComposer.empty());
+        if (!inComposer.empty()) return;
+        EXPECT_FALSE(window.sees(controlOf("edit", i)));
         window.click("cmdCancel");
       });
       after += std::to_string(notificationCount()) + (channelBits() == bit ? " armed" : " no");
-      EXPECT_EQ(after + (cancelled ? " cancelled" : ""), each.after);
+      EXPECT_EQ(after + (cancelled ? " cancelled" : ""), row[5]);
     }
   }
 }
@@ -181,50 +162,39 @@ TEST_F(WizardTest, TemplateIsForAdministratorsWhereTheFirmsOwnRulesHold) {
 
 TEST_F(WizardTest, ItemIsNotifiedByTheChannelThatIsTicked) {
   const std::string sentence = "This wizard will allow you to quickly send a notification to ";
-  const Id contact = addRow("Contacts", {{"DisplayName", "Cara Holm"}});
-  const Id unlisted = addRow("Companies", {{"CompanyName", "Elm"}});
-  struct Case {
-    int kind;
-    const char *table, *link;
-    Id company, contact;
-    const char* client;
-    int offered;
-    std::vector<int> clicks;
-    std::size_t composer;  ///< 3: none opens
-  };
-  const Case cases[] = {{3, "Appointments", "ApptIDNum", company, contact, "Cara Holm", 1, {}, 0},
-                        {13, "Dockets", "DocketIDNum", company, noId, "Birch Ltd.", 4, {1}, 1},
-                        {3, "Appointments", "ApptIDNum", unlisted, 99, "this client", 8, {2}, 2},
-                        {5, "Tasks", "TaskIDNum", company, noId, "Birch Ltd.", 2, {1}, 3}};
+  ASSERT_EQ(addRow("Contacts", {{"DisplayName", "Cara Holm"}}), 1);
+  ASSERT_EQ(addRow("Companies", {{"CompanyName", "Elm"}}), 2) << "which is no client";
   calls.record(true);
-  for (const Case& each : cases) {
-    const Id item = addRow(each.table, {{"CompanyIDNum", each.company},
-                                        {"ContactIDNum", each.contact},
-                                        {"DateFrom", notifyDate},
-                                        {"TimeFrom", notifyDate},
-                                        {"TimeTo", notifyDate}});
-    EXPECT_TRUE(useItem(each.kind, item, each.offered, [&](WindowInUse& window) {
-      EXPECT_EQ(window.read("Label2"), sentence + each.client);
-      for (const int box : each.clicks)
-        window.click(at("chkNotify", static_cast<std::size_t>(box)));
+  // The kind, table and link of an item, its company and contact, whom the window names, the
+  // channel that it offers, the box that is clicked, and the composer that opens; 3: none.
+  for (const auto& row : rowsOf(cases, "channels of items", 9)) {
+    const int kind = std::stoi(row[0]);
+    const auto composer = static_cast<std::size_t>(std::stoi(row[8]));
+    const Id item = addRow(row[1], {{"CompanyIDNum", row[3]},
+                                    {"ContactIDNum", row[4]},
+                                    {"DateFrom", notifyDate},
+                                    {"TimeFrom", notifyDate},
+                                    {"TimeTo", notifyDate}});
+    EXPECT_TRUE(useItem(kind, item, std::stoi(row[6]), [&](WindowInUse& window) {
+      EXPECT_EQ(window.read("Label2"), sentence + row[5]);
+      if (!row[7].empty()) window.click("chkNotify(" + row[7] + ")");
       const int rows = notificationCount();
-      errors.answerRest(error_choice::next, each.composer < 3);
+      errors.answerRest(error_choice::next, composer < 3);
       references().platform.clock = nullptr;
       window.click("cmdFinish");
       references().platform.clock = &clock;
       EXPECT_TRUE(window.form().isVisible() && notificationCount() == rows) << "of no day";
-      if (each.composer < 3)
-        expectComposer(each.composer, 0, true,
-                       std::string("NotificationType, NotificationDate, ") + each.link,
-                       std::to_string(1 << each.composer) + "|" + toText(today()) + "|" +
+      if (composer < 3)
+        expectComposer(composer, 0, true, "NotificationType, NotificationDate, " + row[2],
+                       std::to_string(1 << composer) + "|" + toText(today()) + "|" +
                            std::to_string(item) + "|\n",
                        "cmdCancel");
       window.click("cmdFinish");
-      EXPECT_EQ(window.form().isVisible(), each.composer == 3);
-      if (each.composer == 3) window.click("cmdCancel");
+      EXPECT_EQ(window.form().isVisible(), composer == 3);
+      if (composer == 3) window.click("cmdCancel");
     }));
-    for (const auto& [kind, id] : {std::pair{each.kind, item + 1}, {each.kind, 0}, {4, item}})
-      EXPECT_EQ(useItem(kind, id, 1,
+    for (const auto& [ofKind, id] : {std::pair{kind, item + 1}, {kind, 0}, {4, item}})
+      EXPECT_EQ(useItem(ofKind, id, 1,
                         [](WindowInUse& window) {
                           EXPECT_EQ(window.form().find("Label2")->caption(), "");
                           window.closeBox();

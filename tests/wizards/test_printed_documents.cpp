@@ -1,9 +1,8 @@
+#include <span>
+
 #include "ComposerTest.h"
 #include "platform/rich_text.h"
-#include "platform/text.h"
-#include "store/modNotificationLinks.h"
 #include "support/fault_walk.h"
-#include "support/golden_file.h"
 #include "wizards/documents/drFax.h"
 #include "wizards/documents/drLetter.h"
 
@@ -12,7 +11,7 @@ namespace {
 
 constexpr Id row = 1, company = 1, contact = 3;
 
-void fillOffice(TableRows rows) {
+void fillPrintingOffice(TableRows rows) {
   const ComposerOffice office(rows);
   while (rows.addRow("Contacts", {{"DisplayName", "Cara Holm"}}) < contact) continue;
   rows.addNamedByColumn("AccountantFirmInfo", {"CompanyName", "Address", "City", "Province",
@@ -47,53 +46,29 @@ void fileEarlier(const TemporaryFolder& documents) {
   writeFile(folder + "Letter - Apr 15 2026.mvw", "the letter before");
 }
 
-struct Case {
-  const char* name;
-  Id companyID = company, contactID = noId;
-  const char* sql = "";
-  int failedJob = 0, failures = 0;
-  Id id = row;
-  bool deletes = false, isClosed = false;
-  countryCode country = countryCanada;
-  const char* list = nullptr;  ///< opened beside composers: "shown" or "hidden"
-};
-
 constexpr int breaksOff = -1;
 
-const Case cases[] = {
-    {.name = "of a company"},
-    {.name = "of a contact, with one of the day", .contactID = contact},
-    {.name = "of nobody who is listed", .companyID = 77, .contactID = 78},
-    {.name = "of a contact without a folder",
-     .contactID = TestDocumentFolder::firstWithout,
-     .sql = "UPDATE Contacts SET ContactID=100 WHERE ContactID=3",
-     .failures = 3},
-    {.name = "with marks and braces",
-     .sql =
-         "UPDATE ClientNotification SET Field1='«Text» \\''ab', Field2='\\{x}', Field6='«Date»', "
-         "Field4='Жук 你好 😀', Memo='{\\rtf1 one\\par two \\u171?Date\\u187? \\{\\''e9\\}}'"},
-    {.name = "without texts and firm",
-     .sql = "DELETE FROM AccountantFirmInfo; "
-            "UPDATE ClientNotification SET Memo=NULL, Field1=NULL"},
-    {.name = "whose row goes with it", .companyID = noId, .failures = 3, .deletes = true},
-    {.name = "with an id below 0",
-     .sql = "UPDATE ClientNotification SET ClientNotificationID=-7",
-     .id = -7,
-     .deletes = true},
-    {.name = "without a row", .id = 99},
-    {.name = "with the database closed", .isClosed = true},
-    {.name = "that cannot be printed", .failedJob = report_job::printing},
-    {.name = "that cannot be exported", .failedJob = report_job::exporting},
-    {.name = "that fails otherwise", .failedJob = 3},
-    {.name = "whose preview breaks off", .failedJob = breaksOff, .failures = 1},
-    {.name = "of a firm in the United States", .country = countryUnitedStates},
-    {.name = "from the list", .companyID = noId, .failures = 3, .list = "shown"},
-    {.name = "from a list that is hidden", .list = "hidden"},
+/// A line of printed_cases.txt: its name, and what differs from the usual as "what=text".
+struct Case {
+  explicit Case(const std::vector<std::string>& cells) : name(cells[0]) {
+    for (const std::string& cell : std::span(cells).subspan(1))
+      told[cell.substr(0, cell.find('='))] = cell.substr(cell.find('=') + 1);
+  }
+  std::string text(const std::string& what) const {
+    return told.contains(what) ? told.at(what) : "";
+  }
+  int number(const std::string& what, int otherwise = 0) const {
+    return told.contains(what) ? std::stoi(told.at(what)) : otherwise;
+  }
+
+  std::string name;
+  std::map<std::string, std::string> told = {};
 };
 
 void print(const std::string& report, const Case& each) {
   const auto initialize = [&](DocumentReport& document) {
-    document.Initialize(each.id, each.deletes, each.companyID, each.contactID);
+    document.Initialize(each.number("id", row), each.number("deletes") != 0,
+                        each.number("company", company), each.number("contact", noId));
   };
   report == "drFax" ? initialize(*std::make_unique<drFax>())
                     : initialize(*std::make_unique<drLetter>());
@@ -117,7 +92,7 @@ void printFromList(AttachedHost& host, const char* report, const Case& each, std
   const OpenComposer fax(host.screen, "FRMSENDNOTIFICATIONWIZARDFAX");
   const OpenComposer letter(host.screen, "FRMSENDNOTIFICATIONWIZARDLETTER");
   Form list(host.screen, "FRMAUTONOTIFYLIST");
-  const bool isShown = each.list == std::string("shown");
+  const bool isShown = each.text("list") == "shown";
   host.screen.expectWindow(list.name(), [&](WindowInUse&) {
     if (isShown) print(report, each);
     list.hide();
@@ -129,26 +104,27 @@ void printFromList(AttachedHost& host, const char* report, const Case& each, std
 /// What the person sees, what the host is asked from then on (of the first case, from the start),
 /// and what is left.
 std::string tell(const Case& each, const char* report) {
-  AttachedHost host(fillOffice);
+  AttachedHost host(fillPrintingOffice);
   fileEarlier(host.documents);
-  host.plainDatabase->connection().exec(each.sql);
-  host.database.isClosed = each.isClosed;
-  host.plainLocale.settings().country = each.country;
-  host.errors.answerRest(error_choice::next, each.failures);
+  host.plainDatabase->connection().exec(each.text("sql"));
+  host.database.isClosed = each.number("closed") != 0;
+  host.plainLocale.settings().country = countryCode{each.number("country", countryCanada)};
+  const int failedJob = each.number("failed job"), failures = each.number("failures");
+  host.errors.answerRest(error_choice::next, failures);
   std::string told = "\n[" + std::string(report) + " " + each.name + "]";
-  const bool isShown = each.id != 99 && !each.isClosed;
-  if (isShown)
-    host.screen.expectReport(report, [&](auto& shown) { use(shown, each.failedJob, told); });
-  if (each.id == 99)
+  const bool isMissing = each.number("id") == 99;
+  const bool isShown = !isMissing && !host.database.isClosed;
+  if (isShown) host.screen.expectReport(report, [&](auto& shown) { use(shown, failedJob, told); });
+  if (isMissing)
     host.screen.expectMessage("There are no records to view for this report",
                               message_style::warning);
-  if (each.failedJob == report_job::printing || each.failedJob == report_job::exporting)
+  if (failedJob == report_job::printing || failedJob == report_job::exporting)
     host.screen.expectMessage(
         "There was an error printing this report.\r\n\r\nError #:482\r\n\r\nError:No printer.",
         message_style::reportError, report);
   host.calls.record(true);
-  each.list ? printFromList(host, report, each, told) : print(report, each);
-  bool isTold = &each == cases || !isShown;
+  each.told.contains("list") ? printFromList(host, report, each, told) : print(report, each);
+  bool isTold = each.told.empty() || !isShown;
   for (const std::string& call : host.calls.log()) {
     isTold = isTold || call.starts_with("showReport");
     if (isTold) told += "\n" + call;
@@ -156,7 +132,7 @@ std::string tell(const Case& each, const char* report) {
   for (const auto& error : host.errors.recorded())
     told += "\nerror " + toText(error.number) + " in " + error.tag;
   host.screen.finish();
-  EXPECT_EQ(host.errors.dialogs(), each.failures);
+  EXPECT_EQ(host.errors.dialogs(), failures);
   told += "\nrows " + toText(host.notificationCount()) + "\n" + filesOf(host.documents.path());
   return replaceAll(replaceAll(told, host.documents.path().string(), "DOCUMENTS"), earlier, "");
 }
@@ -164,7 +140,8 @@ std::string tell(const Case& each, const char* report) {
 TEST(PrintedDocuments, AreSeenAndFiledAsTheyWere) {
   std::string told;
   for (const char* report : {"drFax", "drLetter"})
-    for (const Case& each : cases) told += tell(each, report);
+    for (const auto& cells : rowsOf("printed_cases.txt", "cases", 1))
+      told += tell(Case(cells), report);
   expectGolden(AUTONOTIFY_TEST_FOLDER "printed_documents.txt", told);
 }
 
@@ -174,7 +151,7 @@ TEST(PrintedDocuments, SurviveEveryFaultAndReplaceNoOther) {
       host.screen.answerAll(true);
       host.screen.expectReport(report, [](ReportInUse& shown) { shown.close(); });
       fileEarlier(host.documents);
-      print(report, {.name = "", .contactID = contact});
+      print(report, Case({"", "contact=" + std::to_string(contact)}));
       const std::string files = filesOf(host.documents.path());
       for (const char* text : {"mvw\nthe fax before", "mvw\nthe letter before"})
         EXPECT_THAT(files, testing::HasSubstr(text));
@@ -182,7 +159,7 @@ TEST(PrintedDocuments, SurviveEveryFaultAndReplaceNoOther) {
                                         testing::HasSubstr("2026-04-15")));
       return files;
     };
-    EXPECT_GT(walkFaults({.run = run, .defaultResult = earlier}, {fillOffice}), 40);
+    EXPECT_GT(walkFaults({.run = run, .defaultResult = earlier}, {fillPrintingOffice}), 40);
   }
 }
 

@@ -1,18 +1,17 @@
 #include "editor/frmTaskAutoNotification.h"
-#include "platform/controls/Person.h"
 #include "platform/rich_text.h"
 #include "support/HostTest.h"
 #include "support/fault_walk.h"
-#include "support/text_table.h"
 
 namespace autonotify::test {
 namespace {
 
 constexpr const char* windowName = "frmTaskAutoNotification";
+const std::string tag = "Morvane.exe-frmTaskAutoNotification-";
 
 /// The kinds of two families, and the fallback kind of a third without a row of its own; three
 /// notifications of the first kind, of which the last is sent.
-void fillOffice(TableRows rows) {
+void fillEditorOffice(TableRows rows) {
   const auto add = [&](Id total, Id number, int place, const std::string& name) {
     rows.addRow("ScheduleTypes",
                 {{"TotalNum", total},
@@ -71,6 +70,8 @@ void act(TestHost& host, WindowInUse& window, const std::string& told) {
   if (word == "arrow")
     Person(window.form()).moveTo(treeOf(window), placeOf(window, "tvwTasks", rest));
   if (word == "twice") Person(window.form()).doubleClick(treeOf(window));
+  EXPECT_TRUE(word != "reads" || window.read(split(rest, '=')[0]) == split(rest, '=')[1]) << told;
+  EXPECT_TRUE(word != "tag" || std::ranges::count(host.errors.tags(), tag + rest) > 0) << told;
   if (word == "close") window.click("cmdClose");
   if (word == "test") {
     host.screen.expectWindow("frmTestComment", [rest](WindowInUse& shown) {
@@ -85,11 +86,12 @@ void act(TestHost& host, WindowInUse& window, const std::string& told) {
       EXPECT_EQ(host.screen.pointer(), Pointer::busy);
       for (const std::string& each : split(rest, ',')) act(host, window, each);
     });
-  if (word == "cancel") host.progress.cancelAt = 1;
+  if (word == "sql") host.plainDatabase->connection().exec(rest);
+  if (word == "cancel") host.progress.cancelAt = std::stoi(rest);
   if (word == "alone")
     host.registry.registerClass(ProgressDialog::className,
                                 [] { return std::unique_ptr<HostObject>(); });
-  if (word == "settle") host.errors.answer({std::stoi(rest)});
+  for (const char choice : word == "settle" ? rest : "") host.errors.answer({choice - '0'});
 }
 
 /// Opens the window as told ("kind 1", "entry 103 2"), acts and closes it; gives what was seen.
@@ -116,16 +118,6 @@ using Use = std::vector<std::string>;
 
 class EditorUses : public HostTest, public testing::WithParamInterface<Use> {
  protected:
-  /// "1 TEXT" is a message of style 1, "3? TEXT" a question that is denied, "3! TEXT" one that is
-  /// affirmed.
-  void expect(const std::string& told) {
-    const std::string text = told.substr(told.find(' ') + 1);
-    const char last = told[told.find(' ') - 1];
-    if (last == '!' || last == '?')
-      screen.expectQuestion(text, told[0] - '0', last == '!');
-    else
-      screen.expectMessage(text, told[0] - '0');
-  }
   std::string textOf(const std::string& table, const char* column, const std::string& where) {
     const Value held = valueOf(table, column, where);
     return held.isNull() ? "" : firstLine(plainTextOf(toText(held)));
@@ -134,8 +126,9 @@ class EditorUses : public HostTest, public testing::WithParamInterface<Use> {
 
 TEST_P(EditorUses, SaveWhatIsToldAndAskBeforeTheRestGoes) {
   const Use& use = GetParam();
-  fillOffice(*this);
-  for (const std::string& told : split(use[3], ';')) expect(told);
+  fillEditorOffice(*this);
+  for (const std::string& told : split(use[3], ';'))
+    hear(told.substr(0, told.find(' ')), told.substr(told.find(' ') + 1));
   EXPECT_EQ(useEditor(*this, use[1], use[2]), use[4]);
   EXPECT_EQ(textOf("ScheduleTypes", "NotificationComment", "ScheduleTypeID=1"), use[5]);
   std::string memos;
@@ -154,16 +147,21 @@ INSTANTIATE_TEST_SUITE_P(Editor, EditorUses, testing::ValuesIn(uses("uses")),
                          [](const auto& use) { return use.param[0]; });
 
 TEST_F(EditorUses, OffersTheKindsByFamilyAndTheFields) {
-  fillOffice(*this);
+  fillEditorOffice(*this);
   plainDatabase->connection().exec("INSERT INTO ScheduleTypes (TotalNum) VALUES (99999999999)");
-  screen.expectWindow(windowName, [](WindowInUse& window) {
+  screen.expectWindow(windowName, [this](WindowInUse& window) {
+    EXPECT_THAT(logged("openRecordset"),
+                testing::Contains(testing::EndsWith("TypeID=1;")).Times(2));
+    EXPECT_EQ(window.form().caption(), "Edit Notification Templates");
     EXPECT_THAT(window.entries("tvwTasks"),
                 testing::ElementsAre("Sales Tax", "GST", "QST", "Year End", "Review", "Other Kinds",
                                      "General"));
-    EXPECT_THAT(window.entries("FieldList"), testing::IsSupersetOf({"[Task Info]", "Task Name"}));
+    EXPECT_THAT(window.entries("FieldList"),
+                testing::IsSupersetOf({"[Task Info]", "Task Name", "Company Notes"}));
     window.click("cmdClose");
     EXPECT_FALSE(window.form().isLoaded());
   });
+  calls.record(true);
   frmTaskAutoNotification().Initialize(1);
 }
 
@@ -181,13 +179,13 @@ std::vector<WalkedOperation> walked() {
 
 class EditorFaults : public testing::TestWithParam<WalkedOperation> {};
 TEST_P(EditorFaults, LeaveNothingHalfDone) {
-  EXPECT_GT(walkFaults(GetParam(), {fillOffice}), 4);
+  EXPECT_GT(walkFaults(GetParam(), {fillEditorOffice}), 4);
 }
 INSTANTIATE_TEST_SUITE_P(Editor, EditorFaults, testing::ValuesIn(walked()),
                          [](const auto& operation) { return operation.param.name; });
 
 TEST(EditorStatements, StandAsHostsKnowThem) {
-  expectStatements(walked(), fillOffice, AUTONOTIFY_TEST_FOLDER "editor_statements.txt");
+  expectStatements(walked(), fillEditorOffice, AUTONOTIFY_TEST_FOLDER "editor_statements.txt");
 }
 
 }  // namespace

@@ -111,6 +111,7 @@ class Races:
             for place in [*(place for place in places if is_there(firm, place)), firm.place]:
                 again = self.at(firm, place, work.again)
                 require_clear(again)
+                work.hear(firm, again)
                 ask(work.evidence(firm, again), finished=place == firm.place)
         finally:
             unmount(firm.folder)
@@ -125,8 +126,11 @@ class Races:
         if is_killed:
             time.sleep(chance.uniform(0, 0.04))
             desks[0].kill()
-        for ended in [finish(desk) for desk in desks]:
+        runs = [finish(desk) for desk in desks]
+        for ended in runs:
             require_clear(ended, is_killed)
+            work.hear(firm, ended)
+        for ended in runs:
             ask(work.evidence(firm, ended), finished=False)
 
     def at(self, firm, place, act):

@@ -39,12 +39,14 @@ def interrupt(work, firm, run, may_be_killed=False):
     ended = run()
     require_clear(ended, may_be_killed)
     firm.require_sound()
+    work.hear(firm, ended)
     ask(work.evidence(firm, ended), finished=ended.code == 0)
     again = work.again(firm)
     if again is None:
         return
     require_clear(again)
     firm.require_sound()
+    work.hear(firm, again)
     ask(work.evidence(firm, again), finished=True)
 
 
@@ -58,6 +60,9 @@ class Work:
 
     def again(self, firm):
         return firm.run(*self.command)
+
+    def hear(self, firm, ended):
+        """Keeps what a run tells that counts in the questions after others, too."""
 
 
 class Send(Work):
@@ -154,10 +159,12 @@ class Print(Work):
         require(len(rows) == len(pages) == len(self.name_of) / 2 > 1, "unclear",
                 "pages or documents are alike")
 
-    def evidence(self, firm, ended):
-        """A run may repeat what one before it has left, and says so."""
+    def hear(self, firm, ended):
+        """A run may repeat what another one has left, and says so."""
         firm.repeated.update(row["notification"] for row in told_rows(ended)
                              if "beside another" in row["detail"])
+
+    def evidence(self, firm, ended):
         contents = printed_pages(firm) + [file.read_bytes() for file in documents(firm)]
         found = [(self.name_of.get(each, "half of something"), each) for each in contents]
         for name, count in collections.Counter(name for name, _ in found).items():

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "Command.h"
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/template_file.h"
@@ -51,6 +52,16 @@ CLI::Option* addDate(CLI::App& command, const std::string& name, const std::stri
   });
 }
 
+void describeActions(CLI::App& command, std::span<const CommandAction> actions,
+                     Arguments& arguments) {
+  command.require_subcommand(1);
+  for (const CommandAction& action : actions) {
+    CLI::App* subcommand = command.add_subcommand(action.name, action.help);
+    action.describe(*subcommand, arguments);
+    subcommand->final_callback([&] { arguments.action = &action; });
+  }
+}
+
 void addTask(CLI::App& command, Arguments& arguments) {
   addNumber(command, "TASK", "number of the task (see: hvnotify tasks)", arguments.task)
       ->required();
@@ -97,8 +108,8 @@ void requireNotifications(const Arguments& arguments, const char* command) {
                 exitUsage);
 }
 
-void addChannels(CLI::App& command, Arguments& arguments) {
-  command
+CLI::Option* addAnyChannels(CLI::App& command, Arguments& arguments) {
+  return command
       .add_option_function<std::vector<std::string>>(
           "--channel",
           [&arguments](const std::vector<std::string>& names) {
@@ -108,8 +119,33 @@ void addChannels(CLI::App& command, Arguments& arguments) {
           },
           choicesOf(channelWords()) + "; may be several")
       ->type_name("CHANNEL")
-      ->required()
       ->delimiter(',');
+}
+
+void addChannels(CLI::App& command, Arguments& arguments) {
+  addAnyChannels(command, arguments)->required();
+}
+
+void addClientNumber(CLI::App& command, const std::string& name, Arguments& arguments) {
+  addNumber(command, name, "number of the client (see: hvnotify tasks)", arguments.client);
+  addNumber(command, "--contact", "the id of a personal client, in place of " + name,
+            arguments.contact);
+}
+
+std::optional<host::Client> clientOf(host::Desk& desk, const Arguments& arguments) {
+  if (arguments.contact)
+    return doneOrRefuse(requireClient(desk, {enumAutoNotifyContact, *arguments.contact}));
+  if (!arguments.client) return std::nullopt;
+  const Id company = desk.clients().getCompanyIDFromClientID(*arguments.client);
+  if (company < 0) throw Refusal(fmt::format("there is no client {}", *arguments.client));
+  return host::Client{enumAutoNotifyCompany, company};
+}
+
+host::Client requireClientOf(host::Desk& desk, const Arguments& arguments, const char* command) {
+  if (arguments.client.has_value() == arguments.contact.has_value())
+    throw Refusal(fmt::format("name a CLIENT or a --contact (see: hvnotify {} --help)", command),
+                  exitUsage);
+  return *clientOf(desk, arguments);
 }
 
 void addForce(CLI::App& command, Arguments& arguments) {

@@ -13,6 +13,7 @@
 
 #include "Arguments.h"
 #include "Reply.h"
+#include "host/desk/work/client_contacts.h"
 #include "platform/text.h"
 
 namespace autonotify::console {
@@ -82,6 +83,14 @@ CLI::Option* addNotifications(CLI::App& command, Arguments& arguments);
 void requireNotifications(const Arguments& arguments, const char* command);
 /// --channel, once or more, or several names separated by commas.
 void addChannels(CLI::App& command, Arguments& arguments);
+/// The same for a command that does without.
+CLI::Option* addAnyChannels(CLI::App& command, Arguments& arguments);
+/// The client that --contact, or else `name`, stands for; unset without either.
+void addClientNumber(CLI::App& command, const std::string& name, Arguments& arguments);
+/// Throws Refusal where there is no such client.
+std::optional<host::Client> clientOf(host::Desk& desk, const Arguments& arguments);
+/// Throws Refusal where none is named as well.
+host::Client requireClientOf(host::Desk& desk, const Arguments& arguments, const char* command);
 /// --force, for a change that would delete the record of a sent notification.
 void addForce(CLI::App& command, Arguments& arguments);
 

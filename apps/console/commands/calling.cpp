@@ -5,6 +5,7 @@
 #include "commands/arguments.h"
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
+#include "host/desk/rows/item_names.h"
 #include "host/desk/work/due_list.h"
 #include "host/desk/work/note_call.h"
 #include "outcome_words.h"

@@ -56,8 +56,12 @@ void describeRefresh(CLI::App& command, Arguments& arguments) {
 Reply runRefresh(host::Desk& desk, const Arguments& arguments) {
   Reply reply;
   reply.data = Json::array();
-  for (const Notification& row : doneOrRefuse(host::refreshNotifications(desk, arguments.task))) {
-    const Reply described = rowReply(desk, row);
+  for (const auto& [row, formerDate] :
+       doneOrRefuse(host::refreshNotifications(desk, arguments.task))) {
+    const std::string former = host::dayText(formerDate);
+    Reply described =
+        rowReply(desk, row, formerDate == row.date ? "" : "; it was " + former + " until now");
+    described.data["formerDate"] = dayJson(formerDate);
     reply.text += described.text;
     reply.data.push_back(described.data);
   }

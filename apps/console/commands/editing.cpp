@@ -10,15 +10,6 @@
 #include "platform/rich_text.h"
 
 namespace autonotify::console {
-
-/// What is done with a template: a command below `template`.
-struct TemplateAction {
-  const char* name;
-  const char* help;
-  void (*describe)(CLI::App& command, Arguments& arguments);
-  Reply (*run)(host::Desk& desk, const Arguments& arguments);
-};
-
 namespace {
 
 Json kindJson(const host::ScheduleKind& kind) {
@@ -133,7 +124,7 @@ Reply testTemplate(host::Desk& desk, const Arguments& arguments) {
   return reply;
 }
 
-constexpr TemplateAction templateActions[] = {
+constexpr CommandAction templateActions[] = {
     {"list", "list the kinds and what they have", [](CLI::App&, Arguments&) {}, listTemplates},
     {"show", "show the template of a kind", describeShowing, showTemplate},
     {"set", "give a kind a template from a file", describeSetting, setTemplate},
@@ -144,16 +135,11 @@ constexpr TemplateAction templateActions[] = {
 }  // namespace
 
 void describeTemplate(CLI::App& command, Arguments& arguments) {
-  command.require_subcommand(1);
-  for (const TemplateAction& action : templateActions) {
-    CLI::App* subcommand = command.add_subcommand(action.name, action.help);
-    action.describe(*subcommand, arguments);
-    subcommand->final_callback([&] { arguments.templateAction = &action; });
-  }
+  describeActions(command, templateActions, arguments);
 }
 
 Reply runTemplate(host::Desk& desk, const Arguments& arguments) {
-  return arguments.templateAction->run(desk, arguments);
+  return arguments.action->run(desk, arguments);
 }
 
 }  // namespace autonotify::console

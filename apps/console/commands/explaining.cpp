@@ -92,6 +92,7 @@ Reply runExplain(host::Desk& desk, const Arguments& arguments) {
       {"sibling", why.siblingChannel ? Json(host::channelName(why.siblingChannel)) : Json()},
       {"backToWorkingDay", dayList(why.backToWorkingDay)},
       {"date", dayJson(why.result)}};
+  warnOfHolidays(desk, why.result, why.dueDate, reply);
   return reply;
 }
 

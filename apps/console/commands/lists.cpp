@@ -8,7 +8,6 @@
 #include "commands/arguments.h"
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
-#include "host/desk/work/due_list.h"
 #include "host/desk/work/task_list.h"
 #include "outcome_words.h"
 
@@ -44,30 +43,6 @@ Reply runTasks(host::Desk& desk, const Arguments& arguments) {
                           {"name", task.name}});
   }
   if (!showList(reply, table, tasks.unreadable)) reply.refuse("no open task found");
-  return reply;
-}
-
-void describeDue(CLI::App&, Arguments&) {}
-
-Reply runDue(host::Desk& desk, const Arguments&) {
-  Reply reply;
-  reply.data = Json::array();
-  TextTable table({"NOTIFICATION", "DATE", "CHANNEL", "CLIENT", "TASK"});
-  const host::LookupBatch batch(desk);
-  const host::ReadableRows<host::Notification> due = host::readDue(desk);
-  for (const host::Notification& row : due.rows) {
-    const std::string channel = host::channelName(row.channel);
-    const std::string client = clientName(desk, row);
-    const std::string item = itemName(desk, row);
-    table.add({std::to_string(row.id), host::dayText(row.date), channel, client, item});
-    reply.data.push_back({{"notification", row.id},
-                          {"date", dayJson(row.date)},
-                          {"channel", channel},
-                          {"client", client},
-                          {"task", row.scheduleId},
-                          {"name", item}});
-  }
-  if (!showList(reply, table, due.unreadable)) reply.text = "Nothing is due.\n";
   return reply;
 }
 

@@ -8,8 +8,4 @@ void describeTasks(CLI::App& command, Arguments& arguments);
 /// Open tasks with their due dates and channels, by due date.
 Reply runTasks(host::Desk& desk, const Arguments& arguments);
 
-void describeDue(CLI::App& command, Arguments& arguments);
-/// Unsent notifications dated today or before.
-Reply runDue(host::Desk& desk, const Arguments& arguments);
-
 }  // namespace autonotify::console

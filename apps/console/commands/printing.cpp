@@ -29,12 +29,13 @@ struct PrintWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   bool isMeanwhile = false;
 };
-constexpr std::array<PrintWords, 9> printTable{{
+constexpr std::array<PrintWords, 10> printTable{{
     {PrintResult::printed, "printed", ""},
     {PrintResult::otherChannel, "skipped", "a notification by {} has no document"},
     {PrintResult::alreadySent, "skipped", "it was sent already (print it once more with --again)",
      true},
     {PrintResult::cancelled, "skipped", "it is cancelled", true},
+    {PrintResult::unfinished, "skipped", "it is still being written", true},
     {PrintResult::unknownWhetherSent, "skipped",
      "it cannot be known whether it was sent: its marking was interrupted (print it with --again, "
      "or settle it with send --mark-only)"},

@@ -4,12 +4,15 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
+#include <vector>
 
-#include "TextTable.h"
 #include "commands/arguments.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/due_list.h"
 #include "host/desk/work/send_notification.h"
+#include "host/mail/addresses.h"
 #include "outcome_words.h"
 
 namespace autonotify::console {
@@ -18,7 +21,7 @@ namespace {
 using host::SendOutcome;
 using host::SendResult;
 
-enum class Fate { sent, skipped, failed, unmarked, unkept };
+enum class Fate { sent, skipped, failed, unmarked, unkept, tested };
 
 /// What a notification's row of the table says.
 struct Told {
@@ -35,10 +38,11 @@ struct ResultWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   const char* meanwhile = nullptr;
 };
-constexpr std::array<ResultWords, 14> resultTable{{
+constexpr std::array<ResultWords, 16> resultTable{{
     {SendResult::sent, Fate::sent, "to {}"},
     {SendResult::foundInOutbox, Fate::sent, "was in the outbox already"},
     {SendResult::markedOnly, Fate::sent, "marked only; nothing goes out"},
+    {SendResult::testSent, Fate::tested, "to {}"},
     {SendResult::byHand, Fate::skipped, "{}"},
     {SendResult::alreadySent, Fate::failed, "This notification has already been sent.",
      "was sent meanwhile"},
@@ -46,6 +50,7 @@ constexpr std::array<ResultWords, 14> resultTable{{
     {SendResult::cancelFinished, Fate::skipped,
      "its cancelling was interrupted; it stays cancelled"},
     {SendResult::cancelFailed, Fate::failed, "its cancelling was interrupted: {}"},
+    {SendResult::unfinished, Fate::failed, "it is still being written", "is still being written"},
     {SendResult::unknownWhetherSent, Fate::failed,
      "it cannot be known whether it was sent: its marking was interrupted and it is not in the "
      "outbox (settle it with send --mark-only or send --again)"},
@@ -63,12 +68,13 @@ struct FateWords {
   const char* name;
   const char* complaint;
 };
-constexpr std::array<FateWords, 5> fateTable{{
+constexpr std::array<FateWords, 6> fateTable{{
     {"sent", ""},
     {"skipped", "was not sent"},
     {"failed", "was not sent"},
     {"not marked", "could not be marked sent"},
     {"sent", "was sent"},
+    {"test sent", ""},
 }};
 
 const FateWords& wordsOf(Fate fate) {
@@ -110,18 +116,73 @@ const char* fateName(Fate fate, bool dryRun) {
   return dryRun && fate == Fate::sent ? "would be sent" : wordsOf(fate).name;
 }
 
-void report(Reply& reply, TextTable& table, const SendOutcome& outcome,
-            const Arguments& arguments) {
-  const Told told = tell(outcome, arguments.due);
-  const char* name = fateName(told.fate, arguments.dryRun);
-  const std::string about = aboutOf(outcome.about);
-  table.add({std::to_string(outcome.id), name, told.words, about});
-  reply.data.push_back(
-      {{"notification", outcome.id}, {"result", name}, {"detail", told.words}, {"about", about}});
-  const bool isFault = told.fate != Fate::sent && (told.fate != Fate::skipped || !arguments.due);
-  if (!isFault) return;
-  reply.refuse(
-      fmt::format("notification {} {}: {}", outcome.id, wordsOf(told.fate).complaint, told.words));
+/// Tells what becomes of each notification: people as it goes, programs at the end.
+class SendReport {
+ public:
+  SendReport(const Arguments& arguments, RowForm form)
+      : arguments_(arguments),
+        isForPeople_(form == RowForm::table),
+        printer_(form,
+                 {{"notification", "NOTIFICATION"},
+                  {"result", "RESULT"},
+                  {"detail", "DETAIL"},
+                  {"about", "CLIENT AND TASK"}},
+                 1) {
+    reply_.data = Json::array();
+  }
+
+  void add(const SendOutcome& outcome) {
+    const Told told = tell(outcome, arguments_.due);
+    const char* name = fateName(told.fate, arguments_.dryRun);
+    const std::string about = aboutOf(outcome.about);
+    const bool isSkipped = told.fate == Fate::skipped && arguments_.due;
+    const bool isFault = *wordsOf(told.fate).complaint && !isSkipped;
+    reply_.data.push_back(
+        {{"notification", outcome.id}, {"result", name}, {"detail", told.words}, {"about", about}});
+    // Standard error tells people what is wrong.
+    const Json shown[] = {outcome.id, name, isFault ? Json() : Json(told.words), about};
+    print([&] { printer_.add(shown); });
+    if (isFault)
+      reply_.refuse(fmt::format("notification {} {}: {}", outcome.id, wordsOf(told.fate).complaint,
+                                told.words));
+  }
+
+  /// `left` were not tried.
+  Reply finish(std::size_t left, const host::UnreadableRows& unreadable) {
+    print([&] { printer_.end(); });
+    if (left > 0)
+      reply_.refuse(fmt::format(
+          "{} more {} not tried; {}", left, left == 1 ? "was" : "were",
+          arguments_.due ? "send --due goes on with them" : "send them when the server is back"));
+    for (const host::UnreadableRow& row : unreadable) reply_.refuse(row.description());
+    if (reply_.data.empty() && unreadable.empty()) reply_.text = "Nothing is due.\n";
+    return std::move(reply_);
+  }
+
+ private:
+  /// That nobody can read of it keeps nothing from being sent; the program says so at its end.
+  template <class Print>
+  void print(Print&& printing) try {
+    if (isForPeople_) printing();
+  } catch (const Refusal&) {
+    isForPeople_ = false;
+  }
+
+  const Arguments& arguments_;
+  bool isForPeople_;
+  RowPrinter printer_;
+  Reply reply_;
+};
+
+std::optional<host::Mailbox> testAddress(const Arguments& arguments) {
+  if (arguments.testTo.empty()) return std::nullopt;
+  try {
+    const auto mailboxes = host::parseRecipients(arguments.testTo);
+    if (mailboxes.size() == 1) return mailboxes.front();
+  } catch (const host::MailError&) {
+  }
+  throw Refusal(fmt::format("--test-to: \"{}\" is not one email address", arguments.testTo),
+                exitUsage);
 }
 
 }  // namespace
@@ -130,28 +191,36 @@ void describeSend(CLI::App& command, Arguments& arguments) {
   auto* ids = addNotifications(command, arguments);
   auto* due = command.add_flag("--due", arguments.due, "all that is due today")->excludes(ids);
   command.add_flag("--dry-run", arguments.dryRun, "only tell what would go out");
+  addText(command, "--test-to", "ADDRESS",
+          "send what would go out to this address instead, as a test, and mark nothing",
+          arguments.testTo)
+      ->excludes("--dry-run");
   auto* mark = command.add_flag("--mark-only", arguments.markOnly,
                                 "mark as sent what a person has sent; send nothing");
   command
       .add_flag("--again", arguments.again,
                 "send also where it cannot be known whether it was sent")
       ->excludes(due)
-      ->excludes(mark);
-  mark->excludes(due);
+      ->excludes(mark)
+      ->excludes("--test-to");
+  mark->excludes(due)->excludes("--test-to");
 }
 
-Reply runSend(host::Desk& desk, const Arguments& arguments) {
+Reply listSent(host::Desk& desk, const Arguments& arguments, RowForm form) {
   requireNotifications(arguments, "send");
+  const host::SendWish wish{arguments.dryRun, arguments.markOnly, arguments.again,
+                            testAddress(arguments)};
   const auto wanted = arguments.due ? host::notificationsToSend(desk)
                                     : host::ReadableRows<Id>{arguments.notifications, {}};
-  const host::SendWish wish{arguments.dryRun, arguments.markOnly, arguments.again};
-  Reply reply;
-  reply.data = Json::array();
-  TextTable table({"NOTIFICATION", "RESULT", "DETAIL", "CLIENT AND TASK"});
-  for (const Id id : wanted.rows)
-    report(reply, table, host::sendNotification(desk, id, wish), arguments);
-  if (!showList(reply, table, wanted.unreadable)) reply.text = "Nothing is due.\n";
-  return reply;
+  SendReport report(arguments, form);
+  std::size_t left = wanted.rows.size();
+  for (const Id id : wanted.rows) {
+    const SendOutcome outcome = host::sendNotification(desk, id, wish);
+    report.add(outcome);
+    --left;
+    if (outcome.isServersFault) break;
+  }
+  return report.finish(left, wanted.unreadable);
 }
 
 }  // namespace autonotify::console

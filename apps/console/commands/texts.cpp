@@ -8,6 +8,7 @@
 #include "commands/template_report.h"
 #include "host/desk/day_text.h"
 #include "host/desk/rows/channel_names.h"
+#include "host/desk/rows/item_names.h"
 #include "host/desk/work/claiming.h"
 #include "host/desk/work/template_file.h"
 #include "host/desk/work/template_texts.h"
@@ -40,11 +41,16 @@ std::string readTemplate(const std::string& path) {
   return doneOrRefuse(host::readTemplateFile(path));
 }
 
+/// A template that was written without formats is shown without them.
+bool isPlainText(const std::string& path) {
+  return !path.empty() && !isRichText(doneOrRefuse(host::readTextFile(path)));
+}
+
 }  // namespace
 
 void describeShow(CLI::App& command, Arguments& arguments) {
   addNotification(command, arguments);
-  command.add_flag("--rtf", arguments.rtf, "the text as it is stored, not as plain text");
+  command.add_flag("--rtf", arguments.rtf, "the stored rich text alone, for a file of its own");
 }
 
 Reply runShow(host::Desk& desk, const Arguments& arguments) {
@@ -69,16 +75,20 @@ Reply runShow(host::Desk& desk, const Arguments& arguments) {
                 {"task", row.scheduleId},
                 {"name", item},
                 {"date", dayJson(row.date)},
-                {"sentTime", row.sentTime.isZero() ? Json() : Json(dateTimeText(row.sentTime))}};
+                {"sentTime", momentJson(row.sentTime)}};
   const auto names = namesOf(row.channel);
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (!names[i]) continue;
     reply.text += labelled(names[i], row.fields[i]);
     reply.data["fields"][names[i]] = row.fields[i];
   }
-  reply.text += "\n";
-  (arguments.rtf ? reply.document : reply.text) += withLineEnd(text);
   reply.data["text"] = text;
+  if (arguments.rtf) {
+    reply.text.clear();
+    reply.document = withLineEnd(text);
+  } else {
+    reply.text += "\n" + withLineEnd(text);
+  }
   return reply;
 }
 
@@ -86,18 +96,25 @@ void describeMerge(CLI::App& command, Arguments& arguments) {
   addTask(command, arguments);
   addText(command, "--template", "FILE",
           "a template to try instead of the task's own (at most 16 MiB)", arguments.file);
-  command.add_flag("--plain", arguments.plain, "plain text instead of the stored form");
+  command.add_flag("--plain", arguments.plain,
+                   "plain text instead of the stored form, as of a template in plain text");
 }
 
 Reply runMerge(host::Desk& desk, const Arguments& arguments) {
   const host::Task task = doneOrRefuse(host::requireTask(desk, arguments.task));
-  const auto outcome = arguments.file.empty()
-                           ? host::composeText(desk, task)
-                           : host::composeText(desk, task, readTemplate(arguments.file));
-  std::string text = doneOrRefuse(outcome);
-  if (arguments.plain) text = plainTextOf(text);
   Reply reply;
-  (arguments.plain ? reply.text : reply.document) = withLineEnd(text);
+  std::string text;
+  if (arguments.file.empty()) {
+    text = doneOrRefuse(host::composeText(desk, task));
+  } else {
+    const std::string tried = readTemplate(arguments.file);
+    text = doneOrRefuse(host::composeText(desk, task, tried));
+    for (const TemplateFault& fault : doneOrRefuse(host::checkTemplate(desk, tried)).faults)
+      reply.refuse(faultLine(fault));
+  }
+  const bool isPlain = arguments.plain || isPlainText(arguments.file);
+  if (isPlain) text = plainTextOf(text);
+  (isPlain ? reply.text : reply.document) = withLineEnd(text);
   reply.data = {{"task", task.id}, {"text", text}};
   return reply;
 }

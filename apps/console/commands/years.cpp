@@ -16,17 +16,8 @@ using host::ChannelFate;
 using host::ChannelOutcome;
 using host::YearTask;
 
-host::Client clientOf(host::Desk& desk, const Arguments& arguments) {
-  if (arguments.client.has_value() == arguments.contact.has_value())
-    throw Refusal("name a CLIENT or a --contact (see: hvnotify year --help)", exitUsage);
-  if (arguments.contact) return {enumAutoNotifyContact, *arguments.contact};
-  const Id company = desk.clients().getCompanyIDFromClientID(*arguments.client);
-  if (company < 0) throw Refusal(fmt::format("there is no client {}", *arguments.client));
-  return {enumAutoNotifyCompany, company};
-}
-
 host::YearWish wishOf(host::Desk& desk, const Arguments& arguments) {
-  host::YearWish wish{clientOf(desk, arguments),
+  host::YearWish wish{requireClientOf(desk, arguments, "year"),
                       arguments.year.value_or(desk.locale().getCurrentYear()), arguments.families,
                       arguments.channels};
   if (wish.families.empty())
@@ -73,9 +64,7 @@ void report(Reply& reply, const YearTask& task) {
 }  // namespace
 
 void describeYear(CLI::App& command, Arguments& arguments) {
-  addNumber(command, "CLIENT", "number of the client (see: hvnotify tasks)", arguments.client);
-  addNumber(command, "--contact", "the id of a personal client, in place of CLIENT",
-            arguments.contact);
+  addClientNumber(command, "CLIENT", arguments);
   addReader(command, "--year", "YEAR", "of the tasks (default: this one)",
             [&arguments](const std::string& text) {
               arguments.year = readNumber<std::int16_t>("--year", text, 1900, 2099);

@@ -7,13 +7,10 @@
 #include <utility>
 
 #include "binding/qt_key_codes.h"
+#include "colors.h"
 
 namespace autonotify::desktop {
 namespace {
-
-QColor colorOf(std::int32_t blueGreenRed) {
-  return {blueGreenRed & 0xFF, blueGreenRed >> 8 & 0xFF, blueGreenRed >> 16 & 0xFF};
-}
 
 QWidget& focusWidgetOf(QWidget& widget) {
   QWidget* proxy = widget.focusProxy();
@@ -23,6 +20,7 @@ QWidget& focusWidgetOf(QWidget& widget) {
 }  // namespace
 
 int Binding::drawings_ = 0;
+bool Binding::isAlone_ = false;
 
 /// What widgets tell meanwhile is no act of a person.
 class Binding::Drawing {
@@ -96,7 +94,7 @@ void Binding::drawColor() {
   QPalette palette;
   if (color) {
     const QColor ground = colorOf(*color);
-    const QColor ink = ground.lightness() > 127 ? Qt::black : Qt::white;
+    const QColor ink = inkOn(ground);
     for (const auto role : {QPalette::Base, QPalette::Window, QPalette::Button})
       palette.setColor(role, ground);
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})

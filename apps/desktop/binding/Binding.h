@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QWidget>
 #include <memory>
+#include <utility>
 
 #include "binding/FaultWatch.h"
 #include "platform/controls/Person.h"
@@ -51,6 +52,15 @@ class Binding : public QObject {
     });
   }
 
+  /// The same, but nothing while another such act is under way: a click that waited meanwhile must
+  /// not send a thing twice.
+  template <class Act>
+  void passAlone(Act&& act) {
+    if (std::exchange(isAlone_, true)) return;
+    pass(act);
+    isAlone_ = false;
+  }
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -66,6 +76,7 @@ class Binding : public QObject {
 
   /// How many controls are being drawn at this moment, of any window.
   static int drawings_;
+  static bool isAlone_;
 
   Form& form_;
   Control& control_;

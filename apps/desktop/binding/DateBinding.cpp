@@ -8,6 +8,15 @@ namespace autonotify::desktop {
 namespace {
 
 const QDate dayZero(1899, 12, 30);
+constexpr const char* narrowest = "00/00/00";
+
+/// Of a field that is too narrow for it: the calendar alone is used.
+void hideText(QWidget& field) {
+  QPalette palette = field.palette();
+  for (const auto role : {QPalette::Text, QPalette::Highlight, QPalette::HighlightedText})
+    palette.setColor(role, Qt::transparent);
+  field.setPalette(palette);
+}
 
 /// What would change the date without the calendar.
 bool changesDate(const QEvent& event) {
@@ -22,6 +31,7 @@ bool changesDate(const QEvent& event) {
 DateBinding::DateBinding(Form& form, DatePicker& control, QDateEdit& widget)
     : BindingOf(form, control, widget) {
   widget.setCalendarPopup(true);
+  if (widget.maximumWidth() < widget.fontMetrics().horizontalAdvance(narrowest)) hideText(widget);
   calendar_ = widget.calendarWidget();
   calendar_->installEventFilter(this);
 }

@@ -1,19 +1,27 @@
 #include "binding/FormWindow.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <map>
+#include <optional>
 
 #include "binding/FaultWatch.h"
 #include "binding/LayoutLoader.h"
+#include "binding/choice_buttons.h"
 #include "binding/list_search.h"
+#include "binding/pane_keys.h"
 #include "platform/controls/Timer.h"
 #include "qt_text.h"
+#include "richtext/MergeFieldDelegate.h"
 #include "richtext/MergeFieldHighlighter.h"
 #include "richtext/RichTextEditor.h"
 
@@ -47,7 +55,7 @@ QSize frameSizeOf(const QWidget& window) {
 }  // namespace
 
 FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes,
-                       const FieldNames& fieldNames)
+                       const AskFieldNames& fieldNames)
     : ModalWindow(form, parent), form_(form) {
   QWidget* layout = loadLayout(shown(form.name()), this);
   setObjectName(shown(form.name()));
@@ -56,8 +64,10 @@ FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes,
   resize(layout->size().boundedTo(screen()->availableSize() - frameSizeOf(*this)));
   bindAll(*layout);
   bindKeys(*layout);
+  bindChoice(*layout);
   bindSearches(*layout);
-  colorFields(*layout, fieldNames);
+  bindPanes(*layout);
+  showFields(*layout, fieldNames);
   showNotes(*layout, notes);
   orderFocus();
   startTimers();
@@ -77,22 +87,34 @@ void FormWindow::bindAll(QWidget& layout) {
   for (const auto& binding : bindings_) binding->render();
 }
 
-// Not as the button's own shortcut: that goes with the next caption.
+// Not as the button's own shortcut: that goes with the next caption. Of several buttons with one
+// key the first that is in reach takes it.
 void FormWindow::bindKeys(QWidget& layout) {
-  for (auto* button : layout.findChildren<QPushButton*>()) {
-    button->setAutoDefault(false);
+  std::map<QKeySequence, QList<QAbstractButton*>> buttons;
+  for (auto* button : layout.findChildren<QAbstractButton*>()) {
+    if (auto* push = qobject_cast<QPushButton*>(button)) push->setAutoDefault(false);
     const QString keys = button->property("keys").toString();
-    for (const QKeySequence& sequence : QKeySequence::listFromString(keys)) {
-      connect(new QShortcut(sequence, this), &QShortcut::activated, button, &QPushButton::click);
-    }
+    for (const QKeySequence& sequence : QKeySequence::listFromString(keys))
+      buttons[sequence].append(button);
+  }
+  for (const auto& row : buttons) {
+    connect(new QShortcut(row.first, this), &QShortcut::activated, this, [pressed = row.second] {
+      const auto found = std::ranges::find_if(
+          pressed, [](auto* button) { return button->isVisible() && button->isEnabled(); });
+      if (found != pressed.end()) (*found)->click();
+    });
   }
 }
 
-void FormWindow::colorFields(QWidget& layout, const FieldNames& fieldNames) {
-  for (auto* editor : layout.findChildren<RichTextEditor*>()) {
-    if (!editor->property("showsMergeFields").toBool()) continue;
-    new MergeFieldHighlighter(*editor->edit().document(), palette(),
-                              fieldNames ? fieldNames() : QSet<QString>());
+void FormWindow::showFields(QWidget& layout, const AskFieldNames& fieldNames) {
+  std::optional<FieldNames> names;
+  for (QWidget* widget : layout.findChildren<QWidget*>()) {
+    if (!widget->property("showsMergeFields").toBool()) continue;
+    if (!names) names = fieldNames ? fieldNames() : FieldNames();
+    if (auto* editor = qobject_cast<RichTextEditor*>(widget))
+      new MergeFieldHighlighter(*editor->edit().document(), palette(), names->all);
+    if (auto* list = qobject_cast<QListWidget*>(widget))
+      list->setItemDelegate(new MergeFieldDelegate(names->dates, list));
   }
 }
 
@@ -127,7 +149,10 @@ void FormWindow::drawNow() {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (form_.isVisible()) FaultWatch::guard([this] { Person(form_).closeBox(); });
+  if (!form_.isVisible()) return;
+  FaultWatch::guard([this] {
+    if (!mayClose_ || mayClose_()) Person(form_).closeBox();
+  });
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QSet>
-#include <QString>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -9,17 +7,18 @@
 #include "binding/Binding.h"
 #include "binding/ModalWindow.h"
 #include "binding/window_notes.h"
+#include "richtext/field_names.h"
 
 namespace autonotify::desktop {
 
-/// The names of the merge fields that there are.
-using FieldNames = std::function<QSet<QString>()>;
+using AskFieldNames = std::function<FieldNames()>;
 
 /// A window of the component on the screen, drawn by the layout of its name.
 ///
 /// The layout is the resource ":/forms/<name>.ui"; each of its widgets that bears a control's name
 /// shows that control. Looks are the layout's, and so are the keys that press a button (its
-/// property "keys") and which text shows its merge fields ("showsMergeFields"); the order of the
+/// property "keys"), which of them are one choice ("choice"), the panes that F6 leads through
+/// ("panes") and which text or list shows its merge fields ("showsMergeFields"); the order of the
 /// focus is the window's own.
 class FormWindow : public ModalWindow {
   Q_OBJECT
@@ -27,9 +26,11 @@ class FormWindow : public ModalWindow {
  public:
   /// Throws std::logic_error when there is no such layout or a control has no widget in it.
   FormWindow(Form& form, QWidget* parent, const WindowNotes& notes = {},
-             const FieldNames& fieldNames = {});
+             const AskFieldNames& fieldNames = {});
   ~FormWindow() override;
 
+  /// What the close box asks first; null for nothing.
+  void setGuard(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
   /// Stops the timers too.
   void leave() override;
   void drawNow() override;
@@ -45,11 +46,12 @@ class FormWindow : public ModalWindow {
  private:
   void bindAll(QWidget& layout);
   void bindKeys(QWidget& layout);
-  void colorFields(QWidget& layout, const FieldNames& fieldNames);
+  void showFields(QWidget& layout, const AskFieldNames& fieldNames);
   void orderFocus();
   void startTimers();
 
   Form& form_;
+  std::function<bool()> mayClose_;
   std::vector<std::unique_ptr<Binding>> bindings_;
 };
 

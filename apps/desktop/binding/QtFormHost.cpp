@@ -1,10 +1,16 @@
 #include "binding/QtFormHost.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
+#include <QMessageBox>
+#include <QTableView>
 #include <algorithm>
 
+#include "GridOptionsDialog.h"
+#include "binding/GridLook.h"
+#include "platform/controls/Grid.h"
 #include "platform/controls/Menu.h"
 #include "preview/PreviewWindow.h"
 #include "preview/report_pdf.h"
@@ -30,14 +36,79 @@ void fillMenu(QMenu& drawn, const Form& form, const Menu& menu,
   }
 }
 
+/// At the pointer; where a key has called for it and the pointer is elsewhere, below the current
+/// cell.
+QPoint placeOfMenu(const QWidget& window) {
+  const auto* view = qobject_cast<QAbstractItemView*>(window.focusWidget());
+  if (!view || view->rect().contains(view->mapFromGlobal(QCursor::pos()))) return QCursor::pos();
+  return view->viewport()->mapToGlobal(view->visualRect(view->currentIndex()).bottomLeft());
+}
+
+/// The rows of a grid, as a report that is shown and printed.
+struct GridReport : Report {
+  GridReport(FormHost& host, const Grid& rows, const GridDialog& dialog)
+      : Report(host, rows.name(), dialog.title), grid(rows), printed(dialog) {}
+
+  const Grid& grid;
+  const GridDialog& printed;
+};
+
+QString propertiesOf(const Grid& grid) {
+  QStringList sorted;
+  for (const GridSortKey& key : grid.sortKeys())
+    if (key.column >= 0) sorted << shown(grid.get_ColHeading(key.column));
+  const QString order = sorted.isEmpty() ? QObject::tr("They stand as they were loaded.")
+                                         : QObject::tr("Sorted by: %1.").arg(sorted.join(", "));
+  return QObject::tr("Rows: %L1.").arg(grid.get_Rows()) + "\n" + order;
+}
+
 }  // namespace
 
+void QtFormHost::addForm(Form& form) {
+  if (holding_) held_[&form] = holding_(form);
+  FormHost::addForm(form);
+}
+
+void QtFormHost::removeForm(Form& form) {
+  FormHost::removeForm(form);
+  held_.erase(&form);
+}
+
 void QtFormHost::showModal(Form& form, HostObject*) {
-  run(std::make_unique<FormWindow>(form, topWindow(), notes_, fieldNames_));
+  auto window = std::make_unique<FormWindow>(form, topWindow(), notes_, fieldNames_);
+  if (guarding_) window->setGuard(guarding_(form));
+  for (auto* table : window->findChildren<QTableView*>())
+    if (today_) table->setProperty(todayProperty, today_());
+  run(std::move(window));
 }
 
 void QtFormHost::showReport(Report& report, HostObject*) {
-  run(std::make_unique<PreviewWindow>(report, pdfOf(report), topWindow(), notes_));
+  const auto* list = dynamic_cast<const GridReport*>(&report);
+  const QByteArray pdf = list ? pdfOf(list->grid, list->printed) : pdfOf(report);
+  const WindowNotes notes = list ? WindowNotes() : notes_;
+  auto window = std::make_unique<PreviewWindow>(report, pdf, topWindow(), notes);
+  if (list && list->printed.asksFirst) window->askPrinterFirst();
+  run(std::move(window));
+}
+
+// A preview shows what is printed, and prints it. Nothing can be changed in the properties.
+bool QtFormHost::showGridDialog(Grid& grid, const GridDialog& dialog) {
+  setPointer(Pointer::standard);
+  switch (dialog.kind) {
+    case GridDialog::Kind::settings:
+      return editGridOptions(grid);
+    case GridDialog::Kind::properties:
+      QMessageBox::information(topWindow(), topWindow()->windowTitle(), propertiesOf(grid));
+      return true;
+    default:
+      break;
+  }
+  GridReport(*this, grid, dialog).showModal(nullptr);
+  return false;
+}
+
+bool QtFormHost::editGridOptions(const Grid& grid) {
+  return desktop::editGridOptions(grid, topWindow());
 }
 
 void QtFormHost::run(std::unique_ptr<ModalWindow> window) {
@@ -92,7 +163,7 @@ void QtFormHost::popUpMenu(Form& form, Menu& menu) {
   QMenu drawn(topWindow());
   std::vector<std::pair<QAction*, Menu*>> actions;
   fillMenu(drawn, form, menu, actions);
-  const QAction* chosen = drawn.exec(QCursor::pos());
+  const QAction* chosen = drawn.exec(placeOfMenu(*topWindow()));
   for (const auto& [action, entry] : actions) {
     if (action == chosen) Person(form).click(*entry);
   }
@@ -108,7 +179,7 @@ void QtFormHost::setPointer(Pointer pointer) {
 
 void QtFormHost::pumpMessages() {
   const bool isMet = topVisible() || QApplication::activeModalWidget();
-  QApplication::processEvents(isMet ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+  pump_.step(isMet ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
 }
 
 ModalWindow* QtFormHost::windowOf(const HostObject& model) {

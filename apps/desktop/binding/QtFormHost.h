@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QDate>
 #include <QPointer>
+#include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
 #include "binding/FormWindow.h"
+#include "binding/MessagePump.h"
 #include "binding/window_notes.h"
 #include "platform/controls/FormHost.h"
 
@@ -21,14 +25,26 @@ class QtFormHost : public FormHost {
 
   /// What the program has to say in the windows that come up from now on.
   void setNotes(WindowNotes notes) { notes_ = std::move(notes); }
-  /// Asked when a text comes up that shows its merge fields.
-  void setFieldNames(FieldNames fieldNames) { fieldNames_ = std::move(fieldNames); }
+  /// Asked for what a window holds as long as it is loaded, if anything; throws PlatformError to
+  /// refuse the window.
+  using Holding = std::function<std::shared_ptr<void>(const Form& form)>;
+  void setHolding(Holding holding) { holding_ = std::move(holding); }
+  /// Asked when a window comes up for what its close box asks first; null for nothing.
+  using Guarding = std::function<std::function<bool()>(Form& form)>;
+  void setGuarding(Guarding guarding) { guarding_ = std::move(guarding); }
+  /// Asked when a window comes up that shows merge fields.
+  void setFieldNames(AskFieldNames fieldNames) { fieldNames_ = std::move(fieldNames); }
+  /// Asked for the day on which the program works.
+  void setToday(std::function<QDate()> today) { today_ = std::move(today); }
 
+  void addForm(Form& form) override;
+  void removeForm(Form& form) override;
   /// A pointer left busy is the standard one again, so that the person sees who is to act.
   void showModal(Form& form, HostObject* owner) override;
   void formHidden(Form& form) override;
   void showReport(Report& report, HostObject* owner) override;
   void reportClosed(Report& report) override;
+  bool showGridDialog(Grid& grid, const GridDialog& dialog) override;
   void repaint(Form& form) override;
   void popUpMenu(Form& form, Menu& menu) override;
   void setPointer(Pointer pointer) override;
@@ -39,6 +55,7 @@ class QtFormHost : public FormHost {
   ModalWindow* windowOf(const HostObject& model);
   ModalWindow* topVisible();
   QWidget* topWindow();
+  bool editGridOptions(const Grid& grid);
   void run(std::unique_ptr<ModalWindow> window);
   void remove(const ModalWindow& window);
   void leave(const HostObject& model);
@@ -46,8 +63,13 @@ class QtFormHost : public FormHost {
   void admitProgram();
 
   QWidget& program_;
+  MessagePump pump_;
   WindowNotes notes_;
-  FieldNames fieldNames_;
+  AskFieldNames fieldNames_;
+  Holding holding_;
+  Guarding guarding_;
+  std::function<QDate()> today_;
+  std::map<const Form*, std::shared_ptr<void>> held_;
   /// Of the program's window while that is barred.
   QPointer<QWidget> focus_;
   /// The windows that have not returned, the topmost last.

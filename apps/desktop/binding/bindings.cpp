@@ -9,6 +9,7 @@
 
 #include "binding/Binding.h"
 #include "binding/DateBinding.h"
+#include "binding/GridBinding.h"
 #include "binding/list_bindings.h"
 #include "platform/controls/Button.h"
 #include "platform/controls/CheckBox.h"
@@ -32,7 +33,8 @@ class ButtonBinding : public BindingOf<ControlType, WidgetType> {
     widget.setFocusPolicy(Qt::TabFocus);
     widget.setAutoExclusive(false);
     QObject::connect(&widget, &QAbstractButton::clicked, this, [this] {
-      this->pass([this](Person& person) { person.click(this->control_); });
+      const auto click = [this](Person& person) { person.click(this->control_); };
+      this->widget_.property("actsAlone").toBool() ? this->passAlone(click) : this->pass(click);
     });
   }
 
@@ -136,6 +138,7 @@ constexpr Maker makers[] = {
     make<ProgressBinding, ProgressBar, QProgressBar>,
     make<TabBinding, TabControl, QTabWidget>,
     make<TreeBinding, TreeView, QTreeWidget>,
+    make<GridBinding, Grid, QTableView>,
     make<RichTextBinding, RichTextBox, RichTextEditor>,
 };
 

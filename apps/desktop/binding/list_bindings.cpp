@@ -1,6 +1,7 @@
 #include "binding/list_bindings.h"
 
 #include <QEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -195,6 +196,7 @@ void TreeBinding::addItem(const TreeView::Node& node) {
   auto* item = new QTreeWidgetItem({shown(node.text)});
   item->setData(0, Qt::UserRole, static_cast<int>(items_.size()));
   QTreeWidgetItem* parent = itemAt(node.parent);
+  if (parent) parent->setIcon(0, QIcon::fromTheme("folder"));
   (parent ? parent : widget_.invisibleRootItem())->addChild(item);
   items_.push_back(item);
 }
@@ -219,8 +221,11 @@ TabBinding::TabBinding(Form& form, TabControl& control, QTabWidget& widget)
 
 void TabBinding::drawList() {
   const auto& pages = control_.pages();
-  for (int page = 0; page < static_cast<int>(pages.size()) && page < widget_.count(); ++page)
-    widget_.setTabText(page, shown(pages[static_cast<std::size_t>(page)]));
+  for (int page = 0; page < static_cast<int>(pages.size()) && page < widget_.count(); ++page) {
+    const QString caption = shown(pages[static_cast<std::size_t>(page)]);
+    widget_.setTabText(page, caption);
+    widget_.setTabVisible(page, !caption.isEmpty());
+  }
 }
 
 }  // namespace autonotify::desktop

@@ -1,5 +1,6 @@
 #include "binding/list_search.h"
 
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,6 +20,7 @@ class ListSearch : public QObject {
       : QObject(&field), list_(list), found_(found) {
     connect(&field, &QLineEdit::textChanged, this, &ListSearch::show);
     field.installEventFilter(this);
+    field.addAction(QIcon::fromTheme("edit-find"), QLineEdit::LeadingPosition);
     auto* shortcut = new QShortcut(QKeySequence::Find, field.window());
     connect(shortcut, &QShortcut::activated, &field, [&field] {
       field.setFocus();

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QPushButton>
 #include <QRegularExpression>
 
 #include "colors.h"
@@ -26,6 +27,21 @@ void show(QLabel& label, const WindowNote& note) {
                    [&label, note](bool isTicked) { show(label, note, isTicked); });
 }
 
+void showTrouble(QLabel& label) {
+  QPalette palette;
+  palette.setColor(QPalette::WindowText, troubleColor(palette));
+  palette.setColor(QPalette::Window, troubleGround(palette));
+  label.setPalette(palette);
+  label.setAutoFillBackground(true);
+}
+
+void showFirst(QPushButton& button) {
+  QPalette palette = button.palette();
+  palette.setColor(QPalette::Button, palette.color(QPalette::Highlight));
+  palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
+  button.setPalette(palette);
+}
+
 }  // namespace
 
 void showNotes(QWidget& layout, const WindowNotes& notes) {
@@ -34,6 +50,13 @@ void showNotes(QWidget& layout, const WindowNotes& notes) {
     label->setVisible(found != notes.end());
     if (found != notes.end()) show(*label, found->second);
   }
+  for (QLabel* label : layout.findChildren<QLabel*>()) {
+    if (label->property("tellsTrouble").toBool()) showTrouble(*label);
+    if (label->property("isSecondary").toBool())
+      label->setForegroundRole(QPalette::PlaceholderText);
+  }
+  for (auto* button : layout.findChildren<QPushButton*>())
+    if (button->property("isPrimary").toBool()) showFirst(*button);
 }
 
 }  // namespace autonotify::desktop

@@ -20,7 +20,8 @@ struct WindowNote {
 using WindowNotes = std::map<QString, WindowNote>;
 
 /// Fills those labels of the layout whose names begin with "staticNote", and hides the ones without
-/// a note. The box beside a label is its buddy.
+/// a note. The box beside a label is its buddy. A label with the property "tellsTrouble" stands
+/// out; one with "isSecondary" steps back. A button with "isPrimary" has the accent.
 void showNotes(QWidget& layout, const WindowNotes& notes);
 
 }  // namespace autonotify::desktop

@@ -5,7 +5,6 @@
 #include <QLocale>
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <utility>
 
 #include "host/desk/day_text.h"
@@ -19,16 +18,16 @@ constexpr std::size_t pageSize = 100;
 
 struct ColumnLook {
   const char* title;
-  std::optional<host::TaskOrder> order;
+  host::TaskOrder order;
 };
 /// In the order of TaskTableModel::Column.
 constexpr std::array<ColumnLook, TaskTableModel::columns> looks{{
     {QT_TR_NOOP("Client"), host::TaskOrder::client},
     {QT_TR_NOOP("Task"), host::TaskOrder::name},
     {QT_TR_NOOP("Due"), host::TaskOrder::dueDate},
-    {QT_TR_NOOP("Notify on"), std::nullopt},
-    {QT_TR_NOOP("Channels"), std::nullopt},
-    {QT_TR_NOOP("State"), std::nullopt},
+    {QT_TR_NOOP("Notify on"), host::TaskOrder::notificationDate},
+    {QT_TR_NOOP("Channels"), host::TaskOrder::channels},
+    {QT_TR_NOOP("State"), host::TaskOrder::state},
 }};
 
 const ColumnLook& lookOf(int column) {
@@ -157,8 +156,8 @@ void TaskTableModel::append(std::vector<host::TaskLine> page) {
 }
 
 void TaskTableModel::sort(int column, Qt::SortOrder order) {
-  if (column < 0 || column >= Column::columns || !lookOf(column).order) return;
-  query_.order = *lookOf(column).order;
+  if (column < 0 || column >= Column::columns) return;
+  query_.order = lookOf(column).order;
   query_.descending = order == Qt::DescendingOrder;
   show(pageSize);
 }

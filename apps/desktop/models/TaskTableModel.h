@@ -36,7 +36,6 @@ class TaskTableModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   bool canFetchMore(const QModelIndex& parent) const override;
   void fetchMore(const QModelIndex& parent) override;
-  /// By client, task or due date; the other columns leave the order as it is.
   void sort(int column, Qt::SortOrder order) override;
 
  signals:

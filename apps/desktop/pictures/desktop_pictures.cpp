@@ -135,6 +135,28 @@ void takeWindowsOfTasks(Photographer& photographer, MainWindow& window) {
   photographer.takeEach(run("scheduleYear"), {{"schedule-year", close}});
 }
 
+/// A cell of the list as people press it.
+std::function<void(QWidget& top)> pressCell(int row, int column) {
+  return [row, column](QWidget& top) {
+    auto* table = top.findChild<QTableView*>();
+    emit table->clicked(table->model()->index(row, column));
+  };
+}
+
+void takeList(Photographer& photographer, MainWindow& window) {
+  constexpr int viewInfo = 31;
+  const auto open = [&] { window.findChild<QAction*>("notifications")->trigger(); };
+  const Step done{"", press("cmdClose")};
+  photographer.takeEach(
+      open, {{"notification-list", pressCell(0, viewInfo)}, {"list-composer", close}, done});
+  for (const auto& [button, name] : {std::pair("imgTopBarButton(0)", "list-search"),
+                                     std::pair("imgTopBarButton(1)", "list-columns"),
+                                     std::pair("imgTopBarButton(2)", "list-preview"),
+                                     std::pair("cmdAdvancedOptions", "list-send-options"),
+                                     std::pair("cmdGridOptions", "list-grid-options")})
+    photographer.takeEach(open, {{"", press(button)}, {name, close}, done});
+}
+
 /// The panel that other programs open for an item of the diary.
 void takeDiaryPanel(Photographer& photographer, host::Desk& desk) {
   const auto items = host::readDiary(desk, {Appointments, desk.today(), {}, {}, {}}).rows;
@@ -154,9 +176,15 @@ void takeAll(Photographer& photographer, const QString& database) {
   empty.hide();
   options.database = plain(database);
   MainWindow window(options);
+  window.resize(1366, 768);
   window.show();
+  photographer.take(window, "desktop-day");
+  window.goTo(Navigation::Place::clients);
+  photographer.take(window, "desktop-clients");
+  window.goTo(Navigation::Place::tasks);
   photographer.take(window, "desktop-tasks");
   takeWindowsOfTasks(photographer, window);
+  takeList(photographer, window);
   takeDiaryPanel(photographer, *window.desk());
 }
 

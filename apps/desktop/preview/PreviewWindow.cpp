@@ -86,6 +86,7 @@ PreviewWindow::PreviewWindow(Report& report, const QByteArray& pdf, QWidget* par
   file_.open(QIODevice::ReadOnly);
   document_.load(&file_);
   pages_ = new PdfPages(document_, this);
+  pages_->setAccessibleName(tr("Document"));
   strip_ = new PageStrip(document_, this);
   strip_->setVisible(pages_->pages() > 1);
   layOut(notes);
@@ -185,6 +186,7 @@ void PreviewWindow::addSearchField(QToolBar& bar) {
   search_ = new QLineEdit(&bar);
   search_->setObjectName("search");
   search_->setPlaceholderText(tr("Find in the document"));
+  search_->setAccessibleName(search_->placeholderText());
   search_->setClearButtonEnabled(true);
   search_->setMaximumWidth(search_->fontMetrics().averageCharWidth() * searchWidth);
   connect(search_, &QLineEdit::textChanged, pages_, &PdfPages::find);
@@ -233,10 +235,21 @@ void PreviewWindow::showFound() {
                                : tr("%L1 of %L2").arg(pages_->current() + 1).arg(count));
 }
 
+void PreviewWindow::begin() {
+  report_.comeUp();
+  if (!asksPrinterFirst_) return;
+  QMetaObject::invokeMethod(
+      this, [this] { FaultWatch::guard([this] { choosePrinter(); }); }, Qt::QueuedConnection);
+}
+
 void PreviewWindow::choosePrinter() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(windowTitle());
-  printer.setPageSize(QPageSize(document_.pagePointSize(0), QPageSize::Point));
+  QSizeF paper = document_.pagePointSize(0);
+  const bool isTurned = paper.width() > paper.height();
+  if (isTurned) paper.transpose();
+  printer.setPageSize(QPageSize(paper, QPageSize::Point));
+  printer.setPageOrientation(isTurned ? QPageLayout::Landscape : QPageLayout::Portrait);
   QPrintDialog dialog(&printer, this);
   dialog.setMinMax(1, pages_->pages());
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);

@@ -31,12 +31,14 @@ class PreviewWindow : public ModalWindow {
                 const WindowNotes& notes = {});
   ~PreviewWindow() override;
 
+  /// Asks for a printer as soon as the pages have come up.
+  void askPrinterFirst() { asksPrinterFirst_ = true; }
   /// Page by page, and the person can stop it. What goes wrong is told to the report, and to the
   /// person if that wants it.
   void printTo(QPrinter& printer);
 
  protected:
-  void begin() override { report_.comeUp(); }
+  void begin() override;
   void closeEvent(QCloseEvent* event) override;
   void reject() override;
 
@@ -58,6 +60,7 @@ class PreviewWindow : public ModalWindow {
   void showFound();
 
   Report& report_;
+  bool asksPrinterFirst_ = false;
   QByteArray pdf_;
   QBuffer file_;
   QPdfDocument document_;

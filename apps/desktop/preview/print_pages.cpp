@@ -11,7 +11,7 @@
 namespace autonotify::desktop {
 namespace {
 
-constexpr double pointsPerInch = 72;
+constexpr double pagePointsPerInch = 72;
 /// Finer dots cost memory and are not seen.
 constexpr int finestResolution = 300;
 
@@ -36,7 +36,7 @@ QString saveFile(const QByteArray& pdf, const QString& path) {
 }
 
 void drawPage(QPdfDocument& document, int page, QPainter& painter, int printerResolution) {
-  const QSizeF inches = document.pagePointSize(page) / pointsPerInch;
+  const QSizeF inches = document.pagePointSize(page) / pagePointsPerInch;
   const int resolution = std::min(printerResolution, finestResolution);
   const QImage image = document.render(page, (inches * resolution).toSize());
   painter.drawImage(QRectF({0, 0}, inches * printerResolution), image);

@@ -67,10 +67,18 @@ RichTextEditor::RichTextEditor(QWidget* parent)
 }
 
 void RichTextEditor::setReadOnly(bool isReadOnly) {
-  edit_->setReadOnly(isReadOnly);
+  const bool isFixed = isReadOnly || isForReading_;
+  edit_->setTextInteractionFlags(isFixed ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                         : Qt::TextEditorInteraction);
   edit_->viewport()->setBackgroundRole(isReadOnly ? QPalette::Window : QPalette::Base);
-  bar_->setEnabled(!isReadOnly);
-  for (QAction* action : actions()) action->setEnabled(!isReadOnly);
+  bar_->setEnabled(!isFixed);
+  for (QAction* action : actions()) action->setEnabled(!isFixed);
+}
+
+void RichTextEditor::setForReading(bool isForReading) {
+  isForReading_ = isForReading;
+  bar_->setVisible(!isForReading);
+  setReadOnly(false);
 }
 
 QAction* RichTextEditor::addCheckable(const char* name, const char* icon, const QString& text,
@@ -183,9 +191,8 @@ void RichTextEditor::toggleBullets(bool on) {
   if (on) {
     cursor.createList(QTextListFormat::ListDisc);
   } else if (QTextList* list = cursor.currentList()) {
-    const QTextCursor selected = cursor;
-    QTextBlock block = edit_->document()->findBlock(selected.selectionStart());
-    for (; block.isValid() && block.position() <= selected.selectionEnd(); block = block.next()) {
+    QTextBlock block = edit_->document()->findBlock(cursor.selectionStart());
+    for (; block.isValid() && block.position() <= cursor.selectionEnd(); block = block.next()) {
       if (block.textList() == list) list->remove(block);
       QTextBlockFormat plainFormat = block.blockFormat();
       plainFormat.setIndent(0);

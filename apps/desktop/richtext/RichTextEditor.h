@@ -15,13 +15,17 @@ namespace autonotify::desktop {
 /// bullets, undo and redo.
 class RichTextEditor : public QWidget {
   Q_OBJECT
+  Q_PROPERTY(bool forReading READ isForReading WRITE setForReading)
 
  public:
   explicit RichTextEditor(QWidget* parent = nullptr);
 
   QTextEdit& edit() { return *edit_; }
-  /// The text can be read and scrolled, not changed.
+  /// The text can be read, scrolled and copied, not changed.
   void setReadOnly(bool isReadOnly);
+  /// For texts that never can be changed: there is no bar.
+  void setForReading(bool isForReading);
+  bool isForReading() const { return isForReading_; }
 
  private:
   struct Toggle;
@@ -47,6 +51,7 @@ class RichTextEditor : public QWidget {
   /// In the order of toggles().
   QList<QAction*> toggles_;
   QAction* bullets_ = nullptr;
+  bool isForReading_ = false;
   QList<std::pair<QAction*, Qt::Alignment>> alignments_;
 };
 

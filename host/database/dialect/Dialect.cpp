@@ -249,7 +249,8 @@ class Translator {
   }
 
   void endOrderTerm() {
-    if (orderDepth_ == npos) return;
+    // A LIMIT inside a term ends no order but its own.
+    if (orderDepth_ == npos || orderDepth_ < depth_) return;
     nextOrderTerm();
     orderDepth_ = npos;
   }

@@ -1,5 +1,6 @@
 #include "host/database/dialect/literals.h"
 
+#include <array>
 #include <charconv>
 #include <cstdint>
 
@@ -32,6 +33,31 @@ char markOf(TokenKind literal) {
   return literal == TokenKind::number ? '?' : literal == TokenKind::text ? '\'' : '#';
 }
 
+Token tokenAt(std::string_view sql, TokenKind kind, std::size_t begin, std::size_t end) {
+  const std::size_t mark = kind == TokenKind::date ? 1 : 0;
+  const std::string_view content = sql.substr(begin + mark, end - begin - 2 * mark);
+  return {kind, Keyword::none, content, begin, end};
+}
+
+/// How far before the end the last literal is looked for: behind it stands an order, if anything.
+constexpr std::size_t longestRest = 64;
+
+bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
+bool mayEndName(char character) {
+  const char lower = static_cast<char>(character | 0x20);
+  return (lower >= 'a' && lower <= 'z') || character == '_' || isDigit(character);
+}
+
+constexpr auto endsLiteral = [] {
+  std::array<bool, 256> result{};
+  for (const char character : std::string_view("0123456789#'"))
+    result[static_cast<unsigned char>(character)] = true;
+  return result;
+}();
+
 }  // namespace
 
 std::optional<Value> literalValue(const Token& literal) {
@@ -62,6 +88,26 @@ bool splitLiterals(std::string_view sql, std::string& skeleton, std::vector<Valu
     skeleton += markOf(literal->kind);
   }
   return false;
+}
+
+std::optional<Token> lastLiteral(std::string_view sql) {
+  const std::size_t from = sql.size() > longestRest ? sql.size() - longestRest : 1;
+  for (std::size_t end = sql.size(); end > from; --end) {
+    const char last = sql[end - 1];
+    if (!endsLiteral[static_cast<unsigned char>(last)]) continue;
+    if (last == '\'') return std::nullopt;
+    std::size_t begin = end - 1;
+    if (last == '#') {
+      begin = sql.rfind('#', end - 2);
+      if (begin == sql.npos) return std::nullopt;
+      return tokenAt(sql, TokenKind::date, begin, end);
+    }
+    while (begin > 0 && isDigit(sql[begin - 1])) --begin;
+    if (begin > 0 && !mayEndName(sql[begin - 1]))
+      return tokenAt(sql, TokenKind::number, begin, end);
+    end = begin + 1;
+  }
+  return std::nullopt;
 }
 
 }  // namespace autonotify::host

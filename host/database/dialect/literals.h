@@ -20,4 +20,8 @@ std::optional<Value> literalValue(const Token& literal);
 /// dialect.
 bool splitLiterals(std::string_view sql, std::string& skeleton, std::vector<Value>& literals);
 
+/// The last literal of a statement that the dialect takes; nothing when that is a text, or stands
+/// far before the end. In a text that the dialect refuses it may be anything.
+std::optional<Token> lastLiteral(std::string_view sql);
+
 }  // namespace autonotify::host

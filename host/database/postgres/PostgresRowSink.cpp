@@ -23,7 +23,7 @@ void PostgresRowSink::begin() {
 }
 
 void PostgresRowSink::commit() {
-  for (auto& [shape, batch] : batches_) send(batch);
+  flush();
   moveSequences();
   connection_.commit(*scope_);
   scope_.reset();
@@ -40,14 +40,42 @@ Id PostgresRowSink::insertRow(std::string_view name, std::span<const Field> fiel
   const auto given = std::find_if(fields.begin(), fields.end(), [&](const Field& field) {
     return equalIgnoreCase(field.column, table.key());
   });
-  Id& last = lastKeyOf(table);
-  const Id key = given == fields.end() ? last + 1 : toInteger(given->value);
-  last = std::max(last, key);
+  const Id key = given == fields.end() ? nextKey(table) : toInteger(given->value);
+  if (keys_ == KeySource::counted) lastKeyOf(table) = std::max(lastKeyOf(table), key);
   Batch& batch = batchOf(table, fields, given == fields.end());
   std::vector<Value>& row = batch.rows.emplace_back();
   for (const Field& field : fields) row.push_back(field.value);
   if (given == fields.end()) row.push_back(key);
   if (batch.rows.size() >= rowsAtOnce) send(batch);
+  return key;
+}
+
+void PostgresRowSink::updateRow(std::string_view name, Id key, std::span<const Field> fields) {
+  if (fields.empty()) return;
+  flush();
+  const TableDef& table = tableNamed(name);
+  std::string text = "UPDATE " + table.name + " SET ";
+  std::vector<Value> values;
+  for (const Field& field : fields) {
+    text += values.empty() ? "" : ", ";
+    values.push_back(field.value);
+    (text += field.column) += '=' + placeholder(Engine::postgres, values.size());
+  }
+  values.push_back(key);
+  connection_.execute(
+      text + " WHERE " + table.key() + '=' + placeholder(Engine::postgres, values.size()), values);
+}
+
+Id PostgresRowSink::nextKey(const TableDef& table) {
+  if (keys_ == KeySource::counted) return lastKeyOf(table) + 1;
+  std::vector<Id>& keys = reserved_[&table];
+  if (keys.empty())
+    for (const auto& row : connection_.execute(
+             "SELECT nextval(" + sequenceOf(table) + ") FROM generate_series(1, $1)",
+             {static_cast<int>(rowsAtOnce)}))
+      keys.push_back(row[0].as<Id>());
+  const Id key = keys.front();
+  keys.erase(keys.begin());
   return key;
 }
 
@@ -73,6 +101,10 @@ Id& PostgresRowSink::lastKeyOf(const TableDef& table) {
             .front()[0]
             .as<Id>();
   return place->second;
+}
+
+void PostgresRowSink::flush() {
+  for (auto& [shape, batch] : batches_) send(batch);
 }
 
 void PostgresRowSink::send(Batch& batch) {

@@ -56,6 +56,7 @@ class SqliteStatement : public DriverStatement {
                              SQLITE_PREPARE_PERSISTENT, &statement_, nullptr),
           sql);
     try {
+      texts_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(statement_)));
       describe();
     } catch (...) {
       sqlite3_finalize(statement_);
@@ -129,7 +130,9 @@ class SqliteStatement : public DriverStatement {
   void bind(int place, double number) { check(sqlite3_bind_double(statement_, place, number)); }
   void bind(int place, DateTime moment) { bind(place, dateTimeText(moment)); }
   void bind(int place, const std::string& text) {
-    check(sqlite3_bind_text64(statement_, place, text.data(), text.size(), SQLITE_TRANSIENT,
+    std::string& kept = texts_[static_cast<std::size_t>(place - 1)];
+    kept = text;
+    check(sqlite3_bind_text64(statement_, place, kept.data(), kept.size(), SQLITE_STATIC,
                               SQLITE_UTF8));
   }
 
@@ -150,6 +153,7 @@ class SqliteStatement : public DriverStatement {
   sqlite3_stmt* statement_ = nullptr;
   bool isUnderWay_ = false;
   std::vector<ResultColumn> columns_;
+  std::vector<std::string> texts_;  // bound, by parameter
 };
 
 /// Commits within its life are not waited for. A key that a crash takes back was seen by no one:
@@ -167,8 +171,16 @@ class QuickCommits {
   SQLite::Database& database_;
 };
 
+/// Told: the number that is written comes to the driver too. RETURNING would make a table for it.
 constexpr const char* nextKeySql =
-    "UPDATE sqlite_sequence SET seq=seq+1 WHERE rowid=? AND name=? RETURNING seq";
+    "UPDATE sqlite_sequence SET seq=Told(seq+1) WHERE rowid=? AND name=?";
+
+void tell(sqlite3_context* context, int, sqlite3_value** arguments) {
+  const bool isNumber = sqlite3_value_type(*arguments) == SQLITE_INTEGER;
+  *static_cast<std::int64_t*>(sqlite3_user_data(context)) =
+      isNumber ? sqlite3_value_int64(*arguments) : std::numeric_limits<std::int64_t>::max();
+  sqlite3_result_value(context, *arguments);
+}
 
 }  // namespace
 
@@ -189,7 +201,10 @@ void throwSqliteError(sqlite3* connection, int code, const std::string& sql) {
 SqliteDriver::SqliteDriver(SQLite::Database database)
     : database_(std::move(database)),
       isInFile_(*sqlite3_db_filename(database_.getHandle(), "main") != 0) {
-  translated([&] { database_.createFunction("IsDate", 1, true, nullptr, testDate); });
+  translated([&] {
+    database_.createFunction("IsDate", 1, true, nullptr, testDate);
+    database_.createFunction("Told", 1, false, &told_, tell);
+  });
 }
 
 SqliteDriver::~SqliteDriver() = default;
@@ -200,14 +215,10 @@ std::unique_ptr<DriverStatement> SqliteDriver::prepare(const std::string& sql) {
 
 Id SqliteDriver::nextKey(std::int64_t counter, const std::string& table) {
   if (!nextKey_) nextKey_ = prepare(nextKeySql);
-  nextKey_->execute({counter, table});
-  if (!nextKey_->step()) return noId;
-  const Value key = nextKey_->value(0, nullptr);
-  nextKey_->step();
-  const std::int64_t* number = key.getIf<std::int64_t>();
-  if (!number || *number > std::numeric_limits<Id>::max())
+  if (nextKey_->run({counter, table}) == 0) return noId;
+  if (told_ > std::numeric_limits<Id>::max())
     throw DatabaseError(database_error::keysExhausted, "No key is left in table " + table);
-  return static_cast<Id>(*number);
+  return static_cast<Id>(told_);
 }
 
 Id SqliteDriver::reserveKey(const TableDef& table) {

@@ -52,6 +52,7 @@ class SqliteDriver : public Driver {
   SQLite::Database database_;
   bool isInFile_;
   std::unique_ptr<DriverStatement> nextKey_;
+  std::int64_t told_ = 0;
   // Where the counters were last seen: the engine has no index on their names.
   std::unordered_map<const TableDef*, std::int64_t> counters_;
 };

@@ -26,9 +26,12 @@ class SqliteRowSink : public RowSink {
   void begin() override;
   void commit() override;
   Id insertRow(std::string_view table, std::span<const Field> fields) override;
+  void updateRow(std::string_view table, Id key, std::span<const Field> fields) override;
 
  private:
-  SQLite::Statement& statementFor(std::string_view table, std::span<const Field> fields);
+  using TextOf = std::string (*)(std::string_view table, std::span<const Field> fields);
+  SQLite::Statement& statementFor(const char* verb, TextOf textOf, std::string_view table,
+                                  std::span<const Field> fields);
 
   SQLite::Database& database_;
   std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;

@@ -6,33 +6,10 @@
 
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/rows/client_names.h"
+#include "host/desk/unfinished_rows.h"
 
 namespace autonotify::host {
 namespace {
-
-/// Where the name of a diary item is found.
-struct ItemTable {
-  Id Notification::*link;
-  const char* sql;
-  const char* column;
-};
-constexpr std::array<ItemTable, 4> itemTables{{
-    {&Notification::scheduleId,
-     "SELECT Schedule.ScheduleID, Schedule.scheduleName FROM Schedule WHERE ScheduleID=",
-     "scheduleName"},
-    {&Notification::appointmentId,
-     "SELECT Appointments.AppointmentID, Appointments.Subject FROM Appointments WHERE "
-     "AppointmentID=",
-     "Subject"},
-    {&Notification::taskId,
-     "SELECT Tasks.TaskID, Tasks.Subject FROM Tasks WHERE TaskID=", "Subject"},
-    {&Notification::docketId,
-     "SELECT Dockets.DocketID, Dockets.Subject FROM Dockets WHERE DocketID=", "Subject"},
-}};
-
-constexpr const char* archivedName =
-    "SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule WHERE "
-    "oldScheduleID=";
 
 /// The field without which a channel cannot reach anyone.
 struct AddressField {
@@ -51,16 +28,22 @@ struct StateWords {
   const char* name;
   const char* words;
 };
-constexpr std::array<StateWords, 5> stateTable{{
+constexpr std::array<StateWords, 6> stateTable{{
     {"pending", "is pending"},
     {"sent", "was sent"},
     {"cancelled", "is cancelled"},
     {"interrupted while being sent", "was interrupted while being sent"},
     {"interrupted while being cancelled", "was interrupted while being cancelled"},
+    {"being written", "is still being written"},
 }};
 
 const StateWords& wordsOf(NotificationState state) {
   return stateTable.at(static_cast<std::size_t>(state));
+}
+
+void readFields(const Row& row, Notification& into) {
+  for (int i = 0; i < 6; ++i) into.fields[i] = row.text(fmt::format("Field{}", i + 1));
+  into.sentTime = row.date("SentTime");
 }
 
 }  // namespace
@@ -71,14 +54,24 @@ const char* const summaryColumns =
     "ClientNotification.ScheduleIDNum, ClientNotification.ApptIDNum, "
     "ClientNotification.TaskIDNum, ClientNotification.DocketIDNum, "
     "ClientNotification.CompanyIDNum, ClientNotification.ContactIDNum, "
+    "ClientNotification.OperatingProcedureIDNum, "
     "ClientNotification.NotificationDate, ClientNotification.NotificationSent, "
     "ClientNotification.NotificationSentStatus";
+
+std::string listedColumns() {
+  return fmt::format(
+      "{}, {}", summaryColumns,
+      "ClientNotification.Field1, ClientNotification.Field2, ClientNotification.Field3, "
+      "ClientNotification.Field4, ClientNotification.Field5, ClientNotification.Field6, "
+      "ClientNotification.SentTime, ClientNotification.SentByUserIDNum");
+}
 
 Notification readSummary(const Row& row) {
   Notification result;
   result.id = row.id("ClientNotificationID");
   result.channel = row.id("NotificationType", 0);
   result.scheduleId = row.id("ScheduleIDNum");
+  if (result.scheduleId < 0) result.scheduleId = taskOfSent(row.id("OperatingProcedureIDNum"));
   result.appointmentId = row.id("ApptIDNum");
   result.taskId = row.id("TaskIDNum");
   result.docketId = row.id("DocketIDNum");
@@ -86,15 +79,21 @@ Notification readSummary(const Row& row) {
   result.contactId = row.id("ContactIDNum");
   result.date = row.date("NotificationDate");
   result.sent = row.flag("NotificationSent");
-  result.sentStatus = row.id("NotificationSentStatus", 0);
+  result.sentStatus = row.id("NotificationSentStatus", enumNotificationSendStatus_NotSent);
+  return result;
+}
+
+Notification readListed(const Row& row) {
+  Notification result = readSummary(row);
+  readFields(row, result);
+  result.sentBy = row.id("SentByUserIDNum");
   return result;
 }
 
 Notification readWhole(const Row& row) {
   Notification result = readSummary(row);
-  for (int i = 0; i < 6; ++i) result.fields[i] = row.text(fmt::format("Field{}", i + 1));
+  readFields(row, result);
   result.memo = row.text("Memo");
-  result.sentTime = row.date("SentTime");
   return result;
 }
 
@@ -106,8 +105,11 @@ NotificationState stateOf(const Notification& notification) {
       return notification.sent ? NotificationState::cancelled
                                : NotificationState::interruptedCancel;
     default:
-      return notification.sent ? NotificationState::interruptedSending : NotificationState::pending;
+      break;
   }
+  if (notification.sent) return NotificationState::interruptedSending;
+  return notification.docketId == unfinishedLink ? NotificationState::unfinished
+                                                 : NotificationState::pending;
 }
 
 std::string stateName(NotificationState state) {
@@ -116,6 +118,14 @@ std::string stateName(NotificationState state) {
 
 std::string stateWords(NotificationState state) {
   return wordsOf(state).words;
+}
+
+std::string stateText(const Notification& notification) {
+  const std::string name = stateName(stateOf(notification));
+  const int status = notification.sentStatus;
+  const bool isKnown = status >= enumNotificationSendStatus_NotSent &&
+                       status <= enumNotificationSendStatus_Cancelled;
+  return isKnown ? name : fmt::format("{} (unknown status {})", name, status);
 }
 
 std::optional<Notification> findNotification(Desk& desk, Id id) {
@@ -145,19 +155,17 @@ std::string missingAddress(const Notification& notification) {
   return needed && notification.fields[needed->field].empty() ? needed->words : "";
 }
 
-std::string itemName(Desk& desk, const Notification& notification) {
-  std::string name;
-  for (const ItemTable& table : itemTables) {
-    const Id id = notification.*table.link;
-    if (id < 0) continue;
-    const auto take = [&](const Row& row) { name = row.text(table.column); };
-    const bool found = firstRow(desk.database(), fmt::format("{}{};", table.sql, id), take);
-    if (!found && table.link == &Notification::scheduleId) {
-      firstRow(desk.database(), fmt::format("{}{};", archivedName, id), take);
-    }
-    break;
-  }
-  return name;
+std::string addressOf(const Notification& notification) {
+  const AddressField* field = findChannel(addressFields, notification.channel);
+  return field ? notification.fields[field->field] : std::string();
+}
+
+std::string addressTerm() {
+  std::string term = "CASE ClientNotification.NotificationType";
+  for (const AddressField& field : addressFields)
+    term += fmt::format(" WHEN {} THEN ClientNotification.Field{}", int{field.channel},
+                        field.field + 1);
+  return "LOWER(COALESCE(" + term + " END, ''))";
 }
 
 std::string clientName(Desk& desk, const Notification& notification) {

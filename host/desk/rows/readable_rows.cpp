@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <bit>
+
 #include "host/database/schema/Schema.h"
 
 namespace autonotify::host {
@@ -12,6 +14,11 @@ std::string rowName(const char* table, const Row& row) {
 
 std::string orNoDate(const std::string& condition, const char* column) {
   return fmt::format("({} OR NOT IsDate({}))", condition, column);
+}
+
+std::string idList(std::vector<Id> ids) {
+  ids.resize(std::bit_ceil(ids.size()), ids.back());
+  return fmt::format("{}", fmt::join(ids, ", "));
 }
 
 }  // namespace autonotify::host

@@ -27,6 +27,10 @@ std::string rowName(const char* table, const Row& row);
 /// reader names them, or leaves out what is a date after all that the condition does not want.
 std::string orNoDate(const std::string& condition, const char* column);
 
+/// "1, 2, 5, 5" for an IN: the last one is repeated up to a power of two, so that statements which
+/// differ in the number of ids are few. Requires one at least.
+std::string idList(std::vector<Id> ids);
+
 /// What `read` makes of a row of the table. Throws UnreadableRow.
 template <class Read>
 auto readRow(const char* table, const Row& row, Read&& read) {

@@ -12,21 +12,27 @@
 namespace autonotify::host {
 namespace {
 
+struct Unsent {
+  Id id;
+  bool isPersonal;
+};
+
 class Carrier {
  public:
   Carrier(Desk& desk, const CarryWish& wish, std::string text)
       : desk_(desk), wish_(wish), text_(std::move(text)) {}
 
-  CarriedText carry(Id id) {
-    if (wish_.dryRun)
-      return withNotification<CarriedText>(desk_, id, [&](const auto& row) { return judge(row); });
+  CarriedText carry(const Unsent& unsent) {
+    const auto judged = [&](const Notification& row) { return judge(row, unsent.isPersonal); };
+    if (wish_.dryRun) return withNotification<CarriedText>(desk_, unsent.id, judged);
     return withClaimedNotification<CarriedText>(
-        desk_, id, [&](const auto& row) { return write(row, judge(row)); });
+        desk_, unsent.id, [&](const auto& row) { return write(row, judged(row)); });
   }
 
  private:
-  CarriedText judge(const Notification& row) {
+  CarriedText judge(const Notification& row, bool isPersonal) {
     if (row.sent) return {CarryResult::settled};
+    if (isPersonal) return {CarryResult::personal};
     CarriedText told;
     const std::string errors = desk_.errorsOf([&] { told.result = resultFor(row); });
     return errors.empty() ? told : CarriedText{CarryResult::failed, errors};
@@ -41,7 +47,6 @@ class Carrier {
 
   CarryResult resultFor(const Notification& row) {
     const std::string text = desk_.tools().composeNotification(text_, row.id);
-    if (text.empty()) return CarryResult::personal;
     const RichText memo = readRichText(row.memo);
     if (readRichText(text) == memo) return CarryResult::alike;
     return wish_.former && !isComposed(row, memo) ? CarryResult::edited : CarryResult::changes;
@@ -82,15 +87,16 @@ class Carrier {
   std::string text_;
 };
 
-std::vector<Id> unsentOf(Desk& desk, const ScheduleKind& kind) {
-  std::vector<Id> ids;
+std::vector<Unsent> unsentOf(Desk& desk, const ScheduleKind& kind) {
+  std::vector<Unsent> rows;
   const std::string sql = fmt::format(
-      "SELECT ClientNotification.ClientNotificationID FROM {} ORDER BY "
+      "SELECT ClientNotification.ClientNotificationID, Schedule.ClientNum FROM {} ORDER BY "
       "ClientNotification.ClientNotificationID;",
       unsentRowsOf(kind));
-  forEachRow(desk.database(), sql,
-             [&](const Row& row) { ids.push_back(row.id("ClientNotificationID")); });
-  return ids;
+  forEachRow(desk.database(), sql, [&](const Row& row) {
+    rows.push_back({row.id("ClientNotificationID"), row.id("ClientNum") < 0});
+  });
+  return rows;
 }
 
 }  // namespace
@@ -100,11 +106,11 @@ Outcome<CarriedTexts> carryTemplate(Desk& desk, const std::string& named, const 
   auto known = readKindTemplate(desk, named);
   if (!known) return known.refused();
   CarriedTexts carried{known->kind, {}};
-  const std::vector<Id> ids = unsentOf(desk, known->kind);
+  const std::vector<Unsent> rows = unsentOf(desk, known->kind);
   Carrier carrier(desk, wish, known->text);
-  for (const Id id : ids) {
-    carried.texts.push_back(carrier.carry(id));
-    progress(static_cast<int>(carried.texts.size()), static_cast<int>(ids.size()));
+  for (const Unsent& row : rows) {
+    carried.texts.push_back(carrier.carry(row));
+    progress(static_cast<int>(carried.texts.size()), static_cast<int>(rows.size()));
   }
   return carried;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <map>
 
 #include "host/desk/work/claiming.h"
 
@@ -36,15 +37,17 @@ Outcome<Change> moveNotification(Desk& desk, Id id, DateTime date) {
                    [&] { desk.control().cls_ChangeNotificationNotifiedDate(id, date); });
 }
 
-Outcome<std::vector<Notification>> refreshNotifications(Desk& desk, Id task) {
+Outcome<std::vector<Refreshed>> refreshNotifications(Desk& desk, Id task) {
   const auto claimed = claimTask(desk, task);
   if (!claimed) return claimed.refused();
+  std::map<Id, DateTime> former;
+  for (const Notification& row : readNotificationsOf(desk, task).rows) former[row.id] = row.date;
   return askComponent(desk, subjectOf(WorkItem::task, task), [&] {
     desk.control().cls_refreshNotificationDate(task);
-    std::vector<Notification> rows;
+    std::vector<Refreshed> rows;
     for (const notifyType channel : allNotifyTypes) {
       const Id id = desk.control().cls_getNotificationID(task, channel);
-      if (auto row = findNotification(desk, id)) rows.push_back(*std::move(row));
+      if (auto row = findNotification(desk, id)) rows.push_back({*std::move(row), former[id]});
     }
     return rows;
   });

@@ -21,8 +21,15 @@ Outcome<Change> cancelNotification(Desk& desk, Id id);
 /// Another date for a notification that waits.
 Outcome<Change> moveNotification(Desk& desk, Id id, DateTime date);
 
+/// A notification whose date was worked out anew.
+struct Refreshed {
+  Notification row;
+  /// What it was dated before, if only because somebody had moved it.
+  DateTime formerDate;
+};
+
 /// Works out the dates of a task's notifications anew, after its due date or kind has changed, and
 /// gives them all; none for a task that has none.
-Outcome<std::vector<Notification>> refreshNotifications(Desk& desk, Id task);
+Outcome<std::vector<Refreshed>> refreshNotifications(Desk& desk, Id task);
 
 }  // namespace autonotify::host

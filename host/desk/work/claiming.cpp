@@ -56,6 +56,12 @@ Outcome<std::unique_ptr<Claim>> claimItem(Desk& desk, WorkItem item, Id id) {
   return claim;
 }
 
+Outcome<std::unique_ptr<Claim>> claimTemplates(Desk& desk) {
+  auto claim = desk.claims().take(WorkItem::templates, wholeFirm);
+  if (!claim) return Refused{Refused::Why::atWorkElsewhere, "the templates"};
+  return claim;
+}
+
 // The item first, as whoever disarms it does: so no two desks wait for each other.
 Outcome<std::unique_ptr<Claim>> claimNotification(Desk& desk, const Notification& notification) {
   const Refused refused{Refused::Why::atWorkElsewhere,

@@ -17,6 +17,8 @@ Outcome<Task> requireTask(Desk& desk, Id id);
 Outcome<Notification> requireNotification(Desk& desk, Id id);
 
 Outcome<std::unique_ptr<Claim>> claimItem(Desk& desk, WorkItem item, Id id);
+/// All of the firm's.
+Outcome<std::unique_ptr<Claim>> claimTemplates(Desk& desk);
 
 /// Keeps all other desks off the notification and off what it is about: nobody composes, arms,
 /// sends or changes it meanwhile. Its state is that of the row as it is read then.

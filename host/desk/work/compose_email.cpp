@@ -1,21 +1,10 @@
 #include "host/desk/work/compose_email.h"
 
+#include "host/desk/unfinished_rows.h"
 #include "host/desk/work/claiming.h"
 
 namespace autonotify::host {
 namespace {
-
-/// The task's email that waits for its date; noId when none does. Throws UnreadableRow when that
-/// cannot be told.
-Id findWaitingEmail(Desk& desk, Id task) {
-  Id found = noId;
-  const ReadableRows<Notification> rows = readNotificationsOf(desk, task);
-  if (!rows.unreadable.empty()) throw *rows.unreadable.begin();
-  for (const Notification& row : rows.rows) {
-    if (row.channel == nt_Email && stateOf(row) == NotificationState::pending) found = row.id;
-  }
-  return found;
-}
 
 using OpenComposer = void (clsAutoNotifyCtrl::*)(CurrentDayTimerType, notificationTypes, Id, Id);
 
@@ -25,10 +14,20 @@ Composed openComposer(Desk& desk, OpenComposer open, Id task) {
 
 }  // namespace
 
-// The email is a row of the database while it is written: nobody else may send that.
+std::optional<Notification> findWaitingEmail(Desk& desk, Id task) {
+  std::optional<Notification> found;
+  const ReadableRows<Notification> rows = readNotificationsOf(desk, task);
+  if (!rows.unreadable.empty()) throw *rows.unreadable.begin();
+  for (const Notification& row : rows.rows) {
+    if (row.channel == nt_Email && stateOf(row) == NotificationState::pending) found = row;
+  }
+  return found;
+}
+
 Outcome<Composed> composeEmail(Desk& desk, Id task) {
   const auto claim = claimItem(desk, WorkItem::task, task);
   if (!claim) return claim.refused();
+  const UnfinishedRows rows(desk);
   return openComposer(
       desk, &clsAutoNotifyCtrl::cls_openSendNotificationWizardEmailForm_InitializeAutoNotifyNow,
       task);
@@ -37,17 +36,19 @@ Outcome<Composed> composeEmail(Desk& desk, Id task) {
 Outcome<Composed> scheduleEmail(Desk& desk, Id task) {
   const auto claim = claimItem(desk, WorkItem::task, task);
   if (!claim) return claim.refused();
-  if (findWaitingEmail(desk, task) != noId) return Composed::waitsAlready;
+  const UnfinishedRows rows(desk);
+  if (findWaitingEmail(desk, task)) return Composed::waitsAlready;
   const Composed composed = openComposer(
       desk, &clsAutoNotifyCtrl::cls_openSendNotificationWizardEmailForm_InitializeNewAutoNotify,
       task);
-  const bool isLost = composed == Composed::done && findWaitingEmail(desk, task) == noId;
-  return isLost ? Composed::lost : composed;
+  if (composed != Composed::done || findWaitingEmail(desk, task)) return composed;
+  return rows.areLeft() ? Composed::cancelled : Composed::lost;
 }
 
 Outcome<Composed> editEmail(Desk& desk, Id task) {
-  const Id email = findWaitingEmail(desk, task);
-  if (email == noId) return Composed::noneWaits;
+  const auto waiting = findWaitingEmail(desk, task);
+  if (!waiting) return Composed::noneWaits;
+  const Id email = waiting->id;
   const auto claimed = claimNotification(desk, email);
   if (!claimed) return claimed.refused();
   // Whoever had the claim before may have sent it.

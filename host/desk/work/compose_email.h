@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <type_traits>
 
 #include "control/clsAutoNotifyCtrl.h"
 #include "host/desk/Outcome.h"
+#include "host/desk/rows/Notification.h"
 
 namespace autonotify::host {
 
@@ -30,6 +32,10 @@ Composed openWindow(Desk& desk, void (clsAutoNotifyCtrl::*open)(Types...),
 }
 
 // While the person writes no other desk works on the task, nor on the email that is edited.
+
+/// The email of the task that waits for its date, unset when none does. Throws UnreadableRow when
+/// that cannot be told.
+std::optional<Notification> findWaitingEmail(Desk& desk, Id task);
 
 /// An email to the task's client that is sent at once.
 Outcome<Composed> composeEmail(Desk& desk, Id task);

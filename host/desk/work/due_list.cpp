@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "host/desk/unfinished_rows.h"
+
 namespace autonotify::host {
 namespace {
 
@@ -37,20 +39,28 @@ std::string interruptedCondition() {
       std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max());
 }
 
-}  // namespace
-
-std::string dueCondition(Desk& desk) {
-  constexpr const char* date = "ClientNotification.NotificationDate";
-  const std::string today = desk.database().formatDateForSQL(desk.today());
-  return orNoDate(fmt::format("{} <= #{}#", date, today), date) +
-         " AND ClientNotification.NotificationSent=False";
-}
-
+/// What is due, by date: without fields and text.
 ReadableRows<Notification> readDue(Desk& desk) {
   ReadableRows<Notification> due;
   readSummaries(desk, dueCondition(desk), due);
   leaveOutLater(desk, due);
   return due;
+}
+
+}  // namespace
+
+std::string dueCondition(Desk& desk) {
+  return dueCondition(desk, desk.today());
+}
+
+std::string dueCondition(Desk& desk, DateTime day) {
+  constexpr const char* date = "ClientNotification.NotificationDate";
+  const std::string last = desk.database().formatDateForSQL(day);
+  return orNoDate(fmt::format("{} <= #{}#", date, last), date) +
+         fmt::format(
+             " AND ClientNotification.NotificationSent=False AND "
+             "COALESCE(ClientNotification.DocketIDNum, {})<>{}",
+             noId, unfinishedLink);
 }
 
 ReadableRows<Notification> readDueCalls(Desk& desk) {

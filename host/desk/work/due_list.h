@@ -10,8 +10,6 @@ namespace autonotify::host {
 // What is due: unsent, and dated today or before. Of a date that cannot be read nobody knows that
 // it is not: such a row counts as due until someone mends it. All throw DatabaseError.
 
-/// What is due, by date: without fields and text.
-ReadableRows<Notification> readDue(Desk& desk);
 inline constexpr int allChannels = -1;
 /// The rows whose marking as sent was interrupted, then what is due, by one of the channels.
 ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
@@ -19,7 +17,8 @@ ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
 ReadableRows<Notification> readDueCalls(Desk& desk);
 std::size_t countDueNotifications(Desk& desk);
 
-/// The condition on ClientNotification for what is due, for a WHERE.
+/// The condition on ClientNotification for what is due today, or by another day, for a WHERE.
 std::string dueCondition(Desk& desk);
+std::string dueCondition(Desk& desk, DateTime day);
 
 }  // namespace autonotify::host

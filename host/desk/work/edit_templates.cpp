@@ -3,12 +3,13 @@
 #include <fmt/format.h>
 
 #include "host/clients/record_rows.h"
+#include "host/desk/work/claiming.h"
 
 namespace autonotify::host {
 
 std::optional<Refused> editTemplates(Desk& desk, Id task) {
-  const auto claim = desk.claims().take(WorkItem::templates, wholeFirm);
-  if (!claim) return Refused{Refused::Why::atWorkElsewhere, "the templates"};
+  const auto claim = claimTemplates(desk);
+  if (!claim) return claim.refused();
   Id totalNum = noId;
   Id scheduleNum = noId;
   if (task >= 0) {

@@ -84,8 +84,8 @@ Outcome<KindTemplate> readKindTemplate(Desk& desk, const std::string& named) {
 
 Outcome<TemplateChange> changeKindTemplate(Desk& desk, const std::string& named,
                                            const TemplateWish& wish) {
-  const auto claim = desk.claims().take(WorkItem::templates, wholeFirm);
-  if (!claim) return Refused{Refused::Why::atWorkElsewhere, "the templates"};
+  const auto claim = claimTemplates(desk);
+  if (!claim) return claim.refused();
   const auto kind = requireScheduleKind(desk, named);
   if (!kind) return kind.refused();
   const auto former = readText(desk, *kind);

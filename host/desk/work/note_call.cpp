@@ -2,21 +2,31 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "host/desk/work/claiming.h"
 #include "platform/date_time_text.h"
 #include "platform/rich_text.h"
 #include "platform/richtext/rich_text_edit.h"
+#include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
+
+constexpr const char* noAnswerWords = "no answer";
 
 /// "2026-04-15 14:05, Jo Miller: no answer; will be back on Monday"
 std::string callLine(Desk& desk, CallResult result, const std::string& note) {
   const std::string now = dateTimeText(desk.clock().now());
   const std::string user = desk.clients().getUserNameFromID(desk.locale().getCurrentUserID());
   return fmt::format("{}{}{}: {}{}{}", now, user.empty() ? "" : ", ", user,
-                     result == CallResult::made ? "called" : "no answer", note.empty() ? "" : "; ",
-                     note);
+                     result == CallResult::made ? "called" : noAnswerWords,
+                     note.empty() ? "" : "; ", note);
+}
+
+std::string lastLine(const std::string& memo) {
+  const std::string text(trim(plainTextOf(memo)));
+  return text.substr(text.find_last_of("\r\n") + 1);
 }
 
 std::string withParagraph(const std::string& memo, const std::string& line) {
@@ -44,6 +54,13 @@ std::optional<Notification> findWaitingCall(Desk& desk, Id task) {
     if (fateOf(row, CallResult::made) == CallFate::noted) return findNotification(desk, row.id);
   }
   return std::nullopt;
+}
+
+bool wasNotReached(const std::string& memo) {
+  const std::string line = lastLine(memo);
+  const std::string::size_type result = line.find(fmt::format(": {}", noAnswerWords));
+  const std::string moment = line.substr(0, std::min(result, line.find(',')));
+  return result != line.npos && parseDateTime(moment);
 }
 
 Outcome<NotedCall> noteCall(Desk& desk, Id id, CallResult result, const std::string& note) {

@@ -31,6 +31,9 @@ struct NotedCall {
 /// DatabaseError.
 std::optional<Notification> findWaitingCall(Desk& desk, Id task);
 
+/// Whether the last thing that was noted behind the text is a call without an answer.
+bool wasNotReached(const std::string& memo);
+
 /// Notes that the client was called: a line behind the notification's text says when, by whom and
 /// with what result, and `note` stands in it, if there is one. A call that was made is marked sent;
 /// without an answer it stays due. The line comes first: a run that was killed between the two is

@@ -1,5 +1,6 @@
 #include "host/desk/work/notify_client.h"
 
+#include "host/desk/unfinished_rows.h"
 #include "host/desk/work/claiming.h"
 #include "platform/PlatformError.h"
 
@@ -13,6 +14,7 @@ Outcome<Composed> inWizard(Desk& desk, Id id) {
   const auto task = claimTask(desk, id);
   if (!task) return task.refused();
   const auto type = task->row.clientNum >= 0 ? enumAutoNotifyCompany : enumAutoNotifyContact;
+  const UnfinishedRows rows(desk);
   return openWindow(desk, open, static_cast<std::int16_t>(type), id);
 }
 
@@ -26,6 +28,7 @@ Outcome<Composed> blank(Desk& desk, Id id) {
     return Refused{Refused::Why::failed, {}, error.description()};
   }
   const Id contact = task->clientNum >= 0 ? noId : task->contactId;
+  const UnfinishedRows rows(desk);
   return openWindow(desk, open, remittanceNotification, companyOf(desk, *task), contact,
                     noDayTimerType);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "host/desk/rows/item_names.h"
 #include "host/desk/work/claiming.h"
 #include "platform/PlatformError.h"
 

@@ -56,6 +56,8 @@ class Printing {
         return wish_.again ? PrintResult::printed : PrintResult::alreadySent;
       case NotificationState::interruptedSending:
         return wish_.again ? PrintResult::printed : PrintResult::unknownWhetherSent;
+      case NotificationState::unfinished:
+        return PrintResult::unfinished;
       case NotificationState::pending:
         break;
     }

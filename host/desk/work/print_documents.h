@@ -29,6 +29,8 @@ enum class PrintResult {
   otherChannel,
   alreadySent,
   cancelled,
+  /// Whoever writes it is not done.
+  unfinished,
   /// Its marking was interrupted.
   unknownWhetherSent,
   /// It could not be filed, or its row not be read: it is not in the file.

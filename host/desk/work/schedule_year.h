@@ -38,9 +38,10 @@ YearOutcome previewYear(Desk& desk, const YearWish& wish);
 /// taken back when the component meets errors. Requires a desk without a screen.
 YearOutcome scheduleYear(Desk& desk, const YearWish& wish);
 
-/// The same as a person chooses in the component's window for the task's client, whose choice is
-/// kept. Meanwhile no other desk works on an open task of the client. A person who cancels the work
-/// keeps the tasks that are done.
+/// The same as a person chooses in the component's window for the task's client. Nothing changes
+/// before Finish; the choice is kept when the component has met no errors. Meanwhile no other desk
+/// works on an open task of the client. A person who cancels the work keeps the tasks that are
+/// done.
 Outcome<Composed> chooseYear(Desk& desk, Id task);
 
 }  // namespace autonotify::host

@@ -33,6 +33,8 @@ class Sending {
         return finishCancel();
       case NotificationState::interruptedSending:
         return finishSending();
+      case NotificationState::unfinished:
+        return {SendResult::unfinished};
       case NotificationState::pending:
         break;
     }
@@ -65,9 +67,13 @@ class Sending {
     sender->put_bcc(row_.fields[Notification::emailBcc]);
     sender->put_subject(row_.fields[Notification::emailSubject]);
     sender->put_body(plainTextOf(row_.memo));
+    sender->setRichText(row_.memo);
+    if (wish_.testTo) sender->makeTest(*wish_.testTo);
     if (!sender->send())
-      return {sender->isUncertain() ? SendResult::uncertain : SendResult::failed,
-              sender->getLastError()};
+      return {.result = sender->isUncertain() ? SendResult::uncertain : SendResult::failed,
+              .detail = sender->getLastError(),
+              .isServersFault = sender->isServersFault()};
+    if (wish_.testTo) return {SendResult::testSent, wish_.testTo->address};
     if (sender->alreadyDelivered()) return marked({SendResult::foundInOutbox});
     return marked({SendResult::sent, recipients(), sender->keepFault()});
   }
@@ -127,8 +133,8 @@ class Sending {
 
 SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish) {
   const auto send = [&](const Notification& row) { return Sending(desk, row, wish).run(); };
-  return wish.dryRun ? withNotification<SendOutcome>(desk, id, send)
-                     : withClaimedNotification<SendOutcome>(desk, id, send);
+  return wish.dryRun || wish.testTo ? withNotification<SendOutcome>(desk, id, send)
+                                    : withClaimedNotification<SendOutcome>(desk, id, send);
 }
 
 }  // namespace autonotify::host

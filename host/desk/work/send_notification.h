@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/desk/work/one_notification.h"
+#include "host/mail/addresses.h"
 
 namespace autonotify::host {
 
@@ -15,6 +16,8 @@ struct SendWish {
   bool markOnly = false;
   /// Sends also where it cannot be known whether it was sent.
   bool again = false;
+  /// What would go out goes to this address instead, as a test: nothing is marked.
+  std::optional<Mailbox> testTo = std::nullopt;
 };
 
 enum class SendResult {
@@ -23,6 +26,8 @@ enum class SendResult {
   foundInOutbox,
   markedOnly,
 
+  /// A test of it went out.
+  testSent,
   /// A person sends what goes out by this channel.
   byHand,
   alreadySent,
@@ -30,6 +35,8 @@ enum class SendResult {
   /// Its cancelling was interrupted, and is finished now.
   cancelFinished,
   cancelFailed,
+  /// Whoever writes it is not done.
+  unfinished,
   /// Its marking was interrupted, and the outbox does not know it as sent.
   unknownWhetherSent,
   /// Sending it was interrupted, or the mail server did: see OutboxEmailSender::isUncertain.
@@ -50,6 +57,8 @@ struct SendOutcome {
   std::string keepFault = {};
   /// Why a notification that went out could not be marked sent; the next run makes it good.
   std::string markFault = {};
+  /// No other email would go out either.
+  bool isServersFault = false;
   Id id = noId;
   /// Unset when it is not there.
   std::optional<NotificationSubject> about = std::nullopt;

@@ -2,7 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <array>
+#include <string>
+#include <vector>
 
 #include "host/database/schema/caseless.h"
 #include "host/desk/work/due_list.h"
@@ -16,12 +17,39 @@ constexpr const char* tasksAndClients =
     "LEFT JOIN Companies ON ClientData.CompanyIDNum = Companies.CompanyID) "
     "LEFT JOIN Contacts ON Schedule.ContactIDNum = Contacts.ContactID";
 
-/// What each TaskOrder goes by; the key makes the order complete.
-constexpr std::array<const char*, 3> orders{
-    "Schedule.DueDate",
-    "LOWER(COALESCE(Companies.CompanyName, Contacts.DisplayName, ''))",
-    "Schedule.scheduleName",
-};
+/// The day of the task's next notification that waits; NULL for none. Of the columns in COALESCE
+/// no index is used: by those an engine would go through all that is unsent for each task.
+constexpr const char* waitingTerm =
+    "(SELECT Min(COALESCE(ClientNotification.NotificationDate, "
+    "ClientNotification.NotificationDate)) FROM ClientNotification WHERE "
+    "ClientNotification.ScheduleIDNum=Schedule.ScheduleID AND "
+    "COALESCE(ClientNotification.NotificationSent, False)=False AND "
+    "COALESCE(ClientNotification.NotificationSentStatus, 1) NOT IN (2, 3))";
+constexpr const char* sentTerm =
+    "(SELECT Count(*) FROM ClientNotification WHERE "
+    "ClientNotification.ScheduleIDNum=Schedule.ScheduleID AND "
+    "ClientNotification.NotificationSentStatus=2)";
+
+/// What each TaskOrder goes by; the key makes the order complete. What has no date comes last.
+std::vector<std::string> orderTerms(TaskOrder order) {
+  switch (order) {
+    case TaskOrder::client:
+      return {"LOWER(COALESCE(Companies.CompanyName, Contacts.DisplayName, ''))"};
+    case TaskOrder::name:
+      return {"Schedule.scheduleName"};
+    case TaskOrder::notificationDate:
+      return {fmt::format("CASE WHEN {} IS NULL THEN 1 ELSE 0 END", waitingTerm), waitingTerm};
+    case TaskOrder::channels:
+      return {"Schedule.notifyType"};
+    case TaskOrder::state:
+      return {fmt::format("CASE WHEN {} IS NULL THEN CASE WHEN {}>0 THEN 1 ELSE 2 END ELSE 0 END",
+                          waitingTerm, sentTerm),
+              waitingTerm};
+    case TaskOrder::dueDate:
+      break;
+  }
+  return {"Schedule.DueDate"};
+}
 
 /// The text as the pattern of a LIKE: "%text%", quotes doubled, with "!" before what else would be
 /// a joker. Small are the letters that every engine's LOWER knows.
@@ -68,9 +96,10 @@ std::string conditionOf(Desk& desk, const TaskQuery& query) {
 }
 
 std::string orderOf(const TaskQuery& query) {
-  return fmt::format("{0}{1}, Schedule.ScheduleID{1}",
-                     orders.at(static_cast<std::size_t>(query.order)),
-                     query.descending ? " DESC" : "");
+  const char* const direction = query.descending ? " DESC" : "";
+  std::string order;
+  for (const std::string& term : orderTerms(query.order)) order += term + direction + ", ";
+  return order + "Schedule.ScheduleID" + direction;
 }
 
 /// What stands behind FROM.
@@ -125,6 +154,15 @@ TaskLines readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset, 
     readNotifications(desk, line, lines.unreadable);
   }
   return lines;
+}
+
+std::optional<TaskLine> findTaskLine(Desk& desk, Id task) {
+  const auto found = findTask(desk, task);
+  if (!found) return std::nullopt;
+  TaskLine line{.task = *found, .client = clientName(desk, *found)};
+  UnreadableRows unreadable;
+  readNotifications(desk, line, unreadable);
+  return line;
 }
 
 ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query) {

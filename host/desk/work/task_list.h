@@ -12,9 +12,9 @@ namespace autonotify::host {
 /// An open task as staff see it in a list.
 struct TaskLine {
   Task task;
-  std::string client;
+  std::string client = {};
   /// The day of its next notification that waits; the zero date when none does.
-  DateTime notificationDate;
+  DateTime notificationDate = {};
   /// The channels of the notifications that wait, and of those that were sent.
   int pendingChannels = 0;
   int sentChannels = 0;
@@ -25,7 +25,8 @@ struct TaskLine {
 enum class TaskState { none, waiting, due, sent };
 TaskState stateOf(const TaskLine& line, DateTime today);
 
-enum class TaskOrder { dueDate, client, name };
+/// By state: what is due, then what is scheduled, what was sent, and the others.
+enum class TaskOrder { dueDate, client, name, notificationDate, channels, state };
 
 /// Which open tasks, in which order.
 struct TaskQuery {
@@ -50,6 +51,9 @@ struct TaskLines : ReadableRows<TaskLine> {
 /// The open tasks from `offset` on, `count` at most. What is read is what is given: the time for
 /// the first ones by due date does not grow with the number of tasks. Throws DatabaseError.
 TaskLines readTaskLines(Desk& desk, const TaskQuery& query, std::size_t offset, std::size_t count);
+
+/// One task, open or not. Throws UnreadableRow.
+std::optional<TaskLine> findTaskLine(Desk& desk, Id task);
 
 /// All of them, without their clients and notifications.
 ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query);

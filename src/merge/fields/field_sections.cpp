@@ -21,7 +21,7 @@ constexpr unsigned withContact = withCompany | typeBits(contact);
 struct FieldSection {
   unsigned listTypes;
   const char* header;
-  std::string_view frameTag;
+  std::string_view tag;
   const FieldBlock& block;
   bool needsCompany = false;
 
@@ -53,9 +53,8 @@ constexpr FieldSection sections[] = {
 
 }  // namespace
 
-void addFieldBlock(std::string_view frameTag, const FieldListTarget& target,
-                   const FieldBlock& block) {
-  procedure(frameTag, [&](Step& step) { FieldListBuilder(step, target).addBlock(block); });
+void addFieldBlock(std::string_view tag, const FieldListTarget& target, const FieldBlock& block) {
+  procedure(tag, [&](Step& step) { FieldListBuilder(step, target).addBlock(block); });
 }
 
 void addFieldSections(Step& step, const FieldListTarget& target, int listType, Id companyID) {
@@ -65,7 +64,7 @@ void addFieldSections(Step& step, const FieldListTarget& target, int listType, I
     if (target.box && target.hasHeaders)
       addListBoxHeader(step, *target.box, section.header, isFirst);
     isFirst = false;
-    addFieldBlock(section.frameTag, target, section.block);
+    addFieldBlock(section.tag, target, section.block);
   }
 }
 

@@ -9,8 +9,7 @@
 namespace autonotify {
 
 /// Adds one block of the catalogue, as a procedure with this tag.
-void addFieldBlock(std::string_view frameTag, const FieldListTarget& target,
-                   const FieldBlock& block);
+void addFieldBlock(std::string_view tag, const FieldListTarget& target, const FieldBlock& block);
 
 /// Adds the blocks of a list of this type (see field_list_type), each under its header and as a
 /// procedure of its own. The headers are statements of the caller's frame.

@@ -237,10 +237,9 @@ bool MergeSources::openOneRow(Step& step, const MergeIds& ids, MergeSource sourc
 
 /// A company that is no client has no accounting record, and the statement for no client in
 /// particular reads that of somebody else: it must not be opened for a single row.
-bool MergeSources::openClientAccounting(Step& step, Id companyID, Access access,
-                                        bool isWholeTable) {
+bool MergeSources::openClientAccounting(Step& step, Id companyID, Access access, bool whole) {
   Id clientDataId = noId;
-  if (!isWholeTable) {
+  if (!whole) {
     step.assign(clientDataId, [&] { return clients().getClientDataIDFromCompanyID(companyID); });
     if (clientDataId < 0) return false;
   }
@@ -270,15 +269,15 @@ bool MergeSources::openOnDemand(Step& step, const MergeScope& scope, MergeSource
     const Access access = scope.isBulk ? keysetRead : forwardRead;
     return openClientAccounting(step, scope.ids.companyID, access, scope.isBulk);
   }
-  const bool isWholeTable = scope.isBulk && rowOf(source).hasAllRows;
-  if (isWholeTable) {
+  const bool whole = scope.isBulk && rowOf(source).hasAllRows;
+  if (whole) {
     openAllRows(step, source);
   } else {
     openOneRow(step, scope.ids, source, Columns::onDemand, forwardRead);
   }
   const bool ownsSoftware = source == MergeSource::company || source == MergeSource::contact;
   if (ownsSoftware && !isOpen(step, MergeSource::software)) {
-    if (isWholeTable) {
+    if (whole) {
       openAllRows(step, MergeSource::software);
     } else {
       openSoftwareOf(step, scope.ids, source, forwardRead);

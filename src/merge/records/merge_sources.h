@@ -77,7 +77,7 @@ class MergeSources {
   void open(Step& step, MergeSource source, const std::string& sql, Access access, Extent extent);
   bool openOneRow(Step& step, const MergeIds& ids, MergeSource source, Columns columns,
                   Access access);
-  bool openClientAccounting(Step& step, Id companyID, Access access, bool isWholeTable);
+  bool openClientAccounting(Step& step, Id companyID, Access access, bool whole);
   void openSoftwareOf(Step& step, const MergeIds& ids, MergeSource owner, Access access);
   void openAllRows(Step& step, MergeSource source);
   bool openSoftwareOnDemand(Step& step, bool isBulk);

@@ -9,10 +9,9 @@
 namespace autonotify {
 namespace {
 
-constexpr std::size_t npos = std::string_view::npos;
-
 bool holdsMark(std::string_view text, const MergeMarks& marks) {
-  return findIgnoreCase(text, marks.open) != npos || findIgnoreCase(text, marks.close) != npos;
+  return findIgnoreCase(text, marks.open) != std::string_view::npos ||
+         findIgnoreCase(text, marks.close) != std::string_view::npos;
 }
 
 /// The name in "(name, format)", or nothing for another format.

@@ -102,6 +102,9 @@ class Control : public HostObject {
     if (owner_) owner_->giveFocus(*this);
   }
   virtual bool takesFocus() const { return true; }
+  /// False for a way out, which a person reaches whatever the control with the focus says.
+  bool causesValidation() const { return causesValidation_; }
+  void setCausesValidation(bool causes) { causesValidation_ = causes; }
   /// Asks for the entries and the value to be drawn anew.
   void refresh() { render(Aspect::list); }
 
@@ -117,6 +120,7 @@ class Control : public HostObject {
   std::function<void()> onGotFocus;
   std::function<void()> onLostFocus;
   /// Before a person's act takes the focus away: True keeps it here, and the act does not happen.
+  /// When it goes to a control that causes no validation, this is asked once it goes on from there.
   std::function<bool()> onValidate;
 
   /// The renderer's, told after every change but those of rows.
@@ -172,6 +176,7 @@ class Control : public HostObject {
   std::string caption_;
   std::string tag_;
   bool enabled_ = true;
+  bool causesValidation_ = true;
   bool visible_ = true;
   std::optional<std::int32_t> backColor_;
   Control* container_ = nullptr;

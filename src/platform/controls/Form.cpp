@@ -80,6 +80,7 @@ void Form::hide() {
 void Form::leaveScreen() {
   if (!isVisible_) return;
   isVisible_ = false;
+  unvalidated_ = nullptr;
   host_.formHidden(*this);
 }
 
@@ -111,11 +112,18 @@ void Form::settleFocus() {
   if (next != controls_.end()) giveFocus(**next);
 }
 
+bool Form::isKeptFrom(const Control& control) {
+  Control* const left = unvalidated_ ? unvalidated_ : focused_;
+  unvalidated_ = control.causesValidation() ? nullptr : left;
+  if (unvalidated_ || !left || left == &control || !canHaveFocus(left)) return false;
+  if (!left->onValidate || !left->onValidate()) return false;
+  giveFocus(*left);
+  return true;
+}
+
 bool Form::moveFocus(Control& control) {
   if (&control == focused_) return true;
-  if (focused_ && canHaveFocus(focused_) && focused_->onValidate && focused_->onValidate()) {
-    return false;
-  }
+  if (isKeptFrom(control)) return false;
   giveFocus(control);
   return true;
 }

@@ -85,12 +85,16 @@ class Form : public HostObject, public ControlOwner {
 
  private:
   void leaveScreen();
+  /// Whether the control that the focus comes from keeps it from going to this one.
+  bool isKeptFrom(const Control& control);
 
   FormHost& host_;
   std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
   Control* focused_ = nullptr;
+  /// Left without being validated; nullptr when none was.
+  Control* unvalidated_ = nullptr;
   bool isLoaded_ = true;
   bool isUnloading_ = false;
   bool isBeingShown_ = false;

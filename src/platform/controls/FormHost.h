@@ -9,8 +9,10 @@
 namespace autonotify {
 
 class Form;
+class Grid;
 class Menu;
 class Report;
+struct GridDialog;
 
 enum class Pointer { standard, busy };
 
@@ -45,6 +47,11 @@ class FormHost {
   }
   /// The report has been unloaded: what showReport waits for.
   virtual void reportClosed(Report&) {}
+  /// Shows a dialog of the grid's until it is closed; True when the person cancelled. Throws
+  /// PlatformError when the host can show none.
+  virtual bool showGridDialog(Grid&, const GridDialog&) {
+    throw PlatformError(error_number::invalidProcedureCall, "The host has no screen", "FormHost");
+  }
   /// Draws the window at once.
   virtual void repaint(Form&) {}
   /// Shows the menu at the pointer until an entry is chosen or none.

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "platform/controls/DatePicker.h"
+#include "platform/controls/Grid.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/utf8.h"
 
@@ -79,6 +80,22 @@ bool Person::choose(Control& control, int position) {
 
 bool Person::moveTo(Control& control, int position) {
   return act(control, "moved in", [&] { return control.acceptMove(position); });
+}
+
+bool Person::clickCell(Grid& grid, int row, int column) {
+  return act(grid, "clicked there", [&] { return grid.acceptCellClick(row, column); });
+}
+
+bool Person::clickHeading(Grid& grid, int column) {
+  return act(grid, "clicked there", [&] { return grid.acceptHeadingClick(column); });
+}
+
+bool Person::sizeColumn(Grid& grid, int column, int width) {
+  return act(grid, "sized there", [&] { return grid.acceptColumnWidth(column, width); });
+}
+
+bool Person::rightClick(Grid& grid) {
+  return act(grid, "clicked", [&] { return grid.acceptRightClick(); });
 }
 
 bool Person::dropDown(DatePicker& picker) {

@@ -9,6 +9,7 @@
 namespace autonotify {
 
 class DatePicker;
+class Grid;
 class RichTextBox;
 struct RichText;
 
@@ -41,6 +42,12 @@ class Person {
   bool choose(Control& control, int position);
   /// The arrow keys lead to an entry of a list box or a node of a tree.
   bool moveTo(Control& control, int position);
+  /// A cell of a grid: a button is pressed, a tick toggled, any other row becomes the current one.
+  bool clickCell(Grid& grid, int row, int column);
+  bool clickHeading(Grid& grid, int column);
+  /// Drags a column to a width in twips.
+  bool sizeColumn(Grid& grid, int column, int width);
+  bool rightClick(Grid& grid);
   /// Opens the calendar, picks the date and so closes it.
   bool pickDate(DatePicker& picker, DateTime date);
   /// For a renderer whose calendar is open for a while.

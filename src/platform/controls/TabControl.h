@@ -5,7 +5,7 @@
 namespace autonotify {
 
 /// Pages of which one is in front. The controls of a page name it with setContainer(tabs, page).
-/// A change of page raises the click, the program's too.
+/// A change of page raises the click, the program's too. A page without a caption is not offered.
 class TabControl : public Control {
  public:
   using Control::Control;
@@ -22,6 +22,7 @@ class TabControl : public Control {
   bool showsInside(int page) const override { return isShown() && page == tab_; }
   bool acceptChoice(int page) override {
     if (page < 0 || page >= static_cast<int>(pages_.size())) return false;
+    if (pages_[static_cast<std::size_t>(page)].empty()) return false;
     setTab(page);
     return true;
   }

@@ -30,6 +30,10 @@ class TreeView : public Control {
     return position;
   }
   const std::vector<Node>& nodes() const { return nodes_; }
+  /// Throws std::out_of_range for a position without a node.
+  void setKey(int position, std::string key) {
+    nodes_.at(static_cast<std::size_t>(position)).key = std::move(key);
+  }
   /// Position of the node with this key, -1 when there is none.
   int find(const std::string& key) const {
     const auto found = std::ranges::find(nodes_, key, &Node::key);

@@ -1,0 +1,215 @@
+#include "day/ClientsPage.h"
+
+#include <QDate>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QSplitter>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
+
+#include "binding/DateBinding.h"
+#include "day/row_acts.h"
+#include "qt_text.h"
+
+namespace autonotify::desktop {
+namespace {
+
+constexpr int pageMargin = 16;
+/// The rest of a client of many years is in the list of notifications.
+constexpr std::size_t mostTold = 2000;
+
+using ClientColumn = RecordColumn<host::ClientLine>;
+constexpr ClientColumn clientColumns[] = {
+    {QT_TRANSLATE_NOOP("QObject", "Client"),
+     [](const host::ClientLine& line) { return QVariant(shown(line.name)); }},
+    {QT_TRANSLATE_NOOP("QObject", "Number"),
+     [](const host::ClientLine& line) { return QVariant(shown(line.number)); }},
+    {QT_TRANSLATE_NOOP("QObject", "Phone"),
+     [](const host::ClientLine& line) { return QVariant(shown(line.phone)); }},
+    {QT_TRANSLATE_NOOP("QObject", "Email"),
+     [](const host::ClientLine& line) { return QVariant(shown(line.email)); }},
+    {QT_TRANSLATE_NOOP("QObject", "Accountant"),
+     [](const host::ClientLine& line) { return QVariant(shown(line.accountant)); }},
+};
+
+QVariant dateOrNothing(DateTime day) {
+  return day.isZero() ? QVariant() : QVariant(qtDate(day));
+}
+
+using ToldColumn = RecordColumn<host::NotificationLine>;
+constexpr ToldColumn toldColumns[] = {
+    {QT_TRANSLATE_NOOP("QObject", "Notify on"),
+     [](const host::NotificationLine& line) { return dateOrNothing(line.row.date); }},
+    {QT_TRANSLATE_NOOP("QObject", "Task"),
+     [](const host::NotificationLine& line) { return QVariant(shown(line.item)); }},
+    {QT_TRANSLATE_NOOP("QObject", "Channel"),
+     [](const host::NotificationLine& line) { return QVariant(channelText(line.row.channel)); }},
+    {QT_TRANSLATE_NOOP("QObject", "State"),
+     [](const host::NotificationLine& line) { return QVariant(shown(stateText(line.row))); }},
+    {QT_TRANSLATE_NOOP("QObject", "Sent"),
+     [](const host::NotificationLine& line) { return dateOrNothing(line.row.sentTime); }},
+    {QT_TRANSLATE_NOOP("QObject", "Address"),
+     [](const host::NotificationLine& line) { return QVariant(shown(addressOf(line.row))); }},
+    {QT_TRANSLATE_NOOP("QObject", "Sent by"),
+     [](const host::NotificationLine& line) { return QVariant(shown(line.sentBy)); }},
+};
+
+QSortFilterProxyModel* sortedRows(QAbstractItemModel& model, QObject* parent) {
+  auto* rows = new QSortFilterProxyModel(parent);
+  rows->setSourceModel(&model);
+  rows->setSortLocaleAware(true);
+  rows->setSortCaseSensitivity(Qt::CaseInsensitive);
+  rows->setFilterCaseSensitivity(Qt::CaseInsensitive);
+  rows->setFilterKeyColumn(-1);
+  return rows;
+}
+
+host::Client clientOf(const host::ClientLine& line) {
+  if (line.contact >= 0) return {enumAutoNotifyContact, line.contact};
+  return {enumAutoNotifyCompany, line.company};
+}
+
+}  // namespace
+
+ClientsPage::ClientsPage(QWidget* parent)
+    : QWidget(parent),
+      clients_(clientColumns, nullptr),
+      told_(toldColumns, nullptr),
+      foundClients_(sortedRows(clients_, this)),
+      sortedTold_(sortedRows(told_, this)),
+      clientTable_(newTable("clients", tr("Clients"), *foundClients_)) {
+  setFocusProxy(clientTable_);
+  auto* panes = new QSplitter(Qt::Vertical, this);
+  panes->setChildrenCollapsible(false);
+  panes->addWidget(clientTable_);
+  panes->addWidget(makeHistory());
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(pageMargin, pageMargin / 2, pageMargin, pageMargin);
+  layout->addWidget(panes);
+  connect(clientTable_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          &ClientsPage::showHistory);
+}
+
+QTableView* ClientsPage::newTable(const char* name, const QString& accessibleName,
+                                  QAbstractItemModel& model) {
+  auto* table = new QTableView(this);
+  table->setObjectName(name);
+  table->setAccessibleName(accessibleName);
+  table->setModel(&model);
+  table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table->setSelectionMode(QAbstractItemView::SingleSelection);
+  table->setAlternatingRowColors(true);
+  table->setShowGrid(false);
+  table->setTabKeyNavigation(false);
+  table->setWordWrap(false);
+  table->verticalHeader()->hide();
+  table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
+  table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  table->setSortingEnabled(true);
+  return table;
+}
+
+QWidget* ClientsPage::makeHistory() {
+  auto* page = new QWidget(this);
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins({});
+  title_ = new QLabel(page);
+  title_->setObjectName("clientTitle");
+  summary_ = new QLabel(page);
+  summary_->setObjectName("clientSummary");
+  summary_->setForegroundRole(QPalette::PlaceholderText);
+  QFont bold = title_->font();
+  bold.setWeight(QFont::DemiBold);
+  title_->setFont(bold);
+  for (QLabel* label : {title_, summary_}) {
+    label->setTextFormat(Qt::PlainText);
+    layout->addWidget(label);
+  }
+  layout->addWidget(newTable("told", tr("Notifications of the client"), *sortedTold_));
+  return page;
+}
+
+void ClientsPage::clear() {
+  desk_ = nullptr;
+  unreadable_ = {};
+  clients_.show({});
+  showHistory();
+}
+
+void ClientsPage::readFrom(host::Desk& desk) {
+  desk_ = &desk;
+  const host::ClientLine* line = chosen();
+  const auto client = line ? std::optional(clientOf(*line)) : std::nullopt;
+  try {
+    readClients();
+  } catch (const PlatformError& error) {
+    return emit failed(faultOf(error.description()));
+  }
+  if (client) showClient(*client);
+  showHistory();
+}
+
+void ClientsPage::readClients() {
+  std::vector<host::ClientLine> lines;
+  unreadable_ =
+      host::listClients(*desk_, {}, [&](const host::ClientLine& line) { lines.push_back(line); });
+  clients_.show(std::move(lines));
+}
+
+void ClientsPage::setFilter(const QString& text) {
+  foundClients_->setFilterFixedString(text.trimmed());
+}
+
+void ClientsPage::goToFirstRow() {
+  if (!clientTable_->currentIndex().isValid()) clientTable_->selectRow(0);
+  clientTable_->setFocus(Qt::OtherFocusReason);
+}
+
+void ClientsPage::showClient(const host::Client& client) {
+  const auto isMeant = [&](const host::ClientLine& line) {
+    const host::Client each = clientOf(line);
+    return each.type == client.type && each.id == client.id;
+  };
+  const auto found = std::ranges::find_if(clients_.records(), isMeant);
+  if (found == clients_.records().end()) return;
+  const int row = static_cast<int>(found - clients_.records().begin());
+  const QModelIndex index = foundClients_->mapFromSource(clients_.index(row, 0));
+  clientTable_->setCurrentIndex(index);
+  clientTable_->scrollTo(index, QAbstractItemView::PositionAtCenter);
+}
+
+const host::ClientLine* ClientsPage::chosen() const {
+  const QModelIndex index = foundClients_->mapToSource(clientTable_->currentIndex());
+  return index.isValid() ? &clients_.at(index.row()) : nullptr;
+}
+
+void ClientsPage::showHistory() {
+  const host::ClientLine* line = chosen();
+  std::vector<host::NotificationLine> told;
+  if (desk_ && line) {
+    try {
+      const host::NotificationQuery query{
+          .client = clientOf(*line), .descending = true, .limit = mostTold};
+      unreadable_.name(host::listNotifications(
+          *desk_, query, [&](const host::NotificationLine& each) { told.push_back(each); }));
+    } catch (const PlatformError& error) {
+      emit failed(faultOf(error.description()));
+    }
+  }
+  const auto waiting = std::ranges::count_if(told, [](const host::NotificationLine& each) {
+    return stateOf(each.row) == host::NotificationState::pending;
+  });
+  title_->setText(line ? shown(line->name) : QString());
+  summary_->setText(
+      line ? tr("%L1 notifications, %L2 of them still to come").arg(told.size()).arg(waiting)
+           : tr("Choose a client to see all that it was told"));
+  told_.show(std::move(told));
+}
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+
+#include "host/desk/work/notification_list.h"
+#include "host/desk/work/people_list.h"
+#include "models/RecordTable.h"
+
+class QLabel;
+class QSortFilterProxyModel;
+class QTableView;
+
+namespace autonotify::desktop {
+
+/// The firm's clients, and below them all that the chosen one was told and will be.
+class ClientsPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ClientsPage(QWidget* parent);
+
+  /// Reads anew what is shown, and keeps to the client. `desk` must outlive its use here.
+  void readFrom(host::Desk& desk);
+  void clear();
+  void setFilter(const QString& text);
+  void goToFirstRow();
+  /// Goes to the client, if it is one.
+  void showClient(const host::Client& client);
+
+  /// What could not be read.
+  const host::UnreadableRows& unreadable() const { return unreadable_; }
+
+ signals:
+  /// The database did not answer; the words are for people.
+  void failed(const QString& message);
+
+ private:
+  QTableView* newTable(const char* name, const QString& accessibleName, QAbstractItemModel& model);
+  QWidget* makeHistory();
+  void readClients();
+  /// Of the chosen client.
+  void showHistory();
+  const host::ClientLine* chosen() const;
+
+  host::Desk* desk_ = nullptr;
+  host::UnreadableRows unreadable_;
+  RecordTable<host::ClientLine> clients_;
+  RecordTable<host::NotificationLine> told_;
+  QSortFilterProxyModel* foundClients_;
+  QSortFilterProxyModel* sortedTold_;
+  QTableView* clientTable_;
+  QLabel* title_ = nullptr;
+  QLabel* summary_ = nullptr;
+};
+
+}  // namespace autonotify::desktop

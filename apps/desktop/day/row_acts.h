@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+#include "host/desk/work/working_day.h"
+
+namespace autonotify::desktop {
+
+/// What there is to be done about a notification that waits.
+enum class RowAct { send, sendFax, print, call, addAddress, finishCancel };
+
+RowAct actOf(const host::DayLine& line);
+/// As its button says.
+QString textOf(RowAct act);
+
+QString channelText(int channel);
+QString stateText(host::DayState state);
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "host/clients/unreadable_rows.h"
+#include "host/desk/Desk.h"
+
+namespace autonotify::host {
+
+// The days on which the firm is closed besides weekends: notification dates pass over them. All
+// throw DatabaseError.
+
+/// By date; those of one year where it is given. Gives what could not be read.
+UnreadableRows listHolidays(Desk& desk, std::optional<int> year,
+                            const std::function<void(DateTime day, const std::string& name)>& tell);
+
+/// False, with nothing changed, when the day is a holiday already.
+bool addHoliday(Desk& desk, DateTime day, const std::string& name);
+
+/// False when it was none.
+bool removeHoliday(Desk& desk, DateTime day);
+
+/// A sentence without its end where the year of one of the two days has no holiday; empty else.
+std::string missingHolidays(Desk& desk, DateTime first, DateTime last);
+
+}  // namespace autonotify::host

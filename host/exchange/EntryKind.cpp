@@ -1,0 +1,227 @@
+#include "host/exchange/EntryKind.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+#include "platform/text.h"
+
+namespace autonotify::host {
+namespace {
+
+constexpr auto integer = CellType::integer;
+constexpr auto decimal = CellType::decimal;
+constexpr auto date = CellType::date;
+constexpr auto flag = CellType::flag;
+constexpr auto text = CellType::text;
+constexpr auto reference = CellType::reference;
+
+constexpr EntryColumn scheduleKinds[] = {
+    {"Family", "totalnum group", "TotalNum", integer, true},
+    {"Number", "schedulenum", "ScheduleNum", integer, true},
+    {"Name", "kind type taskkind tasktype scheduletype", "ScheduleTypeName", text, true},
+    {"Abbreviation", "short", "ShortAbbreviation"},
+    {"Days Before", "period notificationperiod businessdays", "NotificationPeriod", integer},
+    {"Template", "text letter notificationcomment", "NotificationComment"},
+};
+
+constexpr EntryColumn holidays[] = {
+    {"Date", "day holidaydate", "HolidayDate", date, true},
+    {"Name", "holiday description title", "HolidayName"},
+    {"Type", "holidaytype", "HolidayType", integer},
+};
+
+constexpr EntryColumn staff[] = {
+    {"Name", "displayname fullname employee staff user", "DisplayName", text, true},
+    {"Prefix", "salutation", "NamePrefix"},
+    {"First Name", "firstname givenname", "FirstName"},
+    {"Middle Name", "middle", "MiddleName"},
+    {"Last Name", "lastname surname familyname", "LastName"},
+    {"Job Title", "position role", "BusinessJobTitle"},
+    {"Type", "employeetype", "EmployeeType"},
+    {"Level", "userlevel accesslevel", "UserLevel", integer},
+    {"Email", "emailaddress mail workemail businessemail", "BusinessEmail"},
+    {"Phone", "telephone tel workphone businessphone", "BusinessPhone_Main"},
+    {"Cell", "mobile cellphone mobilephone", "BusinessPhone_Cell"},
+    {"Fax", "faxnumber", "BusinessPhone_Fax"},
+    {"Home Email", "personalemail privateemail", "PersonalEmail"},
+    {"Home Phone", "", "HomePhone_Main"},
+    {"Home Address 1", "homeaddress", "HomeAddress1"},
+    {"Home Address 2", "", "HomeAddress2"},
+    {"Home City", "", "HomeCity"},
+    {"Home Province", "homestate", "HomeProvince"},
+    {"Home Postal Code", "homezip", "HomePostalCode"},
+    {"Home Country", "", "HomeCountry"},
+    {"Notes", "note comments", "BusinessNotes"},
+};
+
+constexpr EntryColumn companies[] = {
+    {"Client Number", "clientno clientid number id account accountnumber no", "ClientIDStr"},
+    {"Company Name",
+     "company name client clientname business businessname organization "
+     "organisation",
+     "CompanyName", text, true},
+    {"Corporate Name", "legalname registeredname", "CorporateName"},
+    {"Company Type", "type entitytype legalform", "CompanyType"},
+    {"Industry", "industrytype sector", "IndustryType"},
+    {"Address 1", "address street streetaddress addressline1 street1 mailingaddress", "Address1"},
+    {"Address 2", "addressline2 street2", "Address2"},
+    {"Address 3", "addressline3 street3", "Address3"},
+    {"City", "town municipality", "City"},
+    {"Province", "state stateprovince provincestate region", "Province"},
+    {"Postal Code", "zip zipcode postcode", "PostalCode"},
+    {"Country", "countryregion", "Country"},
+    {"Phone", "telephone tel officephone businessphone mainphone officenumber", "OfficeNumber"},
+    {"Other Phone", "phone2 altphone alternatephone cell mobile", "AltPhoneNumber"},
+    {"Fax", "faxnumber businessfax", "FaxNumber"},
+    {"Email", "emailaddress mail companyemail", "Email"},
+    {"Web Site", "web url homepage webpage", "WebSite"},
+    {"Partner", "partnername", "PartnerName"},
+    {"Accountant", "accountantname accountmanager preparer manager", "AccountantName"},
+    {"Business Number", "bn", "AccountingServices.BusinessNumber"},
+    {"Year End", "yearenddate fiscalyearend", "AccountingServices.YearEndDate", date},
+    {"Active Status", "status", "ClientData.ActiveStatus", integer},
+    {"Custom 1", "", "Custom1"},
+    {"Custom 2", "", "Custom2"},
+    {"Custom 3", "", "Custom3"},
+    {"Custom 4", "", "Custom4"},
+    {"Custom 5", "", "Custom5"},
+};
+
+constexpr EntryColumn contacts[] = {
+    {"Client Number", "clientno clientid number id account accountnumber no", "ClientIDStr"},
+    {"Name", "displayname fullname contact contactname client clientname", "DisplayName"},
+    {"Prefix", "title salutation nameprefix", "NamePrefix"},
+    {"First Name", "first givenname", "FirstName"},
+    {"Middle Name", "middle", "MiddleName"},
+    {"Last Name", "last surname familyname", "LastName"},
+    {"Suffix", "namesuffix", "NameSuffix"},
+    {"Client", "personalclient personaltaxclient isclient", "", reference},
+    {"Home Address 1",
+     "address street streetaddress address1 addressline1 homestreet "
+     "homeaddress",
+     "HomeAddress1"},
+    {"Home Address 2", "address2 addressline2 homestreet2", "HomeAddress2"},
+    {"Home Address 3", "address3 homestreet3", "HomeAddress3"},
+    {"Home City", "city town", "HomeCity"},
+    {"Home Province", "province state homestate", "HomeProvince"},
+    {"Home Postal Code", "postalcode zip zipcode postcode homezip", "HomePostalCode"},
+    {"Home Country", "country homecountryregion", "HomeCountry"},
+    {"Home Phone", "phone telephone tel", "HomePhone_Main"},
+    {"Cell", "mobile cellphone mobilephone homecell", "HomePhone_Cell"},
+    {"Home Fax", "fax faxnumber", "HomePhone_Fax"},
+    {"Email", "emailaddress mail personalemail homeemail", "PersonalEmail"},
+    {"Company", "companyname business businessname employer organization organisation",
+     "BusinessName"},
+    {"Job Title", "jobtitle position", "BusinessJobTitle"},
+    {"Department", "", "BusinessDepartment"},
+    {"Work Phone", "businessphone officephone", "BusinessPhone_Main"},
+    {"Work Cell", "businesscell", "BusinessPhone_Cell"},
+    {"Work Fax", "businessfax", "BusinessPhone_Fax"},
+    {"Work Email", "businessemail email2address", "BusinessEmail"},
+    {"Work Address 1", "businessaddress businessstreet workaddress", "BusinessAddress1"},
+    {"Work Address 2", "businessstreet2", "BusinessAddress2"},
+    {"Work City", "businesscity", "BusinessCity"},
+    {"Work Province", "businessstate businessprovince", "BusinessProvince"},
+    {"Work Postal Code", "businesspostalcode workzip", "BusinessPostalCode"},
+    {"Work Country", "businesscountry", "BusinessCountry"},
+    {"Address Of Company", "inheritcompanyinfo", "InheritCompanyInfo", flag},
+    {"Birthday", "birthdate dateofbirth dob", "Birthday", date},
+    {"Social Insurance Number", "sin ssn socialsecuritynumber", "SocialInsuranceNumber"},
+    {"Gender", "sex", "Gender"},
+    {"Language", "spokenlanguage", "SpokenLanguage"},
+    {"Marital Status", "maritialstatus", "MaritialStatus"},
+    {"Spouse First Name", "", "SpouseFirstName"},
+    {"Spouse Last Name", "", "SpouseLastName"},
+    {"Spouse Email", "", "SpouseEmail"},
+    {"Spouse Phone", "", "SpousePhone_Main"},
+    {"Partner", "partnername", "PartnerName"},
+    {"Accountant", "accountantname accountmanager preparer", "AccountantName"},
+    {"Custom 1", "", "Custom1"},
+    {"Custom 2", "", "Custom2"},
+    {"Custom 3", "", "Custom3"},
+    {"Custom 4", "", "Custom4"},
+    {"Custom 5", "", "Custom5"},
+};
+
+constexpr EntryColumn links[] = {
+    {"Contact", "person name contactname", "", reference, true},
+    {"Company", "companyname client", "", reference, true},
+    {"Default", "defaultcontact main primary primarycontact", "DefaultContact", flag},
+};
+
+constexpr EntryColumn tasks[] = {
+    {"Client", "clientnumber clientname company companyname contact", "", reference, true},
+    {"Kind", "type taskkind tasktype scheduletype", "", reference, true},
+    {"Name", "task taskname schedulename title subject", "scheduleName"},
+    {"Due Date", "due duedate deadline", "DueDate", date, true},
+    {"In-House Date", "internaldate inhouseduedate", "inHouseDueDate", date},
+    {"Documents By", "infodeadline infodeadlinedate", "InfoDeadlineDate", date},
+    {"Assigned To", "employee employeeassigned assignee staff", "", reference},
+    {"Year", "taxyear", "Year", integer},
+    {"Period End", "periodenddate", "PeriodEndDate", date},
+    {"Period", "perioddescription", "PeriodDescription"},
+    {"Documents Received", "receivedalldocs", "ReceivedAllDocs", flag},
+    {"Received On", "receiveddocsdate", "ReceivedDocsDate", date},
+    {"File Location", "location", "FileLocation"},
+    {"Amount", "", "Amount", decimal},
+    {"Estimated Hours", "hours estimatedtime", "EstimatedTime", decimal},
+    {"Closed", "done completed", "Closed", flag},
+    {"Completed By", "personcompleted", "PersonCompleted"},
+    {"Completed On", "datecompleted", "DateCompleted", date},
+    {"Custom 1", "", "Custom1"},
+    {"Custom 2", "", "Custom2"},
+    {"Custom 3", "", "Custom3"},
+    {"Custom 4", "", "Custom4"},
+    {"Custom 5", "", "Custom5"},
+};
+
+constexpr EntryKind kinds[] = {
+    {"kinds", "ScheduleTypes", scheduleKinds},
+    {"holidays", "Holidays", holidays},
+    {"staff", "AccountantEmployeeInfo", staff},
+    {"companies", "Companies", companies},
+    {"contacts", "Contacts", contacts},
+    {"links", "ContactLinks", links},
+    {"tasks", "Schedule", tasks},
+};
+
+bool isSpelling(std::string_view spellings, std::string_view folded) {
+  while (!spellings.empty()) {
+    const std::size_t end = std::min(spellings.find(' '), spellings.size());
+    if (spellings.substr(0, end) == folded) return true;
+    spellings.remove_prefix(std::min(end + 1, spellings.size()));
+  }
+  return false;
+}
+
+}  // namespace
+
+std::span<const EntryKind> entryKinds() {
+  return kinds;
+}
+
+const EntryKind* findEntryKind(std::string_view name) {
+  const auto found = std::ranges::find_if(
+      kinds, [&](const EntryKind& kind) { return equalIgnoreCase(kind.name, name); });
+  return found == std::end(kinds) ? nullptr : found;
+}
+
+std::string foldHeading(std::string_view heading) {
+  std::string folded;
+  for (const char c : lowerCase(heading))
+    if (static_cast<unsigned char>(c) >= 0x80 || std::isalnum(static_cast<unsigned char>(c)))
+      folded += c;
+  return folded;
+}
+
+const EntryColumn* findEntryColumn(const EntryKind& kind, std::string_view heading) {
+  const std::string folded = foldHeading(heading);
+  for (const EntryColumn& column : kind.columns)
+    if (foldHeading(column.heading) == folded) return &column;
+  for (const EntryColumn& column : kind.columns)
+    if (isSpelling(column.spellings, folded)) return &column;
+  return nullptr;
+}
+
+}  // namespace autonotify::host

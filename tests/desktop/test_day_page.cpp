@@ -1,0 +1,208 @@
+#include <QtWidgets>
+
+#include "MainWindowTest.h"
+#include "day/DayModel.h"
+#include "day/DayPage.h"
+#include "day/Navigation.h"
+#include "host/desk/work/due_list.h"
+
+namespace autonotify::desktop {
+namespace {
+
+using testing::HasSubstr;
+using Place = Navigation::Place;
+
+class DayPageTest : public MainWindowTest {
+ protected:
+  void openDay() {
+    open();
+    window_->goTo(Place::today);
+    settle();
+  }
+  void settle() {
+    for (int round = 0; round < 5; ++round) QApplication::processEvents();
+  }
+  DayPage& page() { return *window_->findChild<DayPage*>(); }
+  QTreeView& view() { return *window_->findChild<QTreeView*>("day"); }
+  std::vector<QModelIndex> lines() {
+    std::vector<QModelIndex> found;
+    for (int group = 0; group < view().model()->rowCount(); ++group) {
+      const QModelIndex parent = view().model()->index(group, 0);
+      for (int row = 0; row < view().model()->rowCount(parent); ++row)
+        found.push_back(view().model()->index(row, 0, parent));
+    }
+    return found;
+  }
+  std::vector<std::string> column(int column) {
+    std::vector<std::string> texts;
+    for (const QModelIndex& line : lines())
+      texts.push_back(plain(line.siblingAtColumn(column).data().toString()));
+    return texts;
+  }
+  /// Makes one waiting notification of the channel, due on the day, the current row.
+  Id choose(notifyType channel, const std::string& date = "2026-04-15") {
+    const std::string type = std::to_string(channel);
+    execute("UPDATE ClientNotification SET NotificationDate='" + date +
+            "', Field1='a@birch.example', Field2=CASE WHEN NotificationType=1 THEN '' ELSE '555' "
+            "END, Field4='555' WHERE ClientNotificationID="
+            "(SELECT min(ClientNotificationID) FROM ClientNotification WHERE NotificationSent=0 "
+            "AND NotificationType=" +
+            type + ")");
+    trigger("refresh");
+    settle();
+    for (const QModelIndex& line : lines()) {
+      view().setCurrentIndex(line);
+      if (page().chosen()->row.channel == channel &&
+          page().chosen()->row.fields[0] == "a@birch.example")
+        return page().chosen()->row.id;
+    }
+    ADD_FAILURE() << "no row by channel " << channel;
+    return noId;
+  }
+  bool isSent(Id id) { return host::findNotification(*window_->desk(), id)->sent; }
+};
+
+TEST_F(DayPageTest, TheFirstPageIsTheDayAndItsCountsAreThoseOfTheLists) {
+  window_ = std::make_unique<MainWindow>(host::DeskOptions{.database = path(), .today = today});
+  window_->show();
+  settle();
+  EXPECT_TRUE(view().isVisible());
+  const host::WorkingDay& day = page().day();
+  const std::size_t all = day.overdue.count + day.today.count + day.thisWeek.count;
+  EXPECT_EQ(lines().size(), all);
+  ASSERT_GT(all, 0U);
+  EXPECT_EQ(badge(Place::today), QString("Today, %1").arg(all));
+  EXPECT_EQ(badge(Place::list),
+            QString("Notifications list, %1").arg(host::countDueNotifications(*window_->desk())));
+  for (const Place place : {Place::letters, Place::faxes, Place::calls}) {
+    window_->goTo(place);
+    const auto due = page().day().overdue.count + page().day().today.count;
+    std::size_t shown = 0;
+    for (const QModelIndex& line : lines()) shown += line.parent().row() < 2 ? 1 : 0;
+    EXPECT_EQ(badge(place).section(", ", 1), QString::number(shown)) << due;
+  }
+}
+
+TEST_F(DayPageTest, AnEmailIsSentByItsButtonAndLeavesThePage) {
+  openDay();
+  const Id email = choose(nt_Email);
+  const std::size_t before = lines().size();
+  const Visitor visitor(closeBox);
+  QTest::keyClick(&view(), Qt::Key_Space);
+  settle();
+  EXPECT_THAT(visitor.messages, testing::IsEmpty());
+  EXPECT_TRUE(isSent(email));
+  EXPECT_THAT(plain(window_->statusBar()->currentMessage()), HasSubstr("(a@birch.example)"));
+  EXPECT_EQ(QDir(shown(path() + ".outbox")).entryList({"*.eml"}).size(), 1);
+  EXPECT_EQ(lines().size(), before - 1);
+  EXPECT_TRUE(page().chosen()) << "the row that follows is chosen";
+}
+
+TEST_F(DayPageTest, WhatAPersonDeliversIsMarkedWhenThePersonSaysSo) {
+  openDay();
+  for (const notifyType channel : {nt_Letter, nt_Fax, nt_Phone}) {
+    for (const bool isDone : {false, true}) {
+      const Id row = choose(channel);
+      QTimer person;
+      person.callOnTimeout([&] {
+        QWidget* top = QApplication::activeModalWidget();
+        auto* box = qobject_cast<QMessageBox*>(top);
+        auto* dialog = qobject_cast<QDialog*>(top);
+        if (box) return box->button(isDone ? QMessageBox::Yes : QMessageBox::No)->click();
+        if (dialog && channel == nt_Phone) return press(*dialog, isDone ? "callMade" : "noAnswer");
+        if (dialog) dialog->close();
+      });
+      person.start(5);
+      trigger("actOnRow");
+      person.stop();
+      settle();
+      EXPECT_EQ(isSent(row), isDone) << channel;
+    }
+  }
+}
+
+TEST_F(DayPageTest, WhatAColleagueHasDoneMeanwhileIsNotDoneTwice) {
+  openDay();
+  for (const notifyType channel : {nt_Email, nt_Letter, nt_Phone}) {
+    const Id row = choose(channel);
+    const auto other = host::openSqlite(path());
+    const auto claims = host::claimsOf(*other);
+    auto claim = claims->take(host::WorkItem::notification, row);
+    EXPECT_THAT(run("actOnRow"), testing::ElementsAre(HasSubstr("Another desk"))) << channel;
+    claim.reset();
+    choose(channel);
+    execute(
+        "UPDATE ClientNotification SET NotificationSent=1, NotificationSentStatus=2 WHERE "
+        "ClientNotificationID=" +
+        std::to_string(row));
+    EXPECT_EQ(run("actOnRow").size(), 1U) << channel;
+  }
+  EXPECT_TRUE(QDir(shown(path() + ".outbox")).entryList({"*.eml"}).isEmpty());
+}
+
+TEST_F(DayPageTest, ItIsWorkedByKeysAndFoundWhileTyping) {
+  openDay();
+  const auto clients = column(0);
+  auto& find = *window_->findChild<QLineEdit*>("filter");
+  trigger("find");
+  QTest::keyClicks(&find, shown(clients.front()).left(6).toUpper());
+  QTest::keyClick(&find, Qt::Key_Down);
+  EXPECT_THAT(column(0), testing::Each(HasSubstr(clients.front().substr(0, 6))));
+  EXPECT_LT(lines().size(), clients.size());
+  EXPECT_TRUE(page().chosen());
+  QTest::keyClick(&find, Qt::Key_Escape);
+  QTest::qWait(300);
+  EXPECT_EQ(lines().size(), clients.size());
+  for (int section = 0; section < view().model()->columnCount(); ++section) {
+    for (const auto order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+      view().sortByColumn(section, order);
+      EXPECT_EQ(lines().size(), clients.size());
+      EXPECT_EQ(view().model()->index(0, 0).data().toString(), "Overdue") << section;
+    }
+  }
+  view().sortByColumn(DayModel::client, Qt::AscendingOrder);
+  auto sorted = column(0);
+  const auto ofGroup = [&](int group) {
+    return view().model()->rowCount(view().model()->index(group, 0));
+  };
+  const auto less = [](const std::string& a, const std::string& b) {
+    return QString::localeAwareCompare(shown(a).toLower(), shown(b).toLower()) < 0;
+  };
+  EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.begin() + ofGroup(0), less));
+  auto* chart = window_->findChild<QWidget*>("weeksChart");
+  EXPECT_THAT(plain(chart->accessibleName()), testing::StartsWith("Weeks ahead, "));
+  QTest::keyClick(chart, Qt::Key_Right);
+  QTest::keyClick(chart, Qt::Key_Return);
+  EXPECT_EQ(read(*window_, "dayTitle"),
+            "Week of " + plain(QLocale().toString(QDate(2026, 4, 20), "MMMM d")));
+  EXPECT_EQ(lines().size(), host::totalOf(page().day().weeks[1].counts));
+  QTest::keyClick(&view(), Qt::Key_Escape);
+  EXPECT_EQ(lines().size(), clients.size());
+  for (int place = 1; place <= Navigation::places; ++place) {
+    if (place == 3 || place == 8) continue;
+    trigger(plain(QString("go%1").arg(place)).c_str());
+    EXPECT_EQ(window_->findChild<Navigation*>()->currentItem()->text(),
+              Navigation::textOf(static_cast<Place>(place - 1)));
+  }
+}
+
+TEST_F(DayPageTest, AClientsPageHasAllThatItWasToldAndWillBe) {
+  openDay();
+  choose(nt_Email);
+  const std::string client = page().chosen()->client;
+  const Id company = page().chosen()->row.companyId;
+  const Id contact = page().chosen()->row.contactId;
+  EXPECT_EQ(read(*window_, "cardName"), client);
+  window_->findChild<QPushButton*>("cardHistory")->click();
+  EXPECT_EQ(read(*window_, "clientTitle"), client);
+  const std::string condition = company > 0 ? "CompanyIDNum=" + std::to_string(company)
+                                            : "ContactIDNum=" + std::to_string(contact);
+  EXPECT_EQ(window_->findChild<QTableView*>("told")->model()->rowCount(),
+            host::openSqlite(path())
+                ->connection()
+                .execAndGet("SELECT count(*) FROM ClientNotification WHERE " + condition)
+                .getInt());
+}
+
+}  // namespace
+}  // namespace autonotify::desktop
