@@ -99,8 +99,7 @@ int runGuarded(int argc, char** argv) try {
     return fail(error.what(), exitRefused);
   }
 } catch (const std::bad_alloc&) {
-  // Telling it must not allocate.
-  std::cerr << "hvnotify: there is not enough memory\n";
+  tellNoMemory();
   return exitDatabase;
 }
 
