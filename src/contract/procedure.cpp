@@ -12,7 +12,7 @@ void quitProgram() {}
 
 bool shallRetryAfter(const PlatformError& error) {
   errorClass* errors = references().errors;
-  if (!errors) return true;
+  if (!errors) throw LeaveProcedure{};
   errors->recordError(error);
   errors->showErrorDialog();
   switch (errors->getErrorChoice()) {

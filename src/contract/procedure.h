@@ -18,8 +18,8 @@ namespace autonotify {
 //
 // A failure (a PlatformError) never leaves the procedure. The person at the error dialog decides
 // what becomes of the failed statement: 1 skips it and its target keeps its old value; 2 leaves the
-// procedure with the result held so far; 3 and all else repeat it. Without an errorClass a failed
-// statement is repeated.
+// procedure with the result held so far; 3 and all else repeat it. Without an errorClass there is
+// nobody to ask: the procedure is left.
 //
 // Rules for bodies:
 //  - One effect a statement, and the effect last: a repeated statement runs from its start.

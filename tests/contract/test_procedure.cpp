@@ -54,15 +54,19 @@ TEST_F(Procedure, LeavingTheInnerOneGoesOnInTheOuterOne) {
   EXPECT_EQ(errors.left(), 2);
 }
 
-TEST_F(Procedure, RepeatsWithoutAnErrorClass) {
+TEST_F(Procedure, IsLeftWhereNobodyCanBeAsked) {
   references().errors = nullptr;
   int runs = 0;
-  procedure(tag, [&](Step& step) {
+  const int result = procedure(tag, 1, [&](Step& step, int& held) {
+    held = 2;
     step.run([&] {
-      if (++runs < 4) fail();
+      ++runs;
+      fail();
     });
+    held = 3;
   });
-  EXPECT_EQ(runs, 4);
+  EXPECT_EQ(result, 2);
+  EXPECT_EQ(runs, 1);
 }
 
 TEST_F(Procedure, ProgrammingFaultsAreNotOfferedForResumption) {
