@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <utility>
 
 #include "host/exchange/BlockReader.h"
 #include "platform/date_time_text.h"
@@ -116,14 +117,46 @@ std::string nameOf(icalcomponent* event) {
   return name ? std::string(trim(utf8Of(name))) : std::string();
 }
 
-void addEvent(const TextBlock& block, icalcomponent* event, const Years& years,
-              Holidays& holidays) {
-  if (icalcomponent_get_status(event) == ICAL_STATUS_CANCELLED) return;
+/// The days on which an event begins.
+struct Occurrences {
+  std::string series;
+  std::size_t line;
+  std::string name;
+  int length;
+  std::set<DateTime> starts;
+  /// In place of one of its series.
+  bool isReplacement;
+};
+using Replaced = std::set<std::pair<std::string, DateTime>>;
+
+std::string seriesOf(icalcomponent* event) {
+  const char* uid = icalcomponent_get_uid(event);
+  return uid ? uid : "";
+}
+
+std::optional<DateTime> replacedDay(icalcomponent* event) {
+  return dayOf(icalcomponent_get_recurrenceid(event));
+}
+
+std::optional<Occurrences> occurrencesOf(const TextBlock& block, icalcomponent* event,
+                                         const Years& years) {
+  if (icalcomponent_get_status(event) == ICAL_STATUS_CANCELLED) return std::nullopt;
   const icaltimetype start = icalcomponent_get_dtstart(event);
   const int length = lengthOf(event, start);
-  for (const DateTime day : startsOf(event, start, years))
-    for (int i = 0; i < length; ++i)
-      addHoliday(holidays, day.addDays(i), block.line, nameOf(event));
+  return Occurrences{seriesOf(event),
+                     block.line,
+                     nameOf(event),
+                     length,
+                     startsOf(event, start, years),
+                     replacedDay(event).has_value()};
+}
+
+void addHolidays(const Occurrences& event, const Replaced& replaced, Holidays& holidays) {
+  for (const DateTime start : event.starts) {
+    if (!event.isReplacement && replaced.contains({event.series, start})) continue;
+    for (int i = 0; i < event.length; ++i)
+      addHoliday(holidays, start.addDays(i), event.line, event.name);
+  }
 }
 
 Years yearsAround(DateTime today) {
@@ -137,17 +170,21 @@ CalendarReader::CalendarReader(TextFile file, DateTime today)
     : path_(file.path()), records_{{.line = 1, .cells = {"Date", "Name"}, .fault = {}}} {
   const Years years = yearsAround(today);
   BlockReader events(std::move(file), "VEVENT");
-  Holidays holidays;
+  std::vector<Occurrences> found;
+  Replaced replaced;
   TextBlock block;
   while (events.next(block)) {
     const Component event = parse(block);
     if (!event) continue;
+    if (const auto day = replacedDay(event.get())) replaced.emplace(seriesOf(event.get()), *day);
     try {
-      addEvent(block, event.get(), years, holidays);
+      if (auto days = occurrencesOf(block, event.get(), years)) found.push_back(*std::move(days));
     } catch (const NoHoliday& why) {
       records_.push_back({block.line, {"", nameOf(event.get())}, why.what()});
     }
   }
+  Holidays holidays;
+  for (const Occurrences& event : found) addHolidays(event, replaced, holidays);
   for (const auto& [day, holiday] : holidays)
     records_.push_back({holiday.line, {dateTimeText(day), holiday.names}, {}});
 }
