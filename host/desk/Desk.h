@@ -123,6 +123,7 @@ class Desk {
   std::string requireDocuments();
   /// The documents that were filed since the last time.
   std::vector<FiledDocument> takeFiled() { return std::exchange(filed_, {}); }
+  std::size_t filedCount() const { return filed_.size(); }
   /// The emails that went out at once since the last time.
   std::vector<Id> takeSent() { return std::exchange(sent_, {}); }
   void noteSent(Id notification) { sent_.push_back(notification); }

@@ -34,8 +34,9 @@ void write(DatabaseReference& database, RecordsetHandle handle, const char* colu
   database.updateFieldValue(handle, column, std::to_string(link), false, false);
 }
 
-bool isEmail(const Row& row) {
-  return row.id("NotificationType", 0) == nt_Email;
+/// Leaves as a document, which is shown before anyone knows what becomes of its row.
+bool hasDocument(const Row& row) {
+  return row.id("NotificationType", 0) & (nt_Fax | nt_Letter);
 }
 
 bool isSent(const Row& row) {
@@ -51,37 +52,37 @@ void keepAsRecord(DatabaseReference& database, RecordsetHandle handle) {
   write(database, handle, linkColumn, noId);
 }
 
-/// What became of the email of a row.
-enum class EmailFate { unknown, unsent, inDoubt, out };
+/// What became of the message of a row.
+enum class Fate { unknown, unsent, inDoubt, out };
 
-EmailFate fateOf(Desk& desk, const Row& row) {
-  if (!isEmail(row)) return EmailFate::unsent;
-  if (isSent(row)) return EmailFate::out;
-  if (!desk.hasOutbox()) return EmailFate::unknown;
+Fate fateOf(Desk& desk, const Row& row) {
+  if (isSent(row)) return Fate::out;
+  if (row.id("NotificationType", 0) != nt_Email) return Fate::unsent;
+  if (!desk.hasOutbox()) return Fate::unknown;
   try {
     const auto sender = desk.newEmailSender();
     sender->setIdentity(desk.messageIdentity(row.id("ClientNotificationID")));
-    if (sender->isDelivered()) return EmailFate::out;
-    return sender->doubt().empty() ? EmailFate::unsent : EmailFate::inDoubt;
+    if (sender->isDelivered()) return Fate::out;
+    return sender->doubt().empty() ? Fate::unsent : Fate::inDoubt;
   } catch (const MailError&) {
-    return EmailFate::unknown;
+    return Fate::unknown;
   }
 }
 
 /// Keeps an unfinished row of which something may be out.
-EmailFate keepWhatIsOut(Desk& desk, RecordsetHandle handle) {
+Fate keepWhatIsOut(Desk& desk, RecordsetHandle handle) {
   const Row row(desk.database(), handle);
-  const EmailFate fate = fateOf(desk, row);
+  const Fate fate = fateOf(desk, row);
   const Id id = row.id("ClientNotificationID");
-  if (fate == EmailFate::out && !isSent(row)) desk.tools().changeNotificationToSent(id);
-  if (fate == EmailFate::out || fate == EmailFate::inDoubt) keepAsRecord(desk.database(), handle);
+  if (fate == Fate::out && !isSent(row)) desk.tools().changeNotificationToSent(id);
+  if (fate == Fate::out || fate == Fate::inDoubt) keepAsRecord(desk.database(), handle);
   return fate;
 }
 
 /// Settles a row that nobody works on.
 void settle(Desk& desk, Id id) {
   changeUnfinished(desk.database(), id, [&](RecordsetHandle handle) {
-    if (keepWhatIsOut(desk, handle) == EmailFate::unsent) desk.database().deleteRecord(handle);
+    if (keepWhatIsOut(desk, handle) == Fate::unsent) desk.database().deleteRecord(handle);
   });
 }
 
@@ -130,10 +131,23 @@ void UnfinishedRows::finish(RecordsetHandle handle) {
 bool UnfinishedRows::keepSent(RecordsetHandle handle) {
   DatabaseReference& database = desk_.database();
   const Id id = Row(database, handle).id("ClientNotificationID");
-  EmailFate fate = EmailFate::unsent;
-  changeUnfinished(database, id, [&](RecordsetHandle row) { fate = keepWhatIsOut(desk_, row); });
-  if (fate == EmailFate::out) desk_.noteSent(id);
-  return fate == EmailFate::out || fate == EmailFate::inDoubt;
+  bool isKept = false;
+  changeUnfinished(database, id, [&](RecordsetHandle row) {
+    isKept = hasDocument(Row(database, row)) || keepEmail(row);
+  });
+  return isKept;
+}
+
+bool UnfinishedRows::keepEmail(RecordsetHandle handle) {
+  const Fate fate = keepWhatIsOut(desk_, handle);
+  if (fate == Fate::out) desk_.noteSent(Row(desk_.database(), handle).id("ClientNotificationID"));
+  return fate == Fate::out || fate == Fate::inDoubt;
+}
+
+void UnfinishedRows::markSent() {
+  for (const Id id : ids_)
+    changeUnfinished(desk_.database(), id,
+                     [&](RecordsetHandle) { desk_.tools().changeNotificationToSent(id); });
 }
 
 bool UnfinishedRows::areLeft() const {

@@ -5,6 +5,7 @@
 
 #include "MainWindowTest.h"
 #include "host/desk/rows/Notification.h"
+#include "host/desk/rows/channel_names.h"
 #include "host/desk/user_options.h"
 #include "host/desk/work/note_call.h"
 #include "host/desk/work/notification_list.h"
@@ -115,19 +116,23 @@ TEST_F(MainWindowTest, WhatAPersonWritesIsNeitherLostNorLetGoWithBadAddresses) {
   }
 }
 
-TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
-  open();
-  chooseTaskFor("blankLetter");
-  const int before = rows();
-  QString seen;
-  QTimer reader;
-  reader.callOnTimeout([&] {
+/// Closes the preview that comes up; `seen` is what stood on its first page.
+void closePreview(QTimer& timer, QString& seen) {
+  timer.callOnTimeout([&seen] {
     auto* preview = qobject_cast<PreviewWindow*>(QApplication::activeModalWidget());
     if (!preview) return;
     seen = preview->findChild<PdfPages*>()->document()->getAllText(0).text();
     preview->close();
   });
-  reader.start(5);
+  timer.start(5);
+}
+
+TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
+  open();
+  chooseTaskFor("blankLetter");
+  QString seen;
+  QTimer reader;
+  closePreview(reader, seen);
   EXPECT_THAT(run("blankLetter",
                   [](QDialog& composer) {
                     EXPECT_FALSE(read(composer, "staticNoteClient").empty());
@@ -137,13 +142,49 @@ TEST_F(MainWindowTest, ABlankLetterIsSeenAsItIsPrintedAndFiledWhenItIsClosed) {
                   }),
               testing::IsEmpty());
   EXPECT_THAT(plain(seen), HasSubstr("Good day"));
-  EXPECT_EQ(rows(), before);
   QDirIterator filed(shown(path() + ".documents"), {"Letter - *.mvw"}, QDir::Files,
                      QDirIterator::Subdirectories);
   ASSERT_TRUE(filed.hasNext());
   EXPECT_THAT(plain(window_->statusBar()->currentMessage()), HasSubstr("Filed as "));
   QFile file(filed.next());
   EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll().contains("Good day"));
+}
+
+TEST_F(MainWindowTest, ADocumentSentAtOnceStaysInItsClientsHistory) {
+  open();
+  const host::Task task = *host::findTask(*window_->desk(), chooseTaskFor("blankFax"));
+  QString seen;
+  QTimer reader;
+  closePreview(reader, seen);
+  const auto inWizard = [](int channel, const Visitor::Act& leave) {
+    return [=](QDialog& wizard) {
+      actAbove(wizard, leave);
+      press(wizard, ("chkNotify(" + toText(channel) + ")").c_str());
+    };
+  };
+  const std::tuple<const char*, Visitor::Act, std::string> ways[] = {
+      {"notifyNow", inWizard(1, cancel), ""},
+      {"notifyNow", inWizard(1, closeBox), ""},
+      {"notifyNow", inWizard(1, finish), "fax " + task.name},
+      {"notifyNow", inWizard(2, finish), "letter " + task.name},
+      {"blankFax", finish, "fax "},
+      {"blankLetter", finish, "letter "}};
+  std::vector<std::string> history;
+  for (const auto& [command, act, added] : ways) {
+    const int before = rows();
+    EXPECT_THAT(run(command, act), testing::IsEmpty());
+    EXPECT_EQ(rows(), before + !added.empty());
+    if (!added.empty()) history.push_back(added);
+    std::vector<std::string> told;
+    const host::Client client{enumAutoNotifyCompany, companyOf(*window_->desk(), task)};
+    host::listNotifications(*window_->desk(),
+                            {.standing = &host::notificationStanding("sent"), .client = client},
+                            [&](const host::NotificationLine& line) {
+                              if (line.row.sentTime.dateOnly() != today) return;
+                              told.push_back(host::channelName(line.row.channel) + " " + line.item);
+                            });
+    EXPECT_THAT(told, testing::UnorderedElementsAreArray(history));
+  }
 }
 
 TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {

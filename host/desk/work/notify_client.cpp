@@ -28,9 +28,12 @@ Outcome<Composed> blank(Desk& desk, Id id) {
     return Refused{Refused::Why::failed, {}, error.description()};
   }
   const Id contact = task->clientNum >= 0 ? noId : task->contactId;
-  const UnfinishedRows rows(desk);
-  return openWindow(desk, open, remittanceNotification, companyOf(desk, *task), contact,
-                    noDayTimerType);
+  const std::size_t filed = desk.filedCount();
+  UnfinishedRows rows(desk);
+  const Composed composed = openWindow(desk, open, remittanceNotification, companyOf(desk, *task),
+                                       contact, noDayTimerType);
+  if (desk.filedCount() > filed) rows.markSent();
+  return composed;
 }
 
 }  // namespace

@@ -16,7 +16,8 @@ extern const NotifyClient notifyNow;
 extern const NotifyClient notifyAutomatically;
 
 // A fax or a letter to the task's client that belongs to no task. It is printed from the preview
-// and filed with the client's documents; no row of it stays. Refused when it could not be filed.
+// and filed with the client's documents; once filed it stays on record as sent. Refused when it
+// could not be filed.
 
 extern const NotifyClient writeBlankFax;
 extern const NotifyClient writeBlankLetter;
