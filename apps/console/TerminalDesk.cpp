@@ -37,6 +37,7 @@ host::DeskOptions deskOptions(const GlobalOptions& options) {
           .user = options.user,
           .outbox = options.outbox,
           .documents = options.documents,
+          .hints = {" (--outbox)", " (--documents)"},
           .firmCode = options.firmCode,
           .mailServer = mailServer(options),
           .plainMail = options.plainMail};

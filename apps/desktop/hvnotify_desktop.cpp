@@ -28,6 +28,8 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   options.outbox = plain(parser.value("outbox"));
   options.documents = plain(parser.isSet("documents") ? parser.value("documents")
                                                       : qEnvironmentVariable("HVNOTIFY_DOCUMENTS"));
+  const QString hint = QObject::tr(": start the program with %1 FOLDER");
+  options.hints = {plain(hint.arg("--outbox")), plain(hint.arg("--documents"))};
   options.firmCode = plain(parser.value("firm-code"));
   if (parser.isSet("today")) {
     const std::string today = plain(parser.value("today"));

@@ -143,9 +143,9 @@ class TableCopy {
     if (to_.isFinished())
       throw DatabaseError(database_error::alreadyExists,
                           "The finished copy there differs from the original in " + place);
-    throw DatabaseError(database_error::constraint,
-                        "The databases differ in " + place +
-                            ": someone has written to one of them; copy it anew (--anew)");
+    throw SpoiltCopy(
+        database_error::constraint,
+        "The databases differ in " + place + ": someone has written to one of them; copy it anew");
   }
 
   CopyPlace& from_;
@@ -172,9 +172,8 @@ void requireSameDatabase(CopyPlace& from, CopyPlace& to) {
   if (to.isFinished())
     throw DatabaseError(database_error::alreadyExists, "Another database is there");
   if (!there.empty())
-    throw DatabaseError(database_error::foreign,
-                        "The target is the unfinished copy of another database; begin anew "
-                        "(--anew)");
+    throw SpoiltCopy(database_error::foreign,
+                     "The target is the unfinished copy of another database; begin anew");
 }
 
 /// The table that tells whose copy it is goes first.

@@ -5,8 +5,14 @@
 #include <string>
 
 #include "host/copy/CopyPlace.h"
+#include "host/database/dialect/DatabaseError.h"
 
 namespace autonotify::host {
+
+/// What is there of a copy cannot become one any more; openCopyTarget begins it anew.
+class SpoiltCopy : public DatabaseError {
+  using DatabaseError::DatabaseError;
+};
 
 struct CopyResult {
   std::int64_t rows = 0;
@@ -27,9 +33,10 @@ using CopyProgress =
 /// copy goes on behind the rows that are there. Nobody should write to either meanwhile: a
 /// difference is found, and ends the copy.
 ///
-/// Throws DatabaseError: foreign when `to` was begun as the copy of another database; constraint
-/// with the table, key and column of a value that `to` cannot hold, and of the first difference;
-/// alreadyExists when a finished `to` is another database or differs; those of the databases.
+/// Throws DatabaseError: constraint with the table, key and column of a value that `to` cannot
+/// hold; SpoiltCopy, foreign when `to` was begun as the copy of another database, constraint with
+/// the place of the first difference; alreadyExists when a finished `to` is another database or
+/// differs; those of the databases.
 CopyResult copyDatabase(CopyPlace& from, CopyPlace& to, const CopyProgress& progress);
 
 }  // namespace autonotify::host

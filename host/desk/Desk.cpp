@@ -74,7 +74,8 @@ Desk::Desk(const DeskOptions& options, const DeskDialogs& dialogs)
       hasOwnOutbox_(options.outbox.empty() && isFile(options.database)),
       outbox_(hasOwnOutbox_ ? outboxBeside(fileOf(*database_)) : options.outbox),
       hasOwnDocuments_(options.documents.empty() && isFile(options.database)),
-      documents_(hasOwnDocuments_ ? documentsBeside(fileOf(*database_)) : options.documents) {
+      documents_(hasOwnDocuments_ ? documentsBeside(fileOf(*database_)) : options.documents),
+      hints_(options.hints) {
   if (hasOwnOutbox_) linkedOutbox_ = outboxBeside(options.database);
   readFirm(options);
   readUser(options);
@@ -176,8 +177,9 @@ std::string Desk::messageIdentity(Id notification) const {
 void Desk::makeOutbox() {
   if (outbox_.empty())
     refuseOutbox(
-        "The emails of a database on a server need an outbox folder that all desks share; name one "
-        "(--outbox)");
+        "The emails of a database on a server need an outbox folder that all desks share; name "
+        "one" +
+        hints_.outbox);
   std::error_code leftToTheSender;
   if (hasOwnOutbox_) {
     fs::create_directory(outbox_, leftToTheSender);
@@ -190,7 +192,8 @@ std::string Desk::requireDocuments() {
   if (documents_.empty())
     refuse(error_number::pathNotFound,
            "The documents of a database on a server need a folder that all desks share; "
-           "name one (--documents)");
+           "name one" +
+               hints_.documents);
   std::error_code error;
   if (hasOwnDocuments_) fs::create_directory(documents_, error);
   if (error)
@@ -199,8 +202,8 @@ std::string Desk::requireDocuments() {
   if (!fs::is_directory(documents_, error))
     refuse(error_number::pathNotFound,
            fmt::format("The folder for documents {} is not there; make it, or name "
-                       "another one (--documents)",
-                       documents_));
+                       "another one{}",
+                       documents_, hints_.documents));
   if (::access(documents_.c_str(), W_OK | X_OK) != 0)
     refuse(error_number::pathFileAccess,
            fmt::format("The folder for documents {} cannot be written to: {}", documents_,

@@ -23,6 +23,13 @@
 
 namespace autonotify::host {
 
+/// How a person of this program names a folder: stands behind the words that miss it, such as
+/// " (--outbox)".
+struct FolderHints {
+  std::string outbox = {};
+  std::string documents = {};
+};
+
 struct DeskOptions {
   /// The path of the database file, or the URL of one on a server (see openDatabase).
   std::string database;
@@ -35,6 +42,7 @@ struct DeskOptions {
   std::string outbox = {};
   /// A folder for the documents of clients, which must be there; empty: as with the outbox.
   std::string documents = {};
+  FolderHints hints = {};
   /// The installation's firm code.
   std::string firmCode = {};
   /// Who takes the emails from the outbox; unset: some other mail system.
@@ -161,6 +169,7 @@ class Desk {
   /// Beside the database, not named by an option.
   bool hasOwnDocuments_;
   std::string documents_;
+  FolderHints hints_;
   std::vector<FiledDocument> filed_;
   std::vector<Id> sent_;
   /// The last name that was given to a document because its own was taken.

@@ -133,7 +133,7 @@ class PostgresTest(ConsoleTest):
         self.psql(f"UPDATE {self.schema}.Contacts SET DisplayName = 'x' WHERE ContactID = 3")
         self.psql(f"UPDATE {self.schema}.autonotify_version SET complete = FALSE")
         self.assertIn("unfinished copy of another", self.copy("other.db", self.url).err)
-        self.assertIn("differ in table Contacts, key 3, column DisplayName: someone has written",
+        self.assertIn("key 3, column DisplayName: someone has written to one of them; copy it anew (--anew)",
                       self.copy("firm.db", self.url).err)
         self.assertEqual(0, self.copy("firm.db", self.url, "--anew").code)
         self.assertEqual(0, self.on_server("due").code)

@@ -14,15 +14,19 @@
 namespace autonotify::console {
 namespace {
 
+const char* adviceOn(const host::DatabaseError& error) {
+  if (error.number() == host::database_error::alreadyExists)
+    return " and stays as it is; the copy goes to a new place";
+  return dynamic_cast<const host::SpoiltCopy*>(&error) ? " (--anew)" : "";
+}
+
 /// The words of a failure name the end at which it came.
 template <class Open>
 auto opened(const std::string& place, Open open) {
   try {
     return open();
   } catch (const host::DatabaseError& error) {
-    const bool isThere = error.number() == host::database_error::alreadyExists;
-    throw databaseRefusal(place, error,
-                          isThere ? " and stays as it is; the copy goes to a new place" : "");
+    throw databaseRefusal(place, error, adviceOn(error));
   }
 }
 
