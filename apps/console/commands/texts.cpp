@@ -10,6 +10,7 @@
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/rows/item_names.h"
 #include "host/desk/work/claiming.h"
+#include "host/desk/work/kind_templates.h"
 #include "host/desk/work/template_file.h"
 #include "host/desk/work/template_texts.h"
 #include "outcome_words.h"
@@ -102,16 +103,14 @@ void describeMerge(CLI::App& command, Arguments& arguments) {
 
 Reply runMerge(host::Desk& desk, const Arguments& arguments) {
   const host::Task task = doneOrRefuse(host::requireTask(desk, arguments.task));
+  const bool isTried = !arguments.file.empty();
+  std::string used = isTried ? readTemplate(arguments.file) : std::string();
+  std::string text =
+      doneOrRefuse(isTried ? host::composeText(desk, task, used) : host::composeText(desk, task));
+  if (!isTried) used = doneOrRefuse(host::readTaskTemplate(desk, task.id));
   Reply reply;
-  std::string text;
-  if (arguments.file.empty()) {
-    text = doneOrRefuse(host::composeText(desk, task));
-  } else {
-    const std::string tried = readTemplate(arguments.file);
-    text = doneOrRefuse(host::composeText(desk, task, tried));
-    for (const TemplateFault& fault : doneOrRefuse(host::checkTemplate(desk, tried)).faults)
-      reply.refuse(faultLine(fault));
-  }
+  for (const TemplateFault& fault : doneOrRefuse(host::checkTemplate(desk, used)).faults)
+    reply.refuse(faultLine(fault));
   const bool isPlain = arguments.plain || isPlainText(arguments.file);
   if (isPlain) text = plainTextOf(text);
   (isPlain ? reply.text : reply.document) = withLineEnd(text);

@@ -65,6 +65,24 @@ Outcome<ScheduleKind> requireScheduleKind(Desk& desk, const std::string& numberO
       fmt::format("several have this name; give a number: {}", fmt::join(numbers, ", "))};
 }
 
+std::optional<ScheduleKind> findKindOfTask(Desk& desk, Id task) {
+  std::string member;
+  firstRow(desk.database(),
+           fmt::format("SELECT Schedule.totalNum, Schedule.scheduleNum FROM Schedule WHERE "
+                       "Schedule.ScheduleID={};",
+                       task),
+           [&](const Row& row) {
+             const Id number = row.id("scheduleNum");
+             member = fmt::format("ScheduleTypes.TotalNum={} AND ScheduleTypes.ScheduleNum{}{}",
+                                  row.id("totalNum"), number < 1 ? ">" : "=", std::max(number, 0));
+           });
+  if (member.empty()) return std::nullopt;
+  return findRow(
+      desk.database(), kindTable,
+      fmt::format("{} WHERE {} ORDER BY ScheduleTypes.ScheduleNum;", selectKinds, member),
+      readKind);
+}
+
 std::string scheduleKindName(Desk& desk, Id totalNum, Id scheduleNum) {
   std::string name;
   firstRow(desk.database(),

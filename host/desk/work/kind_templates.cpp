@@ -82,6 +82,11 @@ Outcome<KindTemplate> readKindTemplate(Desk& desk, const std::string& named) {
   return KindTemplate{*std::move(kind), *std::move(text), isStandard};
 }
 
+Outcome<std::string> readTaskTemplate(Desk& desk, Id task) {
+  const auto kind = findKindOfTask(desk, task);
+  return kind ? readText(desk, *kind) : std::string{};
+}
+
 Outcome<TemplateChange> changeKindTemplate(Desk& desk, const std::string& named,
                                            const TemplateWish& wish) {
   const auto claim = claimTemplates(desk);

@@ -23,6 +23,8 @@ struct KindTemplate {
 
 ReadableRows<KindTemplate> listKindTemplates(Desk& desk);
 Outcome<KindTemplate> readKindTemplate(Desk& desk, const std::string& kind);
+/// The template that the task's notifications are composed by; empty without any.
+Outcome<std::string> readTaskTemplate(Desk& desk, Id task);
 
 struct TemplateWish {
   /// As templateOf gives it; unset: the standard template.
