@@ -78,6 +78,8 @@ std::span<const Command> allCommands() {
       Command{.name = "send", .help = "send emails", .describe = describeSend, .list = listSent},
       Command{"print", "print letters and faxes into a PDF, and file them", describePrint, runPrint,
               nullptr},
+      Command{"worklist", "print a list of the letters, faxes and calls that are due",
+              describeWorklist, runWorklist, nullptr},
       Command{"calls", "list the calls to be made today", describeCalls, runCalls, nullptr},
       Command{"call", "note that a client was called", describeCall, runCall, nullptr},
       Command{"cancel", "cancel a notification", describeCancel, runCancel, nullptr},

@@ -121,6 +121,8 @@ class MainWindow : public QMainWindow {
   /// In place of the present one; gives what is wrong with it, empty for nothing.
   QString takeDesk(const host::DeskOptions& options);
   void openNotifications();
+  /// Of the page's channel, or of all that are a person's work.
+  void printWorklist();
   void callClient();
   /// While the person is on the telephone no other desk calls the client.
   void call(const host::Notification& row, const QString& subject);

@@ -20,6 +20,7 @@
 #include "host/desk/work/client_card.h"
 #include "host/desk/work/deliver_by_hand.h"
 #include "host/desk/work/note_call.h"
+#include "host/desk/work/print_worklist.h"
 #include "mail_choice.h"
 #include "outcome_texts.h"
 #include "platform/rich_text.h"
@@ -222,6 +223,16 @@ void MainWindow::actOnRow() {
   }
   showFiled();
   refresh();
+}
+
+void MainWindow::printWorklist() {
+  forms_.setNotes({});
+  const DayPlace* place = dayPlace(place_);
+  const int channels = place ? place->channels : host::handChannels;
+  const auto list = host::showWorklist(*desk_, {.channels = channels & host::handChannels});
+  if (list.entries == 0)
+    statusBar()->showMessage(tr("No letter, fax or call is due."), sentMessageMs);
+  if (!list.unreadable.empty()) tellFault(shown(list.unreadable.begin()->description()));
 }
 
 void MainWindow::sendEmail(Id notification) {

@@ -90,6 +90,7 @@ class Desk {
   /// See RecordsetDatabase.
   void setGate(std::function<void()> gate) { database_->setGate(std::move(gate)); }
   void setWatch(WriteWatch watch) { database_->setWatch(std::move(watch)); }
+  FormHost& formHost() { return dialogs_.forms; }
   /// The windows of the component that are loaded at present.
   std::vector<Form*> openForms() { return dialogs_.forms.openForms(); }
   /// Whoever composes, arms or disarms for a task or an item of the diary claims that first; who

@@ -20,6 +20,8 @@ class PrintedReport {
   const Report::Margins& margins() const { return margins_; }
   /// The text of the label; empty when there is none of this name.
   const std::string& text(const std::string& label) const;
+  /// All labels with their texts, in the order of the report.
+  const std::vector<std::pair<std::string, std::string>>& texts() const { return texts_; }
 
  private:
   std::string name_;

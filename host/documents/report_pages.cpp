@@ -1,7 +1,12 @@
 #include "host/documents/report_pages.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
+#include <vector>
+
+#include "host/documents/Worklist.h"
 
 namespace autonotify::host {
 namespace {
@@ -74,10 +79,54 @@ void drawFax(PageFlow& flow, const PrintedReport& report) {
   flow.text(report.text("lblBody"), bodyLook);
 }
 
+constexpr TextLook listTitleLook{13, PANGO_WEIGHT_SEMIBOLD, 0.1};
+constexpr TextLook listHeadingLook{8.5, PANGO_WEIGHT_SEMIBOLD, 0.2, PANGO_ALIGN_LEFT, 1.25};
+constexpr TextLook entryLook{9.5, PANGO_WEIGHT_SEMIBOLD, 0, PANGO_ALIGN_LEFT, 1.25};
+constexpr TextLook wordsLook{9.5, PANGO_WEIGHT_NORMAL, 0.15, PANGO_ALIGN_LEFT, 1.15};
+constexpr double wordsIndent = 24;
+
+std::vector<PageCell> listHeadings() {
+  std::vector<PageCell> headings;
+  for (const Worklist::Column& column : Worklist::columns)
+    headings.push_back({column.heading, column.share});
+  return headings;
+}
+
+void drawListHead(PageFlow& flow) {
+  flow.row(listHeadings(), listHeadingLook);
+  flow.rule(0.75, 0.4);
+  flow.gap(4);
+}
+
+void drawWorklist(PageFlow& flow, const PrintedReport& report) {
+  std::vector<PageCell> entry = listHeadings();
+  std::size_t cell = 0;
+  flow.text(report.text(Worklist::titleLabel), listTitleLook);
+  flow.gap(8);
+  drawListHead(flow);
+  flow.setRunningHead(drawListHead);
+  for (const auto& [label, text] : report.texts()) {
+    if (label == Worklist::cellLabel) entry[cell++].text = text;
+    if (label != Worklist::wordsLabel) continue;
+    flow.row(entry, entryLook);
+    flow.text(text, wordsLook, wordsIndent);
+    flow.gap(text.empty() ? 2 : 8);
+    cell = 0;
+  }
+}
+
+struct ReportKind {
+  const char* name;
+  void (*draw)(PageFlow& flow, const PrintedReport& report);
+};
+constexpr ReportKind reportKinds[] = {
+    {"drLetter", drawLetter}, {"drFax", drawFax}, {Worklist::className, drawWorklist}};
+
 }  // namespace
 
 void drawReport(PageFlow& flow, const PrintedReport& report) {
-  report.name() == "drFax" ? drawFax(flow, report) : drawLetter(flow, report);
+  const auto* kind = std::ranges::find(reportKinds, report.name(), &ReportKind::name);
+  (kind == std::end(reportKinds) ? drawLetter : kind->draw)(flow, report);
 }
 
 }  // namespace autonotify::host

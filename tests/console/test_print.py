@@ -58,6 +58,29 @@ class PrintTest(ConsoleTest):
         self.assertEqual(([], ["there.pdf"]),
                          (self.filed(), [p.name for p in self.folder.glob("*.pdf")]))
 
+    def test_a_list_on_paper_of_what_is_done_by_hand(self):
+        rows = [(n, {"Field1": "Zoë", field: f"555-{n}", "Memo": f"words {n}\r\n" * 90,
+                     "NotificationDate": "2026-04-18"})
+                for n, field in ((self.call, "Field2"), (self.fax, "Field4"), (self.letter, "Field6"))]
+        for number, columns in rows:
+            self.write(number, **columns)
+        self.refuses("worklist --channel phone,email",
+                     "emails are on no list: they are sent (see: hvnotify worklist --help)", 2)
+        self.expect("worklist --until 2000-01-01", "Nothing is due.\n")
+        self.assertEqual(self.done("worklist --until 2026-04-18")[-28:], " in worklist-2026-04-15.pdf\n")
+        told = self.done("worklist --until 2026-04-18 --channel phone --pdf calls.pdf")
+        self.assertRegex(told, r"^\d+ entries on \d+ pages in calls.pdf\n$")
+        self.refuses("worklist --until 2026-04-18 --pdf calls.pdf", "calls.pdf: there is a file of this name already")
+        names = ["worklist-2026-04-15.pdf", "calls.pdf"]
+        whole, calls = (self.read_back("pdftotext", "-layout", name, "-") for name in names)
+        self.assertRegex(calls, r"Calls to be made by 2026-04-18\n(.*\n)*Date +By +Client +Task +To +Number +Times\n"
+                                rf"(.*\n)*2026-04-18 +phone .* Zoë +555-{self.call}")
+        self.assertEqual(2, calls.count(" Client "), "the headings stand on each page")
+        self.assertEqual([90, 0, 0], [calls.count(f"words {n}\n") for n, _ in rows])
+        self.assertEqual([90, 0, 0], [whole.count(f"words {n}\n") for n, _ in rows])
+        self.assertEqual([True, True, False], [f"555-{n}" in whole for n, _ in rows])
+        self.assertEqual((0, 1), self.state(self.call))
+
     def test_a_disk_that_fills(self):
         for size, files, why in (
                 (44_000, [], r"Cannot write out\.pdf: File too large; it was filed as .*mvw$"),

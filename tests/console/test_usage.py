@@ -6,7 +6,7 @@ from console import ConsoleTest, refusals
 
 COMMANDS = ("init, copy, import, export, role, clients, staff, holidays, tasks, arm, disarm, year, appointments, arm-item, "
             "disarm-item, show, day, due, notifications, history, merge, check, explain, send, print, "
-            "calls, call, cancel, move, refresh, address, recipients, contact-default, template, "
+            "worklist, calls, call, cancel, move, refresh, address, recipients, contact-default, template, "
             "propagate, fields, help")
 NAMES = COMMANDS.split(", ")
 

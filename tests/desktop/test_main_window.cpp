@@ -187,6 +187,22 @@ TEST_F(MainWindowTest, ADocumentSentAtOnceStaysInItsClientsHistory) {
   }
 }
 
+TEST_F(MainWindowTest, TheWorklistOfAPageIsSeenAsItIsPrinted) {
+  open();
+  execute("UPDATE ClientNotification SET NotificationDate='2026-04-14' WHERE NotificationSent=0");
+  for (const auto& [place, title] :
+       {std::pair(Navigation::Place::calls, "Calls to be made by 2026-04-15"),
+        std::pair(Navigation::Place::tasks, "Letters, faxes and calls by 2026-04-15")}) {
+    window_->goTo(place);
+    const auto look = [title = title](QDialog& preview) {
+      auto* pages = preview.findChild<PdfPages*>()->document();
+      EXPECT_THAT(plain(pages->getAllText(0).text()), testing::StartsWith(title));
+      preview.close();
+    };
+    EXPECT_THAT(run("printWorklist", look), testing::IsEmpty());
+  }
+}
+
 TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
   open();
   execute("UPDATE ClientNotification SET NotificationDate='2026-05-04' WHERE ScheduleIDNum=" +

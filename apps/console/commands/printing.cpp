@@ -12,6 +12,7 @@
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/due_list.h"
 #include "host/desk/work/print_documents.h"
+#include "host/desk/work/print_worklist.h"
 #include "host/services/HostFileUtility.h"
 #include "outcome_words.h"
 
@@ -102,11 +103,21 @@ std::string markingText(const std::vector<PrintOutcome>& outcomes) {
          "\n";
 }
 
-/// A name that nothing has yet.
-std::string usualFile(host::Desk& desk) {
-  return host::HostFileUtility().getUniqueFileName("notifications-" + host::dayText(desk.today()) +
-                                                   ".pdf");
+void addPdf(CLI::App& command, const std::string& usual, Arguments& arguments) {
+  addText(command, "--pdf", "FILE",
+          fmt::format("the new file to print into (default: {}-DATE.pdf in this folder)", usual),
+          arguments.pdf);
 }
+
+/// The file that was named, or a name that nothing has yet.
+std::string pdfFile(host::Desk& desk, const char* usual, const Arguments& arguments) {
+  if (!arguments.pdf.empty()) return arguments.pdf;
+  return host::HostFileUtility().getUniqueFileName(
+      fmt::format("{}-{}.pdf", usual, host::dayText(desk.today())));
+}
+
+constexpr const char* usualDocuments = "notifications";
+constexpr const char* usualWorklist = "worklist";
 
 }  // namespace
 
@@ -114,9 +125,7 @@ void describePrint(CLI::App& command, Arguments& arguments) {
   auto* ids = addNotifications(command, arguments);
   command.add_flag("--due", arguments.due, "all letters and faxes that are due today")
       ->excludes(ids);
-  addText(command, "--pdf", "FILE",
-          "the new file to print into (default: notifications-DATE.pdf in this folder)",
-          arguments.pdf);
+  addPdf(command, usualDocuments, arguments);
   command.add_flag("--mark", arguments.mark, "mark as sent what was printed");
   command.add_flag("--again", arguments.again, "print also what was sent already");
 }
@@ -125,7 +134,7 @@ Reply runPrint(host::Desk& desk, const Arguments& arguments) {
   requireNotifications(arguments, "print");
   const auto wanted = arguments.due ? host::notificationsToSend(desk, host::printedChannels)
                                     : host::ReadableRows<Id>{arguments.notifications, {}};
-  const std::string pdf = arguments.pdf.empty() ? usualFile(desk) : arguments.pdf;
+  const std::string pdf = pdfFile(desk, usualDocuments, arguments);
   const auto printed =
       doneOrRefuse(host::printDocuments(desk, wanted.rows, {pdf, arguments.mark, arguments.again}));
   Reply reply;
@@ -137,6 +146,36 @@ Reply runPrint(host::Desk& desk, const Arguments& arguments) {
   if (!showList(reply, table, wanted.unreadable)) reply.text = "No letter or fax is due.\n";
   if (printed.pages > 0) reply.text += fmt::format("{} in {}\n", pagesText(printed.pages), pdf);
   if (!arguments.mark) reply.text += markingText(printed.outcomes);
+  return reply;
+}
+
+void describeWorklist(CLI::App& command, Arguments& arguments) {
+  addAnyChannels(command, arguments);
+  addDate(command, "--until", "what is due on this date or before (default: today)",
+          arguments.until);
+  addPdf(command, usualWorklist, arguments);
+}
+
+Reply runWorklist(host::Desk& desk, const Arguments& arguments) {
+  host::WorklistWish wish{.until = arguments.until};
+  if (!arguments.channels.empty()) wish.channels = 0;
+  for (const notifyType channel : arguments.channels) wish.channels |= channel;
+  if (wish.channels & nt_Email)
+    throw Refusal("emails are on no list: they are sent (see: hvnotify worklist --help)",
+                  exitUsage);
+  const std::string pdf = pdfFile(desk, usualWorklist, arguments);
+  const auto printed = doneOrRefuse(host::printWorklist(desk, wish, pdf));
+  Reply reply;
+  reply.data = {{"pdf", printed.pages > 0 ? Json(pdf) : Json()},
+                {"pages", printed.pages},
+                {"entries", printed.entries}};
+  for (const host::UnreadableRow& row : printed.unreadable) reply.refuse(row.description());
+  if (printed.pages > 0) {
+    reply.text = fmt::format("{} entr{} on {} in {}\n", printed.entries,
+                             printed.entries == 1 ? "y" : "ies", pagesText(printed.pages), pdf);
+  } else if (printed.unreadable.empty()) {
+    reply.text = "Nothing is due.\n";
+  }
   return reply;
 }
 

@@ -9,4 +9,8 @@ void describePrint(CLI::App& command, Arguments& arguments);
 /// listed with its reason.
 Reply runPrint(host::Desk& desk, const Arguments& arguments);
 
+void describeWorklist(CLI::App& command, Arguments& arguments);
+/// The letters, faxes and calls that are due as a list on paper.
+Reply runWorklist(host::Desk& desk, const Arguments& arguments);
+
 }  // namespace autonotify::console

@@ -25,9 +25,9 @@ void readSummaries(Desk& desk, const std::string& condition, ReadableRows<Notifi
   readNotifications(desk, summaryColumns, condition, into, readSummary);
 }
 
-/// A date that could not be compared may be one after today after all.
-void leaveOutLater(Desk& desk, ReadableRows<Notification>& due) {
-  std::erase_if(due.rows, [&](const Notification& row) { return row.date > desk.today(); });
+/// A date that could not be compared may be a later one after all.
+void leaveOutLater(DateTime day, ReadableRows<Notification>& due) {
+  std::erase_if(due.rows, [&](const Notification& row) { return row.date > day; });
 }
 
 /// A status that is too large for the column tells no more than that of a row not marked yet.
@@ -43,7 +43,7 @@ std::string interruptedCondition() {
 ReadableRows<Notification> readDue(Desk& desk) {
   ReadableRows<Notification> due;
   readSummaries(desk, dueCondition(desk), due);
-  leaveOutLater(desk, due);
+  leaveOutLater(desk.today(), due);
   return due;
 }
 
@@ -63,12 +63,16 @@ std::string dueCondition(Desk& desk, DateTime day) {
              noId, unfinishedLink);
 }
 
-ReadableRows<Notification> readDueCalls(Desk& desk) {
+ReadableRows<Notification> readWholeDue(Desk& desk, int channels, DateTime day) {
   ReadableRows<Notification> due;
-  const std::string isCall =
-      fmt::format(" AND ClientNotification.NotificationType={}", static_cast<int>(nt_Phone));
-  readNotifications(desk, "ClientNotification.*", dueCondition(desk) + isCall, due, readWhole);
-  leaveOutLater(desk, due);
+  std::vector<Id> types;
+  for (const notifyType channel : allNotifyTypes)
+    if (channel & channels) types.push_back(channel);
+  const std::string isOfChannels =
+      fmt::format(" AND ClientNotification.NotificationType IN ({})", idList(std::move(types)));
+  readNotifications(desk, "ClientNotification.*", dueCondition(desk, day) + isOfChannels, due,
+                    readWhole);
+  leaveOutLater(day, due);
   return due;
 }
 

@@ -13,8 +13,8 @@ namespace autonotify::host {
 inline constexpr int allChannels = -1;
 /// The rows whose marking as sent was interrupted, then what is due, by one of the channels.
 ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
-/// The calls that are due, by date, with all that is needed to make them.
-ReadableRows<Notification> readDueCalls(Desk& desk);
+/// What is due by one of the channels today, or by another day, by date, with its text.
+ReadableRows<Notification> readWholeDue(Desk& desk, int channels, DateTime day);
 std::size_t countDueNotifications(Desk& desk);
 
 /// The condition on ClientNotification for what is due today, or by another day, for a WHERE.
