@@ -47,6 +47,7 @@ struct GlobalOptions {
 /// Arguments of all commands; each command reads its own.
 struct Arguments {
   Id task = noId;
+  std::vector<Id> tasks;
   Id notification = noId;
   std::vector<Id> notifications;
   std::optional<CurrentDayTimerType> itemKind;

@@ -19,10 +19,14 @@ std::vector<std::string> headingsOf(const std::vector<RowColumn>& columns) {
   return headings;
 }
 
-/// `none` stands for null.
+/// `none` stands for null, and for a list that is empty.
 std::string cellText(const Json& value, const char* none) {
-  if (value.is_null()) return none;
-  return value.is_string() ? value.get<std::string>() : value.dump();
+  if (value.empty()) return none;
+  if (value.is_string()) return value.get<std::string>();
+  if (!value.is_array()) return value.dump();
+  std::string joined;
+  for (const Json& each : value) joined += (joined.empty() ? "" : ",") + cellText(each, none);
+  return joined;
 }
 
 /// As RFC 4180 has it.

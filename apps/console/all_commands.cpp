@@ -44,9 +44,10 @@ std::span<const Command> allCommands() {
               .list = listAllStaff},
       Command{"holidays", "list, add and take out days on which the firm is closed",
               describeHolidays, runHolidays},
-      Command{"tasks", "list open tasks", describeTasks, runTasks, nullptr},
-      Command{"arm", "add notifications to a task", describeArm, runArm, nullptr},
-      Command{"disarm", "take notifications off a task", describeDisarm, runDisarm, nullptr},
+      Command{
+          .name = "tasks", .help = "list open tasks", .describe = describeTasks, .list = listTasks},
+      Command{"arm", "add notifications to tasks", describeArm, runArm, nullptr},
+      Command{"disarm", "take notifications off tasks", describeDisarm, runDisarm, nullptr},
       Command{"year", "add notifications to a client's tasks of a year", describeYear, runYear,
               nullptr},
       Command{"appointments", "list appointments and time entries", describeAppointments,

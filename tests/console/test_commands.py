@@ -9,7 +9,7 @@ from console import ConsoleTest, files_only
 
 class ArmTest(ConsoleTest):
     def test_arming_and_disarming(self):
-        self.follow_each("arming all channels at once", "arming again", "arming late",
+        self.follow_each("arming all channels at once", "arming again", "arming many tasks", "arming late",
                          "arming without an address", "arming beside a channel that is refused",
                          "disarming")
 

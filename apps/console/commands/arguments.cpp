@@ -26,6 +26,16 @@ const std::vector<ChannelWord>& channelWords() {
   return words;
 }
 
+/// Any number of ids.
+CLI::Option* addNumbers(CLI::App& command, const char* name, const char* help,
+                        std::vector<Id>& target) {
+  const auto read = [&target, name](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) addOnce(target, readNumber<Id>(name, text));
+  };
+  return command.add_option_function<std::vector<std::string>>(name, read, help)
+      ->type_name("NUMBER");
+}
+
 }  // namespace
 
 CLI::Option* addReader(CLI::App& command, const std::string& name, const char* kind,
@@ -67,6 +77,11 @@ void addTask(CLI::App& command, Arguments& arguments) {
       ->required();
 }
 
+void addTasks(CLI::App& command, Arguments& arguments) {
+  addNumbers(command, "TASK", "numbers of tasks (see: hvnotify tasks)", arguments.tasks)
+      ->required();
+}
+
 CLI::Option* addKind(CLI::App& command, Arguments& arguments) {
   return addText(command, "KIND", "NUMBER or NAME",
                  "the schedule type (see: hvnotify template list)", arguments.scheduleType)
@@ -90,16 +105,8 @@ void addNotification(CLI::App& command, Arguments& arguments) {
 }
 
 CLI::Option* addNotifications(CLI::App& command, Arguments& arguments) {
-  return command
-      .add_option_function<std::vector<std::string>>(
-          "NOTIFICATION",
-          [&arguments](const std::vector<std::string>& texts) {
-            for (const std::string& text : texts) {
-              addOnce(arguments.notifications, readNumber<Id>("NOTIFICATION", text));
-            }
-          },
-          "numbers of notifications (see: hvnotify due)")
-      ->type_name("NUMBER");
+  return addNumbers(command, "NOTIFICATION", "numbers of notifications (see: hvnotify due)",
+                    arguments.notifications);
 }
 
 void requireNotifications(const Arguments& arguments, const char* command) {
@@ -109,17 +116,14 @@ void requireNotifications(const Arguments& arguments, const char* command) {
 }
 
 CLI::Option* addAnyChannels(CLI::App& command, Arguments& arguments) {
-  return command
-      .add_option_function<std::vector<std::string>>(
-          "--channel",
-          [&arguments](const std::vector<std::string>& names) {
-            for (const std::string& name : names) {
-              addOnce(arguments.channels, readChoice("--channel", channelWords(), name).channel);
-            }
-          },
-          choicesOf(channelWords()) + "; may be several")
-      ->type_name("CHANNEL")
-      ->delimiter(',');
+  const auto read = [&arguments](const std::vector<std::string>& names) {
+    for (const std::string& name : names)
+      addOnce(arguments.channels, readChoice("--channel", channelWords(), name).channel);
+  };
+  CLI::Option* option = command.add_option_function<std::vector<std::string>>(
+      "--channel", read, choicesOf(channelWords()) + "; may be several");
+  option->type_name("CHANNEL")->delimiter(',');
+  return option;
 }
 
 void addChannels(CLI::App& command, Arguments& arguments) {
@@ -146,6 +150,10 @@ host::Client requireClientOf(host::Desk& desk, const Arguments& arguments, const
     throw Refusal(fmt::format("name a CLIENT or a --contact (see: hvnotify {} --help)", command),
                   exitUsage);
   return *clientOf(desk, arguments);
+}
+
+void addCsv(CLI::App& command, Arguments& arguments) {
+  command.add_flag("--csv", arguments.csv, "for a spreadsheet: comma separated, all columns");
 }
 
 void addForce(CLI::App& command, Arguments& arguments) {

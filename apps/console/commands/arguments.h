@@ -63,13 +63,16 @@ const auto& readChoice(const std::string& name, const Rows& rows, const std::str
 template <std::ranges::contiguous_range Rows, class Take>
 CLI::Option* addChoice(CLI::App& command, const std::string& name, const char* kind,
                        const Rows& rows, const std::string& note, Take take) {
-  return addReader(command, name, kind, choicesOf(rows) + note,
-                   [name, choices = std::span(rows), take](const std::string& text) {
-                     take(readChoice(name, choices, text));
-                   });
+  CLI::Option* option = addReader(command, name, kind, choicesOf(rows) + note,
+                                  [name, choices = std::span(rows), take](const std::string& text) {
+                                    take(readChoice(name, choices, text));
+                                  });
+  return option;
 }
 
 void addTask(CLI::App& command, Arguments& arguments);
+/// One or more of them.
+void addTasks(CLI::App& command, Arguments& arguments);
 /// A kind of tasks, by its number or name.
 CLI::Option* addKind(CLI::App& command, Arguments& arguments);
 /// --former FILE: a template that a kind had, as `template show --rtf` gave it.
@@ -91,6 +94,8 @@ void addClientNumber(CLI::App& command, const std::string& name, Arguments& argu
 std::optional<host::Client> clientOf(host::Desk& desk, const Arguments& arguments);
 /// Throws Refusal where none is named as well.
 host::Client requireClientOf(host::Desk& desk, const Arguments& arguments, const char* command);
+/// --csv, for a list.
+void addCsv(CLI::App& command, Arguments& arguments);
 /// --force, for a change that would delete the record of a sent notification.
 void addForce(CLI::App& command, Arguments& arguments);
 

@@ -5,7 +5,7 @@
 namespace autonotify::console {
 
 void describeArm(CLI::App& command, Arguments& arguments);
-/// Adds the notifications and sets the task's bits. A channel that is armed already stays as it is;
+/// Adds the notifications and sets the tasks' bits. A channel that is armed already stays as it is;
 /// one whose row lost its bit to an interrupted run gets it back.
 Reply runArm(host::Desk& desk, const Arguments& arguments);
 

@@ -16,7 +16,7 @@ Json idOrNull(Id id) {
 
 void addName(CLI::App& command, Arguments& arguments) {
   addText(command, "NAME", "TEXT", "only those whose name or number holds this", arguments.name);
-  command.add_flag("--csv", arguments.csv, "for a spreadsheet: comma separated, all columns");
+  addCsv(command, arguments);
 }
 
 /// What `list` tells to the printer.

@@ -87,10 +87,6 @@ Reply printSome(host::Desk& desk, const NotificationQuery& query, const LineColu
   return std::move(printed.reply);
 }
 
-void addCsv(CLI::App& command, Arguments& arguments) {
-  command.add_flag("--csv", arguments.csv, "for a spreadsheet: comma separated, all columns");
-}
-
 void requireInOrder(const Arguments& arguments) {
   if (!arguments.since || !arguments.until || *arguments.since <= *arguments.until) return;
   throw Refusal(fmt::format("--from {} is after --until {} (see: hvnotify notifications --help)",

@@ -172,6 +172,22 @@ ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query) {
   return tasks;
 }
 
+UnreadableRows listTasks(Desk& desk, const TaskQuery& query,
+                         const std::function<void(const Task&, const std::string& client)>& tell) {
+  UnreadableRows unreadable;
+  const LookupBatch batch(desk);
+  forEachRow(desk.database(), selectTasks(desk, query) + ";", [&](const Row& row) {
+    unreadable.orName([&] {
+      const Task task = readRow(taskTable, row, readTask);
+      if (!isWithin(task, query)) return;
+      std::string client;
+      unreadable.orName([&] { client = clientName(desk, task); });
+      tell(task, client);
+    });
+  });
+  return unreadable;
+}
+
 std::size_t countTasks(Desk& desk, const TaskQuery& query) {
   return countRows(desk.database(), tasksOf(desk, query));
 }

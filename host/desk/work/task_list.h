@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -32,11 +33,11 @@ enum class TaskOrder { dueDate, client, name, notificationDate, channels, state 
 struct TaskQuery {
   /// Part of the client's or the task's name; capitals don't matter in the letters A to Z. Empty:
   /// all.
-  std::string filter;
-  std::optional<Id> client;
-  std::optional<Id> contact;
+  std::string filter = {};
+  std::optional<Id> client = std::nullopt;
+  std::optional<Id> contact = std::nullopt;
   /// Due on this day or before.
-  std::optional<DateTime> until;
+  std::optional<DateTime> until = std::nullopt;
   /// Only those with a notification that is to be sent today.
   bool isToNotify = false;
   TaskOrder order = TaskOrder::dueDate;
@@ -57,6 +58,11 @@ std::optional<TaskLine> findTaskLine(Desk& desk, Id task);
 
 /// All of them, without their clients and notifications.
 ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query);
+
+/// Calls `tell` for each of them with its client's name, reading as it goes: their number costs no
+/// memory. Gives the rows that were passed over. Throws DatabaseError.
+UnreadableRows listTasks(Desk& desk, const TaskQuery& query,
+                         const std::function<void(const Task&, const std::string& client)>& tell);
 
 /// How many open tasks the query has.
 std::size_t countTasks(Desk& desk, const TaskQuery& query);
