@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/text.h"
@@ -14,6 +15,8 @@ struct Word {
   std::string help;
   /// An option with a value behind it.
   bool hasValue = false;
+  /// Those that it may be, with blanks between, where they are known.
+  std::string values = {};
 };
 
 /// What may be typed at one place: "" for the program, "/template/set" for a command below one.
@@ -22,12 +25,22 @@ struct Place {
   std::vector<Word> words;
 };
 
+void addValues(const CLI::Option& argument, Place& place) {
+  const std::string values = knownValues(argument);
+  for (std::size_t start = 0, end = 0; start < values.size(); start = end + 1) {
+    end = std::min(values.find(' ', start), values.size());
+    place.words.push_back({values.substr(start, end - start), argument.get_name(true)});
+  }
+}
+
 void addOptions(const CLI::App& command, Place& place) {
-  for (const CLI::Option* option : command.get_options())
+  for (const CLI::Option* option : command.get_options()) {
+    if (option->get_group().empty()) continue;
+    if (option->get_positional()) addValues(*option, place);
     for (const std::string& name : option->get_lnames())
-      if (!option->get_group().empty())
-        place.words.push_back(
-            {"--" + name, option->get_description(), option->get_expected_max() > 0});
+      place.words.push_back({"--" + name, option->get_description(), option->get_expected_max() > 0,
+                             knownValues(*option)});
+  }
 }
 
 void addPlaces(const CLI::App& command, const std::string& path, std::vector<Place>& places) {
@@ -70,6 +83,17 @@ std::string optionsWithValue(const std::vector<Place>& places) {
   });
 }
 
+/// What `tell(place, word)` gives for each option whose values are known.
+template <class Tell>
+std::string forKnownValues(const std::vector<Place>& places, Tell&& tell) {
+  return joined(places, "", [&](const Place& place) {
+    std::string text;
+    for (const Word& word : place.words)
+      if (!word.values.empty()) text += tell(place, word);
+    return text;
+  });
+}
+
 /// In single quotes, for any shell.
 std::string quotedForShell(const std::string& text) {
   return '\'' + replaceAll(text, "'", "'\\''") + '\'';
@@ -83,6 +107,10 @@ std::string bashCompletion(const CLI::App& program) {
     std::string words;
     for (const Word& word : place.words) words += (words.empty() ? "" : " ") + word.text;
     return fmt::format("    {}) words={} ;;\n", quotedForShell(place.path), quotedForShell(words));
+  });
+  const std::string values = forKnownValues(places, [](const Place& place, const Word& word) {
+    return fmt::format("    {}) words={} ;;\n", quotedForShell(place.path + word.text),
+                       quotedForShell(word.values));
   });
   return fmt::format(R"(# bash completion for {0}
 _{0}() {{
@@ -98,15 +126,16 @@ _{0}() {{
     before=$word
   done
   case $before in
-    {2}) return ;;
+    {2}) place+=$before ;;
   esac
   case $place in
-{3}  esac
+{3}{4}    *) return ;;
+  esac
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "${{COMP_WORDS[COMP_CWORD]}}")
 }}
 complete -o bashdefault -o default -F _{0} {0}
 )",
-                     program.get_name(), pathsOf(places), optionsWithValue(places), cases);
+                     program.get_name(), pathsOf(places), optionsWithValue(places), cases, values);
 }
 
 std::string zshCompletion(const CLI::App& program) {
@@ -116,6 +145,10 @@ std::string zshCompletion(const CLI::App& program) {
     for (const Word& word : place.words)
       words += ' ' + quotedForShell(word.text + ':' + replaceAll(word.help, ":", "\\:"));
     return fmt::format("  {}) entries=({} ) ;;\n", quotedForShell(place.path), words);
+  });
+  const std::string values = forKnownValues(places, [](const Place& place, const Word& word) {
+    return fmt::format("  {}) entries=({}) ;;\n", quotedForShell(place.path + word.text),
+                       word.values);
   });
   return fmt::format(R"(#compdef {0}
 local word before= place=
@@ -130,13 +163,14 @@ for word in ${{words[2,CURRENT-1]}}; do
   before=$word
 done
 case $before in
-  {2}) _files; return ;;
+  {2}) place+=$before ;;
 esac
 case $place in
-{3}esac
+{3}{4}  *) _files; return ;;
+esac
 _describe '{0}' entries || _files
 )",
-                     program.get_name(), pathsOf(places), optionsWithValue(places), cases);
+                     program.get_name(), pathsOf(places), optionsWithValue(places), cases, values);
 }
 
 std::string fishCompletion(const CLI::App& program) {
@@ -147,8 +181,10 @@ std::string fishCompletion(const CLI::App& program) {
     for (const Word& word : place.words) {
       const bool isOption = word.text.starts_with("--");
       const std::string typed = isOption ? "-l " + word.text.substr(2) : "-f -a " + word.text;
-      text += fmt::format("complete -c {0} -n '__{0}_at \"{1}\"' {2}{3} -d {4}\n", name, place.path,
-                          typed, word.hasValue ? " -r" : "", quotedForShell(word.help));
+      const std::string values = word.values.empty() ? "" : " -f -a " + quotedForShell(word.values);
+      text +=
+          fmt::format("complete -c {0} -n '__{0}_at \"{1}\"' {2}{3}{4} -d {5}\n", name, place.path,
+                      typed, word.hasValue ? " -r" : "", values, quotedForShell(word.help));
     }
     return text;
   });

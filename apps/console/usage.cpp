@@ -102,6 +102,19 @@ std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
   return app.get_subcommands([](const CLI::App*) { return true; });
 }
 
+/// They are the name of a check that lets all pass: an option has no other place for them.
+void setKnownValues(CLI::Option& option, const std::string& words) {
+  option.check(CLI::Validator([](std::string&) { return std::string(); }, "", words));
+}
+
+std::string knownValues(const CLI::Option& option) {
+  try {
+    return const_cast<CLI::Option&>(option).get_validator(0)->get_name();
+  } catch (const CLI::OptionNotFound&) {
+    return {};
+  }
+}
+
 std::string unknownCommand(const CLI::App& above, const std::string& typed) {
   const std::string near = nearestCommand(above, typed);
   return fmt::format("there is no command \"{}{}\"; {}{}", pathOf(above), typed,

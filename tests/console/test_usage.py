@@ -48,12 +48,15 @@ class UsageTest(ConsoleTest):
         self.assertIn("\n.TP\n\\fB\\-\\-until\\fR \\fIDATE\\fR\n", page)
         (self.folder / "completion").write_text(self.done("help --as bash"))
         for typed, words in [("holi", "holidays"), ("template sh", "show"), ("--json template set --for", "--former"),
-                             ("show --rt", "--rtf"), ("--database show tem", "template"), ("print --pdf s", "")]:
+                             ("show --rt", "--rtf"), ("--database show tem", "template"), ("print --pdf s", ""),
+                             ("notifications --state un", "unsent"), ("arm 5 --channel l", "letter"),
+                             ("export tas", "tasks"), ("appointments --kind time", "time-entry")]:
             script = f'. ./completion; COMP_WORDS=(hvnotify {typed}); COMP_CWORD={len(typed.split())}; _hvnotify'
             shown = subprocess.run(["bash", "-c", script + '; echo "${COMPREPLY[*]}"'], cwd=self.folder,
                                    capture_output=True, text=True)
             self.assertEqual((words + "\n", ""), (shown.stdout, shown.stderr), typed)
-        for form, line in [("zsh", " '--former:the template"), ("fish", "-l former -r -d ")]:
+        for form, line in [("zsh", " '--former:the template"), ("zsh", "  '/fields--type') entries=(appointment task "),
+                           ("fish", "-l former -r -d "), ("fish", "-l state -r -f -a 'due unsent ")]:
             self.assertIn(line, self.done(f"help --as {form}"))
 
     def test_global_options_may_follow_the_command_and_the_last_of_repeated_ones_counts(self):

@@ -123,6 +123,7 @@ CLI::Option* addAnyChannels(CLI::App& command, Arguments& arguments) {
   CLI::Option* option = command.add_option_function<std::vector<std::string>>(
       "--channel", read, choicesOf(channelWords()) + "; may be several");
   option->type_name("CHANNEL")->delimiter(',');
+  noteKnownValues(*option, channelWords());
   return option;
 }
 

@@ -15,6 +15,7 @@
 #include "Reply.h"
 #include "host/desk/work/client_contacts.h"
 #include "platform/text.h"
+#include "usage.h"
 
 namespace autonotify::console {
 
@@ -49,6 +50,14 @@ std::string choicesOf(const Rows& rows) {
   return choices;
 }
 
+/// The same for completions.
+template <std::ranges::contiguous_range Rows>
+void noteKnownValues(CLI::Option& option, const Rows& rows) {
+  std::string words;
+  for (const auto& row : rows) (words += words.empty() ? "" : " ") += row.word;
+  setKnownValues(option, words);
+}
+
 /// The row whose `word` is the text, in any case.
 template <std::ranges::contiguous_range Rows>
 const auto& readChoice(const std::string& name, const Rows& rows, const std::string& text) {
@@ -67,6 +76,7 @@ CLI::Option* addChoice(CLI::App& command, const std::string& name, const char* k
                                   [name, choices = std::span(rows), take](const std::string& text) {
                                     take(readChoice(name, choices, text));
                                   });
+  noteKnownValues(*option, rows);
   return option;
 }
 

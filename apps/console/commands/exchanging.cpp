@@ -28,12 +28,14 @@ std::string kindNames() {
 
 CLI::Option* addEntryKind(CLI::App& command, const std::string& name, const std::string& help,
                           const host::EntryKind*& target) {
-  return addReader(
+  CLI::Option* option = addReader(
       command, name, "KIND", help + kindNames(), [&target, name](const std::string& text) {
         target = host::findEntryKind(text);
         if (!target)
           throw CLI::ValidationError(name, fmt::format("\"{}\" is none of: {}", text, kindNames()));
       });
+  setKnownValues(*option, replaceAll(kindNames(), ",", ""));
+  return option;
 }
 
 struct DateOrderWord {
