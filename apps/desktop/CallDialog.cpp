@@ -22,9 +22,12 @@ struct Field {
   const char* label;
 };
 constexpr Field fields[] = {
-    {host::Notification::phoneTo, QT_TRANSLATE_NOOP("CallDialog", "Person to call:")},
-    {host::Notification::phoneNumber, QT_TRANSLATE_NOOP("CallDialog", "Telephone number:")},
-    {host::Notification::phoneTimes, QT_TRANSLATE_NOOP("CallDialog", "Available times:")},
+    {host::Notification::phoneTo,
+     QT_TRANSLATE_NOOP("autonotify::desktop::CallDialog", "Person to call:")},
+    {host::Notification::phoneNumber,
+     QT_TRANSLATE_NOOP("autonotify::desktop::CallDialog", "Telephone number:")},
+    {host::Notification::phoneTimes,
+     QT_TRANSLATE_NOOP("autonotify::desktop::CallDialog", "Available times:")},
 };
 
 struct Answer {
@@ -34,8 +37,10 @@ struct Answer {
   host::CallResult result;
 };
 constexpr Answer answers[] = {
-    {"callMade", QT_TRANSLATE_NOOP("CallDialog", "Call &Made"), host::CallResult::made},
-    {"noAnswer", QT_TRANSLATE_NOOP("CallDialog", "No &Answer"), host::CallResult::noAnswer},
+    {"callMade", QT_TRANSLATE_NOOP("autonotify::desktop::CallDialog", "Call &Made"),
+     host::CallResult::made},
+    {"noAnswer", QT_TRANSLATE_NOOP("autonotify::desktop::CallDialog", "No &Answer"),
+     host::CallResult::noAnswer},
 };
 
 }  // namespace

@@ -14,15 +14,21 @@ struct Style {
   const char* title;
 };
 constexpr Style styles[] = {
-    {message_style::inputRefused, QMessageBox::Warning, "Please Check"},
-    {message_style::valueRefused, QMessageBox::Warning, "Please Check"},
-    {message_style::alreadySent, QMessageBox::Question, "Client Notifications"},
-    {message_style::warning, QMessageBox::Warning, "Warning"},
-    {message_style::batchNotice, QMessageBox::Warning, "Client Notifications"},
-    {message_style::reportError, QMessageBox::Critical, "Error"},
-    {message_style::armedConfirmed, QMessageBox::Information, "Scheduled"},
+    {message_style::inputRefused, QMessageBox::Warning,
+     QT_TRANSLATE_NOOP("QObject", "Please Check")},
+    {message_style::valueRefused, QMessageBox::Warning,
+     QT_TRANSLATE_NOOP("QObject", "Please Check")},
+    {message_style::alreadySent, QMessageBox::Question,
+     QT_TRANSLATE_NOOP("QObject", "Client Notifications")},
+    {message_style::warning, QMessageBox::Warning, QT_TRANSLATE_NOOP("QObject", "Warning")},
+    {message_style::batchNotice, QMessageBox::Warning,
+     QT_TRANSLATE_NOOP("QObject", "Client Notifications")},
+    {message_style::reportError, QMessageBox::Critical, QT_TRANSLATE_NOOP("QObject", "Error")},
+    {message_style::armedConfirmed, QMessageBox::Information,
+     QT_TRANSLATE_NOOP("QObject", "Scheduled")},
 };
-constexpr Style otherStyle{message_style::notice, QMessageBox::Information, "Client Notifications"};
+constexpr Style otherStyle{message_style::notice, QMessageBox::Information,
+                           QT_TRANSLATE_NOOP("QObject", "Client Notifications")};
 
 const Style& lookOf(int style) {
   for (const Style& each : styles) {

@@ -48,7 +48,7 @@ bool MailProgramSender::send() {
   lastError_.clear();
   try {
     if (QDesktopServices::openUrl(address())) return true;
-    lastError_ = "The mail program of this desktop cannot be opened.";
+    lastError_ = plain(QObject::tr("The mail program of this desktop cannot be opened."));
   } catch (const host::MailError& error) {
     lastError_ = error.what();
   }

@@ -238,13 +238,17 @@ void MainWindow::showCounts() {
     day_->reload();
     const auto tasks = host::countTasks(*desk_, {});
     const auto due = host::countDueNotifications(*desk_);
-    const QString warning = shown(host::missingHolidays(*desk_, desk_->today(), desk_->today()));
+    const DateTime today = desk_->today();
+    const bool hasHolidays = host::missingHolidays(*desk_, today, today).empty();
     navigation_->setBadge(Navigation::Place::tasks, tasks);
     navigation_->setBadge(Navigation::Place::list, due);
     navigation_->setBadge(Navigation::Place::clients, host::countClients(*desk_));
     const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
-    upToDate_->setText((warning.isEmpty() ? QString() : warning + "; ") +
-                       tr("Up to date at %1").arg(time));
+    const QString upToDate = tr("Up to date at %1").arg(time);
+    upToDate_->setText(hasHolidays
+                           ? upToDate
+                           : tr("%1 has no holidays yet: its dates pass over weekends alone; %2")
+                                 .arg(QString::number(today.year()), upToDate));
   } catch (const PlatformError& error) {
     counts_->setText(faultOf(error.description()));
   }

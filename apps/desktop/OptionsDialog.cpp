@@ -28,9 +28,13 @@ struct UserOption {
   void (*turn)(host::Desk& desk, bool on);
 };
 constexpr UserOption userOptions[] = {
-    {"confirm", QT_TRANSLATE_NOOP("OptionsDialog", "&Confirm each notification that I schedule"),
+    {"confirm",
+     QT_TRANSLATE_NOOP("autonotify::desktop::OptionsDialog",
+                       "&Confirm each notification that I schedule"),
      host::confirmsScheduling, host::setConfirmsScheduling},
-    {"askToCancel", QT_TRANSLATE_NOOP("OptionsDialog", "&Ask before a notification is cancelled"),
+    {"askToCancel",
+     QT_TRANSLATE_NOOP("autonotify::desktop::OptionsDialog",
+                       "&Ask before a notification is cancelled"),
      host::asksBeforeCancelling, host::setAsksBeforeCancelling},
 };
 
@@ -52,7 +56,7 @@ QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, con
                                   QString (*choose)(QWidget* parent)) {
   auto* row = new QWidget(this);
   auto* field = new QLineEdit(path, row);
-  field->setAccessibleName(QString(label).remove('&').remove(':'));
+  field->setAccessibleName(QString(label).remove('&').remove(':').trimmed());
   auto* browse = new QPushButton(tr("Browse..."), row);
   connect(browse, &QPushButton::clicked, this, [this, field, choose] {
     const QString chosen = choose(this);

@@ -5,6 +5,7 @@
 #include <QScopeGuard>
 
 #include "DialogMsgbox.h"
+#include "qt_text.h"
 
 namespace autonotify::desktop {
 
@@ -17,8 +18,9 @@ bool WaitingSender::sendBusily() {
 bool WaitingSender::send() {
   const bool isSent = sendBusily();
   if (!keepFault().empty())
-    DialogMsgbox().showMessage("The email was sent, but " + keepFault(), message_style::warning,
-                               nullptr, 0, 0, 101, 0, "", 0);
+    DialogMsgbox().showMessage(
+        plain(QObject::tr("The email was sent, but %1").arg(shown(keepFault()))),
+        message_style::warning, nullptr, 0, 0, 101, 0, "", 0);
   return isSent;
 }
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "day/row_acts.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -101,7 +102,7 @@ QString textOf(host::Composed composed) {
 QString textOf(const host::NotedCall& call) {
   if (call.fate == host::CallFate::noted) return {};
   const QString why = call.fate == host::CallFate::noCall ? QObject::tr("is no call")
-                                                          : shown(stateWords(stateOf(call.row)));
+                                                          : wordsOfState(stateOf(call.row));
   return QObject::tr("Notification %1 %2. Nothing was noted.").arg(call.row.id).arg(why);
 }
 
@@ -117,7 +118,7 @@ QString textOf(const host::RefusedRow& row) {
     case host::RefusedRow::Why::settled:
       break;
   }
-  return QObject::tr("Nothing was done: by now %1 %2.").arg(name, shown(stateWords(row.state)));
+  return QObject::tr("Nothing was done: by now %1 %2.").arg(name, wordsOfState(row.state));
 }
 
 QString textOf(host::HandFate fate) {

@@ -18,10 +18,14 @@ struct ChannelWords {
   const char* lacksAddress;
 };
 constexpr ChannelWords channelWords[] = {
-    {nt_Email, QT_TR_NOOP("Goes out on %1"), QT_TR_NOOP("No email address on file")},
-    {nt_Fax, QT_TR_NOOP("Goes out on %1"), QT_TR_NOOP("No fax number on file")},
-    {nt_Letter, QT_TR_NOOP("Goes out on %1"), QT_TR_NOOP("No address on file")},
-    {nt_Phone, QT_TR_NOOP("Call due on %1"), QT_TR_NOOP("No telephone number on file")},
+    {nt_Email, QT_TRANSLATE_NOOP("QObject", "Goes out on %1"),
+     QT_TRANSLATE_NOOP("QObject", "No email address on file")},
+    {nt_Fax, QT_TRANSLATE_NOOP("QObject", "Goes out on %1"),
+     QT_TRANSLATE_NOOP("QObject", "No fax number on file")},
+    {nt_Letter, QT_TRANSLATE_NOOP("QObject", "Goes out on %1"),
+     QT_TRANSLATE_NOOP("QObject", "No address on file")},
+    {nt_Phone, QT_TRANSLATE_NOOP("QObject", "Call due on %1"),
+     QT_TRANSLATE_NOOP("QObject", "No telephone number on file")},
 };
 
 /// As the windows themselves write a day, whatever the desktop's language.
@@ -45,8 +49,8 @@ QString textOf(const std::optional<host::Notification>& row, const ChannelWords&
 
 WindowNote noteOf(const host::ChannelOutlook& outlook) {
   const ChannelWords& words = *host::findChannel(channelWords, outlook.channel);
-  return {QObject::tr(outlook.hasAddress ? "Not set up" : words.lacksAddress), !outlook.hasAddress,
-          textOf(outlook.row, words)};
+  return {outlook.hasAddress ? QObject::tr("Not set up") : QObject::tr(words.lacksAddress),
+          !outlook.hasAddress, textOf(outlook.row, words)};
 }
 
 WindowNotes notesAbout(const QString& subject) {

@@ -73,7 +73,8 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
 QString GridTableModel::spokenText(int row, int column) const {
   const std::int16_t type = grid_.get_colType(column);
   if (type == grid_column::tick)
-    return (grid_.get_cellChecked(row, column) ? tr("%1, ticked") : tr("%1, not ticked"))
+    return (grid_.get_cellChecked(row, column) ? QObject::tr("%1, ticked")
+                                               : QObject::tr("%1, not ticked"))
         .arg(shown(grid_.get_ColHeading(column)));
   QStringList words{shown(grid_.get_CellText(row, column))};
   if (type != grid_column::button) return words.front();

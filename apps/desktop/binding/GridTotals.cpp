@@ -43,7 +43,8 @@ int GridTotals::ticksIn(int column) const {
 QString GridTotals::totalOf(int column) const {
   int first = 0;
   while (first < column && !grid_.showsColumn(first)) ++first;
-  if (column == first && grid_.showsColumn(column)) return tr("Rows: %L1").arg(grid_.get_Rows());
+  if (column == first && grid_.showsColumn(column))
+    return QObject::tr("Rows: %L1").arg(grid_.get_Rows());
   return grid_.get_colType(column) == grid_column::tick ? QString("%L1").arg(ticksIn(column))
                                                         : QString();
 }

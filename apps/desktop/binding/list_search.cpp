@@ -57,8 +57,8 @@ class ListSearch : public QObject {
       if (heading) heading->setHidden(false);
     }
     tell(sought.isEmpty() ? QString()
-         : count > 0      ? tr("%1 found").arg(count)
-                          : tr("None of that name"));
+         : count > 0      ? QObject::tr("%Ln found", "", count)
+                          : QObject::tr("None of that name"));
   }
 
   void tell(const QString& words) {

@@ -49,7 +49,7 @@ constexpr ToldColumn toldColumns[] = {
     {QT_TRANSLATE_NOOP("QObject", "Channel"),
      [](const host::NotificationLine& line) { return QVariant(channelText(line.row.channel)); }},
     {QT_TRANSLATE_NOOP("QObject", "State"),
-     [](const host::NotificationLine& line) { return QVariant(shown(stateText(line.row))); }},
+     [](const host::NotificationLine& line) { return QVariant(textOfState(line.row)); }},
     {QT_TRANSLATE_NOOP("QObject", "Sent"),
      [](const host::NotificationLine& line) { return dateOrNothing(line.row.sentTime); }},
     {QT_TRANSLATE_NOOP("QObject", "Address"),
@@ -207,7 +207,8 @@ void ClientsPage::showHistory() {
   });
   title_->setText(line ? shown(line->name) : QString());
   summary_->setText(
-      line ? tr("%L1 notifications, %L2 of them still to come").arg(told.size()).arg(waiting)
+      line ? tr("%Ln notifications, %L1 of them still to come", "", static_cast<int>(told.size()))
+                 .arg(waiting)
            : tr("Choose a client to see all that it was told"));
   told_.show(std::move(told));
 }

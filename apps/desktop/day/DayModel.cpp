@@ -5,6 +5,7 @@
 #include <array>
 
 #include "binding/DateBinding.h"
+#include "day/day_formats.h"
 #include "day/row_acts.h"
 #include "qt_text.h"
 
@@ -121,7 +122,7 @@ QVariant DayModel::lineData(const host::DayLine& line, DayTone tone, int column,
 QString DayModel::dayText(DateTime day) const {
   if (day.isZero()) return {};
   const QDate date = qtDate(day);
-  return QLocale().toString(date, date.year() == today_.year() ? "MMM d" : "MMM d, yyyy");
+  return date.year() == today_.year() ? shortDay(date) : shortDate(date);
 }
 
 QString DayModel::accessibleText(const host::DayLine& line, DayTone tone) const {

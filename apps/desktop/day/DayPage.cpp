@@ -17,6 +17,7 @@
 #include "day/DayModel.h"
 #include "day/DayView.h"
 #include "day/WeeksCard.h"
+#include "day/day_formats.h"
 #include "day/day_groups.h"
 #include "qt_text.h"
 
@@ -239,8 +240,7 @@ void DayPage::showRows() {
 }
 
 void DayPage::showHead() {
-  title_->setText(week_ ? tr("Week of %1").arg(QLocale().toString(qtDate(*week_), "MMMM d"))
-                        : heading_);
+  title_->setText(week_ ? tr("Week of %1").arg(dayAndMonth(qtDate(*week_))) : heading_);
   const QString date = QLocale().toString(today(), QLocale::LongFormat);
   summary_->setText(desk_ ? summaryText(date, day_) : QString());
 }

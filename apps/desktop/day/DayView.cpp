@@ -10,6 +10,7 @@
 #include "day/DayDelegate.h"
 #include "day/DayFilter.h"
 #include "day/DayModel.h"
+#include "day/day_formats.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -86,7 +87,7 @@ void DayView::changeEvent(QEvent* event) {
 /// Names take what the others leave.
 void DayView::layOut() {
   const QFontMetrics font = fontMetrics();
-  const int day = font.horizontalAdvance("Sep 30, 2026") + roomBesideDay;
+  const int day = font.horizontalAdvance(shortDate(QDate(2026, 9, 30))) + roomBesideDay;
   const std::pair<int, int> fixed[] = {{DayModel::due, day},
                                        {DayModel::notifyOn, day},
                                        {DayModel::channel, 2 * font.height()},

@@ -71,7 +71,8 @@ void WeeksCard::showDay(const host::WorkingDay& day) {
     line.thisWeek->setText(QLocale().toString(countOf(day.weeks.front().counts, line.channel)));
     line.allWeeks->setText(QLocale().toString(sum));
   }
-  chart_->setAccessibleName(tr("Weeks ahead, %L1 notifications in 12 weeks").arg(total));
+  chart_->setAccessibleName(
+      tr("Weeks ahead, %Ln notifications in 12 weeks", "", static_cast<int>(total)));
   chart_->showDay(day);
 }
 

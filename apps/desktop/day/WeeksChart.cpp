@@ -13,6 +13,7 @@
 
 #include "binding/DateBinding.h"
 #include "colors.h"
+#include "day/day_formats.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -123,7 +124,7 @@ void WeeksChart::placeWords() {
   }
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     const std::size_t week = i * weeksBetweenLabels;
-    labels_[i]->setText(QLocale().toString(qtDate(weeks_[week].monday), "MMM d"));
+    labels_[i]->setText(shortDay(qtDate(weeks_[week].monday)));
     place(*labels_[i], week, 0, -0.3);
   }
 }

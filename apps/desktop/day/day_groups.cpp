@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "binding/DateBinding.h"
+#include "day/day_formats.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -28,8 +29,8 @@ QString restOfWeek(QDate today) {
 std::vector<DayGroupShown> dayGroups(const host::WorkingDay& day, QDate today) {
   return {shownGroup(QObject::tr("Overdue"), QObject::tr("the notify date has passed"),
                      QObject::tr("Nothing overdue"), DayTone::overdue, day.overdue),
-          shownGroup(QObject::tr("Today"), QLocale().toString(today, "dddd, MMMM d"),
-                     QObject::tr("Nothing today"), DayTone::today, day.today),
+          shownGroup(QObject::tr("Today"), longDay(today), QObject::tr("Nothing today"),
+                     DayTone::today, day.today),
           shownGroup(QObject::tr("This week"), restOfWeek(today),
                      QObject::tr("Nothing more this week"), DayTone::later, day.thisWeek)};
 }
@@ -38,8 +39,8 @@ DayGroupShown weekGroup(DateTime monday, const host::WorkingDay& day,
                         std::vector<host::DayLine> lines) {
   const auto week = std::ranges::find(day.weeks, monday, &host::WeekAhead::monday);
   const std::size_t count = week == day.weeks.end() ? lines.size() : host::totalOf(week->counts);
-  const QString last = QLocale().toString(qtDate(monday.addDays(6)), "dddd, MMMM d");
-  return {QLocale().toString(qtDate(monday), "dddd, MMMM d"),
+  const QString last = longDay(qtDate(monday.addDays(6)));
+  return {longDay(qtDate(monday)),
           QObject::tr("to %1").arg(last),
           QObject::tr("Nothing that week"),
           DayTone::later,
@@ -60,7 +61,7 @@ QString nextWeekText(const host::WorkingDay& day) {
       day.weeks, [](const host::WeekAhead& each) { return host::totalOf(each.counts) > 0; });
   if (week == day.weeks.end()) return {};
   return QObject::tr("The next ones go out in the week of %1.")
-      .arg(QLocale().toString(qtDate(week->monday), "MMMM d"));
+      .arg(dayAndMonth(qtDate(week->monday)));
 }
 
 }  // namespace autonotify::desktop

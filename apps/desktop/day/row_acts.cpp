@@ -32,6 +32,27 @@ constexpr std::array<const char*, 5> stateTexts{
     QT_TRANSLATE_NOOP("QObject", "Call again"), QT_TRANSLATE_NOOP("QObject", "Scheduled"),
     QT_TRANSLATE_NOOP("QObject", "Interrupted")};
 
+struct StateWords {
+  const char* name;
+  const char* words;
+};
+/// In the order of NotificationState.
+constexpr std::array<StateWords, 6> notificationStates{{
+    {QT_TRANSLATE_NOOP("QObject", "pending"), QT_TRANSLATE_NOOP("QObject", "is pending")},
+    {QT_TRANSLATE_NOOP("QObject", "sent"), QT_TRANSLATE_NOOP("QObject", "was sent")},
+    {QT_TRANSLATE_NOOP("QObject", "cancelled"), QT_TRANSLATE_NOOP("QObject", "is cancelled")},
+    {QT_TRANSLATE_NOOP("QObject", "interrupted while being sent"),
+     QT_TRANSLATE_NOOP("QObject", "was interrupted while being sent")},
+    {QT_TRANSLATE_NOOP("QObject", "interrupted while being cancelled"),
+     QT_TRANSLATE_NOOP("QObject", "was interrupted while being cancelled")},
+    {QT_TRANSLATE_NOOP("QObject", "being written"),
+     QT_TRANSLATE_NOOP("QObject", "is still being written")},
+}};
+
+const StateWords& wordsOf(host::NotificationState state) {
+  return notificationStates.at(static_cast<std::size_t>(state));
+}
+
 }  // namespace
 
 RowAct actOf(const host::DayLine& line) {
@@ -52,6 +73,17 @@ QString channelText(int channel) {
 
 QString stateText(host::DayState state) {
   return QObject::tr(stateTexts.at(static_cast<std::size_t>(state)));
+}
+
+QString textOfState(const host::Notification& row) {
+  const host::NotificationState state = stateOf(row);
+  const QString name = QObject::tr(wordsOf(state).name);
+  if (host::stateText(row) == host::stateName(state)) return name;
+  return QObject::tr("%1 (unknown status %2)").arg(name).arg(row.sentStatus);
+}
+
+QString wordsOfState(host::NotificationState state) {
+  return QObject::tr(wordsOf(state).words);
 }
 
 }  // namespace autonotify::desktop

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "host/desk/rows/Notification.h"
 #include "host/desk/work/working_day.h"
 
 namespace autonotify::desktop {
@@ -15,5 +16,9 @@ QString textOf(RowAct act);
 
 QString channelText(int channel);
 QString stateText(host::DayState state);
+/// "pending", "sent", and the number of a status that nobody knows.
+QString textOfState(const host::Notification& row);
+/// "is pending", "was sent": for sentences about it.
+QString wordsOfState(host::NotificationState state);
 
 }  // namespace autonotify::desktop

@@ -7,8 +7,8 @@
 #include <array>
 #include <utility>
 
+#include "day/row_acts.h"
 #include "host/desk/day_text.h"
-#include "host/desk/rows/channel_names.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -22,12 +22,14 @@ struct ColumnLook {
 };
 /// In the order of TaskTableModel::Column.
 constexpr std::array<ColumnLook, TaskTableModel::columns> looks{{
-    {QT_TR_NOOP("Client"), host::TaskOrder::client},
-    {QT_TR_NOOP("Task"), host::TaskOrder::name},
-    {QT_TR_NOOP("Due"), host::TaskOrder::dueDate},
-    {QT_TR_NOOP("Notify on"), host::TaskOrder::notificationDate},
-    {QT_TR_NOOP("Channels"), host::TaskOrder::channels},
-    {QT_TR_NOOP("State"), host::TaskOrder::state},
+    {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "Client"), host::TaskOrder::client},
+    {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "Task"), host::TaskOrder::name},
+    {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "Due"), host::TaskOrder::dueDate},
+    {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "Notify on"),
+     host::TaskOrder::notificationDate},
+    {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "Channels"),
+     host::TaskOrder::channels},
+    {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "State"), host::TaskOrder::state},
 }};
 
 const ColumnLook& lookOf(int column) {
@@ -54,7 +56,10 @@ QString stateText(host::TaskState state) {
 
 QString channelsText(const host::TaskLine& line) {
   const int channels = line.pendingChannels | line.sentChannels;
-  return channels ? shown(host::channelNames(channels)).replace(",", ", ") : QString();
+  QStringList names;
+  for (const notifyType channel : allNotifyTypes)
+    if (channels & channel) names.append(channelText(channel).toLower());
+  return names.join(", ");
 }
 
 QString textAt(const host::TaskLine& line, int column, DateTime today) {
