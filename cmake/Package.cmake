@@ -69,6 +69,7 @@ applications that load the component, with or without its databases.")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME hvautonotify-desktop)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "hvautonotify (= ${PROJECT_VERSION}), libqt6svg6")
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "client notices of an accounting firm (desktop)
 Works out when each client of an accounting firm must hear of a task, composes
 the notice from the firm's own records, keeps it for review and sends it.

@@ -11,6 +11,7 @@
 #include "host/desk/day_text.h"
 #include "icon_theme.h"
 #include "qt_text.h"
+#include "translations.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -34,7 +35,8 @@ QString readOptions(const QCommandLineParser& parser, host::DeskOptions& options
   if (parser.isSet("today")) {
     const std::string today = plain(parser.value("today"));
     options.today = host::readDate(today);
-    if (!options.today) return shown(host::dateFault(today));
+    if (!options.today)
+      return QObject::tr("\"%1\" is no date; write it as 2026-04-30").arg(shown(today));
   }
   if (parser.isSet("user")) {
     bool isNumber = false;
@@ -60,6 +62,7 @@ int run(int argc, char** argv) {
   QApplication::setApplicationName("hvnotify-desktop");
   QApplication::setOrganizationName("hvnotify");
   QApplication::setApplicationVersion(HVNOTIFY_VERSION);
+  speakLanguageOf(QLocale());
   supplyIcons();
   QApplication::setWindowIcon(QIcon(":/icons/hvnotify.svg"));
   QCommandLineParser parser;

@@ -1,5 +1,5 @@
 // Takes the pictures of the documentation. Usage: desktop_pictures [--dark] DATABASE FOLDER
-// With --dark in dark colours, and each with "-dark" in its name.
+// With --dark in dark colours, and each with "-dark" in its name; in the language of the environment.
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -15,6 +15,7 @@
 #include "host/desk/rows/DiaryItem.h"
 #include "icon_theme.h"
 #include "qt_text.h"
+#include "translations.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -192,6 +193,7 @@ int run(int argc, char** argv) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("hvnotify-pictures");
   QApplication::setStyle("fusion");
+  speakLanguageOf(QLocale());
   supplyIcons();
   QStringList arguments = QApplication::arguments().mid(1);
   const bool isDark = arguments.removeAll("--dark") > 0;

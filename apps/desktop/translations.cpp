@@ -1,0 +1,26 @@
+#include "translations.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+namespace autonotify::desktop {
+namespace {
+
+/// The language that was found; empty for none.
+QString addWords(const QLocale& locale, const QString& name, const QString& folder) {
+  auto* words = new QTranslator(QCoreApplication::instance());
+  if (words->load(locale, name, "_", folder)) QCoreApplication::installTranslator(words);
+  return words->language();
+}
+
+}  // namespace
+
+void speakLanguageOf(const QLocale& locale) {
+  const QString folder = ":/translations";
+  QString language = addWords(locale, "hvnotify", folder);
+  if (language.isEmpty()) language = addWords(QLocale(QLocale::English), "hvnotify", folder);
+  addWords(QLocale(language), "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+}
+
+}  // namespace autonotify::desktop

@@ -1,0 +1,1566 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_CA" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>an unknown fault</source>
+        <translation>une erreur inconnue</translation>
+    </message>
+    <message>
+        <source>A fault of the program</source>
+        <translation>Erreur du programme</translation>
+    </message>
+    <message>
+        <source>The program has met a fault of its own, and did not do what you asked for:
+
+%1</source>
+        <translation>Le programme a rencontré une erreur interne et n’a pas fait ce que vous demandiez :
+
+%1</translation>
+    </message>
+    <message>
+        <source>%1, ticked</source>
+        <translation>%1, coché</translation>
+    </message>
+    <message>
+        <source>%1, not ticked</source>
+        <translation>%1, non coché</translation>
+    </message>
+    <message>
+        <source>Rows: %L1</source>
+        <translation>Lignes : %L1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln found</source>
+        <translation>
+            <numerusform>%Ln trouvé</numerusform>
+            <numerusform>%Ln trouvés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>None of that name</source>
+        <translation>Aucun de ce nom</translation>
+    </message>
+    <message>
+        <source>They stand as they were loaded.</source>
+        <translation>Elles sont dans l’ordre du chargement.</translation>
+    </message>
+    <message>
+        <source>Sorted by: %1.</source>
+        <translation>Triées par : %1.</translation>
+    </message>
+    <message>
+        <source>Rows: %L1.</source>
+        <translation>Lignes : %L1.</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Numéro</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Téléphone</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>Courriel</translation>
+    </message>
+    <message>
+        <source>Accountant</source>
+        <translation>Comptable</translation>
+    </message>
+    <message>
+        <source>Notify on</source>
+        <translation>Aviser le</translation>
+    </message>
+    <message>
+        <source>Task</source>
+        <translation>Tâche</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Envoyé</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Sent by</source>
+        <translation>Envoyé par</translation>
+    </message>
+    <message>
+        <source>dddd, MMMM d</source>
+        <comment>a day&apos;s format</comment>
+        <translation>dddd d MMMM</translation>
+    </message>
+    <message>
+        <source>MMMM d</source>
+        <comment>a day&apos;s format</comment>
+        <translation>d MMMM</translation>
+    </message>
+    <message>
+        <source>MMM d</source>
+        <comment>a day&apos;s format</comment>
+        <translation>d MMM</translation>
+    </message>
+    <message>
+        <source>MMM d, yyyy</source>
+        <comment>a day&apos;s format</comment>
+        <translation>d MMM yyyy</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>de %1 à %2</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>En retard</translation>
+    </message>
+    <message>
+        <source>the notify date has passed</source>
+        <translation>la date d’avis est passée</translation>
+    </message>
+    <message>
+        <source>Nothing overdue</source>
+        <translation>Rien en retard</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Nothing today</source>
+        <translation>Rien aujourd’hui</translation>
+    </message>
+    <message>
+        <source>This week</source>
+        <translation>Cette semaine</translation>
+    </message>
+    <message>
+        <source>Nothing more this week</source>
+        <translation>Plus rien cette semaine</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>au %1</translation>
+    </message>
+    <message>
+        <source>Nothing that week</source>
+        <translation>Rien cette semaine-là</translation>
+    </message>
+    <message>
+        <source>%L1 overdue, %L2 today, %L3 later this week</source>
+        <translation>%L1 en retard, %L2 aujourd’hui, %L3 plus tard cette semaine</translation>
+    </message>
+    <message>
+        <source>The next ones go out in the week of %1.</source>
+        <translation>Les prochains avis partent la semaine du %1.</translation>
+    </message>
+    <message>
+        <source>Fax</source>
+        <translation>Télécopie</translation>
+    </message>
+    <message>
+        <source>Letter</source>
+        <translation>Lettre</translation>
+    </message>
+    <message>
+        <source>Send Now</source>
+        <translation>Envoyer</translation>
+    </message>
+    <message>
+        <source>Send Fax</source>
+        <translation>Télécopier</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Imprimer</translation>
+    </message>
+    <message>
+        <source>Call</source>
+        <translation>Appeler</translation>
+    </message>
+    <message>
+        <source>Fix...</source>
+        <translation>Corriger...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Prêt</translation>
+    </message>
+    <message>
+        <source>No address</source>
+        <translation>Sans adresse</translation>
+    </message>
+    <message>
+        <source>Call again</source>
+        <translation>À rappeler</translation>
+    </message>
+    <message>
+        <source>Scheduled</source>
+        <translation>Planifié</translation>
+    </message>
+    <message>
+        <source>Interrupted</source>
+        <translation>Interrompu</translation>
+    </message>
+    <message>
+        <source>pending</source>
+        <translation>en attente</translation>
+    </message>
+    <message>
+        <source>is pending</source>
+        <translation>est en attente</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>envoyé</translation>
+    </message>
+    <message>
+        <source>was sent</source>
+        <translation>a été envoyé</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>annulé</translation>
+    </message>
+    <message>
+        <source>is cancelled</source>
+        <translation>est annulé</translation>
+    </message>
+    <message>
+        <source>interrupted while being sent</source>
+        <translation>interrompu pendant l’envoi</translation>
+    </message>
+    <message>
+        <source>was interrupted while being sent</source>
+        <translation>a été interrompu pendant l’envoi</translation>
+    </message>
+    <message>
+        <source>interrupted while being cancelled</source>
+        <translation>interrompu pendant l’annulation</translation>
+    </message>
+    <message>
+        <source>was interrupted while being cancelled</source>
+        <translation>a été interrompu pendant l’annulation</translation>
+    </message>
+    <message>
+        <source>being written</source>
+        <translation>en cours de rédaction</translation>
+    </message>
+    <message>
+        <source>is still being written</source>
+        <translation>est encore en cours de rédaction</translation>
+    </message>
+    <message>
+        <source>%1 (unknown status %2)</source>
+        <translation>%1 (statut inconnu %2)</translation>
+    </message>
+    <message>
+        <source>Error %1</source>
+        <translation>Erreur %1</translation>
+    </message>
+    <message>
+        <source>
+Source: %1</source>
+        <translation>
+Source : %1</translation>
+    </message>
+    <message>
+        <source>
+In: %1</source>
+        <translation>
+Dans : %1</translation>
+    </message>
+    <message>
+        <source>Something went wrong</source>
+        <translation>Une erreur s’est produite</translation>
+    </message>
+    <message>
+        <source>Continue goes on behind the failed step, Leave ends the operation as far as it has come, Try Again repeats the step.</source>
+        <translation>« Continuer » passe à l’étape qui suit celle qui a échoué, « Abandonner » arrête l’opération là où elle en est, « Réessayer » reprend l’étape.</translation>
+    </message>
+    <message>
+        <source>&amp;Continue</source>
+        <translation>&amp;Continuer</translation>
+    </message>
+    <message>
+        <source>&amp;Leave</source>
+        <translation>&amp;Abandonner</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <translation>&amp;Réessayer</translation>
+    </message>
+    <message>
+        <source>Please Check</source>
+        <translation>À vérifier</translation>
+    </message>
+    <message>
+        <source>Client Notifications</source>
+        <translation>Avis aux clients</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Avertissement</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>As the desktop has it</source>
+        <translation>Celle du bureau</translation>
+    </message>
+    <message>
+        <source>one database at a time</source>
+        <translation>une seule base de données à la fois</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no date; write it as 2026-04-30</source>
+        <translation>« %1 » n’est pas une date; écrivez-la ainsi : 2026-04-30</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no user&apos;s number</source>
+        <translation>« %1 » n’est le numéro d’aucun utilisateur</translation>
+    </message>
+    <message>
+        <source>The notices that a firm owes its clients.</source>
+        <translation>Les avis qu’un cabinet doit à ses clients.</translation>
+    </message>
+    <message>
+        <source>the database (default: the last one)</source>
+        <translation>la base de données (sinon la dernière utilisée)</translation>
+    </message>
+    <message>
+        <source>the date to work with</source>
+        <translation>la date de travail</translation>
+    </message>
+    <message>
+        <source>who works: the id of a member of staff</source>
+        <translation>qui travaille : le numéro d’un membre du personnel</translation>
+    </message>
+    <message>
+        <source>folder for emails</source>
+        <translation>dossier des courriels</translation>
+    </message>
+    <message>
+        <source>folder for the documents of clients</source>
+        <translation>dossier des documents des clients</translation>
+    </message>
+    <message>
+        <source>the installation&apos;s firm code</source>
+        <translation>le code de cabinet de l’installation</translation>
+    </message>
+    <message>
+        <source>The mail program of this desktop cannot be opened.</source>
+        <translation>Le programme de courriel de ce bureau ne peut pas être ouvert.</translation>
+    </message>
+    <message>
+        <source>scheduled</source>
+        <translation>planifié</translation>
+    </message>
+    <message>
+        <source>due</source>
+        <translation>à aviser</translation>
+    </message>
+    <message>
+        <source>Sent to %1 (%2).</source>
+        <translation>Envoyé à %1 (%2).</translation>
+    </message>
+    <message>
+        <source>It was sent to %1 before, and is marked so now.</source>
+        <translation>L’avis avait déjà été envoyé à %1; il est maintenant marqué comme tel.</translation>
+    </message>
+    <message>
+        <source>Marked as sent to %1.</source>
+        <translation>Marqué comme envoyé à %1.</translation>
+    </message>
+    <message>
+        <source>The notification to %1 is cancelled.</source>
+        <translation>L’avis à %1 est annulé.</translation>
+    </message>
+    <message>
+        <source>The notification to %1 is no email: refresh the page.</source>
+        <translation>L’avis à %1 n’est pas un courriel : actualisez la page.</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: the notification to %1 was sent before.</source>
+        <translation>Rien n’a été envoyé : l’avis à %1 l’avait déjà été.</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: the notification to %1 is cancelled.</source>
+        <translation>Rien n’a été envoyé : l’avis à %1 est annulé.</translation>
+    </message>
+    <message>
+        <source>The notification to %1 could not be cancelled: %2</source>
+        <translation>L’avis à %1 n’a pas pu être annulé : %2</translation>
+    </message>
+    <message>
+        <source>Nobody knows whether the email to %1 was sent: ask the client, then settle it in the notifications list.</source>
+        <translation>Personne ne sait si le courriel à %1 a été envoyé : demandez au client, puis réglez l’avis dans la liste des avis.</translation>
+    </message>
+    <message>
+        <source>It is not certain that the email to %1 was sent: %2</source>
+        <translation>Il n’est pas certain que le courriel à %1 a été envoyé : %2</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: there is no email address for %1.</source>
+        <translation>Rien n’a été envoyé : il n’y a pas d’adresse de courriel pour %1.</translation>
+    </message>
+    <message>
+        <source>The email to %1 was not sent: %2</source>
+        <translation>Le courriel à %1 n’a pas été envoyé : %2</translation>
+    </message>
+    <message>
+        <source>Another desk is at work on it. Try again in a moment.</source>
+        <translation>Un autre poste y travaille. Réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>The notification was deleted meanwhile. Refresh the page.</source>
+        <translation>L’avis a été supprimé entre-temps. Actualisez la page.</translation>
+    </message>
+    <message>
+        <source>and %L1 more</source>
+        <translation>et %L1 de plus</translation>
+    </message>
+    <message>
+        <source>There is no %1 any more.</source>
+        <translation>Introuvable, sans doute supprimé entre-temps : %1.</translation>
+    </message>
+    <message>
+        <source>The email is scheduled already.</source>
+        <translation>Le courriel est déjà planifié.</translation>
+    </message>
+    <message>
+        <source>The email was deleted by someone else meanwhile. What you wrote is lost.</source>
+        <translation>Le courriel a été supprimé entre-temps par quelqu’un d’autre. Votre texte est perdu.</translation>
+    </message>
+    <message>
+        <source>is no call</source>
+        <translation>n’est pas un appel</translation>
+    </message>
+    <message>
+        <source>Notification %1 %2. Nothing was noted.</source>
+        <translation>L’avis %1 %2. Rien n’a été noté.</translation>
+    </message>
+    <message>
+        <source>notification %1</source>
+        <translation>l’avis %1</translation>
+    </message>
+    <message>
+        <source>the notification to %1</source>
+        <translation>l’avis à %1</translation>
+    </message>
+    <message>
+        <source>There is no notification %1 any more. Refresh the list.</source>
+        <translation>L’avis %1 n’existe plus. Actualisez la liste.</translation>
+    </message>
+    <message>
+        <source>Another desk is at work on %1. Try again in a moment.</source>
+        <translation>Un autre poste travaille sur %1. Réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>Nothing was done: by now %1 %2.</source>
+        <translation>Rien n’a été fait : entre-temps, %1 %2.</translation>
+    </message>
+    <message>
+        <source>Nothing was done: it was sent or cancelled meanwhile.</source>
+        <translation>Rien n’a été fait : l’avis a été envoyé ou annulé entre-temps.</translation>
+    </message>
+    <message>
+        <source>The email was sent, but %1</source>
+        <translation>Le courriel a été envoyé, mais : %1</translation>
+    </message>
+    <message>
+        <source>The email was sent, but could not be marked so: %1</source>
+        <translation>Le courriel a été envoyé, mais n’a pas pu être marqué comme tel : %1</translation>
+    </message>
+    <message>
+        <source>1 row cannot be read: %1</source>
+        <translation>1 ligne ne peut pas être lue : %1</translation>
+    </message>
+    <message>
+        <source>%L1 rows cannot be read: %2</source>
+        <translation>%L1 lignes ne peuvent pas être lues : %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2.</source>
+        <translation>%1 ne peut pas être écrit : %2.</translation>
+    </message>
+    <message>
+        <source>The printer %1 does not take the pages.</source>
+        <translation>L’imprimante %1 n’accepte pas les pages.</translation>
+    </message>
+    <message>
+        <source>There is no printer to print on.</source>
+        <translation>Il n’y a aucune imprimante.</translation>
+    </message>
+    <message>
+        <source>The document has none of the pages that were chosen; it has %L1.</source>
+        <translation>Le document n’a aucune des pages choisies; nombre de ses pages : %L1.</translation>
+    </message>
+    <message>
+        <source>Goes out on %1</source>
+        <translation>Envoi : %1</translation>
+    </message>
+    <message>
+        <source>No email address on file</source>
+        <translation>Aucune adresse de courriel au dossier</translation>
+    </message>
+    <message>
+        <source>No fax number on file</source>
+        <translation>Aucun numéro de télécopieur au dossier</translation>
+    </message>
+    <message>
+        <source>No address on file</source>
+        <translation>Aucune adresse au dossier</translation>
+    </message>
+    <message>
+        <source>Call due on %1</source>
+        <translation>Appel prévu : %1</translation>
+    </message>
+    <message>
+        <source>No telephone number on file</source>
+        <translation>Aucun numéro de téléphone au dossier</translation>
+    </message>
+    <message>
+        <source>No notification waits</source>
+        <translation>Aucun avis en attente</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annulé</translation>
+    </message>
+    <message>
+        <source>Interrupted on the way</source>
+        <translation>Interrompu en cours de route</translation>
+    </message>
+    <message>
+        <source>Not set up</source>
+        <translation>Non configuré</translation>
+    </message>
+    <message>
+        <source>A copy is filed with the client&apos;s documents when this window closes</source>
+        <translation>Une copie est classée avec les documents du client à la fermeture de cette fenêtre</translation>
+    </message>
+    <message>
+        <source>%1, due on %2</source>
+        <translation>%1, échéance : %2</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::CallDialog</name>
+    <message>
+        <source>Person to call:</source>
+        <translation>Personne à appeler :</translation>
+    </message>
+    <message>
+        <source>Telephone number:</source>
+        <translation>Numéro de téléphone :</translation>
+    </message>
+    <message>
+        <source>Available times:</source>
+        <translation>Disponibilités :</translation>
+    </message>
+    <message>
+        <source>Call &amp;Made</source>
+        <translation>Appel &amp;fait</translation>
+    </message>
+    <message>
+        <source>No &amp;Answer</source>
+        <translation>Pas de &amp;réponse</translation>
+    </message>
+    <message>
+        <source>Call Client</source>
+        <translation>Appeler le client</translation>
+    </message>
+    <message>
+        <source>Text of the notification</source>
+        <translation>Texte de l’avis</translation>
+    </message>
+    <message>
+        <source>A note about the call</source>
+        <translation>Une note sur l’appel</translation>
+    </message>
+    <message>
+        <source>Do you want to close this and lose your note?</source>
+        <translation>Voulez-vous fermer et perdre votre note?</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::ClientCardView</name>
+    <message>
+        <source>Edit Notification</source>
+        <translation>Modifier l’avis</translation>
+    </message>
+    <message>
+        <source>History...</source>
+        <translation>Historique...</translation>
+    </message>
+    <message>
+        <source>Managing accountant: %1</source>
+        <translation>Comptable responsable : %1</translation>
+    </message>
+    <message>
+        <source>none on file</source>
+        <translation>aucun au dossier</translation>
+    </message>
+    <message>
+        <source>Email: %1</source>
+        <translation>Courriel : %1</translation>
+    </message>
+    <message>
+        <source>Phone: %1</source>
+        <translation>Téléphone : %1</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::ClientsPage</name>
+    <message>
+        <source>Clients</source>
+        <translation>Clients</translation>
+    </message>
+    <message>
+        <source>Notifications of the client</source>
+        <translation>Avis du client</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln notifications, %L1 of them still to come</source>
+        <translation>
+            <numerusform>%Ln avis, dont %L1 à venir</numerusform>
+            <numerusform>%Ln avis, dont %L1 à venir</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose a client to see all that it was told</source>
+        <translation>Choisissez un client pour voir tout ce qui lui a été annoncé</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::DayModel</name>
+    <message>
+        <source>Client</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Task</source>
+        <translation>Tâche</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Échéance</translation>
+    </message>
+    <message>
+        <source>Notify on</source>
+        <translation>Aviser le</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Action</translation>
+    </message>
+    <message>
+        <source>%1, %L2</source>
+        <comment>a heading and how many</comment>
+        <translation>%1, %L2</translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>aujourd’hui</translation>
+    </message>
+    <message>
+        <source>overdue since %1</source>
+        <translation>en retard depuis le %1</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::DayPage</name>
+    <message>
+        <source>Everyone</source>
+        <translation>Tous</translation>
+    </message>
+    <message>
+        <source>Mine</source>
+        <translation>Les miens</translation>
+    </message>
+    <message>
+        <source>My clients</source>
+        <translation>Mes clients</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Notifications that wait</source>
+        <translation>Avis en attente</translation>
+    </message>
+    <message>
+        <source>Nothing to send today</source>
+        <translation>Rien à envoyer aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Week of %1</source>
+        <translation>Semaine du %1</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::GridOptionsDialog</name>
+    <message>
+        <source>Grid Options</source>
+        <translation>Options de la grille</translation>
+    </message>
+    <message>
+        <source>&amp;Alternate the colours of the rows</source>
+        <translation>&amp;Alterner les couleurs des lignes</translation>
+    </message>
+    <message>
+        <source>&amp;Odd rows:</source>
+        <translation>Lignes &amp;impaires :</translation>
+    </message>
+    <message>
+        <source>&amp;Even rows:</source>
+        <translation>Lignes &amp;paires :</translation>
+    </message>
+    <message>
+        <source>&amp;Wrap words in the rows</source>
+        <translation>Renvoyer &amp;les mots à la ligne</translation>
+    </message>
+    <message>
+        <source>Show a line of &amp;totals</source>
+        <translation>Afficher une ligne de &amp;totaux</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucune</translation>
+    </message>
+    <message>
+        <source>&amp;Columns that stay in sight, up to:</source>
+        <translation>&amp;Colonnes toujours visibles, jusqu’à :</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Colours</source>
+        <translation>&amp;Rétablir les couleurs</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::MainWindow</name>
+    <message>
+        <source>Client Notifications</source>
+        <translation>Avis aux clients</translation>
+    </message>
+    <message>
+        <source>No database is open</source>
+        <translation>Aucune base de données n’est ouverte</translation>
+    </message>
+    <message>
+        <source>Open your firm&apos;s database to see its tasks.</source>
+        <translation>Ouvrez la base de données de votre cabinet pour voir ses tâches.</translation>
+    </message>
+    <message>
+        <source>No open task</source>
+        <translation>Aucune tâche ouverte</translation>
+    </message>
+    <message>
+        <source>The firm has nothing left to do.</source>
+        <translation>Le cabinet n’a plus rien à faire.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened.
+
+%2</source>
+        <translation>%1 ne peut pas être ouvert.
+
+%2</translation>
+    </message>
+    <message>
+        <source>%1 - Client Notifications</source>
+        <translation>%1 - Avis aux clients</translation>
+    </message>
+    <message>
+        <source>Up to date at %1</source>
+        <translation>À jour à %1</translation>
+    </message>
+    <message>
+        <source>%1 has no holidays yet: its dates pass over weekends alone; %2</source>
+        <translation>%1 n’a pas encore de jours fériés : ses dates n’évitent que les fins de semaine; %2</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Task</source>
+        <translation>&amp;Tâche</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>Afficha&amp;ge</translation>
+    </message>
+    <message>
+        <source>T&amp;ools</source>
+        <translation>&amp;Outils</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Aid&amp;e</translation>
+    </message>
+    <message>
+        <source>&amp;Open Database...</source>
+        <translation>&amp;Ouvrir une base de données...</translation>
+    </message>
+    <message>
+        <source>Open Ser&amp;ver...</source>
+        <translation>Ouvrir un ser&amp;veur...</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>Send, Print or &amp;Call</source>
+        <translation>Envoyer, imprimer ou appe&amp;ler</translation>
+    </message>
+    <message>
+        <source>Do what the button of the chosen row says</source>
+        <translation>Faire ce que dit le bouton de la ligne choisie</translation>
+    </message>
+    <message>
+        <source>&amp;Notify Now...</source>
+        <translation>Aviser mai&amp;ntenant...</translation>
+    </message>
+    <message>
+        <source>Choose how the client of the chosen task hears of it now</source>
+        <translation>Choisir comment le client de la tâche choisie en est avisé maintenant</translation>
+    </message>
+    <message>
+        <source>Notify &amp;Automatically...</source>
+        <translation>Aviser &amp;automatiquement...</translation>
+    </message>
+    <message>
+        <source>Choose how the client hears of the task on its notification date</source>
+        <translation>Choisir comment le client est avisé de la tâche à sa date d’avis</translation>
+    </message>
+    <message>
+        <source>Edit Notificat&amp;ion...</source>
+        <translation>Modifier l’av&amp;is...</translation>
+    </message>
+    <message>
+        <source>Change the text and the address of the chosen row</source>
+        <translation>Modifier le texte et l’adresse de la ligne choisie</translation>
+    </message>
+    <message>
+        <source>&amp;Email Now...</source>
+        <translation>&amp;Courriel maintenant...</translation>
+    </message>
+    <message>
+        <source>Write to the client of the chosen task now</source>
+        <translation>Écrire maintenant au client de la tâche choisie</translation>
+    </message>
+    <message>
+        <source>&amp;Schedule Email...</source>
+        <translation>&amp;Planifier un courriel...</translation>
+    </message>
+    <message>
+        <source>Have the client notified by email on the task&apos;s notification date</source>
+        <translation>Aviser le client par courriel à la date d’avis de la tâche</translation>
+    </message>
+    <message>
+        <source>E&amp;dit Email...</source>
+        <translation>Mo&amp;difier le courriel...</translation>
+    </message>
+    <message>
+        <source>Change the email that waits for its date</source>
+        <translation>Modifier le courriel qui attend sa date</translation>
+    </message>
+    <message>
+        <source>&amp;Call Client...</source>
+        <translation>Appele&amp;r le client...</translation>
+    </message>
+    <message>
+        <source>Show the call that waits, and note how it went</source>
+        <translation>Afficher l’appel en attente, et noter comment il s’est passé</translation>
+    </message>
+    <message>
+        <source>Blank &amp;Fax...</source>
+        <translation>&amp;Télécopie vierge...</translation>
+    </message>
+    <message>
+        <source>Write a fax to the client of the chosen task that is about no task</source>
+        <translation>Écrire au client de la tâche choisie une télécopie qui ne porte sur aucune tâche</translation>
+    </message>
+    <message>
+        <source>Blank &amp;Letter...</source>
+        <translation>L&amp;ettre vierge...</translation>
+    </message>
+    <message>
+        <source>Write a letter to the client of the chosen task that is about no task</source>
+        <translation>Écrire au client de la tâche choisie une lettre qui ne porte sur aucune tâche</translation>
+    </message>
+    <message>
+        <source>Schedule a &amp;Year...</source>
+        <translation>Planifier &amp;une année...</translation>
+    </message>
+    <message>
+        <source>Choose how the client of the chosen task hears of all tasks of a year</source>
+        <translation>Choisir comment le client de la tâche choisie est avisé de toutes les tâches d’une année</translation>
+    </message>
+    <message>
+        <source>&amp;Notifications...</source>
+        <translation>A&amp;vis...</translation>
+    </message>
+    <message>
+        <source>Find, sort and send notifications, those that are due first</source>
+        <translation>Rechercher, trier et envoyer des avis, ceux qui sont dus d’abord</translation>
+    </message>
+    <message>
+        <source>&amp;Refresh</source>
+        <translation>&amp;Actualiser</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Rechercher</translation>
+    </message>
+    <message>
+        <source>Next &amp;Pane</source>
+        <translation>Volet &amp;suivant</translation>
+    </message>
+    <message>
+        <source>&amp;Templates...</source>
+        <translation>&amp;Modèles...</translation>
+    </message>
+    <message>
+        <source>Edit the texts that clients are notified with</source>
+        <translation>Modifier les textes avec lesquels les clients sont avisés</translation>
+    </message>
+    <message>
+        <source>&amp;Options...</source>
+        <translation>&amp;Options...</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>À &amp;propos</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Commandes</translation>
+    </message>
+    <message>
+        <source>The database file is no longer in its place: nothing that you do is kept.</source>
+        <translation>Le fichier de la base de données n’est plus à sa place : rien de ce que vous faites n’est conservé.</translation>
+    </message>
+    <message>
+        <source>Open Database</source>
+        <translation>Ouvrir une base de données</translation>
+    </message>
+    <message>
+        <source>Databases (*.db);;All files (*)</source>
+        <translation>Bases de données (*.db);;Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Open Server</source>
+        <translation>Ouvrir un serveur</translation>
+    </message>
+    <message>
+        <source>The address of the database (its password comes from the password file ~/.pgpass):</source>
+        <translation>L’adresse de la base de données (son mot de passe vient du fichier de mots de passe ~/.pgpass) :</translation>
+    </message>
+    <message>
+        <source>Sent to %1</source>
+        <translation>Envoyé à %1</translation>
+    </message>
+    <message>
+        <source>An email about this task still waits for %1. Do you want to cancel that one?</source>
+        <translation>Un courriel sur cette tâche attend encore le %1. Voulez-vous annuler celui-là?</translation>
+    </message>
+    <message>
+        <source>Filed as %1</source>
+        <translation>Classé sous %1</translation>
+    </message>
+    <message>
+        <source>No call of this task waits any more.</source>
+        <translation>Plus aucun appel de cette tâche n’est en attente.</translation>
+    </message>
+    <message>
+        <source>Another desk is changing the templates. Try again when it is done.</source>
+        <translation>Un autre poste modifie les modèles. Réessayez quand il aura terminé.</translation>
+    </message>
+    <message>
+        <source>About Client Notifications</source>
+        <translation>À propos d’Avis aux clients</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Client Notifications %1&lt;/h3&gt;&lt;p&gt;The notices that an accounting firm owes its clients: when, in which words, and sent.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Avis aux clients %1&lt;/h3&gt;&lt;p&gt;Les avis qu’un cabinet comptable doit à ses clients : quand, en quels mots, et envoyés.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>%L1 waiting  ·  %L2 sent today</source>
+        <translation>%L1 en attente  ·  envois aujourd’hui : %L2</translation>
+    </message>
+    <message>
+        <source>Find a client or task</source>
+        <translation>Trouver un client, une tâche</translation>
+    </message>
+    <message>
+        <source>&amp;Go</source>
+        <translation>&amp;Aller à</translation>
+    </message>
+    <message>
+        <source>Did you send the email from your mail program?</source>
+        <translation>Avez-vous envoyé le courriel depuis votre programme de courriel?</translation>
+    </message>
+    <message>
+        <source>Was the fax sent to %1?</source>
+        <translation>La télécopie à %1 a-t-elle été envoyée?</translation>
+    </message>
+    <message>
+        <source>Was the letter to %1 printed?</source>
+        <translation>La lettre à %1 a-t-elle été imprimée?</translation>
+    </message>
+    <message>
+        <source>It is marked as sent then.</source>
+        <translation>L’avis sera alors marqué comme envoyé.</translation>
+    </message>
+    <message>
+        <source>The call to %1 is settled already.</source>
+        <translation>L’appel à %1 est déjà réglé.</translation>
+    </message>
+    <message>
+        <source>This notification is about an item of the diary: change it in the notifications list.</source>
+        <translation>Cet avis porte sur un élément de l’agenda : modifiez-le dans la liste des avis.</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::Navigation</name>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Tasks</source>
+        <translation>Tâches</translation>
+    </message>
+    <message>
+        <source>Notifications list</source>
+        <translation>Liste des avis</translation>
+    </message>
+    <message>
+        <source>Worklists</source>
+        <translation>À traiter</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>Lettres</translation>
+    </message>
+    <message>
+        <source>Faxes</source>
+        <translation>Télécopies</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>Appels</translation>
+    </message>
+    <message>
+        <source>Firm</source>
+        <translation>Cabinet</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Clients</translation>
+    </message>
+    <message>
+        <source>Templates</source>
+        <translation>Modèles</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::OptionsDialog</name>
+    <message>
+        <source>&amp;Confirm each notification that I schedule</source>
+        <translation>&amp;Confirmer chaque avis que je planifie</translation>
+    </message>
+    <message>
+        <source>&amp;Ask before a notification is cancelled</source>
+        <translation>Demander &amp;avant d’annuler un avis</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Options</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Parcourir...</translation>
+    </message>
+    <message>
+        <source>Emails on this machine</source>
+        <translation>Courriels sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>&amp;Leave them in the outbox folder for another mail system</source>
+        <translation>Les &amp;laisser dans la boîte d’envoi pour un autre système de courriel</translation>
+    </message>
+    <message>
+        <source>&amp;Open them in this desktop&apos;s mail program</source>
+        <translation>Les &amp;ouvrir dans le programme de courriel de ce bureau</translation>
+    </message>
+    <message>
+        <source>&amp;Send them through a mail server</source>
+        <translation>Les &amp;envoyer par un serveur de courriel</translation>
+    </message>
+    <message>
+        <source>Ser&amp;ver:</source>
+        <translation>Ser&amp;veur :</translation>
+    </message>
+    <message>
+        <source>File with the &amp;password:</source>
+        <translation>Fichier du &amp;mot de passe :</translation>
+    </message>
+    <message>
+        <source>File with the password</source>
+        <translation>Fichier du mot de passe</translation>
+    </message>
+    <message>
+        <source>Outbox &amp;folder:</source>
+        <translation>Dossier de la &amp;boîte d’envoi :</translation>
+    </message>
+    <message>
+        <source>Outbox folder</source>
+        <translation>Dossier de la boîte d’envoi</translation>
+    </message>
+    <message>
+        <source>beside the database file</source>
+        <translation>à côté du fichier de la base de données</translation>
+    </message>
+    <message>
+        <source>Send emails as plain te&amp;xt, without formats</source>
+        <translation>Envoyer les courriels en te&amp;xte brut, sans mise en forme</translation>
+    </message>
+    <message>
+        <source>Letters and faxes on this machine</source>
+        <translation>Lettres et télécopies sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>&amp;Documents folder:</source>
+        <translation>&amp;Dossier des documents :</translation>
+    </message>
+    <message>
+        <source>Documents folder</source>
+        <translation>Dossier des documents</translation>
+    </message>
+    <message>
+        <source>For me</source>
+        <translation>Pour moi</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::PageStrip</name>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::PreviewWindow</name>
+    <message>
+        <source>Print...</source>
+        <translation>Imprimer...</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom arrière</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom avant</translation>
+    </message>
+    <message>
+        <source>Page Width</source>
+        <translation>Largeur de la page</translation>
+    </message>
+    <message>
+        <source>Whole Page</source>
+        <translation>Page entière</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Page précédente</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Page suivante</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>Résultat précédent</translation>
+    </message>
+    <message>
+        <source>Find Next</source>
+        <translation>Résultat suivant</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Document</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>%L1 %</source>
+        <translation>%L1 %</translation>
+    </message>
+    <message>
+        <source> of %L1</source>
+        <translation> de %L1</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>Find in the document</source>
+        <translation>Rechercher dans le document</translation>
+    </message>
+    <message>
+        <source>not found</source>
+        <translation>introuvable</translation>
+    </message>
+    <message>
+        <source>Page %L1 of %L2</source>
+        <translation>Page %L1 de %L2</translation>
+    </message>
+    <message>
+        <source>%L1 of %L2</source>
+        <translation>%L1 de %L2</translation>
+    </message>
+    <message>
+        <source>Printing page %L1 of %L2</source>
+        <translation>Impression de la page %L1 de %L2</translation>
+    </message>
+    <message>
+        <source>The printing was stopped. Pages that went out before: %L1.</source>
+        <translation>L’impression a été arrêtée. Pages déjà parties : %L1.</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::RichTextEditor</name>
+    <message>
+        <source>Bold</source>
+        <translation>Gras</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>Italique</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>Souligné</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Police</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Couleur</translation>
+    </message>
+    <message>
+        <source>Align Left</source>
+        <translation>Aligner à gauche</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Centrer</translation>
+    </message>
+    <message>
+        <source>Align Right</source>
+        <translation>Aligner à droite</translation>
+    </message>
+    <message>
+        <source>Bullets</source>
+        <translation>Puces</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::TaskPage</name>
+    <message>
+        <source>&amp;Only those due</source>
+        <translation>&amp;Seulement les clients à aviser</translation>
+    </message>
+    <message>
+        <source>Show only the tasks whose clients are to be notified today</source>
+        <translation>Afficher seulement les tâches dont les clients sont à aviser aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Open tasks</source>
+        <translation>Tâches ouvertes</translation>
+    </message>
+    <message>
+        <source>No open task fits.</source>
+        <translation>Aucune tâche ouverte ne correspond.</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::TaskTableModel</name>
+    <message>
+        <source>Client</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Task</source>
+        <translation>Tâche</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Échéance</translation>
+    </message>
+    <message>
+        <source>Notify on</source>
+        <translation>Aviser le</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Modes</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::WeeksCard</name>
+    <message>
+        <source>Weeks ahead</source>
+        <translation>Semaines à venir</translation>
+    </message>
+    <message>
+        <source>This week</source>
+        <translation>Cette semaine</translation>
+    </message>
+    <message>
+        <source>12 weeks</source>
+        <translation>12 semaines</translation>
+    </message>
+    <message>
+        <source>%L1 in 12 weeks</source>
+        <translation>%L1 en 12 semaines</translation>
+    </message>
+    <message numerus="yes">
+        <source>Weeks ahead, %Ln notifications in 12 weeks</source>
+        <translation>
+            <numerusform>Semaines à venir, %Ln avis en 12 semaines</numerusform>
+            <numerusform>Semaines à venir, %Ln avis en 12 semaines</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>frmAutoNotifyList</name>
+    <message>
+        <source>Advanced &amp;Search</source>
+        <translation>Recherche a&amp;vancée</translation>
+    </message>
+    <message>
+        <source>Choose what the list shows (Ctrl+F)</source>
+        <translation>Choisir ce que montre la liste (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Col&amp;umns</source>
+        <translation>Colo&amp;nnes</translation>
+    </message>
+    <message>
+        <source>Choose the columns</source>
+        <translation>Choisir les colonnes</translation>
+    </message>
+    <message>
+        <source>Print Pre&amp;view</source>
+        <translation>A&amp;perçu</translation>
+    </message>
+    <message>
+        <source>Look at the list as it is printed</source>
+        <translation>Voir la liste telle qu’elle est imprimée</translation>
+    </message>
+    <message>
+        <source>A&amp;ll</source>
+        <translation>&amp;Tous</translation>
+    </message>
+    <message>
+        <source>What is due, of everybody</source>
+        <translation>Ce qui est dû, pour tout le monde</translation>
+    </message>
+    <message>
+        <source>M&amp;ine</source>
+        <translation>Les &amp;miens</translation>
+    </message>
+    <message>
+        <source>What is due, of the items assigned to you</source>
+        <translation>Ce qui est dû, parmi les éléments qui vous sont confiés</translation>
+    </message>
+    <message>
+        <source>My &amp;Clients</source>
+        <translation>Mes c&amp;lients</translation>
+    </message>
+    <message>
+        <source>What is due, of the clients you account for</source>
+        <translation>Ce qui est dû, parmi les clients dont vous êtes le comptable</translation>
+    </message>
+    <message>
+        <source>My Par&amp;tner Clients</source>
+        <translation>Comme a&amp;ssocié</translation>
+    </message>
+    <message>
+        <source>What is due, of the clients you are the partner of</source>
+        <translation>Ce qui est dû, parmi les clients dont vous êtes l’associé</translation>
+    </message>
+    <message>
+        <source>&amp;Print List</source>
+        <translation>&amp;Imprimer la liste</translation>
+    </message>
+    <message>
+        <source>Print the list (Ctrl+P)</source>
+        <translation>Imprimer la liste (Ctrl+P)</translation>
+    </message>
+    <message>
+        <source>Notifications</source>
+        <translation>Avis</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;No notifications to show.&lt;/p&gt;&lt;p&gt;Refresh the list (F5), or look for others in &lt;a href=&quot;imgTopBarButton(0)&quot;&gt;Advanced Search&lt;/a&gt;.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Aucun avis à montrer.&lt;/p&gt;&lt;p&gt;Actualisez la liste (F5), ou cherchez-en d’autres avec &lt;a href=&quot;imgTopBarButton(0)&quot;&gt;Recherche avancée&lt;/a&gt;.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Loading notifications...</source>
+        <translation>Chargement des avis...</translation>
+    </message>
+    <message>
+        <source>%v of %m (%p %)</source>
+        <translation>%v de %m (%p %)</translation>
+    </message>
+    <message>
+        <source>Loading notifications</source>
+        <translation>Chargement des avis</translation>
+    </message>
+</context>
+<context>
+    <name>frmAutoNotifySearch</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendrier</translation>
+    </message>
+</context>
+<context>
+    <name>frmSendNotificationWizard</name>
+    <message>
+        <source>Edit notification, email</source>
+        <translation>Modifier l’avis, courriel</translation>
+    </message>
+    <message>
+        <source>Edit notification, fax</source>
+        <translation>Modifier l’avis, télécopie</translation>
+    </message>
+    <message>
+        <source>Edit notification, letter</source>
+        <translation>Modifier l’avis, lettre</translation>
+    </message>
+    <message>
+        <source>Edit notification, phone call</source>
+        <translation>Modifier l’avis, appel</translation>
+    </message>
+    <message>
+        <source>A tick opens the message and sets it up. Clearing a tick cancels it.</source>
+        <translation>Cocher ouvre le message et le prépare. Décocher l’annule.</translation>
+    </message>
+</context>
+<context>
+    <name>frmSendNotificationWizardEmail</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendrier</translation>
+    </message>
+</context>
+<context>
+    <name>frmSendNotificationWizardFax</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendrier</translation>
+    </message>
+</context>
+<context>
+    <name>frmSendNotificationWizardLetter</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendrier</translation>
+    </message>
+</context>
+<context>
+    <name>frmSendNotificationWizardPhone</name>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendrier</translation>
+    </message>
+</context>
+<context>
+    <name>frmTaskAutoNotification</name>
+    <message>
+        <source>Schedule types</source>
+        <translation>Types de tâche</translation>
+    </message>
+    <message>
+        <source>Merge fields</source>
+        <translation>Champs de fusion</translation>
+    </message>
+    <message>
+        <source>Find a field (Ctrl+F)</source>
+        <translation>Trouver un champ (Ctrl+F)</translation>
+    </message>
+</context>
+</TS>
