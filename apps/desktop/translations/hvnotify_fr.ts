@@ -1025,7 +1025,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Find a client or task</source>
-        <translation>Trouver un client, une tâche</translation>
+        <translation>Trouver client ou tâche</translation>
     </message>
     <message>
         <source>&amp;Go</source>
@@ -1159,7 +1159,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>beside the database file</source>
-        <translation>à côté du fichier de la base de données</translation>
+        <translation>à côté de la base de données</translation>
     </message>
     <message>
         <source>Send emails as plain te&amp;xt, without formats</source>
@@ -1257,7 +1257,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Find in the document</source>
-        <translation>Rechercher dans le document</translation>
+        <translation>Chercher un mot</translation>
     </message>
     <message>
         <source>not found</source>
@@ -1385,7 +1385,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>This week</source>
-        <translation>Cette semaine</translation>
+        <translation>Semaine</translation>
     </message>
     <message>
         <source>12 weeks</source>

@@ -1,0 +1,123 @@
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTranslator>
+#include <algorithm>
+
+#include "MainWindowTest.h"
+#include "translations.h"
+
+namespace autonotify::desktop {
+namespace {
+
+/// Marks all that is translated.
+class Marker : public QTranslator {
+ public:
+  Marker() { QCoreApplication::installTranslator(this); }
+  bool isEmpty() const override { return false; }
+  QString translate(const char*, const char* source, const char*, int) const override {
+    return "\u00ab" + QString(source);
+  }
+};
+
+/// Until its end the program speaks the language.
+class Speaking {
+ public:
+  explicit Speaking(const QLocale& locale) { speakLanguageOf(locale); }
+  ~Speaking() { qDeleteAll(qApp->findChildren<QTranslator*>(Qt::FindDirectChildrenOnly)); }
+};
+
+/// What the program itself says in a window, without what it shows of the firm.
+QStringList wordsIn(const QWidget& window) {
+  QStringList words{window.windowTitle()};
+  for (const QAction* action : window.findChildren<QAction*>())
+    words << action->text() << action->toolTip();
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    words << widget->accessibleName();
+    if (widget->objectName() != "navigation") words << widget->toolTip();
+    if (const auto* field = qobject_cast<const QLineEdit*>(widget))
+      words << field->placeholderText();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) words << button->text();
+    const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+    for (int i = 0; view && view->model() && i < view->model()->columnCount(); ++i)
+      words << view->model()->headerData(i, Qt::Horizontal).toString();
+  }
+  return words;
+}
+
+void expectMarked(const QWidget& window, const QStringList& others) {
+  static const QRegularExpression letters("[a-z]{2}");
+  for (const QString& word : wordsIn(window)) {
+    if (!word.contains(letters) || others.contains(word)) continue;
+    EXPECT_TRUE(word.contains(QChar(0xab))) << plain(word);
+  }
+}
+
+void expectDistinctKeys(const QStringList& texts) {
+  static const QRegularExpression key("&(\\w)");
+  QStringList keys;
+  for (const QString& text : texts)
+    if (const auto match = key.match(text); match.hasMatch()) keys << match.captured(1).toLower();
+  EXPECT_EQ(keys.size(), texts.size()) << plain(texts.join(" | "));
+  keys.sort();
+  EXPECT_EQ(keys.removeDuplicates(), 0) << plain(texts.join(" | "));
+}
+
+QStringList textsOf(const QList<QAction*>& actions) {
+  QStringList texts;
+  for (const QAction* action : actions)
+    if (!action->isSeparator()) texts << action->text();
+  return texts;
+}
+
+class TranslationTest : public MainWindowTest {};
+
+TEST_F(TranslationTest, everyWordOfTheProgramIsGivenToTranslation) {
+  const Marker marker;
+  open();
+  expectMarked(*window_, {"firm.db"});
+  const QString example = "smtp://user@mail.example:587";
+  run("options", [&](QDialog& dialog) {
+    expectMarked(dialog, {example});
+    dialog.reject();
+  });
+  chooseTaskFor("callClient");
+  run("callClient", [](QDialog& dialog) {
+    expectMarked(dialog, {});
+    dialog.reject();
+  });
+}
+
+TEST_F(TranslationTest, keysOfAMenuAreDistinctInFrench) {
+  const Speaking french(QLocale("fr_CA"));
+  open();
+  expectDistinctKeys(textsOf(window_->menuBar()->actions()));
+  for (const QAction* menu : window_->menuBar()->actions())
+    if (!menu->text().contains("Aller")) expectDistinctKeys(textsOf(menu->menu()->actions()));
+}
+
+TEST_F(TranslationTest, layoutsSpeakFrenchAndTheComponentsWindowsKeepTheirWords) {
+  const Speaking french(QLocale("fr_CA"));
+  open();
+  run("notifications", [](QDialog& list) {
+    EXPECT_EQ(list.findChild<QAbstractButton*>("imgTopBarButton(0)")->text(),
+              "Recherche a&vanc\u00e9e");
+    EXPECT_TRUE(
+        list.findChild<QTableView*>()->property("emptyText").toString().contains("Actualisez"));
+    EXPECT_EQ(list.findChild<QAbstractButton*>("cmdClose")->text(), "Close");
+    press(list, "cmdClose");
+  });
+}
+
+TEST(Translation, aLanguageThatThereIsNotIsEnglishWithItsPlurals) {
+  const auto found = [](int count) {
+    return QCoreApplication::translate("autonotify::desktop::WeeksCard",
+                                       "Weeks ahead, %Ln notifications in 12 weeks", "", count);
+  };
+  const Speaking english(QLocale(QLocale::German));
+  EXPECT_EQ(found(1), "Weeks ahead, 1 notification in 12 weeks");
+  EXPECT_EQ(found(2), "Weeks ahead, 2 notifications in 12 weeks");
+}
+
+}  // namespace
+}  // namespace autonotify::desktop
