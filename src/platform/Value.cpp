@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 #include "platform/PlatformError.h"
 #include "platform/date_time_text.h"
@@ -88,6 +89,14 @@ Integer rounded(double number) {
   return static_cast<Integer>(whole);
 }
 
+/// An integer within the range needs no way over a double.
+template <class Integer>
+Integer integerOf(const Value& value) {
+  const auto* whole = value.getIf<std::int64_t>();
+  if (whole && std::in_range<Integer>(*whole)) return static_cast<Integer>(*whole);
+  return rounded<Integer>(toDouble(value));
+}
+
 /// The fewest digits that read back as the same number, with a power of ten only where the plain
 /// form would be unwieldy.
 std::string textOf(double number) {
@@ -102,15 +111,15 @@ std::string textOf(double number) {
 }  // namespace
 
 std::uint8_t toByte(const Value& value) {
-  return rounded<std::uint8_t>(toDouble(value));
+  return integerOf<std::uint8_t>(value);
 }
 
 std::int16_t toInteger16(const Value& value) {
-  return rounded<std::int16_t>(toDouble(value));
+  return integerOf<std::int16_t>(value);
 }
 
 std::int32_t toInteger(const Value& value) {
-  return rounded<std::int32_t>(toDouble(value));
+  return integerOf<std::int32_t>(value);
 }
 
 double toDouble(const Value& value) {
@@ -125,6 +134,7 @@ double toDouble(const Value& value) {
 }
 
 bool toFlag(const Value& value) {
+  if (const auto* flag = value.getIf<bool>()) return *flag;
   if (const auto* text = value.getIf<std::string>()) {
     if (equalIgnoreCase(trim(*text), "True")) return true;
     if (equalIgnoreCase(trim(*text), "False")) return false;
