@@ -13,6 +13,7 @@ constexpr std::string_view halfOfDay = "am/pm";
 
 struct Context {
   DateTime moment;
+  std::chrono::year_month_day date;
   std::string_view pattern;
   std::string& text;
 
@@ -31,17 +32,20 @@ std::string_view weekdayName(const Context& c) {
   return weekdayNames[static_cast<std::size_t>(c.moment.weekday() - 1)];
 }
 std::string_view monthName(const Context& c) {
-  return monthNames[c.moment.month() - 1];
+  return monthNames[static_cast<unsigned>(c.date.month()) - 1];
 }
 std::string_view shortened(std::string_view name) {
   return name.substr(0, shortNameLength);
 }
 
 int day(const Context& c) {
-  return static_cast<int>(c.moment.day());
+  return static_cast<int>(static_cast<unsigned>(c.date.day()));
 }
 int month(const Context& c) {
-  return static_cast<int>(c.moment.month());
+  return static_cast<int>(static_cast<unsigned>(c.date.month()));
+}
+int year(const Context& c) {
+  return static_cast<int>(c.date.year());
 }
 int hour(const Context& c) {
   const bool twelveHours = findIgnoreCase(c.pattern, halfOfDay) != std::string_view::npos;
@@ -65,8 +69,8 @@ constexpr Field fields[] = {
     {'m', 3, [](const Context& c) { c.write(shortened(monthName(c))); }},
     {'m', 2, [](const Context& c) { c.writeTwoDigits(month(c)); }},
     {'m', 1, [](const Context& c) { c.write(month(c)); }},
-    {'y', 4, [](const Context& c) { c.write(c.moment.year()); }},
-    {'y', 2, [](const Context& c) { c.writeTwoDigits(c.moment.year() % 100); }},
+    {'y', 4, [](const Context& c) { c.write(year(c)); }},
+    {'y', 2, [](const Context& c) { c.writeTwoDigits(year(c) % 100); }},
     {'h', 2, [](const Context& c) { c.writeTwoDigits(hour(c)); }},
     {'h', 1, [](const Context& c) { c.write(hour(c)); }},
     {'n', 2, [](const Context& c) { c.writeTwoDigits(c.moment.minute()); }},
@@ -87,6 +91,7 @@ const Field* fieldOf(char letter, std::size_t length) {
 
 const Field* fieldAt(std::string_view pattern) {
   const char letter = small(pattern[0]);
+  if (letter < 'a' || letter > 'z') return nullptr;
   std::size_t length = 1;
   while (length < pattern.size() && small(pattern[length]) == letter) ++length;
   return fieldOf(letter, length);
@@ -117,7 +122,7 @@ std::size_t writeLiteral(std::string_view pattern, std::string& result) {
 
 std::string formatDateTime(DateTime moment, std::string_view pattern) {
   std::string result;
-  const Context context{moment, pattern, result};
+  const Context context{moment, moment.date(), pattern, result};
   char previousLetter = 0;
   while (!pattern.empty()) {
     std::size_t length = 0;
