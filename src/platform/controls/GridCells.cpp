@@ -97,8 +97,11 @@ std::size_t GridCells::lineOf(int row) const {
   return order_.empty() ? place : order_[place];
 }
 
-std::uint32_t GridCells::codeOf(const CellValue& value) {
-  if (!value.isNumber()) return pool_.add(value.text()) << 2 | textMark;
+std::uint32_t GridCells::codeOf(const CellValue& value, std::uint32_t likely) {
+  if (!value.isNumber()) {
+    const bool isLikely = markOf(likely) == textMark && pool_.text(likely >> 2) == value.text();
+    return isLikely ? likely : pool_.add(value.text()) << 2 | textMark;
+  }
   const Id number = value.number();
   if (number >= -lastShortNumber && number <= lastShortNumber)
     return static_cast<std::uint32_t>(number) << 2 | numberMark;
@@ -112,14 +115,17 @@ std::string GridCells::text(int row, int column) const {
 }
 
 bool GridCells::putText(int row, int column, const CellValue& value) {
-  return at(column).texts.put(lineOf(row), codeOf(value));
+  Column& target = at(column);
+  target.lastText = codeOf(value, target.lastText);
+  return target.texts.put(lineOf(row), target.lastText);
 }
 
 void GridCells::putSortValue(int row, int column, const CellValue& value) {
   const std::size_t line = lineOf(row);
-  const std::uint32_t code = codeOf(value);
-  const bool isText = code == at(column).texts.at(line);
-  at(column).sortValues.put(line, isText ? 0 : code == 0 ? emptyCode : code);
+  Column& target = at(column);
+  const std::uint32_t text = target.texts.at(line);
+  const std::uint32_t code = codeOf(value, text);
+  target.sortValues.put(line, code == text ? 0 : code == 0 ? emptyCode : code);
 }
 
 bool GridCells::isTicked(int row, int column) const {

@@ -95,10 +95,13 @@ class GridCells {
     CodeColumn texts;
     CodeColumn sortValues;
     CodeColumn ticks;
+    /// Of the text that came in last: the next row may well have the same.
+    std::uint32_t lastText = 0;
   };
   using Ranks = std::vector<std::uint32_t>;
 
-  std::uint32_t codeOf(const CellValue& value);
+  /// `likely` is the code that the value has if it is the text expected.
+  std::uint32_t codeOf(const CellValue& value, std::uint32_t likely);
   std::uint32_t sortCode(const Column& column, std::size_t line) const;
   Ranks ranksOf(const Column& column) const;
   std::vector<std::uint64_t> weightsOf(const GridSortKey& key) const;
