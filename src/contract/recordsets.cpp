@@ -19,7 +19,8 @@ std::string statementFor(std::string_view statement, Id id) {
   const std::string number = std::to_string(id);
   std::string whole;
   whole.reserve(statement.size() + number.size() + 1);
-  return whole.append(statement).append(number).append(1, ';');
+  whole.append(statement).append(number).append(1, ';');
+  return whole;
 }
 
 std::string nowText() {

@@ -3,7 +3,9 @@
 namespace autonotify {
 
 Value Row::value(const char* column) const {
-  return step_->value(Value{}, [&] { return database().getFieldValue(handle_, column); });
+  Value held;
+  step_->assign(held, [&] { return database().getFieldValue(handle_, column); });
+  return held;
 }
 
 std::string Row::text(const char* column) const {
