@@ -55,7 +55,9 @@ bool isOrderedByTables(const Translation& translation) {
 std::size_t placeOfName(std::string_view name) {
   if (name.empty()) return 0;
   const auto letter = [&](std::size_t at) { return static_cast<unsigned char>(name[at]); };
-  return name.size() + 3u * letter(0) + 5u * letter(name.size() / 2) + 7u * letter(name.size() - 1);
+  const std::size_t size = name.size();
+  return size + 5u * letter(0) + 7u * letter(size / 2) + 13u * letter(size * 3 / 4) +
+         11u * letter(size - 1);
 }
 
 }  // namespace

@@ -112,7 +112,7 @@ class Plan {
   std::vector<PlanColumn> columns_;
   std::vector<int> kept_;
   CaselessMap<int> byName_;
-  mutable std::array<AskedName, 16> askedNames_;
+  mutable std::array<AskedName, 64> askedNames_;
   std::shared_ptr<RowStatement> all_ = std::make_shared<RowStatement>();
   std::string rowByKeysSql_;
   RowStatement rowByKeys_;
