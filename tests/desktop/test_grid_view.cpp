@@ -92,6 +92,8 @@ TEST_F(GridView, CutsTheWidestColumnsFirst) {
                                                      {200, {60, 200, 110}}};
   for (const auto& [room, expected] : widths)
     EXPECT_EQ(desktop::fitColumns(columns, room), expected) << room;
+  const std::vector<desktop::ColumnWish> worded{{200, 40, 400, false}, {80, 120, 40, false, 70}};
+  EXPECT_EQ(desktop::fitColumns(worded, 140), (std::vector<double>{70, 70}));
 }
 
 TEST_F(GridView, TellsItsViewsOfEveryChange) {

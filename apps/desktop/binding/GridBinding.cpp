@@ -228,14 +228,17 @@ void GridBinding::stretch(const Widths& all, double room) {
 
 /// Days are never cut off. A tick needs what its heading does.
 ColumnWish GridBinding::wishOf(int column, double told) const {
-  const double heading = widthOfText(shown(control_.get_ColHeading(column)));
+  const QString text = shown(control_.get_ColHeading(column));
+  const double heading = widthOfText(text);
+  double word = 0;
+  for (const QString& each : text.split(' ')) word = std::max<double>(word, widthOfText(each));
   switch (control_.get_colType(column)) {
     case grid_column::date:
-      return {told, heading, static_cast<double>(widthOfText(widestDay)), true};
+      return {told, heading, static_cast<double>(widthOfText(widestDay)), true, word};
     case grid_column::tick:
-      return {told, heading, heading, false};
+      return {told, heading, heading, false, word};
     default:
-      return {told, heading, widthOfWords(column), false};
+      return {told, heading, widthOfWords(column), false, word};
   }
 }
 

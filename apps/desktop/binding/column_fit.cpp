@@ -1,7 +1,6 @@
 #include "binding/column_fit.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 
 namespace autonotify::desktop {
@@ -17,7 +16,13 @@ double sumOf(const ColumnWidths& widths) {
 }
 
 double leastOf(const ColumnWish& column) {
-  return column.isRigid ? std::max(column.told, column.words) : column.told;
+  return std::max({column.told, column.headingWord, column.isRigid ? column.words : 0});
+}
+
+/// Where no column may be wider than `most`, if it can.
+double narrowedTo(double most, const ColumnWish& column) {
+  if (column.isRigid) return leastOf(column);
+  return std::max(std::min({column.told, column.words, most}), column.headingWord);
 }
 
 template <class Width>
@@ -28,14 +33,16 @@ ColumnWidths widthsOf(const std::vector<ColumnWish>& columns, Width widthOf) {
 }
 
 /// The width that none exceeds when the widest give way until all fit into the room.
-double levelOf(ColumnWidths widths, double room) {
-  std::ranges::sort(widths);
-  for (std::size_t i = 0; i < widths.size(); ++i) {
-    const double level = room / static_cast<double>(widths.size() - i);
-    if (widths[i] > level) return level;
-    room -= widths[i];
+double levelOf(const std::vector<ColumnWish>& columns, double room) {
+  constexpr int halvings = 40;
+  double fits = 0;
+  double exceeds = room;
+  for (int i = 0; i < halvings; ++i) {
+    const double middle = (fits + exceeds) / 2;
+    const auto narrowed = [=](const ColumnWish& each) { return narrowedTo(middle, each); };
+    (sumOf(widthsOf(columns, narrowed)) <= room ? fits : exceeds) = middle;
   }
-  return std::numeric_limits<double>::max();
+  return fits;
 }
 
 }  // namespace
@@ -50,18 +57,9 @@ std::vector<double> fitColumns(const std::vector<ColumnWish>& columns, double ro
   }
   widths = widthsOf(columns, leastOf);
   if (sumOf(widths) <= room) return widths;
-  ColumnWidths soft;
-  for (const ColumnWish& column : columns) {
-    if (column.isRigid)
-      room -= leastOf(column);
-    else
-      soft.push_back(std::min(column.told, column.words));
-  }
-  const double level = levelOf(soft, room);
+  const double level = levelOf(columns, room);
   if (level < leastWidth) return widths;
-  return widthsOf(columns, [&](const ColumnWish& column) {
-    return column.isRigid ? leastOf(column) : std::min({column.told, column.words, level});
-  });
+  return widthsOf(columns, [=](const ColumnWish& each) { return narrowedTo(level, each); });
 }
 
 }  // namespace autonotify::desktop

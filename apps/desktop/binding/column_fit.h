@@ -13,6 +13,8 @@ struct ColumnWish {
   double words;
   /// Its words are never cut off.
   bool isRigid;
+  /// The longest word of the heading, which is not cut off either; its lines may be several.
+  double headingWord = 0;
 };
 
 /// The widths of the columns, in their order, for this room. Where there is enough, headings are
