@@ -100,7 +100,7 @@ const Look looks[] = {
          plain(widget.currentText()) + "/" + std::to_string(widget.count())),
     LOOK(CheckBox, QAbstractButton, tick(model.value()), tick(widget.isChecked())),
     LOOK(OptionButton, QRadioButton, tick(model.value()), tick(widget.isChecked())),
-    LOOK(DatePicker, QDateEdit, plain(desktop::qtDate(model.value()).toString()),
+    LOOK(DatePicker, desktop::CalendarButton, plain(desktop::qtDate(model.value()).toString()),
          plain(widget.date().toString())),
     LOOK(RichTextBox, desktop::RichTextEditor, plain(shown(model.text()).replace("\r\n", "\n")),
          plain(widget.template findChild<const QTextEdit*>()->toPlainText())),
@@ -163,10 +163,10 @@ class QtDriver : public WindowDriver {
   }
 
   bool pickDate(DatePicker& picker, DateTime date) override {
-    auto& edit = dynamic_cast<QDateEdit&>(within(picker));
-    QTest::mouseClick(&edit, Qt::LeftButton, {}, QPoint(edit.width() - 6, edit.height() / 2));
+    auto& button = dynamic_cast<desktop::CalendarButton&>(within(picker));
+    QTest::mouseClick(&button, Qt::LeftButton);
     QApplication::processEvents();
-    QCalendarWidget& calendar = *edit.calendarWidget();
+    QCalendarWidget& calendar = button.calendar();
     EXPECT_TRUE(calendar.isVisible()) << "the calendar drops down";
     calendar.setSelectedDate(desktop::qtDate(date));
     QTest::keyClick(calendar.findChild<QTableView*>(), Qt::Key_Return);

@@ -1,4 +1,5 @@
 #include "FormHostTest.h"
+#include "binding/CalendarButton.h"
 #include "richtext/RichTextEditor.h"
 #include "support/HeadlessPerson.h"
 
@@ -203,12 +204,24 @@ TEST_F(FormHostTest, ATypedTextIsNoChoiceAndStaysWhereTheCaretIs) {
   });
 }
 
-TEST_F(FormHostTest, ADateIsPickedNotTyped) {
+TEST_F(FormHostTest, ADateIsPickedInACalendarThatHasRoom) {
+  std::vector<DateTime> closed;
+  form_.DTPicker1.onCloseUp = [&] { closed.push_back(form_.DTPicker1.value()); };
   use([&] {
-    auto& picker = widget<QDateEdit>(form_.DTPicker1);
+    auto& picker = widget<desktop::CalendarButton>(form_.DTPicker1);
+    EXPECT_GE(picker.width(), picker.iconSize().width());
     picker.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&picker, Qt::Key_Up);
-    EXPECT_EQ(picker.date(), QDate(2026, 5, 4));
+    for (const auto& [open, leave] :
+         {std::pair(Qt::Key_Space, Qt::Key_Escape), std::pair(Qt::Key_Down, Qt::Key_Return)}) {
+      QTest::keyClick(&picker, open);
+      QWidget& calendar = *QApplication::activePopupWidget();
+      EXPECT_TRUE(picker.screen()->availableGeometry().contains(calendar.frameGeometry()));
+      EXPECT_GE(calendar.width(), calendar.sizeHint().width());
+      for (const auto key : {Qt::Key_Right, leave})
+        QTest::keyClick(picker.calendar().findChild<QTableView*>(), key);
+      QApplication::processEvents();
+    }
+    EXPECT_EQ(closed, std::vector({DateTime::of(2026, 5, 4), DateTime::of(2026, 5, 5)}));
   });
 }
 

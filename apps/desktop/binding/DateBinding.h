@@ -1,27 +1,23 @@
 #pragma once
 
-#include <QDateEdit>
+#include <QDate>
 
 #include "binding/Binding.h"
+#include "binding/CalendarButton.h"
 #include "platform/controls/DatePicker.h"
-
-class QCalendarWidget;
 
 namespace autonotify::desktop {
 
-/// A calendar that drops down: the date is picked there, not typed.
-class DateBinding : public BindingOf<DatePicker, QDateEdit> {
+/// The date is picked in a calendar, not typed.
+class DateBinding : public BindingOf<DatePicker, CalendarButton> {
  public:
-  DateBinding(Form& form, DatePicker& control, QDateEdit& widget);
+  DateBinding(Form& form, DatePicker& control, CalendarButton& widget);
 
  protected:
   void drawValue() override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void watchCalendar(const QEvent& event);
-
-  QCalendarWidget* calendar_ = nullptr;
+  void dropDown();
 };
 
 /// The date as Qt has it, and back. The zero date is an invalid one.

@@ -4,6 +4,7 @@
 #include <QUiLoader>
 #include <stdexcept>
 
+#include "binding/CalendarButton.h"
 #include "qt_text.h"
 #include "richtext/RichTextEditor.h"
 
@@ -14,10 +15,17 @@ namespace {
 class LayoutLoader : public QUiLoader {
  public:
   QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
-    if (className != "RichTextEditor") return QUiLoader::createWidget(className, parent, name);
-    auto* editor = new RichTextEditor(parent);
-    editor->setObjectName(name);
-    return editor;
+    QWidget* own = newOwn(className, parent);
+    if (!own) return QUiLoader::createWidget(className, parent, name);
+    own->setObjectName(name);
+    return own;
+  }
+
+ private:
+  static QWidget* newOwn(const QString& className, QWidget* parent) {
+    if (className == "RichTextEditor") return new RichTextEditor(parent);
+    if (className == "CalendarButton") return new CalendarButton(parent);
+    return nullptr;
   }
 };
 

@@ -134,7 +134,7 @@ constexpr Maker makers[] = {
     make<TextBinding, TextBox, QLineEdit>,
     make<ComboBinding, ComboBox, QComboBox>,
     make<ListBinding, ListBox, QListWidget>,
-    make<DateBinding, DatePicker, QDateEdit>,
+    make<DateBinding, DatePicker, CalendarButton>,
     make<ProgressBinding, ProgressBar, QProgressBar>,
     make<TabBinding, TabControl, QTabWidget>,
     make<TreeBinding, TreeView, QTreeWidget>,

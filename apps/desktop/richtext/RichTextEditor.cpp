@@ -49,6 +49,7 @@ RichTextEditor::RichTextEditor(QWidget* parent)
   const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
   bar_->setIconSize({iconSize, iconSize});
   edit_->setAcceptRichText(false);
+  edit_->setAccessibleName(tr("Text"));
   edit_->setTabChangesFocus(true);
   setFocusProxy(edit_);
   auto* layout = new QVBoxLayout(this);
@@ -97,6 +98,7 @@ QAction* RichTextEditor::addCheckable(const char* name, const char* icon, const 
 void RichTextEditor::addFonts() {
   font_ = new QFontComboBox(bar_);
   font_->setToolTip(tr("Font"));
+  font_->setAccessibleName(font_->toolTip());
   font_->setMinimumContentsLength(12);
   font_->setFocusPolicy(Qt::ClickFocus);
   connect(font_, &QComboBox::textActivated, this, [this](const QString& family) {
@@ -107,6 +109,7 @@ void RichTextEditor::addFonts() {
   bar_->addWidget(font_);
   size_ = new QComboBox(bar_);
   size_->setToolTip(tr("Size"));
+  size_->setAccessibleName(size_->toolTip());
   size_->setFocusPolicy(Qt::ClickFocus);
   for (const int size : QFontDatabase::standardSizes()) size_->addItem(QString::number(size));
   connect(size_, &QComboBox::textActivated, this, [this](const QString& points) {
