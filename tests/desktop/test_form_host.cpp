@@ -225,6 +225,27 @@ TEST_F(FormHostTest, ADateIsPickedInACalendarThatHasRoom) {
   });
 }
 
+TEST_F(FormHostTest, EnterAtTheEndAddsALineOfTheSameFontEachTime) {
+  const std::string start = "{\\rtf1{\\fonttbl{\\f0 Courier;}}\\f0\\fs40 Dear Ann,";
+  for (const std::string end : {"}", "\\par}", "\\par\\par}", "\\par\\b\\par}"}) {
+    form_.rtb.setTextRTF(start + end);
+    use([&] {
+      auto& edit = widget<desktop::RichTextEditor>(form_.rtb).edit();
+      edit.setFocus();
+      edit.moveCursor(QTextCursor::End);
+      const int lines = edit.document()->blockCount();
+      for (int more = 1; more <= 3; ++more) {
+        QTest::keyClick(&edit, Qt::Key_Return);
+        EXPECT_EQ(edit.document()->blockCount(), lines + more) << end;
+        EXPECT_EQ(edit.textCursor().blockNumber(), lines + more - 1) << end;
+        EXPECT_EQ(edit.currentCharFormat().font().pointSizeF(), 20) << end;
+        EXPECT_EQ(edit.currentCharFormat().fontFamilies().toStringList().value(0), "Courier")
+            << end;
+      }
+    });
+  }
+}
+
 TEST_F(FormHostTest, CaptionsAndColoursGoAsTheyCame) {
   use([&] {
     auto& label = widget<QLabel>(form_.lblText);

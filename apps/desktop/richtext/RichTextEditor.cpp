@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QFontComboBox>
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QStyle>
 #include <QTextBlock>
 #include <QTextList>
@@ -51,6 +52,7 @@ RichTextEditor::RichTextEditor(QWidget* parent)
   edit_->setAcceptRichText(false);
   edit_->setAccessibleName(tr("Text"));
   edit_->setTabChangesFocus(true);
+  edit_->installEventFilter(this);
   setFocusProxy(edit_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -203,6 +205,25 @@ void RichTextEditor::toggleBullets(bool on) {
     }
   }
   cursor.endEditBlock();
+}
+
+// On an empty line the text field by itself would only drop the line's format.
+bool RichTextEditor::eventFilter(QObject* watched, QEvent* event) {
+  const bool isEnter =
+      event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::InsertParagraphSeparator);
+  if (!isEnter || edit_->isReadOnly() || !edit_->textCursor().block().text().isEmpty() ||
+      edit_->textCursor().hasSelection())
+    return QWidget::eventFilter(watched, event);
+  leaveEmptyLine();
+  return true;
+}
+
+/// For the next line; where it is one of a list, for the text below that.
+void RichTextEditor::leaveEmptyLine() {
+  if (edit_->textCursor().currentList()) return toggleBullets(false);
+  edit_->textCursor().insertBlock();
+  edit_->ensureCursorVisible();
 }
 
 void RichTextEditor::showFormats() {

@@ -27,6 +27,10 @@ class RichTextEditor : public QWidget {
   void setForReading(bool isForReading);
   bool isForReading() const { return isForReading_; }
 
+ protected:
+  /// Enter on an empty line.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   struct Toggle;
   static std::span<const Toggle> toggles();
@@ -41,6 +45,7 @@ class RichTextEditor : public QWidget {
   void apply(const QTextCharFormat& format);
   void chooseColor();
   void toggleBullets(bool on);
+  void leaveEmptyLine();
   /// Shows the formats at the caret on the bar.
   void showFormats();
 
