@@ -51,9 +51,15 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
       navigation_(new Navigation(this)) {
   setWindowTitle(tr("Client Notifications"));
   forms_.setFieldNames([this] { return fieldNames(); });
+  forms_.setRecipients([this](const QStringList& list) { return recipientNames(list); });
   forms_.setToday([this] { return desk_ ? qtDate(desk_->today()) : QDate::currentDate(); });
   forms_.setHolding([this](const Form& form) { return claimFor(form); });
-  forms_.setGuarding([this](Form& form) { return host::guardComposer(form, messages_); });
+  forms_.setGuarding([this](Form& form) {
+    return host::guardComposer(form, messages_, [this](const host::ComposerOutlook& outlook) {
+      return plain(dateQuestion(outlook, composerDays()));
+    });
+  });
+  forms_.setFollowing([this](const Form& form) { return notesFor(form); });
   makeActions();
   makePages();
   makeMenus();

@@ -10,6 +10,7 @@
 #include "DialogMsgbox.h"
 #include "TaskPage.h"
 #include "binding/QtFormHost.h"
+#include "composer_notes.h"
 #include "day/ClientsPage.h"
 #include "day/DayPage.h"
 #include "day/Navigation.h"
@@ -148,9 +149,14 @@ class MainWindow : public QMainWindow {
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
   void editTemplates();
+  /// The notes of the windows that come up, and the due date of what they are about.
+  void setSubject(WindowNotes notes, DateTime due = {});
+  ComposerDays composerDays() const;
+  AskNotes notesFor(const Form& form) const;
   /// What keeps other desks off that which the window changes. Its editor of templates may come up
   /// from other windows too.
   std::shared_ptr<void> claimFor(const Form& form);
+  std::map<QString, RecipientName> recipientNames(const QStringList& addresses);
   /// As templates of tasks spell them.
   FieldNames fieldNames();
   void changeOptions();
@@ -178,6 +184,8 @@ class MainWindow : public QMainWindow {
   DialogErrorClass errors_;
   DialogMsgbox messages_;
   QtFormHost forms_;
+  /// Of what the component's windows are about.
+  DateTime due_;
   std::unique_ptr<host::Desk> desk_;
   TaskPage* tasks_;
   DayPage* day_;

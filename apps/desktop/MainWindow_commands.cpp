@@ -23,6 +23,7 @@
 #include "host/desk/work/claiming.h"
 #include "host/desk/work/edit_templates.h"
 #include "host/desk/work/open_notification_list.h"
+#include "host/desk/work/recipient_names.h"
 #include "outcome_texts.h"
 #include "qt_text.h"
 
@@ -214,13 +215,30 @@ void MainWindow::compose(UseCase useCase, Notes notesOf) {
   // What one left that ended in a fault is not of this one.
   desk_->takeFiled();
   desk_->takeSent();
-  forms_.setNotes(notesOf(*desk_, *line));
+  setSubject(notesOf(*desk_, *line), line->task.dueDate);
   const Id task = line->task.id;
   const QString words = textOf(useCase(*desk_, task));
   if (!words.isEmpty()) tellFault(words);
   showFiled();
   showSent(task);
   refresh();
+}
+
+void MainWindow::setSubject(WindowNotes notes, DateTime due) {
+  forms_.setNotes(std::move(notes));
+  due_ = due;
+}
+
+ComposerDays MainWindow::composerDays() const {
+  return {desk_->today(), due_};
+}
+
+AskNotes MainWindow::notesFor(const Form& form) const {
+  if (!host::readComposerOutlook(form)) return nullptr;
+  return [this, &form] {
+    const auto outlook = host::readComposerOutlook(form);
+    return outlook ? composerNotes(*outlook, composerDays()) : WindowNotes();
+  };
 }
 
 void MainWindow::showSent(Id task) {
@@ -248,12 +266,13 @@ void MainWindow::showFiled() {
 
 void MainWindow::openNotifications() {
   desk_->takeFiled();
-  forms_.setNotes({});
+  setSubject({});
   const auto tell = [this](const host::RefusedRow& row) {
     messages_.showMessage(plain(textOf(row)), message_style::warning, nullptr, 0, 0, 0, 0, {}, 0);
   };
   const auto name = [this](const host::Notification& row) {
-    forms_.setNotes(rowNotes(*desk_, row));
+    const host::TaskLine line = subjectLine(*desk_, row);
+    setSubject(taskNotes(*desk_, line), line.task.dueDate);
   };
   host::openNotificationList(*desk_, {name, tell});
   showFiled();
@@ -280,7 +299,7 @@ void MainWindow::call(const host::Notification& row, const QString& subject) {
 }
 
 void MainWindow::editTemplates() {
-  forms_.setNotes({});
+  setSubject({});
   const host::TaskLine* line = chosen();
   const auto refused = host::editTemplates(*desk_, line ? line->task.id : noId);
   if (refused) tellFault(textOf(*refused));
@@ -293,6 +312,19 @@ std::shared_ptr<void> MainWindow::claimFor(const Form& form) {
   const QString words = tr("Another desk is changing the templates. Try again when it is done.");
   messages_.showMessage(plain(words), message_style::warning, nullptr, 0, 0, 0, 0, {}, 0);
   throw PlatformError(ProgressDialog::cancelled, "The templates are claimed by another desk");
+}
+
+// The addresses alone will do where the names cannot be read.
+std::map<QString, RecipientName> MainWindow::recipientNames(const QStringList& addresses) {
+  std::map<QString, RecipientName> names;
+  std::vector<std::string> sought;
+  for (const QString& address : addresses) sought.push_back(plain(address));
+  try {
+    for (const host::NamedAddress& each : host::nameAddresses(*desk_, sought))
+      if (!each.name.empty()) names[shown(each.address)] = {shown(each.name), each.isOfFirm};
+  } catch (const PlatformError&) {
+  }
+  return names;
 }
 
 FieldNames MainWindow::fieldNames() {

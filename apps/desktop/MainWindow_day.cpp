@@ -204,7 +204,7 @@ void MainWindow::actOnRow() {
   if (!line) return;
   const Id notification = line->row.id;
   desk_->takeFiled();
-  forms_.setNotes(dayTask_ ? taskNotes(*desk_, *dayTask_) : WindowNotes());
+  dayTask_ ? setSubject(taskNotes(*desk_, *dayTask_), dayTask_->task.dueDate) : setSubject({});
   switch (actOf(*line)) {
     case RowAct::send:
       chosenMail().toProgram ? sendThroughProgram(notification) : sendEmail(notification);

@@ -55,9 +55,8 @@ const SendWords& sendWordsOf(host::SendResult result) {
 }
 
 QString sentence(const host::SendOutcome& outcome) {
-  QString words = QObject::tr(sendWordsOf(outcome.result).words);
   const QString client = outcome.about ? shown(outcome.about->client) : QString();
-  return words.replace("%1", client).replace("%2", shown(outcome.detail));
+  return filled(QObject::tr(sendWordsOf(outcome.result).words), client, shown(outcome.detail));
 }
 
 /// The words for the first rows, and how many others there are.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,13 @@ inline QString shown(std::string_view text) {
 
 inline std::string plain(const QString& text) {
   return text.toStdString();
+}
+
+/// The pattern with these in place of "%1" and "%2"; what is put in stays as it is.
+inline QString filled(const QString& pattern, const QString& first, const QString& second) {
+  QStringList parts = pattern.split("%1");
+  for (QString& part : parts) part.replace("%2", second);
+  return parts.join(first);
 }
 
 /// What went wrong, for the person; the details on further lines are not.

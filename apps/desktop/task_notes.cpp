@@ -28,11 +28,6 @@ constexpr ChannelWords channelWords[] = {
      QT_TRANSLATE_NOOP("QObject", "No telephone number on file")},
 };
 
-/// As the windows themselves write a day, whatever the desktop's language.
-QString longDate(DateTime day) {
-  return shown(formatDateTime(day, "dddd, mmmm d, yyyy"));
-}
-
 QString textOf(const std::optional<host::Notification>& row, const ChannelWords& words) {
   if (!row) return QObject::tr("No notification waits");
   switch (stateOf(*row)) {
@@ -61,6 +56,21 @@ WindowNotes notesAbout(const QString& subject) {
 
 }  // namespace
 
+QString longDate(DateTime day) {
+  return shown(formatDateTime(day, "dddd, mmmm d, yyyy"));
+}
+
+host::TaskLine subjectLine(host::Desk& desk, const host::Notification& row) {
+  host::TaskLine line;
+  line.client = host::clientName(desk, row);
+  line.task.name = host::itemName(desk, row);
+  host::UnreadableRows unnamed;
+  unnamed.orName([&] {
+    if (const auto task = host::findTask(desk, row.scheduleId)) line.task.dueDate = task->dueDate;
+  });
+  return line;
+}
+
 QString subjectOf(const host::TaskLine& line) {
   QStringList names{shown(line.client), shown(line.task.name)};
   names.removeAll(QString());
@@ -74,17 +84,6 @@ WindowNotes clientNotes(host::Desk&, const host::TaskLine& line) {
 }
 
 WindowNotes taskNotes(host::Desk&, const host::TaskLine& line) {
-  return notesAbout(subjectOf(line));
-}
-
-WindowNotes rowNotes(host::Desk& desk, const host::Notification& row) {
-  host::TaskLine line;
-  line.client = host::clientName(desk, row);
-  line.task.name = host::itemName(desk, row);
-  host::UnreadableRows unnamed;
-  unnamed.orName([&] {
-    if (const auto task = host::findTask(desk, row.scheduleId)) line.task.dueDate = task->dueDate;
-  });
   return notesAbout(subjectOf(line));
 }
 

@@ -6,6 +6,11 @@
 
 namespace autonotify::desktop {
 
+/// As the component's windows write a day, whatever the desktop's language.
+QString longDate(DateTime day);
+/// Of a notification: its client and what it is about, with the due date where it is a task.
+/// Throws DatabaseError.
+host::TaskLine subjectLine(host::Desk& desk, const host::Notification& row);
 /// "Maple Ridge Law Group Inc., Annual HST Return, due on Thursday, April 30, 2026"
 QString subjectOf(const host::TaskLine& line);
 
@@ -16,8 +21,6 @@ QString subjectOf(const host::TaskLine& line);
 WindowNotes clientNotes(host::Desk& desk, const host::TaskLine& line);
 /// The client, the task and its due date.
 WindowNotes taskNotes(host::Desk& desk, const host::TaskLine& line);
-/// The client and what the notification is about.
-WindowNotes rowNotes(host::Desk& desk, const host::Notification& row);
 /// The client, the task, and beside each channel when its notification goes out, or what is missing
 /// for one.
 WindowNotes channelNotes(host::Desk& desk, const host::TaskLine& line);

@@ -116,6 +116,76 @@ TEST_F(MainWindowTest, WhatAPersonWritesIsNeitherLostNorLetGoWithBadAddresses) {
   }
 }
 
+TEST_F(MainWindowTest, BesideFinishStandsWhatItDoesAndBesideTheDateWhatIsOddAboutIt) {
+  open();
+  execute("UPDATE Schedule SET DueDate='2026-04-30'");
+  const auto write = [](QDialog& composer, QLineEdit& field, const char* text) {
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+    QTest::keyClick(&composer, Qt::Key_Tab);
+    QApplication::processEvents();
+  };
+  const auto toField = [](QDialog& composer) -> QLineEdit& {
+    return *composer.findChild<QComboBox*>("cboTo")->lineEdit();
+  };
+  chooseTaskFor("scheduleEmail");
+  run(
+      "composeEmail",
+      [&](QDialog& composer) {
+        write(composer, toField(composer), "a&b@x.example; c@x.example");
+        EXPECT_EQ(read(composer, "staticFollowFinish"),
+                  "Sends it now to a&&b@x.example and 1 more");
+        EXPECT_EQ(read(composer, "staticFollowDate"), "");
+        for (auto* field : composer.findChildren<QLineEdit*>()) field->clear();
+        composer.close();
+      },
+      true);
+  const std::tuple<const char*, const char*> dates[] = {
+      {"April 14, 2026", "This day has passed."},
+      {"May 1, 2026", "This is after the due date, Thursday, April 30, 2026."},
+      {"April 15, 2026", ""},
+      {"April 30, 2026", ""}};
+  EXPECT_THAT(
+      run("scheduleEmail",
+          [&](QDialog& composer) {
+            write(composer, toField(composer), "a@x.example");
+            for (const auto& [date, oddity] : dates) {
+              write(composer, *composer.findChild<QLineEdit*>("txtNotificationField"), date);
+              EXPECT_EQ(read(composer, "staticFollowDate"), oddity);
+              EXPECT_THAT(
+                  read(composer, "staticFollowFinish"),
+                  testing::AllOf(HasSubstr("sent to a@x.example on"), testing::EndsWith(date)));
+              finish(composer);
+              EXPECT_EQ(composer.isVisible(), *oddity != 0) << date;
+              if (!composer.isVisible()) break;
+            }
+          }),
+      testing::ElementsAre(HasSubstr("has passed.  Do you"), HasSubstr("April 30, 2026.  Do")));
+}
+
+TEST_F(MainWindowTest, AddressesAreListedWithTheNamesBehindThem) {
+  open();
+  chooseTaskFor("composeEmail");
+  execute(
+      "UPDATE AccountantEmployeeInfo SET BusinessEmail='staff@x.example', PersonalEmail='', "
+      "DisplayName='Nora Pine'; UPDATE Companies SET Email='Client@x.example', CompanyName='A & "
+      "Co'; "
+      "UPDATE Contacts SET PersonalEmail='Client@x.example', BusinessEmail='', DisplayName='A & "
+      "Co'");
+  run("composeEmail", [](QDialog& composer) {
+    for (const char* name : {"cboTo", "cboCc", "cboBcc"}) {
+      QStringList spoken;
+      auto& box = *composer.findChild<QComboBox*>(name);
+      for (int row = 0; row < box.count(); ++row)
+        spoken += box.itemData(row, Qt::AccessibleTextRole).toString();
+      EXPECT_TRUE(spoken.contains("Client@x.example, A & Co")) << plain(spoken.join('|'));
+      EXPECT_TRUE(spoken.contains("staff@x.example, Nora Pine (our firm)"));
+    }
+    composer.close();
+  });
+}
+
 /// Closes the preview that comes up; `seen` is what stood on its first page.
 void closePreview(QTimer& timer, QString& seen) {
   timer.callOnTimeout([&seen] {

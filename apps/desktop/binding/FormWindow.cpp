@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
@@ -131,6 +132,15 @@ void FormWindow::startTimers() {
   for (Control* control : form_.controls()) {
     if (auto* model = dynamic_cast<Timer*>(control)) new RunningTimer(*model, this);
   }
+}
+
+// By the time that it is asked, the window has taken up what is written.
+void FormWindow::follow(AskNotes notes) {
+  following_ = std::move(notes);
+  const auto show = [this] { followNotes(*this, following_()); };
+  for (auto* field : findChildren<QLineEdit*>())
+    connect(field, &QLineEdit::textChanged, this, show, Qt::QueuedConnection);
+  show();
 }
 
 void FormWindow::begin() {

@@ -12,6 +12,7 @@
 namespace autonotify::desktop {
 
 using AskFieldNames = std::function<FieldNames()>;
+using AskNotes = std::function<WindowNotes()>;
 
 /// A window of the component on the screen, drawn by the layout of its name.
 ///
@@ -31,6 +32,8 @@ class FormWindow : public ModalWindow {
 
   /// What the close box asks first; null for nothing.
   void setGuard(std::function<bool()> mayClose) { mayClose_ = std::move(mayClose); }
+  /// Shows what `notes` says, now and whenever something is written.
+  void follow(AskNotes notes);
   /// Stops the timers too.
   void leave() override;
   void drawNow() override;
@@ -52,6 +55,7 @@ class FormWindow : public ModalWindow {
 
   Form& form_;
   std::function<bool()> mayClose_;
+  AskNotes following_;
   std::vector<std::unique_ptr<Binding>> bindings_;
 };
 

@@ -77,6 +77,8 @@ void QtFormHost::removeForm(Form& form) {
 void QtFormHost::showModal(Form& form, HostObject*) {
   auto window = std::make_unique<FormWindow>(form, topWindow(), notes_, fieldNames_);
   if (guarding_) window->setGuard(guarding_(form));
+  if (recipients_) nameRecipients(*window, recipients_);
+  if (const AskNotes notes = following_ ? following_(form) : nullptr) window->follow(notes);
   for (auto* table : window->findChildren<QTableView*>())
     if (today_) table->setProperty(todayProperty, today_());
   run(std::move(window));

@@ -9,6 +9,7 @@
 
 #include "binding/FormWindow.h"
 #include "binding/MessagePump.h"
+#include "binding/recipient_lists.h"
 #include "binding/window_notes.h"
 #include "platform/controls/FormHost.h"
 
@@ -32,8 +33,13 @@ class QtFormHost : public FormHost {
   /// Asked when a window comes up for what its close box asks first; null for nothing.
   using Guarding = std::function<std::function<bool()>(Form& form)>;
   void setGuarding(Guarding guarding) { guarding_ = std::move(guarding); }
+  /// Asked when a window comes up for the notes that follow what is written in it; null for none.
+  using Following = std::function<AskNotes(const Form& form)>;
+  void setFollowing(Following following) { following_ = std::move(following); }
   /// Asked when a window comes up that shows merge fields.
   void setFieldNames(AskFieldNames fieldNames) { fieldNames_ = std::move(fieldNames); }
+  /// Asked when a window comes up that lists addresses.
+  void setRecipients(AskRecipients recipients) { recipients_ = std::move(recipients); }
   /// Asked for the day on which the program works.
   void setToday(std::function<QDate()> today) { today_ = std::move(today); }
 
@@ -68,6 +74,8 @@ class QtFormHost : public FormHost {
   AskFieldNames fieldNames_;
   Holding holding_;
   Guarding guarding_;
+  Following following_;
+  AskRecipients recipients_;
   std::function<QDate()> today_;
   std::map<const Form*, std::shared_ptr<void>> held_;
   /// Of the program's window while that is barred.

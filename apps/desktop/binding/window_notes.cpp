@@ -14,8 +14,10 @@ void show(QLabel& label, const WindowNote& note, bool isTicked) {
   QPalette palette;
   if (!isTicked && note.isTrouble) palette.setColor(QPalette::WindowText, troubleColor(palette));
   label.setPalette(palette);
-  label.setText(isTicked ? note.tickedText : note.text);
-  if (label.buddy()) label.buddy()->setAccessibleDescription(label.text());
+  QString text = isTicked ? note.tickedText : note.text;
+  if (label.buddy()) label.buddy()->setAccessibleDescription(text);
+  // With a buddy it would underline a letter.
+  label.setText(label.buddy() ? text.replace("&", "&&") : text);
 }
 
 void show(QLabel& label, const WindowNote& note) {
@@ -57,6 +59,15 @@ void showNotes(QWidget& layout, const WindowNotes& notes) {
   }
   for (auto* button : layout.findChildren<QPushButton*>())
     if (button->property("isPrimary").toBool()) showFirst(*button);
+}
+
+void followNotes(QWidget& layout, const WindowNotes& notes) {
+  for (const auto& [name, note] : notes) {
+    auto* label = layout.findChild<QLabel*>(name);
+    if (!label) continue;
+    label->setTextFormat(Qt::PlainText);
+    show(*label, note, false);
+  }
 }
 
 }  // namespace autonotify::desktop

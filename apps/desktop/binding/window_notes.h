@@ -23,5 +23,8 @@ using WindowNotes = std::map<QString, WindowNote>;
 /// a note. The box beside a label is its buddy. A label with the property "tellsTrouble" stands
 /// out; one with "isSecondary" steps back. A button with "isPrimary" has the accent.
 void showNotes(QWidget& layout, const WindowNotes& notes);
+/// Writes notes that follow what a person writes; the names of their labels begin with
+/// "staticFollow".
+void followNotes(QWidget& layout, const WindowNotes& notes);
 
 }  // namespace autonotify::desktop

@@ -23,10 +23,6 @@ struct ComposerField {
   const char* label;
   bool isEmail = false;
 };
-constexpr const char* emailForm = "frmSendNotificationWizardEmail";
-constexpr const char* faxForm = "frmSendNotificationWizardFax";
-constexpr const char* letterForm = "frmSendNotificationWizardLetter";
-constexpr const char* phoneForm = "frmSendNotificationWizardPhone";
 /// The fields that a person writes into.
 constexpr ComposerField composerFields[] = {
     {emailForm, "cboTo", "To", true},
@@ -66,15 +62,20 @@ struct WatchedField {
 
 class ComposerGuard {
  public:
-  ComposerGuard(Form& form, MsgboxClass& messages, std::vector<WatchedField> fields)
-      : messages_(messages), fields_(std::move(fields)), date_(form.find("picNotificationDate")) {
+  ComposerGuard(Form& form, MsgboxClass& messages, std::vector<WatchedField> fields,
+                DateQuestion askOfDate)
+      : form_(form),
+        messages_(messages),
+        fields_(std::move(fields)),
+        askOfDate_(std::move(askOfDate)),
+        dateBefore_(writtenDate()) {
     if (const Control* picker = form.find("txtNotificationField"))
       fields_.push_back({&dateField, picker, contentOf(*picker)});
   }
 
   bool mayFinish() {
     return std::ranges::none_of(fields_, [&](const WatchedField& each) { return isBad(each); }) &&
-           mayEmpty();
+           mayEmpty() && mayTakeDate();
   }
 
   bool mayLeave() {
@@ -101,7 +102,8 @@ class ComposerGuard {
 
   /// What is sent at once goes as it is shown.
   bool mayEmpty() {
-    if (!date_ || !date_->isShown()) return true;
+    const auto outlook = readComposerOutlook(form_);
+    if (!outlook || outlook->isAtOnce) return true;
     return std::ranges::all_of(fields_, [&](const WatchedField& each) {
       if (!each.field->label || each.before.empty() || !contentOf(*each.control).empty())
         return true;
@@ -112,14 +114,29 @@ class ComposerGuard {
     });
   }
 
+  bool mayTakeDate() {
+    const auto outlook = readComposerOutlook(form_);
+    if (!outlook || outlook->date == dateBefore_) return true;
+    const std::string question = askOfDate_(*outlook);
+    return question.empty() || isYes(question);
+  }
+
+  DateTime writtenDate() const {
+    const auto outlook = readComposerOutlook(form_);
+    return outlook ? outlook->date : DateTime();
+  }
+
   bool isYes(const std::string& question) {
     return messages_.askQuestion(question, message_style::warning, nullptr, 0, 0, 0, 0, {}, 0) ==
            message_answer::yes;
   }
 
+  const Form& form_;
   MsgboxClass& messages_;
   std::vector<WatchedField> fields_;
-  const Control* date_;
+  DateQuestion askOfDate_;
+  /// As the window came up.
+  DateTime dateBefore_;
 };
 
 /// The button acts where `may()` allows it.
@@ -134,14 +151,15 @@ void guardButton(Form& form, const char* name, May may) {
 
 }  // namespace
 
-std::function<bool()> guardComposer(Form& form, MsgboxClass& messages) {
+std::function<bool()> guardComposer(Form& form, MsgboxClass& messages, DateQuestion askOfDate) {
   std::vector<WatchedField> fields;
   for (const ComposerField& field : composerFields)
     if (form.name() == field.form)
       if (const Control* control = form.find(field.control))
         fields.push_back({&field, control, contentOf(*control)});
   if (fields.empty()) return nullptr;
-  const auto guard = std::make_shared<ComposerGuard>(form, messages, std::move(fields));
+  const auto guard =
+      std::make_shared<ComposerGuard>(form, messages, std::move(fields), std::move(askOfDate));
   const auto mayLeave = [guard] { return guard->mayLeave(); };
   guardButton(form, "cmdFinish", [guard] { return guard->mayFinish(); });
   guardButton(form, "cmdCancel", mayLeave);

@@ -1,16 +1,22 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "contract/MsgboxClass.h"
-#include "platform/controls/Form.h"
+#include "host/desk/work/composer_outlook.h"
 
 namespace autonotify::host {
 
+/// What is to be asked about a date that a person has written, with a "yes" for going on; empty for
+/// nothing.
+using DateQuestion = std::function<std::string(const ComposerOutlook& outlook)>;
+
 /// Stands between a person and the buttons of a window in which a notification is written, once the
 /// window shows it; other windows stay as they are. Finish waits until every email address is one,
-/// and says which fields were emptied for nothing: the component stores no empty text. Cancel asks
-/// first where something was changed. Gives what the close box has to ask, null for nothing.
-std::function<bool()> guardComposer(Form& form, MsgboxClass& messages);
+/// says which fields were emptied for nothing, since the component stores no empty text, and asks
+/// what there is to ask about another date than the one it came up with. Cancel asks first where
+/// something was changed. Gives what the close box has to ask, null for nothing.
+std::function<bool()> guardComposer(Form& form, MsgboxClass& messages, DateQuestion askOfDate);
 
 }  // namespace autonotify::host
