@@ -17,10 +17,12 @@
 #include <QTime>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "binding/DateBinding.h"
 #include "host/desk/databases.h"
+#include "host/desk/rows/ScheduleKind.h"
 #include "host/desk/work/due_list.h"
 #include "host/desk/work/firm_holidays.h"
 #include "host/desk/work/guard_composer.h"
@@ -38,6 +40,20 @@ enum Page { noDatabasePage, noTaskPage, taskPage, dayPage, clientsPage };
 
 constexpr QSize firstSize(1366, 768);
 constexpr int marginOfWindow = 8;
+
+/// As many as the editor of templates offers.
+std::size_t countTemplates(host::Desk& desk) {
+  const auto kinds = host::readScheduleKinds(desk).rows;
+  return static_cast<std::size_t>(
+      std::ranges::count_if(kinds, [](const auto& kind) { return !kind.isFamily(); }));
+}
+
+QString userAndFirm(host::Desk& desk) {
+  QStringList names{shown(desk.clients().getUserNameFromID(desk.locale().getCurrentUserID())),
+                    shown(desk.clients().getCompanyNameFromClientID(clientDataOfFirm))};
+  names.removeAll(QString());
+  return names.join("  \u00b7  ") + "  \u00b7";
+}
 
 }  // namespace
 
@@ -68,8 +84,8 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
           Qt::DirectConnection);
   resize(firstSize);
   restoreGeometry(QSettings().value(geometryKey).toByteArray());
-  if (!options_.database.empty()) openDatabase(shown(options_.database));
-  updatePage();
+  const std::string database = options_.database;
+  if (database.empty() || !openDatabase(shown(database))) updatePage();
   updateCommands();
 }
 
@@ -120,8 +136,7 @@ bool MainWindow::openDatabase(const QString& place) {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   const QString fault = takeDesk(options);
   if (!fault.isEmpty() && wasOpen) takeDesk(options_);
-  goTo(place_);
-  updatePage();
+  desk_ ? goTo(place_) : updatePage();
   QApplication::restoreOverrideCursor();
   const QString name = shown(host::placeShown(plain(place)));
   if (!fault.isEmpty()) {
@@ -207,6 +222,10 @@ void MainWindow::makeStatusBar() {
   counts_ = new QLabel(this);
   counts_->setObjectName("counts");
   statusBar()->insertWidget(0, counts_);
+  user_ = new QLabel(this);
+  user_->setObjectName("user");
+  user_->setTextFormat(Qt::PlainText);
+  statusBar()->addPermanentWidget(user_);
   upToDate_ = new QLabel(this);
   statusBar()->addPermanentWidget(upToDate_);
 }
@@ -243,12 +262,14 @@ void MainWindow::showCounts() {
   try {
     day_->reload();
     const auto tasks = host::countTasks(*desk_, {});
-    const auto due = host::countDueNotifications(*desk_);
+    const auto listed = host::countListedNotifications(*desk_);
     const DateTime today = desk_->today();
     const bool hasHolidays = host::missingHolidays(*desk_, today, today).empty();
     navigation_->setBadge(Navigation::Place::tasks, tasks);
-    navigation_->setBadge(Navigation::Place::list, due);
+    navigation_->setBadge(Navigation::Place::list, listed);
     navigation_->setBadge(Navigation::Place::clients, host::countClients(*desk_));
+    navigation_->setBadge(Navigation::Place::templates, countTemplates(*desk_));
+    user_->setText(userAndFirm(*desk_));
     const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
     const QString upToDate = tr("Up to date at %1").arg(time);
     upToDate_->setText(hasHolidays

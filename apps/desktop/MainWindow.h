@@ -203,6 +203,8 @@ class MainWindow : public QMainWindow {
   std::vector<QAction*> actions_;
   QLabel* unreadable_ = nullptr;
   QLabel* counts_ = nullptr;
+  /// Who works here, and for whom.
+  QLabel* user_ = nullptr;
   QLabel* upToDate_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   bool countsAreOld_ = false;

@@ -38,7 +38,7 @@ struct DayPlace {
   Navigation::Place place;
   int channels;
 };
-constexpr DayPlace dayPlaces[] = {{Navigation::Place::today, -1},
+constexpr DayPlace dayPlaces[] = {{Navigation::Place::today, host::allChannels},
                                   {Navigation::Place::letters, nt_Letter},
                                   {Navigation::Place::faxes, nt_Fax},
                                   {Navigation::Place::calls, nt_Phone}};
@@ -46,14 +46,6 @@ constexpr DayPlace dayPlaces[] = {{Navigation::Place::today, -1},
 const DayPlace* dayPlace(Navigation::Place place) {
   const auto* found = std::ranges::find(dayPlaces, place, &DayPlace::place);
   return found == std::end(dayPlaces) ? nullptr : found;
-}
-
-/// Of what is due by the channels.
-std::size_t dueBy(int channels, const host::ChannelCounts& due) {
-  std::size_t sum = 0;
-  for (std::size_t i = 0; i < due.size(); ++i)
-    if (allNotifyTypes[i] & channels) sum += due[i];
-  return sum;
 }
 
 }  // namespace
@@ -117,7 +109,8 @@ void MainWindow::updateDay() {
                         day.overdue.count + day.today.count + day.thisWeek.count);
   for (const DayPlace& row : dayPlaces)
     if (row.place != Navigation::Place::today)
-      navigation_->setBadge(row.place, dueBy(row.channels, day.due));
+      navigation_->setBadge(row.place, host::countOf(day.overdue.byChannel, row.channels) +
+                                           host::countOf(day.today.byChannel, row.channels));
   counts_->setText(tr("%L1 waiting  \u00b7  %L2 sent today")
                        .arg(day.overdue.count + day.today.count + day.thisWeek.count)
                        .arg(day.sentToday));

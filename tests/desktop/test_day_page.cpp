@@ -59,6 +59,33 @@ class DayPageTest : public MainWindowTest {
     ADD_FAILURE() << "no row by channel " << channel;
     return noId;
   }
+  /// Of what is due; what else there is this week is in a group of its own.
+  void expectWorklistsToBeCounted() {
+    for (const Place place : {Place::letters, Place::faxes, Place::calls}) {
+      window_->goTo(place);
+      int due = 0;
+      for (const QModelIndex& line : lines()) due += line.parent().row() < 2 ? 1 : 0;
+      EXPECT_EQ(badge(place).section(", ", 1), QLocale().toString(due));
+      const QString summary = shown(read(*window_, "daySummary")).section("\u00b7  ", 1);
+      EXPECT_EQ(summary.section(" ", 0, 0).toInt() + summary.section(" ", 2, 2).toInt(), due);
+    }
+  }
+  /// Of the list of notifications, when it has been read.
+  QString titleOfList() {
+    QString title;
+    QTimer reader;
+    reader.callOnTimeout([&] {
+      auto* list = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      auto* rows = list ? list->findChild<QTableView*>("AutoNotifyFlexGrid") : nullptr;
+      if (!rows || !rows->isVisible() || rows->model()->rowCount() == 0) return;
+      reader.stop();
+      title = list->findChild<QLabel*>("lblTitle")->text();
+      list->close();
+    });
+    reader.start(5);
+    run("notifications", [](QDialog&) {});
+    return title;
+  }
   bool isSent(Id id) { return host::findNotification(*window_->desk(), id)->sent; }
 };
 
@@ -72,15 +99,50 @@ TEST_F(DayPageTest, TheFirstPageIsTheDayAndItsCountsAreThoseOfTheLists) {
   EXPECT_EQ(lines().size(), all);
   ASSERT_GT(all, 0U);
   EXPECT_EQ(badge(Place::today), QString("Today, %1").arg(all));
-  EXPECT_EQ(badge(Place::list),
-            QString("Notifications list, %1").arg(host::countDueNotifications(*window_->desk())));
-  for (const Place place : {Place::letters, Place::faxes, Place::calls}) {
-    window_->goTo(place);
-    const auto due = page().day().overdue.count + page().day().today.count;
-    std::size_t shown = 0;
-    for (const QModelIndex& line : lines()) shown += line.parent().row() < 2 ? 1 : 0;
-    EXPECT_EQ(badge(place).section(", ", 1), QString::number(shown)) << due;
+  EXPECT_GT(badge(Place::templates).section(", ", 1).toInt(), 0);
+  EXPECT_THAT(read(*window_, "user"), HasSubstr("  \u00b7  Harbour & Pine LLP"));
+  expectWorklistsToBeCounted();
+}
+
+TEST_F(DayPageTest, CountsAreThoseOfWhatOpensAlsoWhereRowsAreOdd) {
+  openDay();
+  for (const char* change :
+       {"NotificationDate='soon'", "NotificationDate=NULL",
+        "NotificationDate='2026-04-15 10:30:00'", "NotificationDate='2026-04-14 00:00:00'",
+        "CompanyIDNum=-1, ContactIDNum=-1", "DocketIDNum=-2", "NotificationSentStatus=3"}) {
+    execute("UPDATE ClientNotification SET " + std::string(change) +
+            " WHERE ClientNotificationID=(SELECT min(ClientNotificationID) FROM "
+            "ClientNotification WHERE NotificationSent=0 AND NotificationDate<='2026-04-15')");
+    trigger("refresh");
+    settle();
+    expectWorklistsToBeCounted();
+    window_->goTo(Place::today);
+    const QString title = titleOfList();
+    EXPECT_TRUE(title.contains("(" + badge(Place::list).section(", ", 1) + " entries)"))
+        << change << ": " << plain(title + ", " + badge(Place::list));
   }
+}
+
+TEST_F(DayPageTest, WhatIsNotShownIsToldAndCanBeBrought) {
+  openDay();
+  execute(
+      "WITH RECURSIVE more(n) AS (SELECT 1 UNION ALL SELECT n+1 FROM more WHERE n<1500) INSERT "
+      "INTO ClientNotification (NotificationType, NotificationDate, NotificationSent, "
+      "NotificationSentStatus) SELECT CASE n%5 WHEN 0 THEN 4 ELSE 1 END, '2026-04-01', 0, 1 FROM "
+      "more");
+  trigger("refresh");
+  settle();
+  auto& more = *window_->findChild<QPushButton*>("showMore");
+  const std::size_t all = page().day().overdue.count;
+  EXPECT_EQ(read(*window_, "rowsLeftOut").substr(0, 4), std::to_string(all - 1000) + " ");
+  window_->goTo(Place::letters);
+  EXPECT_FALSE(more.isVisible());
+  expectWorklistsToBeCounted();
+  window_->goTo(Place::today);
+  EXPECT_TRUE(more.isVisible());
+  more.click();
+  EXPECT_FALSE(more.isVisible());
+  EXPECT_EQ(view().model()->rowCount(view().model()->index(0, 0)), static_cast<int>(all));
 }
 
 TEST_F(DayPageTest, AnEmailIsSentByItsButtonAndLeavesThePage) {
@@ -202,6 +264,21 @@ TEST_F(DayPageTest, AClientsPageHasAllThatItWasToldAndWillBe) {
                 ->connection()
                 .execAndGet("SELECT count(*) FROM ClientNotification WHERE " + condition)
                 .getInt());
+}
+
+TEST_F(DayPageTest, AContactThatIsNoClientHasAHistoryToo) {
+  openDay();
+  const Id row = choose(nt_Email);
+  execute(
+      "DELETE FROM Clients; INSERT INTO Contacts (ContactID, DisplayName) VALUES (9999, 'Ida "
+      "Elm'); UPDATE ClientNotification SET CompanyIDNum=-1, ContactIDNum=9999 WHERE "
+      "ClientNotificationID=" +
+      std::to_string(row));
+  trigger("refresh");
+  settle();
+  window_->findChild<QPushButton*>("cardHistory")->click();
+  EXPECT_EQ(read(*window_, "clientTitle"), "Ida Elm");
+  EXPECT_EQ(window_->findChild<QTableView*>("told")->model()->rowCount(), 1);
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ ClientsPage::ClientsPage(QWidget* parent)
   layout->setContentsMargins(pageMargin, pageMargin / 2, pageMargin, pageMargin);
   layout->addWidget(panes);
   connect(clientTable_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-          &ClientsPage::showHistory);
+          &ClientsPage::showChosen);
 }
 
 QTableView* ClientsPage::newTable(const char* name, const QString& accessibleName,
@@ -138,14 +138,14 @@ QWidget* ClientsPage::makeHistory() {
 void ClientsPage::clear() {
   desk_ = nullptr;
   unreadable_ = {};
+  shownClient_.reset();
   clients_.show({});
   showHistory();
 }
 
 void ClientsPage::readFrom(host::Desk& desk) {
   desk_ = &desk;
-  const host::ClientLine* line = chosen();
-  const auto client = line ? std::optional(clientOf(*line)) : std::nullopt;
+  const auto client = shownClient_;
   try {
     readClients();
   } catch (const PlatformError& error) {
@@ -177,7 +177,11 @@ void ClientsPage::showClient(const host::Client& client) {
     return each.type == client.type && each.id == client.id;
   };
   const auto found = std::ranges::find_if(clients_.records(), isMeant);
-  if (found == clients_.records().end()) return;
+  shownClient_ = client;
+  if (found == clients_.records().end()) {
+    clientTable_->setCurrentIndex({});
+    return showHistory();
+  }
   const int row = static_cast<int>(found - clients_.records().begin());
   const QModelIndex index = foundClients_->mapFromSource(clients_.index(row, 0));
   clientTable_->setCurrentIndex(index);
@@ -189,13 +193,24 @@ const host::ClientLine* ClientsPage::chosen() const {
   return index.isValid() ? &clients_.at(index.row()) : nullptr;
 }
 
+void ClientsPage::showChosen() {
+  if (const host::ClientLine* line = chosen()) shownClient_ = clientOf(*line);
+  showHistory();
+}
+
+QString ClientsPage::nameOf(const host::Client& client) const {
+  if (const host::ClientLine* line = chosen()) return shown(line->name);
+  return desk_ ? shown(host::readClientCard(*desk_, client).name) : QString();
+}
+
 void ClientsPage::showHistory() {
-  const host::ClientLine* line = chosen();
+  QString name;
   std::vector<host::NotificationLine> told;
-  if (desk_ && line) {
+  if (desk_ && shownClient_) {
     try {
+      name = nameOf(*shownClient_);
       const host::NotificationQuery query{
-          .client = clientOf(*line), .descending = true, .limit = mostTold};
+          .client = *shownClient_, .descending = true, .limit = mostTold};
       unreadable_.name(host::listNotifications(
           *desk_, query, [&](const host::NotificationLine& each) { told.push_back(each); }));
     } catch (const PlatformError& error) {
@@ -205,11 +220,11 @@ void ClientsPage::showHistory() {
   const auto waiting = std::ranges::count_if(told, [](const host::NotificationLine& each) {
     return stateOf(each.row) == host::NotificationState::pending;
   });
-  title_->setText(line ? shown(line->name) : QString());
-  summary_->setText(
-      line ? tr("%Ln notifications, %L1 of them still to come", "", static_cast<int>(told.size()))
-                 .arg(waiting)
-           : tr("Choose a client to see all that it was told"));
+  title_->setText(name);
+  summary_->setText(shownClient_ ? tr("%Ln notifications, %L1 of them still to come", "",
+                                      static_cast<int>(told.size()))
+                                       .arg(waiting)
+                                 : tr("Choose a client to see all that it was told"));
   told_.show(std::move(told));
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
+#include "host/desk/work/client_card.h"
 #include "host/desk/work/notification_list.h"
 #include "host/desk/work/people_list.h"
 #include "models/RecordTable.h"
@@ -24,7 +26,7 @@ class ClientsPage : public QWidget {
   void clear();
   void setFilter(const QString& text);
   void goToFirstRow();
-  /// Goes to the client, if it is one.
+  /// Goes to the client. Of a contact that is none the notifications are shown alone.
   void showClient(const host::Client& client);
 
   /// What could not be read.
@@ -41,9 +43,13 @@ class ClientsPage : public QWidget {
   /// Of the chosen client.
   void showHistory();
   const host::ClientLine* chosen() const;
+  void showChosen();
+  QString nameOf(const host::Client& client) const;
 
   host::Desk* desk_ = nullptr;
   host::UnreadableRows unreadable_;
+  /// Whose notifications are shown.
+  std::optional<host::Client> shownClient_;
   RecordTable<host::ClientLine> clients_;
   RecordTable<host::NotificationLine> told_;
   QSortFilterProxyModel* foundClients_;

@@ -16,11 +16,6 @@ void DayFilter::setText(const QString& text) {
   invalidateFilter();
 }
 
-void DayFilter::setChannels(int channels) {
-  channels_ = channels;
-  invalidateFilter();
-}
-
 bool DayFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
   const auto& day = static_cast<const DayModel&>(*sourceModel());
   const host::DayLine* line = day.lineAt(day.index(row, 0, parent));
@@ -28,7 +23,7 @@ bool DayFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
   const auto holds = [&](const std::string& name) {
     return shown(name).contains(text_, Qt::CaseInsensitive);
   };
-  return (line->row.channel & channels_) && (holds(line->client) || holds(line->item));
+  return holds(line->client) || holds(line->item);
 }
 
 bool DayFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const {

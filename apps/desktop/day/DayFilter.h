@@ -4,8 +4,7 @@
 
 namespace autonotify::desktop {
 
-/// Rows of the day that hold a text and go by some channels, sorted within their groups. The groups
-/// stay as they are.
+/// Rows of the day that hold a text, sorted within their groups. The groups stay as they are.
 class DayFilter : public QSortFilterProxyModel {
   Q_OBJECT
 
@@ -13,19 +12,14 @@ class DayFilter : public QSortFilterProxyModel {
   explicit DayFilter(QObject* parent);
 
   void setText(const QString& text);
-  /// A bit set.
-  void setChannels(int channels);
-  bool leavesOut() const { return !text_.isEmpty() || channels_ != allOfThem; }
+  bool leavesOut() const { return !text_.isEmpty(); }
 
  protected:
   bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
   bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
  private:
-  static constexpr int allOfThem = -1;
-
   QString text_;
-  int channels_ = allOfThem;
 };
 
 }  // namespace autonotify::desktop

@@ -10,6 +10,7 @@
 #include <QStackedLayout>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "binding/DateBinding.h"
 #include "day/ClientCardView.h"
@@ -24,8 +25,9 @@
 namespace autonotify::desktop {
 namespace {
 
-/// Of each group; lists of notifications show all.
+/// Of each group, at first and then with each wish for more.
 constexpr std::size_t mostOfDayGroup = 1000;
+constexpr std::size_t timesMore = 10;
 constexpr int marginOfDay = 16;
 constexpr int bigIcon = 48;
 constexpr int sideWidth = 304;
@@ -56,7 +58,8 @@ QLabel* plainLabel(QWidget* parent, const char* name) {
 
 DayPage::DayPage(QWidget* parent)
     : QWidget(parent),
-      channels_(-1),
+      mostLines_(mostOfDayGroup),
+      channels_(host::allChannels),
       heading_(tr("Today")),
       model_(new DayModel(this)),
       rows_(new DayFilter(this)) {
@@ -79,6 +82,7 @@ DayPage::DayPage(QWidget* parent)
   centre_->addWidget(view_);
   centre_->addWidget(makeNothing());
   layout->addWidget(centre, 1);
+  layout->addWidget(makeMore());
   connect(view_, &DayView::pressed, this, &DayPage::acted);
   connect(view_, &DayView::left, this, [this] {
     if (week_) showChannels(channels_, heading_);
@@ -181,8 +185,28 @@ QWidget* DayPage::makeNothing() {
   return page;
 }
 
+QWidget* DayPage::makeMore() {
+  more_ = new QWidget(this);
+  auto* layout = new QHBoxLayout(more_);
+  layout->setContentsMargins({});
+  leftOut_ = plainLabel(more_, "rowsLeftOut");
+  auto* button = new QPushButton(tr("Show more"), more_);
+  button->setObjectName("showMore");
+  connect(button, &QPushButton::clicked, this, &DayPage::showMore);
+  layout->addWidget(leftOut_, 1);
+  layout->addWidget(button);
+  more_->hide();
+  return more_;
+}
+
+void DayPage::showMore() {
+  mostLines_ *= timesMore;
+  reload();
+}
+
 void DayPage::setDesk(host::Desk* desk) {
   desk_ = desk;
+  mostLines_ = mostOfDayGroup;
   day_ = {};
   isRead_ = false;
   week_.reset();
@@ -214,7 +238,7 @@ void DayPage::reload() {
 }
 
 void DayPage::readAll() {
-  day_ = host::readWorkingDay(*desk_, share_, mostOfDayGroup);
+  day_ = host::readWorkingDay(*desk_, share_, mostLines_, channels_);
   isRead_ = true;
   showRows();
 }
@@ -224,15 +248,19 @@ void DayPage::showRows() {
   std::vector<DayGroupShown> groups;
   if (week_) {
     const DateTime last = week_->addDays(6);
-    auto rows =
-        host::readDays(*desk_, share_, std::max(*week_, desk_->today()), last, mostOfDayGroup);
+    auto rows = host::readDays(*desk_, share_, std::max(*week_, desk_->today()), last, mostLines_,
+                               channels_);
     day_.unreadable.name(rows.unreadable);
-    groups.push_back(weekGroup(*week_, day_, std::move(rows.rows)));
+    groups.push_back(weekGroup(*week_, day_, channels_, std::move(rows.rows)));
   } else {
-    groups = dayGroups(day_, today());
+    groups = dayGroups(day_, channels_, today());
   }
-  const bool isEmpty =
-      isRead_ && !week_ && day_.overdue.count + day_.today.count + day_.thisWeek.count == 0;
+  const bool isEmpty = isRead_ && !week_ && std::ranges::all_of(groups, [](const auto& group) {
+                         return group.count == 0;
+                       });
+  const std::size_t leftOut = countLeftOut(groups);
+  more_->setVisible(leftOut > 0);
+  leftOut_->setText(tr("%L1 more wait that are neither shown nor searched here.").arg(leftOut));
   model_->show(std::move(groups), today());
   centre_->setCurrentIndex(isEmpty ? 1 : 0);
   nextOne_->setText(nextWeekText(day_));
@@ -242,16 +270,14 @@ void DayPage::showRows() {
 void DayPage::showHead() {
   title_->setText(week_ ? tr("Week of %1").arg(dayAndMonth(qtDate(*week_))) : heading_);
   const QString date = QLocale().toString(today(), QLocale::LongFormat);
-  summary_->setText(desk_ ? summaryText(date, day_) : QString());
+  summary_->setText(desk_ ? summaryText(date, day_, channels_) : QString());
 }
 
 void DayPage::showChannels(int channels, const QString& heading) {
   channels_ = channels;
   heading_ = heading;
   week_.reset();
-  rows_->setChannels(channels);
-  showRows();
-  showHead();
+  isRead_ ? reload() : showRows();
 }
 
 void DayPage::showWeek(DateTime monday) {

@@ -64,6 +64,9 @@ class DayPage : public QWidget {
 
  private:
   void makeSide();
+  /// Tells of the rows that are not shown, and brings more of them.
+  QWidget* makeMore();
+  void showMore();
   QWidget* makeHead();
   QWidget* makeShares();
   QWidget* makeNothing();
@@ -81,6 +84,8 @@ class DayPage : public QWidget {
   host::WorkingDay day_;
   bool isRead_ = false;
   host::DayShare share_ = host::DayShare::everyone;
+  /// Of each group.
+  std::size_t mostLines_;
   std::optional<DateTime> week_;
   int channels_;
   QString heading_;
@@ -94,6 +99,8 @@ class DayPage : public QWidget {
   QLabel* title_ = nullptr;
   QLabel* summary_ = nullptr;
   QLabel* nextOne_ = nullptr;
+  QWidget* more_ = nullptr;
+  QLabel* leftOut_ = nullptr;
   QButtonGroup* shares_ = nullptr;
 };
 

@@ -67,8 +67,9 @@ void WeeksCard::showDay(const host::WorkingDay& day) {
   total_->setText(tr("%L1 in 12 weeks").arg(total));
   for (const Line& line : lines_) {
     std::size_t sum = 0;
-    for (const host::WeekAhead& week : day.weeks) sum += countOf(week.counts, line.channel);
-    line.thisWeek->setText(QLocale().toString(countOf(day.weeks.front().counts, line.channel)));
+    for (const host::WeekAhead& week : day.weeks) sum += host::countOf(week.counts, line.channel);
+    line.thisWeek->setText(
+        QLocale().toString(host::countOf(day.weeks.front().counts, line.channel)));
     line.allWeeks->setText(QLocale().toString(sum));
   }
   chart_->setAccessibleName(

@@ -45,11 +45,6 @@ std::vector<WeeksSeries> weeksSeries(const QPalette& palette) {
           {nt_Phone, isDarkGround ? QColor(0x78, 0x83, 0x8b) : QColor(0x8f, 0x99, 0x9f)}};
 }
 
-std::size_t countOf(const host::ChannelCounts& counts, notifyType channel) {
-  const auto* place = std::ranges::find(allNotifyTypes, channel);
-  return counts.at(static_cast<std::size_t>(place - std::begin(allNotifyTypes)));
-}
-
 WeeksChart::WeeksChart(QWidget* parent)
     : QChartView(parent),
       series_(new QStackedBarSeries),
@@ -96,7 +91,7 @@ void WeeksChart::showDay(const host::WorkingDay& day) {
   for (std::size_t i = 0; i < std::size(stacked); ++i) {
     sets_[i]->remove(0, sets_[i]->count());
     for (const host::WeekAhead& week : weeks_)
-      sets_[i]->append(static_cast<double>(countOf(week.counts, stacked[i])));
+      sets_[i]->append(static_cast<double>(host::countOf(week.counts, stacked[i])));
   }
   for (const host::WeekAhead& week : weeks_)
     greatest = std::max(greatest, host::totalOf(week.counts));

@@ -20,8 +20,6 @@ struct WeeksSeries {
 };
 /// From the bottom of the bars upwards.
 std::vector<WeeksSeries> weeksSeries(const QPalette& palette);
-/// The counts of the channel.
-std::size_t countOf(const host::ChannelCounts& counts, notifyType channel);
 
 /// The weeks ahead as bars, a part for each channel. A bar is chosen with the mouse, or by the
 /// arrows and Enter.

@@ -10,10 +10,22 @@
 namespace autonotify::desktop {
 namespace {
 
-DayGroupShown shownGroup(const QString& name, const QString& note, const QString& noteWhenEmpty,
-                         DayTone tone, const host::DayGroup& group) {
-  return {name, note, noteWhenEmpty, tone, group.count, group.lines};
-}
+/// What of a group is the same on each day.
+struct GroupWords {
+  const char* name;
+  const char* noteWhenEmpty;
+  DayTone tone;
+  host::DayGroup host::WorkingDay::*group;
+};
+constexpr GroupWords overdueWords{QT_TRANSLATE_NOOP("QObject", "Overdue"),
+                                  QT_TRANSLATE_NOOP("QObject", "Nothing overdue"), DayTone::overdue,
+                                  &host::WorkingDay::overdue};
+constexpr GroupWords todayWords{QT_TRANSLATE_NOOP("QObject", "Today"),
+                                QT_TRANSLATE_NOOP("QObject", "Nothing today"), DayTone::today,
+                                &host::WorkingDay::today};
+constexpr GroupWords weekWords{QT_TRANSLATE_NOOP("QObject", "This week"),
+                               QT_TRANSLATE_NOOP("QObject", "Nothing more this week"),
+                               DayTone::later, &host::WorkingDay::thisWeek};
 
 /// "Wednesday to Sunday"; the day alone where there is one left.
 QString restOfWeek(QDate today) {
@@ -26,19 +38,25 @@ QString restOfWeek(QDate today) {
 
 }  // namespace
 
-std::vector<DayGroupShown> dayGroups(const host::WorkingDay& day, QDate today) {
-  return {shownGroup(QObject::tr("Overdue"), QObject::tr("the notify date has passed"),
-                     QObject::tr("Nothing overdue"), DayTone::overdue, day.overdue),
-          shownGroup(QObject::tr("Today"), longDay(today), QObject::tr("Nothing today"),
-                     DayTone::today, day.today),
-          shownGroup(QObject::tr("This week"), restOfWeek(today),
-                     QObject::tr("Nothing more this week"), DayTone::later, day.thisWeek)};
+std::vector<DayGroupShown> dayGroups(const host::WorkingDay& day, int channels, QDate today) {
+  const auto shownAs = [&](const GroupWords& words, const QString& note) {
+    const host::DayGroup& group = day.*words.group;
+    return DayGroupShown{QObject::tr(words.name),
+                         note,
+                         QObject::tr(words.noteWhenEmpty),
+                         words.tone,
+                         host::countOf(group.byChannel, channels),
+                         group.lines};
+  };
+  return {shownAs(overdueWords, QObject::tr("the notify date has passed")),
+          shownAs(todayWords, longDay(today)), shownAs(weekWords, restOfWeek(today))};
 }
 
-DayGroupShown weekGroup(DateTime monday, const host::WorkingDay& day,
+DayGroupShown weekGroup(DateTime monday, const host::WorkingDay& day, int channels,
                         std::vector<host::DayLine> lines) {
   const auto week = std::ranges::find(day.weeks, monday, &host::WeekAhead::monday);
-  const std::size_t count = week == day.weeks.end() ? lines.size() : host::totalOf(week->counts);
+  const std::size_t count =
+      week == day.weeks.end() ? lines.size() : host::countOf(week->counts, channels);
   const QString last = longDay(qtDate(monday.addDays(6)));
   return {longDay(qtDate(monday)),
           QObject::tr("to %1").arg(last),
@@ -48,12 +66,19 @@ DayGroupShown weekGroup(DateTime monday, const host::WorkingDay& day,
           std::move(lines)};
 }
 
-QString summaryText(const QString& date, const host::WorkingDay& day) {
+QString summaryText(const QString& date, const host::WorkingDay& day, int channels) {
   const QString counts = QObject::tr("%L1 overdue, %L2 today, %L3 later this week")
-                             .arg(day.overdue.count)
-                             .arg(day.today.count)
-                             .arg(day.thisWeek.count);
+                             .arg(host::countOf(day.overdue.byChannel, channels))
+                             .arg(host::countOf(day.today.byChannel, channels))
+                             .arg(host::countOf(day.thisWeek.byChannel, channels));
   return QString("%1  \u00b7  %2").arg(date, counts);
+}
+
+std::size_t countLeftOut(const std::vector<DayGroupShown>& groups) {
+  std::size_t count = 0;
+  for (const DayGroupShown& group : groups)
+    count += std::max(group.count, group.lines.size()) - group.lines.size();
+  return count;
 }
 
 QString nextWeekText(const host::WorkingDay& day) {

@@ -93,4 +93,12 @@ std::size_t countDueNotifications(Desk& desk) {
   return countRows(desk.database(), "ClientNotification WHERE " + dueCondition(desk));
 }
 
+std::size_t countListedNotifications(Desk& desk) {
+  return countRows(
+      desk.database(),
+      fmt::format("ClientNotification WHERE ClientNotification.NotificationDate<=#{}# AND "
+                  "ClientNotification.NotificationSent=False",
+                  desk.database().formatDateForSQL(desk.today())));
+}
+
 }  // namespace autonotify::host

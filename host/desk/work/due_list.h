@@ -16,6 +16,8 @@ ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
 /// What is due by one of the channels today, or by another day, by date, with its text.
 ReadableRows<Notification> readWholeDue(Desk& desk, int channels, DateTime day);
 std::size_t countDueNotifications(Desk& desk);
+/// As many as the list of notifications opens with. A date that cannot be read keeps a row from it.
+std::size_t countListedNotifications(Desk& desk);
 
 /// The condition on ClientNotification for what is due today, or by another day, for a WHERE.
 std::string dueCondition(Desk& desk);

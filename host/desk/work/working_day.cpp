@@ -10,13 +10,13 @@
 #include <unordered_set>
 
 #include "host/desk/rows/item_names.h"
+#include "host/desk/unfinished_rows.h"
 #include "host/desk/work/note_call.h"
 
 namespace autonotify::host {
 namespace {
 
 constexpr const char* notifyDay = "ClientNotification.NotificationDate";
-constexpr const char* isUnsent = "ClientNotification.NotificationSent=False";
 constexpr const char* nothing = "ClientNotification.ClientNotificationID<0";
 constexpr int daysOfWeek = 7;
 /// With more lines than these their clients are read as whole tables.
@@ -25,6 +25,23 @@ constexpr std::size_t fewLines = 256;
 DateTime mondayOf(DateTime day) {
   const int sinceMonday = (day.weekday() + 5) % daysOfWeek;
   return day.dateOnly().addDays(-sinceMonday);
+}
+
+/// Unsent, and nobody is at work on its first text.
+std::string waits() {
+  return fmt::format(
+      "ClientNotification.NotificationSent=False AND COALESCE(ClientNotification.DocketIDNum, "
+      "{})<>{}",
+      noId, unfinishedLink);
+}
+
+/// The condition for a WHERE, to be added to others.
+std::string channelCondition(int channels) {
+  std::string types;
+  for (const notifyType each : allNotifyTypes)
+    if (each & channels)
+      types += fmt::format("{}{}", types.empty() ? "" : ", ", static_cast<int>(each));
+  return fmt::format(" AND ClientNotification.NotificationType IN ({})", types);
 }
 
 std::string compared(Desk& desk, const char* sign, DateTime day) {
@@ -55,8 +72,11 @@ std::string shareCondition(Desk& desk, DayShare share) {
 /// Reads one working day.
 class DayReader {
  public:
-  DayReader(Desk& desk, DayShare share, std::size_t mostLines)
-      : desk_(desk), share_(shareCondition(desk, share)), mostLines_(mostLines) {
+  DayReader(Desk& desk, DayShare share, std::size_t mostLines, int channels)
+      : desk_(desk),
+        share_(shareCondition(desk, share)),
+        channels_(channelCondition(channels)),
+        mostLines_(mostLines) {
     for (std::size_t week = 0; week < day_.weeks.size(); ++week)
       day_.weeks[week].monday = monday_.addDays(static_cast<int>(week) * daysOfWeek);
   }
@@ -96,7 +116,7 @@ class DayReader {
         "SELECT {0}, ClientNotification.NotificationType, Count(*) AS CountOfRows FROM "
         "ClientNotification WHERE {1} AND {2}{3} GROUP BY {0}, "
         "ClientNotification.NotificationType;",
-        notifyDay, isUnsent, orNoDate(compared(desk_, "<", end), notifyDay), share_);
+        notifyDay, waits(), orNoDate(compared(desk_, "<", end), notifyDay), share_);
     forEachRow(desk_.database(), sql, [&](const Row& row) { countDay(row); });
   }
 
@@ -113,7 +133,10 @@ class DayReader {
   }
 
   void countAt(DateTime date, std::size_t channel, std::size_t count) {
-    if (DayGroup* group = groupOf(date)) group->count += count;
+    if (DayGroup* group = groupOf(date)) {
+      group->count += count;
+      group->byChannel[channel] += count;
+    }
     if (date < tomorrow_) day_.due[channel] += count;
     if (date < today_) return;
     const auto week = static_cast<std::size_t>((date.days() - monday_.days()) / daysOfWeek);
@@ -123,9 +146,9 @@ class DayReader {
   void readGroup(DayGroup& group, const std::string& days) {
     ReadableRows<DayLine> found;
     const std::string sql = fmt::format(
-        "SELECT {0} FROM ClientNotification WHERE {1} AND {2}{3} ORDER BY {4}, "
-        "ClientNotification.ClientNotificationID LIMIT {5};",
-        listedColumns(), isUnsent, days, share_, notifyDay, mostLines_);
+        "SELECT {0} FROM ClientNotification WHERE {1} AND {2}{3}{4} ORDER BY {5}, "
+        "ClientNotification.ClientNotificationID LIMIT {6};",
+        listedColumns(), waits(), days, share_, channels_, notifyDay, mostLines_);
     readRows(desk_.database(), notificationTable, sql, found,
              [](const Row& row) { return DayLine{.row = readListed(row)}; });
     day_.unreadable.name(found.unreadable);
@@ -189,6 +212,7 @@ class DayReader {
 
   Desk& desk_;
   const std::string share_;
+  const std::string channels_;
   const std::size_t mostLines_;
   const DateTime today_ = desk_.today().dateOnly();
   const DateTime tomorrow_ = today_.addDays(1);
@@ -203,13 +227,20 @@ std::size_t totalOf(const ChannelCounts& counts) {
   return std::accumulate(counts.begin(), counts.end(), std::size_t{0});
 }
 
-ReadableRows<DayLine> readDays(Desk& desk, DayShare share, DateTime first, DateTime last,
-                               std::size_t mostLines) {
-  return DayReader(desk, share, mostLines).readDays(first, last);
+std::size_t countOf(const ChannelCounts& counts, int channels) {
+  std::size_t sum = 0;
+  for (std::size_t i = 0; i < counts.size(); ++i)
+    if (allNotifyTypes[i] & channels) sum += counts[i];
+  return sum;
 }
 
-WorkingDay readWorkingDay(Desk& desk, DayShare share, std::size_t mostLines) {
-  return DayReader(desk, share, mostLines).read();
+ReadableRows<DayLine> readDays(Desk& desk, DayShare share, DateTime first, DateTime last,
+                               std::size_t mostLines, int channels) {
+  return DayReader(desk, share, mostLines, channels).readDays(first, last);
+}
+
+WorkingDay readWorkingDay(Desk& desk, DayShare share, std::size_t mostLines, int channels) {
+  return DayReader(desk, share, mostLines, channels).read();
 }
 
 }  // namespace autonotify::host

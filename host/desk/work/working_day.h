@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/desk/rows/Notification.h"
+#include "host/desk/work/due_list.h"
 
 namespace autonotify::host {
 
@@ -41,15 +42,18 @@ struct DayLine {
   DayState state = DayState::ready;
 };
 
-struct DayGroup {
-  std::size_t count = 0;
-  /// The first of them by date, as many as were asked for at most.
-  std::vector<DayLine> lines;
-};
-
 /// By channel, in the order of allNotifyTypes.
 using ChannelCounts = std::array<std::size_t, 4>;
 std::size_t totalOf(const ChannelCounts& counts);
+/// Of the channels, a bit set.
+std::size_t countOf(const ChannelCounts& counts, int channels);
+
+struct DayGroup {
+  std::size_t count = 0;
+  ChannelCounts byChannel{};
+  /// The first ones by date of the channels that were asked for, as many as were asked for at most.
+  std::vector<DayLine> lines;
+};
 
 /// A week from its Monday to its Sunday.
 struct WeekAhead {
@@ -69,11 +73,12 @@ struct WorkingDay {
   UnreadableRows unreadable;
 };
 
-// Both throw DatabaseError.
+// Both throw DatabaseError. Lines are those of the channels, a bit set; counts are of all.
 
 /// The rows from the first day to the last, by date: `mostLines` at most.
 ReadableRows<DayLine> readDays(Desk& desk, DayShare share, DateTime first, DateTime last,
-                               std::size_t mostLines);
-WorkingDay readWorkingDay(Desk& desk, DayShare share, std::size_t mostLines);
+                               std::size_t mostLines, int channels = allChannels);
+WorkingDay readWorkingDay(Desk& desk, DayShare share, std::size_t mostLines,
+                          int channels = allChannels);
 
 }  // namespace autonotify::host
