@@ -1,4 +1,4 @@
-#include "binding/recipient_lists.h"
+#include "binding/named_recipients.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
