@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "host/database/schema/caseless.h"
@@ -130,6 +132,59 @@ void readNotifications(Desk& desk, TaskLine& line, UnreadableRows& unreadable) {
   }
 }
 
+/// While it lives, looking something up does not end the walk through a list.
+class SideBySide {
+ public:
+  explicit SideBySide(Desk& desk) : desk_(desk) { desk_.database().readSideBySide(true); }
+  ~SideBySide() { desk_.database().readSideBySide(false); }
+  SideBySide(const SideBySide&) = delete;
+  SideBySide& operator=(const SideBySide&) = delete;
+
+ private:
+  Desk& desk_;
+};
+
+/// Tasks whose clients are looked up together: the names of all would cost more memory than a list.
+constexpr std::size_t taskBlock = 256;
+
+using NamesById = std::unordered_map<Id, std::string>;
+
+/// Of the tasks' clients by the link, where they have one; `sql` selects key and name.
+NamesById readNames(Desk& desk, const std::vector<Task>& tasks, Id Task::*link, const char* sql) {
+  std::vector<Id> ids;
+  for (const Task& task : tasks)
+    if (task.*link >= 0) ids.push_back(task.*link);
+  NamesById names;
+  if (ids.empty()) return names;
+  forEachRow(desk.database(), fmt::format("{} IN ({});", sql, idList(std::move(ids))),
+             [&](const Row& row) { names.emplace(row.id("LinkID"), row.text("LinkName")); });
+  return names;
+}
+
+constexpr const char* companyNamesByClient =
+    "SELECT ClientData.ClientDataID AS LinkID, Companies.CompanyName AS LinkName FROM ClientData "
+    "INNER JOIN Companies ON ClientData.CompanyIDNum = Companies.CompanyID WHERE "
+    "ClientData.ClientDataID";
+constexpr const char* contactNames =
+    "SELECT Contacts.ContactID AS LinkID, Contacts.DisplayName AS LinkName FROM Contacts WHERE "
+    "Contacts.ContactID";
+
+/// Tells the tasks of the block with their clients, and empties it.
+void tellBlock(Desk& desk, std::vector<Task>& block, UnreadableRows& unreadable,
+               const std::function<void(const Task&, const std::string& client)>& tell) {
+  const NamesById companies = readNames(desk, block, &Task::clientNum, companyNamesByClient);
+  const NamesById contacts = readNames(desk, block, &Task::contactId, contactNames);
+  for (const Task& task : block) {
+    const bool isCompany = task.clientNum >= 0;
+    const NamesById& names = isCompany ? companies : contacts;
+    const auto found = names.find(isCompany ? task.clientNum : task.contactId);
+    std::string client = found == names.end() ? std::string() : found->second;
+    if (client.empty()) unreadable.orName([&] { client = clientName(desk, task); });
+    tell(task, client);
+  }
+  block.clear();
+}
+
 }  // namespace
 
 TaskState stateOf(const TaskLine& line, DateTime today) {
@@ -175,16 +230,16 @@ ReadableRows<Task> readTasks(Desk& desk, const TaskQuery& query) {
 UnreadableRows listTasks(Desk& desk, const TaskQuery& query,
                          const std::function<void(const Task&, const std::string& client)>& tell) {
   UnreadableRows unreadable;
-  const LookupBatch batch(desk);
+  std::vector<Task> block;
+  const SideBySide reading(desk);
   forEachRow(desk.database(), selectTasks(desk, query) + ";", [&](const Row& row) {
     unreadable.orName([&] {
       const Task task = readRow(taskTable, row, readTask);
-      if (!isWithin(task, query)) return;
-      std::string client;
-      unreadable.orName([&] { client = clientName(desk, task); });
-      tell(task, client);
+      if (isWithin(task, query)) block.push_back(task);
     });
+    if (block.size() == taskBlock) tellBlock(desk, block, unreadable, tell);
   });
+  tellBlock(desk, block, unreadable, tell);
   return unreadable;
 }
 
