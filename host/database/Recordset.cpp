@@ -22,8 +22,8 @@ void requireModestTemplate(const PlanColumn& column, const Value& value) {
 
 }  // namespace
 
-Recordset::Recordset(Session& session, Statement statement, CursorMode cursor, LockMode lock)
-    : session_(session), rows_(session, std::move(statement)), lock_(lock) {
+Recordset::Recordset(Session& session, const std::string& sql, CursorMode cursor, LockMode lock)
+    : session_(session), rows_(session, sql), lock_(lock) {
   // A recordset on a whole table may have been opened only for adding: its rows wait.
   const bool mayBeForAdding =
       cursor == CursorMode::keyset && lock == LockMode::updatable && rows_.plan().isWholeTable();

@@ -26,7 +26,7 @@ namespace autonotify::host {
 /// that was saved is the current one and stands behind all others.
 class Recordset : public RecordsetObject {
  public:
-  Recordset(Session& session, Statement statement, CursorMode cursor, LockMode lock);
+  Recordset(Session& session, const std::string& sql, CursorMode cursor, LockMode lock);
 
   std::vector<std::string> columnNames() const override;
   std::vector<std::vector<Value>> allRows() override;

@@ -18,6 +18,7 @@ RecordsetDatabase::~RecordsetDatabase() {
 
 void RecordsetDatabase::close() {
   recordsets_.clear();
+  freePlaces_.clear();
   session_.clear();
   driver_.reset();
 }
@@ -39,7 +40,7 @@ Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
   if (found == recordsets_.end())
     throw DatabaseError(database_error::badHandle,
                         "No recordset is open under handle " + std::to_string(handle));
-  return *found->recordset;
+  return **found->recordset;
 }
 
 bool RecordsetDatabase::isDatabaseOpen() {
@@ -51,14 +52,24 @@ RecordsetHandle RecordsetDatabase::openRecordset(const std::string& sql, CursorM
                                                  LockMode lock, int, const std::string&, int,
                                                  bool) {
   driver();
-  auto opened = std::make_unique<Recordset>(session_, session_.plan(sql), cursor, lock);
-  recordsets_.push_back({lastHandle_ + 1, std::move(opened)});
+  Place place;
+  if (freePlaces_.empty()) {
+    place = std::make_unique<std::optional<Recordset>>();
+  } else {
+    place = std::move(freePlaces_.back());
+    freePlaces_.pop_back();
+  }
+  place->emplace(session_, sql, cursor, lock);
+  recordsets_.push_back({lastHandle_ + 1, std::move(place)});
   return ++lastHandle_;
 }
 
 void RecordsetDatabase::closeRecordset(RecordsetHandle handle) {
   recordset(handle);
-  recordsets_.erase(placeOf(handle));
+  const auto closed = placeOf(handle);
+  closed->recordset->reset();
+  if (freePlaces_.size() < mostFreePlaces) freePlaces_.push_back(std::move(closed->recordset));
+  recordsets_.erase(closed);
 }
 
 int RecordsetDatabase::getRecordCount(RecordsetHandle handle) {

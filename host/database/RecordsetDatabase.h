@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -87,10 +89,13 @@ class RecordsetDatabase : public DatabaseReference {
   Driver& driver();
 
  private:
+  /// A recordset's place in memory, which outlives it.
+  using Place = std::unique_ptr<std::optional<Recordset>>;
   struct Open {
     RecordsetHandle handle;
-    std::unique_ptr<Recordset> recordset;
+    Place recordset;
   };
+  static constexpr std::size_t mostFreePlaces = 16;
 
   /// Where the handle stands, or the end.
   std::vector<Open>::iterator placeOf(RecordsetHandle handle);
@@ -99,6 +104,7 @@ class RecordsetDatabase : public DatabaseReference {
   std::unique_ptr<Driver> driver_;
   Session session_;
   std::vector<Open> recordsets_;  // by handle; the last is asked for most
+  std::vector<Place> freePlaces_;
   RecordsetHandle lastHandle_ = 0;
   std::function<void()> gate_;
   WriteWatch watch_;

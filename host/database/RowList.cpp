@@ -5,15 +5,17 @@
 
 namespace autonotify::host {
 
-RowList::RowList(Session& session, Statement statement)
+RowList::RowList(Session& session, const std::string& sql)
     : session_(session),
-      plan_(std::move(statement.plan)),
-      parameters_(std::move(statement.parameters)) {}
+      memory_(session.takeMemory()),
+      plan_(session.plan(sql, memory_->parameters)) {}
 
 RowList::~RowList() {
-  if (!started_ || complete_) return;
-  rows_->statement->reset();
-  session_.end(*this);
+  if (started_ && !complete_) {
+    rows_->statement->reset();
+    session_.end(*this);
+  }
+  session_.giveBack(std::move(memory_));
 }
 
 bool RowList::has(std::size_t row) {
@@ -35,16 +37,17 @@ void RowList::start() {
   rows_ = plan_->rows();
   session_.begin(*this, *rows_);
   started_ = true;
-  rows_->statement->execute(*parameters_);
+  rows_->statement->execute(memory_->parameters);
   plan_->describe();
+  if (!plan_->isKeyed()) startBuffer(0, *rows_);
 }
 
 // After a failure the whole execution begins anew, so that the caller may try again.
 void RowList::forget() noexcept {
   if (started_) rows_->statement->reset();
   session_.end(*this);
-  keys_.clear();
-  buffer_.clear();
+  memory_->keys.clear();
+  memory_->buffer.start(0, 0);
   known_ = 0;
   started_ = standsOnRow_ = false;
 }
@@ -59,7 +62,7 @@ void RowList::step() try {
     if (plan_->isKeyed())
       standsOnRow_ = true;
     else
-      buffer_.push_back(valuesOf(*rows_));
+      appendValues();
     ++known_;
   } else {
     complete_ = true;
@@ -81,7 +84,7 @@ Id RowList::liveKey(int table) const {
 
 void RowList::leaveRow() {
   for (std::size_t table = 0; table < plan_->tables().size(); ++table)
-    keys_.push_back(liveKey(static_cast<int>(table)));
+    memory_->keys.push_back(liveKey(static_cast<int>(table)));
   standsOnRow_ = false;
 }
 
@@ -93,33 +96,38 @@ void RowList::drain(std::size_t valuesToKeep) {
   if (complete_) return;
   if (plan_->isKeyed() && valuesToKeep > 0) {
     if (!standsOnRow_) has(known_);
-    if (standsOnRow_) startBuffer(known_ - 1);
-    for (; standsOnRow_ && buffer_.size() < valuesToKeep; step())
-      buffer_.push_back(valuesOf(*rows_));
+    if (standsOnRow_) startBuffer(known_ - 1, *rows_);
+    for (; standsOnRow_ && memory_->buffer.size() < valuesToKeep; step()) appendValues();
   }
   has(firstAdded - 1);
 }
 
-void RowList::startBuffer(std::size_t row) {
-  buffer_.clear();
-  bufferFirst_ = row;
+void RowList::startBuffer(std::size_t row, const RowStatement& rows) {
+  memory_->buffer.start(row, widthOf(rows));
   bufferVersion_ = session_.version();
 }
 
-RowList::Values RowList::valuesOf(const RowStatement& rows) const {
-  Values values;
-  values.reserve(plan_->kept().size());
-  for (const int column : plan_->kept()) {
-    const int place = rows.place(column);
-    if (place < 0) break;
-    values.push_back(
-        rows.statement->value(place, plan_->columns()[static_cast<std::size_t>(column)].origin));
+/// As many of the kept columns as the statement gives.
+std::size_t RowList::widthOf(const RowStatement& rows) const {
+  const std::vector<int>& kept = plan_->kept();
+  const auto isGiven = [&](int column) { return rows.place(column) >= 0; };
+  return static_cast<std::size_t>(std::ranges::find_if_not(kept, isGiven) - kept.begin());
+}
+
+void RowList::appendValues() {
+  memory_->buffer.append([&](Value* values) { writeValues(*rows_, values); });
+}
+
+void RowList::writeValues(const RowStatement& rows, Value* values) const {
+  for (std::size_t i = 0; i < memory_->buffer.width(); ++i) {
+    const int column = plan_->kept()[i];
+    values[i] = rows.statement->value(rows.place(column),
+                                      plan_->columns()[static_cast<std::size_t>(column)].origin);
   }
-  return values;
 }
 
 bool RowList::isHeld(std::size_t row) const {
-  return row >= bufferFirst_ && row - bufferFirst_ < buffer_.size() && isFresh();
+  return memory_->buffer.has(row) && isFresh();
 }
 
 bool RowList::isFresh() const {
@@ -132,53 +140,60 @@ bool RowList::isFresh() const {
 Id RowList::key(std::size_t row, int table) const {
   if (row >= firstAdded) return added_[row - firstAdded];
   if (isLive(row)) return liveKey(table);
-  return keys_[row * plan_->tables().size() + static_cast<std::size_t>(table)];
+  return memory_->keys[row * plan_->tables().size() + static_cast<std::size_t>(table)];
 }
 
 /// Walks take ever more rows at a time. Where something was written, or another row is wanted, the
 /// next ones may not be.
 std::size_t RowList::rowsToRead(std::size_t row) const {
   constexpr std::size_t growth = 4;
-  const bool goesOn = !isLive(row) && row == bufferFirst_ + buffer_.size() && isFresh();
+  const RowBuffer& buffer = memory_->buffer;
+  const bool goesOn = !isLive(row) && row == buffer.end() && isFresh();
   if (!goesOn || !plan_->hasBlocks()) return 1;
-  const std::size_t rows = std::clamp<std::size_t>(buffer_.size() * growth, 1, bufferLimit);
+  const std::size_t rows = std::clamp<std::size_t>(buffer.size() * growth, 1, bufferLimit);
   return std::min(rows, keysFrom(row).size());
 }
 
 /// Of a single table, the keys of all rows that follow and have been passed.
 std::span<const Id> RowList::keysFrom(std::size_t row) const {
   return row >= firstAdded ? std::span(added_).subspan(row - firstAdded)
-                           : std::span(keys_).subspan(row);
+                           : std::span(memory_->keys).subspan(row);
 }
 
-void RowList::readAgain(std::size_t row) {
-  std::vector<std::optional<Values>> block(rowsToRead(row));
-  const bool isOne = block.size() == 1;
+void RowList::readAgain(std::size_t row) try {
+  const std::size_t count = rowsToRead(row);
+  const RowStatement& rows = count == 1 ? plan_->rowByKeys() : plan_->blockByKeys();
   const std::span<const Id> wanted =
-      isOne ? std::span<const Id>() : keysFrom(row).first(block.size());
-  std::vector<Value> keys(wanted.begin(), wanted.end());
-  if (isOne) {
-    for (std::size_t table = 0; table < plan_->tables().size(); ++table)
-      keys.emplace_back(key(row, static_cast<int>(table)));
-  } else {
-    keys.resize(Plan::blockRows, wanted.back());
-  }
-  const RowStatement& rows = isOne ? plan_->rowByKeys() : plan_->blockByKeys();
-  rows.statement->execute(keys);
-  for (std::size_t left = block.size(); left > 0 && rows.statement->step(); --left) {
+      count == 1 ? std::span<const Id>() : keysFrom(row).first(count);
+  rows.statement->execute(keysToRead(row, wanted));
+  startBuffer(row, rows);
+  memory_->buffer.add(count);
+  for (std::size_t left = count; left > 0 && rows.statement->step(); --left) {
     const auto place =
         std::find(wanted.begin(), wanted.end(), rows.statement->key(rows.keyPlace(0)));
-    block[static_cast<std::size_t>(place - wanted.begin())] = valuesOf(rows);
+    memory_->buffer.put(row + static_cast<std::size_t>(place - wanted.begin()),
+                        [&](Value* values) { writeValues(rows, values); });
   }
   rows.statement->reset();
-  startBuffer(row);
-  buffer_ = std::move(block);
+} catch (...) {
+  memory_->buffer.start(row, 0);
+  throw;
 }
 
-const RowList::Values* RowList::held(std::size_t row) {
+/// The keys of one row, or those of a block.
+std::vector<Value> RowList::keysToRead(std::size_t row, std::span<const Id> block) const {
+  std::vector<Value> keys(block.begin(), block.end());
+  if (!block.empty()) keys.resize(Plan::blockRows, block.back());
+  if (block.empty())
+    for (std::size_t table = 0; table < plan_->tables().size(); ++table)
+      keys.emplace_back(key(row, static_cast<int>(table)));
+  return keys;
+}
+
+/// Sees to it that the values kept of the row are in the buffer. False when it has been deleted.
+bool RowList::hold(std::size_t row) {
   if (!isHeld(row)) readAgain(row);
-  const std::optional<Values>& values = buffer_[row - bufferFirst_];
-  return values ? &*values : nullptr;
+  return memory_->buffer.isThere(row);
 }
 
 std::optional<Value> RowList::value(std::size_t row, int column) {
@@ -188,12 +203,9 @@ std::optional<Value> RowList::value(std::size_t row, int column) {
     return rows_->statement->value(rows_->place(column), described.origin);
   plan_->keep(column);
   const auto place = static_cast<std::size_t>(described.keptAt);
-  const Values* values = held(row);
-  if (values && values->size() <= place) {
-    readAgain(row);
-    values = held(row);
-  }
-  return values ? std::optional((*values)[place]) : std::nullopt;
+  if (hold(row) && memory_->buffer.width() <= place) readAgain(row);
+  if (!hold(row)) return std::nullopt;
+  return memory_->buffer.value(row, place);
 }
 
 }  // namespace autonotify::host

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "host/database/Session.h"
@@ -23,7 +24,7 @@ class RowList : private LiveRows {
  public:
   static constexpr std::size_t firstAdded = std::size_t{1} << 40;
 
-  RowList(Session& session, Statement statement);
+  RowList(Session& session, const std::string& sql);
   ~RowList() override;
   RowList(const RowList&) = delete;
   RowList& operator=(const RowList&) = delete;
@@ -42,7 +43,7 @@ class RowList : private LiveRows {
   std::size_t count();
 
   /// False when the row has been deleted. Requires: has(row).
-  bool exists(std::size_t row) { return isLive(row) || held(row); }
+  bool exists(std::size_t row) { return isLive(row) || hold(row); }
   /// Nothing when the row has been deleted. Requires: has(row).
   std::optional<Value> value(std::size_t row, int column);
   /// The key of the row in plan().tables()[table]. Requires: has(row), and the plan is keyed.
@@ -55,7 +56,6 @@ class RowList : private LiveRows {
   }
 
  private:
-  using Values = std::vector<Value>;
   static constexpr std::size_t bufferLimit = Plan::blockRows;
 
   void settle(Settle how) override;
@@ -69,27 +69,27 @@ class RowList : private LiveRows {
   bool isLive(std::size_t row) const { return standsOnRow_ && row + 1 == known_; }
   bool isHeld(std::size_t row) const;
   bool isFresh() const;
-  /// The values kept of the row, read again where it must be; nothing when it has been deleted.
-  const Values* held(std::size_t row);
+  bool hold(std::size_t row);
   std::size_t rowsToRead(std::size_t row) const;
   std::span<const Id> keysFrom(std::size_t row) const;
+  std::vector<Value> keysToRead(std::size_t row, std::span<const Id> block) const;
   void readAgain(std::size_t row);
-  Values valuesOf(const RowStatement& rows) const;
-  void startBuffer(std::size_t row);
+  std::size_t widthOf(const RowStatement& rows) const;
+  void appendValues();
+  void writeValues(const RowStatement& rows, Value* values) const;
+  void startBuffer(std::size_t row, const RowStatement& rows);
 
   Session& session_;
+  /// Keys are of all tables, row after row, up to the one that the statement is on. The buffer has
+  /// of each row the first columns of Plan::kept; rows that are not there have been deleted.
+  std::unique_ptr<RowMemory> memory_;
   std::shared_ptr<Plan> plan_;
-  std::shared_ptr<const std::vector<Value>> parameters_;
   std::shared_ptr<RowStatement> rows_;  // once started
-  std::vector<Id> keys_;  // of all tables, row after row, up to the one that the statement is on
   std::vector<Id> added_;
   std::size_t known_ = 0;
   bool started_ = false;
   bool complete_ = false;
   bool standsOnRow_ = false;
-  std::size_t bufferFirst_ = 0;
-  /// From bufferFirst_ on; of each row the first columns of Plan::kept, of one deleted nothing.
-  std::vector<std::optional<Values>> buffer_;
   std::uint64_t bufferVersion_ = 0;
 };
 

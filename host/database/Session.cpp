@@ -26,45 +26,42 @@ std::size_t sampledHash(std::string_view text) {
   return hash;
 }
 
-/// Puts another value in the place of the last one, beside whoever still holds the old ones.
-void replaceLast(std::shared_ptr<std::vector<Value>>& values, Value value) {
-  if (values->back() == value) return;
-  if (values.use_count() > 1) values = std::make_shared<std::vector<Value>>(*values);
-  values->back() = std::move(value);
-}
-
 }  // namespace
 
-Statement Session::plan(const std::string& sql) {
-  if (sql.size() > longestRecent) return planOf(sql).statement;
+std::shared_ptr<Plan> Session::plan(const std::string& sql, std::vector<Value>& parameters) {
+  if (sql.size() > longestRecent) return planOf(sql, parameters).plan;
   const std::optional<Token> literal = lastLiteral(sql);
   const std::string_view text = sql;
   const std::string_view before = text.substr(0, literal ? literal->begin : text.size());
   const std::string_view behind = text.substr(literal ? literal->end : text.size());
   Recent& recent = recent_[sampledHash(before) % recent_.size()];
-  if (recent.statement.plan && recent.before == before && recent.behind == behind) {
+  if (recent.plan && recent.before == before && recent.behind == behind) {
     std::optional<Value> value = literal ? literalValue(*literal) : std::nullopt;
-    if (value) replaceLast(recent.statement.parameters, std::move(*value));
-    if (value || !literal) return recent.statement;
+    if (value || !literal) {
+      parameters.assign(recent.parameters.begin(), recent.parameters.end());
+      if (value) parameters.push_back(std::move(*value));
+      return recent.plan;
+    }
   }
-  Planned planned = planOf(sql);
-  if (planned.literalsAreParameters)
-    recent = {std::string(before), std::string(behind), planned.statement};
-  return std::move(planned.statement);
+  Planned planned = planOf(sql, parameters);
+  if (planned.literalsAreParameters) {
+    const auto last = parameters.end() - (literal ? 1 : 0);
+    recent = {std::string(before), std::string(behind), planned.plan, {parameters.begin(), last}};
+  }
+  return std::move(planned.plan);
 }
 
-Session::Planned Session::planOf(const std::string& sql) {
-  auto parameters = std::make_shared<std::vector<Value>>();
-  const bool hasSkeleton = splitLiterals(sql, skeleton_, *parameters);
+Session::Planned Session::planOf(const std::string& sql, std::vector<Value>& parameters) {
+  const bool hasSkeleton = splitLiterals(sql, skeleton_, parameters);
   if (const auto* known = hasSkeleton ? plansBySkeleton_.find(skeleton_) : nullptr)
-    return {{*known, std::move(parameters)}, true};
+    return {*known, true};
   Translation translation = translate(sql, driver_.engine());
   std::shared_ptr<Plan> plan =
       plans_.get(translation.sql, [&] { return std::make_shared<Plan>(driver_, translation); });
   const bool isWhole = hasSkeleton && translation.literalsAreParameters;
   if (isWhole) plansBySkeleton_.get(skeleton_, [&] { return plan; });
-  *parameters = std::move(translation.parameters);
-  return {{std::move(plan), std::move(parameters)}, isWhole};
+  parameters = std::move(translation.parameters);
+  return {std::move(plan), isWhole};
 }
 
 // Whatever is settled has ended, also where that failed.

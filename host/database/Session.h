@@ -12,6 +12,7 @@
 #include "host/database/Driver.h"
 #include "host/database/LruCache.h"
 #include "host/database/Plan.h"
+#include "host/database/RowMemory.h"
 
 namespace autonotify::host {
 
@@ -29,14 +30,8 @@ class LiveRows {
   virtual void settle(Settle how) = 0;
 };
 
-/// A statement as it was asked for: its plan and the values of its literals.
-struct Statement {
-  std::shared_ptr<Plan> plan;
-  std::shared_ptr<std::vector<Value>> parameters;
-};
-
-/// What the recordsets of one connection share: the driver, statements kept by their text, and what
-/// has been written.
+/// What the recordsets of one connection share: the driver, statements kept by their text, what has
+/// been written, and memory.
 ///
 /// A statement that is under way is settled before anything is written and before the next one
 /// begins: rows are never read from a statement that sees later writes, and no connection reads an
@@ -50,8 +45,8 @@ class Session {
         plansBySkeleton_(planCapacity),
         inserts_(planCapacity) {}
 
-  /// Translates and plans.
-  Statement plan(const std::string& sql);
+  /// The plan of a statement; the values of its literals go to `parameters`, which is empty.
+  std::shared_ptr<Plan> plan(const std::string& sql, std::vector<Value>& parameters);
 
   /// Statements that begin from now on do not settle each other, or do so again.
   void readSideBySide(bool sideBySide) noexcept {
@@ -82,6 +77,12 @@ class Session {
   void insertRow(const TableDef& table, std::span<const ColumnDef* const> columns,
                  const std::vector<Value>& values);
 
+  /// Memory that holds nothing.
+  std::unique_ptr<RowMemory> takeMemory() { return memories_.take(); }
+  void giveBack(std::unique_ptr<RowMemory> memory) noexcept {
+    memories_.giveBack(std::move(memory));
+  }
+
   /// Forgets all statements; no recordset may be left.
   void clear();
 
@@ -93,10 +94,11 @@ class Session {
   struct Recent {
     std::string before;
     std::string behind;
-    Statement statement;
+    std::shared_ptr<Plan> plan;
+    std::vector<Value> parameters;  // but for that of the last literal
   };
   struct Planned {
-    Statement statement;
+    std::shared_ptr<Plan> plan;
     bool literalsAreParameters;
   };
 
@@ -105,7 +107,7 @@ class Session {
     const RowStatement* statement;
   };
 
-  Planned planOf(const std::string& sql);
+  Planned planOf(const std::string& sql, std::vector<Value>& parameters);
   Prepared prepareInsert(const TableDef& table, std::span<const ColumnDef* const> columns);
   void settleAll(Settle how);
   int write(const TableDef& table, DriverStatement& statement, const std::vector<Value>& values);
@@ -123,6 +125,7 @@ class Session {
   std::unordered_map<const TableDef*, std::uint64_t> written_;
   std::uint64_t version_ = 0;
   std::vector<Live> live_;
+  SpareRowMemory memories_;
   bool isSideBySide_ = false;
   bool mayStay_ = false;  // what is under way, when the next statement begins
 };
