@@ -58,6 +58,18 @@ constexpr auto endsLiteral = [] {
   return result;
 }();
 
+/// The place behind the last character before `end` that may end a literal; `from` without one.
+/// Most are letters: four are looked at in a turn.
+std::size_t literalEnd(std::string_view sql, std::size_t from, std::size_t end) {
+  const auto ends = [&](std::size_t at) {
+    return endsLiteral[static_cast<unsigned char>(sql[at])];
+  };
+  while (end >= from + 4 && !(ends(end - 1) | ends(end - 2) | ends(end - 3) | ends(end - 4)))
+    end -= 4;
+  while (end > from && !ends(end - 1)) --end;
+  return end;
+}
+
 }  // namespace
 
 std::optional<Value> literalValue(const Token& literal) {
@@ -92,9 +104,10 @@ bool splitLiterals(std::string_view sql, std::string& skeleton, std::vector<Valu
 
 std::optional<Token> lastLiteral(std::string_view sql) {
   const std::size_t from = sql.size() > longestRest ? sql.size() - longestRest : 1;
-  for (std::size_t end = sql.size(); end > from; --end) {
+  for (std::size_t end = sql.size(); end > from;) {
+    end = literalEnd(sql, from, end);
+    if (end == from) break;
     const char last = sql[end - 1];
-    if (!endsLiteral[static_cast<unsigned char>(last)]) continue;
     if (last == '\'') return std::nullopt;
     std::size_t begin = end - 1;
     if (last == '#') {
@@ -105,7 +118,7 @@ std::optional<Token> lastLiteral(std::string_view sql) {
     while (begin > 0 && isDigit(sql[begin - 1])) --begin;
     if (begin > 0 && !mayEndName(sql[begin - 1]))
       return tokenAt(sql, TokenKind::number, begin, end);
-    end = begin + 1;
+    end = begin;
   }
   return std::nullopt;
 }
