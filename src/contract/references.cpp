@@ -7,6 +7,9 @@
 namespace autonotify {
 namespace {
 
+/// Ready before the program begins: it is asked for at every host call.
+constinit References heldReferences;
+
 template <class Pointer>
 auto& require(Pointer& reference, const char* name) {
   if (!reference) throw PlatformError(error_number::objectNotSet, "Object variable not set", name);
@@ -16,8 +19,7 @@ auto& require(Pointer& reference, const char* name) {
 }  // namespace
 
 References& references() {
-  static References held;
-  return held;
+  return heldReferences;
 }
 
 DatabaseReference& database() {
