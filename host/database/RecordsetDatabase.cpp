@@ -10,7 +10,9 @@
 namespace autonotify::host {
 
 RecordsetDatabase::RecordsetDatabase(std::unique_ptr<Driver> driver)
-    : driver_(std::move(driver)), session_(*driver_) {}
+    : driver_(std::move(driver)), session_(*driver_) {
+  freePlaces_.reserve(mostFreePlaces);  // closing needs no memory
+}
 
 RecordsetDatabase::~RecordsetDatabase() {
   RecordsetDatabase::close();
@@ -35,12 +37,11 @@ std::vector<RecordsetDatabase::Open>::iterator RecordsetDatabase::placeOf(Record
 }
 
 Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
-  driver();
   const auto found = placeOf(handle);
-  if (found == recordsets_.end())
-    throw DatabaseError(database_error::badHandle,
-                        "No recordset is open under handle " + std::to_string(handle));
-  return **found->recordset;
+  if (found != recordsets_.end()) return **found->recordset;
+  driver();
+  throw DatabaseError(database_error::badHandle,
+                      "No recordset is open under handle " + std::to_string(handle));
 }
 
 bool RecordsetDatabase::isDatabaseOpen() {
