@@ -167,6 +167,21 @@ TEST_F(Grids, SortByTwoKeysAndLeaveEqualRowsInTheirOrder) {
   EXPECT_EQ(form.order(), sorted + "last ");
 }
 
+TEST_F(Grids, TellATextOfDigitsFromTheNumber) {
+  const CellValue number(2'000'000'000);
+  const CellValue digits("2000000000");
+  const std::pair<CellValue, CellValue> cells[] = {
+      {number, number}, {digits, digits}, {number, digits}, {number, number}};
+  for (const auto& [text, sortValue] : cells) {
+    const int row = grid.AddItem();
+    grid.put_CellText(row, 0, Id{row});
+    grid.put_CellText(row, 1, text);
+    grid.put_CellSortValue(row, 1, sortValue);
+  }
+  grid.sort({1, 1}, noKey);
+  EXPECT_EQ(form.order(), "0 3 1 2 ") << "numbers come before texts";
+}
+
 TEST_F(Grids, StandWhateverAReactionDoesToThem) {
   using Upheaval = void (*)(Grid&);
   const Upheaval upheavals[] = {
