@@ -1,6 +1,7 @@
 #include "MailProgramSender.h"
 
 #include <QDesktopServices>
+#include <QObject>
 
 #include "host/mail/addresses.h"
 #include "host/mail/mail_message.h"

@@ -1,5 +1,5 @@
 // Takes the pictures of the documentation. Usage: desktop_pictures [--dark] DATABASE FOLDER
-// With --dark in dark colours, and each with "-dark" in its name; in the language of the environment.
+// With --dark in dark colours, and each with "-dark" in its name; in the language of the session.
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
