@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/DateTime.h"
 
@@ -13,6 +15,27 @@ namespace autonotify {
 /// as the first letters after `h` or `hh` means minutes. Names are English. "\" makes the next
 /// character literal, quotes enclose literal text; all other characters stand for themselves.
 std::string formatDateTime(DateTime moment, std::string_view pattern);
+
+/// A pattern of formatDateTime that is read once, for many moments.
+class DateFormat {
+ public:
+  explicit DateFormat(std::string_view pattern);
+  std::string text(DateTime moment) const;
+
+  struct Moment;
+
+ private:
+  /// What is written for a part of the pattern.
+  struct Piece {
+    void (*write)(const Moment& moment, std::string_view letters, std::string& text);
+    std::size_t begin;
+    std::size_t end;
+  };
+
+  std::string pattern_;
+  bool hasHalves_;
+  std::vector<Piece> pieces_;
+};
 
 /// The number in a pattern of `0`, `#`, `.`, `,` (thousands) and literal characters, with an
 /// optional second section after `;` for negative numbers (which then get no sign of their own).

@@ -7,77 +7,91 @@
 #include "platform/text.h"
 
 namespace autonotify {
+
+/// A moment taken apart as far as patterns ask for it.
+struct DateFormat::Moment {
+  DateTime time;
+  std::chrono::year_month_day date;
+  bool hasHalves;  ///< the day has two halves of twelve hours
+};
+
 namespace {
 
 constexpr std::string_view halfOfDay = "am/pm";
 
-struct Context {
-  DateTime moment;
-  std::chrono::year_month_day date;
-  std::string_view pattern;
-  std::string& text;
+using Moment = DateFormat::Moment;
 
-  void write(std::string_view name) const { text += name; }
-  void write(int number) const {
-    char digits[16];
-    text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
-  }
-  void writeTwoDigits(int number) const {
-    if (number >= 0 && number < 10) text += '0';
-    write(number);
-  }
-};
-
-std::string_view weekdayName(const Context& c) {
-  return weekdayNames[static_cast<std::size_t>(c.moment.weekday() - 1)];
+void write(std::string& text, int number) {
+  char digits[16];
+  text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
 }
-std::string_view monthName(const Context& c) {
-  return monthNames[static_cast<unsigned>(c.date.month()) - 1];
+void writeTwoDigits(std::string& text, int number) {
+  if (number >= 0 && number < 10) text += '0';
+  write(text, number);
+}
+
+std::string_view weekdayName(const Moment& m) {
+  return weekdayNames[static_cast<std::size_t>(m.time.weekday() - 1)];
+}
+std::string_view monthName(const Moment& m) {
+  return monthNames[static_cast<unsigned>(m.date.month()) - 1];
 }
 std::string_view shortened(std::string_view name) {
   return name.substr(0, shortNameLength);
 }
 
-int day(const Context& c) {
-  return static_cast<int>(static_cast<unsigned>(c.date.day()));
+int day(const Moment& m) {
+  return static_cast<int>(static_cast<unsigned>(m.date.day()));
 }
-int month(const Context& c) {
-  return static_cast<int>(static_cast<unsigned>(c.date.month()));
+int month(const Moment& m) {
+  return static_cast<int>(static_cast<unsigned>(m.date.month()));
 }
-int year(const Context& c) {
-  return static_cast<int>(c.date.year());
+int year(const Moment& m) {
+  return static_cast<int>(m.date.year());
 }
-int hour(const Context& c) {
-  const bool twelveHours = findIgnoreCase(c.pattern, halfOfDay) != std::string_view::npos;
-  return twelveHours ? (c.moment.hour() + 11) % 12 + 1 : c.moment.hour();
+int hour(const Moment& m) {
+  return m.hasHalves ? (m.time.hour() + 11) % 12 + 1 : m.time.hour();
 }
+
+/// How the letters of a pattern are written.
+using Write = void (*)(const Moment& moment, std::string_view letters, std::string& text);
 
 struct Field {
   char letter;
   /// How often the letter stands there.
   std::size_t length;
-  void (*write)(const Context&);
+  Write write;
 };
 
 // Of two fields of one letter the longer one stands first.
+using Letters = std::string_view;
+using Text = std::string;
 constexpr Field fields[] = {
-    {'d', 4, [](const Context& c) { c.write(weekdayName(c)); }},
-    {'d', 3, [](const Context& c) { c.write(shortened(weekdayName(c))); }},
-    {'d', 2, [](const Context& c) { c.writeTwoDigits(day(c)); }},
-    {'d', 1, [](const Context& c) { c.write(day(c)); }},
-    {'m', 4, [](const Context& c) { c.write(monthName(c)); }},
-    {'m', 3, [](const Context& c) { c.write(shortened(monthName(c))); }},
-    {'m', 2, [](const Context& c) { c.writeTwoDigits(month(c)); }},
-    {'m', 1, [](const Context& c) { c.write(month(c)); }},
-    {'y', 4, [](const Context& c) { c.write(year(c)); }},
-    {'y', 2, [](const Context& c) { c.writeTwoDigits(year(c) % 100); }},
-    {'h', 2, [](const Context& c) { c.writeTwoDigits(hour(c)); }},
-    {'h', 1, [](const Context& c) { c.write(hour(c)); }},
-    {'n', 2, [](const Context& c) { c.writeTwoDigits(c.moment.minute()); }},
-    {'n', 1, [](const Context& c) { c.write(c.moment.minute()); }},
-    {'s', 2, [](const Context& c) { c.writeTwoDigits(c.moment.second()); }},
-    {'s', 1, [](const Context& c) { c.write(c.moment.second()); }},
+    {'d', 4, [](const Moment& m, Letters, Text& text) { text += weekdayName(m); }},
+    {'d', 3, [](const Moment& m, Letters, Text& text) { text += shortened(weekdayName(m)); }},
+    {'d', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, day(m)); }},
+    {'d', 1, [](const Moment& m, Letters, Text& text) { write(text, day(m)); }},
+    {'m', 4, [](const Moment& m, Letters, Text& text) { text += monthName(m); }},
+    {'m', 3, [](const Moment& m, Letters, Text& text) { text += shortened(monthName(m)); }},
+    {'m', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, month(m)); }},
+    {'m', 1, [](const Moment& m, Letters, Text& text) { write(text, month(m)); }},
+    {'y', 4, [](const Moment& m, Letters, Text& text) { write(text, year(m)); }},
+    {'y', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, year(m) % 100); }},
+    {'h', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, hour(m)); }},
+    {'h', 1, [](const Moment& m, Letters, Text& text) { write(text, hour(m)); }},
+    {'n', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, m.time.minute()); }},
+    {'n', 1, [](const Moment& m, Letters, Text& text) { write(text, m.time.minute()); }},
+    {'s', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, m.time.second()); }},
+    {'s', 1, [](const Moment& m, Letters, Text& text) { write(text, m.time.second()); }},
 };
+
+void writeHalfOfDay(const Moment& moment, Letters letters, Text& text) {
+  text += letters.substr(moment.time.hour() < 12 ? 0 : 3, 2);
+}
+
+void writeLetters(const Moment&, Letters letters, Text& text) {
+  text += letters;
+}
 
 constexpr char small(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter | 0x20) : letter;
@@ -103,43 +117,90 @@ const Field* minutesIfBehindHour(const Field* field, char previousLetter) {
   return fieldOf('n', field->length);
 }
 
-/// Length in the pattern of the literal at its start, which is written to `result`.
-std::size_t writeLiteral(std::string_view pattern, std::string& result) {
-  if (pattern[0] == '\\' && pattern.size() > 1) {
-    result += pattern[1];
-    return 2;
+/// What is written for a piece of a pattern.
+struct PatternPiece {
+  Write write;
+  std::string_view letters;
+};
+
+/// Takes a pattern apart from left to right.
+class PatternReader {
+ public:
+  explicit PatternReader(std::string_view pattern) : rest_(pattern) {}
+
+  bool isAtEnd() const { return rest_.empty(); }
+
+  PatternPiece next() {
+    if (const Field* field = fieldAt(rest_)) {
+      field = minutesIfBehindHour(field, previousLetter_);
+      previousLetter_ = field->letter;
+      return {field->write, take(field->length)};
+    }
+    if (equalIgnoreCase(rest_.substr(0, halfOfDay.size()), halfOfDay))
+      return {writeHalfOfDay, take(halfOfDay.size())};
+    return {writeLetters, takeLiteral()};
   }
-  if (pattern[0] != '"') {
-    result += pattern[0];
-    return 1;
+
+ private:
+  std::string_view take(std::size_t length) {
+    const std::string_view taken = rest_.substr(0, length);
+    rest_.remove_prefix(taken.size());
+    return taken;
   }
-  const std::size_t end = std::min(pattern.find('"', 1), pattern.size());
-  result += pattern.substr(1, end - 1);
-  return std::min(end + 1, pattern.size());
+
+  std::string_view takeLiteral() {
+    if (rest_[0] == '\\' && rest_.size() > 1) return take(2).substr(1);
+    if (rest_[0] != '"') return take(1);
+    take(1);
+    const std::string_view literal = take(rest_.find('"'));
+    take(1);
+    return literal;
+  }
+
+  std::string_view rest_;
+  char previousLetter_ = 0;
+};
+
+bool hasHalvesOfDay(std::string_view pattern) {
+  return findIgnoreCase(pattern, halfOfDay) != std::string_view::npos;
 }
 
 }  // namespace
 
-std::string formatDateTime(DateTime moment, std::string_view pattern) {
-  std::string result;
-  const Context context{moment, moment.date(), pattern, result};
-  char previousLetter = 0;
-  while (!pattern.empty()) {
-    std::size_t length = 0;
-    if (const Field* field = fieldAt(pattern)) {
-      field = minutesIfBehindHour(field, previousLetter);
-      length = field->length;
-      previousLetter = field->letter;
-      field->write(context);
-    } else if (equalIgnoreCase(pattern.substr(0, halfOfDay.size()), halfOfDay)) {
-      length = halfOfDay.size();
-      result += pattern.substr(moment.hour() < 12 ? 0 : 3, 2);
+DateFormat::DateFormat(std::string_view pattern)
+    : pattern_(pattern), hasHalves_(hasHalvesOfDay(pattern)) {
+  const std::string_view own = pattern_;
+  for (PatternReader reader(own); !reader.isAtEnd();) {
+    const PatternPiece piece = reader.next();
+    const auto begin = static_cast<std::size_t>(piece.letters.data() - own.data());
+    const std::size_t end = begin + piece.letters.size();
+    const bool goesOn = piece.write == writeLetters && !pieces_.empty() &&
+                        pieces_.back().write == writeLetters && pieces_.back().end == begin;
+    if (goesOn) {
+      pieces_.back().end = end;
     } else {
-      length = writeLiteral(pattern, result);
+      pieces_.push_back({piece.write, begin, end});
     }
-    pattern.remove_prefix(length);
   }
-  return result;
+}
+
+std::string DateFormat::text(DateTime time) const {
+  std::string text;
+  const Moment moment{time, time.date(), hasHalves_};
+  const std::string_view pattern = pattern_;
+  for (const Piece& piece : pieces_)
+    piece.write(moment, pattern.substr(piece.begin, piece.end - piece.begin), text);
+  return text;
+}
+
+std::string formatDateTime(DateTime time, std::string_view pattern) {
+  std::string text;
+  const Moment moment{time, time.date(), hasHalvesOfDay(pattern)};
+  for (PatternReader reader(pattern); !reader.isAtEnd();) {
+    const PatternPiece piece = reader.next();
+    piece.write(moment, piece.letters, text);
+  }
+  return text;
 }
 
 }  // namespace autonotify

@@ -65,8 +65,10 @@ constexpr const char* formats = "formats.txt";
 
 TEST(FormatDateTime, showsAMomentInEachPattern) {
   const DateTime moment = DateTime::of(2026, 4, 3, 13, 5, 9);
-  test::expectRows(formats, "dates",
-                   [&](auto& pattern) { return formatDateTime(moment, pattern); });
+  test::expectRows(formats, "dates", [&](auto& pattern) {
+    EXPECT_EQ(DateFormat(pattern).text(moment), formatDateTime(moment, pattern));
+    return formatDateTime(moment, pattern);
+  });
 }
 
 TEST(FormatDateTime, twelveHourClock) {
