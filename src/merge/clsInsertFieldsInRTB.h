@@ -175,9 +175,12 @@ class clsInsertFieldsInRTB : public MergeIds {
   std::string tokenOfListItem(std::string_view frameTag, int itemData, int nameColumn,
                               const MergeMarks& marks);
 
-  // Parts of the procedures that read values; statements of the caller's frame.
-  Value readCurrentField(Step& step);
-  Value fieldValue(std::optional<MergeSource> source, std::string& fieldName);
+  // Values, with or without the plan of the field, which is else read from the list.
+  std::string fieldText(int index, const DateFormat& format, const FieldPlan* plan);
+  std::string todaysText(const DateFormat& format);
+  Value readField(Step& step, const FieldPlan& plan);
+  Value valueInRow(const FieldPlan& plan);
+  void convertLines(std::string& text);
 
   // The merge by its rules: each field of the list is sought in the text.
   /// Where the search begins: at a row of the list, and within a date row at a format.
@@ -198,7 +201,8 @@ class clsInsertFieldsInRTB : public MergeIds {
   std::shared_ptr<const FieldClaims> claimsOnLayout(
       Step& step, const std::shared_ptr<const TemplateLayout>& layout);
   std::string mergeByLayout(Step& step, const TemplateLayout& layout, const FieldClaims& claims);
-  FieldFate fateOf(Step& step, const FieldClaim& claim);
+  std::string textOfClaim(const FieldClaims& claims, const FieldClaim& claim);
+  FieldFate fateOf(Step& step, const FieldClaims& claims, const FieldClaim& claim);
 
   int mergeFieldListUse_ = field_list_use::merging;
   std::unique_ptr<FieldList> fieldList_;

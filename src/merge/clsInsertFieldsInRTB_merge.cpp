@@ -74,7 +74,7 @@ std::shared_ptr<const FieldClaims> clsInsertFieldsInRTB::claimsOnLayout(
     Step& step, const std::shared_ptr<const TemplateLayout>& layout) {
   if (!layout->isRegular()) return nullptr;
   const auto known = FieldCursor(step, fieldList_).mergeFields();
-  return known && known->canClaim ? claimsOn(known, layout) : nullptr;
+  return known && known->canClaim() ? claimsOn(known, layout) : nullptr;
 }
 
 /// Fields are read in the order of the list, as some values depend on those read before. From the
@@ -82,23 +82,26 @@ std::shared_ptr<const FieldClaims> clsInsertFieldsInRTB::claimsOnLayout(
 std::string clsInsertFieldsInRTB::mergeByLayout(Step& step, const TemplateLayout& layout,
                                                 const FieldClaims& claims) {
   TokenTexts texts(layout);
-  for (const FieldClaim& claim : claims) {
-    const bool isPlain = claim.format == TemplateLayout::Reading::plain;
-    std::string format(isPlain ? std::string_view{} : mergeDateFormats[claim.format]);
-    if (claim.row > 0) format = printedFormat(format);
-    std::string value =
-        claim.row > 0 ? getDataFieldInfo(claim.index, format) : getTodaysDate(format);
-    if (claim.row > 0 && mayFormMark(value)) {
+  for (const FieldClaim& claim : claims.list) {
+    const std::string value = textOfClaim(claims, claim);
+    if (!claim.isToday() && mayFormMark(value)) {
       std::string text = texts.joined(true);
       replaceText(text, layout.tokenText(claim.token), value);
-      mergeFields(step, text, layout.marks(),
-                  isPlain ? PassStart{claim.row + 1, 0} : PassStart{claim.row, claim.format + 1});
+      mergeFields(
+          step, text, layout.marks(),
+          claim.isDate() ? PassStart{claim.row, claim.format + 1} : PassStart{claim.row + 1, 0});
       return replaceUnfoundMergeFieldsWithBlanks(text);
     }
-    if (ConvertStrToRTF && texts.needsBlank(claim.token)) value.insert(0, 1, ' ');
-    texts.fill(claim.token, std::move(value));
+    texts.fill(claim.token, value, ConvertStrToRTF && texts.needsBlank(claim.token));
   }
   return texts.joined(false);
+}
+
+std::string clsInsertFieldsInRTB::textOfClaim(const FieldClaims& claims, const FieldClaim& claim) {
+  if (claim.isToday()) return todaysText(*claim.pattern);
+  const MergeField& field = claims.fields->field(claim.row);
+  const bool isShown = fieldList_ && fieldList_->shows(*claims.fields);
+  return fieldText(field.index, *claim.pattern, isShown ? field.plan : nullptr);
 }
 
 std::vector<TemplateField> clsInsertFieldsInRTB::listTemplateFields() {
@@ -109,7 +112,8 @@ std::vector<TemplateField> clsInsertFieldsInRTB::listTemplateFields() {
     if (!claims) return;
     for (std::size_t token = 0; token < layout->tokenCount(); ++token)
       result.push_back({layout->tokenText(token), FieldFate::neverFilled});
-    for (const FieldClaim& claim : *claims) result[claim.token].fate = fateOf(step, claim);
+    for (const FieldClaim& claim : claims->list)
+      result[claim.token].fate = fateOf(step, *claims, claim);
   });
 }
 

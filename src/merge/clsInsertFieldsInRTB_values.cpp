@@ -6,7 +6,6 @@
 #include "merge/records/merge_values.h"
 #include "merge/records/record_fields.h"
 #include "merge/records/task_records.h"
-#include "platform/format.h"
 #include "platform/text.h"
 
 namespace autonotify {
@@ -15,19 +14,35 @@ namespace {
 template <FixedText name>
 constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
 
-constexpr std::string_view documentsGroup = "DocsAndInstructionsInfo";
-
 std::optional<MergeSource> sourceOf(const FieldCursor& field) {
   return findMergeSource(field.text(field_column::group));
 }
 
-std::string today(const std::string& format) {
-  return formatDateTime(platformClock().today(), format.empty() ? "mmm d, yyyy" : format);
+std::string today(const DateFormat& format) {
+  return format.text(platformClock().today());
+}
+
+FieldPlan planOfRow(const FieldCursor& field, FieldType type) {
+  std::string column = field.text(field_column::databaseField);
+  return planField(type, std::move(column), field.text(field_column::group));
 }
 
 /// Leaves `text` alone where the value stays in its text form.
-void formatField(const Value& value, FieldType type, const std::string& format, std::string& text) {
+void formatField(const Value& value, FieldType type, const DateFormat& format, std::string& text) {
   if (auto formatted = formattedField(value, type, format)) text = std::move(*formatted);
+}
+
+/// A value that cannot be printed by its type is shown as it is.
+void printField(Step& step, const Value& value, FieldType type, const DateFormat& format,
+                std::string& text) {
+  if (isEmptyValue(value)) return;
+  if (const DateTime* date = type == FieldType::date ? value.getIf<DateTime>() : nullptr) {
+    std::optional<std::string> formatted = formattedDate(*date, format);
+    text = formatted ? std::move(*formatted) : toText(value);
+  } else {
+    text = toText(value);
+    step.run(formatField, value, type, format, text);
+  }
 }
 
 /// The field that stands for the name of a company that there is not; empty for any other name.
@@ -60,59 +75,68 @@ void clsInsertFieldsInRTB::initializeDataRecordsetsForSingleDocMerge() {
 }
 
 std::string clsInsertFieldsInRTB::getDataFieldInfo(int index, const std::string& format) {
+  return fieldText(index, fieldDateFormat(format), nullptr);
+}
+
+std::string clsInsertFieldsInRTB::fieldText(int index, const DateFormat& format,
+                                            const FieldPlan* plan) {
   return procedure(tag<"getDataFieldInfo">, std::string{}, [&](Step& step, std::string& result) {
     const FieldCursor field(step, fieldList_);
     if (!field.select(index)) return;
-    const auto type = static_cast<FieldType>(field.dataType());
+    const FieldType type = plan ? plan->type : static_cast<FieldType>(field.dataType());
     if (TestComment) {
       field.read(result, field_column::sample, textOf);
     } else if (isDatabaseOpen(step)) {
-      const Value value = readCurrentField(step);
-      step.assign(result, textOf, value);
-      if (!isEmptyValue(value)) step.run(formatField, value, type, format, result);
+      const Value value = plan ? readField(step, *plan) : readField(step, planOfRow(field, type));
+      printField(step, value, type, format, result);
     }
-    if (!result.empty() && ConvertStrToRTF) result = convertToRTF(result);
+    if (!result.empty() && ConvertStrToRTF) convertLines(result);
   });
 }
 
-FieldFate clsInsertFieldsInRTB::fateOf(Step& step, const FieldClaim& claim) {
-  if (claim.row == 0) return FieldFate::filled;  // today's date
+FieldFate clsInsertFieldsInRTB::fateOf(Step& step, const FieldClaims& claims,
+                                       const FieldClaim& claim) {
+  if (claim.isToday()) return FieldFate::filled;
   const FieldCursor field(step, fieldList_);
-  if (!field.select(claim.index)) return FieldFate::neverFilled;
-  const std::string group = field.text(field_column::group);
-  const auto source = findMergeSource(group);
-  const bool isRead = group == documentsGroup || (source && isReadForTasks(*source));
+  if (!field.select(claims.fields->field(claim.row).index)) return FieldFate::neverFilled;
+  const FieldPlan plan = planField({}, {}, field.text(field_column::group));
+  const bool isRead = plan.isDocuments || (plan.source && isReadForTasks(*plan.source));
   if (!isRead) return FieldFate::neverFilled;
-  const bool isPlain = claim.format == TemplateLayout::Reading::plain;
-  std::string format(isPlain ? std::string_view{} : mergeDateFormats[claim.format]);
-  const std::string value = getDataFieldInfo(claim.index, format);
+  const std::string value = textOfClaim(claims, claim);
   return trim(value).empty() ? FieldFate::withoutValue : FieldFate::filled;
 }
 
-/// The field of the list's current row, not yet formatted.
-Value clsInsertFieldsInRTB::readCurrentField(Step& step) {
-  const FieldCursor field(step, fieldList_);
-  std::string fieldName = field.text(field_column::databaseField);
-  const std::string group = field.text(field_column::group);
-  if (group == documentsGroup) return taskID >= 0 ? getDocsAndInstructionsList() : std::string{};
-  const auto source = findMergeSource(group);
-  if (!source || !sources_.openOnDemand(step, scope(), *source)) return {};
+/// The field's value, not yet formatted.
+Value clsInsertFieldsInRTB::readField(Step& step, const FieldPlan& plan) {
+  if (plan.isDocuments) return taskID >= 0 ? getDocsAndInstructionsList() : std::string{};
+  if (!plan.source || !sources_.openOnDemand(step, scope(), *plan.source)) return {};
   yieldToHost(step, 2);
-  if (!sources_.goToRow(step, scope(), *source)) return {};
-  return fieldValue(source, fieldName);
+  if (!sources_.goToRow(step, scope(), *plan.source)) return {};
+  return valueInRow(plan);
+}
+
+Value clsInsertFieldsInRTB::valueInRow(const FieldPlan& plan) {
+  return procedure(tag<"getDataFieldFromRecordset">, Value{}, [&](Step& step, Value& result) {
+    if (!isDatabaseOpen(step)) return;
+    RecordFields fields(step, sources_, scope());
+    if (plan.isColumn) {
+      result = fields.readColumn(*plan.source, plan.column);
+    } else {
+      std::string name = plan.column;
+      result = fields.read(*plan.source, name);
+    }
+  });
 }
 
 std::string clsInsertFieldsInRTB::getDataFieldFromRecordset(std::string& fieldName) {
-  return textOf(fieldValue(std::nullopt, fieldName));
-}
-
-/// Without a source that of the list's current row is read.
-Value clsInsertFieldsInRTB::fieldValue(std::optional<MergeSource> source, std::string& fieldName) {
-  return procedure(tag<"getDataFieldFromRecordset">, Value{}, [&](Step& step, Value& result) {
-    if (!isDatabaseOpen(step)) return;
-    if (!source) source = sourceOf(FieldCursor(step, fieldList_));
-    if (source) result = RecordFields(step, sources_, scope()).read(*source, fieldName);
-  });
+  return procedure(tag<"getDataFieldFromRecordset">, std::string{},
+                   [&](Step& step, std::string& result) {
+                     if (!isDatabaseOpen(step)) return;
+                     const auto source = sourceOf(FieldCursor(step, fieldList_));
+                     if (!source) return;
+                     RecordFields fields(step, sources_, scope());
+                     result = textOf(fields.read(*source, fieldName));
+                   });
 }
 
 std::string clsInsertFieldsInRTB::getMergeDataFromFieldName(const std::string& fieldName) {
@@ -166,9 +190,13 @@ std::string clsInsertFieldsInRTB::getDocsAndInstructionsList() {
 }
 
 std::string clsInsertFieldsInRTB::getTodaysDate(std::string& format) {
+  return todaysText(fieldDateFormat(format));
+}
+
+std::string clsInsertFieldsInRTB::todaysText(const DateFormat& format) {
   return procedure(tag<"getTodaysDate">, std::string{}, [&](Step& step, std::string& result) {
     step.assign(result, today, format);
-    if (!result.empty() && ConvertStrToRTF) result = convertToRTF(result);
+    if (!result.empty() && ConvertStrToRTF) convertLines(result);
   });
 }
 
@@ -185,8 +213,15 @@ std::string clsInsertFieldsInRTB::getFullProvinceString(std::string& province) {
 }
 
 std::string clsInsertFieldsInRTB::convertToRTF(const std::string& text) {
-  return procedure(tag<"convertToRTF">, text, [&](Step&, std::string& result) {
-    result = replaceAll(text, "\r\n", UseWordWrap ? "\\par \r\n" : ", \r\n");
+  std::string converted = text;
+  convertLines(converted);
+  return converted;
+}
+
+void clsInsertFieldsInRTB::convertLines(std::string& text) {
+  procedure(tag<"convertToRTF">, [&](Step&) {
+    if (text.find("\r\n") == std::string::npos) return;
+    text = replaceAll(text, "\r\n", UseWordWrap ? "\\par \r\n" : ", \r\n");
   });
 }
 

@@ -109,6 +109,19 @@ TEST_F(MergeByLayout, StandsAMergeThatAMessageStartsWithinIt) {
   EXPECT_EQ(inner, "Guelph, Elm Ltd., , , , .");
 }
 
+TEST_F(MergeByLayout, ReadsTheListThatAMessageHasChanged) {
+  merge->companyID = addRow("Companies", {{"CompanyName", "Elm Ltd."}, {"City", "Guelph"}});
+  merge->ListType = 8;
+  merge->initializeDataRecordsetsForSingleDocMerge();
+  const string letter = "«Company Name» of «City», thank you for your visit in spring.";
+  EXPECT_EQ(merged(letter), "Elm Ltd. of Guelph, thank you for your visit in spring.");
+  screen.duringPump(1, [&] {
+    merge->get_FieldList()->findEntry(field_column::displayName, "City");
+    merge->get_FieldList()->setItem(field_column::databaseField, "CompanyName");
+  });
+  EXPECT_EQ(merged(letter), "Elm Ltd. of Elm Ltd., thank you for your visit in spring.");
+}
+
 TEST_F(MergeByLayout, KeepsAFewTemplatesOfOrdinarySize) {
   TemplateLayoutCache& cache = TemplateLayoutCache::instance();
   const auto isKept = [&](const string& text) {

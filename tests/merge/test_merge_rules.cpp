@@ -84,10 +84,11 @@ TEST_F(FieldFormat, PrintsEachTypeInItsForm) {
       {"duration", FieldType::duration}, {"text", FieldType::text},
       {"no type", FieldType{}},          {"documents", FieldType::documentsList}};
   for (const auto& row : rowsOf("values of fields", 4))
-    EXPECT_EQ(formattedField(valueOfCell(row[1]), types.at(row[0]), row[2]).value_or("none"),
+    EXPECT_EQ(formattedField(valueOfCell(row[1]), types.at(row[0]), fieldDateFormat(row[2]))
+                  .value_or("none"),
               row[3])
         << row[0] << ' ' << row[1];
-  EXPECT_THROW(formattedField("Bookkeeping", FieldType::date, ""), PlatformError);
+  EXPECT_THROW(formattedField("Bookkeeping", FieldType::date, fieldDateFormat("")), PlatformError);
 }
 
 class MergeValidation : public MergeTest {

@@ -1,31 +1,90 @@
 #include "merge/fields/field_claims.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "merge/fields/field_format.h"
 #include "merge/fields/recent_entries.h"
 
 namespace autonotify {
 namespace {
 
 constexpr std::size_t keptClaims = 32;
+constexpr std::size_t noFormat = mergeDateFormats.size();
+constexpr int todaysRow = 0;
 
-void addClaims(const MergeField& field, int row, const TemplateLayout& layout,
-               std::vector<bool>& isTaken, FieldClaims& claims) {
-  for (const TemplateLayout::Reading& reading : layout.readingsOf(field.foldedName)) {
-    const bool isPlain = reading.format == TemplateLayout::Reading::plain;
-    if (isPlain == field.isDate || isTaken[reading.token]) continue;
-    isTaken[reading.token] = true;
-    claims.push_back({row, reading.format, field.index, reading.token});
-  }
+/// What prints a date in each format, and without one.
+using Patterns = std::vector<DateFormat>;
+
+Patterns makePatterns(std::string_view (*printed)(std::string_view format)) {
+  Patterns patterns;
+  for (const std::string_view format : mergeDateFormats)
+    patterns.push_back(fieldDateFormat(printed(format)));
+  patterns.push_back(fieldDateFormat({}));
+  return patterns;
 }
 
-std::shared_ptr<const FieldClaims> tellClaims(const std::vector<MergeField>& fields,
-                                              const TemplateLayout& layout) {
-  static const MergeField todaysDate{foldCase(todaysDateName), 0, true};
-  auto claims = std::make_shared<FieldClaims>();
-  std::vector<bool> isTaken(layout.tokenCount());
-  addClaims(todaysDate, 0, layout, isTaken, *claims);
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    addClaims(fields[i], static_cast<int>(i) + 1, layout, isTaken, *claims);
+const DateFormat& patternOf(int row, std::size_t format) {
+  static const Patterns ofToday = makePatterns([](std::string_view same) { return same; });
+  static const Patterns ofFields = makePatterns(printedFormat);
+  return (row == todaysRow ? ofToday : ofFields)[format];
+}
+
+/// The name in "(name, format)", or nothing for another format.
+std::optional<std::string_view> nameWithFormat(std::string_view foldedContent,
+                                               std::string_view format) {
+  std::string_view rest = foldedContent;
+  for (const std::string_view tail : {std::string_view(")"), format, std::string_view(", ")}) {
+    if (!rest.ends_with(tail)) return std::nullopt;
+    rest.remove_suffix(tail.size());
   }
+  if (!rest.starts_with('(')) return std::nullopt;
+  return rest.substr(1);
+}
+
+/// A row of the list that a token may mean, and the format of a date.
+struct Meaning {
+  int row;
+  std::size_t format;
+};
+
+std::optional<Meaning> meaningInFormat(const MergeFields& fields, std::string_view foldedContent,
+                                       std::size_t format) {
+  static const std::string foldedToday = foldCase(todaysDateName);
+  const auto name = nameWithFormat(foldedContent, mergeDateFormats[format]);
+  if (!name) return std::nullopt;
+  if (*name == foldedToday) return Meaning{todaysRow, format};
+  const int row = fields.firstRow(*name, true);
+  if (row == 0) return std::nullopt;
+  return Meaning{row, format};
+}
+
+/// The first of the list; today's date comes ahead of it.
+std::optional<Meaning> firstMeaning(const MergeFields& fields, std::string_view foldedContent) {
+  std::optional<Meaning> first;
+  if (const int row = fields.firstRow(foldedContent, false)) first = {row, noFormat};
+  if (!foldedContent.starts_with('(')) return first;
+  for (std::size_t format = 0; format < noFormat; ++format) {
+    const std::optional<Meaning> other = meaningInFormat(fields, foldedContent, format);
+    if (other && (!first || other->row < first->row)) first = other;
+  }
+  return first;
+}
+
+std::shared_ptr<const FieldClaims> tellClaims(const std::shared_ptr<const MergeFields>& fields,
+                                              const TemplateLayout& layout) {
+  auto claims = std::make_shared<FieldClaims>();
+  claims->fields = fields;
+  claims->list.reserve(layout.tokenCount());
+  for (std::size_t token = 0; token < layout.tokenCount(); ++token) {
+    const std::optional<Meaning> meaning = firstMeaning(*fields, layout.foldedContent(token));
+    if (!meaning) continue;
+    const auto& [row, format] = *meaning;
+    claims->list.push_back({row, token, format, &patternOf(row, format)});
+  }
+  std::ranges::sort(claims->list, {},
+                    [](const FieldClaim& claim) { return std::pair(claim.row, claim.format); });
   return claims;
 }
 
@@ -35,7 +94,7 @@ std::shared_ptr<const FieldClaims> claimsOn(const std::shared_ptr<const MergeFie
                                             const std::shared_ptr<const TemplateLayout>& layout) {
   using Key = std::pair<std::shared_ptr<const MergeFields>, std::shared_ptr<const TemplateLayout>>;
   static RecentEntries<Key, std::shared_ptr<const FieldClaims>> known(keptClaims);
-  return known.findOrMake({fields, layout}, [&] { return tellClaims(fields->fields, *layout); });
+  return known.findOrMake({fields, layout}, [&] { return tellClaims(fields, *layout); });
 }
 
 }  // namespace autonotify

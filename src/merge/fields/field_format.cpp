@@ -1,22 +1,25 @@
 #include "merge/fields/field_format.h"
 
 #include "contract/references.h"
-#include "platform/format.h"
 
 namespace autonotify {
 namespace {
 
 constexpr int firstFormattedYear = 1900;
 
-std::optional<std::string> formattedDate(const DateTime& date, const std::string& format) {
-  if (date.year() < firstFormattedYear) return std::nullopt;
-  return formatDateTime(date, format.empty() ? "mmm d, yyyy" : format);
-}
-
 }  // namespace
 
+std::optional<std::string> formattedDate(DateTime date, const DateFormat& format) {
+  if (date.year() < firstFormattedYear) return std::nullopt;
+  return format.text(date);
+}
+
+DateFormat fieldDateFormat(std::string_view pattern) {
+  return DateFormat(pattern.empty() ? "mmm d, yyyy" : pattern);
+}
+
 std::optional<std::string> formattedField(const Value& value, FieldType type,
-                                          const std::string& format) {
+                                          const DateFormat& format) {
   switch (type) {
     case FieldType::date:
       return formattedDate(toDateTime(value), format);

@@ -21,7 +21,8 @@ FieldRow rowOf(const std::string& displayName, const std::string& column, std::s
   return {
       {Value(column), Value(displayName), Value(std::string(group)),
        Value(static_cast<std::int16_t>(type)), Value(sample), hasLength ? Value(length) : Value()},
-      hasLength ? std::size_t{field_column::length} : std::size_t{field_column::sample}};
+      hasLength ? std::size_t{field_column::length} : std::size_t{field_column::sample},
+      planField(type, column, group)};
 }
 
 std::string federalTaxWord(FederalTax tax, DateTime today) {

@@ -1,7 +1,5 @@
 #include "merge/fields/field_table.h"
 
-#include <algorithm>
-
 #include "merge/fields/field_catalogue.h"
 #include "merge/fields/recent_entries.h"
 #include "merge/templates/template_layout.h"
@@ -14,9 +12,23 @@ constexpr std::size_t keptTables = 8;
 
 }  // namespace
 
-MergeFields::MergeFields(std::vector<MergeField> list) : fields(std::move(list)) {
-  canClaim = std::none_of(fields.begin(), fields.end(),
-                          [](const MergeField& field) { return mayFormMark(field.foldedName); });
+MergeFields::MergeFields(std::vector<MergeField> fields, std::vector<SharedFieldRows> rows)
+    : fields_(std::move(fields)), rows_(std::move(rows)), names_(fields_.size()) {
+  int row = 0;
+  for (const MergeField& field : fields_) {
+    ++row;
+    if (mayFormMark(field.foldedName)) canClaim_ = false;
+    const std::size_t name = names_.add(field.foldedName);
+    if (name == named_.size()) named_.emplace_back();
+    int& first = field.isDate ? named_[name].date : named_[name].other;
+    if (first == 0) first = row;
+  }
+}
+
+int MergeFields::firstRow(std::string_view foldedName, bool isDate) const {
+  const std::optional<std::size_t> name = names_.find(foldedName);
+  if (!name) return 0;
+  return isDate ? named_[*name].date : named_[*name].other;
 }
 
 MergeField mergeFieldOf(const Value& displayName, int key, const Value& dataType) {
@@ -24,16 +36,17 @@ MergeField mergeFieldOf(const Value& displayName, int key, const Value& dataType
           toInteger(dataType) == static_cast<int>(FieldType::date)};
 }
 
-FieldTable::FieldTable(const std::vector<SharedFieldRows>& pieces) : pieces_(pieces) {
+FieldTable::FieldTable(const std::vector<SharedFieldRows>& pieces) {
   std::vector<MergeField> fields;
-  for (const SharedFieldRows& piece : pieces_) {
+  for (const SharedFieldRows& piece : pieces) {
     for (const FieldRow& row : *piece) {
       rows_.push_back(&row);
       fields.push_back(mergeFieldOf(row.item(field_column::displayName), size(),
                                     row.item(field_column::dataType)));
+      fields.back().plan = &row.plan;
     }
   }
-  mergeFields_ = std::make_shared<const MergeFields>(std::move(fields));
+  mergeFields_ = std::make_shared<const MergeFields>(std::move(fields), pieces);
 }
 
 std::shared_ptr<const FieldTable> sharedFieldTable(const std::vector<SharedFieldRows>& pieces) {

@@ -8,6 +8,8 @@
 #include "contract/GridColumnList.h"
 #include "contract/procedure.h"
 #include "merge/fields/field_list_columns.h"
+#include "merge/fields/field_plan.h"
+#include "merge/templates/text_numbers.h"
 
 namespace autonotify {
 
@@ -15,6 +17,7 @@ namespace autonotify {
 struct FieldRow {
   std::array<Value, field_column::length> items;
   std::size_t itemCount = 0;
+  FieldPlan plan;
 
   const Value& item(int column) const { return items.at(static_cast<std::size_t>(column - 1)); }
 };
@@ -28,15 +31,36 @@ struct MergeField {
   std::string foldedName;
   int index = 0;
   bool isDate = false;
+  const FieldPlan* plan = nullptr;  ///< null for a row that the list's holder may change
 };
 
 /// All fields of a list, in its order.
-struct MergeFields {
-  explicit MergeFields(std::vector<MergeField> list);
+class MergeFields {
+ public:
+  /// `rows` are those whose plans the fields point into.
+  explicit MergeFields(std::vector<MergeField> fields, std::vector<SharedFieldRows> rows = {});
+  MergeFields(const MergeFields&) = delete;
+  MergeFields& operator=(const MergeFields&) = delete;
 
-  std::vector<MergeField> fields;
   /// False when a name holds a mark: then tokens may overlap, and no claims can be told.
-  bool canClaim = true;
+  bool canClaim() const { return canClaim_; }
+  /// The field in this row of the list, from 1.
+  const MergeField& field(int row) const { return fields_[static_cast<std::size_t>(row - 1)]; }
+  /// The first row with such a field of this name; 0 for none.
+  int firstRow(std::string_view foldedName, bool isDate) const;
+
+ private:
+  /// The first rows with a name.
+  struct NamedRows {
+    int date = 0;
+    int other = 0;
+  };
+
+  std::vector<MergeField> fields_;
+  std::vector<SharedFieldRows> rows_;
+  TextNumbers names_;
+  std::vector<NamedRows> named_;  ///< by the number of the name
+  bool canClaim_ = true;
 };
 
 MergeField mergeFieldOf(const Value& displayName, int key, const Value& dataType);
@@ -51,7 +75,6 @@ class FieldTable {
   const std::shared_ptr<const MergeFields>& mergeFields() const { return mergeFields_; }
 
  private:
-  std::vector<SharedFieldRows> pieces_;
   std::vector<const FieldRow*> rows_;
   std::shared_ptr<const MergeFields> mergeFields_;
 };
@@ -81,6 +104,10 @@ class FieldList {
   Value getItem(int column);
   Value getEntryKey();
   std::shared_ptr<const MergeFields> mergeFields();
+  /// True when these are the fields that the list has now, and their plans hold.
+  bool shows(const MergeFields& fields) const {
+    return !isLent_ && table_ && table_->mergeFields().get() == &fields;
+  }
 
  private:
   const FieldTable& table();

@@ -50,7 +50,9 @@ const Self::InheritedField Self::inheritedFields[] = {
     {"BusinessCountry", "Country"},
 };
 
-const Self::InheritedField* RecordFields::findInheritedField(const std::string& name) {
+const Self::InheritedField* RecordFields::findInheritedField(MergeSource source,
+                                                             const std::string& name) {
+  if (source != MergeSource::contact) return nullptr;
   for (const InheritedField& field : inheritedFields)
     if (field.contactColumn == name) return &field;
   return nullptr;
@@ -96,9 +98,13 @@ const Self::DerivedField* RecordFields::findDerivedField(MergeSource source,
 RecordFields::RecordFields(Step& step, MergeSources& sources, const MergeScope& scope)
     : step_(step), sources_(sources), scope_(scope) {}
 
+bool RecordFields::isColumn(MergeSource source, const std::string& name) {
+  const DerivedField* const derived = findDerivedField(source, name);
+  return !findInheritedField(source, name) && !(derived && derived->read);
+}
+
 Value RecordFields::read(MergeSource source, std::string& name) {
-  const InheritedField* const inherited =
-      source == MergeSource::contact ? findInheritedField(name) : nullptr;
+  const InheritedField* const inherited = findInheritedField(source, name);
   if (inherited && isInheritingCompany()) return readInherited(*inherited);
   const DerivedField* const derived = findDerivedField(source, name);
   if (derived && derived->read) return (this->*derived->read)(source, name);
@@ -110,7 +116,7 @@ void RecordFields::write(MergeSource source, const std::string& name, const std:
   if (derived && !derived->isWritten) return;
   if (!sources_.openForWriting(step_, scope_, source) || !sources_.goToRow(step_, scope_, source))
     return;
-  if (source == MergeSource::contact) writeInherited(name, value);
+  writeInherited(source, name, value);
   writeColumn(source, name, value);
 }
 
@@ -146,8 +152,9 @@ Value RecordFields::readInherited(const InheritedField& field) {
 }
 
 /// A contact that goes by its company's address changes it there as well.
-void RecordFields::writeInherited(const std::string& name, const std::string& value) {
-  const InheritedField* const field = findInheritedField(name);
+void RecordFields::writeInherited(MergeSource source, const std::string& name,
+                                  const std::string& value) {
+  const InheritedField* const field = findInheritedField(source, name);
   if (!field || !sources_.openForWriting(step_, scope_, MergeSource::company)) return;
   if (isInheritingCompany()) writeColumn(MergeSource::company, field->companyColumn, value);
 }

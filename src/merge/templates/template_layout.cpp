@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <tuple>
 
 #include "platform/text.h"
 
@@ -14,43 +13,24 @@ bool holdsMark(std::string_view text, const MergeMarks& marks) {
          findIgnoreCase(text, marks.close) != std::string_view::npos;
 }
 
-/// The name in "(name, format)", or nothing for another format.
-std::optional<std::string_view> nameWithFormat(std::string_view foldedContent,
-                                               std::string_view format) {
-  std::string_view rest = foldedContent;
-  for (const std::string_view tail : {std::string_view(")"), format, std::string_view(", ")}) {
-    if (!rest.ends_with(tail)) return std::nullopt;
-    rest.remove_suffix(tail.size());
+void appendFolded(std::string& folded, std::string_view text) {
+  unsigned char bits = 0;
+  for (const char byte : text) bits |= static_cast<unsigned char>(byte);
+  if (bits >= 0x80) {
+    folded += lowerCase(upperCase(text));
+    return;
   }
-  if (!rest.starts_with('(')) return std::nullopt;
-  return rest.substr(1);
+  const std::size_t begin = folded.size();
+  folded += text;
+  for (std::size_t i = begin; i < folded.size(); ++i)
+    if (folded[i] >= 'A' && folded[i] <= 'Z') folded[i] += 'a' - 'A';
 }
-
-std::size_t shapeOf(std::string_view name) {
-  const unsigned first = name.empty() ? 0 : static_cast<unsigned char>(name.front());
-  return (name.size() * 37 + first) % 256;
-}
-
-struct ByName {
-  bool operator()(const TemplateLayout::Reading& a, const TemplateLayout::Reading& b) const {
-    return std::tie(a.foldedName, a.format) < std::tie(b.foldedName, b.format);
-  }
-  bool operator()(const TemplateLayout::Reading& a, std::string_view name) const {
-    return a.foldedName < name;
-  }
-  bool operator()(std::string_view name, const TemplateLayout::Reading& a) const {
-    return name < a.foldedName;
-  }
-};
 
 }  // namespace
 
 std::string foldCase(std::string_view text) {
-  std::string folded(text);
-  for (char& byte : folded) {
-    if (static_cast<unsigned char>(byte) >= 0x80) return lowerCase(upperCase(text));
-    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
-  }
+  std::string folded;
+  appendFolded(folded, text);
   return folded;
 }
 
@@ -59,62 +39,44 @@ TemplateLayout::TemplateLayout(std::string text) : text_(std::move(text)) {
   const bool isEscaped = holdsMark(text_, escapedMarks);
   if (isBare && isEscaped) return;
   if (isEscaped) marks_ = &escapedMarks;
-  isRegular_ = cutAtMarks(*marks_);
-  std::sort(readings_.begin(), readings_.end(), ByName());
+  isRegular_ = cutAtMarks();
+  if (isRegular_) numberTokens();
 }
 
-bool TemplateLayout::cutAtMarks(const MergeMarks& marks) {
+bool TemplateLayout::cutAtMarks() {
   const std::string_view text = text_;
-  MarkScanner scanner(text, marks);
+  MarkScanner scanner(text, *marks_);
   std::size_t from = 0;
   while (const std::optional<FoundMark> open = scanner.next()) {
     const std::optional<FoundMark> close = open->isOpen ? scanner.next() : std::nullopt;
     if (!close || close->isOpen) return false;
     if (endsInsideMark(text.substr(from, open->begin - from))) return false;
     from = close->end;
-    addSlot(open->begin, from);
+    slots_.push_back({open->begin, from, 0});
   }
   return true;
 }
 
-void TemplateLayout::addSlot(std::size_t begin, std::size_t end) {
-  const std::size_t head = marks_->open.size();
-  const std::string_view content =
-      std::string_view(text_).substr(begin + head, end - begin - head - marks_->close.size());
-  const auto [known, isNew] = tokens_.try_emplace(foldCase(content), firstSlots_.size());
-  if (isNew) {
-    firstSlots_.push_back(slots_.size());
-    addReadings(known->first, known->second);
+void TemplateLayout::numberTokens() {
+  const auto lengthOf = [](const Slot& slot) { return slot.end - slot.begin; };
+  std::size_t length = 0;
+  for (const Slot& slot : slots_) length += lengthOf(slot);
+  foldedContents_.reserve(length);  // the numbers point into it
+  contents_ = TextNumbers(slots_.size());
+  const std::string_view text = text_;
+  const std::size_t open = marks_->open.size();
+  for (std::size_t i = 0; i < slots_.size(); ++i) {
+    const std::size_t begin = foldedContents_.size();
+    appendFolded(foldedContents_, text.substr(slots_[i].begin + open,
+                                              lengthOf(slots_[i]) - open - marks_->close.size()));
+    slots_[i].token = contents_.add(std::string_view(foldedContents_).substr(begin));
+    if (slots_[i].token == firstSlots_.size()) firstSlots_.push_back(i);
   }
-  slots_.push_back({begin, end, known->second});
-}
-
-void TemplateLayout::addReadings(std::string_view foldedContent, std::size_t token) {
-  addReading(foldedContent, Reading::plain, token);
-  if (!foldedContent.starts_with('(')) return;
-  for (std::size_t format = 0; format < mergeDateFormats.size(); ++format) {
-    const auto name = nameWithFormat(foldedContent, mergeDateFormats[format]);
-    if (name) addReading(*name, format, token);
-  }
-}
-
-void TemplateLayout::addReading(std::string_view foldedName, std::size_t format,
-                                std::size_t token) {
-  readings_.push_back({foldedName, format, token});
-  nameShapes_.set(shapeOf(foldedName));
 }
 
 std::string TemplateLayout::tokenText(std::size_t token) const {
   const Slot& slot = slots_[firstSlots_[token]];
   return text_.substr(slot.begin, slot.end - slot.begin);
-}
-
-std::span<const TemplateLayout::Reading> TemplateLayout::readingsOf(
-    std::string_view foldedName) const {
-  if (!nameShapes_.test(shapeOf(foldedName))) return {};
-  const auto [first, last] =
-      std::equal_range(readings_.begin(), readings_.end(), foldedName, ByName());
-  return {first, last};
 }
 
 TemplateLayoutCache& TemplateLayoutCache::instance() {

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <bitset>
 #include <cstddef>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "merge/templates/merge_tokens.h"
 #include "merge/templates/template_rewrites.h"
+#include "merge/templates/text_numbers.h"
 
 namespace autonotify {
 
@@ -27,13 +25,6 @@ class TemplateLayout {
     std::size_t end;
     std::size_t token;
   };
-  /// What a token means when a field has this name.
-  struct Reading {
-    static constexpr std::size_t plain = mergeDateFormats.size();
-    std::string_view foldedName;
-    std::size_t format;  ///< of mergeDateFormats, or plain
-    std::size_t token;
-  };
 
   explicit TemplateLayout(std::string text);
   TemplateLayout(const TemplateLayout&) = delete;
@@ -44,33 +35,27 @@ class TemplateLayout {
   const MergeMarks& marks() const { return *marks_; }
   const std::vector<Slot>& slots() const { return slots_; }
   /// Tokens that differ by more than case, numbered from 0.
-  std::size_t tokenCount() const { return firstSlots_.size(); }
+  std::size_t tokenCount() const { return contents_.size(); }
   std::size_t firstSlotOf(std::size_t token) const { return firstSlots_[token]; }
   /// The token's text as it stands in its first slot.
   std::string tokenText(std::size_t token) const;
-  /// By the format. `foldedName`: see foldCase.
-  std::span<const Reading> readingsOf(std::string_view foldedName) const;
+  /// What stands between the token's marks; see foldCase.
+  std::string_view foldedContent(std::size_t token) const { return contents_.text(token); }
 
  private:
-  bool cutAtMarks(const MergeMarks& marks);
-  void addSlot(std::size_t begin, std::size_t end);
-  void addReading(std::string_view foldedName, std::size_t format, std::size_t token);
-  void addReadings(std::string_view foldedContent, std::size_t token);
+  bool cutAtMarks();
+  void numberTokens();
 
   std::string text_;
   const MergeMarks* marks_ = &bareMarks;
   bool isRegular_ = false;
   std::vector<Slot> slots_;
   std::vector<std::size_t> firstSlots_;
-  /// Numbers by folded content, which the readings point into.
-  std::unordered_map<std::string, std::size_t> tokens_;
-  /// By name, then by format.
-  std::vector<Reading> readings_;
-  /// Most names that no token has are told by their length and first byte.
-  std::bitset<256> nameShapes_;
+  std::string foldedContents_;
+  TextNumbers contents_{0};  ///< tokens by their part of foldedContents_
 };
 
-/// Texts that differ in case alone have the same folded text.
+/// Texts that differ in case alone have the same folded text, which is as long as they are.
 std::string foldCase(std::string_view text);
 
 /// The layouts of the templates merged last. Bounded in number and size of templates.

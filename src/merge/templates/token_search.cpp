@@ -1,7 +1,5 @@
 #include "merge/templates/token_search.h"
 
-#include <functional>
-
 #include "merge/templates/template_layout.h"
 #include "platform/text.h"
 
@@ -10,8 +8,8 @@ namespace {
 
 constexpr int mostTimes = 16;
 
-std::size_t hashOf(std::string_view content) {
-  return std::hash<std::string>()(foldCase(content));
+std::uint64_t foldedHashOf(std::string_view content) {
+  return hashOf(foldCase(content));
 }
 
 }  // namespace
@@ -23,7 +21,7 @@ TokenSearch::TokenSearch(std::string& text, const MergeMarks& marks)
 
 bool TokenSearch::holds(std::string_view content) const {
   const bool isWrittenDown = timesLeft_ > 0 && !mayFormMark(content);
-  if (isWrittenDown && !contents_.contains(hashOf(content))) return false;
+  if (isWrittenDown && !contents_.contains(foldedHashOf(content))) return false;
   return findIgnoreCase(text_, tokenOf(content)) != std::string::npos;
 }
 
@@ -42,7 +40,7 @@ void TokenSearch::writeDown() {
   std::size_t unclosed = 0;
   while (const std::optional<FoundMark> mark = scanner.next()) {
     if (!mark->isOpen && former.isOpen) {
-      contents_.insert(hashOf(text.substr(former.end, mark->begin - former.end)));
+      contents_.insert(foldedHashOf(text.substr(former.end, mark->begin - former.end)));
       if (endsInsideMark(text.substr(gapBegin, former.begin - gapBegin))) isLasting_ = false;
     } else if (!mark->isOpen && unclosed > 0) {
       isLasting_ = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -32,8 +33,8 @@ class TokenSearch {
 
   std::string& text_;
   MergeMarks marks_;
-  std::unordered_set<std::size_t> contents_;  ///< their hashes
-  bool isLasting_ = true;                     ///< no value without marks brings a token about
+  std::unordered_set<std::uint64_t> contents_;  ///< their hashes
+  bool isLasting_ = true;                       ///< no value without marks brings a token about
   int timesLeft_;
 };
 

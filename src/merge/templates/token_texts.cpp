@@ -1,9 +1,17 @@
 #include "merge/templates/token_texts.h"
 
 namespace autonotify {
+namespace {
+
+/// Values are seldom longer; what is, makes the texts grow.
+constexpr std::size_t usualLength = 32;
+
+}  // namespace
 
 TokenTexts::TokenTexts(const TemplateLayout& layout)
-    : layout_(layout), texts_(layout.tokenCount()) {}
+    : layout_(layout), filled_(layout.tokenCount()) {
+  texts_.reserve(layout.tokenCount() * usualLength);
+}
 
 bool TokenTexts::needsBlank(std::size_t token) const {
   const std::vector<TemplateLayout::Slot>& slots = layout_.slots();
@@ -12,25 +20,36 @@ bool TokenTexts::needsBlank(std::size_t token) const {
     const std::size_t textBegin = slot == 0 ? 0 : slots[slot - 1].end;
     if (slots[slot].begin > textBegin) return layout_.text()[slots[slot].begin - 1] != ' ';
     if (slot == 0) return false;
-    const std::optional<std::string>& former = texts_[slots[slot - 1].token];
-    if (!former) return true;
-    if (!former->empty()) return former->back() != ' ';
+    const Filled& former = filled_[slots[slot - 1].token];
+    if (!former.isFilled) return true;
+    if (former.size > 0) return textOf(former).back() != ' ';
   }
+}
+
+void TokenTexts::fill(std::size_t token, std::string_view text, bool withBlank) {
+  const std::size_t begin = texts_.size();
+  if (withBlank) texts_ += ' ';
+  texts_ += text;
+  filled_[token] = {true, begin, texts_.size() - begin};
+}
+
+std::string_view TokenTexts::textOf(const TemplateLayout::Slot& slot, bool keepsUnfilled) const {
+  const Filled& filled = filled_[slot.token];
+  if (filled.isFilled || !keepsUnfilled) return textOf(filled);
+  return std::string_view(layout_.text()).substr(slot.begin, slot.end - slot.begin);
 }
 
 std::string TokenTexts::joined(bool keepsUnfilled) const {
   const std::string_view text = layout_.text();
+  std::size_t size = text.size();
+  for (const TemplateLayout::Slot& slot : layout_.slots())
+    size += textOf(slot, keepsUnfilled).size() - (slot.end - slot.begin);
   std::string result;
-  result.reserve(text.size() + text.size() / 4);
+  result.reserve(size);
   std::size_t copied = 0;
   for (const TemplateLayout::Slot& slot : layout_.slots()) {
-    result.append(text, copied, slot.begin - copied);
+    result.append(text, copied, slot.begin - copied).append(textOf(slot, keepsUnfilled));
     copied = slot.end;
-    if (texts_[slot.token]) {
-      result.append(*texts_[slot.token]);
-    } else if (keepsUnfilled) {
-      result.append(text, slot.begin, slot.end - slot.begin);
-    }
   }
   return result.append(text, copied);
 }

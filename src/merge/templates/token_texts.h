@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "merge/templates/template_layout.h"
@@ -17,13 +17,27 @@ class TokenTexts {
 
   /// True when the character ahead of the token's first place is there and no blank.
   bool needsBlank(std::size_t token) const;
-  void fill(std::size_t token, std::string text) { texts_[token] = std::move(text); }
+  /// `withBlank`: with a blank ahead.
+  void fill(std::size_t token, std::string_view text, bool withBlank);
   /// The whole text; tokens that are not filled stay or vanish.
   std::string joined(bool keepsUnfilled) const;
 
  private:
+  struct Filled {
+    bool isFilled = false;
+    std::size_t begin = 0;  ///< in texts_
+    std::size_t size = 0;
+  };
+
+  std::string_view textOf(const Filled& filled) const {
+    return std::string_view(texts_).substr(filled.begin, filled.size);
+  }
+  /// What stands in the slot.
+  std::string_view textOf(const TemplateLayout::Slot& slot, bool keepsUnfilled) const;
+
   const TemplateLayout& layout_;
-  std::vector<std::optional<std::string>> texts_;
+  std::vector<Filled> filled_;  ///< by token
+  std::string texts_;           ///< one behind the other
 };
 
 }  // namespace autonotify
