@@ -70,7 +70,7 @@ struct FoundMark {
 /// Goes through the marks of one spelling in a text, which outlives it.
 class MarkScanner {
  public:
-  MarkScanner(std::string_view text, const MergeMarks& marks) : text_(text), marks_(marks) {}
+  MarkScanner(std::string_view text, const MergeMarks& marks);
 
   // Nothing behind the last one.
   std::optional<FoundMark> next();
@@ -82,6 +82,7 @@ class MarkScanner {
 
   std::string_view text_;
   MergeMarks marks_;
+  std::size_t seldomAt_;  ///< of a mark's characters, the one looked for
   std::size_t at_ = 0;
 };
 
