@@ -11,7 +11,7 @@
 namespace autonotify {
 
 struct Rewrite {
-  /// At least two bytes, and four where it begins with a word; a letter outside ASCII is found in
+  /// At least two bytes, and five where it begins with a word; a letter outside ASCII is found in
   /// its own case only.
   std::string from;
   std::string to;
@@ -42,7 +42,7 @@ class RewriteList {
     std::size_t offset;  ///< in the prefix
   };
   /// Of a word, which is found by no sign: letters that are seldom met together, with the case bit.
-  using Piece = std::array<char, 4>;
+  using Piece = std::array<char, 5>;
   static constexpr std::uint8_t noFamily = 0xFF;
 
   Family& familyOf(std::string_view sought);
