@@ -318,6 +318,7 @@ std::shared_ptr<void> MainWindow::claimFor(const Form& form) {
 std::map<QString, RecipientName> MainWindow::recipientNames(const QStringList& addresses) {
   std::map<QString, RecipientName> names;
   std::vector<std::string> sought;
+  sought.reserve(static_cast<std::size_t>(addresses.size()));
   for (const QString& address : addresses) sought.push_back(plain(address));
   try {
     for (const host::NamedAddress& each : host::nameAddresses(*desk_, sought))

@@ -34,6 +34,9 @@ constexpr SendWords sendWords[] = {
      QT_TRANSLATE_NOOP("QObject", "Nothing was sent: the notification to %1 is cancelled.")},
     {host::SendResult::cancelFailed, true,
      QT_TRANSLATE_NOOP("QObject", "The notification to %1 could not be cancelled: %2")},
+    {host::SendResult::unfinished, true,
+     QT_TRANSLATE_NOOP("QObject",
+                       "Nothing was sent: the notification to %1 is still being written.")},
     {host::SendResult::unknownWhetherSent, true,
      QT_TRANSLATE_NOOP("QObject",
                        "Nobody knows whether the email to %1 was sent: ask the client, "

@@ -9,6 +9,7 @@
 #include "DialogProgress.h"
 #include "MailProgramSender.h"
 #include "host/mail/addresses.h"
+#include "outcome_texts.h"
 #include "support/error_number.h"
 
 namespace autonotify::desktop {
@@ -32,6 +33,17 @@ void answerBox(QMessageBox& box, const QString& text) {
     if (button->text().remove('&') == text) return QTest::mouseClick(button, Qt::LeftButton);
   }
   ADD_FAILURE() << "no button " << text.toStdString();
+}
+
+TEST(OutcomeTexts, NameTheClientWhateverItIsCalledAndWhateverCameOfIt) {
+  host::SendOutcome outcome{.detail = "why"};
+  outcome.about.emplace().client = "%2 & %1";
+  for (int result = 0; result <= static_cast<int>(host::SendResult::notThere); ++result) {
+    outcome.result = static_cast<host::SendResult>(result);
+    EXPECT_FALSE(textOf(outcome).isEmpty()) << result;
+  }
+  outcome.result = host::SendResult::failed;
+  EXPECT_EQ(textOf(outcome), "The email to %2 & %1 was not sent: why");
 }
 
 TEST(ErrorDialog, GivesTheChoiceOfTheButton) {

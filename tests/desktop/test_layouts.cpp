@@ -98,7 +98,8 @@ QSet<QString> namesIn(const QWidget& layout) {
     bool isInner = false;
     for (const QWidget* parent = widget->parentWidget(); parent && parent != &layout;
          parent = parent->parentWidget())
-      isInner = isInner || parent->inherits("QComboBox") || parent->inherits("autonotify::desktop::CalendarButton") ||
+      isInner = isInner || parent->inherits("QComboBox") ||
+                parent->inherits("autonotify::desktop::CalendarButton") ||
                 parent->inherits("QTabBar") ||
                 parent->inherits("autonotify::desktop::RichTextEditor");
     if (!isPart && !isInner) names.insert(name);

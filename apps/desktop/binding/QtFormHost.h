@@ -9,7 +9,7 @@
 
 #include "binding/FormWindow.h"
 #include "binding/MessagePump.h"
-#include "binding/named_recipients.h"
+#include "binding/address_lists.h"
 #include "binding/window_notes.h"
 #include "platform/controls/FormHost.h"
 

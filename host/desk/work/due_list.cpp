@@ -25,6 +25,20 @@ void readSummaries(Desk& desk, const std::string& condition, ReadableRows<Notifi
   readNotifications(desk, summaryColumns, condition, into, readSummary);
 }
 
+/// Dated by then, for a WHERE.
+std::string datedBy(Desk& desk, DateTime moment) {
+  return fmt::format("ClientNotification.NotificationDate <= #{}#",
+                     desk.database().formatDateForSQL(moment));
+}
+
+/// Unsent, and written to its end, to be added to others.
+std::string readyToGo() {
+  return fmt::format(
+      " AND ClientNotification.NotificationSent=False AND "
+      "COALESCE(ClientNotification.DocketIDNum, {})<>{}",
+      noId, unfinishedLink);
+}
+
 /// A date that could not be compared may be a later one after all.
 void leaveOutLater(DateTime day, ReadableRows<Notification>& due) {
   std::erase_if(due.rows, [&](const Notification& row) { return row.date > day; });
@@ -54,13 +68,7 @@ std::string dueCondition(Desk& desk) {
 }
 
 std::string dueCondition(Desk& desk, DateTime day) {
-  constexpr const char* date = "ClientNotification.NotificationDate";
-  const std::string last = desk.database().formatDateForSQL(day);
-  return orNoDate(fmt::format("{} <= #{}#", date, last), date) +
-         fmt::format(
-             " AND ClientNotification.NotificationSent=False AND "
-             "COALESCE(ClientNotification.DocketIDNum, {})<>{}",
-             noId, unfinishedLink);
+  return orNoDate(datedBy(desk, day), "ClientNotification.NotificationDate") + readyToGo();
 }
 
 ReadableRows<Notification> readWholeDue(Desk& desk, int channels, DateTime day) {
@@ -93,12 +101,10 @@ std::size_t countDueNotifications(Desk& desk) {
   return countRows(desk.database(), "ClientNotification WHERE " + dueCondition(desk));
 }
 
+// The list asks for this moment, so that a date with a later time is not in it yet.
 std::size_t countListedNotifications(Desk& desk) {
-  return countRows(
-      desk.database(),
-      fmt::format("ClientNotification WHERE ClientNotification.NotificationDate<=#{}# AND "
-                  "ClientNotification.NotificationSent=False",
-                  desk.database().formatDateForSQL(desk.today())));
+  return countRows(desk.database(),
+                   "ClientNotification WHERE " + datedBy(desk, desk.clock().now()) + readyToGo());
 }
 
 }  // namespace autonotify::host

@@ -50,12 +50,14 @@ void readNames(Desk& desk, const AddressColumns& columns, const std::string& sou
 std::vector<NamedAddress> nameAddresses(Desk& desk, const std::vector<std::string>& addresses) {
   if (addresses.empty()) return {};
   std::vector<std::string> sought;
+  sought.reserve(addresses.size());
   for (const std::string& address : addresses)
     sought.push_back("'" + desk.database().formatTextForSQL(lowerCase(address)) + "'");
   NamesByAddress names;
   for (const AddressColumns& columns : addressColumns())
     readNames(desk, columns, fmt::format("{}", fmt::join(sought, ", ")), names);
   std::vector<NamedAddress> named;
+  named.reserve(addresses.size());
   for (const std::string& address : addresses) {
     const auto found = names.find(lowerCase(address));
     const bool isKnown = found != names.end();

@@ -1,4 +1,4 @@
-#include "binding/named_recipients.h"
+#include "binding/address_lists.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
