@@ -15,7 +15,7 @@
         <source>The program has met a fault of its own, and did not do what you asked for:
 
 %1</source>
-        <translation>Le programme a rencontré une erreur interne et n’a pas fait ce que vous demandiez :
+        <translation>Le programme a rencontré une erreur interne et n’a pas fait ce que vous demandiez&#xa0;:
 
 %1</translation>
     </message>
@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>Rows: %L1</source>
-        <translation>Lignes : %L1</translation>
+        <translation>Lignes&#xa0;: %L1</translation>
     </message>
     <message numerus="yes">
         <source>%Ln found</source>
@@ -48,11 +48,11 @@
     </message>
     <message>
         <source>Sorted by: %1.</source>
-        <translation>Triées par : %1.</translation>
+        <translation>Triées par&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Rows: %L1.</source>
-        <translation>Lignes : %L1.</translation>
+        <translation>Lignes&#xa0;: %L1.</translation>
     </message>
     <message>
         <source>Client</source>
@@ -282,13 +282,13 @@
         <source>
 Source: %1</source>
         <translation>
-Source : %1</translation>
+Source&#xa0;: %1</translation>
     </message>
     <message>
         <source>
 In: %1</source>
         <translation>
-Dans : %1</translation>
+Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Something went wrong</source>
@@ -296,7 +296,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Continue goes on behind the failed step, Leave ends the operation as far as it has come, Try Again repeats the step.</source>
-        <translation>« Continuer » passe à l’étape qui suit celle qui a échoué, « Abandonner » arrête l’opération là où elle en est, « Réessayer » reprend l’étape.</translation>
+        <translation>«&#xa0;Continuer&#xa0;» passe à l’étape qui suit celle qui a échoué, «&#xa0;Abandonner&#xa0;» arrête l’opération là où elle en est, «&#xa0;Réessayer&#xa0;» reprend l’étape.</translation>
     </message>
     <message>
         <source>&amp;Continue</source>
@@ -336,11 +336,11 @@ Dans : %1</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no date; write it as 2026-04-30</source>
-        <translation>« %1 » n’est pas une date; écrivez-la ainsi : 2026-04-30</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une date; écrivez-la ainsi&#xa0;: 2026-04-30</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no user&apos;s number</source>
-        <translation>« %1 » n’est le numéro d’aucun utilisateur</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est le numéro d’aucun utilisateur</translation>
     </message>
     <message>
         <source>The notices that a firm owes its clients.</source>
@@ -356,7 +356,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>who works: the id of a member of staff</source>
-        <translation>qui travaille : le numéro d’un membre du personnel</translation>
+        <translation>qui travaille&#xa0;: le numéro d’un membre du personnel</translation>
     </message>
     <message>
         <source>folder for emails</source>
@@ -400,35 +400,35 @@ Dans : %1</translation>
     </message>
     <message>
         <source>The notification to %1 is no email: refresh the page.</source>
-        <translation>L’avis à %1 n’est pas un courriel : actualisez la page.</translation>
+        <translation>L’avis à %1 n’est pas un courriel&#xa0;: actualisez la page.</translation>
     </message>
     <message>
         <source>Nothing was sent: the notification to %1 was sent before.</source>
-        <translation>Rien n’a été envoyé : l’avis à %1 l’avait déjà été.</translation>
+        <translation>Rien n’a été envoyé&#xa0;: l’avis à %1 l’avait déjà été.</translation>
     </message>
     <message>
         <source>Nothing was sent: the notification to %1 is cancelled.</source>
-        <translation>Rien n’a été envoyé : l’avis à %1 est annulé.</translation>
+        <translation>Rien n’a été envoyé&#xa0;: l’avis à %1 est annulé.</translation>
     </message>
     <message>
         <source>The notification to %1 could not be cancelled: %2</source>
-        <translation>L’avis à %1 n’a pas pu être annulé : %2</translation>
+        <translation>L’avis à %1 n’a pas pu être annulé&#xa0;: %2</translation>
     </message>
     <message>
         <source>Nobody knows whether the email to %1 was sent: ask the client, then settle it in the notifications list.</source>
-        <translation>Personne ne sait si le courriel à %1 a été envoyé : demandez au client, puis réglez l’avis dans la liste des avis.</translation>
+        <translation>Personne ne sait si le courriel à %1 a été envoyé&#xa0;: demandez au client, puis réglez l’avis dans la liste des avis.</translation>
     </message>
     <message>
         <source>It is not certain that the email to %1 was sent: %2</source>
-        <translation>Il n’est pas certain que le courriel à %1 a été envoyé : %2</translation>
+        <translation>Il n’est pas certain que le courriel à %1 a été envoyé&#xa0;: %2</translation>
     </message>
     <message>
         <source>Nothing was sent: there is no email address for %1.</source>
-        <translation>Rien n’a été envoyé : il n’y a pas d’adresse de courriel pour %1.</translation>
+        <translation>Rien n’a été envoyé&#xa0;: il n’y a pas d’adresse de courriel pour %1.</translation>
     </message>
     <message>
         <source>The email to %1 was not sent: %2</source>
-        <translation>Le courriel à %1 n’a pas été envoyé : %2</translation>
+        <translation>Le courriel à %1 n’a pas été envoyé&#xa0;: %2</translation>
     </message>
     <message>
         <source>Another desk is at work on it. Try again in a moment.</source>
@@ -444,7 +444,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>There is no %1 any more.</source>
-        <translation>Introuvable, sans doute supprimé entre-temps : %1.</translation>
+        <translation>Introuvable, sans doute supprimé entre-temps&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The email is scheduled already.</source>
@@ -480,31 +480,31 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Nothing was done: by now %1 %2.</source>
-        <translation>Rien n’a été fait : entre-temps, %1 %2.</translation>
+        <translation>Rien n’a été fait&#xa0;: entre-temps, %1 %2.</translation>
     </message>
     <message>
         <source>Nothing was done: it was sent or cancelled meanwhile.</source>
-        <translation>Rien n’a été fait : l’avis a été envoyé ou annulé entre-temps.</translation>
+        <translation>Rien n’a été fait&#xa0;: l’avis a été envoyé ou annulé entre-temps.</translation>
     </message>
     <message>
         <source>The email was sent, but %1</source>
-        <translation>Le courriel a été envoyé, mais : %1</translation>
+        <translation>Le courriel a été envoyé, mais&#xa0;: %1</translation>
     </message>
     <message>
         <source>The email was sent, but could not be marked so: %1</source>
-        <translation>Le courriel a été envoyé, mais n’a pas pu être marqué comme tel : %1</translation>
+        <translation>Le courriel a été envoyé, mais n’a pas pu être marqué comme tel&#xa0;: %1</translation>
     </message>
     <message>
         <source>1 row cannot be read: %1</source>
-        <translation>1 ligne ne peut pas être lue : %1</translation>
+        <translation>1 ligne ne peut pas être lue&#xa0;: %1</translation>
     </message>
     <message>
         <source>%L1 rows cannot be read: %2</source>
-        <translation>%L1 lignes ne peuvent pas être lues : %2</translation>
+        <translation>%L1 lignes ne peuvent pas être lues&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 cannot be written: %2.</source>
-        <translation>%1 ne peut pas être écrit : %2.</translation>
+        <translation>%1 ne peut pas être écrit&#xa0;: %2.</translation>
     </message>
     <message>
         <source>The printer %1 does not take the pages.</source>
@@ -516,11 +516,11 @@ Dans : %1</translation>
     </message>
     <message>
         <source>The document has none of the pages that were chosen; it has %L1.</source>
-        <translation>Le document n’a aucune des pages choisies; nombre de ses pages : %L1.</translation>
+        <translation>Le document n’a aucune des pages choisies; nombre de ses pages&#xa0;: %L1.</translation>
     </message>
     <message>
         <source>Goes out on %1</source>
-        <translation>Envoi : %1</translation>
+        <translation>Envoi&#xa0;: %1</translation>
     </message>
     <message>
         <source>No email address on file</source>
@@ -536,7 +536,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Call due on %1</source>
-        <translation>Appel prévu : %1</translation>
+        <translation>Appel prévu&#xa0;: %1</translation>
     </message>
     <message>
         <source>No telephone number on file</source>
@@ -564,22 +564,97 @@ Dans : %1</translation>
     </message>
     <message>
         <source>%1, due on %2</source>
-        <translation>%1, échéance : %2</translation>
+        <translation>%1, échéance&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 (our firm)</source>
+        <translation>%1 (notre cabinet)</translation>
+    </message>
+    <message>
+        <source>Sends it now to %1</source>
+        <translation>L’envoie maintenant à %1</translation>
+    </message>
+    <message>
+        <source>Saves it, to be sent to %1 on %2</source>
+        <translation>L’enregistre, à envoyer à %1 le %2</translation>
+    </message>
+    <message>
+        <source>Shows the pages of the fax to %1</source>
+        <translation>Montre les pages de la télécopie à %1</translation>
+    </message>
+    <message>
+        <source>Saves it, to be faxed to %1 on %2</source>
+        <translation>L’enregistre, à télécopier à %1 le %2</translation>
+    </message>
+    <message>
+        <source>Shows the letter as it is printed</source>
+        <translation>Montre la lettre telle qu’imprimée</translation>
+    </message>
+    <message>
+        <source>Saves it, to be printed on %2</source>
+        <translation>L’enregistre, à imprimer le %2</translation>
+    </message>
+    <message>
+        <source>Saves it, to call %1 on %2</source>
+        <translation>L’enregistre, pour appeler %1 le %2</translation>
+    </message>
+    <message>
+        <source>Opens it in your email program, addressed to %1</source>
+        <translation>L’ouvre dans votre logiciel de courriel, adressé à %1</translation>
+    </message>
+    <message>
+        <source>%1 and %L2 more</source>
+        <translation>%1 et %L2 de plus</translation>
+    </message>
+    <message>
+        <source>Nobody is named yet to whom it goes</source>
+        <translation>Aucun destinataire n’est encore nommé</translation>
+    </message>
+    <message>
+        <source>No date is written yet</source>
+        <translation>Aucune date n’est encore inscrite</translation>
+    </message>
+    <message>
+        <source>This day has passed.</source>
+        <translation>Ce jour est passé.</translation>
+    </message>
+    <message>
+        <source>This is after the due date, %1.</source>
+        <translation>C’est après l’échéance, %1.</translation>
+    </message>
+    <message>
+        <source>Notification date %1: %2  Do you want to go on?</source>
+        <translation>Date d’avis %1 : %2  Voulez-vous continuer?</translation>
+    </message>
+    <message>
+        <source>: start the program with %1 FOLDER</source>
+        <translation> : démarrez le programme avec %1 DOSSIER</translation>
+    </message>
+    <message>
+        <source>Nothing was sent: the notification to %1 is still being written.</source>
+        <translation>Rien n’a été envoyé : l’avis à %1 est encore en cours de rédaction.</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::CalendarButton</name>
+    <message>
+        <source>Choose the date in a calendar</source>
+        <translation>Choisir la date dans un calendrier</translation>
     </message>
 </context>
 <context>
     <name>autonotify::desktop::CallDialog</name>
     <message>
         <source>Person to call:</source>
-        <translation>Personne à appeler :</translation>
+        <translation>Personne à appeler&#xa0;:</translation>
     </message>
     <message>
         <source>Telephone number:</source>
-        <translation>Numéro de téléphone :</translation>
+        <translation>Numéro de téléphone&#xa0;:</translation>
     </message>
     <message>
         <source>Available times:</source>
-        <translation>Disponibilités :</translation>
+        <translation>Disponibilités&#xa0;:</translation>
     </message>
     <message>
         <source>Call &amp;Made</source>
@@ -618,7 +693,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Managing accountant: %1</source>
-        <translation>Comptable responsable : %1</translation>
+        <translation>Comptable responsable&#xa0;: %1</translation>
     </message>
     <message>
         <source>none on file</source>
@@ -626,11 +701,11 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Email: %1</source>
-        <translation>Courriel : %1</translation>
+        <translation>Courriel&#xa0;: %1</translation>
     </message>
     <message>
         <source>Phone: %1</source>
-        <translation>Téléphone : %1</translation>
+        <translation>Téléphone&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -729,6 +804,14 @@ Dans : %1</translation>
         <source>Week of %1</source>
         <translation>Semaine du %1</translation>
     </message>
+    <message>
+        <source>Show more</source>
+        <translation>Afficher plus</translation>
+    </message>
+    <message>
+        <source>%L1 more wait that are neither shown nor searched here.</source>
+        <translation>%L1 autres attendent, ni affichés ni cherchés ici.</translation>
+    </message>
 </context>
 <context>
     <name>autonotify::desktop::GridOptionsDialog</name>
@@ -742,11 +825,11 @@ Dans : %1</translation>
     </message>
     <message>
         <source>&amp;Odd rows:</source>
-        <translation>Lignes &amp;impaires :</translation>
+        <translation>Lignes &amp;impaires&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Even rows:</source>
-        <translation>Lignes &amp;paires :</translation>
+        <translation>Lignes &amp;paires&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Wrap words in the rows</source>
@@ -762,7 +845,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>&amp;Columns that stay in sight, up to:</source>
-        <translation>&amp;Colonnes toujours visibles, jusqu’à :</translation>
+        <translation>&amp;Colonnes toujours visibles, jusqu’à&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Reset Colours</source>
@@ -809,7 +892,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>%1 has no holidays yet: its dates pass over weekends alone; %2</source>
-        <translation>%1 n’a pas encore de jours fériés : ses dates n’évitent que les fins de semaine; %2</translation>
+        <translation>%1 n’a pas encore de jours fériés&#xa0;: ses dates n’évitent que les fins de semaine; %2</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -973,7 +1056,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>The database file is no longer in its place: nothing that you do is kept.</source>
-        <translation>Le fichier de la base de données n’est plus à sa place : rien de ce que vous faites n’est conservé.</translation>
+        <translation>Le fichier de la base de données n’est plus à sa place&#xa0;: rien de ce que vous faites n’est conservé.</translation>
     </message>
     <message>
         <source>Open Database</source>
@@ -989,7 +1072,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>The address of the database (its password comes from the password file ~/.pgpass):</source>
-        <translation>L’adresse de la base de données (son mot de passe vient du fichier de mots de passe ~/.pgpass) :</translation>
+        <translation>L’adresse de la base de données (son mot de passe vient du fichier de mots de passe ~/.pgpass)&#xa0;:</translation>
     </message>
     <message>
         <source>Sent to %1</source>
@@ -1017,11 +1100,11 @@ Dans : %1</translation>
     </message>
     <message>
         <source>&lt;h3&gt;Client Notifications %1&lt;/h3&gt;&lt;p&gt;The notices that an accounting firm owes its clients: when, in which words, and sent.&lt;/p&gt;</source>
-        <translation>&lt;h3&gt;Avis aux clients %1&lt;/h3&gt;&lt;p&gt;Les avis qu’un cabinet comptable doit à ses clients : quand, en quels mots, et envoyés.&lt;/p&gt;</translation>
+        <translation>&lt;h3&gt;Avis aux clients %1&lt;/h3&gt;&lt;p&gt;Les avis qu’un cabinet comptable doit à ses clients&#xa0;: quand, en quels mots, et envoyés.&lt;/p&gt;</translation>
     </message>
     <message>
         <source>%L1 waiting  ·  %L2 sent today</source>
-        <translation>%L1 en attente  ·  envois aujourd’hui : %L2</translation>
+        <translation>%L1 en attente  ·  envois aujourd’hui&#xa0;: %L2</translation>
     </message>
     <message>
         <source>Find a client or task</source>
@@ -1053,7 +1136,19 @@ Dans : %1</translation>
     </message>
     <message>
         <source>This notification is about an item of the diary: change it in the notifications list.</source>
-        <translation>Cet avis porte sur un élément de l’agenda : modifiez-le dans la liste des avis.</translation>
+        <translation>Cet avis porte sur un élément de l’agenda&#xa0;: modifiez-le dans la liste des avis.</translation>
+    </message>
+    <message>
+        <source>&amp;Print Worklist...</source>
+        <translation>&amp;Imprimer la liste de travail...</translation>
+    </message>
+    <message>
+        <source>Print the letters, faxes and calls that are due as a list</source>
+        <translation>Imprimer en liste les lettres, télécopies et appels à faire</translation>
+    </message>
+    <message>
+        <source>No letter, fax or call is due.</source>
+        <translation>Aucune lettre, aucune télécopie et aucun appel n’est à faire.</translation>
     </message>
 </context>
 <context>
@@ -1139,11 +1234,11 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Ser&amp;ver:</source>
-        <translation>Ser&amp;veur :</translation>
+        <translation>Ser&amp;veur&#xa0;:</translation>
     </message>
     <message>
         <source>File with the &amp;password:</source>
-        <translation>Fichier du &amp;mot de passe :</translation>
+        <translation>Fichier du &amp;mot de passe&#xa0;:</translation>
     </message>
     <message>
         <source>File with the password</source>
@@ -1151,7 +1246,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>Outbox &amp;folder:</source>
-        <translation>Dossier de la &amp;boîte d’envoi :</translation>
+        <translation>Dossier de la &amp;boîte d’envoi&#xa0;:</translation>
     </message>
     <message>
         <source>Outbox folder</source>
@@ -1171,7 +1266,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>&amp;Documents folder:</source>
-        <translation>&amp;Dossier des documents :</translation>
+        <translation>&amp;Dossier des documents&#xa0;:</translation>
     </message>
     <message>
         <source>Documents folder</source>
@@ -1245,7 +1340,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>%L1 %</source>
-        <translation>%L1 %</translation>
+        <translation>%L1&#xa0;%</translation>
     </message>
     <message>
         <source> of %L1</source>
@@ -1277,7 +1372,7 @@ Dans : %1</translation>
     </message>
     <message>
         <source>The printing was stopped. Pages that went out before: %L1.</source>
-        <translation>L’impression a été arrêtée. Pages déjà parties : %L1.</translation>
+        <translation>L’impression a été arrêtée. Pages déjà parties&#xa0;: %L1.</translation>
     </message>
 </context>
 <context>
@@ -1329,6 +1424,10 @@ Dans : %1</translation>
     <message>
         <source>Redo</source>
         <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
     </message>
 </context>
 <context>
@@ -1483,18 +1582,154 @@ Dans : %1</translation>
     </message>
     <message>
         <source>%v of %m (%p %)</source>
-        <translation>%v de %m (%p %)</translation>
+        <translation>%v de %m (%p&#xa0;%)</translation>
     </message>
     <message>
         <source>Loading notifications</source>
         <translation>Chargement des avis</translation>
     </message>
+    <message>
+        <source>Cell</source>
+        <translation>Cellule</translation>
+    </message>
+    <message>
+        <source>Number in the cell</source>
+        <translation>Nombre dans la cellule</translation>
+    </message>
+    <message>
+        <source>Date in the cell</source>
+        <translation>Date dans la cellule</translation>
+    </message>
+    <message>
+        <source>Employee assigned</source>
+        <translation>Employé responsable</translation>
+    </message>
+    <message>
+        <source>Quick search</source>
+        <translation>Recherche rapide</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>Heures</translation>
+    </message>
+    <message>
+        <source>Minutes</source>
+        <translation>Minutes</translation>
+    </message>
 </context>
 <context>
     <name>frmAutoNotifySearch</name>
     <message>
-        <source>Calendar</source>
-        <translation>Calendrier</translation>
+        <source>Search criteria</source>
+        <translation>Critères de recherche</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Notification type</source>
+        <translation>Type d’avis</translation>
+    </message>
+    <message>
+        <source>Employee assigned</source>
+        <translation>Employé responsable</translation>
+    </message>
+    <message>
+        <source>Created by</source>
+        <translation>Créé par</translation>
+    </message>
+    <message>
+        <source>Sent by</source>
+        <translation>Envoyé par</translation>
+    </message>
+    <message>
+        <source>Notification day</source>
+        <translation>Jour d’avis</translation>
+    </message>
+    <message>
+        <source>Calendar: notification day</source>
+        <translation>Calendrier : jour d’avis</translation>
+    </message>
+    <message>
+        <source>First notification day</source>
+        <translation>Premier jour d’avis</translation>
+    </message>
+    <message>
+        <source>Calendar: first notification day</source>
+        <translation>Calendrier : premier jour d’avis</translation>
+    </message>
+    <message>
+        <source>Last notification day</source>
+        <translation>Dernier jour d’avis</translation>
+    </message>
+    <message>
+        <source>Calendar: last notification day</source>
+        <translation>Calendrier : dernier jour d’avis</translation>
+    </message>
+    <message>
+        <source>Start of the notification days</source>
+        <translation>Début des jours d’avis</translation>
+    </message>
+    <message>
+        <source>Calendar: start of the notification days</source>
+        <translation>Calendrier : début des jours d’avis</translation>
+    </message>
+    <message>
+        <source>End of the notification days</source>
+        <translation>Fin des jours d’avis</translation>
+    </message>
+    <message>
+        <source>Calendar: end of the notification days</source>
+        <translation>Calendrier : fin des jours d’avis</translation>
+    </message>
+    <message>
+        <source>Day sent or cancelled</source>
+        <translation>Jour d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Calendar: day sent or cancelled</source>
+        <translation>Calendrier : jour d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>First day sent or cancelled</source>
+        <translation>Premier jour d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Calendar: first day sent or cancelled</source>
+        <translation>Calendrier : premier jour d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Last day sent or cancelled</source>
+        <translation>Dernier jour d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Calendar: last day sent or cancelled</source>
+        <translation>Calendrier : dernier jour d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Start of the days sent or cancelled</source>
+        <translation>Début des jours d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Calendar: start of the days sent or cancelled</source>
+        <translation>Calendrier : début des jours d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>End of the days sent or cancelled</source>
+        <translation>Fin des jours d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Calendar: end of the days sent or cancelled</source>
+        <translation>Calendrier : fin des jours d’envoi ou d’annulation</translation>
+    </message>
+    <message>
+        <source>Managing accountant</source>
+        <translation>Comptable responsable</translation>
+    </message>
+    <message>
+        <source>Supervising partner</source>
+        <translation>Associé superviseur</translation>
     </message>
 </context>
 <context>
@@ -1523,29 +1758,29 @@ Dans : %1</translation>
 <context>
     <name>frmSendNotificationWizardEmail</name>
     <message>
-        <source>Calendar</source>
-        <translation>Calendrier</translation>
+        <source>Calendar of the notification date</source>
+        <translation>Calendrier de la date d’avis</translation>
     </message>
 </context>
 <context>
     <name>frmSendNotificationWizardFax</name>
     <message>
-        <source>Calendar</source>
-        <translation>Calendrier</translation>
+        <source>Calendar of the notification date</source>
+        <translation>Calendrier de la date d’avis</translation>
     </message>
 </context>
 <context>
     <name>frmSendNotificationWizardLetter</name>
     <message>
-        <source>Calendar</source>
-        <translation>Calendrier</translation>
+        <source>Calendar of the notification date</source>
+        <translation>Calendrier de la date d’avis</translation>
     </message>
 </context>
 <context>
     <name>frmSendNotificationWizardPhone</name>
     <message>
-        <source>Calendar</source>
-        <translation>Calendrier</translation>
+        <source>Calendar of the notification date</source>
+        <translation>Calendrier de la date d’avis</translation>
     </message>
 </context>
 <context>
@@ -1561,6 +1796,10 @@ Dans : %1</translation>
     <message>
         <source>Find a field (Ctrl+F)</source>
         <translation>Trouver un champ (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Find a field</source>
+        <translation>Trouver un champ</translation>
     </message>
 </context>
 </TS>
