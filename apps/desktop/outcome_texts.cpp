@@ -24,6 +24,8 @@ constexpr SendWords sendWords[] = {
     {host::SendResult::foundInOutbox, false,
      QT_TRANSLATE_NOOP("QObject", "It was sent to %1 before, and is marked so now.")},
     {host::SendResult::markedOnly, false, QT_TRANSLATE_NOOP("QObject", "Marked as sent to %1.")},
+    {host::SendResult::testSent, false,
+     QT_TRANSLATE_NOOP("QObject", "A test of the email to %1 was sent.")},
     {host::SendResult::cancelFinished, false,
      QT_TRANSLATE_NOOP("QObject", "The notification to %1 is cancelled.")},
     {host::SendResult::byHand, true,

@@ -624,15 +624,19 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Notification date %1: %2  Do you want to go on?</source>
-        <translation>Date d’avis %1 : %2  Voulez-vous continuer?</translation>
+        <translation>Date d’avis %1&#xa0;: %2  Voulez-vous continuer?</translation>
     </message>
     <message>
         <source>: start the program with %1 FOLDER</source>
-        <translation> : démarrez le programme avec %1 DOSSIER</translation>
+        <translation>&#xa0;: démarrez le programme avec %1 DOSSIER</translation>
     </message>
     <message>
         <source>Nothing was sent: the notification to %1 is still being written.</source>
-        <translation>Rien n’a été envoyé : l’avis à %1 est encore en cours de rédaction.</translation>
+        <translation>Rien n’a été envoyé&#xa0;: l’avis à %1 est encore en cours de rédaction.</translation>
+    </message>
+    <message>
+        <source>A test of the email to %1 was sent.</source>
+        <translation>Un essai du courriel à %1 a été envoyé.</translation>
     </message>
 </context>
 <context>
@@ -1649,7 +1653,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: notification day</source>
-        <translation>Calendrier : jour d’avis</translation>
+        <translation>Calendrier&#xa0;: jour d’avis</translation>
     </message>
     <message>
         <source>First notification day</source>
@@ -1657,7 +1661,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: first notification day</source>
-        <translation>Calendrier : premier jour d’avis</translation>
+        <translation>Calendrier&#xa0;: premier jour d’avis</translation>
     </message>
     <message>
         <source>Last notification day</source>
@@ -1665,7 +1669,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: last notification day</source>
-        <translation>Calendrier : dernier jour d’avis</translation>
+        <translation>Calendrier&#xa0;: dernier jour d’avis</translation>
     </message>
     <message>
         <source>Start of the notification days</source>
@@ -1673,7 +1677,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: start of the notification days</source>
-        <translation>Calendrier : début des jours d’avis</translation>
+        <translation>Calendrier&#xa0;: début des jours d’avis</translation>
     </message>
     <message>
         <source>End of the notification days</source>
@@ -1681,7 +1685,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: end of the notification days</source>
-        <translation>Calendrier : fin des jours d’avis</translation>
+        <translation>Calendrier&#xa0;: fin des jours d’avis</translation>
     </message>
     <message>
         <source>Day sent or cancelled</source>
@@ -1689,7 +1693,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: day sent or cancelled</source>
-        <translation>Calendrier : jour d’envoi ou d’annulation</translation>
+        <translation>Calendrier&#xa0;: jour d’envoi ou d’annulation</translation>
     </message>
     <message>
         <source>First day sent or cancelled</source>
@@ -1697,7 +1701,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: first day sent or cancelled</source>
-        <translation>Calendrier : premier jour d’envoi ou d’annulation</translation>
+        <translation>Calendrier&#xa0;: premier jour d’envoi ou d’annulation</translation>
     </message>
     <message>
         <source>Last day sent or cancelled</source>
@@ -1705,7 +1709,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: last day sent or cancelled</source>
-        <translation>Calendrier : dernier jour d’envoi ou d’annulation</translation>
+        <translation>Calendrier&#xa0;: dernier jour d’envoi ou d’annulation</translation>
     </message>
     <message>
         <source>Start of the days sent or cancelled</source>
@@ -1713,7 +1717,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: start of the days sent or cancelled</source>
-        <translation>Calendrier : début des jours d’envoi ou d’annulation</translation>
+        <translation>Calendrier&#xa0;: début des jours d’envoi ou d’annulation</translation>
     </message>
     <message>
         <source>End of the days sent or cancelled</source>
@@ -1721,7 +1725,7 @@ Dans&#xa0;: %1</translation>
     </message>
     <message>
         <source>Calendar: end of the days sent or cancelled</source>
-        <translation>Calendrier : fin des jours d’envoi ou d’annulation</translation>
+        <translation>Calendrier&#xa0;: fin des jours d’envoi ou d’annulation</translation>
     </message>
     <message>
         <source>Managing accountant</source>
