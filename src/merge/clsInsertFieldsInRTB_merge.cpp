@@ -142,9 +142,9 @@ bool clsInsertFieldsInRTB::mergeFields(Step& step, std::string& text, const Merg
     field.readKey(index);
     field.read(type, field_column::dataType);
     const std::size_t firstFormat = row == start.row ? start.format : 0;
-    const bool isFound = type == static_cast<int>(FieldType::date)
-                             ? mergeDate(tokens, name, index, firstFormat)
-                             : mergeToken(tokens, name, index, {});
+    const bool isDate = type == static_cast<int>(FieldType::date);
+    const bool isFound =
+        isDate ? mergeDate(tokens, name, index, firstFormat) : mergeToken(tokens, name, index, {});
     isAnyFound = isAnyFound || isFound;
   }
   return isAnyFound;
@@ -195,8 +195,8 @@ std::string clsInsertFieldsInRTB::parseTodaysDateInRTBComment(std::string& text,
 }
 
 std::string clsInsertFieldsInRTB::replaceUnfoundMergeFieldsWithBlanks(std::string& text) {
-  return procedure(tag<"replaceUnfoundMergeFieldsWithBlanks">, text,
-                   [&](Step&, std::string& result) { result = withoutTokens(text); });
+  const auto remove = [&](Step&, std::string& result) { result = withoutTokens(text); };
+  return procedure(tag<"replaceUnfoundMergeFieldsWithBlanks">, text, remove);
 }
 
 bool clsInsertFieldsInRTB::testRTBComment(const std::string& text, bool isRTF, bool raiseErrors,

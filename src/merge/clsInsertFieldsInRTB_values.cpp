@@ -129,14 +129,14 @@ Value clsInsertFieldsInRTB::valueInRow(const FieldPlan& plan) {
 }
 
 std::string clsInsertFieldsInRTB::getDataFieldFromRecordset(std::string& fieldName) {
-  return procedure(tag<"getDataFieldFromRecordset">, std::string{},
-                   [&](Step& step, std::string& result) {
-                     if (!isDatabaseOpen(step)) return;
-                     const auto source = sourceOf(FieldCursor(step, fieldList_));
-                     if (!source) return;
-                     RecordFields fields(step, sources_, scope());
-                     result = textOf(fields.read(*source, fieldName));
-                   });
+  const auto read = [&](Step& step, std::string& result) {
+    if (!isDatabaseOpen(step)) return;
+    const auto source = sourceOf(FieldCursor(step, fieldList_));
+    if (!source) return;
+    RecordFields fields(step, sources_, scope());
+    result = textOf(fields.read(*source, fieldName));
+  };
+  return procedure(tag<"getDataFieldFromRecordset">, std::string{}, read);
 }
 
 std::string clsInsertFieldsInRTB::getMergeDataFromFieldName(const std::string& fieldName) {

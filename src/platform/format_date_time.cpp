@@ -174,9 +174,8 @@ DateFormat::DateFormat(std::string_view pattern)
     const PatternPiece piece = reader.next();
     const auto begin = static_cast<std::size_t>(piece.letters.data() - own.data());
     const std::size_t end = begin + piece.letters.size();
-    const bool goesOn = piece.write == writeLetters && !pieces_.empty() &&
-                        pieces_.back().write == writeLetters && pieces_.back().end == begin;
-    if (goesOn) {
+    const bool isBehindLetters = !pieces_.empty() && pieces_.back().write == writeLetters;
+    if (isBehindLetters && piece.write == writeLetters && pieces_.back().end == begin) {
       pieces_.back().end = end;
     } else {
       pieces_.push_back({piece.write, begin, end});

@@ -83,8 +83,8 @@ std::shared_ptr<const FieldClaims> tellClaims(const std::shared_ptr<const MergeF
     const auto& [row, format] = *meaning;
     claims->list.push_back({row, token, format, &patternOf(row, format)});
   }
-  std::ranges::sort(claims->list, {},
-                    [](const FieldClaim& claim) { return std::pair(claim.row, claim.format); });
+  const auto order = [](const FieldClaim& claim) { return std::pair(claim.row, claim.format); };
+  std::ranges::sort(claims->list, {}, order);
   return claims;
 }
 

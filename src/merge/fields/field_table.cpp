@@ -41,8 +41,8 @@ FieldTable::FieldTable(const std::vector<SharedFieldRows>& pieces) {
   for (const SharedFieldRows& piece : pieces) {
     for (const FieldRow& row : *piece) {
       rows_.push_back(&row);
-      fields.push_back(mergeFieldOf(row.item(field_column::displayName), size(),
-                                    row.item(field_column::dataType)));
+      const Value& dataType = row.item(field_column::dataType);
+      fields.push_back(mergeFieldOf(row.item(field_column::displayName), size(), dataType));
       fields.back().plan = &row.plan;
     }
   }

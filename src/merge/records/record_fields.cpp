@@ -121,8 +121,8 @@ void RecordFields::write(MergeSource source, const std::string& name, const std:
 }
 
 Value RecordFields::readColumn(MergeSource source, const std::string& column) {
-  return step_.value(Value{},
-                     [&] { return database().getFieldValue(sources_.handleOf(source), column); });
+  const auto read = [&] { return database().getFieldValue(sources_.handleOf(source), column); };
+  return step_.value(Value{}, read);
 }
 
 void RecordFields::writeColumn(MergeSource source, const std::string& column,

@@ -155,8 +155,8 @@ std::size_t RewriteList::firstAt(std::string_view text, std::size_t at, std::siz
 bool RewriteList::mayHoldWord(std::string_view text) const {
   constexpr std::size_t further = sizeof(Piece);
   const auto mayStandAt = [&](const char* block) {
-    return std::ranges::any_of(pieces_,
-                               [&](const Piece& piece) { return mayStandIn(block, piece); });
+    const auto stands = [&](const Piece& piece) { return mayStandIn(block, piece); };
+    return std::ranges::any_of(pieces_, stands);
   };
   for (; text.size() >= blockSize + further; text.remove_prefix(blockSize))
     if (mayStandAt(text.data())) return true;
