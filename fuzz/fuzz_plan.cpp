@@ -85,8 +85,9 @@ void readRows(Plan& plan, const std::vector<Value>& parameters, Result& result) 
 Result run(Session& session, const std::string& sql) {
   Result result;
   try {
-    const Statement statement = session.plan(sql);
-    readRows(*statement.plan, *statement.parameters, result);
+    std::vector<Value> parameters;
+    const std::shared_ptr<Plan> plan = session.plan(sql, parameters);
+    readRows(*plan, parameters, result);
   } catch (const DatabaseError& error) {
     result.failure = error.number();
     result.isInterrupted = (error.nativeCode() & 0xFF) == SQLITE_INTERRUPT;

@@ -61,7 +61,7 @@ constexpr auto endsLiteral = [] {
 /// The place behind the last character before `end` that may end a literal; `from` without one.
 /// Most are letters: four are looked at in a turn.
 std::size_t literalEnd(std::string_view sql, std::size_t from, std::size_t end) {
-  const auto ends = [&](std::size_t at) {
+  const auto ends = [&](std::size_t at) -> unsigned {
     return endsLiteral[static_cast<unsigned char>(sql[at])];
   };
   while (end >= from + 4 && !(ends(end - 1) | ends(end - 2) | ends(end - 3) | ends(end - 4)))
