@@ -89,7 +89,7 @@ TEST_F(TranslationTest, everyWordOfTheProgramIsGivenToTranslation) {
 }
 
 TEST_F(TranslationTest, keysOfAMenuAreDistinctInFrench) {
-  const Speaking french(QLocale("fr_CA"));
+  const Speaking french{QLocale("fr_CA")};
   open();
   expectDistinctKeys(textsOf(window_->menuBar()->actions()));
   for (const QAction* menu : window_->menuBar()->actions())
@@ -97,7 +97,7 @@ TEST_F(TranslationTest, keysOfAMenuAreDistinctInFrench) {
 }
 
 TEST_F(TranslationTest, layoutsSpeakFrenchAndTheComponentsWindowsKeepTheirWords) {
-  const Speaking french(QLocale("fr_CA"));
+  const Speaking french{QLocale("fr_CA")};
   open();
   run("notifications", [](QDialog& list) {
     EXPECT_EQ(list.findChild<QAbstractButton*>("imgTopBarButton(0)")->text(),
@@ -114,7 +114,7 @@ TEST(Translation, aLanguageThatThereIsNotIsEnglishWithItsPlurals) {
     return QCoreApplication::translate("autonotify::desktop::WeeksCard",
                                        "Weeks ahead, %Ln notifications in 12 weeks", "", count);
   };
-  const Speaking english(QLocale(QLocale::German));
+  const Speaking english{QLocale(QLocale::German)};
   EXPECT_EQ(found(1), "Weeks ahead, 1 notification in 12 weeks");
   EXPECT_EQ(found(2), "Weeks ahead, 2 notifications in 12 weeks");
 }
