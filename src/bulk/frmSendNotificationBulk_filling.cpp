@@ -94,9 +94,8 @@ void frmSendNotificationBulk::setYears(std::int16_t year) {
     year_ = year;
     for (Label& label : lblText) {
       const Id totalNum = step.value(noId, [&] { return toInteger(Value(label.tag())); });
-      const std::string kind = getShortAbbreviationNameFromTotalNum(totalNum, true);
-      const std::string ofYear = " Auto Notifications for " + std::to_string(year);
-      label.setCaption("Schedule all " + kind + ofYear);
+      label.setCaption("Schedule all " + getShortAbbreviationNameFromTotalNum(totalNum, true) +
+                       " Auto Notifications for " + std::to_string(year));
     }
   });
 }
