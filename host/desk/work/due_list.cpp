@@ -97,10 +97,6 @@ ReadableRows<Id> notificationsToSend(Desk& desk, int channels) {
   return ids;
 }
 
-std::size_t countDueNotifications(Desk& desk) {
-  return countRows(desk.database(), "ClientNotification WHERE " + dueCondition(desk));
-}
-
 // The list asks for this moment, so that a date with a later time is not in it yet.
 std::size_t countListedNotifications(Desk& desk) {
   return countRows(desk.database(),

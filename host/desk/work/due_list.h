@@ -15,7 +15,6 @@ inline constexpr int allChannels = -1;
 ReadableRows<Id> notificationsToSend(Desk& desk, int channels = allChannels);
 /// What is due by one of the channels today, or by another day, by date, with its text.
 ReadableRows<Notification> readWholeDue(Desk& desk, int channels, DateTime day);
-std::size_t countDueNotifications(Desk& desk);
 /// As many as the list of notifications opens with. A date that cannot be read keeps a row from it.
 std::size_t countListedNotifications(Desk& desk);
 
