@@ -68,8 +68,8 @@ constexpr EntryColumn companies[] = {
     {"Address 2", "addressline2 street2", "Address2"},
     {"Address 3", "addressline3 street3", "Address3"},
     {"City", "town municipality", "City"},
-    {"Province", "state stateprovince provincestate region", "Province"},
-    {"Postal Code", "zip zipcode postcode", "PostalCode"},
+    {"Province", "prov state stateprovince provincestate region", "Province"},
+    {"Postal Code", "postal zip zipcode postcode", "PostalCode"},
     {"Country", "countryregion", "Country"},
     {"Phone", "telephone tel officephone businessphone mainphone officenumber", "OfficeNumber"},
     {"Other Phone", "phone2 altphone alternatephone cell mobile", "AltPhoneNumber"},
@@ -104,8 +104,8 @@ constexpr EntryColumn contacts[] = {
     {"Home Address 2", "address2 addressline2 homestreet2", "HomeAddress2"},
     {"Home Address 3", "address3 homestreet3", "HomeAddress3"},
     {"Home City", "city town", "HomeCity"},
-    {"Home Province", "province state homestate", "HomeProvince"},
-    {"Home Postal Code", "postalcode zip zipcode postcode homezip", "HomePostalCode"},
+    {"Home Province", "prov province state homestate", "HomeProvince"},
+    {"Home Postal Code", "postal postalcode zip zipcode postcode homezip", "HomePostalCode"},
     {"Home Country", "country homecountryregion", "HomeCountry"},
     {"Home Phone", "phone telephone tel", "HomePhone_Main"},
     {"Cell", "mobile cellphone mobilephone homecell", "HomePhone_Cell"},
@@ -152,12 +152,12 @@ constexpr EntryColumn links[] = {
 
 constexpr EntryColumn tasks[] = {
     {"Client", "clientnumber clientname company companyname contact", "", reference, true},
-    {"Kind", "type taskkind tasktype scheduletype", "", reference, true},
+    {"Kind", "type task taskkind tasktype scheduletype", "", reference, true},
     {"Name", "task taskname schedulename title subject", "scheduleName"},
     {"Due Date", "due duedate deadline", "DueDate", date, true},
     {"In-House Date", "internaldate inhouseduedate", "inHouseDueDate", date},
     {"Documents By", "infodeadline infodeadlinedate", "InfoDeadlineDate", date},
-    {"Assigned To", "employee employeeassigned assignee staff", "", reference},
+    {"Assigned To", "assigned employee employeeassigned assignee staff", "", reference},
     {"Year", "taxyear", "Year", integer},
     {"Period End", "periodenddate", "PeriodEndDate", date},
     {"Period", "perioddescription", "PeriodDescription"},
@@ -215,13 +215,26 @@ std::string foldHeading(std::string_view heading) {
   return folded;
 }
 
-const EntryColumn* findEntryColumn(const EntryKind& kind, std::string_view heading) {
-  const std::string folded = foldHeading(heading);
-  for (const EntryColumn& column : kind.columns)
-    if (foldHeading(column.heading) == folded) return &column;
-  for (const EntryColumn& column : kind.columns)
-    if (isSpelling(column.spellings, folded)) return &column;
-  return nullptr;
+std::vector<const EntryColumn*> findEntryColumns(const EntryKind& kind,
+                                                 std::span<const std::string> headings) {
+  std::vector<const EntryColumn*> columns(headings.size(), nullptr);
+  const auto isFree = [&](const EntryColumn& column) {
+    return std::ranges::find(columns, &column) == columns.end();
+  };
+  const auto assign = [&](auto isHeadingOf) {
+    for (std::size_t i = 0; i < headings.size(); ++i) {
+      const std::string folded = foldHeading(headings[i]);
+      for (const EntryColumn& column : kind.columns)
+        if (!columns[i] && isHeadingOf(column, folded) && isFree(column)) columns[i] = &column;
+    }
+  };
+  assign([](const EntryColumn& column, const std::string& folded) {
+    return foldHeading(column.heading) == folded;
+  });
+  assign([](const EntryColumn& column, const std::string& folded) {
+    return isSpelling(column.spellings, folded);
+  });
+  return columns;
 }
 
 }  // namespace autonotify::host

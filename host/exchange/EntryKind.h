@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace autonotify::host {
 
@@ -46,7 +47,9 @@ const EntryKind* findEntryKind(std::string_view name);
 
 /// Letters and digits alone, small: "E-mail Address" becomes "emailaddress".
 std::string foldHeading(std::string_view heading);
-/// The column of that heading, in any of its spellings; nullptr for none.
-const EntryColumn* findEntryColumn(const EntryKind& kind, std::string_view heading);
+/// The column of each heading, by its own name or else by a spelling of one that is not taken yet;
+/// nullptr for none.
+std::vector<const EntryColumn*> findEntryColumns(const EntryKind& kind,
+                                                 std::span<const std::string> headings);
 
 }  // namespace autonotify::host

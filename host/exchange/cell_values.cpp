@@ -76,6 +76,13 @@ Value readNumber(const EntryColumn& column, const std::string& cell) {
   return static_cast<std::int16_t>(value);
 }
 
+const char* whatDateWanted(const std::string& cell, DateOrder order) {
+  if (order == DateOrder::dayFirst) return "date such as 2026-12-31 or 31/12/2026";
+  return dateIn(cell, DateOrder::dayFirst)
+             ? "date such as 2026-12-31 or 12/31/2026; it would be one with the day first"
+             : "date such as 2026-12-31 or 12/31/2026";
+}
+
 bool isWordOf(const auto& words, const std::string& cell) {
   return std::ranges::find(words, lowerCase(cell)) != words.end();
 }
@@ -101,9 +108,7 @@ Value readCell(const EntryColumn& column, const std::string& cell, DateOrder ord
   switch (column.type) {
     case CellType::date:
       if (const auto date = dateIn(cell, order)) return *date;
-      refuse(column, cell,
-             order == DateOrder::dayFirst ? "date such as 2026-12-31 or 31/12/2026"
-                                          : "date such as 2026-12-31 or 12/31/2026");
+      refuse(column, cell, whatDateWanted(cell, order));
     case CellType::integer:
     case CellType::decimal:
       return readNumber(column, cell);

@@ -45,22 +45,27 @@ std::string mapped(const ImportOptions& options, const std::string& heading) {
   return heading;
 }
 
-std::vector<const EntryColumn*> columnsOf(const EntryKind& kind, const OpenFile& file) {
-  std::vector<const EntryColumn*> columns;
-  for (const std::string& heading : file.headings) {
-    const EntryColumn* column = findEntryColumn(kind, heading);
-    const bool isTaken = std::ranges::find(columns, column) != columns.end();
-    columns.push_back(isTaken ? nullptr : column);
-  }
-  return columns;
-}
-
 /// The columns that no entry goes without and the file has not.
 std::string missingIn(const EntryKind& kind, const std::vector<const EntryColumn*>& columns) {
   std::string names;
   for (const EntryColumn& column : kind.columns)
     if (column.isRequired && std::ranges::find(columns, &column) == columns.end())
       (names += names.empty() ? "" : ", ") += column.heading;
+  return names;
+}
+
+/// The headings that stand for no column.
+std::vector<std::string> unreadOf(const OpenFile& file) {
+  std::vector<std::string> unread;
+  for (std::size_t i = 0; i < file.headings.size(); ++i)
+    if (!file.columns[i] && !file.headings[i].empty()) unread.push_back(file.headings[i]);
+  return unread;
+}
+
+std::string notKnownIn(const OpenFile& file) {
+  std::string names;
+  for (const std::string& heading : unreadOf(file))
+    names += (names.empty() ? "; not known are: \"" : ", \"") + shortened(heading, 60) + '"';
   return names;
 }
 
@@ -76,7 +81,7 @@ const EntryKind* kindByHeadings(const OpenFile& file) {
   const EntryKind* best = nullptr;
   std::ptrdiff_t most = 0;
   for (const EntryKind& kind : entryKinds()) {
-    const auto columns = columnsOf(kind, file);
+    const auto columns = findEntryColumns(kind, file.headings);
     if (!missingIn(kind, columns).empty()) continue;
     const auto known = std::ranges::count_if(columns, [](const auto* column) { return column; });
     if (known == most) best = nullptr;
@@ -100,11 +105,11 @@ void chooseKind(OpenFile& file, const ImportOptions& options) {
   const std::string& path = file.reader->path();
   file.kind = kindIn(file, options);
   if (!file.kind) throw KindUnknown(path + " does not tell what it holds");
-  file.columns = columnsOf(*file.kind, file);
+  file.columns = findEntryColumns(*file.kind, file.headings);
   const std::string missing = missingIn(*file.kind, file.columns);
   if (!missing.empty())
     throw FileFault(path + " is read as " + std::string(file.kind->name) +
-                    ", and has no column for: " + missing);
+                    ", and has no column for: " + missing + notKnownIn(file));
 }
 
 OpenFile openFile(const std::string& path, const ImportOptions& options) {
@@ -149,13 +154,6 @@ class KindImport {
   }
 
  private:
-  static std::vector<std::string> unreadOf(const OpenFile& file) {
-    std::vector<std::string> unread;
-    for (std::size_t i = 0; i < file.headings.size(); ++i)
-      if (!file.columns[i] && !file.headings[i].empty()) unread.push_back(file.headings[i]);
-    return unread;
-  }
-
   /// What it has first, as its kind orders the columns.
   std::string subjectOf(const Entry& entry) const {
     std::string subject;

@@ -102,7 +102,8 @@ class ImportReport {
       reply_.text += "A dry run: nothing was stored.\n";
     else if (!result.isStored)
       reply_.text +=
-          "Nothing was stored. Correct what is refused, or leave it out by --skip-refused.\n";
+          "Nothing was stored. Correct what is refused (clients, staff and export kinds name what "
+          "the firm has), or leave it out by --skip-refused.\n";
   }
 
  private:
