@@ -117,6 +117,8 @@ struct Arguments {
   std::string province;
   std::string firmName = "Our Firm";
   std::string userName = "Administrator";
+  /// By position among host::firmDetails().
+  std::vector<std::optional<std::string>> firmDetails;
 };
 
 }  // namespace autonotify::console

@@ -16,6 +16,7 @@
 #include "commands/items.h"
 #include "commands/lists.h"
 #include "commands/notifications.h"
+#include "commands/own_firm.h"
 #include "commands/printing.h"
 #include "commands/sending.h"
 #include "commands/templates.h"
@@ -42,6 +43,8 @@ std::span<const Command> allCommands() {
               .help = "list who works here, with their ids",
               .describe = describeStaff,
               .list = listAllStaff},
+      Command{"firm", "show or set what the firm says of itself: address, email, phone",
+              describeFirm, runFirm},
       Command{"holidays", "list, add and take out days on which the firm is closed",
               describeHolidays, runHolidays},
       Command{

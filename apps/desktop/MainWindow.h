@@ -60,6 +60,9 @@ class MainWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  /// What the status bar tells stays so long.
+  static constexpr int messageMs = 15000;
+
   enum CommandPlace { inMenu, inMenuBelowLine, inMenuAndBar };
   struct Command {
     /// The action's object name.
@@ -159,6 +162,7 @@ class MainWindow : public QMainWindow {
   std::map<QString, RecipientName> recipientNames(const QStringList& addresses);
   /// As templates of tasks spell them.
   FieldNames fieldNames();
+  void changeFirm();
   void changeOptions();
   /// The person logs out: stays where a window does.
   void endSession(QSessionManager& session);

@@ -13,6 +13,7 @@
 #include <QToolBar>
 
 #include "CallDialog.h"
+#include "FirmDialog.h"
 #include "MainWindow.h"
 #include "OptionsDialog.h"
 #include "binding/FaultWatch.h"
@@ -36,8 +37,6 @@ constexpr const char* taskMenu = QT_TRANSLATE_NOOP("autonotify::desktop::MainWin
 constexpr const char* viewMenu = QT_TRANSLATE_NOOP("autonotify::desktop::MainWindow", "&View");
 constexpr const char* toolsMenu = QT_TRANSLATE_NOOP("autonotify::desktop::MainWindow", "T&ools");
 constexpr const char* helpMenu = QT_TRANSLATE_NOOP("autonotify::desktop::MainWindow", "&Help");
-constexpr int filedMessageMs = 15000;
-constexpr int sentMessageMs = 15000;
 
 }  // namespace
 
@@ -105,6 +104,9 @@ std::span<const MainWindow::Command> MainWindow::commands() {
       {"editTemplates", toolsMenu, QT_TR_NOOP("&Templates..."), noKeys,
        "document-new-from-template", QT_TR_NOOP("Edit the texts that clients are notified with"),
        inMenu, &Self::hasDesk, &Self::editTemplates},
+      {"firm", toolsMenu, QT_TR_NOOP("The &Firm..."), noKeys, "view-pim-contacts",
+       QT_TR_NOOP("Change the firm's name, address, telephone and email"), inMenu, &Self::hasDesk,
+       &Self::changeFirm},
       {"options", toolsMenu, QT_TR_NOOP("&Options..."), noKeys, "configure", "", inMenu,
        &Self::always, &Self::changeOptions},
       {"about", helpMenu, QT_TR_NOOP("&About"), noKeys, "help-about", "", inMenu, &Self::always,
@@ -245,7 +247,7 @@ void MainWindow::showSent(Id task) {
   for (const Id id : desk_->takeSent()) {
     const auto sent = host::findNotification(*desk_, id);
     if (!sent) continue;
-    statusBar()->showMessage(tr("Sent to %1").arg(shown(addressOf(*sent))), sentMessageMs);
+    statusBar()->showMessage(tr("Sent to %1").arg(shown(addressOf(*sent))), messageMs);
     const auto waiting = host::findWaitingEmail(*desk_, task);
     if (!waiting) continue;
     const QString question =
@@ -261,7 +263,7 @@ void MainWindow::showSent(Id task) {
 
 void MainWindow::showFiled() {
   for (const host::FiledDocument& document : desk_->takeFiled())
-    statusBar()->showMessage(tr("Filed as %1").arg(shown(document.path)), filedMessageMs);
+    statusBar()->showMessage(tr("Filed as %1").arg(shown(document.path)), messageMs);
 }
 
 void MainWindow::openNotifications() {
@@ -345,6 +347,10 @@ void MainWindow::changeOptions() {
   if (dialog.exec() != QDialog::Accepted || !desk_) return;
   // A new desk takes up what has changed.
   openDatabase(shown(options_.database));
+}
+
+void MainWindow::changeFirm() {
+  if (FirmDialog(*desk_, this).exec() == QDialog::Accepted) openDatabase(shown(options_.database));
 }
 
 void MainWindow::refresh() {

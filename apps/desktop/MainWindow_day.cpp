@@ -30,7 +30,6 @@ namespace autonotify::desktop {
 namespace {
 
 constexpr int findPauseMs = 200;
-constexpr int sentMessageMs = 15000;
 constexpr int findWidthInLetters = 32;
 
 /// The places that are the day, or the worklist of a channel.
@@ -223,8 +222,7 @@ void MainWindow::printWorklist() {
   const DayPlace* place = dayPlace(place_);
   const int channels = place ? place->channels : host::handChannels;
   const auto list = host::showWorklist(*desk_, {.channels = channels & host::handChannels});
-  if (list.entries == 0)
-    statusBar()->showMessage(tr("No letter, fax or call is due."), sentMessageMs);
+  if (list.entries == 0) statusBar()->showMessage(tr("No letter, fax or call is due."), messageMs);
   if (!list.unreadable.empty()) tellFault(shown(list.unreadable.begin()->description()));
 }
 
@@ -238,7 +236,7 @@ void MainWindow::sendEmail(Id notification) {
 void MainWindow::tellSent(const host::SendOutcome& outcome) {
   const QString fault = faultOf(outcome);
   if (!fault.isEmpty()) return tellFault(fault);
-  statusBar()->showMessage(textOf(outcome), sentMessageMs);
+  statusBar()->showMessage(textOf(outcome), messageMs);
 }
 
 /// The mail program does not tell what became of the message.

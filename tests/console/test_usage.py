@@ -4,8 +4,8 @@ import subprocess
 
 from console import ConsoleTest, refusals
 
-COMMANDS = ("init, copy, import, export, role, clients, staff, holidays, tasks, arm, disarm, year, appointments, arm-item, "
-            "disarm-item, show, day, due, notifications, history, merge, check, explain, send, print, "
+COMMANDS = ("init, copy, import, export, role, clients, staff, firm, holidays, tasks, arm, disarm, year, appointments, "
+            "arm-item, disarm-item, show, day, due, notifications, history, merge, check, explain, send, print, "
             "worklist, calls, call, cancel, move, refresh, address, recipients, contact-default, template, "
             "propagate, fields, help")
 NAMES = COMMANDS.split(", ")
@@ -16,7 +16,7 @@ class UsageTest(ConsoleTest):
         names = {"commands": COMMANDS}
         self.refuses_each("of the program", 2, " (see: hvnotify --help)", **names)
         for line, words in refusals("of a command"):
-            command = next(name for name in ["template set", *NAMES] if f" {name} " in f" {line} ")
+            command = next(name for name in ["template set", "address", *NAMES] if f" {name} " in f" {line} ")
             self.refuses(line, f"{words} (see: hvnotify {command} --help)", 2)
         self.refuses("call 5 --made --note \udcff",
                      "--note: the text is not UTF-8 (see: hvnotify call --help)", 2)

@@ -7,6 +7,7 @@
 #include "host/desk/rows/Notification.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/user_options.h"
+#include "host/desk/work/firm_details.h"
 #include "host/desk/work/note_call.h"
 #include "host/desk/work/notification_list.h"
 #include "preview/PdfPages.h"
@@ -542,6 +543,32 @@ TEST_F(MainWindowTest, TheFieldLeadsToTheTasksThatItFinds) {
   trigger("find");
   QTest::keyClick(&field, Qt::Key_Escape);
   EXPECT_EQ(field.text(), "");
+}
+
+TEST_F(MainWindowTest, TheFirmsDetailsAreStoredWhenTheyHold) {
+  open();
+  const auto type = [&](const char* email, QDialogButtonBox::StandardButton button) {
+    return run("firm", [=](QDialog& dialog) {
+      EXPECT_LE(dialog.height(), 440);  // what 1366 x 768 dots at 150 % leave
+      auto& field = *dialog.findChild<QLineEdit*>("email");
+      const QString before = field.text();
+      field.setText(email);
+      dialog.findChild<QDialogButtonBox*>()->button(button)->click();
+      field.setText(before);
+      if (dialog.isVisible()) dialog.reject();
+    });
+  };
+  const auto stored = [&](const char* email) {
+    const auto texts = host::readFirmDetails(*window_->desk());
+    return std::ranges::find(texts, email) != texts.end();
+  };
+  EXPECT_THAT(type("nobody@", QDialogButtonBox::Save),
+              testing::ElementsAre(HasSubstr("is no email address.")));
+  EXPECT_THAT(type("lost@firm.example", QDialogButtonBox::Cancel),
+              testing::ElementsAre(HasSubstr("lose your changes")));
+  EXPECT_FALSE(stored("nobody@") || stored("lost@firm.example"));
+  EXPECT_THAT(type(" new@firm.example", QDialogButtonBox::Save), testing::IsEmpty());
+  EXPECT_TRUE(stored("new@firm.example"));
 }
 
 TEST_F(MainWindowTest, ALostDatabaseEndsInMessages) {

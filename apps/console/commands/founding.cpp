@@ -104,6 +104,10 @@ Reply runInit(const GlobalOptions& options, const Arguments& arguments) {
                            arguments.demo ? fmt::format(" with {} client{}", arguments.clients,
                                                         arguments.clients == 1 ? "" : "s")
                                           : "");
+  if (!arguments.demo)
+    reply.text +=
+        "Give it the firm's email address (hvnotify firm --email ADDRESS), and bring in staff, "
+        "clients and tasks (hvnotify import FILE...).\n";
   reply.data = {{"database", target}, {"demo", arguments.demo}};
   return reply;
 }

@@ -1,0 +1,82 @@
+#include "host/desk/work/firm_details.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "host/clients/record_rows.h"
+#include "host/database/RowSink.h"
+#include "host/desk/databases.h"
+#include "host/mail/addresses.h"
+#include "platform/text.h"
+
+namespace autonotify::host {
+namespace {
+
+constexpr std::string_view firmTable = "AccountantFirmInfo";
+constexpr const char* selectFirm = "SELECT AccountantFirmInfo.* FROM AccountantFirmInfo;";
+constexpr std::string_view nameKey = "name";
+constexpr std::string_view emailKey = "email";
+
+constexpr std::array details{
+    FirmDetail{"Name", nameKey.data(), "CompanyName"},
+    FirmDetail{"Corporate Name", "corporate-name", "CorporateName"},
+    FirmDetail{"Address", "address", "Address1"},
+    FirmDetail{"Address 2", "address-2", "Address2"},
+    FirmDetail{"Address 3", "address-3", "Address3"},
+    FirmDetail{"City", "city", "City"},
+    FirmDetail{"Province", "province", "Province"},
+    FirmDetail{"Postal Code", "postal-code", "PostalCode"},
+    FirmDetail{"Phone", "phone", "OfficeNumber"},
+    FirmDetail{"Fax", "fax", "FaxNumber"},
+    FirmDetail{"Email", emailKey.data(), "Email"},
+    FirmDetail{"Web Site", "web-site", "WebSite"},
+};
+
+bool isMailAddress(const std::string& text) {
+  try {
+    return parseRecipients(text).size() == 1;
+  } catch (const MailError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::span<const FirmDetail> firmDetails() {
+  return details;
+}
+
+std::vector<std::string> readFirmDetails(Desk& desk) {
+  std::vector<std::string> texts(details.size());
+  firstRow(desk.database(), selectFirm, [&](const Row& row) {
+    for (std::size_t i = 0; i < details.size(); ++i) texts[i] = row.text(details[i].column);
+  });
+  return texts;
+}
+
+std::string faultOfFirmDetail(const FirmDetail& detail, const std::string& text) {
+  if (detail.key == nameKey && trim(text).empty()) return "The firm needs a name";
+  if (detail.key == emailKey && !text.empty() && !isMailAddress(text))
+    return fmt::format("\"{}\" is no email address", text);
+  return {};
+}
+
+void storeFirmDetails(Desk& desk, const std::vector<std::optional<std::string>>& texts) {
+  std::vector<Field> fields;
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    if (texts[i]) fields.push_back({details.at(i).column, *texts[i]});
+  Id firm = noId;
+  firstRow(desk.database(), selectFirm, [&](const Row& row) { firm = row.id("CompanyID"); });
+  const std::unique_ptr<RowSink> sink = sinkInto(desk.database());
+  sink->begin();
+  if (firm < 0)
+    sink->insertRow(firmTable, fields);
+  else
+    sink->updateRow(firmTable, firm, fields);
+  sink->commit();
+}
+
+}  // namespace autonotify::host
