@@ -129,6 +129,7 @@ void takeWindowsOfTasks(Photographer& photographer, MainWindow& window) {
       {{"", press("chkNotify(1)")}, {"fax-composer", press("cmdFinish")}, {"fax-preview", close}});
   photographer.takeEach(run("notifyNow"), {{"", press("chkNotify(3)")}, {"phone-composer", close}});
   photographer.takeEach(run("editTemplates"), {{"template-editor", close}});
+  photographer.takeEach(run("firm"), {{"desktop-firm", close}});
   photographer.takeEach(run("options"), {{"desktop-options", close}});
   chooseTask(table, waitsForMany);
   photographer.takeEach(run("notifyAutomatically"), {{"notify-automatically", close}});
