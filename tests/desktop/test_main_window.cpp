@@ -165,25 +165,42 @@ TEST_F(MainWindowTest, BesideFinishStandsWhatItDoesAndBesideTheDateWhatIsOddAbou
       testing::ElementsAre(HasSubstr("has passed.  Do you"), HasSubstr("April 30, 2026.  Do")));
 }
 
-TEST_F(MainWindowTest, AddressesAreListedWithTheNamesBehindThem) {
+TEST_F(MainWindowTest, AddressesAndNumbersAreListedWithTheNamesBehindThem) {
   open();
-  chooseTaskFor("composeEmail");
   execute(
       "UPDATE AccountantEmployeeInfo SET BusinessEmail='staff@x.example', PersonalEmail='', "
-      "DisplayName='Nora Pine'; UPDATE Companies SET Email='Client@x.example', CompanyName='A & "
-      "Co'; "
-      "UPDATE Contacts SET PersonalEmail='Client@x.example', BusinessEmail='', DisplayName='A & "
-      "Co'");
-  run("composeEmail", [](QDialog& composer) {
-    for (const char* name : {"cboTo", "cboCc", "cboBcc"}) {
-      QStringList spoken;
-      auto& box = *composer.findChild<QComboBox*>(name);
-      for (int row = 0; row < box.count(); ++row)
-        spoken += box.itemData(row, Qt::AccessibleTextRole).toString();
-      EXPECT_TRUE(spoken.contains("Client@x.example, A & Co")) << plain(spoken.join('|'));
-      EXPECT_TRUE(spoken.contains("staff@x.example, Nora Pine (our firm)"));
-    }
-    composer.close();
+      "BusinessPhone_Fax='555-1', DisplayName='Nora Pine'; "
+      "UPDATE Companies SET Email='Client@x.example', FaxNumber='555-2', OfficeNumber='555-4', "
+      "CompanyName='Works'; "
+      "UPDATE Contacts SET PersonalEmail='Client@x.example', BusinessEmail='', "
+      "HomePhone_Fax='555-3', HomePhone_Main='555-3', BusinessPhone_Main='', "
+      "DisplayName=CASE ContactID WHEN (SELECT MIN(ContactID) FROM Contacts) THEN 'B' ELSE 'A & "
+      "Co' END");
+  const auto expectLists = [](std::map<const char*, QStringList> lists) {
+    return [=](QDialog& composer) {
+      for (const auto& [name, entries] : lists) {
+        QStringList spoken;
+        auto& box = *composer.findChild<QComboBox*>(name);
+        for (int row = 0; row < box.count(); ++row)
+          spoken += box.itemData(row, Qt::AccessibleTextRole).toString();
+        for (const QString& entry : entries)
+          EXPECT_TRUE(spoken.contains(entry)) << name << ": " << plain(spoken.join('|'));
+        box.showPopup();
+        EXPECT_GE(box.view()->viewport()->width(), box.view()->sizeHintForColumn(0));
+        box.hidePopup();
+      }
+      composer.close();
+    };
+  };
+  const QString staff = "staff@x.example, Nora Pine (our firm)";
+  const QStringList emails{"Client@x.example, A & Co, B", staff};
+  chooseTaskFor("composeEmail");
+  run("composeEmail", expectLists({{"cboTo", emails}, {"cboCc", emails}, {"cboBcc", emails}}));
+  run("blankFax", expectLists({{"cboFromFaxNumber", {"555-1, Nora Pine (our firm)"}},
+                               {"cboToFaxNumber", {"555-2, Works", "555-3, A & Co, B"}}}));
+  run("notifyNow", [&](QDialog& wizard) {
+    actAbove(wizard, expectLists({{"cboPhoneNumber", {"555-4, Works", "555-3, A & Co, B"}}}));
+    press(wizard, "chkNotify(3)");
   });
 }
 

@@ -3,8 +3,11 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTimer>
+#include <algorithm>
 
 namespace autonotify::desktop {
 namespace {
@@ -53,6 +56,13 @@ QString wordsOf(const RecipientName& recipient) {
   return recipient.isOfFirm ? QObject::tr("%1 (our firm)").arg(recipient.name) : recipient.name;
 }
 
+/// The list may be wider than its box, not wider than the screen.
+void makeRoom(QComboBox& box) {
+  QAbstractItemView& list = *box.view();
+  const int beside = list.verticalScrollBar()->sizeHint().width() + 2 * list.frameWidth();
+  list.setMinimumWidth(std::min(list.sizeHintForColumn(0) + beside, box.screen()->size().width()));
+}
+
 void nameEntries(QComboBox& box, const AskRecipients& ask) {
   QStringList addresses;
   for (int row = 0; row < box.count(); ++row) addresses.append(box.itemText(row));
@@ -65,6 +75,7 @@ void nameEntries(QComboBox& box, const AskRecipients& ask) {
     box.setItemData(row, found->second.isOfFirm, ofFirmRole);
     box.setItemData(row, addresses[row] + ", " + words, Qt::AccessibleTextRole);
   }
+  makeRoom(box);
 }
 
 }  // namespace
