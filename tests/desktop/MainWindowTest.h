@@ -112,7 +112,8 @@ class MainWindowTest : public testing::Test {
     return states;
   }
 
-  /// A task for which the command makes sense: with an email or a call that waits, or without.
+  /// A task for which the command makes sense: with an email or a call that waits, or without. No
+  /// email is for a day that has passed.
   Id chooseTaskFor(std::string_view command) {
     auto* table = window_->findChild<QTableView*>("tasks");
     auto& tasks = static_cast<TaskTableModel&>(*table->model());
@@ -121,6 +122,8 @@ class MainWindowTest : public testing::Test {
     for (int row = 0; row < tasks.rowCount(); ++row) {
       const host::TaskLine& line = tasks.lineAt(tasks.index(row, 0));
       if (bool(line.pendingChannels & channel) != waits) continue;
+      if (command == "editEmail" && line.notificationDate < today) continue;
+      if (command == "scheduleEmail" && line.task.dueDate < monthsAhead) continue;
       table->selectRow(row);
       return line.task.id;
     }
@@ -148,6 +151,7 @@ class MainWindowTest : public testing::Test {
   }
 
   static constexpr const char* commands[] = {"composeEmail", "scheduleEmail", "editEmail"};
+  static constexpr DateTime monthsAhead = DateTime::of(2026, 7, 15);
   static constexpr DateTime today = DateTime::of(2026, 4, 15);
   QTemporaryDir folder_;
   std::unique_ptr<MainWindow> window_;

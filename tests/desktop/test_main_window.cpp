@@ -163,6 +163,20 @@ TEST_F(MainWindowTest, BesideFinishStandsWhatItDoesAndBesideTheDateWhatIsOddAbou
             }
           }),
       testing::ElementsAre(HasSubstr("has passed.  Do you"), HasSubstr("April 30, 2026.  Do")));
+  // The date that the composer comes up with is no other case.
+  execute("DELETE FROM ClientNotification; UPDATE Schedule SET DueDate='2026-03-31'");
+  trigger("refresh");
+  for (const bool agrees : {false, true}) {
+    const int before = rows();
+    const auto leave = [&](QDialog& composer) {
+      finish(composer);
+      EXPECT_EQ(composer.isVisible(), !agrees);
+      if (composer.isVisible()) composer.close();
+    };
+    EXPECT_THAT(run("scheduleEmail", leave, agrees),
+                testing::ElementsAre(HasSubstr("has passed.  Do you")));
+    EXPECT_EQ(rows(), before + agrees);
+  }
 }
 
 TEST_F(MainWindowTest, AddressesAndNumbersAreListedWithTheNamesBehindThem) {

@@ -67,8 +67,7 @@ class ComposerGuard {
       : form_(form),
         messages_(messages),
         fields_(std::move(fields)),
-        askOfDate_(std::move(askOfDate)),
-        dateBefore_(writtenDate()) {
+        askOfDate_(std::move(askOfDate)) {
     if (const Control* picker = form.find("txtNotificationField"))
       fields_.push_back({&dateField, picker, contentOf(*picker)});
   }
@@ -116,14 +115,9 @@ class ComposerGuard {
 
   bool mayTakeDate() {
     const auto outlook = readComposerOutlook(form_);
-    if (!outlook || outlook->date == dateBefore_) return true;
+    if (!outlook) return true;
     const std::string question = askOfDate_(*outlook);
     return question.empty() || isYes(question);
-  }
-
-  DateTime writtenDate() const {
-    const auto outlook = readComposerOutlook(form_);
-    return outlook ? outlook->date : DateTime();
   }
 
   bool isYes(const std::string& question) {
@@ -135,8 +129,6 @@ class ComposerGuard {
   MsgboxClass& messages_;
   std::vector<WatchedField> fields_;
   DateQuestion askOfDate_;
-  /// As the window came up.
-  DateTime dateBefore_;
 };
 
 /// The button acts where `may()` allows it.

@@ -8,15 +8,15 @@
 
 namespace autonotify::host {
 
-/// What is to be asked about a date that a person has written, with a "yes" for going on; empty for
+/// What is to be asked about the date of a notification, with a "yes" for going on; empty for
 /// nothing.
 using DateQuestion = std::function<std::string(const ComposerOutlook& outlook)>;
 
 /// Stands between a person and the buttons of a window in which a notification is written, once the
 /// window shows it; other windows stay as they are. Finish waits until every email address is one,
 /// says which fields were emptied for nothing, since the component stores no empty text, and asks
-/// what there is to ask about another date than the one it came up with. Cancel asks first where
-/// something was changed. Gives what the close box has to ask, null for nothing.
+/// what there is to ask about the date, whoever proposed it. Cancel asks first where something was
+/// changed. Gives what the close box has to ask, null for nothing.
 std::function<bool()> guardComposer(Form& form, MsgboxClass& messages, DateQuestion askOfDate);
 
 }  // namespace autonotify::host
