@@ -43,6 +43,15 @@ class DriverStatement {
   virtual int run(const std::vector<Value>& parameters) = 0;
 };
 
+/// A transaction, in which all writes of its driver stand or fall together; undone unless it was
+/// committed.
+class DriverTransaction {
+ public:
+  virtual ~DriverTransaction() = default;
+  /// All of it is durable on return.
+  virtual void commit() = 0;
+};
+
 /// One connection to an engine.
 class Driver {
  public:
@@ -51,6 +60,8 @@ class Driver {
   /// The words that it understands; placeholders are ? for SQLite and $1, $2 ... for PostgreSQL.
   virtual Engine engine() const = 0;
   virtual std::unique_ptr<DriverStatement> prepare(const std::string& sql) = 0;
+  /// Waits for other writers. No second one may be begun while it lives.
+  virtual std::unique_ptr<DriverTransaction> beginWriting() = 0;
   /// A key of the table that no one ever had or will be given again, whichever process asks.
   virtual Id reserveKey(const TableDef& table) = 0;
   /// A row with this key, which was not reserved, is about to be added: reserveKey goes on behind

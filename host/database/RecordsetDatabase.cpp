@@ -44,6 +44,11 @@ Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
                       "No recordset is open under handle " + std::to_string(handle));
 }
 
+void RecordsetDatabase::writeTogether(const std::function<void()>& write) {
+  driver();
+  session_.writeTogether(write);
+}
+
 bool RecordsetDatabase::isDatabaseOpen() {
   if (gate_) gate_();
   return driver_ != nullptr;

@@ -51,6 +51,11 @@ class RecordsetDatabase : public DatabaseReference {
   /// What is opened from now on is no older than this call, side by side or not.
   void readAnew() noexcept { session_.readAnew(); }
 
+  /// Runs `write`, all of whose changes of rows last together when this returns; when `write` or
+  /// this throws none of them does. No row may be added in it, and no recordset that is opened in
+  /// it may be used after it.
+  void writeTogether(const std::function<void()>& write);
+
   /// True until it is closed, also while its server is away.
   bool isDatabaseOpen() override;
   RecordsetHandle openRecordset(const std::string& sql, CursorMode cursor, LockMode lock,

@@ -90,6 +90,14 @@ int Session::write(const TableDef& table, DriverStatement& statement,
   return rows;
 }
 
+void Session::writeTogether(const std::function<void()>& write) {
+  settleAll(Settle::keysOnly);
+  const std::unique_ptr<DriverTransaction> transaction = driver_.beginWriting();
+  write();
+  settleAll(Settle::keysOnly);
+  transaction->commit();
+}
+
 Id Session::reserveKey(const TableDef& table) {
   settleAll(Settle::keysOnly);
   return driver_.reserveKey(table);

@@ -68,6 +68,8 @@ class Session {
   /// The version of the last write to the table.
   std::uint64_t versionOf(const TableDef* table) const;
 
+  /// See RecordsetDatabase.
+  void writeTogether(const std::function<void()>& write);
   Id reserveKey(const TableDef& table);
   void takeKey(const TableDef& table, Id key);
   // Each writes one row and is durable on return. False when there is no such row.

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "host/database/RecordsetDatabase.h"
 #include "host/database/RecordsetObject.h"
 #include "host/database/dialect/DatabaseError.h"
 #include "tests/database/conformance.h"
@@ -60,6 +61,28 @@ inline void walkWhileRowsLeave(DatabaseReference& desk, int total) {
 
 TEST_P(Conformance, AWalkKeepsItsRowsWhileTheyLeaveTheConditionOrTheTable) {
   walkWhileRowsLeave(desk, 310);  // more than are kept in memory with their values
+}
+
+TEST_P(Conformance, WhatIsWrittenTogetherLastsTogetherOrNotAtAll) {
+  const auto other = connect();
+  const std::vector<Id> ids = addNamed(desk, {"a", "b"});
+  const RecordsetHandle walk = open(desk, orderedNotifications);
+  for (const bool fails : {true, false}) {
+    const auto writeBoth = [&] {
+      for (const Id id : ids) update(desk, open(desk, notification(id)), "Field1", "new");
+      EXPECT_EQ(field(desk, ids[1], "Field1"), Value("new"));
+      EXPECT_EQ(field(*other, ids[0], "Field1"), Value("a"));
+      if (fails) throw DatabaseError(database_error::constraint, "a row that cannot be written");
+    };
+    auto& together = dynamic_cast<RecordsetDatabase&>(desk);
+    EXPECT_EQ(errorOf([&] { together.writeTogether(writeBoth); }),
+              fails ? database_error::constraint : 0);
+    for (DatabaseReference* each : {&desk, other.get()})
+      EXPECT_EQ(column(*each, orderedNotifications, "Field1"),
+                fails ? values({"a", "b"}) : values({"new", "new"}));
+  }
+  desk.moveNext(walk);
+  EXPECT_EQ(desk.getFieldValue(walk, "ClientNotificationID"), Value(ids[1]));
 }
 
 TEST_P(Conformance, KeysAreNeverUsedTwice) {

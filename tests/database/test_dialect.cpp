@@ -71,6 +71,7 @@ struct Listener : Driver {
     heard = sql;
     return nullptr;
   }
+  std::unique_ptr<DriverTransaction> beginWriting() override { return nullptr; }
   Id reserveKey(const TableDef&) override { return noId; }
   Engine words = Engine::sqlite;
   std::string heard;

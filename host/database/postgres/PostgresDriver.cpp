@@ -13,6 +13,19 @@ constexpr const char* catalogueSql =
     "a.attrelid = c.oid WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind = 'r' "
     "AND a.attnum > 0 AND NOT a.attisdropped";
 
+/// Fails when its connection is lost, also where a later statement has made a new one.
+class PostgresTransaction : public DriverTransaction {
+ public:
+  explicit PostgresTransaction(PostgresConnection& connection)
+      : connection_(connection), scope_(connection.beginWriting()) {}
+
+  void commit() override { connection_.commit(*scope_); }
+
+ private:
+  PostgresConnection& connection_;
+  std::shared_ptr<PostgresConnection::Scope> scope_;
+};
+
 }  // namespace
 
 std::string sequenceOf(const TableDef& table) {
@@ -55,6 +68,10 @@ std::unique_ptr<DriverStatement> PostgresDriver::prepare(const std::string& sql)
         {}, [&](pqxx::transaction_base& transaction) { transaction.conn().unprepare(name); });
   forgotten_.clear();
   return std::make_unique<PostgresStatement>(*this, sql, "s" + std::to_string(++statements_));
+}
+
+std::unique_ptr<DriverTransaction> PostgresDriver::beginWriting() {
+  return std::make_unique<PostgresTransaction>(connection_);
 }
 
 Id PostgresDriver::reserveKey(const TableDef& table) {

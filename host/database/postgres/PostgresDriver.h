@@ -49,6 +49,7 @@ class PostgresDriver : public Driver {
 
   Engine engine() const override { return Engine::postgres; }
   std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
+  std::unique_ptr<DriverTransaction> beginWriting() override;
   Id reserveKey(const TableDef& table) override;
   void takeKey(const TableDef& table, Id key) override;
 

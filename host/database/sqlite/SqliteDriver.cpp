@@ -156,6 +156,34 @@ class SqliteStatement : public DriverStatement {
   std::vector<std::string> texts_;  // bound, by parameter
 };
 
+/// Has the right to write from its beginning: whoever waits for that in its midst may wait for
+/// ever.
+class SqliteTransaction : public DriverTransaction {
+ public:
+  explicit SqliteTransaction(SQLite::Database& database) : database_(database) {
+    run("BEGIN IMMEDIATE");
+  }
+  ~SqliteTransaction() override {
+    // The engine may have undone it by itself.
+    if (!isCommitted_) database_.tryExec("ROLLBACK");
+  }
+  SqliteTransaction(const SqliteTransaction&) = delete;
+  SqliteTransaction& operator=(const SqliteTransaction&) = delete;
+
+  void commit() override {
+    run("COMMIT");
+    isCommitted_ = true;
+  }
+
+ private:
+  void run(const char* sql) {
+    translated([&] { return database_.exec(sql); });
+  }
+
+  SQLite::Database& database_;
+  bool isCommitted_ = false;
+};
+
 /// Commits within its life are not waited for. A key that a crash takes back was seen by no one:
 /// the row that carries it is written after it, and with that write both last.
 class QuickCommits {
@@ -211,6 +239,10 @@ SqliteDriver::~SqliteDriver() = default;
 
 std::unique_ptr<DriverStatement> SqliteDriver::prepare(const std::string& sql) {
   return std::make_unique<SqliteStatement>(database_.getHandle(), sql);
+}
+
+std::unique_ptr<DriverTransaction> SqliteDriver::beginWriting() {
+  return std::make_unique<SqliteTransaction>(database_);
 }
 
 Id SqliteDriver::nextKey(std::int64_t counter, const std::string& table) {

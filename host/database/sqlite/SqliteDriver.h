@@ -42,6 +42,7 @@ class SqliteDriver : public Driver {
 
   Engine engine() const override { return Engine::sqlite; }
   std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
+  std::unique_ptr<DriverTransaction> beginWriting() override;
   Id reserveKey(const TableDef& table) override;
 
  private:
