@@ -9,14 +9,21 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <deque>
+#include <optional>
+#include <utility>
 
 #include "host/services/HiddenFile.h"
 
 namespace autonotify::host {
 namespace {
 
+std::string sentence(const std::string& what, int error) {
+  return what + ": " + std::strerror(error) + ".";
+}
+
 [[noreturn]] void fail(const std::string& what, int error) {
-  throw MailError(what + ": " + std::strerror(error) + ".");
+  throw MailError(sentence(what, error));
 }
 
 /// In the order in which messages move, so that one that moves meanwhile is not overlooked.
@@ -74,20 +81,6 @@ class OpenOutbox {
     }
   }
 
-  /// Gives a new message its name; false when one of that name is there.
-  bool add(const std::string& name, const std::string& content, OutboxPlace place) const {
-    HiddenFile file(get(), name);
-    if (!file.write(content) || !file.keep())
-      fail("The message cannot be written into the outbox folder \"" + path_ + "\"", errno);
-    const std::string path = pathOf(name, place);
-    if (file.giveName(path)) return true;
-    const int error = errno;
-    if (find(name) != OutboxPlace::nowhere) return false;
-    if (error == EEXIST)
-      fail("The message cannot be put into the outbox, \"" + path + "\" is in its way", error);
-    fail("The message cannot be put into the outbox folder \"" + path_ + "\"", error);
-  }
-
   /// False when it is not there, with errno set.
   bool remove(const std::string& name, OutboxPlace place) const {
     return ::unlinkat(get(), pathOf(name, place).c_str(), 0) == 0;
@@ -123,6 +116,105 @@ class OpenOutbox {
   Descriptor folder_;
 };
 
+/// Messages on their way into one place of the outbox.
+class Putting {
+ public:
+  /// `path` is for messages.
+  Putting(const OpenOutbox& outbox, const std::string& path, OutboxPlace place)
+      : outbox_(outbox), path_(path), place_(place) {}
+
+  std::vector<OutboxPut> run(const std::vector<OutboxMessage>& messages) {
+    for (const OutboxMessage& message : messages)
+      attempt(drafts_.emplace_back(message), &Putting::write);
+    for (Draft& draft : drafts_)
+      if (draft.file) draft.file->beginKeeping();
+    for (Draft& draft : drafts_)
+      if (draft.file) attempt(draft, &Putting::name);
+    const bool hasNew = std::ranges::any_of(drafts_, [](const Draft& each) { return each.isNew; });
+    if (hasNew && !outbox_.keep(place_)) takeAllBack(errno);
+    std::vector<OutboxPut> puts;
+    for (Draft& draft : drafts_) puts.push_back({draft.isNew, std::move(draft.fault)});
+    return puts;
+  }
+
+ private:
+  struct Draft {
+    explicit Draft(const OutboxMessage& given) : message(given) {}
+    const OutboxMessage& message;
+    /// Of one that has no name yet.
+    std::optional<HiddenFile> file = std::nullopt;
+    bool isNew = false;
+    std::string fault = {};
+  };
+
+  void attempt(Draft& draft, void (Putting::*step)(Draft&)) {
+    try {
+      (this->*step)(draft);
+    } catch (const MailError& error) {
+      draft.fault = error.what();
+      draft.file.reset();
+    }
+  }
+
+  void write(Draft& draft) {
+    const std::string& name = draft.message.name;
+    if (outbox_.find(name) != OutboxPlace::nowhere) return;
+    draft.file.emplace(outbox_.get(), name);
+    if (!draft.file->write(draft.message.content)) failWriting();
+  }
+
+  void name(Draft& draft) {
+    if (!draft.file->keep()) failWriting();
+    if (draft.isNew = giveName(draft); !draft.isNew) return;
+    try {
+      // Another sender's message of this name may have come since the first look.
+      if (!outbox_.holdsElsewhere(draft.message.name, place_)) return;
+      outbox_.remove(draft.message.name, place_);
+      draft.isNew = false;
+    } catch (const MailError& error) {
+      takeBack(draft, error.what());
+    }
+  }
+
+  /// False when one of that name is there.
+  bool giveName(Draft& draft) {
+    const std::string path = pathOf(draft.message.name, place_);
+    const bool isNamed = draft.file->giveName(path);
+    const int error = errno;
+    draft.file.reset();
+    if (isNamed) return true;
+    if (outbox_.find(draft.message.name) != OutboxPlace::nowhere) return false;
+    if (error == EEXIST)
+      fail("The message cannot be put into the outbox, \"" + path + "\" is in its way", error);
+    fail("The message cannot be put into the outbox folder \"" + path_ + "\"", error);
+  }
+
+  void takeAllBack(int error) {
+    for (Draft& draft : drafts_)
+      if (draft.isNew)
+        takeBack(
+            draft,
+            sentence("The message may not be kept in the outbox folder \"" + path_ + "\"", error));
+  }
+
+  /// Left there, it would pass for one that was put in, though it may not last. Where it is gone
+  /// already, a mail system has it.
+  void takeBack(Draft& draft, std::string fault) {
+    if (!outbox_.remove(draft.message.name, place_) && errno == ENOENT) return;
+    draft.isNew = false;
+    draft.fault = std::move(fault);
+  }
+
+  [[noreturn]] void failWriting() {
+    fail("The message cannot be written into the outbox folder \"" + path_ + "\"", errno);
+  }
+
+  const OpenOutbox& outbox_;
+  const std::string& path_;
+  OutboxPlace place_;
+  std::deque<Draft> drafts_;  // which stay where they are
+};
+
 }  // namespace
 
 OutboxPlace Outbox::find(const std::string& name) const {
@@ -134,24 +226,18 @@ void Outbox::makeSubfolders() const {
   OpenOutbox(folder_).makeSubfolders();
 }
 
-bool Outbox::put(const std::string& name, const std::string& content, OutboxPlace place) const {
+bool Outbox::put(const OutboxMessage& message, OutboxPlace place) const {
+  OutboxPut put = std::move(putAll({message}, place).front());
+  if (!put.fault.empty()) throw MailError(std::move(put.fault));
+  return put.isNew;
+}
+
+std::vector<OutboxPut> Outbox::putAll(const std::vector<OutboxMessage>& messages,
+                                      OutboxPlace place) const try {
   const OpenOutbox outbox(folder_);
-  if (outbox.find(name) != OutboxPlace::nowhere) return false;
-  if (!outbox.add(name, content, place)) return false;
-  try {
-    // Another sender's message of this name may have come since the first look.
-    if (outbox.holdsElsewhere(name, place)) {
-      outbox.remove(name, place);
-      return false;
-    }
-    if (!outbox.keep(place))
-      fail("The message may not be kept in the outbox folder \"" + folder_ + "\"", errno);
-  } catch (const MailError&) {
-    // Left there, it would pass for one that was put in, though it may not last. Where it is gone
-    // already, a mail system has it.
-    if (outbox.remove(name, place) || errno != ENOENT) throw;
-  }
-  return true;
+  return Putting(outbox, folder_, place).run(messages);
+} catch (const MailError& error) {
+  return {messages.size(), OutboxPut{false, error.what()}};
 }
 
 void Outbox::move(const std::string& name, OutboxPlace from, OutboxPlace to) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/mail/addresses.h"
 
@@ -16,6 +17,19 @@ enum class OutboxPlace {
   sending,
   /// In the folder "sent" below.
   sent,
+};
+
+struct OutboxMessage {
+  std::string name;
+  std::string content;
+};
+
+/// What came of a message that was put.
+struct OutboxPut {
+  /// False when one of that name is there already, wherever it is.
+  bool isNew = false;
+  /// Why it could not be put; empty otherwise. Nothing of it is left behind then.
+  std::string fault = {};
 };
 
 /// A folder that holds each message once, as a whole, until it is sent and after that, so that the
@@ -36,7 +50,11 @@ class Outbox {
   void makeSubfolders() const;
   /// False when one of that name is there already, wherever it is. Nothing is left behind when this
   /// throws.
-  bool put(const std::string& name, const std::string& content, OutboxPlace place) const;
+  bool put(const OutboxMessage& message, OutboxPlace place) const;
+  /// The same for each of several, in their order, but throws nothing. They are made to last
+  /// together, which costs hardly more than one.
+  std::vector<OutboxPut> putAll(const std::vector<OutboxMessage>& messages,
+                                OutboxPlace place) const;
   void move(const std::string& name, OutboxPlace from, OutboxPlace to) const;
   /// Takes a message out again that surely was not sent.
   void withdraw(const std::string& name, OutboxPlace place) const;

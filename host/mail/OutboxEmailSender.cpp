@@ -38,16 +38,41 @@ OutboxEmailSender::OutboxEmailSender(OutboxSettings settings, Clock& clock)
     : settings_(std::move(settings)), clock_(clock) {}
 
 bool OutboxEmailSender::send() {
+  return attempt([&] { deliver(prepare()); });
+}
+
+void OutboxEmailSender::sendAll(std::span<OutboxEmailSender* const> senders) {
+  if (senders.empty()) return;
+  const OutboxSettings& common = senders.front()->settings_;
+  if (senders.size() == 1 || common.server) {
+    for (OutboxEmailSender* each : senders) each->send();
+    return;
+  }
+  std::vector<OutboxEmailSender*> ready;
+  std::vector<Prepared> prepared;
+  std::vector<OutboxMessage> messages;
+  for (OutboxEmailSender* each : senders) {
+    if (!each->attempt([&] { prepared.push_back(each->prepare()); })) continue;
+    ready.push_back(each);
+    messages.push_back({prepared.back().name, messageText(prepared.back().message)});
+  }
+  const Outbox outbox(common.folder);
+  const std::vector<OutboxPut> puts = outbox.putAll(messages, OutboxPlace::waiting);
+  for (std::size_t i = 0; i < ready.size(); ++i)
+    ready[i]->attempt([&] {
+      if (!puts[i].fault.empty()) throw MailError(puts[i].fault);
+      ready[i]->finish(outbox, prepared[i], puts[i].isNew);
+    });
+}
+
+/// Runs `act`, whose failure becomes that of the message.
+template <class Act>
+bool OutboxEmailSender::attempt(Act&& act) {
   lastError_.clear();
   keepFault_.clear();
   alreadyDelivered_ = isUncertain_ = isServersFault_ = false;
   try {
-    MailMessage message = compose();
-    identify();
-    message.page = page();
-    const std::string name = messageName();
-    message.messageId = name + message.from.address.substr(message.from.address.rfind('@'));
-    deliver(name, message);
+    act();
     return true;
   } catch (const MailError& error) {
     isUncertain_ = dynamic_cast<const UncertainMailError*>(&error);
@@ -59,34 +84,45 @@ bool OutboxEmailSender::send() {
   return false;
 }
 
-void OutboxEmailSender::deliver(const std::string& name, const MailMessage& message) {
+OutboxEmailSender::Prepared OutboxEmailSender::prepare() {
+  MailMessage message = compose();
+  identify();
+  message.page = page();
+  std::string name = messageName();
+  message.messageId = name + message.from.address.substr(message.from.address.rfind('@'));
+  return {std::move(name), std::move(message)};
+}
+
+void OutboxEmailSender::deliver(const Prepared& prepared) {
   const Outbox outbox(settings_.folder);
-  const OutboxPlace start = settings_.server ? OutboxPlace::sending : OutboxPlace::waiting;
   if (settings_.server) outbox.makeSubfolders();
-  const bool isNew = outbox.put(name, messageText(message), start);
+  finish(outbox, prepared, outbox.put({prepared.name, messageText(prepared.message)}, start()));
+}
+
+/// What follows when the message was put, or found.
+void OutboxEmailSender::finish(const Outbox& outbox, const Prepared& prepared, bool isNew) {
   if (!isNew) {
-    const OutboxPlace found = outbox.find(name);
+    const OutboxPlace found = outbox.find(prepared.name);
     alreadyDelivered_ = isOut(found);
     if (alreadyDelivered_) return;
     if (!mayRepeat_ || found == OutboxPlace::nowhere) throw UncertainMailError(doubtOf(found));
-    if (found != start) outbox.move(name, found, start);
+    if (found != start()) outbox.move(prepared.name, found, start());
   }
-  if (settings_.server) submitFrom(outbox, name, message, isNew);
+  if (settings_.server) submitFrom(outbox, prepared, isNew);
 }
 
-void OutboxEmailSender::submitFrom(const Outbox& outbox, const std::string& name,
-                                   const MailMessage& message, bool isNew) {
+void OutboxEmailSender::submitFrom(const Outbox& outbox, const Prepared& prepared, bool isNew) {
   try {
-    submit(*settings_.server, message);
+    submit(*settings_.server, prepared.message);
   } catch (const UncertainMailError&) {
     throw;
   } catch (const MailError&) {
     // That it is refused this time tells nothing of the time before.
-    if (isNew) outbox.withdraw(name, OutboxPlace::sending);
+    if (isNew) outbox.withdraw(prepared.name, OutboxPlace::sending);
     throw;
   }
   try {
-    outbox.move(name, OutboxPlace::sending, OutboxPlace::sent);
+    outbox.move(prepared.name, OutboxPlace::sending, OutboxPlace::sent);
   } catch (const MailError& error) {
     keepFault_ =
         std::string("it stays in \"sending\", from where nothing is sent again: ") + error.what();

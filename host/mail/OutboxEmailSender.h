@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "contract/EmailSender.h"
@@ -59,6 +60,9 @@ class OutboxEmailSender : public EmailSender {
   void put_subject(const std::string& subject) override { words_.subject = subject; }
   void put_body(const std::string& body) override { words_.body = body; }
   bool send() override;
+  /// Each does as its send() would. Without a mail server, messages that go into one folder go in
+  /// together, which takes much less time.
+  static void sendAll(std::span<OutboxEmailSender* const> senders);
   std::string getLastError() override { return lastError_; }
 
   /// What the body was made from. Where it is not set, the notification of the same words has it.
@@ -92,9 +96,20 @@ class OutboxEmailSender : public EmailSender {
   const std::string& keepFault() const { return keepFault_; }
 
  private:
-  void deliver(const std::string& name, const MailMessage& message);
-  void submitFrom(const Outbox& outbox, const std::string& name, const MailMessage& message,
-                  bool isNew);
+  struct Prepared {
+    std::string name;
+    MailMessage message;
+  };
+
+  template <class Act>
+  bool attempt(Act&& act);
+  Prepared prepare();
+  void deliver(const Prepared& prepared);
+  void finish(const Outbox& outbox, const Prepared& prepared, bool isNew);
+  void submitFrom(const Outbox& outbox, const Prepared& prepared, bool isNew);
+  OutboxPlace start() const {
+    return settings_.server ? OutboxPlace::sending : OutboxPlace::waiting;
+  }
   OutboxPlace place() const;
   bool isOut(OutboxPlace place) const;
   std::string doubtOf(OutboxPlace place) const;

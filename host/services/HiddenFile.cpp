@@ -70,6 +70,10 @@ bool HiddenFile::keep() {
   return file_.isOpen() && ::fsync(file_.get()) == 0;
 }
 
+void HiddenFile::beginKeeping() {
+  if (file_.isOpen()) ::sync_file_range(file_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 bool HiddenFile::giveName(const std::string& path) {
   return giveNewName(folder_, name_.c_str(), path.c_str());
 }

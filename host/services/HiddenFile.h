@@ -30,6 +30,8 @@ class HiddenFile {
   bool write(std::string_view content);
   /// All that was written is on the disk then.
   bool keep();
+  /// Sets off what keep() waits for: of many files the first keep() then takes most of the time.
+  void beginKeeping();
   /// `path` begins at the folder. Never replaces a file.
   bool giveName(const std::string& path);
   /// The same, but replaces a file of that name.

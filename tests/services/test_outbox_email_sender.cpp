@@ -16,6 +16,7 @@
 namespace {
 
 bool foldersCannotBeKept = false;
+int foldersKept = 0;
 std::function<void()> whileWritten;
 
 }  // namespace
@@ -24,8 +25,9 @@ std::function<void()> whileWritten;
 extern "C" int fsync(int file) {
   if (whileWritten) std::exchange(whileWritten, nullptr)();
   struct stat status {};
-  if (!foldersCannotBeKept || ::fstat(file, &status) != 0 || !S_ISDIR(status.st_mode))
-    return static_cast<int>(::syscall(SYS_fsync, file));
+  const bool isFolder = ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+  foldersKept += isFolder;
+  if (!foldersCannotBeKept || !isFolder) return static_cast<int>(::syscall(SYS_fsync, file));
   errno = EIO;
   return -1;
 }
@@ -110,6 +112,37 @@ TEST_F(OutboxEmailSenderTest, oneIdentityMakesOneMessageAlsoOnceItWasSent) {
   other.setIdentity("firm-1/18");
   ASSERT_TRUE(other.send());
   EXPECT_EQ(files().size(), 1u);
+}
+
+TEST_F(OutboxEmailSenderTest, SeveralGoInTogetherAndEachIsToldByItself) {
+  std::vector<OutboxEmailSender> senders;
+  for (const char* identity : {"1", "2", "1", "4", "5"}) {
+    senders.push_back(newSender(senders.size() == 3 ? "nobody" : "jane@client.example"));
+    senders.back().setIdentity(identity);
+  }
+  std::vector<OutboxEmailSender*> all;
+  for (OutboxEmailSender& each : senders) all.push_back(&each);
+  ASSERT_TRUE(senders[1].send());
+  const auto told = [&] {
+    std::string words;
+    foldersKept = 0;
+    OutboxEmailSender::sendAll(all);
+    for (OutboxEmailSender& each : senders)
+      words += !each.getLastError().empty() ? "failed "
+               : each.alreadyDelivered()    ? "found "
+                                            : "new ";
+    return words + std::to_string(foldersKept) + " " + std::to_string(files().size());
+  };
+  foldersCannotBeKept = true;
+  EXPECT_EQ(told(), "failed found failed failed failed 1 1");
+  EXPECT_NE(senders[4].getLastError().find("may not be kept"), std::string::npos);
+  foldersCannotBeKept = false;
+  EXPECT_EQ(told(), "new found found failed new 1 3");
+  EXPECT_EQ(told(), "found found found failed found 0 3");
+  fs::remove_all(folder.path());
+  OutboxEmailSender::sendAll(all);
+  for (OutboxEmailSender& each : senders) EXPECT_NE(each.getLastError(), "");
+  fs::create_directory(folder.path());
 }
 
 TEST_F(OutboxEmailSenderTest, anothersMessageThatComesMeanwhileStaysTheOnlyOne) {
