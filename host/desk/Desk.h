@@ -11,6 +11,7 @@
 #include "control/clsFrmSentNotifyBulk.h"
 #include "control/clsNotificationTools.h"
 #include "host/clients/ClientDirectory.h"
+#include "host/database/dialect/DatabaseError.h"
 #include "host/desk/claims.h"
 #include "host/dialogs/RecordingErrorClass.h"
 #include "host/documents/PrintingFormHost.h"
@@ -120,6 +121,24 @@ class Desk {
     return errorLine(dialogs_.errors.takeRecorded());
   }
 
+  /// Runs `write(row)` for each of the rows as one write of the database: see
+  /// RecordsetDatabase::writeTogether. False when it or the component met errors, about which
+  /// nobody is asked; nothing has changed then.
+  template <class Rows, class Write>
+  bool writeTogether(const Rows& rows, Write&& write) {
+    const Unattended unattended(dialogs_.errors);
+    try {
+      database_->writeTogether([&] {
+        for (const auto& row : rows)
+          if (!errorsOf([&] { write(row); }).empty()) throw Undone();
+      });
+      return true;
+    } catch (const Undone&) {
+    } catch (const DatabaseError&) {
+    }
+    return false;
+  }
+
   /// The name of a notification's message for all time, unlike that of any other database's.
   std::string messageIdentity(Id notification) const;
   /// Makes the folder beside the database, and takes out what interrupted programs left half
@@ -138,12 +157,29 @@ class Desk {
   void noteSent(Id notification) { sent_.push_back(notification); }
   /// Whether emails have a place to go out from.
   bool hasOutbox() const { return !outbox_.empty(); }
+  /// Whether emails go on to a mail server.
+  bool hasMailServer() const { return mailServer_.has_value(); }
   /// Null where a person is shown what is to be printed.
   PrintingFormHost* printer() { return dialogs_.printer; }
   /// A sender with all references set, for one message.
   std::unique_ptr<OutboxEmailSender> newEmailSender();
 
  private:
+  /// Ends what is written together.
+  struct Undone {};
+  class Unattended {
+   public:
+    explicit Unattended(RecordingErrorClass& errors) : errors_(errors) {
+      errors_.setUnattended(true);
+    }
+    ~Unattended() { errors_.setUnattended(false); }
+    Unattended(const Unattended&) = delete;
+    Unattended& operator=(const Unattended&) = delete;
+
+   private:
+    RecordingErrorClass& errors_;
+  };
+
   static std::string errorLine(std::vector<RecordedError> errors);
   void readFirm(const DeskOptions& options);
   void readUser(const DeskOptions& options);

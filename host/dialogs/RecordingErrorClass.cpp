@@ -26,7 +26,7 @@ void RecordingErrorClass::showErrorDialog() {
     choice_ = error_choice::leave;
     return;
   }
-  choice_ = choose(current_);
+  choice_ = isUnattended_ ? error_choice::leave : choose(current_);
   current_.choice = choice_;
   recorded_.push_back(current_);
 }

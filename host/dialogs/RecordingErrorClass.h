@@ -29,6 +29,9 @@ class RecordingErrorClass : public errorClass {
   void showErrorDialog() override;
   int getErrorChoice() override { return choice_; }
 
+  /// While it is unattended nobody is asked: what failed is left.
+  void setUnattended(bool unattended) { isUnattended_ = unattended; }
+
   /// How many procedures are entered at present.
   std::size_t depth() const { return tags_.size(); }
   /// All errors since the last takeRecorded, oldest first.
@@ -47,6 +50,7 @@ class RecordingErrorClass : public errorClass {
   RecordedError current_;
   std::vector<RecordedError> recorded_;
   int choice_ = error_choice::leave;
+  bool isUnattended_ = false;
 };
 
 }  // namespace autonotify::host

@@ -105,6 +105,20 @@ class SendTest(ConsoleTest):
         self.follow("bad rows do not hold up the others")
         self.assertEqual(len(emails) - 3, len(self.messages()))
 
+    @files_only("a trigger is in the words of the engine")
+    def test_a_mark_that_cannot_be_written_holds_up_no_other(self):
+        emails = [row for row, channel in self.due() if channel == 1]
+        bad = emails[1]
+        self.sql("CREATE TRIGGER Bad BEFORE UPDATE OF SentTime ON ClientNotification WHEN "
+                 f"old.ClientNotificationID={bad} BEGIN SELECT RAISE(ABORT, 'bad'); END")
+        results, run = self.results("--due")
+        self.assertEqual((1, "not marked"), (run.code, results[bad][0]))
+        self.assertEqual({(1, 2)}, {self.state(row) for row in emails if row != bad})
+        self.sql("DROP TRIGGER Bad")
+        self.write(bad, NotificationSent=False, NotificationSentStatus=1)
+        self.assertEqual("was in the outbox already", self.results("--due")[0][bad][1])
+        self.assertEqual(len(emails), len(self.messages()))
+
     def test_named_rows_that_cannot_go(self):
         self.follow("rows that cannot go")
         self.assertEqual(1, len(self.messages()))

@@ -213,13 +213,8 @@ Reply listSent(host::Desk& desk, const Arguments& arguments, RowForm form) {
   const auto wanted = arguments.due ? host::notificationsToSend(desk)
                                     : host::ReadableRows<Id>{arguments.notifications, {}};
   SendReport report(arguments, form);
-  std::size_t left = wanted.rows.size();
-  for (const Id id : wanted.rows) {
-    const SendOutcome outcome = host::sendNotification(desk, id, wish);
-    report.add(outcome);
-    --left;
-    if (outcome.isServersFault) break;
-  }
+  const std::size_t left = host::sendNotifications(
+      desk, wanted.rows, wish, [&](const SendOutcome& outcome) { report.add(outcome); });
   return report.finish(left, wanted.unreadable);
 }
 

@@ -40,6 +40,21 @@ std::optional<ClaimedItem> itemOf(const Notification& notification) {
   return std::nullopt;
 }
 
+using Take = std::unique_ptr<Claim> (Claims::*)(WorkItem item, Id id);
+
+/// Null when another desk has either. The item first, as whoever disarms it does: so no two desks
+/// wait for each other.
+std::unique_ptr<Claim> claimBoth(Desk& desk, const Notification& notification, Take take) {
+  auto both = std::make_unique<BothClaims>();
+  if (const auto about = itemOf(notification)) {
+    both->item = (desk.claims().*take)(about->item, about->id);
+    if (!both->item) return nullptr;
+  }
+  both->notification = (desk.claims().*take)(WorkItem::notification, notification.id);
+  if (!both->notification) return nullptr;
+  return both;
+}
+
 }  // namespace
 
 Outcome<Task> requireTask(Desk& desk, Id id) {
@@ -62,18 +77,13 @@ Outcome<std::unique_ptr<Claim>> claimTemplates(Desk& desk) {
   return claim;
 }
 
-// The item first, as whoever disarms it does: so no two desks wait for each other.
+std::unique_ptr<Claim> tryClaimNotification(Desk& desk, const Notification& notification) {
+  return claimBoth(desk, notification, &Claims::tryTake);
+}
+
 Outcome<std::unique_ptr<Claim>> claimNotification(Desk& desk, const Notification& notification) {
-  const Refused refused{Refused::Why::atWorkElsewhere,
-                        subjectOf(WorkItem::notification, notification.id)};
-  auto both = std::make_unique<BothClaims>();
-  if (const auto about = itemOf(notification)) {
-    both->item = desk.claims().take(about->item, about->id);
-    if (!both->item) return refused;
-  }
-  both->notification = desk.claims().take(WorkItem::notification, notification.id);
-  if (!both->notification) return refused;
-  return std::unique_ptr<Claim>(std::move(both));
+  if (auto claim = claimBoth(desk, notification, &Claims::take)) return claim;
+  return Refused{Refused::Why::atWorkElsewhere, subjectOf(WorkItem::notification, notification.id)};
 }
 
 Outcome<Claimed<Task>> claimTask(Desk& desk, Id id) {

@@ -24,6 +24,10 @@ Outcome<std::unique_ptr<Claim>> claimTemplates(Desk& desk);
 /// sends or changes it meanwhile. Its state is that of the row as it is read then.
 Outcome<std::unique_ptr<Claim>> claimNotification(Desk& desk, const Notification& notification);
 
+/// The same, null where it would have to wait. Whoever holds other claims uses this one, so that no
+/// two desks wait for each other.
+std::unique_ptr<Claim> tryClaimNotification(Desk& desk, const Notification& notification);
+
 /// A task or a notification, and the claim on it.
 template <class Row>
 struct Claimed {

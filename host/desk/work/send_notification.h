@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/desk/work/one_notification.h"
 #include "host/mail/addresses.h"
@@ -72,5 +75,15 @@ struct SendOutcome {
 /// program, and a message that a mail server may have taken stays apart in the outbox: whether they
 /// were sent cannot be known, and a person settles it by markOnly or again.
 SendOutcome sendNotification(Desk& desk, Id id, const SendWish& wish);
+
+/// Hears of each notification once it is settled.
+using SendListener = std::function<void(const SendOutcome& outcome)>;
+
+/// Each of the ids, which are all different, does as sendNotification would and is told in its
+/// turn. Without a mail server several go into the outbox together, and their marks into the
+/// database: they are told when both are done. Gives how many were not tried for a fault of the
+/// mail server.
+std::size_t sendNotifications(Desk& desk, const std::vector<Id>& ids, const SendWish& wish,
+                              const SendListener& tell);
 
 }  // namespace autonotify::host
