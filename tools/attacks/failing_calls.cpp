@@ -215,6 +215,8 @@ CALL(void*, mmap64, (void* at, size_t size, int access, int flags, int file, off
      (at, size, access, flags, file, from), counts(file))
 CALL(int, fsync, (int file), (file), counts(file))
 CALL(int, fdatasync, (int file), (file), counts(file))
+CALL(int, sync_file_range, (int file, off64_t offset, off64_t length, unsigned flags),
+     (file, offset, length, flags), counts(file))
 CALL(int, ftruncate, (int file, off_t size), (file, size), counts(file))
 CALL(int, ftruncate64, (int file, off64_t size), (file, size), counts(file))
 CALL(int, fchmod, (int file, mode_t mode), (file, mode), counts(file))

@@ -69,7 +69,8 @@ class Calls(FailingLibrary):
     """Each system call on files and sockets fails once, or is the last."""
 
     name, share, source, faults = "calls", 40, "failing_calls", CALL_FAULTS
-    works = ("arm", "send", "print", "call", "init", "copy", "submit", "submit, then send")
+    works = ("arm", "send", "send aloud", "print", "call", "init", "copy", "submit",
+             "submit, then send")
 
     def numbered(self, names):
         return enumerate(names, 1)
@@ -89,7 +90,7 @@ class Moments:
     """The program is killed at any moment."""
 
     name, share = "moments", 5
-    works = ("send", "arm", "print", "call", "submit", "init", "copy")
+    works = ("send", "send aloud", "arm", "print", "call", "submit", "init", "copy")
 
     def __init__(self, kit):
         self.kit, self.cases = kit, itertools.count()

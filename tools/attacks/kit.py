@@ -13,6 +13,7 @@ from attacks.firms import Firm
 from attacks.misbehaving_mail import make_certificate
 
 WORKS = {"init": works.Init, "arm": works.Arm, "send": works.Send, "copy": works.Copy,
+         "send aloud": works.SendAloud,
          "submit": works.Submit, "submit, then send": works.SubmitThenSend,
          "print": works.Print, "call": works.Call,
          "merge": works.merge_of, "list": works.list_of}

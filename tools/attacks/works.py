@@ -95,6 +95,13 @@ class Send(Work):
         return [(self.number_of.get(name, name), content) for name, content in pairs]
 
 
+class SendAloud(Send):
+    """The same for people, who are told of each message as it goes: that counts too when the run is
+    killed."""
+
+    command = ("send", "--due")
+
+
 class Submit(Send):
     """`send --due` by way of a mail server."""
 
@@ -334,8 +341,17 @@ def marked(firm, states):
 
 def told_rows(ended):
     """What the program says of each notification."""
+    if ended.out.startswith("NOTIFICATION"):
+        return told_lines(ended)
     data = told(ended)
     return data["notifications"] if "notifications" in data else data
+
+
+def told_lines(ended):
+    """The same, as people are told it."""
+    faults = dict(re.findall(r"^hvnotify: notification (\d+) was not sent: (.*)", ended.err, re.M))
+    return [{"notification": int(number), "result": result, "detail": faults.get(number, "")}
+            for number, result in re.findall(r"^(\d+) +(\w+)", ended.out, re.M)]
 
 
 def said(ended, result):
