@@ -257,6 +257,7 @@ Id SqliteDriver::reserveKey(const TableDef& table) {
   std::optional<QuickCommits> quick;
   if (isInFile_) quick.emplace(database_);
   std::int64_t& counter = counters_[&table];
+  if (counter == 0) counter = counterOf(table);
   const Id key = nextKey(counter, table.name);
   if (key != noId) return key;
   beginCounter(table);
@@ -273,10 +274,10 @@ std::int64_t SqliteDriver::counterOf(const TableDef& table) {
 // The engine begins a counter with the first row that it inserts by itself. Two processes that come
 // here together leave one counter, since the test and the insert are one statement.
 void SqliteDriver::beginCounter(const TableDef& table) {
-  const std::string key = table.key();
-  prepare("INSERT INTO sqlite_sequence(name, seq) SELECT '" + table.name + "', coalesce(max(" +
-          key + "), 0) FROM " + table.name +
-          " HAVING NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name='" + table.name + "')")
+  const std::string greatest = "(SELECT max(" + table.key() + ") FROM " + table.name + ")";
+  prepare("INSERT INTO sqlite_sequence(name, seq) SELECT '" + table.name + "', coalesce(" +
+          greatest + ", 0) WHERE NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name='" +
+          table.name + "')")
       ->run({});
 }
 
