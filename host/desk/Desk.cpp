@@ -211,6 +211,11 @@ std::string Desk::requireDocuments() {
   return documents_;
 }
 
+std::unique_ptr<LookupBatch> lookupBatchFor(Desk& desk, std::size_t rows) {
+  constexpr std::size_t manyRows = 4096;
+  return rows > manyRows ? std::make_unique<LookupBatch>(desk) : nullptr;
+}
+
 std::unique_ptr<OutboxEmailSender> Desk::newEmailSender() {
   const auto identityOf = [this](Id notification) { return messageIdentity(notification); };
   auto sender = std::make_unique<OutboxEmailSender>(

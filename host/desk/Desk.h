@@ -229,4 +229,8 @@ class LookupBatch {
   Desk& desk_;
 };
 
+/// One for the clients of so many rows, or null where reading whole tables takes longer than
+/// looking each of them up.
+std::unique_ptr<LookupBatch> lookupBatchFor(Desk& desk, std::size_t rows);
+
 }  // namespace autonotify::host

@@ -65,8 +65,8 @@ void describeCalls(CLI::App&, Arguments&) {}
 Reply runCalls(host::Desk& desk, const Arguments&) {
   Reply reply;
   reply.data = Json::array();
-  const host::LookupBatch batch(desk);
   const host::ReadableRows<Notification> due = host::readWholeDue(desk, nt_Phone, desk.today());
+  const auto batch = host::lookupBatchFor(desk, due.rows.size());
   for (const Notification& row : due.rows) {
     reply.data.push_back(callJson(desk, row));
     reply.text += (reply.text.empty() ? "" : "\n") + callText(reply.data.back());

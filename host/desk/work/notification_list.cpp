@@ -202,8 +202,7 @@ UnreadableRows listNotifications(Desk& desk, const NotificationQuery& query,
     const PassedIds found = readIds(desk, query, passed, rest());
     unreadable.name(found.ids.unreadable);
     const std::span<const Id> ids = found.ids.rows;
-    // Whole tables are worth reading for more than a few lines.
-    const auto batch = ids.size() > blockSize ? std::make_unique<LookupBatch>(desk) : nullptr;
+    const auto batch = lookupBatchFor(desk, ids.size());
     for (std::size_t begin = 0; begin < ids.size(); begin += blockSize)
       shown += showBlock(desk, query, ids.subspan(begin, std::min(blockSize, ids.size() - begin)),
                          unreadable, show);

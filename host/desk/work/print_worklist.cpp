@@ -44,7 +44,7 @@ Worklist::Cells cellsOf(Desk& desk, const Notification& row, const std::string& 
 
 void fill(Desk& desk, Worklist& list, const ReadableRows<Notification>& due,
           UnreadableRows& unreadable) {
-  const LookupBatch batch(desk);
+  const auto batch = lookupBatchFor(desk, due.rows.size());
   auto items = readItems(desk, due.rows, unreadable);
   for (const Notification& row : due.rows) {
     const std::string words = row.channel == nt_Phone ? plainTextOf(row.memo) : "";

@@ -78,8 +78,12 @@ std::string filterCondition(const std::string& filter) {
       fits("Companies.CompanyName"), fits("Contacts.DisplayName"), fits("Schedule.scheduleName"));
 }
 
+/// Of the column in COALESCE no index is used, for that of the client: by it an engine would go
+/// through the open tasks of all.
+constexpr const char* isOpenOfClient = "COALESCE(Schedule.Closed, False)=False";
+
 std::string conditionOf(Desk& desk, const TaskQuery& query) {
-  std::string condition = "Schedule.Closed=False";
+  std::string condition = query.client || query.contact ? isOpenOfClient : "Schedule.Closed=False";
   if (query.client) condition += fmt::format(" AND Schedule.ClientNum={}", *query.client);
   if (query.contact) condition += fmt::format(" AND Schedule.ContactIDNum={}", *query.contact);
   if (query.until) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
-#include <memory>
 #include <numeric>
 #include <unordered_set>
 
@@ -19,8 +18,6 @@ namespace {
 constexpr const char* notifyDay = "ClientNotification.NotificationDate";
 constexpr const char* nothing = "ClientNotification.ClientNotificationID<0";
 constexpr int daysOfWeek = 7;
-/// With more lines than these their clients are read as whole tables.
-constexpr std::size_t fewLines = 256;
 
 DateTime mondayOf(DateTime day) {
   const int sinceMonday = (day.weekday() + 5) % daysOfWeek;
@@ -165,7 +162,7 @@ class DayReader {
         rows.push_back(line.row);
       }
     }
-    const auto batch = lines.size() > fewLines ? std::make_unique<LookupBatch>(desk_) : nullptr;
+    const auto batch = lookupBatchFor(desk_, lines.size());
     auto items = readItems(desk_, rows, day_.unreadable);
     const std::unordered_set<Id> unreached = readUnreached(rows);
     for (DayLine* line : lines) {
