@@ -4,6 +4,9 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include "host/words/Words.h"
+#include "qt_text.h"
+
 namespace autonotify::desktop {
 namespace {
 
@@ -14,6 +17,10 @@ QString addWords(const QLocale& locale, const QString& name, const QString& fold
   return words->language();
 }
 
+std::string translated(const char* text) {
+  return plain(QCoreApplication::translate("Words", text));
+}
+
 }  // namespace
 
 void speakLanguageOf(const QLocale& locale) {
@@ -21,6 +28,7 @@ void speakLanguageOf(const QLocale& locale) {
   QString language = addWords(locale, "hvnotify", folder);
   if (language.isEmpty()) language = addWords(QLocale(QLocale::English), "hvnotify", folder);
   addWords(QLocale(language), "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+  host::Words::speak(translated);
 }
 
 }  // namespace autonotify::desktop

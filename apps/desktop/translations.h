@@ -4,7 +4,7 @@
 
 namespace autonotify::desktop {
 
-/// Gives the program's words in the language that the locale's user reads best of those there are,
+/// Gives the words of the program and of the host in the language that the locale's user reads best of those there are,
 /// and the toolkit's in the same one where it has it; else in English. Before any words are shown.
 void speakLanguageOf(const QLocale& locale);
 

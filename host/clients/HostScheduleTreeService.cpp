@@ -6,6 +6,7 @@
 
 #include "host/clients/record_rows.h"
 #include "host/clients/unreadable_rows.h"
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 #include "platform/controls/TreeView.h"
 
@@ -19,7 +20,7 @@ constexpr const char* allKinds =
 /// The number of a family's own row.
 constexpr Id wholeFamily = -1;
 /// Of kinds whose family has no row of its own.
-constexpr const char* groupWithoutName = "Other Kinds";
+constexpr const char* groupWithoutName = Words::later("Other Kinds");
 
 struct Family {
   Id totalNum;
@@ -68,7 +69,8 @@ void HostScheduleTreeService::populateFirstScheduleTypes(TreeView& tree) {
   for (const Family& family : families) {
     if (family.kinds.empty()) continue;
     const std::string key = "ScheduleFamily:" + std::to_string(family.totalNum);
-    const int group = tree.addNode(-1, key, family.name.empty() ? groupWithoutName : family.name);
+    const int group =
+        tree.addNode(-1, key, family.name.empty() ? Words::tr(groupWithoutName) : family.name);
     for (const TreeView::Node& kind : family.kinds) tree.addNode(group, kind.key, kind.text);
   }
 }

@@ -3,11 +3,13 @@
 #include <algorithm>
 
 #include "host/clients/record_rows.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
 
 constexpr std::size_t longestShown = 40;
+constexpr const char* tooLarge = Words::later("%1 is out of range");
 
 /// As a line of a message has room for it.
 std::string shown(const Value& held) {
@@ -30,22 +32,22 @@ T readAs(T (*convert)(const Value&), const char* otherwise, const std::string& c
   } catch (const PlatformError& fault) {
     const bool isTooLarge = fault.number() == error_number::overflow;
     throw UnreadableValue(fault.number(), column,
-                          shown(held) + (isTooLarge ? " is out of range" : otherwise));
+                          Words::tr(isTooLarge ? tooLarge : otherwise, {shown(held)}));
   }
 }
 
 }  // namespace
 
 Id idOf(const std::string& column, const Value& held, Id fallback) {
-  return readAs(toInteger, " is no number", column, held, fallback);
+  return readAs(toInteger, Words::later("%1 is no number"), column, held, fallback);
 }
 
 bool flagOf(const std::string& column, const Value& held) {
-  return readAs(toFlag, " is neither true nor false", column, held, false);
+  return readAs(toFlag, Words::later("%1 is neither true nor false"), column, held, false);
 }
 
 DateTime dateOf(const std::string& column, const Value& held) {
-  return readAs(toDateTime, " is no date", column, held, DateTime{});
+  return readAs(toDateTime, Words::later("%1 is no date"), column, held, DateTime{});
 }
 
 }  // namespace autonotify::host

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 #include "platform/Value.h"
 
@@ -15,7 +16,7 @@ class UnreadableValue : public PlatformError {
  public:
   /// `fault` says what it holds: "99999999999 is out of range".
   UnreadableValue(int number, std::string column, std::string fault)
-      : PlatformError(number, column + " cannot be read: " + fault),
+      : PlatformError(number, Words::tr("%1 cannot be read: %2", {column, fault})),
         column_(std::move(column)),
         fault_(std::move(fault)) {}
 
@@ -32,8 +33,8 @@ class UnreadableRow : public PlatformError {
  public:
   /// `row` names the row by its table and key: "Schedule 12".
   UnreadableRow(std::string row, const UnreadableValue& value)
-      : PlatformError(value.number(), row + " cannot be read until its " + value.column() +
-                                          " is mended: " + value.fault()),
+      : PlatformError(value.number(), Words::tr("%1 cannot be read until its %2 is mended: %3",
+                                                {row, value.column(), value.fault()})),
         row_(std::move(row)),
         column_(value.column()) {}
 

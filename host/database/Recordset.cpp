@@ -4,6 +4,7 @@
 
 #include "host/database/column_values.h"
 #include "host/database/dialect/DatabaseError.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -16,8 +17,9 @@ void requireModestTemplate(const PlanColumn& column, const Value& value) {
   if (column.origin != templates) return;
   const std::string* text = value.getIf<std::string>();
   if (text && text->size() > largestTemplate)
-    throw DatabaseError(database_error::invalidText,
-                        "The template in ScheduleTypes.NotificationComment is larger than 16 MiB");
+    throw DatabaseError(
+        database_error::invalidText,
+        Words::tr("The template in ScheduleTypes.NotificationComment is larger than 16 MiB"));
 }
 
 }  // namespace
@@ -137,7 +139,8 @@ Value Recordset::value(const std::string& name) {
   if (newRow_) return newValue(column(index));
   requireCurrentRow();
   std::optional<Value> value = rows_.value(position_, index);
-  if (!value) throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+  if (!value)
+    throw DatabaseError(database_error::rowGone, Words::tr("The current row has been deleted"));
   requireModestTemplate(column(index), *value);
   return std::move(*value);
 }
@@ -167,7 +170,7 @@ void Recordset::update(const std::string& name, const std::string& text) {
   requireCurrentRow();
   const Id key = rows_.key(position_, target.tableIndex);
   if (!session_.updateField(*target.table, *target.origin, key, std::move(value)))
-    throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+    throw DatabaseError(database_error::rowGone, Words::tr("The current row has been deleted"));
 }
 
 void Recordset::remove() {
@@ -177,7 +180,7 @@ void Recordset::remove() {
                         "There is no row of a table to delete");
   requireCurrentRow();
   if (!session_.deleteRow(*rows_.plan().tables().front(), rows_.key(position_, 0)))
-    throw DatabaseError(database_error::rowGone, "The current row has been deleted");
+    throw DatabaseError(database_error::rowGone, Words::tr("The current row has been deleted"));
   deleted_.insert(position_);
 }
 

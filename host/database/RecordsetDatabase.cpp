@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/words/Words.h"
 #include "platform/date_time_text.h"
 #include "platform/text.h"
 
@@ -26,7 +27,7 @@ void RecordsetDatabase::close() {
 }
 
 Driver& RecordsetDatabase::driver() {
-  if (!driver_) throw DatabaseError(database_error::closed, "The database is closed");
+  if (!driver_) throw DatabaseError(database_error::closed, Words::tr("The database is closed"));
   return *driver_;
 }
 

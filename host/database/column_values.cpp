@@ -1,6 +1,7 @@
 #include "host/database/column_values.h"
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/words/Words.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -9,10 +10,10 @@ namespace {
 Value storableText(const ColumnDef& column, const std::string& text) {
   if (text.find('\0') != std::string::npos)
     throw DatabaseError(database_error::invalidText,
-                        "Text with a NUL byte cannot be stored in " + column.name);
+                        Words::tr("Text with a NUL byte cannot be stored in %1", {column.name}));
   if (!isValidUtf8(text))
     throw DatabaseError(database_error::invalidText,
-                        "Text that is no UTF-8 cannot be stored in " + column.name);
+                        Words::tr("Text that is no UTF-8 cannot be stored in %1", {column.name}));
   return text;
 }
 

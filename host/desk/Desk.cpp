@@ -18,6 +18,7 @@
 #include "host/services/HostFileSystemObject.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/host_errors.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -46,9 +47,9 @@ void requireNoOther(const std::string& outbox, const std::string& linked) {
   std::error_code error;
   if (!fs::exists(linked, error) || fs::equivalent(linked, outbox, error) || error) return;
   refuseOutbox(
-      fmt::format("The outbox of this database is {}, but there is one beside the link to it as "
-                  "well; move all that is in {} there and remove it",
-                  outbox, linked));
+      Words::tr("The outbox of this database is %1, but there is one beside the link to it as "
+                "well; move all that is in %2 there and remove it",
+                {outbox, linked}));
 }
 
 }  // namespace
@@ -113,7 +114,8 @@ void Desk::readUser(const DeskOptions& options) {
                  locale_.settings().userId = row.id("ContactID");
                  locale_.settings().accessLevel = static_cast<std::int16_t>(row.id("UserLevel", 1));
                });
-  if (!found && options.user) throw DeskFault(fmt::format("there is no user {}", *options.user));
+  if (!found && options.user)
+    throw DeskFault(Words::tr("there is no user %1", {std::to_string(*options.user)}));
 }
 
 void Desk::registerClasses() {
@@ -166,8 +168,9 @@ std::string Desk::errorLine(std::vector<RecordedError> errors) {
   if (errors.empty()) return {};
   std::string line = firstLine(errors.front().description);
   const std::size_t others = errors.size() - 1;
-  if (others > 0) line += fmt::format(" (and {} more error{})", others, others == 1 ? "" : "s");
-  return line;
+  if (others == 0) return line;
+  return others == 1 ? Words::tr("%1 (and 1 more error)", {line})
+                     : Words::tr("%1 (and %2 more errors)", {line, std::to_string(others)});
 }
 
 std::string Desk::messageIdentity(Id notification) const {
@@ -176,10 +179,10 @@ std::string Desk::messageIdentity(Id notification) const {
 
 void Desk::makeOutbox() {
   if (outbox_.empty())
-    refuseOutbox(
+    refuseOutbox(Words::tr(
         "The emails of a database on a server need an outbox folder that all desks share; name "
-        "one" +
-        hints_.outbox);
+        "one%1",
+        {hints_.outbox}));
   std::error_code leftToTheSender;
   if (hasOwnOutbox_) {
     fs::create_directory(outbox_, leftToTheSender);
@@ -191,23 +194,23 @@ void Desk::makeOutbox() {
 std::string Desk::requireDocuments() {
   if (documents_.empty())
     refuse(error_number::pathNotFound,
-           "The documents of a database on a server need a folder that all desks share; "
-           "name one" +
-               hints_.documents);
+           Words::tr("The documents of a database on a server need a folder that all desks share; "
+                     "name one%1",
+                     {hints_.documents}));
   std::error_code error;
   if (hasOwnDocuments_) fs::create_directory(documents_, error);
   if (error)
-    refuse(error_number::pathNotFound, fmt::format("The folder for documents {} cannot be made: {}",
-                                                   documents_, error.message()));
+    refuse(error_number::pathNotFound, Words::tr("The folder for documents %1 cannot be made: %2",
+                                                 {documents_, error.message()}));
   if (!fs::is_directory(documents_, error))
     refuse(error_number::pathNotFound,
-           fmt::format("The folder for documents {} is not there; make it, or name "
-                       "another one{}",
-                       documents_, hints_.documents));
+           Words::tr("The folder for documents %1 is not there; make it, or name "
+                     "another one%2",
+                     {documents_, hints_.documents}));
   if (::access(documents_.c_str(), W_OK | X_OK) != 0)
     refuse(error_number::pathFileAccess,
-           fmt::format("The folder for documents {} cannot be written to: {}", documents_,
-                       std::strerror(errno)));
+           Words::tr("The folder for documents %1 cannot be written to: %2",
+                     {documents_, std::strerror(errno)}));
   return documents_;
 }
 

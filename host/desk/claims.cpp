@@ -16,13 +16,16 @@
 #include "host/database/postgres/PostgresDatabase.h"
 #include "host/desk/databases.h"
 #include "host/services/Descriptor.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
 
 /// In the order of WorkItem, from 1.
 constexpr std::array<const char*, 7> itemNames{
-    "notification", "task", "appointment", "time entry", "print run", "templates", "import"};
+    Words::later("notification %1"), Words::later("task %1"),      Words::later("appointment %1"),
+    Words::later("time entry %1"),   Words::later("print run %1"), Words::later("templates %1"),
+    Words::later("import %1")};
 
 /// The file of claims while this desk holds any, with a lock on one byte for each item. A desk may
 /// claim what it has claimed already, as on a server.
@@ -65,8 +68,9 @@ class FileClaim : public Claim {
 };
 
 [[noreturn]] void failFile(const std::string& path) {
-  throw DatabaseError(database_error::inputOutput,
-                      "The file of claims " + path + " cannot be used: " + std::strerror(errno));
+  throw DatabaseError(
+      database_error::inputOutput,
+      Words::tr("The file of claims %1 cannot be used: %2", {path, std::strerror(errno)}));
 }
 
 class FileClaims : public Claims {
@@ -143,7 +147,7 @@ class ServerClaims : public Claims {
 }  // namespace
 
 std::string subjectOf(WorkItem item, Id id) {
-  return fmt::format("{} {}", itemNames.at(static_cast<std::size_t>(item) - 1), id);
+  return Words::tr(itemNames.at(static_cast<std::size_t>(item) - 1), {std::to_string(id)});
 }
 
 std::unique_ptr<Claim> Claims::take(WorkItem item, Id id) {

@@ -5,6 +5,7 @@
 
 #include "host/documents/safe_name.h"
 #include "host/services/host_errors.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -42,7 +43,7 @@ void HostClientDocumentFolder::selectFolderKind(int kind) {
 }
 
 std::string HostClientDocumentFolder::getFolderPath() {
-  if (path_.empty()) fail(error_number::pathNotFound, "The folder of no client is open");
+  if (path_.empty()) fail(error_number::pathNotFound, Words::tr("The folder of no client is open"));
   return path_;
 }
 
@@ -81,7 +82,7 @@ void HostClientDocumentFolder::makeFolder(const std::string& name) const {
   if (!error) error = std::make_error_code(std::errc::file_exists);
   fail(error == std::errc::no_such_file_or_directory ? error_number::pathNotFound
                                                      : error_number::pathFileAccess,
-       "Cannot make the folder for documents " + path.string() + ": " + error.message());
+       Words::tr("Cannot make the folder for documents %1: %2", {path.string(), error.message()}));
 }
 
 }  // namespace autonotify::host

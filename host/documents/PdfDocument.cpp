@@ -7,6 +7,7 @@
 #include "host/documents/PageFlow.h"
 #include "host/documents/grid_pages.h"
 #include "host/documents/report_pages.h"
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 
 namespace autonotify::host {
@@ -91,7 +92,7 @@ void PdfDocument::requireWritten() {
     if (status == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
     if (status != CAIRO_STATUS_SUCCESS && status != CAIRO_STATUS_SURFACE_FINISHED)
       throw PlatformError(error_number::invalidProcedureCall,
-                          std::string("Cannot make the PDF: ") + cairo_status_to_string(status),
+                          Words::tr("Cannot make the PDF: %1", {cairo_status_to_string(status)}),
                           "PdfDocument");
   }
 }

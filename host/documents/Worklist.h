@@ -5,6 +5,7 @@
 #include <deque>
 #include <string>
 
+#include "host/words/Words.h"
 #include "platform/controls/Report.h"
 
 namespace autonotify::host {
@@ -24,13 +25,13 @@ class Worklist : public Report {
     /// Of the width, in proportion to the others.
     double share;
   };
-  static constexpr std::array<Column, 7> columns{{{"Date", 60},
-                                                  {"By", 36},
-                                                  {"Client", 130},
-                                                  {"Task", 130},
-                                                  {"To", 90},
-                                                  {"Number", 84},
-                                                  {"Times", 52}}};
+  static constexpr std::array<Column, 7> columns{{{Words::later("Date"), 60},
+                                                  {Words::later("By"), 36},
+                                                  {Words::later("Client"), 130},
+                                                  {Words::later("Task"), 130},
+                                                  {Words::later("To"), 90},
+                                                  {Words::later("Number"), 84},
+                                                  {Words::later("Times"), 52}}};
   using Cells = std::array<std::string, columns.size()>;
 
   Worklist(FormHost& host, const std::string& title);

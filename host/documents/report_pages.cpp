@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/documents/Worklist.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -88,7 +89,7 @@ constexpr double wordsIndent = 24;
 std::vector<PageCell> listHeadings() {
   std::vector<PageCell> headings;
   for (const Worklist::Column& column : Worklist::columns)
-    headings.push_back({column.heading, column.share});
+    headings.push_back({Words::tr(column.heading), column.share});
   return headings;
 }
 

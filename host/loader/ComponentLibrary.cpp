@@ -7,6 +7,8 @@
 #include <system_error>
 #include <vector>
 
+#include "host/words/Words.h"
+
 namespace autonotify::host {
 namespace {
 
@@ -33,7 +35,7 @@ void* openLibrary(const fs::path& file) {
 
 std::string lastLoadError() {
   const char* text = dlerror();
-  return text ? text : "unknown failure of the loader";
+  return text ? text : Words::tr("unknown failure of the loader");
 }
 
 }  // namespace
@@ -45,18 +47,19 @@ fs::path ComponentLibrary::locate(const fs::path& given) {
     if (fs::is_regular_file(candidate, ignored)) return fs::absolute(candidate);
     tried += "\n  " + candidate.string();
   }
-  throw ComponentError(std::string("the component ") + fileName + " was not found; tried:" + tried);
+  throw ComponentError(Words::tr("the component %1 was not found; tried:%2", {fileName, tried}));
 }
 
 ComponentLibrary::ComponentLibrary(const fs::path& file, const PlatformServices& platform)
     : handle_(openLibrary(file)) {
-  if (!handle_) throw ComponentError("cannot load " + file.string() + ": " + lastLoadError());
+  if (!handle_)
+    throw ComponentError(Words::tr("cannot load %1: %2", {file.string(), lastLoadError()}));
   void* object = nullptr;
   const int result = entryPoint<int(const char*, const char*, void**)>("DllGetClassObject")(
       classAutoNotifyCtrl, classObjectInterface, &object);
   if (result != componentOk) {
-    throw ComponentError(file.string() + " has no " + classObjectInterface + " (result " +
-                         std::to_string(result) + "); it is of another version");
+    throw ComponentError(Words::tr("%1 has no %2 (result %3); it is of another version",
+                                   {file.string(), classObjectInterface, std::to_string(result)}));
   }
   classObject_ = static_cast<ClassObject*>(object);
   classObject_->setPlatform(platform);
@@ -87,14 +90,14 @@ bool ComponentLibrary::canUnload() const {
 template <class Function>
 Function* ComponentLibrary::entryPoint(const char* name) const {
   void* symbol = dlsym(handle_.get(), name);
-  if (!symbol) throw ComponentError("not the component: " + lastLoadError());
+  if (!symbol) throw ComponentError(Words::tr("not the component: %1", {lastLoadError()}));
   return reinterpret_cast<Function*>(symbol);
 }
 
 template <class T>
 std::unique_ptr<T> ComponentLibrary::create(const char* className) {
   std::unique_ptr<ComponentObject> object = classObject_->createInstance(className);
-  if (!object) throw ComponentError(std::string("the component has no class ") + className);
+  if (!object) throw ComponentError(Words::tr("the component has no class %1", {className}));
   return std::unique_ptr<T>(static_cast<T*>(object.release()));
 }
 

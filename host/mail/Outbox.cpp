@@ -14,12 +14,13 @@
 #include <utility>
 
 #include "host/services/HiddenFile.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
 
 std::string sentence(const std::string& what, int error) {
-  return what + ": " + std::strerror(error) + ".";
+  return Words::tr("%1: %2.", {what, std::strerror(error)});
 }
 
 [[noreturn]] void fail(const std::string& what, int error) {
@@ -46,7 +47,8 @@ class OpenOutbox {
   /// `path` is for messages.
   explicit OpenOutbox(const std::string& path)
       : path_(path), folder_(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (!folder_.isOpen()) fail("The outbox folder \"" + path + "\" cannot be opened", errno);
+    if (!folder_.isOpen())
+      fail(Words::tr("The outbox folder \"%1\" cannot be opened", {path}), errno);
   }
 
   int get() const { return folder_.get(); }
@@ -109,7 +111,8 @@ class OpenOutbox {
 
   [[noreturn]] void failAt(OutboxPlace place) const {
     const int error = errno;
-    fail("The outbox folder \"" + path_ + '/' + subfolderOf(place) + "\" cannot be used", error);
+    fail(Words::tr("The outbox folder \"%1\" cannot be used", {path_ + '/' + subfolderOf(place)}),
+         error);
   }
 
   const std::string& path_;
@@ -185,8 +188,9 @@ class Putting {
     if (isNamed) return true;
     if (outbox_.find(draft.message.name) != OutboxPlace::nowhere) return false;
     if (error == EEXIST)
-      fail("The message cannot be put into the outbox, \"" + path + "\" is in its way", error);
-    fail("The message cannot be put into the outbox folder \"" + path_ + "\"", error);
+      fail(Words::tr("The message cannot be put into the outbox, \"%1\" is in its way", {path}),
+           error);
+    fail(Words::tr("The message cannot be put into the outbox folder \"%1\"", {path_}), error);
   }
 
   void takeAllBack(int error) {
@@ -194,7 +198,8 @@ class Putting {
       if (draft.isNew)
         takeBack(
             draft,
-            sentence("The message may not be kept in the outbox folder \"" + path_ + "\"", error));
+            sentence(Words::tr("The message may not be kept in the outbox folder \"%1\"", {path_}),
+                     error));
   }
 
   /// Left there, it would pass for one that was put in, though it may not last. Where it is gone
@@ -206,7 +211,7 @@ class Putting {
   }
 
   [[noreturn]] void failWriting() {
-    fail("The message cannot be written into the outbox folder \"" + path_ + "\"", errno);
+    fail(Words::tr("The message cannot be written into the outbox folder \"%1\"", {path_}), errno);
   }
 
   const OpenOutbox& outbox_;
@@ -245,8 +250,8 @@ void Outbox::move(const std::string& name, OutboxPlace from, OutboxPlace to) con
   if (!outbox.rename(name, from, to)) {
     outbox.makeSubfolders();
     if (!outbox.rename(name, from, to))
-      fail("The message \"" + folder_ + '/' + pathOf(name, from) + "\" cannot be moved to \"" +
-               folder_ + '/' + subfolderOf(to) + "\"",
+      fail(Words::tr("The message \"%1\" cannot be moved to \"%2\"",
+                     {folder_ + '/' + pathOf(name, from), folder_ + '/' + subfolderOf(to)}),
            errno);
   }
   // Not being able to make the move last is no failure: a crash that undoes it leaves a message of
@@ -257,7 +262,8 @@ void Outbox::move(const std::string& name, OutboxPlace from, OutboxPlace to) con
 void Outbox::withdraw(const std::string& name, OutboxPlace place) const {
   const OpenOutbox outbox(folder_);
   if (!outbox.remove(name, place) && errno != ENOENT)
-    fail("The message cannot be taken out of the outbox folder \"" + folder_ + "\"", errno);
+    fail(Words::tr("The message cannot be taken out of the outbox folder \"%1\"", {folder_}),
+         errno);
 }
 
 }  // namespace autonotify::host

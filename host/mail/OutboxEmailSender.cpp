@@ -6,6 +6,7 @@
 #include "host/clients/record_rows.h"
 #include "host/mail/gmime_handles.h"
 #include "host/mail/html_page.h"
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 #include "platform/rich_text.h"
 
@@ -79,7 +80,7 @@ bool OutboxEmailSender::attempt(Act&& act) {
     isServersFault_ = dynamic_cast<const MailServerError*>(&error);
     lastError_ = error.what();
   } catch (const PlatformError& error) {
-    lastError_ = "The firm's database cannot be read: " + error.description();
+    lastError_ = Words::tr("The firm's database cannot be read: %1", {error.description()});
   }
   return false;
 }
@@ -125,7 +126,7 @@ void OutboxEmailSender::submitFrom(const Outbox& outbox, const Prepared& prepare
     outbox.move(prepared.name, OutboxPlace::sending, OutboxPlace::sent);
   } catch (const MailError& error) {
     keepFault_ =
-        std::string("it stays in \"sending\", from where nothing is sent again: ") + error.what();
+        Words::tr("it stays in \"sending\", from where nothing is sent again: %1", {error.what()});
   }
 }
 
@@ -135,7 +136,7 @@ MailMessage OutboxEmailSender::compose() {
   message.cc = parseRecipients(words_.cc);
   message.bcc = parseRecipients(words_.bcc);
   if (message.to.empty() && message.cc.empty() && message.bcc.empty())
-    throw MailError("The message has no recipient.");
+    throw MailError(Words::tr("The message has no recipient."));
   message.from = sender();
   message.subject = words_.subject;
   message.body = words_.body;
@@ -166,7 +167,7 @@ Mailbox OutboxEmailSender::sender() {
     if (from.address.empty()) from.address = firm.address;
   }
   const std::vector<Mailbox> mailboxes = parseRecipients(from.address);
-  if (mailboxes.empty()) throw MailError("The firm has no email address to send from.");
+  if (mailboxes.empty()) throw MailError(Words::tr("The firm has no email address to send from."));
   return {cleanLine(from.name), mailboxes.front().address};
 }
 
@@ -180,14 +181,17 @@ bool OutboxEmailSender::isOut(OutboxPlace place) const {
 }
 
 std::string OutboxEmailSender::doubtOf(OutboxPlace place) const {
-  const std::string doubt = "It is not known whether the message went out: ";
   if (!settings_.identitiesAreOurs)
-    return doubt +
-           "one of its name is in the outbox, and the database has no identity that tells its "
-           "messages from others'.";
+    return Words::tr(
+        "It is not known whether the message went out: one of its name is in the outbox, and the "
+        "database has no identity that tells its messages from others'.");
   if (place == OutboxPlace::waiting)
-    return doubt + "it is in the outbox for another mail system to take.";
-  return doubt + "sending it was interrupted, or another desk is sending it.";
+    return Words::tr(
+        "It is not known whether the message went out: it is in the outbox for another mail system "
+        "to take.");
+  return Words::tr(
+      "It is not known whether the message went out: sending it was interrupted, or another desk "
+      "is sending it.");
 }
 
 bool OutboxEmailSender::isDelivered() const {

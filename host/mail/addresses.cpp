@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/mail/gmime_handles.h"
+#include "host/words/Words.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -155,7 +156,7 @@ std::vector<Mailbox> parseRecipients(std::string_view text) {
       const std::string_view entry = withoutBlanks(takeUpTo(findUnquoted(line, ",;"), line));
       if (entry.empty()) continue;
       std::optional<Mailbox> mailbox = readMailbox(entry);
-      if (!mailbox) throw MailError("\"" + std::string(entry) + "\" is not a valid email address.");
+      if (!mailbox) throw MailError(Words::tr("\"%1\" is not a valid email address.", {entry}));
       mailboxes.push_back(*std::move(mailbox));
     }
   }

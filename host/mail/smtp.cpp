@@ -12,6 +12,7 @@
 #include <unordered_set>
 
 #include "host/mail/gmime_handles.h"
+#include "host/words/Words.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -46,21 +47,26 @@ struct Sentence {
   bool isServersFault = false;
 };
 constexpr Sentence sentences[] = {
-    {CURLE_COULDNT_RESOLVE_HOST, "The mail server cannot be found.", true},
-    {CURLE_COULDNT_CONNECT, "The mail server cannot be reached.", true},
-    {CURLE_OPERATION_TIMEDOUT, "The mail server does not answer."},
-    {CURLE_LOGIN_DENIED, "The mail server does not accept the user's name and password.", true},
-    {CURLE_PEER_FAILED_VERIFICATION, "The mail server does not prove who it is.", true},
-    {CURLE_SSL_CONNECT_ERROR, "No safe connection to the mail server comes about.", true},
-    {CURLE_USE_SSL_FAILED, "The mail server offers no safe connection.", true},
-    {CURLE_SSL_CACERT_BADFILE, "The file of trusted certificates cannot be read.", true},
-    {CURLE_SEND_ERROR, "The mail server does not take the message."},
-    {CURLE_RECV_ERROR, "The mail server has broken the connection."},
-    {CURLE_GOT_NOTHING, "The mail server has broken the connection."},
+    {CURLE_COULDNT_RESOLVE_HOST, Words::later("The mail server cannot be found."), true},
+    {CURLE_COULDNT_CONNECT, Words::later("The mail server cannot be reached."), true},
+    {CURLE_OPERATION_TIMEDOUT, Words::later("The mail server does not answer.")},
+    {CURLE_LOGIN_DENIED,
+     Words::later("The mail server does not accept the user's name and password."), true},
+    {CURLE_PEER_FAILED_VERIFICATION, Words::later("The mail server does not prove who it is."),
+     true},
+    {CURLE_SSL_CONNECT_ERROR, Words::later("No safe connection to the mail server comes about."),
+     true},
+    {CURLE_USE_SSL_FAILED, Words::later("The mail server offers no safe connection."), true},
+    {CURLE_SSL_CACERT_BADFILE, Words::later("The file of trusted certificates cannot be read."),
+     true},
+    {CURLE_SEND_ERROR, Words::later("The mail server does not take the message.")},
+    {CURLE_RECV_ERROR, Words::later("The mail server has broken the connection.")},
+    {CURLE_GOT_NOTHING, Words::later("The mail server has broken the connection.")},
 };
 
 const Sentence& sentenceFor(CURLcode code) {
-  static constexpr Sentence other{CURLE_OK, "The mail server does not take the message."};
+  static constexpr Sentence other{CURLE_OK,
+                                  Words::later("The mail server does not take the message.")};
   const auto* found = std::ranges::find(sentences, code, &Sentence::code);
   return found == std::end(sentences) ? other : *found;
 }
@@ -167,14 +173,14 @@ bool holdsPassword(const std::string& answer, const SmtpServer& server) {
 
 [[noreturn]] void fail(CURLcode code, const Exchange& exchange, const char* detail) {
   const Sentence& sentence = sentenceFor(code);
-  std::string words = sentence.words;
+  std::string words = Words::tr(sentence.words);
   if (!exchange.refusal.empty()) {
-    words += " It says: " + exchange.refusal;
+    words = Words::tr("%1 It says: %2", {words, exchange.refusal});
   } else if (*detail) {
     words += std::string(" (") + detail + ")";
   }
   if (exchange.unsent.empty() && !exchange.messageIsRefused)
-    throw UncertainMailError(words + " It may have taken the message all the same.");
+    throw UncertainMailError(Words::tr("%1 It may have taken the message all the same.", {words}));
   const bool isSilent = code == CURLE_OPERATION_TIMEDOUT && !exchange.isBegun;
   if (sentence.isServersFault || isSilent) throw MailServerError(words);
   throw MailError(words);
@@ -184,11 +190,12 @@ bool holdsPassword(const std::string& answer, const SmtpServer& server) {
 
 SmtpServer parseSmtpServer(const std::string& url) {
   // It is not quoted, as it may hold a password in a place that nobody expects.
-  const char* fault = "The address names no mail server; write smtp://USER@HOST:PORT.";
+  const char* fault =
+      Words::later("The address names no mail server; write smtp://USER@HOST:PORT.");
   const std::size_t colon = url.find("://");
   const auto* scheme =
       std::ranges::find(schemes, std::string_view(url).substr(0, colon), &Scheme::name);
-  if (colon == std::string::npos || scheme == std::end(schemes)) throw MailError(fault);
+  if (colon == std::string::npos || scheme == std::end(schemes)) throw MailError(Words::tr(fault));
   SmtpServer server;
   server.security = scheme->security;
   std::string place = url.substr(colon + 3);
@@ -197,8 +204,8 @@ SmtpServer parseSmtpServer(const std::string& url) {
     server.user = place.substr(0, at);
     if (server.user.find(':') != std::string::npos)
       throw MailError(
-          "A password in the address of a mail server could be read by others; give it "
-          "in a file.");
+          Words::tr("A password in the address of a mail server could be read by others; give it "
+                    "in a file."));
     place.erase(0, at + 1);
   }
   const std::size_t portColon = place.rfind(':');
@@ -206,12 +213,12 @@ SmtpServer parseSmtpServer(const std::string& url) {
     const char* end = place.data() + place.size();
     const auto [stop, error] = std::from_chars(place.data() + portColon + 1, end, server.port);
     if (error != std::errc() || stop != end || server.port < 1 || server.port > 65535)
-      throw MailError(fault);
+      throw MailError(Words::tr(fault));
     place.erase(portColon);
   }
   server.host = place;
   if (server.host.empty() || server.host.find_first_of("/ \t") != std::string::npos)
-    throw MailError(fault);
+    throw MailError(Words::tr(fault));
   return server;
 }
 
@@ -219,8 +226,10 @@ std::string passwordFileWarning(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
   if ((status.st_mode & (S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH)) == 0) return {};
-  return "Others can read or change the password file \"" + path +
-         "\"; take that right from them (chmod 600).";
+  return Words::tr(
+      "Others can read or change the password file \"%1\"; take that right from them "
+      "(chmod 600).",
+      {path});
 }
 
 SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFile,
@@ -234,8 +243,8 @@ SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFil
   if (passwordFile.empty()) return server;
   std::ifstream file(passwordFile);
   if (!std::getline(file, server.password))
-    throw MailError("The password for the mail server cannot be read from \"" + passwordFile +
-                    "\".");
+    throw MailError(
+        Words::tr("The password for the mail server cannot be read from \"%1\".", {passwordFile}));
   if (server.password.ends_with('\r')) server.password.pop_back();
   return server;
 }
@@ -243,7 +252,7 @@ SmtpServer readSmtpServer(const std::string& url, const std::string& passwordFil
 void submit(const SmtpServer& server, const MailMessage& message) {
   static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
   const std::unique_ptr<CURL, EasyRelease> curl(ready == CURLE_OK ? curl_easy_init() : nullptr);
-  if (!curl) throw MailError("The mail library cannot be started.");
+  if (!curl) throw MailError(Words::tr("The mail library cannot be started."));
   MailMessage open = message;
   open.bcc.clear();
   const std::string text = messageText(open);
@@ -264,7 +273,8 @@ void submit(const SmtpServer& server, const MailMessage& message) {
   curl_easy_setopt(curl.get(), CURLOPT_XFERINFODATA, &exchange);
   const CURLcode code = curl_easy_perform(curl.get());
   if (code == CURLE_OK) return;
-  if (holdsPassword(exchange.refusal, server)) exchange.refusal = "something about the password";
+  if (holdsPassword(exchange.refusal, server))
+    exchange.refusal = Words::tr("something about the password");
   fail(code, exchange, detail);
 }
 

@@ -9,6 +9,7 @@
 #include "host/services/HostFileUtility.h"
 #include "host/services/NewFile.h"
 #include "host/services/host_errors.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -23,16 +24,17 @@ class ReadTextFile : public TextFile {
  public:
   explicit ReadTextFile(const std::string& path) : path_(path), file_(path, std::ios::binary) {
     if (!file_.is_open() || fs::is_directory(path))
-      fail(error_number::pathFileAccess, "Cannot read " + path + ": " + std::strerror(errno));
+      fail(error_number::pathFileAccess,
+           Words::tr("Cannot read %1: %2", {path, std::strerror(errno)}));
   }
 
   std::string readAll() override {
     std::string content{std::istreambuf_iterator<char>(file_), {}};
-    if (file_.bad()) fail(error_number::pathFileAccess, "Cannot read " + path_);
+    if (file_.bad()) fail(error_number::pathFileAccess, Words::tr("Cannot read %1", {path_}));
     return content;
   }
   void write(const std::string&) override {
-    fail(error_number::pathFileAccess, "Open for reading alone: " + path_);
+    fail(error_number::pathFileAccess, Words::tr("Open for reading alone: %1", {path_}));
   }
   void close() override { file_.close(); }
 
@@ -67,7 +69,7 @@ class NewTextFile : public TextFile {
  private:
   void nameIsTaken() {
     if (atPlace_ == AtPlace::mustBeFree)
-      fail(error_number::fileAlreadyExists, "There is a file " + path_ + " already");
+      fail(error_number::fileAlreadyExists, Words::tr("There is a file %1 already", {path_}));
     path_ = HostFileUtility().getUniqueFileName(path_);
     close();
   }
@@ -86,7 +88,7 @@ std::unique_ptr<TextFile> HostFileSystemObject::openTextFile(const std::string& 
                                                              bool create) {
   std::error_code error;
   if (!fs::exists(path, error)) {
-    if (!create) fail(error_number::fileNotFound, "No such file: " + path);
+    if (!create) fail(error_number::fileNotFound, Words::tr("No such file: %1", {path}));
     createTextFile(path, false)->close();
   }
   return std::make_unique<ReadTextFile>(path);
@@ -94,10 +96,11 @@ std::unique_ptr<TextFile> HostFileSystemObject::openTextFile(const std::string& 
 
 std::unique_ptr<TextFile> HostFileSystemObject::createTextFile(const std::string& path,
                                                                bool overwrite) {
-  if (path.empty()) fail(error_number::pathNotFound, "There is no place to write the file to");
+  if (path.empty())
+    fail(error_number::pathNotFound, Words::tr("There is no place to write the file to"));
   std::error_code error;
   if (!overwrite && fs::exists(fs::symlink_status(path, error)))
-    fail(error_number::fileAlreadyExists, "There is a file " + path + " already");
+    fail(error_number::fileAlreadyExists, Words::tr("There is a file %1 already", {path}));
   const AtPlace atPlace = isKept(path) ? AtPlace::kept
                           : overwrite  ? AtPlace::replaced
                                        : AtPlace::mustBeFree;

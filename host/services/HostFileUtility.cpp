@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "host/services/host_errors.h"
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 
 namespace autonotify::host {
@@ -27,12 +28,15 @@ bool HostFileUtility::fileExists(const std::string& path) {
 void HostFileUtility::deleteFile(const std::string& path) {
   std::error_code error;
   if (fs::is_directory(fs::symlink_status(path, error)))
-    throw PlatformError(error_number::pathFileAccess, "This is a folder: " + path, className);
+    throw PlatformError(error_number::pathFileAccess, Words::tr("This is a folder: %1", {path}),
+                        className);
   const bool removed = fs::remove(path, error);
   if (error)
     throw PlatformError(error_number::pathFileAccess,
-                        "Cannot delete " + path + ": " + error.message(), className);
-  if (!removed) throw PlatformError(error_number::fileNotFound, "No such file: " + path, className);
+                        Words::tr("Cannot delete %1: %2", {path, error.message()}), className);
+  if (!removed)
+    throw PlatformError(error_number::fileNotFound, Words::tr("No such file: %1", {path}),
+                        className);
 }
 
 std::string HostFileUtility::addTrailingBackslash(const std::string& folder) {

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "host/services/host_errors.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -31,7 +32,8 @@ std::string HostWorkingFolder::getWorkingFolder() {
   std::error_code error;
   if (fs::create_directories(folder_, error)) fs::permissions(folder_, fs::perms::owner_all, error);
   if (error || !isOursAlone(folder_)) {
-    throw PlatformError(error_number::pathNotFound, "Cannot make the working folder " + folder_,
+    throw PlatformError(error_number::pathNotFound,
+                        Words::tr("Cannot make the working folder %1", {folder_}),
                         "WorkingFolderReference");
   }
   return folder_;

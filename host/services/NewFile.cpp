@@ -8,6 +8,7 @@
 #include <set>
 
 #include "host/services/host_errors.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -38,8 +39,8 @@ int numberOf(int error) {
 
 [[noreturn]] void fail(const std::string& path) {
   const int error = errno;
-  throw PlatformError(numberOf(error), "Cannot write " + path + ": " + std::strerror(error),
-                      "NewFile");
+  throw PlatformError(numberOf(error),
+                      Words::tr("Cannot write %1: %2", {path, std::strerror(error)}), "NewFile");
 }
 
 /// True the first time that the program asks for the folder.

@@ -1,10 +1,21 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPdfDocument>
+#include <QPdfSelection>
 #include <QTranslator>
 #include <algorithm>
 
 #include "MainWindowTest.h"
+#include "host/database/postgres/ServerAddress.h"
+#include "host/desk/claims.h"
+#include "host/loader/ComponentLibrary.h"
+#include "host/mail/Outbox.h"
+#include "host/mail/addresses.h"
+#include "host/mail/smtp.h"
+#include "host/services/HostFileSystemObject.h"
+#include "host/words/Words.h"
+#include "preview/PdfPages.h"
 #include "translations.h"
 
 namespace autonotify::desktop {
@@ -24,7 +35,10 @@ class Marker : public QTranslator {
 class Speaking {
  public:
   explicit Speaking(const QLocale& locale) { speakLanguageOf(locale); }
-  ~Speaking() { qDeleteAll(qApp->findChildren<QTranslator*>(Qt::FindDirectChildrenOnly)); }
+  ~Speaking() {
+    host::Words::speak(nullptr);
+    qDeleteAll(qApp->findChildren<QTranslator*>(Qt::FindDirectChildrenOnly));
+  }
 };
 
 /// What the program itself says in a window, without what it shows of the firm.
@@ -72,7 +86,7 @@ QStringList textsOf(const QList<QAction*>& actions) {
 
 class TranslationTest : public MainWindowTest {};
 
-TEST_F(TranslationTest, everyWordOfTheProgramIsGivenToTranslation) {
+TEST_F(TranslationTest, EveryWordOfTheProgramIsGivenToTranslation) {
   const Marker marker;
   open();
   expectMarked(*window_, {"firm.db"});
@@ -88,7 +102,7 @@ TEST_F(TranslationTest, everyWordOfTheProgramIsGivenToTranslation) {
   });
 }
 
-TEST_F(TranslationTest, keysOfAMenuAreDistinctInFrench) {
+TEST_F(TranslationTest, KeysOfAMenuAreDistinctInFrench) {
   const Speaking french{QLocale("fr_CA")};
   open();
   expectDistinctKeys(textsOf(window_->menuBar()->actions()));
@@ -96,7 +110,7 @@ TEST_F(TranslationTest, keysOfAMenuAreDistinctInFrench) {
     if (!menu->text().contains("Aller")) expectDistinctKeys(textsOf(menu->menu()->actions()));
 }
 
-TEST_F(TranslationTest, layoutsSpeakFrenchAndTheComponentsWindowsKeepTheirWords) {
+TEST_F(TranslationTest, LayoutsSpeakFrenchAndTheComponentsWindowsKeepTheirWords) {
   const Speaking french{QLocale("fr_CA")};
   open();
   run("notifications", [](QDialog& list) {
@@ -109,7 +123,73 @@ TEST_F(TranslationTest, layoutsSpeakFrenchAndTheComponentsWindowsKeepTheirWords)
   });
 }
 
-TEST(Translation, aLanguageThatThereIsNotIsEnglishWithItsPlurals) {
+TEST_F(TranslationTest, TheHostSpeaksFrenchToo) {
+  const Speaking french{QLocale("fr_CA")};
+  open();
+  chooseTaskFor("editEmail");
+  const auto leaveWithFault = [](QDialog& composer) {
+    QTest::keyClicks(composer.findChild<QWidget*>("cboCc"), "@");
+    finish(composer);
+    cancel(composer);
+  };
+  EXPECT_THAT(run("editEmail", leaveWithFault, true),
+              testing::ElementsAre("«\u00a0@\u00a0» n’est pas une adresse de courriel valide. "
+                                   "Veuillez corriger le champ Cc.",
+                                   "Voulez-vous fermer et perdre vos modifications?"));
+  execute("UPDATE ClientNotification SET NotificationDate='2026-04-14' WHERE NotificationSent=0");
+  const auto look = [](QDialog& preview) {
+    const QString text = preview.findChild<PdfPages*>()->document()->getAllText(0).text();
+    EXPECT_THAT(plain(text), testing::StartsWith("Lettres, télécopies et appels d’ici le 2026"));
+    for (const char* word : {"Tâche", "lettre", "fax", "appel"})
+      EXPECT_TRUE(text.contains(word)) << word;
+    preview.close();
+  };
+  EXPECT_THAT(run("printWorklist", look), testing::IsEmpty());
+  Visitor visitor(nullptr);
+  EXPECT_FALSE(window_->openDatabase("/none.db"));
+  EXPECT_THAT(
+      visitor.messages,
+      testing::ElementsAre(testing::EndsWith("\n\nIl n’y a pas de base de données /none.db")));
+}
+
+TEST(Translation, FaultsOfTheHostAreGivenToIt) {
+  const Speaking english{QLocale("en")};
+  const Marker marker;
+  const std::function<void()> faulty[] = {
+      [] { host::openSqlite("/"); },
+      [] { host::openSqlite("/dev/null"); },
+      [] { host::ServerAddress("x"); },
+      [] { host::parseRecipients("x"); },
+      [] { host::readSmtpServer("x", "", {}); },
+      [] { host::readSmtpServer("smtp://a:b@c", "", {}); },
+      [] { host::readSmtpServer("smtp://a@b", "/none", {}); },
+      [] { host::Outbox("/none").makeSubfolders(); },
+      [] {
+        host::HostFileSystemObject().openTextFile("/none", FileSystemObject::OpenFor::reading,
+                                                  false);
+      },
+      [] { host::ComponentLibrary::locate("/none"); },
+  };
+  for (const auto& act : faulty)
+    EXPECT_THAT(act, testing::ThrowsMessage<std::runtime_error>(testing::StartsWith("«")));
+  EXPECT_EQ(subjectOf(host::WorkItem::task, 1), "«task 1");
+}
+
+TEST(Words, AreFilledAsTheyAreTranslated) {
+  using host::Words;
+  EXPECT_EQ(Words::tr("%2, %1 and %3: 5 %", {"%2", "b"}), "b, %2 and %3: 5 %");
+  Words::speak([](const char*) {
+    errno = 0;
+    return std::string("%2 %1");
+  });
+  errno = ENOSPC;
+  EXPECT_EQ(Words::tr("%1, %2", {"a", "b"}), "b a");
+  EXPECT_EQ(errno, ENOSPC);
+  Words::speak(nullptr);
+  EXPECT_EQ(Words::tr("a"), "a");
+}
+
+TEST(Translation, ALanguageThatThereIsNotIsEnglishWithItsPlurals) {
   const auto found = [](int count) {
     return QCoreApplication::translate("autonotify::desktop::WeeksCard",
                                        "Weeks ahead, %Ln notifications in 12 weeks", "", count);

@@ -9,8 +9,8 @@ import xml.etree.ElementTree as tree
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDER = ROOT / "apps/desktop/translations"
-# A class that Qt knows, or a layout: words under another name are never found.
-CONTEXT = re.compile(r"QObject|autonotify::desktop::[A-Z]\w+|frm\w+")
+# A class that Qt knows, a layout, or what the host says: words under another name are never found.
+CONTEXT = re.compile(r"QObject|Words|autonotify::desktop::[A-Z]\w+|frm\w+")
 PLACES = re.compile(r"%(?:L?\d|L?n|[vmp]\b)|<[^>]*>|\*\.\w+|\n")
 ENDS = (":", "...", "?", ".")
 

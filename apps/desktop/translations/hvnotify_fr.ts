@@ -640,6 +640,595 @@ Dans&#xa0;: %1</translation>
     </message>
 </context>
 <context>
+    <name>Words</name>
+    <message>
+        <source>Other Kinds</source>
+        <translation>Autres types</translation>
+    </message>
+    <message>
+        <source>%1 is no number</source>
+        <translation>%1 n’est pas un nombre</translation>
+    </message>
+    <message>
+        <source>%1 is neither true nor false</source>
+        <translation>%1 n’est ni vrai ni faux</translation>
+    </message>
+    <message>
+        <source>%1 is no date</source>
+        <translation>%1 n’est pas une date</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 ne peut pas être lu&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read until its %2 is mended: %3</source>
+        <translation>%1 ne peut pas être lu tant que son champ %2 n’est pas corrigé&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>The template in ScheduleTypes.NotificationComment is larger than 16 MiB</source>
+        <translation>Le modèle dans ScheduleTypes.NotificationComment dépasse 16 Mio</translation>
+    </message>
+    <message>
+        <source>The current row has been deleted</source>
+        <translation>La ligne courante a été supprimée</translation>
+    </message>
+    <message>
+        <source>The database is closed</source>
+        <translation>La base de données est fermée</translation>
+    </message>
+    <message>
+        <source>Text with a NUL byte cannot be stored in %1</source>
+        <translation>Un texte contenant un octet NUL ne peut pas être enregistré dans %1</translation>
+    </message>
+    <message>
+        <source>Text that is no UTF-8 cannot be stored in %1</source>
+        <translation>Un texte qui n’est pas en UTF-8 ne peut pas être enregistré dans %1</translation>
+    </message>
+    <message>
+        <source>Text in a statement holds a NUL byte or is no UTF-8</source>
+        <translation>Le texte d’une instruction contient un octet NUL ou n’est pas en UTF-8</translation>
+    </message>
+    <message>
+        <source>The connection to the database server was lost</source>
+        <translation>La connexion au serveur de base de données a été perdue</translation>
+    </message>
+    <message>
+        <source>The database server has ended the connection</source>
+        <translation>Le serveur de base de données a mis fin à la connexion</translation>
+    </message>
+    <message>
+        <source>The disk of the database server is full</source>
+        <translation>Le disque du serveur de base de données est plein</translation>
+    </message>
+    <message>
+        <source>The database server is overloaded</source>
+        <translation>Le serveur de base de données est surchargé</translation>
+    </message>
+    <message>
+        <source>The row is being changed by another user</source>
+        <translation>La ligne est en cours de modification par un autre utilisateur</translation>
+    </message>
+    <message>
+        <source>The database can only be read</source>
+        <translation>La base de données est en lecture seule</translation>
+    </message>
+    <message>
+        <source>The database user has no right to do this</source>
+        <translation>L’utilisateur de la base de données n’a pas le droit de faire cela</translation>
+    </message>
+    <message>
+        <source>No key is left in the table</source>
+        <translation>Il ne reste aucune clé dans la table</translation>
+    </message>
+    <message>
+        <source>The row breaks a rule of its table</source>
+        <translation>La ligne enfreint une règle de sa table</translation>
+    </message>
+    <message>
+        <source>The database does not accept a value</source>
+        <translation>La base de données n’accepte pas une valeur</translation>
+    </message>
+    <message>
+        <source>The database does not accept the statement</source>
+        <translation>La base de données n’accepte pas l’instruction</translation>
+    </message>
+    <message>
+        <source>The database has no such schema</source>
+        <translation>La base de données n’a pas ce schéma</translation>
+    </message>
+    <message>
+        <source>The database server cannot read or write its files</source>
+        <translation>Le serveur de base de données ne peut pas lire ou écrire ses fichiers</translation>
+    </message>
+    <message>
+        <source>The database is damaged</source>
+        <translation>La base de données est endommagée</translation>
+    </message>
+    <message>
+        <source>The database server cannot be reached: %1</source>
+        <translation>Le serveur de base de données est injoignable&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The connection to the database server was lost: %1</source>
+        <translation>La connexion au serveur de base de données a été perdue&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The database failed</source>
+        <translation>La base de données a échoué</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The schemas that the address names are not there</source>
+        <translation>Les schémas nommés dans l’adresse n’existent pas</translation>
+    </message>
+    <message>
+        <source>The schema &quot;%1&quot;</source>
+        <translation>Le schéma «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>%1 holds no database</source>
+        <translation>%1 ne contient aucune base de données</translation>
+    </message>
+    <message>
+        <source>%1 is not a database of this program</source>
+        <translation>%1 n’est pas une base de données de ce programme</translation>
+    </message>
+    <message>
+        <source>The address of the database server is not written as a URL</source>
+        <translation>L’adresse du serveur de base de données n’est pas écrite comme une URL</translation>
+    </message>
+    <message>
+        <source>A password is not taken from the address of a database; put it into the password file or the variable PGPASSWORD</source>
+        <translation>Aucun mot de passe n’est pris dans l’adresse d’une base de données; mettez-le dans le fichier de mots de passe ou dans la variable PGPASSWORD</translation>
+    </message>
+    <message>
+        <source>%1 was written by a newer version of this program (schema %2, known up to %3)</source>
+        <translation>%1 a été écrit par une version plus récente de ce programme (schéma %2, connu jusqu’à %3)</translation>
+    </message>
+    <message>
+        <source>%1 is unfinished: it was never filled to its end</source>
+        <translation>%1 est inachevé&#xa0;: il n’a jamais été rempli jusqu’au bout</translation>
+    </message>
+    <message>
+        <source>%1 is a folder, not a database file</source>
+        <translation>%1 est un dossier, pas un fichier de base de données</translation>
+    </message>
+    <message>
+        <source>There is no database %1</source>
+        <translation>Il n’y a pas de base de données %1</translation>
+    </message>
+    <message>
+        <source>%1 has more than one name (hard links), under which changes would be lost; remove all but one</source>
+        <translation>%1 a plus d’un nom (liens physiques), sous lesquels des modifications seraient perdues; supprimez-les tous sauf un</translation>
+    </message>
+    <message>
+        <source>%1 is mounted as a single file, without the log beside it; mount its folder</source>
+        <translation>%1 est monté comme fichier seul, sans le journal à côté de lui; montez son dossier</translation>
+    </message>
+    <message>
+        <source>%1 is a finished database</source>
+        <translation>%1 est une base de données achevée</translation>
+    </message>
+    <message>
+        <source>%1 can only be read</source>
+        <translation>%1 est en lecture seule</translation>
+    </message>
+    <message>
+        <source>The database is locked by another user</source>
+        <translation>La base de données est verrouillée par un autre utilisateur</translation>
+    </message>
+    <message>
+        <source>%1 is there already</source>
+        <translation>%1 existe déjà</translation>
+    </message>
+    <message>
+        <source>The database is locked</source>
+        <translation>La base de données est verrouillée</translation>
+    </message>
+    <message>
+        <source>The disk is full</source>
+        <translation>Le disque est plein</translation>
+    </message>
+    <message>
+        <source>The database file is damaged</source>
+        <translation>Le fichier de la base de données est endommagé</translation>
+    </message>
+    <message>
+        <source>The file is not a database</source>
+        <translation>Le fichier n’est pas une base de données</translation>
+    </message>
+    <message>
+        <source>The database file cannot be opened</source>
+        <translation>Le fichier de la base de données ne peut pas être ouvert</translation>
+    </message>
+    <message>
+        <source>The database file may not be opened</source>
+        <translation>L’ouverture du fichier de la base de données n’est pas permise</translation>
+    </message>
+    <message>
+        <source>The database file cannot be read or written; the disk may be full</source>
+        <translation>Le fichier de la base de données ne peut pas être lu ou écrit; le disque est peut-être plein</translation>
+    </message>
+    <message>
+        <source>No key is left in table %1</source>
+        <translation>Il ne reste aucune clé dans la table %1</translation>
+    </message>
+    <message>
+        <source>The outbox of this database is %1, but there is one beside the link to it as well; move all that is in %2 there and remove it</source>
+        <translation>La boîte d’envoi de cette base de données est %1, mais il y en a aussi une à côté du lien qui y mène; déplacez-y tout ce que contient %2 et supprimez celle-ci</translation>
+    </message>
+    <message>
+        <source>there is no user %1</source>
+        <translation>il n’y a pas d’utilisateur %1</translation>
+    </message>
+    <message>
+        <source>%1 (and 1 more error)</source>
+        <translation>%1 (et 1 autre erreur)</translation>
+    </message>
+    <message>
+        <source>%1 (and %2 more errors)</source>
+        <translation>%1 (et %2 autres erreurs)</translation>
+    </message>
+    <message>
+        <source>The emails of a database on a server need an outbox folder that all desks share; name one%1</source>
+        <translation>Les courriels d’une base de données sur un serveur demandent un dossier de boîte d’envoi que tous les postes partagent; nommez-en un%1</translation>
+    </message>
+    <message>
+        <source>The documents of a database on a server need a folder that all desks share; name one%1</source>
+        <translation>Les documents d’une base de données sur un serveur demandent un dossier que tous les postes partagent; nommez-en un%1</translation>
+    </message>
+    <message>
+        <source>The folder for documents %1 cannot be made: %2</source>
+        <translation>Le dossier des documents %1 ne peut pas être créé&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The folder for documents %1 is not there; make it, or name another one%2</source>
+        <translation>Le dossier des documents %1 n’existe pas; créez-le, ou nommez-en un autre%2</translation>
+    </message>
+    <message>
+        <source>The folder for documents %1 cannot be written to: %2</source>
+        <translation>Impossible d’écrire dans le dossier des documents %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>notification %1</source>
+        <translation>avis %1</translation>
+    </message>
+    <message>
+        <source>task %1</source>
+        <translation>tâche %1</translation>
+    </message>
+    <message>
+        <source>appointment %1</source>
+        <translation>rendez-vous %1</translation>
+    </message>
+    <message>
+        <source>time entry %1</source>
+        <translation>saisie de temps %1</translation>
+    </message>
+    <message>
+        <source>print run %1</source>
+        <translation>impression %1</translation>
+    </message>
+    <message>
+        <source>templates %1</source>
+        <translation>modèles %1</translation>
+    </message>
+    <message>
+        <source>import %1</source>
+        <translation>importation %1</translation>
+    </message>
+    <message>
+        <source>The file of claims %1 cannot be used: %2</source>
+        <translation>Le fichier des réservations %1 ne peut pas être utilisé&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>email</source>
+        <translation>courriel</translation>
+    </message>
+    <message>
+        <source>fax</source>
+        <translation>fax</translation>
+    </message>
+    <message>
+        <source>letter</source>
+        <translation>lettre</translation>
+    </message>
+    <message>
+        <source>phone</source>
+        <translation>appel</translation>
+    </message>
+    <message>
+        <source>Do you want to close this and lose what you have changed?</source>
+        <translation>Voulez-vous fermer et perdre vos modifications?</translation>
+    </message>
+    <message>
+        <source>%1 Please correct the field %2.</source>
+        <translation>%1 Veuillez corriger le champ %2.</translation>
+    </message>
+    <message>
+        <source>The field %1 is empty, but the notification keeps what it held, &quot;%2&quot;, and goes out with it.  Do you want to go on?</source>
+        <translation>Le champ %1 est vide, mais l’avis garde ce qu’il contenait, «&#xa0;%2&#xa0;», et sera envoyé ainsi.  Voulez-vous continuer?</translation>
+    </message>
+    <message>
+        <source>Letters to be sent by %1</source>
+        <translation>Lettres à envoyer d’ici le %1</translation>
+    </message>
+    <message>
+        <source>Faxes to be sent by %1</source>
+        <translation>Télécopies à envoyer d’ici le %1</translation>
+    </message>
+    <message>
+        <source>Calls to be made by %1</source>
+        <translation>Appels à faire d’ici le %1</translation>
+    </message>
+    <message>
+        <source>Letters, faxes and calls by %1</source>
+        <translation>Lettres, télécopies et appels d’ici le %1</translation>
+    </message>
+    <message>
+        <source>The folder of no client is open</source>
+        <translation>Le dossier d’aucun client n’est ouvert</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder for documents %1: %2</source>
+        <translation>Impossible de créer le dossier des documents %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Cannot make the PDF: %1</source>
+        <translation>Impossible de créer le PDF&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Task</source>
+        <translation>Tâche</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Numéro</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Heures</translation>
+    </message>
+    <message>
+        <source>unknown failure of the loader</source>
+        <translation>échec inconnu du chargeur</translation>
+    </message>
+    <message>
+        <source>the component %1 was not found; tried:%2</source>
+        <translation>le composant %1 est introuvable; essais&#xa0;:%2</translation>
+    </message>
+    <message>
+        <source>cannot load %1: %2</source>
+        <translation>impossible de charger %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 has no %2 (result %3); it is of another version</source>
+        <translation>%1 n’a pas de %2 (résultat %3); c’est une autre version</translation>
+    </message>
+    <message>
+        <source>not the component: %1</source>
+        <translation>ce n’est pas le composant&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the component has no class %1</source>
+        <translation>le composant n’a pas de classe %1</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>The outbox folder &quot;%1&quot; cannot be opened</source>
+        <translation>Le dossier de la boîte d’envoi «&#xa0;%1&#xa0;» ne peut pas être ouvert</translation>
+    </message>
+    <message>
+        <source>The message cannot be written into the outbox folder &quot;%1&quot;</source>
+        <translation>Le message ne peut pas être écrit dans le dossier de la boîte d’envoi «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>The message cannot be put into the outbox, &quot;%1&quot; is in its way</source>
+        <translation>Le message ne peut pas être mis dans la boîte d’envoi, «&#xa0;%1&#xa0;» occupe sa place</translation>
+    </message>
+    <message>
+        <source>The message cannot be put into the outbox folder &quot;%1&quot;</source>
+        <translation>Le message ne peut pas être mis dans le dossier de la boîte d’envoi «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>The outbox folder &quot;%1&quot; cannot be used</source>
+        <translation>Le dossier de la boîte d’envoi «&#xa0;%1&#xa0;» ne peut pas être utilisé</translation>
+    </message>
+    <message>
+        <source>The message may not be kept in the outbox folder &quot;%1&quot;</source>
+        <translation>Le message n’est peut-être pas conservé dans le dossier de la boîte d’envoi «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>The message &quot;%1&quot; cannot be moved to &quot;%2&quot;</source>
+        <translation>Le message «&#xa0;%1&#xa0;» ne peut pas être déplacé vers «&#xa0;%2&#xa0;»</translation>
+    </message>
+    <message>
+        <source>The message cannot be taken out of the outbox folder &quot;%1&quot;</source>
+        <translation>Le message ne peut pas être retiré du dossier de la boîte d’envoi «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>The firm&apos;s database cannot be read: %1</source>
+        <translation>La base de données du cabinet ne peut pas être lue&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>it stays in &quot;sending&quot;, from where nothing is sent again: %1</source>
+        <translation>il reste dans «&#xa0;sending&#xa0;», d’où rien n’est renvoyé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>Le message n’a aucun destinataire.</translation>
+    </message>
+    <message>
+        <source>The firm has no email address to send from.</source>
+        <translation>Le cabinet n’a aucune adresse de courriel d’expédition.</translation>
+    </message>
+    <message>
+        <source>It is not known whether the message went out: one of its name is in the outbox, and the database has no identity that tells its messages from others&apos;.</source>
+        <translation>On ne sait pas si le message est parti&#xa0;: un message du même nom est dans la boîte d’envoi, et la base de données n’a pas d’identité qui distingue ses messages de ceux des autres.</translation>
+    </message>
+    <message>
+        <source>It is not known whether the message went out: it is in the outbox for another mail system to take.</source>
+        <translation>On ne sait pas si le message est parti&#xa0;: il est dans la boîte d’envoi, où un autre système de courriel le prendra.</translation>
+    </message>
+    <message>
+        <source>It is not known whether the message went out: sending it was interrupted, or another desk is sending it.</source>
+        <translation>On ne sait pas si le message est parti&#xa0;: son envoi a été interrompu, ou un autre poste est en train de l’envoyer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a valid email address.</source>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une adresse de courriel valide.</translation>
+    </message>
+    <message>
+        <source>The mail server cannot be found.</source>
+        <translation>Le serveur de courriel est introuvable.</translation>
+    </message>
+    <message>
+        <source>The mail server cannot be reached.</source>
+        <translation>Le serveur de courriel est injoignable.</translation>
+    </message>
+    <message>
+        <source>The mail server does not answer.</source>
+        <translation>Le serveur de courriel ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The mail server does not accept the user&apos;s name and password.</source>
+        <translation>Le serveur de courriel n’accepte pas le nom d’utilisateur et le mot de passe.</translation>
+    </message>
+    <message>
+        <source>The mail server does not prove who it is.</source>
+        <translation>Le serveur de courriel ne prouve pas son identité.</translation>
+    </message>
+    <message>
+        <source>No safe connection to the mail server comes about.</source>
+        <translation>Aucune connexion sécurisée au serveur de courriel ne s’établit.</translation>
+    </message>
+    <message>
+        <source>The mail server offers no safe connection.</source>
+        <translation>Le serveur de courriel n’offre aucune connexion sécurisée.</translation>
+    </message>
+    <message>
+        <source>The file of trusted certificates cannot be read.</source>
+        <translation>Le fichier des certificats de confiance ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>The mail server does not take the message.</source>
+        <translation>Le serveur de courriel n’accepte pas le message.</translation>
+    </message>
+    <message>
+        <source>The mail server has broken the connection.</source>
+        <translation>Le serveur de courriel a coupé la connexion.</translation>
+    </message>
+    <message>
+        <source>%1 It says: %2</source>
+        <translation>%1 Il dit&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 It may have taken the message all the same.</source>
+        <translation>%1 Il a peut-être accepté le message malgré tout.</translation>
+    </message>
+    <message>
+        <source>The address names no mail server; write smtp://USER@HOST:PORT.</source>
+        <translation>L’adresse ne nomme aucun serveur de courriel; écrivez smtp://UTILISATEUR@HÔTE:PORT.</translation>
+    </message>
+    <message>
+        <source>A password in the address of a mail server could be read by others; give it in a file.</source>
+        <translation>Un mot de passe dans l’adresse d’un serveur de courriel pourrait être lu par d’autres; donnez-le dans un fichier.</translation>
+    </message>
+    <message>
+        <source>Others can read or change the password file &quot;%1&quot;; take that right from them (chmod 600).</source>
+        <translation>D’autres peuvent lire ou modifier le fichier du mot de passe «&#xa0;%1&#xa0;»; retirez-leur ce droit (chmod 600).</translation>
+    </message>
+    <message>
+        <source>The password for the mail server cannot be read from &quot;%1&quot;.</source>
+        <translation>Le mot de passe du serveur de courriel ne peut pas être lu dans «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The mail library cannot be started.</source>
+        <translation>La bibliothèque de courriel ne peut pas être démarrée.</translation>
+    </message>
+    <message>
+        <source>something about the password</source>
+        <translation>quelque chose au sujet du mot de passe</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>Impossible de lire %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1</source>
+        <translation>Impossible de lire %1</translation>
+    </message>
+    <message>
+        <source>Open for reading alone: %1</source>
+        <translation>Ouvert en lecture seule&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>There is a file %1 already</source>
+        <translation>Il y a déjà un fichier %1</translation>
+    </message>
+    <message>
+        <source>No such file: %1</source>
+        <translation>Fichier introuvable&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>There is no place to write the file to</source>
+        <translation>Il n’y a aucun emplacement où écrire le fichier</translation>
+    </message>
+    <message>
+        <source>This is a folder: %1</source>
+        <translation>Ceci est un dossier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>Impossible de supprimer %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Cannot make the working folder %1</source>
+        <translation>Impossible de créer le dossier de travail %1</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>Impossible d’écrire %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 is out of range</source>
+        <translation>%1 dépasse les limites permises</translation>
+    </message>
+    <message>
+        <source>%1 (engine code %2)</source>
+        <translation>%1 (code du moteur %2)</translation>
+    </message>
+    <message>
+        <source>%1
+Statement: %2</source>
+        <translation>%1
+Instruction&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
     <name>autonotify::desktop::CalendarButton</name>
     <message>
         <source>Choose the date in a calendar</source>

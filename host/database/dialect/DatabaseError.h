@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 
 namespace autonotify::host {
@@ -62,8 +63,9 @@ class DatabaseError : public PlatformError {
   static std::string composed(const std::string& description, int nativeCode,
                               const std::string& sql) {
     std::string text = description;
-    if (nativeCode != 0) text += " (engine code " + std::to_string(nativeCode) + ")";
-    if (!sql.empty()) text += "\nStatement: " + sql;
+    if (nativeCode != 0)
+      text = Words::tr("%1 (engine code %2)", {text, std::to_string(nativeCode)});
+    if (!sql.empty()) text = Words::tr("%1\nStatement: %2", {text, sql});
     return text;
   }
 

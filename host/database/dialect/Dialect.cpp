@@ -6,6 +6,7 @@
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/dialect/Tokenizer.h"
 #include "host/database/dialect/literals.h"
+#include "host/words/Words.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -185,7 +186,7 @@ class Translator {
     const std::optional<Value> text = literalValue(token);
     if (!text)
       throw DatabaseError(database_error::invalidText,
-                          "Text in a statement holds a NUL byte or is no UTF-8");
+                          Words::tr("Text in a statement holds a NUL byte or is no UTF-8"));
     parameter(token.begin, token.end, *text);
   }
 

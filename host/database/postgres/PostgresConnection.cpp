@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/words/Words.h"
 #include "platform/date_time_text.h"
 
 namespace autonotify::host {
@@ -20,21 +21,26 @@ struct Failure {
 
 // The first row that fits counts.
 constexpr Failure failures[] = {
-    {"08", database_error::connectionLost, "The connection to the database server was lost"},
-    {"57P0", database_error::connectionLost, "The database server has ended the connection"},
-    {"53100", database_error::diskFull, "The disk of the database server is full"},
-    {"53", database_error::locked, "The database server is overloaded"},
-    {"40", database_error::locked, "The row is being changed by another user"},
-    {"55P03", database_error::locked, "The row is being changed by another user"},
-    {"25006", database_error::readOnly, "The database can only be read"},
-    {"42501", database_error::notPermitted, "The database user has no right to do this"},
-    {"2200H", database_error::keysExhausted, "No key is left in the table"},
-    {"23", database_error::constraint, "The row breaks a rule of its table"},
-    {"22", database_error::statementFailed, "The database does not accept a value"},
-    {"42", database_error::statementFailed, "The database does not accept the statement"},
-    {"3F", database_error::statementFailed, "The database has no such schema"},
-    {"58", database_error::inputOutput, "The database server cannot read or write its files"},
-    {"XX0", database_error::corrupt, "The database is damaged"},
+    {"08", database_error::connectionLost,
+     Words::later("The connection to the database server was lost")},
+    {"57P0", database_error::connectionLost,
+     Words::later("The database server has ended the connection")},
+    {"53100", database_error::diskFull, Words::later("The disk of the database server is full")},
+    {"53", database_error::locked, Words::later("The database server is overloaded")},
+    {"40", database_error::locked, Words::later("The row is being changed by another user")},
+    {"55P03", database_error::locked, Words::later("The row is being changed by another user")},
+    {"25006", database_error::readOnly, Words::later("The database can only be read")},
+    {"42501", database_error::notPermitted,
+     Words::later("The database user has no right to do this")},
+    {"2200H", database_error::keysExhausted, Words::later("No key is left in the table")},
+    {"23", database_error::constraint, Words::later("The row breaks a rule of its table")},
+    {"22", database_error::statementFailed, Words::later("The database does not accept a value")},
+    {"42", database_error::statementFailed,
+     Words::later("The database does not accept the statement")},
+    {"3F", database_error::statementFailed, Words::later("The database has no such schema")},
+    {"58", database_error::inputOutput,
+     Words::later("The database server cannot read or write its files")},
+    {"XX0", database_error::corrupt, Words::later("The database is damaged")},
 };
 
 const Failure* findFailure(std::string_view state) {
@@ -113,7 +119,8 @@ void PostgresConnection::connect(int failure) try {
           "SELECT set_config('synchronous_commit', 'on', FALSE) WHERE "
           "current_setting('synchronous_commit') = 'off'");
 } catch (const pqxx::failure& error) {
-  throw DatabaseError(failure, "The database server cannot be reached: " + wordsOf(error));
+  throw DatabaseError(failure,
+                      Words::tr("The database server cannot be reached: %1", {wordsOf(error)}));
 }
 
 void PostgresConnection::drop() noexcept {
@@ -180,8 +187,9 @@ pqxx::result PostgresConnection::executeApart(const std::string& sql,
 
 void PostgresConnection::failLost(const std::exception& error, const std::string& sql) {
   drop();
-  throw DatabaseError(database_error::connectionLost,
-                      "The connection to the database server was lost: " + wordsOf(error), 0, sql);
+  throw DatabaseError(
+      database_error::connectionLost,
+      Words::tr("The connection to the database server was lost: %1", {wordsOf(error)}), 0, sql);
 }
 
 void PostgresConnection::fail(const std::string& sql) {
@@ -192,9 +200,10 @@ void PostgresConnection::fail(const std::string& sql) {
     if ((link_ && !link_->connection.is_open()) ||
         (known && known->number == database_error::connectionLost))
       failLost(error, sql);
+    const char* description = known ? known->description : Words::later("The database failed");
     throw DatabaseError(
         known ? known->number : database_error::engineFailure,
-        std::string(known ? known->description : "The database failed") + ": " + wordsOf(error) +
+        Words::tr("%1: %2", {Words::tr(description), wordsOf(error)}) +
             (error.sqlstate().empty() ? "" : " (SQLSTATE " + error.sqlstate() + ")"),
         0, sql);
   } catch (const pqxx::failure& error) {

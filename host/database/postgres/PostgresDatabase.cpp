@@ -4,6 +4,7 @@
 
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -30,7 +31,7 @@ Content contentOf(PostgresConnection& connection) {
   const pqxx::row row = answer.front();
   if (row[0].is_null())
     throw DatabaseError(database_error::foreign,
-                        "The schemas that the address names are not there");
+                        Words::tr("The schemas that the address names are not there"));
   Content content{row[0].as<std::string>(), row[1].as<int>() == 0, {}, false};
   if (row[2].as<int>() == 0) return content;
   const pqxx::result mark =
@@ -42,11 +43,12 @@ Content contentOf(PostgresConnection& connection) {
 }
 
 void requireOurs(const Content& content) {
-  const std::string schema = "The schema \"" + content.schema + '"';
+  const std::string schema = Words::tr("The schema \"%1\"", {content.schema});
   if (!content.version)
-    throw DatabaseError(
-        database_error::foreign,
-        schema + (content.isEmpty ? " holds no database" : " is not a database of this program"));
+    throw DatabaseError(database_error::foreign,
+                        content.isEmpty
+                            ? Words::tr("%1 holds no database", {schema})
+                            : Words::tr("%1 is not a database of this program", {schema}));
   if (*content.version > schemaVersion)
     throw DatabaseError(database_error::newerSchema, newerSchemaText(schema, *content.version));
   if (!content.isComplete) throw DatabaseError(database_error::unfinished, unfinishedText(schema));

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/words/Words.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -23,10 +24,11 @@ constexpr const char* customarySettings = "-c lock_timeout=5s";
 
 using Options = std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)>;
 
-constexpr const char* notAUrl = "The address of the database server is not written as a URL";
-constexpr const char* holdsPassword =
+constexpr const char* notAUrl =
+    Words::later("The address of the database server is not written as a URL");
+constexpr const char* holdsPassword = Words::later(
     "A password is not taken from the address of a database; put it into the password file or the "
-    "variable PGPASSWORD";
+    "variable PGPASSWORD");
 
 /// The length of the scheme that a URL begins with; 0 for any other text.
 std::size_t schemeLength(std::string_view text) {
@@ -112,7 +114,7 @@ ServerAddress::ServerAddress(const std::string& url) : url_(shown(url)) {
                                             {"fallback_application_name", "hvnotify"}};
   const Options options = parse(url);
   if (const char* fault = faultOf(url, options))
-    throw DatabaseError(database_error::cannotOpen, fault);
+    throw DatabaseError(database_error::cannotOpen, Words::tr(fault));
   for (const PQconninfoOption* option = options.get(); option->keyword; ++option)
     if (option->val) values[option->keyword] = option->val;
   values["client_encoding"] = "UTF8";

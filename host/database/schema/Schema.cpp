@@ -2,6 +2,7 @@
 
 #include "host/database/schema/caseless.h"
 #include "host/database/schema/schema_builder.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 
@@ -80,12 +81,12 @@ std::string createIndex(const TableDef& table, const std::vector<std::string>& c
 }  // namespace
 
 std::string newerSchemaText(const std::string& place, int version) {
-  return place + " was written by a newer version of this program (schema " +
-         std::to_string(version) + ", known up to " + std::to_string(schemaVersion) + ")";
+  return Words::tr("%1 was written by a newer version of this program (schema %2, known up to %3)",
+                   {place, std::to_string(version), std::to_string(schemaVersion)});
 }
 
 std::string unfinishedText(const std::string& place) {
-  return place + " is unfinished: it was never filled to its end";
+  return Words::tr("%1 is unfinished: it was never filled to its end", {place});
 }
 
 const std::vector<TableDef>& schemaTables() {

@@ -11,6 +11,7 @@
 #include "host/database/dialect/DatabaseError.h"
 #include "host/database/schema/Schema.h"
 #include "host/database/sqlite/SqliteDriver.h"
+#include "host/words/Words.h"
 
 namespace autonotify::host {
 namespace {
@@ -41,13 +42,14 @@ void requireNoFolder(const files::path& path) {
   std::error_code ignored;
   if (files::is_directory(path, ignored))
     throw DatabaseError(database_error::cannotOpen,
-                        path.string() + " is a folder, not a database file");
+                        Words::tr("%1 is a folder, not a database file", {path.string()}));
 }
 
 void requireFile(const files::path& path) {
   std::error_code ignored;
   if (!files::exists(path, ignored))
-    throw DatabaseError(database_error::missing, "There is no database " + path.string());
+    throw DatabaseError(database_error::missing,
+                        Words::tr("There is no database %1", {path.string()}));
   requireNoFolder(path);
 }
 
@@ -58,25 +60,28 @@ void requireOneName(const std::string& path) {
   struct statx status {};
   if (::statx(AT_FDCWD, path.c_str(), 0, STATX_NLINK, &status) != 0) return;
   if (status.stx_nlink > 1)
-    throw DatabaseError(database_error::cannotOpen,
-                        path +
-                            " has more than one name (hard links), under which changes would be "
-                            "lost; remove all but one");
+    throw DatabaseError(
+        database_error::cannotOpen,
+        Words::tr("%1 has more than one name (hard links), under which changes would be lost; "
+                  "remove all but one",
+                  {path}));
   if (status.stx_attributes & STATX_ATTR_MOUNT_ROOT)
-    throw DatabaseError(database_error::cannotOpen,
-                        path +
-                            " is mounted as a single file, without the log beside it; mount its "
-                            "folder");
+    throw DatabaseError(
+        database_error::cannotOpen,
+        Words::tr("%1 is mounted as a single file, without the log beside it; mount its folder",
+                  {path}));
 }
 
 void requireOurs(SQLite::Database& database, const std::string& path, int wanted) {
   const int id = pragma(database, "application_id");
   if (id != applicationId && id != unfinishedApplicationId)
-    throw DatabaseError(database_error::foreign, path + " is not a database of this program");
+    throw DatabaseError(database_error::foreign,
+                        Words::tr("%1 is not a database of this program", {path}));
   if (id == unfinishedApplicationId && id != wanted)
     throw DatabaseError(database_error::unfinished, unfinishedText(path));
   if (id != wanted)
-    throw DatabaseError(database_error::alreadyExists, path + " is a finished database");
+    throw DatabaseError(database_error::alreadyExists,
+                        Words::tr("%1 is a finished database", {path}));
   const int version = pragma(database, "user_version");
   if (version > schemaVersion)
     throw DatabaseError(database_error::newerSchema, newerSchemaText(path, version));
@@ -84,7 +89,7 @@ void requireOurs(SQLite::Database& database, const std::string& path, int wanted
 
 void requireWritable(SQLite::Database& database, const std::string& path) {
   if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
-    throw DatabaseError(database_error::readOnly, path + " can only be read");
+    throw DatabaseError(database_error::readOnly, Words::tr("%1 can only be read", {path}));
 }
 
 /// All tables without rows, in place of those that are there.
@@ -148,7 +153,8 @@ std::string SqliteDatabase::path() {
 
 void SqliteDatabase::emptyLog() {
   if (pragma(connection(), "wal_checkpoint(TRUNCATE)") != 0)
-    throw DatabaseError(database_error::locked, "The database is locked by another user");
+    throw DatabaseError(database_error::locked,
+                        Words::tr("The database is locked by another user"));
 }
 
 std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mode,
@@ -168,7 +174,8 @@ std::unique_ptr<SqliteDatabase> openSqlite(const files::path& path, OpenMode mod
 
 std::unique_ptr<SqliteDatabase> createSqlite(const files::path& path) {
   if (files::exists(path))
-    throw DatabaseError(database_error::alreadyExists, path.string() + " is there already");
+    throw DatabaseError(database_error::alreadyExists,
+                        Words::tr("%1 is there already", {path.string()}));
   SQLite::Database database = connect(path, toCreate, SqliteDatabase::busyTimeout);
   try {
     createTables(database);

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "host/database/dialect/DatabaseError.h"
+#include "host/words/Words.h"
 #include "platform/date_time_text.h"
 
 namespace autonotify::host {
@@ -19,18 +20,21 @@ struct Failure {
 };
 
 constexpr Failure failures[] = {
-    {SQLITE_BUSY, database_error::locked, "The database is locked by another user"},
-    {SQLITE_LOCKED, database_error::locked, "The database is locked"},
-    {SQLITE_FULL, database_error::diskFull, "The disk is full"},
-    {SQLITE_READONLY, database_error::readOnly, "The database can only be read"},
-    {SQLITE_CORRUPT, database_error::corrupt, "The database file is damaged"},
-    {SQLITE_NOTADB, database_error::corrupt, "The file is not a database"},
-    {SQLITE_CANTOPEN, database_error::cannotOpen, "The database file cannot be opened"},
-    {SQLITE_PERM, database_error::cannotOpen, "The database file may not be opened"},
+    {SQLITE_BUSY, database_error::locked, Words::later("The database is locked by another user")},
+    {SQLITE_LOCKED, database_error::locked, Words::later("The database is locked")},
+    {SQLITE_FULL, database_error::diskFull, Words::later("The disk is full")},
+    {SQLITE_READONLY, database_error::readOnly, Words::later("The database can only be read")},
+    {SQLITE_CORRUPT, database_error::corrupt, Words::later("The database file is damaged")},
+    {SQLITE_NOTADB, database_error::corrupt, Words::later("The file is not a database")},
+    {SQLITE_CANTOPEN, database_error::cannotOpen,
+     Words::later("The database file cannot be opened")},
+    {SQLITE_PERM, database_error::cannotOpen, Words::later("The database file may not be opened")},
     {SQLITE_IOERR, database_error::inputOutput,
-     "The database file cannot be read or written; the disk may be full"},
-    {SQLITE_CONSTRAINT, database_error::constraint, "The row breaks a rule of its table"},
-    {SQLITE_ERROR, database_error::statementFailed, "The database does not accept the statement"},
+     Words::later("The database file cannot be read or written; the disk may be full")},
+    {SQLITE_CONSTRAINT, database_error::constraint,
+     Words::later("The row breaks a rule of its table")},
+    {SQLITE_ERROR, database_error::statementFailed,
+     Words::later("The database does not accept the statement")},
 };
 
 // Asked for text, the engine would copy it to put a NUL byte behind it. Files are UTF-8.
@@ -216,9 +220,9 @@ void throwSqliteError(int code, const std::string& message, const std::string& s
   const Failure* failure = failures;
   while (failure != std::end(failures) && failure->code != (code & 0xFF)) ++failure;
   const bool known = failure != std::end(failures);
-  const std::string description = known ? failure->description : "The database failed";
+  const char* description = known ? failure->description : Words::later("The database failed");
   throw DatabaseError(known ? failure->number : database_error::engineFailure,
-                      description + ": " + message, code, sql);
+                      Words::tr("%1: %2", {Words::tr(description), message}), code, sql);
 }
 
 void throwSqliteError(sqlite3* connection, int code, const std::string& sql) {
@@ -249,7 +253,8 @@ Id SqliteDriver::nextKey(std::int64_t counter, const std::string& table) {
   if (!nextKey_) nextKey_ = prepare(nextKeySql);
   if (nextKey_->run({counter, table}) == 0) return noId;
   if (told_ > std::numeric_limits<Id>::max())
-    throw DatabaseError(database_error::keysExhausted, "No key is left in table " + table);
+    throw DatabaseError(database_error::keysExhausted,
+                        Words::tr("No key is left in table %1", {table}));
   return static_cast<Id>(told_);
 }
 

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "host/words/Words.h"
+
 namespace autonotify::host {
 namespace {
 
@@ -9,8 +11,10 @@ struct ChannelName {
   notifyType channel;
   const char* name;
 };
-constexpr ChannelName names[] = {
-    {nt_Email, "email"}, {nt_Fax, "fax"}, {nt_Letter, "letter"}, {nt_Phone, "phone"}};
+constexpr ChannelName names[] = {{nt_Email, Words::later("email")},
+                                 {nt_Fax, Words::later("fax")},
+                                 {nt_Letter, Words::later("letter")},
+                                 {nt_Phone, Words::later("phone")}};
 
 }  // namespace
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/mail/addresses.h"
+#include "host/words/Words.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
@@ -43,8 +44,6 @@ constexpr ComposerField composerFields[] = {
     {phoneForm, "txtAvailableTimes", "Available Times"},
     {phoneForm, "rtbText", nullptr},
 };
-
-constexpr const char* lossQuestion = "Do you want to close this and lose what you have changed?";
 
 std::string contentOf(const Control& control) {
   if (const auto* box = dynamic_cast<const RichTextBox*>(&control)) return box->textRTF();
@@ -80,7 +79,8 @@ class ComposerGuard {
   bool mayLeave() {
     const bool isChanged = std::ranges::any_of(
         fields_, [](const WatchedField& each) { return contentOf(*each.control) != each.before; });
-    return !isChanged || isYes(lossQuestion);
+    return !isChanged ||
+           isYes(Words::tr("Do you want to close this and lose what you have changed?"));
   }
 
  private:
@@ -93,7 +93,7 @@ class ComposerGuard {
       return false;
     } catch (const MailError& error) {
       messages_.showMessage(
-          fmt::format("{} Please correct the field {}.", error.what(), watched.field->label),
+          Words::tr("%1 Please correct the field %2.", {error.what(), watched.field->label}),
           message_style::inputRefused, nullptr, 0, 0, 0, 0, {}, 0);
       return true;
     }
@@ -107,9 +107,9 @@ class ComposerGuard {
       if (!each.field->label || each.before.empty() || !contentOf(*each.control).empty())
         return true;
       return isYes(
-          fmt::format("The field {} is empty, but the notification keeps what it held, \"{}\", and "
-                      "goes out with it.  Do you want to go on?",
-                      each.field->label, each.before));
+          Words::tr("The field %1 is empty, but the notification keeps what it held, \"%2\", and "
+                    "goes out with it.  Do you want to go on?",
+                    {each.field->label, each.before}));
     });
   }
 

@@ -8,6 +8,7 @@
 #include "host/desk/work/due_list.h"
 #include "host/documents/PdfFile.h"
 #include "host/documents/Worklist.h"
+#include "host/words/Words.h"
 #include "platform/rich_text.h"
 
 namespace autonotify::host {
@@ -17,16 +18,16 @@ struct WorklistTitle {
   int channels;
   const char* words;
 };
-constexpr WorklistTitle worklistTitles[] = {{nt_Letter, "Letters to be sent"},
-                                            {nt_Fax, "Faxes to be sent"},
-                                            {nt_Phone, "Calls to be made"}};
+constexpr WorklistTitle worklistTitles[] = {{nt_Letter, Words::later("Letters to be sent by %1")},
+                                            {nt_Fax, Words::later("Faxes to be sent by %1")},
+                                            {nt_Phone, Words::later("Calls to be made by %1")}};
 
 /// "Calls to be made by 2026-04-15"
 std::string titleOf(int channels, DateTime day) {
-  const char* words = "Letters, faxes and calls";
+  const char* words = Words::later("Letters, faxes and calls by %1");
   for (const WorklistTitle& title : worklistTitles)
     if (title.channels == channels) words = title.words;
-  return fmt::format("{} by {}", words, dayText(day));
+  return Words::tr(words, {dayText(day)});
 }
 
 Worklist::Cells cellsOf(Desk& desk, const Notification& row, const std::string& item) {
@@ -34,7 +35,7 @@ Worklist::Cells cellsOf(Desk& desk, const Notification& row, const std::string& 
   const std::string to = row.channel == nt_Letter ? "" : row.fields[Notification::phoneTo];
   const std::string times = isCall ? row.fields[Notification::phoneTimes] : "";
   return {dayText(row.date),
-          channelName(row.channel),
+          Words::tr(channelName(row.channel).c_str()),
           clientName(desk, row),
           item,
           to,
