@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include "binding/DateBinding.h"
+#include "day/day_formats.h"
 #include "host/desk/rows/channel_names.h"
 #include "mail_choice.h"
 #include "qt_text.h"
@@ -49,14 +51,14 @@ WindowNote finishNote(const host::ComposerOutlook& outlook) {
     return {QObject::tr("Nobody is named yet to whom it goes"), true};
   if (!outlook.isAtOnce && outlook.date.isZero())
     return {QObject::tr("No date is written yet"), true};
-  return {filled(QObject::tr(words), recipientsText(outlook.to), longDate(outlook.date))};
+  return {filled(QObject::tr(words), recipientsText(outlook.to), longDate(qtDate(outlook.date)))};
 }
 
 QString dateDoubt(const host::ComposerOutlook& outlook, const ComposerDays& days) {
   if (outlook.isAtOnce || outlook.date.isZero()) return {};
   if (outlook.date < days.today) return QObject::tr("This day has passed.");
   if (days.due.isZero() || outlook.date <= days.due) return {};
-  return QObject::tr("This is after the due date, %1.").arg(longDate(days.due));
+  return QObject::tr("This is after the due date, %1.").arg(longDate(qtDate(days.due)));
 }
 
 }  // namespace
@@ -70,7 +72,7 @@ QString dateQuestion(const host::ComposerOutlook& outlook, const ComposerDays& d
   const QString doubt = dateDoubt(outlook, days);
   if (doubt.isEmpty()) return {};
   return QObject::tr("Notification date %1: %2  Do you want to go on?")
-      .arg(longDate(outlook.date), doubt);
+      .arg(longDate(qtDate(outlook.date)), doubt);
 }
 
 }  // namespace autonotify::desktop

@@ -3,10 +3,11 @@
 #include <QObject>
 #include <QStringList>
 
+#include "binding/DateBinding.h"
+#include "day/day_formats.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/rows/item_names.h"
 #include "host/desk/work/channel_outlook.h"
-#include "platform/format.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -32,7 +33,7 @@ QString textOf(const std::optional<host::Notification>& row, const ChannelWords&
   if (!row) return QObject::tr("No notification waits");
   switch (stateOf(*row)) {
     case host::NotificationState::pending:
-      return QObject::tr(words.waits).arg(longDate(row->date));
+      return QObject::tr(words.waits).arg(longDate(qtDate(row->date)));
     case host::NotificationState::sent:
       return QObject::tr("Sent");
     case host::NotificationState::cancelled:
@@ -56,10 +57,6 @@ WindowNotes notesAbout(const QString& subject) {
 
 }  // namespace
 
-QString longDate(DateTime day) {
-  return shown(formatDateTime(day, "dddd, mmmm d, yyyy"));
-}
-
 host::TaskLine subjectLine(host::Desk& desk, const host::Notification& row) {
   host::TaskLine line;
   line.client = host::clientName(desk, row);
@@ -76,7 +73,7 @@ QString subjectOf(const host::TaskLine& line) {
   names.removeAll(QString());
   const QString subject = names.join(", ");
   if (line.task.dueDate.isZero()) return subject;
-  return QObject::tr("%1, due on %2").arg(subject, longDate(line.task.dueDate));
+  return QObject::tr("%1, due on %2").arg(subject, longDate(qtDate(line.task.dueDate)));
 }
 
 WindowNotes clientNotes(host::Desk&, const host::TaskLine& line) {

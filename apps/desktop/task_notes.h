@@ -6,8 +6,6 @@
 
 namespace autonotify::desktop {
 
-/// As the component's windows write a day, whatever the desktop's language.
-QString longDate(DateTime day);
 /// Of a notification: its client and what it is about, with the due date where it is a task.
 /// Throws DatabaseError.
 host::TaskLine subjectLine(host::Desk& desk, const host::Notification& row);

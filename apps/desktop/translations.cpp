@@ -17,6 +17,12 @@ QString addWords(const QLocale& locale, const QString& name, const QString& fold
   return words->language();
 }
 
+/// Numbers stay as the locale has them.
+void nameDaysIn(QLocale::Language language, const QLocale& locale) {
+  if (locale.language() == language || locale.language() == QLocale::C) return;
+  QLocale::setDefault(QLocale(language, locale.territory()));
+}
+
 std::string translated(const char* text) {
   return plain(QCoreApplication::translate("Words", text));
 }
@@ -28,6 +34,7 @@ void speakLanguageOf(const QLocale& locale) {
   QString language = addWords(locale, "hvnotify", folder);
   if (language.isEmpty()) language = addWords(QLocale(QLocale::English), "hvnotify", folder);
   addWords(QLocale(language), "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+  nameDaysIn(QLocale(language).language(), locale);
   host::Words::speak(translated);
 }
 

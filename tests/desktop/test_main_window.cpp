@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "MainWindowTest.h"
+#include "day/day_formats.h"
 #include "host/desk/rows/Notification.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/user_options.h"
@@ -142,27 +143,29 @@ TEST_F(MainWindowTest, BesideFinishStandsWhatItDoesAndBesideTheDateWhatIsOddAbou
         composer.close();
       },
       true);
-  const std::tuple<const char*, const char*> dates[] = {
-      {"April 14, 2026", "This day has passed."},
-      {"May 1, 2026", "This is after the due date, Thursday, April 30, 2026."},
-      {"April 15, 2026", ""},
-      {"April 30, 2026", ""}};
-  EXPECT_THAT(
-      run("scheduleEmail",
-          [&](QDialog& composer) {
-            write(composer, toField(composer), "a@x.example");
-            for (const auto& [date, oddity] : dates) {
-              write(composer, *composer.findChild<QLineEdit*>("txtNotificationField"), date);
-              EXPECT_EQ(read(composer, "staticFollowDate"), oddity);
-              EXPECT_THAT(
-                  read(composer, "staticFollowFinish"),
-                  testing::AllOf(HasSubstr("sent to a@x.example on"), testing::EndsWith(date)));
-              finish(composer);
-              EXPECT_EQ(composer.isVisible(), *oddity != 0) << date;
-              if (!composer.isVisible()) break;
-            }
-          }),
-      testing::ElementsAre(HasSubstr("has passed.  Do you"), HasSubstr("April 30, 2026.  Do")));
+  const std::string due = plain(longDate(QDate(2026, 4, 30)));
+  const std::tuple<QDate, std::string> dates[] = {
+      {QDate(2026, 4, 14), "This day has passed."},
+      {QDate(2026, 5, 1), "This is after the due date, " + due + "."},
+      {QDate(2026, 4, 15), ""},
+      {QDate(2026, 4, 30), ""}};
+  EXPECT_THAT(run("scheduleEmail",
+                  [&](QDialog& composer) {
+                    write(composer, toField(composer), "a@x.example");
+                    for (const auto& [day, oddity] : dates) {
+                      const std::string date = plain(QLocale::c().toString(day, "MMMM d, yyyy"));
+                      write(composer, *composer.findChild<QLineEdit*>("txtNotificationField"),
+                            date.c_str());
+                      EXPECT_EQ(read(composer, "staticFollowDate"), oddity);
+                      EXPECT_THAT(read(composer, "staticFollowFinish"),
+                                  testing::AllOf(HasSubstr("sent to a@x.example on"),
+                                                 testing::EndsWith(plain(longDate(day)))));
+                      finish(composer);
+                      EXPECT_EQ(composer.isVisible(), !oddity.empty()) << date;
+                      if (!composer.isVisible()) break;
+                    }
+                  }),
+              testing::ElementsAre(HasSubstr("has passed.  Do you"), HasSubstr(due + ".  Do")));
   // The date that the composer comes up with is no other case.
   execute("DELETE FROM ClientNotification; UPDATE Schedule SET DueDate='2026-03-31'");
   trigger("refresh");
@@ -310,7 +313,7 @@ TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
   execute("UPDATE ClientNotification SET NotificationDate='2026-05-04' WHERE ScheduleIDNum=" +
           std::to_string(chooseTaskFor("editEmail")));
   host::setAsksBeforeCancelling(*window_->desk(), false);
-  QLocale::setDefault(QLocale::French);
+  const std::string goesOut = "Goes out on " + plain(longDate(QDate(2026, 5, 4)));
   for (const std::string address : {"1 Elm", ""}) {
     execute("UPDATE Companies SET FaxNumber='', Address='" + address +
             "'; UPDATE Contacts SET BusinessPhone_Fax='', HomePhone_Fax='', HomeAddress='" +
@@ -322,7 +325,7 @@ TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
         EXPECT_EQ(read(wizard, QString("staticNote(%1)").arg(i)), notes[i]);
     };
     const auto messages = run("notifyAutomatically", [&](QDialog& wizard) {
-      expectNotes(wizard, "Goes out on Monday, May 4, 2026");
+      expectNotes(wizard, goesOut.c_str());
       if (address.empty()) wizard.findChild<QCheckBox*>("chkAutoNotify(0)")->click();
       if (address.empty()) expectNotes(wizard, "Not set up");
       QTest::keyClick(&wizard, Qt::Key_Escape);
@@ -330,7 +333,6 @@ TEST_F(MainWindowTest, TheWizardTellsOfEachChannelAndEscapeLeavesIt) {
     });
     EXPECT_THAT(messages, testing::IsEmpty());
   }
-  QLocale::setDefault(QLocale::c());
 }
 
 TEST_F(MainWindowTest, ACallIsNotedAsItWent) {

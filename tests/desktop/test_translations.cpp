@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "MainWindowTest.h"
+#include "day/day_formats.h"
 #include "host/database/postgres/ServerAddress.h"
 #include "host/desk/claims.h"
 #include "host/loader/ComponentLibrary.h"
@@ -34,11 +35,18 @@ class Marker : public QTranslator {
 /// Until its end the program speaks the language.
 class Speaking {
  public:
-  explicit Speaking(const QLocale& locale) { speakLanguageOf(locale); }
+  explicit Speaking(const QLocale& locale) {
+    QLocale::setDefault(locale);
+    speakLanguageOf(locale);
+  }
   ~Speaking() {
+    QLocale::setDefault(former_);
     host::Words::speak(nullptr);
     qDeleteAll(qApp->findChildren<QTranslator*>(Qt::FindDirectChildrenOnly));
   }
+
+ private:
+  const QLocale former_;
 };
 
 /// What the program itself says in a window, without what it shows of the firm.
@@ -197,6 +205,9 @@ TEST(Translation, ALanguageThatThereIsNotIsEnglishWithItsPlurals) {
   const Speaking english{QLocale(QLocale::German)};
   EXPECT_EQ(found(1), "Weeks ahead, 1 notification in 12 weeks");
   EXPECT_EQ(found(2), "Weeks ahead, 2 notifications in 12 weeks");
+  EXPECT_EQ(longDate(QDate(2026, 4, 30)), "Thursday, April 30, 2026");
+  const Speaking french{QLocale("fr_CA")};
+  EXPECT_EQ(longDate(QDate(2026, 4, 30)), "jeudi 30 avril 2026");
 }
 
 }  // namespace

@@ -8,6 +8,10 @@ QString longDay(QDate day) {
   return QLocale().toString(day, QObject::tr("dddd, MMMM d", "a day's format"));
 }
 
+QString longDate(QDate day) {
+  return QLocale().toString(day, QObject::tr("dddd, MMMM d, yyyy", "a day's format"));
+}
+
 QString dayAndMonth(QDate day) {
   return QLocale().toString(day, QObject::tr("MMMM d", "a day's format"));
 }

@@ -9,6 +9,8 @@ namespace autonotify::desktop {
 
 /// "Thursday, April 30"
 QString longDay(QDate day);
+/// "Thursday, April 30, 2026"
+QString longDate(QDate day);
 /// "April 30"
 QString dayAndMonth(QDate day);
 /// "Apr 30"

@@ -638,6 +638,11 @@ Dans&#xa0;: %1</translation>
         <source>A test of the email to %1 was sent.</source>
         <translation>Un essai du courriel à %1 a été envoyé.</translation>
     </message>
+    <message>
+        <source>dddd, MMMM d, yyyy</source>
+        <comment>a day&apos;s format</comment>
+        <translation>dddd d MMMM yyyy</translation>
+    </message>
 </context>
 <context>
     <name>Words</name>
