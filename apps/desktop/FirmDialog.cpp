@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "host/desk/work/firm_details.h"
+#include "host/words/Words.h"
 #include "platform/PlatformError.h"
 #include "qt_text.h"
 
@@ -26,7 +27,7 @@ FirmDialog::FirmDialog(host::Desk& desk, QWidget* parent)
     auto* field = new QLineEdit(shown(stored_[i]), this);
     field->setObjectName(detail.key);
     field->setMinimumWidth(usualFieldWidth);
-    layout->addRow(tr("%1:").arg(tr(detail.name)), field);
+    layout->addRow(tr("%1:").arg(shown(host::Words::tr(detail.name))), field);
     fields_.push_back(field);
   }
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel, this);

@@ -1232,6 +1232,62 @@ Statement: %2</source>
         <translation>%1
 Instruction&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Corporate Name</source>
+        <translation>Raison sociale</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Address 2</source>
+        <translation>Adresse 2</translation>
+    </message>
+    <message>
+        <source>Address 3</source>
+        <translation>Adresse 3</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ville</translation>
+    </message>
+    <message>
+        <source>Province</source>
+        <translation>Province</translation>
+    </message>
+    <message>
+        <source>Postal Code</source>
+        <translation>Code postal</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Téléphone</translation>
+    </message>
+    <message>
+        <source>Fax</source>
+        <translation>Télécopie</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>Courriel</translation>
+    </message>
+    <message>
+        <source>Web Site</source>
+        <translation>Site Web</translation>
+    </message>
+    <message>
+        <source>The firm needs a name</source>
+        <translation>Le cabinet doit avoir un nom</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no email address</source>
+        <translation>« %1 » n’est pas une adresse de courriel</translation>
+    </message>
 </context>
 <context>
     <name>autonotify::desktop::CalendarButton</name>
@@ -1409,6 +1465,21 @@ Instruction&#xa0;: %2</translation>
     <message>
         <source>%L1 more wait that are neither shown nor searched here.</source>
         <translation>%L1 autres attendent, ni affichés ni cherchés ici.</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::FirmDialog</name>
+    <message>
+        <source>The Firm</source>
+        <translation>Le cabinet</translation>
+    </message>
+    <message>
+        <source>%1:</source>
+        <translation>%1 :</translation>
+    </message>
+    <message>
+        <source>Do you want to close this and lose your changes?</source>
+        <translation>Voulez-vous fermer cette fenêtre et perdre vos modifications?</translation>
     </message>
 </context>
 <context>
@@ -1747,6 +1818,14 @@ Instruction&#xa0;: %2</translation>
     <message>
         <source>No letter, fax or call is due.</source>
         <translation>Aucune lettre, aucune télécopie et aucun appel n’est à faire.</translation>
+    </message>
+    <message>
+        <source>The &amp;Firm...</source>
+        <translation>Le ca&amp;binet...</translation>
+    </message>
+    <message>
+        <source>Change the firm&apos;s name, address, telephone and email</source>
+        <translation>Modifier le nom, l’adresse, le téléphone et le courriel du cabinet</translation>
     </message>
 </context>
 <context>

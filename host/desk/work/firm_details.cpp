@@ -1,7 +1,5 @@
 #include "host/desk/work/firm_details.h"
 
-#include <fmt/format.h>
-
 #include <array>
 #include <memory>
 #include <string_view>
@@ -10,6 +8,7 @@
 #include "host/database/RowSink.h"
 #include "host/desk/databases.h"
 #include "host/mail/addresses.h"
+#include "host/words/Words.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -21,18 +20,18 @@ constexpr std::string_view nameKey = "name";
 constexpr std::string_view emailKey = "email";
 
 constexpr std::array details{
-    FirmDetail{"Name", nameKey.data(), "CompanyName"},
-    FirmDetail{"Corporate Name", "corporate-name", "CorporateName"},
-    FirmDetail{"Address", "address", "Address1"},
-    FirmDetail{"Address 2", "address-2", "Address2"},
-    FirmDetail{"Address 3", "address-3", "Address3"},
-    FirmDetail{"City", "city", "City"},
-    FirmDetail{"Province", "province", "Province"},
-    FirmDetail{"Postal Code", "postal-code", "PostalCode"},
-    FirmDetail{"Phone", "phone", "OfficeNumber"},
-    FirmDetail{"Fax", "fax", "FaxNumber"},
-    FirmDetail{"Email", emailKey.data(), "Email"},
-    FirmDetail{"Web Site", "web-site", "WebSite"},
+    FirmDetail{Words::later("Name"), nameKey.data(), "CompanyName"},
+    FirmDetail{Words::later("Corporate Name"), "corporate-name", "CorporateName"},
+    FirmDetail{Words::later("Address"), "address", "Address1"},
+    FirmDetail{Words::later("Address 2"), "address-2", "Address2"},
+    FirmDetail{Words::later("Address 3"), "address-3", "Address3"},
+    FirmDetail{Words::later("City"), "city", "City"},
+    FirmDetail{Words::later("Province"), "province", "Province"},
+    FirmDetail{Words::later("Postal Code"), "postal-code", "PostalCode"},
+    FirmDetail{Words::later("Phone"), "phone", "OfficeNumber"},
+    FirmDetail{Words::later("Fax"), "fax", "FaxNumber"},
+    FirmDetail{Words::later("Email"), emailKey.data(), "Email"},
+    FirmDetail{Words::later("Web Site"), "web-site", "WebSite"},
 };
 
 bool isMailAddress(const std::string& text) {
@@ -58,9 +57,9 @@ std::vector<std::string> readFirmDetails(Desk& desk) {
 }
 
 std::string faultOfFirmDetail(const FirmDetail& detail, const std::string& text) {
-  if (detail.key == nameKey && trim(text).empty()) return "The firm needs a name";
+  if (detail.key == nameKey && trim(text).empty()) return Words::tr("The firm needs a name");
   if (detail.key == emailKey && !text.empty() && !isMailAddress(text))
-    return fmt::format("\"{}\" is no email address", text);
+    return Words::tr("\"%1\" is no email address", {text});
   return {};
 }
 

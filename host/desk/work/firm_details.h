@@ -11,7 +11,7 @@ namespace autonotify::host {
 
 /// What the firm says of itself: whom its emails come from, what stands at the head of its letters.
 struct FirmDetail {
-  /// As people call it: "Postal Code".
+  /// As people call it: "Postal Code"; for Words::tr().
   const char* name;
   /// In one word, for a program: "postal-code".
   const char* key;
