@@ -1,15 +1,13 @@
 #include "merge/templates/rewrite_list.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "platform/text.h"
 
 namespace autonotify {
 namespace {
-
-/// Set in small letters, and in blanks.
-constexpr char caseBit = 0x20;
 
 constexpr char folded(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
@@ -21,10 +19,6 @@ constexpr char capital(char byte) {
 
 constexpr std::size_t indexOf(char byte) {
   return static_cast<unsigned char>(byte);
-}
-
-constexpr std::size_t pairOf(char first, char second) {
-  return indexOf(first) * 256 + indexOf(second);
 }
 
 /// Whether the small-letter text `sought` stands at `at`.
@@ -45,27 +39,28 @@ bool isSeldom(char byte) {
   return !isLetter && byte != ' ' && byte != '\\';
 }
 
-/// Where a word is least like others: around its first blank, or else at its begin.
-std::size_t seldomPlaceOf(std::string_view word) {
-  const std::size_t blank = word.find(' ');
-  return blank == std::string_view::npos ? 0 : blank - 1;
+constexpr std::size_t longestHead = sizeof(std::uint64_t);
+
+/// Texts that differ in case alone have the same number.
+std::size_t numberOf(std::uint64_t bytes, int bits) {
+  constexpr std::uint64_t caseBits = 0x2020202020202020;
+  constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+  return static_cast<std::size_t>(((bytes | caseBits) * factor) >> (64 - bits));
 }
 
-/// How many places of a text are looked at together.
-constexpr std::size_t blockSize = 64;
+/// The number of the first `size` bytes, eight at most, or of those that there are.
+std::size_t headNumber(std::string_view text, std::size_t size) {
+  std::uint64_t head = 0;
+  std::memcpy(&head, text.data(), std::min(size, text.size()));
+  return numberOf(head, 8);
+}
 
-/// Whether the piece may stand at one of a block's places; its bytes have the case bit set. Looks
-/// as many bytes further as the piece has.
-template <std::size_t size>
-bool mayStandIn(const char* block, const std::array<char, size>& piece) {
-  unsigned char any = 0;
-  for (std::size_t i = 0; i < blockSize; ++i) {
-    unsigned char same = 1;
-    for (std::size_t k = 0; k < size; ++k)
-      same &= static_cast<unsigned char>((block[i + k] | caseBit) == piece[k]);
-    any |= same;
-  }
-  return any != 0;
+constexpr std::size_t pieceSize = sizeof(std::uint32_t);
+
+std::size_t pieceNumber(const char* piece) {
+  std::uint32_t bytes = 0;
+  std::memcpy(&bytes, piece, pieceSize);
+  return numberOf(bytes, 10);
 }
 
 }  // namespace
@@ -78,9 +73,14 @@ RewriteList::RewriteList(std::vector<Rewrite> rewrites) : rewrites_(std::move(re
     std::string& prefix = familyOf(sought).prefix;
     prefix = commonPrefix(prefix, sought.substr(0, sought.size() - 1));
   }
+  for (const std::string& sought : sought_) {
+    Family& family = familyOf(sought);
+    family.headSize = std::min(family.headSize, sought.size() - family.prefix.size());
+  }
   for (std::size_t i = 0; i < sought_.size(); ++i) {
     Family& family = familyOf(sought_[i]);
-    family.members[indexOf(sought_[i][family.prefix.size()])].push_back(i);
+    const std::string_view rest = std::string_view(sought_[i]).substr(family.prefix.size());
+    family.members[headNumber(rest, family.headSize)].push_back(i);
   }
   addSigns();
 }
@@ -91,12 +91,13 @@ RewriteList::Family& RewriteList::familyOf(std::string_view sought) {
   if (family == noFamily) {
     family = static_cast<std::uint8_t>(families_.size());
     familyOf_[indexOf(capital(sought[0]))] = family;
-    families_.push_back({std::string(sought), {}});
+    families_.push_back({std::string(sought), longestHead, {}});
   }
   return families_[family];
 }
 
 void RewriteList::addSigns() {
+  std::vector<std::string_view> words;
   for (const Family& family : families_) {
     const auto sign = std::ranges::find_if(family.prefix, isSeldom);
     if (sign != family.prefix.end()) {
@@ -104,17 +105,15 @@ void RewriteList::addSigns() {
       continue;
     }
     for (const auto& members : family.members)
-      for (const std::size_t i : members) addWord(sought_[i]);
+      for (const std::size_t i : members) words.push_back(sought_[i]);
   }
+  if (!words.empty()) addWords(words);
 }
 
-void RewriteList::addWord(std::string_view sought) {
-  Piece piece{};
-  const std::size_t place = std::min(seldomPlaceOf(sought), sought.size() - piece.size());
-  for (std::size_t i = 0; i < piece.size(); ++i) piece[i] = sought[place + i] | caseBit;
-  pieces_.push_back(piece);
-  for (const char first : {sought[0], capital(sought[0])})
-    for (const char second : {sought[1], capital(sought[1])}) starts_.set(pairOf(first, second));
+void RewriteList::addWords(const std::vector<std::string_view>& words) {
+  step_ = std::ranges::min(words, {}, &std::string_view::size).size() - pieceSize + 1;
+  for (const std::string_view word : words)
+    for (std::size_t at = 0; at < step_; ++at) mayBegin_[pieceNumber(word.data() + at)] = true;
 }
 
 std::string RewriteList::apply(std::string text) const {
@@ -126,15 +125,27 @@ std::string RewriteList::apply(std::string text) const {
 }
 
 std::size_t RewriteList::firstOccurring(std::string_view text, std::size_t first) const {
+  if (first >= rewrites_.size()) return rewrites_.size();
+  const std::size_t best = firstBySigns(text, first);
+  return step_ == 0 ? best : firstByWords(text, first, best);
+}
+
+std::size_t RewriteList::firstBySigns(std::string_view text, std::size_t first) const {
   std::size_t best = rewrites_.size();
-  if (first >= best) return best;
   for (const Sign& sign : signs_)
     for (std::size_t at = text.find(sign.character, sign.offset); at < text.size();
          at = text.find(sign.character, at + 1))
       best = firstAt(text, at - sign.offset, first, best);
-  if (!mayHoldWord(text)) return best;
-  for (std::size_t at = 0; at + 1 < text.size(); ++at)
-    if (starts_[pairOf(text[at], text[at + 1])]) best = firstAt(text, at, first, best);
+  return best;
+}
+
+std::size_t RewriteList::firstByWords(std::string_view text, std::size_t first,
+                                      std::size_t best) const {
+  for (std::size_t at = 0; at + pieceSize <= text.size(); at += step_) {
+    if (!mayBegin_[pieceNumber(text.data() + at)]) continue;
+    for (std::size_t back = 0; back < std::min(step_, at + 1); ++back)
+      best = firstAt(text, at - back, first, best);
+  }
   return best;
 }
 
@@ -143,26 +154,13 @@ std::size_t RewriteList::firstAt(std::string_view text, std::size_t at, std::siz
   const std::uint8_t number = familyOf_[indexOf(text[at])];
   if (number == noFamily) return best;
   const Family& family = families_[number];
-  const std::size_t behind = at + family.prefix.size();
-  if (behind >= text.size() || !standsAt(text, at, family.prefix)) return best;
-  for (const std::size_t i : family.members[indexOf(folded(text[behind]))]) {
+  if (!standsAt(text, at, family.prefix)) return best;
+  const std::string_view behind = text.substr(at + family.prefix.size());
+  for (const std::size_t i : family.members[headNumber(behind, family.headSize)]) {
     if (i >= best) break;
     if (i >= first && standsAt(text, at, sought_[i])) return i;
   }
   return best;
-}
-
-bool RewriteList::mayHoldWord(std::string_view text) const {
-  constexpr std::size_t further = sizeof(Piece);
-  const auto mayStandAt = [&](const char* block) {
-    const auto stands = [&](const Piece& piece) { return mayStandIn(block, piece); };
-    return std::ranges::any_of(pieces_, stands);
-  };
-  for (; text.size() >= blockSize + further; text.remove_prefix(blockSize))
-    if (mayStandAt(text.data())) return true;
-  std::array<char, 2 * blockSize + further> rest{};
-  text.copy(rest.data(), rest.size());
-  return mayStandAt(rest.data()) || mayStandAt(rest.data() + blockSize);
 }
 
 }  // namespace autonotify

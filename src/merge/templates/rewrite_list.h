@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -11,7 +10,7 @@
 namespace autonotify {
 
 struct Rewrite {
-  /// At least two bytes, and five where it begins with a word; a letter outside ASCII is found in
+  /// At least two bytes, and four where it begins with a word; a letter outside ASCII is found in
   /// its own case only.
   std::string from;
   std::string to;
@@ -32,8 +31,9 @@ class RewriteList {
  private:
   /// The rewrites that begin with the same character.
   struct Family {
-    std::string prefix;  ///< common to all of them, and shorter than each
-    /// Their positions in the list, by the small letter behind the prefix.
+    std::string prefix;        ///< common to all of them, and shorter than each
+    std::size_t headSize = 0;  ///< of what each has behind the prefix, the part that tells it
+    /// Their positions in the list, by the number of the head.
     std::array<std::vector<std::size_t>, 256> members;
   };
   /// A character by which a family is found: texts hold it seldom, and it has one case.
@@ -41,27 +41,28 @@ class RewriteList {
     char character;
     std::size_t offset;  ///< in the prefix
   };
-  /// Of a word, which is found by no sign: letters that are seldom met together, with the case bit.
-  using Piece = std::array<char, 5>;
   static constexpr std::uint8_t noFamily = 0xFF;
 
   Family& familyOf(std::string_view sought);
   void addSigns();
-  void addWord(std::string_view sought);
+  void addWords(const std::vector<std::string_view>& words);
   /// The first rewrite from `first` on that occurs in the text, or the number of rewrites.
   std::size_t firstOccurring(std::string_view text, std::size_t first) const;
+  std::size_t firstBySigns(std::string_view text, std::size_t first) const;
+  std::size_t firstByWords(std::string_view text, std::size_t first, std::size_t best) const;
   /// Of those that stand at `at`; `best` when none of them comes ahead of it.
   std::size_t firstAt(std::string_view text, std::size_t at, std::size_t first,
                       std::size_t best) const;
-  bool mayHoldWord(std::string_view text) const;
 
   std::vector<Rewrite> rewrites_;
   std::vector<std::string> sought_;  ///< `from` of each in small letters
   std::vector<Family> families_;
   std::array<std::uint8_t, 256> familyOf_;  ///< by the first byte in either case
   std::vector<Sign> signs_;
-  std::vector<Piece> pieces_;
-  std::bitset<256 * 256> starts_;  ///< the first two bytes of all words in any case
+  // Words, which no sign finds, are told by pieces of four bytes. Each word has as many of them at
+  // its begin as a step is long, so that one of them stands where a step ends.
+  std::size_t step_ = 0;               ///< 0 where there are no words
+  std::array<bool, 1024> mayBegin_{};  ///< by the number of the piece
 };
 
 }  // namespace autonotify
