@@ -31,42 +31,37 @@ const DateFormat& patternOf(int row, std::size_t format) {
   return (row == todaysRow ? ofToday : ofFields)[format];
 }
 
-/// The name in "(name, format)", or nothing for another format.
-std::optional<std::string_view> nameWithFormat(std::string_view foldedContent,
-                                               std::string_view format) {
-  std::string_view rest = foldedContent;
-  for (const std::string_view tail : {std::string_view(")"), format, std::string_view(", ")}) {
-    if (!rest.ends_with(tail)) return std::nullopt;
-    rest.remove_suffix(tail.size());
-  }
-  if (!rest.starts_with('(')) return std::nullopt;
-  return rest.substr(1);
-}
-
 /// A row of the list that a token may mean, and the format of a date.
 struct Meaning {
   int row;
   std::size_t format;
 };
 
-std::optional<Meaning> meaningInFormat(const MergeFields& fields, std::string_view foldedContent,
+/// What a date means whose expression stands between brackets, "name, format".
+std::optional<Meaning> meaningInFormat(const MergeFields& fields, std::string_view expression,
                                        std::size_t format) {
   static const std::string foldedToday = foldCase(todaysDateName);
-  const auto name = nameWithFormat(foldedContent, mergeDateFormats[format]);
-  if (!name) return std::nullopt;
-  if (*name == foldedToday) return Meaning{todaysRow, format};
-  const int row = fields.firstRow(*name, true);
+  constexpr std::string_view separator = ", ";
+  const std::size_t tail = separator.size() + mergeDateFormats[format].size();
+  if (expression.size() < tail) return std::nullopt;
+  const std::size_t end = expression.size() - tail;
+  if (expression.substr(end, separator.size()) != separator) return std::nullopt;
+  if (!expression.ends_with(mergeDateFormats[format])) return std::nullopt;
+  const std::string_view name = expression.substr(0, end);
+  if (name == foldedToday) return Meaning{todaysRow, format};
+  const int row = fields.firstRow(HashedText(name), true);
   if (row == 0) return std::nullopt;
   return Meaning{row, format};
 }
 
 /// The first of the list; today's date comes ahead of it.
-std::optional<Meaning> firstMeaning(const MergeFields& fields, std::string_view foldedContent) {
+std::optional<Meaning> firstMeaning(const MergeFields& fields, const HashedText& content) {
   std::optional<Meaning> first;
-  if (const int row = fields.firstRow(foldedContent, false)) first = {row, noFormat};
-  if (!foldedContent.starts_with('(')) return first;
+  if (const int row = fields.firstRow(content, false)) first = {row, noFormat};
+  if (!content.text.starts_with('(') || !content.text.ends_with(')')) return first;
+  const std::string_view expression = content.text.substr(1, content.text.size() - 2);
   for (std::size_t format = 0; format < noFormat; ++format) {
-    const std::optional<Meaning> other = meaningInFormat(fields, foldedContent, format);
+    const std::optional<Meaning> other = meaningInFormat(fields, expression, format);
     if (other && (!first || other->row < first->row)) first = other;
   }
   return first;

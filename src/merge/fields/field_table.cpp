@@ -25,7 +25,7 @@ MergeFields::MergeFields(std::vector<MergeField> fields, std::vector<SharedField
   }
 }
 
-int MergeFields::firstRow(std::string_view foldedName, bool isDate) const {
+int MergeFields::firstRow(const HashedText& foldedName, bool isDate) const {
   const std::optional<std::size_t> name = names_.find(foldedName);
   if (!name) return 0;
   return isDate ? named_[*name].date : named_[*name].other;

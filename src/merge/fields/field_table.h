@@ -47,7 +47,7 @@ class MergeFields {
   /// The field in this row of the list, from 1.
   const MergeField& field(int row) const { return fields_[static_cast<std::size_t>(row - 1)]; }
   /// The first row with such a field of this name; 0 for none.
-  int firstRow(std::string_view foldedName, bool isDate) const;
+  int firstRow(const HashedText& foldedName, bool isDate) const;
 
  private:
   /// The first rows with a name.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 
 #include "platform/text.h"
 
@@ -9,21 +10,27 @@ namespace autonotify {
 namespace {
 
 bool holdsMark(std::string_view text, const MergeMarks& marks) {
-  return findIgnoreCase(text, marks.open) != std::string_view::npos ||
-         findIgnoreCase(text, marks.close) != std::string_view::npos;
+  return MarkScanner(text, marks).next().has_value();
+}
+
+/// What a template seldom exceeds.
+constexpr std::size_t usualSlots = 16;
+
+/// False where the text goes beyond ASCII.
+bool foldAscii(std::span<char> text) {
+  unsigned char bits = 0;
+  for (char& byte : text) {
+    bits |= static_cast<unsigned char>(byte);
+    byte = static_cast<char>(byte + (byte >= 'A' && byte <= 'Z' ? 'a' - 'A' : 0));
+  }
+  return bits < 0x80;
 }
 
 void appendFolded(std::string& folded, std::string_view text) {
-  unsigned char bits = 0;
-  for (const char byte : text) bits |= static_cast<unsigned char>(byte);
-  if (bits >= 0x80) {
-    folded += lowerCase(upperCase(text));
-    return;
-  }
   const std::size_t begin = folded.size();
   folded += text;
-  for (std::size_t i = begin; i < folded.size(); ++i)
-    if (folded[i] >= 'A' && folded[i] <= 'Z') folded[i] += 'a' - 'A';
+  if (foldAscii(std::span(folded).subspan(begin))) return;
+  folded.replace(begin, text.size(), lowerCase(upperCase(text)));
 }
 
 }  // namespace
@@ -36,15 +43,15 @@ std::string foldCase(std::string_view text) {
 
 TemplateLayout::TemplateLayout(std::string text) : text_(std::move(text)) {
   const bool isBare = holdsMark(text_, bareMarks);
-  const bool isEscaped = holdsMark(text_, escapedMarks);
-  if (isBare && isEscaped) return;
-  if (isEscaped) marks_ = &escapedMarks;
+  if (isBare && holdsMark(text_, escapedMarks)) return;
+  if (!isBare) marks_ = &escapedMarks;
   isRegular_ = cutAtMarks();
   if (isRegular_) numberTokens();
 }
 
 bool TemplateLayout::cutAtMarks() {
   const std::string_view text = text_;
+  slots_.reserve(usualSlots);
   MarkScanner scanner(text, *marks_);
   std::size_t from = 0;
   while (const std::optional<FoundMark> open = scanner.next()) {
@@ -63,6 +70,7 @@ void TemplateLayout::numberTokens() {
   for (const Slot& slot : slots_) length += lengthOf(slot);
   foldedContents_.reserve(length);  // the numbers point into it
   contents_ = TextNumbers(slots_.size());
+  firstSlots_.reserve(slots_.size());
   const std::string_view text = text_;
   const std::size_t open = marks_->open.size();
   for (std::size_t i = 0; i < slots_.size(); ++i) {
@@ -86,19 +94,24 @@ TemplateLayoutCache& TemplateLayoutCache::instance() {
 
 std::shared_ptr<const TemplateLayout> TemplateLayoutCache::find(std::string_view templateText,
                                                                 const Setting& setting) {
-  const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-    return entry.setting == setting && entry.templateText == templateText;
-  });
-  if (found == entries_.end()) return nullptr;
-  std::rotate(entries_.begin(), found, found + 1);
-  return entries_.front().layout;
+  for (Entry& entry : entries_) {
+    if (entry.setting != setting || entry.templateText != templateText) continue;
+    entry.lastUse = ++uses_;
+    return entry.layout;
+  }
+  return nullptr;
 }
 
 void TemplateLayoutCache::keep(std::string_view templateText, const Setting& setting,
                                std::shared_ptr<const TemplateLayout> layout) {
   if (templateText.size() > maxTemplateSize) return;
-  if (entries_.size() == maxEntries) entries_.pop_back();
-  entries_.insert(entries_.begin(), {std::string(templateText), setting, std::move(layout)});
+  Entry& entry = entries_.size() < maxEntries
+                     ? entries_.emplace_back()
+                     : *std::ranges::min_element(entries_, {}, &Entry::lastUse);
+  entry.templateText = templateText;
+  entry.setting = setting;
+  entry.layout = std::move(layout);
+  entry.lastUse = ++uses_;
 }
 
 }  // namespace autonotify

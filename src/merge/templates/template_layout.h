@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,7 +41,7 @@ class TemplateLayout {
   /// The token's text as it stands in its first slot.
   std::string tokenText(std::size_t token) const;
   /// What stands between the token's marks; see foldCase.
-  std::string_view foldedContent(std::size_t token) const { return contents_.text(token); }
+  const HashedText& foldedContent(std::size_t token) const { return contents_[token]; }
 
  private:
   bool cutAtMarks();
@@ -85,9 +86,10 @@ class TemplateLayoutCache {
     std::string templateText;
     Setting setting;
     std::shared_ptr<const TemplateLayout> layout;
+    std::uint64_t lastUse = 0;
   };
-  /// The one used last comes first.
   std::vector<Entry> entries_;
+  std::uint64_t uses_ = 0;
 };
 
 }  // namespace autonotify

@@ -53,27 +53,27 @@ TextNumbers::TextNumbers(std::size_t most) : places_(std::bit_ceil(2 * most + 1)
   texts_.reserve(most);
 }
 
-std::size_t TextNumbers::placeOf(const Entry& sought) const {
+std::size_t TextNumbers::placeOf(const HashedText& sought) const {
   const std::size_t last = places_.size() - 1;
   for (std::size_t place = sought.hash & last;; place = (place + 1) & last) {
     if (places_[place] == 0) return place;
-    const Entry& entry = texts_[places_[place] - 1];
-    if (entry.hash == sought.hash && entry.text == sought.text) return place;
+    const HashedText& known = texts_[places_[place] - 1];
+    if (known.hash == sought.hash && known.text == sought.text) return place;
   }
 }
 
 std::size_t TextNumbers::add(std::string_view text) {
-  const Entry entry{text, hashOf(text)};
-  std::uint32_t& number = places_[placeOf(entry)];
+  const HashedText added(text);
+  std::uint32_t& number = places_[placeOf(added)];
   if (number == 0) {
-    texts_.push_back(entry);
+    texts_.push_back(added);
     number = static_cast<std::uint32_t>(texts_.size());
   }
   return number - 1;
 }
 
-std::optional<std::size_t> TextNumbers::find(std::string_view text) const {
-  const std::uint32_t number = places_[placeOf({text, hashOf(text)})];
+std::optional<std::size_t> TextNumbers::find(const HashedText& text) const {
+  const std::uint32_t number = places_[placeOf(text)];
   if (number == 0) return std::nullopt;
   return number - 1;
 }
