@@ -25,9 +25,9 @@ class DateFormat {
   struct Moment;
 
  private:
-  /// What is written for a part of the pattern.
+  /// A part of the pattern, and what writes it and gives the end of what is written.
   struct Piece {
-    void (*write)(const Moment& moment, std::string_view letters, std::string& text);
+    char* (*write)(const Moment& moment, std::string_view letters, char* to);
     std::size_t begin;
     std::size_t end;
   };
@@ -35,6 +35,7 @@ class DateFormat {
   std::string pattern_;
   bool hasHalves_;
   std::vector<Piece> pieces_;
+  std::size_t longest_ = 0;  ///< a text has at most so many bytes
 };
 
 /// The number in a pattern of `0`, `#`, `.`, `,` (thousands) and literal characters, with an

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <charconv>
-#include <iterator>
 
 #include "platform/calendar_names.h"
 #include "platform/format.h"
@@ -19,15 +18,23 @@ namespace {
 
 constexpr std::string_view halfOfDay = "am/pm";
 
+/// The most characters of a number, and of what a field of a pattern writes.
+constexpr std::size_t longestNumber = 12;
+constexpr std::size_t longestField = 16;
+
 using Moment = DateFormat::Moment;
 
-void write(std::string& text, int number) {
-  char digits[16];
-  text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
+// What writes gives the end of what it has written.
+
+char* write(char* to, std::string_view name) {
+  return std::ranges::copy(name, to).out;
 }
-void writeTwoDigits(std::string& text, int number) {
-  if (number >= 0 && number < 10) text += '0';
-  write(text, number);
+char* write(char* to, int number) {
+  return std::to_chars(to, to + longestNumber, number).ptr;
+}
+char* writeTwoDigits(char* to, int number) {
+  if (number >= 0 && number < 10) *to++ = '0';
+  return write(to, number);
 }
 
 std::string_view weekdayName(const Moment& m) {
@@ -54,7 +61,7 @@ int hour(const Moment& m) {
 }
 
 /// How the letters of a pattern are written.
-using Write = void (*)(const Moment& moment, std::string_view letters, std::string& text);
+using Write = char* (*)(const Moment& moment, std::string_view letters, char* to);
 
 struct Field {
   char letter;
@@ -65,32 +72,34 @@ struct Field {
 
 // Of two fields of one letter the longer one stands first.
 using Letters = std::string_view;
-using Text = std::string;
 constexpr Field fields[] = {
-    {'d', 4, [](const Moment& m, Letters, Text& text) { text += weekdayName(m); }},
-    {'d', 3, [](const Moment& m, Letters, Text& text) { text += shortened(weekdayName(m)); }},
-    {'d', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, day(m)); }},
-    {'d', 1, [](const Moment& m, Letters, Text& text) { write(text, day(m)); }},
-    {'m', 4, [](const Moment& m, Letters, Text& text) { text += monthName(m); }},
-    {'m', 3, [](const Moment& m, Letters, Text& text) { text += shortened(monthName(m)); }},
-    {'m', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, month(m)); }},
-    {'m', 1, [](const Moment& m, Letters, Text& text) { write(text, month(m)); }},
-    {'y', 4, [](const Moment& m, Letters, Text& text) { write(text, year(m)); }},
-    {'y', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, year(m) % 100); }},
-    {'h', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, hour(m)); }},
-    {'h', 1, [](const Moment& m, Letters, Text& text) { write(text, hour(m)); }},
-    {'n', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, m.time.minute()); }},
-    {'n', 1, [](const Moment& m, Letters, Text& text) { write(text, m.time.minute()); }},
-    {'s', 2, [](const Moment& m, Letters, Text& text) { writeTwoDigits(text, m.time.second()); }},
-    {'s', 1, [](const Moment& m, Letters, Text& text) { write(text, m.time.second()); }},
+    {'d', 4, [](const Moment& m, Letters, char* to) { return write(to, weekdayName(m)); }},
+    {'d', 3,
+     [](const Moment& m, Letters, char* to) { return write(to, shortened(weekdayName(m))); }},
+    {'d', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, day(m)); }},
+    {'d', 1, [](const Moment& m, Letters, char* to) { return write(to, day(m)); }},
+    {'m', 4, [](const Moment& m, Letters, char* to) { return write(to, monthName(m)); }},
+    {'m', 3, [](const Moment& m, Letters, char* to) { return write(to, shortened(monthName(m))); }},
+    {'m', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, month(m)); }},
+    {'m', 1, [](const Moment& m, Letters, char* to) { return write(to, month(m)); }},
+    {'y', 4, [](const Moment& m, Letters, char* to) { return write(to, year(m)); }},
+    {'y', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, year(m) % 100); }},
+    {'h', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, hour(m)); }},
+    {'h', 1, [](const Moment& m, Letters, char* to) { return write(to, hour(m)); }},
+    {'n', 2,
+     [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, m.time.minute()); }},
+    {'n', 1, [](const Moment& m, Letters, char* to) { return write(to, m.time.minute()); }},
+    {'s', 2,
+     [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, m.time.second()); }},
+    {'s', 1, [](const Moment& m, Letters, char* to) { return write(to, m.time.second()); }},
 };
 
-void writeHalfOfDay(const Moment& moment, Letters letters, Text& text) {
-  text += letters.substr(moment.time.hour() < 12 ? 0 : 3, 2);
+char* writeHalfOfDay(const Moment& moment, Letters letters, char* to) {
+  return write(to, letters.substr(moment.time.hour() < 12 ? 0 : 3, 2));
 }
 
-void writeLetters(const Moment&, Letters letters, Text& text) {
-  text += letters;
+char* writeLetters(const Moment&, Letters letters, char* to) {
+  return write(to, letters);
 }
 
 constexpr char small(char letter) {
@@ -161,6 +170,15 @@ class PatternReader {
   char previousLetter_ = 0;
 };
 
+void append(std::string& text, const Moment& moment, const PatternPiece& piece) {
+  if (piece.write == writeLetters) {
+    text += piece.letters;
+  } else {
+    char field[longestField];
+    text.append(field, piece.write(moment, piece.letters, field));
+  }
+}
+
 bool hasHalvesOfDay(std::string_view pattern) {
   return findIgnoreCase(pattern, halfOfDay) != std::string_view::npos;
 }
@@ -174,6 +192,7 @@ DateFormat::DateFormat(std::string_view pattern)
     const PatternPiece piece = reader.next();
     const auto begin = static_cast<std::size_t>(piece.letters.data() - own.data());
     const std::size_t end = begin + piece.letters.size();
+    longest_ += std::max(longestField, piece.letters.size());
     const bool isBehindLetters = !pieces_.empty() && pieces_.back().write == writeLetters;
     if (isBehindLetters && piece.write == writeLetters && pieces_.back().end == begin) {
       pieces_.back().end = end;
@@ -184,21 +203,20 @@ DateFormat::DateFormat(std::string_view pattern)
 }
 
 std::string DateFormat::text(DateTime time) const {
-  std::string text;
+  std::string text(longest_, ' ');
+  char* to = text.data();
   const Moment moment{time, time.date(), hasHalves_};
   const std::string_view pattern = pattern_;
   for (const Piece& piece : pieces_)
-    piece.write(moment, pattern.substr(piece.begin, piece.end - piece.begin), text);
+    to = piece.write(moment, pattern.substr(piece.begin, piece.end - piece.begin), to);
+  text.resize(static_cast<std::size_t>(to - text.data()));
   return text;
 }
 
 std::string formatDateTime(DateTime time, std::string_view pattern) {
   std::string text;
   const Moment moment{time, time.date(), hasHalvesOfDay(pattern)};
-  for (PatternReader reader(pattern); !reader.isAtEnd();) {
-    const PatternPiece piece = reader.next();
-    piece.write(moment, piece.letters, text);
-  }
+  for (PatternReader reader(pattern); !reader.isAtEnd();) append(text, moment, reader.next());
   return text;
 }
 
