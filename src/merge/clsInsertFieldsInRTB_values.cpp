@@ -18,6 +18,10 @@ std::optional<MergeSource> sourceOf(const FieldCursor& field) {
   return findMergeSource(field.text(field_column::group));
 }
 
+Value readColumn(RecordsetHandle handle, const std::string& column) {
+  return database().getFieldValue(handle, column);
+}
+
 std::string today(const DateFormat& format) {
   return format.text(platformClock().today());
 }
@@ -33,10 +37,12 @@ void formatField(const Value& value, FieldType type, const DateFormat& format, s
 }
 
 /// A value that cannot be printed by its type is shown as it is.
-void printField(Step& step, const Value& value, FieldType type, const DateFormat& format,
+void printField(Step& step, Value&& value, FieldType type, const DateFormat& format,
                 std::string& text) {
   if (isEmptyValue(value)) return;
-  if (const DateTime* date = type == FieldType::date ? value.getIf<DateTime>() : nullptr) {
+  if (type == FieldType::text) {
+    text = takeText(std::move(value));
+  } else if (const DateTime* date = type == FieldType::date ? value.getIf<DateTime>() : nullptr) {
     std::optional<std::string> formatted = formattedDate(*date, format);
     text = formatted ? std::move(*formatted) : toText(value);
   } else {
@@ -87,8 +93,8 @@ std::string clsInsertFieldsInRTB::fieldText(int index, const DateFormat& format,
     if (TestComment) {
       field.read(result, field_column::sample, textOf);
     } else if (isDatabaseOpen(step)) {
-      const Value value = plan ? readField(step, *plan) : readField(step, planOfRow(field, type));
-      printField(step, value, type, format, result);
+      Value value = plan ? readField(step, *plan) : readField(step, planOfRow(field, type));
+      printField(step, std::move(value), type, format, result);
     }
     if (!result.empty() && ConvertStrToRTF) convertLines(result);
   });
@@ -118,12 +124,11 @@ Value clsInsertFieldsInRTB::readField(Step& step, const FieldPlan& plan) {
 Value clsInsertFieldsInRTB::valueInRow(const FieldPlan& plan) {
   return procedure(tag<"getDataFieldFromRecordset">, Value{}, [&](Step& step, Value& result) {
     if (!isDatabaseOpen(step)) return;
-    RecordFields fields(step, sources_, scope());
     if (plan.isColumn) {
-      result = fields.readColumn(*plan.source, plan.column);
+      step.assign(result, readColumn, sources_.handleOf(*plan.source), plan.column);
     } else {
       std::string name = plan.column;
-      result = fields.read(*plan.source, name);
+      result = RecordFields(step, sources_, scope()).read(*plan.source, name);
     }
   });
 }

@@ -44,6 +44,10 @@ class Value {
   const T* getIf() const {
     return std::get_if<T>(&held_);
   }
+  template <class T>
+  T* getIf() {
+    return std::get_if<T>(&held_);
+  }
 
   template <class Visitor>
   decltype(auto) visit(Visitor&& visitor) const {

@@ -15,9 +15,9 @@ struct MergeIds {
   Id taskID = noId;
 };
 
-/// The records of one call, and what they are opened for.
+/// The records of one call, and what they are opened for. The ids outlive it.
 struct MergeScope {
-  MergeIds ids;
+  const MergeIds& ids;
   bool isBulk = false;      ///< whole tables, in which the rows are found by the ids
   bool isUpdating = false;  ///< rows that can be written to
 };

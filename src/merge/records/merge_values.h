@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "platform/Value.h"
 
@@ -10,6 +11,12 @@ namespace autonotify {
 inline bool isEmptyValue(const Value& value) {
   const auto* text = value.getIf<std::string>();
   return value.isNull() || (text && text->empty());
+}
+
+/// As toText; a text is moved out.
+inline std::string takeText(Value&& value) {
+  auto* text = value.getIf<std::string>();
+  return text ? std::move(*text) : toText(value);
 }
 
 /// Empty for null.

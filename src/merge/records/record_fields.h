@@ -18,8 +18,6 @@ class RecordFields {
   /// The value in the source's current row, not formatted; null or empty for none. A field that is
   /// worked out from others may leave one of those in `name`. Requires: the source is open.
   Value read(MergeSource source, std::string& name);
-  /// The same for a field that isColumn.
-  Value readColumn(MergeSource source, const std::string& column);
   /// True for a field that is neither worked out from others nor inherited.
   static bool isColumn(MergeSource source, const std::string& name);
   /// Writes the text into the row of the merge, saved at once; the address that a contact has of
@@ -34,6 +32,7 @@ class RecordFields {
   static const DerivedField* findDerivedField(MergeSource source, const std::string& name);
   static const InheritedField* findInheritedField(MergeSource source, const std::string& name);
 
+  Value readColumn(MergeSource source, const std::string& column);
   void writeColumn(MergeSource source, const std::string& column, const std::string& value);
 
   bool isInheritingCompany();

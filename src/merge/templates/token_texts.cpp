@@ -1,5 +1,7 @@
 #include "merge/templates/token_texts.h"
 
+#include <algorithm>
+
 namespace autonotify {
 namespace {
 
@@ -33,25 +35,22 @@ void TokenTexts::fill(std::size_t token, std::string_view text, bool withBlank) 
   filled_[token] = {true, begin, texts_.size() - begin};
 }
 
-std::string_view TokenTexts::textOf(const TemplateLayout::Slot& slot, bool keepsUnfilled) const {
-  const Filled& filled = filled_[slot.token];
-  if (filled.isFilled || !keepsUnfilled) return textOf(filled);
-  return std::string_view(layout_.text()).substr(slot.begin, slot.end - slot.begin);
-}
-
 std::string TokenTexts::joined(bool keepsUnfilled) const {
   const std::string_view text = layout_.text();
   std::size_t size = text.size();
   for (const TemplateLayout::Slot& slot : layout_.slots())
     size += textOf(slot, keepsUnfilled).size() - (slot.end - slot.begin);
-  std::string result;
-  result.reserve(size);
+  std::string result(size, '\0');
+  char* to = result.data();
+  const auto put = [&](std::string_view part) { to = std::ranges::copy(part, to).out; };
   std::size_t copied = 0;
   for (const TemplateLayout::Slot& slot : layout_.slots()) {
-    result.append(text, copied, slot.begin - copied).append(textOf(slot, keepsUnfilled));
+    put(text.substr(copied, slot.begin - copied));
+    put(textOf(slot, keepsUnfilled));
     copied = slot.end;
   }
-  return result.append(text, copied);
+  put(text.substr(copied));
+  return result;
 }
 
 }  // namespace autonotify

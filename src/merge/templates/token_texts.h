@@ -33,7 +33,11 @@ class TokenTexts {
     return std::string_view(texts_).substr(filled.begin, filled.size);
   }
   /// What stands in the slot.
-  std::string_view textOf(const TemplateLayout::Slot& slot, bool keepsUnfilled) const;
+  std::string_view textOf(const TemplateLayout::Slot& slot, bool keepsUnfilled) const {
+    const Filled& filled = filled_[slot.token];
+    if (filled.isFilled || !keepsUnfilled) return textOf(filled);
+    return std::string_view(layout_.text()).substr(slot.begin, slot.end - slot.begin);
+  }
 
   const TemplateLayout& layout_;
   std::vector<Filled> filled_;  ///< by token
