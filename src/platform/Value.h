@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -21,44 +23,98 @@ struct Null {
 /// date-time or text (UTF-8).
 class Value {
  public:
-  Value() = default;
-  // When a copy finds no memory, libstdc++ 12 would destroy a content that was never made.
-  Value(const Value& other) : Value() { held_ = other.held_; }
-  Value(Value&&) = default;
-  Value& operator=(const Value&) = default;
-  Value& operator=(Value&&) = default;
+  Value() {}
+  Value(const Value& other) {
+    if (other.isText_) {
+      beText(other.text_);
+    } else {
+      flat_ = other.flat_;
+    }
+  }
+  Value(Value&& other) noexcept { take(other); }
+  Value& operator=(const Value& other) {
+    if (isText_ || other.isText_) return *this = Value(other);
+    flat_ = other.flat_;
+    return *this;
+  }
+  Value& operator=(Value&& other) noexcept {
+    if (this == &other) return *this;
+    beNull();
+    take(other);
+    return *this;
+  }
+  ~Value() {
+    if (isText_) text_.~basic_string();
+  }
   Value(Null) {}
-  Value(bool flag) : held_(flag) {}
-  Value(std::int16_t number) : held_(std::int64_t{number}) {}
-  Value(std::int32_t number) : held_(std::int64_t{number}) {}
-  Value(std::int64_t number) : held_(number) {}
-  Value(double number) : held_(number) {}
-  Value(DateTime moment) : held_(moment) {}
-  Value(std::string text) : held_(std::move(text)) {}
-  Value(const char* text) : held_(std::string(text)) {}
+  Value(bool flag) : flat_(flag) {}
+  Value(std::int16_t number) : flat_(std::int64_t{number}) {}
+  Value(std::int32_t number) : flat_(std::int64_t{number}) {}
+  Value(std::int64_t number) : flat_(number) {}
+  Value(double number) : flat_(number) {}
+  Value(DateTime moment) : flat_(moment) {}
+  Value(std::string text) { beText(std::move(text)); }
+  Value(const char* text) : Value(std::string(text)) {}
 
-  bool isNull() const { return std::holds_alternative<Null>(held_); }
+  bool isNull() const { return !isText_ && std::holds_alternative<Null>(flat_); }
 
   /// The held alternative, or nullptr when another one is held.
   template <class T>
   const T* getIf() const {
-    return std::get_if<T>(&held_);
+    if constexpr (std::is_same_v<T, std::string>) {
+      return isText_ ? &text_ : nullptr;
+    } else {
+      return isText_ ? nullptr : std::get_if<T>(&flat_);
+    }
   }
   template <class T>
   T* getIf() {
-    return std::get_if<T>(&held_);
+    return const_cast<T*>(std::as_const(*this).template getIf<T>());
   }
 
   template <class Visitor>
   decltype(auto) visit(Visitor&& visitor) const {
-    return std::visit(std::forward<Visitor>(visitor), held_);
+    if (isText_) return visitor(text_);
+    return std::visit(visitor, flat_);
   }
 
   /// Same kind and same content; no conversion takes place.
-  friend bool operator==(const Value&, const Value&) = default;
+  friend bool operator==(const Value& left, const Value& right) {
+    if (left.isText_ || right.isText_)
+      return left.isText_ && right.isText_ && left.text_ == right.text_;
+    return left.flat_ == right.flat_;
+  }
 
  private:
-  std::variant<Null, bool, std::int64_t, double, DateTime, std::string> held_;
+  using Flat = std::variant<Null, bool, std::int64_t, double, DateTime>;
+  static_assert(std::is_trivially_copyable_v<Flat>);
+
+  void beNull() noexcept {
+    if (isText_) text_.~basic_string();
+    isText_ = false;
+    flat_ = Null{};
+  }
+  /// Requires: it is null.
+  template <class String>
+  void beText(String&& text) {
+    new (&text_) std::string(std::forward<String>(text));
+    isText_ = true;
+  }
+  /// Leaves a text that holds anything. Requires: it is null.
+  void take(Value& other) noexcept {
+    if (other.isText_) {
+      beText(std::move(other.text_));
+    } else {
+      flat_ = other.flat_;
+    }
+  }
+
+  /// All but texts is copied as it lies.
+  union {
+    Flat flat_{};
+    std::string text_;
+  };
+  bool isText_ = false;
 };
 
 // Conversions. All throw PlatformError: invalidUseOfNull (94) for null, typeMismatch (13) for a
