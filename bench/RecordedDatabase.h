@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,8 +38,8 @@ class RecordedDatabase : public host::SqliteDatabase {
     note(DatabaseCall::Kind::open, handle, sql);
     return handle;
   }
-  Value getFieldValue(RecordsetHandle handle, const std::string& fieldName) override {
-    note(DatabaseCall::Kind::read, handle, fieldName);
+  Value getFieldValue(RecordsetHandle handle, std::string_view fieldName) override {
+    note(DatabaseCall::Kind::read, handle, std::string(fieldName));
     return SqliteDatabase::getFieldValue(handle, fieldName);
   }
   bool moveNext(RecordsetHandle handle) override {

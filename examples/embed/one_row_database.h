@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "contract/DatabaseReference.h"
 
@@ -32,7 +33,9 @@ class OneRowDatabase : public autonotify::DatabaseReference {
   bool gotoBookmark(Handle, autonotify::Bookmark) override { return true; }
   bool hasRecords(Handle) override { return true; }
   bool moveNext(Handle) override { return false; }
-  autonotify::Value getFieldValue(Handle, Text name) override { return row[name]; }
+  autonotify::Value getFieldValue(Handle, std::string_view name) override {
+    return row[std::string(name)];
+  }
   bool updateFieldValue(Handle, Text name, Text value, bool, bool) override {
     row[name] = value;
     return true;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "contract/DatabaseReference.h"
 
@@ -15,7 +16,7 @@ std::string textOf(const Value& value);
 class Row {
  public:
   Row(DatabaseReference& database, RecordsetHandle handle) : database_(database), handle_(handle) {}
-  Value value(const std::string& column) const { return database_.getFieldValue(handle_, column); }
+  Value value(std::string_view column) const { return database_.getFieldValue(handle_, column); }
   /// Empty for NULL.
   std::string text(const std::string& column) const;
   /// `fallback` for NULL.

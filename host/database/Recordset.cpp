@@ -32,7 +32,7 @@ Recordset::Recordset(Session& session, const std::string& sql, CursorMode cursor
   if (mayBeForAdding)
     rows_.describe();
   else
-    rows_.has(0);
+    rows_.begin();
 }
 
 std::vector<std::string> Recordset::columnNames() const {
@@ -134,7 +134,7 @@ void Recordset::requireCurrentRow() {
     throw DatabaseError(database_error::noCurrentRow, "The recordset stands on no row");
 }
 
-Value Recordset::value(const std::string& name) {
+Value Recordset::value(std::string_view name) {
   const int index = rows_.plan().columnIndex(name);
   if (newRow_) return newValue(column(index));
   requireCurrentRow();

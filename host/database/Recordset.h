@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "contract/DatabaseReference.h"
@@ -42,7 +43,7 @@ class Recordset : public RecordsetObject {
   bool find(const std::string& column, const std::string& value);
   void findNext();
 
-  Value value(const std::string& column);
+  Value value(std::string_view column);
   void update(const std::string& column, const std::string& text);
   void remove();
 

@@ -37,7 +37,7 @@ std::vector<RecordsetDatabase::Open>::iterator RecordsetDatabase::placeOf(Record
   return place != recordsets_.end() && place->handle == handle ? place : recordsets_.end();
 }
 
-Recordset& RecordsetDatabase::recordset(RecordsetHandle handle) {
+Recordset& RecordsetDatabase::earlierRecordset(RecordsetHandle handle) {
   const auto found = placeOf(handle);
   if (found != recordsets_.end()) return **found->recordset;
   driver();
@@ -122,7 +122,7 @@ bool RecordsetDatabase::moveNext(RecordsetHandle handle) {
   return true;
 }
 
-Value RecordsetDatabase::getFieldValue(RecordsetHandle handle, const std::string& fieldName) {
+Value RecordsetDatabase::getFieldValue(RecordsetHandle handle, std::string_view fieldName) {
   return recordset(handle).value(fieldName);
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "contract/DatabaseReference.h"
@@ -74,7 +75,7 @@ class RecordsetDatabase : public DatabaseReference {
   bool gotoBookmark(RecordsetHandle handle, Bookmark bookmark) override;
   bool hasRecords(RecordsetHandle handle) override;
   bool moveNext(RecordsetHandle handle) override;
-  Value getFieldValue(RecordsetHandle handle, const std::string& fieldName) override;
+  Value getFieldValue(RecordsetHandle handle, std::string_view fieldName) override;
   bool updateFieldValue(RecordsetHandle handle, const std::string& fieldName,
                         const std::string& value, bool reserved1, bool reserved2) override;
   bool deleteRecord(RecordsetHandle handle) override;
@@ -104,7 +105,12 @@ class RecordsetDatabase : public DatabaseReference {
 
   /// Where the handle stands, or the end.
   std::vector<Open>::iterator placeOf(RecordsetHandle handle);
-  Recordset& recordset(RecordsetHandle handle);
+  Recordset& recordset(RecordsetHandle handle) {
+    const bool isLast = !recordsets_.empty() && recordsets_.back().handle == handle;
+    return isLast ? **recordsets_.back().recordset : earlierRecordset(handle);
+  }
+  /// Throws DatabaseError (closed, badHandle).
+  Recordset& earlierRecordset(RecordsetHandle handle);
 
   std::unique_ptr<Driver> driver_;
   Session session_;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/DateTime.h"
@@ -61,7 +62,7 @@ class DatabaseReference {
   virtual bool hasRecords(RecordsetHandle handle) = 0;
   virtual bool moveNext(RecordsetHandle handle) = 0;
   /// A column of the current row, or of the row being added.
-  virtual Value getFieldValue(RecordsetHandle handle, const std::string& fieldName) = 0;
+  virtual Value getFieldValue(RecordsetHandle handle, std::string_view fieldName) = 0;
   /// Writes one column of the current row and saves it at once. Reserved: False, False.
   virtual bool updateFieldValue(RecordsetHandle handle, const std::string& fieldName,
                                 const std::string& value, bool reserved1, bool reserved2) = 0;

@@ -28,7 +28,7 @@ inline constexpr const char* classFrmSentNotifyBulk = "hvAutoNotifyCtrl6.clsFrmS
 inline constexpr const char* classNotificationTools = "hvAutoNotifyCtrl6.clsNotificationTools";
 
 /// The interface that DllGetClassObject gives.
-inline constexpr const char* classObjectInterface = "hvAutoNotifyCtrl6.ClassObject/4";
+inline constexpr const char* classObjectInterface = "hvAutoNotifyCtrl6.ClassObject/5";
 
 /// Creates the component's objects. Belongs to the library: never deleted, good until it is
 /// unloaded.

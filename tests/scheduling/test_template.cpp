@@ -73,7 +73,7 @@ TEST_F(Propagation, OfDatesFailsQuietly) {
 /// A host whose engine knows the columns that the reset of dates asks for.
 struct GenerousDatabase : CountedDatabase {
   using CountedDatabase::CountedDatabase;
-  Value getFieldValue(RecordsetHandle h, const std::string& field) override {
+  Value getFieldValue(RecordsetHandle h, std::string_view field) override {
     return field == "DueDate" ? Value(day) : CountedDatabase::getFieldValue(h, field);
   }
   bool findRecord(RecordsetHandle h, const std::string&, const std::string& value,

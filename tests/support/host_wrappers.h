@@ -43,8 +43,10 @@ class Counted : public Interface {
   static void tell(std::string& told, const Argument& argument) {
     constexpr bool isNumber =
         std::is_arithmetic_v<Argument> && !std::is_same_v<Interface, DatabaseReference>;
-    if constexpr (std::is_same_v<Argument, std::string>)
-      told += (told.empty() ? "" : "=") + argument;
+    constexpr bool isText =
+        std::is_same_v<Argument, std::string> || std::is_same_v<Argument, std::string_view>;
+    if constexpr (isText)
+      told.append(told.empty() ? "" : "=").append(argument);
     else if constexpr (isNumber || std::is_same_v<Argument, DateTime>)
       told += (told.empty() ? "" : "=") + toText(argument);
   }
@@ -76,7 +78,7 @@ struct CountedDatabase : Counted<DatabaseReference> {
   COUNTED(bool, gotoBookmark, (Handle h, Bookmark b), h, b)
   COUNTED(bool, hasRecords, (Handle h), h)
   COUNTED(bool, moveNext, (Handle h), h)
-  COUNTED(Value, getFieldValue, (Handle h, Text column), h, column)
+  COUNTED(Value, getFieldValue, (Handle h, std::string_view column), h, column)
   COUNTED(bool, deleteRecord, (Handle h), h)
   COUNTED(bool, addNewRecord, (Handle h), h)
   COUNTED(bool, setFieldValue, (Handle h, Text column, Text text), h, column, text)
