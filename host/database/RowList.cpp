@@ -15,7 +15,36 @@ RowList::~RowList() {
     rows_->statement->reset();
     session_.end(*this);
   }
-  session_.giveBack(std::move(memory_));
+  if (walk_ != 0 && walk_ == session_.walk())
+    session_.remember(plan_, std::move(memory_));
+  else
+    session_.giveBack(std::move(memory_));
+}
+
+/// What a look-up beside a walk finds is kept for the next one, where it is a row or none: rows
+/// that follow each other are often about one thing.
+void RowList::begin() {
+  const std::uint64_t walk = plan_->isKeyed() ? session_.walk() : 0;
+  if (walk == 0) {
+    has(0);
+    return;
+  }
+  if (!recall() && has(0)) {
+    startBuffer(0, *rows_);
+    appendValues();
+  }
+  if (!has(1)) walk_ = walk;
+}
+
+bool RowList::recall() {
+  std::unique_ptr<RowMemory> known = session_.recall(*plan_, memory_->parameters);
+  if (!known) return false;
+  memory_.swap(known);
+  session_.giveBack(std::move(known));
+  known_ = memory_->keys.empty() ? 0 : 1;
+  bufferVersion_ = session_.version();
+  complete_ = true;
+  return true;
 }
 
 bool RowList::has(std::size_t row) {

@@ -30,6 +30,8 @@ class RowList : private LiveRows {
   RowList& operator=(const RowList&) = delete;
 
   const Plan& plan() const { return *plan_; }
+  /// Goes to the first row, or finds it among those that a walk has looked up before.
+  void begin();
   /// Learns the columns without beginning. Throws as Plan::describe.
   void describe() { plan_->describe(); }
 
@@ -59,6 +61,7 @@ class RowList : private LiveRows {
   static constexpr std::size_t bufferLimit = Plan::blockRows;
 
   void settle(Settle how) override;
+  bool recall();
   void step();
   void start();
   void forget() noexcept;
@@ -91,6 +94,7 @@ class RowList : private LiveRows {
   bool complete_ = false;
   bool standsOnRow_ = false;
   std::uint64_t bufferVersion_ = 0;
+  std::uint64_t walk_ = 0;  // in which the row was looked up (see Session::walk), or 0
 };
 
 }  // namespace autonotify::host

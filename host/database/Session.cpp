@@ -151,6 +151,7 @@ void Session::insertRow(const TableDef& table, std::span<const ColumnDef* const>
 }
 
 void Session::clear() {
+  lookedUp_.clear();
   recent_.fill({});
   plans_.clear();
   plansBySkeleton_.clear();

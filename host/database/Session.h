@@ -61,6 +61,19 @@ class Session {
   /// The statement of `rows` has ended, if it was under way.
   void end(const LiveRows& rows) noexcept {
     std::erase_if(live_, [&](const Live& each) { return each.rows == &rows; });
+    if (live_.empty()) endWalk();
+  }
+
+  /// While it is the same and not 0, all that is read side by side shows one state: a statement has
+  /// been under way all the time, and nothing has been written.
+  std::uint64_t walk() const { return mayStay_ && !live_.empty() ? walk_ : 0; }
+  /// What a look-up of the walk gave for the same parameters; null where it is not known.
+  std::unique_ptr<RowMemory> recall(const Plan& plan, const std::vector<Value>& parameters) {
+    return lookedUp_.take(&plan, parameters);
+  }
+  /// The row that a look-up of the walk gave, or none.
+  void remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory) noexcept {
+    if (auto former = lookedUp_.put(plan, std::move(memory))) giveBack(std::move(former));
   }
 
   /// Rises with each write of this connection.
@@ -113,6 +126,10 @@ class Session {
   Prepared prepareInsert(const TableDef& table, std::span<const ColumnDef* const> columns);
   void settleAll(Settle how);
   int write(const TableDef& table, DriverStatement& statement, const std::vector<Value>& values);
+  void endWalk() noexcept {
+    ++walk_;
+    lookedUp_.clear();
+  }
 
   Driver& driver_;
   // By the text before the last literal: most statements come again with another id.
@@ -128,6 +145,8 @@ class Session {
   std::uint64_t version_ = 0;
   std::vector<Live> live_;
   SpareRowMemory memories_;
+  LookedUpRows lookedUp_;  // since the walk began
+  std::uint64_t walk_ = 1;
   bool isSideBySide_ = false;
   bool mayStay_ = false;  // what is under way, when the next statement begins
 };

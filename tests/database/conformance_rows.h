@@ -85,6 +85,21 @@ TEST_P(Conformance, WhatIsWrittenTogetherLastsTogetherOrNotAtAll) {
   EXPECT_EQ(desk.getFieldValue(walk, "ClientNotificationID"), Value(ids[1]));
 }
 
+TEST_P(Conformance, LookUpsBesideAWalkFindTheirRowsAgainAndAgain) {
+  addNamed(desk, {"a", "b", "c"});
+  dynamic_cast<RecordsetDatabase&>(desk).readSideBySide(true);
+  open(desk, orderedNotifications);
+  const std::string sql =
+      "SELECT ScheduleIDNum, Field1 FROM ClientNotification WHERE ScheduleIDNum";
+  const std::pair<const char*, std::vector<Value>> lookUps[] = {
+      {"=2", {"b"}}, {"=3", {"c"}}, {"=9", {}}, {">=2", {"b", "c"}}};
+  for (const auto& [which, names] : lookUps) {
+    for (int i = 0; i < 3; ++i)
+      EXPECT_EQ(column(desk, sql + which + ";", "Field1"), names) << which;
+    EXPECT_EQ(column(desk, sql + which + ";", "ScheduleIDNum").size(), names.size()) << which;
+  }
+}
+
 TEST_P(Conformance, KeysAreNeverUsedTwice) {
   const auto other = connect();
   std::set<Id> keys;

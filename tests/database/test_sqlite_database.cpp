@@ -1,5 +1,7 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
+#include <functional>
+
 #include "host/database/schema/Schema.h"
 #include "support/temporary_folder.h"
 #include "tests/database/conformance_suite.h"
@@ -85,19 +87,29 @@ TEST_F(SqliteFileTest, RowsLastAfterClosingWhichRefusesEverythingAndReadingRefus
   EXPECT_EQ(database->getFieldValue(rows, "Field1"), Value("kept"));
 }
 
-TEST_F(SqliteFileTest, AWalkSideBySideGoesOnUntilSomethingIsReadAnew) {
+TEST_F(SqliteFileTest, LookUpsBesideAWalkShowItsStateAsLongAsItGoesOn) {
   const auto desk = createSqlite(file), other = openSqlite(file);
   const Id id = addNotification(*desk, {{"Field1", "0"}});
   addNotification(*desk, {});
+  RecordsetHandle walk = noRecordset;
+  const auto walkOn = [&] {
+    while (!desk->isEndOfRecordset(walk)) desk->moveNext(walk);
+  };
+  const std::function<void()> ends[] = {
+      [&] { desk->readAnew(); }, [&] { desk->readSideBySide(false); },
+      [&] { desk->closeRecordset(walk); }, walkOn, [&] { addNotification(*desk, {}); }};
+  const auto seen = [&] { return toText(conformance::field(*desk, id, "Field1")); };
   int written = 0;
-  for (const bool isAsked : {true, false}) {
+  for (const auto& end : ends) {
+    const std::string before = std::to_string(written), after = std::to_string(++written);
     desk->readSideBySide(true);
-    desk->hasRecords(conformance::open(*desk, allNotifications));
+    walk = conformance::open(*desk, allNotifications, LockMode::readOnly);
     conformance::update(*other, conformance::open(*other, conformance::notification(id)), "Field1",
-                        std::to_string(written + 1));
-    EXPECT_EQ(conformance::field(*desk, id, "Field1"), Value(std::to_string(written++)));
-    isAsked ? desk->readAnew() : desk->readSideBySide(false);
-    EXPECT_EQ(conformance::field(*desk, id, "Field1"), Value(std::to_string(written)));
+                        after);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(seen(), before);
+    end();
+    EXPECT_EQ(seen(), after);
+    desk->readSideBySide(false);
   }
 }
 
