@@ -123,8 +123,10 @@ void fillDate(const Cell& cell) {
   if (isEmpty(cell.step(), held)) return;
   const auto date = convert(cell.step(), toDateTime, held);
   if (!date) return;
-  cell.putText(formatDateTime(*date, "mmm d, yyyy"));
-  cell.putSortValue(formatDateTime(*date, "yyyy/mm/dd"));
+  static const DateFormat shown("mmm d, yyyy");
+  static const DateFormat sorted("yyyy/mm/dd");
+  cell.putText(shown.text(*date));
+  cell.putSortValue(sorted.text(*date));
 }
 
 void fillUser(const Cell& cell) {

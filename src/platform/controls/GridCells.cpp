@@ -49,17 +49,19 @@ std::uint32_t CodeColumn::Block::at(std::size_t row) const {
   return row < rows ? code : 0;
 }
 
-void CodeColumn::Block::put(std::size_t row, std::uint32_t newCode) {
+bool CodeColumn::Block::put(std::size_t row, std::uint32_t newCode) {
+  if (at(row) == newCode) return false;
   if (!codes && row == rows && (rows == 0 || newCode == code)) {
     code = newCode;
     ++rows;
-    return;
+    return true;
   }
   if (!codes) {
     codes = std::make_unique<Codes>();
     std::fill_n(codes->begin(), rows, code);
   }
   (*codes)[row] = newCode;
+  return true;
 }
 
 std::uint32_t CodeColumn::at(std::size_t row) const {
@@ -68,11 +70,12 @@ std::uint32_t CodeColumn::at(std::size_t row) const {
 }
 
 bool CodeColumn::put(std::size_t row, std::uint32_t code) {
-  if (at(row) == code) return false;
   const std::size_t block = row / std::tuple_size_v<Codes>;
-  if (block >= blocks_.size()) blocks_.resize(block + 1);
-  blocks_[block].put(row % std::tuple_size_v<Codes>, code);
-  return true;
+  if (block >= blocks_.size()) {
+    if (code == 0) return false;
+    blocks_.resize(block + 1);
+  }
+  return blocks_[block].put(row % std::tuple_size_v<Codes>, code);
 }
 
 void GridCells::addRow() {

@@ -60,7 +60,8 @@ class CodeColumn {
     std::unique_ptr<Codes> codes;
 
     std::uint32_t at(std::size_t row) const;
-    void put(std::size_t row, std::uint32_t newCode);
+    /// False when that code was there before.
+    bool put(std::size_t row, std::uint32_t newCode);
   };
   std::vector<Block> blocks_;
 };
