@@ -10,19 +10,23 @@
 namespace autonotify::host {
 namespace {
 
-/// The rows that meet `condition`, by date. They are read to the end before anything is looked up
-/// for them: a server is asked anew for each row that was left while something else was read.
-void readNotifications(Desk& desk, const char* columns, const std::string& condition,
-                       ReadableRows<Notification>& into, Notification (*read)(const Row&)) {
-  const std::string sql = fmt::format(
-      "SELECT {} FROM ClientNotification WHERE {} ORDER BY ClientNotification.NotificationDate, "
-      "ClientNotification.ClientNotificationID;",
-      columns, condition);
-  readRows(desk.database(), notificationTable, sql, into, read);
-}
+constexpr const char* byDate = "ClientNotification.NotificationDate";
+/// Of the column in COALESCE no index is used: by that of the dates an engine would go through all
+/// rows to find a few.
+constexpr const char* fewByDate =
+    "COALESCE(ClientNotification.NotificationDate, ClientNotification.NotificationDate)";
 
-void readSummaries(Desk& desk, const std::string& condition, ReadableRows<Notification>& into) {
-  readNotifications(desk, summaryColumns, condition, into, readSummary);
+/// The rows that meet `condition`, in the order of a date. They are read to the end before anything
+/// is looked up for them: a server is asked anew for each row that was left while something else
+/// was read.
+void readNotifications(Desk& desk, const char* columns, const std::string& condition,
+                       const char* order, ReadableRows<Notification>& into,
+                       Notification (*read)(const Row&)) {
+  const std::string sql = fmt::format(
+      "SELECT {} FROM ClientNotification WHERE {} ORDER BY {}, "
+      "ClientNotification.ClientNotificationID;",
+      columns, condition, order);
+  readRows(desk.database(), notificationTable, sql, into, read);
 }
 
 /// Dated by then, for a WHERE.
@@ -56,7 +60,7 @@ std::string interruptedCondition() {
 /// What is due, by date: without fields and text.
 ReadableRows<Notification> readDue(Desk& desk) {
   ReadableRows<Notification> due;
-  readSummaries(desk, dueCondition(desk), due);
+  readNotifications(desk, summaryColumns, dueCondition(desk), byDate, due, readSummary);
   leaveOutLater(desk.today(), due);
   return due;
 }
@@ -78,15 +82,16 @@ ReadableRows<Notification> readWholeDue(Desk& desk, int channels, DateTime day) 
     if (channel & channels) types.push_back(channel);
   const std::string isOfChannels =
       fmt::format(" AND ClientNotification.NotificationType IN ({})", idList(std::move(types)));
-  readNotifications(desk, "ClientNotification.*", dueCondition(desk, day) + isOfChannels, due,
-                    readWhole);
+  readNotifications(desk, "ClientNotification.*", dueCondition(desk, day) + isOfChannels, byDate,
+                    due, readWhole);
   leaveOutLater(day, due);
   return due;
 }
 
 ReadableRows<Id> notificationsToSend(Desk& desk, int channels) {
   ReadableRows<Notification> interrupted;
-  readSummaries(desk, interruptedCondition(), interrupted);
+  readNotifications(desk, summaryColumns, interruptedCondition(), fewByDate, interrupted,
+                    readSummary);
   ReadableRows<Id> ids;
   for (const ReadableRows<Notification>& part : {interrupted, readDue(desk)}) {
     for (const Notification& row : part.rows) {
