@@ -35,9 +35,13 @@ std::unique_ptr<host::SqliteDatabase> filled(std::unique_ptr<host::SqliteDatabas
   return database;
 }
 
+void removeFile(const std::filesystem::path& path) {
+  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + suffix);
+}
+
 std::unique_ptr<host::SqliteDatabase> makeFile(const std::filesystem::path& path,
                                                const host::DemoOptions& options = {}) {
-  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path.string() + suffix);
+  removeFile(path);
   return filled(host::createSqlite(path), options);
 }
 
@@ -142,6 +146,13 @@ Firm& Firms::ofManyTasks() {
     ofManyTasks_ =
         std::make_unique<Firm>(makeFile(folder_ / "tasks.db", {.companies = 500, .contacts = 750}));
   return *ofManyTasks_;
+}
+
+std::unique_ptr<host::SqliteDatabase> Firms::copyOnDisk(const std::string& name) {
+  const std::filesystem::path path = folder_ / name;
+  removeFile(path);
+  onDisk().database().connection().exec("VACUUM INTO '" + path.string() + "'");
+  return host::openSqlite(path);
 }
 
 SQLite::Database copyInMemory(Firm& firm) {

@@ -84,6 +84,8 @@ class Firms {
   Firm& ofManyTasks();
   /// A connection to a fresh copy of the firm in memory.
   SQLite::Database copyInMemory() { return bench::copyInMemory(onDisk()); }
+  /// The same in a file of this name.
+  std::unique_ptr<host::SqliteDatabase> copyOnDisk(const std::string& name);
 
   /// Where the firm of many years is kept for other programs.
   std::filesystem::path fileOfManyYears() const { return folder_ / "million.db"; }

@@ -60,6 +60,18 @@ void readRaw(sqlite3_stmt* statement, int column) {
   }
 }
 
+bool isNumber(sqlite3_stmt* statement, int column) {
+  const char* type = sqlite3_column_decltype(statement, column);
+  return type && std::string_view(type).starts_with("INT");
+}
+
+void readKnown(sqlite3_stmt* statement, int column, bool isNumber) {
+  if (isNumber)
+    benchmark::DoNotOptimize(sqlite3_column_int64(statement, column));
+  else
+    benchmark::DoNotOptimize(sqlite3_column_text(statement, column));
+}
+
 /// Turns the calls of one piece into steps.
 class Replay::Composer {
  public:
@@ -82,8 +94,10 @@ class Replay::Composer {
     const auto found = open_.find(call.handle);
     if (found == open_.end()) return;
     sqlite3_stmt* const statement = found->second;
-    if (call.kind == read)
-      piece_.push_back({Step::Kind::read, statement, columnOf(statement, call.text)});
+    if (call.kind == read) {
+      const int column = columnOf(statement, call.text);
+      piece_.push_back({Step::Kind::read, statement, column, 0, isNumber(statement, column)});
+    }
     if (call.kind == next) piece_.push_back({Step::Kind::row, statement});
     if (call.kind == close) {
       end(statement);
@@ -187,7 +201,7 @@ void Replay::run(std::size_t piece) {
         sqlite3_step(step.statement);
         break;
       case Step::Kind::read:
-        readRaw(step.statement, step.place);
+        readKnown(step.statement, step.place, step.isNumber);
         break;
       case Step::Kind::end:
         sqlite3_reset(step.statement);

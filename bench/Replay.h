@@ -23,6 +23,10 @@ using RawValue = std::unique_ptr<sqlite3_value, StatementDeleter>;
 RawStatement prepareRaw(sqlite3* connection, std::string_view sql);
 /// Reads a column of the current row as what it is, copying nothing.
 void readRaw(sqlite3_stmt* statement, int column);
+/// Whether a table's column holds numbers, as whoever reads it knows.
+bool isNumber(sqlite3_stmt* statement, int column);
+/// Reads a column of the current row in one call.
+void readKnown(sqlite3_stmt* statement, int column, bool isNumber);
 
 /// The floor: the calls of one piece of work, as nothing but the engine's own statements, prepared
 /// before and shared by all pieces. Rows added go in as one INSERT each, with the key and the
@@ -44,6 +48,7 @@ class Replay {
     sqlite3_stmt* statement;
     int place = 0;
     std::size_t value = 0;
+    bool isNumber = false;
   };
   using Piece = std::vector<Step>;
   class Composer;

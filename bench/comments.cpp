@@ -9,8 +9,14 @@
 namespace autonotify::bench {
 namespace {
 
-void generateComments(benchmark::State& state, Firms& firms) {
-  Firm& firm = firms.inMemory();
+struct CommentPlace {
+  const char* name;
+  Firm& (Firms::*firm)();
+};
+constexpr CommentPlace commentPlaces[] = {{"comments", &Firms::inMemory},
+                                          {"comments_disk", &Firms::onDisk}};
+
+void generateComments(benchmark::State& state, Firm& firm) {
   firm.attach();
   const auto generateAll = [&] {
     for (const Id entry : firm.entries())
@@ -21,13 +27,13 @@ void generateComments(benchmark::State& state, Firms& firms) {
   firm.requireNoErrors();
 }
 
-std::unique_ptr<Replay> recordComments(Firms& firms) {
+std::unique_ptr<Replay> recordComments(Firms& firms, Firm& measured) {
   auto recorded = std::make_unique<RecordedDatabase>(firms.copyInMemory());
   RecordedDatabase& database = *recorded;
   Firm firm(std::move(recorded));
   firm.attach();
-  auto replay = std::make_unique<Replay>(firms.inMemory().connection());
-  for (const Id entry : firms.inMemory().entries()) {
+  auto replay = std::make_unique<Replay>(measured.connection());
+  for (const Id entry : measured.entries()) {
     generateClientAutoNotifyComment(entry);
     replay->add(database.takeCalls(), firm.connection());
   }
@@ -35,8 +41,8 @@ std::unique_ptr<Replay> recordComments(Firms& firms) {
   return replay;
 }
 
-void replayComments(benchmark::State& state, Firms& firms) {
-  const std::unique_ptr<Replay> replay = recordComments(firms);
+void replayComments(benchmark::State& state, Firms& firms, Firm& firm) {
+  const std::unique_ptr<Replay> replay = recordComments(firms, firm);
   const auto replayAll = [&] {
     for (std::size_t piece = 0; piece < replay->pieces(); ++piece) replay->run(piece);
   };
@@ -47,8 +53,15 @@ void replayComments(benchmark::State& state, Firms& firms) {
 }  // namespace
 
 void registerComments(Firms& firms) {
-  benchmark::RegisterBenchmark("comments/ours", [&](auto& s) { generateComments(s, firms); });
-  benchmark::RegisterBenchmark("comments/floor", [&](auto& s) { replayComments(s, firms); });
+  for (const CommentPlace& place : commentPlaces) {
+    const std::string row = place.name;
+    benchmark::RegisterBenchmark((row + "/ours").c_str(), [&](auto& state) {
+      generateComments(state, (firms.*place.firm)());
+    });
+    benchmark::RegisterBenchmark((row + "/floor").c_str(), [&](auto& state) {
+      replayComments(state, firms, (firms.*place.firm)());
+    });
+  }
 }
 
 }  // namespace autonotify::bench

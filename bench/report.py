@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS.json MEMORY.json PROGRAMS MILLION.db"""
+"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS.json LONG.json MEMORY.json PROGRAMS MILLION.db"""
 import json
 import resource
 import statistics
@@ -13,7 +13,8 @@ ROWS = [
     ("single_row", "single row by key: open, read 3 columns, close", "raw prepared SQLite", 2.0),
     ("merge_seen", "merge of a 1.5 kB letter, 12 fields, template seen before", "ctemplate, parsed once", 3.0),
     ("merge_new", "the same, template never seen", "ctemplate, parse and render", 4.0),
-    ("comments", "`generateClientAutoNotifyComment`, 1,000 tasks", "the same SELECTs raw", 2.5),
+    ("comments", "`generateClientAutoNotifyComment`, 1,000 tasks, in memory", "the same SELECTs raw", 2.5),
+    ("comments_disk", "the same on disk", "the same SELECTs raw", 2.5),
     ("add_email_disk", "add one email notification, on disk", "its SELECTs and INSERT raw", 2.0),
     ("add_letter_disk", "add one letter notification, on disk", "its SELECTs and INSERT raw", 2.0),
     ("add_email_memory", "add one email notification, in memory", "its SELECTs and INSERT raw", 2.0),
@@ -21,7 +22,8 @@ ROWS = [
     ("open_email", "opening the composer of an email, and closing it", "its statements raw, no column read", None),
     ("open_letter", "the same of a letter", "its statements raw, no column read", None),
     ("open_editor", "opening the editor of templates on 250 kinds", "its statements raw, no column read", None),
-    ("propagation", "a template carried into 10,000 unsent notifications", "the single merges and writes", 1.5),
+    ("propagation_memory", "a template carried into 10,000 unsent notifications, in memory", "its SELECTs and UPDATEs raw", 1.5),
+    ("propagation_disk", "the same into 200, on disk", "its SELECTs and UPDATEs raw", 1.5),
     ("bulk_year", "a year of 10,000 tasks armed by four channels", "its statements raw, key by key", 1.5),
     ("list_default", "100,000 notifications into the list, its default columns", "the columns and names in one raw scan, a look at the clock a row", 2.0),
     ("list_all", "the same with all columns", "the same", 2.0),
@@ -112,10 +114,11 @@ def load(path):
         return json.load(file)
 
 
-results = load(sys.argv[1])
-print("\n".join(table(readings(results)[0], readings(load(sys.argv[2]))[1])))
+results = {"benchmarks": [run for path in sys.argv[1:3] for run in load(path)["benchmarks"]]}
+programs = sys.argv[4]
+print("\n".join(table(readings(results)[0], readings(load(sys.argv[3]))[1])))
 print("\n".join(loaded_list(results)))
-print(due_on(f"{sys.argv[3]}/hvnotify", sys.argv[4]))
-print(letters_printed(f"{sys.argv[3]}/many_letters"))
+print(due_on(f"{programs}/hvnotify", sys.argv[5]))
+print(letters_printed(f"{programs}/many_letters"))
 for count in (100_000, 1_000_000):
-    print(rows_of_a_grid(f"{sys.argv[3]}/grid_rows", count))
+    print(rows_of_a_grid(f"{programs}/grid_rows", count))

@@ -33,10 +33,12 @@ void readRawRow(benchmark::State& state, Firms& firms) {
       prepareRaw(firms.inMemory().connection(), std::string(select) + "?");
   const std::vector<Id>& entries = firms.inMemory().entries();
   std::size_t next = 0;
+  bool areNumbers[3];
+  for (int i = 0; i < 3; ++i) areNumbers[i] = isNumber(statement.get(), i);
   for (auto _ : state) {
     sqlite3_bind_int(statement.get(), 1, entries[next]);
     sqlite3_step(statement.get());
-    for (int i = 0; i < 3; ++i) readRaw(statement.get(), i);
+    for (int i = 0; i < 3; ++i) readKnown(statement.get(), i, areNumbers[i]);
     sqlite3_reset(statement.get());
     next = next + 1 == entries.size() ? 0 : next + 1;
   }

@@ -1,0 +1,153 @@
+#!/usr/bin/env python3
+"""Whole runs of the console program, each beside its floor, ours and floor in turns.
+
+Usage: report_console.py PROGRAMS FOLDER
+
+PROGRAMS holds hvnotify and console_floors. In FOLDER a firm of 50,000 clients is made, and
+kept for the next time.
+"""
+import contextlib
+import os
+import re
+import shutil
+import sqlite3
+import statistics
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+TODAY = "2026-04-15"
+CLIENTS, EMAILS, TASKS, TURNS = 50_000, 2_000, 1_000, 5
+# A day that no other notification has.
+DAY = "2001-01-02"
+# Nothing but these emails is due.
+PREPARED = f"""
+    UPDATE ClientNotification SET NotificationSent=1, NotificationSentStatus=2
+        WHERE NotificationSent=0 AND NotificationDate<='{TODAY}';
+    UPDATE ClientNotification SET NotificationDate='{DAY}' WHERE ClientNotificationID IN
+        (SELECT ClientNotificationID FROM ClientNotification WHERE NotificationType=1 AND
+         NotificationSent=0 AND Field1<>'' ORDER BY ClientNotificationID LIMIT {EMAILS})"""
+UNSENT = f"""UPDATE ClientNotification SET NotificationSent=0, NotificationSentStatus=1, SentTime=NULL
+    WHERE NotificationDate='{DAY}'"""
+FREE = """SELECT ScheduleID FROM Schedule WHERE Closed=0 AND notifyType=0 AND ClientNum>=0 AND
+    DueDate>'2026-07-01' ORDER BY ScheduleID LIMIT {}"""
+
+
+class Firm:
+    def __init__(self, programs, folder):
+        self.programs, self.folder = programs, folder
+        self.place, self.outbox = folder / "clients.db", folder / "clients.db.outbox"
+        if not self.place.exists():
+            self.make()
+
+    def make(self):
+        draft = self.folder / "clients.draft.db"
+        for suffix in ("", "-wal", "-shm"):
+            Path(f"{draft}{suffix}").unlink(missing_ok=True)
+        subprocess.run([self.programs / "hvnotify", "--database", draft, "--today", TODAY, "init",
+                        "--demo", "--clients", str(CLIENTS)], check=True, stdout=subprocess.DEVNULL)
+        with contextlib.closing(sqlite3.connect(draft)) as connection:
+            connection.executescript(PREPARED)
+        draft.rename(self.place)
+
+    def write(self, statement):
+        """What was written is on the disk before a turn begins."""
+        with contextlib.closing(sqlite3.connect(self.place)) as connection:
+            connection.execute(statement)
+            connection.commit()
+            connection.execute("PRAGMA wal_checkpoint(TRUNCATE)")
+
+    def ids(self, statement):
+        with contextlib.closing(sqlite3.connect(self.place)) as connection:
+            return [str(row[0]) for row in connection.execute(statement)]
+
+    def run(self, *arguments):
+        return Run([self.programs / "hvnotify", "--batch", "--database", self.place, "--today", TODAY,
+                    *arguments])
+
+    def floor(self, work, *arguments):
+        return Run([self.programs / "console_floors", work, self.place, *arguments])
+
+
+class Run:
+    """A process: its seconds by the clock and of the processor, the most memory, and its lines."""
+
+    def __init__(self, command):
+        begin = time.monotonic()
+        with subprocess.Popen(command, stdout=subprocess.PIPE) as process:
+            self.lines = process.stdout.read().count(b"\n")
+            _, status, used = os.wait4(process.pid, 0)
+            process.returncode = os.waitstatus_to_exitcode(status)
+        self.clock = time.monotonic() - begin
+        self.processor, self.megabytes = used.ru_utime + used.ru_stime, used.ru_maxrss / 1024
+        if process.returncode != 0:
+            sys.exit(f"{command} ended with {process.returncode}")
+
+
+def turns(*sides, of="processor", times=TURNS):
+    """The medians of what each side takes, in turns."""
+    taken = [[getattr(side(), of) for side in sides] for _ in range(times)]
+    return [statistics.median(column) for column in zip(*taken)]
+
+
+def row(work, ours, floor, ratio="-", aim="-"):
+    return f"| {work} | {ours} | {floor} | {ratio} | {aim} |"
+
+
+def sending(firm):
+    folder = firm.folder / "floor.outbox"
+
+    def prepared(run):
+        firm.write(UNSENT)
+        for each in (folder, firm.outbox):
+            shutil.rmtree(each, ignore_errors=True)
+        folder.mkdir()
+        return run()
+
+    ours, floor = turns(lambda: prepared(lambda: firm.run("send", "--due")),
+                        lambda: prepared(lambda: firm.floor("send", folder)), of="clock")
+    return row(f"`send --due`, {EMAILS:,} emails into the outbox", f"{EMAILS / ours:,.0f}/s",
+               f"{EMAILS / floor:,.0f}/s (write, sync, name and mark, 64 at a time)",
+               f"{ours / floor:.2f} x", "1.5 x")
+
+
+def listing(firm):
+    last = firm.run("tasks")
+    ours, floor = turns(lambda: firm.run("tasks"), lambda: firm.floor("tasks"))
+    return row(f"`tasks`, {last.lines - 1:,} rows", f"{ours:.2f} s, {last.megabytes:.0f} MiB",
+               f"{floor:.2f} s (the SELECT raw)", f"{ours / floor:.2f} x", "1.5 x, 40 MiB")
+
+
+def arming(firm):
+    tasks = firm.ids(FREE.format(TASKS + TURNS))
+    one = statistics.median(firm.run("arm", task, "--channel", "email").clock for task in tasks[:TURNS])
+    many = firm.run("arm", *tasks[TURNS:], "--channel", "email").clock
+    yield row(f"`arm` of one email, a process, {CLIENTS:,} clients", f"{one * 1e3:.1f} ms", "-",
+              aim="15 ms")
+    yield row(f"`arm` of {TASKS:,} emails, one process", f"{many / TASKS * 1e3:.2f} ms each", "-")
+    subprocess.run([firm.programs / "hvnotify", "--batch", "--database", firm.place, "--today", TODAY,
+                    "disarm", *tasks, "--channel", "email"], check=True, stdout=subprocess.DEVNULL)
+
+
+def no_work(program, folder):
+    """A program that loads what the other one does, and does nothing."""
+    listed = subprocess.run(["readelf", "-d", program], check=True, capture_output=True, text=True).stdout
+    libraries = [f"-l:{name}" for name in re.findall(r"NEEDED.*\[(.*)\]", listed)]
+    made = folder / "no_work"
+    subprocess.run(["c++", "-x", "c++", "-", "-o", made, "-Wl,--no-as-needed", *libraries],
+                   input="int main() {}", check=True, text=True)
+    return made
+
+
+def starting(firm):
+    empty = no_work(firm.programs / "hvnotify", firm.folder)
+    ours, floor = turns(lambda: firm.run("--help"), lambda: Run([empty]), times=25)
+    return row("start of the console", f"{ours * 1e3:.1f} ms",
+               f"{floor * 1e3:.1f} ms (an empty program with the same libraries)",
+               f"{ours / floor:.2f} x")
+
+
+firm = Firm(Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve())
+for line in (sending(firm), listing(firm), *arming(firm), starting(firm)):
+    print(line, flush=True)
