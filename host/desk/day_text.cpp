@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "platform/date_time_text.h"
-#include "platform/format.h"
 
 namespace autonotify::host {
 
@@ -19,7 +18,7 @@ std::string dateFault(std::string_view text) {
 }
 
 std::string dayText(DateTime moment) {
-  return moment.isZero() ? "-" : formatDateTime(moment, "yyyy-mm-dd");
+  return moment.isZero() ? "-" : dateTimeText(moment.dateOnly());
 }
 
 }  // namespace autonotify::host

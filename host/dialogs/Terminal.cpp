@@ -1,8 +1,19 @@
 #include "host/dialogs/Terminal.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 
 namespace autonotify::host {
+namespace {
+
+/// A byte that no terminal takes for an order, whatever stands before it.
+bool isHarmless(char byte) {
+  const auto code = static_cast<unsigned char>(byte);
+  return code >= 0x20 && code != 0x7F && code != 0x9B;
+}
+
+}  // namespace
 
 void Terminal::say(std::string_view line) {
   if (out) *out << terminalText(line) << std::endl;
@@ -21,6 +32,7 @@ std::size_t Terminal::ask(std::string_view question, std::string_view answers,
 }
 
 std::string terminalText(std::string_view text) {
+  if (std::ranges::all_of(text, isHarmless)) return std::string(text);
   std::string shown;
   for (const char byte : text) {
     const auto code = static_cast<unsigned char>(byte);
