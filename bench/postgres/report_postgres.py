@@ -5,6 +5,7 @@ Usage: report_postgres.py RESULTS.json HVNOTIFY SERVER_FOLDER
 """
 
 import json
+import re
 import socket
 import statistics
 import subprocess
@@ -16,11 +17,39 @@ from pathlib import Path
 TODAY = "2026-04-15"
 
 
+CONTROL = re.compile(rb"(BEGIN|COMMIT|ROLLBACK|SAVEPOINT|RELEASE|SET)\b")
+
+
+class Statements:
+    """Counts the statements in what a client says: each asks for an exchange at least, as the next
+    one depends on its answer. What only parts transactions from each other is none of them."""
+
+    def __init__(self):
+        self.heard, self.isStarted, self.count = b"", False, 0
+
+    def hear(self, data):
+        self.heard += data
+        while (size := self.sizeOfFirst()) and len(self.heard) >= size:
+            message, self.heard = self.heard[:size], self.heard[size:]
+            if self.isStarted:
+                self.count += message[:1] == b"E" or (
+                    message[:1] == b"Q" and not CONTROL.match(message[5:]))
+            self.isStarted = True
+
+    def sizeOfFirst(self):
+        """The first message of all has no letter before its size."""
+        before = 1 if self.isStarted else 0
+        if len(self.heard) < before + 4:
+            return 0
+        return before + int.from_bytes(self.heard[before:before + 4], "big")
+
+
 class Counter:
-    """Stands between a program and the server and counts how often the word passes to the server."""
+    """Stands between a program and the server and counts how often the word passes to the server, and
+    the statements."""
 
     def __init__(self, server, folder):
-        self.server, self.exchanges = str(server / ".s.PGSQL.5432"), 0
+        self.server, self.exchanges, self.clients = str(server / ".s.PGSQL.5432"), 0, []
         self.listener = socket.socket(socket.AF_UNIX)
         self.listener.bind(str(folder / ".s.PGSQL.5432"))
         self.listener.listen()
@@ -31,12 +60,16 @@ class Counter:
             client, _ = self.listener.accept()
             server = socket.socket(socket.AF_UNIX)
             server.connect(self.server)
-            speaker = [None]
+            speaker, statements = [None], Statements()
+            self.clients.append(statements)
             for source, target in ((client, server), (server, client)):
-                threading.Thread(target=self.pass_on, args=(source, target, speaker, client),
+                threading.Thread(target=self.pass_on, args=(source, target, speaker, client, statements),
                                  daemon=True).start()
 
-    def pass_on(self, source, target, speaker, client):
+    def counts(self):
+        return self.exchanges, sum(client.count for client in self.clients)
+
+    def pass_on(self, source, target, speaker, client, statements):
         while True:
             try:
                 data = source.recv(1 << 16)
@@ -48,6 +81,8 @@ class Counter:
             if source is client and speaker[0] is not client:
                 self.exchanges += data[:1] != b"X"
             speaker[0] = source
+            if source is client:
+                statements.hear(data)
             target.sendall(data)
 
 
@@ -69,23 +104,28 @@ def main():
         counter = Counter(server, folder)
 
         def run(*arguments):
-            before = counter.exchanges
+            before = counter.counts()
             done = subprocess.run(
                 [program, "--batch", "--json", "--database", f"postgresql://firm@/postgres?host={name}",
                  "--today", TODAY, "--outbox", folder / "outbox", *map(str, arguments)],
                 check=True, text=True, stdout=subprocess.PIPE)
-            return counter.exchanges - before, json.loads(done.stdout)
+            counted = [after - former for after, former in zip(counter.counts(), before)]
+            return counted, json.loads(done.stdout)
 
-        alone, _ = run("show", 1)
+        def tell(work, counted):
+            exchanges, statements = counted
+            print(f"| {work} | {exchanges} | {statements} | {exchanges / statements:.2f} x |")
+
         tasks = [row["task"] for row in run("tasks")[1] if not row["channels"]]
         due = [row for row in run("due")[1] if row["channel"] == "email"]
-        print("| command, a process of its own | exchanges with the server |\n|---|---|")
-        print(f"| show one notification | {alone} |")
-        print(f"| list what is due ({len(due)} emails among it) | {run('due')[0]} |")
-        print(f"| arm one email | {run('arm', tasks[-1], '--channel', 'email')[0]} |")
-        print(f"| send one email | {run('send', due[0]['notification'])[0]} |")
-        count, sent = run("send", "--due")
-        print(f"| send all that is due ({len(sent)} rows) | {count} |")
+        print("| command, a process of its own | exchanges with the server | its statements | ratio |\n"
+              "|---|---|---|---|")
+        tell("show one notification", run("show", 1)[0])
+        tell(f"list what is due ({len(due)} emails among it)", run("due")[0])
+        tell("arm one email", run("arm", tasks[-1], "--channel", "email")[0])
+        tell("send one email", run("send", due[0]["notification"])[0])
+        counted, sent = run("send", "--due")
+        tell(f"send all that is due ({len(sent)} rows)", counted)
 
 
 if __name__ == "__main__":
