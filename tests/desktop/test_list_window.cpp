@@ -17,6 +17,7 @@ using testing::IsEmpty;
 
 constexpr int sentColumn = 18;
 constexpr int sentStatus = 19;
+constexpr int sentDate = 20;
 constexpr int sendNow = 29;
 constexpr int cancelSend = 30;
 constexpr int viewInfo = 31;
@@ -213,8 +214,11 @@ TEST_F(ListWindow, TheRoadLeadsFromTheTickOfTheWizardToSentInTheRow) {
       EXPECT_EQ(read(composer, "staticNoteClient"), client);
       finish(composer);
     });
+    const int day = tableOf(list).fontMetrics().horizontalAdvance("May 30, 2026");
+    EXPECT_LT(tableOf(list).columnWidth(sentDate), day) << "no room for nothing";
     click(list, 0, sendNow);
     EXPECT_EQ(tableOf(list).model()->index(0, sentStatus).data().toString(), "Sent");
+    EXPECT_GT(tableOf(list).columnWidth(sentDate), day);
   });
   EXPECT_THAT(told, IsEmpty());
   EXPECT_EQ(sent(), 1);

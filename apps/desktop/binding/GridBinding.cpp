@@ -126,6 +126,13 @@ void GridBinding::drawList() {
   model_.reload();
 }
 
+/// A column in which the first day has come needs room for it.
+void GridBinding::drawRows(const RowChange& change) {
+  model_.showChange(change);
+  if (change.kind == RowChange::Kind::changed && isDrawnAsItIs() && fitted_ != widths())
+    drawColumns();
+}
+
 /// A work that ended half way leaves the painting off: what is drawn is not what the rows are by
 /// now, and no click would reach them.
 void GridBinding::drawNothing() {
@@ -202,6 +209,7 @@ GridBinding::Widths GridBinding::widths() const {
       widths.buttons += drawnWidth(column);
     } else {
       widths.told.emplace_back(column, told);
+      if (isEmptyOfDays(column)) widths.empty.push_back(column);
     }
   }
   return widths;
@@ -223,10 +231,11 @@ void GridBinding::stretch(const Widths& all, double room) {
   for (const auto& [column, told] : all.told) wishes.push_back(wishOf(column, pixelsOf(told)));
   const std::vector<double> fitted = fitColumns(wishes, room);
   for (std::size_t i = 0; i < fitted.size(); ++i)
-    stretches_[all.told[i].first] = std::floor(fitted[i]) / wishes[i].told;
+    stretches_[all.told[i].first] = std::floor(fitted[i]) / pixelsOf(all.told[i].second);
 }
 
-/// Days are never cut off. A tick needs what its heading does.
+/// Days are never cut off; where there are none, the heading alone counts. A tick needs what its
+/// heading does.
 ColumnWish GridBinding::wishOf(int column, double told) const {
   const QString text = shown(control_.get_ColHeading(column));
   const double heading = widthOfText(text);
@@ -234,12 +243,20 @@ ColumnWish GridBinding::wishOf(int column, double told) const {
   for (const QString& each : text.split(' ')) word = std::max<double>(word, widthOfText(each));
   switch (control_.get_colType(column)) {
     case grid_column::date:
+      if (isEmptyOfDays(column)) return {word, heading, 0, false, word};
       return {told, heading, static_cast<double>(widthOfText(widestDay)), true, word};
     case grid_column::tick:
       return {told, heading, heading, false, word};
     default:
       return {told, heading, widthOfWords(column), false, word};
   }
+}
+
+bool GridBinding::isEmptyOfDays(int column) const {
+  if (control_.get_colType(column) != grid_column::date) return false;
+  for (int row = 0; row < std::min(control_.get_Rows(), rowsMeasured); ++row)
+    if (!control_.get_CellText(row, column).empty()) return false;
+  return true;
 }
 
 double GridBinding::widthOfWords(int column) const {

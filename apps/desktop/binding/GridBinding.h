@@ -28,7 +28,7 @@ class GridBinding : public BindingOf<Grid, QTableView> {
   void drawState() override;
   void drawValue() override;
   void drawList() override;
-  void drawRows(const RowChange& change) override { model_.showChange(change); }
+  void drawRows(const RowChange& change) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -58,6 +58,8 @@ class GridBinding : public BindingOf<Grid, QTableView> {
   struct Widths {
     /// Columns without buttons, and their twips.
     std::vector<std::pair<int, int>> told;
+    /// Of days, of which there is none yet.
+    std::vector<int> empty;
     int toldButtons = 0;
     int buttons = 0;  ///< pixels, as they are drawn
     bool operator==(const Widths&) const = default;
@@ -66,6 +68,8 @@ class GridBinding : public BindingOf<Grid, QTableView> {
   void stretch(const Widths& all, double room);
   ColumnWish wishOf(int column, double told) const;
   double widthOfWords(int column) const;
+  /// Of the rows that are measured none has a day in it.
+  bool isEmptyOfDays(int column) const;
   double stretchOf(int column) const;
   int widthOfText(const QString& text) const;
   int drawnWidth(int column) const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace autonotify::desktop {
 namespace {
@@ -22,13 +23,20 @@ double leastOf(const ColumnWish& column) {
 /// Where no column may be wider than `most`, if it can.
 double narrowedTo(double most, const ColumnWish& column) {
   if (column.isRigid) return leastOf(column);
-  return std::max(std::min({column.told, column.words, most}), column.headingWord);
+  return std::max(std::min(column.words, most), column.headingWord);
 }
 
 template <class Width>
 ColumnWidths widthsOf(const std::vector<ColumnWish>& columns, Width widthOf) {
   ColumnWidths widths;
   for (const ColumnWish& column : columns) widths.push_back(widthOf(column));
+  return widths;
+}
+
+/// All have their share of what is left of the room.
+ColumnWidths grown(ColumnWidths widths, double room) {
+  const double share = std::max(room / sumOf(widths), 1.0);
+  for (double& width : widths) width *= share;
   return widths;
 }
 
@@ -50,16 +58,11 @@ double levelOf(const std::vector<ColumnWish>& columns, double room) {
 std::vector<double> fitColumns(const std::vector<ColumnWish>& columns, double room) {
   ColumnWidths widths = widthsOf(
       columns, [](const ColumnWish& column) { return std::max(leastOf(column), column.heading); });
-  const double share = room / sumOf(widths);
-  if (share >= 1) {
-    for (double& width : widths) width *= share;
-    return widths;
-  }
-  widths = widthsOf(columns, leastOf);
-  if (sumOf(widths) <= room) return widths;
+  if (sumOf(widths) <= room) return grown(std::move(widths), room);
   const double level = levelOf(columns, room);
-  if (level < leastWidth) return widths;
-  return widthsOf(columns, [=](const ColumnWish& each) { return narrowedTo(level, each); });
+  if (level < leastWidth) return widthsOf(columns, leastOf);
+  widths = widthsOf(columns, [=](const ColumnWish& each) { return narrowedTo(level, each); });
+  return grown(std::move(widths), room);
 }
 
 }  // namespace autonotify::desktop

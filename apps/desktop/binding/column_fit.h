@@ -18,8 +18,8 @@ struct ColumnWish {
 };
 
 /// The widths of the columns, in their order, for this room. Where there is enough, headings are
-/// whole and all share what is left. Where there is little, columns are no wider than their words,
-/// and the widest give way first. Where too little would be left of them, all are as they are told,
+/// whole and all share what is left. Where there is little, columns are as wide as their words, and
+/// the widest give way first. Where too little would be left of them, all are as they are told,
 /// wider than the room.
 std::vector<double> fitColumns(const std::vector<ColumnWish>& columns, double room);
 
