@@ -3,6 +3,7 @@
 #include "MainWindowTest.h"
 #include "day/DayModel.h"
 #include "day/DayPage.h"
+#include "day/ElidedLabel.h"
 #include "day/Navigation.h"
 #include "host/desk/work/due_list.h"
 
@@ -246,6 +247,27 @@ TEST_F(DayPageTest, ItIsWorkedByKeysAndFoundWhileTyping) {
     EXPECT_EQ(window_->findChild<Navigation*>()->currentItem()->text(),
               Navigation::textOf(static_cast<Place>(place - 1)));
   }
+}
+
+TEST_F(DayPageTest, NamesKeepRoomInANarrowWindow) {
+  openDay();
+  for (const int width : {1200, 640, 1200}) {
+    window_->resize(width, 400);
+    settle();
+    EXPECT_EQ(window_->width(), width);
+    EXPECT_GT(view().columnWidth(DayModel::client), 80) << width;
+    EXPECT_EQ(view().isColumnHidden(DayModel::due), width == 640);
+    EXPECT_EQ(view().isColumnHidden(DayModel::act), false);
+  }
+}
+
+TEST(ElidedLabel, EndsInDotsWhereItHasNoRoom) {
+  ElidedLabel label(nullptr), cut(nullptr);
+  label.setText("somebody.with.a.name@somewhere.example");
+  for (QLabel* each : {&label, &cut}) each->resize(100, 20);
+  cut.setText(label.fontMetrics().elidedText(label.text(), Qt::ElideRight, 100));
+  EXPECT_TRUE(cut.text().endsWith(QChar(0x2026)));
+  EXPECT_EQ(label.grab().toImage(), cut.grab().toImage());
 }
 
 TEST_F(DayPageTest, AClientsPageHasAllThatItWasToldAndWillBe) {

@@ -2,6 +2,8 @@
 
 #include <QVBoxLayout>
 
+#include "day/ElidedLabel.h"
+
 namespace autonotify::desktop {
 namespace {
 
@@ -19,12 +21,9 @@ Card::Card(QWidget* parent) : QFrame(parent), layout_(new QVBoxLayout(this)) {
 }
 
 QLabel* Card::newLabel(const char* name, bool isSecondary) {
-  auto* label = new QLabel(this);
+  auto* label = new ElidedLabel(this);
   label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
   if (isSecondary) label->setForegroundRole(QPalette::PlaceholderText);
-  // A long text is cut and does not widen the card.
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   return label;
 }
 

@@ -82,7 +82,7 @@ void ClientCardView::showClient(host::Desk* desk, const host::DayLine* line) {
   const QString none = line ? tr("none on file") : QString();
   email_->setText(card.email.empty() ? none : shown(card.email));
   phone_->setText(card.phone.empty() ? none : shown(card.phone));
-  for (QLabel* label : {name_, email_}) label->setToolTip(label->text());
+  for (QLabel* label : {name_, accountant_, email_, phone_}) label->setToolTip(label->text());
   email_->setAccessibleName(tr("Email: %1").arg(email_->text()));
   phone_->setAccessibleName(tr("Phone: %1").arg(phone_->text()));
   text_->setText(text);

@@ -17,6 +17,7 @@
 #include "day/DayFilter.h"
 #include "day/DayModel.h"
 #include "day/DayView.h"
+#include "day/ElidedLabel.h"
 #include "day/WeeksCard.h"
 #include "day/day_formats.h"
 #include "day/day_groups.h"
@@ -47,8 +48,9 @@ constexpr ShareButton shareButtons[] = {
      host::DayShare::myClients},
 };
 
-QLabel* plainLabel(QWidget* parent, const char* name) {
-  auto* label = new QLabel(parent);
+template <class LabelType = QLabel>
+LabelType* plainLabel(QWidget* parent, const char* name) {
+  auto* label = new LabelType(parent);
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   return label;
@@ -106,6 +108,12 @@ void DayPage::makeSide() {
   connect(card_, &ClientCardView::historyWanted, this, &DayPage::historyWanted);
 }
 
+/// The side goes where it has no room.
+QSize DayPage::minimumSizeHint() const {
+  const QSize least = QWidget::minimumSizeHint();
+  return side_->isVisibleTo(this) ? least - QSize(sideWidth + marginOfDay, 0) : least;
+}
+
 void DayPage::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   side_->setVisible(width() >= leastWidthWithSide);
@@ -139,9 +147,8 @@ QWidget* DayPage::makeHead() {
   large.setPointSizeF(large.pointSizeF() * 1.5);
   large.setWeight(QFont::DemiBold);
   title_->setFont(large);
-  summary_ = plainLabel(head, "daySummary");
+  summary_ = plainLabel<ElidedLabel>(head, "daySummary");
   summary_->setForegroundRole(QPalette::PlaceholderText);
-  summary_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   words->addWidget(title_);
   words->addWidget(summary_);
   layout->addLayout(words, 1);
@@ -189,7 +196,7 @@ QWidget* DayPage::makeMore() {
   more_ = new QWidget(this);
   auto* layout = new QHBoxLayout(more_);
   layout->setContentsMargins({});
-  leftOut_ = plainLabel(more_, "rowsLeftOut");
+  leftOut_ = plainLabel<ElidedLabel>(more_, "rowsLeftOut");
   auto* button = new QPushButton(tr("Show more"), more_);
   button->setObjectName("showMore");
   connect(button, &QPushButton::clicked, this, &DayPage::showMore);

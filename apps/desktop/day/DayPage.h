@@ -28,6 +28,7 @@ class DayPage : public QWidget {
  public:
   explicit DayPage(QWidget* parent);
 
+  QSize minimumSizeHint() const override;
   /// Null shows nothing. `desk` must outlive its use here.
   void setDesk(host::Desk* desk);
   /// Reads anew what is shown, and keeps to the row.

@@ -17,6 +17,8 @@ namespace {
 
 constexpr int frameOfCurrentRow = 2;
 constexpr int roomBesideDay = 16;
+/// In characters.
+constexpr int leastName = 16;
 
 }  // namespace
 
@@ -84,7 +86,8 @@ void DayView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) layOut();
 }
 
-/// Names take what the others leave.
+/// Names take what the others leave. Where that is too little, columns go that a row can do
+/// without.
 void DayView::layOut() {
   const QFontMetrics font = fontMetrics();
   const int day = font.horizontalAdvance(shortDate(QDate(2026, 9, 30))) + roomBesideDay;
@@ -93,10 +96,16 @@ void DayView::layOut() {
                                        {DayModel::channel, 2 * font.height()},
                                        {DayModel::state, DayDelegate::chipColumnWidth(font)},
                                        {DayModel::act, DayDelegate::buttonColumnWidth(font)}};
+  const int names = 2 * leastName * font.averageCharWidth();
   int rest = viewport()->width();
   for (const auto& [column, width] : fixed) {
     setColumnWidth(column, width);
     rest -= width;
+  }
+  for (const auto& [column, width] : fixed) {
+    const bool isDispensable = column == DayModel::due || column == DayModel::state;
+    setColumnHidden(column, isDispensable && rest < names);
+    if (isColumnHidden(column)) rest += width;
   }
   setColumnWidth(DayModel::client, rest / 2);
   setColumnWidth(DayModel::task, rest - rest / 2);
