@@ -9,6 +9,7 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include "binding/FittingArea.h"
 #include "platform/rich_text.h"
 #include "qt_text.h"
 
@@ -68,7 +69,7 @@ CallDialog::CallDialog(const host::Notification& call, const QString& subject, Q
   note_->setAccessibleName(note_->placeholderText());
   layout->addWidget(note_);
   layout->addWidget(makeButtons());
-  resize(usualSize);
+  resize(usualSize.boundedTo(FittingArea::roomFor(*this)));
   note_->setFocus();
 }
 

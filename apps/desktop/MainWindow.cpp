@@ -21,6 +21,7 @@
 #include <utility>
 
 #include "binding/DateBinding.h"
+#include "binding/FittingArea.h"
 #include "host/desk/databases.h"
 #include "host/desk/rows/ScheduleKind.h"
 #include "host/desk/work/due_list.h"
@@ -82,7 +83,7 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
   makeStatusBar();
   connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::endSession,
           Qt::DirectConnection);
-  resize(firstSize);
+  resize(firstSize.boundedTo(FittingArea::roomFor(*this)));
   restoreGeometry(QSettings().value(geometryKey).toByteArray());
   const std::string database = options_.database;
   if (database.empty() || !openDatabase(shown(database))) updatePage();

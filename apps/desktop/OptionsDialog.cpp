@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "binding/FittingArea.h"
 #include "host/desk/user_options.h"
 #include "mail_choice.h"
 #include "qt_text.h"
@@ -42,14 +43,18 @@ constexpr UserOption userOptions[] = {
 
 OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent), desk_(desk) {
   setWindowTitle(tr("Options"));
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  auto* layout = new QVBoxLayout(this);
+  auto* content = new QWidget(this);
+  auto* layout = new QVBoxLayout(content);
   layout->addWidget(makeMailGroup());
   layout->addWidget(makeDocumentsGroup());
   layout->addWidget(makeUserGroup());
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   layout->addWidget(buttons);
+  auto* around = new QVBoxLayout(this);
+  around->setContentsMargins({});
+  around->addWidget(new FittingArea(*content, this));
 }
 
 QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, const QString& path,

@@ -1,5 +1,6 @@
 #include "FormHostTest.h"
 #include "binding/CalendarButton.h"
+#include "binding/FittingArea.h"
 #include "richtext/RichTextEditor.h"
 #include "support/HeadlessPerson.h"
 
@@ -138,6 +139,32 @@ TEST_F(FormHostTest, FocusMovesOnFromAButtonThatTurnsItselfOff) {
     EXPECT_EQ(form_.focused(), &form_.txtInGroup);
     EXPECT_TRUE(widget<QLineEdit>(form_.txtInGroup).hasFocus());
   });
+}
+
+TEST(FittingArea, ScrollsToWhatTheScreenHasNoRoomFor) {
+  QDialog window;
+  auto* content = new QWidget;
+  auto* rows = new QVBoxLayout(content);
+  auto* text = new QTextEdit;
+  rows->addWidget(text);
+  auto* words = new QLabel("A line of words that wraps where it has no room");
+  words->setWordWrap(true);
+  rows->addWidget(words);
+  (new QVBoxLayout(&window))->addWidget(new desktop::FittingArea(*content, &window));
+  window.resize(200, 150);
+  window.show();
+  QApplication::processEvents();
+  const QScrollBar& bar = *window.findChild<desktop::FittingArea*>()->verticalScrollBar();
+  EXPECT_LT(text->height(), text->sizeHint().height());
+  EXPECT_EQ(bar.maximum(), 0);
+  QLineEdit* last = nullptr;
+  for (int row = 0; row < 50; ++row) rows->addWidget(last = new QLineEdit);
+  for (int round = 0; round < 3; ++round) QApplication::processEvents();
+  EXPECT_LT(window.height(), window.screen()->availableSize().height());
+  EXPECT_TRUE(last->visibleRegion().isEmpty());
+  QApplication::setActiveWindow(&window);
+  last->setFocus();
+  EXPECT_FALSE(last->visibleRegion().isEmpty());
 }
 
 TEST_F(FormHostTest, ChoosesInListsOnce) {

@@ -8,6 +8,7 @@
 #include "CallDialog.h"
 #include "MainWindow.h"
 #include "OptionsDialog.h"
+#include "binding/FittingArea.h"
 #include "binding/FormWindow.h"
 #include "bulk/frmSendNotificationBulk.h"
 #include "editor/frmTaskAutoNotification.h"
@@ -38,8 +39,10 @@ class Layouts : public HostTest {};
 /// What 1366 x 768 dots at 150 % leave to a window inside its frame and above the task bar.
 constexpr QSize room(896, 440);
 
+/// Without scroll bars.
 void expectToFit(const QWidget& window) {
-  const QSize least = window.minimumSizeHint();
+  const auto* area = window.findChild<desktop::FittingArea*>();
+  const QSize least = area ? area->widget()->minimumSizeHint() : window.minimumSizeHint();
   EXPECT_EQ(least.boundedTo(room), least) << least.width() << " x " << least.height();
 }
 

@@ -6,9 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
-#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -16,6 +14,7 @@
 #include <optional>
 
 #include "binding/FaultWatch.h"
+#include "binding/FittingArea.h"
 #include "binding/LayoutLoader.h"
 #include "binding/choice_buttons.h"
 #include "binding/list_search.h"
@@ -47,12 +46,6 @@ class RunningTimer : public QTimer {
   Timer& model_;
 };
 
-/// What a desktop puts around a window that is not on the screen yet, at least.
-QSize frameSizeOf(const QWidget& window) {
-  const int border = window.style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
-  return {2 * border, window.style()->pixelMetric(QStyle::PM_TitleBarHeight) + border};
-}
-
 }  // namespace
 
 FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes,
@@ -61,8 +54,9 @@ FormWindow::FormWindow(Form& form, QWidget* parent, const WindowNotes& notes,
   QWidget* layout = loadLayout(shown(form.name()), this);
   setObjectName(shown(form.name()));
   auto* box = new QVBoxLayout(this);
-  box->addWidget(layout);
-  resize(layout->size().boundedTo(screen()->availableSize() - frameSizeOf(*this)));
+  const QSize wanted = layout->size();
+  box->addWidget(new FittingArea(*layout, this));
+  resize(wanted.boundedTo(FittingArea::roomFor(*this)));
   bindAll(*layout);
   bindKeys(*layout);
   bindChoice(*layout);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
+#include <QScreen>
 #include <QTableView>
 #include <QTextStream>
 #include <QTimer>
@@ -169,16 +170,22 @@ void takeDiaryPanel(Photographer& photographer, host::Desk& desk) {
   if (!items.empty()) photographer.takeEach(open, {{"notify-diary-item", close}});
 }
 
+/// Up to the size of the pictures.
+void fillScreen(QWidget& window) {
+  window.resize(QSize(1366, 768).boundedTo(window.screen()->availableSize()));
+}
+
 void takeAll(Photographer& photographer, const QString& database) {
   host::DeskOptions options;
   options.today = DateTime::of(2026, 4, 15);
   MainWindow empty(options);
+  fillScreen(empty);
   empty.show();
   photographer.take(empty, "desktop-empty");
   empty.hide();
   options.database = plain(database);
   MainWindow window(options);
-  window.resize(1366, 768);
+  fillScreen(window);
   window.show();
   photographer.take(window, "desktop-day");
   window.goTo(Navigation::Place::clients);
