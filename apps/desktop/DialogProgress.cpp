@@ -22,7 +22,8 @@ void DialogProgress::bringUp() {
   dialog_ = std::make_unique<QProgressDialog>(shown(text()), QObject::tr("Cancel"), 0, 1);
   bar_ = dialog_->findChild<QProgressBar*>();
   dialog_->setObjectName("progressDialog");
-  dialog_->setWindowTitle(QApplication::applicationDisplayName());
+  dialog_->setWindowTitle(
+      QCoreApplication::translate("autonotify::desktop::MainWindow", "Client Notifications"));
   dialog_->setWindowModality(Qt::ApplicationModal);
   dialog_->setAutoClose(false);
   dialog_->setAutoReset(false);

@@ -18,7 +18,7 @@ constexpr int columnWidths[] = {260, 260, 100, 100, 130};
 TaskPage::TaskPage(QWidget* parent)
     : QWidget(parent),
       tasks_(new TaskTableModel(this)),
-      dueOnly_(new QCheckBox(tr("&Only those due"), this)),
+      dueOnly_(new QCheckBox(tr("Only those d&ue"), this)),
       table_(new QTableView(this)) {
   makeDue();
   makeTable();

@@ -73,6 +73,7 @@ TEST(Progress, IsShownUntilThePersonHasHadEnough) {
     progress.put_maximum(3);
     auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowTitle(), "Client Notifications");
     progress.put_value(1);
     EXPECT_EQ(dialog->labelText() + QString::number(dialog->value()), "Please wait ...1");
     EXPECT_EQ(dialog->maximum(), 3);

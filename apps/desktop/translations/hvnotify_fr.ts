@@ -2110,7 +2110,7 @@ Instruction&#xa0;: %2</translation>
 <context>
     <name>autonotify::desktop::TaskPage</name>
     <message>
-        <source>&amp;Only those due</source>
+        <source>Only those d&amp;ue</source>
         <translation>&amp;Seulement les clients à aviser</translation>
     </message>
     <message>
