@@ -27,7 +27,7 @@ using Moment = DateFormat::Moment;
 // What writes gives the end of what it has written.
 
 char* write(char* to, std::string_view name) {
-  return std::ranges::copy(name, to).out;
+  return to + name.copy(to, name.size());
 }
 char* write(char* to, int number) {
   return std::to_chars(to, to + longestNumber, number).ptr;

@@ -31,10 +31,9 @@ constexpr char smallLetter(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
-/// Whether a mark, which is in small letters, stands at `at` in any case; the text reaches so far.
-bool standsAt(const char* at, std::string_view mark) {
-  const auto isSame = [&](char byte) { return smallLetter(*at++) == byte; };
-  return std::ranges::all_of(mark, isSame);
+/// In any case; the marks are in small letters.
+bool isMark(std::string_view text, std::string_view mark) {
+  return std::ranges::equal(text, mark, {}, smallLetter);
 }
 
 }  // namespace
@@ -84,9 +83,9 @@ std::optional<FoundMark> MarkScanner::next() {
   for (std::size_t at = text_.find(seldom, at_ + seldomAt_); at < text_.size();
        at = text_.find(seldom, at + 1)) {
     const std::size_t begin = at - seldomAt_;
-    if (text_.size() - begin < size) break;
-    const bool isOpen = standsAt(text_.data() + begin, marks_.open);
-    if (!isOpen && !standsAt(text_.data() + begin, marks_.close)) continue;
+    const std::string_view head = text_.substr(begin, size);
+    const bool isOpen = isMark(head, marks_.open);
+    if (!isOpen && !isMark(head, marks_.close)) continue;
     at_ = begin + size;
     return FoundMark{begin, at_, isOpen};
   }

@@ -1,7 +1,5 @@
 #include "merge/templates/token_texts.h"
 
-#include <algorithm>
-
 namespace autonotify {
 namespace {
 
@@ -42,7 +40,7 @@ std::string TokenTexts::joined(bool keepsUnfilled) const {
     size += textOf(slot, keepsUnfilled).size() - (slot.end - slot.begin);
   std::string result(size, '\0');
   char* to = result.data();
-  const auto put = [&](std::string_view part) { to = std::ranges::copy(part, to).out; };
+  const auto put = [&](std::string_view part) { to += part.copy(to, part.size()); };
   std::size_t copied = 0;
   for (const TemplateLayout::Slot& slot : layout_.slots()) {
     put(text.substr(copied, slot.begin - copied));
