@@ -135,6 +135,10 @@ TEST_F(MergeByLayout, KeepsAFewTemplatesOfOrdinarySize) {
   EXPECT_EQ(cache.size(), TemplateLayoutCache::maxEntries);
   EXPECT_TRUE(isKept(start + "63"));
   EXPECT_FALSE(isKept(start + "0"));
+  EXPECT_TRUE(isKept(start + "32"));
+  merged(start + "64");
+  EXPECT_TRUE(isKept(start + "32")) << "it was used last";
+  EXPECT_FALSE(isKept(start + "33"));
   const string large(TemplateLayoutCache::maxTemplateSize + 1, 'x');
   EXPECT_EQ(merged(large + "«A»"), large + " 1");
   EXPECT_FALSE(isKept(large + "«A»"));
