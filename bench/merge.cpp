@@ -213,14 +213,44 @@ void peerNew(benchmark::State& state, LetterMerge&, const PeerLetter& peer) {
   for (auto _ : state) benchmark::DoNotOptimize(peer.merged(*PeerLetter::parse(text.next())));
 }
 
+/// More than are kept of those merged last.
+constexpr std::size_t textsInTurn = 100;
+
+std::vector<std::string> manyTexts(const std::string& text) {
+  std::vector<std::string> texts;
+  NumberedText numbered(text);
+  while (texts.size() < textsInTurn) texts.push_back(numbered.next());
+  return texts;
+}
+
+void mergeInTurn(benchmark::State& state, LetterMerge& merge, const PeerLetter&) {
+  const std::vector<std::string> texts = manyTexts(std::string(letter));
+  std::size_t next = 0;
+  for (auto _ : state) {
+    merge.setText(texts[next]);
+    benchmark::DoNotOptimize(merge.merged());
+    next = (next + 1) % texts.size();
+  }
+}
+
+void peerInTurn(benchmark::State& state, LetterMerge&, const PeerLetter& peer) {
+  std::vector<std::unique_ptr<ctemplate::Template>> parsed;
+  for (const std::string& text : manyTexts(peer.text())) parsed.push_back(PeerLetter::parse(text));
+  std::size_t next = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(peer.merged(*parsed[next]));
+    next = (next + 1) % parsed.size();
+  }
+}
+
 }  // namespace
 
 void registerMerge(Firms& firms) {
   using Work = void (*)(benchmark::State&, LetterMerge&, const PeerLetter&);
-  constexpr std::pair<const char*, Work> rows[] = {{"merge_seen/ours", mergeSeen},
-                                                   {"merge_seen/floor", peerSeen},
-                                                   {"merge_new/ours", mergeNew},
-                                                   {"merge_new/floor", peerNew}};
+  constexpr std::pair<const char*, Work> rows[] = {
+      {"merge_seen/ours", mergeSeen},    {"merge_seen/floor", peerSeen},
+      {"merge_new/ours", mergeNew},      {"merge_new/floor", peerNew},
+      {"merge_turns/ours", mergeInTurn}, {"merge_turns/floor", peerInTurn}};
   for (const auto& [name, work] : rows)
     benchmark::RegisterBenchmark(
         name, [&firms, work = work](auto& state) { mergeWith(state, firms, work); });

@@ -7,11 +7,14 @@
 #include "bench/raw_rows.h"
 #include "contract/references.h"
 #include "editor/frmTaskAutoNotification.h"
+#include "merge/clsInsertFieldsInRTB.h"
+#include "merge/fields/field_list_kinds.h"
+#include "store/modNotificationLinks.h"
 #include "wizards/frmSendNotificationWizardEmail.h"
 #include "wizards/frmSendNotificationWizardLetter.h"
 
 // A composer on a row that waits, and the editor of templates on a kind: the window is made,
-// filled, shown for no time and unloaded.
+// filled, shown for no time and unloaded. And the records that a merge reads.
 
 namespace autonotify::bench {
 namespace {
@@ -86,6 +89,17 @@ void openEditor(Id kind) {
   window.unload();
 }
 
+/// All that comes ahead of a letter's merge, and the end of it.
+void openRecords(Id entry) {
+  clsInsertFieldsInRTB merge;
+  merge.put_MergeFieldListUse(field_list_use::merging);
+  merge.ListType = field_list_type::task;
+  merge.companyID = getCompanyIDFromScheduleID(entry);
+  merge.contactID = clients().getDefaultContactID(merge.companyID);
+  merge.put_scheduleID(entry);
+  merge.initializeDataRecordsetsForSingleDocMerge();
+}
+
 /// Few, so that what the floor prepares for them all stays near the processor.
 template <notifyType channel>
 std::vector<Id> waitingRows(Firm& firm) {
@@ -93,6 +107,11 @@ std::vector<Id> waitingRows(Firm& firm) {
       "SELECT ClientNotificationID FROM ClientNotification WHERE NotificationSent=FALSE AND "
       "ScheduleIDNum>=0 AND NotificationType=" +
       std::to_string(channel) + " ORDER BY ClientNotificationID LIMIT 10");
+}
+
+std::vector<Id> firstEntries(Firm& firm) {
+  const std::vector<Id>& all = firm.entries();
+  return {all.begin(), all.begin() + 10};
 }
 
 std::vector<Id> kinds(Firm& firm) {
@@ -111,6 +130,7 @@ constexpr Opening openings[] = {
      openComposer<frmSendNotificationWizardEmail>},
     {"letter", &Firms::inMemory, waitingRows<nt_Letter>,
      openComposer<frmSendNotificationWizardLetter>},
+    {"records", &Firms::inMemory, firstEntries, openRecords},
     {"editor", &Firms::ofManyKinds, kinds, openEditor},
 };
 

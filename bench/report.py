@@ -13,6 +13,8 @@ ROWS = [
     ("single_row", "single row by key: open, read 3 columns, close", "raw prepared SQLite", 2.0),
     ("merge_seen", "merge of a 1.5 kB letter, 12 fields, template seen before", "ctemplate, parsed once", 3.0),
     ("merge_new", "the same, template never seen", "ctemplate, parse and render", 4.0),
+    ("merge_turns", "the same, 100 templates in turn", "ctemplate, all parsed once", None),
+    ("open_records", "its records looked up, opened and closed, without a merge", "its statements raw, no column read", None),
     ("comments", "`generateClientAutoNotifyComment`, 1,000 tasks, in memory", "the same SELECTs raw", 2.5),
     ("comments_disk", "the same on disk", "the same SELECTs raw", 2.5),
     ("add_email_disk", "add one email notification, on disk", "its SELECTs and INSERT raw", 2.0),
