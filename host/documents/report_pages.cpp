@@ -88,6 +88,7 @@ constexpr double wordsIndent = 24;
 
 std::vector<PageCell> listHeadings() {
   std::vector<PageCell> headings;
+  headings.reserve(Worklist::columns.size());
   for (const Worklist::Column& column : Worklist::columns)
     headings.push_back({Words::tr(column.heading), column.share});
   return headings;
