@@ -154,9 +154,12 @@ class SendBatch {
   void settle() {
     send();
     mark();
-    for (const Sending& each : std::exchange(sendings_, {})) {
-      isServersFault_ |= each.outcome.isServersFault;
-      tell_(each.outcome);
+    std::vector<SendOutcome> outcomes;
+    for (Sending& each : sendings_) outcomes.push_back(std::move(each.outcome));
+    sendings_.clear();  // with their claims: whoever is told may take long
+    for (const SendOutcome& outcome : outcomes) {
+      isServersFault_ |= outcome.isServersFault;
+      tell_(outcome);
     }
   }
 
