@@ -232,8 +232,8 @@ void Outbox::makeSubfolders() const {
 }
 
 bool Outbox::put(const OutboxMessage& message, OutboxPlace place) const {
-  OutboxPut put = std::move(putAll({message}, place).front());
-  if (!put.fault.empty()) throw MailError(std::move(put.fault));
+  const OutboxPut put = putAll({message}, place).front();
+  if (!put.fault.empty()) throw MailError(put.fault);
   return put.isNew;
 }
 
