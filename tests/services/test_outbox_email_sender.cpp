@@ -121,6 +121,7 @@ TEST_F(OutboxEmailSenderTest, SeveralGoInTogetherAndEachIsToldByItself) {
     senders.back().setIdentity(identity);
   }
   std::vector<OutboxEmailSender*> all;
+  all.reserve(senders.size());
   for (OutboxEmailSender& each : senders) all.push_back(&each);
   ASSERT_TRUE(senders[1].send());
   const auto told = [&] {
