@@ -39,28 +39,28 @@ bool isSeldom(char byte) {
   return !isLetter && byte != ' ' && byte != '\\';
 }
 
+// Texts that differ in case alone have the same numbers.
+
 constexpr std::size_t longestHead = sizeof(std::uint64_t);
 
-/// Texts that differ in case alone have the same number.
-std::size_t numberOf(std::uint64_t bytes, int bits) {
-  constexpr std::uint64_t caseBits = 0x2020202020202020;
-  constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
-  return static_cast<std::size_t>(((bytes | caseBits) * factor) >> (64 - bits));
-}
-
-/// The number of the first `size` bytes, eight at most, or of those that there are.
+/// Of the first `size` bytes, eight at most, or of those that there are; below 256.
 std::size_t headNumber(std::string_view text, std::size_t size) {
   std::uint64_t head = 0;
   std::memcpy(&head, text.data(), std::min(size, text.size()));
-  return numberOf(head, 8);
+  constexpr std::uint64_t caseBits = 0x2020202020202020;
+  constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+  return static_cast<std::size_t>(((head | caseBits) * factor) >> 56);
 }
 
 constexpr std::size_t pieceSize = sizeof(std::uint32_t);
 
-std::size_t pieceNumber(const char* piece) {
-  std::uint32_t bytes = 0;
-  std::memcpy(&bytes, piece, pieceSize);
-  return numberOf(bytes, 10);
+/// Below 1024.
+std::size_t pieceNumber(const char* text) {
+  std::uint32_t piece = 0;
+  std::memcpy(&piece, text, pieceSize);
+  constexpr std::uint32_t caseBits = 0x20202020;
+  constexpr std::uint32_t factor = 0x9E3779B1;
+  return ((piece | caseBits) * factor) >> 22;
 }
 
 }  // namespace

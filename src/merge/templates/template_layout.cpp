@@ -75,8 +75,8 @@ void TemplateLayout::numberTokens() {
   const std::size_t open = marks_->open.size();
   for (std::size_t i = 0; i < slots_.size(); ++i) {
     const std::size_t begin = foldedContents_.size();
-    const std::size_t length = lengthOf(slots_[i]) - open - marks_->close.size();
-    appendFolded(foldedContents_, text.substr(slots_[i].begin + open, length));
+    const std::size_t size = lengthOf(slots_[i]) - open - marks_->close.size();
+    appendFolded(foldedContents_, text.substr(slots_[i].begin + open, size));
     slots_[i].token = contents_.add(std::string_view(foldedContents_).substr(begin));
     if (slots_[i].token == firstSlots_.size()) firstSlots_.push_back(i);
   }
