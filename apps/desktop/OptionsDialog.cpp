@@ -55,6 +55,15 @@ OptionsDialog::OptionsDialog(host::Desk* desk, QWidget* parent) : QDialog(parent
   auto* around = new QVBoxLayout(this);
   around->setContentsMargins({});
   around->addWidget(new FittingArea(*content, this));
+  watchChanges();
+}
+
+void OptionsDialog::watchChanges() {
+  const auto note = [this] { isChanged_ = true; };
+  for (auto* field : findChildren<QLineEdit*>())
+    connect(field, &QLineEdit::textChanged, this, note);
+  for (auto* box : findChildren<QAbstractButton*>())
+    connect(box, &QAbstractButton::toggled, this, note);
 }
 
 QLineEdit* OptionsDialog::addPath(QFormLayout& layout, const QString& label, const QString& path,
@@ -136,6 +145,15 @@ QWidget* OptionsDialog::makeUserGroup() {
     userOptions_.append(box);
   }
   return group;
+}
+
+void OptionsDialog::reject() {
+  const auto losesThem = [this] {
+    return QMessageBox::question(
+               this, windowTitle(), tr("Do you want to close this and lose what you have changed?"),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+  };
+  if (!isChanged_ || losesThem()) QDialog::reject();
 }
 
 void OptionsDialog::accept() {

@@ -21,6 +21,8 @@ class OptionsDialog : public QDialog {
 
   /// Stores the options, if they are sound.
   void accept() override;
+  /// Asks before a change is lost.
+  void reject() override;
 
  private:
   QWidget* makeMailGroup();
@@ -30,7 +32,10 @@ class OptionsDialog : public QDialog {
   QLineEdit* addPath(QFormLayout& layout, const QString& label, const QString& path,
                      QString (*choose)(QWidget* parent));
 
+  void watchChanges();
+
   host::Desk* desk_;
+  bool isChanged_ = false;
   QRadioButton* toOutbox_ = nullptr;
   QRadioButton* toProgram_ = nullptr;
   QRadioButton* toServer_ = nullptr;

@@ -431,6 +431,52 @@ TEST_F(MainWindowTest, OptionsAreTheUsersOwn) {
   }
 }
 
+TEST_F(MainWindowTest, EscapeLeavesAWindowAndAsksWhereSomethingWasTyped) {
+  open();
+  const std::pair<const char*, const char*> fields[] = {{"options", "documents"},
+                                                        {"scheduleYear", "cboCc"},
+                                                        {"blankFax", "cboToFaxNumber"},
+                                                        {"scheduleEmail", "cboCc"}};
+  chooseTaskFor("scheduleEmail");
+  for (const auto& [command, name] : fields) {
+    for (const bool isChanged : {false, true}) {
+      const auto leave = [&, name = name, command = command](QDialog& window) {
+        if (window.findChild<QPushButton*>("cmdNext")) {
+          press(window, "cmdSelectAllAuto");
+          press(window, "cmdNext");
+        }
+        auto* box = window.findChild<QComboBox*>(name);
+        auto* field = box ? box->lineEdit() : window.findChild<QLineEdit*>(name);
+        field->setFocus();
+        if (isChanged) QTest::keyClicks(field, "x");
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_FALSE(window.isVisible()) << command;
+      };
+      const auto told = run(command, leave, true);
+      EXPECT_EQ(told.size(), isChanged ? 1U : 0U) << command;
+      EXPECT_THAT(told, testing::Each(HasSubstr("lose what you have changed")));
+    }
+  }
+}
+
+TEST_F(MainWindowTest, FinishPressedTwiceSendsAndSavesOnce) {
+  open();
+  chooseTaskFor("scheduleEmail");
+  for (const char* command : {"composeEmail", "scheduleEmail"}) {
+    const int before = rows();
+    run(
+        command,
+        [](QDialog& composer) {
+          auto* button = composer.findChild<QPushButton*>("cmdFinish");
+          for (int press = 0; press < 2; ++press)
+            QMetaObject::invokeMethod(button, &QPushButton::click, Qt::QueuedConnection);
+        },
+        true);
+    EXPECT_EQ(rows(), before + 1) << command;
+  }
+  EXPECT_EQ(QDir(shown(path() + ".outbox")).entryList({"*.eml"}).size(), 1);
+}
+
 TEST_F(MainWindowTest, FaultsUnderAnOpenComposerEndInMessages) {
   open();
   auto& connection = static_cast<host::SqliteDatabase&>(window_->desk()->database()).connection();

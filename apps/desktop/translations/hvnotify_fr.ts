@@ -1878,6 +1878,10 @@ Instruction&#xa0;: %2</translation>
 <context>
     <name>autonotify::desktop::OptionsDialog</name>
     <message>
+        <source>Do you want to close this and lose what you have changed?</source>
+        <translation>Voulez-vous fermer cette fenêtre et perdre vos modifications ?</translation>
+    </message>
+    <message>
         <source>&amp;Confirm each notification that I schedule</source>
         <translation>&amp;Confirmer chaque avis que je planifie</translation>
     </message>

@@ -16,6 +16,9 @@ inline constexpr const char* faxForm = "frmSendNotificationWizardFax";
 inline constexpr const char* letterForm = "frmSendNotificationWizardLetter";
 inline constexpr const char* phoneForm = "frmSendNotificationWizardPhone";
 
+/// That in which a client's tasks of a year are armed.
+inline constexpr const char* yearForm = "frmSendNotificationBulk";
+
 /// What becomes of a notification when the window in which it is written is finished, as its fields
 /// stand.
 struct ComposerOutlook {

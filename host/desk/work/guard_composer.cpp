@@ -43,6 +43,13 @@ constexpr ComposerField composerFields[] = {
     {phoneForm, "cboPhoneNumber", "Telephone Number"},
     {phoneForm, "txtAvailableTimes", "Available Times"},
     {phoneForm, "rtbText", nullptr},
+    {yearForm, "cboTo", "To", true},
+    {yearForm, "cboCc", "Cc", true},
+    {yearForm, "cboBcc", "Bcc", true},
+    {yearForm, "cboFaxRecipient", nullptr},
+    {yearForm, "cboToFaxNumber", nullptr},
+    {yearForm, "cboPhoneName", nullptr},
+    {yearForm, "cboPhoneNumber", nullptr},
 };
 
 std::string contentOf(const Control& control) {
@@ -87,7 +94,7 @@ class ComposerGuard {
   static constexpr ComposerField dateField{nullptr, "txtNotificationField", nullptr};
 
   bool isBad(const WatchedField& watched) {
-    if (!watched.field->isEmail) return false;
+    if (!watched.field->isEmail || !watched.control->isReachable()) return false;
     try {
       parseRecipients(contentOf(*watched.control));
       return false;

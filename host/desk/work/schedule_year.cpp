@@ -1,4 +1,5 @@
 #include "host/desk/work/schedule_year.h"
+#include "host/desk/work/composer_outlook.h"
 
 #include <fmt/format.h>
 
@@ -8,6 +9,7 @@
 #include "contract/ProgressDialog.h"
 #include "host/desk/rows/readable_rows.h"
 #include "host/desk/work/claiming.h"
+#include "host/desk/work/composer_outlook.h"
 #include "host/desk/work/task_families.h"
 #include "host/desk/work/task_list.h"
 #include "host/desk/work/tasks_before.h"
@@ -15,9 +17,6 @@
 
 namespace autonotify::host {
 namespace {
-
-/// Its editor of templates shows works of its own.
-constexpr const char* yearWindow = "frmSendNotificationBulk";
 
 struct RecipientField {
   notifyType channel;
@@ -205,7 +204,8 @@ Outcome<Composed> chooseYear(Desk& desk, Id id) {
   const auto bulk = desk.newBulkScheduler();
   std::optional<TasksBefore> before;
   const WorkWatch watch(desk.classes(), [&] {
-    if (desk.openForms().back()->name() != yearWindow) return;
+    // Its editor of templates shows works of its own.
+    if (desk.openForms().back()->name() != yearForm) return;
     desk.errorsOf([] {});  // what filling the window met is not of the pass
     before.emplace(desk, *tasks, allNotifyTypes);
     before->restoreMarks();
