@@ -1,8 +1,7 @@
 #include "commands/items.h"
 
-#include <fmt/format.h>
+#include <array>
 
-#include "TextTable.h"
 #include "commands/arguments.h"
 #include "commands/channel_report.h"
 #include "host/desk/day_text.h"
@@ -55,23 +54,6 @@ Reply reportItem(host::Desk& desk, const host::Reminders& reminders) {
   return reportChannels(desk, subject, identity, reminders.channels);
 }
 
-void list(Reply& reply, TextTable& table, host::Desk& desk, const DiaryItem& item) {
-  const std::string client = clientName(desk, item);
-  const char* kind = host::diaryKind(item.kind).word;
-  const DateTime day = item.day.value_or(DateTime{});
-  table.add({kind, std::to_string(item.id), host::dayText(day), timeText(item),
-             host::channelNames(item.channels), client, item.subject});
-  reply.data.push_back({{"kind", kind},
-                        {"id", item.id},
-                        {"date", dayJson(day)},
-                        {"time", timeText(item)},
-                        {"channels", channelList(item.channels)},
-                        {"client", client},
-                        {"companyId", item.companyId},
-                        {"contactId", item.contactId},
-                        {"subject", item.subject}});
-}
-
 }  // namespace
 
 void describeAppointments(CLI::App& command, Arguments& arguments) {
@@ -84,20 +66,33 @@ void describeAppointments(CLI::App& command, Arguments& arguments) {
   addDate(command, "--until", "only those on this date or before", arguments.until);
 }
 
-Reply runAppointments(host::Desk& desk, const Arguments& arguments) {
+Reply listAppointments(host::Desk& desk, const Arguments& arguments, RowForm form) {
   host::DiaryQuery query{arguments.itemKind,
                          arguments.since.value_or(desk.today()),
                          arguments.until,
                          {},
                          arguments.contact};
   if (arguments.client) query.company = desk.clients().getCompanyIDFromClientID(*arguments.client);
-  Reply reply;
-  reply.data = Json::array();
-  TextTable table({"KIND", "ID", "DATE", "TIME", "CHANNELS", "CLIENT", "SUBJECT"});
+  RowPrinter printer(form, {{"kind", "KIND"},
+                            {"id", "ID"},
+                            {"date", "DATE"},
+                            {"time", "TIME"},
+                            {"channels", "CHANNELS"},
+                            {"client", "CLIENT"},
+                            {"companyId", nullptr},
+                            {"contactId", nullptr},
+                            {"subject", "SUBJECT"}});
   const host::LookupBatch batch(desk);
   const host::ReadableRows<DiaryItem> items = host::readDiary(desk, query);
-  for (const DiaryItem& item : items.rows) list(reply, table, desk, item);
-  if (!showList(reply, table, items.unreadable)) reply.refuse("nothing found in the diary");
+  for (const DiaryItem& item : items.rows)
+    printer.add(std::array{Json(host::diaryKind(item.kind).word), Json(item.id),
+                           dayJson(item.day.value_or(DateTime{})), Json(timeText(item)),
+                           channelList(item.channels), Json(clientName(desk, item)),
+                           Json(item.companyId), Json(item.contactId), Json(item.subject)});
+  Reply reply;
+  reply.isDataPrinted = true;
+  if (!printer.end() && items.unreadable.empty()) reply.refuse("nothing found in the diary");
+  for (const host::UnreadableRow& row : items.unreadable) reply.refuse(row.description());
   return reply;
 }
 

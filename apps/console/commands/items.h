@@ -7,7 +7,7 @@ namespace autonotify::console {
 void describeAppointments(CLI::App& command, Arguments& arguments);
 /// What stands in the diary, from today on unless told otherwise, with the numbers that arm-item
 /// takes.
-Reply runAppointments(host::Desk& desk, const Arguments& arguments);
+Reply listAppointments(host::Desk& desk, const Arguments& arguments, RowForm form);
 
 void describeArmItem(CLI::App& command, Arguments& arguments);
 /// Reminds the item's client by the channels. The reminder falls due on the last working day before
