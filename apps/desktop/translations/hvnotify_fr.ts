@@ -1286,7 +1286,7 @@ Instruction&#xa0;: %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no email address</source>
-        <translation>« %1 » n’est pas une adresse de courriel</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une adresse de courriel</translation>
     </message>
 </context>
 <context>
@@ -1475,7 +1475,7 @@ Instruction&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1:</source>
-        <translation>%1 :</translation>
+        <translation>%1&#xa0;:</translation>
     </message>
     <message>
         <source>Do you want to close this and lose your changes?</source>
