@@ -149,6 +149,7 @@ class MainWindow : public QMainWindow {
   void readPage();
   /// All that the client of the chosen row was told and will be.
   void showHistory();
+  void showTasksOf(const QString& client);
   /// Edits the chosen task's email, or schedules one.
   void openTask() { emailWaits() ? editEmail() : scheduleEmail(); }
   void editTemplates();

@@ -93,6 +93,12 @@ void MainWindow::showHistory() {
   clients_->showClient(client);
 }
 
+void MainWindow::showTasksOf(const QString& client) {
+  goTo(Navigation::Place::tasks);
+  find_->setText(client);
+  applyFilter();
+}
+
 void MainWindow::updateDay() {
   const host::DayLine* line = isDayPage() ? day_->chosen() : nullptr;
   dayTask_.reset();

@@ -303,5 +303,18 @@ TEST_F(DayPageTest, AContactThatIsNoClientHasAHistoryToo) {
   EXPECT_EQ(window_->findChild<QTableView*>("told")->model()->rowCount(), 1);
 }
 
+TEST_F(DayPageTest, EnterOnAClientShowsItsTasks) {
+  openDay();
+  window_->goTo(Navigation::Place::clients);
+  auto& clients = *window_->findChild<QTableView*>("clients");
+  clients.selectRow(0);
+  const QString name = clients.model()->index(0, 0).data().toString();
+  QTest::keyClick(&clients, Qt::Key_Return);
+  const QAbstractItemModel& tasks = *window_->findChild<QTableView*>("tasks")->model();
+  EXPECT_GT(tasks.rowCount(), 0);
+  for (int row = 0; row < tasks.rowCount(); ++row)
+    EXPECT_EQ(tasks.index(row, TaskTableModel::client).data().toString(), name);
+}
+
 }  // namespace
 }  // namespace autonotify::desktop

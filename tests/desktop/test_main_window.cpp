@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QPdfDocument>
 #include <QPdfSelection>
 #include <QtWidgets>
@@ -629,6 +630,8 @@ TEST_F(MainWindowTest, TheFirmsDetailsAreStoredWhenTheyHold) {
   const auto type = [&](const char* email, QDialogButtonBox::StandardButton button) {
     return run("firm", [=](QDialog& dialog) {
       EXPECT_LE(dialog.height(), 440);  // what 1366 x 768 dots at 150 % leave
+      for (QLineEdit* each : dialog.findChildren<QLineEdit*>())
+        EXPECT_NE(QAccessible::queryAccessibleInterface(each)->text(QAccessible::Name), QString());
       auto& field = *dialog.findChild<QLineEdit*>("email");
       const QString before = field.text();
       field.setText(email);

@@ -1,6 +1,9 @@
 #include "day/ClientsPage.h"
 
+#include <QAction>
+#include <QClipboard>
 #include <QDate>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
@@ -92,6 +95,29 @@ ClientsPage::ClientsPage(QWidget* parent)
   layout->addWidget(panes);
   connect(clientTable_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &ClientsPage::showChosen);
+  addCommands();
+}
+
+void ClientsPage::addCommands() {
+  const auto add = [this](const QString& text, auto act) {
+    auto* command = new QAction(text, clientTable_);
+    connect(command, &QAction::triggered, this, act);
+    clientTable_->addAction(command);
+  };
+  add(tr("Show &Tasks"), [this] { showTasks(); });
+  add(tr("Copy &Phone Number"), [this] { copy(&host::ClientLine::phone); });
+  add(tr("Copy &Email Address"), [this] { copy(&host::ClientLine::email); });
+  clientTable_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(clientTable_, &QTableView::activated, this, &ClientsPage::showTasks);
+}
+
+void ClientsPage::showTasks() {
+  if (const host::ClientLine* line = chosen()) emit tasksWanted(shown(line->name));
+}
+
+void ClientsPage::copy(std::string host::ClientLine::*text) {
+  const host::ClientLine* line = chosen();
+  if (line && !(line->*text).empty()) QGuiApplication::clipboard()->setText(shown(line->*text));
 }
 
 QTableView* ClientsPage::newTable(const char* name, const QString& accessibleName,

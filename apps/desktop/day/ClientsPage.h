@@ -33,12 +33,18 @@ class ClientsPage : public QWidget {
   const host::UnreadableRows& unreadable() const { return unreadable_; }
 
  signals:
+  /// The person wants to see the tasks of the client of that name.
+  void tasksWanted(const QString& client);
   /// The database did not answer; the words are for people.
   void failed(const QString& message);
 
  private:
   QTableView* newTable(const char* name, const QString& accessibleName, QAbstractItemModel& model);
   QWidget* makeHistory();
+  /// What can be done with the chosen client, in the menu of the right mouse button.
+  void addCommands();
+  void showTasks();
+  void copy(std::string host::ClientLine::*text);
   void readClients();
   /// Of the chosen client.
   void showHistory();

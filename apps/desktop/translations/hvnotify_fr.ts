@@ -1383,6 +1383,18 @@ Instruction&#xa0;: %2</translation>
         <source>Choose a client to see all that it was told</source>
         <translation>Choisissez un client pour voir tout ce qui lui a été annoncé</translation>
     </message>
+    <message>
+        <source>Show &amp;Tasks</source>
+        <translation>Afficher les &amp;tâches</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Phone Number</source>
+        <translation>Copier le numéro de télé&amp;phone</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Email Address</source>
+        <translation>Copier l’adresse de &amp;courriel</translation>
+    </message>
 </context>
 <context>
     <name>autonotify::desktop::DayModel</name>
