@@ -7,11 +7,17 @@
 #include <QLabel>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace autonotify::desktop {
 namespace {
 
-constexpr int columnWidths[] = {260, 260, 100, 100, 130};
+/// The names share what these leave.
+constexpr std::pair<TaskTableModel::Column, int> columnWidths[] = {
+    {TaskTableModel::dueDate, 90},
+    {TaskTableModel::notificationDate, 90},
+    {TaskTableModel::channels, 120},
+    {TaskTableModel::state, 90}};
 
 }  // namespace
 
@@ -57,9 +63,9 @@ void TaskPage::makeTable() {
   header.setHighlightSections(false);
   header.setSortIndicator(TaskTableModel::dueDate, Qt::AscendingOrder);
   table_->setSortingEnabled(true);
-  for (int column = 0; column < static_cast<int>(std::size(columnWidths)); ++column)
-    table_->setColumnWidth(column, columnWidths[column]);
-  header.setStretchLastSection(true);
+  for (const int named : {TaskTableModel::client, TaskTableModel::task})
+    header.setSectionResizeMode(named, QHeaderView::Stretch);
+  for (const auto& [column, width] : columnWidths) table_->setColumnWidth(column, width);
   auto* nothing = new QLabel(tr("No open task fits."), table_->viewport());
   (new QVBoxLayout(table_->viewport()))->addWidget(nothing, 0, Qt::AlignCenter);
   connect(tasks_, &QAbstractItemModel::modelReset, this, [this, nothing] {
