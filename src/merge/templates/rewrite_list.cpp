@@ -126,11 +126,11 @@ std::string RewriteList::apply(std::string text) const {
 
 std::size_t RewriteList::firstOccurring(std::string_view text, std::size_t first) const {
   if (first >= rewrites_.size()) return rewrites_.size();
-  const std::size_t best = firstBySigns(text, first);
-  return step_ == 0 ? best : firstByWords(text, first, best);
+  const std::size_t best = bySigns(text, first);
+  return step_ == 0 ? best : byWords(text, first, best);
 }
 
-std::size_t RewriteList::firstBySigns(std::string_view text, std::size_t first) const {
+std::size_t RewriteList::bySigns(std::string_view text, std::size_t first) const {
   std::size_t best = rewrites_.size();
   for (const Sign& sign : signs_)
     for (std::size_t at = text.find(sign.character, sign.offset); at < text.size();
@@ -139,8 +139,7 @@ std::size_t RewriteList::firstBySigns(std::string_view text, std::size_t first) 
   return best;
 }
 
-std::size_t RewriteList::firstByWords(std::string_view text, std::size_t first,
-                                      std::size_t best) const {
+std::size_t RewriteList::byWords(std::string_view text, std::size_t first, std::size_t best) const {
   for (std::size_t at = 0; at + pieceSize <= text.size(); at += step_) {
     if (!mayBegin_[pieceNumber(text.data() + at)]) continue;
     for (std::size_t back = 0; back < std::min(step_, at + 1); ++back)

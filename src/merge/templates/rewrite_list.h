@@ -48,8 +48,8 @@ class RewriteList {
   void addWords(const std::vector<std::string_view>& words);
   /// The first rewrite from `first` on that occurs in the text, or the number of rewrites.
   std::size_t firstOccurring(std::string_view text, std::size_t first) const;
-  std::size_t firstBySigns(std::string_view text, std::size_t first) const;
-  std::size_t firstByWords(std::string_view text, std::size_t first, std::size_t best) const;
+  std::size_t bySigns(std::string_view text, std::size_t first) const;
+  std::size_t byWords(std::string_view text, std::size_t first, std::size_t best) const;
   /// Of those that stand at `at`; `best` when none of them comes ahead of it.
   std::size_t firstAt(std::string_view text, std::size_t at, std::size_t first,
                       std::size_t best) const;

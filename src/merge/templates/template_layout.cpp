@@ -105,9 +105,8 @@ std::shared_ptr<const TemplateLayout> TemplateLayoutCache::find(std::string_view
 void TemplateLayoutCache::keep(std::string_view templateText, const Setting& setting,
                                std::shared_ptr<const TemplateLayout> layout) {
   if (templateText.size() > maxTemplateSize) return;
-  Entry& entry = entries_.size() < maxEntries
-                     ? entries_.emplace_back()
-                     : *std::ranges::min_element(entries_, {}, &Entry::lastUse);
+  if (entries_.size() < maxEntries) entries_.emplace_back();
+  Entry& entry = *std::ranges::min_element(entries_, {}, &Entry::lastUse);
   entry.templateText = templateText;
   entry.setting = setting;
   entry.layout = std::move(layout);
