@@ -28,6 +28,14 @@ bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& 
   return !table.isEmpty() || !unreadable.empty();
 }
 
+Reply endList(RowPrinter& printer, const char* none, const host::UnreadableRows& unreadable) {
+  Reply reply;
+  reply.isDataPrinted = true;
+  if (!printer.end() && unreadable.empty()) reply.refuse(none);
+  for (const host::UnreadableRow& row : unreadable) reply.refuse(row.description());
+  return reply;
+}
+
 void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& reply) {
   const std::string words = host::missingHolidays(desk, first, last);
   if (!words.empty()) reply.complaints.push_back(words + " (see: hvnotify holidays --help)");

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Reply.h"
+#include "RowPrinter.h"
 #include "TextTable.h"
 #include "host/desk/Outcome.h"
 #include "host/desk/rows/Notification.h"
@@ -25,6 +26,9 @@ Done doneOrRefuse(host::Outcome<Done> outcome) {
 /// Shows a list; what of it could not be read is named on standard error. False when it has
 /// neither.
 bool showList(Reply& reply, const TextTable& table, const host::UnreadableRows& unreadable);
+
+/// The reply to a list whose rows `printer` has printed; `none` stands for an empty one.
+Reply endList(RowPrinter& printer, const char* none, const host::UnreadableRows& unreadable);
 
 /// Says on standard error where dates of the two days' years are counted without holidays.
 void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& reply);

@@ -4,7 +4,6 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -12,6 +11,7 @@
 #include "binding/FittingArea.h"
 #include "platform/rich_text.h"
 #include "qt_text.h"
+#include "yes_question.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -104,12 +104,9 @@ QWidget* CallDialog::makeButtons() {
 }
 
 void CallDialog::reject() {
-  const auto losesIt = [this] {
-    return QMessageBox::question(
-               this, windowTitle(), tr("Do you want to close this and lose your note?"),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-  };
-  if (note().empty() || losesIt()) QDialog::reject();
+  if (note().empty() ||
+      isYes(this, windowTitle(), tr("Do you want to close this and lose your note?")))
+    QDialog::reject();
 }
 
 std::string CallDialog::note() const {

@@ -10,6 +10,7 @@
 #include "host/words/Words.h"
 #include "platform/PlatformError.h"
 #include "qt_text.h"
+#include "yes_question.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -59,12 +60,9 @@ void FirmDialog::tell(const QString& fault, QLineEdit* field) {
 }
 
 void FirmDialog::reject() {
-  const auto losesThem = [this] {
-    return QMessageBox::question(
-               this, windowTitle(), tr("Do you want to close this and lose your changes?"),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-  };
-  if (!isChanged() || losesThem()) QDialog::reject();
+  if (!isChanged() ||
+      isYes(this, windowTitle(), tr("Do you want to close this and lose your changes?")))
+    QDialog::reject();
 }
 
 std::string FirmDialog::textOf(std::size_t position) const {

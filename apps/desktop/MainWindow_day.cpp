@@ -25,6 +25,7 @@
 #include "outcome_texts.h"
 #include "platform/rich_text.h"
 #include "qt_text.h"
+#include "yes_question.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -279,9 +280,7 @@ void MainWindow::showDocument(Id notification) {
 
 bool MainWindow::isSureOf(const QString& question, const QString& name) {
   const QString words = name.isNull() ? question : question.arg(name);
-  return QMessageBox::question(
-             this, tr("Client Notifications"), words + "\n\n" + tr("It is marked as sent then."),
-             QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+  return isYes(this, tr("Client Notifications"), words + "\n\n" + tr("It is marked as sent then."));
 }
 
 void MainWindow::callRow(Id notification) {

@@ -17,6 +17,7 @@
 #include "host/desk/user_options.h"
 #include "mail_choice.h"
 #include "qt_text.h"
+#include "yes_question.h"
 
 namespace autonotify::desktop {
 namespace {
@@ -148,12 +149,9 @@ QWidget* OptionsDialog::makeUserGroup() {
 }
 
 void OptionsDialog::reject() {
-  const auto losesThem = [this] {
-    return QMessageBox::question(
-               this, windowTitle(), tr("Do you want to close this and lose what you have changed?"),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-  };
-  if (!isChanged_ || losesThem()) QDialog::reject();
+  if (!isChanged_ ||
+      isYes(this, windowTitle(), tr("Do you want to close this and lose what you have changed?")))
+    QDialog::reject();
 }
 
 void OptionsDialog::accept() {

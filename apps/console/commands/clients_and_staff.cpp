@@ -19,17 +19,6 @@ void addName(CLI::App& command, Arguments& arguments) {
   addCsv(command, arguments);
 }
 
-/// What `list` tells to the printer.
-template <class List>
-Reply printed(RowPrinter& printer, const char* none, List&& list) {
-  Reply reply;
-  const host::UnreadableRows unreadable = list();
-  reply.isDataPrinted = true;
-  if (!printer.end() && unreadable.empty()) reply.refuse(none);
-  for (const host::UnreadableRow& row : unreadable) reply.refuse(row.description());
-  return reply;
-}
-
 }  // namespace
 
 void describeClients(CLI::App& command, Arguments& arguments) {
@@ -45,13 +34,14 @@ Reply listAllClients(host::Desk& desk, const Arguments& arguments, RowForm form)
                             {"phone", "PHONE"},
                             {"email", "EMAIL"},
                             {"accountant", nullptr}});
-  return printed(printer, "no client found", [&] {
-    return host::listClients(desk, arguments.name, [&](const host::ClientLine& line) {
-      printer.add(std::array{idOrNull(line.client), idOrNull(line.contact), idOrNull(line.company),
-                             textJson(line.number), Json(line.name), textJson(line.phone),
-                             textJson(line.email), textJson(line.accountant)});
-    });
-  });
+  const host::UnreadableRows unreadable =
+      host::listClients(desk, arguments.name, [&](const host::ClientLine& line) {
+        printer.add(std::array{idOrNull(line.client), idOrNull(line.contact),
+                               idOrNull(line.company), textJson(line.number), Json(line.name),
+                               textJson(line.phone), textJson(line.email),
+                               textJson(line.accountant)});
+      });
+  return endList(printer, "no client found", unreadable);
 }
 
 void describeStaff(CLI::App& command, Arguments& arguments) {
@@ -65,12 +55,12 @@ Reply listAllStaff(host::Desk& desk, const Arguments& arguments, RowForm form) {
                             {"phone", "PHONE"},
                             {"email", "EMAIL"},
                             {"level", "LEVEL"}});
-  return printed(printer, "no member of staff found", [&] {
-    return host::listStaff(desk, arguments.name, [&](const host::StaffLine& line) {
-      printer.add(std::array{Json(line.user), Json(line.name), textJson(line.title),
-                             textJson(line.phone), textJson(line.email), idOrNull(line.level)});
-    });
-  });
+  const host::UnreadableRows unreadable =
+      host::listStaff(desk, arguments.name, [&](const host::StaffLine& line) {
+        printer.add(std::array{Json(line.user), Json(line.name), textJson(line.title),
+                               textJson(line.phone), textJson(line.email), idOrNull(line.level)});
+      });
+  return endList(printer, "no member of staff found", unreadable);
 }
 
 }  // namespace autonotify::console

@@ -89,11 +89,7 @@ Reply listAppointments(host::Desk& desk, const Arguments& arguments, RowForm for
                            dayJson(item.day.value_or(DateTime{})), Json(timeText(item)),
                            channelList(item.channels), Json(clientName(desk, item)),
                            Json(item.companyId), Json(item.contactId), Json(item.subject)});
-  Reply reply;
-  reply.isDataPrinted = true;
-  if (!printer.end() && items.unreadable.empty()) reply.refuse("nothing found in the diary");
-  for (const host::UnreadableRow& row : items.unreadable) reply.refuse(row.description());
-  return reply;
+  return endList(printer, "nothing found in the diary", items.unreadable);
 }
 
 void describeArmItem(CLI::App& command, Arguments& arguments) {

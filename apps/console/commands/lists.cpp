@@ -30,12 +30,7 @@ Reply listTasks(host::Desk& desk, const Arguments& arguments, RowForm form) {
                            Json(client), Json(task.clientNum), Json(task.contactId),
                            Json(task.name)});
   };
-  const host::UnreadableRows unreadable = host::listTasks(desk, query, print);
-  Reply reply;
-  reply.isDataPrinted = true;
-  if (!printer.end() && unreadable.empty()) reply.refuse("no open task found");
-  for (const host::UnreadableRow& row : unreadable) reply.refuse(row.description());
-  return reply;
+  return endList(printer, "no open task found", host::listTasks(desk, query, print));
 }
 
 }  // namespace autonotify::console

@@ -5,9 +5,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "TextTable.h"
 #include "commands/arguments.h"
 #include "host/desk/work/firm_details.h"
+#include "platform/text.h"
 
 namespace autonotify::console {
 namespace {

@@ -1,5 +1,4 @@
 #include "host/desk/work/schedule_year.h"
-#include "host/desk/work/composer_outlook.h"
 
 #include <fmt/format.h>
 
