@@ -67,6 +67,8 @@ class Driver {
   /// A row with this key, which was not reserved, is about to be added: reserveKey goes on behind
   /// it. Engines that count such rows by themselves need not be told.
   virtual void takeKey(const TableDef&, Id) {}
+  /// Nothing is read for a while: what is held for statements that follow each other is let go.
+  virtual void rest() noexcept {}
 };
 
 }  // namespace autonotify::host

@@ -58,6 +58,8 @@ class Session {
 
   /// `rows` executes `statement` now; what may not be under way beside it is settled first.
   void begin(LiveRows& rows, const RowStatement& statement);
+  /// No recordset is left.
+  void rest() noexcept { driver_.rest(); }
   /// The statement of `rows` has ended, if it was under way.
   void end(const LiveRows& rows) noexcept {
     std::erase_if(live_, [&](const Live& each) { return each.rows == &rows; });

@@ -113,6 +113,23 @@ TEST_F(SqliteFileTest, LookUpsBesideAWalkShowItsStateAsLongAsItGoesOn) {
   }
 }
 
+TEST_F(SqliteFileTest, EachStatementReadsWhatWasWrittenBeforeAndNothingIsHeldBehindTheLast) {
+  const auto desk = createSqlite(file), other = openSqlite(file);
+  const Id id = addNotification(*desk, {{"Field1", "0"}});
+  const RecordsetHandle open = conformance::open(*desk, conformance::notification(id));
+  const auto seen = [&] { return toText(conformance::field(*desk, id, "Field1")); };
+  for (int i = 0; i < 4; ++i) {
+    for (int again = 0; again < 3; ++again) EXPECT_EQ(seen(), std::to_string(i));
+    conformance::update(*other, conformance::open(*other, conformance::notification(id)), "Field1",
+                        std::to_string(i + 1));
+    if (i > 1) conformance::update(*desk, open, "Field2", "written on what was read before");
+  }
+  for (int again = 0; again < 3; ++again) EXPECT_EQ(seen(), "4");
+  desk->closeRecordset(open);
+  SQLite::Database keeper(file.string(), SQLite::OPEN_READWRITE);
+  EXPECT_EQ(keeper.execAndGet("PRAGMA wal_checkpoint(TRUNCATE)").getInt(), 0);
+}
+
 TEST_F(SqliteFileTest, ALockedWriteMayBeTriedAgain) {
   createSqlite(file);
   const auto database = openSqlite(file, OpenMode::readWrite, 20);

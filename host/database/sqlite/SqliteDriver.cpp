@@ -55,7 +55,8 @@ void testDate(sqlite3_context* context, int, sqlite3_value** arguments) {
 /// the connection does not give: the table a column comes from, and reading without copies.
 class SqliteStatement : public DriverStatement {
  public:
-  SqliteStatement(sqlite3* connection, const std::string& sql) : connection_(connection) {
+  SqliteStatement(sqlite3* connection, SqliteSnapshot& snapshot, const std::string& sql)
+      : connection_(connection), snapshot_(snapshot) {
     check(sqlite3_prepare_v3(connection, sql.c_str(), static_cast<int>(sql.size()) + 1,
                              SQLITE_PREPARE_PERSISTENT, &statement_, nullptr),
           sql);
@@ -75,8 +76,8 @@ class SqliteStatement : public DriverStatement {
 
   void execute(const std::vector<Value>& parameters) override {
     reset();
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-      parameters[i].visit([&](const auto& value) { bind(static_cast<int>(i + 1), value); });
+    snapshot_.beginReading();
+    bindAll(parameters);
   }
 
   bool step() override {
@@ -111,7 +112,9 @@ class SqliteStatement : public DriverStatement {
   }
 
   int run(const std::vector<Value>& parameters) override {
-    execute(parameters);
+    reset();
+    snapshot_.release();
+    bindAll(parameters);
     step();
     reset();
     return sqlite3_changes(connection_);
@@ -126,6 +129,10 @@ class SqliteStatement : public DriverStatement {
                           text(sqlite3_column_origin_name(statement_, i))});
   }
 
+  void bindAll(const std::vector<Value>& parameters) {
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+      parameters[i].visit([&](const auto& value) { bind(static_cast<int>(i + 1), value); });
+  }
   void bind(int place, Null) { check(sqlite3_bind_null(statement_, place)); }
   void bind(int place, bool flag) { check(sqlite3_bind_int(statement_, place, flag)); }
   void bind(int place, std::int64_t number) {
@@ -154,6 +161,7 @@ class SqliteStatement : public DriverStatement {
   }
 
   sqlite3* connection_;
+  SqliteSnapshot& snapshot_;
   sqlite3_stmt* statement_ = nullptr;
   bool isUnderWay_ = false;
   std::vector<ResultColumn> columns_;
@@ -232,7 +240,8 @@ void throwSqliteError(sqlite3* connection, int code, const std::string& sql) {
 
 SqliteDriver::SqliteDriver(SQLite::Database database)
     : database_(std::move(database)),
-      isInFile_(*sqlite3_db_filename(database_.getHandle(), "main") != 0) {
+      isInFile_(*sqlite3_db_filename(database_.getHandle(), "main") != 0),
+      snapshot_(database_.getHandle()) {
   translated([&] {
     database_.createFunction("IsDate", 1, true, nullptr, testDate);
     database_.createFunction("Told", 1, false, &told_, tell);
@@ -242,10 +251,11 @@ SqliteDriver::SqliteDriver(SQLite::Database database)
 SqliteDriver::~SqliteDriver() = default;
 
 std::unique_ptr<DriverStatement> SqliteDriver::prepare(const std::string& sql) {
-  return std::make_unique<SqliteStatement>(database_.getHandle(), sql);
+  return std::make_unique<SqliteStatement>(database_.getHandle(), snapshot_, sql);
 }
 
 std::unique_ptr<DriverTransaction> SqliteDriver::beginWriting() {
+  snapshot_.release();
   return std::make_unique<SqliteTransaction>(database_);
 }
 

@@ -9,6 +9,7 @@
 #include <SQLiteCpp/Exception.h>
 
 #include "host/database/Driver.h"
+#include "host/database/sqlite/SqliteSnapshot.h"
 
 struct sqlite3;
 
@@ -44,6 +45,7 @@ class SqliteDriver : public Driver {
   std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
   std::unique_ptr<DriverTransaction> beginWriting() override;
   Id reserveKey(const TableDef& table) override;
+  void rest() noexcept override { snapshot_.release(); }
 
  private:
   Id nextKey(std::int64_t counter, const std::string& table);
@@ -52,6 +54,7 @@ class SqliteDriver : public Driver {
 
   SQLite::Database database_;
   bool isInFile_;
+  SqliteSnapshot snapshot_;
   std::unique_ptr<DriverStatement> nextKey_;
   std::int64_t told_ = 0;
   // Where the counters were last seen: the engine has no index on their names.
