@@ -4,8 +4,10 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QVBoxLayout>
 #include <optional>
 
+#include "binding/FittingArea.h"
 #include "host/desk/work/firm_details.h"
 #include "host/words/Words.h"
 #include "platform/PlatformError.h"
@@ -22,7 +24,8 @@ constexpr int usualFieldWidth = 320;
 FirmDialog::FirmDialog(host::Desk& desk, QWidget* parent)
     : QDialog(parent), desk_(desk), stored_(host::readFirmDetails(desk)) {
   setWindowTitle(tr("The Firm"));
-  auto* layout = new QFormLayout(this);
+  auto* content = new QWidget(this);
+  auto* layout = new QFormLayout(content);
   for (std::size_t i = 0; i < stored_.size(); ++i) {
     const host::FirmDetail& detail = host::firmDetails()[i];
     auto* field = new QLineEdit(shown(stored_[i]), this);
@@ -35,6 +38,9 @@ FirmDialog::FirmDialog(host::Desk& desk, QWidget* parent)
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   layout->addRow(buttons);
+  auto* around = new QVBoxLayout(this);
+  around->setContentsMargins({});
+  around->addWidget(new FittingArea(*content, this));
 }
 
 void FirmDialog::accept() {

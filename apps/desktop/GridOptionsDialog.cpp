@@ -35,6 +35,7 @@ void setColor(QPushButton& button, const QColor& color) {
   swatch.fill(color);
   button.setIcon(color.isValid() ? QIcon(swatch) : QIcon());
   button.setText(color.isValid() ? color.name() : QObject::tr("As the desktop has it"));
+  button.setAccessibleDescription(button.text());
   button.setProperty(colorProperty, color);
 }
 
@@ -100,6 +101,7 @@ QPushButton* GridOptionsDialog::addColor(QFormLayout& layout, const QString& lab
   auto* button = new QPushButton(this);
   button->setObjectName(name);
   button->setAutoDefault(false);
+  button->setAccessibleName(QString(label).remove('&').remove(':'));
   setColor(*button, color == 0 ? QColor() : colorOf(color));
   connect(button, &QPushButton::clicked, this, [this, button] {
     const QColor before = button->property(colorProperty).value<QColor>();

@@ -9,6 +9,7 @@
 #include "DialogErrorClass.h"
 #include "DialogMsgbox.h"
 #include "TaskPage.h"
+#include "binding/ContextMenuKey.h"
 #include "binding/QtFormHost.h"
 #include "composer_notes.h"
 #include "day/ClientsPage.h"
@@ -188,6 +189,7 @@ class MainWindow : public QMainWindow {
   host::DeskOptions options_;
   DialogErrorClass errors_;
   DialogMsgbox messages_;
+  ContextMenuKey menuKey_;
   QtFormHost forms_;
   /// Of what the component's windows are about.
   DateTime due_;

@@ -3,21 +3,22 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <utility>
 
+#include "SortHeader.h"
+
 namespace autonotify::desktop {
 namespace {
 
-/// The names share what these leave.
+/// As many characters wide as the widest text; the names share what these leave.
 constexpr std::pair<TaskTableModel::Column, int> columnWidths[] = {
-    {TaskTableModel::dueDate, 90},
-    {TaskTableModel::notificationDate, 90},
-    {TaskTableModel::channels, 120},
-    {TaskTableModel::state, 90}};
+    {TaskTableModel::dueDate, 13},
+    {TaskTableModel::notificationDate, 13},
+    {TaskTableModel::channels, 17},
+    {TaskTableModel::state, 13}};
 
 }  // namespace
 
@@ -58,14 +59,14 @@ void TaskPage::makeTable() {
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
-  QHeaderView& header = *table_->horizontalHeader();
+  QHeaderView& header = SortHeader::giveTo(*table_);
   header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  header.setHighlightSections(false);
   header.setSortIndicator(TaskTableModel::dueDate, Qt::AscendingOrder);
   table_->setSortingEnabled(true);
   for (const int named : {TaskTableModel::client, TaskTableModel::task})
     header.setSectionResizeMode(named, QHeaderView::Stretch);
-  for (const auto& [column, width] : columnWidths) table_->setColumnWidth(column, width);
+  for (const auto& [column, width] : columnWidths)
+    table_->setColumnWidth(column, width * table_->fontMetrics().horizontalAdvance('0'));
   auto* nothing = new QLabel(tr("No open task fits."), table_->viewport());
   (new QVBoxLayout(table_->viewport()))->addWidget(nothing, 0, Qt::AlignCenter);
   connect(tasks_, &QAbstractItemModel::modelReset, this, [this, nothing] {

@@ -6,7 +6,9 @@
 #include <QPdfSelection>
 #include <QTest>
 #include <QtWidgets>
+#include <utility>
 
+#include "SortHeader.h"
 #include "binding/DateBinding.h"
 #include "preview/PdfPages.h"
 #include "qt_text.h"
@@ -187,8 +189,16 @@ class QtDriver : public WindowDriver {
     return settle(grid);
   }
 
+  /// With the mouse and by keys in turn.
   bool clickHeading(Grid& grid, int column) override {
     QHeaderView& header = *tableOf(grid, -1, column).horizontalHeader();
+    if (std::exchange(isKeyNext_, !isKeyNext_)) {
+      auto& headings = static_cast<desktop::SortHeader&>(header);
+      headings.setCurrent(column);
+      QTest::keyClick(&headings, Qt::Key_Space);
+      headings.setCurrent(-1);
+      return settle(grid);
+    }
     const int middle = header.sectionViewportPosition(column) + header.sectionSize(column) / 2;
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {middle, header.height() / 2});
     return settle(grid);
@@ -282,6 +292,7 @@ class QtDriver : public WindowDriver {
 
   Form& form_;
   QWidget& window_;
+  bool isKeyNext_ = false;
 };
 
 class QtReader : public ReportDriver {

@@ -1,6 +1,7 @@
 #include <QtWidgets>
 
 #include "MainWindowTest.h"
+#include "SortHeader.h"
 #include "day/DayModel.h"
 #include "day/DayPage.h"
 #include "day/ElidedLabel.h"
@@ -235,17 +236,54 @@ TEST_F(DayPageTest, ItIsWorkedByKeysAndFoundWhileTyping) {
   auto* chart = window_->findChild<QWidget*>("weeksChart");
   EXPECT_THAT(plain(chart->accessibleName()), testing::StartsWith("Weeks ahead, "));
   QTest::keyClick(chart, Qt::Key_Right);
+  EXPECT_THAT(plain(chart->accessibleDescription()),
+              testing::EndsWith(std::to_string(host::totalOf(page().day().weeks[1].counts))));
   QTest::keyClick(chart, Qt::Key_Return);
   EXPECT_EQ(read(*window_, "dayTitle"),
             "Week of " + plain(QLocale().toString(QDate(2026, 4, 20), "MMMM d")));
   EXPECT_EQ(lines().size(), host::totalOf(page().day().weeks[1].counts));
-  QTest::keyClick(&view(), Qt::Key_Escape);
+  QTest::keyClick(chart, Qt::Key_Escape);
   EXPECT_EQ(lines().size(), clients.size());
   for (int place = 1; place <= Navigation::places; ++place) {
     if (place == 3 || place == 8) continue;
     trigger(plain(QString("go%1").arg(place)).c_str());
     EXPECT_EQ(window_->findChild<Navigation*>()->currentItem()->text(),
               Navigation::textOf(static_cast<Place>(place - 1)));
+  }
+}
+
+TEST_F(DayPageTest, HeadingsAreReachedAndPressedByKeys) {
+  openDay();
+  QApplication::setActiveWindow(&*window_);
+  const std::pair<Place, const char*> tables[] = {{Place::today, "day"},
+                                                  {Place::tasks, "tasks"},
+                                                  {Place::clients, "clients"},
+                                                  {Place::clients, "told"}};
+  for (const auto& [place, name] : tables) {
+    SCOPED_TRACE(name);
+    window_->goTo(place);
+    settle();
+    auto& table = *window_->findChild<QAbstractItemView*>(name);
+    auto& header = *table.findChild<SortHeader*>();
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), &header);
+    QTest::keyClick(&header, Qt::Key_Right);
+    const int column = header.current();
+    const auto texts = [&] {
+      std::vector<QString> found;
+      const QModelIndex group =
+          qobject_cast<QTreeView*>(&table) ? table.model()->index(0, 0) : QModelIndex();
+      for (int row = 0; row < table.model()->rowCount(group); ++row)
+        found.push_back(table.model()->index(row, column, group).data().toString());
+      return found;
+    };
+    QTest::keyClick(&header, Qt::Key_Space);
+    const auto ascending = texts();
+    EXPECT_TRUE(header.accessibleName().endsWith(", in ascending order"));
+    QTest::keyClick(&header, Qt::Key_Return);
+    EXPECT_NE(texts(), ascending);
+    EXPECT_EQ(header.sortIndicatorSection(), column);
   }
 }
 

@@ -1,7 +1,8 @@
 #include "binding/FrozenColumns.h"
 
-#include <QHeaderView>
 #include <QScrollBar>
+
+#include "SortHeader.h"
 
 namespace autonotify::desktop {
 
@@ -19,12 +20,13 @@ FrozenColumns::FrozenColumns(QTableView& table) : QTableView(&table), table_(tab
   setContextMenuPolicy(table.contextMenuPolicy());
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  QHeaderView& own = *horizontalHeader();
-  QHeaderView& other = *table.horizontalHeader();
-  own.setHighlightSections(false);
+  SortHeader& own = SortHeader::giveTo(*this);
+  own.setFocusPolicy(Qt::NoFocus);
+  auto& other = static_cast<SortHeader&>(*table.horizontalHeader());
   own.setMinimumSectionSize(other.minimumSectionSize());
   connect(this, &QTableView::clicked, &table, &QTableView::clicked);
   connect(&own, &QHeaderView::sectionClicked, &other, &QHeaderView::sectionClicked);
+  connect(&other, &SortHeader::currentChanged, &own, &SortHeader::setCurrent);
   connect(&own, &QHeaderView::sectionResized, &table,
           [this](int column, int, int width) { table_.setColumnWidth(column, width); });
   connect(&other, &QHeaderView::sectionResized, this, &FrozenColumns::drawSizes);

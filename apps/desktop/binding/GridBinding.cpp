@@ -12,6 +12,7 @@
 #include <cmath>
 #include <utility>
 
+#include "SortHeader.h"
 #include "colors.h"
 #include "qt_text.h"
 
@@ -61,6 +62,7 @@ GridBinding::~GridBinding() {
 
 void GridBinding::bindTable() {
   QTableView& widget = widget_;
+  SortHeader::giveTo(widget);
   widget.setModel(&model_);
   widget.setItemDelegate(&delegate_);
   widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -80,8 +82,6 @@ void GridBinding::bindTable() {
 }
 
 void GridBinding::bindHeader(QHeaderView& header) {
-  header.setHighlightSections(false);
-  header.setStretchLastSection(false);
   header.setMinimumSectionSize(leastColumnPixels);
   connect(&header, &QHeaderView::sectionClicked, this, [this](int column) {
     if (isDrawnAsItIs()) pass([=, this](Person& person) { person.clickHeading(control_, column); });

@@ -59,7 +59,7 @@ QLabel* ClientCardView::addReach(const char* name, int channel) {
   auto* icon = new QLabel(this);
   icon->setPixmap(channelIcon(channel).pixmap(iconBesideText));
   QLabel* label = newLabel(name);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   line->addWidget(icon);
   line->addWidget(label, 1);
   layout_->addLayout(line);

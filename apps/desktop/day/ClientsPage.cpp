@@ -2,9 +2,9 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QCollator>
 #include <QDate>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
 #include <QSortFilterProxyModel>
@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "SortHeader.h"
 #include "binding/DateBinding.h"
 #include "day/row_acts.h"
 #include "qt_text.h"
@@ -24,6 +25,8 @@ namespace {
 constexpr int pageMargin = 16;
 /// The rest of a client of many years is in the list of notifications.
 constexpr std::size_t mostTold = 2000;
+/// By which the width of a column goes.
+constexpr int rowsMeasured = 100;
 
 using ClientColumn = RecordColumn<host::ClientLine>;
 constexpr ClientColumn clientColumns[] = {
@@ -38,6 +41,9 @@ constexpr ClientColumn clientColumns[] = {
     {QT_TRANSLATE_NOOP("QObject", "Accountant"),
      [](const host::ClientLine& line) { return QVariant(shown(line.accountant)); }},
 };
+
+enum ClientPlace { clientNumber = 1, clientPhone = 2 };
+enum ToldPlace { toldDate = 0, toldChannel = 2, toldState = 3, toldSent = 4 };
 
 QVariant dateOrNothing(DateTime day) {
   return day.isZero() ? QVariant() : QVariant(qtDate(day));
@@ -61,11 +67,28 @@ constexpr ToldColumn toldColumns[] = {
      [](const host::NotificationLine& line) { return QVariant(shown(line.sentBy)); }},
 };
 
+/// Words in the order of the language, numbers in them by what they count.
+class SortedRows : public QSortFilterProxyModel {
+ public:
+  explicit SortedRows(QObject* parent) : QSortFilterProxyModel(parent) {
+    order_.setNumericMode(true);
+    order_.setCaseSensitivity(Qt::CaseInsensitive);
+  }
+
+ protected:
+  bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
+    const QVariant first = left.data();
+    if (first.typeId() != QMetaType::QString) return QSortFilterProxyModel::lessThan(left, right);
+    return order_.compare(first.toString(), right.data().toString()) < 0;
+  }
+
+ private:
+  QCollator order_;
+};
+
 QSortFilterProxyModel* sortedRows(QAbstractItemModel& model, QObject* parent) {
-  auto* rows = new QSortFilterProxyModel(parent);
+  auto* rows = new SortedRows(parent);
   rows->setSourceModel(&model);
-  rows->setSortLocaleAware(true);
-  rows->setSortCaseSensitivity(Qt::CaseInsensitive);
   rows->setFilterCaseSensitivity(Qt::CaseInsensitive);
   rows->setFilterKeyColumn(-1);
   return rows;
@@ -93,9 +116,24 @@ ClientsPage::ClientsPage(QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(pageMargin, pageMargin / 2, pageMargin, pageMargin);
   layout->addWidget(panes);
+  for (const int narrow : {clientNumber, clientPhone})
+    clientTable_->horizontalHeader()->setSectionResizeMode(narrow, QHeaderView::ResizeToContents);
+  addNote();
   connect(clientTable_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &ClientsPage::showChosen);
   addCommands();
+}
+
+void ClientsPage::addNote() {
+  auto* nothing = new QLabel(tr("No client fits."), clientTable_->viewport());
+  nothing->hide();
+  (new QVBoxLayout(clientTable_->viewport()))->addWidget(nothing, 0, Qt::AlignCenter);
+  const auto show = [this, nothing] {
+    nothing->setVisible(desk_ && foundClients_->rowCount() == 0);
+  };
+  for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+    connect(foundClients_, changed, this, show);
+  connect(foundClients_, &QAbstractItemModel::modelReset, this, show);
 }
 
 void ClientsPage::addCommands() {
@@ -134,9 +172,11 @@ QTableView* ClientsPage::newTable(const char* name, const QString& accessibleNam
   table->setWordWrap(false);
   table->verticalHeader()->hide();
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
-  table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  QHeaderView& header = SortHeader::giveTo(*table);
+  header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  header.setSectionResizeMode(QHeaderView::Stretch);
+  header.setResizeContentsPrecision(rowsMeasured);
+  header.setSortIndicator(-1, Qt::AscendingOrder);
   table->setSortingEnabled(true);
   return table;
 }
@@ -157,7 +197,10 @@ QWidget* ClientsPage::makeHistory() {
     label->setTextFormat(Qt::PlainText);
     layout->addWidget(label);
   }
-  layout->addWidget(newTable("told", tr("Notifications of the client"), *sortedTold_));
+  QTableView* told = newTable("told", tr("Notifications of the client"), *sortedTold_);
+  for (const int narrow : {toldDate, toldChannel, toldState, toldSent})
+    told->horizontalHeader()->setSectionResizeMode(narrow, QHeaderView::ResizeToContents);
+  layout->addWidget(told);
   return page;
 }
 
@@ -177,7 +220,7 @@ void ClientsPage::readFrom(host::Desk& desk) {
   } catch (const PlatformError& error) {
     return emit failed(faultOf(error.description()));
   }
-  if (client) showClient(*client);
+  client ? showClient(*client) : clientTable_->selectRow(0);
   showHistory();
 }
 

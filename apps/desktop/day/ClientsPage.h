@@ -41,6 +41,8 @@ class ClientsPage : public QWidget {
  private:
   QTableView* newTable(const char* name, const QString& accessibleName, QAbstractItemModel& model);
   QWidget* makeHistory();
+  /// Told where no client fits the search.
+  void addNote();
   /// What can be done with the chosen client, in the menu of the right mouse button.
   void addCommands();
   void showTasks();

@@ -16,6 +16,15 @@ void DayFilter::setText(const QString& text) {
   invalidateFilter();
 }
 
+QVariant DayFilter::data(const QModelIndex& index, int role) const {
+  const bool isGroup = !index.parent().isValid();
+  if (role != Qt::AccessibleTextRole || !isGroup || !leavesOut() || index.column() != 0)
+    return QSortFilterProxyModel::data(index, role);
+  return tr("%1, %L2 found", "a heading and how many")
+      .arg(index.data().toString())
+      .arg(rowCount(index));
+}
+
 bool DayFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
   const auto& day = static_cast<const DayModel&>(*sourceModel());
   const host::DayLine* line = day.lineAt(day.index(row, 0, parent));

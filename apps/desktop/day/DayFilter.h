@@ -13,6 +13,7 @@ class DayFilter : public QSortFilterProxyModel {
 
   void setText(const QString& text);
   bool leavesOut() const { return !text_.isEmpty(); }
+  QVariant data(const QModelIndex& index, int role) const override;
 
  protected:
   bool filterAcceptsRow(int row, const QModelIndex& parent) const override;

@@ -1,9 +1,11 @@
 #include "day/DayPage.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
@@ -13,6 +15,7 @@
 #include <algorithm>
 
 #include "binding/DateBinding.h"
+#include "colors.h"
 #include "day/ClientCardView.h"
 #include "day/DayFilter.h"
 #include "day/DayModel.h"
@@ -47,6 +50,16 @@ constexpr ShareButton shareButtons[] = {
     {"myClients", QT_TRANSLATE_NOOP("autonotify::desktop::DayPage", "My clients"),
      host::DayShare::myClients},
 };
+
+/// The chosen one stands out in a dark palette too.
+void colourShare(QAbstractButton& button) {
+  QPalette palette;
+  if (button.isChecked()) {
+    palette.setColor(QPalette::Button, softAccentOn(palette.color(QPalette::Window), palette));
+    palette.setColor(QPalette::ButtonText, accentInk(palette));
+  }
+  button.setPalette(palette);
+}
 
 template <class LabelType = QLabel>
 LabelType* plainLabel(QWidget* parent, const char* name) {
@@ -86,9 +99,6 @@ DayPage::DayPage(QWidget* parent)
   layout->addWidget(centre, 1);
   layout->addWidget(makeMore());
   connect(view_, &DayView::pressed, this, &DayPage::acted);
-  connect(view_, &DayView::left, this, [this] {
-    if (week_) showChannels(channels_, heading_);
-  });
   connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
     showCard();
     emit changed();
@@ -117,6 +127,18 @@ QSize DayPage::minimumSizeHint() const {
 void DayPage::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   side_->setVisible(width() >= leastWidthWithSide);
+}
+
+/// Esc leaves a week for the day.
+void DayPage::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || !week_) return QWidget::keyPressEvent(event);
+  showChannels(channels_, heading_);
+}
+
+void DayPage::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange) return;
+  for (QAbstractButton* share : shares_->buttons()) colourShare(*share);
 }
 
 void DayPage::showWeeks() {
@@ -167,6 +189,8 @@ QWidget* DayPage::makeShares() {
     button->setObjectName(share.name);
     button->setCheckable(true);
     button->setChecked(share.share == share_);
+    connect(button, &QPushButton::toggled, this, [button] { colourShare(*button); });
+    colourShare(*button);
     shares_->addButton(button, static_cast<int>(share.share));
     layout->addWidget(button);
   }

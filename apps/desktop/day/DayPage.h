@@ -61,6 +61,8 @@ class DayPage : public QWidget {
   void failed(const QString& message);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -1,11 +1,11 @@
 #include "day/DayView.h"
 
 #include <QEvent>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "SortHeader.h"
 #include "colors.h"
 #include "day/DayDelegate.h"
 #include "day/DayFilter.h"
@@ -31,10 +31,10 @@ DayView::DayView(DayFilter& rows, QWidget* parent) : QTreeView(parent) {
   setEditTriggers(NoEditTriggers);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  SortHeader& headings = SortHeader::giveTo(*this);
+  headings.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  headings.setSortIndicator(-1, Qt::AscendingOrder);
   setSortingEnabled(true);
-  header()->setSortIndicator(-1, Qt::AscendingOrder);
-  header()->setStretchLastSection(false);
-  header()->setSectionsMovable(false);
   connect(&rows, &QAbstractItemModel::modelReset, this, &DayView::spanGroups);
 }
 
@@ -60,8 +60,6 @@ void DayView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
       if (isLine(currentIndex())) return emit pressed();
       return setExpanded(currentIndex(), !isExpanded(currentIndex()));
-    case Qt::Key_Escape:
-      return emit left();
     default:
       return QTreeView::keyPressEvent(event);
   }

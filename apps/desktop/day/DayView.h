@@ -20,8 +20,6 @@ class DayView : public QTreeView {
  signals:
   /// A person pressed the row's button, with the mouse or by Enter or Space.
   void pressed();
-  /// Esc.
-  void left();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -1,5 +1,6 @@
 #include "day/WeeksChart.h"
 
+#include <QAccessible>
 #include <QGraphicsLayout>
 #include <QGraphicsSimpleTextItem>
 #include <QKeyEvent>
@@ -78,7 +79,8 @@ WeeksChart::WeeksChart(QWidget* parent)
   countAxis_->setTickCount(3);
   countAxis_->setLabelFormat("%d");
   connect(series_, &QStackedBarSeries::clicked, this, [this](int week) { choose(week); });
-  connect(chart(), &QChart::plotAreaChanged, this, &WeeksChart::placeWords);
+  // The bars find their places after the plot.
+  connect(chart(), &QChart::plotAreaChanged, this, &WeeksChart::placeWords, Qt::QueuedConnection);
   colour();
 }
 
@@ -129,6 +131,7 @@ void WeeksChart::colour() {
   const QColor base = palette().color(QPalette::Base);
   for (std::size_t i = 0; i < series.size(); ++i) {
     sets_[i]->setColor(series[i].color);
+    sets_[i]->setSelectedColor(palette().color(QPalette::Text));
     sets_[i]->setBorderColor(base);
   }
   setBackgroundBrush(base);
@@ -157,6 +160,20 @@ void WeeksChart::choose(int week) {
   emit chosen(weeks_[static_cast<std::size_t>(week)].monday);
 }
 
+/// The bar on which the keys act, for eyes and ears.
+void WeeksChart::showCurrent() {
+  for (QBarSet* set : sets_) {
+    set->deselectAllBars();
+    set->selectBar(current_);
+  }
+  if (weeks_.empty()) return;
+  const host::WeekAhead& week = weeks_[static_cast<std::size_t>(current_)];
+  setAccessibleDescription(
+      tr("Week of %1: %L2").arg(dayAndMonth(qtDate(week.monday))).arg(host::totalOf(week.counts)));
+  QAccessibleEvent told(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&told);
+}
+
 void WeeksChart::keyPressEvent(QKeyEvent* event) {
   const int last = static_cast<int>(weeks_.size()) - 1;
   switch (event->key()) {
@@ -164,11 +181,7 @@ void WeeksChart::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Right:
       current_ =
           std::clamp(current_ + (event->key() == Qt::Key_Left ? -1 : 1), 0, std::max(last, 0));
-      for (QBarSet* set : sets_) {
-        set->deselectAllBars();
-        set->selectBar(current_);
-      }
-      return;
+      return showCurrent();
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
@@ -180,7 +193,7 @@ void WeeksChart::keyPressEvent(QKeyEvent* event) {
 
 void WeeksChart::focusInEvent(QFocusEvent* event) {
   QChartView::focusInEvent(event);
-  for (QBarSet* set : sets_) set->selectBar(current_);
+  showCurrent();
 }
 
 void WeeksChart::focusOutEvent(QFocusEvent* event) {

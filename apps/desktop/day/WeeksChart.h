@@ -43,6 +43,7 @@ class WeeksChart : public QChartView {
  private:
   void colour();
   void placeWords();
+  void showCurrent();
   void choose(int week);
 
   std::vector<host::WeekAhead> weeks_;

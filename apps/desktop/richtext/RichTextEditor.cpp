@@ -14,6 +14,14 @@
 #include <QVBoxLayout>
 
 namespace autonotify::desktop {
+namespace {
+
+QString withKeys(const QString& text, const QKeySequence& keys) {
+  if (keys.isEmpty()) return text;
+  return QString("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText));
+}
+
+}  // namespace
 
 /// A format that is on or off.
 struct RichTextEditor::Toggle {
@@ -89,37 +97,47 @@ QAction* RichTextEditor::addCheckable(const char* name, const char* icon, const 
   QAction* action = bar_->addAction(QIcon::fromTheme(icon), text);
   action->setObjectName(name);
   action->setCheckable(true);
-  action->setShortcut(keys);
-  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  if (!keys.isEmpty())
-    action->setToolTip(QString("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
-  addAction(action);
+  setKeys(*action, keys);
   return action;
+}
+
+void RichTextEditor::setKeys(QAction& action, const QKeySequence& keys) {
+  action.setShortcut(keys);
+  action.setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  action.setToolTip(withKeys(action.text(), keys));
+  addAction(&action);
+}
+
+// Tab goes past the boxes, from the field above straight to the text: keys open their lists.
+void RichTextEditor::addBox(QComboBox& box, const QString& text, const QKeySequence& keys) {
+  box.setToolTip(withKeys(text, keys));
+  box.setAccessibleName(text);
+  box.setFocusPolicy(Qt::ClickFocus);
+  bar_->addWidget(&box);
+  auto* open = new QAction(text, this);
+  connect(open, &QAction::triggered, &box, [this, &box] {
+    if (bar_->isEnabled()) box.showPopup();
+  });
+  setKeys(*open, keys);
 }
 
 void RichTextEditor::addFonts() {
   font_ = new QFontComboBox(bar_);
-  font_->setToolTip(tr("Font"));
-  font_->setAccessibleName(font_->toolTip());
   font_->setMinimumContentsLength(12);
-  font_->setFocusPolicy(Qt::ClickFocus);
   connect(font_, &QComboBox::textActivated, this, [this](const QString& family) {
     QTextCharFormat format;
     format.setFontFamilies({family});
     apply(format);
   });
-  bar_->addWidget(font_);
+  addBox(*font_, tr("Font"), Qt::CTRL | Qt::SHIFT | Qt::Key_F);
   size_ = new QComboBox(bar_);
-  size_->setToolTip(tr("Size"));
-  size_->setAccessibleName(size_->toolTip());
-  size_->setFocusPolicy(Qt::ClickFocus);
   for (const int size : QFontDatabase::standardSizes()) size_->addItem(QString::number(size));
   connect(size_, &QComboBox::textActivated, this, [this](const QString& points) {
     QTextCharFormat format;
     format.setFontPointSize(points.toDouble());
     apply(format);
   });
-  bar_->addWidget(size_);
+  addBox(*size_, tr("Size"), Qt::CTRL | Qt::SHIFT | Qt::Key_P);
 }
 
 void RichTextEditor::addToggles() {
@@ -139,6 +157,7 @@ void RichTextEditor::addColor() {
   QAction* color = bar_->addAction(QIcon::fromTheme("format-text-color"), tr("Colour"), this,
                                    &RichTextEditor::chooseColor);
   color->setObjectName("color");
+  setKeys(*color, Qt::CTRL | Qt::SHIFT | Qt::Key_C);
 }
 
 void RichTextEditor::addAlignments() {
@@ -146,22 +165,24 @@ void RichTextEditor::addAlignments() {
     const char* name;
     const char* icon;
     const char* text;
+    Qt::Key key;  // with Ctrl
     Qt::Alignment alignment;
   };
   constexpr Row rows[] = {
-      {"alignLeft", "format-justify-left", QT_TR_NOOP("Align Left"), Qt::AlignLeft},
-      {"alignCentre", "format-justify-center", QT_TR_NOOP("Centre"), Qt::AlignHCenter},
-      {"alignRight", "format-justify-right", QT_TR_NOOP("Align Right"), Qt::AlignRight}};
+      {"alignLeft", "format-justify-left", QT_TR_NOOP("Align Left"), Qt::Key_L, Qt::AlignLeft},
+      {"alignCentre", "format-justify-center", QT_TR_NOOP("Centre"), Qt::Key_E, Qt::AlignHCenter},
+      {"alignRight", "format-justify-right", QT_TR_NOOP("Align Right"), Qt::Key_R, Qt::AlignRight}};
   bar_->addSeparator();
   auto* group = new QActionGroup(this);
   for (const Row& row : rows) {
-    QAction* action = addCheckable(row.name, row.icon, tr(row.text));
+    QAction* action = addCheckable(row.name, row.icon, tr(row.text), Qt::CTRL | row.key);
     group->addAction(action);
     connect(action, &QAction::triggered, this,
             [this, alignment = row.alignment] { edit_->setAlignment(alignment); });
     alignments_.append({action, row.alignment});
   }
-  bullets_ = addCheckable("bullets", "format-list-unordered", tr("Bullets"));
+  bullets_ = addCheckable("bullets", "format-list-unordered", tr("Bullets"),
+                          Qt::CTRL | Qt::SHIFT | Qt::Key_L);
   connect(bullets_, &QAction::triggered, this, &RichTextEditor::toggleBullets);
 }
 

@@ -41,7 +41,10 @@ class RichTextEditor : public QWidget {
   void addAlignments();
   void addCommands();
   QAction* addCheckable(const char* name, const char* icon, const QString& text,
-                        const QKeySequence& keys = {});
+                        const QKeySequence& keys);
+  void setKeys(QAction& action, const QKeySequence& keys);
+  /// The keys open its list.
+  void addBox(QComboBox& box, const QString& text, const QKeySequence& keys);
   void apply(const QTextCharFormat& format);
   void chooseColor();
   void toggleBullets(bool on);

@@ -1395,6 +1395,25 @@ Instruction&#xa0;: %2</translation>
         <source>Copy &amp;Email Address</source>
         <translation>Copier l’adresse de &amp;courriel</translation>
     </message>
+    <message>
+        <source>No client fits.</source>
+        <translation>Aucun client ne correspond.</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::DayDelegate</name>
+    <message>
+        <source>Nothing found here</source>
+        <translation>Rien trouvé ici</translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::DayFilter</name>
+    <message>
+        <source>%1, %L2 found</source>
+        <comment>a heading and how many</comment>
+        <translation>%1, %L2 trouvés</translation>
+    </message>
 </context>
 <context>
     <name>autonotify::desktop::DayModel</name>
@@ -2124,6 +2143,21 @@ Instruction&#xa0;: %2</translation>
     </message>
 </context>
 <context>
+    <name>autonotify::desktop::SortHeader</name>
+    <message>
+        <source>Headings</source>
+        <translation>En-têtes</translation>
+    </message>
+    <message>
+        <source>%1, in ascending order</source>
+        <translation>%1, en ordre croissant</translation>
+    </message>
+    <message>
+        <source>%1, in descending order</source>
+        <translation>%1, en ordre décroissant</translation>
+    </message>
+</context>
+<context>
     <name>autonotify::desktop::TaskPage</name>
     <message>
         <source>Only those d&amp;ue</source>
@@ -2193,6 +2227,13 @@ Instruction&#xa0;: %2</translation>
             <numerusform>Semaines à venir, %Ln avis en 12 semaines</numerusform>
             <numerusform>Semaines à venir, %Ln avis en 12 semaines</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>autonotify::desktop::WeeksChart</name>
+    <message>
+        <source>Week of %1: %L2</source>
+        <translation>Semaine du %1 : %L2</translation>
     </message>
 </context>
 <context>
