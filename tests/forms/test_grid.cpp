@@ -215,9 +215,15 @@ TEST_F(Grids, StandWhateverAReactionDoesToThem) {
 }
 
 TEST_F(Grids, ShowTheirDialogsThroughTheHost) {
-  person.expectGridDialog(GridDialog::Kind::settings,
-                          [](Grid&, const GridDialog&) { return true; });
-  EXPECT_TRUE(grid.openHalvornGridSettingsForm());
+  person.expectWindow(form.name(), [this](WindowInUse& window) {
+    person.expectGridDialog(GridDialog::Kind::settings, [&](Grid&, auto&) {
+      EXPECT_THROW(window.closeBox(), std::logic_error) << "it lies below";
+      return true;
+    });
+    EXPECT_TRUE(grid.openHalvornGridSettingsForm());
+    window.form().hide();
+  });
+  form.showModal(nullptr);
   person.expectGridDialog(GridDialog::Kind::properties, [](Grid&, auto&) { return false; });
   EXPECT_FALSE(grid.openHalvornGridPropertiesForm());
   const auto expectPrint = [&](GridDialog::Kind kind, int orientation, bool asksFirst) {

@@ -22,7 +22,7 @@ std::string wordFor(bool flag) {
   return flag ? "yes" : "no";
 }
 
-/// A window or report that comes up, above all others for the time of a scope.
+/// A window, report or dialog that comes up, above all others for the time of a scope.
 class OnScreen {
  public:
   explicit OnScreen(const HostObject& shown) { all_.push_back(&shown); }
@@ -36,8 +36,9 @@ class OnScreen {
 
  private:
   static bool isVisible(const HostObject* shown) {
-    const auto* form = dynamic_cast<const Form*>(shown);
-    return form ? form->isVisible() : dynamic_cast<const Report&>(*shown).isShown();
+    if (const auto* form = dynamic_cast<const Form*>(shown)) return form->isVisible();
+    if (const auto* report = dynamic_cast<const Report*>(shown)) return report->isShown();
+    return true;
   }
   static inline std::vector<const HostObject*> all_;
 };
@@ -179,6 +180,7 @@ void HeadlessPerson::showReport(Report& report, HostObject* owner) {
 bool HeadlessPerson::showGridDialog(Grid& grid, const GridDialog& dialog) {
   pass("showGridDialog", grid.name());
   const auto script = takenFrom(gridDialogs_, nameOf(dialog.kind));
+  const OnScreen place(grid);
   return !script || (*script)(grid, dialog);
 }
 
