@@ -28,6 +28,14 @@ class BulkTest : public HostTest {
                "ClientNotification ORDER BY ClientNotificationID") +
            dump("SELECT ScheduleID, notifyType FROM Schedule WHERE notifyType<>0");
   }
+  /// The pass runs, until the person cancels.
+  void expectPass(HeadlessPerson::ProgressScript cancels = {}) {
+    screen.expectProgress("Creating automatic notifications, Please wait ...", std::move(cancels));
+  }
+  void runPass(HeadlessPerson::ProgressScript cancels = {}) {
+    expectPass(std::move(cancels));
+    show(pressFinish);
+  }
   void execute(const std::string& sql) { plainDatabase->connection().exec(sql); }
   std::string stored() { return dump("SELECT * FROM ClientScheduleAutoNotifications"); }
 
@@ -167,13 +175,14 @@ TEST_F(BulkTest, PassArmsTheOpenTasksOfTheYearOnce) {
       "|1|cara@home|NULL|NULL|Your Return is due on Tuesday, June 30 2026|\n";
   begin(enumAutoNotifyCompany);
   chooseAll(panel);
-  show(pressFinish);
+  runPass();
   const std::string once = armed();
   EXPECT_EQ(notificationCount(), 12);
   EXPECT_EQ(once.substr(once.find("\n1|15") + 1), "1|15|\n2|15|\n3|15|\n");
   EXPECT_NE(once.find("1" + ofTask), once.npos) << once;
   EXPECT_NE(once.find("2|2|Birch Ltd. c/o Cara Holm|||555-0101|"), once.npos) << once;
   EXPECT_NE(once.find("3|8|Cara Holm|555-0102|"), once.npos) << once;
+  expectPass();
   show([](WindowInUse& window) {
     window.click("cmdNext");
     for (const char* field : {"cboTo", "cboCc", "cboBcc"}) window.type(field, field);
@@ -182,7 +191,7 @@ TEST_F(BulkTest, PassArmsTheOpenTasksOfTheYearOnce) {
   EXPECT_EQ(armed(), replaceAll(once, "cara@home|NULL|NULL", "cboTo|cboCc|cboBcc"));
   begin(enumAutoNotifyContact);
   chooseAll(panel);
-  show(pressFinish);
+  runPass();
   EXPECT_EQ(notificationCount(), 16);
   EXPECT_EQ(dump("SELECT notifyType FROM Schedule ORDER BY ScheduleID"),
             "15|\n15|\n15|\n15|\n0|\n0|\n0|\n");
@@ -199,7 +208,7 @@ TEST_F(BulkTest, PassTakesTheKindsInItsOrderAndTellsOfEachTask) {
   begin(enumAutoNotifyCompany);
   panel.choice.families.fill(true);
   calls.record(true);
-  show(pressFinish);
+  runPass();
   for (const std::string& call : calls.log()) {
     if (const auto kind = call.find("totalNum = "); kind != call.npos)
       seen += call.substr(kind + 11, 3) + "|";
@@ -215,11 +224,10 @@ TEST_F(BulkTest, PassTakesTheKindsInItsOrderAndTellsOfEachTask) {
 }
 
 TEST_F(BulkTest, CancelOfTheHostLeavesWholeTasksBehind) {
-  progress.cancelAt = 2;
   errors.answer({error_choice::leave});
   begin(enumAutoNotifyCompany);
   chooseAll(panel);
-  show(pressFinish);
+  runPass([](int value) { return value == 2; });
   EXPECT_EQ(notificationCount(), 8);
   EXPECT_EQ(dump("SELECT notifyType FROM Schedule WHERE ClientNum=2 ORDER BY ScheduleID"),
             "15|\n15|\n0|\n0|\n0|\n");
@@ -234,8 +242,8 @@ TEST_F(BulkTest, ChoiceIsKeptForTheClientAndNobodyElse) {
   for (const auto& [type, id] : cases) {
     begin(type, id);
     chooseAll(panel);
-    show(pressFinish);
-    EXPECT_THAT(progress.shown, testing::EndsWith(" of 0: 0 closed"));
+    runPass();
+    EXPECT_THAT(screen.progressSeen(), testing::EndsWith(" of 0: 0 closed"));
     calls.reset();
     calls.record(true);
     for (int i = 0; i < 2; ++i) panel.saveNotificationsTypes();

@@ -71,6 +71,8 @@ TEST_F(BulkClassTest, ShowsItsWindowAsOftenAsTheHostLikes) {
       window.click("chkNotifyType(3)");
       window.click(button);
     });
+    if (button == std::string("cmdFinish"))
+      screen.expectProgress("Creating automatic notifications, Please wait ...");
     bulk->showForm(skipStep1);
     EXPECT_EQ(bulk->get_cancelFlag(), std::string(button) == "cmdCancel");
     EXPECT_TRUE(bulk->get_scheduleGST() && bulk->get_schedulePhone() && !bulk->get_scheduleOther());

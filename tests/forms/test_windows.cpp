@@ -355,6 +355,13 @@ TEST(Person, NothingPassesThatNobodyExpected) {
   person.expectMessage("Bye", 1);
   EXPECT_NONFATAL_FAILURE(person.finish(), "never said: Bye");
 
+  const auto work = person.makeProgress();
+  work->put_text("Working");
+  work->StartProgress = [] {};
+  EXPECT_NONFATAL_FAILURE(work->show(), "nobody expected Working");
+  person.expectProgress("Resting");
+  EXPECT_NONFATAL_FAILURE(person.finish(), "Resting never came");
+
   const Form left(person, "frmSample");
   EXPECT_NONFATAL_FAILURE(person.finish(), "frmSample was not unloaded");
 }

@@ -43,6 +43,50 @@ class OnScreen {
   static inline std::vector<const HostObject*> all_;
 };
 
+/// Lies above the windows while it is on the screen.
+class WatchedProgress : public ProgressDialog {
+ public:
+  using TakeScript = std::function<HeadlessPerson::ProgressScript(const std::string& text)>;
+  WatchedProgress(std::string& seen, TakeScript takeScript)
+      : seen_(seen), takeScript_(std::move(takeScript)) {}
+
+  void put_text(const std::string& text) override {
+    text_ = text;
+    seen_ += text;
+  }
+  void put_owner(HostObject*) override {}
+  void put_maximum(int maximum) override { seen_ += " of " + std::to_string(maximum) + ":"; }
+  int get_value() override { return value_; }
+  void put_value(int value) override {
+    cancelAt(value);
+    seen_ += " " + std::to_string(value);
+    value_ = value;
+  }
+  void show() override {
+    cancels_ = takeScript_(text_);
+    place_.emplace(*this);
+    StartProgress();
+    place_.reset();
+    cancelAt(HeadlessPerson::workIsDone);
+  }
+  void close() override {
+    place_.reset();
+    seen_ += " closed";
+  }
+
+ private:
+  void cancelAt(int value) {
+    if (cancels_ && cancels_(value)) throw PlatformError(cancelled, "Cancelled");
+  }
+
+  std::string& seen_;
+  TakeScript takeScript_;
+  std::string text_;
+  int value_ = 0;
+  HeadlessPerson::ProgressScript cancels_;
+  std::optional<OnScreen> place_;
+};
+
 /// Takes the script off the list when it is of that name.
 template <class Expected>
 auto takenFrom(std::deque<Expected>& expected, const std::string& name) {
@@ -135,6 +179,7 @@ void HeadlessPerson::finish() {
   expectNoneLeft(windows_);
   expectNoneLeft(reports_);
   expectNoneLeft(gridDialogs_);
+  expectNoneLeft(progresses_);
   for (const auto& message : std::exchange(said_, {}))
     ADD_FAILURE() << "never said: " << message.text;
   for (const Form* form : FormHost::openForms())
@@ -182,6 +227,13 @@ bool HeadlessPerson::showGridDialog(Grid& grid, const GridDialog& dialog) {
   const auto script = takenFrom(gridDialogs_, nameOf(dialog.kind));
   const OnScreen place(grid);
   return !script || (*script)(grid, dialog);
+}
+
+std::unique_ptr<ProgressDialog> HeadlessPerson::makeProgress() {
+  return std::make_unique<WatchedProgress>(progressSeen_, [this](const std::string& text) {
+    const bool isTaken = restAnswer_ && progresses_.empty();
+    return isTaken ? nullptr : takenFrom(progresses_, text).value_or(nullptr);
+  });
 }
 
 std::string HeadlessPerson::nameOf(const HostObject* owner) {

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "contract/MsgboxClass.h"
+#include "contract/ProgressDialog.h"
 #include "platform/controls/Grid.h"
 #include "support/WindowRenderer.h"
 #include "support/host_calls.h"
@@ -90,14 +91,18 @@ class ReportInUse {
 };
 
 /// A person without a screen: looks at each window that comes up and answers each message, both
-/// from a script. A window or message that nobody expected, one that differs, and a window left
-/// open by its script fail the test; finish() fails on what was expected and never came.
+/// from a script. A window, progress or message that nobody expected, one that differs, and a
+/// window left open by its script fail the test; finish() fails on what was expected and never
+/// came.
 class HeadlessPerson : public FormHost, public MsgboxClass {
  public:
   using Script = std::function<void(WindowInUse&)>;
   using ReportScript = std::function<void(ReportInUse&)>;
   /// True when the person cancels.
   using GridScript = std::function<bool(Grid&, const GridDialog&)>;
+  /// True when the person cancels: at a value, before it is shown, or once the work is done.
+  using ProgressScript = std::function<bool(int value)>;
+  static constexpr int workIsDone = -1;
 
   HeadlessPerson() = default;
   /// The component's calls pass the door, which may fail them, and name the active window as owner.
@@ -112,6 +117,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void expectGridDialog(GridDialog::Kind kind, GridScript script) {
     gridDialogs_.push_back({nameOf(kind), script});
   }
+  /// The next progress that comes up, by its text; without a script nobody cancels it.
+  void expectProgress(std::string text, ProgressScript cancels = {}) {
+    progresses_.push_back({std::move(text), std::move(cancels)});
+  }
   /// The next message, or question with its answer. `owner` names the window or the report that it
   /// stands above; empty for the active window.
   void expectMessage(std::string text, int style, std::string owner = {}) {
@@ -120,7 +129,7 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void expectQuestion(std::string text, int style, bool yes, std::string owner = {}) {
     said_.push_back({text, style, true, yes ? 0 : 1, owner});
   }
-  /// From now on answers each question alike and takes each message as it comes.
+  /// From now on answers each question alike and takes each message and progress as it comes.
   void answerAll(bool yes) { restAnswer_ = yes; }
   /// What happens during the `nth` pump from now, counted from 1: the program is entered again.
   void duringPump(int nth, std::function<void()> act) { pumpActs_.push_back({pumps_ + nth, act}); }
@@ -131,6 +140,10 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
 
   int pumps() const { return pumps_; }
   Pointer pointer() const { return pointer_; }
+  /// A dialog that this person watches.
+  std::unique_ptr<ProgressDialog> makeProgress();
+  /// What was seen of all of them: "text of 2: 1 2 closed".
+  const std::string& progressSeen() const { return progressSeen_; }
 
   std::vector<Form*> openForms() override {
     pass("openForms");
@@ -196,11 +209,13 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   std::deque<Expected<Script>> windows_;
   std::deque<Expected<ReportScript>> reports_;
   std::deque<Expected<GridScript>> gridDialogs_;
+  std::deque<Expected<ProgressScript>> progresses_;
   std::deque<ExpectedMessage> said_;
   std::deque<std::string> menuChoices_;
   std::vector<PumpAct> pumpActs_;
   Pointer pointer_ = Pointer::standard;
   int pumps_ = 0;
+  std::string progressSeen_;
   std::optional<bool> restAnswer_;
 };
 

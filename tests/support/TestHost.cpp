@@ -72,7 +72,7 @@ TestHost::TestHost(FillRows fill)
     return std::make_unique<CountedScheduleTree>(std::move(tree), calls);
   });
   registry.registerClass(ProgressDialog::className, [this] {
-    return std::make_unique<CountedProgress>(std::make_unique<NotedProgress>(progress), calls);
+    return std::make_unique<CountedProgress>(screen.makeProgress(), calls);
   });
   registry.registerClass(EmailSender::className,
                          [this] { return std::make_unique<NotedEmail>(mailProgram, calls); });

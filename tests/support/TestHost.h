@@ -7,7 +7,6 @@
 #include "host/services/HostWorkingFolder.h"
 #include "support/HeadlessPerson.h"
 #include "support/NotedEmail.h"
-#include "support/NotedProgress.h"
 #include "support/document_files.h"
 #include "support/fixed_clock.h"
 #include "support/host_wrappers.h"
@@ -55,7 +54,6 @@ class TestHost {
   TestLocale plainLocale;
   HeadlessPerson screen{calls, plainLocale.getActiveWindow()};
   NotedEmail::Notes mailProgram;
-  NotedProgress::Notes progress;
   TemporaryFolder documents;
   host::HostWorkingFolder plainWorkingFolder{documents / "temporary"};
   host::ClassRegistry registry;
