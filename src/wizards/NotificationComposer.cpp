@@ -181,10 +181,10 @@ void NotificationComposer::clickFinish(Step& step) {
   finish(step);
 }
 
-/// A row that is not there takes nothing up: somebody else may have deleted it, or it was never
-/// added. One that cannot be looked for counts as there.
+/// A row that somebody else has deleted takes nothing up. One that cannot be looked for counts as
+/// there, and a window that never had one does without it.
 bool NotificationComposer::isGone(Step& step) const {
-  if (!isDatabaseOpen(step)) return false;
+  if (notifyID_ < 1 || !isDatabaseOpen(step)) return false;
   const Rows row(step, rowOnShow, notifyID_, keysetRead, true);
   return !row;
 }

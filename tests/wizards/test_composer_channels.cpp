@@ -41,17 +41,20 @@ TEST_F(ChannelTest, SaysWhetherARowIsAdded) {
   using enum ComposerMode;
   // Whether there is an entry, how many rows are added, and how many dialogs come up.
   const std::tuple<Make, ComposerMode, bool, int, int> cases[] = {
-      {phone, editAuto, true, 0, 0},   {fax, newAuto, true, 1, 0},
-      {fax, newAuto, false, 0, 1},     {letter, newAuto, false, 0, 1},
-      {letter, notifyNow, true, 1, 0}, {email, editAuto, true, 1, 0},
-      {email, sendAuto, false, 0, 1},  {email, newAuto, true, 1, 0},
-      {email, newAuto, false, 0, 0}};
+      {phone, notifyNow, true, 0, 0}, {phone, editAuto, true, 0, 0},
+      {fax, newAuto, true, 1, 0},     {fax, newAuto, false, 0, 1},
+      {letter, newAuto, false, 0, 1}, {letter, notifyNow, true, 1, 0},
+      {email, editAuto, true, 1, 0},  {email, sendAuto, false, 0, 1},
+      {email, newAuto, true, 1, 0},   {email, newAuto, false, 0, 0}};
   for (const auto& [makeComposer, mode, hasEntry, added, dialogs] : cases) {
     const int before = notificationCount();
     const int dialogsBefore = errors.dialogs();
     errors.answerRest(error_choice::leave, dialogs);
     const auto composer = makeComposer();
-    screen.expectWindow(composer->name(), [](WindowInUse& window) { window.form().hide(); });
+    screen.expectWindow(composer->name(), [isPhone = makeComposer == phone](WindowInUse& window) {
+      if (isPhone) window.click("cmdFinish");
+      window.form().hide();
+    });
     openComposer(*composer, {mode}, noId, hasEntry ? entry : noId);
     EXPECT_EQ(notificationCount() - before, added);
     EXPECT_EQ(composer->notifyID() > row, added > 0);
