@@ -209,5 +209,14 @@ TEST_F(WizardTest, ItemIsNotifiedByTheChannelThatIsTicked) {
   panel.unload();
 }
 
+TEST_F(WizardTest, KindOfAnItemStandsForTheEntryWhereTheItemGetsNoRow) {
+  execute("UPDATE Schedule SET ScheduleID = 4");
+  errors.answerRest(error_choice::leave, 9);
+  useItem(4, 1, nt_Letter, [this](WindowInUse& window) {
+    expectComposer(2, 0, true, "NotificationType, ScheduleIDNum", "1|4|\n", "cmdCancel");
+    window.click("cmdFinish");
+  });
+}
+
 }  // namespace
 }  // namespace autonotify::test
