@@ -44,8 +44,10 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME hvautonotify)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS adduser)
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS fonts-dejavu-core)
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "hvautonotify-desktop, postgresql")
+# Documents are drawn with what fonts there are: these have Chinese, Japanese and symbols too, and
+# their text stays text in a PDF; those below also have Korean, Thai and the scripts of India.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "fonts-dejavu-core, fonts-droid-fallback, fonts-symbola")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "fonts-noto-core, fonts-noto-cjk, hvautonotify-desktop, postgresql")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_CONTROL_EXTRA "${debian_dir}/conffiles;${debian_dir}/triggers;${debian_dir}/postinst;${debian_dir}/prerm;${debian_dir}/postrm")
 set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "client notices of an accounting firm
 Works out when each client of an accounting firm must hear of a task, composes

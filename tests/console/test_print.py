@@ -31,7 +31,7 @@ class PrintTest(ConsoleTest):
         return sorted(path.name for path in Path(self.folder, "docs").glob("*/*"))
 
     def test_a_letter_and_a_fax_are_read_back(self):
-        self.write(self.letter, Memo="Zoë, Привет, 你好\r\n" + "another line\r\n" * 11000 + "the end")
+        self.write(self.letter, Memo="Zoë, Привет, 你好, 🎉\r\n" + "another line\r\n" * 11000 + "the end")
         results, run = self.print(self.fax, self.letter)
         self.assertEqual((0, "", ["printed"] * 2),
                          (run.code, run.err, [result for result, _ in results.values()]))
@@ -40,7 +40,7 @@ class PrintTest(ConsoleTest):
         letter = self.read_back("pdftotext", "-f", "2", "out.pdf", "-")
         for text in ("Harbour & Pine LLP", "Ann", "Bo", "(613) 555-0177", "Returns", "2026-04-15"):
             self.assertIn(text, fax)
-        for text in ("Zoë, Привет, 你好", "Page 200\n", "the end", "2026-04-15"):
+        for text in ("Zoë, Привет, 你好, 🎉", "Page 200\n", "the end", "2026-04-15"):
             self.assertIn(text, letter)
         self.assertNotIn("Page 1\n", letter)
         self.assertEqual(11000, letter.count("another line"))
