@@ -125,6 +125,7 @@ void MainWindow::makePages() {
   connect(day_, &DayPage::acted, this, [this] { perform(&MainWindow::actOnRow); });
   connect(clients_, &ClientsPage::failed, this, &MainWindow::tellFault, Qt::QueuedConnection);
   connect(clients_, &ClientsPage::tasksWanted, this, &MainWindow::showTasksOf);
+  connect(clients_, &ClientsPage::changed, this, &MainWindow::updateCommands);
   connect(day_, &DayPage::editWanted, action("editRow"), &QAction::trigger);
   connect(day_, &DayPage::historyWanted, this, &MainWindow::showHistory);
   connect(day_, &DayPage::changed, this, &MainWindow::updateDay);

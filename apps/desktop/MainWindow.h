@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -94,6 +95,7 @@ class MainWindow : public QMainWindow {
   bool always() const { return true; }
   bool hasDesk() const { return desk_ != nullptr; }
   bool hasTask() const { return chosen() != nullptr; }
+  bool hasClient() const { return hasTask() || isClientChosen(); }
   bool hasRow() const { return isDayPage() && day_->chosen(); }
   /// As the page has it.
   bool callWaits() const;
@@ -107,18 +109,22 @@ class MainWindow : public QMainWindow {
   void chooseDatabase();
   void chooseServer();
   void quit();
-  void composeEmail() { compose(host::composeEmail, taskNotes); }
-  void scheduleEmail() { compose(host::scheduleEmail, taskNotes); }
-  void editEmail() { compose(host::editEmail, taskNotes); }
-  void notifyNow() { compose(host::notifyNow, channelNotes); }
-  void notifyAutomatically() { compose(host::notifyAutomatically, channelNotes); }
-  void writeBlankFax() { compose(host::writeBlankFax, clientNotes); }
-  void writeBlankLetter() { compose(host::writeBlankLetter, clientNotes); }
-  void scheduleYear() { compose(host::chooseYear, clientNotes); }
+  void composeEmail() { notify(host::composeEmail, taskNotes); }
+  void scheduleEmail() { notify(host::scheduleEmail, taskNotes); }
+  void editEmail() { notify(host::editEmail, taskNotes); }
+  void notifyNow() { notify(host::notifyNow, channelNotes); }
+  void notifyAutomatically() { notify(host::notifyAutomatically, channelNotes); }
+  void writeBlankFax() { write(host::writeBlankFax); }
+  void writeBlankLetter() { write(host::writeBlankLetter); }
+  void scheduleYear() { notify(host::chooseYear, clientNotes); }
   using UseCase = host::Outcome<host::Composed> (*)(host::Desk& desk, Id task);
   using Notes = WindowNotes (*)(host::Desk& desk, const host::TaskLine& line);
   /// Has a message to the chosen task's client composed, in windows that bear the notes.
-  void compose(UseCase useCase, Notes notesOf);
+  void notify(UseCase useCase, Notes notesOf);
+  /// Has a message to the chosen client, or to that of the chosen task, composed.
+  void write(host::WriteToClient useCase);
+  /// In the windows that bear what setSubject was told.
+  void compose(const std::function<host::Outcome<host::Composed>()>& useCase);
   /// Tells where the documents that were filed meanwhile lie.
   void showFiled();
   /// Tells to whom emails went at once, and offers to cancel the one about the task that waits.
@@ -178,6 +184,8 @@ class MainWindow : public QMainWindow {
 
   /// The task that is chosen, on whichever page; null for none.
   const host::TaskLine* chosen() const;
+  /// On the page of the clients.
+  bool isClientChosen() const;
   void updateCommands();
   void updatePage();
   /// The counts follow when the window has been painted.

@@ -22,6 +22,7 @@
 #include "host/desk/day_text.h"
 #include "host/desk/work/change_notification.h"
 #include "host/desk/work/claiming.h"
+#include "host/desk/work/client_card.h"
 #include "host/desk/work/edit_templates.h"
 #include "host/desk/work/open_notification_list.h"
 #include "host/desk/work/recipient_names.h"
@@ -81,12 +82,12 @@ std::span<const MainWindow::Command> MainWindow::commands() {
        &Self::callClient},
       {"blankFax", taskMenu, QT_TR_NOOP("Blank &Fax..."), Qt::CTRL | Qt::SHIFT | Qt::Key_F,
        "channel-fax",
-       QT_TR_NOOP("Write a fax to the client of the chosen task that is about no task"),
-       inMenuBelowLine, &Self::hasTask, &Self::writeBlankFax},
+       QT_TR_NOOP("Write a fax to the client of the chosen row that is about no task"),
+       inMenuBelowLine, &Self::hasClient, &Self::writeBlankFax},
       {"blankLetter", taskMenu, QT_TR_NOOP("Blank &Letter..."), Qt::CTRL | Qt::SHIFT | Qt::Key_L,
        "channel-letter",
-       QT_TR_NOOP("Write a letter to the client of the chosen task that is about no task"), inMenu,
-       &Self::hasTask, &Self::writeBlankLetter},
+       QT_TR_NOOP("Write a letter to the client of the chosen row that is about no task"), inMenu,
+       &Self::hasClient, &Self::writeBlankLetter},
       {"scheduleYear", taskMenu, QT_TR_NOOP("Schedule a &Year..."), Qt::CTRL | Qt::Key_Y,
        "view-calendar-day",
        QT_TR_NOOP("Choose how the client of the chosen task hears of all tasks of a year"),
@@ -145,6 +146,7 @@ void MainWindow::makeMenus() {
       tasks_->addCommand(action(command.name), command.place == inMenuBelowLine);
       day_->addCommand(action(command.name), command.place == inMenuBelowLine);
     }
+    if (command.canRun == &MainWindow::hasClient) clients_->addCommand(action(command.name));
     if (command.place == inMenuAndBar) bar->addAction(action(command.name));
   }
   bar->addWidget(makeFind());
@@ -211,19 +213,33 @@ void MainWindow::quit() {
   QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
-void MainWindow::compose(UseCase useCase, Notes notesOf) {
+void MainWindow::notify(UseCase useCase, Notes notesOf) {
   const host::TaskLine* line = chosen();
   if (!line) return;
+  setSubject(notesOf(*desk_, *line), line->task.dueDate);
+  const Id task = line->task.id;
+  compose([&] { return useCase(*desk_, task); });
+  showSent(task);
+  refresh();
+}
+
+void MainWindow::write(host::WriteToClient useCase) {
+  const host::TaskLine* line = chosen();
+  const auto client =
+      line ? std::optional(host::clientOf(*desk_, line->task)) : clients_->chosenClient();
+  if (!client) return;
+  setSubject(clientNotes(*desk_, *client));
+  compose([&] { return useCase(*desk_, *client); });
+  refresh();
+}
+
+void MainWindow::compose(const std::function<host::Outcome<host::Composed>()>& useCase) {
   // What one left that ended in a fault is not of this one.
   desk_->takeFiled();
   desk_->takeSent();
-  setSubject(notesOf(*desk_, *line), line->task.dueDate);
-  const Id task = line->task.id;
-  const QString words = textOf(useCase(*desk_, task));
+  const QString words = textOf(useCase());
   if (!words.isEmpty()) tellFault(words);
   showFiled();
-  showSent(task);
-  refresh();
 }
 
 void MainWindow::setSubject(WindowNotes notes, DateTime due) {

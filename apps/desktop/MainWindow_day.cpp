@@ -86,6 +86,10 @@ const host::TaskLine* MainWindow::chosen() const {
   return dayTask_ ? &*dayTask_ : nullptr;
 }
 
+bool MainWindow::isClientChosen() const {
+  return place_ == Navigation::Place::clients && clients_->chosenClient();
+}
+
 void MainWindow::showHistory() {
   const host::DayLine* line = day_->chosen();
   if (!line) return;

@@ -8,6 +8,7 @@
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/rows/item_names.h"
 #include "host/desk/work/channel_outlook.h"
+#include "host/desk/work/client_card.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -78,6 +79,10 @@ QString subjectOf(const host::TaskLine& line) {
 
 WindowNotes clientNotes(host::Desk&, const host::TaskLine& line) {
   return notesAbout(shown(line.client));
+}
+
+WindowNotes clientNotes(host::Desk& desk, const host::Client& client) {
+  return notesAbout(shown(host::readClientCard(desk, client).name));
 }
 
 WindowNotes taskNotes(host::Desk&, const host::TaskLine& line) {

@@ -2,6 +2,7 @@
 
 #include "binding/window_notes.h"
 #include "host/desk/rows/Notification.h"
+#include "host/desk/work/client_contacts.h"
 #include "host/desk/work/task_list.h"
 
 namespace autonotify::desktop {
@@ -12,11 +13,12 @@ host::TaskLine subjectLine(host::Desk& desk, const host::Notification& row);
 /// "Maple Ridge Law Group Inc., Annual HST Return, due on Thursday, April 30, 2026"
 QString subjectOf(const host::TaskLine& line);
 
-// What the program says in the component's windows about the task or the notification that they
-// were opened for. All throw DatabaseError.
+// What the program says in the component's windows about the task, the notification or the client
+// that they were opened for. All throw DatabaseError.
 
 /// The client's name.
 WindowNotes clientNotes(host::Desk& desk, const host::TaskLine& line);
+WindowNotes clientNotes(host::Desk& desk, const host::Client& client);
 /// The client, the task and its due date.
 WindowNotes taskNotes(host::Desk& desk, const host::TaskLine& line);
 /// The client, the task, and beside each channel when its notification goes out, or what is missing

@@ -293,6 +293,38 @@ TEST_F(MainWindowTest, ADocumentSentAtOnceStaysInItsClientsHistory) {
   }
 }
 
+TEST_F(MainWindowTest, AClientWithoutATaskIsWrittenToFromItsPage) {
+  execute("DELETE FROM ClientNotification; DELETE FROM Schedule");
+  open();
+  window_->goTo(Navigation::Place::clients);
+  auto& clients = *window_->findChild<QTableView*>("clients");
+  QString seen;
+  QTimer reader;
+  closePreview(reader, seen);
+  const std::tuple<const char*, int, std::string> ways[] = {
+      {"blankFax", 0, "CompanyIDNum>0 AND ContactIDNum=-1 AND NotificationType=2"},
+      {"blankLetter", clients.model()->rowCount() - 1,
+       "CompanyIDNum=-1 AND ContactIDNum>0 AND NotificationType=4"}};
+  for (const auto& [command, row, written] : ways) {
+    clients.setCurrentIndex({});
+    EXPECT_FALSE(action(command).isEnabled());
+    clients.selectRow(row);
+    EXPECT_TRUE(clients.actions().contains(&action(command)) && action(command).isEnabled());
+    const std::string name = plain(clients.model()->index(row, 0).data().toString());
+    EXPECT_THAT(run(command,
+                    [&](QDialog& composer) {
+                      EXPECT_EQ(read(composer, "staticNoteClient"), name);
+                      finish(composer);
+                    }),
+                testing::IsEmpty());
+    EXPECT_EQ(read(*window_, "clientTitle"), name);
+    EXPECT_EQ(window_->findChild<QTableView*>("told")->model()->rowCount(), 1);
+    const std::string sent =
+        "SELECT count(*) FROM ClientNotification WHERE NotificationSent=1 AND ";
+    EXPECT_EQ(host::openSqlite(path())->connection().execAndGet(sent + written).getInt(), 1);
+  }
+}
+
 TEST_F(MainWindowTest, TheWorklistOfAPageIsSeenAsItIsPrinted) {
   open();
   execute("UPDATE ClientNotification SET NotificationDate='2026-04-14' WHERE NotificationSent=0");

@@ -149,6 +149,10 @@ void ClientsPage::addCommands() {
   connect(clientTable_, &QTableView::activated, this, &ClientsPage::showTasks);
 }
 
+void ClientsPage::addCommand(QAction* command) {
+  clientTable_->addAction(command);
+}
+
 void ClientsPage::showTasks() {
   if (const host::ClientLine* line = chosen()) emit tasksWanted(shown(line->name));
 }
@@ -262,6 +266,11 @@ const host::ClientLine* ClientsPage::chosen() const {
   return index.isValid() ? &clients_.at(index.row()) : nullptr;
 }
 
+std::optional<host::Client> ClientsPage::chosenClient() const {
+  const host::ClientLine* line = chosen();
+  return line ? std::optional(clientOf(*line)) : std::nullopt;
+}
+
 void ClientsPage::showChosen() {
   if (const host::ClientLine* line = chosen()) shownClient_ = clientOf(*line);
   showHistory();
@@ -295,6 +304,7 @@ void ClientsPage::showHistory() {
                                        .arg(waiting)
                                  : tr("Choose a client to see all that it was told"));
   told_.show(std::move(told));
+  emit changed();
 }
 
 }  // namespace autonotify::desktop

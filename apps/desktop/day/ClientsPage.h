@@ -8,6 +8,7 @@
 #include "host/desk/work/people_list.h"
 #include "models/RecordTable.h"
 
+class QAction;
 class QLabel;
 class QSortFilterProxyModel;
 class QTableView;
@@ -28,11 +29,17 @@ class ClientsPage : public QWidget {
   void goToFirstRow();
   /// Goes to the client. Of a contact that is none the notifications are shown alone.
   void showClient(const host::Client& client);
+  /// None where no row is chosen.
+  std::optional<host::Client> chosenClient() const;
+  /// Offers the command in the menu of the right mouse button.
+  void addCommand(QAction* command);
 
   /// What could not be read.
   const host::UnreadableRows& unreadable() const { return unreadable_; }
 
  signals:
+  /// Another client is chosen, or none.
+  void changed();
   /// The person wants to see the tasks of the client of that name.
   void tasksWanted(const QString& client);
   /// The database did not answer; the words are for people.

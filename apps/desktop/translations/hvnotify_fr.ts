@@ -1695,16 +1695,8 @@ Instruction&#xa0;: %2</translation>
         <translation>&amp;Télécopie vierge...</translation>
     </message>
     <message>
-        <source>Write a fax to the client of the chosen task that is about no task</source>
-        <translation>Écrire au client de la tâche choisie une télécopie qui ne porte sur aucune tâche</translation>
-    </message>
-    <message>
         <source>Blank &amp;Letter...</source>
         <translation>L&amp;ettre vierge...</translation>
-    </message>
-    <message>
-        <source>Write a letter to the client of the chosen task that is about no task</source>
-        <translation>Écrire au client de la tâche choisie une lettre qui ne porte sur aucune tâche</translation>
     </message>
     <message>
         <source>Schedule a &amp;Year...</source>
@@ -1857,6 +1849,14 @@ Instruction&#xa0;: %2</translation>
     <message>
         <source>Change the firm&apos;s name, address, telephone and email</source>
         <translation>Modifier le nom, l’adresse, le téléphone et le courriel du cabinet</translation>
+    </message>
+    <message>
+        <source>Write a fax to the client of the chosen row that is about no task</source>
+        <translation>Écrire au client de la ligne choisie une télécopie qui ne porte sur aucune tâche</translation>
+    </message>
+    <message>
+        <source>Write a letter to the client of the chosen row that is about no task</source>
+        <translation>Écrire au client de la ligne choisie une lettre qui ne porte sur aucune tâche</translation>
     </message>
 </context>
 <context>

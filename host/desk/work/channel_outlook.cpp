@@ -7,7 +7,7 @@
 
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/claiming.h"
-#include "host/desk/work/client_contacts.h"
+#include "host/desk/work/client_card.h"
 
 namespace autonotify::host {
 namespace {
@@ -37,11 +37,6 @@ constexpr PostalAddress postalAddresses[] = {
      "SELECT Contacts.BusinessAddress, Contacts.HomeAddress FROM Contacts WHERE ContactID=",
      personalColumns},
 };
-
-Client clientOf(Desk& desk, const Task& task) {
-  if (task.clientNum < 0) return {enumAutoNotifyContact, task.contactId};
-  return {enumAutoNotifyCompany, companyOf(desk, task)};
-}
 
 bool hasPostalAddress(Desk& desk, const Client& client) {
   const PostalAddress& place = *std::ranges::find(postalAddresses, client.type, &PostalAddress::of);

@@ -54,4 +54,9 @@ Client clientOf(const Notification& row) {
   return {enumAutoNotifyContact, row.contactId};
 }
 
+Client clientOf(Desk& desk, const Task& task) {
+  if (task.clientNum < 0) return {enumAutoNotifyContact, task.contactId};
+  return {enumAutoNotifyCompany, companyOf(desk, task)};
+}
+
 }  // namespace autonotify::host

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/desk/rows/Notification.h"
+#include "host/desk/rows/Task.h"
 #include "host/desk/work/client_contacts.h"
 
 namespace autonotify::host {
@@ -17,5 +18,7 @@ ClientCard readClientCard(Desk& desk, const Client& client);
 
 /// Whom the notification goes to.
 Client clientOf(const Notification& row);
+/// Whose task it is.
+Client clientOf(Desk& desk, const Task& task);
 
 }  // namespace autonotify::host

@@ -19,19 +19,19 @@ Outcome<Composed> inWizard(Desk& desk, Id id) {
 }
 
 template <auto open>
-Outcome<Composed> blank(Desk& desk, Id id) {
-  const auto task = requireTask(desk, id);
-  if (!task) return task.refused();
+Outcome<Composed> blank(Desk& desk, const Client& client) {
+  if (const auto known = requireClient(desk, client); !known) return known.refused();
   try {
     desk.requireDocuments();
   } catch (const PlatformError& error) {
     return Refused{Refused::Why::failed, {}, error.description()};
   }
-  const Id contact = task->clientNum >= 0 ? noId : task->contactId;
+  const bool isCompany = client.type == enumAutoNotifyCompany;
   const std::size_t filed = desk.filedCount();
   UnfinishedRows rows(desk);
-  const Composed composed = openWindow(desk, open, remittanceNotification, companyOf(desk, *task),
-                                       contact, noDayTimerType);
+  const Composed composed =
+      openWindow(desk, open, remittanceNotification, isCompany ? client.id : noId,
+                 isCompany ? noId : client.id, noDayTimerType);
   if (desk.filedCount() > filed) rows.markSent();
   return composed;
 }
@@ -42,9 +42,9 @@ const NotifyClient notifyNow =
     inWizard<&Control::cls_openSendNotificationWizardForm_InitializeAutoNotifyNow>;
 const NotifyClient notifyAutomatically =
     inWizard<&Control::cls_openSendNotificationWizardForm_InitializeAutoNotify>;
-const NotifyClient writeBlankFax =
+const WriteToClient writeBlankFax =
     blank<&Control::cls_openSendNotificationWizardFaxForm_InitializeBlankSend>;
-const NotifyClient writeBlankLetter =
+const WriteToClient writeBlankLetter =
     blank<&Control::cls_openSendNotificationWizardLetterForm_InitializeBlankSend>;
 
 }  // namespace autonotify::host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/desk/work/client_contacts.h"
 #include "host/desk/work/compose_email.h"
 
 namespace autonotify::host {
@@ -15,11 +16,13 @@ extern const NotifyClient notifyNow;
 /// edited.
 extern const NotifyClient notifyAutomatically;
 
-// A fax or a letter to the task's client that belongs to no task. It is printed from the preview
-// and filed with the client's documents; once filed it stays on record as sent. Refused when it
-// could not be filed.
+// A fax or a letter to a company or a contact that belongs to no task. It is printed from the
+// preview and filed with the client's documents; once filed it stays on record as sent. Refused
+// when it could not be filed.
 
-extern const NotifyClient writeBlankFax;
-extern const NotifyClient writeBlankLetter;
+using WriteToClient = Outcome<Composed> (*)(Desk& desk, const Client& client);
+
+extern const WriteToClient writeBlankFax;
+extern const WriteToClient writeBlankLetter;
 
 }  // namespace autonotify::host
