@@ -30,6 +30,8 @@ class UsageTest(ConsoleTest):
                 own = self.done(f"{command} --help")
                 self.assertIn(f"Usage: hvnotify {command} [OPTIONS]", own)
                 self.assertTrue(own.endswith("\nOptions of all commands: hvnotify --help\n"))
+        self.assertIn("\nEach is filed too, in its client's folder below the one that --documents names.\n",
+                      self.done("print --help"))
         self.assertIn("0 done, 1 refused or nothing found, 2 usage, 3 database unusable", shown)
         self.assertIn("--batch, or without a terminal, the procedure is left", shown)
 

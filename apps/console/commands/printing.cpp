@@ -128,6 +128,9 @@ void describePrint(CLI::App& command, Arguments& arguments) {
   addPdf(command, usualDocuments, arguments);
   command.add_flag("--mark", arguments.mark, "mark as sent what was printed");
   command.add_flag("--again", arguments.again, "print also what was sent already");
+  command.footer(
+      "Each is filed too, in its client's folder below the one that --documents names.\n" +
+      command.get_footer());
 }
 
 Reply runPrint(host::Desk& desk, const Arguments& arguments) {
