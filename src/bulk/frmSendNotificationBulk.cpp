@@ -172,8 +172,8 @@ bool frmSendNotificationBulk::checkValidYear() {
     if (isValid) return setYears(year);
     step.run(showMessage, "You must enter a valid year for the source year.  Please try again",
              message_style::valueRefused);
-    cboYear.setListIndex(3);
-    cboYear.setFocus();
+    chooseEntry(step, cboYear, presentYearEntry);
+    step.run(&Control::setFocus, cboYear);
   });
 }
 

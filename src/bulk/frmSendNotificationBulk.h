@@ -73,7 +73,7 @@ class frmSendNotificationBulk : public Window {
   void tieReactions();
 
   void tickBoxes(Step& step);
-  void fillYears();
+  void fillYears(Step& step);
   void setYears(std::int16_t year);
   std::string clientName(Step& step) const;
   void populateLists();
@@ -97,6 +97,9 @@ class frmSendNotificationBulk : public Window {
   void finish(Step& step);
   void runPass(Step& step);
   BulkOrder order() const;
+
+  /// Where the present year stands in its list.
+  static constexpr int presentYearEntry = 3;
 
   BulkClient client_;
   std::int16_t year_ = 0;

@@ -57,7 +57,7 @@ void frmSendNotificationBulk::showForm(bool& skipStep1) {
     suppressesClicks_ = true;
     tickBoxes(step);
     setYears(year_);
-    fillYears();
+    fillYears(step);
     if (client_.isContact()) skipStep1 = true;
     for (Button* button : {&cmdNext, &cmdBack}) button->setVisible(!client_.isContact());
     Label2.setCaption(sentence(clientName(step)));
@@ -82,11 +82,11 @@ void frmSendNotificationBulk::tickBoxes(Step& step) {
     chkAutoNotify[i].setValue(choice[bulkRows[i].tickedFor]);
 }
 
-/// The present year is the fourth entry.
-void frmSendNotificationBulk::fillYears() {
-  cboYear.clear();
-  for (int year = year_ - 3; year <= year_ + 1; ++year) cboYear.addItem(std::to_string(year));
-  cboYear.setListIndex(3);
+void frmSendNotificationBulk::fillYears(Step& step) {
+  step.run(&ComboBox::clear, cboYear);
+  for (int year = year_ - 3; year <= year_ + 1; ++year)
+    addEntry(step, cboYear, std::to_string(year));
+  chooseEntry(step, cboYear, presentYearEntry);
 }
 
 void frmSendNotificationBulk::setYears(std::int16_t year) {

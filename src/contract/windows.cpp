@@ -61,6 +61,15 @@ void yieldToHost(Step& step, int times) {
   for (int i = 0; i < times; ++i) step.run([] { formHost().pumpMessages(); });
 }
 
+void addEntry(Step& step, ItemList& list, const std::string& text, int itemData) {
+  const int place = list.listCount();
+  step.run([&] { list.listCount() == place ? list.addItem(text, itemData) : list.refresh(); });
+}
+
+void chooseEntry(Step& step, ItemList& list, int index) {
+  step.run([&] { list.listIndex() == index ? list.refresh() : list.setListIndex(index); });
+}
+
 void markFocusGained(Control& control, const std::string& form) {
   control.onGotFocus = styling(windowTag(form, control.name() + "_GotFocus"), control,
                                &InterfaceStyler::markFocusGained);

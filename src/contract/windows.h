@@ -6,6 +6,7 @@
 #include "contract/procedure.h"
 #include "contract/references.h"
 #include "platform/controls/Form.h"
+#include "platform/controls/ItemList.h"
 
 namespace autonotify {
 
@@ -32,6 +33,14 @@ void setPointer(Pointer pointer);
 
 /// Lets the host handle its messages, `times` over.
 void yieldToHost(Step& step, int times);
+
+// A change of a list that the host could not show is shown when its statement is repeated; it is
+// not made twice.
+
+/// Appends an entry.
+void addEntry(Step& step, ItemList& list, const std::string& text, int itemData = 0);
+/// Chooses an entry, or none by -1. Requires: index < listCount().
+void chooseEntry(Step& step, ItemList& list, int index);
 
 /// Tells the styler when the control gains and when it loses the focus. `form` begins the tags of
 /// the two procedures.

@@ -139,7 +139,7 @@ void frmAutoNotifySearch::fillLists(Step& step) {
       [&] { generalUtilities().fillComboFromList(clients().getEmployeeNames(), staff, true); });
   for (const std::size_t box :
        {search_box::accountant, search_box::partner, search_box::createdBy, search_box::sentBy})
-    listOf(box).copyEntries(staff);
+    step.run(&ComboBox::copyEntries, listOf(box), staff);
 }
 
 // Showing the criteria.
@@ -147,7 +147,7 @@ void frmAutoNotifySearch::fillLists(Step& step) {
 void frmAutoNotifySearch::setupForm() {
   procedure(tag("setupForm"), [&](Step& step) {
     showClient(step);
-    showChannel();
+    showChannel(step);
     showSent();
     for (const auto& [box, criterion] : nameRows) {
       chkMain[box].setValue(criteria_->*criterion.isOn);
@@ -172,11 +172,11 @@ void frmAutoNotifySearch::showClient(Step& step) {
   listOf(search_box::client).setText(text);
 }
 
-void frmAutoNotifySearch::showChannel() {
+void frmAutoNotifySearch::showChannel(Step& step) {
   ComboBox& channels = listOf(search_box::channel);
   int place = channels.listCount() - 1;
   while (place >= 0 && channels.itemData(place) != criteria_->searchNotificationTypeNum) --place;
-  channels.setListIndex(place);
+  chooseEntry(step, channels, place);
   chkMain[search_box::channel].setValue(criteria_->searchNotificationType);
 }
 
@@ -241,7 +241,7 @@ bool frmAutoNotifySearch::saveSettings() {
 bool frmAutoNotifySearch::refuse(Step& step, const char* message, int page, Control& field) {
   step.run(showMessageAbove, this, message, message_style::inputRefused);
   SSTab1.setTab(page);
-  field.setFocus();
+  step.run(&Control::setFocus, field);
   return false;
 }
 

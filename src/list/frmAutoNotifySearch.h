@@ -55,7 +55,7 @@ class frmAutoNotifySearch : public Window {
   void fillLists(Step& step);
 
   void showClient(Step& step);
-  void showChannel();
+  void showChannel(Step& step);
   void showSent();
   void showUser(Step& step, std::size_t box, bool isOn, Id user);
 

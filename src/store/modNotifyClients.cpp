@@ -5,6 +5,7 @@
 #include "contract/AutoNotifyListForm.h"
 #include "contract/rows.h"
 #include "contract/tags.h"
+#include "contract/windows.h"
 #include "platform/controls/ComboBox.h"
 #include "store/channel_bits.h"
 #include "store/column_lookup.h"
@@ -132,9 +133,9 @@ std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notifica
 }
 
 void populateAutoNotificationSendTypesInComboBox(ComboBox& combo) {
-  procedure(tag<"populateAutoNotificationSendTypesInComboBox">, [&](Step&) {
-    combo.clear();
-    for (const auto& [channel, name] : channelNames) combo.addItem(name, channel);
+  procedure(tag<"populateAutoNotificationSendTypesInComboBox">, [&](Step& step) {
+    step.run(&ComboBox::clear, combo);
+    for (const auto& [channel, name] : channelNames) addEntry(step, combo, name, channel);
   });
 }
 

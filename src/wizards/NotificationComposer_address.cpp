@@ -6,7 +6,7 @@
 namespace autonotify {
 
 void NotificationComposer::changeAddress(Step& step) {
-  rtbText.setFocus();
+  step.run(&Control::setFocus, rtbText);
   if (isCompany(step, companyID_)) return putBusinessAddress(step, companyID_);
   if (isContact(step, contactID_)) {
     return putPersonalAddress(step, contactID_, !channel_.asksClientList);

@@ -80,7 +80,7 @@ void NotificationDateField::takePicked(Step& step) {
     offerFriday(step);
     txtNotificationField.setText(longDateText(date_));
   }
-  txtNotificationField.setFocus();
+  step.run(&Control::setFocus, txtNotificationField);
 }
 
 void NotificationDateField::takeTyped(Step& step, bool& keepsFocus) {

@@ -1,4 +1,5 @@
 #include "BulkOffice.h"
+#include "support/FailingDrawing.h"
 #include "support/error_number.h"
 #include "support/window_script.h"
 
@@ -122,6 +123,32 @@ TEST_F(BulkTest, FieldsHoldWhoIsLikeliestAndBelongToTheirChannels) {
     EXPECT_EQ(skipped, isContact);
     EXPECT_TRUE(panel.cancelFlag);
   }
+}
+
+TEST_F(BulkTest, YearsStandInAFieldThatCannotBeDrawn) {
+  for (const int choice : {error_choice::next, error_choice::quit})
+    for (int drawing = 1; drawing <= 7; ++drawing) {
+      const FailingDrawing failing(panel.cboYear, drawing);
+      errors.answer({choice});
+      begin(enumAutoNotifyCompany);
+      show([&](WindowInUse& window) {
+        EXPECT_EQ(panel.cboYear.listCount(), 5) << drawing;
+        EXPECT_EQ(window.read("cboYear"), "2026") << drawing;
+        EXPECT_EQ(failing.isDrawn, choice == error_choice::quit || drawing < 7) << drawing;
+        pressCancel(window);
+      });
+      EXPECT_EQ(errors.answersLeft(), 0u) << drawing;
+    }
+  show([&](WindowInUse& window) {
+    window.click("cmdNext");
+    window.type("cboYear", "1899");
+    hear("4", "You must enter a valid year for the source year.  Please try again");
+    errors.answer({error_choice::quit});
+    const FailingDrawing failing(panel.cboYear, 1);
+    EXPECT_FALSE(window.click("cmdFinish"));
+    EXPECT_EQ(window.read("cboYear"), "2026");
+    pressCancel(window);
+  });
 }
 
 /// Scripts of bulk_cases.txt. What begins with "show" opens the window until "done", and tells

@@ -1,4 +1,5 @@
 #include "merge/MergeTest.h"
+#include "support/FailingDrawing.h"
 
 namespace autonotify::test {
 namespace {
@@ -140,20 +141,13 @@ TEST_F(FieldListTest, StandsABoxThatCannotBeShown) {
     for (const int render : {1, 2, 3, last})
       for (const int choice : {error_choice::next, error_choice::quit, error_choice::leave}) {
         errors.answer({choice});
-        int left = render;
-        const auto draw = [&] {
-          if (--left == 0) throw PlatformError(1000, "Cannot draw");
-        };
-        failing->onRender = [&](Aspect) { draw(); };
-        failing->onRowChange = [&](const RowChange&) { draw(); };
+        const FailingDrawing drawing(*failing, render);
         const vector<string> built = build(8);
         EXPECT_EQ(errors.answersLeft(), 0U) << render;
         if (choice == error_choice::leave) continue;
         EXPECT_EQ(built, names) << render;
         EXPECT_EQ(failing->entries(), lines) << render << ", settled by " << choice;
       }
-    failing->onRender = nullptr;
-    failing->onRowChange = nullptr;
   }
 }
 

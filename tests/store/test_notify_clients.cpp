@@ -4,6 +4,7 @@
 #include "store/modItemLinks.h"
 #include "store/modNotificationLinks.h"
 #include "store/modNotifyClients.h"
+#include "support/FailingDrawing.h"
 #include "support/HostTest.h"
 
 namespace autonotify::test {
@@ -16,10 +17,15 @@ using Status = HostTest;
 TEST_F(Status, ChannelsAreOfferedWithTheirBits) {
   Form form(screen, "frm");
   ComboBox combo(form, "cbo");
-  for (int round = 0; round < 2; ++round) populateAutoNotificationSendTypesInComboBox(combo);
-  EXPECT_THAT(combo.entries(),
-              ElementsAre(ItemList::Entry{"Email", 1}, ItemList::Entry{"Fax", 2},
-                          ItemList::Entry{"Letter", 4}, ItemList::Entry{"Phone", 8}));
+  for (int drawing = 1; drawing <= 6; ++drawing) {
+    const FailingDrawing failing(combo, drawing);
+    if (drawing <= 5) errors.answer({drawing % 2 ? error_choice::next : error_choice::quit});
+    populateAutoNotificationSendTypesInComboBox(combo);
+    EXPECT_THAT(combo.entries(),
+                ElementsAre(ItemList::Entry{"Email", 1}, ItemList::Entry{"Fax", 2},
+                            ItemList::Entry{"Letter", 4}, ItemList::Entry{"Phone", 8}));
+    EXPECT_EQ(errors.answersLeft(), 0u);
+  }
 }
 
 /// A host with one open window, the list.

@@ -5,6 +5,7 @@
 
 #include "contract/enumerations.h"
 #include "contract/rows.h"
+#include "contract/windows.h"
 #include "merge/fields/field_list_columns.h"
 #include "merge/fields/recent_entries.h"
 #include "merge/templates/province_terms.h"
@@ -180,10 +181,8 @@ std::array<std::string, 5> FieldListBuilder::customNames(const CustomFields& cus
   return names;
 }
 
-/// A line that was added but could not be shown is shown when the statement is repeated.
 void addListBoxLine(Step& step, ListBox& box, const std::string& text, int itemData) {
-  const int place = box.listCount();
-  step.run([&] { box.listCount() == place ? box.addItem(text, itemData) : box.refresh(); });
+  addEntry(step, box, text, itemData);
 }
 
 void addListBoxHeader(Step& step, ListBox& box, std::string_view header, bool isFirst) {
