@@ -41,8 +41,8 @@ void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& repl
   if (!words.empty()) reply.complaints.push_back(words + " (see: hvnotify holidays --help)");
 }
 
-std::string pastNote(host::Desk& desk, const host::Notification& row) {
-  return host::isOverdue(desk, row) ? ", which is past: it is due at once" : "";
+std::string pastNote(bool isPast) {
+  return isPast ? ", which is past: it is due at once" : "";
 }
 
 Reply rowReply(host::Desk& desk, const host::Notification& row, const std::string& note) {
@@ -50,7 +50,7 @@ Reply rowReply(host::Desk& desk, const host::Notification& row, const std::strin
   const std::string state = stateName(stateOf(row));
   Reply reply;
   reply.text = fmt::format("notification {} by {}: {}, date {}{}{}\n", row.id, channel, state,
-                           host::dayText(row.date), pastNote(desk, row), note);
+                           host::dayText(row.date), pastNote(host::isOverdue(desk, row)), note);
   reply.data = {{"notification", row.id},
                 {"channel", channel},
                 {"state", state},

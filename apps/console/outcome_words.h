@@ -33,8 +33,8 @@ Reply endList(RowPrinter& printer, const char* none, const host::UnreadableRows&
 /// Says on standard error where dates of the two days' years are counted without holidays.
 void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& reply);
 
-/// ", which is past: it is due at once" for a notification that is overdue; empty for others.
-std::string pastNote(host::Desk& desk, const host::Notification& row);
+/// ", which is past: it is due at once" behind a past date; empty behind others.
+std::string pastNote(bool isPast);
 
 /// A notification's channel, state and date; `note` stands behind the date.
 Reply rowReply(host::Desk& desk, const host::Notification& row, const std::string& note = {});

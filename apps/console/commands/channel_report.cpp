@@ -62,11 +62,12 @@ void report(Reply& reply, host::Desk& desk, const Json& identity, const ChannelO
   data["notification"] = outcome.notification;
   data["date"] = row ? dayJson(row->date) : Json();
   if (row) {
+    const bool isPast = host::isOverdue(desk, *row);
     const std::string missing = host::missingAddress(*row);
     reply.text +=
         fmt::format(": notification {}, to be sent {}{}{}", row->id, host::dayText(row->date),
-                    pastNote(desk, *row), missing.empty() ? "" : "; it lacks " + missing);
-    data["past"] = host::isOverdue(desk, *row);
+                    pastNote(isPast), missing.empty() ? "" : "; it lacks " + missing);
+    data["past"] = isPast;
     data["lacks"] = missing;
   }
   reply.text += "\n";

@@ -26,17 +26,25 @@ host::YearWish wishOf(host::Desk& desk, const Arguments& arguments) {
   return wish;
 }
 
-/// "armed for 2026-04-22", "already armed for 2026-04-22", "was sent"
-std::string resultOf(const ChannelOutcome& outcome, DateTime planned) {
-  if (outcome.fate == ChannelFate::nothingAdded) return "nothing was added";
-  if (!outcome.row) return "to be armed for " + host::dayText(planned);
-  if (outcome.fate == ChannelFate::settled) return stateWords(stateOf(*outcome.row));
-  const std::string missing = host::missingAddress(*outcome.row);
-  return fmt::format("{} for {}{}", outcome.fate == ChannelFate::armed ? "armed" : "already armed",
-                     host::dayText(outcome.row->date), missing.empty() ? "" : ", lacks " + missing);
+/// Whether it is due at once.
+bool isPast(host::Desk& desk, const YearTask& task, const ChannelOutcome& outcome) {
+  if (outcome.row) return host::isOverdue(desk, *outcome.row);
+  return outcome.fate == ChannelFate::armed && task.date < desk.today();
 }
 
-Json dataOf(const YearTask& task, const ChannelOutcome& outcome) {
+/// "armed for 2026-04-22", "already armed for 2026-04-22", "was sent"
+std::string resultOf(host::Desk& desk, const YearTask& task, const ChannelOutcome& outcome) {
+  if (outcome.fate == ChannelFate::nothingAdded) return "nothing was added";
+  const std::string note = pastNote(isPast(desk, task, outcome));
+  if (!outcome.row) return "to be armed for " + host::dayText(task.date) + note;
+  if (outcome.fate == ChannelFate::settled) return stateWords(stateOf(*outcome.row));
+  const std::string missing = host::missingAddress(*outcome.row);
+  return fmt::format(
+      "{} for {}{}{}", outcome.fate == ChannelFate::armed ? "armed" : "already armed",
+      host::dayText(outcome.row->date), note, missing.empty() ? "" : ", lacks " + missing);
+}
+
+Json dataOf(host::Desk& desk, const YearTask& task, const ChannelOutcome& outcome) {
   const auto& row = outcome.row;
   return {{"task", task.task.id},
           {"channel", host::channelName(outcome.channel)},
@@ -44,16 +52,17 @@ Json dataOf(const YearTask& task, const ChannelOutcome& outcome) {
           {"notification", row ? Json(row->id) : Json()},
           {"state", row ? Json(stateName(stateOf(*row))) : Json()},
           {"date", dayJson(row ? row->date : task.date)},
+          {"past", isPast(desk, task, outcome)},
           {"lacks", row ? host::missingAddress(*row) : std::string()}};
 }
 
-void report(Reply& reply, const YearTask& task) {
+void report(Reply& reply, host::Desk& desk, const YearTask& task) {
   std::string channels;
   for (const ChannelOutcome& outcome : task.channels) {
     const std::string words =
-        host::channelName(outcome.channel) + " " + resultOf(outcome, task.date);
+        host::channelName(outcome.channel) + " " + resultOf(desk, task, outcome);
     channels += (channels.empty() ? "" : "; ") + words;
-    reply.data.push_back(dataOf(task, outcome));
+    reply.data.push_back(dataOf(desk, task, outcome));
     if (outcome.fate == ChannelFate::nothingAdded)
       reply.refuse(fmt::format("task {}, {}", task.task.id, words));
   }
@@ -92,7 +101,7 @@ Reply runYear(host::Desk& desk, const Arguments& arguments) {
                               wish.year));
   Reply reply;
   reply.data = Json::array();
-  for (const YearTask& task : tasks) report(reply, task);
+  for (const YearTask& task : tasks) report(reply, desk, task);
   return reply;
 }
 
