@@ -47,6 +47,8 @@ constexpr SendWords sendWords[] = {
      QT_TRANSLATE_NOOP("QObject", "It is not certain that the email to %1 was sent: %2")},
     {host::SendResult::noAddress, true,
      QT_TRANSLATE_NOOP("QObject", "Nothing was sent: there is no email address for %1.")},
+    {host::SendResult::noText, true,
+     QT_TRANSLATE_NOOP("QObject", "Nothing was sent: the email to %1 has no text.")},
     {host::SendResult::failed, true,
      QT_TRANSLATE_NOOP("QObject", "The email to %1 was not sent: %2")},
     {host::SendResult::atWorkElsewhere, true,

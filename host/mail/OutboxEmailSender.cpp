@@ -137,6 +137,8 @@ MailMessage OutboxEmailSender::compose() {
   message.bcc = parseRecipients(words_.bcc);
   if (message.to.empty() && message.cc.empty() && message.bcc.empty())
     throw MailError(Words::tr("The message has no recipient."));
+  if (words_.body.find_first_not_of(" \t\r\n") == std::string::npos)
+    throw MailError(Words::tr("The message has no text."));
   message.from = sender();
   message.subject = words_.subject;
   message.body = words_.body;

@@ -10,8 +10,8 @@ from console import ConsoleTest, files_only
 class ArmTest(ConsoleTest):
     def test_arming_and_disarming(self):
         self.follow_each("arming all channels at once", "arming again", "arming many tasks", "arming late",
-                         "arming without an address", "arming beside a channel that is refused",
-                         "disarming")
+                         "arming without an address", "arming without a kind to take the text from",
+                         "arming beside a channel that is refused", "disarming")
 
     def test_what_moves_and_what_stays(self):
         self.follow_each("moving", "refreshing", "what is done stays")

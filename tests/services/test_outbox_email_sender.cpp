@@ -200,6 +200,9 @@ TEST_F(OutboxEmailSenderTest, refusesMessagesThatCannotGo) {
     sender.put_cc(row[1]);
     expectRefused(sender, row[2]);
   }
+  OutboxEmailSender wordless = newSender();
+  wordless.put_body(" \r\n");
+  expectRefused(wordless, "The message has no text.");
   EXPECT_EQ(folder.fileCount(), 0u);
 }
 
@@ -207,6 +210,7 @@ TEST_F(OutboxEmailSenderTest, theFirmsRecordTellsWhoWrites) {
   const auto database = createSqliteInMemory();
   OutboxEmailSender sender({folder.path().string(), {}}, clock);
   sender.put_to("jane@client.example");
+  sender.put_body("Dear Jane,");
   sender.put_DatabaseReference(database.get());
   expectRefused(sender, "The firm has no email address to send from.");
   database->connection().exec(

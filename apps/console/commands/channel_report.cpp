@@ -63,7 +63,7 @@ void report(Reply& reply, host::Desk& desk, const Json& identity, const ChannelO
   data["date"] = row ? dayJson(row->date) : Json();
   if (row) {
     const bool isPast = host::isOverdue(desk, *row);
-    const std::string missing = host::missingAddress(*row);
+    const std::string missing = host::missingParts(*row);
     reply.text +=
         fmt::format(": notification {}, to be sent {}{}{}", row->id, host::dayText(row->date),
                     pastNote(isPast), missing.empty() ? "" : "; it lacks " + missing);

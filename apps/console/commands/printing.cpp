@@ -30,7 +30,7 @@ struct PrintWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   bool isMeanwhile = false;
 };
-constexpr std::array<PrintWords, 10> printTable{{
+constexpr std::array<PrintWords, 11> printTable{{
     {PrintResult::printed, "printed", ""},
     {PrintResult::otherChannel, "skipped", "a notification by {} has no document"},
     {PrintResult::alreadySent, "skipped", "it was sent already (print it once more with --again)",
@@ -40,6 +40,7 @@ constexpr std::array<PrintWords, 10> printTable{{
     {PrintResult::unknownWhetherSent, "skipped",
      "it cannot be known whether it was sent: its marking was interrupted (print it with --again, "
      "or settle it with send --mark-only)"},
+    {PrintResult::noText, "skipped", "there is no text entered for this notification"},
     {PrintResult::failed, "failed", "{}"},
     {PrintResult::notWritten, "failed", "{}"},
     {PrintResult::atWorkElsewhere, "skipped", "another desk is at work on it", true},

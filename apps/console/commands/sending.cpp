@@ -38,7 +38,7 @@ struct ResultWords {
   /// Of what was due a moment ago: someone else has settled it, which is no fault.
   const char* meanwhile = nullptr;
 };
-constexpr std::array<ResultWords, 16> resultTable{{
+constexpr std::array<ResultWords, 17> resultTable{{
     {SendResult::sent, Fate::sent, "to {}"},
     {SendResult::foundInOutbox, Fate::sent, "was in the outbox already"},
     {SendResult::markedOnly, Fate::sent, "marked only; nothing goes out"},
@@ -57,6 +57,7 @@ constexpr std::array<ResultWords, 16> resultTable{{
     {SendResult::uncertain, Fate::failed, "{} (settle it with send --mark-only or send --again)"},
     {SendResult::noAddress, Fate::failed,
      "There is no email address entered for this notification"},
+    {SendResult::noText, Fate::failed, "There is no text entered for this notification"},
     {SendResult::failed, Fate::failed, "{}"},
     {SendResult::atWorkElsewhere, Fate::failed, "another desk is at work on it",
      "another desk is at work on it"},

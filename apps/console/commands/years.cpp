@@ -38,7 +38,7 @@ std::string resultOf(host::Desk& desk, const YearTask& task, const ChannelOutcom
   const std::string note = pastNote(isPast(desk, task, outcome));
   if (!outcome.row) return "to be armed for " + host::dayText(task.date) + note;
   if (outcome.fate == ChannelFate::settled) return stateWords(stateOf(*outcome.row));
-  const std::string missing = host::missingAddress(*outcome.row);
+  const std::string missing = host::missingParts(*outcome.row);
   return fmt::format(
       "{} for {}{}{}", outcome.fate == ChannelFate::armed ? "armed" : "already armed",
       host::dayText(outcome.row->date), note, missing.empty() ? "" : ", lacks " + missing);
@@ -53,7 +53,7 @@ Json dataOf(host::Desk& desk, const YearTask& task, const ChannelOutcome& outcom
           {"state", row ? Json(stateName(stateOf(*row))) : Json()},
           {"date", dayJson(row ? row->date : task.date)},
           {"past", isPast(desk, task, outcome)},
-          {"lacks", row ? host::missingAddress(*row) : std::string()}};
+          {"lacks", row ? host::missingParts(*row) : std::string()}};
 }
 
 void report(Reply& reply, host::Desk& desk, const YearTask& task) {

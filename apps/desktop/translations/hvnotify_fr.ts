@@ -643,6 +643,10 @@ Dans&#xa0;: %1</translation>
         <comment>a day&apos;s format</comment>
         <translation>dddd d MMMM yyyy</translation>
     </message>
+    <message>
+        <source>Nothing was sent: the email to %1 has no text.</source>
+        <translation>Rien n’a été envoyé&#xa0;: le courriel à %1 n’a pas de texte.</translation>
+    </message>
 </context>
 <context>
     <name>Words</name>
@@ -1287,6 +1291,10 @@ Instruction&#xa0;: %2</translation>
     <message>
         <source>&quot;%1&quot; is no email address</source>
         <translation>«&#xa0;%1&#xa0;» n’est pas une adresse de courriel</translation>
+    </message>
+    <message>
+        <source>The message has no text.</source>
+        <translation>Le message n’a pas de texte.</translation>
     </message>
 </context>
 <context>

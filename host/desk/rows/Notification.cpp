@@ -7,6 +7,7 @@
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/rows/client_names.h"
 #include "host/desk/unfinished_rows.h"
+#include "platform/rich_text.h"
 
 namespace autonotify::host {
 namespace {
@@ -153,6 +154,16 @@ bool isOverdue(Desk& desk, const Notification& notification) {
 std::string missingAddress(const Notification& notification) {
   const AddressField* needed = findChannel(addressFields, notification.channel);
   return needed && notification.fields[needed->field].empty() ? needed->words : "";
+}
+
+bool isWordless(const Notification& notification) {
+  return plainTextOf(notification.memo).find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+std::string missingParts(const Notification& notification) {
+  const std::string address = missingAddress(notification);
+  if (!isWordless(notification)) return address;
+  return address.empty() ? "its text" : address + " and its text";
 }
 
 std::string addressOf(const Notification& notification) {

@@ -81,6 +81,11 @@ ReadableRows<Notification> readNotificationsOf(Desk& desk, Id scheduleId);
 bool isOverdue(Desk& desk, const Notification& notification);
 /// What the row lacks to reach anyone by its channel, "an email address"; empty for nothing.
 std::string missingAddress(const Notification& notification);
+/// True when there is nothing to say: no word in its text. Requires a row that was read whole.
+bool isWordless(const Notification& notification);
+/// What the row, which was read whole, lacks to go out: "a fax number and its text"; empty for
+/// nothing.
+std::string missingParts(const Notification& notification);
 
 /// The email address, fax or telephone number that it goes to; empty for a letter.
 std::string addressOf(const Notification& notification);

@@ -61,7 +61,7 @@ class Printing {
       case NotificationState::pending:
         break;
     }
-    return PrintResult::printed;
+    return isWordless(row) ? PrintResult::noText : PrintResult::printed;
   }
 
   /// What could not be filed does not get into the file either.

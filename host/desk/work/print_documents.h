@@ -33,6 +33,8 @@ enum class PrintResult {
   unfinished,
   /// Its marking was interrupted.
   unknownWhetherSent,
+  /// There is nothing in it to read.
+  noText,
   /// It could not be filed, or its row not be read: it is not in the file.
   failed,
   /// The file could not be written: it was filed, or not even tried.

@@ -72,6 +72,7 @@ class Beginning {
 
   SendOutcome sendEmail() {
     if (recipients().empty()) return {SendResult::noAddress};
+    if (isWordless(row_)) return {SendResult::noText};
     if (wish_.dryRun) return rehearse();
     desk_.makeOutbox();
     auto sender = newSender();

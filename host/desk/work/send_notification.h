@@ -45,6 +45,8 @@ enum class SendResult {
   /// Sending it was interrupted, or the mail server did: see OutboxEmailSender::isUncertain.
   uncertain,
   noAddress,
+  /// There is nothing in it to read.
+  noText,
   /// The mail or the database refused it.
   failed,
   atWorkElsewhere,
