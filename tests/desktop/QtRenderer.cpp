@@ -47,13 +47,18 @@ std::string heldText(const ItemList& list) {
   return list.listIndex() < 0 ? std::string() : list.list(list.listIndex());
 }
 
-/// The headings with their widths in pixels and the rows, as the model holds them.
-QString heldText(const Grid& grid, int dotsPerInch) {
+/// A width in pixels; nothing in a table that gives its columns what room there is.
+QString widthIn(const QTableView& table, int pixels) {
+  return table.property("stretches").toBool() ? QString() : QString::number(pixels);
+}
+
+/// The headings with their widths and the rows, as the model holds them.
+QString heldText(const Grid& grid, const QTableView& table) {
   QString text = QString("%1 %2 ").arg(grid.get_Row()).arg(grid.sortKeys()[0].column);
   for (int column = 0; column < grid.get_Cols(); ++column) {
     if (!grid.showsColumn(column)) continue;
-    const int pixels = qRound(grid.get_ColWidth(column) * dotsPerInch / 1440.0);
-    text += QString("|%1 %2").arg(shown(grid.get_ColHeading(column))).arg(pixels);
+    const int pixels = qRound(grid.get_ColWidth(column) * table.logicalDpiX() / 1440.0);
+    text += "|" + shown(grid.get_ColHeading(column)) + " " + widthIn(table, pixels);
     const bool isTick = grid.get_colType(column) == grid_column::tick;
     for (int row = 0; row < grid.get_Rows(); ++row)
       text += "," + (isTick ? QString::number(2 * grid.get_cellChecked(row, column))
@@ -70,7 +75,7 @@ QString drawnText(const QTableView& table) {
   for (int column = 0; column < model.columnCount(); ++column) {
     if (table.isColumnHidden(column)) continue;
     text += "|" + model.headerData(column, Qt::Horizontal).toString() + " " +
-            QString::number(table.columnWidth(column));
+            widthIn(table, table.columnWidth(column));
     for (int row = 0; row < model.rowCount(); ++row) {
       const QModelIndex cell = model.index(row, column);
       const QVariant tick = cell.data(Qt::CheckStateRole);
@@ -109,7 +114,7 @@ const Look looks[] = {
     LOOK(ListBox, QListWidget, heldText(model), plain(currentText(widget))),
     LOOK(TreeView, QTreeWidget, model.selectedNode() ? model.selectedNode()->text : std::string(),
          plain(currentText(widget))),
-    LOOK(Grid, QTableView, plain(heldText(model, widget.logicalDpiX())), plain(drawnText(widget))),
+    LOOK(Grid, QTableView, plain(heldText(model, widget)), plain(drawnText(widget))),
     LOOK(TabControl, QTabWidget, model.pages().at(static_cast<std::size_t>(model.tab())),
          plain(widget.tabText(widget.currentIndex()))),
     LOOK(ProgressBar, QProgressBar, std::to_string(model.value()), std::to_string(widget.value())),
@@ -132,7 +137,7 @@ class QtDriver : public WindowDriver {
 
   bool click(Control& control) override {
     QWidget& widget = within(control);
-    QTest::mouseClick(&widget, Qt::LeftButton);
+    pressAt(widget, placeToClick(widget));
     return settle(control);
   }
 
@@ -222,7 +227,7 @@ class QtDriver : public WindowDriver {
 
   bool closeBox() override {
     window_.close();
-    return !form_.isVisible();
+    return !form_.isLoaded();
   }
 
   void look(const Control& control) override {
@@ -256,6 +261,14 @@ class QtDriver : public WindowDriver {
     // Without a window system nobody gives the window back what a pop-up has taken.
     QApplication::setActiveWindow(&window_);
     return *widget;
+  }
+
+  /// A check box that is wider than its words takes no click behind them.
+  static QRect placeToClick(QWidget& widget) {
+    if (!qobject_cast<QCheckBox*>(&widget)) return widget.rect();
+    QStyleOptionButton option;
+    option.initFrom(&widget);
+    return widget.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &widget);
   }
 
   static void pressAt(QWidget& widget, const QRect& place) {

@@ -96,23 +96,6 @@ TEST_F(ListColumnsTest, ColumnsStandAsTheirTableHasThem) {
   EXPECT_FALSE(window.grid.get_colVisible(list_column::clientName));
 }
 
-TEST_F(ListColumnsTest, ChooserHidesColumnsAndBringsThemBack) {
-  for (const bool isShown : {true, false, true}) {
-    LoadedList window(*this);
-    window.grid.put_ColWidth(list_column::name, 0);
-    screen.expectWindow("frmAutoNotifyChangeListColumns", [](WindowInUse& chooser) {
-      for (const char* act : {"chkField(8)", "chkField(13)", "cmdOk"}) chooser.click(act);
-    });
-    EXPECT_TRUE(window.list->showChangeColumns());
-    const LoadedList again(*this);
-    for (const Grid* grid : {&std::as_const(window.grid), &again.grid}) {
-      EXPECT_NE(grid->showsColumn(list_column::clientId), isShown);
-      EXPECT_EQ(grid->showsColumn(list_column::created), isShown);
-      EXPECT_TRUE(grid->showsColumn(list_column::name)) << "a ticked one without a width";
-    }
-  }
-}
-
 TEST_F(ListColumnsTest, SettingsComeBackToTheirPerson) {
   for (const bool on : {true, false}) {
     const int number = on ? 11 : 10;

@@ -1,12 +1,11 @@
 #include <set>
 
-#include "list/clsAutoNotifyFlexGrid.h"
+#include "LoadedList.h"
 #include "list/frmAutoNotifyList.h"
 #include "list/frmSendAutoNotifyCustomFields.h"
 #include "list/frmSendAutoNotifyListOptions.h"
 #include "platform/controls/Person.h"
 #include "settings/modUserSettings.h"
-#include "support/HostTest.h"
 #include "support/fault_walk.h"
 
 namespace autonotify::test {
@@ -128,6 +127,23 @@ TEST_F(ListWindows, PopUpTheirMenuAtTheRightButton) {
     }
     window.click("cmdClose");
   });
+}
+
+TEST_F(ListWindows, ChooserHidesColumnsAndBringsThemBack) {
+  for (const bool isShown : {true, false, true}) {
+    LoadedList window(*this);
+    window.grid.put_ColWidth(list_column::name, 0);
+    screen.expectWindow("frmAutoNotifyChangeListColumns", [](WindowInUse& chooser) {
+      for (const char* act : {"chkField(8)", "chkField(13)", "cmdOk"}) chooser.click(act);
+    });
+    EXPECT_TRUE(window.list->showChangeColumns());
+    const LoadedList again(*this);
+    for (const Grid* grid : {&std::as_const(window.grid), &again.grid}) {
+      EXPECT_NE(grid->showsColumn(list_column::clientId), isShown);
+      EXPECT_EQ(grid->showsColumn(list_column::created), isShown);
+      EXPECT_TRUE(grid->showsColumn(list_column::name)) << "a ticked one without a width";
+    }
+  }
 }
 
 /// Acts in the options of sending, and what is stored of the preview and the email preview then.
