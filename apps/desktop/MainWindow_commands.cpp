@@ -94,7 +94,7 @@ std::span<const MainWindow::Command> MainWindow::commands() {
        inMenuBelowLine, &Self::hasTask, &Self::scheduleYear},
       {"notifications", viewMenu, QT_TR_NOOP("&Notifications..."), Qt::CTRL | Qt::Key_L,
        "view-list-details",
-       QT_TR_NOOP("Find, sort and send notifications, those that are due first"), inMenu,
+       QT_TR_NOOP("Find, sort and send notifications, those that are due first"), inMenuAndBar,
        &Self::hasDesk, &Self::openNotifications},
       {"refresh", viewMenu, QT_TR_NOOP("&Refresh"), QKeySequence::Refresh, "view-refresh", "",
        inMenuAndBar, &Self::hasDesk, &Self::refresh},

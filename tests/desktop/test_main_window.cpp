@@ -643,6 +643,16 @@ TEST_F(MainWindowTest, CommandsCanBeRunWhereTheyMakeSense) {
   EXPECT_FALSE(window_->isVisible());
 }
 
+TEST_F(MainWindowTest, TheBarHasRoomForItsCommandsOnASmallScreen) {
+  open();
+  window_->resize(910, 512);
+  QApplication::processEvents();
+  const auto& bar = *window_->findChild<QToolBar*>("commands");
+  EXPECT_TRUE(bar.actions().contains(&action("notifications")));
+  for (QAction* each : bar.actions())
+    EXPECT_TRUE(bar.widgetForAction(each)->isVisible()) << plain(each->text());
+}
+
 TEST_F(MainWindowTest, TheFieldLeadsToTheTasksThatItFinds) {
   open();
   QApplication::setActiveWindow(window_.get());
