@@ -1,10 +1,7 @@
-#include <set>
-
 #include "LoadedList.h"
 #include "list/frmAutoNotifyList.h"
 #include "list/frmSendAutoNotifyCustomFields.h"
 #include "list/frmSendAutoNotifyListOptions.h"
-#include "platform/controls/Person.h"
 #include "settings/modUserSettings.h"
 #include "support/fault_walk.h"
 
@@ -50,39 +47,6 @@ TEST_F(ListWindows, OpenOnWhatIsDueAndCloseAtOnce) {
       byCloseBox ? window.closeBox() : window.click("cmdClose");
     });
     EXPECT_EQ(batches.front() + batches.back(), "TrueFalse");
-  }
-}
-
-/// What a person does at each moment of the opening and of the first load, and what the window
-/// shows at the end; it is not there any more after "gone".
-TEST_F(ListWindows, TakeAnyActAtAnyMomentOfTheLoad) {
-  const std::pair<const char*, std::set<std::string>> cases[] = {
-      {"imgTopBarButton(3)", {due + " 4"}},
-      {"imgTopBarButton(4)", {due + " 4", due + " and where the employee assigned is Jo 4"}},
-      {"cmdRefreshTaskGrid", {due + " 4"}},
-      {"cmdCancelPopulatingList", {due + " 4", "List Population Cancelled 0"}},
-      {"cmdClose", {"gone"}},
-      {"", {"gone"}}};
-  for (int row = 0; row < 4; ++row) addNotification(noId, nt_Email, today());
-  for (const auto& [act, shown] : cases) {
-    std::set<std::string> seen;
-    for (int pump = 1; pump <= 11; ++pump) {
-      std::string end = "gone";
-      screen.duringPump(pump, [&, name = std::string(act)] {
-        Form& list = *findForm("frmAutoNotifyList");
-        Control* control = list.find(name);
-        if (!control) Person(list).closeBox();
-        if (control && control->isReachable()) Person(list).click(*control);
-      });
-      useList("", [&](WindowInUse& window) {
-        auto& grid = dynamic_cast<frmAutoNotifyList&>(window.form()).AutoNotifyFlexGrid;
-        end = window.read("lblDisplay") + " " + std::to_string(grid.get_Rows());
-        window.click("cmdClose");
-      });
-      seen.insert(end);
-      EXPECT_EQ(screen.pointer(), Pointer::standard);
-    }
-    EXPECT_EQ(seen, shown) << act;
   }
 }
 

@@ -133,6 +133,8 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
   void answerAll(bool yes) { restAnswer_ = yes; }
   /// What happens during the `nth` pump from now, counted from 1: the program is entered again.
   void duringPump(int nth, std::function<void()> act) { pumpActs_.push_back({pumps_ + nth, act}); }
+  /// What has not happened by now happens no more.
+  void forgetPumps() { pumpActs_.clear(); }
   /// The entry of the next menu that pops up.
   void chooseFromMenu(std::string name) { menuChoices_.push_back(std::move(name)); }
 

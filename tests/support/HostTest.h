@@ -49,9 +49,10 @@ class HostTest : public testing::Test, public AttachedHost, public TableRows {
   }
   /// The calls of the operation since the recording began.
   std::vector<std::string> logged(const std::string& operation) {
+    const std::string start = operation + " ";
     std::vector<std::string> found;
     for (const std::string& line : calls.log())
-      if (line.starts_with(operation + " ")) found.push_back(line.substr(operation.size() + 1));
+      if (line.starts_with(start)) found.push_back(line.substr(start.size()));
     return found;
   }
   /// Which recorded call, counted from 1, was the `nth` that starts with `start`.
