@@ -27,6 +27,10 @@ const std::string allIds = idsUpTo(rows);
 /// Fails the queries for rows, so many times, and knows how many recordsets are open.
 struct FailingRows : CountedDatabase {
   using CountedDatabase::CountedDatabase;
+  bool moveNext(RecordsetHandle handle) override {
+    if (beforeMove) beforeMove();
+    return CountedDatabase::moveNext(handle);
+  }
   RecordsetHandle openRecordset(Text sql, CursorMode cursor, LockMode lock, int r1, Text r2, int r3,
                                 bool r4) override {
     if (sql.starts_with("SELECT ClientNotification.* ") && failures-- > 0)
@@ -40,6 +44,7 @@ struct FailingRows : CountedDatabase {
   }
   int failures = 0;
   int open = 0;
+  std::function<void()> beforeMove;
 };
 
 /// Knows whether a batch of look-ups is under way.
@@ -121,7 +126,9 @@ class ListLoadTest : public HostTest {
     window.list->requestPopulateInfo();
     EXPECT_EQ(window.rows(), all);
   }
-  FailingRows failing{*plainDatabase, calls};
+  HostCalls server;
+  CountedDatabase served{*plainDatabase, server};
+  FailingRows failing{served, calls};
   BatchedClients batched{plainClients, calls};
 };
 
@@ -196,6 +203,33 @@ TEST_F(ListLoadTest, LoadThatWasLeftCanBeAskedForAgain) {
   EXPECT_EQ(window.rows(), "");
   window.list->requestPopulateInfo();
   EXPECT_EQ(window.rows(), allIds);
+}
+
+/// Whatever the person answers, the rows that have come by then stay.
+TEST_F(ListLoadTest, ServerThatGoesAwayDuringALoadCanComeBack) {
+  for (const int choice : {error_choice::leave, error_choice::next}) {
+    for (int moves : {1, 2, 7, rows}) {
+      SCOPED_TRACE("choice " + std::to_string(choice) + " at " + std::to_string(moves));
+      server.reset();
+      LoadedList window(*this);
+      const std::string read = idsUpTo(moves);
+      failing.beforeMove = [&] {
+        if (--moves == 0) server.failAll();
+      };
+      errors.answerRest(choice, rows);
+      window.list->requestPopulateInfo();
+      EXPECT_GT(server.failures(), 0);
+      EXPECT_EQ(window.rows(), read);
+      EXPECT_EQ(window.grid.get_Redraw(), choice == error_choice::next);
+      server.reset();
+      errors.answerRest(choice, 0);
+      window.list->requestPopulateInfo();
+      EXPECT_EQ(window.rows(), allIds);
+      EXPECT_TRUE(window.grid.get_Redraw());
+      EXPECT_EQ(screen.pointer(), Pointer::standard);
+      EXPECT_FALSE(batched.isBatch);
+    }
+  }
 }
 
 TEST_F(ListLoadTest, WindowThatHasGoneNeedsNoRows) {

@@ -14,6 +14,8 @@ class HostCalls {
  public:
   /// Fails call `n`, counted from 1 since the last reset.
   void failAt(int n) { failed_ = n; }
+  /// Fails every call from now on, until the next reset.
+  void failAll() { failsAll_ = true; }
   void reset() { *this = HostCalls{}; }
   void record(bool on) { recording_ = on; }
 
@@ -24,7 +26,7 @@ class HostCalls {
       const std::string told = detail ? detail() : std::string{};
       log_.push_back(std::string(operation) + (told.empty() ? "" : " " + told));
     }
-    if (count_ == failed_) {
+    if (failsAll_ || count_ == failed_) {
       ++failures_;
       throw PlatformError(1000, "The host call failed", std::string(operation));
     }
@@ -37,7 +39,7 @@ class HostCalls {
 
  private:
   int count_ = 0, failed_ = 0, failures_ = 0;
-  bool recording_ = false;
+  bool recording_ = false, failsAll_ = false;
   std::vector<std::string> log_;
 };
 
