@@ -45,6 +45,9 @@ struct RowKeys {
   Id schedule = noId;
   /// Null for a channel that nobody knows.
   const ListChannel* channel = nullptr;
+
+  /// A composer would add a row where none is named.
+  bool isNamed() const { return notification > 0; }
 };
 
 std::string textOfCell(Step& step, Grid& grid, int row, Id column) {
@@ -226,6 +229,7 @@ void clsAutoNotifyFlexGrid::changeSendStatus(int rowNum, ListRowAtWork::Act act)
     const RowWork work(*this, act, rowNum);
     if (!isDatabaseOpen(step)) return;
     const RowKeys keys = keysOf(step, *flexGrid_, rowNum);
+    if (!keys.isNamed()) return showTick(step, *flexGrid_, rowNum, false);
     if (!send(step, keys, showMVPreview)) return untick(step, keys.notification);
     markSentNow(step, keys.notification, false);
     changeVisualStatus(keys.notification);
@@ -262,7 +266,7 @@ void clsAutoNotifyFlexGrid::viewAutoNotifyInfoForm(int rowNum, int) {
     const RowWork work(*this, ListRowAtWork::Act::look, rowNum);
     if (!isDatabaseOpen(step)) return;
     const RowKeys keys = keysOf(step, *flexGrid_, rowNum);
-    if (!keys.channel) return;
+    if (!keys.channel || !keys.isNamed()) return;
     compose(step, keys, &NotificationComposer::InitializeEditAutoNotify);
     changeVisualStatus(keys.notification);
   });
