@@ -1,4 +1,5 @@
 #include "LoadedList.h"
+#include "list/frmAutoNotifyList.h"
 #include "platform/controls/Label.h"
 #include "support/fault_walk.h"
 #include "support/told_rows.h"
@@ -16,8 +17,9 @@ struct SendingList : LoadedList {
     list->showMVPreview = false;
   }
   void load() { list->requestPopulateInfo(); }
-  /// The text of a cell, of a tick "yes" or "no".
+  /// The text of a cell, of a tick "yes" or "no"; nothing where there is none.
   std::string shown(int row, Id column) const {
+    if (row >= grid.get_Rows() || column >= grid.get_Cols()) return {};
     if (column != list_column::sent) return grid.get_CellText(row, column);
     return grid.get_cellChecked(row, column) ? "yes" : "no";
   }
@@ -214,30 +216,135 @@ TEST_F(ListActs, NothingElseBeginsWhileARowIsAtWork) {
   }
 }
 
-/// A host with a list on it that is loaded.
+/// A host with a list of the emails on it that is loaded.
 struct ListHost : AttachedHost, SendingList {
   explicit ListHost(FillRows fill)
       : AttachedHost(fill), SendingList(static_cast<TestHost&>(*this)) {
+    list->searchNotificationType = true;
+    list->searchNotificationTypeNum = nt_Email;
     load();
+  }
+  /// The next window, in which the person clicks these and then leaves.
+  void useWindow(const char* window, std::vector<const char*> controls) {
+    screen.expectWindow(window, [controls](WindowInUse& used) {
+      for (const char* each : controls)
+        if (used.form().isVisible() && used.canUse(each)) used.click(each);
+      if (used.form().isVisible()) used.closeBox();
+    });
+  }
+  /// The next dialog of the grid's own, which the person does not cancel.
+  void useDialog(GridDialog::Kind kind) {
+    screen.expectGridDialog(kind, [](Grid&, auto&) { return false; });
+  }
+  /// What is listed, but for the tick of the first row.
+  std::string state() const {
+    std::string told = shown(0, list_column::sentStatus) + " " + rows();
+    for (int column = 0; column < grid.get_Cols(); ++column)
+      if (grid.showsColumn(column)) told += std::to_string(grid.get_ColWidth(column)) + " ";
+    return told;
   }
 };
 
-TEST(RowFaults, AreSettledAtTheErrorDialog) {
-  const FillRows fill = [](TableRows rows) { addAllTold(rows, rowsFile, "actions"); };
+struct WalkedAct {
+  const char* name;
+  void (*act)(ListHost& used);
+  /// How many host calls it makes at least, and how many emails it may send at most.
+  int calls = 4;
+  int sends = 0;
+  /// Whether the tick stays where the person leaves at once.
+  bool isTicked = false;
+
+  friend void PrintTo(const WalkedAct& walked, std::ostream* out) { *out << walked.name; }
+};
+constexpr WalkedAct walkedActs[] = {
+    {"read",
+     [](ListHost& used) {
+       used.list->CellButtonClick(0, list_column::name);
+       used.list->refreshRowInfo(1, -1);
+     },
+     40},
+    {"send", [](ListHost& used) { used.list->CellButtonClick(0, list_column::sendNow); }, 40, 1},
+    {"compose",
+     [](ListHost& used) {
+       used.list->showMVPreview = true;
+       used.useWindow("frmSendNotificationWizardEmail", {"cmdFinish"});
+       used.list->CellButtonClick(0, list_column::sendNow);
+     },
+     40, 1},
+    {"cancel", [](ListHost& used) { used.list->CellButtonClick(0, list_column::cancelSend); }, 40},
+    {"look",
+     [](ListHost& used) {
+       used.useWindow("frmSendNotificationWizardEmail", {"cmdFinish"});
+       used.list->CellButtonClick(0, list_column::viewInfo);
+     },
+     40},
+    {"tick",
+     [](ListHost& used) {
+       bool isTakenBack = false;
+       used.grid.put_cellChecked(0, list_column::sent, true);
+       used.list->AfterEdit(0, list_column::sent, isTakenBack);
+     },
+     40, 1, true},
+    {"sendAll", [](ListHost& used) { used.list->sendAll(); }, 80, 2},
+    {"chooser",
+     [](ListHost& used) {
+       used.useWindow("frmAutoNotifyChangeListColumns", {"chkField(13)", "cmdOk"});
+       used.list->showChangeColumns();
+     },
+     40},
+    {"gridOptions",
+     [](ListHost& used) {
+       used.useDialog(GridDialog::Kind::settings);
+       used.list->showGridOptions();
+     },
+     40},
+    {"printPreview",
+     [](ListHost& used) {
+       used.useDialog(GridDialog::Kind::printPreview);
+       used.list->showGridPrintPreviewForm();
+     },
+     1},
+    {"sendOptions",
+     [](ListHost& used) {
+       used.useWindow("frmSendAutoNotifyListOptions", {"chkMorvanePreview", "cmdOK"});
+       used.list->showSendAutoNotifyListOptions();
+     }},
+    {"open",
+     [](ListHost& used) {
+       used.useWindow("frmAutoNotifyList", {"cmdClose"});
+       frmAutoNotifyList list;
+       list.Initialize();
+       list.unload();
+       EXPECT_FALSE(list.isLoaded());
+     },
+     80},
+};
+
+class ListActFaults : public testing::TestWithParam<WalkedAct> {};
+
+TEST_P(ListActFaults, AreSettledAtTheErrorDialog) {
+  const WalkedAct& walked = GetParam();
+  const FillRows fill = [](TableRows rows) {
+    addAllTold(rows, rowsFile, "actions");
+    addTold(rows, {"ClientNotification", "NotificationType=1", "Field1=cara@birch"});
+  };
+  const auto run = [&](TestHost& host) {
+    auto& used = dynamic_cast<ListHost&>(host);
+    used.screen.answerAll(true);
+    walked.act(used);
+    EXPECT_LE(std::ranges::count(host.mailProgram.calls, "send="), walked.sends) << "sent twice";
+    return used.shown(0, list_column::sent) + used.state();
+  };
+  const auto written = [](TestHost& host) {
+    return host.dumpWritten() + host.dump("SELECT * FROM UserGridSettings2");
+  };
   const auto makeHost = [](FillRows filled) { return std::make_unique<ListHost>(filled); };
-  for (const Id button : {list_column::name, list_column::sendNow, list_column::cancelSend}) {
-    const auto run = [button](TestHost& host) {
-      auto& used = dynamic_cast<ListHost&>(host);
-      used.screen.answerAll(true);
-      used.list->CellButtonClick(0, button);
-      if (button == list_column::name) used.list->refreshRowInfo(1, -1);
-      EXPECT_LE(std::ranges::count(host.mailProgram.calls, "send="), 1) << "sent twice";
-      return used.shown(0, list_column::sent) + used.shown(0, list_column::sentStatus);
-    };
-    const WalkedOperation walked{"column " + std::to_string(button), run, "noPending Send"};
-    EXPECT_GE(walkFaults(walked, {fill, &TestHost::dumpWritten, makeHost}), 40) << walked.name;
-  }
+  const std::string before = (walked.isTicked ? "yes" : "no") + ListHost(fill).state();
+  EXPECT_GE(walkFaults({walked.name, run, before}, {fill, written, makeHost}), walked.calls);
 }
+
+INSTANTIATE_TEST_SUITE_P(Acts, ListActFaults, testing::ValuesIn(walkedActs),
+                         [](const auto& each) { return each.param.name; });
 
 }  // namespace
 }  // namespace autonotify::test
