@@ -44,7 +44,7 @@ class ExchangeTest(ConsoleTest):
 
     def test_what_is_read_told_and_refused(self):
         for title in ("what people write is read", "changes are told first, and one fault keeps all out",
-                      "what is wrong with a file"):
+                      "headings and cells of other programs", "what is wrong with a file"):
             self.follow(title, young=self.young)
             self.setUp()
 

@@ -52,6 +52,18 @@ void addHeading(Arguments& arguments, const std::string& text) {
   arguments.importing.headings.emplace_back(text.substr(0, sign), text.substr(sign + 1));
 }
 
+/// --map, once for each heading.
+void addHeadings(CLI::App& command, Arguments& arguments) {
+  const auto read = [&arguments](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) addHeading(arguments, text);
+  };
+  command
+      .add_option_function<std::vector<std::string>>("--map", read,
+                                                     "what one of their headings stands for")
+      ->type_name("HEADING=COLUMN")
+      ->allow_extra_args(false);
+}
+
 std::unique_ptr<host::RecordsetDatabase> open(const GlobalOptions& options) {
   try {
     return host::openDatabase(options.database);
@@ -203,9 +215,7 @@ void describeImport(CLI::App& command, Arguments& arguments) {
       ->type_name("FILE");
   addEntryKind(command, "--kind", "what the files hold, where names and headings do not tell: ",
                arguments.importing.kind);
-  addReader(command, "--map", "HEADING=COLUMN", "what one of their headings stands for",
-            [&arguments](const std::string& text) { addHeading(arguments, text); })
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  addHeadings(command, arguments);
   addImportOptions(command, arguments);
   addEntryKind(command, "--template",
                "print an empty file with all headings: ", arguments.entryKind);
