@@ -25,6 +25,7 @@ std::string_view trimmed(std::string_view cell) {
 struct CsvReader::Fill {
   static void cell(void* bytes, std::size_t size, void* target) {
     CsvReader& reader = *static_cast<CsvReader*>(target);
+    reader.endOpenCell();
     try {
       reader.record_.cells.push_back(utf8Of(trimmed({static_cast<const char*>(bytes), size})));
     } catch (...) {
@@ -88,8 +89,28 @@ void CsvReader::feed(std::string_view bytes) {
                ": is a quotation mark opened there and never closed?");
   if (csv_parse(parser_.get(), bytes.data(), bytes.size(), &Fill::cell, &Fill::record, this) !=
       bytes.size())
-    throw std::bad_alloc();
+    failParse();
   if (fault_) std::rethrow_exception(fault_);
+  if (recordSize_ > 0 && bytes.back() == '\n') beginOpenCell();
+}
+
+/// What a stray quotation mark opens goes on to the next one, which opens a cell: further lines are
+/// read strictly until the cell ends.
+void CsvReader::beginOpenCell() {
+  if (openSince_ == 0) openSince_ = file_.line();
+  csv_set_opts(parser_.get(), CSV_STRICT);
+}
+
+void CsvReader::endOpenCell() {
+  openSince_ = 0;
+  csv_set_opts(parser_.get(), 0);
+}
+
+void CsvReader::failParse() const {
+  if (csv_error(parser_.get()) != CSV_EPARSE) throw std::bad_alloc();
+  file_.fail("has a quotation mark in line " + std::to_string(file_.line()) +
+             " that closes the one of line " + std::to_string(openSince_) +
+             " in the middle of a cell: one of them does not belong there");
 }
 
 void CsvReader::finish() {

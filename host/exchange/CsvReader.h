@@ -21,7 +21,8 @@ class CsvReader : public EntryReader {
   explicit CsvReader(TextFile file);
   ~CsvReader() override;
 
-  /// Throws FileFault for a record that does not end: a quotation mark that is never closed.
+  /// Throws FileFault for a quotation mark that is never closed, and for one that is closed lines
+  /// later in the middle of a cell.
   bool next(FileRecord& record) override;
   const std::string& path() const override { return file_.path(); }
 
@@ -31,12 +32,17 @@ class CsvReader : public EntryReader {
   void chooseDelimiter();
   void feedLine();
   void feed(std::string_view bytes);
+  void beginOpenCell();
+  void endOpenCell();
+  [[noreturn]] void failParse() const;
   void finish();
 
   TextFile file_;
   std::unique_ptr<csv_parser> parser_;
   /// Bytes of the record that is being read.
   std::size_t recordSize_ = 0;
+  /// The line in which a cell begins that goes on in further ones; 0 while none does.
+  std::size_t openSince_ = 0;
   FileRecord record_;
   std::deque<FileRecord> records_;
   std::exception_ptr fault_;
