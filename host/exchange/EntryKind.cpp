@@ -27,25 +27,29 @@ constexpr EntryColumn scheduleKinds[] = {
 
 constexpr EntryColumn holidays[] = {
     {"Date", "day holidaydate", "HolidayDate", date, true},
-    {"Name", "holiday description title", "HolidayName"},
+    {"Name", "holiday holidayname description title", "HolidayName"},
     {"Type", "holidaytype", "HolidayType", integer},
 };
 
 constexpr EntryColumn staff[] = {
-    {"Name", "displayname fullname employee staff user", "DisplayName", text, true},
+    {"Name", "displayname fullname employee employeename staff staffname user", "DisplayName", text,
+     true},
     {"Prefix", "salutation", "NamePrefix"},
-    {"First Name", "firstname givenname", "FirstName"},
+    {"First Name", "givenname", "FirstName"},
     {"Middle Name", "middle", "MiddleName"},
-    {"Last Name", "lastname surname familyname", "LastName"},
-    {"Job Title", "position role", "BusinessJobTitle"},
+    {"Last Name", "surname familyname", "LastName"},
+    {"Job Title", "title position role", "BusinessJobTitle"},
     {"Type", "employeetype", "EmployeeType"},
     {"Level", "userlevel accesslevel", "UserLevel", integer},
-    {"Email", "emailaddress mail workemail businessemail", "BusinessEmail"},
-    {"Phone", "telephone tel workphone businessphone", "BusinessPhone_Main"},
-    {"Cell", "mobile cellphone mobilephone", "BusinessPhone_Cell"},
-    {"Fax", "faxnumber", "BusinessPhone_Fax"},
+    {"Email", "emailaddress mail mainemail workemail businessemail", "BusinessEmail"},
+    {"Phone",
+     "telephone tel mainphone phonenumber phoneno telephonenumber telnumber workphone "
+     "workphonenumber businessphone businessphonenumber",
+     "BusinessPhone_Main"},
+    {"Cell", "cellphone cellnumber mobile mobilephone mobilenumber", "BusinessPhone_Cell"},
+    {"Fax", "faxnumber faxno", "BusinessPhone_Fax"},
     {"Home Email", "personalemail privateemail", "PersonalEmail"},
-    {"Home Phone", "", "HomePhone_Main"},
+    {"Home Phone", "homephonenumber", "HomePhone_Main"},
     {"Home Address 1", "homeaddress", "HomeAddress1"},
     {"Home Address 2", "", "HomeAddress2"},
     {"Home City", "", "HomeCity"},
@@ -56,9 +60,12 @@ constexpr EntryColumn staff[] = {
 };
 
 constexpr EntryColumn companies[] = {
-    {"Client Number", "clientno clientid number id account accountnumber no", "ClientIDStr"},
+    {"Client Number",
+     "clientno clientid clientcode customernumber customerid account accountnumber accountno "
+     "number id no code",
+     "ClientIDStr"},
     {"Company Name",
-     "company name client clientname business businessname organization "
+     "company name client clientname customer customername business businessname organization "
      "organisation",
      "CompanyName", text, true},
     {"Corporate Name", "legalname registeredname", "CorporateName"},
@@ -71,14 +78,20 @@ constexpr EntryColumn companies[] = {
     {"Province", "prov state stateprovince provincestate region", "Province"},
     {"Postal Code", "postal zip zipcode postcode", "PostalCode"},
     {"Country", "countryregion", "Country"},
-    {"Phone", "telephone tel officephone businessphone mainphone officenumber", "OfficeNumber"},
-    {"Other Phone", "phone2 altphone alternatephone cell mobile", "AltPhoneNumber"},
-    {"Fax", "faxnumber businessfax", "FaxNumber"},
-    {"Email", "emailaddress mail companyemail", "Email"},
+    {"Phone",
+     "telephone tel mainphone phonenumber phoneno telephonenumber telnumber officephone "
+     "officenumber businessphone businessphonenumber",
+     "OfficeNumber"},
+    {"Other Phone",
+     "otherphonenumber phone2 altphone alternatephone cell cellphone cellnumber mobile mobilephone "
+     "mobilenumber",
+     "AltPhoneNumber"},
+    {"Fax", "faxnumber faxno businessfax businessfaxnumber", "FaxNumber"},
+    {"Email", "emailaddress mail mainemail companyemail", "Email"},
     {"Web Site", "web url homepage webpage", "WebSite"},
     {"Partner", "partnername", "PartnerName"},
     {"Accountant", "accountantname accountmanager preparer manager", "AccountantName"},
-    {"Business Number", "bn", "AccountingServices.BusinessNumber"},
+    {"Business Number", "bn bnnumber", "AccountingServices.BusinessNumber"},
     {"Year End", "yearenddate fiscalyearend", "AccountingServices.YearEndDate", date},
     {"Active Status", "status", "ClientData.ActiveStatus", integer},
     {"Custom 1", "", "Custom1"},
@@ -89,8 +102,11 @@ constexpr EntryColumn companies[] = {
 };
 
 constexpr EntryColumn contacts[] = {
-    {"Client Number", "clientno clientid number id account accountnumber no", "ClientIDStr"},
-    {"Name", "displayname fullname contact contactname client clientname", "DisplayName"},
+    {"Client Number",
+     "clientno clientid clientcode customernumber customerid account accountnumber accountno "
+     "number id no code",
+     "ClientIDStr"},
+    {"Name", "displayname fullname contact contactname clientname", "DisplayName"},
     {"Prefix", "title salutation nameprefix", "NamePrefix"},
     {"First Name", "first givenname", "FirstName"},
     {"Middle Name", "middle", "MiddleName"},
@@ -107,17 +123,20 @@ constexpr EntryColumn contacts[] = {
     {"Home Province", "prov province state homestate", "HomeProvince"},
     {"Home Postal Code", "postal postalcode zip zipcode postcode homezip", "HomePostalCode"},
     {"Home Country", "country homecountryregion", "HomeCountry"},
-    {"Home Phone", "phone telephone tel", "HomePhone_Main"},
-    {"Cell", "mobile cellphone mobilephone homecell", "HomePhone_Cell"},
-    {"Home Fax", "fax faxnumber", "HomePhone_Fax"},
-    {"Email", "emailaddress mail personalemail homeemail", "PersonalEmail"},
+    {"Home Phone",
+     "phone telephone tel mainphone phonenumber phoneno telephonenumber telnumber homephonenumber",
+     "HomePhone_Main"},
+    {"Cell", "cellphone cellnumber mobile mobilephone mobilenumber homecell", "HomePhone_Cell"},
+    {"Home Fax", "fax faxnumber faxno homefaxnumber", "HomePhone_Fax"},
+    {"Email", "emailaddress mail mainemail personalemail homeemail", "PersonalEmail"},
     {"Company", "companyname business businessname employer organization organisation",
      "BusinessName"},
-    {"Job Title", "jobtitle position", "BusinessJobTitle"},
+    {"Job Title", "position", "BusinessJobTitle"},
     {"Department", "", "BusinessDepartment"},
-    {"Work Phone", "businessphone officephone", "BusinessPhone_Main"},
+    {"Work Phone", "workphonenumber businessphone businessphonenumber officephone",
+     "BusinessPhone_Main"},
     {"Work Cell", "businesscell", "BusinessPhone_Cell"},
-    {"Work Fax", "businessfax", "BusinessPhone_Fax"},
+    {"Work Fax", "workfaxnumber businessfax businessfaxnumber", "BusinessPhone_Fax"},
     {"Work Email", "businessemail email2address", "BusinessEmail"},
     {"Work Address 1", "businessaddress businessstreet workaddress", "BusinessAddress1"},
     {"Work Address 2", "businessstreet2", "BusinessAddress2"},
@@ -127,7 +146,8 @@ constexpr EntryColumn contacts[] = {
     {"Work Country", "businesscountry", "BusinessCountry"},
     {"Address Of Company", "inheritcompanyinfo", "InheritCompanyInfo", flag},
     {"Birthday", "birthdate dateofbirth dob", "Birthday", date},
-    {"Social Insurance Number", "sin ssn socialsecuritynumber", "SocialInsuranceNumber"},
+    {"Social Insurance Number", "sin sinnumber ssn ssnnumber socialsecuritynumber",
+     "SocialInsuranceNumber"},
     {"Gender", "sex", "Gender"},
     {"Language", "spokenlanguage", "SpokenLanguage"},
     {"Marital Status", "maritialstatus", "MaritialStatus"},
@@ -146,15 +166,16 @@ constexpr EntryColumn contacts[] = {
 
 constexpr EntryColumn links[] = {
     {"Contact", "person name contactname", "", reference, true},
-    {"Company", "companyname client", "", reference, true},
+    {"Company", "companyname client clientnumber", "", reference, true},
     {"Default", "defaultcontact main primary primarycontact", "DefaultContact", flag},
 };
 
 constexpr EntryColumn tasks[] = {
-    {"Client", "clientnumber clientname company companyname contact", "", reference, true},
-    {"Kind", "type task taskkind tasktype scheduletype", "", reference, true},
+    {"Client", "clientnumber clientname customer customername company companyname contact", "",
+     reference, true},
+    {"Kind", "type task taskkind tasktype jobtype service scheduletype", "", reference, true},
     {"Name", "task taskname schedulename title subject", "scheduleName"},
-    {"Due Date", "due duedate deadline", "DueDate", date, true},
+    {"Due Date", "due deadline", "DueDate", date, true},
     {"In-House Date", "internaldate inhouseduedate", "inHouseDueDate", date},
     {"Documents By", "infodeadline infodeadlinedate", "InfoDeadlineDate", date},
     {"Assigned To", "assigned employee employeeassigned assignee staff", "", reference},
@@ -209,7 +230,7 @@ const EntryKind* findEntryKind(std::string_view name) {
 
 std::string foldHeading(std::string_view heading) {
   std::string folded;
-  for (const char c : lowerCase(heading))
+  for (const char c : replaceAll(lowerCase(heading), "#", "number"))
     if (static_cast<unsigned char>(c) >= 0x80 || std::isalnum(static_cast<unsigned char>(c)))
       folded += c;
   return folded;

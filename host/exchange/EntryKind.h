@@ -45,7 +45,8 @@ std::span<const EntryKind> entryKinds();
 /// By its name in any case; nullptr for none.
 const EntryKind* findEntryKind(std::string_view name);
 
-/// Letters and digits alone, small: "E-mail Address" becomes "emailaddress".
+/// Letters and digits alone, small: "E-mail Address" becomes "emailaddress", "Client #"
+/// "clientnumber".
 std::string foldHeading(std::string_view heading);
 /// The column of each heading, by its own name or else by a spelling of one that is not taken yet;
 /// nullptr for none.
