@@ -119,7 +119,15 @@ Value readCell(const EntryColumn& column, const std::string& cell, DateOrder ord
   }
 }
 
-std::string shortened(const std::string& text, std::size_t characters) {
+std::string inOneLine(const std::string& text) {
+  std::string line = replaceAll(text, "\r\n", " ");
+  std::ranges::replace(line, '\n', ' ');
+  std::ranges::replace(line, '\r', ' ');
+  return line;
+}
+
+std::string shortened(const std::string& cell, std::size_t characters) {
+  const std::string text = inOneLine(cell);
   std::size_t end = 0;
   std::size_t kept = 0;
   for (std::size_t at = 0, count = 1; at < text.size(); ++count) {

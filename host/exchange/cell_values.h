@@ -18,8 +18,10 @@ DateOrder dateOrderOfLocale();
 Value readCell(const EntryColumn& column, const std::string& cell, DateOrder order);
 /// yes or no, in the words that files use. Throws EntryRefused.
 bool readFlag(const std::string& cell);
-/// No more than so many characters of the text, the last of them an ellipsis where it is longer.
-std::string shortened(const std::string& text, std::size_t characters);
+/// The text with blanks for its line ends.
+std::string inOneLine(const std::string& text);
+/// In one line, no more than so many characters, the last of them an ellipsis where it is longer.
+std::string shortened(const std::string& cell, std::size_t characters);
 /// As readCell reads it, whichever the order: ISO dates, yes and no.
 std::string cellText(CellType type, const Value& value);
 

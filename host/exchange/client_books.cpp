@@ -38,6 +38,11 @@ constexpr std::array contactAddresses{
     AddressPlace{"HomeAddress", {"HomeAddress1", "HomeAddress2", "HomeAddress3"}},
     AddressPlace{"BusinessAddress", {"BusinessAddress1", "BusinessAddress2", "BusinessAddress3"}}};
 
+/// Lines of a cell, with the ends that lines of a whole address have.
+std::string withLineEnds(const std::string& cell) {
+  return replaceAll(replaceAll(cell, "\r\n", "\n"), "\n", "\r\n");
+}
+
 /// The address as one text, of the lines that the fields hold and those that the row keeps; nothing
 /// where the fields hold none. `rows` names the row behind FROM, empty for a new one.
 void addWholeAddress(DatabaseReference& database, const AddressPlace& place,
@@ -58,7 +63,7 @@ void addWholeAddress(DatabaseReference& database, const AddressPlace& place,
   if (!rows.empty()) firstRow(database, "SELECT " + columns + " FROM " + rows, keep);
   std::string whole;
   for (const std::string& line : lines)
-    if (!line.empty()) whole += (whole.empty() ? "" : "\r\n") + line;
+    if (!line.empty()) whole += (whole.empty() ? "" : "\r\n") + withLineEnds(line);
   fields.push_back({place.whole, whole});
 }
 

@@ -118,7 +118,7 @@ OpenFile openFile(const std::string& path, const ImportOptions& options) {
   FileRecord headings;
   if (!file.reader->next(headings)) throw FileFault(path + " is empty");
   for (const std::string& heading : headings.cells)
-    file.headings.push_back(mapped(options, heading));
+    file.headings.push_back(mapped(options, inOneLine(heading)));
   chooseKind(file, options);
   return file;
 }
@@ -144,7 +144,7 @@ class KindImport {
         if (!record.fault.empty()) throw EntryRefused(record.fault);
         take(entry, told);
       } catch (const EntryRefused& refusal) {
-        told.words = refusal.what();
+        told.words = inOneLine(refusal.what());
       }
       ++result.counts.at(static_cast<std::size_t>(told.fate));
       listener(told);

@@ -48,6 +48,12 @@ class ExchangeTest(ConsoleTest):
             self.follow(title, young=self.young)
             self.setUp()
 
+    def test_a_line_of_an_address_may_go_on(self):
+        self.bring(self.file("companies.csv", 'Company,Address\nTwo,"12 Main\nSuite 5"\n'))
+        company = self.bring("clients", by=("--json",)).json()[0]["company"]
+        address = self.bring(company, "--rtf", by=("address", "company")).out
+        self.assertRegex(address, r"12 Main\\par *\n*Suite 5\\par")
+
     def test_counts_refusals_beyond_those_that_are_told(self):
         many = self.file("companies.csv", "Name,Colour" + ",x" * 30 + "\n" + "New Inc.\n" * 10003)
         run = self.bring(many, code=1, says=["line 10002: New Inc., refused", "hvnotify: 2 more are refused",
