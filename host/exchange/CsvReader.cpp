@@ -14,9 +14,8 @@ constexpr std::size_t longestRecord = std::size_t{1} << 24;
 constexpr std::string_view blanks = " \t\r\n";
 constexpr std::array delimiters{',', ';', '\t'};
 
-std::string_view trimmed(std::string_view cell) {
-  cell.remove_prefix(std::min(cell.find_first_not_of(blanks), cell.size()));
-  return cell.substr(0, cell.find_last_not_of(blanks) + 1);
+bool isBlank(std::string_view text) {
+  return text.find_first_not_of(blanks) == text.npos;
 }
 
 }  // namespace
@@ -26,8 +25,9 @@ struct CsvReader::Fill {
   static void cell(void* bytes, std::size_t size, void* target) {
     CsvReader& reader = *static_cast<CsvReader*>(target);
     reader.endOpenCell();
+    const std::string_view cell(static_cast<const char*>(bytes), size);
     try {
-      reader.record_.cells.push_back(utf8Of(trimmed({static_cast<const char*>(bytes), size})));
+      reader.record_.cells.push_back(isBlank(cell) ? std::string() : utf8Of(cell));
     } catch (...) {
       reader.fault_ = std::current_exception();
     }
@@ -80,7 +80,7 @@ void CsvReader::feedLine() {
 
 void CsvReader::feed(std::string_view bytes) {
   if (recordSize_ == 0) {
-    if (bytes.find_first_not_of(blanks) == bytes.npos) return;
+    if (isBlank(bytes)) return;
     record_.line = file_.line();
   }
   recordSize_ += bytes.size();

@@ -14,6 +14,7 @@ constexpr auto decimal = CellType::decimal;
 constexpr auto date = CellType::date;
 constexpr auto flag = CellType::flag;
 constexpr auto text = CellType::text;
+constexpr auto word = CellType::word;
 constexpr auto reference = CellType::reference;
 
 constexpr EntryColumn scheduleKinds[] = {
@@ -41,14 +42,14 @@ constexpr EntryColumn staff[] = {
     {"Job Title", "title position role", "BusinessJobTitle"},
     {"Type", "employeetype", "EmployeeType"},
     {"Level", "userlevel accesslevel", "UserLevel", integer},
-    {"Email", "emailaddress mail mainemail workemail businessemail", "BusinessEmail"},
+    {"Email", "emailaddress mail mainemail workemail businessemail", "BusinessEmail", word},
     {"Phone",
      "telephone tel mainphone phonenumber phoneno telephonenumber telnumber workphone "
      "workphonenumber businessphone businessphonenumber",
      "BusinessPhone_Main"},
     {"Cell", "cellphone cellnumber mobile mobilephone mobilenumber", "BusinessPhone_Cell"},
     {"Fax", "faxnumber faxno", "BusinessPhone_Fax"},
-    {"Home Email", "personalemail privateemail", "PersonalEmail"},
+    {"Home Email", "personalemail privateemail", "PersonalEmail", word},
     {"Home Phone", "homephonenumber", "HomePhone_Main"},
     {"Home Address 1", "homeaddress", "HomeAddress1"},
     {"Home Address 2", "", "HomeAddress2"},
@@ -63,7 +64,7 @@ constexpr EntryColumn companies[] = {
     {"Client Number",
      "clientno clientid clientcode customernumber customerid account accountnumber accountno "
      "number id no code",
-     "ClientIDStr"},
+     "ClientIDStr", word},
     {"Company Name",
      "company name client clientname customer customername business businessname organization "
      "organisation",
@@ -87,7 +88,7 @@ constexpr EntryColumn companies[] = {
      "mobilenumber",
      "AltPhoneNumber"},
     {"Fax", "faxnumber faxno businessfax businessfaxnumber", "FaxNumber"},
-    {"Email", "emailaddress mail mainemail companyemail", "Email"},
+    {"Email", "emailaddress mail mainemail companyemail", "Email", word},
     {"Web Site", "web url homepage webpage", "WebSite"},
     {"Partner", "partnername", "PartnerName"},
     {"Accountant", "accountantname accountmanager preparer manager", "AccountantName"},
@@ -105,7 +106,7 @@ constexpr EntryColumn contacts[] = {
     {"Client Number",
      "clientno clientid clientcode customernumber customerid account accountnumber accountno "
      "number id no code",
-     "ClientIDStr"},
+     "ClientIDStr", word},
     {"Name", "displayname fullname contact contactname clientname", "DisplayName"},
     {"Prefix", "title salutation nameprefix", "NamePrefix"},
     {"First Name", "first givenname", "FirstName"},
@@ -128,7 +129,7 @@ constexpr EntryColumn contacts[] = {
      "HomePhone_Main"},
     {"Cell", "cellphone cellnumber mobile mobilephone mobilenumber homecell", "HomePhone_Cell"},
     {"Home Fax", "fax faxnumber faxno homefaxnumber", "HomePhone_Fax"},
-    {"Email", "emailaddress mail mainemail personalemail homeemail", "PersonalEmail"},
+    {"Email", "emailaddress mail mainemail personalemail homeemail", "PersonalEmail", word},
     {"Company", "companyname business businessname employer organization organisation",
      "BusinessName"},
     {"Job Title", "position", "BusinessJobTitle"},
@@ -137,7 +138,7 @@ constexpr EntryColumn contacts[] = {
      "BusinessPhone_Main"},
     {"Work Cell", "businesscell", "BusinessPhone_Cell"},
     {"Work Fax", "workfaxnumber businessfax businessfaxnumber", "BusinessPhone_Fax"},
-    {"Work Email", "businessemail email2address", "BusinessEmail"},
+    {"Work Email", "businessemail email2address", "BusinessEmail", word},
     {"Work Address 1", "businessaddress businessstreet workaddress", "BusinessAddress1"},
     {"Work Address 2", "businessstreet2", "BusinessAddress2"},
     {"Work City", "businesscity", "BusinessCity"},
@@ -153,7 +154,7 @@ constexpr EntryColumn contacts[] = {
     {"Marital Status", "maritialstatus", "MaritialStatus"},
     {"Spouse First Name", "", "SpouseFirstName"},
     {"Spouse Last Name", "", "SpouseLastName"},
-    {"Spouse Email", "", "SpouseEmail"},
+    {"Spouse Email", "", "SpouseEmail", word},
     {"Spouse Phone", "", "SpousePhone_Main"},
     {"Partner", "partnername", "PartnerName"},
     {"Accountant", "accountantname accountmanager preparer", "AccountantName"},

@@ -9,7 +9,10 @@ namespace autonotify::host {
 
 /// What a cell is read as.
 enum class CellType {
+  /// Free text, with the blanks and line ends around it.
   text,
+  /// A text without any around it: a number of a client, an email address.
+  word,
   date,
   integer,
   decimal,

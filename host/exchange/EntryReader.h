@@ -13,7 +13,7 @@ namespace autonotify::host {
 struct FileRecord {
   /// Where it begins, from 1.
   std::size_t line = 0;
-  /// UTF-8, without the blanks around them.
+  /// UTF-8, with the blanks that stand in quotation marks; empty for one of blanks alone.
   std::vector<std::string> cells;
   /// Why it is no entry; empty for one that may be.
   std::string fault;

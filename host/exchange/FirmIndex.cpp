@@ -36,8 +36,14 @@ std::string firstOf(const Row& row, const char* first, const char* second) {
 
 std::string foldName(std::string_view name) {
   std::string folded;
-  for (const char c : lowerCase(trim(name)))
-    if (c != ' ' || folded.back() != ' ') folded += c;
+  for (const char c : lowerCase(name)) {
+    const bool isBlank = std::string_view(" \t\r\n").find(c) != std::string_view::npos;
+    if (!isBlank)
+      folded += c;
+    else if (!folded.empty() && folded.back() != ' ')
+      folded += ' ';
+  }
+  if (folded.ends_with(' ')) folded.pop_back();
   return folded;
 }
 

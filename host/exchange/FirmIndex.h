@@ -10,7 +10,8 @@
 
 namespace autonotify::host {
 
-/// Small letters, single blanks: "ACME  Ltd." and "Acme Ltd." are one name.
+/// Small letters, single blanks for blanks and line ends: "ACME  Ltd." and "Acme Ltd." are one
+/// name.
 std::string foldName(std::string_view name);
 
 /// A company or a person as files name them.

@@ -18,6 +18,8 @@ DateOrder dateOrderOfLocale();
 Value readCell(const EntryColumn& column, const std::string& cell, DateOrder order);
 /// yes or no, in the words that files use. Throws EntryRefused.
 bool readFlag(const std::string& cell);
+/// The text without the blanks and line ends around it.
+std::string withoutBlanks(const std::string& text);
 /// The text with blanks for its line ends.
 std::string inOneLine(const std::string& text);
 /// In one line, no more than so many characters, the last of them an ellipsis where it is longer.

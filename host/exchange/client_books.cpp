@@ -184,7 +184,7 @@ class ContactBook : public EntryBook {
     if (display.empty() && first.empty() && last.empty())
       throw EntryRefused("it names nobody: Name, First Name and Last Name are empty");
     if (display.empty())
-      fields.push_back({"DisplayName", std::string(trim(first + ' ' + last))});
+      fields.push_back({"DisplayName", withoutBlanks(first + ' ' + last)});
     else if (first.empty() && last.empty())
       splitName(fields, display);
   }
@@ -194,13 +194,13 @@ class ContactBook : public EntryBook {
     const std::size_t comma = display.find(',');
     const bool isLastFirst = comma != display.npos;
     const std::size_t end = isLastFirst ? comma : display.rfind(' ') + 1;
-    const std::string head(trim(display.substr(0, end)));
-    const std::string tail(trim(display.substr(end + (isLastFirst ? 1 : 0))));
+    const std::string head = withoutBlanks(display.substr(0, end));
+    const std::string tail = withoutBlanks(display.substr(end + (isLastFirst ? 1 : 0)));
     const std::string& first = isLastFirst ? tail : head;
     const std::string& last = isLastFirst ? head : tail;
     if (!first.empty()) fields.push_back({"FirstName", first});
     fields.push_back({"LastName", last});
-    setField(fields, "DisplayName", std::string(trim(first + ' ' + last)));
+    setField(fields, "DisplayName", withoutBlanks(first + ' ' + last));
   }
 
   bool isNamedAsCompany(const Entry& entry, const Known& wanted) const {

@@ -118,9 +118,15 @@ OpenFile openFile(const std::string& path, const ImportOptions& options) {
   FileRecord headings;
   if (!file.reader->next(headings)) throw FileFault(path + " is empty");
   for (const std::string& heading : headings.cells)
-    file.headings.push_back(mapped(options, inOneLine(heading)));
+    file.headings.push_back(mapped(options, withoutBlanks(inOneLine(heading))));
   chooseKind(file, options);
   return file;
+}
+
+/// All but free texts.
+void trimCells(const std::vector<const EntryColumn*>& columns, std::vector<std::string>& cells) {
+  for (std::size_t i = 0; i < std::min(columns.size(), cells.size()); ++i)
+    if (columns[i] && columns[i]->type != CellType::text) cells[i] = withoutBlanks(cells[i]);
 }
 
 /// One kind's files on their way into the firm.
@@ -138,6 +144,7 @@ class KindImport {
     FileRecord record;
     while (file.reader->next(record)) {
       ImportedRecord told{result.path, record.line, RecordFate::refused, {}, {}};
+      trimCells(file.columns, record.cells);
       const Entry entry(file.columns, record.cells);
       told.subject = subjectOf(entry);
       try {

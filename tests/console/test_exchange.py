@@ -24,7 +24,9 @@ class ExchangeTest(ConsoleTest):
         return run
 
     def export(self, kind, database):
-        return self.done(f"--database {database} export {kind}")
+        (self.folder / "exported.csv").unlink(missing_ok=True)
+        self.done(f"--database {database} export {kind} --to exported.csv")
+        return (self.folder / "exported.csv").read_bytes().decode()
 
     def entries(self, kind, *headings):
         """What the young firm has below these headings, a line each."""
@@ -32,12 +34,15 @@ class ExchangeTest(ConsoleTest):
         return [",".join(row[heading] for heading in headings) for row in rows]
 
     def test_what_one_firm_writes_another_one_reads(self):
+        self.sql("UPDATE Companies SET CompanyName=?, Address1=?", " Padded ", "  lead\nline")
+        self.sql("UPDATE AccountantEmployeeInfo SET BusinessNotes=?", "two\n\n")
+        self.sql("UPDATE ScheduleTypes SET NotificationComment=?", "{\\rtf1 \"x\"}\r\n")
         files = [self.file(f"{kind}.csv", self.export(kind, self.database)) for kind in KINDS]
         self.done(f"--database {self.young} import {' '.join(reversed(files))}")
         for kind, file in zip(KINDS, files):
             written = (self.folder / file).read_bytes().decode()
-            self.assertEqual(sorted(written.splitlines()),
-                             sorted(line for line in self.export(kind, self.young).splitlines()
+            self.assertEqual(sorted(written.split("\n")),
+                             sorted(line for line in self.export(kind, self.young).split("\n")
                                     if kind != "staff" or not line.startswith("Administrator,")))
         again = self.done(f"--database {self.young} import {' '.join(files)}")
         self.assertNotRegex(again, r"[1-9]\d* (new|changed|refused)")
