@@ -7,6 +7,7 @@
 
 #include "commands/arguments.h"
 #include "host/desk/work/client_contacts.h"
+#include "host/desk/work/recipient_names.h"
 #include "outcome_words.h"
 #include "platform/text.h"
 
@@ -59,6 +60,12 @@ Reply describeDefault(host::Desk& desk, Id company) {
                 {"contact", isThere ? Json(found.contact) : Json()},
                 {"name", isThere ? Json(found.name) : Json()}};
   return reply;
+}
+
+/// "jo@x.example  Jo Smith (our firm)"; a list of names tells nobody besides.
+std::string recipientText(const host::NamedAddress& named) {
+  if (named.name.empty()) return named.address;
+  return fmt::format("{}  {}{}", named.address, named.name, named.isOfFirm ? " (our firm)" : "");
 }
 
 }  // namespace
@@ -115,10 +122,14 @@ Reply runRecipients(host::Desk& desk, const Arguments& arguments) {
     throw Refusal(fmt::format("no {} of {} is known", kind.meaning, subjectOf(client)));
   Reply reply;
   reply.data = Json::array();
-  for (int i = 0; i < static_cast<int>(offer.texts.size()); ++i) {
-    const std::string& text = offer.texts[static_cast<std::size_t>(i)];
-    reply.text += fmt::format("{} {}\n", i == offer.likeliest ? '*' : ' ', text);
-    reply.data.push_back({{"text", text}, {"default", i == offer.likeliest}});
+  int place = 0;
+  for (const host::NamedAddress& each : host::nameAddresses(desk, offer.texts)) {
+    const bool isLikeliest = place++ == offer.likeliest;
+    reply.text += fmt::format("{} {}\n", isLikeliest ? '*' : ' ', recipientText(each));
+    reply.data.push_back({{"text", each.address},
+                          {"default", isLikeliest},
+                          {"name", textJson(each.name)},
+                          {"firm", each.isOfFirm}});
   }
   return reply;
 }
