@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+#include "bench/Replay.h"
 #include "contract/references.h"
 #include "host/clients/HostScheduleTreeService.h"
 #include "host/database/sqlite/SqliteRowSink.h"
@@ -103,6 +104,12 @@ const std::vector<Id>& Firm::entries() {
   return entries_;
 }
 
+Replay& Firm::replay(const std::string& name, const std::function<void(Replay&)>& record) {
+  const auto [place, isNew] = replays_.try_emplace(name, connection());
+  if (isNew) record(place->second);
+  return place->second;
+}
+
 Firms::Firms(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::filesystem::create_directories(folder_);
 }
@@ -135,9 +142,13 @@ Firm& Firms::ofManyNotifications() {
 }
 
 Firm& Firms::ofManyYears() {
-  if (!ofManyYears_)
-    ofManyYears_ = std::make_unique<Firm>(
-        makeFile(fileOfManyYears(), {.pastNotifications = notificationsOfManyYears}));
+  const std::filesystem::path file = fileOfManyYears();
+  if (!std::filesystem::exists(file)) {
+    const std::filesystem::path draft = folder_ / "million.draft.db";
+    makeFile(draft, {.pastNotifications = notificationsOfManyYears});
+    std::filesystem::rename(draft, file);
+  }
+  if (!ofManyYears_) ofManyYears_ = std::make_unique<Firm>(host::openSqlite(file));
   return *ofManyYears_;
 }
 

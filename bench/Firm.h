@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +21,8 @@
 struct sqlite3;
 
 namespace autonotify::bench {
+
+class Replay;
 
 /// The day on which all benchmarks happen.
 class BenchClock : public Clock {
@@ -47,6 +51,9 @@ class Firm {
   std::vector<Id> ids(const std::string& select);
   /// Up to 1,000 schedule entries that have a task and a client, spread over the firm.
   const std::vector<Id>& entries();
+  /// The replay of this name on the same connection. `record` fills it when it is first asked for,
+  /// so that no turn waits for a recording.
+  Replay& replay(const std::string& name, const std::function<void(Replay&)>& record);
 
  private:
   std::unique_ptr<host::SqliteDatabase> database_;
@@ -59,6 +66,7 @@ class Firm {
   host::ClassRegistry registry_;
   BenchClock clock_;
   std::vector<Id> entries_;
+  std::map<std::string, Replay> replays_;
 };
 
 /// A connection to a fresh copy of the firm.
@@ -67,7 +75,8 @@ SQLite::Database copyInMemory(Firm& firm);
 /// The firms of one run, each made when first asked for.
 class Firms {
  public:
-  /// Database files are made in `folder`; those of an earlier run are replaced.
+  /// Database files are made in `folder`; those of an earlier run are replaced, but for the firm of
+  /// many years.
   explicit Firms(std::filesystem::path folder);
 
   /// 200 companies and 300 people, three years of entries.
@@ -78,7 +87,7 @@ class Firms {
   Firm& onDisk();
   /// The same in memory with 100,000 notifications of years past.
   Firm& ofManyNotifications();
-  /// The same in a file with 1,000,000 notifications of years past.
+  /// The same in a file with 1,000,000 notifications of years past. What measures it adds no row.
   Firm& ofManyYears();
   /// More than 10,000 open tasks, in a file.
   Firm& ofManyTasks();
@@ -87,7 +96,7 @@ class Firms {
   /// The same in a file of this name.
   std::unique_ptr<host::SqliteDatabase> copyOnDisk(const std::string& name);
 
-  /// Where the firm of many years is kept for other programs.
+  /// Where the firm of many years is kept for other programs and runs.
   std::filesystem::path fileOfManyYears() const { return folder_ / "million.db"; }
 
  private:

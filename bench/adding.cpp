@@ -58,18 +58,24 @@ void addAll(benchmark::State& state, Firms& firms, const Channel& channel, const
   firm.requireNoErrors();
 }
 
-void replayAll(benchmark::State& state, Firms& firms, const Channel& channel, const Place& place) {
+void recordAdding(Firms& firms, Firm& firm, const Channel& channel, std::size_t entries,
+                  Replay& replay) {
   auto recorded = std::make_unique<RecordedDatabase>(firms.copyInMemory());
   RecordedDatabase& database = *recorded;
   Firm recording(std::move(recorded));
   recording.attach();
-  Firm& firm = (firms.*place.firm)();
-  Replay replay(firm.connection());
-  for (std::size_t i = 0; i < place.entries; ++i) {
+  for (std::size_t i = 0; i < entries; ++i) {
     channel.add(firm.entries()[i]);
     replay.add(database.takeCalls(), recording.connection());
   }
   recording.requireNoErrors();
+}
+
+void replayAll(benchmark::State& state, Firms& firms, const Channel& channel, const Place& place) {
+  Firm& firm = (firms.*place.firm)();
+  Replay& replay = firm.replay(channel.name, [&](Replay& added) {
+    recordAdding(firms, firm, channel, place.entries, added);
+  });
   measureTurns(state, firm, place, [&] {
     for (std::size_t i = 0; i < place.entries; ++i) replay.run(i);
   });

@@ -91,17 +91,19 @@ void armYear(benchmark::State& state, Firms& firms) {
   firm.requireNoErrors();
 }
 
-void replayYear(benchmark::State& state, Firms& firms) {
+void recordYear(Firms& firms, Replay& replay) {
   auto recorded = std::make_unique<RecordedDatabase>(prepared(copyInMemory(firms.ofManyTasks())));
   RecordedDatabase& database = *recorded;
   Firm recording(std::move(recorded));
   recording.attach();
-  Firm& firm = yearFirm(firms);
-  recording.attach();
-  Replay replay(firm.connection());
   PieceTaker taker(replay, database);
   scheduleAutoNotifications(orderOfAll(), taker);
   recording.requireNoErrors();
+}
+
+void replayYear(benchmark::State& state, Firms& firms) {
+  Firm& firm = yearFirm(firms);
+  Replay& replay = firm.replay("year", [&](Replay& year) { recordYear(firms, year); });
   measureYear(state, firm, [&] {
     for (std::size_t i = 0; i < replay.pieces(); ++i) replay.run(i);
   });

@@ -27,24 +27,23 @@ void generateComments(benchmark::State& state, Firm& firm) {
   firm.requireNoErrors();
 }
 
-std::unique_ptr<Replay> recordComments(Firms& firms, Firm& measured) {
+void recordComments(Firms& firms, Firm& measured, Replay& replay) {
   auto recorded = std::make_unique<RecordedDatabase>(firms.copyInMemory());
   RecordedDatabase& database = *recorded;
   Firm firm(std::move(recorded));
   firm.attach();
-  auto replay = std::make_unique<Replay>(measured.connection());
   for (const Id entry : measured.entries()) {
     generateClientAutoNotifyComment(entry);
-    replay->add(database.takeCalls(), firm.connection());
+    replay.add(database.takeCalls(), firm.connection());
   }
   firm.requireNoErrors();
-  return replay;
 }
 
 void replayComments(benchmark::State& state, Firms& firms, Firm& firm) {
-  const std::unique_ptr<Replay> replay = recordComments(firms, firm);
+  Replay& comments =
+      firm.replay("comments", [&](Replay& replay) { recordComments(firms, firm, replay); });
   const auto replayAll = [&] {
-    for (std::size_t piece = 0; piece < replay->pieces(); ++piece) replay->run(piece);
+    for (std::size_t piece = 0; piece < comments.pieces(); ++piece) comments.run(piece);
   };
   replayAll();
   for (auto _ : state) replayAll();

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS.json LONG.json MEMORY.json PROGRAMS MILLION.db"""
+"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS_FOLDER MEMORY.json PROGRAMS MILLION.db"""
 import json
 import resource
 import statistics
@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tempfile
 import time
+from pathlib import Path
 
 # Row -> words and what is aimed at, if anything: a ratio, or a time in words.
 ROWS = [
@@ -59,15 +60,16 @@ def human(nanoseconds):
     return f"{nanoseconds:.3g} ns"
 
 
-def table(times, memory):
+def table(times, alone):
+    """`alone`: the readings of runs that told their memory."""
+    alone_times, memory = alone
     yield "| work | ours | floor in the same run | ratio | aim |"
     yield "|---|---|---|---|---|"
     for name, words, floor_words, aim in ROWS:
         ours, floor = (statistics.median(times[name, part]) for part in ("ours", "floor"))
         yield (f"| {words} | {human(ours)} | {human(floor)} ({floor_words}) | "
                f"{ours / floor:.2f} x | {f'{aim:g} x' if isinstance(aim, float) else aim or '-'} |")
-    handle = statistics.median(times["adding_handle", "ours"])
-    yield (f"| a handle for adding on 1,000,000 rows | {human(handle)}, "
+    yield (f"| a handle for adding on 1,000,000 rows | {human(alone_times['adding_handle', 'ours'][0])}, "
            f"{memory['adding_handle', 'ours'] / 1024:.0f} KiB | - | - | 1 ms, 1 MiB |")
     yield f"| memory of one merge | {memory['merge_new', 'ours'] / 1024:.0f} KiB | - | - | - |"
 
@@ -116,11 +118,11 @@ def load(path):
         return json.load(file)
 
 
-results = {"benchmarks": [run for path in sys.argv[1:3] for run in load(path)["benchmarks"]]}
-programs = sys.argv[4]
-print("\n".join(table(readings(results)[0], readings(load(sys.argv[3]))[1])))
+folder, memory_file, programs, million = sys.argv[1:]
+results = {"benchmarks": [run for path in Path(folder).glob("*.json") for run in load(path)["benchmarks"]]}
+print("\n".join(table(readings(results)[0], readings(load(memory_file)))))
 print("\n".join(loaded_list(results)))
-print(due_on(f"{programs}/hvnotify", sys.argv[5]))
+print(due_on(f"{programs}/hvnotify", million))
 print(letters_printed(f"{programs}/many_letters"))
 for count in (100_000, 1_000_000):
     print(rows_of_a_grid(f"{programs}/grid_rows", count))
