@@ -111,6 +111,8 @@ class HeadlessPerson : public FormHost, public MsgboxClass {
 
   /// The next window that comes up and what the person does in it.
   void expectWindow(std::string name, Script script) { windows_.push_back({name, script}); }
+  /// What was expected need not come any more: something has failed on the way.
+  void expectNoMoreWindows() { windows_.clear(); }
   /// The next report that comes up and what the person does with it.
   void expectReport(std::string name, ReportScript script) { reports_.push_back({name, script}); }
   /// The next dialog of a grid's own, and what the person does in it.

@@ -88,6 +88,11 @@ void act(TestHost& host, WindowInUse& window, const std::string& told) {
     });
     window.click("cmdNotifyComment(1)");
   }
+  if (word == "try") {
+    host.screen.expectWindow("frmTestComment", [](WindowInUse& shown) { shown.click("cmdOk"); });
+    window.click("cmdNotifyComment(1)");
+    host.screen.expectNoMoreWindows();
+  }
   if (word == "shut") host.database.isClosed = true;
   if (word == "meanwhile")
     host.screen.duringPump(1, [&host, &window, rest] {
