@@ -13,6 +13,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "richtext/RichTextField.h"
+
 namespace autonotify::desktop {
 namespace {
 
@@ -54,7 +56,7 @@ std::span<const RichTextEditor::Toggle> RichTextEditor::toggles() {
 }
 
 RichTextEditor::RichTextEditor(QWidget* parent)
-    : QWidget(parent), bar_(new QToolBar(this)), edit_(new QTextEdit(this)) {
+    : QWidget(parent), bar_(new QToolBar(this)), edit_(new RichTextField(this)) {
   const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
   bar_->setIconSize({iconSize, iconSize});
   edit_->setAcceptRichText(false);

@@ -215,24 +215,30 @@ void showRichText(QTextDocument& document, const RichText& text) {
   document.setUndoRedoEnabled(false);
   document.clear();
   QTextCursor cursor(&document);
+  insertRichText(cursor, text);
+  document.setUndoRedoEnabled(true);
+}
+
+void insertRichText(QTextCursor& cursor, const RichText& text) {
   cursor.beginEditBlock();
+  cursor.removeSelectedText();
   QTextList* list = nullptr;
   bool isFirst = true;
   for (const Paragraph& paragraph : text.paragraphs) {
     const QTextBlockFormat format = qtFormat(paragraph.format);
     const QTextCharFormat characters = qtFormat(paragraph.runs.front().format);
-    if (isFirst) {
+    const bool goesOn = isFirst && !cursor.block().text().isEmpty();
+    if (!isFirst) {
+      cursor.insertBlock(format, characters);
+    } else if (!goesOn) {
       cursor.setBlockFormat(format);
       cursor.setBlockCharFormat(characters);
-    } else {
-      cursor.insertBlock(format, characters);
     }
     isFirst = false;
-    continueList(cursor, paragraph.format.marker, list);
+    if (!goesOn) continueList(cursor, paragraph.format.marker, list);
     for (const Run& run : paragraph.runs) cursor.insertText(qtText(run.text), qtFormat(run.format));
   }
   cursor.endEditBlock();
-  document.setUndoRedoEnabled(true);
 }
 
 RichText richTextOf(const QTextDocument& document) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTextCursor>
 #include <QTextDocument>
 
 #include "platform/richtext/RichText.h"
@@ -11,6 +12,10 @@ namespace autonotify::desktop {
 
 /// Replaces the document's content; there is nothing to undo then.
 void showRichText(QTextDocument& document, const RichText& text);
+
+/// Puts the text in place of what is selected, as one step to undo; the cursor stands behind it
+/// then. The line that it begins in keeps its format unless it is empty.
+void insertRichText(QTextCursor& cursor, const RichText& text);
 
 /// The document's content, with the markers of its lists.
 RichText richTextOf(const QTextDocument& document);

@@ -1293,6 +1293,22 @@ Instruction&#xa0;: %2</translation>
         <translation>«&#xa0;%1&#xa0;» n’est pas une adresse de courriel</translation>
     </message>
     <message>
+        <source>it is larger than 16 MiB</source>
+        <translation>il dépasse 16&#xa0;Mio</translation>
+    </message>
+    <message>
+        <source>the file does not let itself be read</source>
+        <translation>le fichier ne se laisse pas lire</translation>
+    </message>
+    <message>
+        <source>it is no text; save it as RTF or plain text</source>
+        <translation>ce n’est pas un texte; enregistrez-le en RTF ou en texte brut</translation>
+    </message>
+    <message>
+        <source>it holds no words</source>
+        <translation>il ne contient aucun mot</translation>
+    </message>
+    <message>
         <source>The message has no text.</source>
         <translation>Le message n’a pas de texte.</translation>
     </message>
@@ -2151,6 +2167,13 @@ Instruction&#xa0;: %2</translation>
     </message>
 </context>
 <context>
+    <name>autonotify::desktop::RichTextField</name>
+    <message>
+        <source>Nothing was inserted. %1 cannot be read: %2.</source>
+        <translation>Rien n’a été inséré. %1 ne peut pas être lu&#xa0;: %2.</translation>
+    </message>
+</context>
+<context>
     <name>autonotify::desktop::SortHeader</name>
     <message>
         <source>Headings</source>
@@ -2241,7 +2264,7 @@ Instruction&#xa0;: %2</translation>
     <name>autonotify::desktop::WeeksChart</name>
     <message>
         <source>Week of %1: %L2</source>
-        <translation>Semaine du %1 : %L2</translation>
+        <translation>Semaine du %1&#xa0;: %L2</translation>
     </message>
 </context>
 <context>

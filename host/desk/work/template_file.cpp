@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "host/words/Words.h"
 #include "platform/rich_text.h"
 #include "platform/richtext/RichText.h"
 #include "platform/text.h"
@@ -87,16 +88,20 @@ std::string asRichText(std::string_view plainText) {
   return rtf.insert(rtf.rfind('}'), escapeForRichText(text));
 }
 
+std::string tooLarge() {
+  return Words::tr("it is larger than 16 MiB");
+}
+
 std::string readAll(const std::string& path, std::string& fault) {
   std::error_code error;
   const std::uintmax_t size = std::filesystem::file_size(path, error);
   if (error) fault = error.message();
-  if (!error && size > largestTemplateFile) fault = "it is larger than 16 MiB";
+  if (!error && size > largestTemplateFile) fault = tooLarge();
   if (!fault.empty()) return {};
   std::ifstream file(path, std::ios::binary);
   std::ostringstream content;
   if (size > 0) content << file.rdbuf();
-  if (!file) fault = "the file does not let itself be read";
+  if (!file) fault = Words::tr("the file does not let itself be read");
   return std::move(content).str();
 }
 
@@ -118,15 +123,20 @@ Outcome<std::string> readTextFile(const std::string& path) {
   return content;
 }
 
+Outcome<std::string> readTemplate(std::string_view content, const std::string& name) {
+  if (content.size() > largestTemplateFile) return unreadable(name, tooLarge());
+  const bool isText = isRichText(content) || content.find('\0') == std::string_view::npos;
+  if (!isText) return unreadable(name, Words::tr("it is no text; save it as RTF or plain text"));
+  std::string text = templateOf(content);
+  if (plainTextOf(text).find_first_not_of(" \t\n") == std::string::npos)
+    return unreadable(name, Words::tr("it holds no words"));
+  return text;
+}
+
 Outcome<std::string> readTemplateFile(const std::string& path) {
   const auto content = readTextFile(path);
   if (!content) return content.refused();
-  const bool isText = isRichText(*content) || content->find('\0') == std::string::npos;
-  if (!isText) return unreadable(path, "it is no text; save it as RTF or plain text");
-  std::string text = templateOf(*content);
-  if (plainTextOf(text).find_first_not_of(" \t\n") == std::string::npos)
-    return unreadable(path, "it holds no words");
-  return text;
+  return readTemplate(*content, path);
 }
 
 }  // namespace autonotify::host

@@ -12,8 +12,11 @@ namespace autonotify::host {
 inline constexpr std::size_t largestTemplateFile = 16u << 20;
 
 /// A template from a file that any word processor wrote, as templateOf gives it. Refused when the
-/// file cannot be read, is larger than 16 MiB, or holds no text.
+/// file cannot be read, is larger than 16 MiB, or holds no text or no words.
 Outcome<std::string> readTemplateFile(const std::string& path);
+
+/// The same of the content of such a file; a refusal calls it by `name`.
+Outcome<std::string> readTemplate(std::string_view content, const std::string& name);
 
 /// The bytes of such a file as they are.
 Outcome<std::string> readTextFile(const std::string& path);
