@@ -2,6 +2,8 @@
 //   first_paint                 an empty window, the floor
 //   first_paint DATABASE        the window with the day
 //   first_paint --acts DATABASE the acts in that window, one a line
+//   first_paint --scroll DATABASE
+//                               one hundred places of the list of notifications, from end to end
 // A window's first paint is told as the steady clock's milliseconds: whoever started the program
 // knows when that was.
 #include <time.h>
@@ -19,8 +21,12 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTreeView>
+#include <algorithm>
+#include <cstdint>
+#include <ctime>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "MainWindow.h"
 #include "qt_text.h"
@@ -76,6 +82,23 @@ struct Act {
   std::function<void()> run;
 };
 
+using Seen = std::function<void(QWidget& list, QTableView& table, QObject& painted)>;
+
+/// Opens the list of notifications until it is closed; tells each paint in it.
+void openList(PaintWatch& app, MainWindow& window, const Seen& seen) {
+  app.onPaint = [&](QObject& painted) {
+    auto* list = QApplication::activeModalWidget();
+    auto* table = list ? list->findChild<QTableView*>("AutoNotifyFlexGrid") : nullptr;
+    if (table) seen(*list, *table, painted);
+  };
+  window.findChild<QAction*>("notifications")->trigger();
+  app.onPaint = nullptr;
+}
+
+double milliseconds(const QElapsedTimer& clock) {
+  return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+}
+
 /// Until the window of the list of notifications is seen, which has read nothing by then, and until
 /// its rows are.
 void timeList(PaintWatch& app, MainWindow& window, QTextStream& out) {
@@ -83,46 +106,81 @@ void timeList(PaintWatch& app, MainWindow& window, QTextStream& out) {
   std::optional<double> seen;
   std::optional<double> filled;
   int count = 0;
-  app.onPaint = [&](QObject& painted) {
-    auto* list = QApplication::activeModalWidget();
-    auto* table = list ? list->findChild<QTableView*>("AutoNotifyFlexGrid") : nullptr;
-    if (!table || filled) return;
-    const double elapsed = static_cast<double>(clock.nsecsElapsed()) / 1e6;
-    const QAbstractItemModel& rows = *table->model();
-    if (&painted == list && !seen && rows.columnCount() == 0) seen = elapsed;
-    if (&painted != table->viewport() || rows.rowCount() == 0) return;
-    filled = elapsed;
-    count = rows.rowCount();
-    QMetaObject::invokeMethod(list, "close", Qt::QueuedConnection);
-  };
   clock.start();
-  window.findChild<QAction*>("notifications")->trigger();
-  app.onPaint = nullptr;
+  openList(app, window, [&](QWidget& list, QTableView& table, QObject& painted) {
+    if (filled) return;
+    const QAbstractItemModel& rows = *table.model();
+    if (&painted == &list && !seen && rows.columnCount() == 0) seen = milliseconds(clock);
+    if (&painted != table.viewport() || rows.rowCount() == 0) return;
+    filled = milliseconds(clock);
+    count = rows.rowCount();
+    QMetaObject::invokeMethod(&list, "close", Qt::QueuedConnection);
+  });
   out << "the window of the list of notifications\t" << seen.value() << '\n';
   out << "its " << count << " rows\t" << filled.value() << '\n';
 }
 
-void timeActs(PaintWatch& app, const QString& database) {
+/// What the processor needs until a place between the first row and the last one has been painted,
+/// in milliseconds: the median of so many.
+double timePlaces(QTableView& table, int places) {
+  const QAbstractItemModel& rows = *table.model();
+  const int last = rows.rowCount() - 1;
+  std::vector<double> times;
+  for (int place = 0; place < places; ++place) {
+    const auto row = static_cast<int>(std::int64_t{last} * place / (places - 1));
+    const std::clock_t start = std::clock();
+    table.scrollTo(rows.index(row, table.currentIndex().column()));
+    table.viewport()->repaint();
+    times.push_back(static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
+  }
+  std::ranges::nth_element(times, times.begin() + places / 2);
+  return times[static_cast<std::size_t>(places) / 2];
+}
+
+void timeScrolling(PaintWatch& app, const QString& database) {
+  constexpr int places = 100;
   MainWindow window(optionsFor(database));
   window.show();
-  auto& table = *window.findChild<QTableView*>("tasks");
-  auto& filter = *window.findChild<QLineEdit*>("filter");
-  auto& due = *window.findChild<QCheckBox*>("dueOnly");
+  settle();
+  std::optional<double> elapsed;
+  int count = 0;
+  bool isBegun = false;
+  openList(app, window, [&](QWidget& list, QTableView& table, QObject& painted) {
+    if (&painted != table.viewport() || table.model()->rowCount() == 0 || isBegun) return;
+    isBegun = true;
+    const auto scroll = [&] {
+      settle();
+      count = table.model()->rowCount();
+      elapsed = timePlaces(table, places);
+      list.close();
+    };
+    QMetaObject::invokeMethod(&list, scroll, Qt::QueuedConnection);
+  });
+  QTextStream(stdout) << "a place among " << count << " rows\t" << elapsed.value() << '\n';
+}
+
+/// The page of the day, until it stands; and the way to the tasks.
+void timePages(PaintWatch& app, MainWindow& window, QTextStream& out) {
   auto& day = *window.findChild<QTreeView*>("day");
-  QTextStream out(stdout);
   QElapsedTimer clock;
   clock.start();
   app.waitForPaint(*day.viewport());
-  out << "the page of the day\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  out << "the page of the day\t" << milliseconds(clock) << '\n';
   while (day.model()->rowCount(day.model()->index(0, 0)) == 0) QApplication::processEvents();
-  out << "its rows\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  out << "its rows\t" << milliseconds(clock) << '\n';
   settle();
-  out << "its counts and its picture\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  out << "its counts and its picture\t" << milliseconds(clock) << '\n';
   clock.restart();
   window.goTo(Navigation::Place::tasks);
-  app.waitForPaint(*table.viewport());
-  out << "the tasks\t" << clock.nsecsElapsed() / 1e6 << '\n';
+  app.waitForPaint(*window.findChild<QTableView*>("tasks")->viewport());
+  out << "the tasks\t" << milliseconds(clock) << '\n';
   settle();
+}
+
+void timeTable(PaintWatch& app, MainWindow& window, QTextStream& out) {
+  auto& table = *window.findChild<QTableView*>("tasks");
+  auto& filter = *window.findChild<QLineEdit*>("filter");
+  auto& due = *window.findChild<QCheckBox*>("dueOnly");
   const auto sort = [&](int column, Qt::SortOrder order) {
     return [&table, column, order] { table.sortByColumn(column, order); };
   };
@@ -149,12 +207,21 @@ void timeActs(PaintWatch& app, const QString& database) {
       {"all again", [&] { due.click(); }},
   };
   for (const Act& act : acts) {
-    clock.restart();
+    QElapsedTimer clock;
+    clock.start();
     act.run();
     app.waitForPaint(*table.viewport());
-    out << act.words << '\t' << clock.nsecsElapsed() / 1e6 << '\n';
+    out << act.words << '\t' << milliseconds(clock) << '\n';
     settle();
   }
+}
+
+void timeActs(PaintWatch& app, const QString& database) {
+  MainWindow window(optionsFor(database));
+  window.show();
+  QTextStream out(stdout);
+  timePages(app, window, out);
+  timeTable(app, window, out);
   timeList(app, window, out);
 }
 
@@ -179,9 +246,12 @@ int run(int argc, char** argv) {
   PaintWatch app(argc, argv);
   QApplication::setApplicationName("first_paint");
   QApplication::setOrganizationName("hvnotify-bench");
-  QStringList places = QApplication::arguments().mid(1);
-  if (!places.isEmpty() && places.front() == "--acts") {
+  const QStringList places = QApplication::arguments().mid(1);
+  const QString mode = places.value(0);
+  if (mode == "--acts") {
     timeActs(app, places.value(1));
+  } else if (mode == "--scroll") {
+    timeScrolling(app, places.value(1));
   } else {
     timeFirstPaint(app, places);
   }
