@@ -4,6 +4,7 @@
 
 #include "commands/arguments.h"
 #include "host/desk/day_text.h"
+#include "host/desk/rows/Task.h"
 #include "host/desk/rows/channel_names.h"
 #include "host/desk/work/calendar.h"
 #include "host/desk/work/change_notification.h"
@@ -23,6 +24,14 @@ Notification changedRow(host::Outcome<host::Change> outcome, const char* changed
   throw Refusal(isSoAlready ? fmt::format("notification {} is {} already", change.row.id, changed)
                             : fmt::format("notification {} {} and cannot be {}", change.row.id,
                                           stateWords(state), changed));
+}
+
+/// ", which is after the due date, 2026-04-30" where it is; one that is past is told of as such.
+std::string lateNote(host::Desk& desk, const Notification& row) {
+  const auto task = host::findTask(desk, row.scheduleId);
+  const bool isLate = task && !task->dueDate.isZero() && row.date > task->dueDate;
+  if (!isLate || host::isOverdue(desk, row)) return {};
+  return ", which is after the due date, " + host::dayText(task->dueDate);
 }
 
 }  // namespace
@@ -46,7 +55,7 @@ Reply runMove(host::Desk& desk, const Arguments& arguments) {
   const Notification row =
       changedRow(host::moveNotification(desk, arguments.notification, date), "moved");
   const bool isOpen = doneOrRefuse(host::lastWorkingDay(desk, date)) == date;
-  return rowReply(desk, row, isOpen ? "" : "; the firm is closed that day");
+  return rowReply(desk, row, lateNote(desk, row) + (isOpen ? "" : "; the firm is closed that day"));
 }
 
 void describeRefresh(CLI::App& command, Arguments& arguments) {
