@@ -35,6 +35,7 @@ std::vector<TableDef> scheduleTables() {
              {"EmployeeAssigned"},
              {"DueDate"},
              {"Closed", "DueDate"},
+             {"ClientNum", "Closed", "DueDate"},
              {"Closed", "scheduleName"}}),
       table("archiveSchedule",
             {key("archiveScheduleID"), links({"oldScheduleID", "ClientNum", "ContactIDNum"}),
