@@ -116,14 +116,27 @@ def main():
             exchanges, statements = counted
             print(f"| {work} | {exchanges} | {statements} | {exchanges / statements:.2f} x |")
 
-        tasks = [row["task"] for row in run("tasks")[1] if not row["channels"]]
-        due = [row for row in run("due")[1] if row["channel"] == "email"]
+        open_tasks = run("tasks")[1]
+        tasks = [row["task"] for row in open_tasks if not row["channels"]]
+        due = run("due")[1]
+        email, letter = (next(row["notification"] for row in due if row["channel"] == channel)
+                         for channel in ("email", "letter"))
         print("| command, a process of its own | exchanges with the server | its statements | ratio |\n"
               "|---|---|---|---|")
-        tell("show one notification", run("show", 1)[0])
-        tell(f"list what is due ({len(due)} emails among it)", run("due")[0])
-        tell("arm one email", run("arm", tasks[-1], "--channel", "email")[0])
-        tell("send one email", run("send", due[0]["notification"])[0])
+        for work, arguments in (
+                ("show one notification", ("show", 1)),
+                (f"list the open tasks ({len(open_tasks)})", ("tasks",)),
+                ("list 1,000 notifications", ("notifications", "--limit", 1000)),
+                (f"list what is due ({len(due)})", ("due",)),
+                ("arm one email", ("arm", tasks[-1], "--channel", "email")),
+                ("disarm it", ("disarm", tasks[-1], "--channel", "email")),
+                ("arm a client's year by email", ("year", 1, "--channel", "email")),
+                ("print one letter", ("print", letter, "--pdf", folder / "letter.pdf", "--documents",
+                                      folder / "outbox")),
+                ("send one email", ("send", email))):
+            tell(work, run(*arguments)[0])
+        counted, carried = run("propagate", 3)
+        tell(f"carry a template into {carried['composed']} texts", counted)
         counted, sent = run("send", "--due")
         tell(f"send all that is due ({len(sent)} rows)", counted)
 
