@@ -157,7 +157,8 @@ void DayDelegate::paintGroup(QPainter& painter, const QStyleOptionViewItem& opti
   paintWords(painter, room, group.name, toneColor(group.tone, palette), true);
   if (count > 0)
     paintWords(painter, room, QLocale().toString(count), palette.color(QPalette::Text), true);
-  const QString whenEmpty = group.count > 0 ? tr("Nothing found here") : group.noteWhenEmpty;
+  const QString whenEmpty =
+      group.count > 0 ? QObject::tr("Nothing found here") : group.noteWhenEmpty;
   paintWords(painter, room, count > 0 ? group.note : whenEmpty,
              palette.color(QPalette::PlaceholderText));
 }

@@ -647,6 +647,10 @@ Dans&#xa0;: %1</translation>
         <source>Nothing was sent: the email to %1 has no text.</source>
         <translation>Rien n’a été envoyé&#xa0;: le courriel à %1 n’a pas de texte.</translation>
     </message>
+    <message>
+        <source>Nothing found here</source>
+        <translation>Rien trouvé ici</translation>
+    </message>
 </context>
 <context>
     <name>Words</name>
@@ -1422,13 +1426,6 @@ Instruction&#xa0;: %2</translation>
     <message>
         <source>No client fits.</source>
         <translation>Aucun client ne correspond.</translation>
-    </message>
-</context>
-<context>
-    <name>autonotify::desktop::DayDelegate</name>
-    <message>
-        <source>Nothing found here</source>
-        <translation>Rien trouvé ici</translation>
     </message>
 </context>
 <context>
