@@ -88,8 +88,8 @@ void registerAdding(Firms& firms) {
     for (const Channel& channel : channels) {
       const std::string row = std::string("add_") + channel.name + "_" + place.name;
       const auto add = [&](const char* side, auto measure) {
-        auto* added = benchmark::RegisterBenchmark(
-            (row + side).c_str(), [&firms, &channel, &place, measure](benchmark::State& state) {
+        auto* added =
+            addBenchmark(row + side, [&firms, &channel, &place, measure](benchmark::State& state) {
               measure(state, firms, channel, place);
             });
         if (place.firm == &Firms::onDisk) added->UseRealTime();

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 #include "bench/MemoryMeter.h"
 #include "bench/raw_rows.h"
 
-// Usage: autonotify_bench FOLDER [options of the benchmark library]. Databases are made in FOLDER.
-// Memory is told of runs without repetitions alone.
+// Usage: autonotify_bench FOLDER [ITERATIONS] [options of the benchmark library]. Databases are
+// made in FOLDER. Memory is told of runs without repetitions alone, and not where the iterations
+// are given: then each benchmark runs once.
 
 namespace {
 
@@ -24,11 +26,15 @@ bool isRepeated(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   using namespace autonotify::bench;
-  const bool isMetered = !isRepeated(argc, argv);
+  bool isMetered = !isRepeated(argc, argv);
   benchmark::Initialize(&argc, argv);
-  if (argc != 2) {
-    std::cerr << "usage: autonotify_bench FOLDER [--benchmark_...]\n";
+  if (argc != 2 && argc != 3) {
+    std::cerr << "usage: autonotify_bench FOLDER [ITERATIONS] [--benchmark_...]\n";
     return 2;
+  }
+  if (argc == 3) {
+    fixIterations(std::stoll(argv[2]));
+    isMetered = false;
   }
   Firms firms(argv[1]);
   for (const auto registerRows :

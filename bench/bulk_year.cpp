@@ -112,10 +112,10 @@ void replayYear(benchmark::State& state, Firms& firms) {
 }  // namespace
 
 void registerBulkYear(Firms& firms) {
-  benchmark::RegisterBenchmark("bulk_year/ours", [&](auto& s) {
+  addBenchmark("bulk_year/ours", [&](auto& s) {
     armYear(s, firms);
   })->Unit(benchmark::kMillisecond);
-  benchmark::RegisterBenchmark("bulk_year/floor", [&](auto& s) {
+  addBenchmark("bulk_year/floor", [&](auto& s) {
     replayYear(s, firms);
   })->Unit(benchmark::kMillisecond);
 }

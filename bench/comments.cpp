@@ -54,12 +54,10 @@ void replayComments(benchmark::State& state, Firms& firms, Firm& firm) {
 void registerComments(Firms& firms) {
   for (const CommentPlace& place : commentPlaces) {
     const std::string row = place.name;
-    benchmark::RegisterBenchmark((row + "/ours").c_str(), [&](auto& state) {
-      generateComments(state, (firms.*place.firm)());
-    });
-    benchmark::RegisterBenchmark((row + "/floor").c_str(), [&](auto& state) {
-      replayComments(state, firms, (firms.*place.firm)());
-    });
+    addBenchmark((row + "/ours"),
+                 [&](auto& state) { generateComments(state, (firms.*place.firm)()); });
+    addBenchmark((row + "/floor"),
+                 [&](auto& state) { replayComments(state, firms, (firms.*place.firm)()); });
   }
 }
 

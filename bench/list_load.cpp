@@ -184,16 +184,16 @@ void scan(benchmark::State& state, Firm& firm, Columns columns) {
 }  // namespace
 
 void registerListLoad(Firms& firms) {
-  const auto add = [](const char* name, auto run) {
-    return benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond);
+  const auto add = [](const std::string& name, const Measured& run) {
+    return addBenchmark(name, run)->Unit(benchmark::kMillisecond);
   };
   for (const auto& [name, columns] :
        {std::pair{"list_default", Columns::byDefault}, {"list_all", Columns::all}}) {
     const auto ours = [&firms, columns = columns](auto& s) {
       load(s, firms.ofManyNotifications(), columns);
     };
-    add((std::string(name) + "/ours").c_str(), ours);
-    add((std::string(name) + "/floor").c_str(),
+    add(std::string(name) + "/ours", ours);
+    add(std::string(name) + "/floor",
         [&firms, columns = columns](auto& s) { scan(s, firms.ofManyNotifications(), columns); });
   }
   add("list_million/ours", [&](auto& s) {

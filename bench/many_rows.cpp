@@ -24,9 +24,7 @@ void openForAdding(benchmark::State& state, Firms& firms) {
 }  // namespace
 
 void registerManyRows(Firms& firms) {
-  benchmark::RegisterBenchmark("adding_handle/ours", [&](auto& s) {
-    openForAdding(s, firms);
-  })->UseRealTime();
+  addBenchmark("adding_handle/ours", [&](auto& s) { openForAdding(s, firms); })->UseRealTime();
 }
 
 }  // namespace autonotify::bench

@@ -252,8 +252,7 @@ void registerMerge(Firms& firms) {
       {"merge_new/ours", mergeNew},      {"merge_new/floor", peerNew},
       {"merge_turns/ours", mergeInTurn}, {"merge_turns/floor", peerInTurn}};
   for (const auto& [name, work] : rows)
-    benchmark::RegisterBenchmark(
-        name, [&firms, work = work](auto& state) { mergeWith(state, firms, work); });
+    addBenchmark(name, [&firms, work = work](auto& state) { mergeWith(state, firms, work); });
 }
 
 }  // namespace autonotify::bench

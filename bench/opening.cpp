@@ -187,10 +187,8 @@ void replayEach(benchmark::State& state, Firms& firms, const Opening& opening) {
 void registerOpening(Firms& firms) {
   for (const Opening& opening : openings) {
     const std::string row = std::string("open_") + opening.name;
-    benchmark::RegisterBenchmark((row + "/ours").c_str(),
-                                 [&](auto& state) { openEach(state, firms, opening); });
-    benchmark::RegisterBenchmark((row + "/floor").c_str(),
-                                 [&](auto& state) { replayEach(state, firms, opening); });
+    addBenchmark(row + "/ours", [&](auto& state) { openEach(state, firms, opening); });
+    addBenchmark(row + "/floor", [&](auto& state) { replayEach(state, firms, opening); });
   }
 }
 

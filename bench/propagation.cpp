@@ -108,9 +108,8 @@ class Propagation {
 void registerPropagation(Firms& firms) {
   for (const PropagationPlace& place : propagationPlaces) {
     const auto add = [&](const char* side, void (Propagation::*turn)()) {
-      auto* added = benchmark::RegisterBenchmark(
-          (place.name + std::string(side)).c_str(),
-          [&firms, &place, turn](benchmark::State& state) {
+      auto* added = addBenchmark(
+          place.name + std::string(side), [&firms, &place, turn](benchmark::State& state) {
             static std::map<const PropagationPlace*, Propagation> propagations;
             Propagation& propagation = propagations.try_emplace(&place, firms, place).first->second;
             (propagation.*turn)();

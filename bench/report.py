@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS_FOLDER MEMORY.json PROGRAMS MILLION.db"""
+"""Puts the benchmarks in proportion to their floors. Usage: report.py RESULTS_FOLDER MEMORY.json COUNTS.json PROGRAMS MILLION.db"""
 import json
 import resource
 import statistics
@@ -60,18 +60,24 @@ def human(nanoseconds):
     return f"{nanoseconds:.3g} ns"
 
 
-def table(times, alone):
+def by_instructions(counts, name):
+    if name not in counts:
+        return "-"
+    return f"{counts[name]['ours'] / counts[name]['floor']:.2f} x"
+
+
+def table(times, alone, counts):
     """`alone`: the readings of runs that told their memory."""
     alone_times, memory = alone
-    yield "| work | ours | floor in the same run | ratio | aim |"
-    yield "|---|---|---|---|---|"
+    yield "| work | ours | floor in the same run | ratio | by instructions | aim |"
+    yield "|---|---|---|---|---|---|"
     for name, words, floor_words, aim in ROWS:
         ours, floor = (statistics.median(times[name, part]) for part in ("ours", "floor"))
         yield (f"| {words} | {human(ours)} | {human(floor)} ({floor_words}) | "
-               f"{ours / floor:.2f} x | {f'{aim:g} x' if isinstance(aim, float) else aim or '-'} |")
+               f"{ours / floor:.2f} x | {by_instructions(counts, name)} | {f'{aim:g} x' if isinstance(aim, float) else aim or '-'} |")
     yield (f"| a handle for adding on 1,000,000 rows | {human(alone_times['adding_handle', 'ours'][0])}, "
-           f"{memory['adding_handle', 'ours'] / 1024:.0f} KiB | - | - | 1 ms, 1 MiB |")
-    yield f"| memory of one merge | {memory['merge_new', 'ours'] / 1024:.0f} KiB | - | - | - |"
+           f"{memory['adding_handle', 'ours'] / 1024:.0f} KiB | - | - | - | 1 ms, 1 MiB |")
+    yield f"| memory of one merge | {memory['merge_new', 'ours'] / 1024:.0f} KiB | - | - | - | - |"
 
 
 def loaded_list(results):
@@ -82,8 +88,8 @@ def loaded_list(results):
     answers = [run["real_time"] for run in runs["list_cancel"]]
     yield (f"| {million['rows']:,.0f} notifications into the list | {million['cpu_time'] / 1e3:.1f} s, "
            f"{million['bytes_a_row']:.0f} bytes a row, no pause over {million['longest_pause_ms']:.0f} ms "
-           "| - | - | 200 bytes, 100 ms |")
-    yield f"| Cancel in the middle of 100,000, to the answer | {statistics.median(answers):.1f} ms | - | - | 100 ms |"
+           "| - | - | - | 200 bytes, 100 ms |")
+    yield f"| Cancel in the middle of 100,000, to the answer | {statistics.median(answers):.1f} ms | - | - | - | 100 ms |"
 
 
 def due_on(hvnotify, database):
@@ -95,7 +101,7 @@ def due_on(hvnotify, database):
     kilobytes = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
     rows = len(done.stdout.splitlines()) - 1
     return (f"| `due` among 1,000,000 rows, {rows} due | {seconds:.2f} s, {kilobytes / 1024:.1f} MiB "
-            "(the whole process) | - | - | - |")
+            "(the whole process) | - | - | - | - |")
 
 
 def letters_printed(program):
@@ -104,13 +110,13 @@ def letters_printed(program):
         runs = [subprocess.run([program, str(count), f"{folder}/letters.pdf"], capture_output=True,
                                text=True, check=True).stdout.split() for count in (10, 1000)]
     return (f"| 1,000 letters into one PDF | {runs[1][0]} pages/s, {runs[1][1]} MiB "
-            f"({runs[0][1]} MiB for 10) | - | - | 200 pages/s |")
+            f"({runs[0][1]} MiB for 10) | - | - | - | 200 pages/s |")
 
 
 def rows_of_a_grid(program, count):
     """A grid filled with the list's columns: what a row takes, and how long a sort by two keys."""
     told = subprocess.run([program, str(count)], capture_output=True, text=True, check=True).stdout.strip()
-    return f"| {count:,} rows in a grid | {told} | - | - | 150 bytes a row, 100,000 sorted in 50 ms |"
+    return f"| {count:,} rows in a grid | {told} | - | - | - | 150 bytes a row, 100,000 sorted in 50 ms |"
 
 
 def load(path):
@@ -118,9 +124,9 @@ def load(path):
         return json.load(file)
 
 
-folder, memory_file, programs, million = sys.argv[1:]
+folder, memory_file, counts_file, programs, million = sys.argv[1:]
 results = {"benchmarks": [run for path in Path(folder).glob("*.json") for run in load(path)["benchmarks"]]}
-print("\n".join(table(readings(results)[0], readings(load(memory_file)))))
+print("\n".join(table(readings(results)[0], readings(load(memory_file)), load(counts_file))))
 print("\n".join(loaded_list(results)))
 print(due_on(f"{programs}/hvnotify", million))
 print(letters_printed(f"{programs}/many_letters"))

@@ -47,8 +47,8 @@ void readRawRow(benchmark::State& state, Firms& firms) {
 }  // namespace
 
 void registerSingleRow(Firms& firms) {
-  benchmark::RegisterBenchmark("single_row/ours", [&](auto& s) { readThroughContract(s, firms); });
-  benchmark::RegisterBenchmark("single_row/floor", [&](auto& s) { readRawRow(s, firms); });
+  addBenchmark("single_row/ours", [&](auto& s) { readThroughContract(s, firms); });
+  addBenchmark("single_row/floor", [&](auto& s) { readRawRow(s, firms); });
 }
 
 }  // namespace autonotify::bench

@@ -92,7 +92,7 @@ def turns(*sides, of="processor", times=TURNS):
 
 
 def row(work, ours, floor, ratio="-", aim="-"):
-    return f"| {work} | {ours} | {floor} | {ratio} | {aim} |"
+    return f"| {work} | {ours} | {floor} | {ratio} | - | {aim} |"
 
 
 def sending(firm):
