@@ -37,8 +37,11 @@ Reply endList(RowPrinter& printer, const char* none, const host::UnreadableRows&
 }
 
 void warnOfHolidays(host::Desk& desk, DateTime first, DateTime last, Reply& reply) {
-  const std::string words = host::missingHolidays(desk, first, last);
-  if (!words.empty()) reply.complaints.push_back(words + " (see: hvnotify holidays --help)");
+  if (const auto year = host::yearWithoutHolidays(desk, first, last))
+    reply.complaints.push_back(
+        fmt::format("{} has no holidays yet: its dates pass over weekends alone (see: hvnotify "
+                    "holidays --help)",
+                    *year));
 }
 
 std::string pastNote(bool isPast) {

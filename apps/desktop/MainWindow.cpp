@@ -267,7 +267,8 @@ void MainWindow::showCounts() {
     const auto tasks = host::countTasks(*desk_, {});
     const auto listed = host::countListedNotifications(*desk_);
     const DateTime today = desk_->today();
-    const bool hasHolidays = host::missingHolidays(*desk_, today, today).empty();
+    const int daysShown = 7 * static_cast<int>(day_->day().weeks.size());
+    const auto unknownYear = host::yearWithoutHolidays(*desk_, today, today.addDays(daysShown));
     navigation_->setBadge(Navigation::Place::tasks, tasks);
     navigation_->setBadge(Navigation::Place::list, listed);
     navigation_->setBadge(Navigation::Place::clients, host::countClients(*desk_));
@@ -275,10 +276,10 @@ void MainWindow::showCounts() {
     user_->setText(userAndFirm(*desk_));
     const QString time = QLocale().toString(QTime::currentTime(), QLocale::ShortFormat);
     const QString upToDate = tr("Up to date at %1").arg(time);
-    upToDate_->setText(hasHolidays
-                           ? upToDate
-                           : tr("%1 has no holidays yet: its dates pass over weekends alone; %2")
-                                 .arg(QString::number(today.year()), upToDate));
+    upToDate_->setText(unknownYear
+                           ? tr("%1 has no holidays yet: its dates pass over weekends alone; %2")
+                                 .arg(QString::number(*unknownYear), upToDate)
+                           : upToDate);
   } catch (const PlatformError& error) {
     counts_->setText(faultOf(error.description()));
   }

@@ -67,11 +67,10 @@ bool removeHoliday(Desk& desk, DateTime day) {
   return isThere;
 }
 
-std::string missingHolidays(Desk& desk, DateTime first, DateTime last) {
+std::optional<int> yearWithoutHolidays(Desk& desk, DateTime first, DateTime last) {
   for (const int year : {first.year(), last.year()})
-    if (!hasHolidays(desk, year))
-      return fmt::format("{} has no holidays yet: its dates pass over weekends alone", year);
-  return {};
+    if (!hasHolidays(desk, year)) return year;
+  return std::nullopt;
 }
 
 }  // namespace autonotify::host

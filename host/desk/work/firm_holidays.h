@@ -22,7 +22,7 @@ bool addHoliday(Desk& desk, DateTime day, const std::string& name);
 /// False when it was none.
 bool removeHoliday(Desk& desk, DateTime day);
 
-/// A sentence without its end where the year of one of the two days has no holiday; empty else.
-std::string missingHolidays(Desk& desk, DateTime first, DateTime last);
+/// The first of the two days' years that has no holiday: its dates pass over weekends alone.
+std::optional<int> yearWithoutHolidays(Desk& desk, DateTime first, DateTime last);
 
 }  // namespace autonotify::host
