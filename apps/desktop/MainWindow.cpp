@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -83,6 +84,10 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
   makeStatusBar();
   connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::endSession,
           Qt::DirectConnection);
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          [this] {
+            if (desk_) desk_->database().rest();
+          });
   resize(firstSize.boundedTo(FittingArea::roomFor(*this)));
   restoreGeometry(QSettings().value(geometryKey).toByteArray());
   const std::string database = options_.database;

@@ -77,7 +77,7 @@ void RecordsetDatabase::closeRecordset(RecordsetHandle handle) {
   closed->recordset->reset();
   if (freePlaces_.size() < mostFreePlaces) freePlaces_.push_back(std::move(closed->recordset));
   recordsets_.erase(closed);
-  if (recordsets_.empty()) session_.rest();
+  if (recordsets_.empty()) rest();
 }
 
 int RecordsetDatabase::getRecordCount(RecordsetHandle handle) {

@@ -52,6 +52,12 @@ class RecordsetDatabase : public DatabaseReference {
   /// What is opened from now on is no older than this call, side by side or not.
   void readAnew() noexcept { session_.readAnew(); }
 
+  /// The program waits for a person: what is held so that statements follow each other quickly is
+  /// let go, for it keeps the log of a file from beginning anew. Recordsets stay open.
+  void rest() noexcept {
+    if (driver_) session_.rest();
+  }
+
   /// Runs `write`, all of whose changes of rows last together when this returns; when `write` or
   /// this throws none of them does. No row may be added in it, and no recordset that is opened in
   /// it may be used after it.

@@ -133,9 +133,12 @@ std::size_t half(std::size_t size) {
   return size > 1 ? size / 2 : size;
 }
 
-constexpr bool isLocking(int command) {
-  return command == F_SETLK || command == F_SETLKW || command == F_OFD_SETLK ||
-         command == F_OFD_SETLKW;
+/// A process may die while it lets a lock go, but no file system refuses it.
+bool isLock(int command, const void* lock) {
+  const bool isLocking = command == F_SETLK || command == F_SETLKW || command == F_OFD_SETLK ||
+                         command == F_OFD_SETLKW;
+  return isLocking && (plan().how.rfind("kill", 0) == 0 ||
+                       static_cast<const struct flock*>(lock)->l_type != F_UNLCK);
 }
 
 }  // namespace
@@ -171,7 +174,7 @@ constexpr bool isLocking(int command) {
     void* argument = va_arg(rest, void*);                               \
     va_end(rest);                                                       \
     static const auto call = original<int (*)(int, int, void*)>(#name); \
-    return guarded(#name, isLocking(command) && counts(file),           \
+    return guarded(#name, isLock(command, argument) && counts(file),    \
                    [&] { return call(file, command, argument); });      \
   }
 
