@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 #include "support/golden_file.h"
 
 namespace autonotify::test {
@@ -11,13 +13,19 @@ constexpr int unknownChoice = 7;
 constexpr int choices[] = {error_choice::next, error_choice::leave, error_choice::quit,
                            unknownChoice};
 
-/// Under sanitizers, which slow a walk down, each call fails with one choice, in turn.
-std::span<const int> choicesAt([[maybe_unused]] int call) {
+bool areWalksShort() {
 #ifdef AUTONOTIFY_SANITIZE
-  return std::span(choices).subspan(call % std::size(choices), 1);
+  return true;
 #else
-  return choices;
+  return std::getenv("AUTONOTIFY_SHORT_WALKS") != nullptr;
 #endif
+}
+
+/// Under sanitizers and in a toolkit's windows, which slow a walk down, each call fails with one
+/// choice, in turn.
+std::span<const int> choicesAt(int call) {
+  static const bool isShort = areWalksShort();
+  return isShort ? std::span(choices).subspan(call % std::size(choices), 1) : std::span(choices);
 }
 
 /// Follow-up failures that a person settles alike before the test calls it a loop.

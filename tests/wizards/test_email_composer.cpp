@@ -152,8 +152,15 @@ std::string filedIn(const TemporaryFolder& documents) {
   return names;
 }
 
-/// A composer, its mode, and the document that comes up when it is finished.
-using Opening = std::tuple<Make, ComposerMode, const char*>;
+struct Opening {
+  Make makeComposer;
+  ComposerMode mode;
+  /// Comes up when it is finished.
+  const char* document;
+};
+void PrintTo(const Opening& opening, std::ostream* out) {
+  *out << "mode " << static_cast<int>(opening.mode);
+}
 
 class Initializers : public ComposerTest, public testing::WithParamInterface<Opening> {};
 TEST_P(Initializers, SurviveEveryFault) {
