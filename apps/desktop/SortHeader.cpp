@@ -51,7 +51,7 @@ void SortHeader::setCurrent(int section) {
   if (section == current_ || (section >= 0 && isSectionHidden(section))) return;
   current_ = section;
   viewport()->update();
-  emit currentChanged(section);
+  emit headingChanged(section);
   if (section < 0) return;
   uncover(section);
   setAccessibleName(nameOf(section));

@@ -23,7 +23,7 @@ class SortHeader : public QHeaderView {
   void setCurrent(int section);
 
  signals:
-  void currentChanged(int section);
+  void headingChanged(int section);
 
  protected:
   void focusInEvent(QFocusEvent* event) override;

@@ -13,6 +13,8 @@
 namespace autonotify::desktop {
 namespace {
 
+/// Of names, where a narrow window leaves them less.
+constexpr int leastCharacters = 12;
 /// As many characters wide as the widest text; the names share what these leave.
 constexpr std::pair<TaskTableModel::Column, int> columnWidths[] = {
     {TaskTableModel::dueDate, 13},
@@ -63,6 +65,7 @@ void TaskPage::makeTable() {
   header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header.setSortIndicator(TaskTableModel::dueDate, Qt::AscendingOrder);
   table_->setSortingEnabled(true);
+  header.setMinimumSectionSize(leastCharacters * table_->fontMetrics().horizontalAdvance('0'));
   for (const int named : {TaskTableModel::client, TaskTableModel::task})
     header.setSectionResizeMode(named, QHeaderView::Stretch);
   for (const auto& [column, width] : columnWidths)

@@ -26,7 +26,7 @@ FrozenColumns::FrozenColumns(QTableView& table) : QTableView(&table), table_(tab
   own.setMinimumSectionSize(other.minimumSectionSize());
   connect(this, &QTableView::clicked, &table, &QTableView::clicked);
   connect(&own, &QHeaderView::sectionClicked, &other, &QHeaderView::sectionClicked);
-  connect(&other, &SortHeader::currentChanged, &own, &SortHeader::setCurrent);
+  connect(&other, &SortHeader::headingChanged, &own, &SortHeader::setCurrent);
   connect(&own, &QHeaderView::sectionResized, &table,
           [this](int column, int, int width) { table_.setColumnWidth(column, width); });
   connect(&other, &QHeaderView::sectionResized, this, &FrozenColumns::drawSizes);

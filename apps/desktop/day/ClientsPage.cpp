@@ -25,6 +25,8 @@ namespace {
 constexpr int pageMargin = 16;
 /// The rest of a client of many years is in the list of notifications.
 constexpr std::size_t mostTold = 2000;
+/// Of a column, in a narrow window.
+constexpr int leastCharacters = 8;
 /// By which the width of a column goes.
 constexpr int rowsMeasured = 100;
 
@@ -180,6 +182,7 @@ QTableView* ClientsPage::newTable(const char* name, const QString& accessibleNam
   header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header.setSectionResizeMode(QHeaderView::Stretch);
   header.setResizeContentsPrecision(rowsMeasured);
+  header.setMinimumSectionSize(leastCharacters * fontMetrics().horizontalAdvance('0'));
   header.setSortIndicator(-1, Qt::AscendingOrder);
   table->setSortingEnabled(true);
   return table;
