@@ -88,7 +88,7 @@ void SortHeader::focusOutEvent(QFocusEvent* event) {
 
 void SortHeader::keyPressEvent(QKeyEvent* event) {
   const auto step = stepOf(*event, layoutDirection());
-  if (current_ < 0 || (!step && !isPress(*event))) return QWidget::keyPressEvent(event);
+  if (current_ < 0 || (!step && !isPress(*event))) return event->ignore();
   if (!step) return press();
   if (event->modifiers() & Qt::ShiftModifier) {
     if (sectionResizeMode(current_) == Interactive)
