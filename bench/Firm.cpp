@@ -48,7 +48,7 @@ std::unique_ptr<host::SqliteDatabase> makeFile(const std::filesystem::path& path
 
 }  // namespace
 
-Firm::Firm(std::unique_ptr<host::SqliteDatabase> database)
+FirmHost::FirmHost(std::unique_ptr<host::RecordsetDatabase> database)
     : database_(std::move(database)),
       clients_(*database_, [this](bool isBatch) { database_->readSideBySide(isBatch); }),
       errors_(host::Terminal{}),
@@ -58,11 +58,11 @@ Firm::Firm(std::unique_ptr<host::SqliteDatabase> database)
   registry_.registerClass<host::HostScheduleTreeService>();
 }
 
-Firm::~Firm() {
+FirmHost::~FirmHost() {
   if (references().databaseReference == database_.get()) references() = References{};
 }
 
-void Firm::attach() {
+void FirmHost::attach() {
   References fresh;
   fresh.platform = {&registry_, &clock_, &forms_};
   fresh.databaseReference = database_.get();
@@ -78,19 +78,24 @@ void Firm::attach() {
   errors_.takeRecorded();
 }
 
-void Firm::requireNoErrors() const {
+void FirmHost::requireNoErrors() const {
   if (errors_.recorded().empty()) return;
   const host::RecordedError& error = errors_.recorded().front();
   throw std::logic_error(error.procedure + ": " + error.description);
 }
 
+Firm::Firm(std::unique_ptr<host::SqliteDatabase> database) : Firm(*database, std::move(database)) {}
+
+Firm::Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase> database)
+    : FirmHost(std::move(database)), database_(kept) {}
+
 sqlite3* Firm::connection() {
-  return database_->connection().getHandle();
+  return database_.connection().getHandle();
 }
 
 std::vector<Id> Firm::ids(const std::string& select) {
   std::vector<Id> result;
-  SQLite::Statement rows(database_->connection(), select);
+  SQLite::Statement rows(database_.connection(), select);
   while (rows.executeStep()) result.push_back(rows.getColumn(0).getInt());
   return result;
 }

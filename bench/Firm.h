@@ -31,12 +31,12 @@ class BenchClock : public Clock {
 };
 
 /// A host as a program would set it up, on a firm's database, for the logic that is linked in.
-class Firm {
+class FirmHost {
  public:
-  explicit Firm(std::unique_ptr<host::SqliteDatabase> database);
-  ~Firm();
-  Firm(const Firm&) = delete;
-  Firm& operator=(const Firm&) = delete;
+  explicit FirmHost(std::unique_ptr<host::RecordsetDatabase> database);
+  ~FirmHost();
+  FirmHost(const FirmHost&) = delete;
+  FirmHost& operator=(const FirmHost&) = delete;
 
   /// From here on the logic works for this firm. Forgets the errors noted before.
   void attach();
@@ -44,8 +44,26 @@ class Firm {
   /// something that fails would measure the wrong thing.
   void requireNoErrors() const;
 
-  host::SqliteDatabase& database() { return *database_; }
   clientDropDownCtrlReference& clients() { return clients_; }
+
+ private:
+  std::unique_ptr<host::RecordsetDatabase> database_;
+  host::ClientDirectory clients_;
+  host::TerminalErrorClass errors_;
+  host::TerminalMsgbox messages_;
+  host::HostLocale locale_;
+  host::HostWorkingFolder workingFolder_;
+  host::HeadlessFormHost forms_;
+  host::ClassRegistry registry_;
+  BenchClock clock_;
+};
+
+/// A firm in SQLite.
+class Firm : public FirmHost {
+ public:
+  explicit Firm(std::unique_ptr<host::SqliteDatabase> database);
+
+  host::SqliteDatabase& database() { return database_; }
   /// The same connection, for statements beside the logic. No recordset may be open meanwhile.
   sqlite3* connection();
   std::vector<Id> ids(const std::string& select);
@@ -56,15 +74,9 @@ class Firm {
   Replay& replay(const std::string& name, const std::function<void(Replay&)>& record);
 
  private:
-  std::unique_ptr<host::SqliteDatabase> database_;
-  host::ClientDirectory clients_;
-  host::TerminalErrorClass errors_;
-  host::TerminalMsgbox messages_;
-  host::HostLocale locale_;
-  host::HostWorkingFolder workingFolder_;
-  host::HeadlessFormHost forms_;
-  host::ClassRegistry registry_;
-  BenchClock clock_;
+  Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase> database);
+
+  host::SqliteDatabase& database_;
   std::vector<Id> entries_;
   std::map<std::string, Replay> replays_;
 };

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Keyed reads in proportion to their floor, and the exchanges with the server that commands take.
 
-Usage: report_postgres.py RESULTS.json HVNOTIFY SERVER_FOLDER
+Usage: report_postgres.py RESULTS.json PROGRAMS SERVER_FOLDER
+
+PROGRAMS holds hvnotify and exchanges.
 """
 
 import json
@@ -91,9 +93,25 @@ def median(results, name):
                              if run["run_type"] == "iteration" and run["name"].startswith(name))
 
 
+def tell_operations(program, url, counter):
+    print("| operation | exchanges with the server | least | ratio |\n|---|---|---|---|")
+    with subprocess.Popen([program, url], text=True, stdin=subprocess.PIPE,
+                          stdout=subprocess.PIPE) as operations:
+        for _ in range(int(operations.stdout.readline())):
+            before = counter.counts()[0]
+            operations.stdin.write("\n")
+            operations.stdin.flush()
+            work, least = operations.stdout.readline().rstrip("\n").split("\t")
+            exchanges = counter.counts()[0] - before
+            print(f"| {work} | {exchanges} | {least} | {exchanges / int(least):.2f} x |")
+    if operations.returncode:
+        sys.exit(f"{program} failed")
+    print()
+
+
 def main():
     results = json.loads(Path(sys.argv[1]).read_text())
-    program, server = sys.argv[2], Path(sys.argv[3]).resolve()
+    programs, server = Path(sys.argv[2]), Path(sys.argv[3]).resolve()
     ours, floor = (median(results, "keyed_row/" + part) / 1000 for part in ("ours", "floor"))
     print("| work | ours | raw libpqxx | ratio | aim |\n|---|---|---|---|---|")
     print(f"| single row by key, over a local socket | {ours:.1f} µs | {floor:.1f} µs | "
@@ -102,15 +120,18 @@ def main():
         folder = Path(name)
         (folder / "outbox").mkdir()
         counter = Counter(server, folder)
+        url = f"postgresql://firm@/postgres?host={name}"
 
         def run(*arguments):
             before = counter.counts()
             done = subprocess.run(
-                [program, "--batch", "--json", "--database", f"postgresql://firm@/postgres?host={name}",
-                 "--today", TODAY, "--outbox", folder / "outbox", *map(str, arguments)],
+                [programs / "hvnotify", "--batch", "--json", "--database", url, "--today", TODAY,
+                 "--outbox", folder / "outbox", *map(str, arguments)],
                 check=True, text=True, stdout=subprocess.PIPE)
             counted = [after - former for after, former in zip(counter.counts(), before)]
             return counted, json.loads(done.stdout)
+
+        tell_operations(programs / "exchanges", url, counter)
 
         def tell(work, counted):
             exchanges, statements = counted
