@@ -274,7 +274,9 @@ TEST_F(DayPageTest, HeadingsAreReachedAndPressedByKeys) {
       std::vector<QString> found;
       const QModelIndex group =
           qobject_cast<QTreeView*>(&table) ? table.model()->index(0, 0) : QModelIndex();
-      for (int row = 0; row < table.model()->rowCount(group); ++row)
+      const int rows = table.model()->rowCount(group);
+      found.reserve(static_cast<std::size_t>(rows));
+      for (int row = 0; row < rows; ++row)
         found.push_back(table.model()->index(row, column, group).data().toString());
       return found;
     };

@@ -11,6 +11,7 @@
 #include <QtCharts/QValueAxis>
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "binding/DateBinding.h"
 #include "colors.h"
@@ -27,7 +28,7 @@ constexpr double shareOfBar = 0.65;
 int halfAxis(std::size_t greatest) {
   for (int power = 1;; power *= 10)
     for (const int step : {1, 2, 5})
-      if (static_cast<std::size_t>(2 * step * power) >= greatest) return step * power;
+      if (std::cmp_greater_equal(2 * step * power, greatest)) return step * power;
 }
 
 QFont smaller(QFont font) {

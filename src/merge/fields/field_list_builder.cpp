@@ -49,9 +49,11 @@ struct CustomLabels {
   explicit CustomLabels(const CustomFields& custom)
       : columns(fiveNumbered(custom.labelColumn)), defaults(fiveNumbered(custom.defaultName)) {
     const std::string table(custom.labelTable);
-    for (const std::string& column : columns)
-      sql += (sql.empty() ? "SELECT " : ", ") + table + "." + column;
-    sql += " FROM " + table + ";";
+    for (const std::string& column : columns) {
+      sql += sql.empty() ? "SELECT " : ", ";
+      sql.append(table).append(".").append(column);
+    }
+    sql.append(" FROM ").append(table).append(";");
   }
   FiveTexts columns;
   FiveTexts defaults;
