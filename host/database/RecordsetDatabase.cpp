@@ -129,7 +129,9 @@ Value RecordsetDatabase::getFieldValue(RecordsetHandle handle, std::string_view 
 
 bool RecordsetDatabase::updateFieldValue(RecordsetHandle handle, const std::string& fieldName,
                                          const std::string& value, bool, bool) {
-  recordset(handle).update(fieldName, value);
+  Recordset& rows = recordset(handle);
+  if (watch_.storing && watch_.storing(handle, rows.table().name, fieldName)) return true;
+  rows.update(fieldName, value);
   if (watch_.stored) watch_.stored(handle, fieldName);
   return true;
 }

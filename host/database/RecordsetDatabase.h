@@ -19,6 +19,9 @@ namespace autonotify::host {
 struct WriteWatch {
   /// A row of the table was begun that will have the key; its fields may be set.
   std::function<void(RecordsetHandle handle, const std::string& table, Id key)> begun = nullptr;
+  /// A field of the current row of the table is to be stored; True when the row keeps what it has.
+  std::function<bool(RecordsetHandle handle, const std::string& table, const std::string& column)>
+      storing = nullptr;
   /// A field of the current row was stored.
   std::function<void(RecordsetHandle handle, const std::string& column)> stored = nullptr;
   /// The current row is to be deleted; True when it was put elsewhere instead.

@@ -202,16 +202,17 @@ Outcome<Composed> chooseYear(Desk& desk, Id id) {
   const std::string subject = subjectOf(WorkItem::task, id);
   const auto bulk = desk.newBulkScheduler();
   std::optional<TasksBefore> before;
+  std::optional<KeptRecipients> kept;
   const WorkWatch watch(desk.classes(), [&] {
     // Its editor of templates shows works of its own.
     if (desk.openForms().back()->name() != yearForm) return;
     desk.errorsOf([] {});  // what filling the window met is not of the pass
     before.emplace(desk, *tasks, allNotifyTypes);
     before->restoreMarks();
+    kept.emplace(desk, *before);
   });
   auto refused = tellComponent(desk, subject, [&] { showYear(desk, *bulk, *task); });
   if (before && refused) before->takeBack();
-  if (before) before->restoreRecipients();
   const bool isChosen = before && !bulk->get_cancelFlag();
   if (!refused && isChosen)
     refused = tellComponent(desk, subject, [&] { bulk->saveNotificationsTypes(); });

@@ -8,6 +8,17 @@
 #include "host/desk/rows/readable_rows.h"
 
 namespace autonotify::host {
+namespace {
+
+constexpr std::string_view recipientColumns[] = {"Field1", "Field2", "Field3",
+                                                 "Field4", "Field5", "Field6"};
+
+bool isRecipient(const std::string& table, std::string_view column) {
+  return table == "ClientNotification" &&
+         std::ranges::find(recipientColumns, column) != std::end(recipientColumns);
+}
+
+}  // namespace
 
 TasksBefore::TasksBefore(Desk& desk, const std::vector<Task>& tasks,
                          std::span<const notifyType> channels)
@@ -23,10 +34,7 @@ TasksBefore::RowsById TasksBefore::readRows() const {
   RowsById rows;
   for (const Id task : tasks_) {
     const auto read = [&](const Row& row) {
-      RowBefore& found = rows[row.id("ClientNotificationID")];
-      found = {task, row.id("NotificationType", 0), {}};
-      std::ranges::transform(columns, found.fields.begin(),
-                             [&](const char* column) { return row.text(column); });
+      rows[row.id("ClientNotificationID")] = {task, row.id("NotificationType", 0)};
     };
     const std::string sql = fmt::format(
         "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum={};", task);
@@ -45,24 +53,6 @@ void TasksBefore::restoreMarks() {
     desk_.control().cls_changeNotificationStatus(channel, nt_AddStatus, task);
 }
 
-void TasksBefore::restoreRecipients() {
-  for (const auto& [id, now] : readRows()) {
-    const auto before = rows_.find(id);
-    if (before != rows_.end() && before->second.fields != now.fields)
-      restoreFields(id, before->second);
-  }
-}
-
-void TasksBefore::restoreFields(Id id, const RowBefore& before) {
-  const std::string sql = fmt::format(
-      "SELECT ClientNotification.* FROM ClientNotification WHERE ClientNotificationID={};", id);
-  OpenRows rows(desk_.database(), sql, CursorMode::keyset, LockMode::updatable);
-  if (rows.isAtEnd()) return;
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    if (rows.row().text(columns[i]) != before.fields[i])
-      desk_.database().updateFieldValue(rows.handle(), columns[i], before.fields[i], false, false);
-}
-
 void TasksBefore::takeBack() {
   for (const auto& [id, row] : readRows())
     if (!rows_.contains(id)) desk_.control().cls_deleteNotification(id);
@@ -71,6 +61,15 @@ void TasksBefore::takeBack() {
       if (!hasRow(task, channel))
         desk_.control().cls_changeNotificationStatus(channel, nt_RemoveStatus, task);
   }
+}
+
+KeptRecipients::KeptRecipients(Desk& desk, const TasksBefore& before) : desk_(desk) {
+  WriteWatch watch;
+  watch.storing = [&](RecordsetHandle handle, const std::string& table, const std::string& column) {
+    return isRecipient(table, column) &&
+           before.hasRow(Row(desk.database(), handle).id("ClientNotificationID"));
+  };
+  desk.setWatch(std::move(watch));
 }
 
 }  // namespace autonotify::host

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <map>
 #include <set>
 #include <span>
@@ -22,28 +21,23 @@ class TasksBefore {
   bool hasRow(Id task, notifyType channel) const { return armed_.contains({task, channel}); }
   /// Whether one of the tasks has a row of the channel.
   bool hasRows(notifyType channel) const;
+  bool hasRow(Id notification) const { return rows_.contains(notification); }
 
   /// Marks the tasks for the rows that they have. An interrupted run may have lost a mark, and a
   /// pass would add a second row.
   void restoreMarks();
-  /// Whoever the rows went to, they go to. Throws DatabaseError.
-  void restoreRecipients();
   /// Deletes the rows that were added, those that a task does not know of too, and clears the marks
   /// for channels that had no row. Throws DatabaseError and UnreadableRow.
   void takeBack();
 
  private:
-  static constexpr std::array<const char*, 6> columns{"Field1", "Field2", "Field3",
-                                                      "Field4", "Field5", "Field6"};
   struct RowBefore {
     Id task;
     int channel;
-    std::array<std::string, columns.size()> fields;
   };
   using RowsById = std::map<Id, RowBefore>;
 
   RowsById readRows() const;
-  void restoreFields(Id id, const RowBefore& before);
 
   Desk& desk_;
   std::vector<Id> tasks_;
@@ -51,6 +45,20 @@ class TasksBefore {
   RowsById rows_;
   /// Of the channels of the pass.
   std::set<std::pair<Id, notifyType>> armed_;
+};
+
+/// While it lives, notifications that tasks had before go to whom they went, whatever is stored in
+/// them: not for a moment to anyone else, so that nothing needs to be put back when the program
+/// ends. `before` outlives it.
+class KeptRecipients {
+ public:
+  KeptRecipients(Desk& desk, const TasksBefore& before);
+  ~KeptRecipients() { desk_.setWatch({}); }
+  KeptRecipients(const KeptRecipients&) = delete;
+  KeptRecipients& operator=(const KeptRecipients&) = delete;
+
+ private:
+  Desk& desk_;
 };
 
 }  // namespace autonotify::host
