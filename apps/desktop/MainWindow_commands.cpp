@@ -10,9 +10,9 @@
 #include <QScopeGuard>
 #include <QStatusBar>
 #include <QStyle>
-#include <QToolBar>
 
 #include "CallDialog.h"
+#include "CommandBar.h"
 #include "FirmDialog.h"
 #include "MainWindow.h"
 #include "OptionsDialog.h"
@@ -128,10 +128,10 @@ void MainWindow::makeActions() {
 }
 
 void MainWindow::makeMenus() {
-  QToolBar* bar = addToolBar(tr("Commands"));
+  auto* bar = new CommandBar(tr("Commands"), this);
+  addToolBar(bar);
   bar->setObjectName("commands");
   bar->setMovable(false);
-  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
   bar->setIconSize({icon, icon});
   QMenu* menu = nullptr;

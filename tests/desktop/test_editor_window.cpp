@@ -2,7 +2,6 @@
 #include <QtWidgets>
 
 #include "editor/frmTaskAutoNotification.h"
-#include "icon_theme.h"
 #include "richtext/MergeFieldDelegate.h"
 #include "richtext/MergeFieldHighlighter.h"
 #include "richtext/RichTextEditor.h"
@@ -134,7 +133,6 @@ TEST(RichTextEditor, KeepsTheFormatsOfWhatIsPasted) {
 }
 
 TEST(MergeFields, HaveAnIconThatTellsDatesFromAllElse) {
-  desktop::supplyIcons();
   const desktop::MergeFieldDelegate delegate({"Task Due Date"}, nullptr);
   QListWidget list;
   list.addItems({"[Task Info]", "Task Name", "Task Due Date"});

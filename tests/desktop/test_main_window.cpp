@@ -646,12 +646,15 @@ TEST_F(MainWindowTest, CommandsCanBeRunWhereTheyMakeSense) {
 
 TEST_F(MainWindowTest, TheBarHasRoomForItsCommandsOnASmallScreen) {
   open();
-  window_->resize(910, 512);
-  QApplication::processEvents();
   const auto& bar = *window_->findChild<QToolBar*>("commands");
   EXPECT_TRUE(bar.actions().contains(&action("notifications")));
-  for (QAction* each : bar.actions())
-    EXPECT_TRUE(bar.widgetForAction(each)->isVisible()) << plain(each->text());
+  for (const int percent : {150, 200, 100}) {
+    window_->resize(136600 / percent, 76800 / percent);
+    QApplication::processEvents();
+    EXPECT_EQ(bar.toolButtonStyle() == Qt::ToolButtonIconOnly, percent == 200);
+    for (QAction* each : bar.actions())
+      EXPECT_TRUE(bar.widgetForAction(each)->isVisible()) << plain(each->text()) << percent;
+  }
 }
 
 TEST_F(MainWindowTest, TheFieldLeadsToTheTasksThatItFinds) {
