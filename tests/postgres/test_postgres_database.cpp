@@ -149,6 +149,18 @@ TEST_F(PostgresTest, LongResultsAreStreamedWhileOthersAreRead) {
   desk->closeRecordset(left);
   update(*desk, open(*desk, notification(ids[1])), "Field1", "changed");
   EXPECT_EQ(field(*desk, ids[1], "Field1"), Value("changed"));
+
+  // Beside another one too, and when it is read again.
+  desk->readSideBySide(true);
+  const RecordsetHandle walk =
+      open(*desk, orderedNotifications, LockMode::readOnly, CursorMode::forwardOnly);
+  for (int turn = 0; turn < 2; ++turn) {
+    const RecordsetHandle beside = open(*desk, "SELECT Field1 FROM ClientNotification;",
+                                        LockMode::readOnly, CursorMode::forwardOnly);
+    EXPECT_FALSE(desk->isEndOfRecordset(beside));
+    desk->closeRecordset(beside);
+  }
+  EXPECT_EQ(desk->getFieldValue(walk, "Field1"), Value("n1"));
 }
 
 TEST_F(PostgresTest, AnEndedConnectionIsMadeAnewAndNothingIsRepeated) {

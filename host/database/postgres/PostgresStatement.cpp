@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <exception>
 #include <string_view>
 #include <utility>
 
@@ -158,7 +159,20 @@ Id PostgresStatement::key(int column) const {
 void PostgresStatement::reset() noexcept {
   chunk_.clear();
   next_ = 0;
+  closeCursor();
   reading_.reset();
+}
+
+// With the last reader the transaction ends, and so do its cursors.
+void PostgresStatement::closeCursor() noexcept {
+  if (reading_.use_count() < 2) return;
+  try {
+    driver_.connection().perform(*reading_, sql_, [&](pqxx::transaction_base& transaction) {
+      return transaction.exec("CLOSE " + rows_.name);
+    });
+  } catch (const std::exception&) {
+    // Nor is there anything to close where the transaction has failed.
+  }
 }
 
 int PostgresStatement::run(const std::vector<Value>& parameters) {

@@ -37,6 +37,7 @@ class PostgresStatement : public DriverStatement {
   void describe(const pqxx::result& result) const;
   void openCursor(const std::vector<Value>& parameters);
   void fetch();
+  void closeCursor() noexcept;
   static Reader readerOf(pqxx::oid type);
 
   PostgresDriver& driver_;
