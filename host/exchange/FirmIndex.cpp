@@ -111,7 +111,7 @@ std::string KnownClients::referenceTo(Id id) const {
   return ofName(known->name).size() > 1 ? known->name + "; " + known->street : known->name;
 }
 
-FirmIndex::FirmIndex(DatabaseReference& database) : database_(database) {
+FirmIndex::FirmIndex(DatabaseReference& database) : database_(database), rows_(database) {
   readCompanies();
   readContacts();
   forEachRow(database, "SELECT ClientDataID, CompanyIDNum FROM ClientData;", [&](const Row& row) {

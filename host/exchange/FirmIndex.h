@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "contract/DatabaseReference.h"
+#include "host/exchange/HeldRows.h"
 #include "platform/Value.h"
 
 namespace autonotify::host {
@@ -75,6 +76,7 @@ class FirmIndex {
   explicit FirmIndex(DatabaseReference& database);
 
   DatabaseReference& database() { return database_; }
+  HeldRows& rows() { return rows_; }
   KnownClients& companies() { return companies_; }
   KnownClients& contacts() { return contacts_; }
 
@@ -106,6 +108,7 @@ class FirmIndex {
   Id firstId(const std::string& sql, const char* column);
 
   DatabaseReference& database_;
+  HeldRows rows_;
   KnownClients companies_;
   KnownClients contacts_;
   std::unordered_map<Id, Id> clientData_;

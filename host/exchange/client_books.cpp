@@ -44,31 +44,19 @@ std::string withLineEnds(const std::string& cell) {
 }
 
 /// The address as one text, of the lines that the fields hold and those that the row keeps; nothing
-/// where the fields hold none. `rows` names the row behind FROM, empty for a new one.
-void addWholeAddress(DatabaseReference& database, const AddressPlace& place,
-                     const std::string& rows, Fields& fields) {
-  std::array<std::string, 3> lines;
-  std::string columns;
-  bool isGiven = false;
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    lines[i] = textIn(fields, place.lines[i]);
-    isGiven = isGiven || !lines[i].empty();
-    columns += (i == 0 ? "" : ", ") + std::string(place.lines[i]);
-  }
-  if (!isGiven) return;
-  const auto keep = [&](const Row& row) {
-    for (std::size_t i = 0; i < lines.size(); ++i)
-      if (lines[i].empty()) lines[i] = row.text(place.lines[i]);
-  };
-  if (!rows.empty()) firstRow(database, "SELECT " + columns + " FROM " + rows, keep);
+/// where the fields hold none. The id is noId for a new row.
+void addWholeAddress(HeldRows& rows, const std::string& table, Id id, const AddressPlace& place,
+                     Fields& fields) {
   std::string whole;
-  for (const std::string& line : lines)
+  bool isGiven = false;
+  for (const char* column : place.lines) {
+    std::string line = textIn(fields, column);
+    isGiven = isGiven || !line.empty();
+    const Value* held = line.empty() ? rows.find(table, id, column) : nullptr;
+    if (held) line = textOf(*held);
     if (!line.empty()) whole += (whole.empty() ? "" : "\r\n") + withLineEnds(line);
-  fields.push_back({place.whole, whole});
-}
-
-std::string rowOf(const std::string& table, const std::string& key, Id id) {
-  return id < 0 ? "" : table + " WHERE " + key + '=' + std::to_string(id) + ';';
+  }
+  if (isGiven) fields.push_back({place.whole, whole});
 }
 
 class CompanyBook : public EntryBook {
@@ -78,7 +66,7 @@ class CompanyBook : public EntryBook {
 
   void completeRow(Id id, Fields& fields) override {
     if (id < 0) fields.push_back({"CategoryNum", category_});
-    addWholeAddress(firm_.database(), companyAddress, rowOf("Companies", "CompanyID", id), fields);
+    addWholeAddress(firm_.rows(), "Companies", id, companyAddress, fields);
   }
 
   Id find(const Entry&, const Fields& fields) override {
@@ -145,7 +133,7 @@ class ContactBook : public EntryBook {
 
   void completeRow(Id id, Fields& fields) override {
     for (const AddressPlace& place : contactAddresses)
-      addWholeAddress(firm_.database(), place, rowOf("Contacts", "ContactID", id), fields);
+      addWholeAddress(firm_.rows(), "Contacts", id, place, fields);
   }
 
   Id find(const Entry& entry, const Fields& fields) override {

@@ -7,7 +7,6 @@
 #include <unordered_map>
 
 #include "host/database/dialect/DatabaseError.h"
-#include "host/database/schema/Schema.h"
 #include "host/desk/claims.h"
 #include "host/desk/databases.h"
 #include "host/exchange/EntryBook.h"
@@ -220,19 +219,15 @@ class KindImport {
 
   /// Those that differ from what the row holds.
   void write(const std::string& table, Id key, const Fields& fields, ImportedRecord& told) {
-    std::string sql = "SELECT " + findTable(table)->key();
-    for (const Field& field : fields) (sql += ", ") += field.column;
-    sql += " FROM " + table + " WHERE " + findTable(table)->key() + '=' + std::to_string(key) + ';';
     Fields differing;
-    firstRow(firm_.database(), sql, [&](const Row& row) {
-      for (const Field& field : fields) {
-        const Value held = row.value(std::string(field.column));
-        if (held == field.value) continue;
-        differing.push_back(field);
-        tell(told, headingOf(table, field.column) + ": \"" + shown(held) + "\" becomes \"" +
-                       shown(field.value) + '"');
-      }
-    });
+    for (const Field& field : fields) {
+      const Value* held = firm_.rows().find(table, key, field.column);
+      if (!held || *held == field.value) continue;
+      differing.push_back(field);
+      tell(told, headingOf(table, field.column) + ": \"" + shown(*held) + "\" becomes \"" +
+                     shown(field.value) + '"');
+    }
+    firm_.rows().release(table, key);
     sink_.updateRow(table, key, differing);
   }
 
@@ -286,12 +281,13 @@ ImportResult importFiles(RecordsetDatabase& database, const std::vector<std::str
       options.isDryRun ? std::make_unique<DrySink>() : sinkInto(database);
   sink->begin();
   FirmIndex firm(database);
+  HeldRowsSink heldSink(*sink, firm.rows());
   ImportResult result;
   std::map<const EntryKind*, KindImport> imports;
   for (OpenFile& file : files) {
-    sink->flush();
+    heldSink.flush();
     KindImport& import =
-        imports.try_emplace(file.kind, *file.kind, firm, *sink, options).first->second;
+        imports.try_emplace(file.kind, *file.kind, firm, heldSink, options).first->second;
     result.files.push_back(import.import(file, listener));
   }
   result.isStored = !options.isDryRun && (options.skipRefused || !isAnyRefused(result));

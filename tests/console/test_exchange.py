@@ -59,6 +59,14 @@ class ExchangeTest(ConsoleTest):
         address = self.bring(company, "--rtf", by=("address", "company")).out
         self.assertRegex(address, r"12 Main\\par *\n*Suite 5\\par")
 
+    def test_one_file_may_change_a_default_contact_twice(self):
+        self.bring(self.file("companies.csv", "Name\nAcme\n"))
+        self.bring(self.file("contacts.csv", "Name\nAnn Lee\nBob Roy\n"))
+        for lines in ("Ann Lee,Acme,yes\nBob Roy,Acme,no\n", "Bob Roy,Acme,yes\nAnn Lee,Acme,yes\n"):
+            self.bring(self.file("links.csv", "Contact,Company,Default\n" + lines))
+            self.assertEqual(["Ann Lee,yes", "Bob Roy,no"],
+                             sorted(self.entries("links", "Contact", "Default")))
+
     def test_counts_refusals_beyond_those_that_are_told(self):
         many = self.file("companies.csv", "Name,Colour" + ",x" * 30 + "\n" + "New Inc.\n" * 10003)
         run = self.bring(many, code=1, says=["line 10002: New Inc., refused", "hvnotify: 2 more are refused",
