@@ -14,11 +14,12 @@ import sqlite3
 import statistics
 import subprocess
 import sys
+import tempfile
 import time
 from pathlib import Path
 
 TODAY = "2026-04-15"
-CLIENTS, EMAILS, TASKS, TURNS, ARM_TURNS = 50_000, 2_000, 1_000, 5, 3
+CLIENTS, EMAILS, TASKS, TURNS, ARM_TURNS, IMPORTED = 50_000, 2_000, 1_000, 5, 3, 20_000
 # A day that no other notification has.
 DAY = "2001-01-02"
 # Nothing but these emails is due.
@@ -165,6 +166,54 @@ def starting(firm):
                f"{ours / floor:.2f} x")
 
 
+def import_files(folder):
+    companies, tasks = folder / "companies.csv", folder / "tasks.csv"
+    companies.write_text("Client Number,Name,Address 1,City,Phone,Email\n" + "".join(
+        f"C{each},Company {each},{each} Main Street,Hull,555-{each:05},office{each}@example.com\n"
+        for each in range(IMPORTED)))
+    tasks.write_text("Client,Kind,Name,Due Date,Period\n" + "".join(
+        f"C{each},101/10,Return {month},2026-{month:02}-28,Period {month}\n"
+        for each in range(IMPORTED) for month in range(1, 6)))
+    return companies, tasks
+
+
+def raw_inserts(source, target):
+    """The seconds in which the rows that are in the source alone are inserted."""
+    with contextlib.closing(sqlite3.connect(source)) as read, \
+            contextlib.closing(sqlite3.connect(target)) as written:
+        names = [name for name, in read.execute(
+            "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite%'")]
+        tables = {name: read.execute(f"SELECT * FROM {name} WHERE rowid>?", written.execute(
+            f"SELECT coalesce(max(rowid), 0) FROM {name}").fetchone()).fetchall() for name in names}
+        written.execute("PRAGMA synchronous=FULL")
+        begin = time.monotonic()
+        for name, rows in tables.items():
+            if rows:
+                written.executemany(f"INSERT INTO {name} VALUES ({','.join('?' * len(rows[0]))})", rows)
+        written.commit()
+        return time.monotonic() - begin
+
+
+def importing(firm):
+    with tempfile.TemporaryDirectory(dir=firm.folder) as name:
+        folder = Path(name)
+        files = import_files(folder)
+        ours, floor = folder / "ours.db", folder / "floor.db"
+
+        def run(place, *arguments):
+            return Run([firm.programs / "hvnotify", "--batch", "--database", place, *arguments]).clock
+
+        for place in (ours, floor):
+            run(place, "init")
+        first = run(ours, "import", *files)
+        least = raw_inserts(ours, floor)
+        again = run(ours, "import", *files)
+    what = f"{IMPORTED:,} clients with {5 * IMPORTED:,} tasks"
+    yield row(f"`import`, {what}", f"{first:.1f} s", f"{least:.1f} s (its rows inserted raw, from Python)",
+              f"{first / least:.2f} x", "3 x, 20 s")
+    yield row(f"`import`, {what}, again", f"{again:.1f} s", "-", aim="20 s")
+
+
 firm = Firm(Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve())
-for line in (sending(firm), listing(firm), *arming(firm), starting(firm)):
+for line in (sending(firm), listing(firm), *arming(firm), starting(firm), *importing(firm)):
     print(line, flush=True)
