@@ -72,12 +72,14 @@ bool isUnset(std::string_view label, std::size_t place) {
   return label.empty() || label == neverChanged[place];
 }
 
-SharedFieldRows customFields(const CustomFields& custom, const std::array<std::string, 5>& names,
+SharedFieldRows customFields(const CustomFields& custom, const FiveTexts& labels,
                              std::string_view group) {
   constexpr std::int16_t customLength = 50;
+  const FiveTexts& defaults = labelsOf(custom).defaults;
   auto rows = std::make_shared<FieldRows>();
   for (int number = 1; number <= 5; ++number) {
-    rows->push_back(rowOf(names[static_cast<std::size_t>(number - 1)],
+    const auto place = static_cast<std::size_t>(number - 1);
+    rows->push_back(rowOf(labels[place].empty() ? defaults[place] : labels[place],
                           numbered(custom.column, number), group, FieldType::text,
                           numbered("Custom Info ", number), customLength));
   }
@@ -124,14 +126,14 @@ FieldListBuilder::FieldListBuilder(Step& step, const FieldListTarget& target)
 void FieldListBuilder::addBlock(const FieldBlock& block) {
   using PartKey = std::pair<const FieldPart*, FieldListSetting>;
   static RecentEntries<PartKey, SharedFieldRows> parts(keptParts);
-  using CustomKey = std::pair<const CustomFields*, std::array<std::string, 5>>;
+  using CustomKey = std::pair<const CustomFields*, FiveTexts>;
   static RecentEntries<CustomKey, SharedFieldRows> customs(keptParts);
   for (const FieldPart& part : block.parts) {
     if (!part.header.empty()) {
       if (target_.box && target_.hasHeaders)
         addListBoxHeader(step_, *target_.box, part.header, false);
     } else if (part.custom) {
-      const CustomKey key{part.custom, customNames(*part.custom)};
+      const CustomKey key{part.custom, ownLabels(*part.custom)};
       const auto make = [&] { return customFields(*part.custom, key.second, block.group); };
       add(customs.findOrMake(key, make));
     } else {
@@ -169,18 +171,18 @@ void FieldListBuilder::add(const SharedFieldRows& rows) {
   }
 }
 
-std::array<std::string, 5> FieldListBuilder::customNames(const CustomFields& custom) {
+std::array<std::string, 5> FieldListBuilder::ownLabels(const CustomFields& custom) {
   const CustomLabels& labels = labelsOf(custom);
-  FiveTexts names = labels.defaults;
-  if (!isDatabaseOpen(step_)) return names;
+  FiveTexts set;
+  if (!isDatabaseOpen(step_)) return set;
   if (const Rows row(step_, labels.sql, keysetRead); row) {
-    for (std::size_t i = 0; i < names.size(); ++i) {
+    for (std::size_t i = 0; i < set.size(); ++i) {
       std::string label = row.text(labels.columns[i].c_str());
       if (label.ends_with(':')) label.pop_back();
-      if (!isUnset(label, i)) names[i] = std::move(label);
+      if (!isUnset(label, i)) set[i] = std::move(label);
     }
   }
-  return names;
+  return set;
 }
 
 void addListBoxLine(Step& step, ListBox& box, const std::string& text, int itemData) {

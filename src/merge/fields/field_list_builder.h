@@ -51,7 +51,8 @@ class FieldListBuilder {
  private:
   SharedFieldRows fieldsOf(const FieldPart& part, std::string_view group) const;
   void add(const SharedFieldRows& rows);
-  std::array<std::string, 5> customNames(const CustomFields& custom);
+  /// The firm's labels, each empty where it never set one.
+  std::array<std::string, 5> ownLabels(const CustomFields& custom);
 
   Step& step_;
   FieldListTarget target_;
