@@ -136,12 +136,18 @@ void Recordset::requireCurrentRow() {
 
 Value Recordset::value(std::string_view name) {
   const int index = rows_.plan().columnIndex(name);
-  if (newRow_) return newValue(column(index));
+  Value result = newRow_ ? newValue(column(index)) : storedValue(index);
+  if (!newRow_) requireModestTemplate(column(index), result);
+  return result;
+}
+
+/// Most often the statement is on the row.
+Value Recordset::storedValue(int index) {
+  if (rows_.isAtHand(position_, index)) return rows_.valueAtHand(index);
   requireCurrentRow();
   std::optional<Value> value = rows_.value(position_, index);
   if (!value)
     throw DatabaseError(database_error::rowGone, Words::tr("The current row has been deleted"));
-  requireModestTemplate(column(index), *value);
   return std::move(*value);
 }
 

@@ -72,6 +72,7 @@ class Recordset : public RecordsetObject {
   void requireCurrentRow();
   NewRow& newRow();
   Value newValue(const PlanColumn& column) const;
+  Value storedValue(int index);
   static std::size_t placeInTable(const PlanColumn& column);
   bool isDeleted(std::size_t row) const { return deleted_.count(row) > 0; }
   bool findFrom(std::size_t row);

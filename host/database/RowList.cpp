@@ -225,13 +225,18 @@ bool RowList::hold(std::size_t row) {
   return memory_->buffer.isThere(row);
 }
 
-std::optional<Value> RowList::value(std::size_t row, int column) {
-  const PlanColumn& described = plan_->columns()[static_cast<std::size_t>(column)];
+Value RowList::valueAtHand(int column) {
   plan_->ask(column);
-  if (isLive(row) && rows_->place(column) >= 0)
-    return rows_->statement->value(rows_->place(column), described.origin);
+  return rows_->statement->value(rows_->place(column),
+                                 plan_->columns()[static_cast<std::size_t>(column)].origin);
+}
+
+std::optional<Value> RowList::value(std::size_t row, int column) {
+  if (isAtHand(row, column)) return valueAtHand(column);
+  plan_->ask(column);
   plan_->keep(column);
-  const auto place = static_cast<std::size_t>(described.keptAt);
+  const auto place =
+      static_cast<std::size_t>(plan_->columns()[static_cast<std::size_t>(column)].keptAt);
   if (hold(row) && memory_->buffer.width() <= place) readAgain(row);
   if (!hold(row)) return std::nullopt;
   return memory_->buffer.value(row, place);

@@ -46,6 +46,12 @@ class RowList : private LiveRows {
 
   /// False when the row has been deleted. Requires: has(row).
   bool exists(std::size_t row) { return isLive(row) || hold(row); }
+  /// Whether the statement is on the row, which is there then, and gives this column of it.
+  bool isAtHand(std::size_t row, int column) const {
+    return isLive(row) && rows_->place(column) >= 0;
+  }
+  /// Requires: isAtHand(row, column).
+  Value valueAtHand(int column);
   /// Nothing when the row has been deleted. Requires: has(row).
   std::optional<Value> value(std::size_t row, int column);
   /// The key of the row in plan().tables()[table]. Requires: has(row), and the plan is keyed.
