@@ -26,13 +26,19 @@ std::vector<TableReference> tablesWithKeys(const Translation& translation) {
   return known ? tables : std::vector<TableReference>{};
 }
 
-/// Whether the only condition on the only table is that its key is a given one.
-bool asksForOneRow(const Translation& translation, const std::string& key, Engine engine) {
+/// The column of keys or integers, with its table's alias, whose given value is the only condition;
+/// empty where the condition is another one.
+std::string soughtColumn(const Translation& translation, const TableDef& table,
+                         const std::string& alias, Engine engine) {
   const std::string condition = replaceAll(translation.sql.substr(translation.fromEnd), " ", "");
-  const std::string_view column = std::string_view(key).substr(key.find('.') + 1);
-  const std::string given = '=' + placeholder(engine, 1);
-  return equalIgnoreCase(condition, "WHERE" + key + given) ||
-         equalIgnoreCase(condition, "WHERE" + std::string(column) + given);
+  const auto isSought = [&](const ColumnDef& column) {
+    const std::string end = column.name + '=' + placeholder(engine, 1);
+    return (column.kind == ColumnKind::Key || column.kind == ColumnKind::Integer) &&
+           (equalIgnoreCase(condition, "WHERE" + alias + end) ||
+            equalIgnoreCase(condition, "WHERE" + end));
+  };
+  const auto found = std::ranges::find_if(table.columns, isSought);
+  return found == table.columns.end() ? std::string() : alias + found->name;
 }
 
 /// Whether nothing but names with their tables' says what the order is by. A plain name, or a
@@ -79,7 +85,11 @@ std::string Plan::rowsSql(const Translation& translation) {
   isWholeTable_ = isWhole && isKeyed();
   std::string rest = sql.substr(translation.from, translation.orderEnd - translation.from);
   const Engine engine = driver_.engine();
-  isOneRow_ = isKeyed() && keys.size() == 1 && asksForOneRow(translation, keys.front(), engine);
+  if (tables_.size() == 1) {
+    const std::string alias = keys.front().substr(0, keys.front().find('.') + 1);
+    sought_ = soughtColumn(translation, *tables_.front(), alias, engine);
+    isOneRow_ = sought_ == keys.front();
+  }
   if (!isOneRow_)
     rest += (translation.isOrdered ? ", " : " ORDER BY ") + keyOrder(engine, keys, isWhole);
   rest += sql.substr(translation.orderEnd);
@@ -96,12 +106,15 @@ std::string Plan::keyBy(const Translation& translation, const std::vector<std::s
     condition +=
         (i == 0 ? " WHERE " : " AND ") + keys[i] + '=' + placeholder(driver_.engine(), i + 1);
   }
-  list += ' ';
   const std::string from =
-      list + translation.sql.substr(translation.from, translation.fromEnd - translation.from);
-  rowByKeysSql_ = from + condition;
-  blockByKeysSql_ = from + " WHERE " + keys.front() + " IN (";
-  return list;
+      ' ' + translation.sql.substr(translation.from, translation.fromEnd - translation.from);
+  rowByKeysSql_ = list + from + condition;
+  blockByKeysSql_ = list + from + " WHERE " + keys.front() + " IN (";
+  if (isLookUp())
+    rowsAheadSql_ = list + ", " + sought_ + from + " WHERE " + sought_ + " BETWEEN " +
+                    placeholder(driver_.engine(), 1) + " AND " + placeholder(driver_.engine(), 2) +
+                    " LIMIT " + std::to_string(blockRows);
+  return list + ' ';
 }
 
 void Plan::describe() {
@@ -122,7 +135,7 @@ void Plan::describe() {
     if (!isKeyed()) keep(static_cast<int>(i));
   }
   mayBeNarrow_ = mayBeNarrow;
-  for (RowStatement* each : {all_.get(), &rowByKeys_, &blockByKeys_})
+  for (RowStatement* each : {all_.get(), &rowByKeys_, &blockByKeys_, &rowsAhead_})
     each->keysFrom = static_cast<int>(columns_.size());
   isAsked_.resize(columns_.size());
   nameColumns();
@@ -198,6 +211,11 @@ const RowStatement& Plan::blockByKeys() {
     sql += placeholder(driver_.engine(), i) + (i < blockRows ? ',' : ')');
   blockByKeys_.statement = driver_.prepare(sql);
   return blockByKeys_;
+}
+
+const RowStatement& Plan::rowsAhead() {
+  if (!rowsAhead_.statement) rowsAhead_.statement = driver_.prepare(rowsAheadSql_);
+  return rowsAhead_;
 }
 
 }  // namespace autonotify::host

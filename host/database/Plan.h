@@ -65,6 +65,8 @@ class Plan {
   bool isKeyed() const { return !tables_.empty(); }
   /// The row of one table that has a given key.
   bool isOneRow() const { return isOneRow_; }
+  /// A few columns of those rows of one table in which a column of integers has a given value.
+  bool isLookUp() const { return !sought_.empty() && !mayBeNarrow_; }
   /// All rows of one table, in no order that was asked for.
   bool isWholeTable() const { return isWholeTable_; }
 
@@ -93,6 +95,10 @@ class Plan {
   /// Rows by blockRows keys, which may repeat, in any order, with all columns. Requires:
   /// hasBlocks().
   const RowStatement& blockByKeys();
+  /// The rows of a look-up of all values from the first parameter up to the second, in any order
+  /// and no more than blockRows, which a server gives at once,
+  /// with all columns and behind the key that value. Requires: isLookUp().
+  const RowStatement& rowsAhead();
 
  private:
   /// A column's name as it was asked for.
@@ -118,6 +124,9 @@ class Plan {
   RowStatement rowByKeys_;
   std::string blockByKeysSql_;
   RowStatement blockByKeys_;
+  std::string sought_;  // the column of a look-up, as the statement names it
+  std::string rowsAheadSql_;
+  RowStatement rowsAhead_;
   std::string behindColumns_;  // empty where it may mean them by their places
   bool mayBeNarrow_ = false;
   std::vector<std::string> keys_;  // of the tables, as the statement names them

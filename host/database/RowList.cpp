@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "host/database/dialect/DatabaseError.h"
+
 namespace autonotify::host {
 
 RowList::RowList(Session& session, const std::string& sql)
@@ -37,14 +39,48 @@ void RowList::begin() {
 }
 
 bool RowList::recall() {
-  std::unique_ptr<RowMemory> known = session_.recall(*plan_, memory_->parameters);
-  if (!known) return false;
-  memory_.swap(known);
-  session_.giveBack(std::move(known));
+  if (std::unique_ptr<RowMemory> known = session_.recall(*plan_, memory_->parameters)) {
+    memory_.swap(known);
+    session_.giveBack(std::move(known));
+  } else if (!recallAhead()) {
+    return false;
+  }
   known_ = memory_->keys.empty() ? 0 : 1;
   bufferVersion_ = session_.version();
   complete_ = true;
   return true;
+}
+
+bool RowList::recallAhead() {
+  const auto* const id =
+      plan_->isLookUp() ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
+  RowsAhead* const ahead = id ? session_.rowsAhead(plan_) : nullptr;
+  if (!ahead) return false;
+  if (const Id ids = ahead->idsToRead(*id)) readAhead(*ahead, static_cast<Id>(*id), ids);
+  return ahead->give(*id, *memory_);
+}
+
+/// Where other rows than the one that is wanted are many, or something is wrong with them, nothing
+/// is read ahead: that one is read alone.
+void RowList::readAhead(RowsAhead& ahead, Id first, Id ids) const try {
+  constexpr Id mostRows = 4;  // of an id, on the average
+  static_assert(RowsAhead::mostIds * mostRows <= Id{Plan::blockRows});
+  plan_->describe();
+  const RowStatement& rows = plan_->rowsAhead();
+  rows.statement->execute({first, first + ids - 1});
+  const std::size_t width = widthOf(rows);
+  ahead.start(first, ids, width);
+  Id left = ids * mostRows;
+  for (; left > 0 && rows.statement->step(); --left)
+    ahead.put(rows.statement->key(rows.keyPlace(1)), rows.statement->key(rows.keyPlace(0)),
+              [&](Value* values) { writeValues(rows, width, values); });
+  rows.statement->reset();
+  if (left == 0) ahead = {};
+} catch (const DatabaseError&) {
+  ahead = {};
+} catch (...) {
+  ahead = {};
+  throw;
 }
 
 bool RowList::has(std::size_t row) {
@@ -144,11 +180,12 @@ std::size_t RowList::widthOf(const RowStatement& rows) const {
 }
 
 void RowList::appendValues() {
-  memory_->buffer.append([&](Value* values) { writeValues(*rows_, values); });
+  memory_->buffer.append(
+      [&](Value* values) { writeValues(*rows_, memory_->buffer.width(), values); });
 }
 
-void RowList::writeValues(const RowStatement& rows, Value* values) const {
-  for (std::size_t i = 0; i < memory_->buffer.width(); ++i) {
+void RowList::writeValues(const RowStatement& rows, std::size_t width, Value* values) const {
+  for (std::size_t i = 0; i < width; ++i) {
     const int column = plan_->kept()[i];
     values[i] = rows.statement->value(rows.place(column),
                                       plan_->columns()[static_cast<std::size_t>(column)].origin);
@@ -201,7 +238,7 @@ void RowList::readAgain(std::size_t row) try {
     const auto place =
         std::find(wanted.begin(), wanted.end(), rows.statement->key(rows.keyPlace(0)));
     memory_->buffer.put(row + static_cast<std::size_t>(place - wanted.begin()),
-                        [&](Value* values) { writeValues(rows, values); });
+                        [&](Value* values) { writeValues(rows, memory_->buffer.width(), values); });
   }
   rows.statement->reset();
 } catch (...) {

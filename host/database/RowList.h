@@ -68,6 +68,8 @@ class RowList : private LiveRows {
 
   void settle(Settle how) override;
   bool recall();
+  bool recallAhead();
+  void readAhead(RowsAhead& ahead, Id first, Id ids) const;
   void step();
   void start();
   void forget() noexcept;
@@ -85,7 +87,7 @@ class RowList : private LiveRows {
   void readAgain(std::size_t row);
   std::size_t widthOf(const RowStatement& rows) const;
   void appendValues();
-  void writeValues(const RowStatement& rows, Value* values) const;
+  void writeValues(const RowStatement& rows, std::size_t width, Value* values) const;
   void startBuffer(std::size_t row, const RowStatement& rows);
 
   Session& session_;

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "host/database/Driver.h"
+#include "host/database/LookedUpRows.h"
 #include "host/database/LruCache.h"
 #include "host/database/Plan.h"
-#include "host/database/RowMemory.h"
 
 namespace autonotify::host {
 
@@ -77,6 +77,8 @@ class Session {
   void remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory) noexcept {
     if (auto former = lookedUp_.put(plan, std::move(memory))) giveBack(std::move(former));
   }
+  /// Where look-ups of the walk find the plan's next rows; null where too many plans are looked up.
+  RowsAhead* rowsAhead(const std::shared_ptr<Plan>& plan) noexcept { return lookedUp_.ahead(plan); }
 
   /// Rises with each write of this connection.
   std::uint64_t version() const { return version_; }

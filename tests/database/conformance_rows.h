@@ -100,6 +100,41 @@ TEST_P(Conformance, LookUpsBesideAWalkFindTheirRowsAgainAndAgain) {
   }
 }
 
+/// Of each id up to 300: none, one or two rows.
+inline std::size_t rowsOf(int id) {
+  return id % 7 == 3 ? 2 : id % 5 == 2 ? 0 : 1;
+}
+
+TEST_P(Conformance, LookUpsBesideAWalkOfIdsThatGoUpFindTheirOwnRows) {
+  const std::string last = "2147483647";
+  for (int id = 1; id <= 300; ++id)
+    for (std::size_t i = 0; i < rowsOf(id); ++i)
+      addNotification(desk,
+                      {{"Field1", std::to_string(id)}, {"ScheduleIDNum", std::to_string(id)}});
+  for (int i = 0; i < 500; ++i) addNotification(desk, {{"ScheduleIDNum", "160"}});
+  addNotification(desk, {{"Field1", last}, {"ScheduleIDNum", last}});
+  dynamic_cast<RecordsetDatabase&>(desk).readSideBySide(true);
+  const auto lookUp = [&](const std::string& id, const char* name) {
+    const std::string sql = "SELECT ScheduleIDNum, Field1 FROM ClientNotification WHERE ";
+    return column(desk, sql + "ScheduleIDNum=" + id + ";", name);
+  };
+  for (const int step : {1, 3, 4, 5, -1}) {
+    open(desk, orderedNotifications);
+    for (int id = step > 0 ? 1 : 300; id >= 1 && id <= 300; id += step) {
+      if (id == 160) continue;
+      const std::string text = std::to_string(id);
+      for (int i = 0; i < (id % 3 == 0 ? 2 : 1); ++i)
+        EXPECT_EQ(lookUp(text, "Field1"), std::vector<Value>(rowsOf(id), text)) << step;
+      EXPECT_EQ(lookUp(text, "ScheduleIDNum"), std::vector<Value>(rowsOf(id), id)) << step;
+      if (id % 50 != 49) continue;
+      addNotification(desk, {{"Field2", "written in between"}});
+      open(desk, orderedNotifications);
+    }
+  }
+  for (int before = 3; before >= 0; --before)
+    EXPECT_EQ(lookUp(std::to_string(2147483647 - before), "Field1").size(), before == 0 ? 1u : 0u);
+}
+
 TEST_P(Conformance, KeysAreNeverUsedTwice) {
   const auto other = connect();
   std::set<Id> keys;

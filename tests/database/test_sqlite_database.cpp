@@ -1,5 +1,7 @@
 #include "host/database/sqlite/SqliteDatabase.h"
 
+#include <sqlite3.h>
+
 #include <functional>
 
 #include "host/database/schema/Schema.h"
@@ -110,6 +112,35 @@ TEST_F(SqliteFileTest, LookUpsBesideAWalkShowItsStateAsLongAsItGoesOn) {
     end();
     EXPECT_EQ(seen(), after);
     desk->readSideBySide(false);
+  }
+}
+
+TEST_F(SqliteFileTest, LookUpsThatGoUpByLittleAreMadeSeveralAtATime) {
+  const auto desk = createSqlite(file);
+  for (int i = 0; i < 200; ++i) addNotification(*desk, {});
+  desk->readSideBySide(true);
+  int statements = 0;
+  const auto count = [](unsigned, void* counter, void*, void*) {
+    ++*static_cast<int*>(counter);
+    return 0;
+  };
+  sqlite3_trace_v2(desk->connection().getHandle(), SQLITE_TRACE_STMT, count, &statements);
+  struct Case {
+    Id step;
+    int least, most;
+  };
+  for (const auto& [step, least, most] : {Case{1, 4, 9}, {4, 4, 9}, {5, 40, 42}, {-1, 200, 202}}) {
+    const RecordsetHandle walk = conformance::open(*desk, conformance::orderedNotifications);
+    statements = 0;
+    for (Id id = step > 0 ? 1 : 200; id >= 1 && id <= 200; id += step)
+      conformance::column(*desk,
+                          "SELECT ClientNotificationID, Field1 FROM ClientNotification WHERE "
+                          "ClientNotificationID=" +
+                              std::to_string(id) + ";",
+                          "Field1");
+    EXPECT_GE(statements, least) << step;
+    EXPECT_LE(statements, most) << step;
+    desk->closeRecordset(walk);
   }
 }
 

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "host/database/RowMemory.h"
+
+namespace autonotify::host {
+
+class Plan;
+
+/// Rows of ids that follow each other, read together because the look-ups before them went up by
+/// little. The longer they do, the more are read.
+class RowsAhead {
+ public:
+  static constexpr Id mostIds = 64;
+
+  /// The id was looked up, and has one row or none.
+  void note(std::int64_t id) { last_ = id; }
+  /// How many ids, from this one on, to read now: none where they are here already, or where the
+  /// next look-up is likely to be of an id far away.
+  Id idsToRead(std::int64_t id) {
+    constexpr Id furthestStep = 4, growth = 4;
+    const bool goesOn = id > last_ && id - last_ <= furthestStep;
+    if (!goesOn) ids_ = 1;
+    if (!goesOn || has(id) || id > std::numeric_limits<Id>::max() - mostIds) return 0;
+    ids_ = std::min(ids_ * growth, mostIds);
+    return ids_;
+  }
+
+  /// Empties it, for rows of `ids` ids with `width` values each.
+  void start(std::int64_t first, Id ids, std::size_t width) {
+    first_ = first;
+    keys_.assign(static_cast<std::size_t>(ids), {});
+    rows_.start(0, width);
+    rows_.add(keys_.size());
+  }
+  /// A row of the id, whose values `fill` writes. Requires: the id is one of those.
+  template <class Fill>
+  void put(Id id, Id key, Fill&& fill) {
+    keys_[placeOf(id)].push_back(key);
+    rows_.put(placeOf(id), fill);
+  }
+
+  /// The id's row, or that there is none, goes to `memory`. False where that is not known, and for
+  /// an id of several rows.
+  bool give(std::int64_t id, RowMemory& memory) const {
+    if (!has(id) || keys_[placeOf(id)].size() > 1) return false;
+    const std::size_t place = placeOf(id);
+    memory.keys = keys_[place];
+    memory.buffer.start(0, rows_.width());
+    if (!rows_.isThere(place)) return true;
+    memory.buffer.append([&](Value* values) {
+      for (std::size_t i = 0; i < rows_.width(); ++i) values[i] = rows_.value(place, i);
+    });
+    return true;
+  }
+
+ private:
+  bool has(std::int64_t id) const { return id >= first_ && placeOf(id) < keys_.size(); }
+  std::size_t placeOf(std::int64_t id) const { return static_cast<std::size_t>(id - first_); }
+
+  std::int64_t last_ = std::numeric_limits<Id>::max();  // that was looked up
+  Id ids_ = 1;                                          // that were read at a time
+  std::int64_t first_ = 0;
+  std::vector<std::vector<Id>> keys_;  // by id
+  RowBuffer rows_;                     // the last of each id
+};
+
+/// Rows that were looked up by an id: of each of a few plans the last, and those ahead of it.
+class LookedUpRows {
+ public:
+  LookedUpRows() { plans_.reserve(most); }
+
+  /// What the plan gave for these parameters; null where it is not known.
+  std::unique_ptr<RowMemory> take(const Plan* plan, const std::vector<Value>& parameters) {
+    for (OfPlan& each : plans_)
+      if (each.plan.get() == plan && each.last && each.last->parameters == parameters)
+        return std::move(each.last);
+    return nullptr;
+  }
+
+  /// Gives the memory that is not needed any more, or null.
+  std::unique_ptr<RowMemory> put(const std::shared_ptr<Plan>& plan,
+                                 std::unique_ptr<RowMemory> memory) noexcept {
+    OfPlan* const kept = of(plan);
+    if (!kept) return memory;
+    if (const auto* id = soughtId(*memory)) kept->ahead.note(*id);
+    return std::exchange(kept->last, std::move(memory));
+  }
+
+  /// Null where rows of enough other plans are kept.
+  RowsAhead* ahead(const std::shared_ptr<Plan>& plan) noexcept {
+    OfPlan* const kept = of(plan);
+    return kept ? &kept->ahead : nullptr;
+  }
+
+  void clear() noexcept { plans_.clear(); }
+
+ private:
+  static constexpr std::size_t most = 8;  // plans
+
+  struct OfPlan {
+    std::shared_ptr<Plan> plan;
+    std::unique_ptr<RowMemory> last;
+    RowsAhead ahead;
+  };
+
+  static const std::int64_t* soughtId(const RowMemory& memory) {
+    return memory.parameters.empty() ? nullptr : memory.parameters.front().getIf<std::int64_t>();
+  }
+  OfPlan* of(const std::shared_ptr<Plan>& plan) noexcept {
+    const auto same = std::ranges::find(plans_, plan, &OfPlan::plan);
+    if (same != plans_.end()) return &*same;
+    if (plans_.size() == most) return nullptr;
+    plans_.push_back({plan, nullptr, {}});
+    return &plans_.back();
+  }
+
+  std::vector<OfPlan> plans_;
+};
+
+}  // namespace autonotify::host
