@@ -340,7 +340,20 @@ TEST_F(DayPageTest, AContactThatIsNoClientHasAHistoryToo) {
   settle();
   window_->findChild<QPushButton*>("cardHistory")->click();
   EXPECT_EQ(read(*window_, "clientTitle"), "Ida Elm");
-  EXPECT_EQ(window_->findChild<QTableView*>("told")->model()->rowCount(), 1);
+  auto& told = *window_->findChild<QTableView*>("told");
+  EXPECT_EQ(told.model()->rowCount(), 1);
+  const auto sent = *host::findNotification(*window_->desk(), row);
+  for (const auto& [key, text] :
+       {std::pair(Qt::Key_A, addressOf(sent)), std::pair(Qt::Key_X, plainTextOf(sent.memo))}) {
+    QApplication::setActiveWindow(&*window_);
+    told.setFocus();
+    QTimer::singleShot(0, [key = key] {
+      if (QWidget* menu = QApplication::activePopupWidget()) QTest::keyClick(menu, key);
+    });
+    QTest::keyClick(&told, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(plain(QGuiApplication::clipboard()->text()), text);
+    EXPECT_NE(text, "");
+  }
 }
 
 TEST_F(DayPageTest, EnterOnAClientShowsItsTasks) {

@@ -17,6 +17,7 @@
 #include "SortHeader.h"
 #include "binding/DateBinding.h"
 #include "day/row_acts.h"
+#include "platform/rich_text.h"
 #include "qt_text.h"
 
 namespace autonotify::desktop {
@@ -96,6 +97,10 @@ QSortFilterProxyModel* sortedRows(QAbstractItemModel& model, QObject* parent) {
   return rows;
 }
 
+void copy(const std::string& text) {
+  if (!text.empty()) QGuiApplication::clipboard()->setText(shown(text));
+}
+
 host::Client clientOf(const host::ClientLine& line) {
   if (line.contact >= 0) return {enumAutoNotifyContact, line.contact};
   return {enumAutoNotifyCompany, line.company};
@@ -139,16 +144,18 @@ void ClientsPage::addNote() {
 }
 
 void ClientsPage::addCommands() {
-  const auto add = [this](const QString& text, auto act) {
-    auto* command = new QAction(text, clientTable_);
-    connect(command, &QAction::triggered, this, act);
-    clientTable_->addAction(command);
-  };
-  add(tr("Show &Tasks"), [this] { showTasks(); });
-  add(tr("Copy &Phone Number"), [this] { copy(&host::ClientLine::phone); });
-  add(tr("Copy &Email Address"), [this] { copy(&host::ClientLine::email); });
-  clientTable_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  addTo(*clientTable_, tr("Show &Tasks"), &ClientsPage::showTasks);
+  addTo(*clientTable_, tr("Copy &Phone Number"), &ClientsPage::copyPhone);
+  addTo(*clientTable_, tr("Copy &Email Address"), &ClientsPage::copyEmail);
+  addTo(*toldTable_, tr("Copy &Address"), &ClientsPage::copyAddress);
+  addTo(*toldTable_, tr("Copy Te&xt"), &ClientsPage::copyText);
   connect(clientTable_, &QTableView::activated, this, &ClientsPage::showTasks);
+}
+
+void ClientsPage::addTo(QTableView& table, const QString& text, void (ClientsPage::*act)()) {
+  auto* command = new QAction(text, &table);
+  connect(command, &QAction::triggered, this, act);
+  table.addAction(command);
 }
 
 void ClientsPage::addCommand(QAction* command) {
@@ -159,9 +166,26 @@ void ClientsPage::showTasks() {
   if (const host::ClientLine* line = chosen()) emit tasksWanted(shown(line->name));
 }
 
-void ClientsPage::copy(std::string host::ClientLine::*text) {
-  const host::ClientLine* line = chosen();
-  if (line && !(line->*text).empty()) QGuiApplication::clipboard()->setText(shown(line->*text));
+void ClientsPage::copyPhone() {
+  if (const host::ClientLine* line = chosen()) copy(line->phone);
+}
+
+void ClientsPage::copyEmail() {
+  if (const host::ClientLine* line = chosen()) copy(line->email);
+}
+
+void ClientsPage::copyAddress() {
+  if (const host::NotificationLine* line = chosenTold()) copy(addressOf(line->row));
+}
+
+void ClientsPage::copyText() {
+  const host::NotificationLine* line = chosenTold();
+  if (!line) return;
+  try {
+    if (const auto row = host::findNotification(*desk_, line->row.id)) copy(plainTextOf(row->memo));
+  } catch (const PlatformError& error) {
+    emit failed(faultOf(error.description()));
+  }
 }
 
 QTableView* ClientsPage::newTable(const char* name, const QString& accessibleName,
@@ -176,6 +200,7 @@ QTableView* ClientsPage::newTable(const char* name, const QString& accessibleNam
   table->setShowGrid(false);
   table->setTabKeyNavigation(false);
   table->setWordWrap(false);
+  table->setContextMenuPolicy(Qt::ActionsContextMenu);
   table->verticalHeader()->hide();
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
   QHeaderView& header = SortHeader::giveTo(*table);
@@ -204,10 +229,10 @@ QWidget* ClientsPage::makeHistory() {
     label->setTextFormat(Qt::PlainText);
     layout->addWidget(label);
   }
-  QTableView* told = newTable("told", tr("Notifications of the client"), *sortedTold_);
+  toldTable_ = newTable("told", tr("Notifications of the client"), *sortedTold_);
   for (const int narrow : {toldDate, toldChannel, toldState, toldSent})
-    told->horizontalHeader()->setSectionResizeMode(narrow, QHeaderView::ResizeToContents);
-  layout->addWidget(told);
+    toldTable_->horizontalHeader()->setSectionResizeMode(narrow, QHeaderView::ResizeToContents);
+  layout->addWidget(toldTable_);
   return page;
 }
 
@@ -267,6 +292,11 @@ void ClientsPage::showClient(const host::Client& client) {
 const host::ClientLine* ClientsPage::chosen() const {
   const QModelIndex index = foundClients_->mapToSource(clientTable_->currentIndex());
   return index.isValid() ? &clients_.at(index.row()) : nullptr;
+}
+
+const host::NotificationLine* ClientsPage::chosenTold() const {
+  const QModelIndex index = sortedTold_->mapToSource(toldTable_->currentIndex());
+  return index.isValid() ? &told_.at(index.row()) : nullptr;
 }
 
 std::optional<host::Client> ClientsPage::chosenClient() const {

@@ -50,14 +50,20 @@ class ClientsPage : public QWidget {
   QWidget* makeHistory();
   /// Told where no client fits the search.
   void addNote();
-  /// What can be done with the chosen client, in the menu of the right mouse button.
+  /// What can be done with the chosen client, and with what it was told, in the menus of the right
+  /// mouse button.
   void addCommands();
+  void addTo(QTableView& table, const QString& text, void (ClientsPage::*act)());
   void showTasks();
-  void copy(std::string host::ClientLine::*text);
+  void copyPhone();
+  void copyEmail();
+  void copyAddress();
+  void copyText();
   void readClients();
   /// Of the chosen client.
   void showHistory();
   const host::ClientLine* chosen() const;
+  const host::NotificationLine* chosenTold() const;
   void showChosen();
   QString nameOf(const host::Client& client) const;
 
@@ -70,6 +76,7 @@ class ClientsPage : public QWidget {
   QSortFilterProxyModel* foundClients_;
   QSortFilterProxyModel* sortedTold_;
   QTableView* clientTable_;
+  QTableView* toldTable_ = nullptr;
   QLabel* title_ = nullptr;
   QLabel* summary_ = nullptr;
 };

@@ -1427,6 +1427,14 @@ Instruction&#xa0;: %2</translation>
         <source>No client fits.</source>
         <translation>Aucun client ne correspond.</translation>
     </message>
+    <message>
+        <source>Copy &amp;Address</source>
+        <translation>Copier l’&amp;adresse</translation>
+    </message>
+    <message>
+        <source>Copy Te&amp;xt</source>
+        <translation>Copier le te&amp;xte</translation>
+    </message>
 </context>
 <context>
     <name>autonotify::desktop::DayFilter</name>
