@@ -73,9 +73,8 @@ MainWindow::MainWindow(host::DeskOptions options, QWidget* parent)
   forms_.setToday([this] { return desk_ ? qtDate(desk_->today()) : QDate::currentDate(); });
   forms_.setHolding([this](const Form& form) { return claimFor(form); });
   forms_.setGuarding([this](Form& form) {
-    return host::guardComposer(form, messages_, [this](const host::ComposerOutlook& outlook) {
-      return plain(dateQuestion(outlook, composerDays()));
-    });
+    return host::guardComposer(form, messages_,
+                               [this](const Form& each) { return plain(dateQuestion(each)); });
   });
   forms_.setFollowing([this](const Form& form) { return notesFor(form); });
   makeActions();

@@ -116,11 +116,11 @@ class MainWindow : public QMainWindow {
   void notifyAutomatically() { notify(host::notifyAutomatically, channelNotes); }
   void writeBlankFax() { write(host::writeBlankFax); }
   void writeBlankLetter() { write(host::writeBlankLetter); }
-  void scheduleYear() { notify(host::chooseYear, clientNotes); }
-  using UseCase = host::Outcome<host::Composed> (*)(host::Desk& desk, Id task);
+  void scheduleYear();
+  using UseCase = std::function<host::Outcome<host::Composed>(host::Desk& desk, Id task)>;
   using Notes = WindowNotes (*)(host::Desk& desk, const host::TaskLine& line);
   /// Has a message to the chosen task's client composed, in windows that bear the notes.
-  void notify(UseCase useCase, Notes notesOf);
+  void notify(const UseCase& useCase, Notes notesOf);
   /// Has a message to the chosen client, or to that of the chosen task, composed.
   void write(host::WriteToClient useCase);
   /// In the windows that bear what setSubject was told.
@@ -163,6 +163,8 @@ class MainWindow : public QMainWindow {
   /// The notes of the windows that come up, and the due date of what they are about.
   void setSubject(WindowNotes notes, DateTime due = {});
   ComposerDays composerDays() const;
+  /// What is odd about the dates of what the window writes, as a question; empty for nothing.
+  QString dateQuestion(const Form& form) const;
   AskNotes notesFor(const Form& form) const;
   /// What keeps other desks off that which the window changes. Its editor of templates may come up
   /// from other windows too.
@@ -201,6 +203,8 @@ class MainWindow : public QMainWindow {
   QtFormHost forms_;
   /// Of what the component's windows are about.
   DateTime due_;
+  /// Null while no window of a year is up.
+  host::AskYear askYear_;
   std::unique_ptr<host::Desk> desk_;
   TaskPage* tasks_;
   DayPage* day_;

@@ -213,7 +213,7 @@ void MainWindow::quit() {
   QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
-void MainWindow::notify(UseCase useCase, Notes notesOf) {
+void MainWindow::notify(const UseCase& useCase, Notes notesOf) {
   const host::TaskLine* line = chosen();
   if (!line) return;
   setSubject(notesOf(*desk_, *line), line->task.dueDate);
@@ -221,6 +221,13 @@ void MainWindow::notify(UseCase useCase, Notes notesOf) {
   compose([&] { return useCase(*desk_, task); });
   showSent(task);
   refresh();
+}
+
+void MainWindow::scheduleYear() {
+  const auto offer = [this](host::AskYear ask) { askYear_ = std::move(ask); };
+  notify([&](host::Desk& desk, Id task) { return host::chooseYear(desk, task, offer); },
+         clientNotes);
+  askYear_ = nullptr;
 }
 
 void MainWindow::write(host::WriteToClient useCase) {
@@ -249,6 +256,15 @@ void MainWindow::setSubject(WindowNotes notes, DateTime due) {
 
 ComposerDays MainWindow::composerDays() const {
   return {desk_->today(), due_};
+}
+
+QString MainWindow::dateQuestion(const Form& form) const {
+  if (const auto outlook = host::readComposerOutlook(form))
+    return desktop::dateQuestion(*outlook, composerDays());
+  if (form.name() != host::yearForm || !askYear_) return {};
+  // What refuses it the pass meets too, and tells.
+  const auto year = askYear_(form);
+  return year ? yearQuestion(*desk_, *year) : QString();
 }
 
 AskNotes MainWindow::notesFor(const Form& form) const {

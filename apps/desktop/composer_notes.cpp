@@ -1,6 +1,8 @@
 #include "composer_notes.h"
 
 #include <QObject>
+#include <QStringList>
+#include <algorithm>
 
 #include "binding/DateBinding.h"
 #include "day/day_formats.h"
@@ -32,6 +34,9 @@ constexpr FinishWords finishWords[] = {
 constexpr const char* toProgram =
     QT_TRANSLATE_NOOP("QObject", "Opens it in your email program, addressed to %1");
 
+/// Of the tasks that a question is about.
+constexpr qsizetype mostNamed = 10;
+
 const char* wordsOf(const host::ComposerOutlook& outlook, const FinishWords& words) {
   if (!outlook.isAtOnce) return words.waiting;
   return outlook.channel == nt_Email && chosenMail().toProgram ? toProgram : words.atOnce;
@@ -61,6 +66,13 @@ QString dateDoubt(const host::ComposerOutlook& outlook, const ComposerDays& days
   return QObject::tr("This is after the due date, %1.").arg(longDate(qtDate(days.due)));
 }
 
+/// What is armed already was past before.
+bool turnsPast(host::Desk& desk, const host::YearTask& task) {
+  return std::ranges::any_of(task.channels, [&](const host::ChannelOutcome& each) {
+    return !each.row && isPast(desk, task, each);
+  });
+}
+
 }  // namespace
 
 WindowNotes composerNotes(const host::ComposerOutlook& outlook, const ComposerDays& days) {
@@ -73,6 +85,19 @@ QString dateQuestion(const host::ComposerOutlook& outlook, const ComposerDays& d
   if (doubt.isEmpty()) return {};
   return QObject::tr("Notification date %1: %2  Do you want to go on?")
       .arg(longDate(qtDate(outlook.date)), doubt);
+}
+
+QString yearQuestion(host::Desk& desk, const std::vector<host::YearTask>& preview) {
+  QStringList past;
+  for (const host::YearTask& task : preview)
+    if (turnsPast(desk, task))
+      past += QObject::tr("%1: to be armed for %2")
+                  .arg(shown(task.task.name), longDate(qtDate(task.date)));
+  if (past.isEmpty()) return {};
+  const QString told = QObject::tr("The dates of %Ln tasks are past: they are due at once.", "",
+                                   static_cast<int>(past.size()));
+  if (past.size() > mostNamed) past = past.mid(0, mostNamed) << QString(QChar(0x2026));
+  return QStringList{told, past.join('\n'), QObject::tr("Do you want to go on?")}.join("\n\n");
 }
 
 }  // namespace autonotify::desktop

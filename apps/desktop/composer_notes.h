@@ -2,6 +2,7 @@
 
 #include "binding/window_notes.h"
 #include "host/desk/work/composer_outlook.h"
+#include "host/desk/work/schedule_year.h"
 
 namespace autonotify::desktop {
 
@@ -16,5 +17,7 @@ struct ComposerDays {
 WindowNotes composerNotes(const host::ComposerOutlook& outlook, const ComposerDays& days);
 /// What is odd about the date, as a question; empty for nothing.
 QString dateQuestion(const host::ComposerOutlook& outlook, const ComposerDays& days);
+/// Which tasks of a year are to be armed for a date that is past, as a question; empty for none.
+QString yearQuestion(host::Desk& desk, const std::vector<host::YearTask>& preview);
 
 }  // namespace autonotify::desktop

@@ -410,13 +410,16 @@ TEST_F(MainWindowTest, AYearIsScheduledInWholeTasksOrNotAtAll) {
     return host::openSqlite(path())->connection().execAndGet(sql).getInt();
   };
   const int tasks = count("Schedule");
+  std::vector<std::string> asked;
   for (const std::string way : {"left", "failed", "stopped", "done"}) {
     const bool isKept = way == "stopped" || way == "done";
     QTimer watch;
     watch.callOnTimeout([&] {
       const auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (question && question->button(QMessageBox::Yes))
+      if (question && question->button(QMessageBox::Yes)) {
+        asked.push_back(plain(question->text()));
         question->button(QMessageBox::Yes)->click();
+      }
       auto* progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
       if (way != "stopped" || !progress || progress->value() < 2) return;
       EXPECT_EQ(count("ClientNotification WHERE Field1='kept@birch'"), 1) << "were it killed now";
@@ -445,6 +448,8 @@ TEST_F(MainWindowTest, AYearIsScheduledInWholeTasksOrNotAtAll) {
               isKept);
     EXPECT_EQ(count("ClientNotification WHERE Field1='kept@birch'"), 1) << way;
   }
+  const int past = count("ClientNotification WHERE NotificationDate<'2026-04-15'");
+  EXPECT_THAT(asked, testing::Contains(HasSubstr("of " + toText(past) + " tasks are past")));
   execute("UPDATE Schedule SET DueDate='soon' WHERE ScheduleID=" + other);
   EXPECT_THAT(run("scheduleYear"), testing::ElementsAre(HasSubstr("DueDate")));
 }

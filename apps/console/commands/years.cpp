@@ -26,12 +26,6 @@ host::YearWish wishOf(host::Desk& desk, const Arguments& arguments) {
   return wish;
 }
 
-/// Whether it is due at once.
-bool isPast(host::Desk& desk, const YearTask& task, const ChannelOutcome& outcome) {
-  if (outcome.row) return host::isOverdue(desk, *outcome.row);
-  return outcome.fate == ChannelFate::armed && task.date < desk.today();
-}
-
 /// "armed for 2026-04-22", "already armed for 2026-04-22", "was sent"
 std::string resultOf(host::Desk& desk, const YearTask& task, const ChannelOutcome& outcome) {
   if (outcome.fate == ChannelFate::nothingAdded) return "nothing was added";

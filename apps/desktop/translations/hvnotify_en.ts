@@ -10,6 +10,13 @@
             <numerusform>%Ln found</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>The dates of %Ln tasks are past: they are due at once.</source>
+        <translation>
+            <numerusform>The date of %Ln task is past: it is due at once.</numerusform>
+            <numerusform>The dates of %Ln tasks are past: they are due at once.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>autonotify::desktop::ClientsPage</name>

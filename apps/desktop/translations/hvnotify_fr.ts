@@ -651,6 +651,21 @@ Dans&#xa0;: %1</translation>
         <source>Nothing found here</source>
         <translation>Rien trouvé ici</translation>
     </message>
+    <message>
+        <source>%1: to be armed for %2</source>
+        <translation>%1&#xa0;: à armer pour le %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The dates of %Ln tasks are past: they are due at once.</source>
+        <translation>
+            <numerusform>La date de %Ln tâche est passée&#xa0;: elle est due tout de suite.</numerusform>
+            <numerusform>Les dates de %Ln tâches sont passées&#xa0;: elles sont dues tout de suite.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Do you want to go on?</source>
+        <translation>Voulez-vous continuer?</translation>
+    </message>
 </context>
 <context>
     <name>Words</name>

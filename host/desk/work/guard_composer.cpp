@@ -121,9 +121,7 @@ class ComposerGuard {
   }
 
   bool mayTakeDate() {
-    const auto outlook = readComposerOutlook(form_);
-    if (!outlook) return true;
-    const std::string question = askOfDate_(*outlook);
+    const std::string question = askOfDate_(form_);
     return question.empty() || isYes(question);
   }
 

@@ -8,9 +8,9 @@
 
 namespace autonotify::host {
 
-/// What is to be asked about the date of a notification, with a "yes" for going on; empty for
-/// nothing.
-using DateQuestion = std::function<std::string(const ComposerOutlook& outlook)>;
+/// What is to be asked about the dates of what the window writes, with a "yes" for going on; empty
+/// for nothing.
+using DateQuestion = std::function<std::string(const Form& form)>;
 
 /// Stands between a person and the buttons of a window in which a notification is written, or those
 /// of a year are addressed, once the window shows it; other windows stay as they are. Finish waits

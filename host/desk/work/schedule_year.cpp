@@ -3,15 +3,18 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 
 #include "contract/ProgressDialog.h"
 #include "host/desk/rows/readable_rows.h"
 #include "host/desk/work/claiming.h"
+#include "host/desk/work/client_card.h"
 #include "host/desk/work/composer_outlook.h"
 #include "host/desk/work/task_families.h"
 #include "host/desk/work/task_list.h"
 #include "host/desk/work/tasks_before.h"
+#include "platform/controls/ComboBox.h"
 #include "platform/controls/Person.h"
 
 namespace autonotify::host {
@@ -29,12 +32,14 @@ constexpr RecipientField recipientFields[] = {
 struct ChannelFlag {
   notifyType channel;
   void (clsFrmSentNotifyBulk::*choose)(bool);
+  bool (clsFrmSentNotifyBulk::*isChosen)();
 };
 constexpr ChannelFlag channelFlags[] = {
-    {nt_Email, &clsFrmSentNotifyBulk::put_scheduleEmail},
-    {nt_Fax, &clsFrmSentNotifyBulk::put_scheduleFax},
-    {nt_Letter, &clsFrmSentNotifyBulk::put_scheduleLetter},
-    {nt_Phone, &clsFrmSentNotifyBulk::put_schedulePhone},
+    {nt_Email, &clsFrmSentNotifyBulk::put_scheduleEmail, &clsFrmSentNotifyBulk::get_scheduleEmail},
+    {nt_Fax, &clsFrmSentNotifyBulk::put_scheduleFax, &clsFrmSentNotifyBulk::get_scheduleFax},
+    {nt_Letter, &clsFrmSentNotifyBulk::put_scheduleLetter,
+     &clsFrmSentNotifyBulk::get_scheduleLetter},
+    {nt_Phone, &clsFrmSentNotifyBulk::put_schedulePhone, &clsFrmSentNotifyBulk::get_schedulePhone},
 };
 
 template <class Chosen>
@@ -141,6 +146,19 @@ void showYear(Desk& desk, clsFrmSentNotifyBulk& bulk, const Task& task) {
   bulk.showForm(skipsFamilies);
 }
 
+YearWish wishIn(const Form& window, clsFrmSentNotifyBulk& bulk, const Client& client) {
+  YearWish wish{client, 0, {}, {}};
+  if (const auto* years = dynamic_cast<const ComboBox*>(window.find("cboYear"))) {
+    const std::string year = years->text();
+    std::from_chars(year.data(), year.data() + year.size(), wish.year);
+  }
+  for (const TaskFamily& family : taskFamilies)
+    if ((bulk.*family.isChosen)()) wish.families.push_back(family.totalNum);
+  for (const ChannelFlag& flag : channelFlags)
+    if ((bulk.*flag.isChosen)()) wish.channels.push_back(flag.channel);
+  return wish;
+}
+
 /// While it lives, `begin` runs whenever the component is about to show how far a work has come.
 class WorkWatch {
  public:
@@ -161,16 +179,25 @@ class WorkWatch {
 
 }  // namespace
 
+bool isPast(Desk& desk, const YearTask& task, const ChannelOutcome& outcome) {
+  if (outcome.row) return isOverdue(desk, *outcome.row);
+  return outcome.fate == ChannelFate::armed && task.date < desk.today();
+}
+
 YearOutcome previewYear(Desk& desk, const YearWish& wish) {
+  if (wish.families.empty()) return std::vector<YearTask>();
   auto tasks = findTasks(desk, wish);
   if (!tasks) return tasks.refused();
   return askComponent(desk, subjectOf(wish.client), [&] {
     const TasksBefore before(desk, *tasks, wish.channels);
     std::vector<YearTask> preview = outcomesOf(desk, wish, *tasks, before);
     for (YearTask& task : preview) {
-      task.date = desk.tools().explainNotificationDate(task.task.id).result;
-      for (ChannelOutcome& channel : task.channels)
-        if (!channel.row) channel.fate = ChannelFate::armed;
+      for (ChannelOutcome& channel : task.channels) {
+        if (channel.row) continue;
+        channel.fate = ChannelFate::armed;
+        if (task.date.isZero())
+          task.date = desk.tools().explainNotificationDate(task.task.id).result;
+      }
     }
     return preview;
   });
@@ -192,7 +219,7 @@ YearOutcome scheduleYear(Desk& desk, const YearWish& wish) {
   return outcomesOf(desk, wish, *std::move(tasks), before);
 }
 
-Outcome<Composed> chooseYear(Desk& desk, Id id) {
+Outcome<Composed> chooseYear(Desk& desk, Id id, const std::function<void(AskYear)>& offer) {
   const auto task = requireTask(desk, id);
   if (!task) return task.refused();
   const auto tasks = tasksBeside(desk, *task);
@@ -210,6 +237,9 @@ Outcome<Composed> chooseYear(Desk& desk, Id id) {
     before.emplace(desk, *tasks, allNotifyTypes);
     before->restoreMarks();
     kept.emplace(desk, *before);
+  });
+  offer([&](const Form& window) {
+    return previewYear(desk, wishIn(window, *bulk, clientOf(desk, *task)));
   });
   auto refused = tellComponent(desk, subject, [&] { showYear(desk, *bulk, *task); });
   if (before && refused) before->takeBack();

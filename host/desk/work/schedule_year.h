@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "host/desk/rows/Task.h"
 #include "host/desk/work/arm_channels.h"
 #include "host/desk/work/client_contacts.h"
 #include "host/desk/work/compose_email.h"
+#include "platform/controls/Form.h"
 
 namespace autonotify::host {
 
@@ -29,6 +31,9 @@ struct YearTask {
 };
 using YearOutcome = Outcome<std::vector<YearTask>>;
 
+/// Whether the channel's notification is past: it is due at once.
+bool isPast(Desk& desk, const YearTask& task, const ChannelOutcome& outcome);
+
 /// What scheduleYear would do: `armed`, without a row, where there is none yet. Changes nothing.
 YearOutcome previewYear(Desk& desk, const YearWish& wish);
 
@@ -38,10 +43,13 @@ YearOutcome previewYear(Desk& desk, const YearWish& wish);
 /// taken back when the component meets errors. Requires a desk without a screen.
 YearOutcome scheduleYear(Desk& desk, const YearWish& wish);
 
+/// Gives what Finish in the component's window would do as the window stands.
+using AskYear = std::function<YearOutcome(const Form& window)>;
+
 /// The same as a person chooses in the component's window for the task's client. Nothing changes
 /// before Finish; the choice is kept when the component has met no errors. Meanwhile no other desk
 /// works on an open task of the client. A person who cancels the work keeps the tasks that are
-/// done.
-Outcome<Composed> chooseYear(Desk& desk, Id task);
+/// done. `offer` is given, before the window comes up, what may be asked until this returns.
+Outcome<Composed> chooseYear(Desk& desk, Id task, const std::function<void(AskYear)>& offer);
 
 }  // namespace autonotify::host
