@@ -86,7 +86,7 @@ void FirmHost::requireNoErrors() const {
 
 Firm::Firm(std::unique_ptr<host::SqliteDatabase> database) : Firm(*database, std::move(database)) {}
 
-Firm::Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase> database)
+Firm::Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase>&& database)
     : FirmHost(std::move(database)), database_(kept) {}
 
 sqlite3* Firm::connection() {

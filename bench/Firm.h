@@ -74,7 +74,7 @@ class Firm : public FirmHost {
   Replay& replay(const std::string& name, const std::function<void(Replay&)>& record);
 
  private:
-  Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase> database);
+  Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase>&& database);
 
   host::SqliteDatabase& database_;
   std::vector<Id> entries_;

@@ -18,6 +18,7 @@ RUNS = [
     ("single_row|merge_.*", 3000),
     ("open_.*", 100),
     ("comments|add_(email|letter)_memory|propagation_memory", 1),
+    ("bulk_year|list_(default|all)", 1),
 ]
 # The benchmark library measures between these.
 BEGIN = ("benchmark::State::StartKeepRunning()", "benchmark::State::ResumeTiming()")

@@ -17,5 +17,7 @@ int main(int argc, char** argv) {
   autonotify::test::QtRenderer renderer;
   autonotify::test::WindowRenderer::inUse() = &renderer;
   testing::InitGoogleMock(&argc, argv);
-  return RUN_ALL_TESTS();
+  const int result = RUN_ALL_TESTS();
+  autonotify::test::WindowRenderer::inUse() = nullptr;
+  return result;
 }
