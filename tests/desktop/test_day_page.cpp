@@ -7,6 +7,7 @@
 #include "day/ElidedLabel.h"
 #include "day/Navigation.h"
 #include "host/desk/work/due_list.h"
+#include "platform/rich_text.h"
 
 namespace autonotify::desktop {
 namespace {
