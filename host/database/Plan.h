@@ -95,9 +95,9 @@ class Plan {
   /// Rows by blockRows keys, which may repeat, in any order, with all columns. Requires:
   /// hasBlocks().
   const RowStatement& blockByKeys();
-  /// The rows of a look-up of all values from the first parameter up to the second, in any order
-  /// and no more than blockRows, which a server gives at once,
-  /// with all columns and behind the key that value. Requires: isLookUp().
+  /// The rows of a look-up of all values from the first parameter up to the second, in any order,
+  /// with all columns and behind the key that value; no more than blockRows, which a server gives
+  /// at once. Requires: isLookUp().
   const RowStatement& rowsAhead();
 
  private:

@@ -136,8 +136,9 @@ void Recordset::requireCurrentRow() {
 
 Value Recordset::value(std::string_view name) {
   const int index = rows_.plan().columnIndex(name);
-  Value result = newRow_ ? newValue(column(index)) : storedValue(index);
-  if (!newRow_) requireModestTemplate(column(index), result);
+  if (newRow_) return newValue(column(index));
+  Value result = storedValue(index);
+  requireModestTemplate(column(index), result);
   return result;
 }
 

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <array>
 
+#include "host/exchange/cell_values.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
 namespace {
 
 constexpr std::size_t longestRecord = std::size_t{1} << 24;
-constexpr std::string_view blanks = " \t\r\n";
 constexpr std::array delimiters{',', ';', '\t'};
 
 bool isBlank(std::string_view text) {

@@ -4,6 +4,7 @@
 
 #include "host/clients/record_rows.h"
 #include "host/exchange/EntryBook.h"
+#include "host/exchange/cell_values.h"
 #include "platform/text.h"
 
 namespace autonotify::host {
@@ -36,14 +37,10 @@ std::string firstOf(const Row& row, const char* first, const char* second) {
 
 std::string foldName(std::string_view name) {
   std::string folded;
-  for (const char c : lowerCase(name)) {
-    const bool isBlank = std::string_view(" \t\r\n").find(c) != std::string_view::npos;
-    if (!isBlank)
-      folded += c;
-    else if (!folded.empty() && folded.back() != ' ')
-      folded += ' ';
+  for (const char c : lowerCase(withoutBlanks(std::string(name)))) {
+    const char kept = blanks.find(c) == blanks.npos ? c : ' ';
+    if (kept != ' ' || folded.back() != ' ') folded += kept;
   }
-  if (folded.ends_with(' ')) folded.pop_back();
   return folded;
 }
 

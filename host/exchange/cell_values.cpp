@@ -120,7 +120,6 @@ Value readCell(const EntryColumn& column, const std::string& cell, DateOrder ord
 }
 
 std::string withoutBlanks(const std::string& text) {
-  constexpr std::string_view blanks = " \t\r\n";
   const std::size_t start = std::min(text.find_first_not_of(blanks), text.size());
   return text.substr(start, text.find_last_not_of(blanks) + 1 - start);
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "host/exchange/EntryKind.h"
 #include "platform/Value.h"
@@ -18,7 +19,9 @@ DateOrder dateOrderOfLocale();
 Value readCell(const EntryColumn& column, const std::string& cell, DateOrder order);
 /// yes or no, in the words that files use. Throws EntryRefused.
 bool readFlag(const std::string& cell);
-/// The text without the blanks and line ends around it.
+/// What may stand around a text: blanks and line ends.
+inline constexpr std::string_view blanks = " \t\r\n";
+/// The text without the blanks around it.
 std::string withoutBlanks(const std::string& text);
 /// The text with blanks for its line ends.
 std::string inOneLine(const std::string& text);
