@@ -89,6 +89,8 @@ Firm::Firm(std::unique_ptr<host::SqliteDatabase> database) : Firm(*database, std
 Firm::Firm(host::SqliteDatabase& kept, std::unique_ptr<host::SqliteDatabase>&& database)
     : FirmHost(std::move(database)), database_(kept) {}
 
+Firm::~Firm() = default;
+
 sqlite3* Firm::connection() {
   return database_.connection().getHandle();
 }

@@ -62,6 +62,7 @@ class FirmHost {
 class Firm : public FirmHost {
  public:
   explicit Firm(std::unique_ptr<host::SqliteDatabase> database);
+  ~Firm();
 
   host::SqliteDatabase& database() { return database_; }
   /// The same connection, for statements beside the logic. No recordset may be open meanwhile.
