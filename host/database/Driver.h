@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -67,6 +68,9 @@ class Driver {
   /// A row with this key, which was not reserved, is about to be added: reserveKey goes on behind
   /// it. Engines that count such rows by themselves need not be told.
   virtual void takeKey(const TableDef&, Id) {}
+  /// While it is the same and not 0, statements read what they read before, but for what this
+  /// driver's own statements have written. 0 where that is not known.
+  virtual std::uint64_t state() { return 0; }
   /// Nothing is read for a while: what is held for statements that follow each other is let go.
   virtual void rest() noexcept {}
 };

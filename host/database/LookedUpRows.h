@@ -72,32 +72,18 @@ class RowsAhead {
   RowBuffer rows_;                     // the last of each id
 };
 
-/// Rows that were looked up by an id: of each of a few plans the last, and those ahead of it.
+/// The rows ahead of the look-ups of a few plans.
 class LookedUpRows {
  public:
   LookedUpRows() { plans_.reserve(most); }
 
-  /// What the plan gave for these parameters; null where it is not known.
-  std::unique_ptr<RowMemory> take(const Plan* plan, const std::vector<Value>& parameters) {
-    for (OfPlan& each : plans_)
-      if (each.plan.get() == plan && each.last && each.last->parameters == parameters)
-        return std::move(each.last);
-    return nullptr;
-  }
-
-  /// Gives the memory that is not needed any more, or null.
-  std::unique_ptr<RowMemory> put(const std::shared_ptr<Plan>& plan,
-                                 std::unique_ptr<RowMemory> memory) noexcept {
-    OfPlan* const kept = of(plan);
-    if (!kept) return memory;
-    if (const auto* id = soughtId(*memory)) kept->ahead.note(*id);
-    return std::exchange(kept->last, std::move(memory));
-  }
-
-  /// Null where rows of enough other plans are kept.
+  /// Null where those of enough other plans are kept.
   RowsAhead* ahead(const std::shared_ptr<Plan>& plan) noexcept {
-    OfPlan* const kept = of(plan);
-    return kept ? &kept->ahead : nullptr;
+    const auto same = std::ranges::find(plans_, plan, &OfPlan::plan);
+    if (same != plans_.end()) return &same->ahead;
+    if (plans_.size() == most) return nullptr;
+    plans_.push_back({plan, {}});
+    return &plans_.back().ahead;
   }
 
   void clear() noexcept { plans_.clear(); }
@@ -107,20 +93,8 @@ class LookedUpRows {
 
   struct OfPlan {
     std::shared_ptr<Plan> plan;
-    std::unique_ptr<RowMemory> last;
     RowsAhead ahead;
   };
-
-  static const std::int64_t* soughtId(const RowMemory& memory) {
-    return memory.parameters.empty() ? nullptr : memory.parameters.front().getIf<std::int64_t>();
-  }
-  OfPlan* of(const std::shared_ptr<Plan>& plan) noexcept {
-    const auto same = std::ranges::find(plans_, plan, &OfPlan::plan);
-    if (same != plans_.end()) return &*same;
-    if (plans_.size() == most) return nullptr;
-    plans_.push_back({plan, nullptr, {}});
-    return &plans_.back();
-  }
 
   std::vector<OfPlan> plans_;
 };

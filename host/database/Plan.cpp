@@ -79,6 +79,7 @@ std::string Plan::rowsSql(const Translation& translation) {
     const TableDef* table = findTable(reference.table);
     keys.push_back(reference.alias + '.' + table->key());
     if (translation.rowsAreTableRows) tables_.push_back(table);
+    if (!translation.hasSubquery) tablesRead_.push_back(table);
   }
   if (keys.empty()) return sql;
   const bool isWhole = keys.size() == 1 && translation.fromEnd == sql.size();

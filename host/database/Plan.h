@@ -63,6 +63,8 @@ class Plan {
   /// The tables of the FROM clause, each with a key; empty when not keyed.
   const std::vector<const TableDef*>& tables() const { return tables_; }
   bool isKeyed() const { return !tables_.empty(); }
+  /// All tables whose rows it depends on; empty when they are not known.
+  const std::vector<const TableDef*>& tablesRead() const { return tablesRead_; }
   /// The row of one table that has a given key.
   bool isOneRow() const { return isOneRow_; }
   /// A few columns of those rows of one table in which a column of integers has a given value.
@@ -115,6 +117,7 @@ class Plan {
 
   Driver& driver_;
   std::vector<const TableDef*> tables_;
+  std::vector<const TableDef*> tablesRead_;
   std::vector<PlanColumn> columns_;
   std::vector<int> kept_;
   CaselessMap<int> byName_;

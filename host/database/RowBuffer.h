@@ -49,6 +49,11 @@ class RowBuffer {
     return values_[(row - first_) * width_ + place];
   }
 
+  template <class Visit>
+  void forEach(Visit&& visit) const {
+    for (const Value& value : values_) visit(value);
+  }
+
   /// For how many values there is memory.
   std::size_t capacity() const { return values_.capacity(); }
 

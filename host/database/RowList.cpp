@@ -17,47 +17,50 @@ RowList::~RowList() {
     rows_->statement->reset();
     session_.end(*this);
   }
-  if (walk_ != 0 && walk_ == session_.walk())
-    session_.remember(plan_, std::move(memory_));
+  if (found_.others != 0)
+    session_.remember(plan_, std::move(memory_), found_);
   else
     session_.giveBack(std::move(memory_));
 }
 
-/// What a look-up beside a walk finds is kept for the next one, where it is a row or none: rows
-/// that follow each other are often about one thing.
+/// What is found is kept for the next time, where it is a row or none.
 void RowList::begin() {
-  const std::uint64_t walk = plan_->isKeyed() ? session_.walk() : 0;
-  if (walk == 0) {
-    has(0);
-    return;
-  }
-  if (!recall() && has(0)) {
+  const ReadState now = plan_->tablesRead().empty() ? ReadState() : session_.readState();
+  if (now.others != 0 && (recall(now) || recallAhead())) return;
+  const bool isWanted = now.others != 0 && session_.isWorthRemembering(*plan_, memory_->parameters);
+  if (has(0) && isWanted && plan_->isKeyed()) {
     startBuffer(0, *rows_);
     appendValues();
   }
-  if (!has(1)) walk_ = walk;
+  if (isWanted && !has(1)) found_ = now;
 }
 
-bool RowList::recall() {
-  if (std::unique_ptr<RowMemory> known = session_.recall(*plan_, memory_->parameters)) {
-    memory_.swap(known);
-    session_.giveBack(std::move(known));
-  } else if (!recallAhead()) {
-    return false;
-  }
-  known_ = memory_->keys.empty() ? 0 : 1;
-  bufferVersion_ = session_.version();
-  complete_ = true;
+bool RowList::recall(ReadState now) {
+  std::unique_ptr<RowMemory> known = session_.recall(*plan_, memory_->parameters, now);
+  if (!known) return false;
+  memory_.swap(known);
+  session_.giveBack(std::move(known));
+  found_ = now;
+  holdAll();
   return true;
 }
 
+/// The rows of the buffer are all there are.
+void RowList::holdAll() {
+  known_ = memory_->buffer.size();
+  bufferVersion_ = session_.version();
+  complete_ = true;
+}
+
 bool RowList::recallAhead() {
-  const auto* const id =
-      plan_->isLookUp() ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
-  RowsAhead* const ahead = id ? session_.rowsAhead(plan_) : nullptr;
-  if (!ahead) return false;
+  RowsAhead* const ahead = session_.rowsAhead(plan_);
+  const auto* const id = ahead ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
+  if (!id) return false;
   if (const Id ids = ahead->idsToRead(*id)) readAhead(*ahead, static_cast<Id>(*id), ids);
-  return ahead->give(*id, *memory_);
+  if (!ahead->give(*id, *memory_)) return false;
+  ahead->note(*id);
+  holdAll();
+  return true;
 }
 
 /// Where other rows than the one that is wanted are many, or something is wrong with them, nothing
@@ -243,6 +246,7 @@ void RowList::readAgain(std::size_t row) try {
   rows.statement->reset();
 } catch (...) {
   memory_->buffer.start(row, 0);
+  found_ = {};
   throw;
 }
 

@@ -30,7 +30,7 @@ class RowList : private LiveRows {
   RowList& operator=(const RowList&) = delete;
 
   const Plan& plan() const { return *plan_; }
-  /// Goes to the first row, or finds it among those that a walk has looked up before.
+  /// Goes to the first row, or remembers it.
   void begin();
   /// Learns the columns without beginning. Throws as Plan::describe.
   void describe() { plan_->describe(); }
@@ -67,8 +67,9 @@ class RowList : private LiveRows {
   static constexpr std::size_t bufferLimit = Plan::blockRows;
 
   void settle(Settle how) override;
-  bool recall();
+  bool recall(ReadState now);
   bool recallAhead();
+  void holdAll();
   void readAhead(RowsAhead& ahead, Id first, Id ids) const;
   void step();
   void start();
@@ -102,7 +103,7 @@ class RowList : private LiveRows {
   bool complete_ = false;
   bool standsOnRow_ = false;
   std::uint64_t bufferVersion_ = 0;
-  std::uint64_t walk_ = 0;  // in which the row was looked up (see Session::walk), or 0
+  ReadState found_;  // in which the row, or none, can be remembered; `others` is 0 where it cannot
 };
 
 }  // namespace autonotify::host

@@ -77,6 +77,31 @@ void Session::begin(LiveRows& rows, const RowStatement& statement) {
   live_.push_back({&rows, &statement});
 }
 
+// An engine that cannot tell what others do still shows a walk one state. Walks are numbered apart.
+ReadState Session::readState() {
+  constexpr std::uint64_t firstWalk = std::uint64_t{1} << 63;
+  const std::uint64_t others = driver_.state();
+  return {others == 0 && isWalking() ? firstWalk + walk_ : others, version_};
+}
+
+std::unique_ptr<RowMemory> Session::recall(const Plan& plan, const std::vector<Value>& parameters,
+                                           ReadState now) {
+  return remembered_.take(plan, parameters, [&](const ReadState& then) {
+    return then.others == now.others &&
+           (then.own == now.own ||
+            std::ranges::all_of(plan.tablesRead(), [&](const TableDef* table) {
+              return versionOf(table) <= then.own;
+            }));
+  });
+}
+
+void Session::remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory,
+                       ReadState state) noexcept {
+  if (RowsAhead* const ahead = rowsAhead(plan))
+    if (const auto* id = memory->parameters.front().getIf<std::int64_t>()) ahead->note(*id);
+  if (auto former = remembered_.put(plan, std::move(memory), state)) giveBack(std::move(former));
+}
+
 std::uint64_t Session::versionOf(const TableDef* table) const {
   const auto found = written_.find(table);
   return found == written_.end() ? 0 : found->second;
@@ -151,6 +176,7 @@ void Session::insertRow(const TableDef& table, std::span<const ColumnDef* const>
 }
 
 void Session::clear() {
+  remembered_.clear();
   lookedUp_.clear();
   recent_.fill({});
   plans_.clear();

@@ -13,6 +13,7 @@
 #include "host/database/LookedUpRows.h"
 #include "host/database/LruCache.h"
 #include "host/database/Plan.h"
+#include "host/database/RememberedRows.h"
 
 namespace autonotify::host {
 
@@ -66,19 +67,24 @@ class Session {
     if (live_.empty()) endWalk();
   }
 
-  /// While it is the same and not 0, all that is read side by side shows one state: a statement has
-  /// been under way all the time, and nothing has been written.
-  std::uint64_t walk() const { return mayStay_ && !live_.empty() ? walk_ : 0; }
-  /// What a look-up of the walk gave for the same parameters; null where it is not known.
-  std::unique_ptr<RowMemory> recall(const Plan& plan, const std::vector<Value>& parameters) {
-    return lookedUp_.take(&plan, parameters);
+  /// What a statement that begins now reads.
+  ReadState readState();
+  /// What the plan gave for the same parameters and would give in this state; null where that is
+  /// not known.
+  std::unique_ptr<RowMemory> recall(const Plan& plan, const std::vector<Value>& parameters,
+                                    ReadState now);
+  /// Whether the plan's rows are likely to be wanted again.
+  bool isWorthRemembering(const Plan& plan, const std::vector<Value>& parameters) noexcept {
+    return isWalking() || remembered_.isAskedAgain(plan, parameters);
   }
-  /// The row that a look-up of the walk gave, or none.
-  void remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory) noexcept {
-    if (auto former = lookedUp_.put(plan, std::move(memory))) giveBack(std::move(former));
+  /// The row that the plan gave in this state, or none.
+  void remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory,
+                ReadState state) noexcept;
+  /// Where look-ups of a walk find the plan's next rows; null outside of one, and where too many
+  /// plans are looked up.
+  RowsAhead* rowsAhead(const std::shared_ptr<Plan>& plan) noexcept {
+    return isWalking() && plan->isLookUp() ? lookedUp_.ahead(plan) : nullptr;
   }
-  /// Where look-ups of the walk find the plan's next rows; null where too many plans are looked up.
-  RowsAhead* rowsAhead(const std::shared_ptr<Plan>& plan) noexcept { return lookedUp_.ahead(plan); }
 
   /// Rises with each write of this connection.
   std::uint64_t version() const { return version_; }
@@ -130,6 +136,9 @@ class Session {
   Prepared prepareInsert(const TableDef& table, std::span<const ColumnDef* const> columns);
   void settleAll(Settle how);
   int write(const TableDef& table, DriverStatement& statement, const std::vector<Value>& values);
+  /// All that is read side by side shows one state: a statement has been under way all the time,
+  /// and nothing has been written.
+  bool isWalking() const { return mayStay_ && !live_.empty(); }
   void endWalk() noexcept {
     ++walk_;
     lookedUp_.clear();
@@ -149,8 +158,9 @@ class Session {
   std::uint64_t version_ = 0;
   std::vector<Live> live_;
   SpareRowMemory memories_;
+  RememberedRows remembered_;
   LookedUpRows lookedUp_;  // since the walk began
-  std::uint64_t walk_ = 1;
+  std::uint64_t walk_ = 0;
   bool isSideBySide_ = false;
   bool mayStay_ = false;  // what is under way, when the next statement begins
 };

@@ -130,6 +130,7 @@ TEST_F(SqliteFileTest, LookUpsThatGoUpByLittleAreMadeSeveralAtATime) {
     int least, most;
   };
   for (const auto& [step, least, most] : {Case{1, 4, 9}, {4, 4, 9}, {5, 40, 42}, {-1, 200, 202}}) {
+    addNotification(*desk, {});  // so that nothing read before is remembered
     const RecordsetHandle walk = conformance::open(*desk, conformance::orderedNotifications);
     statements = 0;
     for (Id id = step > 0 ? 1 : 200; id >= 1 && id <= 200; id += step)
@@ -162,6 +163,72 @@ TEST_F(SqliteFileTest, EachStatementReadsWhatWasWrittenBeforeAndNothingIsHeldBeh
     end();
     EXPECT_EQ(keeper.execAndGet("PRAGMA wal_checkpoint(TRUNCATE)").getInt(), 0);
   }
+}
+
+TEST_F(SqliteFileTest, WhatIsAskedAgainIsReadAgainAsSoonAsAnyoneHasWritten) {
+  const auto desk = createSqlite(file), other = openSqlite(file);
+  const std::string names[] = {"a", "b", "undone"};
+  for (const std::string& name : names)
+    desk->connection().exec("INSERT INTO Schedule(scheduleName) VALUES ('" + name + "')");
+  const Id id = addNotification(*desk, {{"Field1", "a"}, {"ScheduleIDNum", "1"}});
+  const std::string row = " WHERE ClientNotificationID=" + std::to_string(id);
+  const std::pair<std::string, const char*> statements[] = {
+      {"SELECT Field1 FROM ClientNotification" + row + ";", "Field1"},
+      {"SELECT ClientNotification.Field1 FROM (Schedule LEFT JOIN ClientNotification ON "
+       "ScheduleID=ScheduleIDNum) WHERE ScheduleID=1;",
+       "Field1"},
+      {"SELECT scheduleName FROM Schedule WHERE scheduleName=(SELECT Field1 FROM "
+       "ClientNotification" +
+           row + ");",
+       "scheduleName"}};
+  const auto look = [&](const std::string& expected) {
+    for (const auto& [sql, name] : statements)
+      EXPECT_EQ(conformance::column(*desk, sql, name), conformance::values({expected})) << sql;
+  };
+  const auto raw = [&](SQLite::Database& database, const std::string& text) {
+    database.exec("UPDATE ClientNotification SET Field1='" + text + "'" + row);
+  };
+  const auto write = [&](DatabaseReference& database, const std::string& text) {
+    const RecordsetHandle rows = conformance::open(database, conformance::notification(id));
+    conformance::update(database, rows, "Field1", text);
+    database.closeRecordset(rows);
+  };
+  const std::function<void(const std::string&)> writers[] = {
+      [&](const auto& text) { write(*desk, text); }, [&](const auto& text) { write(*other, text); },
+      [&](const auto& text) { raw(desk->connection(), text); },
+      [&](const auto& text) { raw(other->connection(), text); },
+      [&](const auto& text) { desk->writeTogether([&] { write(*desk, text); }); }};
+  int made = 0;
+  const auto count = [](unsigned, void* counter, void*, void*) {
+    return ++*static_cast<int*>(counter), 0;
+  };
+  sqlite3_trace_v2(desk->connection().getHandle(), SQLITE_TRACE_STMT, count, &made);
+  int turn = 0;
+  const auto lookOften = [&] {
+    for (int i = 0; i < 2; ++i) look(names[turn % 2]);
+    made = 0;
+    look(names[turn % 2]);
+    EXPECT_EQ(made, 1) << "but for the statement with another in it, all is remembered";
+  };
+  for (const bool isOpen : {false, true}) {
+    if (isOpen) conformance::open(*desk, conformance::orderedNotifications);
+    for (const auto& writer : writers) {
+      lookOften();
+      writer(names[++turn % 2]);
+      lookOften();
+    }
+  }
+  conformance::add(*desk, "Holidays", "HolidayID", {});
+  made = 0;
+  look(names[turn % 2]);
+  EXPECT_LE(made, 2) << "what this desk writes elsewhere makes nothing forgotten";
+  const auto undone = [&] {
+    write(*desk, "undone");
+    for (int i = 0; i < 3; ++i) look("undone");
+    throw DatabaseError(database_error::constraint, "a row that cannot be written");
+  };
+  errorOf([&] { desk->writeTogether(undone); });
+  lookOften();
 }
 
 TEST_F(SqliteFileTest, ALockedWriteMayBeTriedAgain) {

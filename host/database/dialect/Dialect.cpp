@@ -144,7 +144,9 @@ class Translator {
     if (keyword == Keyword::into || keyword == Keyword::for_)
       refuse("SELECT may not write or lock");
     if (const auto condition = beginsCondition(keyword)) inCondition_[depth_] = *condition;
-    if (keyword == Keyword::select && depth_ > 0 && result_.fromEnd == npos) grouped();
+    const bool isSubquery = keyword == Keyword::select && depth_ > 0;
+    result_.hasSubquery = result_.hasSubquery || isSubquery;
+    if (isSubquery && result_.fromEnd == npos) grouped();
     if (groupsRows(keyword)) grouped();
     if (mayLackRows(keyword)) mixed();
     if (depth_ == 0) markClause(token);

@@ -39,6 +39,8 @@ struct Translation {
   /// True when each row of the result is one row of each table of the FROM clause: no groups, no
   /// unions, no aggregates, inner joins alone, no placeholder before the end of the FROM clause.
   bool rowsAreTableRows = true;
+  /// A SELECT within the SELECT reads rows of other tables too.
+  bool hasSubquery = false;
   /// True when each literal, numbers included, became a parameter as it stands (see splitLiterals):
   /// no number kept its place, and none took a sign.
   bool literalsAreParameters = true;

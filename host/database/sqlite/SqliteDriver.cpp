@@ -115,8 +115,10 @@ class SqliteStatement : public DriverStatement {
     reset();
     snapshot_.release();
     bindAll(parameters);
+    const std::int64_t before = sqlite3_total_changes64(connection_);
     step();
     reset();
+    snapshot_.countOwn(sqlite3_total_changes64(connection_) - before);
     return sqlite3_changes(connection_);
   }
 

@@ -45,6 +45,7 @@ class SqliteDriver : public Driver {
   std::unique_ptr<DriverStatement> prepare(const std::string& sql) override;
   std::unique_ptr<DriverTransaction> beginWriting() override;
   Id reserveKey(const TableDef& table) override;
+  std::uint64_t state() override { return snapshot_.state(); }
   void rest() noexcept override { snapshot_.release(); }
 
  private:

@@ -22,14 +22,21 @@ bool keepsLog(sqlite3* connection) {
   return isLog;
 }
 
+/// Null where the engine does not accept it.
+sqlite3_stmt* prepareToKeep(sqlite3* connection, const char* sql) {
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_prepare_v3(connection, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+  return statement;
+}
+
 }  // namespace
 
-SqliteSnapshot::SqliteSnapshot(sqlite3* connection) : connection_(connection) {
+SqliteSnapshot::SqliteSnapshot(sqlite3* connection)
+    : connection_(connection), isInFile_(*sqlite3_db_filename(connection, "main") != 0) {
   if (!keepsLog(connection)) return;
-  constexpr const char* anyRow = "SELECT rowid FROM sqlite_schema";
-  if (sqlite3_prepare_v3(connection, anyRow, -1, SQLITE_PREPARE_PERSISTENT, &holder_, nullptr) !=
-      SQLITE_OK)
-    return;
+  holder_ = prepareToKeep(connection, "SELECT rowid FROM sqlite_schema");
+  askCommits_ = prepareToKeep(connection, "PRAGMA data_version");
+  if (!holder_ || !askCommits_) return;
   // Only who reads has the index at hand.
   if (sqlite3_step(holder_) == SQLITE_ROW) shared_ = findLogHead(connection);
   sqlite3_reset(holder_);
@@ -37,6 +44,7 @@ SqliteSnapshot::SqliteSnapshot(sqlite3* connection) : connection_(connection) {
 
 SqliteSnapshot::~SqliteSnapshot() {
   sqlite3_finalize(holder_);
+  sqlite3_finalize(askCommits_);
 }
 
 const volatile std::uint32_t* SqliteSnapshot::findLogHead(sqlite3* connection) {
@@ -72,6 +80,33 @@ void SqliteSnapshot::beginReading() noexcept {
 void SqliteSnapshot::release() noexcept {
   if (isHeld_) sqlite3_reset(holder_);
   isHeld_ = isReading_ = false;
+}
+
+std::uint64_t SqliteSnapshot::state() noexcept {
+  // What is written in a transaction may still be undone.
+  const bool isSettled = sqlite3_get_autocommit(connection_) != 0;
+  if (!isSettled || (isInFile_ && !knowsCommits())) return 0;
+  const Changes now{commits_, sqlite3_total_changes64(connection_) - ownChanges_};
+  if (now != changes_) ++state_;
+  changes_ = now;
+  return state_;
+}
+
+/// While the log's head is the same no one has committed. While a statement reads an older state
+/// the engine tells of that one.
+bool SqliteSnapshot::knowsCommits() noexcept {
+  if (!shared_) return false;
+  const LogHead head = logHead();
+  if (head == commitsHead_) return true;
+  const bool isNew =
+      sqlite3_txn_state(connection_, "main") == SQLITE_TXN_NONE || (isHeld_ && seen_ == head);
+  const bool isTold = isNew && sqlite3_step(askCommits_) == SQLITE_ROW;
+  if (isTold) {
+    commits_ = sqlite3_column_int64(askCommits_, 0);
+    commitsHead_ = head;
+  }
+  if (isNew) sqlite3_reset(askCommits_);
+  return isTold;
 }
 
 }  // namespace autonotify::host
