@@ -18,7 +18,8 @@ class RandomWalk {
         &RandomWalk::addRow,     &RandomWalk::addRow,   &RandomWalk::updateRow,
         &RandomWalk::updateRow,  &RandomWalk::remove,   &RandomWalk::keepOpen,
         &RandomWalk::stepKept,   &RandomWalk::stepKept, &RandomWalk::stepKept,
-        &RandomWalk::searchKept, &RandomWalk::compare,  &RandomWalk::readOtherwise};
+        &RandomWalk::searchKept, &RandomWalk::compare,  &RandomWalk::readOtherwise,
+        &RandomWalk::lookUp,     &RandomWalk::lookUp};
     for (int i = 0; i < steps && !testing::Test::HasFailure(); ++i)
       (this->*actions[upTo(static_cast<int>(std::size(actions)) - 1)])();
     compare();
@@ -80,6 +81,15 @@ class RandomWalk {
     database_.deleteRecord(rows);
     database_.closeRecordset(rows);
     model_.erase(id);
+  }
+
+  /// One of a few rows, often asked for again; it may be gone.
+  void lookUp() {
+    const Id id = model_.empty() ? 1 : model_.begin()->first + upTo(3);
+    const RecordsetHandle rows = open(database_, notification(id));
+    ASSERT_EQ(database_.isEndOfRecordset(rows), !model_.count(id));
+    if (model_.count(id)) check(rows, id);
+    database_.closeRecordset(rows);
   }
 
   std::vector<Id> expected(int schedule) const {
