@@ -1,7 +1,5 @@
 #include "contract/procedure.h"
 
-#include "contract/references.h"
-
 namespace autonotify {
 namespace {
 
@@ -26,14 +24,6 @@ bool shallRetryAfter(const PlatformError& error) {
     default:
       return true;
   }
-}
-
-ProcedureFrame::ProcedureFrame(std::string_view tag) : entered_(references().errors) {
-  if (entered_) entered_->enterProcedure(tag);
-}
-
-ProcedureFrame::~ProcedureFrame() {
-  if (entered_) entered_->leaveProcedure();
 }
 
 }  // namespace autonotify

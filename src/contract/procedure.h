@@ -2,8 +2,9 @@
 
 #include <functional>
 #include <string_view>
+#include <type_traits>
 
-#include "contract/errorClass.h"
+#include "contract/references.h"
 
 namespace autonotify {
 
@@ -42,10 +43,22 @@ bool shallRetryAfter(const PlatformError& error);
 #define AUTONOTIFY_OPAQUE __attribute__((noipa))
 #endif
 
-/// Calls `code(arguments...)`, out of the optimizer's sight.
+/// How code is handed over: what fits into registers is copied.
+template <class Given, class Code = std::decay_t<Given>>
+using Passed =
+    std::conditional_t<std::is_trivially_copyable_v<Code> && sizeof(Code) <= 2 * sizeof(void*),
+                       Code, std::remove_reference_t<Given>&>;
+
+/// Gives `code(arguments...)`, out of the optimizer's sight.
 template <class Code, class... Arguments>
-AUTONOTIFY_OPAQUE void runOpaquely(Code& code, Arguments&... arguments) {
-  code(arguments...);
+AUTONOTIFY_OPAQUE decltype(auto) runOpaquely(Code code, Arguments&... arguments) {
+  return std::invoke(code, arguments...);
+}
+
+/// The same; what it gives goes to `target`.
+template <class Code, class Target, class... Arguments>
+AUTONOTIFY_OPAQUE void assignOpaquely(Code code, Target& target, Arguments&... arguments) {
+  target = std::invoke(code, arguments...);
 }
 
 /// The statements of one procedure. Exists only inside a frame.
@@ -57,13 +70,21 @@ class Step {
   /// Runs a statement without a target.
   template <class Statement, class... Arguments>
   void run(Statement&& statement, Arguments&&... arguments) {
-    attempt([&] { std::invoke(statement, arguments...); });
+    attempt([&] { runOpaquely<Passed<Statement>>(statement, arguments...); });
   }
 
   /// Stores the statement's value in `target`; when skipped, `target` keeps its old value.
   template <class Target, class Statement, class... Arguments>
   void assign(Target& target, Statement&& statement, Arguments&&... arguments) {
-    attempt([&] { target = std::invoke(statement, arguments...); });
+    using Given = std::invoke_result_t<Statement&, Arguments&...>;
+    attempt([&] {
+      // A scalar comes back in a register, so that its target may lie in one too.
+      if constexpr (std::is_scalar_v<Target> && std::is_scalar_v<Given>) {
+        target = runOpaquely<Passed<Statement>>(statement, arguments...);
+      } else {
+        assignOpaquely<Passed<Statement>>(statement, target, arguments...);
+      }
+    });
   }
 
   /// The statement's value, or `old` when it is skipped.
@@ -84,7 +105,7 @@ class Step {
   void attempt(Attempt&& statement) {
     for (;;) {
       try {
-        runOpaquely(statement);
+        statement();
         return;
       } catch (const PlatformError& error) {
         if (!shallRetryAfter(error)) return;
@@ -96,8 +117,12 @@ class Step {
 /// Enters the procedure on the host's stack when made and leaves it when destroyed, each once.
 class ProcedureFrame {
  public:
-  explicit ProcedureFrame(std::string_view tag);
-  ~ProcedureFrame();
+  explicit ProcedureFrame(std::string_view tag) : entered_(references().errors) {
+    if (entered_) entered_->enterProcedure(tag);
+  }
+  ~ProcedureFrame() {
+    if (entered_) entered_->leaveProcedure();
+  }
   ProcedureFrame(const ProcedureFrame&) = delete;
   ProcedureFrame& operator=(const ProcedureFrame&) = delete;
 
@@ -115,7 +140,7 @@ Result procedure(std::string_view tag, Result result, Body&& body) {
   const ProcedureFrame frame(tag);
   Step step;
   try {
-    runOpaquely(body, step, result);
+    runOpaquely<Passed<Body>>(body, step, result);
   } catch (const LeaveProcedure&) {
   }
   return result;
@@ -127,7 +152,7 @@ void procedure(std::string_view tag, Body&& body) {
   const ProcedureFrame frame(tag);
   Step step;
   try {
-    runOpaquely(body, step);
+    runOpaquely<Passed<Body>>(body, step);
   } catch (const LeaveProcedure&) {
   }
 }

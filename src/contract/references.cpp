@@ -5,59 +5,18 @@
 #include "platform/text.h"
 
 namespace autonotify {
-namespace {
+namespace detail {
 
-/// Ready before the program begins: it is asked for at every host call.
 constinit References heldReferences;
 
-template <class Pointer>
-auto& require(Pointer& reference, const char* name) {
-  if (!reference) throw PlatformError(error_number::objectNotSet, "Object variable not set", name);
-  return *reference;
+void failNotSet(const char* name) {
+  throw PlatformError(error_number::objectNotSet, "Object variable not set", name);
 }
 
-}  // namespace
+}  // namespace detail
 
-References& references() {
-  return heldReferences;
-}
-
-DatabaseReference& database() {
-  return require(references().databaseReference, "DatabaseReference");
-}
-MsgboxClass& messageBox() {
-  return require(references().msgboxClass, "MsgboxClass");
-}
-WorkingFolderReference& workingFolder() {
-  return require(references().workingFolderReference, "WorkingFolderReference");
-}
-LocaleReference& locale() {
-  return require(references().localeReference, "LocaleReference");
-}
-clientDropDownCtrlReference& clients() {
-  return require(references().clientDropDown, "clientDropDownCtrlReference");
-}
-GeneralUtilities& generalUtilities() {
-  return require(references().generalUtilities, "GeneralUtilities");
-}
-ValidationUtilities& validation() {
-  return require(references().validationUtilities, "ValidationUtilities");
-}
-FileUtility& fileUtility() {
-  return require(references().fileUtility, "FileUtility");
-}
-HostClassRegistry& classRegistry() {
-  return require(references().platform.classRegistry, "HostClassRegistry");
-}
-Clock& platformClock() {
-  return require(references().platform.clock, "Clock");
-}
-FormHost& formHost() {
-  return require(references().platform.formHost, "FormHost");
-}
 InterfaceStyler& styler() {
-  InterfaceStyler* found = locale().getInterfaceStyler();
-  return require(found, "InterfaceStyler");
+  return detail::require(locale().getInterfaceStyler(), "InterfaceStyler");
 }
 
 Form* findForm(const std::string& name) {

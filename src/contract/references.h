@@ -34,21 +34,60 @@ struct References {
   std::unique_ptr<FileUtility> fileUtility;
 };
 
-References& references();
+namespace detail {
+
+/// Ready before the program begins: it is asked for at every host call.
+extern constinit References heldReferences;
+
+[[noreturn]] void failNotSet(const char* name);
+
+template <class Pointer>
+auto& require(const Pointer& reference, const char* name) {
+  if (!reference) failNotSet(name);
+  return *reference;
+}
+
+}  // namespace detail
+
+inline References& references() {
+  return detail::heldReferences;
+}
 
 // The objects behind the references. Each throws PlatformError (91) when the reference is not set,
 // so that a missing one is settled by the caller's procedure frame like any other failure.
-DatabaseReference& database();
-MsgboxClass& messageBox();
-WorkingFolderReference& workingFolder();
-LocaleReference& locale();
-clientDropDownCtrlReference& clients();
-GeneralUtilities& generalUtilities();
-ValidationUtilities& validation();
-FileUtility& fileUtility();
-HostClassRegistry& classRegistry();
-Clock& platformClock();
-FormHost& formHost();
+inline DatabaseReference& database() {
+  return detail::require(references().databaseReference, "DatabaseReference");
+}
+inline MsgboxClass& messageBox() {
+  return detail::require(references().msgboxClass, "MsgboxClass");
+}
+inline WorkingFolderReference& workingFolder() {
+  return detail::require(references().workingFolderReference, "WorkingFolderReference");
+}
+inline LocaleReference& locale() {
+  return detail::require(references().localeReference, "LocaleReference");
+}
+inline clientDropDownCtrlReference& clients() {
+  return detail::require(references().clientDropDown, "clientDropDownCtrlReference");
+}
+inline GeneralUtilities& generalUtilities() {
+  return detail::require(references().generalUtilities, "GeneralUtilities");
+}
+inline ValidationUtilities& validation() {
+  return detail::require(references().validationUtilities, "ValidationUtilities");
+}
+inline FileUtility& fileUtility() {
+  return detail::require(references().fileUtility, "FileUtility");
+}
+inline HostClassRegistry& classRegistry() {
+  return detail::require(references().platform.classRegistry, "HostClassRegistry");
+}
+inline Clock& platformClock() {
+  return detail::require(references().platform.clock, "Clock");
+}
+inline FormHost& formHost() {
+  return detail::require(references().platform.formHost, "FormHost");
+}
 /// The host's look and keyboard habits, as its locale gives them.
 InterfaceStyler& styler();
 
