@@ -1,5 +1,8 @@
 #include "contract/recordsets.h"
 
+#include <charconv>
+#include <iterator>
+
 namespace autonotify {
 
 RecordsetHandle openRecordset(const std::string& sql, Access access) {
@@ -16,10 +19,11 @@ bool findRecord(RecordsetHandle handle, const char* column, const std::string& v
 }
 
 std::string statementFor(std::string_view statement, Id id) {
-  const std::string number = std::to_string(id);
+  char number[16];
+  char* const end = std::to_chars(std::begin(number), std::end(number), id).ptr;
   std::string whole;
-  whole.reserve(statement.size() + number.size() + 1);
-  whole.append(statement).append(number).append(1, ';');
+  whole.reserve(statement.size() + sizeof number);
+  whole.append(statement).append(number, end).append(1, ';');
   return whole;
 }
 

@@ -2,23 +2,23 @@
 
 namespace autonotify {
 
-Value Row::value(const char* column) const {
+Value Row::value(std::string_view column) const {
   Value held;
   step_->assign(held, [&] { return database().getFieldValue(handle_, column); });
   return held;
 }
 
-std::string Row::text(const char* column) const {
+std::string Row::text(std::string_view column) const {
   const Value held = value(column);
   const auto asText = [&] { return toText(generalUtilities().textOrDefault(held, false)); };
   return step_->value(std::string{}, asText);
 }
 
-Id Row::id(const char* column, Id fallback) const {
+Id Row::id(std::string_view column, Id fallback) const {
   return idOf(*step_, value(column), fallback);
 }
 
-bool Row::flag(const char* column) const {
+bool Row::flag(std::string_view column) const {
   const Value held = value(column);
   return !isEmpty(*step_, held) && step_->holds(toFlag, held);
 }

@@ -42,16 +42,16 @@ class Row {
   RecordsetHandle handle() const { return handle_; }
 
   /// Null when the statement is skipped.
-  Value value(const char* column) const;
+  Value value(std::string_view column) const;
   /// Empty for NULL.
-  std::string text(const char* column) const;
+  std::string text(std::string_view column) const;
   /// `fallback` when the column is empty or a statement is skipped.
-  Id id(const char* column, Id fallback = noId) const;
+  Id id(std::string_view column, Id fallback = noId) const;
   /// False when the column is empty or a statement is skipped.
-  bool flag(const char* column) const;
+  bool flag(std::string_view column) const;
   /// Reads, converts and stores as one statement; skipped, `target` keeps its old value.
   template <class Target, class Convert>
-  void read(Target& target, const char* column, Convert&& convert) const {
+  void read(Target& target, std::string_view column, Convert&& convert) const {
     step_->assign(target, [&] { return convert(database().getFieldValue(handle_, column)); });
   }
 

@@ -31,19 +31,19 @@ int clsAutoNotifyFlexGrid::populateRowInformation(const Row& record, int rowNum,
 
 void clsAutoNotifyFlexGrid::populateAllCells(const Row& record, int rowNum, RowClient& client) {
   Step& step = record.step();
-  step.run(&GridColumnList::moveFirst, mvarFlexGridColumns_);
-  while (!step.value(true, &GridColumnList::isAtEnd, mvarFlexGridColumns_)) {
+  step.run([this] { mvarFlexGridColumns_->moveFirst(); });
+  while (!step.value(true, [this] { return mvarFlexGridColumns_->isAtEnd(); })) {
     populateCellInformation(record, rowNum, client);
-    step.run(&GridColumnList::moveNext, mvarFlexGridColumns_);
+    step.run([this] { mvarFlexGridColumns_->moveNext(); });
   }
 }
 
 void clsAutoNotifyFlexGrid::populateCellInformation(const Row& record, int rowNum,
                                                     RowClient& client) {
   procedure(tag<"populateCellInformation">, [&](Step& step) {
-    const auto item = [&](int number) { return mvarFlexGridColumns_->getItem(number); };
-    const bool isVisible = step.holds([&] { return toFlag(item(column_item::visible)); });
-    const Id column = step.value(noId, [&] { return toInteger(item(column_item::id)); });
+    const auto item = [this](int number) { return mvarFlexGridColumns_->getItem(number); };
+    const bool isVisible = step.holds([item] { return toFlag(item(column_item::visible)); });
+    const Id column = step.value(noId, [item] { return toInteger(item(column_item::id)); });
     const Row shown(step, record.handle());
     fillCell({shown, client, *flexGrid_, rowNum}, column, isVisible);
   });

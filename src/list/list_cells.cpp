@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <string_view>
 
 #include "contract/enumerations.h"
 #include "platform/controls/Grid.h"
@@ -17,17 +18,17 @@ struct Cell {
   const ListRow& row;
   Id column;
   /// The column of the notification; of a button, its text.
-  const char* source;
+  std::string_view source;
   /// An item of the client list (info_item), or a type of client.
   std::int16_t code;
 
   const Row& record() const { return row.record; }
   Step& step() const { return row.record.step(); }
   void putText(const CellValue& value) const {
-    step().run(&Grid::put_CellText, row.grid, row.number, column, value);
+    step().run([&] { row.grid.put_CellText(row.number, column, value); });
   }
   void putSortValue(const CellValue& value) const {
-    step().run(&Grid::put_CellSortValue, row.grid, row.number, column, value);
+    step().run([&] { row.grid.put_CellSortValue(row.number, column, value); });
   }
   void put(const CellValue& value) const {
     putText(value);
@@ -90,7 +91,7 @@ void fillClientName(const Cell& cell) {
 
 /// What a notification may be about, and the word before its name.
 struct NamedItem {
-  const char* column;
+  std::string_view column;
   const char* word;
   std::string (*nameOf)(Id id);
 };
@@ -169,7 +170,7 @@ using enum When;
 struct CellFiller {
   When when;
   void (*fill)(const Cell& cell);
-  const char* source = nullptr;
+  std::string_view source = {};
   std::int16_t code = 0;
 };
 
@@ -183,7 +184,7 @@ constexpr std::array<CellFiller, list_column::count> cellFillers{{
     {always, fillKey, "ApptIDNum"},
     {always, fillKey, "DocketIDNum"},
     {always, fillKey, "OperatingProcedureIDNum"},
-    {ifVisible, fillInfo, nullptr, info_item::clientId},
+    {ifVisible, fillInfo, {}, info_item::clientId},
     {ifVisible, fillClientName},
     {ifVisible, fillItemName},
     {always, fillChannel, "NotificationType"},
@@ -191,19 +192,19 @@ constexpr std::array<CellFiller, list_column::count> cellFillers{{
     {ifVisible, fillDate, "DateCreated"},
     {ifVisible, fillUser, "CreatedByUserIDNum"},
     {ifVisible, fillAssigned},
-    {ifVisible, fillInfo, nullptr, info_item::managingAccountant},
-    {ifVisible, fillInfo, nullptr, info_item::supervisingPartner},
+    {ifVisible, fillInfo, {}, info_item::managingAccountant},
+    {ifVisible, fillInfo, {}, info_item::supervisingPartner},
     {always, fillTick, "NotificationSent"},
     {ifVisible, fillStatus, "NotificationSentStatus"},
     {ifVisible, fillDate, "SentTime"},
     {ifVisible, fillUser, "SentByUserIDNum"},
-    {ifVisible, fillInfo, nullptr, info_item::phone},
-    {ifVisible, fillInfo, nullptr, info_item::fax},
-    {ifVisible, fillInfo, nullptr, info_item::email},
-    {ifVisible, fillInfo, nullptr, info_item::defaultContactName},
-    {ifVisible, fillInfo, nullptr, info_item::defaultContactPhone},
-    {ifVisible, fillInfo, nullptr, info_item::fax},
-    {ifVisible, fillInfo, nullptr, info_item::defaultContactEmail},
+    {ifVisible, fillInfo, {}, info_item::phone},
+    {ifVisible, fillInfo, {}, info_item::fax},
+    {ifVisible, fillInfo, {}, info_item::email},
+    {ifVisible, fillInfo, {}, info_item::defaultContactName},
+    {ifVisible, fillInfo, {}, info_item::defaultContactPhone},
+    {ifVisible, fillInfo, {}, info_item::fax},
+    {ifVisible, fillInfo, {}, info_item::defaultContactEmail},
     {always, fillButton, "Send Now"},
     {always, fillButton, "Cancel Send"},
     {always, fillButton, "View Info"},
