@@ -57,15 +57,6 @@ bool isOrderedByTables(const Translation& translation) {
   return true;
 }
 
-/// A few letters tell the columns of one statement apart.
-std::size_t placeOfName(std::string_view name) {
-  if (name.empty()) return 0;
-  const auto letter = [&](std::size_t at) { return static_cast<unsigned char>(name[at]); };
-  const std::size_t size = name.size();
-  return size + 5u * letter(0) + 7u * letter(size / 2) + 13u * letter(size * 3 / 4) +
-         11u * letter(size - 1);
-}
-
 }  // namespace
 
 Plan::Plan(Driver& driver, const Translation& translation) : driver_(driver) {
@@ -158,16 +149,15 @@ void Plan::nameColumns() {
                           static_cast<int>(i));
 }
 
-int Plan::columnIndex(std::string_view name) const {
-  AskedName& asked = askedNames_[placeOfName(name) % askedNames_.size()];
-  if (!name.empty() && asked.name == name) return asked.index;
+int Plan::findColumnIndex(std::string_view name) const {
   const auto found = byName_.find(name);
   if (found == byName_.end())
     throw DatabaseError(database_error::unknownColumn,
                         "The recordset has no column named " + std::string(name));
-  asked.index = found->second;
+  AskedName& asked = askedName(name);
   asked.name = name;
-  return asked.index;
+  asked.index = found->second;
+  return found->second;
 }
 
 void Plan::askAnother(int column) {

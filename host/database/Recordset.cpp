@@ -7,22 +7,6 @@
 #include "host/words/Words.h"
 
 namespace autonotify::host {
-namespace {
-
-/// A larger template is a mistake, and would keep its desk busy for minutes.
-constexpr std::size_t largestTemplate = 16u << 20;
-
-void requireModestTemplate(const PlanColumn& column, const Value& value) {
-  static const ColumnDef* const templates = findColumn("ScheduleTypes", "NotificationComment");
-  if (column.origin != templates) return;
-  const std::string* text = value.getIf<std::string>();
-  if (text && text->size() > largestTemplate)
-    throw DatabaseError(
-        database_error::invalidText,
-        Words::tr("The template in ScheduleTypes.NotificationComment is larger than 16 MiB"));
-}
-
-}  // namespace
 
 Recordset::Recordset(Session& session, const std::string& sql, CursorMode cursor, LockMode lock)
     : session_(session), rows_(session, sql), lock_(lock) {
@@ -134,17 +118,15 @@ void Recordset::requireCurrentRow() {
     throw DatabaseError(database_error::noCurrentRow, "The recordset stands on no row");
 }
 
-Value Recordset::value(std::string_view name) {
-  const int index = rows_.plan().columnIndex(name);
-  if (newRow_) return newValue(column(index));
-  Value result = storedValue(index);
-  requireModestTemplate(column(index), result);
-  return result;
+void Recordset::requireNoTemplate(int index) const {
+  static const ColumnDef* const templates = findColumn("ScheduleTypes", "NotificationComment");
+  if (column(index).origin == templates)
+    throw DatabaseError(
+        database_error::invalidText,
+        Words::tr("The template in ScheduleTypes.NotificationComment is larger than 16 MiB"));
 }
 
-/// Most often the statement is on the row.
-Value Recordset::storedValue(int index) {
-  if (rows_.isAtHand(position_, index)) return rows_.valueAtHand(index);
+Value Recordset::passedValue(int index) {
   requireCurrentRow();
   std::optional<Value> value = rows_.value(position_, index);
   if (!value)

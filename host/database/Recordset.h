@@ -65,6 +65,11 @@ class Recordset : public RecordsetObject {
     std::vector<std::optional<Value>> values;
   };
 
+  /// A larger template is a mistake, and would keep its desk busy for minutes.
+  static constexpr std::size_t largestTemplate = 16u << 20;
+
+  /// Of a column with a text that is larger.
+  void requireNoTemplate(int index) const;
   void requireUpdatable() const;
   const PlanColumn& column(int index) const;
   /// A column that can be written: of one row of a table, and not its key unless `keyToo`.
@@ -73,6 +78,8 @@ class Recordset : public RecordsetObject {
   NewRow& newRow();
   Value newValue(const PlanColumn& column) const;
   Value storedValue(int index);
+  /// Of the current row, which the statement has passed or does not give in full.
+  Value passedValue(int index);
   static std::size_t placeInTable(const PlanColumn& column);
   bool isDeleted(std::size_t row) const { return deleted_.count(row) > 0; }
   bool findFrom(std::size_t row);
@@ -87,5 +94,19 @@ class Recordset : public RecordsetObject {
   int soughtColumn_ = -1;  // of the last find, or -1
   std::string soughtText_;
 };
+
+inline Value Recordset::value(std::string_view name) {
+  const int index = rows_.plan().columnIndex(name);
+  if (newRow_) return newValue(column(index));
+  return storedValue(index);
+}
+
+/// Most often the statement is on the row.
+inline Value Recordset::storedValue(int index) {
+  Value result = rows_.isAtHand(position_, index) ? rows_.valueAtHand(index) : passedValue(index);
+  const auto* text = result.getIf<std::string>();
+  if (text && text->size() > largestTemplate) requireNoTemplate(index);
+  return result;
+}
 
 }  // namespace autonotify::host
