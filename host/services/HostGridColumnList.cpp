@@ -31,8 +31,7 @@ void HostGridColumnList::clearEntries() {
   keys_.clear();
   items_.clear();
   width_ = 0;
-  current_ = 0;
-  isPositioned_ = false;
+  current_ = noEntry;
   hasRunningKeys_ = true;
 }
 
@@ -53,16 +52,15 @@ int HostGridColumnList::getEntryCount() {
 
 bool HostGridColumnList::moveFirst() {
   current_ = 0;
-  isPositioned_ = true;
   return !keys_.empty();
 }
 
 void HostGridColumnList::moveNext() {
-  if (!isAtEnd()) ++current_;
+  if (current_ < keys_.size()) ++current_;
 }
 
 bool HostGridColumnList::isAtEnd() {
-  return !isPositioned_ || current_ >= keys_.size();
+  return current_ >= keys_.size();
 }
 
 bool HostGridColumnList::selectEntry(const Value& key) {
@@ -75,7 +73,6 @@ bool HostGridColumnList::selectEntry(const Value& key) {
   }
   if (position >= keys_.size()) return false;
   current_ = position;
-  isPositioned_ = true;
   return true;
 }
 
@@ -85,7 +82,6 @@ int HostGridColumnList::findEntry(int item, const Value& value) {
     const std::span<Value> items = itemsOf(entry);
     if (column < items.size() ? items[column] == value : value.isNull()) {
       current_ = entry;
-      isPositioned_ = true;
       return static_cast<int>(entry);
     }
   }
@@ -94,8 +90,8 @@ int HostGridColumnList::findEntry(int item, const Value& value) {
 
 Value HostGridColumnList::getItem(int item) {
   const std::size_t column = columnOf(item);
-  const std::span<Value> items = itemsOf(currentEntry());
-  return column < items.size() ? items[column] : Value();
+  const std::size_t place = currentEntry() * width_ + column;
+  return column < width_ ? items_[place] : Value();
 }
 
 void HostGridColumnList::setItem(int item, const Value& value) {
@@ -127,7 +123,7 @@ bool HostGridColumnList::fromText(const std::string& text) {
 }
 
 std::size_t HostGridColumnList::currentEntry() const {
-  if (!isPositioned_ || current_ >= keys_.size()) failOutOfRange();
+  if (current_ >= keys_.size()) failOutOfRange();
   return current_;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <vector>
 
 #include "contract/GridColumnList.h"
@@ -38,6 +40,9 @@ class HostGridColumnList : public GridColumnList {
   bool fromText(const std::string& text) override;
 
  private:
+  /// Behind all that there may be.
+  static constexpr std::size_t noEntry = std::numeric_limits<std::size_t>::max();
+
   std::size_t currentEntry() const;
   std::span<Value> itemsOf(std::size_t entry);
   void widen(std::size_t width);
@@ -46,8 +51,7 @@ class HostGridColumnList : public GridColumnList {
   /// Item i of entry e stands at e * width_ + i - 1.
   std::vector<Value> items_;
   std::size_t width_ = 0;
-  std::size_t current_ = 0;
-  bool isPositioned_ = false;
+  std::size_t current_ = noEntry;
   bool hasRunningKeys_ = true;
 };
 
