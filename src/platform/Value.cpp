@@ -110,6 +110,17 @@ std::string textOf(double number) {
 
 }  // namespace
 
+void Value::copyText(const Value& other) {
+  beText(other.text_);
+}
+
+void Value::moveText(Value& other) noexcept {
+  if (this == &other) return;
+  if (isText_) text_.~basic_string();
+  isText_ = false;
+  take(other);
+}
+
 std::uint8_t toByte(const Value& value) {
   return integerOf<std::uint8_t>(value);
 }
@@ -133,8 +144,7 @@ double toDouble(const Value& value) {
   });
 }
 
-bool toFlag(const Value& value) {
-  if (const auto* flag = value.getIf<bool>()) return *flag;
+bool otherToFlag(const Value& value) {
   if (const auto* text = value.getIf<std::string>()) {
     if (equalIgnoreCase(trim(*text), "True")) return true;
     if (equalIgnoreCase(trim(*text), "False")) return false;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <new>
+#include <memory>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -23,12 +23,12 @@ struct Null {
 /// date-time or text (UTF-8).
 class Value {
  public:
-  Value() {}
+  Value() : flat_() {}
   Value(const Value& other) {
     if (other.isText_) {
-      beText(other.text_);
+      copyText(other);
     } else {
-      flat_ = other.flat_;
+      std::construct_at(&flat_, other.flat_);
     }
   }
   Value(Value&& other) noexcept { take(other); }
@@ -38,15 +38,17 @@ class Value {
     return *this;
   }
   Value& operator=(Value&& other) noexcept {
-    if (this == &other) return *this;
-    beNull();
-    take(other);
+    if (isText_ || other.isText_) {
+      moveText(other);
+    } else {
+      flat_ = other.flat_;
+    }
     return *this;
   }
   ~Value() {
     if (isText_) text_.~basic_string();
   }
-  Value(Null) {}
+  Value(Null) : flat_() {}
   Value(bool flag) : flat_(flag) {}
   Value(std::int16_t number) : flat_(std::int64_t{number}) {}
   Value(std::int32_t number) : flat_(std::int64_t{number}) {}
@@ -89,29 +91,28 @@ class Value {
   using Flat = std::variant<Null, bool, std::int64_t, double, DateTime>;
   static_assert(std::is_trivially_copyable_v<Flat>);
 
-  void beNull() noexcept {
-    if (isText_) text_.~basic_string();
-    isText_ = false;
-    flat_ = Null{};
-  }
-  /// Requires: it is null.
+  // Where a text takes part.
+  void copyText(const Value& other);
+  void moveText(Value& other) noexcept;
+
+  // Both require: it holds nothing yet.
   template <class String>
   void beText(String&& text) {
-    new (&text_) std::string(std::forward<String>(text));
+    std::construct_at(&text_, std::forward<String>(text));
     isText_ = true;
   }
-  /// Leaves a text that holds anything. Requires: it is null.
+  /// Leaves a text that holds anything.
   void take(Value& other) noexcept {
     if (other.isText_) {
       beText(std::move(other.text_));
     } else {
-      flat_ = other.flat_;
+      std::construct_at(&flat_, other.flat_);
     }
   }
 
   /// All but texts is copied as it lies.
   union {
-    Flat flat_{};
+    Flat flat_;
     std::string text_;
   };
   bool isText_ = false;
@@ -130,7 +131,11 @@ std::int32_t toInteger(const Value& value);
 double toDouble(const Value& value);
 
 /// A number is true unless zero; the texts "True" and "False" are read in any case.
-bool toFlag(const Value& value);
+bool otherToFlag(const Value& value);
+inline bool toFlag(const Value& value) {
+  const auto* flag = value.getIf<bool>();
+  return flag ? *flag : otherToFlag(value);
+}
 
 /// A text must hold a date or a time (see parseDateTime); a number is a serial of days within the
 /// years 100 to 9999, read to the second.

@@ -161,12 +161,18 @@ std::optional<DateTime> readOrdinary(std::string_view text) {
   constexpr std::string_view form = "0000-00-00 00:00:00";
   constexpr std::size_t dayAlone = 10;
   if (text.size() != dayAlone && text.size() != form.size()) return std::nullopt;
-  for (std::size_t i = 0; i < text.size(); ++i)
-    if (form[i] == '0' ? !isDigit(text[i]) : text[i] != form[i]) return std::nullopt;
-  const auto two = [&](std::size_t at) { return (text[at] - '0') * 10 + (text[at + 1] - '0'); };
-  const auto day = dayOf(two(0) * 100 + two(2), two(5), two(8));
+  const auto hasMark = [&](std::size_t at) { return text[at] == form[at]; };
+  bool areDigits = true;
+  const auto two = [&](std::size_t at) {
+    areDigits = areDigits && isDigit(text[at]) && isDigit(text[at + 1]);
+    return (text[at] - '0') * 10 + (text[at + 1] - '0');
+  };
+  const int year = two(0) * 100 + two(2), month = two(5), dayOfMonth = two(8);
+  if (!areDigits || !hasMark(4) || !hasMark(7)) return std::nullopt;
+  const auto day = dayOf(year, month, dayOfMonth);
   if (!day || text.size() == dayAlone) return day;
   const int hour = two(11), minute = two(14), second = two(17);
+  if (!areDigits || !hasMark(10) || !hasMark(13) || !hasMark(16)) return std::nullopt;
   if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
   return DateTime::fromSerial(day->days(), hour * 3600 + minute * 60 + second);
 }

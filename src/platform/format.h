@@ -32,6 +32,9 @@ class DateFormat {
     std::size_t end;
   };
 
+  /// Gives the end of what it writes.
+  char* write(DateTime moment, char* to) const;
+
   std::string pattern_;
   bool hasHalves_;
   std::vector<Piece> pieces_;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "platform/calendar_names.h"
@@ -203,14 +204,18 @@ DateFormat::DateFormat(std::string_view pattern)
 }
 
 std::string DateFormat::text(DateTime time) const {
+  std::array<char, 8 * longestField> room;
+  if (longest_ <= room.size()) return {room.data(), write(time, room.data())};
   std::string text(longest_, ' ');
-  char* to = text.data();
-  const Moment moment{time, time.date(), hasHalves_};
-  const std::string_view pattern = pattern_;
-  for (const Piece& piece : pieces_)
-    to = piece.write(moment, pattern.substr(piece.begin, piece.end - piece.begin), to);
-  text.resize(static_cast<std::size_t>(to - text.data()));
+  text.resize(static_cast<std::size_t>(write(time, text.data()) - text.data()));
   return text;
+}
+
+char* DateFormat::write(DateTime time, char* to) const {
+  const Moment moment{time, time.date(), hasHalves_};
+  for (const Piece& piece : pieces_)
+    to = piece.write(moment, {pattern_.data() + piece.begin, piece.end - piece.begin}, to);
+  return to;
 }
 
 std::string formatDateTime(DateTime time, std::string_view pattern) {
