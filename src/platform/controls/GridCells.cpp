@@ -51,15 +51,15 @@ std::uint32_t CodeColumn::Block::at(std::size_t row) const {
 
 bool CodeColumn::Block::put(std::size_t row, std::uint32_t newCode) {
   if (at(row) == newCode) return false;
-  if (!codes && row == rows && (rows == 0 || newCode == code)) {
-    code = newCode;
-    ++rows;
-    return true;
-  }
-  if (!codes) {
-    codes = std::make_unique<Codes>();
-    std::fill_n(codes->begin(), rows, code);
-  }
+  if (row != rows || (rows > 0 && newCode != code)) return putApart(row, newCode);
+  code = newCode;
+  ++rows;
+  return true;
+}
+
+bool CodeColumn::Block::putApart(std::size_t row, std::uint32_t newCode) {
+  codes = std::make_unique<Codes>();
+  std::fill_n(codes->begin(), rows, code);
   (*codes)[row] = newCode;
   return true;
 }
@@ -71,11 +71,15 @@ std::uint32_t CodeColumn::at(std::size_t row) const {
 
 bool CodeColumn::put(std::size_t row, std::uint32_t code) {
   const std::size_t block = row / std::tuple_size_v<Codes>;
-  if (block >= blocks_.size()) {
-    if (code == 0) return false;
-    blocks_.resize(block + 1);
-  }
-  return blocks_[block].put(row % std::tuple_size_v<Codes>, code);
+  const std::size_t place = row % std::tuple_size_v<Codes>;
+  if (block >= blocks_.size()) return code != 0 && putBehind(block, place, code);
+  Codes* const codes = blocks_[block].codes.get();
+  return codes ? std::exchange((*codes)[place], code) != code : blocks_[block].put(place, code);
+}
+
+bool CodeColumn::putBehind(std::size_t block, std::size_t place, std::uint32_t code) {
+  blocks_.resize(block + 1);
+  return blocks_[block].put(place, code);
 }
 
 void GridCells::addRow() {
@@ -101,13 +105,19 @@ std::size_t GridCells::lineOf(int row) const {
 }
 
 std::uint32_t GridCells::codeOf(const CellValue& value, std::uint32_t likely) {
-  if (!value.isNumber()) {
-    const bool isLikely = markOf(likely) == textMark && pool_.text(likely >> 2) == value.text();
-    return isLikely ? likely : pool_.add(value.text()) << 2 | textMark;
-  }
+  if (!value.isNumber()) return codeOfText(value.text(), likely);
   const Id number = value.number();
   if (number >= -lastShortNumber && number <= lastShortNumber)
     return static_cast<std::uint32_t>(number) << 2 | numberMark;
+  return codeOfDigits(number);
+}
+
+std::uint32_t GridCells::codeOfText(std::string_view text, std::uint32_t likely) {
+  if (markOf(likely) == textMark && pool_.text(likely >> 2) == text) return likely;
+  return pool_.add(text) << 2 | textMark;
+}
+
+std::uint32_t GridCells::codeOfDigits(Id number) {
   return pool_.add(std::to_string(number)) << 2 | digitsMark;
 }
 

@@ -60,9 +60,13 @@ class CodeColumn {
     std::unique_ptr<Codes> codes;
 
     std::uint32_t at(std::size_t row) const;
+    // Both require: no `codes`.
     /// False when that code was there before.
     bool put(std::size_t row, std::uint32_t newCode);
+    bool putApart(std::size_t row, std::uint32_t newCode);
   };
+  /// Requires: no such block yet.
+  bool putBehind(std::size_t block, std::size_t place, std::uint32_t code);
   std::vector<Block> blocks_;
 };
 
@@ -103,6 +107,8 @@ class GridCells {
 
   /// `likely` is the code that the value has if it is the text expected.
   std::uint32_t codeOf(const CellValue& value, std::uint32_t likely);
+  std::uint32_t codeOfText(std::string_view text, std::uint32_t likely);
+  std::uint32_t codeOfDigits(Id number);
   std::uint32_t sortCode(const Column& column, std::size_t line) const;
   Ranks ranksOf(const Column& column) const;
   std::vector<std::uint64_t> weightsOf(const GridSortKey& key) const;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <new>
 #include <utility>
@@ -14,27 +13,36 @@ constexpr std::size_t blockSize = 1 << 16;
 constexpr std::size_t mostBlocks = 1 << 16;
 constexpr std::size_t fewestSlots = 64;
 
+/// Eight letters at a time; texts of cells are short.
+std::uint32_t hashOf(std::string_view text) {
+  std::uint64_t hash = text.size();
+  std::uint64_t letters = 0;
+  const auto mix = [&] {
+    hash = (hash ^ letters) * 0x9e3779b97f4a7c15;
+    hash ^= hash >> 32;
+  };
+  for (; text.size() > sizeof letters; text.remove_prefix(sizeof letters)) {
+    std::memcpy(&letters, text.data(), sizeof letters);
+    mix();
+  }
+  letters = 0;
+  for (const char letter : text) letters = letters << 8 | static_cast<unsigned char>(letter);
+  mix();
+  return static_cast<std::uint32_t>(hash);
+}
+
 }  // namespace
 
 TextPool::TextId TextPool::add(std::string_view text) {
   if (text.empty()) return 0;
   if ((places_.size() + 1) * 4 > slots_.size() * 3) growSlots();
-  const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>{}(text));
+  const std::uint32_t hash = hashOf(text);
   Slot& slot = slotFor(text, hash);
   if (slot.id == 0) {
     keep(text);
     slot = {hash, last()};
   }
   return slot.id;
-}
-
-std::string_view TextPool::text(TextId id) const {
-  if (id == 0) return {};
-  const Place& place = places_[id - 1];
-  const Block& block = blocks_[place.block];
-  const bool isLastOfBlock = id == last() || places_[id].block != place.block;
-  const std::uint32_t end = isLastOfBlock ? block.used : places_[id].offset;
-  return {block.characters.get() + place.offset, end - place.offset};
 }
 
 /// That of the text, or the free one where it belongs.

@@ -17,7 +17,14 @@ class TextPool {
 
   /// The number of the text, which comes in if it is new. Without room for it std::bad_alloc.
   TextId add(std::string_view text);
-  std::string_view text(TextId id) const;
+  std::string_view text(TextId id) const {
+    if (id == 0) return {};
+    const Place& place = places_[id - 1];
+    const Block& block = blocks_[place.block];
+    const bool isLastOfBlock = id == last() || places_[id].block != place.block;
+    const std::uint32_t end = isLastOfBlock ? block.used : places_[id].offset;
+    return {block.characters.get() + place.offset, end - place.offset};
+  }
   /// The highest number.
   TextId last() const { return static_cast<TextId>(places_.size()); }
   void clear() { *this = {}; }
