@@ -130,8 +130,9 @@ std::int16_t toInteger16(const Value& value);
 std::int32_t toInteger(const Value& value);
 double toDouble(const Value& value);
 
-/// A number is true unless zero; the texts "True" and "False" are read in any case.
+/// What toFlag gives of a value that is no flag.
 bool otherToFlag(const Value& value);
+/// A number is true unless zero; the texts "True" and "False" are read in any case.
 inline bool toFlag(const Value& value) {
   const auto* flag = value.getIf<bool>();
   return flag ? *flag : otherToFlag(value);
