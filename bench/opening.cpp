@@ -31,14 +31,18 @@ struct Execution {
 };
 
 /// Notes what the engine is asked for in the life of this: each statement with its values, and how
-/// often it is stepped.
+/// often it is stepped. All of it stands in a transaction, in which nothing is remembered.
 class StatementTrace {
  public:
   explicit StatementTrace(sqlite3* connection) : connection_(connection) {
+    sqlite3_exec(connection, "BEGIN", nullptr, nullptr, nullptr);
     sqlite3_trace_v2(connection, SQLITE_TRACE_STMT | SQLITE_TRACE_ROW | SQLITE_TRACE_PROFILE, note,
                      this);
   }
-  ~StatementTrace() { sqlite3_trace_v2(connection_, 0, nullptr, nullptr); }
+  ~StatementTrace() {
+    sqlite3_trace_v2(connection_, 0, nullptr, nullptr);
+    sqlite3_exec(connection_, "COMMIT", nullptr, nullptr, nullptr);
+  }
   StatementTrace(const StatementTrace&) = delete;
   StatementTrace& operator=(const StatementTrace&) = delete;
 
