@@ -200,10 +200,7 @@ bool RowList::isHeld(std::size_t row) const {
 }
 
 bool RowList::isFresh() const {
-  if (!plan_->isKeyed() || bufferVersion_ == session_.version()) return true;
-  return std::all_of(plan_->tables().begin(), plan_->tables().end(), [&](const TableDef* table) {
-    return session_.versionOf(table) <= bufferVersion_;
-  });
+  return !plan_->isKeyed() || session_.isUnwritten(plan_->tables(), bufferVersion_);
 }
 
 Id RowList::key(std::size_t row, int table) const {

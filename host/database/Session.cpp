@@ -87,11 +87,7 @@ ReadState Session::readState() {
 std::unique_ptr<RowMemory> Session::recall(const Plan& plan, const std::vector<Value>& parameters,
                                            ReadState now) {
   return remembered_.take(plan, parameters, [&](const ReadState& then) {
-    return then.others == now.others &&
-           (then.own == now.own ||
-            std::ranges::all_of(plan.tablesRead(), [&](const TableDef* table) {
-              return versionOf(table) <= then.own;
-            }));
+    return then.others == now.others && isUnwritten(plan.tablesRead(), then.own);
   });
 }
 
@@ -105,6 +101,12 @@ void Session::remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMem
 std::uint64_t Session::versionOf(const TableDef* table) const {
   const auto found = written_.find(table);
   return found == written_.end() ? 0 : found->second;
+}
+
+bool Session::isUnwritten(const std::vector<const TableDef*>& tables, std::uint64_t since) const {
+  return version_ == since || std::ranges::all_of(tables, [&](const TableDef* table) {
+           return versionOf(table) <= since;
+         });
 }
 
 int Session::write(const TableDef& table, DriverStatement& statement,
@@ -177,7 +179,7 @@ void Session::insertRow(const TableDef& table, std::span<const ColumnDef* const>
 
 void Session::clear() {
   remembered_.clear();
-  lookedUp_.clear();
+  ahead_.clear();
   recent_.fill({});
   plans_.clear();
   plansBySkeleton_.clear();

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "host/database/Driver.h"
-#include "host/database/LookedUpRows.h"
 #include "host/database/LruCache.h"
 #include "host/database/Plan.h"
 #include "host/database/RememberedRows.h"
+#include "host/database/RowsAhead.h"
 
 namespace autonotify::host {
 
@@ -83,13 +83,15 @@ class Session {
   /// Where look-ups of a walk find the plan's next rows; null outside of one, and where too many
   /// plans are looked up.
   RowsAhead* rowsAhead(const std::shared_ptr<Plan>& plan) noexcept {
-    return isWalking() && plan->isLookUp() ? lookedUp_.ahead(plan) : nullptr;
+    return isWalking() && plan->isLookUp() ? ahead_.ahead(plan) : nullptr;
   }
 
   /// Rises with each write of this connection.
   std::uint64_t version() const { return version_; }
   /// The version of the last write to the table.
   std::uint64_t versionOf(const TableDef* table) const;
+  /// Whether this connection has written none of the tables since that version.
+  bool isUnwritten(const std::vector<const TableDef*>& tables, std::uint64_t since) const;
 
   /// See RecordsetDatabase.
   void writeTogether(const std::function<void()>& write);
@@ -141,7 +143,7 @@ class Session {
   bool isWalking() const { return mayStay_ && !live_.empty(); }
   void endWalk() noexcept {
     ++walk_;
-    lookedUp_.clear();
+    ahead_.clear();
   }
 
   Driver& driver_;
@@ -159,7 +161,7 @@ class Session {
   std::vector<Live> live_;
   SpareRowMemory memories_;
   RememberedRows remembered_;
-  LookedUpRows lookedUp_;  // since the walk began
+  RowsAheadOfPlans ahead_;  // since the walk began
   std::uint64_t walk_ = 0;
   bool isSideBySide_ = false;
   bool mayStay_ = false;  // what is under way, when the next statement begins

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "host/database/RowMemory.h"
@@ -73,9 +72,9 @@ class RowsAhead {
 };
 
 /// The rows ahead of the look-ups of a few plans.
-class LookedUpRows {
+class RowsAheadOfPlans {
  public:
-  LookedUpRows() { plans_.reserve(most); }
+  RowsAheadOfPlans() { plans_.reserve(most); }
 
   /// Null where those of enough other plans are kept.
   RowsAhead* ahead(const std::shared_ptr<Plan>& plan) noexcept {
