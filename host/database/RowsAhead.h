@@ -22,10 +22,10 @@ class RowsAhead {
   /// The id was looked up, and has one row or none.
   void note(std::int64_t id) { last_ = id; }
   /// How many ids, from this one on, to read now: none where they are here already, or where the
-  /// next look-up is likely to be of an id far away.
+  /// next look-up is likely to be of an id far away. The same id may come several times.
   Id idsToRead(std::int64_t id) {
     constexpr Id furthestStep = 4, growth = 4;
-    const bool goesOn = id > last_ && id - last_ <= furthestStep;
+    const bool goesOn = id >= last_ && id - last_ <= furthestStep;
     if (!goesOn) ids_ = 1;
     if (!goesOn || has(id) || id > std::numeric_limits<Id>::max() - mostIds) return 0;
     ids_ = std::min(ids_ * growth, mostIds);

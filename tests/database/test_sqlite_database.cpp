@@ -134,11 +134,12 @@ TEST_F(SqliteFileTest, LookUpsThatGoUpByLittleAreMadeSeveralAtATime) {
     const RecordsetHandle walk = conformance::open(*desk, conformance::orderedNotifications);
     statements = 0;
     for (Id id = step > 0 ? 1 : 200; id >= 1 && id <= 200; id += step)
-      conformance::column(*desk,
-                          "SELECT ClientNotificationID, Field1 FROM ClientNotification WHERE "
-                          "ClientNotificationID=" +
-                              std::to_string(id) + ";",
-                          "Field1");
+      for (int i = 0; i < 2; ++i)
+        conformance::column(*desk,
+                            "SELECT ClientNotificationID, Field1 FROM ClientNotification WHERE "
+                            "ClientNotificationID=" +
+                                std::to_string(id) + ";",
+                            "Field1");
     EXPECT_GE(statements, least) << step;
     EXPECT_LE(statements, most) << step;
     desk->closeRecordset(walk);
