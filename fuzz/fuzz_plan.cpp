@@ -77,8 +77,7 @@ void readRows(Plan& plan, const std::vector<Value>& parameters, Result& result) 
   for (const PlanColumn& column : plan.columns()) result.columns.push_back(column.name);
   while (result.values.size() < mostValues && statement.step())
     for (int column = 0; column < columns; ++column)
-      result.values.push_back(statement.value(
-          rows->place(column), plan.columns()[static_cast<std::size_t>(column)].origin));
+      result.values.push_back(rows->value(column));
   statement.reset();
 }
 

@@ -127,9 +127,13 @@ void Plan::describe() {
     if (!isKeyed()) keep(static_cast<int>(i));
   }
   mayBeNarrow_ = mayBeNarrow;
-  for (RowStatement* each : {all_.get(), &rowByKeys_, &blockByKeys_, &rowsAhead_})
+  for (RowStatement* each : {all_.get(), &rowByKeys_, &blockByKeys_, &rowsAhead_}) {
     each->keysFrom = static_cast<int>(columns_.size());
-  isAsked_.resize(columns_.size());
+    for (int i = 0; i < each->keysFrom; ++i)
+      each->sources.push_back({i, columns_[static_cast<std::size_t>(i)].origin});
+  }
+  if (isKeyed())
+    for (RowStatement::Source& each : all_->sources) each.place = -1;
   nameColumns();
 }
 
@@ -161,7 +165,7 @@ int Plan::findColumnIndex(std::string_view name) const {
 }
 
 void Plan::askAnother(int column) {
-  isAsked_[static_cast<std::size_t>(column)] = true;
+  all_->sources[static_cast<std::size_t>(column)].place = column;
   settledRuns_ = 0;
   narrow_.reset();
 }
@@ -180,8 +184,9 @@ std::shared_ptr<RowStatement> Plan::withAskedColumns() const {
   auto result = std::make_shared<RowStatement>();
   std::string sql = "SELECT ";
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    result->places.push_back(isAsked_[i] ? result->keysFrom++ : -1);
-    if (!isAsked_[i]) continue;
+    const bool isAsked = all_->gives(static_cast<int>(i));
+    result->sources.push_back({isAsked ? result->keysFrom++ : -1, columns_[i].origin});
+    if (!isAsked) continue;
     const std::string& key = keys_[static_cast<std::size_t>(columns_[i].tableIndex)];
     sql += key.substr(0, key.find('.') + 1) + columns_[i].origin->name + ", ";
   }

@@ -25,14 +25,20 @@ struct PlanColumn {
 
 /// A statement that gives rows of a plan, and where in them the plan's columns stand.
 struct RowStatement {
+  struct Source {
+    int place = -1;  // or -1 where it gives no value of the column
+    const ColumnDef* origin = nullptr;
+  };
+
   std::unique_ptr<DriverStatement> statement;
   int keysFrom = 0;
-  /// By column, -1 for one that it does not give; empty when it gives all.
-  std::vector<int> places;
+  std::vector<Source> sources;  // by column, once the plan is described
 
-  /// Or -1.
-  int place(int column) const {
-    return places.empty() ? column : places[static_cast<std::size_t>(column)];
+  bool gives(int column) const { return sources[static_cast<std::size_t>(column)].place >= 0; }
+  /// Of the row that the statement is on. Requires: gives(column).
+  Value value(int column) const {
+    const Source& source = sources[static_cast<std::size_t>(column)];
+    return statement->value(source.place, source.origin);
   }
   /// The key of the plan's tables()[table].
   int keyPlace(int table) const { return keysFrom + table; }
@@ -83,9 +89,9 @@ class Plan {
   const std::vector<int>& kept() const { return kept_; }
   void keep(int column);
 
-  /// The column's value is wanted.
+  /// The column's value is wanted. Rows of tables give none that was never asked for.
   void ask(int column) {
-    if (!isAsked_[static_cast<std::size_t>(column)]) askAnother(column);
+    if (!all_->gives(column)) askAnother(column);
   }
 
   /// What to execute next for the rows.
@@ -135,6 +141,7 @@ class Plan {
   std::vector<int> kept_;
   CaselessMap<int> byName_;
   mutable std::array<AskedName, 64> askedNames_;
+  // With all columns, of which it gives those that were asked for.
   std::shared_ptr<RowStatement> all_ = std::make_shared<RowStatement>();
   std::string rowByKeysSql_;
   RowStatement rowByKeys_;
@@ -146,7 +153,6 @@ class Plan {
   std::string behindColumns_;  // empty where it may mean them by their places
   bool mayBeNarrow_ = false;
   std::vector<std::string> keys_;  // of the tables, as the statement names them
-  std::vector<char> isAsked_;      // by column
   int settledRuns_ = 0;
   std::shared_ptr<RowStatement> narrow_;
   bool isWholeTable_ = false;

@@ -128,10 +128,12 @@ void Recordset::requireNoTemplate(int index) const {
 
 Value Recordset::passedValue(int index) {
   requireCurrentRow();
-  std::optional<Value> value = rows_.value(position_, index);
+  rows_.ask(index);
+  if (rows_.isAtHand(position_, index)) return rows_.valueAtHand(index);
+  const Value* const value = rows_.passedValue(position_, index);
   if (!value)
     throw DatabaseError(database_error::rowGone, Words::tr("The current row has been deleted"));
-  return std::move(*value);
+  return *value;
 }
 
 void Recordset::requireUpdatable() const {

@@ -78,7 +78,8 @@ class Recordset : public RecordsetObject {
   NewRow& newRow();
   Value newValue(const PlanColumn& column) const;
   Value storedValue(int index);
-  /// Of the current row, which the statement has passed or does not give in full.
+  /// Of the current row, which the statement has passed, or gives without a column that was never
+  /// asked for.
   Value passedValue(int index);
   static std::size_t placeInTable(const PlanColumn& column);
   bool isDeleted(std::size_t row) const { return deleted_.count(row) > 0; }

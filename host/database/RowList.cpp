@@ -86,7 +86,7 @@ void RowList::readAhead(RowsAhead& ahead, Id first, Id ids) const try {
   throw;
 }
 
-bool RowList::has(std::size_t row) {
+bool RowList::hasFurther(std::size_t row) {
   if (row >= firstAdded) return row - firstAdded < added_.size();
   while (known_ <= row && !complete_) step();
   return row < known_;
@@ -178,7 +178,7 @@ void RowList::startBuffer(std::size_t row, const RowStatement& rows) {
 /// As many of the kept columns as the statement gives.
 std::size_t RowList::widthOf(const RowStatement& rows) const {
   const std::vector<int>& kept = plan_->kept();
-  const auto isGiven = [&](int column) { return rows.place(column) >= 0; };
+  const auto isGiven = [&](int column) { return rows.gives(column); };
   return static_cast<std::size_t>(std::ranges::find_if_not(kept, isGiven) - kept.begin());
 }
 
@@ -188,11 +188,7 @@ void RowList::appendValues() {
 }
 
 void RowList::writeValues(const RowStatement& rows, std::size_t width, Value* values) const {
-  for (std::size_t i = 0; i < width; ++i) {
-    const int column = plan_->kept()[i];
-    values[i] = rows.statement->value(rows.place(column),
-                                      plan_->columns()[static_cast<std::size_t>(column)].origin);
-  }
+  for (std::size_t i = 0; i < width; ++i) values[i] = rows.value(plan_->kept()[i]);
 }
 
 bool RowList::isHeld(std::size_t row) const {
@@ -263,21 +259,22 @@ bool RowList::hold(std::size_t row) {
   return memory_->buffer.isThere(row);
 }
 
-Value RowList::valueAtHand(int column) {
-  plan_->ask(column);
-  return rows_->statement->value(rows_->place(column),
-                                 plan_->columns()[static_cast<std::size_t>(column)].origin);
+std::optional<Value> RowList::value(std::size_t row, int column) {
+  ask(column);
+  if (isAtHand(row, column)) return valueAtHand(column);
+  const Value* const value = passedValue(row, column);
+  return value ? std::optional(*value) : std::nullopt;
 }
 
-std::optional<Value> RowList::value(std::size_t row, int column) {
-  if (isAtHand(row, column)) return valueAtHand(column);
-  plan_->ask(column);
-  plan_->keep(column);
-  const auto place =
-      static_cast<std::size_t>(plan_->columns()[static_cast<std::size_t>(column)].keptAt);
-  if (hold(row) && memory_->buffer.width() <= place) readAgain(row);
-  if (!hold(row)) return std::nullopt;
-  return memory_->buffer.value(row, place);
+const Value* RowList::passedValue(std::size_t row, int column) {
+  const PlanColumn& asked = plan_->columns()[static_cast<std::size_t>(column)];
+  if (asked.keptAt < 0) plan_->keep(column);
+  const auto place = static_cast<std::size_t>(asked.keptAt);
+  if (!hold(row)) return nullptr;
+  const RowBuffer& buffer = memory_->buffer;
+  if (buffer.width() > place) return &buffer.value(row, place);
+  readAgain(row);
+  return buffer.isThere(row) ? &buffer.value(row, place) : nullptr;
 }
 
 }  // namespace autonotify::host

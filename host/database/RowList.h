@@ -38,7 +38,7 @@ class RowList : private LiveRows {
   /// The number of the first row; the result need not be a row.
   std::size_t first() { return has(0) ? 0 : firstAdded; }
   /// Whether there is, or was, a row with this number.
-  bool has(std::size_t row);
+  bool has(std::size_t row) { return row < known_ || hasFurther(row); }
   /// The number behind `row` in the order told above; the result need not be a row.
   std::size_t next(std::size_t row);
   /// Goes through all rows.
@@ -46,14 +46,17 @@ class RowList : private LiveRows {
 
   /// False when the row has been deleted. Requires: has(row).
   bool exists(std::size_t row) { return isLive(row) || hold(row); }
+  /// The column's value is wanted from now on.
+  void ask(int column) { plan_->ask(column); }
   /// Whether the statement is on the row, which is there then, and gives this column of it.
-  bool isAtHand(std::size_t row, int column) const {
-    return isLive(row) && rows_->place(column) >= 0;
-  }
+  bool isAtHand(std::size_t row, int column) const { return isLive(row) && rows_->gives(column); }
   /// Requires: isAtHand(row, column).
-  Value valueAtHand(int column);
+  Value valueAtHand(int column) const { return rows_->value(column); }
   /// Nothing when the row has been deleted. Requires: has(row).
   std::optional<Value> value(std::size_t row, int column);
+  /// The same for a column that was asked for and is not at hand; good until the next call, null
+  /// when it is nothing.
+  const Value* passedValue(std::size_t row, int column);
   /// The key of the row in plan().tables()[table]. Requires: has(row), and the plan is keyed.
   Id key(std::size_t row, int table) const;
 
@@ -67,6 +70,7 @@ class RowList : private LiveRows {
   static constexpr std::size_t bufferLimit = Plan::blockRows;
 
   void settle(Settle how) override;
+  bool hasFurther(std::size_t row);
   bool recall(ReadState now);
   bool recallAhead();
   void holdAll();
