@@ -74,7 +74,7 @@ class Plan {
   /// The row of one table that has a given key.
   bool isOneRow() const { return isOneRow_; }
   /// A few columns of those rows of one table in which a column of integers has a given value.
-  bool isLookUp() const { return !sought_.empty() && !mayBeNarrow_; }
+  bool isLookUp() const { return !sought_.empty() && !mayBeNarrow_ && !tablesRead_.empty(); }
   /// All rows of one table, in no order that was asked for.
   bool isWholeTable() const { return isWholeTable_; }
 

@@ -18,6 +18,14 @@ class RowBuffer {
     width_ = width;
   }
 
+  /// Holds copies of these rows of the other alone, numbered from 0. Requires: they are there.
+  void copyRows(const RowBuffer& other, std::size_t from, std::size_t rows) {
+    const auto begin = other.values_.begin() + static_cast<std::ptrdiff_t>(from * other.width_);
+    start(0, other.width_);
+    values_.assign(begin, begin + static_cast<std::ptrdiff_t>(rows * width_));
+    isThere_.assign(rows, true);
+  }
+
   std::size_t width() const { return width_; }
   std::size_t size() const { return isThere_.size(); }
   /// The number behind the last row's.

@@ -25,8 +25,9 @@ RowList::~RowList() {
 
 /// What is found is kept for the next time, where it is a row or none.
 void RowList::begin() {
+  if (recallAhead()) return;
   const ReadState now = plan_->tablesRead().empty() ? ReadState() : session_.readState();
-  if (now.others != 0 && (recall(now) || recallAhead())) return;
+  if (now.others != 0 && (recall(now) || (readAhead() && recallAhead()))) return;
   const bool isWanted = now.others != 0 && session_.isWorthRemembering(*plan_, memory_->parameters);
   if (has(0) && isWanted && plan_->isKeyed()) {
     startBuffer(0, *rows_);
@@ -55,12 +56,18 @@ void RowList::holdAll() {
 bool RowList::recallAhead() {
   RowsAhead* const ahead = session_.rowsAhead(plan_);
   const auto* const id = ahead ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
-  if (!id) return false;
-  if (const Id ids = ahead->idsToRead(*id)) readAhead(*ahead, static_cast<Id>(*id), ids);
-  if (!ahead->give(*id, *memory_)) return false;
+  if (!id || !ahead->give(*id, *memory_)) return false;
   ahead->note(*id);
   holdAll();
   return true;
+}
+
+bool RowList::readAhead() {
+  RowsAhead* const ahead = session_.rowsAhead(plan_);
+  const auto* const id = ahead ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
+  const Id ids = id ? ahead->idsToRead(*id) : 0;
+  if (ids > 0) readAhead(*ahead, static_cast<Id>(*id), ids);
+  return ids > 0;
 }
 
 /// Where other rows than the one that is wanted are many, or something is wrong with them, nothing

@@ -73,6 +73,7 @@ class RowList : private LiveRows {
   bool hasFurther(std::size_t row);
   bool recall(ReadState now);
   bool recallAhead();
+  bool readAhead();
   void holdAll();
   void readAhead(RowsAhead& ahead, Id first, Id ids) const;
   void step();

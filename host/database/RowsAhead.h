@@ -35,40 +35,45 @@ class RowsAhead {
   /// Empties it, for rows of `ids` ids with `width` values each.
   void start(std::int64_t first, Id ids, std::size_t width) {
     first_ = first;
-    keys_.assign(static_cast<std::size_t>(ids), {});
+    found_.assign(static_cast<std::size_t>(ids), {});
     rows_.start(0, width);
-    rows_.add(keys_.size());
+    rows_.add(found_.size());
   }
   /// A row of the id, whose values `fill` writes. Requires: the id is one of those.
   template <class Fill>
   void put(Id id, Id key, Fill&& fill) {
-    keys_[placeOf(id)].push_back(key);
+    Found& found = found_[placeOf(id)];
+    found.key = key;
+    ++found.rows;
     rows_.put(placeOf(id), fill);
   }
 
   /// The id's row, or that there is none, goes to `memory`. False where that is not known, and for
   /// an id of several rows.
   bool give(std::int64_t id, RowMemory& memory) const {
-    if (!has(id) || keys_[placeOf(id)].size() > 1) return false;
+    if (!has(id)) return false;
     const std::size_t place = placeOf(id);
-    memory.keys = keys_[place];
-    memory.buffer.start(0, rows_.width());
-    if (!rows_.isThere(place)) return true;
-    memory.buffer.append([&](Value* values) {
-      for (std::size_t i = 0; i < rows_.width(); ++i) values[i] = rows_.value(place, i);
-    });
+    const Found& found = found_[place];
+    if (found.rows > 1) return false;
+    memory.keys.assign(static_cast<std::size_t>(found.rows), found.key);
+    memory.buffer.copyRows(rows_, place, static_cast<std::size_t>(found.rows));
     return true;
   }
 
  private:
-  bool has(std::int64_t id) const { return id >= first_ && placeOf(id) < keys_.size(); }
+  struct Found {
+    Id key = noId;
+    int rows = 0;
+  };
+
+  bool has(std::int64_t id) const { return id >= first_ && placeOf(id) < found_.size(); }
   std::size_t placeOf(std::int64_t id) const { return static_cast<std::size_t>(id - first_); }
 
   std::int64_t last_ = std::numeric_limits<Id>::max();  // that was looked up
   Id ids_ = 1;                                          // that were read at a time
   std::int64_t first_ = 0;
-  std::vector<std::vector<Id>> keys_;  // by id
-  RowBuffer rows_;                     // the last of each id
+  std::vector<Found> found_;  // by id
+  RowBuffer rows_;            // the last of each id
 };
 
 /// The rows ahead of the look-ups of a few plans.

@@ -11,19 +11,30 @@ namespace {
 /// A longer statement is not remembered.
 constexpr std::size_t longestRecent = 4096;
 
-/// Looks at a few places of the text: statements are long.
+/// Looks at a few places of the text, from its end on: statements are long.
 std::size_t sampledHash(std::string_view text) {
   constexpr std::size_t samples = 8;
   std::uint64_t hash = text.size();
   std::uint64_t letters = 0;
   if (text.size() < sizeof letters) return hash;
   const std::size_t last = text.size() - sizeof letters;
-  for (std::size_t i = 0; i < samples; ++i) {
-    std::memcpy(&letters, text.data() + last * i / (samples - 1), sizeof letters);
-    hash = (hash ^ letters) * 0x9e3779b97f4a7c15;
-    hash ^= hash >> 32;
+  const char* at = text.data() + last;
+  for (std::size_t i = 0; i < samples; ++i, at -= last / samples) {
+    std::memcpy(&letters, at, sizeof letters);
+    hash = (hash + letters) * 0x9e3779b97f4a7c15;
   }
-  return hash;
+  return hash >> 48;
+}
+
+struct Around {
+  std::string_view before;
+  std::string_view behind;
+};
+
+/// The text around the literal; without one all of it stands before.
+Around around(const std::optional<Token>& literal, std::string_view sql) {
+  if (!literal) return {sql, {}};
+  return {{sql.data(), literal->begin}, {sql.data() + literal->end, sql.size() - literal->end}};
 }
 
 }  // namespace
@@ -31,20 +42,24 @@ std::size_t sampledHash(std::string_view text) {
 std::shared_ptr<Plan> Session::plan(const std::string& sql, std::vector<Value>& parameters) {
   if (sql.size() > longestRecent) return planOf(sql, parameters).plan;
   const std::optional<Token> literal = lastLiteral(sql);
-  const std::string_view text = sql;
-  const std::string_view before = text.substr(0, literal ? literal->begin : text.size());
-  const std::string_view behind = text.substr(literal ? literal->end : text.size());
+  const auto [before, behind] = around(literal, sql);
   Recent& recent = recent_[sampledHash(before) % recent_.size()];
   if (recent.plan && recent.before == before && recent.behind == behind) {
     std::optional<Value> value = literal ? literalValue(*literal) : std::nullopt;
     if (value || !literal) {
-      parameters.assign(recent.parameters.begin(), recent.parameters.end());
+      if (!recent.parameters.empty()) parameters = recent.parameters;
       if (value) parameters.push_back(std::move(*value));
       return recent.plan;
     }
   }
+  return planAnew(sql, literal, parameters, recent);
+}
+
+std::shared_ptr<Plan> Session::planAnew(const std::string& sql, const std::optional<Token>& literal,
+                                        std::vector<Value>& parameters, Recent& recent) {
   Planned planned = planOf(sql, parameters);
   if (planned.literalsAreParameters) {
+    const auto [before, behind] = around(literal, sql);
     const auto last = parameters.end() - (literal ? 1 : 0);
     recent = {std::string(before), std::string(behind), planned.plan, {parameters.begin(), last}};
   }

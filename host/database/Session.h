@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -14,6 +15,7 @@
 #include "host/database/Plan.h"
 #include "host/database/RememberedRows.h"
 #include "host/database/RowsAhead.h"
+#include "host/database/dialect/Tokenizer.h"
 
 namespace autonotify::host {
 
@@ -134,6 +136,9 @@ class Session {
     const RowStatement* statement;
   };
 
+  /// What comes next in the same place is compared with this one.
+  std::shared_ptr<Plan> planAnew(const std::string& sql, const std::optional<Token>& literal,
+                                 std::vector<Value>& parameters, Recent& recent);
   Planned planOf(const std::string& sql, std::vector<Value>& parameters);
   Prepared prepareInsert(const TableDef& table, std::span<const ColumnDef* const> columns);
   void settleAll(Settle how);
