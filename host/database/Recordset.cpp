@@ -50,6 +50,7 @@ bool Recordset::hasRows() {
   if (position_ >= RowList::firstAdded && rows_.has(position_) && !isDeleted(position_))
     return true;
   std::size_t row = rows_.first();
+  if (deleted_.empty()) return rows_.has(row);
   while (rows_.has(row) && isDeleted(row)) row = rows_.next(row);
   return rows_.has(row);
 }

@@ -18,12 +18,13 @@ class RowBuffer {
     width_ = width;
   }
 
-  /// Holds copies of these rows of the other alone, numbered from 0. Requires: they are there.
-  void copyRows(const RowBuffer& other, std::size_t from, std::size_t rows) {
-    const auto begin = other.values_.begin() + static_cast<std::ptrdiff_t>(from * other.width_);
+  /// Empties it, for rows like this one of the other, which is copied as row 0.
+  void startWith(const RowBuffer& other, std::size_t row) {
     start(0, other.width_);
-    values_.assign(begin, begin + static_cast<std::ptrdiff_t>(rows * width_));
-    isThere_.assign(rows, true);
+    values_.reserve(width_);
+    const Value* const values = &other.values_[(row - other.first_) * width_];
+    for (std::size_t i = 0; i < width_; ++i) values_.push_back(values[i]);
+    isThere_.push_back(true);
   }
 
   std::size_t width() const { return width_; }

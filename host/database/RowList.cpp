@@ -24,8 +24,7 @@ RowList::~RowList() {
 }
 
 /// What is found is kept for the next time, where it is a row or none.
-void RowList::begin() {
-  if (recallAhead()) return;
+void RowList::beginAlone() {
   const ReadState now = plan_->tablesRead().empty() ? ReadState() : session_.readState();
   if (now.others != 0 && (recall(now) || (readAhead() && recallAhead()))) return;
   const bool isWanted = now.others != 0 && session_.isWorthRemembering(*plan_, memory_->parameters);

@@ -31,7 +31,9 @@ class RowList : private LiveRows {
 
   const Plan& plan() const { return *plan_; }
   /// Goes to the first row, or remembers it.
-  void begin();
+  void begin() {
+    if (!recallAhead()) beginAlone();
+  }
   /// Learns the columns without beginning. Throws as Plan::describe.
   void describe() { plan_->describe(); }
 
@@ -72,6 +74,7 @@ class RowList : private LiveRows {
   void settle(Settle how) override;
   bool hasFurther(std::size_t row);
   bool recall(ReadState now);
+  void beginAlone();
   bool recallAhead();
   bool readAhead();
   void holdAll();

@@ -48,16 +48,16 @@ class RowsAhead {
     rows_.put(placeOf(id), fill);
   }
 
-  /// The id's row, or that there is none, goes to `memory`. False where that is not known, and for
-  /// an id of several rows.
+  /// The id's row, if there is one, goes to `memory`, which holds none. False where that is not
+  /// known, and for an id of several rows.
   bool give(std::int64_t id, RowMemory& memory) const {
     if (!has(id)) return false;
-    const std::size_t place = placeOf(id);
-    const Found& found = found_[place];
-    if (found.rows > 1) return false;
-    memory.keys.assign(static_cast<std::size_t>(found.rows), found.key);
-    memory.buffer.copyRows(rows_, place, static_cast<std::size_t>(found.rows));
-    return true;
+    const Found& found = found_[placeOf(id)];
+    if (found.rows == 1) {
+      memory.keys.push_back(found.key);
+      memory.buffer.startWith(rows_, placeOf(id));
+    }
+    return found.rows <= 1;
   }
 
  private:

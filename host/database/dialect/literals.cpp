@@ -1,8 +1,8 @@
 #include "host/database/dialect/literals.h"
 
 #include <array>
-#include <charconv>
 #include <cstdint>
+#include <limits>
 
 #include "platform/date_time_text.h"
 #include "platform/text.h"
@@ -10,12 +10,17 @@
 namespace autonotify::host {
 namespace {
 
+bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
 std::optional<Value> numberValue(std::string_view digits) {
-  std::int32_t number = 0;
-  const char* const end = digits.data() + digits.size();
-  const auto [stop, fault] = std::from_chars(digits.data(), end, number);
-  if (stop != end || fault != std::errc()) return std::nullopt;
-  return number;
+  std::int64_t number = 0;
+  for (const char digit : digits) {
+    number = number * 10 + (digit - '0');
+    if (!isDigit(digit) || number > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+  }
+  return digits.empty() ? std::nullopt : std::optional<Value>(number);
 }
 
 std::optional<Value> textValue(std::string_view content) {
@@ -41,10 +46,6 @@ Token tokenAt(std::string_view sql, TokenKind kind, std::size_t begin, std::size
 
 /// How far before the end the last literal is looked for: behind it stands an order, if anything.
 constexpr std::size_t longestRest = 64;
-
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
 
 bool mayEndName(char character) {
   const char lower = static_cast<char>(character | 0x20);
