@@ -71,6 +71,8 @@ class Driver {
   /// While it is the same and not 0, statements read what they read before, but for what this
   /// driver's own statements have written. 0 where that is not known.
   virtual std::uint64_t state() { return 0; }
+  /// Whether a statement that is executed while another one is under way reads the same state.
+  virtual bool sharesState() const { return false; }
   /// Nothing is read for a while: what is held for statements that follow each other is let go.
   virtual void rest() noexcept {}
 };

@@ -176,7 +176,11 @@ const std::shared_ptr<RowStatement>& Plan::rows() {
     ++settledRuns_;
     return all_;
   }
-  if (!narrow_) narrow_ = withAskedColumns();
+  return narrowRows();
+}
+
+const std::shared_ptr<RowStatement>& Plan::narrowRows() {
+  if (mayBeNarrow_ && !narrow_) narrow_ = withAskedColumns();
   return narrow_;
 }
 

@@ -96,6 +96,8 @@ class Plan {
 
   /// What to execute next for the rows.
   const std::shared_ptr<RowStatement>& rows();
+  /// The rows with the columns that were asked for until now; null where they come whole always.
+  const std::shared_ptr<RowStatement>& narrowRows();
   /// One row by the keys of all tables, in their order, with all columns. Requires: isKeyed().
   const RowStatement& rowByKeys();
 

@@ -1,11 +1,18 @@
 #include "host/database/RowList.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 
 #include "host/database/dialect/DatabaseError.h"
 
 namespace autonotify::host {
+namespace {
+
+/// At so many rows, and whenever they have doubled, a long walk looks at what it was asked for.
+constexpr std::size_t rowsToShowColumns = 64;
+
+}  // namespace
 
 RowList::RowList(Session& session, const std::string& sql)
     : session_(session),
@@ -129,6 +136,7 @@ void RowList::forget() noexcept {
 void RowList::step() try {
   if (!started_) start();
   if (standsOnRow_) leaveRow();
+  if (known_ >= rowsToShowColumns && std::has_single_bit(known_)) narrow();
   const bool hasAll = known_ == 1 && plan_->isOneRow();
   if (hasAll) rows_->statement->reset();
   if (!hasAll && rows_->statement->step()) {
@@ -160,6 +168,25 @@ void RowList::leaveRow() {
   for (std::size_t table = 0; table < plan_->tables().size(); ++table)
     memory_->keys.push_back(liveKey(static_cast<int>(table)));
   standsOnRow_ = false;
+}
+
+/// A walk over a whole table has shown which columns it wants: it goes on with these alone. The
+/// rows before are gone through once more, so that this is worth while.
+void RowList::narrow() {
+  if (!plan_->isWholeTable() || !added_.empty()) return;
+  const std::shared_ptr<RowStatement> narrow = plan_->narrowRows();
+  if (!narrow || narrow == rows_ || !session_.mayGoOnWith(*narrow)) return;
+  DriverStatement& statement = *narrow->statement;
+  statement.execute(memory_->parameters);
+  std::size_t passed = 0;
+  while (passed < known_ && statement.step()) ++passed;
+  if (passed == known_ && statement.key(narrow->keyPlace(0)) == memory_->keys.back()) {
+    rows_->statement->reset();
+    rows_ = narrow;
+    session_.goOnWith(*this, *rows_);
+  } else {
+    statement.reset();
+  }
 }
 
 void RowList::settle(Settle how) {

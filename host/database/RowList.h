@@ -85,6 +85,7 @@ class RowList : private LiveRows {
   bool isAdded() const;
   Id liveKey(int table) const;
   void leaveRow();
+  void narrow();
   void drain(std::size_t valuesToKeep);
   bool isLive(std::size_t row) const { return standsOnRow_ && row + 1 == known_; }
   bool isHeld(std::size_t row) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <functional>
@@ -61,6 +62,16 @@ class Session {
 
   /// `rows` executes `statement` now; what may not be under way beside it is settled first.
   void begin(LiveRows& rows, const RowStatement& statement);
+  /// Whether the statement may be executed now to go on with a walk that is under way: it is not
+  /// under way itself, and reads the same state.
+  bool mayGoOnWith(const RowStatement& statement) const {
+    return driver_.sharesState() &&
+           std::ranges::find(live_, &statement, &Live::statement) == live_.end();
+  }
+  /// `rows`, which is under way, does so.
+  void goOnWith(const LiveRows& rows, const RowStatement& statement) {
+    std::ranges::find(live_, &rows, &Live::rows)->statement = &statement;
+  }
   /// No recordset is left.
   void rest() noexcept { driver_.rest(); }
   /// The statement of `rows` has ended, if it was under way.

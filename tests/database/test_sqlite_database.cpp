@@ -115,16 +115,40 @@ TEST_F(SqliteFileTest, LookUpsBesideAWalkShowItsStateAsLongAsItGoesOn) {
   }
 }
 
+/// From now on, as long as the database is open.
+void countStatements(SqliteDatabase& database, int& statements) {
+  const auto count = [](unsigned, void* counter, void*, void*) {
+    ++*static_cast<int*>(counter);
+    return 0;
+  };
+  sqlite3_trace_v2(database.connection().getHandle(), SQLITE_TRACE_STMT, count, &statements);
+}
+
+TEST_F(SqliteFileTest, ALongWalkGoesOnWithTheColumnsThatItAsksFor) {
+  const auto desk = createSqlite(file);
+  for (int i = 1; i <= 300; ++i)
+    addNotification(*desk, {{"Field1", std::to_string(i)}, {"Field2", std::to_string(-i)}});
+  const RecordsetHandle walk = conformance::open(*desk, allNotifications, LockMode::readOnly);
+  int statements = 0;
+  countStatements(*desk, statements);
+  for (int i = 1; i <= 300; ++i) {
+    EXPECT_EQ(desk->getFieldValue(walk, "Field1"), Value(std::to_string(i)));
+    if (i > 100) {
+      EXPECT_EQ(desk->getFieldValue(walk, "Field2"), Value(std::to_string(-i)));
+    }
+    desk->moveNext(walk);
+  }
+  EXPECT_TRUE(desk->isEndOfRecordset(walk));
+  const int byKey = 128 - 100;
+  EXPECT_EQ(statements, 2 + byKey);
+}
+
 TEST_F(SqliteFileTest, LookUpsThatGoUpByLittleAreMadeSeveralAtATime) {
   const auto desk = createSqlite(file);
   for (int i = 0; i < 200; ++i) addNotification(*desk, {});
   desk->readSideBySide(true);
   int statements = 0;
-  const auto count = [](unsigned, void* counter, void*, void*) {
-    ++*static_cast<int*>(counter);
-    return 0;
-  };
-  sqlite3_trace_v2(desk->connection().getHandle(), SQLITE_TRACE_STMT, count, &statements);
+  countStatements(*desk, statements);
   struct Case {
     Id step;
     int least, most;

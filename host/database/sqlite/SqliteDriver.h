@@ -46,6 +46,7 @@ class SqliteDriver : public Driver {
   std::unique_ptr<DriverTransaction> beginWriting() override;
   Id reserveKey(const TableDef& table) override;
   std::uint64_t state() override { return snapshot_.state(); }
+  bool sharesState() const override { return true; }
   void rest() noexcept override { snapshot_.release(); }
 
  private:
