@@ -158,9 +158,7 @@ int Plan::findColumnIndex(std::string_view name) const {
   if (found == byName_.end())
     throw DatabaseError(database_error::unknownColumn,
                         "The recordset has no column named " + std::string(name));
-  AskedName& asked = askedName(name);
-  asked.name = name;
-  asked.index = found->second;
+  askedNames_.remember(name, found->second);
   return found->second;
 }
 

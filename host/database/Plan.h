@@ -1,11 +1,11 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/database/AskedNames.h"
 #include "host/database/Driver.h"
 #include "host/database/dialect/Dialect.h"
 #include "host/database/schema/caseless.h"
@@ -81,8 +81,8 @@ class Plan {
   /// The place of the first column with this name, in any case, or with this name behind its
   /// table's and a dot. Throws DatabaseError (unknownColumn).
   int columnIndex(std::string_view name) const {
-    const AskedName& asked = askedName(name);
-    return asked.index >= 0 && asked.name == name ? asked.index : findColumnIndex(name);
+    const int known = askedNames_.find(name);
+    return known >= 0 ? known : findColumnIndex(name);
   }
   /// The columns whose values are kept when a recordset leaves a row, in this order: those that
   /// were once asked for after the row was left; without keys, all. Columns are added at the end.
@@ -114,21 +114,6 @@ class Plan {
   const RowStatement& rowsAhead();
 
  private:
-  /// A column's name as it was asked for.
-  struct AskedName {
-    std::string name;
-    int index = -1;
-  };
-
-  /// Where the name is remembered: a few letters tell the columns of one statement apart.
-  AskedName& askedName(std::string_view name) const {
-    const std::size_t size = name.size();
-    if (size == 0) return askedNames_.front();
-    const auto letter = [&](std::size_t at) { return static_cast<unsigned char>(name[at]); };
-    const std::size_t place = size + 5u * letter(0) + 7u * letter(size / 2) +
-                              13u * letter(size * 3 / 4) + 11u * letter(size - 1);
-    return askedNames_[place % askedNames_.size()];
-  }
   int findColumnIndex(std::string_view name) const;
   std::string rowsSql(const Translation& translation);
   std::string keyBy(const Translation& translation, const std::vector<std::string>& keys);
@@ -142,7 +127,7 @@ class Plan {
   std::vector<PlanColumn> columns_;
   std::vector<int> kept_;
   CaselessMap<int> byName_;
-  mutable std::array<AskedName, 64> askedNames_;
+  mutable AskedNames askedNames_;
   // With all columns, of which it gives those that were asked for.
   std::shared_ptr<RowStatement> all_ = std::make_shared<RowStatement>();
   std::string rowByKeysSql_;
