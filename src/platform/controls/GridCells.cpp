@@ -23,6 +23,10 @@ constexpr std::uint32_t markOf(std::uint32_t code) {
   return code & 3U;
 }
 
+constexpr std::uint32_t codeOfText(TextPool::TextId id) {
+  return id << 2 | textMark;
+}
+
 constexpr Id shortNumber(std::uint32_t code) {
   return static_cast<Id>(code) >> 2;
 }
@@ -104,21 +108,16 @@ std::size_t GridCells::lineOf(int row) const {
   return order_.empty() ? place : order_[place];
 }
 
-std::uint32_t GridCells::codeOf(const CellValue& value, std::uint32_t likely) {
-  if (!value.isNumber()) return codeOfText(value.text(), likely);
-  const Id number = value.number();
+std::uint32_t GridCells::codeOfNumber(Id number) {
   if (number >= -lastShortNumber && number <= lastShortNumber)
     return static_cast<std::uint32_t>(number) << 2 | numberMark;
-  return codeOfDigits(number);
+  return pool_.add(std::to_string(number)).id << 2 | digitsMark;
 }
 
-std::uint32_t GridCells::codeOfText(std::string_view text, std::uint32_t likely) {
-  if (markOf(likely) == textMark && pool_.text(likely >> 2) == text) return likely;
-  return pool_.add(text) << 2 | textMark;
-}
-
-std::uint32_t GridCells::codeOfDigits(Id number) {
-  return pool_.add(std::to_string(number)) << 2 | digitsMark;
+std::uint32_t GridCells::codeOf(const CellValue& value, TextPool::Entry& last) {
+  if (value.isNumber()) return codeOfNumber(value.number());
+  if (value.text() != last.text) last = pool_.add(value.text());
+  return codeOfText(last.id);
 }
 
 std::string GridCells::text(int row, int column) const {
@@ -129,15 +128,16 @@ std::string GridCells::text(int row, int column) const {
 
 bool GridCells::putText(int row, int column, const CellValue& value) {
   Column& target = at(column);
-  target.lastText = codeOf(value, target.lastText);
-  return target.texts.put(lineOf(row), target.lastText);
+  return target.texts.put(lineOf(row), codeOf(value, target.lastText));
 }
 
 void GridCells::putSortValue(int row, int column, const CellValue& value) {
   const std::size_t line = lineOf(row);
   Column& target = at(column);
   const std::uint32_t text = target.texts.at(line);
-  const std::uint32_t code = codeOf(value, text);
+  const bool isLastText = !value.isNumber() && value.text() == target.lastText.text;
+  const std::uint32_t code =
+      isLastText ? codeOfText(target.lastText.id) : codeOf(value, target.lastSortText);
   target.sortValues.put(line, code == text ? 0 : code == 0 ? emptyCode : code);
 }
 

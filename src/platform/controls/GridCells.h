@@ -49,7 +49,6 @@ class CodeColumn {
   std::uint32_t at(std::size_t row) const;
   /// False when that code was there before.
   bool put(std::size_t row, std::uint32_t code);
-  void clear() { blocks_.clear(); }
 
  private:
   using Codes = std::array<std::uint32_t, 1024>;
@@ -100,15 +99,15 @@ class GridCells {
     CodeColumn texts;
     CodeColumn sortValues;
     CodeColumn ticks;
-    /// Of the text that came in last: the next row may well have the same.
-    std::uint32_t lastText = 0;
+    // What came in last: the next row may well have the same.
+    TextPool::Entry lastText;
+    TextPool::Entry lastSortText;
   };
   using Ranks = std::vector<std::uint32_t>;
 
-  /// `likely` is the code that the value has if it is the text expected.
-  std::uint32_t codeOf(const CellValue& value, std::uint32_t likely);
-  std::uint32_t codeOfText(std::string_view text, std::uint32_t likely);
-  std::uint32_t codeOfDigits(Id number);
+  std::uint32_t codeOfNumber(Id number);
+  /// `last` becomes the text that the value is.
+  std::uint32_t codeOf(const CellValue& value, TextPool::Entry& last);
   std::uint32_t sortCode(const Column& column, std::size_t line) const;
   Ranks ranksOf(const Column& column) const;
   std::vector<std::uint64_t> weightsOf(const GridSortKey& key) const;

@@ -33,8 +33,8 @@ std::uint32_t hashOf(std::string_view text) {
 
 }  // namespace
 
-TextPool::TextId TextPool::add(std::string_view text) {
-  if (text.empty()) return 0;
+TextPool::Entry TextPool::add(std::string_view text) {
+  if (text.empty()) return {};
   if ((places_.size() + 1) * 4 > slots_.size() * 3) growSlots();
   const std::uint32_t hash = hashOf(text);
   Slot& slot = slotFor(text, hash);
@@ -42,7 +42,7 @@ TextPool::TextId TextPool::add(std::string_view text) {
     keep(text);
     slot = {hash, last()};
   }
-  return slot.id;
+  return {this->text(slot.id), slot.id};
 }
 
 /// That of the text, or the free one where it belongs.

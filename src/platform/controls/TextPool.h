@@ -15,8 +15,13 @@ class TextPool {
   using TextId = std::uint32_t;
   static constexpr TextId lastId = (1U << 30) - 1;
 
-  /// The number of the text, which comes in if it is new. Without room for it std::bad_alloc.
-  TextId add(std::string_view text);
+  struct Entry {
+    std::string_view text;
+    TextId id = 0;
+  };
+
+  /// The entry of the text, which comes in if it is new. Without room for it std::bad_alloc.
+  Entry add(std::string_view text);
   std::string_view text(TextId id) const {
     if (id == 0) return {};
     const Place& place = places_[id - 1];
