@@ -7,18 +7,24 @@
 namespace autonotify::host {
 
 void RecordingErrorClass::enterProcedure(std::string_view tag) {
-  tags_.push_back(tag);
+  if (depth_ == tags_.size()) return enterDeeper(tag);
+  tags_[depth_++] = tag;
+}
+
+void RecordingErrorClass::enterDeeper(std::string_view tag) {
+  tags_.resize(2 * depth_ + 16);
+  tags_[depth_++] = tag;
 }
 
 void RecordingErrorClass::leaveProcedure() {
-  if (tags_.empty()) return;
-  tags_.pop_back();
+  if (depth_ == 0) return;
+  --depth_;
   onLeave();
 }
 
 void RecordingErrorClass::recordError(const PlatformError& error) {
   current_ = {error.number(), error.description(), error.source(),
-              std::string(tags_.empty() ? "" : tags_.back()), error_choice::leave};
+              std::string(depth_ == 0 ? "" : tags_[depth_ - 1]), error_choice::leave};
 }
 
 void RecordingErrorClass::showErrorDialog() {

@@ -33,7 +33,7 @@ class RecordingErrorClass : public errorClass {
   void setUnattended(bool unattended) { isUnattended_ = unattended; }
 
   /// How many procedures are entered at present.
-  std::size_t depth() const { return tags_.size(); }
+  std::size_t depth() const { return depth_; }
   /// All errors since the last takeRecorded, oldest first.
   const std::vector<RecordedError>& recorded() const { return recorded_; }
   /// The same, and forgets them: what happened to one row stays apart from the next.
@@ -46,7 +46,12 @@ class RecordingErrorClass : public errorClass {
   virtual void onLeave() {}
 
  private:
+  /// Where there is no room for the tag yet. Apart, so that what is run all the time stays short.
+  [[gnu::noinline]] void enterDeeper(std::string_view tag);
+
+  /// The first `depth_` are in use.
   std::vector<std::string_view> tags_;
+  std::size_t depth_ = 0;
   RecordedError current_;
   std::vector<RecordedError> recorded_;
   int choice_ = error_choice::leave;
