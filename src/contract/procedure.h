@@ -3,6 +3,7 @@
 #include <functional>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "contract/references.h"
 
@@ -34,9 +35,9 @@ namespace autonotify {
 /// throwing, which only the frame catches.
 bool shallRetryAfter(const PlatformError& error);
 
-// Code that may throw is run by a function that the compiler does not look into: g++ 12 otherwise
-// stores the value of an inlined call in its target although the call has thrown, and a target must
-// keep its old value then.
+// Code that gives an object is run by a function that the compiler does not look into: g++ 12
+// otherwise stores the value of an inlined call in its target although the call has thrown, and a
+// target must keep its old value then. What comes back in a register is stored afterwards anyway.
 #if defined(__clang__)
 #define AUTONOTIFY_OPAQUE __attribute__((noinline))
 #else
@@ -49,10 +50,20 @@ using Passed =
     std::conditional_t<std::is_trivially_copyable_v<Code> && sizeof(Code) <= 2 * sizeof(void*),
                        Code, std::remove_reference_t<Given>&>;
 
-/// Gives `code(arguments...)`, out of the optimizer's sight.
-template <class Code, class... Arguments>
-AUTONOTIFY_OPAQUE decltype(auto) runOpaquely(Code code, Arguments&... arguments) {
-  return std::invoke(code, arguments...);
+/// Gives `code(arguments...)` as a Result, out of the optimizer's sight.
+template <class Result, class Code, class... Arguments>
+AUTONOTIFY_OPAQUE Result runOpaquely(Code code, Arguments&... arguments) {
+  return static_cast<Result>(std::invoke(code, arguments...));
+}
+
+/// Gives `code(arguments...)` as a Result.
+template <class Result, class Code, class... Arguments>
+Result runCode(Code& code, Arguments&... arguments) {
+  if constexpr (std::is_void_v<Result> || std::is_scalar_v<Result>) {
+    return static_cast<Result>(std::invoke(code, arguments...));
+  } else {
+    return runOpaquely<Result, Passed<Code>>(code, arguments...);
+  }
 }
 
 /// The same; what it gives goes to `target`.
@@ -70,28 +81,28 @@ class Step {
   /// Runs a statement without a target.
   template <class Statement, class... Arguments>
   void run(Statement&& statement, Arguments&&... arguments) {
-    attempt([&] { runOpaquely<Passed<Statement>>(statement, arguments...); });
+    attempt([&] { runCode<void>(statement, arguments...); }, [] {});
   }
 
   /// Stores the statement's value in `target`; when skipped, `target` keeps its old value.
   template <class Target, class Statement, class... Arguments>
   void assign(Target& target, Statement&& statement, Arguments&&... arguments) {
     using Given = std::invoke_result_t<Statement&, Arguments&...>;
-    attempt([&] {
-      // A scalar comes back in a register, so that its target may lie in one too.
+    const auto store = [&] {
       if constexpr (std::is_scalar_v<Target> && std::is_scalar_v<Given>) {
-        target = runOpaquely<Passed<Statement>>(statement, arguments...);
+        target = runCode<Given>(statement, arguments...);
       } else {
         assignOpaquely<Passed<Statement>>(statement, target, arguments...);
       }
-    });
+    };
+    attempt(store, [] {});
   }
 
   /// The statement's value, or `old` when it is skipped.
   template <class Old, class Statement, class... Arguments>
   Old value(Old old, Statement&& statement, Arguments&&... arguments) {
-    assign(old, statement, arguments...);
-    return old;
+    return attempt([&]() -> Old { return runCode<Old>(statement, arguments...); },
+                   [&]() -> Old { return std::move(old); });
   }
 
   /// A test; one that was skipped reads as not met.
@@ -101,14 +112,14 @@ class Step {
   }
 
  private:
-  template <class Attempt>
-  void attempt(Attempt&& statement) {
+  /// What the statement gives, or, when it is skipped, what `skip` gives.
+  template <class Attempt, class Skip>
+  auto attempt(Attempt&& statement, Skip&& skip) {
     for (;;) {
       try {
-        statement();
-        return;
+        return statement();
       } catch (const PlatformError& error) {
-        if (!shallRetryAfter(error)) return;
+        if (!shallRetryAfter(error)) return skip();
       }
     }
   }
@@ -140,7 +151,7 @@ Result procedure(std::string_view tag, Result result, Body&& body) {
   const ProcedureFrame frame(tag);
   Step step;
   try {
-    runOpaquely<Passed<Body>>(body, step, result);
+    runOpaquely<void, Passed<Body>>(body, step, result);
   } catch (const LeaveProcedure&) {
   }
   return result;
@@ -152,7 +163,7 @@ void procedure(std::string_view tag, Body&& body) {
   const ProcedureFrame frame(tag);
   Step step;
   try {
-    runOpaquely<Passed<Body>>(body, step);
+    runOpaquely<void, Passed<Body>>(body, step);
   } catch (const LeaveProcedure&) {
   }
 }

@@ -3,9 +3,7 @@
 namespace autonotify {
 
 Value Row::value(std::string_view column) const {
-  Value held;
-  step_->assign(held, [&] { return database().getFieldValue(handle_, column); });
-  return held;
+  return step_->value(Value(), [&] { return database().getFieldValue(handle_, column); });
 }
 
 std::string Row::text(std::string_view column) const {
