@@ -1,6 +1,5 @@
 #include "host/clients/ClientDirectory.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 
@@ -96,60 +95,75 @@ std::vector<const char*> columnNames(std::span<const NamedColumn> columns) {
   return names;
 }
 
-/// A company's names, the one to show first. The firm's rows hold these two, in the same places.
-constexpr std::array<int, 2> companyNames{CompanyName, CorporateName};
-
 constexpr int mainCategoryCode = 1;
 
-/// An item and the columns that may hold it, the likeliest first.
-struct InfoItem {
-  std::int16_t item;
-  std::vector<int> columns;
+/// The columns that may hold a text, the likeliest first.
+struct Places {
+  std::array<int, 4> columns{};
+  std::size_t count = 0;
 };
-
-const std::vector<InfoItem>& companyItems() {
-  static const std::vector<InfoItem> items = {
-      {info_item::clientId, {CompanyClientId}},
-      {info_item::supervisingPartner, {CompanyPartner}},
-      {info_item::managingAccountant, {CompanyAccountant}},
-      {info_item::phone, {OfficeNumber}},
-      {info_item::fax, {CompanyFax}},
-      {info_item::email, {CompanyEmail}},
-      {info_item::defaultContactName, {DefaultContactName}},
-      {info_item::defaultContactPhone, {DefaultContactPhone}},
-      {info_item::defaultContactEmail, {DefaultContactEmail}},
-  };
-  return items;
+template <class... Columns>
+constexpr Places in(Columns... columns) {
+  return {{columns...}, sizeof...(columns)};
 }
 
-const std::vector<InfoItem>& contactItems() {
-  static const std::vector<InfoItem> items = {
-      {info_item::clientId, {ContactClientId}},
-      {info_item::supervisingPartner, {ContactPartner}},
-      {info_item::managingAccountant, {ContactAccountant}},
-      {info_item::phone, {BusinessPhone, HomePhone, BusinessCell, HomeCell}},
-      {info_item::fax, {BusinessFax, HomeFax}},
-      {info_item::email, {BusinessEmail, PersonalEmail}},
-  };
+/// A company's names, the one to show first. The firm's rows hold these two, in the same places.
+constexpr Places companyNames = in(CompanyName, CorporateName);
+
+/// By item.
+using ItemPlaces = std::array<Places, info_item::defaultContactEmail + 1>;
+
+constexpr ItemPlaces companyItems = [] {
+  ItemPlaces items;
+  items[info_item::clientId] = in(CompanyClientId);
+  items[info_item::supervisingPartner] = in(CompanyPartner);
+  items[info_item::managingAccountant] = in(CompanyAccountant);
+  items[info_item::phone] = in(OfficeNumber);
+  items[info_item::fax] = in(CompanyFax);
+  items[info_item::email] = in(CompanyEmail);
+  items[info_item::defaultContactName] = in(DefaultContactName);
+  items[info_item::defaultContactPhone] = in(DefaultContactPhone);
+  items[info_item::defaultContactEmail] = in(DefaultContactEmail);
   return items;
-}
+}();
+
+constexpr ItemPlaces contactItems = [] {
+  ItemPlaces items;
+  items[info_item::clientId] = in(ContactClientId);
+  items[info_item::supervisingPartner] = in(ContactPartner);
+  items[info_item::managingAccountant] = in(ContactAccountant);
+  items[info_item::phone] = in(BusinessPhone, HomePhone, BusinessCell, HomeCell);
+  items[info_item::fax] = in(BusinessFax, HomeFax);
+  items[info_item::email] = in(BusinessEmail, PersonalEmail);
+  return items;
+}();
 
 std::string textAt(const LookupRow& row, int column) {
   return textOf(row[static_cast<std::size_t>(column)]);
 }
 
-std::string firstText(const LookupRow& row, std::span<const int> columns) {
-  for (const int column : columns) {
-    std::string text = textAt(row, column);
-    if (!text.empty()) return text;
-  }
-  return {};
+bool holdsText(const Value& value) {
+  const auto* text = value.getIf<std::string>();
+  return text ? !text->empty() : !value.isNull();
 }
 
-std::string infoItem(const std::vector<InfoItem>& items, const LookupRow& row, std::int16_t item) {
-  const auto found =
-      std::ranges::find_if(items, [&](const InfoItem& each) { return each.item == item; });
-  return found == items.end() ? std::string() : firstText(row, found->columns);
+/// What the first of the places holds that is not empty, or null.
+const Value* firstHeld(const LookupRow& row, const Places& places) {
+  for (std::size_t i = 0; i < places.count; ++i) {
+    const Value& value = row[static_cast<std::size_t>(places.columns[i])];
+    if (holdsText(value)) return &value;
+  }
+  return nullptr;
+}
+
+std::string firstText(const LookupRow& row, const Places& places) {
+  const Value* held = firstHeld(row, places);
+  return held ? toText(*held) : std::string();
+}
+
+const Value* infoItem(const LookupRow& row, const ItemPlaces& items, std::int16_t item) {
+  const auto place = static_cast<std::size_t>(item);
+  return place < items.size() ? firstHeld(row, items[place]) : nullptr;
 }
 
 /// What the contact's own record calls an item of its company.
@@ -231,6 +245,7 @@ std::string ClientDirectory::companyName(const LookupRow& company) {
 }
 
 std::string ClientDirectory::contactName(const LookupRow& contact) {
+  if (std::string name = textAt(contact, DisplayName); !name.empty()) return name;
   return displayName(namesOf(contact));
 }
 
@@ -249,8 +264,11 @@ std::string ClientDirectory::getContactAndSpouseName(Id contactId, bool withSpou
 std::string ClientDirectory::getCompanyInfoItem(Id companyId, std::int16_t item) {
   const LookupRow* company = find(companies_, companyId);
   if (!company) return {};
-  std::string text = infoItem(companyItems(), *company, item);
-  if (!text.empty()) return text;
+  if (const Value* held = infoItem(*company, companyItems, item)) return toText(*held);
+  return itemOfDefaultContact(companyId, item);
+}
+
+std::string ClientDirectory::itemOfDefaultContact(Id companyId, std::int16_t item) {
   if (item == info_item::defaultContactName)
     return getContactDisplayName(getDefaultContactID(companyId));
   const std::int16_t behind = contactItemBehind(item);
@@ -259,7 +277,8 @@ std::string ClientDirectory::getCompanyInfoItem(Id companyId, std::int16_t item)
 
 std::string ClientDirectory::getContactInfoItem(Id contactId, std::int16_t item) {
   const LookupRow* contact = find(contacts_, contactId);
-  return contact ? infoItem(contactItems(), *contact, item) : std::string();
+  const Value* held = contact ? infoItem(*contact, contactItems, item) : nullptr;
+  return held ? toText(*held) : std::string();
 }
 
 std::string ClientDirectory::getUserNameFromID(Id userId) {

@@ -74,6 +74,8 @@ class ClientDirectory : public clientDropDownCtrlReference {
  private:
   const LookupRow* find(LookupTable& table, Id key) { return table.find(key, isBatch_); }
   std::string firmName();
+  /// What a company does not hold itself.
+  std::string itemOfDefaultContact(Id companyId, std::int16_t item);
   static std::string companyName(const LookupRow& company);
   static std::string contactName(const LookupRow& contact);
   std::vector<std::pair<std::string, ListedClient>> readClients();

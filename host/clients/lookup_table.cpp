@@ -28,12 +28,21 @@ LookupTable::LookupTable(DatabaseReference& database, LookupSource source)
 
 const LookupRow* LookupTable::find(Id key, bool wholeTable) {
   if (key < 0) return nullptr;
-  if (!wholeTable) {
-    auto rows = read(std::string(rowByKey_).insert(keyAt_, std::to_string(key)), true);
-    if (rows.empty()) return nullptr;
-    single_ = std::move(rows.front().second);
-    return &single_;
-  }
+  if (!wholeTable) return readSingle(key);
+  if (key == lastKey_) return last_;
+  last_ = findHeld(key);
+  lastKey_ = key;
+  return last_;
+}
+
+const LookupRow* LookupTable::readSingle(Id key) {
+  auto rows = read(std::string(rowByKey_).insert(keyAt_, std::to_string(key)), true);
+  if (rows.empty()) return nullptr;
+  single_ = std::move(rows.front().second);
+  return &single_;
+}
+
+const LookupRow* LookupTable::findHeld(Id key) {
   if (!held_) {
     std::unordered_map<Id, LookupRow> rows;
     for (auto& [id, row] : readAll()) rows.try_emplace(id, std::move(row));
@@ -41,6 +50,11 @@ const LookupRow* LookupTable::find(Id key, bool wholeTable) {
   }
   const auto found = held_->find(key);
   return found == held_->end() ? nullptr : &found->second;
+}
+
+void LookupTable::forget() {
+  held_.reset();
+  lastKey_ = noId;
 }
 
 Id LookupTable::linkOf(Id key, bool wholeTable) {

@@ -40,17 +40,22 @@ class LookupTable {
   Id linkOf(Id key, bool wholeTable);
   /// All rows by key, read now. A key that cannot be read is no one's to look for.
   std::vector<std::pair<Id, LookupRow>> readAll();
-  void forget() { held_.reset(); }
+  void forget();
 
  private:
   std::string selectWhere(const std::string& condition) const;
   std::vector<std::pair<Id, LookupRow>> read(const std::string& sql, bool firstOnly);
+  const LookupRow* readSingle(Id key);
+  const LookupRow* findHeld(Id key);
 
   DatabaseReference& database_;
   LookupSource source_;
   std::string rowByKey_;   // without the key
   std::size_t keyAt_ = 0;  // where that stands in it
   std::optional<std::unordered_map<Id, LookupRow>> held_;
+  /// What was found in the whole table last: of one row several things are asked for.
+  Id lastKey_ = noId;
+  const LookupRow* last_ = nullptr;
   /// The row that was read alone.
   LookupRow single_;
 };
