@@ -50,8 +50,9 @@ struct RowStatement {
 /// be read again by its keys, whatever has been written since. A plan is not keyed when rows are no
 /// rows of tables (groups, unions, outer joins) or when a table is none of the schema.
 ///
-/// Of a wide row seldom more than a few columns are asked for. Once these have settled, the rows
-/// come with them alone, and one that is asked for later is read by the row's keys.
+/// Of a wide row seldom more than a few columns are asked for. Once these have settled, or a walk
+/// over a whole table has shown them, the rows come with them alone, and one that is asked for
+/// later is read by the row's keys.
 ///
 /// What the statement leaves open about the order of its rows is settled by the keys of its tables,
 /// from left to right, so that all engines give them in one order. Groups and unions have no keys.
