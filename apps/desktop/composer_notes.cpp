@@ -35,7 +35,7 @@ constexpr const char* toProgram =
     QT_TRANSLATE_NOOP("QObject", "Opens it in your email program, addressed to %1");
 
 /// Of the tasks that a question is about.
-constexpr qsizetype mostNamed = 10;
+constexpr qsizetype mostPastDates = 10;
 
 const char* wordsOf(const host::ComposerOutlook& outlook, const FinishWords& words) {
   if (!outlook.isAtOnce) return words.waiting;
@@ -96,7 +96,7 @@ QString yearQuestion(host::Desk& desk, const std::vector<host::YearTask>& previe
   if (past.isEmpty()) return {};
   const QString told = QObject::tr("The dates of %Ln tasks are past: they are due at once.", "",
                                    static_cast<int>(past.size()));
-  if (past.size() > mostNamed) past = past.mid(0, mostNamed) << QString(QChar(0x2026));
+  if (past.size() > mostPastDates) past = past.mid(0, mostPastDates) << QString(QChar(0x2026));
   return QStringList{told, past.join('\n'), QObject::tr("Do you want to go on?")}.join("\n\n");
 }
 

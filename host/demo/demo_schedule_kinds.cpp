@@ -54,7 +54,7 @@ constexpr ScheduleKind personal[] = {
     {109, 4, "Personal Tax Instalment", 5, Letter::personalTax, 3, 12, 3, 15, 6, 0.25},
 };
 
-constexpr DocumentLine documents[] = {
+constexpr DocumentLine demandedDocuments[] = {
     {Letter::salesTax, 2, "Sales journal for the period"},
     {Letter::salesTax, 2, "Purchase invoices over $500"},
     {Letter::salesTax, 1, "Please tell us of any change in your rates"},
@@ -101,7 +101,7 @@ std::span<const ScheduleKind> personalKinds() {
   return personal;
 }
 std::span<const DocumentLine> documentLines() {
-  return documents;
+  return demandedDocuments;
 }
 
 }  // namespace autonotify::host::demo

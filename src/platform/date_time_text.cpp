@@ -5,13 +5,6 @@
 namespace autonotify {
 namespace {
 
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-constexpr bool isLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
 /// Reads a text from the left. A read that fails may have moved on; whoever tries several readings
 /// tries each on a copy.
 class Scanner {
@@ -33,14 +26,14 @@ class Scanner {
   }
 
   std::optional<int> number(std::size_t leastDigits, std::size_t mostDigits) {
-    const std::string_view digits = take(isDigit);
+    const std::string_view digits = take(isAsciiDigit);
     if (digits.size() < leastDigits || digits.size() > mostDigits) return std::nullopt;
     int value = 0;
     for (const char digit : digits) value = value * 10 + (digit - '0');
     return value;
   }
 
-  std::string_view word() { return take(isLetter); }
+  std::string_view word() { return take(isAsciiLetter); }
 
  private:
   template <class Belongs>
@@ -164,7 +157,7 @@ std::optional<DateTime> readOrdinary(std::string_view text) {
   const auto hasMark = [&](std::size_t at) { return text[at] == form[at]; };
   bool areDigits = true;
   const auto two = [&](std::size_t at) {
-    areDigits = areDigits && isDigit(text[at]) && isDigit(text[at + 1]);
+    areDigits = areDigits && isAsciiDigit(text[at]) && isAsciiDigit(text[at + 1]);
     return (text[at] - '0') * 10 + (text[at + 1] - '0');
   };
   const int year = two(0) * 100 + two(2), month = two(5), dayOfMonth = two(8);

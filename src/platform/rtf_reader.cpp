@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "platform/text.h"
+
 namespace autonotify {
 namespace {
 
@@ -21,16 +23,10 @@ constexpr std::array<bool, 256> endsText = makeTextEnds();
 constexpr bool isNothing(char c) {
   return c == '\r' || c == '\n' || c == '\0';
 }
-constexpr bool isLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-constexpr bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 /// -1 for a character that is no hexadecimal digit.
 constexpr int hexDigit(char c) {
-  if (isDigit(c)) return c - '0';
+  if (isAsciiDigit(c)) return c - '0';
   const char small = static_cast<char>(c | 0x20);
   return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
 }
@@ -67,7 +63,7 @@ RtfToken RtfReader::readControl() {
   ++at_;
   if (at_ == rtf_.size()) return {};
   const char c = rtf_[at_];
-  if (isLetter(c)) return readWord();
+  if (isAsciiLetter(c)) return readWord();
   const std::string_view character = take(1);
   if (c == '\'') return readHexByte();
   if (c == '\\' || c == '{' || c == '}') return {Kind::text, character};
@@ -78,13 +74,13 @@ RtfToken RtfReader::readControl() {
 
 RtfToken RtfReader::readWord() {
   std::size_t end = at_;
-  while (end < rtf_.size() && isLetter(rtf_[end])) ++end;
+  while (end < rtf_.size() && isAsciiLetter(rtf_[end])) ++end;
   RtfToken word{Kind::word, take(end - at_)};
-  const bool negative = end + 1 < rtf_.size() && rtf_[end] == '-' && isDigit(rtf_[end + 1]);
+  const bool negative = end + 1 < rtf_.size() && rtf_[end] == '-' && isAsciiDigit(rtf_[end + 1]);
   at_ += negative;
   constexpr std::int64_t limit = std::numeric_limits<int>::max();
   std::int64_t value = 0;
-  for (; at_ < rtf_.size() && isDigit(rtf_[at_]); ++at_) {
+  for (; at_ < rtf_.size() && isAsciiDigit(rtf_[at_]); ++at_) {
     value = std::min(limit, value * 10 + (rtf_[at_] - '0'));
     word.hasParameter = true;
   }

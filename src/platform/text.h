@@ -27,6 +27,13 @@ std::string replaceAll(std::string_view text, std::string_view sought, std::stri
 std::string replaceAllIgnoreCase(std::string_view text, std::string_view sought,
                                  std::string_view with);
 
+constexpr bool isAsciiDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+constexpr bool isAsciiLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
 std::size_t characterCount(std::string_view text);
 bool isValidUtf8(std::string_view text);
 

@@ -9,7 +9,7 @@ namespace autonotify::desktop {
 namespace {
 
 /// Below what the keys act on.
-QPoint placeOfMenu(const QWidget& widget) {
+QPoint placeBelow(const QWidget& widget) {
   const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
   if (!view) return widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().bottomLeft();
   const QRect current = view->visualRect(view->currentIndex());
@@ -30,7 +30,7 @@ bool ContextMenuKey::eventFilter(QObject* watched, QEvent* event) {
     return false;
   const auto& key = static_cast<const QKeyEvent&>(*event);
   if (key.key() != Qt::Key_F10 || key.modifiers() != Qt::ShiftModifier) return false;
-  const QPoint place = placeOfMenu(*widget);
+  const QPoint place = placeBelow(*widget);
   QContextMenuEvent wish(QContextMenuEvent::Keyboard, place, widget->mapToGlobal(place));
   QApplication::sendEvent(widget, &wish);
   return true;

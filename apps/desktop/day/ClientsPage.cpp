@@ -27,9 +27,9 @@ constexpr int pageMargin = 16;
 /// The rest of a client of many years is in the list of notifications.
 constexpr std::size_t mostTold = 2000;
 /// Of a column, in a narrow window.
-constexpr int leastCharacters = 8;
+constexpr int leastLetters = 8;
 /// By which the width of a column goes.
-constexpr int rowsMeasured = 100;
+constexpr int measuredClients = 100;
 
 using ClientColumn = RecordColumn<host::ClientLine>;
 constexpr ClientColumn clientColumns[] = {
@@ -206,8 +206,8 @@ QTableView* ClientsPage::newTable(const char* name, const QString& accessibleNam
   QHeaderView& header = SortHeader::giveTo(*table);
   header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header.setSectionResizeMode(QHeaderView::Stretch);
-  header.setResizeContentsPrecision(rowsMeasured);
-  header.setMinimumSectionSize(leastCharacters * fontMetrics().horizontalAdvance('0'));
+  header.setResizeContentsPrecision(measuredClients);
+  header.setMinimumSectionSize(leastLetters * fontMetrics().horizontalAdvance('0'));
   header.setSortIndicator(-1, Qt::AscendingOrder);
   table->setSortingEnabled(true);
   return table;

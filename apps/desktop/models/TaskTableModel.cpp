@@ -32,7 +32,7 @@ constexpr std::array<ColumnLook, TaskTableModel::columns> looks{{
     {QT_TRANSLATE_NOOP("autonotify::desktop::TaskTableModel", "State"), host::TaskOrder::state},
 }};
 
-const ColumnLook& lookOf(int column) {
+const ColumnLook& columnLook(int column) {
   return looks.at(static_cast<std::size_t>(column));
 }
 
@@ -136,7 +136,7 @@ QVariant TaskTableModel::data(const QModelIndex& index, int role) const {
 
 QVariant TaskTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return tr(lookOf(section).title);
+  return tr(columnLook(section).title);
 }
 
 bool TaskTableModel::canFetchMore(const QModelIndex& parent) const {
@@ -162,7 +162,7 @@ void TaskTableModel::append(std::vector<host::TaskLine> page) {
 
 void TaskTableModel::sort(int column, Qt::SortOrder order) {
   if (column < 0 || column >= Column::columns) return;
-  query_.order = lookOf(column).order;
+  query_.order = columnLook(column).order;
   query_.descending = order == Qt::DescendingOrder;
   show(pageSize);
 }

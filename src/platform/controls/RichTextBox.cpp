@@ -32,8 +32,8 @@ bool isInControlWord(std::string_view rtf, std::size_t place) {
   const auto skipBack = [&](auto&& isPart) {
     while (place > 0 && isPart(rtf[place - 1])) --place;
   };
-  skipBack([](char c) { return (c >= '0' && c <= '9') || c == '-'; });
-  skipBack([](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+  skipBack([](char c) { return isAsciiDigit(c) || c == '-'; });
+  skipBack(isAsciiLetter);
   const std::size_t wordBegin = place;
   skipBack([](char c) { return c == '\\'; });
   return (wordBegin - place) % 2 == 1;

@@ -66,7 +66,7 @@ constexpr int bulletCode = 23;
 constexpr int textCode = 255;
 
 bool isAlphanumeric(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+  return isAsciiDigit(c) || isAsciiLetter(c);
 }
 
 /// How many 16-bit units a text takes in a list table.
