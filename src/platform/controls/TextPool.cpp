@@ -13,21 +13,33 @@ constexpr std::size_t blockSize = 1 << 16;
 constexpr std::size_t mostBlocks = 1 << 16;
 constexpr std::size_t fewestSlots = 64;
 
-/// Eight letters at a time; texts of cells are short.
+template <class Number>
+std::uint64_t lettersAt(const char* place) {
+  Number letters;
+  std::memcpy(&letters, place, sizeof letters);
+  return letters;
+}
+
+/// Of one to eight letters; where these fill no number, some count twice.
+std::uint64_t fewLetters(std::string_view text) {
+  const char* const last = text.data() + text.size() - 1;
+  if (text.size() >= 4)
+    return lettersAt<std::uint32_t>(text.data()) << 32 | lettersAt<std::uint32_t>(last - 3);
+  return lettersAt<std::uint8_t>(text.data()) << 16 |
+         lettersAt<std::uint8_t>(text.data() + text.size() / 2) << 8 |
+         lettersAt<std::uint8_t>(last);
+}
+
+/// Eight letters at a time; texts of cells are short. Requires: not empty.
 std::uint32_t hashOf(std::string_view text) {
   std::uint64_t hash = text.size();
-  std::uint64_t letters = 0;
-  const auto mix = [&] {
+  const auto mix = [&hash](std::uint64_t letters) {
     hash = (hash ^ letters) * 0x9e3779b97f4a7c15;
     hash ^= hash >> 32;
   };
-  for (; text.size() > sizeof letters; text.remove_prefix(sizeof letters)) {
-    std::memcpy(&letters, text.data(), sizeof letters);
-    mix();
-  }
-  letters = 0;
-  for (const char letter : text) letters = letters << 8 | static_cast<unsigned char>(letter);
-  mix();
+  for (; text.size() > sizeof(std::uint64_t); text.remove_prefix(sizeof(std::uint64_t)))
+    mix(lettersAt<std::uint64_t>(text.data()));
+  mix(fewLetters(text));
   return static_cast<std::uint32_t>(hash);
 }
 
@@ -37,23 +49,16 @@ TextPool::Entry TextPool::add(std::string_view text) {
   if (text.empty()) return {};
   if ((places_.size() + 1) * 4 > slots_.size() * 3) growSlots();
   const std::uint32_t hash = hashOf(text);
-  Slot& slot = slotFor(text, hash);
-  if (slot.id == 0) {
-    keep(text);
-    slot = {hash, last()};
+  for (std::size_t at = firstSlot(hash);; at = (at + 1) & (slots_.size() - 1)) {
+    Slot& slot = slots_[at];
+    if (slot.id == 0) slot = {hash, keep(text)};
+    if (slot.hash != hash) continue;
+    const std::string_view held = this->text(slot.id);
+    if (held == text) return {held, slot.id};
   }
-  return {this->text(slot.id), slot.id};
 }
 
-/// That of the text, or the free one where it belongs.
-TextPool::Slot& TextPool::slotFor(std::string_view sought, std::uint32_t hash) {
-  std::size_t at = firstSlot(hash);
-  while (slots_[at].id && (slots_[at].hash != hash || text(slots_[at].id) != sought))
-    at = (at + 1) & (slots_.size() - 1);
-  return slots_[at];
-}
-
-void TextPool::keep(std::string_view text) {
+TextPool::TextId TextPool::keep(std::string_view text) {
   if (last() == lastId || text.size() > std::numeric_limits<std::uint32_t>::max())
     throw std::bad_alloc();
   if (blocks_.empty() || blocks_.back().used + text.size() > blockSize) {
@@ -66,6 +71,7 @@ void TextPool::keep(std::string_view text) {
       {static_cast<std::uint16_t>(blocks_.size() - 1), static_cast<std::uint16_t>(block.used)});
   std::memcpy(block.characters.get() + block.used, text.data(), text.size());
   block.used += static_cast<std::uint32_t>(text.size());
+  return last();
 }
 
 void TextPool::growSlots() {

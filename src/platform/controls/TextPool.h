@@ -49,8 +49,7 @@ class TextPool {
     TextId id = 0;
   };
 
-  Slot& slotFor(std::string_view text, std::uint32_t hash);
-  void keep(std::string_view text);
+  TextId keep(std::string_view text);
   void growSlots();
   std::size_t firstSlot(std::uint32_t hash) const { return hash & (slots_.size() - 1); }
 
