@@ -1,7 +1,7 @@
 #include "contract/recordsets.h"
 
 #include <charconv>
-#include <iterator>
+#include <cstddef>
 
 namespace autonotify {
 
@@ -19,11 +19,11 @@ bool findRecord(RecordsetHandle handle, const char* column, const std::string& v
 }
 
 std::string statementFor(std::string_view statement, Id id) {
-  char number[16];
-  char* const end = std::to_chars(std::begin(number), std::end(number), id).ptr;
-  std::string whole;
-  whole.reserve(statement.size() + sizeof number);
-  whole.append(statement).append(number, end).append(1, ';');
+  constexpr std::size_t longestId = 11;
+  std::string whole(statement.size() + longestId + 1, ';');
+  char* const number = whole.data() + statement.copy(whole.data(), statement.size());
+  const char* const end = std::to_chars(number, number + longestId, id).ptr;
+  whole.resize(static_cast<std::size_t>(end - whole.data()) + 1);
   return whole;
 }
 

@@ -23,7 +23,7 @@ Result lookUp(const ColumnLookup& lookup, Id id, Result none, Convert convert) {
 Value readColumn(Step& step, const ColumnSource& first, const ColumnSource& second, Id id) {
   Value value;
   const bool found = readFirstRow(step, first, id, value);
-  if (!found && second.statement) readFirstRow(step, second, id, value);
+  if (!found && !second.statement.empty()) readFirstRow(step, second, id, value);
   return value;
 }
 

@@ -12,8 +12,8 @@ namespace autonotify {
 
 /// A statement that wants an id behind it, and the column to read from its first row.
 struct ColumnSource {
-  const char* statement = nullptr;
-  const char* column = nullptr;
+  std::string_view statement = {};
+  std::string_view column = {};
 };
 
 /// A lookup procedure: where it reads, and where it goes on when there is no row; the second source
