@@ -37,7 +37,8 @@ bool shallRetryAfter(const PlatformError& error);
 
 // Code that gives an object is run by a function that the compiler does not look into: g++ 12
 // otherwise stores the value of an inlined call in its target although the call has thrown, and a
-// target must keep its old value then. What comes back in a register is stored afterwards anyway.
+// target must keep its old value then. What comes back in a register is stored afterwards anyway,
+// and what has a constructor of its own is made apart.
 #if defined(__clang__)
 #define AUTONOTIFY_OPAQUE __attribute__((noinline))
 #else
@@ -59,10 +60,10 @@ AUTONOTIFY_OPAQUE Result runOpaquely(Code code, Arguments&... arguments) {
 /// Gives `code(arguments...)` as a Result.
 template <class Result, class Code, class... Arguments>
 Result runCode(Code& code, Arguments&... arguments) {
-  if constexpr (std::is_void_v<Result> || std::is_scalar_v<Result>) {
-    return static_cast<Result>(std::invoke(code, arguments...));
-  } else {
+  if constexpr (std::is_class_v<Result> && std::is_trivially_copyable_v<Result>) {
     return runOpaquely<Result, Passed<Code>>(code, arguments...);
+  } else {
+    return static_cast<Result>(std::invoke(code, arguments...));
   }
 }
 
