@@ -11,7 +11,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"frmSendNotificationsBulk", name>;
+constexpr std::string_view tagOf = procedureTag<"frmSendNotificationsBulk", name>;
 
 using enum TaskFamily;
 constexpr std::array<TaskFamily, taskFamilyCount> passOrder{
@@ -78,7 +78,7 @@ void scheduleTask(const BulkOrder& order, Id scheduleID) {
 }  // namespace
 
 int countAutoNotificationss(const BulkOrder& order) {
-  return procedure(tag<"countAutoNotificationss">, 0, [&](Step& step, int& count) {
+  return procedure(tagOf<"countAutoNotificationss">, 0, [&](Step& step, int& count) {
     forEachFamily(step, order, [&](const Rows& tasks) {
       count += step.value(0, [&] { return database().getRecordCount(tasks.handle()); });
     });
@@ -86,7 +86,7 @@ int countAutoNotificationss(const BulkOrder& order) {
 }
 
 void scheduleAutoNotifications(const BulkOrder& order, ProgressDialog& dialog) {
-  procedure(tag<"scheduleAutoNotifications">, [&](Step& step) {
+  procedure(tagOf<"scheduleAutoNotifications">, [&](Step& step) {
     forEachFamily(step, order, [&](Rows& tasks) {
       for (const Row& task : tasks) {
         const Id scheduleID = task.id("ScheduleID");

@@ -8,12 +8,12 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"frmSendNotificationsBulk", name>;
+constexpr std::string_view tagOf = procedureTag<"frmSendNotificationsBulk", name>;
 
 }  // namespace
 
 std::string getShortAbbreviationNameFromTotalNum(Id totalNum, bool capitalised) {
-  constexpr auto name = tag<"getShortAbbreviationNameFromTotalNum">;
+  constexpr auto name = tagOf<"getShortAbbreviationNameFromTotalNum">;
   return procedure(name, std::string{}, [&](Step& step, std::string& result) {
     if (!isDatabaseOpen(step)) return;
     const std::string sql =

@@ -7,7 +7,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"frmSendNotificationsBulk", name>;
+constexpr std::string_view tagOf = procedureTag<"frmSendNotificationsBulk", name>;
 
 /// In the order of TaskFamily.
 constexpr std::array<const char*, taskFamilyCount> columns{
@@ -43,7 +43,7 @@ void write(const Row& row, const BulkChoice& choice) {
 }  // namespace
 
 void saveNotificationsTypes(const BulkClient& client, const BulkChoice& choice) {
-  procedure(tag<"saveNotificationsTypes">, [&](Step& step) {
+  procedure(tagOf<"saveNotificationsTypes">, [&](Step& step) {
     if (!isDatabaseOpen(step) || client.id() < 0) return;
     const char* keyColumn = client.isContact() ? "ContactIDNum" : "CompanyIDNum";
     const std::string statement =

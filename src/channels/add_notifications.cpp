@@ -12,7 +12,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modChannelNotifications", name>;
+constexpr std::string_view tagOf = procedureTag<"modChannelNotifications", name>;
 
 /// A channel's way to its row.
 struct Channel {
@@ -129,35 +129,35 @@ Id addFromName(std::string_view frameTag, const Channel& channel, const KnownEnt
 }  // namespace
 
 Id addNewEmailNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(tag<"addNewEmailNotificationFromScheduleIDNum">, email, scheduleID);
+  return addFromScheduleId(tagOf<"addNewEmailNotificationFromScheduleIDNum">, email, scheduleID);
 }
 
 Id addNewFaxNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(tag<"addNewFaxNotificationFromScheduleIDNum">, fax, scheduleID);
+  return addFromScheduleId(tagOf<"addNewFaxNotificationFromScheduleIDNum">, fax, scheduleID);
 }
 
 Id addNewLetterNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(tag<"addNewLetterNotificationFromScheduleIDNum">, letter, scheduleID);
+  return addFromScheduleId(tagOf<"addNewLetterNotificationFromScheduleIDNum">, letter, scheduleID);
 }
 
 Id addNewPhoneNotificationFromScheduleIDNum(Id scheduleID) {
-  return addFromScheduleId(tag<"addNewPhoneNotificationFromScheduleIDNum">, phone, scheduleID);
+  return addFromScheduleId(tagOf<"addNewPhoneNotificationFromScheduleIDNum">, phone, scheduleID);
 }
 
 Id addNewEmailNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
-  return addFromName(tag<"addNewEmailNotificationFromScheduleNameAndDueDate">, email, entry);
+  return addFromName(tagOf<"addNewEmailNotificationFromScheduleNameAndDueDate">, email, entry);
 }
 
 Id addNewFaxNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
-  return addFromName(tag<"addNewFaxNotificationFromScheduleNameAndDueDate">, fax, entry);
+  return addFromName(tagOf<"addNewFaxNotificationFromScheduleNameAndDueDate">, fax, entry);
 }
 
 Id addNewLetterNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
-  return addFromName(tag<"addNewLetterNotificationFromScheduleNameAndDueDate">, letter, entry);
+  return addFromName(tagOf<"addNewLetterNotificationFromScheduleNameAndDueDate">, letter, entry);
 }
 
 Id addNewPhoneNotificationFromScheduleNameAndDueDate(const KnownEntry& entry) {
-  return addFromName(tag<"addNewPhoneNotificationFromScheduleNameAndDueDate">, phone, entry);
+  return addFromName(tagOf<"addNewPhoneNotificationFromScheduleNameAndDueDate">, phone, entry);
 }
 
 }  // namespace autonotify

@@ -14,7 +14,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
+constexpr std::string_view tagOf = procedureTag<"modApptNotifications", name>;
 
 /// Columns that are written one after the other.
 enum ColumnGroup { type, link, clientIds, date, fields, memo, groupCount };
@@ -112,19 +112,19 @@ Id addOrUpdate(std::string_view frameTag, const ItemChannel& channel,
 }  // namespace
 
 Id addNewApptEmailNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptEmailNotification">, emailItem, reminder);
+  return addOrUpdate(tagOf<"addNewApptEmailNotification">, emailItem, reminder);
 }
 
 Id addNewApptFaxNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptFaxNotification">, faxItem, reminder);
+  return addOrUpdate(tagOf<"addNewApptFaxNotification">, faxItem, reminder);
 }
 
 Id addNewApptLetterNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptLetterNotification">, letterItem, reminder);
+  return addOrUpdate(tagOf<"addNewApptLetterNotification">, letterItem, reminder);
 }
 
 Id addNewApptPhoneNotification(const ItemReminder& reminder) {
-  return addOrUpdate(tag<"addNewApptPhoneNotification">, phoneItem, reminder);
+  return addOrUpdate(tagOf<"addNewApptPhoneNotification">, phoneItem, reminder);
 }
 
 }  // namespace autonotify

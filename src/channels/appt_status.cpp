@@ -10,10 +10,10 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
+constexpr std::string_view tagOf = procedureTag<"modApptNotifications", name>;
 
 constexpr ColumnLookup dateOfNotification{
-    tag<"getApptNotificationDate">,
+    tagOf<"getApptNotificationDate">,
     {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationDate FROM "
      "ClientNotification WHERE ClientNotificationID=",
      "NotificationDate"}};
@@ -37,7 +37,7 @@ void raiseFlag(const Row& item, notifyType channel) {
 }  // namespace
 
 Id getApptNotificationID(CurrentDayTimerType kind, Id itemId, notifyType channel) {
-  return procedure(tag<"getApptNotificationID">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getApptNotificationID">, noId, [&](Step& step, Id& result) {
     if (kind == Tasks) {
       result = getNotificationID(getScheduleIDFromTaskID(itemId), channel);
       return;
@@ -52,7 +52,7 @@ Id getApptNotificationID(CurrentDayTimerType kind, Id itemId, notifyType channel
 }
 
 Id getAppointmentIDFromNotificationID(std::int32_t kind, Id notificationId) {
-  return procedure(tag<"getAppointmentIDFromNotificationID">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getAppointmentIDFromNotificationID">, noId, [&](Step& step, Id& result) {
     if (notificationId < 0 || !isDatabaseOpen(step)) return;
     const DiaryKind& items = diaryKind(kind);
     const std::string condition = "ClientNotificationID=" + std::to_string(notificationId);
@@ -66,7 +66,7 @@ DateTime getApptNotificationDate(Id notificationId) {
 }
 
 bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType channel) {
-  return procedure(tag<"getApptNotificationStatus">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"getApptNotificationStatus">, false, [&](Step& step, bool& result) {
     if (kind == Tasks) {
       result = getNotificationStatus(getScheduleIDFromTaskID(itemId), channel);
       return;
@@ -81,7 +81,7 @@ bool getApptNotificationStatus(CurrentDayTimerType kind, Id itemId, notifyType c
 
 bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeStatus change,
                                   Id itemId) {
-  return procedure(tag<"changeApptNotificationStatus">, true, [&](Step& step, bool& result) {
+  return procedure(tagOf<"changeApptNotificationStatus">, true, [&](Step& step, bool& result) {
     if (kind == Tasks) {
       const Id scheduleId = getScheduleIDFromTaskID(itemId);
       result = changeNotificationStatus(channel, change, scheduleId);
@@ -98,7 +98,7 @@ bool changeApptNotificationStatus(std::int32_t kind, notifyType channel, changeS
 }
 
 void deleteApptNotification(CurrentDayTimerType kind, notifyType channel, Id itemId) {
-  procedure(tag<"deleteApptNotification">, [&](Step& step) {
+  procedure(tagOf<"deleteApptNotification">, [&](Step& step) {
     if (kind == Tasks) {
       deleteNotification(getApptNotificationID(kind, itemId, channel));
       return;
@@ -115,7 +115,7 @@ void deleteApptNotification(CurrentDayTimerType kind, notifyType channel, Id ite
 void copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum(CurrentDayTimerType kind,
                                                                  Id newNotificationId,
                                                                  Id oldItemId) {
-  procedure(tag<"copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum">, [&](Step& step) {
+  procedure(tagOf<"copyOldApptNotificationInfoToNewApptNotificationByTaskIDNum">, [&](Step& step) {
     if (kind == Tasks) {
       copyOldNotificationInfoToNewNotificationByScheduleIDNum(newNotificationId,
                                                               getScheduleIDFromTaskID(oldItemId));

@@ -13,7 +13,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modApptNotifications", name>;
+constexpr std::string_view tagOf = procedureTag<"modApptNotifications", name>;
 
 constexpr std::array<DiaryKind, 3> diaryKinds{{
     {Appointments, "Appointments", "AppointmentID", validAppointmentID, "ApptIDNum",
@@ -96,7 +96,7 @@ std::string itemSubject(Step& step, const DiaryKind& kind, Id itemId) {
 }
 
 std::string getAppointmentBodyText(CurrentDayTimerType kind, Id itemId) {
-  return procedure(tag<"getAppointmentBodyText">, std::string{}, [&](Step& step, auto& result) {
+  return procedure(tagOf<"getAppointmentBodyText">, std::string{}, [&](Step& step, auto& result) {
     if (!isDatabaseOpen(step)) return;
     const DiaryKind& row = diaryKind(kind);
     const Rows item(step, itemStatement(row), itemId, keysetRead);
@@ -105,7 +105,7 @@ std::string getAppointmentBodyText(CurrentDayTimerType kind, Id itemId) {
 }
 
 void resetApptNotificationBody(std::int32_t kind, Id notificationId, Id itemId) {
-  procedure(tag<"resetApptNotificationBody">, [&](Step& step) {
+  procedure(tagOf<"resetApptNotificationBody">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     CurrentDayTimerType narrow{};
     step.assign(narrow, [&] { return static_cast<CurrentDayTimerType>(toInteger16(kind)); });

@@ -9,7 +9,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modChannelNotifications", name>;
+constexpr std::string_view tagOf = procedureTag<"modChannelNotifications", name>;
 template <FixedText name>
 constexpr std::string_view itemTag = procedureTag<"modApptNotifications", name>;
 
@@ -68,19 +68,19 @@ FieldEdits editsOfLetter(const std::string& memo) {
 }  // namespace
 
 void editEmailNotification(Id notificationNum, const EmailTexts& texts) {
-  editNotification(tag<"editEmailNotification">, notificationNum, editsOf(texts));
+  editNotification(tagOf<"editEmailNotification">, notificationNum, editsOf(texts));
 }
 
 void editFaxNotification(Id notificationNum, const FaxTexts& texts) {
-  editNotification(tag<"editFaxNotification">, notificationNum, editsOf(texts));
+  editNotification(tagOf<"editFaxNotification">, notificationNum, editsOf(texts));
 }
 
 void editLetterNotification(Id notificationNum, const std::string& memo) {
-  editNotification(tag<"editLetterNotification">, notificationNum, editsOfLetter(memo));
+  editNotification(tagOf<"editLetterNotification">, notificationNum, editsOfLetter(memo));
 }
 
 void editPhoneNotification(Id notificationNum, const PhoneTexts& texts) {
-  editNotification(tag<"editPhoneNotification">, notificationNum, editsOf(texts));
+  editNotification(tagOf<"editPhoneNotification">, notificationNum, editsOf(texts));
 }
 
 void editApptEmailNotification(std::int32_t, Id notificationNum, const EmailTexts& texts) {

@@ -5,7 +5,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modAddressFormatting", name>;
+constexpr std::string_view tagOf = procedureTag<"modAddressFormatting", name>;
 
 std::string blockOf(const AddressRecord& record, const AddressParts& parts, bool includePerson,
                     bool asRTF) {
@@ -17,7 +17,7 @@ std::string blockOf(const AddressRecord& record, const AddressParts& parts, bool
 
 std::string createCompanyAddress(Id companyId, Id firmId, const AddressParts& parts,
                                  bool& includePerson, bool asRTF) {
-  return procedure(tag<"createCompanyAddress">, std::string{}, [&](Step& step, auto& result) {
+  return procedure(tagOf<"createCompanyAddress">, std::string{}, [&](Step& step, auto& result) {
     AddressRecord record;
     readCompanyAddress(step, companyId, firmId, parts, includePerson, record);
     result = blockOf(record, parts, includePerson, asRTF);
@@ -32,7 +32,7 @@ std::string createBusinessContactAddress(const AddressPerson& person, Id company
     readBusinessAddress(step, person, companyId, parts, includeBusinessName, record);
     result = blockOf(record, parts, true, asRTF);
   };
-  return procedure(tag<"createBusinessContactAddress">, std::string{}, compose);
+  return procedure(tagOf<"createBusinessContactAddress">, std::string{}, compose);
 }
 
 std::string createPersonalContactAddress(const AddressPerson& person, const AddressParts& parts,
@@ -42,7 +42,7 @@ std::string createPersonalContactAddress(const AddressPerson& person, const Addr
     readHomeAddress(step, person, parts, record);
     result = createAddressWithContactInfo(record, true, asRTF);
   };
-  return procedure(tag<"createPersonalContactAddress">, std::string{}, compose);
+  return procedure(tagOf<"createPersonalContactAddress">, std::string{}, compose);
 }
 
 }  // namespace autonotify

@@ -10,7 +10,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsClientAddrBkCatTxt", name>;
+constexpr std::string_view tagOf = procedureTag<"clsClientAddrBkCatTxt", name>;
 
 namespace level {
 constexpr int company = 2;
@@ -45,7 +45,7 @@ std::string nameOf(int levelType, Id id) {
 }  // namespace
 
 clsClientAddrBkCatTxt::clsClientAddrBkCatTxt() {
-  procedure(tag<"Class_Initialize">, [&](Step& step) {
+  procedure(tagOf<"Class_Initialize">, [&](Step& step) {
     client_ = ClientIDClassInit();
     step.assign(chain_, createHostObject<GridColumnList>);
   });
@@ -56,7 +56,7 @@ clsClientAddrBkCatTxt::~clsClientAddrBkCatTxt() {
 }
 
 void clsClientAddrBkCatTxt::Terminate() {
-  procedure(tag<"Terminate">, [&](Step& step) {
+  procedure(tagOf<"Terminate">, [&](Step& step) {
     if (client_) step.run(&ClientIDClass::Terminate, client_);
     client_.reset();
     chain_.reset();
@@ -64,7 +64,7 @@ void clsClientAddrBkCatTxt::Terminate() {
 }
 
 void clsClientAddrBkCatTxt::generateCategoryText() {
-  procedure(tag<"generateCategoryText">, [&](Step& step) {
+  procedure(tagOf<"generateCategoryText">, [&](Step& step) {
     CategoryText.clear();
     if (!client_ || !chain_) return;
     const auto type = step.value(enumAutoNotifyNone, &ClientIDClass::get_ClientType, client_);
@@ -86,7 +86,7 @@ void clsClientAddrBkCatTxt::climb(Step& step) {
 }
 
 Id clsClientAddrBkCatTxt::getParentCategoryIDFromCompanyIDNum(Id companyId) {
-  return procedure(tag<"getParentCategoryIDFromCompanyIDNum">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getParentCategoryIDFromCompanyIDNum">, noId, [&](Step& step, Id& result) {
     if (companyId < 0 || !isDatabaseOpen(step)) return;
     const Rows company(step, companyWithParents, companyId, forwardRead);
     if (!company) return;
@@ -96,7 +96,7 @@ Id clsClientAddrBkCatTxt::getParentCategoryIDFromCompanyIDNum(Id companyId) {
 }
 
 Id clsClientAddrBkCatTxt::getParentCategoryIDFromCategoryNum(Id categoryId) {
-  return procedure(tag<"getParentCategoryIDFromCategoryNum">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getParentCategoryIDFromCategoryNum">, noId, [&](Step& step, Id& result) {
     if (!isDatabaseOpen(step)) return;
     const Rows category(step, categoryWithParent, categoryId, forwardRead);
     if (category) result = addLevel(category, "CategoryNum", level::category);

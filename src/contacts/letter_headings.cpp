@@ -10,7 +10,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modAddressFormatting", name>;
+constexpr std::string_view tagOf = procedureTag<"modAddressFormatting", name>;
 
 constexpr AddressParts addressAlone{.address = true};
 constexpr const char* twoLineEnds = "\r\n\r\n";
@@ -47,7 +47,7 @@ std::string createInsertBusinessAddress(Id companyId, const HeadingParts& parts)
     if (!parts.salutation) return;
     appendSalutation(step, result, checkForDefaultContact(companyId, noId));
   };
-  return procedure(tag<"createInsertBusinessAddress">, std::string{}, compose);
+  return procedure(tagOf<"createInsertBusinessAddress">, std::string{}, compose);
 }
 
 std::string createInsertContactPersonalAddress(Id contactId, const HeadingParts& parts) {
@@ -58,29 +58,29 @@ std::string createInsertContactPersonalAddress(Id contactId, const HeadingParts&
     result += twoLineEnds;
     if (parts.salutation) appendSalutation(step, result, contactId);
   };
-  return procedure(tag<"createInsertContactPersonalAddress">, std::string{}, compose);
+  return procedure(tagOf<"createInsertContactPersonalAddress">, std::string{}, compose);
 }
 
 void insertBusinessAddress(RichTextBox& box, Id companyId, const HeadingParts& parts) {
-  procedure(tag<"insertBusinessAddress">, [&](Step& step) {
+  procedure(tagOf<"insertBusinessAddress">, [&](Step& step) {
     insertHeading(step, box, createInsertBusinessAddress(companyId, parts));
   });
 }
 
 void removeBusinessAddress(RichTextBox& box, Id companyId, const HeadingParts& parts) {
-  procedure(tag<"removeBusinessAddress">, [&](Step& step) {
+  procedure(tagOf<"removeBusinessAddress">, [&](Step& step) {
     removeHeading(step, box, createInsertBusinessAddress(companyId, parts));
   });
 }
 
 void insertContactPersonalAddress(RichTextBox& box, Id contactId, const HeadingParts& parts) {
-  procedure(tag<"insertContactPersonalAddress">, [&](Step& step) {
+  procedure(tagOf<"insertContactPersonalAddress">, [&](Step& step) {
     insertHeading(step, box, createInsertContactPersonalAddress(contactId, parts));
   });
 }
 
 void removeContactPersonalAddress(RichTextBox& box, Id contactId, const HeadingParts& parts) {
-  procedure(tag<"removeContactPersonalAddress">, [&](Step& step) {
+  procedure(tagOf<"removeContactPersonalAddress">, [&](Step& step) {
     removeHeading(step, box, createInsertContactPersonalAddress(contactId, parts));
   });
 }

@@ -10,7 +10,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modAddressFormatting", name>;
+constexpr std::string_view tagOf = procedureTag<"modAddressFormatting", name>;
 
 constexpr const char* lineEnd = "\r\n";
 
@@ -71,13 +71,13 @@ void clearAddressFields(AddressRecord& record) {
 }
 
 std::string convertToRTF(const std::string& text) {
-  return procedure(tag<"convertToRTF">, std::string{}, [&](Step&, std::string& result) {
+  return procedure(tagOf<"convertToRTF">, std::string{}, [&](Step&, std::string& result) {
     result = replaceAll(text, lineEnd, std::string("\\par ") + lineEnd);
   });
 }
 
 std::string createAddress(const AddressRecord& record, bool includePerson, bool asRTF) {
-  return procedure(tag<"createAddress">, std::string{}, [&](Step&, std::string& result) {
+  return procedure(tagOf<"createAddress">, std::string{}, [&](Step&, std::string& result) {
     result = addressBlock(record, includePerson);
     if (asRTF) result = convertToRTF(result);
   });
@@ -85,7 +85,7 @@ std::string createAddress(const AddressRecord& record, bool includePerson, bool 
 
 std::string createAddressWithContactInfo(const AddressRecord& record, bool includePerson,
                                          bool asRTF) {
-  return procedure(tag<"createAddressWithContactInfo">, std::string{}, [&](Step&, auto& result) {
+  return procedure(tagOf<"createAddressWithContactInfo">, std::string{}, [&](Step&, auto& result) {
     result = createAddress(record, includePerson, asRTF);
     for (const ContactLine& line : contactLines) {
       const std::string text = textOf(record, line.field);

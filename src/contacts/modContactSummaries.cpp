@@ -11,7 +11,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modContactSummaries", name>;
+constexpr std::string_view tagOf = procedureTag<"modContactSummaries", name>;
 
 constexpr const char* notesOfCompany =
     "SELECT CompaniesNotes.* FROM CompaniesNotes WHERE CompaniesNotes.CompanyNum=";
@@ -36,7 +36,7 @@ void saveSummary(Step& step, Id companyId, const std::string& summary) {
 }  // namespace
 
 void saveContactBusinessRTF(Id contactID, Id companyID) {
-  procedure(tag<"saveContactBusinessRTF">, [&](Step& step) {
+  procedure(tagOf<"saveContactBusinessRTF">, [&](Step& step) {
     if (contactID < 0 || companyID < 0 || !isDatabaseOpen(step)) return;
     AddressRecord record;
     const AddressParts parts{.phones = true, .email = true};
@@ -46,7 +46,7 @@ void saveContactBusinessRTF(Id contactID, Id companyID) {
 }
 
 void saveContactBusinessRTFForAllCompanies(Id contactID) {
-  procedure(tag<"saveContactBusinessRTFForAllCompanies">, [&](Step& step) {
+  procedure(tagOf<"saveContactBusinessRTFForAllCompanies">, [&](Step& step) {
     if (contactID < 0 || !isDatabaseOpen(step)) return;
     const std::string sql =
         "SELECT ContactLinks.* FROM ContactLinks WHERE ContactLinks.ContactIDNum=" +
@@ -58,7 +58,7 @@ void saveContactBusinessRTFForAllCompanies(Id contactID) {
 }
 
 void saveCompanyContactRTF(Id companyID) {
-  procedure(tag<"saveCompanyContactRTF">, [&](Step& step) {
+  procedure(tagOf<"saveCompanyContactRTF">, [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     const Id contact = checkForDefaultContact(companyID, noId);
     if (contact < 0) {
@@ -70,7 +70,7 @@ void saveCompanyContactRTF(Id companyID) {
 }
 
 void saveNoDefaultComment(Id companyID) {
-  procedure(tag<"saveNoDefaultComment">, [&](Step& step) {
+  procedure(tagOf<"saveNoDefaultComment">, [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     saveSummary(step, companyID, writeRichText(richTextOf(noDefaultComment)));
   });

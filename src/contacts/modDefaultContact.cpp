@@ -11,7 +11,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modDefaultContact", name>;
+constexpr std::string_view tagOf = procedureTag<"modDefaultContact", name>;
 
 std::string linksStatement(Id companyId, const char* condition) {
   return "SELECT ContactLinks.* FROM ContactLinks WHERE ContactLinks.CompanyNum=" +
@@ -77,7 +77,7 @@ void clearDefaults(Step& step, Id companyId, Id keptContactId) {
 }  // namespace
 
 Id checkForDefaultContact(Id companyID, Id exceptContactID) {
-  return procedure(tag<"checkForDefaultContact">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"checkForDefaultContact">, noId, [&](Step& step, Id& result) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     for (const Row& link : Rows(step, linksStatement(companyID, isDefault), keysetRead)) {
       const Id contact = link.id("ContactIDNum");
@@ -88,7 +88,7 @@ Id checkForDefaultContact(Id companyID, Id exceptContactID) {
 }
 
 bool setContactAsDefault(Id companyID, Id contactID) {
-  return procedure(tag<"setContactAsDefault">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"setContactAsDefault">, false, [&](Step& step, bool& result) {
     if (companyID < 0 || contactID < 0 || !isDatabaseOpen(step)) return;
     result = setDefault(step, companyID, contactID);
     if (!result) return;
@@ -98,7 +98,7 @@ bool setContactAsDefault(Id companyID, Id contactID) {
 }
 
 void setNoContactAsDefault(Id companyID) {
-  procedure(tag<"setNoContactAsDefault">, [&](Step& step) {
+  procedure(tagOf<"setNoContactAsDefault">, [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     clearDefaults(step, companyID, noId);
     updateDefaultContactInfo(companyID);
@@ -106,7 +106,7 @@ void setNoContactAsDefault(Id companyID) {
 }
 
 void updateDefaultContactInfo(Id companyID) {
-  procedure(tag<"updateDefaultContactInfo">, [&](Step& step) {
+  procedure(tagOf<"updateDefaultContactInfo">, [&](Step& step) {
     if (companyID < 0 || !isDatabaseOpen(step)) return;
     const auto info = readContactInfo(step, checkForDefaultContact(companyID, noId));
     if (!info) return;

@@ -14,7 +14,7 @@ namespace autonotify::recipient_list {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modDatabaseFunctions", name>;
+constexpr std::string_view tagOf = procedureTag<"modDatabaseFunctions", name>;
 
 using enum RecipientSource::Extent;
 using Columns = RecipientColumn;
@@ -123,54 +123,54 @@ constexpr const char* nameDefaults[] = {"DisplayName"};
 }  // namespace
 
 const RecipientList contactEmails{
-    tag<"populateContactEmailAddressesInCombo">,
+    tagOf<"populateContactEmailAddressesInCombo">,
     contactEmailSources,
     contactEmailDefaults,
 };
 const RecipientList companyEmails{
-    tag<"populateCompanyAndContactEmailAddressesInCombo">,
+    tagOf<"populateCompanyAndContactEmailAddressesInCombo">,
     companyEmailSources,
     companyEmailDefaults,
 };
 const RecipientList contactFaxes{
-    tag<"populateContactFaxNumbersInCombo">,
+    tagOf<"populateContactFaxNumbersInCombo">,
     contactFaxSources,
     contactFaxDefaults,
 };
 const RecipientList companyFaxes{
-    tag<"populateCompanyAndContactFaxNumbersInCombo">,
+    tagOf<"populateCompanyAndContactFaxNumbersInCombo">,
     companyFaxSources,
     companyFaxDefaults,
 };
 const RecipientList firmFaxes{
-    tag<"populateAccountingFirmsAndStaffFaxNumbersInCombo">,
+    tagOf<"populateAccountingFirmsAndStaffFaxNumbersInCombo">,
     firmFaxSources,
 };
 const RecipientList contactFaxRecipient{
-    tag<"populateContactFaxRecipientInCombo">,
+    tagOf<"populateContactFaxRecipientInCombo">,
     std::span(contactNameSources).first(1),
 };
 const RecipientList companyFaxRecipients{
-    tag<"populateCompanyAndContactFaxRecipientInCombo">,
+    tagOf<"populateCompanyAndContactFaxRecipientInCombo">,
     companyNameSources,
     nameDefaults,
 };
 const RecipientList contactNames{
-    tag<"populateContactContactNamesInCombo">,
+    tagOf<"populateContactContactNamesInCombo">,
     contactNameSources,
 };
 const RecipientList companyNames{
-    tag<"populateCompanyContactNamesInCombo">,
+    tagOf<"populateCompanyContactNamesInCombo">,
     std::span(companyNameSources).last(1),
     nameDefaults,
 };
 const RecipientList contactPhones{
-    tag<"populateContactPhoneNumbersInCombo">,
+    tagOf<"populateContactPhoneNumbersInCombo">,
     contactPhoneSources,
     contactPhoneDefaults,
 };
 const RecipientList companyPhones{
-    tag<"populateCompanyAndContactPhoneNumbersInCombo">,
+    tagOf<"populateCompanyAndContactPhoneNumbersInCombo">,
     companyPhoneSources,
     companyPhoneDefaults,
 };

@@ -14,7 +14,7 @@ namespace autonotify {
 // Rows of tables as logic reads and writes them: each call is a statement of the frame that the
 // `Step` belongs to.
 //
-//   procedure(tag<"cancelNotification">, [&](Step& step) {
+//   procedure(tagOf<"cancelNotification">, [&](Step& step) {
 //     if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
 //       row.write("NotificationSent", "True");
 //     }

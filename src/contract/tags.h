@@ -40,7 +40,7 @@ struct ProcedureTag {
 /// module once:
 ///
 ///   template <FixedText name>
-///   constexpr std::string_view tag = procedureTag<"modNotifyClients", name>;
+///   constexpr std::string_view tagOf = procedureTag<"modNotifyClients", name>;
 template <FixedText module, FixedText name>
 inline constexpr std::string_view procedureTag{detail::ProcedureTag<module, name>::joined.data(),
                                                detail::ProcedureTag<module, name>::length};

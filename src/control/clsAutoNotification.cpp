@@ -9,7 +9,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotification", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotification", name>;
 
 class AutoNotification final : public clsAutoNotification {
  public:
@@ -26,14 +26,14 @@ class AutoNotification final : public clsAutoNotification {
   void put_IsDirty(bool value) override { isDirty_ = value; }
 
   void Terminate() override {
-    procedure(tag<"Terminate">, [&](Step& step) {
+    procedure(tagOf<"Terminate">, [&](Step& step) {
       if (links_) step.run(&ItemLinksClass::Terminate, *links_);
       links_.reset();
     });
   }
 
   void resetAllValues() override {
-    procedure(tag<"resetAllValues">, [&](Step& step) {
+    procedure(tagOf<"resetAllValues">, [&](Step& step) {
       if (links_) step.run(&ItemLinksClass::resetAllValues, *links_);
       isSaved_ = false;
       isDirty_ = false;
@@ -66,13 +66,13 @@ class AutoNotification final : public clsAutoNotification {
   // After Terminate a link reads as none and cannot be set.
 
   Id get(ItemLink link) {
-    return procedure(tag<"getLink">, noId, [&](Step& step, Id& result) {
+    return procedure(tagOf<"getLink">, noId, [&](Step& step, Id& result) {
       if (links_) step.assign(result, &ItemLinksClass::get_link, *links_, link);
     });
   }
 
   void put(ItemLink link, Id value) {
-    procedure(tag<"putLink">, [&](Step& step) {
+    procedure(tagOf<"putLink">, [&](Step& step) {
       if (!links_) return;
       if (step.value(value, &ItemLinksClass::get_link, *links_, link) == value) return;
       step.run(&ItemLinksClass::put_link, *links_, link, value);

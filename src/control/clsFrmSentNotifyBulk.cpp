@@ -8,7 +8,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsFrmSentNotifyBulk", name>;
+constexpr std::string_view tagOf = procedureTag<"clsFrmSentNotifyBulk", name>;
 
 /// The flags are those of the window, which lives as long as this object.
 class FrmSentNotifyBulk final : public clsFrmSentNotifyBulk {
@@ -18,14 +18,14 @@ class FrmSentNotifyBulk final : public clsFrmSentNotifyBulk {
   }
 
   void Initialize(enumAutoNotifyClientType& clientTypeVar, Id companyNum, Id contactNum) override {
-    procedure(tag<"Initialize">,
+    procedure(tagOf<"Initialize">,
               [&](Step&) { panel_.Initialize(clientTypeVar, companyNum, contactNum); });
   }
   void showForm(bool& skipStep1) override {
-    procedure(tag<"showForm">, [&](Step&) { panel_.showForm(skipStep1); });
+    procedure(tagOf<"showForm">, [&](Step&) { panel_.showForm(skipStep1); });
   }
   void saveNotificationsTypes() override {
-    procedure(tag<"saveNotificationsTypes">, [&](Step&) { panel_.saveNotificationsTypes(); });
+    procedure(tagOf<"saveNotificationsTypes">, [&](Step&) { panel_.saveNotificationsTypes(); });
   }
 
   bool get_cancelFlag() override { return panel_.cancelFlag; }

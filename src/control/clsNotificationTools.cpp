@@ -20,10 +20,10 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsNotificationTools", name>;
+constexpr std::string_view tagOf = procedureTag<"clsNotificationTools", name>;
 
 constexpr ColumnLookup channelOfRow{
-    tag<"getNotificationType">,
+    tagOf<"getNotificationType">,
     {"SELECT ClientNotification.ClientNotificationID, ClientNotification.NotificationType FROM "
      "ClientNotification WHERE ClientNotificationID=",
      "NotificationType"}};
@@ -31,7 +31,7 @@ constexpr ColumnLookup channelOfRow{
 class NotificationTools final : public clsNotificationTools {
  public:
   void changeNotificationToSent(Id notificationID) override {
-    procedure(tag<"changeNotificationToSent">,
+    procedure(tagOf<"changeNotificationToSent">,
               [&](Step& step) { markSentNow(step, notificationID); });
   }
 
@@ -40,7 +40,7 @@ class NotificationTools final : public clsNotificationTools {
   }
 
   bool editEmailNotification(Id notificationID) override {
-    return procedure(tag<"editEmailNotification">, false, [&](Step& step, bool& result) {
+    return procedure(tagOf<"editEmailNotification">, false, [&](Step& step, bool& result) {
       if (lookUpId(channelOfRow, notificationID) != nt_Email) return;
       withWindow<frmSendNotificationWizardEmail>(step, [&](auto& window) {
         window.InitializeEditAutoNotify(remittanceNotification, notificationID, Tasks);
@@ -50,7 +50,7 @@ class NotificationTools final : public clsNotificationTools {
   }
 
   bool makeDocument(Id notificationID) override {
-    return procedure(tag<"makeDocument">, false, [&](Step& step, bool& result) {
+    return procedure(tagOf<"makeDocument">, false, [&](Step& step, bool& result) {
       const Id channel = lookUpId(channelOfRow, notificationID);
       if (!hasDocument(channel)) return;
       const Id company = getCompanyIDFromAutoNotificationID(notificationID);

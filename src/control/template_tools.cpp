@@ -13,10 +13,10 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsNotificationTools", name>;
+constexpr std::string_view tagOf = procedureTag<"clsNotificationTools", name>;
 
 constexpr ColumnLookup keyOfKind{
-    tag<"propagateTemplate">,
+    tagOf<"propagateTemplate">,
     {"SELECT ScheduleTypes.ScheduleTypeID FROM ScheduleTypes WHERE ScheduleTypes.ScheduleTypeID=",
      "ScheduleTypeID"}};
 
@@ -51,7 +51,7 @@ MergeFieldInfo readMergeField(Step& step, clsInsertFieldsInRTB& engine, int row)
 
 std::vector<TemplateFault> findTemplateFaults(const std::string& templateText, bool isRTF) {
   using Faults = std::vector<TemplateFault>;
-  return procedure(tag<"findTemplateFaults">, Faults{}, [&](Step& step, Faults& result) {
+  return procedure(tagOf<"findTemplateFaults">, Faults{}, [&](Step& step, Faults& result) {
     clsInsertFieldsInRTB engine;
     listFields(engine, field_list_type::task);
     TemplateCheck check(step, [&](const std::string& name) { return engine.testStr(name); });
@@ -95,7 +95,7 @@ void propagateTemplate(Id typeId, const std::function<void(int rowsDone, int row
 
 std::vector<MergeFieldInfo> listMergeFields(MergeUse use) {
   using Fields = std::vector<MergeFieldInfo>;
-  return procedure(tag<"listMergeFields">, Fields{}, [&](Step& step, Fields& result) {
+  return procedure(tagOf<"listMergeFields">, Fields{}, [&](Step& step, Fields& result) {
     clsInsertFieldsInRTB engine;
     listFields(engine, static_cast<int>(use));
     const int rows = step.value(0, [&] { return listOf(engine).getEntryCount(); });

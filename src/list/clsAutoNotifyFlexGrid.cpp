@@ -8,7 +8,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 using enum GridSetting;
 constexpr std::pair<GridSetting, int> listSettings[] = {
@@ -62,7 +62,7 @@ void clsAutoNotifyFlexGrid::put_flexGrid(Grid* grid) {
 
 void clsAutoNotifyFlexGrid::setupFlexGrid() {
   const auto self = shared_from_this();
-  procedure(tag<"setupFlexGrid">, [&](Step& step) {
+  procedure(tagOf<"setupFlexGrid">, [&](Step& step) {
     gridBusy_ = true;
     step.assign(mvarFlexGridColumns_, createHostObject<GridColumnList>);
     step.assign(sortStructure_, createHostObject<GridColumnList>);

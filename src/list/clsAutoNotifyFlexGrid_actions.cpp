@@ -12,7 +12,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 /// Who has this level may send and look, and no more.
 constexpr std::int16_t restrictedLevel = 5;
@@ -143,7 +143,7 @@ ListRowAtWork* clsAutoNotifyFlexGrid::rowAtWork() {
 // What a click does.
 
 void clsAutoNotifyFlexGrid::CellButtonClick(int rowNum, int colNum) {
-  procedure(tag<"CellButtonClick">, [&](Step& step) {
+  procedure(tagOf<"CellButtonClick">, [&](Step& step) {
     const auto alive = weak_from_this().lock();
     checkIfEditingField();
     if (isBusy() || listEmpty_) return;
@@ -161,7 +161,7 @@ void clsAutoNotifyFlexGrid::CellButtonClick(int rowNum, int colNum) {
 }
 
 void clsAutoNotifyFlexGrid::CellImageClick(int, int colNum) {
-  procedure(tag<"CellImageClick">, [&](Step& step) {
+  procedure(tagOf<"CellImageClick">, [&](Step& step) {
     checkIfEditingField();
     if (!isBusy() && !listEmpty_) columnInReach(step, colNum);
   });
@@ -173,7 +173,7 @@ void clsAutoNotifyFlexGrid::BeforeEdit(int, int, bool& cancelFlag) {
 }
 
 void clsAutoNotifyFlexGrid::AfterEdit(int rowNum, int colNum, bool& cancelFlag) {
-  procedure(tag<"AfterEdit">, [&](Step& step) {
+  procedure(tagOf<"AfterEdit">, [&](Step& step) {
     const auto alive = weak_from_this().lock();
     checkIfEditingField();
     if (isBusy() || listEmpty_) return;
@@ -202,7 +202,7 @@ Id clsAutoNotifyFlexGrid::columnInReach(Step& step, int colNum) {
 }
 
 void clsAutoNotifyFlexGrid::goToCompany(int rowNum, int colNum) {
-  procedure(tag<"goToCompany">, [&](Step& step) {
+  procedure(tagOf<"goToCompany">, [&](Step& step) {
     for (const Id column : {list_column::company, list_column::contact})
       textOfCell(step, *flexGrid_, rowNum, column);
     if (listEmpty_) return;
@@ -214,7 +214,7 @@ void clsAutoNotifyFlexGrid::goToCompany(int rowNum, int colNum) {
 
 /// The grid has toggled the tick already. A row that was sent stays ticked.
 bool clsAutoNotifyFlexGrid::triggerNotificationSentCheck(int rowNum, int) {
-  return procedure(tag<"triggerNotificationSentCheck">, false, [&](Step& step, bool&) {
+  return procedure(tagOf<"triggerNotificationSentCheck">, false, [&](Step& step, bool&) {
     if (step.holds(&Grid::get_cellChecked, flexGrid_, rowNum, list_column::sent))
       return changeSendStatus(rowNum, ListRowAtWork::Act::sendTicked);
     showTick(step, *flexGrid_, rowNum, true);
@@ -225,7 +225,7 @@ bool clsAutoNotifyFlexGrid::triggerNotificationSentCheck(int rowNum, int) {
 // Sending, cancelling, looking.
 
 void clsAutoNotifyFlexGrid::changeSendStatus(int rowNum, ListRowAtWork::Act act) {
-  procedure(tag<"changeSendStatus">, [&](Step& step) {
+  procedure(tagOf<"changeSendStatus">, [&](Step& step) {
     const RowWork work(*this, act, rowNum);
     if (!isDatabaseOpen(step)) return;
     const RowKeys keys = keysOf(step, *flexGrid_, rowNum);
@@ -238,7 +238,7 @@ void clsAutoNotifyFlexGrid::changeSendStatus(int rowNum, ListRowAtWork::Act act)
 }
 
 void clsAutoNotifyFlexGrid::cancelSendStatus(int rowNum, int) {
-  procedure(tag<"cancelSendStatus">, [&](Step& step) {
+  procedure(tagOf<"cancelSendStatus">, [&](Step& step) {
     const RowWork work(*this, ListRowAtWork::Act::cancel, rowNum);
     if (!isDatabaseOpen(step)) return;
     const Id notification = idOfCell(step, *flexGrid_, rowNum, list_column::notification);
@@ -250,7 +250,7 @@ void clsAutoNotifyFlexGrid::cancelSendStatus(int rowNum, int) {
 
 /// By its key: while it was at work the rows may have been sorted or read anew.
 void clsAutoNotifyFlexGrid::changeVisualStatus(Id notification) {
-  procedure(tag<"changeVisualStatus">, [&](Step&) {
+  procedure(tagOf<"changeVisualStatus">, [&](Step&) {
     constexpr Id allColumns = -1;
     refreshRowInfo(notification, allColumns);
   });
@@ -262,7 +262,7 @@ void clsAutoNotifyFlexGrid::untick(Step& step, Id notification) {
 }
 
 void clsAutoNotifyFlexGrid::viewAutoNotifyInfoForm(int rowNum, int) {
-  procedure(tag<"viewAutoNotifyInfoForm">, [&](Step& step) {
+  procedure(tagOf<"viewAutoNotifyInfoForm">, [&](Step& step) {
     const RowWork work(*this, ListRowAtWork::Act::look, rowNum);
     if (!isDatabaseOpen(step)) return;
     const RowKeys keys = keysOf(step, *flexGrid_, rowNum);
@@ -273,7 +273,7 @@ void clsAutoNotifyFlexGrid::viewAutoNotifyInfoForm(int rowNum, int) {
 }
 
 void clsAutoNotifyFlexGrid::sendAll() {
-  procedure(tag<"sendAll">, [&](Step& step) {
+  procedure(tagOf<"sendAll">, [&](Step& step) {
     const auto alive = weak_from_this().lock();
     checkIfEditingField();
     if (atWork_) return;

@@ -7,7 +7,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 using Events = AutoNotifyFlexGridEvents;
 
@@ -72,7 +72,7 @@ void forEachEntry(Step& step, List&& list, Visit&& visit) {
 // The structure.
 
 void clsAutoNotifyFlexGrid::createDefaultColumnStructure() {
-  procedure(tag<"createDefaultColumnStructure">, [&](Step& step) {
+  procedure(tagOf<"createDefaultColumnStructure">, [&](Step& step) {
     step.run([&] { columnList().clearEntries(); });
     for (Id id = 0; id < list_column::count; ++id) {
       const bool isOfOneClient = id == list_column::clientName && autoNotifyListDisplayType != 2;
@@ -85,26 +85,26 @@ void clsAutoNotifyFlexGrid::createDefaultColumnStructure() {
 }
 
 void clsAutoNotifyFlexGrid::createDefaultSortStructure() {
-  procedure(tag<"createDefaultSortStructure">, [&](Step& step) {
+  procedure(tagOf<"createDefaultSortStructure">, [&](Step& step) {
     step.run([&] { sortList().clearEntries(); });
     for (const GridSortKey& key : defaultSort) step.run([&] { addSortEntry(sortList(), key); });
   });
 }
 
 int clsAutoNotifyFlexGrid::getDefaultColumnSize(Id colNum) {
-  return procedure(tag<"getDefaultColumnSize">, 0, [&](Step& step, int& width) {
+  return procedure(tagOf<"getDefaultColumnSize">, 0, [&](Step& step, int& width) {
     step.assign(width, [&] { return columnOf(colNum).width; });
   });
 }
 
 int clsAutoNotifyFlexGrid::getMinimumColumnSize(Id colNum) {
-  return procedure(tag<"getMinimumColumnSize">, 0, [&](Step& step, int& width) {
+  return procedure(tagOf<"getMinimumColumnSize">, 0, [&](Step& step, int& width) {
     step.assign(width, [&] { return columnOf(colNum).minimumWidth; });
   });
 }
 
 void clsAutoNotifyFlexGrid::columnVisible(Id dataColNum, bool colVisible, bool& done) {
-  done = procedure(tag<"columnVisible">, false, [&](Step& step, bool& result) {
+  done = procedure(tagOf<"columnVisible">, false, [&](Step& step, bool& result) {
     checkIfEditingField();
     step.run([&] { columnList().selectEntry(dataColNum); });
     step.run([&] { columnList().setItem(column_item::visible, toText(colVisible)); });
@@ -122,7 +122,7 @@ void clsAutoNotifyFlexGrid::columnVisible(Id dataColNum, bool colVisible, bool& 
 /// Painting stays off: the load that follows turns it on.
 void clsAutoNotifyFlexGrid::populateColumns() {
   const auto self = shared_from_this();
-  procedure(tag<"populateColumns">, [&](Step& step) {
+  procedure(tagOf<"populateColumns">, [&](Step& step) {
     columnsBuilt_ = false;
     step.run([&] { grid().put_Redraw(false); });
     step.run([&] { grid().ClearAll(); });
@@ -162,7 +162,7 @@ void clsAutoNotifyFlexGrid::addGridColumn(Step& step) {
 }
 
 void clsAutoNotifyFlexGrid::refreshColumnHeaders(bool& done) {
-  done = procedure(tag<"refreshColumnHeaders">, false, [&](Step& step, bool& result) {
+  done = procedure(tagOf<"refreshColumnHeaders">, false, [&](Step& step, bool& result) {
     step.run([&] { grid().put_Redraw(false); });
     populateCustomFieldNames();
     const auto list = [&]() -> GridColumnList& { return columnList(); };
@@ -194,7 +194,7 @@ bool clsAutoNotifyFlexGrid::isColumnVisible(Step& step, int column) const {
 }
 
 void clsAutoNotifyFlexGrid::saveColumnSizes(bool showsThem) {
-  procedure(tag<"saveColumnSizes">, [&](Step& step) {
+  procedure(tagOf<"saveColumnSizes">, [&](Step& step) {
     checkIfEditingField();
     const int columns = countColumns(step);
     for (int column = 0; column < columns; ++column) saveColumnSize(step, column, showsThem);
@@ -218,7 +218,7 @@ void clsAutoNotifyFlexGrid::saveColumnSize(Step& step, int column, bool showsThe
 }
 
 void clsAutoNotifyFlexGrid::resizeFlexGrid(bool resizeButtonColumns, bool& allowsReducing) {
-  procedure(tag<"resizeFlexGrid">, [&](Step& step) {
+  procedure(tagOf<"resizeFlexGrid">, [&](Step& step) {
     checkIfEditingField();
     const float ratio = ratioOfFit(step, resizeButtonColumns);
     const int columns = ratio == 0 ? 0 : countColumns(step);
@@ -259,14 +259,14 @@ float clsAutoNotifyFlexGrid::ratioOfFit(Step& step, bool resizeButtonColumns) {
 
 /// A person has sorted by a heading.
 void clsAutoNotifyFlexGrid::changeSort(const GridSortKey& first, const GridSortKey& second) {
-  procedure(tag<"changeSort">, [&](Step& step) {
+  procedure(tagOf<"changeSort">, [&](Step& step) {
     step.run([&] { sortList().clearEntries(); });
     for (const GridSortKey& key : {first, second}) step.run([&] { addSortEntry(sortList(), key); });
   });
 }
 
 void clsAutoNotifyFlexGrid::performSort(bool& done) {
-  done = procedure(tag<"performSort">, false, [&](Step& step, bool& result) {
+  done = procedure(tagOf<"performSort">, false, [&](Step& step, bool& result) {
     std::array<GridSortKey, 3> keys;
     std::size_t count = 0;
     const auto list = [&]() -> GridColumnList& { return sortList(); };

@@ -9,7 +9,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 /// The list of one client asks for unsent rows alone, or for all of them.
 void applyShowSent(AutoNotifyListCriteria& criteria, int showSent) {
@@ -20,7 +20,7 @@ void applyShowSent(AutoNotifyListCriteria& criteria, int showSent) {
 }  // namespace
 
 void clsAutoNotifyFlexGrid::resetSearchCriteria() {
-  procedure(tag<"resetSearchCriteria">, [&](Step& step) {
+  procedure(tagOf<"resetSearchCriteria">, [&](Step& step) {
     AutoNotifyListCriteria& criteria = *this;
     criteria = {};
     DateTime today;
@@ -31,7 +31,7 @@ void clsAutoNotifyFlexGrid::resetSearchCriteria() {
 }
 
 std::string clsAutoNotifyFlexGrid::generateSQLStr() {
-  return procedure(tag<"generateSQLStr">, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(tagOf<"generateSQLStr">, std::string{}, [&](Step& step, std::string& result) {
     SQLFilter.clear();
     filterByClientStaff_ = partnerCriterion.asks(*this) || accountantCriterion.asks(*this);
     if (autoNotifyListDisplayType != 2) applyShowSent(*this, autoNotifyListShowSent);
@@ -42,7 +42,7 @@ std::string clsAutoNotifyFlexGrid::generateSQLStr() {
 }
 
 void clsAutoNotifyFlexGrid::generateDisplayStr() {
-  procedure(tag<"generateDisplayStr">, [&](Step& step) {
+  procedure(tagOf<"generateDisplayStr">, [&](Step& step) {
     writeSentence(step, *this, mvarDisplayStr_);
     raise(&AutoNotifyFlexGridEvents::changeDisplayTextString, mvarDisplayStr_);
   });

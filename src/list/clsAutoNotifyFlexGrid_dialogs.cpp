@@ -13,14 +13,14 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 constexpr int portrait = 1;
 
 }  // namespace
 
 bool clsAutoNotifyFlexGrid::showAdvancedSearch() {
-  return procedure(tag<"showAdvancedSearch">, false, [&](Step& step, bool& isSearch) {
+  return procedure(tagOf<"showAdvancedSearch">, false, [&](Step& step, bool& isSearch) {
     clearCurrentPopulating();
     saveColumnSizes(false);
     const auto panel = keptSearchPanel(step);
@@ -34,7 +34,7 @@ bool clsAutoNotifyFlexGrid::showAdvancedSearch() {
 }
 
 bool clsAutoNotifyFlexGrid::showChangeColumns() {
-  return procedure(tag<"showChangeColumns">, false, [&](Step& step, bool& isChanged) {
+  return procedure(tagOf<"showChangeColumns">, false, [&](Step& step, bool& isChanged) {
     clearCurrentPopulating();
     saveColumnSizes(false);
     withWindow<frmAutoNotifyChangeListColumns>(
@@ -48,7 +48,7 @@ bool clsAutoNotifyFlexGrid::showChangeColumns() {
 }
 
 bool clsAutoNotifyFlexGrid::showGridOptions() {
-  return procedure(tag<"showGridOptions">, false, [&](Step& step, bool& isChanged) {
+  return procedure(tagOf<"showGridOptions">, false, [&](Step& step, bool& isChanged) {
     clearCurrentPopulating();
     saveColumnSizes(false);
     putFlexGridInformation();
@@ -62,7 +62,7 @@ bool clsAutoNotifyFlexGrid::showGridOptions() {
 }
 
 void clsAutoNotifyFlexGrid::showGridPrintPreviewForm() {
-  procedure(tag<"showGridPrintPreviewForm">, [&](Step& step) {
+  procedure(tagOf<"showGridPrintPreviewForm">, [&](Step& step) {
     clearCurrentPopulating();
     saveColumnSizes(false);
     step.run(
@@ -71,7 +71,7 @@ void clsAutoNotifyFlexGrid::showGridPrintPreviewForm() {
 }
 
 void clsAutoNotifyFlexGrid::showSendAutoNotifyListOptions() {
-  procedure(tag<"showSendAutoNotifyListOptions">, [&](Step& step) {
+  procedure(tagOf<"showSendAutoNotifyListOptions">, [&](Step& step) {
     withWindow<frmSendAutoNotifyListOptions>(step, [](auto& options) { options.Initialize(); });
     const Id user = currentUser(step);
     showMVPreview = getShowMVPreview(user);

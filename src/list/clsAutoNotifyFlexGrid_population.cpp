@@ -8,7 +8,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 using Events = AutoNotifyFlexGridEvents;
 
@@ -54,7 +54,7 @@ int countNotifications(Step& step, const std::string& filter) {
 
 void clsAutoNotifyFlexGrid::requestPopulateInfo() {
   const auto self = shared_from_this();
-  procedure(tag<"requestPopulateInfo">, [&](Step&) {
+  procedure(tagOf<"requestPopulateInfo">, [&](Step&) {
     // Noted first: what is asked for while the columns are built comes later.
     if (isPopulating_) {
       populateAfterCancel_ = AfterCancel::populate;
@@ -69,14 +69,14 @@ void clsAutoNotifyFlexGrid::requestPopulateInfo() {
 
 /// Without a load the flag stays up until the next one begins.
 void clsAutoNotifyFlexGrid::cancelAndClearCurrentPopulating() {
-  procedure(tag<"cancelAndClearCurrentPopulating">, [&](Step&) {
+  procedure(tagOf<"cancelAndClearCurrentPopulating">, [&](Step&) {
     populateAfterCancel_ = AfterCancel::clear;
     cancelRequested_ = true;
   });
 }
 
 void clsAutoNotifyFlexGrid::cancelCurrentPopulatingAndCloseParentForm() {
-  procedure(tag<"cancelCurrentPopulatingAndCloseParentForm">, [&](Step&) {
+  procedure(tagOf<"cancelCurrentPopulatingAndCloseParentForm">, [&](Step&) {
     if (!isPopulating_) return raise(&Events::closeGridParentForm);
     populateAfterCancel_ = AfterCancel::close;
     cancelRequested_ = true;
@@ -84,7 +84,7 @@ void clsAutoNotifyFlexGrid::cancelCurrentPopulatingAndCloseParentForm() {
 }
 
 void clsAutoNotifyFlexGrid::clearCurrentPopulating() {
-  procedure(tag<"clearCurrentPopulating">, [&](Step& step) {
+  procedure(tagOf<"clearCurrentPopulating">, [&](Step& step) {
     if (!isPopulating_) return;
     step.run([&] { grid().ResetAndClearRows(); });
     raise(&Events::changeDisplayTextString, std::string("List Population Cancelled"));
@@ -93,7 +93,7 @@ void clsAutoNotifyFlexGrid::clearCurrentPopulating() {
 
 void clsAutoNotifyFlexGrid::resetTaskListToDefault() {
   const auto self = shared_from_this();
-  procedure(tag<"resetTaskListToDefault">, [&](Step&) {
+  procedure(tagOf<"resetTaskListToDefault">, [&](Step&) {
     gridBusy_ = true;
     const int load = loads_;
     cancelAndClearCurrentPopulating();
@@ -112,7 +112,7 @@ void clsAutoNotifyFlexGrid::resetTaskListToDefault() {
 // The load.
 
 void clsAutoNotifyFlexGrid::populateInfo() {
-  procedure(tag<"populateInfo">, [&](Step& step) {
+  procedure(tagOf<"populateInfo">, [&](Step& step) {
     ++loads_;
     gridBusy_ = true;
     isPopulating_ = true;
@@ -185,7 +185,7 @@ bool clsAutoNotifyFlexGrid::fillRows(Step& step, int count) {
 }
 
 std::string clsAutoNotifyFlexGrid::buildSQLStr() const {
-  return procedure(tag<"buildSQLStr">, std::string{}, [&](Step&, std::string& sql) {
+  return procedure(tagOf<"buildSQLStr">, std::string{}, [&](Step&, std::string& sql) {
     sql = selectNotifications("ClientNotification.*", SQLFilter);
   });
 }

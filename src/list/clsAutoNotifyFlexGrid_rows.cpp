@@ -8,7 +8,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 bool isAmong(Step& step, RecordsetHandle assigned, const std::string& notification) {
   return assigned > 0 && step.holds(findRecord, assigned, "ClientNotificationID", notification);
@@ -17,7 +17,7 @@ bool isAmong(Step& step, RecordsetHandle assigned, const std::string& notificati
 }  // namespace
 
 int clsAutoNotifyFlexGrid::populateRowInformation(const Row& record, int rowNum, Id colNum) {
-  return procedure(tag<"populateRowInformation">, rowNum, [&](Step& step, int& row) {
+  return procedure(tagOf<"populateRowInformation">, rowNum, [&](Step& step, int& row) {
     const Row shown(step, record.handle());
     RowClient client = clientOf(shown);
     if (client && !passesTests(shown, client)) return;
@@ -40,7 +40,7 @@ void clsAutoNotifyFlexGrid::populateAllCells(const Row& record, int rowNum, RowC
 
 void clsAutoNotifyFlexGrid::populateCellInformation(const Row& record, int rowNum,
                                                     RowClient& client) {
-  procedure(tag<"populateCellInformation">, [&](Step& step) {
+  procedure(tagOf<"populateCellInformation">, [&](Step& step) {
     const auto item = [this](int number) { return mvarFlexGridColumns_->getItem(number); };
     const bool isVisible = step.holds([item] { return toFlag(item(column_item::visible)); });
     const Id column = step.value(noId, [item] { return toInteger(item(column_item::id)); });
@@ -75,7 +75,7 @@ bool clsAutoNotifyFlexGrid::hasSearchedStaff(Step& step, const RowClient& client
 }
 
 void clsAutoNotifyFlexGrid::refreshRowInfo(Id autoNotifyID, Id colNum) {
-  procedure(tag<"refreshRowInfo">, [&](Step& step) {
+  procedure(tagOf<"refreshRowInfo">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     const Rows record(step, notificationById, autoNotifyID, forwardUpdate);
     if (!record) return;
@@ -88,7 +88,7 @@ void clsAutoNotifyFlexGrid::refreshRowInfo(Id autoNotifyID, Id colNum) {
 }
 
 int clsAutoNotifyFlexGrid::getRowNumFromScheduleID(Id autoNotifyID) {
-  return procedure(tag<"getRowNumFromScheduleID">, -1, [&](Step& step, int& found) {
+  return procedure(tagOf<"getRowNumFromScheduleID">, -1, [&](Step& step, int& found) {
     const std::string sought = std::to_string(autoNotifyID);
     const int rows = step.value(0, &Grid::get_Rows, flexGrid_);
     for (int row = 0; row < rows; ++row) {

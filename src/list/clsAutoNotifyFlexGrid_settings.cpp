@@ -9,7 +9,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyFlexGrid", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyFlexGrid", name>;
 
 constexpr const char* settingsOfUser =
     "SELECT UserGridSettings2.* FROM UserGridSettings2 WHERE UserIDNum = ";
@@ -79,7 +79,7 @@ bool holdsColumns(GridColumnList& list) {
 }  // namespace
 
 void clsAutoNotifyFlexGrid::getFlexGridInformation() {
-  procedure(tag<"getFlexGridInformation">, [&](Step& step) {
+  procedure(tagOf<"getFlexGridInformation">, [&](Step& step) {
     StoredLists stored;
     withSettings(step, keysetRead, [&](const Row& row) { stored = readSettings(row); });
     if (gridBackColour1 == 0) gridBackColour1 = defaultBackColour1;
@@ -114,7 +114,7 @@ clsAutoNotifyFlexGrid::StoredLists clsAutoNotifyFlexGrid::readSettings(const Row
 }
 
 void clsAutoNotifyFlexGrid::putFlexGridInformation() {
-  procedure(tag<"putFlexGridInformation">, [&](Step& step) {
+  procedure(tagOf<"putFlexGridInformation">, [&](Step& step) {
     saveColumnSizes(false);
     storeSettings(step);
   });

@@ -9,12 +9,12 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modHalvornGridControl", name>;
+constexpr std::string_view tagOf = procedureTag<"modHalvornGridControl", name>;
 
 }  // namespace
 
 void halvornGridControlInit(Grid& grid) {
-  procedure(tag<"halvornGridControlInit">, [&](Step& step) {
+  procedure(tagOf<"halvornGridControlInit">, [&](Step& step) {
     const References& host = references();
     step.run(&Grid::put_errorClass, grid, host.errors);
     step.run(&Grid::put_MsgboxClass, grid, host.msgboxClass);
@@ -24,7 +24,7 @@ void halvornGridControlInit(Grid& grid) {
 }
 
 void halvornGridControlInitDatabase(Grid& grid) {
-  procedure(tag<"halvornGridControlInitDatabase">, [&](Step& step) {
+  procedure(tagOf<"halvornGridControlInitDatabase">, [&](Step& step) {
     step.run(&Grid::put_DatabaseReference, grid, references().databaseReference);
   });
 }

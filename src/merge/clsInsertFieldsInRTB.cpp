@@ -6,7 +6,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 std::unique_ptr<FieldList> makeFieldList() {
   return std::make_unique<FieldList>(createHostObject<GridColumnList>());
@@ -15,7 +15,7 @@ std::unique_ptr<FieldList> makeFieldList() {
 }  // namespace
 
 clsInsertFieldsInRTB::clsInsertFieldsInRTB() {
-  procedure(tag<"Class_Initialize">, [&](Step& step) { step.assign(fieldList_, makeFieldList); });
+  procedure(tagOf<"Class_Initialize">, [&](Step& step) { step.assign(fieldList_, makeFieldList); });
 }
 
 clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
@@ -23,7 +23,7 @@ clsInsertFieldsInRTB::~clsInsertFieldsInRTB() {
 }
 
 void clsInsertFieldsInRTB::Terminate() {
-  procedure(tag<"Terminate">, [&](Step& step) {
+  procedure(tagOf<"Terminate">, [&](Step& step) {
     if (fieldList_) {
       step.run(&FieldList::clearEntries, *fieldList_);
       fieldList_.reset();
@@ -33,7 +33,7 @@ void clsInsertFieldsInRTB::Terminate() {
 }
 
 void clsInsertFieldsInRTB::closeAllRecordsets() {
-  procedure(tag<"closeAllRecordsets">, [&](Step& step) { sources_.closeAll(step); });
+  procedure(tagOf<"closeAllRecordsets">, [&](Step& step) { sources_.closeAll(step); });
 }
 
 MergeScope clsInsertFieldsInRTB::scope() const {
@@ -53,7 +53,7 @@ void clsInsertFieldsInRTB::put_scheduleID(Id scheduleID) {
 
 GridColumnList* clsInsertFieldsInRTB::get_FieldList() {
   GridColumnList* const none = nullptr;
-  return procedure(tag<"get_FieldList">, none, [&](Step& step, GridColumnList*& result) {
+  return procedure(tagOf<"get_FieldList">, none, [&](Step& step, GridColumnList*& result) {
     if (fieldList_) result = fieldList_->lend(step);
   });
 }

@@ -8,7 +8,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 /// The first id that is set tells the family of fields; without any, it stays.
 void chooseListTypeByIds(clsInsertFieldsInRTB& fields) {
@@ -62,7 +62,7 @@ FieldListTarget clsInsertFieldsInRTB::targetOf(GridColumnList& list, bool noList
 }
 
 void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool& clearListBox) {
-  procedure(tag<"createDefaultFieldListStructure">, [&](Step& step) {
+  procedure(tagOf<"createDefaultFieldListStructure">, [&](Step& step) {
     noListBox = listBox == nullptr;
     FieldCursor(step, fieldList_).clear();
     fieldRowCount_ = 0;
@@ -77,28 +77,28 @@ void clsInsertFieldsInRTB::createDefaultFieldListStructure(bool& noListBox, bool
 
 void clsInsertFieldsInRTB::createCompanyInfoFieldListStructure(GridColumnList& list,
                                                                bool noListBox) {
-  addFieldBlock(tag<"createCompanyInfoFieldListStructure">, targetOf(list, noListBox),
+  addFieldBlock(tagOf<"createCompanyInfoFieldListStructure">, targetOf(list, noListBox),
                 companyBlock);
 }
 
 void clsInsertFieldsInRTB::createAppointmentInfoFieldListStructure(GridColumnList& list,
                                                                    bool noListBox) {
-  addFieldBlock(tag<"createAppointmentInfoFieldListStructure">, targetOf(list, noListBox),
+  addFieldBlock(tagOf<"createAppointmentInfoFieldListStructure">, targetOf(list, noListBox),
                 appointmentBlock);
 }
 
 void clsInsertFieldsInRTB::createTaskInfoFieldListStructure(GridColumnList& list, bool noListBox) {
-  addFieldBlock(tag<"createTaskInfoFieldListStructure">, targetOf(list, noListBox), taskBlock);
+  addFieldBlock(tagOf<"createTaskInfoFieldListStructure">, targetOf(list, noListBox), taskBlock);
 }
 
 void clsInsertFieldsInRTB::createDocketInfoFieldListStructure(GridColumnList& list,
                                                               bool noListBox) {
-  addFieldBlock(tag<"createDocketInfoFieldListStructure">, targetOf(list, noListBox),
+  addFieldBlock(tagOf<"createDocketInfoFieldListStructure">, targetOf(list, noListBox),
                 timeEntryBlock);
 }
 
 void clsInsertFieldsInRTB::createAccountantFieldListStructure(bool noListBox, bool clearListBox) {
-  procedure(tag<"createAccountantFieldListStructure">, [&](Step& step) {
+  procedure(tagOf<"createAccountantFieldListStructure">, [&](Step& step) {
     if (!fieldList_) return;
     ListBox* const box = noListBox ? nullptr : listBox2;
     if (box && clearListBox) step.run(&ListBox::clear, box);
@@ -108,7 +108,7 @@ void clsInsertFieldsInRTB::createAccountantFieldListStructure(bool noListBox, bo
 }
 
 bool clsInsertFieldsInRTB::verifyFieldListIsPopulated() {
-  return procedure(tag<"verifyFieldListIsPopulated">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"verifyFieldListIsPopulated">, false, [&](Step& step, bool& result) {
     result = FieldCursor(step, fieldList_).count() > 0;
     if (result) return;
     chooseListTypeByIds(*this);

@@ -12,7 +12,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 constexpr std::size_t npos = std::string::npos;
 
@@ -39,7 +39,7 @@ std::string withContactNameForCompanyName(std::string text) {
 }  // namespace
 
 std::string clsInsertFieldsInRTB::parseRTBComment() {
-  return procedure(tag<"parseRTBComment">, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(tagOf<"parseRTBComment">, std::string{}, [&](Step& step, std::string& result) {
     const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate();
     const bool hasFields = verifyFieldListIsPopulated();
     const auto claims = hasFields ? claimsOnLayout(step, layout) : nullptr;
@@ -106,7 +106,7 @@ std::string clsInsertFieldsInRTB::textOfClaim(const FieldClaims& claims, const F
 
 std::vector<TemplateField> clsInsertFieldsInRTB::listTemplateFields() {
   using Fields = std::vector<TemplateField>;
-  return procedure(tag<"listTemplateFields">, Fields{}, [&](Step& step, Fields& result) {
+  return procedure(tagOf<"listTemplateFields">, Fields{}, [&](Step& step, Fields& result) {
     const std::shared_ptr<const TemplateLayout> layout = layoutOfTemplate();
     const auto claims = verifyFieldListIsPopulated() ? claimsOnLayout(step, layout) : nullptr;
     if (!claims) return;
@@ -171,7 +171,7 @@ bool clsInsertFieldsInRTB::mergeToken(TokenSearch& tokens, const std::string& co
 
 bool clsInsertFieldsInRTB::replaceText(std::string& text, const std::string& token,
                                        const std::string& value) {
-  return procedure(tag<"replaceText">, false, [&](Step&, bool&) {
+  return procedure(tagOf<"replaceText">, false, [&](Step&, bool&) {
     const std::size_t first = findIgnoreCase(text, token);
     if (first == npos) return;
     const bool needsBlank = ConvertStrToRTF && first > 0 && text[first - 1] != ' ';
@@ -182,7 +182,7 @@ bool clsInsertFieldsInRTB::replaceText(std::string& text, const std::string& tok
 std::string clsInsertFieldsInRTB::parseTodaysDateInRTBComment(std::string& text,
                                                               const std::string& openMark,
                                                               const std::string& closeMark) {
-  return procedure(tag<"parseTodaysDateInRTBComment">, text, [&](Step&, std::string& result) {
+  return procedure(tagOf<"parseTodaysDateInRTBComment">, text, [&](Step&, std::string& result) {
     if (!holds(text, openMark + "(" + std::string(todaysDateName) + ",")) return;
     for (const std::string_view format : mergeDateFormats) {
       const std::string token = dateToken({openMark, closeMark}, todaysDateName, format);
@@ -196,12 +196,12 @@ std::string clsInsertFieldsInRTB::parseTodaysDateInRTBComment(std::string& text,
 
 std::string clsInsertFieldsInRTB::replaceUnfoundMergeFieldsWithBlanks(std::string& text) {
   const auto remove = [&](Step&, std::string& result) { result = withoutTokens(text); };
-  return procedure(tag<"replaceUnfoundMergeFieldsWithBlanks">, text, remove);
+  return procedure(tagOf<"replaceUnfoundMergeFieldsWithBlanks">, text, remove);
 }
 
 bool clsInsertFieldsInRTB::testRTBComment(const std::string& text, bool isRTF, bool raiseErrors,
                                           bool skipFieldNames) {
-  return procedure(tag<"testRTBComment">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"testRTBComment">, false, [&](Step& step, bool& result) {
     std::function<bool(const std::string&)> isFieldName;
     if (!skipFieldNames) isFieldName = [&](const std::string& name) { return testStr(name); };
     TemplateCheck check(step, std::move(isFieldName));
@@ -214,7 +214,7 @@ bool clsInsertFieldsInRTB::testRTBComment(const std::string& text, bool isRTF, b
 }
 
 bool clsInsertFieldsInRTB::testStr(const std::string& name) {
-  return procedure(tag<"testStr">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"testStr">, false, [&](Step& step, bool& result) {
     result = upperCase(name) == "TODAYS DATE" ||
              FieldCursor(step, fieldList_).find(field_column::displayName, name);
   });
@@ -234,7 +234,7 @@ std::string clsInsertFieldsInRTB::removeBlankLinesFromRTFText(std::string& text)
 }
 
 std::string clsInsertFieldsInRTB::convertFieldName(const std::string& text) {
-  return procedure(tag<"convertFieldName">, text, [&](Step&, std::string& result) {
+  return procedure(tagOf<"convertFieldName">, text, [&](Step&, std::string& result) {
     result = replaceAll(text, bareMarks.open, escapedMarks.open);
     result = replaceAll(result, bareMarks.close, escapedMarks.close);
   });

@@ -9,7 +9,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 constexpr std::string_view pickedDateFormat = "mmmm d yyyy";
 constexpr MergeMarks noMarks;
@@ -58,16 +58,16 @@ std::string clsInsertFieldsInRTB::tokenOfListItem(std::string_view frameTag, int
 
 std::string clsInsertFieldsInRTB::parseListItem(int itemData, bool& withMarks) {
   const MergeMarks& marks = withMarks ? bareMarks : noMarks;
-  return tokenOfListItem(tag<"parseListItem">, itemData, field_column::displayName, marks);
+  return tokenOfListItem(tagOf<"parseListItem">, itemData, field_column::displayName, marks);
 }
 
 std::string clsInsertFieldsInRTB::getDBFieldFromListItem(int itemData) {
-  return tokenOfListItem(tag<"getDBFieldFromListItem">, itemData, field_column::databaseField,
+  return tokenOfListItem(tagOf<"getDBFieldFromListItem">, itemData, field_column::databaseField,
                          noMarks);
 }
 
 Value clsInsertFieldsInRTB::onListClick(int& itemData) {
-  return procedure(tag<"onListClick">, Value{}, [&](Step& step, Value& result) {
+  return procedure(tagOf<"onListClick">, Value{}, [&](Step& step, Value& result) {
     const int caret = readCaret(step, RTB);
     bool withMarks = true;
     const std::string token = parseListItem(itemData, withMarks);
@@ -77,12 +77,12 @@ Value clsInsertFieldsInRTB::onListClick(int& itemData) {
 
 std::string clsInsertFieldsInRTB::insertCurrentDateMergeField(int& formatIndex, bool& withMarks) {
   return procedure(
-      tag<"insertCurrentDateMergeField">, std::string{},
+      tagOf<"insertCurrentDateMergeField">, std::string{},
       [&](Step&, std::string& result) { result = todaysDateToken(formatIndex, withMarks); });
 }
 
 Value clsInsertFieldsInRTB::insertCurrentDate(int& formatIndex) {
-  return procedure(tag<"insertCurrentDate">, Value{}, [&](Step& step, Value& result) {
+  return procedure(tagOf<"insertCurrentDate">, Value{}, [&](Step& step, Value& result) {
     const int caret = readCaret(step, RTB);
     result = insertTextAt(step, RTB, todaysDateToken(formatIndex, true), caret);
   });

@@ -12,7 +12,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 std::optional<MergeSource> sourceOf(const FieldCursor& field) {
   return findMergeSource(field.text(field_column::group));
@@ -73,7 +73,7 @@ std::string translateName(std::string_view frameTag, const std::unique_ptr<Field
 }  // namespace
 
 void clsInsertFieldsInRTB::initializeDataRecordsetsForSingleDocMerge() {
-  procedure(tag<"initializeDataRecordsetsForSingleDocMerge">, [&](Step& step) {
+  procedure(tagOf<"initializeDataRecordsetsForSingleDocMerge">, [&](Step& step) {
     closeAllRecordsets();
     if (isDatabaseOpen(step)) sources_.openForOneDocument(step, scope());
     createFieldListWithoutListBoxes();
@@ -86,7 +86,7 @@ std::string clsInsertFieldsInRTB::getDataFieldInfo(int index, const std::string&
 
 std::string clsInsertFieldsInRTB::fieldText(int index, const DateFormat& format,
                                             const FieldPlan* plan) {
-  return procedure(tag<"getDataFieldInfo">, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(tagOf<"getDataFieldInfo">, std::string{}, [&](Step& step, std::string& result) {
     const FieldCursor field(step, fieldList_);
     if (!field.select(index)) return;
     const FieldType type = plan ? plan->type : static_cast<FieldType>(field.dataType());
@@ -122,7 +122,7 @@ Value clsInsertFieldsInRTB::readField(Step& step, const FieldPlan& plan) {
 }
 
 Value clsInsertFieldsInRTB::valueInRow(const FieldPlan& plan) {
-  return procedure(tag<"getDataFieldFromRecordset">, Value{}, [&](Step& step, Value& result) {
+  return procedure(tagOf<"getDataFieldFromRecordset">, Value{}, [&](Step& step, Value& result) {
     if (!isDatabaseOpen(step)) return;
     if (plan.isColumn) {
       step.assign(result, readColumn, sources_.handleOf(*plan.source), plan.column);
@@ -141,15 +141,15 @@ std::string clsInsertFieldsInRTB::getDataFieldFromRecordset(std::string& fieldNa
     RecordFields fields(step, sources_, scope());
     result = textOf(fields.read(*source, fieldName));
   };
-  return procedure(tag<"getDataFieldFromRecordset">, std::string{}, read);
+  return procedure(tagOf<"getDataFieldFromRecordset">, std::string{}, read);
 }
 
 std::string clsInsertFieldsInRTB::getMergeDataFromFieldName(const std::string& fieldName) {
-  return valueOfField(tag<"getMergeDataFromFieldName">, field_column::databaseField, fieldName);
+  return valueOfField(tagOf<"getMergeDataFromFieldName">, field_column::databaseField, fieldName);
 }
 
 std::string clsInsertFieldsInRTB::getMergeDataFromDisplayName(const std::string& displayName) {
-  return valueOfField(tag<"getMergeDataFromDisplayName">, field_column::displayName, displayName);
+  return valueOfField(tagOf<"getMergeDataFromDisplayName">, field_column::displayName, displayName);
 }
 
 std::string clsInsertFieldsInRTB::valueOfField(std::string_view frameTag, int column,
@@ -166,18 +166,18 @@ std::string clsInsertFieldsInRTB::valueOfField(std::string_view frameTag, int co
 }
 
 std::string clsInsertFieldsInRTB::getDBFieldNameFromDisplayFieldName(std::string& name) {
-  return translateName(tag<"getDBFieldNameFromDisplayFieldName">, fieldList_,
+  return translateName(tagOf<"getDBFieldNameFromDisplayFieldName">, fieldList_,
                        field_column::displayName, field_column::databaseField, name);
 }
 
 std::string clsInsertFieldsInRTB::getDisplayFieldNameFromDBFieldName(std::string& name) {
-  return translateName(tag<"getDisplayFieldNameFromDBFieldName">, fieldList_,
+  return translateName(tagOf<"getDisplayFieldNameFromDBFieldName">, fieldList_,
                        field_column::databaseField, field_column::displayName, name);
 }
 
 void clsInsertFieldsInRTB::writeDataToField(const std::string& fieldName,
                                             const std::string& value) {
-  procedure(tag<"writeDataToField">, [&](Step& step) {
+  procedure(tagOf<"writeDataToField">, [&](Step& step) {
     if (fieldName.empty() || !isDatabaseOpen(step) || !verifyFieldListIsPopulated()) return;
     const FieldCursor field(step, fieldList_);
     if (!field.find(field_column::databaseField, fieldName)) return;
@@ -199,7 +199,7 @@ std::string clsInsertFieldsInRTB::getTodaysDate(std::string& format) {
 }
 
 std::string clsInsertFieldsInRTB::todaysText(const DateFormat& format) {
-  return procedure(tag<"getTodaysDate">, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(tagOf<"getTodaysDate">, std::string{}, [&](Step& step, std::string& result) {
     step.assign(result, today, format);
     if (!result.empty() && ConvertStrToRTF) convertLines(result);
   });
@@ -224,7 +224,7 @@ std::string clsInsertFieldsInRTB::convertToRTF(const std::string& text) {
 }
 
 void clsInsertFieldsInRTB::convertLines(std::string& text) {
-  procedure(tag<"convertToRTF">, [&](Step&) {
+  procedure(tagOf<"convertToRTF">, [&](Step&) {
     if (text.find("\r\n") == std::string::npos) return;
     text = replaceAll(text, "\r\n", UseWordWrap ? "\\par \r\n" : ", \r\n");
   });

@@ -7,7 +7,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyTemplate", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyTemplate", name>;
 
 constexpr std::int32_t longestPeriod = 365;
 
@@ -81,7 +81,7 @@ void clsAutoNotifyTemplate::resetAllValues() {
 
 bool clsAutoNotifyTemplate::openWithTotalNumAndScheduleNum(Id totalNum, Id scheduleNum,
                                                            bool exactOnly) {
-  return procedure(tag<"openWithTotalNumAndScheduleNum">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"openWithTotalNumAndScheduleNum">, false, [&](Step& step, bool& result) {
     columns_.totalNum = totalNum;
     columns_.ScheduleNum = scheduleNum;
     exactOnly_ = exactOnly;
@@ -94,7 +94,7 @@ bool clsAutoNotifyTemplate::openWithTotalNumAndScheduleNum(Id totalNum, Id sched
 }
 
 bool clsAutoNotifyTemplate::openExistingScheduleType(Id scheduleTypeID) {
-  return procedure(tag<"openExistingScheduleType">, true, [&](Step& step, bool&) {
+  return procedure(tagOf<"openExistingScheduleType">, true, [&](Step& step, bool&) {
     resetAllValues();
     columns_.scheduleTypeID = scheduleTypeID;
     if (!isDatabaseOpen(step)) return;
@@ -109,11 +109,11 @@ bool clsAutoNotifyTemplate::findAndOpenScheduleTypeByCustomTaskSchemeIDNum(Id sc
     const Rows kind(step, kindByScheme, schemeID, keysetRead);
     if (kind) result = openExistingScheduleType(kind.id("ScheduleTypeID"));
   };
-  return procedure(tag<"findAndOpenScheduleTypeByCustomTaskSchemeIDNum">, false, open);
+  return procedure(tagOf<"findAndOpenScheduleTypeByCustomTaskSchemeIDNum">, false, open);
 }
 
 Id clsAutoNotifyTemplate::saveScheduleTypeInfo() {
-  procedure(tag<"saveScheduleTypeInfo">, [&](Step& step) {
+  procedure(tagOf<"saveScheduleTypeInfo">, [&](Step& step) {
     isSavedFlag = true;
     isDirtyFlag = false;
     isCommentSaved_ = false;
@@ -140,7 +140,7 @@ void clsAutoNotifyTemplate::copyConstructor(const clsAutoNotifyTemplate& other) 
 }
 
 bool clsAutoNotifyTemplate::verifyNotificationPeriod(std::int32_t days) {
-  return procedure(tag<"verifyNotificationPeriod">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"verifyNotificationPeriod">, false, [&](Step& step, bool& result) {
     result = days >= -longestPeriod && days <= longestPeriod;
     if (result || !notificationDatePeriodError) return;
     step.run(notificationDatePeriodError, "You must enter a number between -365 and 365");

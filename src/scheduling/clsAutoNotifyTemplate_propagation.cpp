@@ -15,7 +15,7 @@ constexpr const char* unsentNotifications =
     "SELECT ClientNotification.* FROM ClientNotification WHERE NotificationSent = FALSE;";
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsAutoNotifyTemplate", name>;
+constexpr std::string_view tagOf = procedureTag<"clsAutoNotifyTemplate", name>;
 
 RecordsetHandle openAllNotifications() {
   return openRecordset(allNotifications, keysetUpdate);
@@ -77,7 +77,7 @@ void moveUnsent(const Row& notifications, Id scheduleID, std::optional<DateTime>
 }  // namespace
 
 bool clsAutoNotifyTemplate::resetNotificationDates() {
-  return procedure(tag<"resetNotificationDates">, true, [&](Step& step, bool&) {
+  return procedure(tagOf<"resetNotificationDates">, true, [&](Step& step, bool&) {
     if (isDatabaseOpen(step)) resetDatesOfKind(step);
     raise(step, endResetNotificationDates);
   });
@@ -104,7 +104,7 @@ void clsAutoNotifyTemplate::resetDatesOfKind(Step& step) {
 }
 
 bool clsAutoNotifyTemplate::resetNotificationComments() {
-  return procedure(tag<"resetNotificationComments">, true, [&](Step& step, bool&) {
+  return procedure(tagOf<"resetNotificationComments">, true, [&](Step& step, bool&) {
     if (!isDatabaseOpen(step)) return;
     const Rows unsent(step, unsentNotifications, keysetUpdate);
     if (!unsent) return;
@@ -130,7 +130,7 @@ bool clsAutoNotifyTemplate::coversScheduleEntry(Id scheduleID) const {
 }
 
 void clsAutoNotifyTemplate::changeNotificationComment(Id notificationID) {
-  procedure(tag<"changeNotificationComment">, [&](Step& step) {
+  procedure(tagOf<"changeNotificationComment">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     const Rows row(step, notificationById, notificationID, keysetUpdate);
     if (!row) return;
@@ -142,7 +142,7 @@ std::string clsAutoNotifyTemplate::composeNotificationComment(Id notificationID)
   const auto compose = [&](Step& step, std::string& result) {
     if (isDatabaseOpen(step)) result = textFor(step, notificationID).value_or("");
   };
-  return procedure(tag<"composeNotificationComment">, std::string{}, compose);
+  return procedure(tagOf<"composeNotificationComment">, std::string{}, compose);
 }
 
 /// Nothing for a notification that keeps its text: that of a client who is a contact only.

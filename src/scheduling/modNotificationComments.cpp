@@ -13,7 +13,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modNotificationComments", name>;
+constexpr std::string_view tagOf = procedureTag<"modNotificationComments", name>;
 
 constexpr const char* entryWithClient =
     "SELECT Schedule.ScheduleID, Schedule.ClientNum, Schedule.ContactIDNum, "
@@ -75,17 +75,18 @@ std::string mergeForEntry(std::string_view frameTag, Id scheduleID, TemplateOf&&
 }  // namespace
 
 std::string generateClientAutoNotifyComment(Id scheduleID) {
-  return mergeForEntry(tag<"generateClientAutoNotifyComment">, scheduleID, getNotificationComment);
+  return mergeForEntry(tagOf<"generateClientAutoNotifyComment">, scheduleID,
+                       getNotificationComment);
 }
 
 std::string generateCommentFromTemplate(const std::string& templateText, Id scheduleID) {
-  return mergeForEntry(tag<"generateCommentFromTemplate">, scheduleID,
+  return mergeForEntry(tagOf<"generateCommentFromTemplate">, scheduleID,
                        [&](Id, Id) { return templateText; });
 }
 
 std::vector<TemplateField> listTemplateFields(const std::string& templateText, Id scheduleID) {
   using Fields = std::vector<TemplateField>;
-  return procedure(tag<"listTemplateFields">, Fields{}, [&](Step& step, Fields& result) {
+  return procedure(tagOf<"listTemplateFields">, Fields{}, [&](Step& step, Fields& result) {
     MergeClient client{noId, noId};
     if (const Rows entry(step, entryWithClient, scheduleID, keysetRead); entry)
       client = readClient(entry);
@@ -96,7 +97,7 @@ std::vector<TemplateField> listTemplateFields(const std::string& templateText, I
 }
 
 std::string getNotificationComment(Id totalNum, Id scheduleNum) {
-  return procedure(tag<"getNotificationComment">, std::string{}, [&](Step&, std::string& result) {
+  return procedure(tagOf<"getNotificationComment">, std::string{}, [&](Step&, std::string& result) {
     clsAutoNotifyTemplate kind;
     if (kind.openWithTotalNumAndScheduleNum(totalNum, scheduleNum, false))
       result = kind.get_notificationComment();
@@ -105,7 +106,7 @@ std::string getNotificationComment(Id totalNum, Id scheduleNum) {
 
 std::string generateComment(const std::string& templateText, Id scheduleID, Id taskID, Id companyID,
                             Id contactID) {
-  return procedure(tag<"generateComment">, std::string{}, [&](Step& step, std::string& result) {
+  return procedure(tagOf<"generateComment">, std::string{}, [&](Step& step, std::string& result) {
     std::unique_ptr<clsInsertFieldsInRTB> merge;
     step.assign(merge, [] { return std::make_unique<clsInsertFieldsInRTB>(); });
     if (!merge) return;

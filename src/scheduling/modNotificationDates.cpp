@@ -18,7 +18,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modNotificationDates", name>;
+constexpr std::string_view tagOf = procedureTag<"modNotificationDates", name>;
 
 constexpr DateTime firstDate = DateTime::of(100, 1, 1);
 constexpr DateTime lastDate = DateTime::of(9999, 12, 31);
@@ -237,38 +237,40 @@ std::int16_t getNotificationPeriod(Id totalNum, Id ScheduleNum, bool getValueFor
       result = kind.get_notificationPeriod();
     if (!getValueForUserDisplay) step.assign(result, negated, result);
   };
-  return procedure(tag<"getNotificationPeriod">, defaultNotificationPeriod, read);
+  return procedure(tagOf<"getNotificationPeriod">, defaultNotificationPeriod, read);
 }
 
 DateTime determineNotificationDate(Id scheduleID) {
-  return procedure(tag<"determineNotificationDate">, DateTime{}, [&](Step& step, DateTime& result) {
-    withDeadline(step, scheduleID, [&](const Deadline&, DateTime dueDate, Period period) {
-      result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, dueDate);
-    });
-  });
+  return procedure(
+      tagOf<"determineNotificationDate">, DateTime{}, [&](Step& step, DateTime& result) {
+        withDeadline(step, scheduleID, [&](const Deadline&, DateTime dueDate, Period period) {
+          result = dateAddBusinessDaysWithoutWeekendsAndHolidays(period.days, dueDate);
+        });
+      });
 }
 
 DateTime getLastUsedNotificationDate(Id scheduleID, DateTime proposed) {
-  return procedure(tag<"getLastUsedNotificationDate">, proposed, [&](Step& step, DateTime& result) {
-    if (scheduleID < 0 || !isDatabaseOpen(step)) return;
-    takeSiblingDate(step, scheduleID, result);
-  });
+  return procedure(tagOf<"getLastUsedNotificationDate">, proposed,
+                   [&](Step& step, DateTime& result) {
+                     if (scheduleID < 0 || !isDatabaseOpen(step)) return;
+                     takeSiblingDate(step, scheduleID, result);
+                   });
 }
 
 DateTime adjustDateToFridayIfWeekendOrHoliday(DateTime date) {
   return procedure(
-      tag<"adjustDateToFridayIfWeekendOrHoliday">, DateTime{},
+      tagOf<"adjustDateToFridayIfWeekendOrHoliday">, DateTime{},
       [&](Step& step, DateTime& result) { result = backToOpenDay(step, date, nullptr); });
 }
 
 DateTime dateAddBusinessDaysWithoutWeekendsAndHolidays(std::int32_t days, DateTime date) {
-  return procedure(tag<"dateAddBusinessDays">, DateTime{}, [&](Step& step, DateTime& result) {
+  return procedure(tagOf<"dateAddBusinessDays">, DateTime{}, [&](Step& step, DateTime& result) {
     result = walkBusinessDays(step, days, date, nullptr, nullptr);
   });
 }
 
 bool isStatutoryHoliday(DateTime date) {
-  return procedure(tag<"isStatutoryHoliday">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"isStatutoryHoliday">, false, [&](Step& step, bool& result) {
     if (!isDatabaseOpen(step)) return;
     const std::string day =
         step.value(std::string{}, [&] { return database().formatDateForSQL(date.dateOnly()); });
@@ -283,7 +285,8 @@ bool isStatutoryHoliday(DateTime date) {
 
 DateExplanation explainNotificationDate(Id scheduleID) {
   return procedure(
-      tag<"explainNotificationDate">, DateExplanation{}, [&](Step& step, DateExplanation& result) {
+      tagOf<"explainNotificationDate">, DateExplanation{},
+      [&](Step& step, DateExplanation& result) {
         withDeadline(step, scheduleID, [&](const Deadline& kind, DateTime dueDate, Period period) {
           result.found = true;
           result.dueDate = dueDate;
@@ -302,7 +305,7 @@ DateExplanation explainNotificationDate(Id scheduleID) {
 }
 
 void refreshNotificationDate(Id scheduleID) {
-  procedure(tag<"refreshNotificationDate">, [&](Step& step) {
+  procedure(tagOf<"refreshNotificationDate">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     const Rows entry(step, entryWithKind, scheduleID, keysetRead);
     if (!entry) return;

@@ -7,7 +7,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modNotificationDates", name>;
+constexpr std::string_view tagOf = procedureTag<"modNotificationDates", name>;
 
 void setFallbackKind(Id& totalNum, Id& scheduleNum) {
   totalNum = fallbackTotalNum;
@@ -26,7 +26,7 @@ std::string kindSql(Id totalNum, Id scheduleNum) {
 }  // namespace
 
 Id getFirstValidScheduleNum(Id totalNum) {
-  return procedure(tag<"getFirstValidScheduleNum">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getFirstValidScheduleNum">, noId, [&](Step& step, Id& result) {
     if (!isDatabaseOpen(step)) return;
     const std::string sql =
         "SELECT ScheduleTypes.* FROM ScheduleTypes WHERE TotalNum=" + std::to_string(totalNum) +
@@ -41,7 +41,7 @@ Id getFirstValidScheduleNum(Id totalNum) {
 
 std::string getScheduleTypesSQLStrFromTotalNumNumAndScheduleNum(Id& totalNum, Id& ScheduleNum,
                                                                 bool familyRow) {
-  return procedure(tag<"getScheduleTypesSQLStr">, std::string{}, [&](Step&, std::string& result) {
+  return procedure(tagOf<"getScheduleTypesSQLStr">, std::string{}, [&](Step&, std::string& result) {
     if (totalNum < 1) {
       setFallbackKind(totalNum, ScheduleNum);
     } else if (!familyRow) {

@@ -10,7 +10,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modUserSettings", name>;
+constexpr std::string_view tagOf = procedureTag<"modUserSettings", name>;
 
 constexpr const char* exitWarningColumn = "WarningMessagesExitAutomaticNotificationWarning";
 constexpr const char* cancelWarningColumn = "WarningMessagesCancelAutoNotificationWarning";
@@ -46,19 +46,20 @@ void putSetting(std::string_view frameTag, const char* column, Id userId, Settin
 }  // namespace
 
 bool getAutoSendWizardConfirmation(Id userId) {
-  return getSetting(tag<"getAutoSendWizardConfirmation">, exitWarningColumn, userId, false, toFlag);
+  return getSetting(tagOf<"getAutoSendWizardConfirmation">, exitWarningColumn, userId, false,
+                    toFlag);
 }
 
 bool getCancelAutoNotification(Id userId) {
-  return getSetting(tag<"getCancelAutoNotification">, cancelWarningColumn, userId, false, toFlag);
+  return getSetting(tagOf<"getCancelAutoNotification">, cancelWarningColumn, userId, false, toFlag);
 }
 
 bool getShowMVPreview(Id userId) {
-  return getSetting(tag<"getShowMVPreview">, previewColumn, userId, false, toFlag);
+  return getSetting(tagOf<"getShowMVPreview">, previewColumn, userId, false, toFlag);
 }
 
 void putShowMVPreview(bool value, Id userId) {
-  putSetting(tag<"putShowMVPreview">, previewColumn, userId, value);
+  putSetting(tagOf<"putShowMVPreview">, previewColumn, userId, value);
 }
 
 std::int16_t getShowEmailPreview(Id userId) {
@@ -66,11 +67,11 @@ std::int16_t getShowEmailPreview(Id userId) {
   const auto convert = [&](const Value& value) {
     return generalUtilities().isValueEmpty(value) ? showWindow : toInteger16(value);
   };
-  return getSetting(tag<"getShowEmailPreview">, emailPreviewColumn, userId, showWindow, convert);
+  return getSetting(tagOf<"getShowEmailPreview">, emailPreviewColumn, userId, showWindow, convert);
 }
 
 void putShowEmailPreview(std::int16_t value, Id userId) {
-  putSetting(tag<"putShowEmailPreview">, emailPreviewColumn, userId, value);
+  putSetting(tagOf<"putShowEmailPreview">, emailPreviewColumn, userId, value);
 }
 
 }  // namespace autonotify

@@ -11,7 +11,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modNotificationLinks", name>;
+constexpr std::string_view tagOf = procedureTag<"modNotificationLinks", name>;
 
 /// Hosts know this text as it is: whether it selects by key is up to their engine.
 constexpr const char* unfinishedStatement =
@@ -58,7 +58,7 @@ void copyChannelFields(const Row& newRow, Id channel, Id oldNotificationId) {
 }
 
 void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotificationId) {
-  procedure(tag<"copyOldNotificationInfoToNewNotification">, [&](Step& step) {
+  procedure(tagOf<"copyOldNotificationInfoToNewNotification">, [&](Step& step) {
     copyIntoRow(step, unfinishedStatement, newNotificationId,
                 [&](notifyType) { return oldNotificationId; });
   });
@@ -66,14 +66,14 @@ void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotifi
 
 void copyOldNotificationInfoToNewNotificationByScheduleIDNum(Id newNotificationId,
                                                              Id oldScheduleId) {
-  procedure(tag<"copyOldNotificationInfoToNewNotificationByScheduleIDNum">, [&](Step& step) {
+  procedure(tagOf<"copyOldNotificationInfoToNewNotificationByScheduleIDNum">, [&](Step& step) {
     copyIntoRow(step, notificationById, newNotificationId,
                 [&](notifyType channel) { return getNotificationID(oldScheduleId, channel); });
   });
 }
 
 bool deleteNotification(Id notificationId) {
-  return procedure(tag<"deleteNotification">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"deleteNotification">, false, [&](Step& step, bool& result) {
     if (!isDatabaseOpen(step)) return;
     if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
       step.assign(result, [&] { return database().deleteRecord(row.handle()); });

@@ -8,7 +8,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modItemLinks", name>;
+constexpr std::string_view tagOf = procedureTag<"modItemLinks", name>;
 
 /// Creates the host object and hands it the two services that every such class takes.
 template <class T>
@@ -29,11 +29,11 @@ void initialiseClient(Step& step, std::unique_ptr<ClientIDClass>& client) {
 
 std::unique_ptr<ItemLinksClass> ItemLinksClassInit() {
   using Result = std::unique_ptr<ItemLinksClass>;
-  return procedure(tag<"ItemLinksClassInit">, Result{}, initialise<ItemLinksClass>);
+  return procedure(tagOf<"ItemLinksClassInit">, Result{}, initialise<ItemLinksClass>);
 }
 
 std::unique_ptr<ClientIDClass> ClientIDClassInit() {
-  return procedure(tag<"ClientIDClassInit">, std::unique_ptr<ClientIDClass>{}, initialiseClient);
+  return procedure(tagOf<"ClientIDClassInit">, std::unique_ptr<ClientIDClass>{}, initialiseClient);
 }
 
 }  // namespace autonotify

@@ -9,72 +9,72 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modNotificationLinks", name>;
+constexpr std::string_view tagOf = procedureTag<"modNotificationLinks", name>;
 
 // The lookups of one column, a row each.
 
-constexpr ColumnLookup scheduleOfNotification{tag<"getScheduleIDFromNotificationID">,
+constexpr ColumnLookup scheduleOfNotification{tagOf<"getScheduleIDFromNotificationID">,
                                               {notificationById, "ScheduleIDNum"}};
 constexpr ColumnLookup scheduleOfTask{
-    tag<"getScheduleIDFromTaskID">,
+    tagOf<"getScheduleIDFromTaskID">,
     {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE TaskID=", "ScheduleIDNum"}};
 constexpr ColumnLookup taskOfSchedule{
-    tag<"getTaskIDFromScheduleID">,
+    tagOf<"getTaskIDFromScheduleID">,
     {"SELECT Tasks.TaskID, Tasks.ScheduleIDNum FROM Tasks WHERE ScheduleIDNum=", "TaskID"},
     {"SELECT archiveTasks.oldTaskID, archiveTasks.ScheduleIDNum FROM archiveTasks WHERE "
      "ScheduleIDNum=",
      "oldTaskID"}};
 constexpr ColumnLookup clientDataOfSchedule{
-    tag<"getClientDataIDFromScheduleID">,
+    tagOf<"getClientDataIDFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.ClientNum FROM Schedule WHERE ScheduleID=", "ClientNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ClientNum FROM archiveSchedule WHERE "
      "oldScheduleID=",
      "ClientNum"}};
 constexpr ColumnLookup scheduleNumOfSchedule{
-    tag<"getScheduleNumFromScheduleID">,
+    tagOf<"getScheduleNumFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.ScheduleNum FROM Schedule WHERE ScheduleID=",
      "ScheduleNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ScheduleNum FROM archiveSchedule WHERE "
      "oldScheduleID=",
      "ScheduleNum"}};
 constexpr ColumnLookup totalNumOfSchedule{
-    tag<"getTotalNumFromScheduleID">,
+    tagOf<"getTotalNumFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.TotalNum FROM Schedule WHERE ScheduleID=", "TotalNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.TotalNum FROM archiveSchedule WHERE "
      "oldScheduleID=",
      "TotalNum"}};
 constexpr ColumnLookup nameOfSchedule{
-    tag<"getScheduleNameFromScheduleID">,
+    tagOf<"getScheduleNameFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.scheduleName FROM Schedule WHERE ScheduleID=",
      "scheduleName"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.scheduleName FROM archiveSchedule "
      "WHERE oldScheduleID=",
      "scheduleName"}};
 constexpr ColumnLookup contactOfSchedule{
-    tag<"getContactIDFromScheduleID">,
+    tagOf<"getContactIDFromScheduleID">,
     {"SELECT Schedule.ScheduleID, Schedule.ContactIDNum FROM Schedule WHERE ScheduleID=",
      "ContactIDNum"},
     {"SELECT archiveSchedule.oldScheduleID, archiveSchedule.ContactIDNum FROM archiveSchedule "
      "WHERE oldScheduleID=",
      "ContactIDNum"}};
 constexpr ColumnLookup subjectOfAppointment{
-    tag<"getAppointmentSubjectFromAppointmentID">,
+    tagOf<"getAppointmentSubjectFromAppointmentID">,
     {"SELECT Appointments.AppointmentID, Appointments.Subject FROM Appointments WHERE "
      "AppointmentID=",
      "Subject"}};
 constexpr ColumnLookup subjectOfTask{
-    tag<"getTaskSubjectFromTaskID">,
+    tagOf<"getTaskSubjectFromTaskID">,
     {"SELECT Tasks.TaskID, Tasks.Subject FROM Tasks WHERE TaskID=", "Subject"}};
 constexpr ColumnLookup subjectOfDocket{
-    tag<"getDocketSubjectFromDocketID">,
+    tagOf<"getDocketSubjectFromDocketID">,
     {"SELECT Dockets.DocketID, Dockets.Subject FROM Dockets WHERE DocketID=", "Subject"}};
 constexpr ColumnLookup companyOfAppointment{
-    tag<"getCompanyIDFromAppointmentID">,
+    tagOf<"getCompanyIDFromAppointmentID">,
     {"SELECT Appointments.AppointmentID, Appointments.CompanyIDNum FROM Appointments WHERE "
      "AppointmentID=",
      "CompanyIDNum"}};
 constexpr ColumnLookup contactOfAppointment{
-    tag<"getContactIDFromAppointmentID">,
+    tagOf<"getContactIDFromAppointmentID">,
     {"SELECT Appointments.AppointmentID, Appointments.ContactIDNum FROM Appointments WHERE "
      "AppointmentID=",
      "ContactIDNum"}};
@@ -212,19 +212,19 @@ int clientTypeOf(const Row& entry) {
 }  // namespace
 
 bool validAppointmentID(const std::string& appointmentId) {
-  return isPositiveIdText(tag<"validAppointmentID">, appointmentId);
+  return isPositiveIdText(tagOf<"validAppointmentID">, appointmentId);
 }
 
 bool validDocketID(const std::string& docketId) {
-  return isPositiveIdText(tag<"validDocketID">, docketId);
+  return isPositiveIdText(tagOf<"validDocketID">, docketId);
 }
 
 bool validScheduleID(const std::string& scheduleId) {
-  return isPositiveIdText(tag<"validScheduleID">, scheduleId);
+  return isPositiveIdText(tagOf<"validScheduleID">, scheduleId);
 }
 
 bool validTaskID(const std::string& taskId) {
-  return isPositiveIdText(tag<"validTaskID">, taskId);
+  return isPositiveIdText(tagOf<"validTaskID">, taskId);
 }
 
 Id getScheduleIDFromNotificationID(Id notificationId) {
@@ -280,7 +280,7 @@ Id getContactIDFromAppointmentID(Id appointmentId) {
 }
 
 Id getCompanyIDFromScheduleID(Id scheduleId) {
-  return procedure(tag<"getCompanyIDFromScheduleID">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getCompanyIDFromScheduleID">, noId, [&](Step& step, Id& result) {
     if (!isDatabaseOpen(step)) return;
     const Id clientNum = clientNumOf(step, scheduleId);
     result = idOf(step, readColumn(step, companyOfClientData, {}, clientNum));
@@ -289,7 +289,7 @@ Id getCompanyIDFromScheduleID(Id scheduleId) {
 
 std::string getCompanyNameFromScheduleID(Id scheduleId) {
   return procedure(
-      tag<"getCompanyNameFromScheduleID">, std::string{}, [&](Step& step, std::string& result) {
+      tagOf<"getCompanyNameFromScheduleID">, std::string{}, [&](Step& step, std::string& result) {
         if (!isDatabaseOpen(step)) return;
         const Id clientNum = clientNumOf(step, scheduleId);
         if (clientNum < 0) return;
@@ -298,7 +298,7 @@ std::string getCompanyNameFromScheduleID(Id scheduleId) {
 }
 
 int getClientTypeFromNotificationID(Id notificationId) {
-  return procedure(tag<"getClientTypeFromNotificationID">, 0, [&](Step& step, int& result) {
+  return procedure(tagOf<"getClientTypeFromNotificationID">, 0, [&](Step& step, int& result) {
     if (!isDatabaseOpen(step)) return;
     const Id scheduleId = getScheduleIDFromNotificationID(notificationId);
     if (!validScheduleID(std::to_string(scheduleId))) return;
@@ -309,19 +309,19 @@ int getClientTypeFromNotificationID(Id notificationId) {
 }
 
 Id getCompanyIDFromAutoNotificationID(Id notificationId) {
-  return clientOfNotification(tag<"getCompanyIDFromAutoNotificationID">, "CompanyIDNum",
+  return clientOfNotification(tagOf<"getCompanyIDFromAutoNotificationID">, "CompanyIDNum",
                               linkedCompanies, notificationId);
 }
 
 Id getContactIDFromAutoNotificationID(Id notificationId) {
-  return clientOfNotification(tag<"getContactIDFromAutoNotificationID">, "ContactIDNum",
+  return clientOfNotification(tagOf<"getContactIDFromAutoNotificationID">, "ContactIDNum",
                               linkedContacts, notificationId);
 }
 
 CompanyAndContactID getCompanyAndContactIDFromNotificationID(Id scheduleId, Id taskId,
                                                              Id appointmentId, Id docketId) {
   return procedure(
-      tag<"getCompanyAndContactIDFromNotificationID">, CompanyAndContactID{},
+      tagOf<"getCompanyAndContactIDFromNotificationID">, CompanyAndContactID{},
       [&](Step& step, CompanyAndContactID& result) {
         const auto item = firstItem(itemClients, {scheduleId, taskId, appointmentId, docketId});
         if (!item || !isDatabaseOpen(step)) return;

@@ -14,7 +14,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modNotifyClients", name>;
+constexpr std::string_view tagOf = procedureTag<"modNotifyClients", name>;
 
 struct ChannelName {
   notifyType channel;
@@ -112,35 +112,35 @@ std::string unsentStatement() {
 }  // namespace
 
 bool IsEmailSelected(std::uint8_t notification) {
-  return isSelected(tag<"IsEmailSelected">, notification, nt_Email);
+  return isSelected(tagOf<"IsEmailSelected">, notification, nt_Email);
 }
 
 bool IsFaxSelected(std::uint8_t notification) {
-  return isSelected(tag<"IsFaxSelected">, notification, nt_Fax);
+  return isSelected(tagOf<"IsFaxSelected">, notification, nt_Fax);
 }
 
 bool IsLetterSelected(std::uint8_t notification) {
-  return isSelected(tag<"IsLetterSelected">, notification, nt_Letter);
+  return isSelected(tagOf<"IsLetterSelected">, notification, nt_Letter);
 }
 
 bool IsPhoneSelected(std::uint8_t notification) {
-  return isSelected(tag<"IsPhoneSelected">, notification, nt_Phone);
+  return isSelected(tagOf<"IsPhoneSelected">, notification, nt_Phone);
 }
 
 std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notificationTypeNum) {
-  return procedure(tag<"getNotificationTypeNameFromNotificationTypeNum">, std::string{},
+  return procedure(tagOf<"getNotificationTypeNameFromNotificationTypeNum">, std::string{},
                    [&](Step&, std::string& result) { result = channelName(notificationTypeNum); });
 }
 
 void populateAutoNotificationSendTypesInComboBox(ComboBox& combo) {
-  procedure(tag<"populateAutoNotificationSendTypesInComboBox">, [&](Step& step) {
+  procedure(tagOf<"populateAutoNotificationSendTypesInComboBox">, [&](Step& step) {
     step.run(&ComboBox::clear, combo);
     for (const auto& [channel, name] : channelNames) addEntry(step, combo, name, channel);
   });
 }
 
 bool getNotificationStatus(Id scheduleId, notifyType channel) {
-  return procedure(tag<"getNotificationStatus">, false, [&](Step& step, bool& result) {
+  return procedure(tagOf<"getNotificationStatus">, false, [&](Step& step, bool& result) {
     if (!isDatabaseOpen(step)) return;
     result = readStatus(
         step, "SELECT Schedule.ScheduleID, Schedule.notifyType FROM Schedule WHERE ScheduleID=",
@@ -150,7 +150,7 @@ bool getNotificationStatus(Id scheduleId, notifyType channel) {
 }
 
 bool changeNotificationStatus(notifyType channel, changeStatus statusChange, Id scheduleId) {
-  return procedure(tag<"changeNotificationStatus">, true, [&](Step& step, bool& result) {
+  return procedure(tagOf<"changeNotificationStatus">, true, [&](Step& step, bool& result) {
     if (!isDatabaseOpen(step)) return;
     if (Rows entry(step, entryWithChannels, scheduleId, keysetUpdate); entry) {
       changeBit(entry, channel, statusChange, "ScheduleModifiedStamp");
@@ -161,7 +161,7 @@ bool changeNotificationStatus(notifyType channel, changeStatus statusChange, Id 
 }
 
 Id getNotificationID(Id scheduleId, notifyType channel) {
-  return procedure(tag<"getNotificationID">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getNotificationID">, noId, [&](Step& step, Id& result) {
     if (scheduleId < 0 || !isDatabaseOpen(step)) return;
     const std::string sql =
         "SELECT ClientNotification.* FROM ClientNotification WHERE ScheduleIDNum = " +
@@ -172,11 +172,11 @@ Id getNotificationID(Id scheduleId, notifyType channel) {
 }
 
 bool isValidNotificationID(const std::string& notificationId) {
-  return isPositiveIdText(tag<"isValidNotificationID">, notificationId);
+  return isPositiveIdText(tagOf<"isValidNotificationID">, notificationId);
 }
 
 int getNumberOfUnsentNotifications() {
-  return procedure(tag<"getNumberOfUnsentNotifications">, 0, [&](Step& step, int& result) {
+  return procedure(tagOf<"getNumberOfUnsentNotifications">, 0, [&](Step& step, int& result) {
     if (!isDatabaseOpen(step)) return;
     RecordsetHandle handle = noRecordset;
     step.assign(handle, [] { return openRecordset(unsentStatement(), keysetRead); });
@@ -186,7 +186,7 @@ int getNumberOfUnsentNotifications() {
 }
 
 bool needToSendAutoNotificationsToday() {
-  return procedure(tag<"needToSendAutoNotificationsToday">, false,
+  return procedure(tagOf<"needToSendAutoNotificationsToday">, false,
                    [&](Step&, bool& result) { result = getNumberOfUnsentNotifications() > 0; });
 }
 
@@ -194,7 +194,7 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
                                                                Id appointmentId, Id docketId,
                                                                Id /*unused*/) {
   return procedure(
-      tag<"getNotificationEmployeeAssignedFromNotificationIDs">, std::string("None Assigned"),
+      tagOf<"getNotificationEmployeeAssignedFromNotificationIDs">, std::string("None Assigned"),
       [&](Step& step, std::string& result) {
         const auto item = firstItem(assignedSources, {scheduleId, taskId, appointmentId, docketId});
         if (!item || !isDatabaseOpen(step)) return;
@@ -209,7 +209,7 @@ std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id
 
 void changeNotificationToSent(Id notificationId, std::optional<DateTime> sentTime,
                               bool refreshList) {
-  procedure(tag<"changeNotificationToSent">, [&](Step& step) {
+  procedure(tagOf<"changeNotificationToSent">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
       writeStamp(row);
@@ -229,7 +229,7 @@ void markSentNow(Step& step, Id notificationId, bool refreshList) {
 }
 
 void cancelNotification(Id notificationId) {
-  procedure(tag<"cancelNotification">, [&](Step& step) {
+  procedure(tagOf<"cancelNotification">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     if (Rows row(step, notificationById, notificationId, keysetUpdate); row) {
       writeStamp(row);
@@ -242,7 +242,7 @@ void cancelNotification(Id notificationId) {
 }
 
 void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
-  procedure(tag<"changeNotificationNotifiedDate">, [&](Step& step) {
+  procedure(tagOf<"changeNotificationNotifiedDate">, [&](Step& step) {
     if (!isDatabaseOpen(step)) return;
     if (Rows row(step, dateOfNotification, notificationId, keysetUpdate); row) {
       writeStamp(row);
@@ -252,12 +252,12 @@ void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
 }
 
 bool doesClientHaveAssociatedUnsentNotifications(Id clientId) {
-  return procedure(tag<"doesClientHaveAssociatedUnsentNotifications">, false,
+  return procedure(tagOf<"doesClientHaveAssociatedUnsentNotifications">, false,
                    [&](Step& step, bool& result) { findNotifications(step, clientId, result); });
 }
 
 void cancelAllUnsentNotificationsForClientID(Id clientId) {
-  procedure(tag<"cancelAllUnsentNotificationsForClientID">, [&](Step& step) {
+  procedure(tagOf<"cancelAllUnsentNotificationsForClientID">, [&](Step& step) {
     if (clientId < 0 || !isDatabaseOpen(step)) return;
     for (const Row& row : Rows(step, notificationsOfClient, clientId, keysetUpdate)) {
       const auto place = row.place();

@@ -13,7 +13,7 @@ namespace {
 /// All composers carry the wizard's name in the tags of this field.
 constexpr const char* form = "frmSendNotificationWizard";
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"frmSendNotificationWizard", name>;
+constexpr std::string_view tagOf = procedureTag<"frmSendNotificationWizard", name>;
 
 bool wantsFriday() {
   return askQuestion("This date falls on a weekend.  Would you like " + locale().getProductName() +
@@ -40,12 +40,12 @@ NotificationDateField::NotificationDateField(Form& owner)
   txtNotificationField.setContainer(picNotificationDate);
   dtpNotification.setContainer(picNotificationDate);
   using Self = NotificationDateField;
-  react(dtpNotification.onDropDown, tag<"dtpNotification_DropDown">, *this, &Self::openCalendar);
-  react(dtpNotification.onCloseUp, tag<"dtpNotification_CloseUp">, *this, &Self::takePicked);
+  react(dtpNotification.onDropDown, tagOf<"dtpNotification_DropDown">, *this, &Self::openCalendar);
+  react(dtpNotification.onCloseUp, tagOf<"dtpNotification_CloseUp">, *this, &Self::takePicked);
   markFocusGained(txtNotificationField, form);
-  react(txtNotificationField.onValidate, tag<"txtNotificationField_Validate">, *this,
+  react(txtNotificationField.onValidate, tagOf<"txtNotificationField_Validate">, *this,
         &Self::takeTyped);
-  react(txtNotificationField.onLostFocus, tag<"txtNotificationField_LostFocus">, *this,
+  react(txtNotificationField.onLostFocus, tagOf<"txtNotificationField_LostFocus">, *this,
         &Self::rememberText);
 }
 

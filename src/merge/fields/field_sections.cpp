@@ -8,7 +8,7 @@ namespace {
 using namespace field_list_type;
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 constexpr unsigned typeBits(auto... types) {
   return ((1U << types) | ...);
@@ -31,23 +31,24 @@ struct FieldSection {
   }
 };
 
-constexpr std::string_view companyTag = tag<"createCompanyInfoFieldListStructure">;
-constexpr std::string_view contactNameTag = tag<"createContactNameFieldListStructure">;
+constexpr std::string_view companyTag = tagOf<"createCompanyInfoFieldListStructure">;
+constexpr std::string_view contactNameTag = tagOf<"createContactNameFieldListStructure">;
 
 constexpr FieldSection sections[] = {
-    {typeBits(appointment), "[Appointment Info]", tag<"createAppointmentInfoFieldListStructure">,
+    {typeBits(appointment), "[Appointment Info]", tagOf<"createAppointmentInfoFieldListStructure">,
      appointmentBlock},
-    {typeBits(task), "[Task Info]", tag<"createTaskInfoFieldListStructure">, taskBlock},
-    {typeBits(timeEntry), "[Time Entry Info]", tag<"createDocketInfoFieldListStructure">,
+    {typeBits(task), "[Task Info]", tagOf<"createTaskInfoFieldListStructure">, taskBlock},
+    {typeBits(timeEntry), "[Time Entry Info]", tagOf<"createDocketInfoFieldListStructure">,
      timeEntryBlock},
     {withCompany, "[Company Address Info]", companyTag, companyBlock},
     {aboutItems, "[Default Contact Name]", contactNameTag, contactNameBlock},
     {typeBits(client, contact), "[Contact Name]", contactNameTag, contactNameBlock},
-    {withCompany, "[Company Accounting Info]", tag<"createAccountingFieldListStructure">,
+    {withCompany, "[Company Accounting Info]", tagOf<"createAccountingFieldListStructure">,
      accountingBlock},
-    {withCompany, "[Company Software Info]", tag<"createSoftwareFieldListStructure">,
+    {withCompany, "[Company Software Info]", tagOf<"createSoftwareFieldListStructure">,
      softwareBlock},
-    {withContact, "[More Contact Info]", tag<"createContactInfoFieldListStructure">, contactBlock},
+    {withContact, "[More Contact Info]", tagOf<"createContactInfoFieldListStructure">,
+     contactBlock},
     {typeBits(contact), "[Company Info]", companyTag, companyBlock, true},
 };
 

@@ -11,7 +11,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 std::string durationBetween(const DateTime& from, const DateTime& to) {
   const std::int64_t minutes = std::abs(to.totalMinutes() - from.totalMinutes());
@@ -29,16 +29,16 @@ std::string provinceForm(std::string_view frameTag, const std::string& province,
 
 std::string getTimeDurationFieldValue(const DateTime& from, const DateTime& to) {
   return procedure(
-      tag<"getTimeDurationFieldValue">, std::string{},
+      tagOf<"getTimeDurationFieldValue">, std::string{},
       [&](Step& step, std::string& result) { step.assign(result, durationBetween, from, to); });
 }
 
 std::string getAbbreviatedProvince(const std::string& province) {
-  return provinceForm(tag<"getAbbreviatedProvince">, province, &ProvinceName::abbreviation);
+  return provinceForm(tagOf<"getAbbreviatedProvince">, province, &ProvinceName::abbreviation);
 }
 
 std::string getFullProvinceString(const std::string& province) {
-  return provinceForm(tag<"getFullProvinceString">, province, &ProvinceName::fullName);
+  return provinceForm(tagOf<"getFullProvinceString">, province, &ProvinceName::fullName);
 }
 
 }  // namespace autonotify

@@ -7,7 +7,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 /// How the statements of a source are made: the select alone reads all rows, with `where` and an id
 /// behind it the one row.
@@ -178,7 +178,7 @@ bool isReadForTasks(MergeSource source) {
 
 std::string getMainBusinessSQLString(bool showOnly, int statusMode, Id clientDataID) {
   return procedure(
-      tag<"getMainBusinessSQLString">, std::string{}, [&](Step& step, std::string& result) {
+      tagOf<"getMainBusinessSQLString">, std::string{}, [&](Step& step, std::string& result) {
         result = accountsStatement(step, clientFilter(showOnly, statusMode), clientDataID);
       });
 }

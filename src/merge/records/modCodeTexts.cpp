@@ -12,7 +12,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"modCodeTexts", name>;
+constexpr std::string_view tagOf = procedureTag<"modCodeTexts", name>;
 
 struct CodeText {
   std::int16_t code;
@@ -61,36 +61,36 @@ std::string companyTypeText(Step& step, std::int16_t code) {
 }  // namespace
 
 std::string getCompanyTypeStringFromCompanyTypeNum(std::int16_t& code) {
-  return procedure(tag<"getCompanyTypeStringFromCompanyTypeNum">, std::string("Unknown"),
+  return procedure(tagOf<"getCompanyTypeStringFromCompanyTypeNum">, std::string("Unknown"),
                    [&](Step& step, std::string& result) { result = companyTypeText(step, code); });
 }
 
 std::string getFinancialStatementsStringFromFinancialStatementsNum(std::int16_t& code) {
-  return lookUp(tag<"getFinancialStatementsStringFromFinancialStatementsNum">, code,
+  return lookUp(tagOf<"getFinancialStatementsStringFromFinancialStatementsNum">, code,
                 financialStatements, "Not Specified");
 }
 
 std::string getRC59FormStatusStringFromRC59FormStatusNum(std::int16_t& code) {
-  return lookUp(tag<"getRC59FormStatusStringFromRC59FormStatusNum">, code, formStatuses,
+  return lookUp(tagOf<"getRC59FormStatusStringFromRC59FormStatusNum">, code, formStatuses,
                 "Not Filed");
 }
 
 std::string getRC59PermissionStringFromRC59PermissionNum(std::int16_t& code) {
-  return lookUp(tag<"getRC59PermissionStringFromRC59PermissionNum">, code, permissions, "None");
+  return lookUp(tagOf<"getRC59PermissionStringFromRC59PermissionNum">, code, permissions, "None");
 }
 
 std::string getGSTFilingMethodStringFromGSTFilingMethodNum(std::int16_t& code) {
-  return lookUp(tag<"getGSTFilingMethodStringFromGSTFilingMethodNum">, code, filingMethods,
+  return lookUp(tagOf<"getGSTFilingMethodStringFromGSTFilingMethodNum">, code, filingMethods,
                 "Not Specified");
 }
 
 std::string getCorporationTypeStringFromCorporationTypeNum(std::int16_t& code) {
-  return lookUp(tag<"getCorporationTypeStringFromCorporationTypeNum">, code, corporationTypes,
+  return lookUp(tagOf<"getCorporationTypeStringFromCorporationTypeNum">, code, corporationTypes,
                 "CCPC");
 }
 
 std::string getCorporationLevelStringFromCorporationLevelNum(std::int16_t& code) {
-  return lookUp(tag<"getCorporationLevelStringFromCorporationLevelNum">, code, corporationLevels,
+  return lookUp(tagOf<"getCorporationLevelStringFromCorporationLevelNum">, code, corporationLevels,
                 "Federal Corporation");
 }
 

@@ -7,7 +7,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 /// Where the task of a schedule entry stands: among the tasks, or in the archive.
 constexpr struct {
@@ -54,7 +54,7 @@ void addDocuments(Step& step, Id taskID, std::string& lines) {
 }  // namespace
 
 Id getTaskIDFromScheduleIDNum(Id scheduleID) {
-  return procedure(tag<"getTaskIDFromScheduleIDNum">, noId, [&](Step& step, Id& result) {
+  return procedure(tagOf<"getTaskIDFromScheduleIDNum">, noId, [&](Step& step, Id& result) {
     if (scheduleID < 0 || !isDatabaseOpen(step)) return;
     for (const auto& [statement, column] : taskSources) {
       const Rows row(step, statement, scheduleID, keysetRead);
@@ -66,7 +66,7 @@ Id getTaskIDFromScheduleIDNum(Id scheduleID) {
 }
 
 std::string getDocsAndInstructionsList(Id taskID) {
-  return procedure(tag<"getDocsAndInstructionsList">, std::string{},
+  return procedure(tagOf<"getDocsAndInstructionsList">, std::string{},
                    [&](Step& step, std::string& result) { addDocuments(step, taskID, result); });
 }
 

@@ -11,7 +11,7 @@ namespace autonotify {
 namespace {
 
 template <FixedText name>
-constexpr std::string_view tag = procedureTag<"clsInsertFieldsInRTB", name>;
+constexpr std::string_view tagOf = procedureTag<"clsInsertFieldsInRTB", name>;
 
 /// Whether the text may be the name of a field that lacks its marks.
 bool mayBeBareName(const std::string& text) {
@@ -32,7 +32,7 @@ Region readRegion(Step& step) {
 }  // namespace
 
 std::string verifyTemplateText(const std::string& text) {
-  return procedure(tag<"verifyTemplateText">, text, [&](Step&, std::string& result) {
+  return procedure(tagOf<"verifyTemplateText">, text, [&](Step&, std::string& result) {
     result = headerRemovals().apply(text);
     if (!mayBeBareName(result)) return;
     if (result.find(bareMarks.open) == std::string::npos) result.insert(0, bareMarks.open);
@@ -41,7 +41,7 @@ std::string verifyTemplateText(const std::string& text) {
 }
 
 Region regionOfInstallation() {
-  return procedure(tag<"convertProvinceFields">, Region{},
+  return procedure(tagOf<"convertProvinceFields">, Region{},
                    [](Step& step, Region& result) { result = readRegion(step); });
 }
 
@@ -50,7 +50,7 @@ std::string updateTemplate(const std::string& text, const Region& region) {
 }
 
 std::string convertProvinceFields(const std::string& text) {
-  return procedure(tag<"convertProvinceFields">, text, [&](Step& step, std::string& result) {
+  return procedure(tagOf<"convertProvinceFields">, text, [&](Step& step, std::string& result) {
     result = generalRewrites().apply(verifyTemplateText(text));
     result = regionalRewrites(readRegion(step)).apply(std::move(result));
   });
