@@ -35,7 +35,7 @@ endif()
 if(AUTONOTIFY_WERROR)
   target_compile_options(autonotify_options INTERFACE -Werror)
 endif()
-# At -O3 g++ 12 reports both falsely inside std::string and std::variant.
+# When it optimizes, g++ 12 reports both falsely inside std::string and std::variant.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(autonotify_options INTERFACE $<$<CONFIG:Release>:-Wno-restrict;-Wno-maybe-uninitialized>)
 endif()
