@@ -76,8 +76,7 @@ void readRows(Plan& plan, const std::vector<Value>& parameters, Result& result) 
   for (int column = 0; column < columns; ++column) plan.ask(column);
   for (const PlanColumn& column : plan.columns()) result.columns.push_back(column.name);
   while (result.values.size() < mostValues && statement.step())
-    for (int column = 0; column < columns; ++column)
-      result.values.push_back(rows->value(column));
+    for (int column = 0; column < columns; ++column) result.values.push_back(rows->value(column));
   statement.reset();
 }
 
