@@ -12,8 +12,8 @@ namespace autonotify {
 // The frame of every procedure with logic, and its error protocol.
 //
 //   std::string nameOf(Id user) {
-//     return procedure(tagOf<"nameOf">, std::string("Nobody"), [&](Step& step, std::string& result)
-//     {
+//     const std::string nobody = "Nobody";
+//     return procedure(tagOf<"nameOf">, nobody, [&](Step& step, std::string& result) {
 //       if (!isDatabaseOpen(step)) return;
 //       step.assign(result, [&] { return clients().getUserNameFromID(user); });
 //     });

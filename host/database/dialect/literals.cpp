@@ -10,15 +10,12 @@
 namespace autonotify::host {
 namespace {
 
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
 std::optional<Value> numberValue(std::string_view digits) {
   std::int64_t number = 0;
   for (const char digit : digits) {
     number = number * 10 + (digit - '0');
-    if (!isDigit(digit) || number > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+    if (!isAsciiDigit(digit) || number > std::numeric_limits<std::int32_t>::max())
+      return std::nullopt;
   }
   return digits.empty() ? std::nullopt : std::optional<Value>(number);
 }
@@ -48,8 +45,7 @@ Token tokenAt(std::string_view sql, TokenKind kind, std::size_t begin, std::size
 constexpr std::size_t longestRest = 64;
 
 bool mayEndName(char character) {
-  const char lower = static_cast<char>(character | 0x20);
-  return (lower >= 'a' && lower <= 'z') || character == '_' || isDigit(character);
+  return isAsciiLetter(character) || character == '_' || isAsciiDigit(character);
 }
 
 constexpr auto endsLiteral = [] {
@@ -116,7 +112,7 @@ std::optional<Token> lastLiteral(std::string_view sql) {
       if (begin == sql.npos) return std::nullopt;
       return tokenAt(sql, TokenKind::date, begin, end);
     }
-    while (begin > 0 && isDigit(sql[begin - 1])) --begin;
+    while (begin > 0 && isAsciiDigit(sql[begin - 1])) --begin;
     if (begin > 0 && !mayEndName(sql[begin - 1]))
       return tokenAt(sql, TokenKind::number, begin, end);
     end = begin;
