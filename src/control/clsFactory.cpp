@@ -24,9 +24,8 @@ constexpr std::array<CreatableClass, 4> creatableClasses{{
 }};
 
 const CreatableClass* findClass(std::string_view name) {
-  const auto found =
-      std::find_if(creatableClasses.begin(), creatableClasses.end(),
-                   [&](const CreatableClass& row) { return equalIgnoreCase(row.name, name); });
+  const auto isNamed = [&](const CreatableClass& row) { return equalIgnoreCase(row.name, name); };
+  const auto* const found = std::ranges::find_if(creatableClasses, isNamed);
   return found == creatableClasses.end() ? nullptr : &*found;
 }
 

@@ -245,8 +245,8 @@ std::size_t findIgnoreCase(std::string_view text, std::string_view sought, std::
 
 std::string replaceAll(std::string_view text, std::string_view sought, std::string_view with) {
   if (sought.empty()) return std::string(text);
-  return replaced(text, sought.size(), with,
-                  [&](std::size_t from) { return text.find(sought, from); });
+  const auto find = [&](std::size_t from) { return text.find(sought, from); };
+  return replaced(text, sought.size(), with, find);
 }
 
 std::string replaceAllIgnoreCase(std::string_view text, std::string_view sought,

@@ -80,8 +80,8 @@ std::string generateClientAutoNotifyComment(Id scheduleID) {
 }
 
 std::string generateCommentFromTemplate(const std::string& templateText, Id scheduleID) {
-  return mergeForEntry(tagOf<"generateCommentFromTemplate">, scheduleID,
-                       [&](Id, Id) { return templateText; });
+  const auto given = [&](Id, Id) { return templateText; };
+  return mergeForEntry(tagOf<"generateCommentFromTemplate">, scheduleID, given);
 }
 
 std::vector<TemplateField> listTemplateFields(const std::string& templateText, Id scheduleID) {

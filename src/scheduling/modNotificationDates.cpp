@@ -250,11 +250,11 @@ DateTime determineNotificationDate(Id scheduleID) {
 }
 
 DateTime getLastUsedNotificationDate(Id scheduleID, DateTime proposed) {
-  return procedure(tagOf<"getLastUsedNotificationDate">, proposed,
-                   [&](Step& step, DateTime& result) {
-                     if (scheduleID < 0 || !isDatabaseOpen(step)) return;
-                     takeSiblingDate(step, scheduleID, result);
-                   });
+  const auto read = [&](Step& step, DateTime& result) {
+    if (scheduleID < 0 || !isDatabaseOpen(step)) return;
+    takeSiblingDate(step, scheduleID, result);
+  };
+  return procedure(tagOf<"getLastUsedNotificationDate">, proposed, read);
 }
 
 DateTime adjustDateToFridayIfWeekendOrHoliday(DateTime date) {

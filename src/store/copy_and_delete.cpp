@@ -59,16 +59,18 @@ void copyChannelFields(const Row& newRow, Id channel, Id oldNotificationId) {
 
 void copyOldNotificationInfoToNewNotification(Id newNotificationId, Id oldNotificationId) {
   procedure(tagOf<"copyOldNotificationInfoToNewNotification">, [&](Step& step) {
-    copyIntoRow(step, unfinishedStatement, newNotificationId,
-                [&](notifyType) { return oldNotificationId; });
+    const auto oldRow = [&](notifyType) { return oldNotificationId; };
+    copyIntoRow(step, unfinishedStatement, newNotificationId, oldRow);
   });
 }
 
 void copyOldNotificationInfoToNewNotificationByScheduleIDNum(Id newNotificationId,
                                                              Id oldScheduleId) {
   procedure(tagOf<"copyOldNotificationInfoToNewNotificationByScheduleIDNum">, [&](Step& step) {
-    copyIntoRow(step, notificationById, newNotificationId,
-                [&](notifyType channel) { return getNotificationID(oldScheduleId, channel); });
+    const auto oldRow = [&](notifyType channel) {
+      return getNotificationID(oldScheduleId, channel);
+    };
+    copyIntoRow(step, notificationById, newNotificationId, oldRow);
   });
 }
 

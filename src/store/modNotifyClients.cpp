@@ -128,8 +128,8 @@ bool IsPhoneSelected(std::uint8_t notification) {
 }
 
 std::string getNotificationTypeNameFromNotificationTypeNum(std::uint8_t notificationTypeNum) {
-  return procedure(tagOf<"getNotificationTypeNameFromNotificationTypeNum">, std::string{},
-                   [&](Step&, std::string& result) { result = channelName(notificationTypeNum); });
+  const auto name = [&](Step&, std::string& result) { result = channelName(notificationTypeNum); };
+  return procedure(tagOf<"getNotificationTypeNameFromNotificationTypeNum">, std::string{}, name);
 }
 
 void populateAutoNotificationSendTypesInComboBox(ComboBox& combo) {
@@ -186,8 +186,8 @@ int getNumberOfUnsentNotifications() {
 }
 
 bool needToSendAutoNotificationsToday() {
-  return procedure(tagOf<"needToSendAutoNotificationsToday">, false,
-                   [&](Step&, bool& result) { result = getNumberOfUnsentNotifications() > 0; });
+  const auto ask = [](Step&, bool& result) { result = getNumberOfUnsentNotifications() > 0; };
+  return procedure(tagOf<"needToSendAutoNotificationsToday">, false, ask);
 }
 
 std::string getNotificationEmployeeAssignedFromNotificationIDs(Id scheduleId, Id taskId,
@@ -252,8 +252,8 @@ void changeNotificationNotifiedDate(Id notificationId, DateTime newDate) {
 }
 
 bool doesClientHaveAssociatedUnsentNotifications(Id clientId) {
-  return procedure(tagOf<"doesClientHaveAssociatedUnsentNotifications">, false,
-                   [&](Step& step, bool& result) { findNotifications(step, clientId, result); });
+  const auto find = [&](Step& step, bool& result) { findNotifications(step, clientId, result); };
+  return procedure(tagOf<"doesClientHaveAssociatedUnsentNotifications">, false, find);
 }
 
 void cancelAllUnsentNotificationsForClientID(Id clientId) {

@@ -48,8 +48,8 @@ std::string textOf(std::int16_t code, std::span<const CodeText> texts, std::stri
 
 std::string lookUp(std::string_view tag, std::int16_t code, std::span<const CodeText> texts,
                    std::string_view otherwise) {
-  return procedure(tag, std::string(otherwise),
-                   [&](Step&, std::string& result) { result = textOf(code, texts, otherwise); });
+  const auto find = [&](Step&, std::string& result) { result = textOf(code, texts, otherwise); };
+  return procedure(tag, std::string(otherwise), find);
 }
 
 std::string companyTypeText(Step& step, std::int16_t code) {
@@ -61,8 +61,8 @@ std::string companyTypeText(Step& step, std::int16_t code) {
 }  // namespace
 
 std::string getCompanyTypeStringFromCompanyTypeNum(std::int16_t& code) {
-  return procedure(tagOf<"getCompanyTypeStringFromCompanyTypeNum">, std::string("Unknown"),
-                   [&](Step& step, std::string& result) { result = companyTypeText(step, code); });
+  const auto find = [&](Step& step, std::string& result) { result = companyTypeText(step, code); };
+  return procedure(tagOf<"getCompanyTypeStringFromCompanyTypeNum">, std::string("Unknown"), find);
 }
 
 std::string getFinancialStatementsStringFromFinancialStatementsNum(std::int16_t& code) {

@@ -66,8 +66,8 @@ Id getTaskIDFromScheduleIDNum(Id scheduleID) {
 }
 
 std::string getDocsAndInstructionsList(Id taskID) {
-  return procedure(tagOf<"getDocsAndInstructionsList">, std::string{},
-                   [&](Step& step, std::string& result) { addDocuments(step, taskID, result); });
+  const auto list = [&](Step& step, std::string& result) { addDocuments(step, taskID, result); };
+  return procedure(tagOf<"getDocsAndInstructionsList">, std::string{}, list);
 }
 
 }  // namespace autonotify

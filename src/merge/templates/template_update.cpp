@@ -41,8 +41,8 @@ std::string verifyTemplateText(const std::string& text) {
 }
 
 Region regionOfInstallation() {
-  return procedure(tagOf<"convertProvinceFields">, Region{},
-                   [](Step& step, Region& result) { result = readRegion(step); });
+  const auto read = [](Step& step, Region& result) { result = readRegion(step); };
+  return procedure(tagOf<"convertProvinceFields">, Region{}, read);
 }
 
 std::string updateTemplate(const std::string& text, const Region& region) {

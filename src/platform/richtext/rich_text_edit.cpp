@@ -151,9 +151,8 @@ void append(RichText& text, RichText piece) {
     std::move(first.runs.begin(), first.runs.end(), std::back_inserter(last.runs));
   }
   tidyRuns(last);
-  text.paragraphs.insert(text.paragraphs.end(),
-                         std::make_move_iterator(std::next(piece.paragraphs.begin())),
-                         std::make_move_iterator(piece.paragraphs.end()));
+  std::move(std::next(piece.paragraphs.begin()), piece.paragraphs.end(),
+            std::back_inserter(text.paragraphs));
 }
 
 void replace(RichText& text, std::size_t from, std::size_t to, RichText piece) {
