@@ -129,8 +129,8 @@ std::int16_t toInteger16(const Value& value) {
   return integerOf<std::int16_t>(value);
 }
 
-std::int32_t toInteger(const Value& value) {
-  return integerOf<std::int32_t>(value);
+std::int32_t otherToInteger(const Value& value) {
+  return rounded<std::int32_t>(toDouble(value));
 }
 
 double toDouble(const Value& value) {

@@ -127,8 +127,15 @@ class Value {
 
 std::uint8_t toByte(const Value& value);
 std::int16_t toInteger16(const Value& value);
-std::int32_t toInteger(const Value& value);
 double toDouble(const Value& value);
+
+/// What toInteger gives of a value that is no integer of 32 bits.
+std::int32_t otherToInteger(const Value& value);
+inline std::int32_t toInteger(const Value& value) {
+  const auto* whole = value.getIf<std::int64_t>();
+  const bool isShort = whole && *whole == static_cast<std::int32_t>(*whole);
+  return isShort ? static_cast<std::int32_t>(*whole) : otherToInteger(value);
+}
 
 /// What toFlag gives of a value that is no flag.
 bool otherToFlag(const Value& value);

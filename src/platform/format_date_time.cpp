@@ -34,8 +34,14 @@ char* write(char* to, int number) {
   return std::to_chars(to, to + longestNumber, number).ptr;
 }
 char* writeTwoDigits(char* to, int number) {
-  if (number >= 0 && number < 10) *to++ = '0';
-  return write(to, number);
+  if (number < 0 || number > 99) return write(to, number);
+  *to++ = static_cast<char>('0' + number / 10);
+  *to++ = static_cast<char>('0' + number % 10);
+  return to;
+}
+char* writeYear(char* to, int year) {
+  if (year < 1000) return write(to, year);
+  return writeTwoDigits(writeTwoDigits(to, year / 100), year % 100);
 }
 
 std::string_view weekdayName(const Moment& m) {
@@ -83,7 +89,7 @@ constexpr Field fields[] = {
     {'m', 3, [](const Moment& m, Letters, char* to) { return write(to, shortened(monthName(m))); }},
     {'m', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, month(m)); }},
     {'m', 1, [](const Moment& m, Letters, char* to) { return write(to, month(m)); }},
-    {'y', 4, [](const Moment& m, Letters, char* to) { return write(to, year(m)); }},
+    {'y', 4, [](const Moment& m, Letters, char* to) { return writeYear(to, year(m)); }},
     {'y', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, year(m) % 100); }},
     {'h', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, hour(m)); }},
     {'h', 1, [](const Moment& m, Letters, char* to) { return write(to, hour(m)); }},

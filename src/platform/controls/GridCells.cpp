@@ -48,12 +48,7 @@ constexpr std::uint64_t weightOfRank(std::uint32_t rank) {
 
 }  // namespace
 
-std::uint32_t CodeColumn::Block::at(std::size_t row) const {
-  if (codes) return (*codes)[row];
-  return row < rows ? code : 0;
-}
-
-bool CodeColumn::Block::put(std::size_t row, std::uint32_t newCode) {
+bool CodeColumn::Block::putWithoutCodes(std::size_t row, std::uint32_t newCode) {
   if (at(row) == newCode) return false;
   if (row != rows || (rows > 0 && newCode != code)) return putApart(row, newCode);
   code = newCode;
@@ -68,22 +63,9 @@ bool CodeColumn::Block::putApart(std::size_t row, std::uint32_t newCode) {
   return true;
 }
 
-std::uint32_t CodeColumn::at(std::size_t row) const {
-  const std::size_t block = row / std::tuple_size_v<Codes>;
-  return block < blocks_.size() ? blocks_[block].at(row % std::tuple_size_v<Codes>) : 0;
-}
-
-bool CodeColumn::put(std::size_t row, std::uint32_t code) {
-  const std::size_t block = row / std::tuple_size_v<Codes>;
-  const std::size_t place = row % std::tuple_size_v<Codes>;
-  if (block >= blocks_.size()) return code != 0 && putBehind(block, place, code);
-  Codes* const codes = blocks_[block].codes.get();
-  return codes ? std::exchange((*codes)[place], code) != code : blocks_[block].put(place, code);
-}
-
-bool CodeColumn::putBehind(std::size_t block, std::size_t place, std::uint32_t code) {
-  blocks_.resize(block + 1);
-  return blocks_[block].put(place, code);
+bool CodeColumn::putBehind(std::size_t row, std::uint32_t code) {
+  blocks_.resize(row / rowsOfBlock + 1);
+  return put(row, code);
 }
 
 void GridCells::addRow() {
@@ -101,11 +83,6 @@ void GridCells::clearRows() {
 void GridCells::clearAll() {
   clearRows();
   columns_.clear();
-}
-
-std::size_t GridCells::lineOf(int row) const {
-  const auto place = static_cast<std::size_t>(row);
-  return order_.empty() ? place : order_[place];
 }
 
 std::uint32_t GridCells::codeOfNumber(Id number) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/Value.h"
@@ -46,26 +47,40 @@ inline constexpr int descending = 2;
 /// one code and the others none, as in a column of buttons, takes no memory for them.
 class CodeColumn {
  public:
-  std::uint32_t at(std::size_t row) const;
+  std::uint32_t at(std::size_t row) const {
+    const std::size_t block = row / rowsOfBlock;
+    return block < blocks_.size() ? blocks_[block].at(row % rowsOfBlock) : 0;
+  }
   /// False when that code was there before.
-  bool put(std::size_t row, std::uint32_t code);
+  bool put(std::size_t row, std::uint32_t code) {
+    const std::size_t block = row / rowsOfBlock;
+    if (block >= blocks_.size()) return code != 0 && putBehind(row, code);
+    return blocks_[block].put(row % rowsOfBlock, code);
+  }
 
  private:
-  using Codes = std::array<std::uint32_t, 1024>;
+  static constexpr std::size_t rowsOfBlock = 1024;
+  using Codes = std::array<std::uint32_t, rowsOfBlock>;
   struct Block {
     std::uint32_t code = 0;
     /// How many rows have that code; none where `codes` tells.
     std::uint32_t rows = 0;
     std::unique_ptr<Codes> codes;
 
-    std::uint32_t at(std::size_t row) const;
+    std::uint32_t at(std::size_t row) const {
+      if (codes) return (*codes)[row];
+      return row < rows ? code : 0;
+    }
+    bool put(std::size_t row, std::uint32_t newCode) {
+      return codes ? std::exchange((*codes)[row], newCode) != newCode
+                   : putWithoutCodes(row, newCode);
+    }
     // Both require: no `codes`.
-    /// False when that code was there before.
-    bool put(std::size_t row, std::uint32_t newCode);
+    bool putWithoutCodes(std::size_t row, std::uint32_t newCode);
     bool putApart(std::size_t row, std::uint32_t newCode);
   };
   /// Requires: no such block yet.
-  bool putBehind(std::size_t block, std::size_t place, std::uint32_t code);
+  bool putBehind(std::size_t row, std::uint32_t code);
   std::vector<Block> blocks_;
 };
 
@@ -112,7 +127,10 @@ class GridCells {
   Ranks ranksOf(const Column& column) const;
   std::vector<std::uint64_t> weightsOf(const GridSortKey& key) const;
   /// Where the row lies in its columns.
-  std::size_t lineOf(int row) const;
+  std::size_t lineOf(int row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return order_.empty() ? place : order_[place];
+  }
   Column& at(int column) { return columns_[static_cast<std::size_t>(column)]; }
   const Column& at(int column) const { return columns_[static_cast<std::size_t>(column)]; }
 
