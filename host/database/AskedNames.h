@@ -15,28 +15,30 @@ class AskedNames {
  public:
   /// The column; -1 where the name is not known, or no longer.
   int find(std::string_view name) const {
-    const Ends ends = endsOf(name);
-    const Pair& pair = pairs_[placeOf(ends)];
-    if (isOf(pair.last, name, ends)) return pair.last.column;
-    return isOf(pair.former, name, ends) ? pair.former.column : -1;
+    const Words words = wordsOf(name);
+    const Pair& pair = pairs_[placeOf(words)];
+    if (isOf(pair.last, name, words)) return pair.last.column;
+    return isOf(pair.former, name, words) ? pair.former.column : -1;
   }
 
   void remember(std::string_view name, int column) {
-    const Ends ends = endsOf(name);
-    Pair& pair = pairs_[placeOf(ends)];
-    pair.former = std::exchange(pair.last, {ends, column, std::string(name)});
+    const Words words = wordsOf(name);
+    Pair& pair = pairs_[placeOf(words)];
+    pair.former = std::exchange(pair.last, {words, column, std::string(name)});
   }
 
  private:
-  /// The first and the last letters of a name; with their number they are all of a short one.
-  struct Ends {
+  /// Letters from the beginning, the middle and the end of a name; with their number they are all
+  /// of most names.
+  struct Words {
     std::uint64_t first = 0;
+    std::uint64_t middle = 0;
     std::uint64_t last = 0;
 
-    bool operator==(const Ends&) const = default;
+    bool operator==(const Words&) const = default;
   };
   struct Asked {
-    Ends ends;
+    Words words;
     int column = -1;
     std::string name;
   };
@@ -47,23 +49,25 @@ class AskedNames {
 
   static constexpr std::size_t letters = sizeof(std::uint64_t);
 
-  static Ends endsOf(std::string_view name) {
-    Ends ends;
+  static Words wordsOf(std::string_view name) {
+    Words words;
     if (name.size() < letters) {
-      name.copy(reinterpret_cast<char*>(&ends.first), letters);
+      name.copy(reinterpret_cast<char*>(&words.first), letters);
     } else {
-      std::memcpy(&ends.first, name.data(), letters);
-      std::memcpy(&ends.last, name.data() + name.size() - letters, letters);
+      const std::size_t last = name.size() - letters;
+      std::memcpy(&words.first, name.data(), letters);
+      std::memcpy(&words.middle, name.data() + last / 2, letters);
+      std::memcpy(&words.last, name.data() + last, letters);
     }
-    return ends;
+    return words;
   }
-  static std::size_t placeOf(const Ends& ends) {
+  static std::size_t placeOf(const Words& words) {
     constexpr std::uint64_t spread = 0x9e3779b97f4a7c15;
-    return (ends.first * spread + ends.last) * spread >> 58;
+    return (words.first * spread + words.last) * spread >> 58;
   }
-  static bool isOf(const Asked& asked, std::string_view name, const Ends& ends) {
-    return asked.ends == ends && asked.name.size() == name.size() &&
-           (name.size() <= 2 * letters || asked.name == name);
+  static bool isOf(const Asked& asked, std::string_view name, const Words& words) {
+    return asked.words == words && asked.name.size() == name.size() &&
+           (name.size() <= 3 * letters || asked.name == name);
   }
 
   std::array<Pair, 64> pairs_;

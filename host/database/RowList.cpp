@@ -60,19 +60,17 @@ void RowList::holdAll() {
 }
 
 bool RowList::recallAhead() {
-  RowsAhead* const ahead = session_.rowsAhead(plan_);
-  const auto* const id = ahead ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
-  if (!id || !ahead->give(*id, *memory_)) return false;
-  ahead->note(*id);
+  const LookUp sought = session_.lookUp(plan_, memory_->parameters);
+  if (!sought || !sought.ahead->give(sought.id, *memory_)) return false;
+  sought.ahead->note(sought.id);
   holdAll();
   return true;
 }
 
 bool RowList::readAhead() {
-  RowsAhead* const ahead = session_.rowsAhead(plan_);
-  const auto* const id = ahead ? memory_->parameters.front().getIf<std::int64_t>() : nullptr;
-  const Id ids = id ? ahead->idsToRead(*id) : 0;
-  if (ids > 0) readAhead(*ahead, static_cast<Id>(*id), ids);
+  const LookUp sought = session_.lookUp(plan_, memory_->parameters);
+  const Id ids = sought ? sought.ahead->idsToRead(sought.id) : 0;
+  if (ids > 0) readAhead(*sought.ahead, static_cast<Id>(sought.id), ids);
   return ids > 0;
 }
 

@@ -108,8 +108,7 @@ std::unique_ptr<RowMemory> Session::recall(const Plan& plan, const std::vector<V
 
 void Session::remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory,
                        ReadState state) noexcept {
-  if (RowsAhead* const ahead = rowsAhead(plan))
-    if (const auto* id = memory->parameters.front().getIf<std::int64_t>()) ahead->note(*id);
+  if (const LookUp sought = lookUp(plan, memory->parameters)) sought.ahead->note(sought.id);
   if (auto former = remembered_.put(plan, std::move(memory), state)) giveBack(std::move(former));
 }
 

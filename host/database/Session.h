@@ -26,6 +26,14 @@ enum class Settle {
   keysOnly,    ///< their values are about to change
 };
 
+/// Where a look-up of a walk finds its row and the next ones, and the id that it looks up.
+struct LookUp {
+  RowsAhead* ahead = nullptr;
+  std::int64_t id = 0;
+
+  explicit operator bool() const { return ahead != nullptr; }
+};
+
 /// A reader whose statement is under way.
 class LiveRows {
  public:
@@ -93,10 +101,12 @@ class Session {
   /// The row that the plan gave in this state, or none.
   void remember(const std::shared_ptr<Plan>& plan, std::unique_ptr<RowMemory> memory,
                 ReadState state) noexcept;
-  /// Where look-ups of a walk find the plan's next rows; null outside of one, and where too many
-  /// plans are looked up.
-  RowsAhead* rowsAhead(const std::shared_ptr<Plan>& plan) noexcept {
-    return isWalking() && plan->isLookUp() ? ahead_.ahead(plan) : nullptr;
+  /// The look-up of a walk that the plan is with these parameters; false outside of one, and where
+  /// too many plans are looked up.
+  LookUp lookUp(const std::shared_ptr<Plan>& plan, const std::vector<Value>& parameters) noexcept {
+    if (!isWalking() || !plan->isLookUp()) return {};
+    const auto* const id = parameters.front().getIf<std::int64_t>();
+    return id ? LookUp{ahead_.ahead(plan), *id} : LookUp{};
   }
 
   /// Rises with each write of this connection.

@@ -51,9 +51,8 @@ void testDate(sqlite3_context* context, int, sqlite3_value** arguments) {
   sqlite3_result_int(context, moment && text.starts_with(dateTimeText(moment->dateOnly())));
 }
 
-/// Of a value that is no integer; apart, so that the many integers pay nothing for it.
+/// Of a value that is there and no integer; apart, so that the many others pay nothing for it.
 [[gnu::noinline]] Value otherValue(sqlite3_value* held, int type, const ColumnDef* origin) {
-  if (type == SQLITE_NULL) return Null{};
   if (origin && origin->kind == ColumnKind::Flag) return sqlite3_value_int64(held) != 0;
   if (type == SQLITE_FLOAT) return sqlite3_value_double(held);
   const std::string_view text = textOf(held);
@@ -105,6 +104,7 @@ class SqliteStatement : public DriverStatement {
   Value value(int column, const ColumnDef* origin) const override {
     sqlite3_value* const held = sqlite3_column_value(statement_, column);
     const int type = sqlite3_value_type(held);
+    if (type == SQLITE_NULL) return Null{};
     if (type != SQLITE_INTEGER) return otherValue(held, type, origin);
     const std::int64_t number = sqlite3_value_int64(held);
     if (origin && origin->kind == ColumnKind::Flag) return number != 0;
