@@ -1,3 +1,7 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include "host/database/sqlite/SqliteRowSink.h"
+#include "host/demo/DemoFirm.h"
 #include "scheduling/clsAutoNotifyTemplate.h"
 #include "scheduling/modNotificationComments.h"
 #include "support/HostTest.h"
@@ -6,6 +10,8 @@ namespace autonotify::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 
 constexpr const char* newText =
     "{\\rtf1\\ansi For \\'abCompany Name\\'bb\\'abContact Display Name\\'bb, please.}";
@@ -105,6 +111,38 @@ TEST_F(HostTest, DefaultCommentReadsAsALetter) {
   expectGolden(AUTONOTIFY_TEST_FOLDER "default_letter.txt",
                replaceAll(text->toPlainText(generateClientAutoNotifyComment(entry)), "\r\n", "\n"));
 }
+
+class DemoFirm : public HostTest, public testing::WithParamInterface<provinceCode> {};
+constexpr provinceCode abroad{-1};
+
+TEST_P(DemoFirm, MergesEveryKindOfTaskWhole) {
+  host::DemoOptions options;
+  options.companies = options.contacts = 15;
+  options.country = GetParam() == abroad ? countryUnitedStates : countryCanada;
+  if (GetParam() != abroad) options.province = GetParam();
+  plainLocale.settings().country = options.country;
+  plainLocale.settings().province = options.province;
+  host::SqliteRowSink sink(plainDatabase->connection());
+  makeDemoFirm(sink, options);
+  const auto richText = createHostObject<RichTextUtility>();
+  SQLite::Statement entries(plainDatabase->connection(),
+                            "SELECT MAX(ScheduleID) FROM Schedule GROUP BY TotalNum, ScheduleNum");
+  int kinds = 0;
+  for (; entries.executeStep(); ++kinds) {
+    const std::string text = generateClientAutoNotifyComment(entries.getColumn(0).getInt());
+    EXPECT_GT(text.size(), 200u);
+    for (const char* mark : {"\\'ab", "\\'bb"}) EXPECT_THAT(text, Not(HasSubstr(mark)));
+    for (const char* mark : {"«", "»"})
+      EXPECT_THAT(richText->toPlainText(text), Not(HasSubstr(mark)));
+  }
+  EXPECT_GT(kinds, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, DemoFirm,
+                         testing::Values(provinceAlberta, provinceBritishColumbia, provinceManitoba,
+                                         provinceOntario, provinceSaskatchewan, provinceQuebec,
+                                         provinceNovaScotia, provinceNewBrunswick,
+                                         provinceNewfoundland, provincePrinceEdwardIsland, abroad));
 
 }  // namespace
 }  // namespace autonotify::test

@@ -3,6 +3,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <cstring>
+
 #include "host/clients/HostScheduleTreeService.h"
 #include "host/services/HostFileUtility.h"
 #include "host/services/HostGeneralUtilities.h"
@@ -47,7 +49,7 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(FillRows fill) {
   SQLite::Database connection(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   const auto size = static_cast<sqlite3_int64>(content.size());
   auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(content.size()));
-  std::copy(content.begin(), content.end(), copy);
+  std::memcpy(copy, content.data(), content.size());
   sqlite3_deserialize(connection.getHandle(), "main", copy, size, size,
                       SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
   return std::make_unique<host::SqliteDatabase>(std::move(connection));
