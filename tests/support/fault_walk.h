@@ -42,12 +42,12 @@ struct WalkedOffice {
       std::make_unique<AttachedHost, FillRows>;
 };
 
-/// Runs the operation clean, then fails host call n for each n and each choice (after "quit" and an
+/// Runs the operation clean, then fails host call n for each n and each choice ("quit" and an
 /// unknown one, which are the same, in turn), on a fresh host each time, and expects: every
-/// procedure entered is left once; one dialog for one failure, but
-/// after "next" and "leave" also for the failures that follow from what is missing, which end;
-/// after "quit" and an unknown choice the clean result and the same rows; after "next" and "leave"
-/// no more rows added than a clean run adds. Gives how many host calls a clean run makes.
+/// procedure entered is left once; one dialog for one failure, but after "next" and "leave" also
+/// for the failures that follow from what is missing, which end; after the others the clean result
+/// and the same rows; after "next" and "leave" no more rows added than a clean run adds. Gives how
+/// many host calls a clean run makes.
 int walkFaults(const WalkedOperation& operation, const WalkedOffice& office);
 
 /// The result when the person leaves whatever fails, from the host call on.
