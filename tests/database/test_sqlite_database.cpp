@@ -143,6 +143,28 @@ TEST_F(SqliteFileTest, ALongWalkGoesOnWithTheColumnsThatItAsksFor) {
   EXPECT_EQ(statements, 2 + byKey);
 }
 
+TEST_F(SqliteFileTest, LongWalksOfOneStatementDoNotDisturbEachOther) {
+  struct Walk {
+    RecordsetHandle rows;
+    int passed;
+  };
+  constexpr int rows = 300, walksMade = 6, turnsApart = 80;
+  const auto desk = createSqlite(file);
+  for (int i = 1; i <= rows; ++i) addNotification(*desk, {{"Field1", std::to_string(i)}});
+  desk->readSideBySide(true);
+  std::vector<Walk> walks;
+  for (int turn = 0; turn < walksMade * turnsApart + rows; ++turn) {
+    if (turn % turnsApart == 0 && walks.size() < walksMade)
+      walks.push_back({conformance::open(*desk, allNotifications, LockMode::readOnly), 0});
+    for (Walk& walk : walks) {
+      if (desk->isEndOfRecordset(walk.rows)) continue;
+      EXPECT_EQ(desk->getFieldValue(walk.rows, "Field1"), Value(std::to_string(++walk.passed)));
+      desk->moveNext(walk.rows);
+    }
+  }
+  for (const Walk& walk : walks) EXPECT_EQ(walk.passed, rows);
+}
+
 TEST_F(SqliteFileTest, LookUpsThatGoUpByLittleAreMadeSeveralAtATime) {
   const auto desk = createSqlite(file);
   for (int i = 0; i < 200; ++i) addNotification(*desk, {});

@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   // The platform without a screen says so at every window.
   qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
+  qputenv("AUTONOTIFY_SHORT_WALKS", "1");
   autonotify::desktop::GuardedApplication app(argc, argv);
   autonotify::desktop::supplyIcons();
   QApplication::setOrganizationName("hvnotify-tests");

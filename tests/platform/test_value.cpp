@@ -71,11 +71,12 @@ TEST(FormatDateTime, showsAMomentInEachPattern) {
   });
 }
 
-TEST(FormatDateTime, twelveHourClock) {
+TEST(FormatDateTime, twelveHourClockAndEarlyYears) {
   test::expectRows(formats, "hours", [](auto& hour) {
     return formatDateTime(DateTime::of(2026, 4, 3, std::stoi(hour)), "h am/pm");
   });
   EXPECT_EQ(formatDateTime(DateTime{}, "hh:nn"), "00:00");
+  EXPECT_EQ(formatDateTime(DateTime::of(987, 6, 5), "d m yyyy yy"), "5 6 987 87");
 }
 
 TEST(FormatDateTime, everyDayReadsBackFromItsLongForm) {
