@@ -3,7 +3,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-#include <cstring>
+#include <algorithm>
 
 #include "host/clients/HostScheduleTreeService.h"
 #include "host/services/HostFileUtility.h"
@@ -48,10 +48,10 @@ std::unique_ptr<host::SqliteDatabase> databaseWith(FillRows fill) {
   const std::string& content = contentOf(fill);
   SQLite::Database connection(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   const auto size = static_cast<sqlite3_int64>(content.size());
-  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(content.size()));
-  std::memcpy(copy, content.data(), content.size());
-  sqlite3_deserialize(connection.getHandle(), "main", copy, size, size,
-                      SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
+  auto* copy = static_cast<char*>(sqlite3_malloc64(content.size()));
+  std::copy_n(content.data(), content.size(), copy);
+  sqlite3_deserialize(connection.getHandle(), "main", reinterpret_cast<unsigned char*>(copy), size,
+                      size, SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE);
   return std::make_unique<host::SqliteDatabase>(std::move(connection));
 }
 

@@ -28,7 +28,7 @@ int callsApart() {
 std::vector<int> choicesAt(int call) {
   const int quits = call % 2 == 0 ? error_choice::quit : unknownChoice;
   const std::vector<int> choices{error_choice::next, error_choice::leave, quits};
-  const auto turn = static_cast<std::size_t>(1 + call / callsApart());
+  const auto turn = static_cast<std::size_t>(call / callsApart()) + 1;
   return areWalksShort() ? std::vector{choices[turn % choices.size()]} : choices;
 }
 
