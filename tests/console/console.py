@@ -92,10 +92,6 @@ def files_only(reason):
     return unittest.skipIf(ENGINE.on_server, f"files only: {reason}")
 
 
-def unless_sanitized(reason):
-    return unittest.skipIf("ASAN_OPTIONS" in os.environ, f"under sanitizers: {reason}")
-
-
 class ConsoleTest(unittest.TestCase):
     """Each test has a fresh copy of one small demo firm, self.database."""
 

@@ -4,7 +4,7 @@ import csv
 import io
 from datetime import date, timedelta
 
-from console import ConsoleTest, files_only
+from console import ENGINE, ConsoleTest, files_only
 
 
 class ArmTest(ConsoleTest):
@@ -140,3 +140,13 @@ class ListTest(ConsoleTest):
     def test_what_is_shown_and_explained(self):
         self.follow_each("the fields of each channel", "a notification shown", "a date explained",
                          "the steps of a date as data")
+
+    def test_a_demo_firm_for_every_place(self):
+        for place in [*(f"--province {name}" for name in "AB BC MB ON SK QC NS NB NL PE".split()),
+                      "--country us"]:
+            firm = ENGINE.empty(self, f"{place.split()[1]}.db")
+            self.expect(f"init --demo --clients 2 {place}", f"Made {firm} with 2 clients.\n",
+                        database=firm)
+            for row in self.done("--json tasks", database=firm)[:1]:
+                self.assertNotRegex(self.done(f"merge {row['task']} --plain", database=firm),
+                                    "[«»]|\\\\'", place)

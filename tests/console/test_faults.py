@@ -10,7 +10,7 @@ import time
 import unittest
 from resource import RLIMIT_DATA, RLIMIT_FSIZE
 
-from console import ENGINE, ConsoleTest, at_most, call, files_only, refusals, unless_sanitized
+from console import ENGINE, ConsoleTest, at_most, call, files_only, refusals
 
 
 @files_only("whole files are missing, damaged or shut off")
@@ -210,7 +210,6 @@ class TemplateFaultTest(ConsoleTest):
             for line in (f"check {path}", f"merge {self.free_task()} --template {path}"):
                 self.refuses(line, f"cannot read {path}: {reason}")
 
-    @unless_sanitized("16 MiB would take long")
     def test_a_template_has_a_limit(self):
         task, limit, file = self.free_task(), 16 << 20, "cannot read large: it"
         for size in (limit, limit + 1):
@@ -223,7 +222,6 @@ class TemplateFaultTest(ConsoleTest):
                 told = f"hvnotify: {subject} is larger than 16 MiB\n"
                 self.assertEqual((1, told) if size > limit else (0, ""), (run.code, run.err), line)
 
-    @unless_sanitized("nothing is quick there")
     def test_a_template_of_a_megabyte_is_quick(self):
         line = "Dear \\'abContact Display Name\\'bb, of \\'abCompany Name\\'bb: a letter.\\par\r\n"
         unknown = "".join(f"«{number}»" for number in range(90000))

@@ -130,10 +130,10 @@ TEST_P(DemoFirm, MergesEveryKindOfTaskWhole) {
   int kinds = 0;
   for (; entries.executeStep(); ++kinds) {
     const std::string text = generateClientAutoNotifyComment(entries.getColumn(0).getInt());
-    EXPECT_GT(text.size(), 200u);
+    const std::string plain = richText->toPlainText(text);
+    EXPECT_GT(plain.size(), 200u);
     for (const char* mark : {"\\'ab", "\\'bb"}) EXPECT_THAT(text, Not(HasSubstr(mark)));
-    for (const char* mark : {"«", "»"})
-      EXPECT_THAT(richText->toPlainText(text), Not(HasSubstr(mark)));
+    for (const char* mark : {"«", "»", "\\'"}) EXPECT_THAT(plain, Not(HasSubstr(mark)));
   }
   EXPECT_GT(kinds, 3);
 }

@@ -12,7 +12,7 @@ namespace {
 /// Taken for "quit", and in turn with it.
 constexpr int unknownChoice = 7;
 
-/// Under sanitizers and in a toolkit's windows, which slow a walk down, every fifth call fails,
+/// Under sanitizers and in a toolkit's windows, which slow a walk down, every third call fails,
 /// with one choice, in turn.
 bool areWalksShort() {
 #ifdef AUTONOTIFY_SANITIZE
@@ -23,7 +23,7 @@ bool areWalksShort() {
 #endif
 }
 int callsApart() {
-  return areWalksShort() ? 5 : 1;
+  return areWalksShort() ? 3 : 1;
 }
 std::vector<int> choicesAt(int call) {
   const int quits = call % 2 == 0 ? error_choice::quit : unknownChoice;
