@@ -4,32 +4,34 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <string>
 #include <string_view>
 #include <utility>
 
 namespace autonotify::host {
 
-/// Which columns the names asked for last mean, each spelled as it was asked for.
+/// Which columns the names asked for last mean, each spelled as it was asked for. Names of more
+/// than 24 letters are not remembered.
 class AskedNames {
  public:
   /// The column; -1 where the name is not known, or no longer.
   int find(std::string_view name) const {
     const Words words = wordsOf(name);
     const Pair& pair = pairs_[placeOf(words)];
-    if (isOf(pair.last, name, words)) return pair.last.column;
-    return isOf(pair.former, name, words) ? pair.former.column : -1;
+    if (pair.last.isOf(name, words)) return pair.last.column;
+    return pair.former.isOf(name, words) ? pair.former.column : -1;
   }
 
   void remember(std::string_view name, int column) {
+    if (name.size() > 3 * letters) return;
     const Words words = wordsOf(name);
     Pair& pair = pairs_[placeOf(words)];
-    pair.former = std::exchange(pair.last, {words, column, std::string(name)});
+    pair.former =
+        std::exchange(pair.last, {words, static_cast<std::uint32_t>(name.size()), column});
   }
 
  private:
   /// Letters from the beginning, the middle and the end of a name; with their number they are all
-  /// of most names.
+  /// of it.
   struct Words {
     std::uint64_t first = 0;
     std::uint64_t middle = 0;
@@ -39,10 +41,15 @@ class AskedNames {
   };
   struct Asked {
     Words words;
-    int column = -1;
-    std::string name;
+    std::uint32_t size = 0;
+    std::int32_t column = -1;
+
+    bool isOf(std::string_view name, const Words& its) const {
+      return words == its && size == name.size();
+    }
   };
-  struct Pair {
+  /// Fills a line of the processor's memory.
+  struct alignas(64) Pair {
     Asked last;
     Asked former;
   };
@@ -65,11 +72,6 @@ class AskedNames {
     constexpr std::uint64_t spread = 0x9e3779b97f4a7c15;
     return (words.first * spread + words.last) * spread >> 58;
   }
-  static bool isOf(const Asked& asked, std::string_view name, const Words& words) {
-    return asked.words == words && asked.name.size() == name.size() &&
-           (name.size() <= 3 * letters || asked.name == name);
-  }
-
   std::array<Pair, 64> pairs_;
 };
 

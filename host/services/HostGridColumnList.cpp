@@ -29,7 +29,7 @@ Value runningKey(std::size_t position) {
 
 void HostGridColumnList::clearEntries() {
   keys_.clear();
-  items_.clear();
+  for (std::vector<Value>& item : items_) item.clear();
   width_ = 0;
   current_ = noEntry;
   hasRunningKeys_ = true;
@@ -41,9 +41,10 @@ void HostGridColumnList::addEntry(const Value& key, std::span<const Value> items
   }
   widen(items.size());
   hasRunningKeys_ = hasRunningKeys_ && key == runningKey(keys_.size());
+  // The key last: where memory runs out there is no entry yet.
+  for (std::size_t i = 0; i < width_; ++i) items_[i].resize(keys_.size() + 1);
+  for (std::size_t i = 0; i < width_; ++i) items_[i].back() = i < items.size() ? items[i] : Value();
   keys_.push_back(key);
-  items_.insert(items_.end(), items.begin(), items.end());
-  items_.resize(keys_.size() * width_);
 }
 
 int HostGridColumnList::getEntryCount() {
@@ -79,8 +80,7 @@ bool HostGridColumnList::selectEntry(const Value& key) {
 int HostGridColumnList::findEntry(int item, const Value& value) {
   const std::size_t column = columnOf(item);
   for (std::size_t entry = 0; entry < keys_.size(); ++entry) {
-    const std::span<Value> items = itemsOf(entry);
-    if (column < items.size() ? items[column] == value : value.isNull()) {
+    if (column < width_ ? items_[column][entry] == value : value.isNull()) {
       current_ = entry;
       return static_cast<int>(entry);
     }
@@ -90,15 +90,15 @@ int HostGridColumnList::findEntry(int item, const Value& value) {
 
 Value HostGridColumnList::getItem(int item) {
   const std::size_t column = columnOf(item);
-  const std::size_t place = currentEntry() * width_ + column;
-  return column < width_ ? items_[place] : Value();
+  const std::size_t entry = currentEntry();
+  return column < width_ ? items_[column][entry] : Value();
 }
 
 void HostGridColumnList::setItem(int item, const Value& value) {
   const std::size_t column = columnOf(item);
   const std::size_t entry = currentEntry();
   widen(column + 1);
-  itemsOf(entry)[column] = value;
+  items_[column][entry] = value;
 }
 
 Value HostGridColumnList::getEntryKey() {
@@ -107,10 +107,8 @@ Value HostGridColumnList::getEntryKey() {
 
 std::string HostGridColumnList::toText() {
   std::vector<GridColumnEntry> entries;
-  for (std::size_t entry = 0; entry < keys_.size(); ++entry) {
-    const std::span<Value> items = itemsOf(entry);
-    entries.push_back({keys_[entry], {items.begin(), items.end()}});
-  }
+  for (std::size_t entry = 0; entry < keys_.size(); ++entry)
+    entries.push_back({keys_[entry], itemsOf(entry)});
   return gridColumnText(entries);
 }
 
@@ -127,18 +125,15 @@ std::size_t HostGridColumnList::currentEntry() const {
   return current_;
 }
 
-std::span<Value> HostGridColumnList::itemsOf(std::size_t entry) {
-  return std::span(items_).subspan(entry * width_, width_);
+std::vector<Value> HostGridColumnList::itemsOf(std::size_t entry) const {
+  std::vector<Value> items;
+  for (std::size_t i = 0; i < width_; ++i) items.push_back(items_[i][entry]);
+  return items;
 }
 
 void HostGridColumnList::widen(std::size_t width) {
-  if (width <= width_) return;
-  std::vector<Value> wider(keys_.size() * width);
-  for (std::size_t entry = 0; entry < keys_.size(); ++entry) {
-    std::ranges::move(itemsOf(entry), wider.begin() + static_cast<std::ptrdiff_t>(entry * width));
-  }
-  if (!keys_.empty()) items_ = std::move(wider);
-  width_ = width;
+  if (items_.size() < width) items_.resize(width);
+  for (; width_ < width; ++width_) items_[width_].resize(keys_.size());
 }
 
 }  // namespace autonotify::host

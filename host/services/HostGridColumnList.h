@@ -8,8 +8,9 @@
 
 namespace autonotify::host {
 
-/// Entries in one block of memory, so that a list of hundreds costs few allocations; clearing keeps
-/// the block.
+/// Entries item by item, each item of all entries in one block of memory: a list of hundreds costs
+/// few allocations, and whoever asks all of them for one item finds it side by side. Clearing keeps
+/// the blocks.
 ///
 /// A new or cleared list has no current entry until it is moved or an entry is found; adding leaves
 /// the current entry alone. A list without a current entry is at its end. Keys and items equal by
@@ -44,13 +45,14 @@ class HostGridColumnList : public GridColumnList {
   static constexpr std::size_t noEntry = std::numeric_limits<std::size_t>::max();
 
   std::size_t currentEntry() const;
-  std::span<Value> itemsOf(std::size_t entry);
+  std::vector<Value> itemsOf(std::size_t entry) const;
+  /// Gives each entry so many items, if it has less.
   void widen(std::size_t width);
 
   std::vector<Value> keys_;
-  /// Item i of entry e stands at e * width_ + i - 1.
-  std::vector<Value> items_;
-  std::size_t width_ = 0;
+  /// Item i of entry e stands at [i - 1][e].
+  std::vector<std::vector<Value>> items_;
+  std::size_t width_ = 0;  // items of an entry; behind them none is in use
   std::size_t current_ = noEntry;
   bool hasRunningKeys_ = true;
 };

@@ -172,6 +172,11 @@ std::string toText(const Value& value) {
   });
 }
 
+std::string takeText(Value& value) {
+  auto* const text = value.getIf<std::string>();
+  return text ? std::move(*text) : toText(value);
+}
+
 bool isNumeric(const std::string& text) {
   return readNumber(text).fault != std::errc::invalid_argument;
 }

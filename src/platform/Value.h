@@ -153,6 +153,8 @@ DateTime toDateTime(const Value& value);
 /// number, without a decimal point when it is integral; a date-time takes its ordinary text form
 /// (see dateTimeText).
 std::string toText(const Value& value);
+/// The same; a text is taken out of the value.
+std::string takeText(Value& value);
 
 /// True when the whole text is one decimal number, surrounding blanks allowed.
 bool isNumeric(const std::string& text);

@@ -50,8 +50,8 @@ std::string_view weekdayName(const Moment& m) {
 std::string_view monthName(const Moment& m) {
   return monthNames[static_cast<unsigned>(m.date.month()) - 1];
 }
-std::string_view shortened(std::string_view name) {
-  return name.substr(0, shortNameLength);
+char* writeShortened(char* to, std::string_view name) {
+  return std::copy_n(name.data(), shortNameLength, to);
 }
 
 int day(const Moment& m) {
@@ -81,12 +81,11 @@ struct Field {
 using Letters = std::string_view;
 constexpr Field fields[] = {
     {'d', 4, [](const Moment& m, Letters, char* to) { return write(to, weekdayName(m)); }},
-    {'d', 3,
-     [](const Moment& m, Letters, char* to) { return write(to, shortened(weekdayName(m))); }},
+    {'d', 3, [](const Moment& m, Letters, char* to) { return writeShortened(to, weekdayName(m)); }},
     {'d', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, day(m)); }},
     {'d', 1, [](const Moment& m, Letters, char* to) { return write(to, day(m)); }},
     {'m', 4, [](const Moment& m, Letters, char* to) { return write(to, monthName(m)); }},
-    {'m', 3, [](const Moment& m, Letters, char* to) { return write(to, shortened(monthName(m))); }},
+    {'m', 3, [](const Moment& m, Letters, char* to) { return writeShortened(to, monthName(m)); }},
     {'m', 2, [](const Moment& m, Letters, char* to) { return writeTwoDigits(to, month(m)); }},
     {'m', 1, [](const Moment& m, Letters, char* to) { return write(to, month(m)); }},
     {'y', 4, [](const Moment& m, Letters, char* to) { return writeYear(to, year(m)); }},
@@ -106,7 +105,9 @@ char* writeHalfOfDay(const Moment& moment, Letters letters, char* to) {
 }
 
 char* writeLetters(const Moment&, Letters letters, char* to) {
-  return write(to, letters);
+  if (letters.size() != 1) return write(to, letters);
+  *to = letters.front();
+  return to + 1;
 }
 
 constexpr char small(char letter) {

@@ -13,7 +13,7 @@ template <class Result, class Convert>
 Result lookUp(const ColumnLookup& lookup, Id id, Result none, Convert convert) {
   return procedure(lookup.tag, std::move(none), [&](Step& step, Result& result) {
     if (!isDatabaseOpen(step)) return;
-    const Value value = readColumn(step, lookup.first, lookup.second, id);
+    Value value = readColumn(step, lookup.first, lookup.second, id);
     if (!isEmpty(step, value)) step.assign(result, convert, value);
   });
 }
@@ -32,7 +32,7 @@ Id lookUpId(const ColumnLookup& lookup, Id id) {
 }
 
 std::string lookUpText(const ColumnLookup& lookup, Id id) {
-  return lookUp(lookup, id, std::string{}, toText);
+  return lookUp(lookup, id, std::string{}, takeText);
 }
 
 DateTime lookUpDate(const ColumnLookup& lookup, Id id) {
