@@ -33,6 +33,8 @@ TEST(GridColumnListTest, walksInOrderAndNeedsACurrentEntryForItems) {
   for (const int item : {0, 25}) EXPECT_EQ(errorOf([&] { list.getItem(item); }), outOfRange);
   list.setItem(24, "z");
   EXPECT_EQ(list.getItem(24), Value("z"));
+  list.moveNext();
+  EXPECT_EQ(list.getItem(24), Value());
   EXPECT_EQ(keysOf(list), (std::vector<Value>{3, 1}));
   EXPECT_EQ(errorOf([&] { list.setItem(1, "b"); }), outOfRange) << "past the end";
   EXPECT_EQ(errorOf([&] { add(list, 2, std::vector<Value>(25)); }),
@@ -95,7 +97,7 @@ TEST(GridColumnListTest, textFormGivesEveryListBack) {
       list.addEntry(anyValue(random), items);
     }
     HostGridColumnList copy;
-    add(copy, "old", {"old"});
+    add(copy, "old", std::vector<Value>(24, "old"));
     ASSERT_TRUE(copy.fromText(list.toText()));
     ASSERT_EQ(copy.toText(), list.toText()) << round;
     ASSERT_EQ(keysOf(copy), keysOf(list)) << round;
